@@ -1,0 +1,39 @@
+# What every target of the project shares: the language, the warnings, the sanitizers, and one short function a kind of target.
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_AUTOMOC ON)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+
+set(PALOMET_SANITIZE "" CACHE STRING "Sanitizers to build with, as -fsanitize= takes them")
+option(PALOMET_FUZZ "Build the fuzz targets instead of the program" OFF)
+
+find_program(CCACHE ccache)
+if(CCACHE)
+  set(CMAKE_CXX_COMPILER_LAUNCHER ${CCACHE})
+endif()
+
+add_library(palomet-options INTERFACE)
+target_include_directories(palomet-options INTERFACE ${PROJECT_SOURCE_DIR})
+target_compile_definitions(palomet-options INTERFACE QT_NO_KEYWORDS QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII)
+# No fused multiply-add: the samples sent must be the same on every processor.
+target_compile_options(palomet-options INTERFACE
+  -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Wcast-qual -Wnull-dereference -Werror
+  -Wno-error=null-dereference -ffp-contract=off -ffunction-sections -fdata-sections)
+target_link_options(palomet-options INTERFACE -Wl,--gc-sections -Wl,--as-needed)
+if(PALOMET_SANITIZE)
+  target_compile_options(palomet-options INTERFACE -fsanitize=${PALOMET_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=all)
+  target_link_options(palomet-options INTERFACE -fsanitize=${PALOMET_SANITIZE})
+endif()
+if(PALOMET_FUZZ)
+  target_compile_options(palomet-options INTERFACE -fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-recover=all)
+  target_link_options(palomet-options INTERFACE -fsanitize=address,undefined)
+endif()
+
+# palomet_library(NAME SOURCES a.cpp … [PUBLIC libraries …] [PRIVATE libraries …]): one static library a folder.
+function(palomet_library name)
+  cmake_parse_arguments(arg "" "" "SOURCES;PUBLIC;PRIVATE" ${ARGN})
+  add_library(${name} STATIC ${arg_SOURCES})
+  target_link_libraries(${name} PUBLIC palomet-options ${arg_PUBLIC} PRIVATE ${arg_PRIVATE})
+endfunction()

@@ -1,0 +1,89 @@
+// The voice backend, as anybody on this machine sees it: its state, its events, its commands.
+
+import { until } from "./process";
+
+const base = "http://127.0.0.1:4780";
+
+export interface State {
+    state: string;
+    device: string;
+    conversation: { rows: { role: string; text: string }[] };
+    heard?: { text: string; action: string }[];
+}
+
+export class Watcher {
+    /** The states passed through, in order, each once. */
+    readonly states: string[] = [];
+    level = 0;
+    levelCount = 0;
+    #isEnding = false;
+
+    start(): void {
+        void this.#follow();
+    }
+
+    end(): void {
+        this.#isEnding = true;
+    }
+
+    async state(): Promise<State | undefined> {
+        try {
+            const reply = await fetch(`${base}/state`, { signal: AbortSignal.timeout(2000) });
+            return (await reply.json()) as State;
+        } catch {
+            return undefined;
+        }
+    }
+
+    async post(path: string, body?: unknown): Promise<void> {
+        await fetch(`${base}/${path}`, {
+            method: "POST",
+            ...(body === undefined ? {} : { body: JSON.stringify(body), headers: { "content-type": "application/json" } }),
+        });
+    }
+
+    /** Waits until the loop is in a state that it entered after `since` states were counted. */
+    async reach(wanted: string, since = 0, limitMs = 20_000): Promise<void> {
+        await until(`the state "${wanted}" (passed through: ${this.states.slice(since).join(", ")})`,
+            () => this.states.slice(since).includes(wanted), limitMs);
+    }
+
+    #note(state: string): void {
+        if (this.states.at(-1) !== state) this.states.push(state);
+    }
+
+    async #follow(): Promise<void> {
+        while (!this.#isEnding) {
+            try {
+                const reply = await fetch(`${base}/events`);
+                const first = await this.state();
+                if (first) this.#note(first.state);
+                let rest = "";
+                let event = "";
+                for await (const chunk of reply.body!.pipeThrough(new TextDecoderStream() as never) as unknown as AsyncIterable<string>) {
+                    const lines = (rest + chunk).split("\n");
+                    rest = lines.pop() ?? "";
+                    for (const line of lines) {
+                        if (line.startsWith("event: ")) event = line.slice(7).trimEnd();
+                        else if (line.startsWith("data: ")) await this.#handle(event, line.slice(6).trimEnd());
+                    }
+                    if (this.#isEnding) return;
+                }
+            } catch {
+                // Not there yet, or gone: look again.
+            }
+            await Bun.sleep(100);
+        }
+    }
+
+    async #handle(event: string, data: string): Promise<void> {
+        if (event === "level") {
+            this.level = Number(data);
+            this.levelCount += 1;
+            return;
+        }
+        if (event === "outLevel") return;
+        const now = await this.state();
+        if (now) this.#note(now.state);
+    }
+}

@@ -1,0 +1,125 @@
+// A private desktop: X server, window manager, session bus and a panel that hosts tray items.
+
+import { mkdirSync, writeFileSync } from "node:fs";
+import { join } from "node:path";
+import { type Environment, firstLine, run, start, startPiped, until } from "./process";
+
+const panelSettings = `<?xml version="1.0" encoding="UTF-8"?>
+<channel name="xfce4-panel" version="1.0">
+  <property name="configver" type="int" value="2"/>
+  <property name="panels" type="array">
+    <value type="int" value="1"/>
+    <property name="panel-1" type="empty">
+      <property name="position" type="string" value="p=6;x=0;y=0"/>
+      <property name="length" type="uint" value="100"/>
+      <property name="size" type="uint" value="28"/>
+      <property name="plugin-ids" type="array"><value type="int" value="1"/></property>
+    </property>
+  </property>
+  <property name="plugins" type="empty">
+    <property name="plugin-1" type="string" value="systray"/>
+  </property>
+</channel>
+`;
+
+/** Starts all of it and gives the environment in which a user's programs run there. */
+export async function startDesktop(folder: string, runtimeFolder: string): Promise<Environment> {
+    const home = join(folder, "home");
+    const config = join(home, ".config");
+    const panelFolder = join(config, "xfce4/xfconf/xfce-perchannel-xml");
+    mkdirSync(panelFolder, { recursive: true });
+    writeFileSync(join(panelFolder, "xfce4-panel.xml"), panelSettings);
+
+    const environment: Environment = {
+        PATH: process.env.PATH ?? "/usr/local/bin:/usr/bin:/bin",
+        HOME: home,
+        XDG_CONFIG_HOME: config,
+        XDG_STATE_HOME: join(home, ".local/state"),
+        XDG_DATA_HOME: join(home, ".local/share"),
+        XDG_CACHE_HOME: join(home, ".cache"),
+        XDG_RUNTIME_DIR: runtimeFolder,
+        XDG_CURRENT_DESKTOP: "XFCE",
+        XDG_SESSION_TYPE: "x11",
+        LANG: "C.UTF-8",
+        LANGUAGE: "en",
+        QT_QPA_PLATFORM: "xcb",
+    };
+    const xServer = startPiped(
+        ["Xvfb", "-displayfd", "1", "-noreset", "-nolisten", "tcp", "-screen", "0", "1280x800x24"],
+        environment,
+        join(folder, "x-server.log"),
+    );
+    environment.DISPLAY = `:${(await firstLine(xServer)).trim()}`;
+    const bus = startPiped(["dbus-daemon", "--session", "--nofork", "--print-address=1"], environment, join(folder, "bus.log"));
+    environment.DBUS_SESSION_BUS_ADDRESS = (await firstLine(bus)).trim();
+    start(["openbox"], environment, join(folder, "window-manager.log"));
+    start(["xfce4-panel", "--disable-wm-check"], environment, join(folder, "panel.log"));
+    await until("the tray host", async () =>
+        (await property(environment, "IsStatusNotifierHostRegistered").catch(() => "")).includes("true"),
+    );
+    return environment;
+}
+
+async function property(environment: Environment, name: string): Promise<string> {
+    return run(
+        [
+            "gdbus", "call", "--session", "--dest", "org.kde.StatusNotifierWatcher", "--object-path", "/StatusNotifierWatcher",
+            "--method", "org.freedesktop.DBus.Properties.Get", "org.kde.StatusNotifierWatcher", name,
+        ],
+        environment,
+    );
+}
+
+export interface MenuItem {
+    id: number;
+    label: string;
+    isEnabled: boolean;
+}
+
+/** The program's item in the tray, and its menu. */
+export class TrayItem {
+    private constructor(
+        private readonly environment: Environment,
+        private readonly service: string,
+    ) {}
+
+    static async find(environment: Environment): Promise<TrayItem> {
+        const service = await until("the tray item", async () => {
+            const items = await property(environment, "RegisteredStatusNotifierItems");
+            return /'([^'/]+)\/StatusNotifierItem'/.exec(items)?.[1];
+        });
+        return new TrayItem(environment, service);
+    }
+
+    async menu(): Promise<MenuItem[]> {
+        const layout = await this.#call("GetLayout", "0", "-1", "[]");
+        const items: MenuItem[] = [];
+        for (const match of layout.matchAll(/\((\d+), \{([^}]*)\}/g)) {
+            const label = /'label': <'((?:[^'\\]|\\.)*)'>/.exec(match[2] ?? "")?.[1];
+            if (label === undefined) continue;
+            items.push({ id: Number(match[1]), label, isEnabled: !/'enabled': <false>/.test(match[2] ?? "") });
+        }
+        return items;
+    }
+
+    /** Opens the menu, as a click on the item does. */
+    async open(): Promise<void> {
+        await this.#call("AboutToShow", "0");
+    }
+
+    async click(label: string): Promise<void> {
+        const item = (await this.menu()).find((candidate) => candidate.label === label);
+        if (!item) throw new Error(`the menu has no item "${label}"`);
+        await this.#call("Event", String(item.id), "clicked", "<0>", "0");
+    }
+
+    #call(method: string, ...parameters: string[]): Promise<string> {
+        return run(
+            [
+                "gdbus", "call", "--session", "--dest", this.service, "--object-path", "/MenuBar",
+                "--method", `com.canonical.dbusmenu.${method}`, "--", ...parameters,
+            ],
+            this.environment,
+        );
+    }
+}

@@ -3,7 +3,7 @@
 #include <QAnyStringView>
 #include <QString>
 #include <QStringList>
-#include <QtTypes>
+#include <QtGlobal>
 
 #include <initializer_list>
 #include <variant>

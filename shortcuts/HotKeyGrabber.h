@@ -1,0 +1,62 @@
+#pragma once
+
+#include <QString>
+#include <QtGlobal>
+
+#include <functional>
+#include <vector>
+
+namespace palomet {
+
+/// A hot key that may be registered at some time, in words for a desktop that asks its user.
+struct HotKeyOffer {
+    quint32 id;
+    QString description;
+    quint32 keyCode;
+    quint32 modifiers;
+
+    bool operator==(const HotKeyOffer &) const = default;
+};
+
+/// Port: the desktop's way to be told of a key that is pressed in whatever application. Main thread only.
+class HotKeyGrabber {
+public:
+    HotKeyGrabber() = default;
+    HotKeyGrabber(const HotKeyGrabber &) = delete;
+    HotKeyGrabber &operator=(const HotKeyGrabber &) = delete;
+    virtual ~HotKeyGrabber() = default;
+
+    /// Names every hot key that may be registered, before the first is and whenever one of them becomes another. A
+    /// desktop whose user decides is asked once, for all of them; elsewhere nothing happens.
+    virtual void offer(const std::vector<HotKeyOffer> &offers) { static_cast<void>(offers); }
+
+    /// Takes a combination: a virtual key code and modifier bits (shift 0x200, control 0x1000, option 0x800, command
+    /// 0x100). False when it is refused, another program holding it for instance. Where the desktop answers later, true
+    /// while the answer is pending; a refusal is then told by `onRefused`.
+    [[nodiscard]] virtual bool grab(quint32 id, quint32 keyCode, quint32 modifiers) = 0;
+
+    /// What the desktop calls the keys that its user chose for a hot key; empty where the combination is what was asked
+    /// for.
+    [[nodiscard]] virtual QString trigger(quint32 id) const {
+        static_cast<void>(id);
+        return {};
+    }
+
+    /// Gives it back. Everything is given back when the program ends, however it ends.
+    virtual void release(quint32 id) = 0;
+
+    /// A combination was pressed, once however long it is held. Called from the event loop.
+    std::function<void(quint32 id)> onPressed = [](quint32) {};
+
+    /// A combination that seemed taken was refused after all.
+    std::function<void(quint32 id)> onRefused = [](quint32) {};
+};
+
+/// Where a desktop has no way: everything is refused, and the command line is left.
+class NoHotKeyGrabber final : public HotKeyGrabber {
+public:
+    [[nodiscard]] bool grab(quint32, quint32, quint32) override { return false; }
+    void release(quint32) override {}
+};
+
+} // namespace palomet

@@ -1,0 +1,48 @@
+#pragma once
+
+#include "shortcuts/HotKeyGrabber.h"
+
+#include <QObject>
+
+#include <functional>
+#include <map>
+#include <memory>
+#include <vector>
+
+namespace palomet {
+
+/// The registry of system-wide hot keys: an id, a combination, and what to do when it is pressed. It knows nothing of
+/// what the actions do. Main thread only.
+class HotKeys final : public QObject {
+    Q_OBJECT
+
+public:
+    explicit HotKeys(std::unique_ptr<HotKeyGrabber> grabber);
+    ~HotKeys() override;
+
+    /// Names every hot key that may be registered; see `HotKeyGrabber::offer`.
+    void offer(const std::vector<HotKeyOffer> &offers) { m_grabber->offer(offers); }
+
+    /// What the desktop calls the keys that its user chose; empty where the combination is what was asked for.
+    [[nodiscard]] QString trigger(quint32 id) const { return m_grabber->trigger(id); }
+
+    /// Registers a hot key; false when the desktop refuses it. An id that is registered already stays as it is, and the
+    /// answer is true: unregister it first to replace it. A key code or modifiers outside 32 bits end the process: they
+    /// are never user input.
+    bool registerHotKey(quint32 id, qint64 keyCode, qint64 modifiers, std::function<void()> action);
+
+    /// An unknown id is ignored. A press that is already on its way no longer runs the action.
+    void unregisterHotKey(quint32 id);
+
+Q_SIGNALS:
+    /// The desktop refused a hot key after it had seemed registered; it no longer is.
+    void refused(quint32 id);
+
+private:
+    void pressed(quint32 id);
+
+    std::unique_ptr<HotKeyGrabber> m_grabber;
+    std::map<quint32, std::function<void()>> m_actions;
+};
+
+} // namespace palomet

@@ -1,0 +1,53 @@
+#include "shortcuts/Shortcuts.h"
+
+#include <QSettings>
+
+namespace palomet {
+
+namespace {
+
+const auto listenKey = QStringLiteral("listenShortcut");
+const auto stopKey = QStringLiteral("stopShortcut");
+
+} // namespace
+
+const Shortcut Shortcuts::defaultListen{49, Shortcut::option};
+const Shortcut Shortcuts::defaultStop{53, 0};
+
+Shortcuts::Shortcuts(QSettings &settings)
+    : m_settings(settings) {
+    setListen(load(listenKey).value_or(defaultListen));
+    setStop(load(stopKey).value_or(defaultStop));
+}
+
+void Shortcuts::setListen(std::optional<Shortcut> shortcut) {
+    m_listen = shortcut;
+    Q_EMIT listenChanged();
+    save(listenKey, m_listen);
+    onChange();
+}
+
+void Shortcuts::setStop(std::optional<Shortcut> shortcut) {
+    m_stop = shortcut;
+    Q_EMIT stopChanged();
+    save(stopKey, m_stop);
+    onChange();
+}
+
+void Shortcuts::setPaused(bool isPaused) {
+    m_isPaused = isPaused;
+    Q_EMIT isPausedChanged();
+    onChange();
+}
+
+void Shortcuts::save(const QString &key, const std::optional<Shortcut> &shortcut) {
+    m_settings.setValue(key, shortcut ? QString::fromLatin1(shortcut->toJson()) : QStringLiteral("none"));
+    // At once, and by the file's replacement as a whole: a crash keeps either the old value or the new one.
+    m_settings.sync();
+}
+
+std::optional<Shortcut> Shortcuts::load(const QString &key) const {
+    return Shortcut::fromJson(m_settings.value(key).toByteArray());
+}
+
+} // namespace palomet

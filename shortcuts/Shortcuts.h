@@ -1,0 +1,55 @@
+#pragma once
+
+#include "shortcuts/Shortcut.h"
+
+#include <QObject>
+
+#include <functional>
+#include <optional>
+
+class QSettings;
+
+namespace palomet {
+
+/// The user's two global shortcuts and a switch that pauses them, kept in the settings file. Main thread only.
+class Shortcuts final : public QObject {
+    Q_OBJECT
+
+public:
+    static const Shortcut defaultListen; ///< Option and Space.
+    static const Shortcut defaultStop;   ///< Escape alone.
+
+    /// Reads both shortcuts and writes them back at once. What cannot be read, or says "none", is the default: a
+    /// shortcut that was cleared stays so until the program ends. `settings` outlives this.
+    explicit Shortcuts(QSettings &settings);
+
+    [[nodiscard]] const std::optional<Shortcut> &listen() const { return m_listen; }
+    [[nodiscard]] const std::optional<Shortcut> &stop() const { return m_stop; }
+    [[nodiscard]] bool isPaused() const { return m_isPaused; }
+
+    /// Announced, saved, and reported to the owner, also when the value is the same.
+    void setListen(std::optional<Shortcut> shortcut);
+    void setStop(std::optional<Shortcut> shortcut);
+
+    /// While paused, no hot key of this store may be registered. Announced and reported, never saved.
+    void setPaused(bool isPaused);
+
+    /// The owner's, called after every change of any of the three.
+    std::function<void()> onChange = [] {};
+
+Q_SIGNALS:
+    void listenChanged();
+    void stopChanged();
+    void isPausedChanged();
+
+private:
+    void save(const QString &key, const std::optional<Shortcut> &shortcut);
+    [[nodiscard]] std::optional<Shortcut> load(const QString &key) const;
+
+    QSettings &m_settings;
+    std::optional<Shortcut> m_listen;
+    std::optional<Shortcut> m_stop;
+    bool m_isPaused = false;
+};
+
+} // namespace palomet

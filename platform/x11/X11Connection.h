@@ -1,0 +1,47 @@
+#pragma once
+
+#include <QByteArray>
+#include <QObject>
+
+#include <xcb/xcb.h>
+
+#include <memory>
+
+class QSocketNotifier;
+
+namespace palomet {
+
+/// A connection to the X server of our own, beside the toolkit's: what it grabs is released by the server when the
+/// program ends, however it ends. Main thread only.
+class X11Connection final : public QObject {
+    Q_OBJECT
+
+public:
+    /// Null when the server does not answer or lacks the keyboard extension. Empty: the display that the environment
+    /// names.
+    static std::unique_ptr<X11Connection> open(const QByteArray &display = {});
+    ~X11Connection() override;
+
+    [[nodiscard]] xcb_connection_t *get() const { return m_connection; }
+    [[nodiscard]] quint32 root() const { return m_root; }
+    /// What the keyboard extension's events begin with.
+    [[nodiscard]] quint8 keyboardEvent() const { return m_keyboardEvent; }
+
+    /// To be called after a request was answered: events may have come in with the answer, and nothing else would wake
+    /// us.
+    void deliverLater();
+
+Q_SIGNALS:
+    void received(const xcb_generic_event_t &event);
+
+private:
+    X11Connection(xcb_connection_t *connection, quint32 root, quint8 keyboardEvent);
+    void deliver();
+
+    xcb_connection_t *m_connection;
+    quint32 m_root;
+    quint8 m_keyboardEvent;
+    std::unique_ptr<QSocketNotifier> m_notifier;
+};
+
+} // namespace palomet

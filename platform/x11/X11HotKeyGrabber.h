@@ -1,0 +1,49 @@
+#pragma once
+
+#include "platform/x11/X11Modifiers.h"
+#include "shortcuts/HotKeyGrabber.h"
+
+#include <QObject>
+
+#include <xcb/xcb.h>
+
+#include <map>
+#include <set>
+
+namespace palomet {
+
+class X11Connection;
+
+/// Hot keys by passive grabs on the root window, one for each state of the lock keys. They follow a new keyboard
+/// mapping.
+class X11HotKeyGrabber final : public QObject, public HotKeyGrabber {
+    Q_OBJECT
+
+public:
+    /// `connection` outlives this.
+    explicit X11HotKeyGrabber(X11Connection &connection);
+    ~X11HotKeyGrabber() override;
+
+    [[nodiscard]] bool grab(quint32 id, quint32 keyCode, quint32 modifiers) override;
+    void release(quint32 id) override;
+
+private:
+    struct Combination {
+        quint8 keycode;
+        quint32 modifiers;
+    };
+
+    void received(const xcb_generic_event_t &event);
+    [[nodiscard]] bool take(const Combination &combination);
+    void give(const Combination &combination);
+    void regrabLater();
+    void regrab();
+
+    X11Connection &m_connection;
+    X11Modifiers m_mapping;
+    std::map<quint32, Combination> m_grabs;
+    std::set<quint8> m_down; ///< Keycodes that are held; what comes of them now is auto-repeat.
+    bool m_isRegrabPending = false;
+};
+
+} // namespace palomet

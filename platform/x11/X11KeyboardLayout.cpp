@@ -1,0 +1,64 @@
+#include "platform/x11/X11KeyboardLayout.h"
+
+#include "platform/x11/X11Connection.h"
+#include "platform/x11/XcbKeyboard.h"
+#include "platform/x11/XcbReply.h"
+
+namespace palomet {
+
+namespace {
+
+quint32 activeGroup(const X11Connection &connection) {
+    const XcbReply<xcb_xkb_get_state_reply_t> state(xcb_xkb_get_state_reply(
+        connection.get(), xcb_xkb_get_state(connection.get(), XCB_XKB_ID_USE_CORE_KBD), nullptr));
+    return state ? state->group : 0;
+}
+
+} // namespace
+
+X11KeyboardLayout::X11KeyboardLayout(X11Connection &connection)
+    : m_connection(connection) {
+    // Of the state, only the group: every key press changes the rest.
+    constexpr quint16 state = XCB_XKB_EVENT_TYPE_STATE_NOTIFY;
+    constexpr quint16 group = XCB_XKB_STATE_PART_GROUP_STATE;
+    xcb_xkb_select_events_details_t details{};
+    details.affectState = group;
+    details.stateDetails = group;
+    xcb_xkb_select_events_aux(connection.get(), XCB_XKB_ID_USE_CORE_KBD, state, 0, 0, 0, 0, &details);
+    xcb_flush(connection.get());
+    connect(&m_connection, &X11Connection::received, this, &X11KeyboardLayout::received);
+    readAgain();
+}
+
+std::optional<QString> X11KeyboardLayout::character(quint32 keyCode) const {
+    return m_keymap.character(keyCode, m_group);
+}
+
+void X11KeyboardLayout::received(const xcb_generic_event_t &event) {
+    if ((event.response_type & 0x7FU) != m_connection.keyboardEvent())
+        return;
+    // A change of the keyboard comes as a burst.
+    if (event.pad0 != XCB_XKB_NEW_KEYBOARD_NOTIFY && event.pad0 != XCB_XKB_MAP_NOTIFY &&
+        event.pad0 != XCB_XKB_STATE_NOTIFY)
+        return;
+    if (m_isReadPending)
+        return;
+    m_isReadPending = true;
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            m_isReadPending = false;
+            readAgain();
+            if (onChange)
+                onChange();
+        },
+        Qt::QueuedConnection);
+}
+
+void X11KeyboardLayout::readAgain() {
+    m_keymap = XkbKeymap::of(m_connection);
+    m_group = activeGroup(m_connection);
+    m_connection.deliverLater();
+}
+
+} // namespace palomet

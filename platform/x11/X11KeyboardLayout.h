@@ -1,0 +1,48 @@
+#pragma once
+
+#include "platform/x11/XkbKeymap.h"
+#include "shortcuts/KeyboardLayout.h"
+
+#include <QObject>
+
+#include <xcb/xcb.h>
+
+namespace palomet {
+
+class X11Connection;
+
+/// The layout that the X server's keyboard has now, also after it changes.
+class X11KeyboardLayout final : public QObject, public KeyboardLayout {
+    Q_OBJECT
+
+public:
+    /// `connection` outlives this.
+    explicit X11KeyboardLayout(X11Connection &connection);
+
+    [[nodiscard]] std::optional<QString> character(quint32 keyCode) const override;
+
+private:
+    void received(const xcb_generic_event_t &event);
+    void readAgain();
+
+    X11Connection &m_connection;
+    XkbKeymap m_keymap;
+    quint32 m_group = 0;
+    bool m_isReadPending = false;
+};
+
+/// One given layout, for where there is no display to ask.
+class NamedKeyboardLayout final : public KeyboardLayout {
+public:
+    explicit NamedKeyboardLayout(const char *layout, const char *variant = "")
+        : m_keymap(XkbKeymap::named(layout, variant)) {}
+
+    [[nodiscard]] std::optional<QString> character(quint32 keyCode) const override {
+        return m_keymap.character(keyCode, 0);
+    }
+
+private:
+    XkbKeymap m_keymap;
+};
+
+} // namespace palomet

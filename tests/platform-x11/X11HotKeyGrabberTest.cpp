@@ -1,0 +1,149 @@
+#include "platform/x11/X11HotKeyGrabber.h"
+
+#include "platform/x11/X11Connection.h"
+#include "tests/platform-x11/activateGroup.h"
+#include "tests/support/Eventually.h"
+#include "tests/support/PrivateDisplay.h"
+
+#include <gtest/gtest.h>
+
+#include <vector>
+
+using namespace palomet;
+
+namespace {
+
+constexpr quint32 option = 0x800;
+constexpr quint32 space = 49;
+constexpr quint32 escape = 53;
+
+class X11HotKeyGrabberTest : public testing::Test {
+protected:
+    void SetUp() override {
+        ASSERT_FALSE(display.name().isEmpty());
+        connection = X11Connection::open(display.name());
+        ASSERT_NE(connection, nullptr);
+        grabber = std::make_unique<X11HotKeyGrabber>(*connection);
+        grabber->onPressed = [this](quint32 id) { pressed.push_back(id); };
+        grabber->onRefused = [this](quint32 id) { refused.push_back(id); };
+    }
+
+    /// Presses keys, then a key that is surely delivered, so that what has not come by then will not come.
+    void pressAndSettle(const QString &keys) {
+        display.key(keys);
+        ASSERT_TRUE(grabber->grab(99, 96, 0)); // F5
+        display.key(QStringLiteral("F5"));
+        ASSERT_TRUE(test::eventually([&] { return !pressed.empty() && pressed.back() == 99; }));
+        pressed.pop_back();
+        grabber->release(99);
+    }
+
+    test::PrivateDisplay display;
+    std::unique_ptr<X11Connection> connection;
+    std::unique_ptr<X11HotKeyGrabber> grabber;
+    std::vector<quint32> pressed;
+    std::vector<quint32> refused;
+};
+
+} // namespace
+
+TEST_F(X11HotKeyGrabberTest, IsToldOfAKeyPressedAnywhereOnceAPress) {
+    ASSERT_TRUE(grabber->grab(1, space, option));
+    pressAndSettle(QStringLiteral("alt+space"));
+    EXPECT_EQ(pressed, std::vector<quint32>({1}));
+    pressAndSettle(QStringLiteral("alt+space"));
+    EXPECT_EQ(pressed, std::vector<quint32>({1, 1}));
+}
+
+TEST_F(X11HotKeyGrabberTest, HearsTheKeyWhateverLockKeysAreOn) {
+    ASSERT_TRUE(grabber->grab(1, space, option));
+    for (const auto *locks : {"Num_Lock", "Caps_Lock", "Num_Lock"}) { // Num Lock; both; Caps Lock alone.
+        display.key(QLatin1StringView(locks));
+        pressAndSettle(QStringLiteral("alt+space"));
+    }
+    EXPECT_EQ(pressed, std::vector<quint32>({1, 1, 1}));
+}
+
+TEST_F(X11HotKeyGrabberTest, HearsTheKeyWithAnotherLayoutActive) {
+    display.run(QStringLiteral("setxkbmap"), {QStringLiteral("us,ru")});
+    test::activateGroup(*connection, 1);
+    ASSERT_TRUE(grabber->grab(1, space, option));
+    display.key(QStringLiteral("alt+space"));
+    EXPECT_TRUE(test::eventually([&] { return pressed == std::vector<quint32>({1}); }));
+}
+
+TEST_F(X11HotKeyGrabberTest, IgnoresAutoRepeat) {
+    ASSERT_TRUE(grabber->grab(1, space, option));
+    display.run(QStringLiteral("xdotool"),
+                {QStringLiteral("keydown"), QStringLiteral("alt"), QStringLiteral("keydown"), QStringLiteral("space"),
+                 QStringLiteral("sleep"), QStringLiteral("1.2"), QStringLiteral("keyup"), QStringLiteral("space"),
+                 QStringLiteral("keyup"), QStringLiteral("alt")});
+    pressAndSettle(QStringLiteral("F9"));
+    EXPECT_EQ(pressed, std::vector<quint32>({1}));
+}
+
+TEST_F(X11HotKeyGrabberTest, ReportsThatAnotherProgramHoldsTheKey) {
+    const auto otherConnection = X11Connection::open(display.name());
+    ASSERT_NE(otherConnection, nullptr);
+    X11HotKeyGrabber other(*otherConnection);
+    ASSERT_TRUE(other.grab(1, space, option));
+    EXPECT_FALSE(grabber->grab(1, space, option));
+    other.release(1);
+    // The release travels on another connection: wait until the server has seen it.
+    EXPECT_TRUE(test::eventually([&] { return grabber->grab(1, space, option); }));
+}
+
+TEST_F(X11HotKeyGrabberTest, LeavesNothingTakenAfterAPartialRefusal) {
+    const auto otherConnection = X11Connection::open(display.name());
+    X11HotKeyGrabber other(*otherConnection);
+    ASSERT_TRUE(other.grab(1, space, option));
+    EXPECT_FALSE(grabber->grab(1, space, option));
+    EXPECT_TRUE(grabber->grab(1, escape, 0));
+}
+
+TEST_F(X11HotKeyGrabberTest, GivesAKeyBack) {
+    ASSERT_TRUE(grabber->grab(1, space, option));
+    grabber->release(1);
+    pressAndSettle(QStringLiteral("alt+space"));
+    EXPECT_TRUE(pressed.empty());
+}
+
+TEST_F(X11HotKeyGrabberTest, ItsKeysAreFreeAgainWhenItsConnectionEnds) {
+    {
+        const auto otherConnection = X11Connection::open(display.name());
+        X11HotKeyGrabber other(*otherConnection);
+        ASSERT_TRUE(other.grab(1, space, option));
+    }
+    EXPECT_TRUE(test::eventually([&] { return grabber->grab(1, space, option); }));
+}
+
+TEST_F(X11HotKeyGrabberTest, TakesItsKeysAnewWhenTheKeyboardIsMappedAnew) {
+    ASSERT_TRUE(grabber->grab(1, space, option));
+    // Alt becomes another modifier: the old grab alone would never match again.
+    display.run(QStringLiteral("xmodmap"),
+                {QStringLiteral("-e"), QStringLiteral("clear mod1"), QStringLiteral("-e"), QStringLiteral("clear mod3"),
+                 QStringLiteral("-e"), QStringLiteral("add mod3 = Alt_L Alt_R Meta_L")});
+    EXPECT_TRUE(test::eventually([&] {
+        display.key(QStringLiteral("alt+space"));
+        return !pressed.empty();
+    }));
+    EXPECT_TRUE(refused.empty());
+}
+
+TEST_F(X11HotKeyGrabberTest, WorksWithoutAModifierForNumLock) {
+    display.run(QStringLiteral("xmodmap"), {QStringLiteral("-e"), QStringLiteral("clear mod2")});
+    X11HotKeyGrabber fresh(*connection);
+    std::vector<quint32> heard;
+    fresh.onPressed = [&](quint32 id) { heard.push_back(id); };
+    ASSERT_TRUE(fresh.grab(1, space, option));
+    display.key(QStringLiteral("alt+space"));
+    EXPECT_TRUE(test::eventually([&] { return heard == std::vector<quint32>({1}); }));
+}
+
+TEST_F(X11HotKeyGrabberTest, RefusesAKeyThatNoKeyboardHas) {
+    EXPECT_FALSE(grabber->grab(1, 0xFFFF, option));
+}
+
+TEST(X11Connection, IsNotThereWithoutAServer) {
+    EXPECT_EQ(X11Connection::open(":4097"), nullptr);
+}

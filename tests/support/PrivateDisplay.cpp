@@ -1,0 +1,44 @@
+#include "tests/support/PrivateDisplay.h"
+
+#include "tests/support/Eventually.h"
+
+#include <QProcessEnvironment>
+
+namespace palomet::test {
+
+PrivateDisplay::PrivateDisplay(const QString &screen) {
+    m_server.setProcessChannelMode(QProcess::SeparateChannels);
+    // Without -noreset what a client sets, a layout for instance, is lost when the last client ends.
+    m_server.start(QStringLiteral("Xvfb"),
+                   {QStringLiteral("-displayfd"), QStringLiteral("1"), QStringLiteral("-noreset"),
+                    QStringLiteral("-nolisten"), QStringLiteral("tcp"), QStringLiteral("-screen"), QStringLiteral("0"),
+                    screen});
+    eventually([&] { return m_server.state() == QProcess::NotRunning || m_server.canReadLine(); });
+    const auto number = m_server.readLine().trimmed();
+    if (!number.isEmpty())
+        m_name = ':' + number;
+}
+
+PrivateDisplay::~PrivateDisplay() {
+    m_server.terminate();
+    m_server.waitForFinished();
+}
+
+QProcessEnvironment PrivateDisplay::environment() const {
+    auto environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("DISPLAY"), QString::fromLatin1(m_name));
+    environment.remove(QStringLiteral("WAYLAND_DISPLAY"));
+    return environment;
+}
+
+QByteArray PrivateDisplay::run(const QString &program, const QStringList &arguments) const {
+    QProcess process;
+    process.setProcessEnvironment(environment());
+    process.start(program, arguments);
+    const bool isDone = eventually([&] { return process.state() == QProcess::NotRunning; });
+    return isDone && process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0
+               ? process.readAllStandardOutput()
+               : QByteArray();
+}
+
+} // namespace palomet::test

@@ -1,8 +1,7 @@
 #include "platform/portal/PortalHotKeyGrabber.h"
 
-#include <QDBusArgument>
-#include <QDBusMessage>
 #include <QDBusMetaType>
+#include <QDBusObjectPath>
 #include <QDBusPendingCallWatcher>
 #include <QDBusServiceWatcher>
 
@@ -84,8 +83,7 @@ PortalHotKeyGrabber::PortalHotKeyGrabber(const QDBusConnection &bus, QString app
     qDBusRegisterMetaType<QList<PortalShortcut>>();
     connect(m_watcher, &QDBusServiceWatcher::serviceOwnerChanged, this, &PortalHotKeyGrabber::serviceOwnerChanged);
     // No sender is named: that would ask the bus who it is, and wait for the answer.
-    m_bus.connect({}, portalPath, shortcutsInterface, QStringLiteral("Activated"), this,
-                  SLOT(activated(QDBusObjectPath, QString, qulonglong, QVariantMap)));
+    m_bus.connect({}, portalPath, shortcutsInterface, QStringLiteral("Activated"), this, SLOT(activated(QDBusMessage)));
     m_bus.connect({}, portalPath, shortcutsInterface, QStringLiteral("ShortcutsChanged"), this,
                   SLOT(shortcutsChanged(QDBusMessage)));
 }
@@ -250,12 +248,14 @@ void PortalHotKeyGrabber::keepTriggers(const QVariant &shortcuts) {
     }
 }
 
-void PortalHotKeyGrabber::activated(const QDBusObjectPath &session, const QString &id, qulonglong,
-                                    const QVariantMap &) {
+void PortalHotKeyGrabber::activated(const QDBusMessage &message) {
+    const auto arguments = message.arguments();
+    if (m_session.isEmpty() || arguments.size() < 2 || arguments[0].value<QDBusObjectPath>().path() != m_session)
+        return;
     bool isNumber = false;
-    const auto number = id.toUInt(&isNumber);
-    if (!m_session.isEmpty() && session.path() == m_session && isNumber && m_held.contains(number))
-        onPressed(number);
+    const auto id = arguments[1].toString().toUInt(&isNumber);
+    if (isNumber && m_held.contains(id))
+        onPressed(id);
 }
 
 void PortalHotKeyGrabber::shortcutsChanged(const QDBusMessage &message) {

@@ -5,15 +5,13 @@
 
 #include <QDBusArgument>
 #include <QDBusConnection>
-#include <QDBusObjectPath>
+#include <QDBusMessage>
 #include <QObject>
 #include <QVariantMap>
 
 #include <map>
 #include <set>
 
-class QDBusMessage;
-class QDBusPendingCallWatcher;
 class QDBusServiceWatcher;
 
 namespace palomet {
@@ -65,7 +63,7 @@ private:
 
 private Q_SLOTS:
     void responded(uint code, const QVariantMap &results, const QDBusMessage &message);
-    void activated(const QDBusObjectPath &session, const QString &id, qulonglong timestamp, const QVariantMap &options);
+    void activated(const QDBusMessage &message);
     void shortcutsChanged(const QDBusMessage &message);
     void sessionClosed(const QDBusMessage &message);
 

@@ -105,9 +105,14 @@ void X11HotKeyGrabber::regrabLater() {
 
 void X11HotKeyGrabber::regrab() {
     m_isRegrabPending = false;
+    // Typing on another keyboard tells of a "new" one as well: as long as the modifiers are the same, so are the grabs.
+    const auto mapping = X11Modifiers::read(m_connection);
+    m_connection.deliverLater();
+    if (mapping == m_mapping)
+        return;
     for (const auto &[id, combination] : m_grabs)
         give(combination);
-    m_mapping = X11Modifiers::read(m_connection);
+    m_mapping = mapping;
     m_down.clear();
     std::vector<quint32> refused;
     for (const auto &[id, combination] : m_grabs) {
@@ -118,7 +123,6 @@ void X11HotKeyGrabber::regrab() {
         m_grabs.erase(id);
         onRefused(id);
     }
-    m_connection.deliverLater();
 }
 
 } // namespace palomet

@@ -22,6 +22,8 @@ struct X11Modifiers {
 
     /// Every combination of the lock keys, none first, each once: a grab is exact, and these must make no difference.
     [[nodiscard]] std::vector<quint16> lockVariants() const;
+
+    bool operator==(const X11Modifiers &) const = default;
 };
 
 } // namespace palomet

@@ -11,7 +11,7 @@ using namespace palomet;
 TEST(KeyCodes, MapOneToOne) {
     std::set<quint32> keyCodes;
     std::set<quint16> evdevCodes;
-    for (const auto &pair : KeyCodes::all()) {
+    for (const auto &pair : KeyCodes::all) {
         EXPECT_TRUE(keyCodes.insert(pair.keyCode).second) << "key code " << pair.keyCode << " twice";
         EXPECT_TRUE(evdevCodes.insert(pair.evdev).second) << "evdev code " << pair.evdev << " twice";
         EXPECT_EQ(KeyCodes::toEvdev(pair.keyCode), pair.evdev);
@@ -33,7 +33,7 @@ TEST(KeyCodes, CoverAFullKeyboard) {
 }
 
 TEST(KeyCodes, FitAnXKeycode) {
-    for (const auto &pair : KeyCodes::all())
+    for (const auto &pair : KeyCodes::all)
         EXPECT_LE(pair.evdev + 8, 255);
 }
 

@@ -67,7 +67,7 @@ void Localization::load(const QString &resources, const QStringList &preferredLa
 
 QStringList Localization::preferredLanguages() {
     for (const char *variable : {"LANGUAGE", "LC_ALL", "LC_MESSAGES", "LANG"}) {
-        const auto tags = languageTags(qEnvironmentVariable(variable));
+        auto tags = languageTags(qEnvironmentVariable(variable));
         if (!tags.isEmpty())
             return tags;
     }

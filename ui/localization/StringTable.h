@@ -6,6 +6,7 @@
 #include <QByteArrayView>
 #include <QHash>
 #include <QString>
+#include <QStringList>
 
 #include <optional>
 
@@ -16,7 +17,7 @@ namespace palomet {
 class StringTable {
 public:
     /// More than this many bytes are no string table.
-    static constexpr qsizetype maximumSize = 4 * 1024 * 1024;
+    static constexpr qsizetype maximumSize = 4'194'304;
 
     /// The table that the bytes hold. Fails when they are too many, or no JSON object in UTF-8.
     static Result<StringTable> parse(QByteArrayView json);

@@ -26,6 +26,7 @@ TEST(TextFormat, PutsTextsAndIntegersIn) {
 
 TEST(TextFormat, FollowsTheNumbersOfTheArguments) {
     EXPECT_EQ(format("%2$@ %1$d %2$@", {7, u"x"_s}), u"x 7 x"_s);
+    EXPECT_EQ(format("%1$@ %@ %@", {u"a"_s, u"b"_s}), u"a a b"_s);
     EXPECT_EQ(format("%2$@ %@ %@", {u"a"_s, u"b"_s}), u"b a b"_s);
 }
 

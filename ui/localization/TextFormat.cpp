@@ -41,24 +41,22 @@ private:
 
 constexpr int defaultDecimals = 6;
 
-/// The directive whose "%" stands at `begin`, if it is one; `next` is the argument that it asks for when it names none.
-std::optional<Directive> directiveAt(QStringView text, qsizetype begin, qsizetype next) {
+/// The directive whose "%" stands at `begin`, if it is one. One that names no argument takes the next one, and moves
+/// `next`.
+std::optional<Directive> directiveAt(QStringView text, qsizetype begin, qsizetype &next) {
     using Kind = Directive::Kind;
     Cursor cursor(text, begin + 1);
-    const auto directive = [&](Kind kind, qsizetype argument, int decimals = 0) {
-        return Directive{kind, begin, cursor.at() - begin, argument, decimals};
-    };
     if (cursor.take(u'%'))
-        return directive(Kind::Percent, -1);
+        return Directive{Kind::Percent, begin, 2, -1, 0};
 
-    qsizetype argument = next;
-    if (const auto position = cursor.takeNumber()) {
-        if (*position == 0 || !cursor.take(u'$'))
-            return std::nullopt;
-        argument = *position - 1;
-    }
+    const auto position = cursor.takeNumber();
+    if (position && (*position == 0 || !cursor.take(u'$')))
+        return std::nullopt;
+    const auto directive = [&](Kind kind, int decimals = 0) {
+        return Directive{kind, begin, cursor.at() - begin, position ? *position - 1 : next++, decimals};
+    };
     if (cursor.take(u'@'))
-        return directive(Kind::Text, argument);
+        return directive(Kind::Text);
 
     std::optional<int> decimals;
     if (cursor.take(u'.')) {
@@ -69,9 +67,9 @@ std::optional<Directive> directiveAt(QStringView text, qsizetype begin, qsizetyp
     for (int lengths = 0; lengths < 2 && cursor.take(u'l'); ++lengths) {
     }
     if (cursor.take(u'f'))
-        return directive(Kind::Decimal, argument, decimals.value_or(defaultDecimals));
+        return directive(Kind::Decimal, decimals.value_or(defaultDecimals));
     if (!decimals && (cursor.take(u'd') || cursor.take(u'i') || cursor.take(u'u')))
-        return directive(Kind::Integer, argument);
+        return directive(Kind::Integer);
     return std::nullopt;
 }
 
@@ -97,10 +95,8 @@ std::vector<Directive> directivesOf(QStringView text) {
     qsizetype next = 0;
     for (auto at = text.indexOf(u'%'); at >= 0;) {
         const auto directive = directiveAt(text, at, next);
-        if (directive) {
+        if (directive)
             found.push_back(*directive);
-            next += directive->argument == next;
-        }
         at = text.indexOf(u'%', directive ? at + directive->length : at + 1);
     }
     return found;

@@ -1,0 +1,132 @@
+// What the engine answers by itself, without a language model: the questions it knows, each with the phrasings that
+// the grammar of the recogniser is made of.
+
+import { plainWords, type Language, type Locale } from "./language.ts";
+
+export interface AnswerContext {
+  now: Date;
+  locale: Locale;
+  name: string;
+  lastAnswer: string | undefined;
+}
+
+interface Question {
+  /** Whole requests; the first words are those that one would say. */
+  phrases: Record<Language, string[]>;
+  /** What a request must hold, in plain words, to be this question in other words. */
+  pattern: RegExp;
+  answer: Record<Language, (context: AnswerContext) => string>;
+}
+
+const questions: Question[] = [
+  {
+    phrases: {
+      en: ["what time is it", "what is the time", "tell me the time", "do you know what time it is"],
+      pt: ["que horas são", "que horas são agora", "me diga as horas", "você sabe que horas são"],
+    },
+    pattern: /\b(what time|the time|time is it|que horas?|as horas|horas sao)\b/,
+    answer: { en: englishTime, pt: portugueseTime },
+  },
+  {
+    phrases: {
+      en: ["what day is it", "what day is it today", "what is the date", "what is the date today", "tell me the date"],
+      pt: ["que dia é hoje", "qual é a data", "qual é a data de hoje", "em que dia estamos", "me diga a data"],
+    },
+    pattern: /\b(what day|the date|todays date|que dia|a data|data de hoje|dia da semana)\b/,
+    answer: {
+      en: (context) => `Today is ${longDate(context)}.`,
+      pt: (context) => `Hoje é ${longDate(context)}.`,
+    },
+  },
+  {
+    phrases: {
+      en: ["what can you do", "what do you know", "help", "help me"],
+      pt: ["o que você sabe fazer", "o que você pode fazer", "ajuda", "me ajuda"],
+    },
+    pattern: /\b(what can you do|what do you (know|do)|help|o que (voce|vc) (sabe|pode|faz)|ajuda|me ajude)\b/,
+    answer: {
+      en: () =>
+        "I can tell you the time and the date, repeat my last answer, and read back what you ask. " +
+        "With the claude tool installed I can answer anything.",
+      pt: () =>
+        "Sei dizer as horas e a data, repetir a última resposta e ler de volta o que você pede. " +
+        "Com a ferramenta claude instalada, respondo qualquer coisa.",
+    },
+  },
+  {
+    phrases: {
+      en: ["who are you", "what is your name"],
+      pt: ["quem é você", "qual é o seu nome", "como você se chama"],
+    },
+    pattern: /\b(who are you|your name|quem e voce|seu nome|voce se chama)\b/,
+    answer: {
+      en: ({ name }) => `I am ${name}, your voice assistant. I run on this computer.`,
+      pt: ({ name }) => `Sou ${name}, a sua assistente de voz. Funciono neste computador.`,
+    },
+  },
+  {
+    phrases: {
+      en: ["repeat", "say that again", "repeat that please"],
+      pt: ["repete", "repete por favor", "diga de novo"],
+    },
+    pattern: /^(please )?(repeat|say (that|it) again|repete|repita|(diga|fala|fale) (de novo|outra vez))\b/,
+    answer: {
+      en: ({ lastAnswer }) => lastAnswer ?? "I have not said anything yet.",
+      pt: ({ lastAnswer }) => lastAnswer ?? "Ainda não disse nada.",
+    },
+  },
+  {
+    phrases: {
+      en: ["hello", "good morning", "good afternoon", "good evening", "how are you"],
+      pt: ["olá", "bom dia", "boa tarde", "boa noite", "tudo bem"],
+    },
+    pattern: /^(hello|hi|hey|good (morning|afternoon|evening)|how are you|ola|oi|bom dia|boa (tarde|noite)|tudo bem)\b/,
+    answer: { en: () => "Hello! How can I help?", pt: () => "Olá! Como posso ajudar?" },
+  },
+  {
+    phrases: { en: ["thank you", "thanks"], pt: ["obrigado", "obrigada", "valeu"] },
+    pattern: /^(thank you|thanks|(muito )?obrigad[oa]|valeu)\b/,
+    answer: { en: () => "You are welcome.", pt: () => "De nada." },
+  },
+];
+
+/** Everything that can be asked, as it would be said. */
+export function knownPhrases(language: Language): string[] {
+  return questions.flatMap((question) => question.phrases[language]);
+}
+
+/** The answer to a request of one sentence, or undefined when it is none of the questions above. */
+export function knownAnswer(request: string, context: AnswerContext): string | undefined {
+  const plain = plainWords(request).join(" ");
+  return questions.find((question) => question.pattern.test(plain))?.answer[context.locale.language](context);
+}
+
+/** Answers every sentence of a request; what is not understood is read back. */
+export function builtInAnswer(request: string, context: AnswerContext): string {
+  const sentences = request.split(/(?<=[.!?;])\s+|\n+/).filter((sentence) => plainWords(sentence).length > 0);
+  const answers = sentences.map((sentence) => knownAnswer(sentence, context) ?? readBack(sentence, context));
+  return [...new Set(answers)].join(" ");
+}
+
+function readBack(sentence: string, { locale }: AnswerContext): string {
+  const quoted = sentence.trim().replace(/[.!?;]+$/, "");
+  return locale.language === "pt" ? `Você disse: ${quoted}.` : `You said: ${quoted}.`;
+}
+
+function englishTime({ now }: AnswerContext): string {
+  const hour = now.getHours() % 12 || 12;
+  const minutes = String(now.getMinutes()).padStart(2, "0");
+  return `It is ${hour}:${minutes} ${now.getHours() < 12 ? "AM" : "PM"}.`;
+}
+
+function portugueseTime({ now }: AnswerContext): string {
+  const hours = now.getHours();
+  const minutes = now.getMinutes();
+  const verb = hours <= 1 ? "É" : "São";
+  const hourText = `${hours} ${hours <= 1 ? "hora" : "horas"}`;
+  return minutes === 0 ? `${verb} ${hourText}.` : `${verb} ${hourText} e ${minutes} ${minutes === 1 ? "minuto" : "minutos"}.`;
+}
+
+function longDate({ now, locale }: AnswerContext): string {
+  return now.toLocaleDateString(locale.tag, { weekday: "long", day: "numeric", month: "long", year: "numeric" });
+}

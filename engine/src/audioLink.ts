@@ -1,0 +1,95 @@
+// The engine's end of the audio link: which front end is heard and spoken through, and what it reports.
+
+import { parseLinkEvent, type LinkCommand } from "./protocol.ts";
+import type { SpeakerOutput } from "./speaker.ts";
+import type { Clip } from "./wav.ts";
+
+/** One connection; what `Bun.serve` gives, as far as it is used here. */
+export interface LinkSocket {
+  send(text: string): unknown;
+}
+
+export interface AudioLinkEvents {
+  /** A front end is there, or another, or none any more. */
+  connected(): void;
+  disconnected(): void;
+  device(name: string): void;
+  samples(samples: Int16Array): void;
+  played(id: number): void;
+}
+
+export class AudioLink implements SpeakerOutput {
+  /** The newest is the one in use; another takes over when it goes. */
+  #sockets: LinkSocket[] = [];
+  #device = "";
+
+  constructor(readonly events: AudioLinkEvents) {}
+
+  get isConnected(): boolean {
+    return this.#sockets.length > 0;
+  }
+
+  /** The microphone that the front end last named, or "". */
+  get device(): string {
+    return this.#device;
+  }
+
+  opened(socket: LinkSocket): void {
+    if (this.isConnected) this.events.disconnected();
+    this.#sockets.push(socket);
+    this.events.connected();
+  }
+
+  closed(socket: LinkSocket): void {
+    const wasCurrent = this.#current === socket;
+    this.#sockets = this.#sockets.filter((candidate) => candidate !== socket);
+    if (!wasCurrent) return;
+    this.events.disconnected();
+    if (this.isConnected) this.events.connected();
+    else this.#device = "";
+  }
+
+  text(socket: LinkSocket, text: string): void {
+    const event = parseLinkEvent(text);
+    if (!event || socket !== this.#current) return;
+    if (event.type === "played") return this.events.played(event.id);
+    this.#device = event.device;
+    this.events.device(event.device);
+  }
+
+  /** Signed 16-bit little-endian samples; an odd last byte is left out. */
+  audio(socket: LinkSocket, bytes: Uint8Array): void {
+    if (socket !== this.#current || bytes.length < 2) return;
+    const whole = bytes.slice(0, bytes.length & ~1);
+    this.events.samples(new Int16Array(whole.buffer));
+  }
+
+  play(id: number, clip: Clip): void {
+    this.#send({ type: "play", id, data: Buffer.from(clip.file).toString("base64"), format: "wav" });
+  }
+
+  silence(): void {
+    this.#send({ type: "stop" });
+  }
+
+  chime(): void {
+    this.#send({ type: "chime" });
+  }
+
+  enable(on: boolean): void {
+    this.#send({ type: "enable", on });
+  }
+
+  /** Without a name, the system's default microphone. */
+  useInput(device: string | undefined): void {
+    this.#send(device === undefined ? { type: "input" } : { type: "input", device });
+  }
+
+  get #current(): LinkSocket | undefined {
+    return this.#sockets.at(-1);
+  }
+
+  #send(command: LinkCommand): void {
+    this.#current?.send(JSON.stringify(command));
+  }
+}

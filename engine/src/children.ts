@@ -1,0 +1,117 @@
+// The programs that the engine runs. Each is bounded in time and in what it may print, and none outlives the engine.
+
+export interface RunOptions {
+  input?: string | Uint8Array;
+  timeoutMs: number;
+  /** Bytes of standard output after which the program is ended. */
+  maxOutput: number;
+  signal?: AbortSignal;
+  cwd?: string;
+  environment?: Record<string, string>;
+  /** Called with each piece of standard output as it comes; the output is then not collected. */
+  onOutput?: (piece: Uint8Array) => void;
+}
+
+export type Outcome =
+  | { kind: "ended"; code: number; output: Uint8Array; errors: string }
+  | { kind: "missing" }
+  | { kind: "timedOut" }
+  | { kind: "tooMuch" }
+  | { kind: "stopped" };
+
+const maxErrors = 4096;
+
+export class Children {
+  readonly #running = new Set<Bun.Subprocess>();
+
+  constructor(readonly environment: Record<string, string | undefined>) {}
+
+  /** The first program of this name on the path, or undefined. */
+  find(name: string): string | undefined {
+    return Bun.which(name, { PATH: this.environment.PATH ?? "" }) ?? undefined;
+  }
+
+  async run(command: [string, ...string[]], options: RunOptions): Promise<Outcome> {
+    if (options.signal?.aborted) return { kind: "stopped" };
+    const input = typeof options.input === "string" ? new TextEncoder().encode(options.input) : options.input;
+    let child: Bun.Subprocess<Uint8Array | "ignore", "pipe", "pipe">;
+    try {
+      child = Bun.spawn(command, {
+        stdin: input ?? "ignore",
+        stdout: "pipe",
+        stderr: "pipe",
+        env: { ...this.environment, ...options.environment },
+        ...(options.cwd === undefined ? {} : { cwd: options.cwd }),
+      });
+    } catch {
+      return { kind: "missing" };
+    }
+    this.#running.add(child);
+    try {
+      return await this.#follow(child, options);
+    } finally {
+      this.#running.delete(child);
+    }
+  }
+
+  /** Ends every running program at once; for the engine's own end. */
+  killAll(): void {
+    for (const child of this.#running) child.kill("SIGKILL");
+    this.#running.clear();
+  }
+
+  async #follow(child: Bun.Subprocess<Uint8Array | "ignore", "pipe", "pipe">, options: RunOptions): Promise<Outcome> {
+    const outputReader = child.stdout.getReader();
+    const errorReader = child.stderr.getReader();
+    let ending: Outcome | undefined;
+    let release = (): void => {};
+    const ended = new Promise<void>((resolve) => (release = resolve));
+    const end = (outcome: Outcome): void => {
+      if (ending !== undefined) return;
+      ending = outcome;
+      child.kill("SIGKILL");
+      release();
+    };
+    const timer = setTimeout(() => end({ kind: "timedOut" }), options.timeoutMs);
+    const stop = (): void => end({ kind: "stopped" });
+    options.signal?.addEventListener("abort", stop);
+
+    const pieces: Uint8Array[] = [];
+    let length = 0;
+    const takeOutput = async (): Promise<void> => {
+      for (;;) {
+        const { done, value } = await outputReader.read();
+        if (done || ending !== undefined) return;
+        length += value.length;
+        if (length > options.maxOutput) return end({ kind: "tooMuch" });
+        if (options.onOutput) options.onOutput(value);
+        else pieces.push(value);
+      }
+    };
+    let errors = "";
+    const decoder = new TextDecoder();
+    const takeErrors = async (): Promise<void> => {
+      for (;;) {
+        const { done, value } = await errorReader.read();
+        if (done || ending !== undefined) return;
+        if (errors.length < maxErrors) errors += decoder.decode(value, { stream: true }).slice(0, maxErrors);
+      }
+    };
+
+    try {
+      // A grandchild may hold the pipes open after the child was ended: `ended` does not wait for it.
+      const finished = (async () => {
+        await Promise.all([takeOutput(), takeErrors()]);
+        return await child.exited;
+      })();
+      const code = await Promise.race([finished, ended]);
+      if (ending !== undefined) return ending;
+      return { kind: "ended", code: code ?? -1, output: Buffer.concat(pieces), errors: errors.slice(0, maxErrors) };
+    } finally {
+      clearTimeout(timer);
+      options.signal?.removeEventListener("abort", stop);
+      void outputReader.cancel().catch(() => {});
+      void errorReader.cancel().catch(() => {});
+    }
+  }
+}

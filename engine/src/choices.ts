@@ -1,0 +1,128 @@
+// The choices that the settings screens offer: what is installed on this machine.
+
+import { readdirSync } from "node:fs";
+import { homedir } from "node:os";
+import { join } from "node:path";
+import type { Children } from "./children.ts";
+import type { Locale } from "./language.ts";
+import { isRecord, parseJson, type Options } from "./protocol.ts";
+import { speechModel } from "./settings.ts";
+
+export const builtInModel = "built-in";
+export const grammarModel = "pocketsphinx";
+
+const lookMs = 3_000;
+const maxListing = 1 << 20;
+
+/** Actions of the `claude` tool that can be made to need a confirmation, and the tools of its that each stands for. */
+export const actions = [
+  { id: "commands", tools: ["Bash"], label: { pt: "Executar comandos", en: "Run commands" } },
+  { id: "files", tools: ["Edit", "Write", "NotebookEdit"], label: { pt: "Alterar arquivos", en: "Change files" } },
+  { id: "web", tools: ["WebFetch", "WebSearch"], label: { pt: "Consultar a internet", en: "Look things up on the web" } },
+] as const;
+
+export class Choices {
+  constructor(
+    readonly children: Children,
+    readonly locale: Locale,
+  ) {}
+
+  async options(currentDevice: string): Promise<Options> {
+    const [inputs, macVoices, claudePaths] = await Promise.all([this.#inputs(), this.#voices(), this.claudeTools()]);
+    if (currentDevice !== "" && !inputs.includes(currentDevice)) inputs.unshift(currentDevice);
+    return {
+      inputs,
+      models: [...(claudePaths.length > 0 ? ["haiku", "sonnet", "opus"] : []), builtInModel],
+      whisperModels: this.recogniserModels(),
+      fishModels: [speechModel],
+      macVoices,
+      claudePaths,
+      confirmActions: actions.map(({ id, label }) => ({ id, label: label[this.locale.language] })),
+    };
+  }
+
+  /** The recogniser models that can be used now, the best first. */
+  recogniserModels(): string[] {
+    const models = this.whisperFiles().map(({ name }) => name);
+    if (this.children.find("pocketsphinx_batch")) models.push(grammarModel);
+    return models;
+  }
+
+  /** The model files of `whisper-cli`, larger ones first; none when the program is not installed. */
+  whisperFiles(): { name: string; path: string }[] {
+    if (!this.children.find("whisper-cli")) return [];
+    const home = this.children.environment.HOME ?? homedir();
+    const data = this.children.environment.XDG_DATA_HOME ?? join(home, ".local/share");
+    const folders = [
+      this.children.environment.PALOMET_WHISPER_MODELS,
+      join(data, "whisper"),
+      join(data, "whisper.cpp/models"),
+      join(home, "whisper.cpp/models"),
+      "/usr/local/share/whisper.cpp/models",
+      "/usr/share/whisper.cpp/models",
+    ];
+    const found = new Map<string, string>();
+    for (const folder of folders) {
+      if (!folder) continue;
+      for (const file of entries(folder)) {
+        const name = /^ggml-([\w.-]+)\.bin$/.exec(file)?.[1];
+        if (name && !found.has(name) && !name.startsWith("for-tests")) found.set(name, join(folder, file));
+      }
+    }
+    const order = ["tiny", "base", "small", "medium", "large"];
+    const rank = (name: string): number => order.findIndex((size) => name.startsWith(size));
+    return [...found].map(([name, path]) => ({ name, path })).sort((a, b) => rank(b.name) - rank(a.name));
+  }
+
+  /** Every `claude` tool on the path with its version; one that does not tell its version is left out. */
+  async claudeTools(): Promise<{ path: string; version: string }[]> {
+    const folders = [...new Set((this.children.environment.PATH ?? "").split(":"))].filter((folder) => folder !== "");
+    const paths = folders.map((folder) => Bun.which("claude", { PATH: folder })).filter((path) => path !== null);
+    const tools = await Promise.all(
+      paths.map(async (path) => ({ path, version: /\d+(\.\d+)+/.exec(await this.#print([path, "--version"]))?.[0] })),
+    );
+    return tools.flatMap(({ path, version }) => (version === undefined ? [] : [{ path, version }]));
+  }
+
+  async #inputs(): Promise<string[]> {
+    const listing = parseJson(await this.#print(["pactl", "--format=json", "list", "sources"]));
+    if (!Array.isArray(listing)) return [];
+    return listing.flatMap((source: unknown) => {
+      if (!isRecord(source) || typeof source.description !== "string") return [];
+      const monitored = isRecord(source.properties) ? source.properties["device.class"] === "monitor" : false;
+      const ofSink = typeof source.monitor_source === "string" && source.monitor_source !== "";
+      return monitored || ofSink ? [] : [source.description];
+    });
+  }
+
+  /** The voices of `espeak-ng` for the languages that the engine speaks, each also in a lighter variant. */
+  async #voices(): Promise<string[]> {
+    const listing = await this.#print(["espeak-ng", "--voices"]);
+    const voices = listing.split("\n").flatMap((line) => {
+      const [, language, , , file] = line.trim().split(/\s+/);
+      const isSpoken = language !== undefined && /^(pt|en)(-|$)/.test(language) && !file?.startsWith("mb/");
+      return isSpoken ? [language] : [];
+    });
+    const ours = (voice: string): number => (voice === this.locale.voice ? 0 : voice.startsWith(this.locale.language) ? 1 : 2);
+    const ordered = [...new Set(voices)].sort((a, b) => ours(a) - ours(b));
+    return ordered.flatMap((voice) => [voice, `${voice}+f3`]);
+  }
+
+  async #print(command: [string, ...string[]]): Promise<string> {
+    const outcome = await this.children.run(command, {
+      timeoutMs: lookMs,
+      maxOutput: maxListing,
+      // Some locales make a comma of the decimal point, and with it something else than JSON.
+      environment: { LC_ALL: "C.UTF-8" },
+    });
+    return outcome.kind === "ended" && outcome.code === 0 ? new TextDecoder().decode(outcome.output) : "";
+  }
+}
+
+function entries(folder: string): string[] {
+  try {
+    return readdirSync(folder);
+  } catch {
+    return [];
+  }
+}

@@ -1,0 +1,104 @@
+// The conversation that goes on, and those before it.
+
+import type { Clock } from "./clock.ts";
+import type { Conversation, ConversationSummary, Memory, Row } from "./protocol.ts";
+import type { Store, StoredConversation } from "./store.ts";
+
+/** Rows of the current conversation that are kept at hand; older ones are in the store. */
+const mostRows = 500;
+const mostHistory = 1_000;
+/** A conversation that was left longer ago than this is not taken up again. */
+const resumeWithinMs = 30 * 60_000;
+
+export class Conversations {
+  #current: StoredConversation;
+  #open: Row | undefined;
+  #isResumed = false;
+
+  constructor(
+    readonly store: Store,
+    readonly clock: Clock,
+  ) {
+    const latest = store.latestConversation(mostRows);
+    const lastAt = latest?.rows.at(-1)?.at ?? -Infinity;
+    this.#isResumed = latest !== undefined && clock.now() - lastAt < resumeWithinMs;
+    this.#current = this.#isResumed && latest ? latest : this.#fresh();
+  }
+
+  get current(): Conversation {
+    const { startedAt, rows, costUsd, answers } = this.#current;
+    return { startedAt, rows: this.#open ? [...rows, this.#open] : rows, costUsd, answers };
+  }
+
+  get memory(): Memory {
+    return { isResumed: this.#isResumed, journalDays: this.store.journalDays() };
+  }
+
+  get history(): ConversationSummary[] {
+    return this.store.history(mostHistory);
+  }
+
+  /** The language model's session in this conversation. */
+  get session(): string | undefined {
+    return this.#current.session;
+  }
+
+  get lastAnswer(): string | undefined {
+    return this.#current.rows.findLast((row) => row.role === "assistant")?.text;
+  }
+
+  begin(): void {
+    this.#open = undefined;
+    this.#isResumed = false;
+    this.#current = this.#fresh();
+  }
+
+  add(role: "user" | "tool", text: string): void {
+    this.#keep({ role, text, at: this.#nextAt() });
+  }
+
+  /** The answer as far as it is known. */
+  showAnswer(text: string): void {
+    this.#open ??= { role: "assistant", text: "", at: this.#nextAt(), isOpen: true };
+    this.#open.text = text;
+  }
+
+  /** Ends the open answer, if any. */
+  closeAnswer(durationMs: number): void {
+    const row = this.#open;
+    if (row === undefined) return;
+    this.#open = undefined;
+    this.#current.answers++;
+    this.#keep({ role: row.role, text: row.text, at: row.at, durationMs });
+  }
+
+  /** What an answer cost, and the session in which the next one continues. */
+  addCost(costUsd: number, session: string | undefined): void {
+    this.#current.costUsd += costUsd;
+    if (session !== undefined) this.#current.session = session;
+    if (this.#current.rows.length > 0) this.store.saveConversation(this.#current);
+  }
+
+  /** Writes the current conversation again, after the store was replaced. */
+  saveAgain(): void {
+    if (this.#current.rows.length === 0) return;
+    this.store.saveConversation(this.#current);
+    for (const row of this.#current.rows) this.store.addRow(this.#current.conversationId, row);
+  }
+
+  #keep(row: Row): void {
+    this.#current.rows = [...this.#current.rows, row].slice(-mostRows);
+    this.store.saveConversation(this.#current);
+    this.store.addRow(this.#current.conversationId, row);
+  }
+
+  #fresh(): StoredConversation {
+    const startedAt = this.clock.now();
+    return { conversationId: crypto.randomUUID(), startedAt, costUsd: 0, answers: 0, rows: [], session: undefined };
+  }
+
+  /** Rows are told apart by their time: no two have the same. */
+  #nextAt(): number {
+    return Math.max(this.clock.now(), (this.#open?.at ?? this.#current.rows.at(-1)?.at ?? 0) + 1);
+  }
+}

@@ -1,0 +1,56 @@
+// The dictation draft: what was taken down, until it is carried out, cleared, or too old.
+
+import type { Clock } from "./clock.ts";
+import type { DraftEntry } from "./protocol.ts";
+
+const mostEntries = 100;
+
+export class Draft {
+  #entries: DraftEntry[] = [];
+  #cancel = (): void => {};
+
+  constructor(
+    readonly clock: Clock,
+    readonly maxAgeMs: () => number,
+    /** Entries have lapsed. */
+    readonly lapsed: () => void,
+  ) {}
+
+  get entries(): DraftEntry[] {
+    return this.#entries;
+  }
+
+  get isOpen(): boolean {
+    return this.#entries.length > 0;
+  }
+
+  add(text: string): void {
+    const at = Math.max(this.clock.now(), (this.#entries.at(-1)?.at ?? 0) + 1);
+    this.#entries = [...this.#entries, { at, text }].slice(-mostEntries);
+    this.dropOld();
+  }
+
+  /** Everything that was taken down, as one request; the draft is empty then. */
+  take(): string {
+    const texts = this.#entries.map(({ text }) => (/[.!?…]$/.test(text) ? text : `${text}.`));
+    this.clear();
+    return texts.join(" ");
+  }
+
+  clear(): void {
+    this.#entries = [];
+    this.#cancel();
+  }
+
+  /** Drops what has lapsed; to be called as well when the age was set anew. */
+  dropOld(): void {
+    this.#cancel();
+    const oldest = this.clock.now() - this.maxAgeMs();
+    const kept = this.#entries.filter(({ at }) => at > oldest);
+    const hasLapsed = kept.length < this.#entries.length;
+    this.#entries = kept;
+    const first = kept[0];
+    if (first) this.#cancel = this.clock.after(first.at - oldest, () => this.dropOld());
+    if (hasLapsed) this.lapsed();
+  }
+}

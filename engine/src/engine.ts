@@ -1,0 +1,180 @@
+// The whole engine but for its port: wires the parts together, and gives the documents and takes the commands.
+
+import { join } from "node:path";
+import { AudioLink } from "./audioLink.ts";
+import type { Brain } from "./brain.ts";
+import { actions, type Choices } from "./choices.ts";
+import type { Clock } from "./clock.ts";
+import { Conversations } from "./conversations.ts";
+import { EventStream } from "./eventStream.ts";
+import type { Locale } from "./language.ts";
+import type { Log } from "./log.ts";
+import { Loop } from "./loop.ts";
+import { phrases } from "./phrases.ts";
+import type { ConversationSummary, LoopState, Options, Settings, Snapshot } from "./protocol.ts";
+import type { Recogniser } from "./recogniser.ts";
+import { SettingsKeeper } from "./settings.ts";
+import { Speaker } from "./speaker.ts";
+import { Store } from "./store.ts";
+import type { Synthesiser } from "./synthesiser.ts";
+import { mkdirSync } from "node:fs";
+
+export interface EngineParts {
+  clock: Clock;
+  log: Log;
+  locale: Locale;
+  /** Where the engine keeps its data. */
+  folder: string;
+  choices: Choices;
+  synthesiser: Synthesiser;
+  recogniser: (settings: () => Settings) => Recogniser;
+  brain: Brain;
+}
+
+export class Engine {
+  readonly events = new EventStream();
+  readonly link: AudioLink;
+  readonly loop: Loop;
+  readonly #parts: EngineParts;
+  readonly #store: Store;
+  readonly #settings: SettingsKeeper;
+  readonly #conversations: Conversations;
+  readonly #speaker: Speaker;
+  #sessionStartedAt: number;
+  #toldState: LoopState | undefined;
+
+  constructor(parts: EngineParts) {
+    this.#parts = parts;
+    const { clock, log, locale } = parts;
+    const workingFolder = join(parts.folder, "work");
+    this.#sessionStartedAt = clock.now();
+    this.#store = new Store(parts.folder, log);
+    try {
+      mkdirSync(workingFolder, { recursive: true, mode: 0o700 });
+    } catch {
+      // The store has said what is wrong with the folder.
+    }
+    this.#settings = new SettingsKeeper(this.#store, {
+      locale,
+      workingFolder,
+      recogniserModels: parts.choices.recogniserModels(),
+      actionIds: actions.map(({ id }) => id),
+    });
+    this.#conversations = new Conversations(this.#store, clock);
+    this.#store.onReplaced = () => {
+      this.#settings.saveAll();
+      this.#conversations.saveAgain();
+    };
+    const settings = (): Settings => this.#settings.current;
+    this.link = new AudioLink({
+      connected: () => this.#connected(),
+      disconnected: () => this.#disconnected(),
+      device: () => this.#deviceNamed(),
+      samples: (samples) => this.loop.ears.take(samples),
+      played: (id) => this.#speaker.played(id),
+    });
+    this.#speaker = new Speaker(clock, parts.synthesiser, this.link, settings, {
+      started: (sentence) => {
+        this.loop.sentenceStarted(sentence);
+        this.events.send("spoken", JSON.stringify(sentence));
+      },
+      level: (level) => this.events.send("outLevel", String(level)),
+      sounding: (isSounding) => this.loop.ears.ownVoice(isSounding),
+    });
+    this.loop = new Loop({
+      clock,
+      log,
+      settings,
+      brain: parts.brain,
+      speaker: this.#speaker,
+      recogniser: parts.recogniser(settings),
+      conversations: this.#conversations,
+      phrases: phrases[locale.language],
+      chime: () => this.link.chime(),
+      changed: () => this.#changed(),
+      turnEnded: () => this.events.send("turnEnd", ""),
+      level: (level) => this.events.send("level", String(level)),
+    });
+  }
+
+  get state(): Snapshot {
+    const settings = this.#settings.current;
+    const { timings } = this.loop;
+    return {
+      state: this.loop.state,
+      isMuted: this.loop.isMuted,
+      isMicDead: this.loop.ears.isMicDead,
+      isEchoCancelled: settings.isEchoCancelOn && this.link.isConnected,
+      device: this.link.device,
+      conversation: this.#conversations.current,
+      session: { ...this.#parts.brain.session(settings), startedAt: this.#sessionStartedAt },
+      heard: this.loop.heard,
+      draft: this.loop.draft,
+      settings,
+      ...(timings === undefined ? {} : { timings }),
+      memory: this.#conversations.memory,
+    };
+  }
+
+  get history(): ConversationSummary[] {
+    return this.#conversations.history;
+  }
+
+  options(): Promise<Options> {
+    return this.#parts.choices.options(this.link.device);
+  }
+
+  newConversation(): void {
+    this.#sessionStartedAt = this.#parts.clock.now();
+    this.loop.newConversation();
+  }
+
+  /** Sets all of these or none; what is wrong, if anything is. */
+  set(values: Record<string, unknown>): string | undefined {
+    const outcome = this.#settings.set(values);
+    if ("problem" in outcome) return outcome.problem;
+    for (const key of outcome.keys) {
+      if (key === "inputDevice" || key === "inputPreference") void this.#chooseInput();
+      if (key === "isEchoCancelOn") this.link.enable(this.#settings.current.isEchoCancelOn);
+    }
+    this.loop.settingsChanged();
+    this.#changed();
+    return undefined;
+  }
+
+  close(): void {
+    this.#store.close();
+  }
+
+  #connected(): void {
+    const { isEchoCancelOn, inputDevice, inputPreference } = this.#settings.current;
+    if (!isEchoCancelOn) this.link.enable(false);
+    if (inputDevice !== undefined || inputPreference.length > 0) void this.#chooseInput();
+    this.loop.ears.connect(true);
+  }
+
+  #disconnected(): void {
+    this.#speaker.disconnected();
+    this.loop.ears.connect(false);
+  }
+
+  #deviceNamed(): void {
+    this.loop.ears.deviceChanged();
+    this.#changed();
+  }
+
+  /** The microphone that was chosen, else the first preferred one that is there, else the system's. */
+  async #chooseInput(): Promise<void> {
+    const { inputDevice, inputPreference } = this.#settings.current;
+    if (inputDevice !== undefined) return this.link.useInput(inputDevice);
+    const present = inputPreference.length > 0 ? (await this.options()).inputs : [];
+    this.link.useInput(inputPreference.find((name) => present.includes(name)));
+  }
+
+  #changed(): void {
+    const { state } = this.loop;
+    if (state === this.#toldState) return this.events.send("change", "");
+    this.#toldState = state;
+    this.events.send("phase", state);
+  }
+}

@@ -1,0 +1,149 @@
+// What an utterance asks for, by its words and by what was going on when it was said.
+
+import { plainWords } from "./language.ts";
+import type { Phrases } from "./phrases.ts";
+import type { HeardAction } from "./protocol.ts";
+
+export interface Circumstances {
+  wakeWords: string[];
+  actionPhrases: string[];
+  /** Only what is addressed to the agent counts. */
+  isDirected: boolean;
+  isDraftOn: boolean;
+  isDraftOpen: boolean;
+  /** A listening window was open: no name is needed. */
+  isWindowOpen: boolean;
+  /** It began while the agent was speaking or had just spoken; and it silenced the agent. */
+  overlapsSpeech: boolean;
+  hasInterrupted: boolean;
+  /** An answer is being thought out. */
+  isThinking: boolean;
+  /** What the agent was saying. */
+  spoken: string;
+  phrases: Phrases;
+}
+
+export type Command = "stop" | "clearDraft" | "newConversation" | "mute" | "runDraft" | "draft" | "ask";
+
+export interface Interpretation {
+  action: HeardAction;
+  reason?: string;
+  command?: Command;
+  /** For "ask", "draft" and "runDraft": the words that count, as they were said. */
+  text?: string;
+}
+
+/** From this share of its words on, what overlaps the agent's voice is taken for that voice. */
+const echoShare = 0.7;
+
+export function interpret(text: string, isUnderstood: boolean, around: Circumstances): Interpretation {
+  const { reasons } = around.phrases;
+  const words = wordsOf(text);
+  if (words.length > 0 && around.overlapsSpeech && resembles(words, around.spoken)) {
+    return { action: "echo", reason: reasons.ownVoice };
+  }
+  const named = withoutName(words, around);
+  const rest = named ?? words;
+  const isSaid = (list: string[]): boolean => list.some((phrase) => equals(rest, plainWords(phrase)));
+
+  if (isSaid(around.phrases.stop) && (around.hasInterrupted || (around.isThinking && (named || !around.isDirected)))) {
+    return { action: "interrupted", command: "stop" };
+  }
+  if (!isUnderstood || words.length === 0) {
+    if (around.hasInterrupted) return { action: "interrupted", reason: reasons.interruptedAnswer };
+    return { action: "ignored", reason: reasons.notUnderstood };
+  }
+  const isMeant = named !== undefined || around.isWindowOpen || around.isDraftOpen || around.hasInterrupted;
+  if (!isMeant && around.isDirected) return { action: "ignored", reason: reasons.noName };
+  if (around.isThinking && named === undefined) return { action: "ignored", reason: reasons.thinking };
+  if (rest.length === 0) return { action: "summoned" };
+  if (isSaid(around.phrases.stop)) return { action: "accepted", command: "stop" };
+  if (isSaid(around.phrases.newConversation)) return { action: "accepted", command: "newConversation" };
+  if (isSaid(around.phrases.mute)) return { action: "accepted", command: "mute" };
+  if (isSaid(around.phrases.clearDraft)) return { action: "cleared", command: "clearDraft" };
+
+  if (around.isDraftOn || around.isDraftOpen) {
+    const before = withoutActionPhrase(rest, around.actionPhrases);
+    if (before === undefined) return { action: "drafted", command: "draft", text: said(rest) };
+    if (before.length === 0 && !around.isDraftOpen) return { action: "ignored", reason: reasons.draftEmpty };
+    return { action: "acted", command: "runDraft", text: said(before) };
+  }
+  const over = around.hasInterrupted ? { reason: reasons.overAnswer } : {};
+  return { action: "accepted", command: "ask", text: said(rest), ...over };
+}
+
+/** A word as it is compared, and the piece of the text that it came from. */
+interface Word {
+  plain: string;
+  original: string;
+}
+
+function wordsOf(text: string): Word[] {
+  const pieces = text.trim().split(/\s+/);
+  return pieces.flatMap((original) => {
+    const plain = plainWords(original).join("");
+    return plain === "" ? [] : [{ plain, original }];
+  });
+}
+
+function said(words: Word[]): string {
+  const text = words.map(({ original }) => original).join(" ").replace(/^[\s,;:.!?-]+|[\s,;:-]+$/g, "");
+  return text.charAt(0).toUpperCase() + text.slice(1);
+}
+
+function equals(words: Word[], phrase: string[]): boolean {
+  return words.length === phrase.length && startsWith(words, phrase, 0);
+}
+
+function startsWith(words: Word[], phrase: string[], at: number): boolean {
+  return phrase.length > 0 && phrase.every((part, index) => isSame(words[at + index]?.plain, plainWords(part).join("")));
+}
+
+/** Recognisers misspell names: a letter may be wrong in a word of five, two in one of eight. */
+function isSame(word: string | undefined, wanted: string): boolean {
+  if (word === undefined) return false;
+  const tolerance = wanted.length >= 8 ? 2 : wanted.length >= 5 ? 1 : 0;
+  return word === wanted || (tolerance > 0 && distance(word, wanted) <= tolerance);
+}
+
+/** The words without the agent's name, said first or last; undefined when it was not said. */
+function withoutName(words: Word[], { wakeWords, phrases }: Circumstances): Word[] | undefined {
+  const names = wakeWords.map(plainWords).sort((a, b) => b.length - a.length);
+  const calls = phrases.calls.map((call) => plainWords(call).join(""));
+  for (const name of names) {
+    const from = calls.includes(words[0]?.plain ?? "") && !startsWith(words, name, 0) ? 1 : 0;
+    if (startsWith(words, name, from)) return words.slice(from + name.length);
+    const tail = words.length - name.length;
+    if (tail > 0 && startsWith(words, name, tail)) return words.slice(0, tail);
+  }
+  return undefined;
+}
+
+/** What was said before the action phrase that ends the utterance; undefined when none does. */
+function withoutActionPhrase(words: Word[], actionPhrases: string[]): Word[] | undefined {
+  for (const phrase of actionPhrases.map(plainWords)) {
+    const at = words.length - phrase.length;
+    if (at >= 0 && startsWith(words, phrase, at)) return words.slice(0, at);
+  }
+  return undefined;
+}
+
+function resembles(words: Word[], spoken: string): boolean {
+  const own = new Set(plainWords(spoken));
+  const shared = words.filter((word) => own.has(word.plain)).length;
+  return shared / words.length >= echoShare;
+}
+
+/** The least number of letters to be changed, added or left out (Levenshtein). */
+function distance(a: string, b: string): number {
+  let row = Array.from({ length: b.length + 1 }, (_, index) => index);
+  for (let i = 1; i <= a.length; i++) {
+    const next = [i];
+    for (let j = 1; j <= b.length; j++) {
+      const change = (row[j - 1] ?? 0) + (a[i - 1] === b[j - 1] ? 0 : 1);
+      next.push(Math.min(change, (row[j] ?? 0) + 1, (next[j - 1] ?? 0) + 1));
+    }
+    row = next;
+  }
+  return row[b.length] ?? 0;
+}

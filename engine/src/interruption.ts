@@ -1,0 +1,65 @@
+// Decides, while the agent's own voice sounds, whether somebody else speaks too. What the echo canceller leaves of the
+// agent's voice is weak, with short bursts; a person is loud and goes on. Each 10 ms frame is evidence, for by how far
+// it stands above a gate, against when it lies below; enough of it in a row decides. The gate follows what the
+// canceller leaves. (Sequential test on a clipped log-likelihood ratio: Wald, "Sequential Analysis", 1947.)
+
+/** Never below this, dBFS: residues of a converged canceller lie under it. */
+const leastGate = -46;
+/** The gate stands this far above the noise of the room and above the residue, dB. */
+const noiseMargin = 12;
+const residueMargin = 8;
+/** Before anything is known of the residue it is taken to be this, dBFS. */
+const firstResidue = -40;
+/** The residue is the level that 95 of 100 frames of the agent's own voice do not reach (a quantile by steps). */
+const upStep = 0.95;
+const downStep = 0.05;
+/** A voice must not raise the gate that it is to pass: what was learned last does not count yet. */
+const learningDelayFrames = 40;
+/** Frames below the gate count against by as much as this many dB above it count for. */
+const evidenceScale = 6;
+const mostEvidence = 1.5;
+const enoughEvidence = 10;
+
+export class InterruptionDetector {
+  #residue = firstResidue;
+  #pending: number[] = [];
+  #evidence = 0;
+
+  /** What the canceller leaves of the agent's voice, dBFS. */
+  get residue(): number {
+    return this.#residue;
+  }
+
+  /** Takes one frame's level while the agent's own voice sounds, dBFS; true when somebody else speaks. */
+  take(level: number, noise: number): boolean {
+    const gate = Math.max(leastGate, noise + noiseMargin, this.#residue + residueMargin);
+    const evidence = Math.max(-mostEvidence, Math.min(mostEvidence, (level - gate) / evidenceScale));
+    this.#evidence = Math.max(0, this.#evidence + evidence);
+    if (this.#evidence >= enoughEvidence) {
+      this.rest();
+      return true;
+    }
+    this.#pending.push(level);
+    if (this.#pending.length > learningDelayFrames) this.#learn(this.#pending.shift() ?? level);
+    return false;
+  }
+
+  /** The agent's own voice has ended, or somebody else's was found: what is not yet learned is left out. */
+  rest(): void {
+    if (this.#evidence > 0 || this.#pending.length > 0) {
+      this.#pending = [];
+      this.#evidence = 0;
+    }
+  }
+
+  /** The microphone or the loudspeaker changed: nothing is known of the residue. */
+  forget(): void {
+    this.#residue = firstResidue;
+    this.rest();
+  }
+
+  #learn(level: number): void {
+    this.#residue += level > this.#residue ? upStep : -downStep;
+    this.#residue = Math.max(-80, Math.min(-20, this.#residue));
+  }
+}

@@ -1,0 +1,39 @@
+// Live levels for the front end's meters: seldom, rounded, and only while they change.
+
+import type { Clock } from "./clock.ts";
+
+const intervalMs = 50;
+const step = 0.02;
+
+export class LevelMeter {
+  #sent = 0;
+  #sentAt = -Infinity;
+  #highest = 0;
+
+  constructor(
+    readonly clock: Clock,
+    readonly send: (level: number) => void,
+  ) {}
+
+  /** Takes a level from 0 to 1. What comes faster than the meter is sent as the highest of it. */
+  show(level: number): void {
+    this.#highest = Math.max(this.#highest, level);
+    const now = this.clock.now();
+    if (now - this.#sentAt < intervalMs) return;
+    this.#put(Math.round(this.#highest / step) * step, now);
+    this.#highest = 0;
+  }
+
+  /** Nothing is to be heard any more. */
+  clear(): void {
+    this.#highest = 0;
+    this.#put(0, this.clock.now());
+  }
+
+  #put(level: number, now: number): void {
+    if (Math.abs(level - this.#sent) < step / 2) return;
+    this.#sent = level;
+    this.#sentAt = now;
+    this.send(Number(level.toFixed(2)));
+  }
+}

@@ -1,0 +1,268 @@
+// The voice loop: what the agent is doing, and what each command and each utterance makes it do.
+
+import type { Clock } from "./clock.ts";
+import type { Conversations } from "./conversations.ts";
+import { Draft } from "./draft.ts";
+import { Ears, type HeardSpeech } from "./ears.ts";
+import { interpret, type Interpretation } from "./interpretation.ts";
+import type { Phrases } from "./phrases.ts";
+import type { Brain } from "./brain.ts";
+import type { Heard, LoopState, Settings, Timings } from "./protocol.ts";
+import type { Recogniser } from "./recogniser.ts";
+import type { Speaker } from "./speaker.ts";
+import { Turn, type Question } from "./turn.ts";
+import { ListeningWindow } from "./window.ts";
+import type { Log } from "./log.ts";
+
+export interface LoopPorts {
+  clock: Clock;
+  brain: Brain;
+  speaker: Speaker;
+  recogniser: Recogniser;
+  conversations: Conversations;
+  phrases: Phrases;
+  settings: () => Settings;
+  log: Log;
+  chime(): void;
+  /** Something that is shown has changed. */
+  changed(): void;
+  turnEnded(): void;
+  level(level: number): void;
+}
+
+const mostHeard = 50;
+/** The chime is not to be taken for speech. */
+const chimeMs = 400;
+
+export class Loop {
+  readonly ears: Ears;
+  readonly #draft: Draft;
+  readonly #window: ListeningWindow;
+  #turn: Turn | undefined;
+  #isSampling = false;
+  #isMuted = false;
+  #heard: Heard[] = [];
+  #timings: Timings | undefined;
+  #spokenLately = "";
+
+  constructor(readonly ports: LoopPorts) {
+    const { clock, settings, changed } = ports;
+    this.#draft = new Draft(clock, () => settings().draftMaxAgeMs, changed);
+    this.#window = new ListeningWindow(clock, changed);
+    this.ears = new Ears(ports, {
+      began: (overlapsSpeech) => this.#somebodySpeaks(overlapsSpeech),
+      heard: (speech) => this.#take(speech),
+      changed,
+      context: () => ({ isWindowOpen: this.#window.isOpen, isMuted: this.#isMuted }),
+    });
+  }
+
+  get state(): LoopState {
+    if (this.#turn) return this.#turn.phase;
+    if (this.#isSampling) return "speaking";
+    if (this.#isMuted) return "muted";
+    if (this.ears.isBusy) return "hearing";
+    if (this.#draft.isOpen) return "drafting";
+    // Whoever asks it to listen is told why it cannot.
+    if (this.#window.isOpen) return this.ears.isMicDead ? "muted" : "listening";
+    return "waiting";
+  }
+
+  get isMuted(): boolean {
+    return this.#isMuted;
+  }
+
+  get heard(): Heard[] {
+    return this.#heard;
+  }
+
+  get draft(): Draft["entries"] {
+    return this.#draft.entries;
+  }
+
+  get timings(): Timings | undefined {
+    return this.#timings;
+  }
+
+  listen(): void {
+    this.#endTurn();
+    this.#isMuted = false;
+    this.#summon();
+    this.ports.changed();
+  }
+
+  /** Ends whatever goes on. The draft stays. */
+  stop(): void {
+    this.#endTurn();
+    this.#window.close();
+    this.ears.abandon();
+    this.ports.changed();
+  }
+
+  toggleMute(): void {
+    this.#isMuted = !this.#isMuted;
+    if (this.#isMuted) {
+      this.#window.close();
+      this.ears.forget();
+    }
+    this.ports.changed();
+  }
+
+  newConversation(): void {
+    this.#endTurn();
+    this.#window.close();
+    this.ports.conversations.begin();
+    this.#timings = undefined;
+    this.ports.changed();
+    this.ports.turnEnded();
+  }
+
+  say(text: string): void {
+    this.#ask({ text, isSpoken: false, askedAt: this.ports.clock.now() });
+  }
+
+  act(): void {
+    if (this.#draft.isOpen) this.#ask({ text: this.#draft.take(), isSpoken: false, askedAt: this.ports.clock.now() });
+  }
+
+  clearDraft(): void {
+    this.#draft.clear();
+    this.ports.changed();
+  }
+
+  /** Lets the voice be heard as it is set. */
+  sample(): void {
+    this.#endTurn();
+    void this.#announce(this.ports.phrases.sample(this.ports.settings().voiceName));
+  }
+
+  /** A sentence of the agent's begins to be heard. */
+  sentenceStarted(sentence: string): void {
+    this.#spokenLately = `${this.#spokenLately} ${sentence}`.slice(-2_000);
+    this.#turn?.sentenceStarted();
+    if (this.#turn?.timings) this.#timings = this.#turn.timings;
+    this.ports.changed();
+  }
+
+  settingsChanged(): void {
+    this.#draft.dropOld();
+    this.ears.settingsChanged();
+  }
+
+  #somebodySpeaks(overlapsSpeech: boolean): void {
+    if (overlapsSpeech && (this.#turn || this.#isSampling)) {
+      this.#endTurn();
+      this.ears.hasInterrupted = true;
+    }
+    this.ports.changed();
+  }
+
+  #take(speech: HeardSpeech): void {
+    const { settings, phrases } = this.ports;
+    if (this.#isMuted) return this.#note(speech, { action: "muted", reason: phrases.reasons.muted });
+    const { wakeWords, actionPhrases, isDirectedOn, isDraftOn } = settings();
+    const decision = interpret(speech.text, speech.isUnderstood, {
+      wakeWords,
+      actionPhrases,
+      isDirected: isDirectedOn,
+      isDraftOn,
+      isDraftOpen: this.#draft.isOpen,
+      isWindowOpen: speech.isWindowOpen,
+      overlapsSpeech: speech.overlapsSpeech,
+      hasInterrupted: speech.hasInterrupted,
+      isThinking: this.#turn !== undefined,
+      spoken: this.#spokenLately,
+      phrases,
+    });
+    this.#note(speech, decision);
+    this.#carryOut(speech, decision);
+    this.ports.changed();
+  }
+
+  #carryOut(speech: HeardSpeech, { action, command, text = "" }: Interpretation): void {
+    const question = (words: string): Question => ({
+      text: words,
+      isSpoken: true,
+      askedAt: speech.endedAt,
+      transcribeMs: speech.transcribeMs,
+    });
+    switch (command) {
+      case "stop":
+        return this.stop();
+      case "clearDraft":
+        return this.#draft.clear();
+      case "newConversation":
+        this.newConversation();
+        return void this.#announce(this.ports.phrases.conversationBegun);
+      case "mute":
+        return this.toggleMute();
+      case "draft":
+        this.#window.close();
+        return this.#draft.add(text);
+      case "runDraft":
+        if (text !== "") this.#draft.add(text);
+        return this.#ask(question(this.#draft.take()));
+      case "ask":
+        return this.#ask(question(text));
+      case undefined:
+        // Called, or silenced without a request: it listens for what follows.
+        if (action === "summoned" || action === "interrupted") this.#summon();
+    }
+  }
+
+  #ask(question: Question): void {
+    this.#endTurn();
+    this.#window.close();
+    this.#spokenLately = "";
+    const turn = new Turn(question, this.ports);
+    this.#turn = turn;
+    const failed = (error: unknown): void => this.ports.log(`um pedido falhou (${String(error)})`);
+    void turn.run().catch(failed).then(() => {
+      if (turn !== this.#turn) return;
+      this.#turn = undefined;
+      this.#timings = turn.timings;
+      if (question.isSpoken && !this.#isMuted) this.#window.open(this.ports.settings().followUpMs);
+      this.ports.changed();
+      this.ports.turnEnded();
+    });
+    this.ports.changed();
+  }
+
+  #endTurn(): void {
+    const turn = this.#turn;
+    this.#turn = undefined;
+    this.#isSampling = false;
+    if (turn) {
+      turn.stop();
+      this.ports.turnEnded();
+    } else {
+      this.ports.speaker.stop();
+    }
+  }
+
+  /** Says a sentence that belongs to no conversation. */
+  async #announce(sentence: string): Promise<void> {
+    this.#isSampling = true;
+    this.#spokenLately = "";
+    this.ports.speaker.say(sentence);
+    this.ports.changed();
+    await this.ports.speaker.finished();
+    // Another turn or sample may have taken its place meanwhile.
+    if (this.#turn || this.ports.speaker.isBusy) return;
+    this.#isSampling = false;
+    this.ports.changed();
+  }
+
+  #summon(): void {
+    this.#window.open(this.ports.settings().summonMs);
+    this.ears.guard(chimeMs);
+    this.ports.chime();
+  }
+
+  #note(speech: HeardSpeech, { action, reason }: Interpretation): void {
+    const at = Math.max(speech.endedAt, (this.#heard.at(-1)?.at ?? 0) + 1);
+    const entry: Heard = { at, text: speech.text, action, ...(reason === undefined ? {} : { reason }) };
+    this.#heard = [...this.#heard, entry].slice(-mostHeard);
+    this.ports.changed();
+  }
+}

@@ -1,0 +1,39 @@
+// Cuts text into the sentences that are spoken one by one.
+
+/** The synthesiser is given no more than this at a time, in characters. */
+const longestSentence = 300;
+
+/** What is left of a text when marks that nobody reads aloud are taken out. */
+export function speakable(text: string): string {
+  return text
+    .replace(/```[\s\S]*?(```|$)/g, " ")
+    .replace(/!?\[([^\]]*)\]\([^)]*\)/g, "$1")
+    .replace(/^\s*(#+|[-*+]|>)\s+/gm, "")
+    .replace(/[*_`~|]+/g, "")
+    .replace(/\p{Cc}/gu, (mark) => (mark === "\n" ? "\n" : " "))
+    .trim();
+}
+
+export function sentencesOf(text: string): string[] {
+  const sentences: string[] = [];
+  for (const part of speakable(text).split(/(?<=[.!?…])\s+(?=[^\s\p{Ll}])|\n+/u)) {
+    const sentence = part.replace(/\s+/g, " ").trim();
+    if (/[\p{L}\p{N}]/u.test(sentence)) sentences.push(...shortened(sentence));
+  }
+  return sentences;
+}
+
+function shortened(sentence: string): string[] {
+  const parts: string[] = [];
+  let rest = sentence;
+  while (rest.length > longestSentence) {
+    const head = rest.slice(0, longestSentence);
+    const comma = Math.max(head.lastIndexOf(", "), head.lastIndexOf("; "), head.lastIndexOf(": "));
+    const blank = head.lastIndexOf(" ");
+    const cut = comma > longestSentence / 3 ? comma + 1 : blank > 0 ? blank : longestSentence;
+    parts.push(rest.slice(0, cut).trim());
+    rest = rest.slice(cut).trim();
+  }
+  if (rest !== "") parts.push(rest);
+  return parts;
+}

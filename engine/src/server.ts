@@ -1,0 +1,114 @@
+// The engine's port: HTTP documents and commands, the event stream, and the audio link. Loopback only.
+
+import type { Server, ServerWebSocket } from "bun";
+import type { Engine } from "./engine.ts";
+import { isRecord, parseJson } from "./protocol.ts";
+
+/** A typed request, or a settings change; nothing that the front end sends is larger. */
+const maxBody = 64 * 1024;
+const maxRequest = 16 * 1024;
+const maxLinkMessage = 1 << 20;
+/** What a front end may leave unread of clips and commands before it is taken for dead. */
+const maxUnread = 64 << 20;
+
+type Link = ServerWebSocket<undefined>;
+
+export class PortTaken extends Error {}
+
+export function serve(engine: Engine, port: number): Server<undefined> {
+  try {
+    return Bun.serve<undefined>({
+      hostname: "127.0.0.1",
+      port,
+      idleTimeout: 0,
+      maxRequestBodySize: maxBody,
+      fetch: (request, server) => respond(engine, request, server),
+      error: () => problem(500, "internal error"),
+      websocket: {
+        idleTimeout: 0,
+        sendPings: false,
+        maxPayloadLength: maxLinkMessage,
+        backpressureLimit: maxUnread,
+        closeOnBackpressureLimit: true,
+        open: (socket: Link) => engine.link.opened(socket),
+        close: (socket: Link) => engine.link.closed(socket),
+        message: (socket: Link, message: string | Buffer) => {
+          if (typeof message === "string") engine.link.text(socket, message);
+          else engine.link.audio(socket, message);
+        },
+      },
+    });
+  } catch (error) {
+    if ((error as { code?: string }).code === "EADDRINUSE") throw new PortTaken();
+    throw error;
+  }
+}
+
+async function respond(engine: Engine, request: Request, server: Server<undefined>): Promise<Response | undefined> {
+  if (!isOurs(request, server.port ?? 0)) return problem(403, "not for web pages");
+  const path = new URL(request.url).pathname;
+  if (path === "/audio") {
+    return server.upgrade(request) ? undefined : problem(426, "a WebSocket");
+  }
+  const isDocument = ["/state", "/history", "/options", "/events"].includes(path);
+  const isCommand = Object.hasOwn(commands, path);
+  if (!isDocument && !isCommand) return problem(404, "no such path");
+  if (request.method !== (isDocument ? "GET" : "POST")) return problem(405, isDocument ? "GET" : "POST");
+  switch (path) {
+    case "/state":
+      return Response.json(engine.state);
+    case "/history":
+      return Response.json(engine.history);
+    case "/options":
+      return Response.json(await engine.options());
+    case "/events":
+      return engine.events.open();
+    default:
+      return (await commands[path]?.(engine, request)) ?? Response.json({ ok: true });
+  }
+}
+
+type Command = (engine: Engine, request: Request) => Promise<Response | undefined> | void;
+
+const commands: Record<string, Command> = {
+  "/listen": (engine) => engine.loop.listen(),
+  "/stop": (engine) => engine.loop.stop(),
+  "/mute": (engine) => engine.loop.toggleMute(),
+  "/new": (engine) => engine.newConversation(),
+  "/sample": (engine) => engine.loop.sample(),
+  "/act": (engine) => engine.loop.act(),
+  "/draft/clear": (engine) => engine.loop.clearDraft(),
+  "/say": async (engine, request) => {
+    const body = await readBody(request);
+    const text = typeof body?.text === "string" ? body.text.trim() : "";
+    if (text === "" || text.length > maxRequest) return problem(400, 'a JSON object with a "text"');
+    engine.loop.say(text);
+    return undefined;
+  },
+  "/settings": async (engine, request) => {
+    const body = await readBody(request);
+    if (body === undefined || Object.keys(body).length === 0) return problem(400, "a JSON object of settings");
+    const wrong = await engine.set(body);
+    return wrong === undefined ? undefined : problem(400, wrong);
+  },
+};
+
+async function readBody(request: Request): Promise<Record<string, unknown> | undefined> {
+  const value = parseJson(await request.text().catch(() => ""));
+  return isRecord(value) ? value : undefined;
+}
+
+/**
+ * Browsers reach the loopback interface too. A page of somebody else's says where it comes from, and one that hides
+ * behind a name of its own says so in the host.
+ */
+function isOurs(request: Request, port: number): boolean {
+  const hosts = [`127.0.0.1:${port}`, `localhost:${port}`];
+  const origin = request.headers.get("origin") ?? "";
+  const isOwnOrigin = origin === "" || hosts.some((host) => origin === `http://${host}` || origin === `ws://${host}`);
+  return isOwnOrigin && hosts.includes(request.headers.get("host") ?? "");
+}
+
+function problem(status: number, text: string): Response {
+  return Response.json({ problem: text }, { status });
+}

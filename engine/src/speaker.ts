@@ -1,0 +1,182 @@
+// The agent's voice: takes sentences in order, has each made into a clip, hands the clips to the front end, and knows
+// which is being heard. A sentence without a clip (no front end, no synthesiser) stays for as long as it takes to read.
+
+import type { Clock } from "./clock.ts";
+import { LevelMeter } from "./level.ts";
+import type { Settings } from "./protocol.ts";
+import type { Synthesiser } from "./synthesiser.ts";
+import { envelopeStepMs, type Clip } from "./wav.ts";
+
+export interface SpeakerOutput {
+  /** Whether clips would be played by somebody. */
+  readonly isConnected: boolean;
+  play(id: number, clip: Clip): void;
+  silence(): void;
+}
+
+export interface SpeakerEvents {
+  /** This sentence begins to be heard, or to be shown. */
+  started(sentence: string): void;
+  level(level: number): void;
+  /** The agent's own voice begins to sound, or has ended. */
+  sounding(isSounding: boolean): void;
+}
+
+interface Line {
+  id: number;
+  sentence: string;
+  clip?: Clip;
+  state: "waiting" | "making" | "made" | "sent";
+}
+
+/** Clips that are made and not yet heard. */
+const mostAhead = 3;
+/** A clip that is not reported this long after it should have ended never will be. */
+const reportGraceMs = 4_000;
+
+export class Speaker {
+  #lines: Line[] = [];
+  #nextId = 1;
+  #cancelTimer = (): void => {};
+  #cancelLevel = (): void => {};
+  #startedAt = 0;
+  #started: Line | undefined;
+  #isSounding = false;
+  #abort = new AbortController();
+  #idle: (() => void)[] = [];
+  readonly #meter: LevelMeter;
+
+  constructor(
+    readonly clock: Clock,
+    readonly synthesiser: Synthesiser,
+    readonly output: SpeakerOutput,
+    readonly settings: () => Settings,
+    readonly events: SpeakerEvents,
+  ) {
+    this.#meter = new LevelMeter(clock, (level) => events.level(level));
+  }
+
+  /** Something is still to be heard. */
+  get isBusy(): boolean {
+    return this.#lines.length > 0;
+  }
+
+  get isSounding(): boolean {
+    return this.#isSounding;
+  }
+
+  say(sentence: string): void {
+    this.#lines.push({ id: this.#nextId++, sentence, state: "waiting" });
+    this.#advance();
+  }
+
+  /** Resolves when all that was said has been heard, or was stopped. */
+  async finished(): Promise<void> {
+    if (this.#lines.length === 0) return;
+    await new Promise<void>((resolve) => this.#idle.push(resolve));
+  }
+
+  /** Falls silent at once. */
+  stop(): void {
+    this.#abort.abort();
+    this.#abort = new AbortController();
+    if (this.#lines.some((line) => line.state === "sent" && line.clip)) this.output.silence();
+    this.#lines = [];
+    this.#settle();
+  }
+
+  /** The front end has played this clip, or gave it up. Other ids are none of ours. */
+  played(id: number): void {
+    const line = this.#lines.find((candidate) => candidate.id === id && candidate.state === "sent");
+    if (line) this.#end(line);
+  }
+
+  /** The front end is gone: what it was to play is not waited for. */
+  disconnected(): void {
+    this.#lines = this.#lines.filter((line) => line.state !== "sent");
+    this.#settle();
+  }
+
+  #end(line: Line): void {
+    this.#lines = this.#lines.filter((candidate) => candidate !== line);
+    this.#settle();
+  }
+
+  #settle(): void {
+    if (this.#started && !this.#lines.includes(this.#started)) {
+      this.#started = undefined;
+      this.#cancelTimer();
+      this.#cancelLevel();
+    }
+    this.#advance();
+    if (this.#started === undefined || this.#started.clip === undefined) {
+      this.#meter.clear();
+      this.#sound(false);
+    }
+    if (this.#lines.length > 0) return;
+    const waiting = this.#idle;
+    this.#idle = [];
+    for (const resolve of waiting) resolve();
+  }
+
+  #advance(): void {
+    const ahead = this.#lines.slice(0, mostAhead);
+    if (!ahead.some((line) => line.state === "making")) {
+      const next = ahead.find((line) => line.state === "waiting");
+      if (next) void this.#make(next);
+    }
+    for (const line of ahead) {
+      if (line.state === "sent") continue;
+      if (line.state !== "made") break;
+      // A line that is only shown must not overtake, nor be overtaken by, what sounds.
+      const isPlayed = line.clip !== undefined && this.output.isConnected;
+      if (!isPlayed && line !== this.#lines[0]) break;
+      if (isPlayed && this.#lines[0]?.state === "sent" && this.#lines[0].clip === undefined) break;
+      if (!isPlayed) delete line.clip;
+      line.state = "sent";
+      if (line.clip) this.output.play(line.id, line.clip);
+    }
+    const first = this.#lines[0];
+    if (first && first.state === "sent" && this.#started !== first) this.#start(first);
+  }
+
+  async #make(line: Line): Promise<void> {
+    line.state = "making";
+    const signal = this.#abort.signal;
+    const clip = this.output.isConnected
+      ? await this.synthesiser.speak(line.sentence, this.settings(), signal).catch(() => undefined)
+      : undefined;
+    if (signal.aborted) return;
+    if (clip) line.clip = clip;
+    line.state = "made";
+    this.#advance();
+  }
+
+  #start(line: Line): void {
+    this.#started = line;
+    this.#startedAt = this.clock.now();
+    const length = line.clip ? line.clip.durationMs + reportGraceMs : readingTime(line.sentence);
+    this.#cancelTimer = this.clock.after(length, () => this.#end(line));
+    if (line.clip) {
+      this.#sound(true);
+      this.#followLevel(line.clip);
+    }
+    this.events.started(line.sentence);
+  }
+
+  #followLevel(clip: Clip): void {
+    this.#meter.show(clip.envelope[Math.floor((this.clock.now() - this.#startedAt) / envelopeStepMs)] ?? 0);
+    if (this.clock.now() - this.#startedAt > clip.durationMs) return;
+    this.#cancelLevel = this.clock.after(envelopeStepMs, () => this.#followLevel(clip));
+  }
+
+  #sound(isSounding: boolean): void {
+    if (this.#isSounding === isSounding) return;
+    this.#isSounding = isSounding;
+    this.events.sounding(isSounding);
+  }
+}
+
+function readingTime(sentence: string): number {
+  return Math.min(8_000, Math.max(1_200, 60 * sentence.length));
+}

@@ -1,0 +1,49 @@
+// Speech by `espeak-ng`: one sentence in, one WAV clip out.
+
+import type { Children } from "./children.ts";
+import type { Settings } from "./protocol.ts";
+import { readClip, type Clip } from "./wav.ts";
+import type { Log } from "./log.ts";
+
+export interface Synthesiser {
+  /** Undefined when there is no speech to be had, or when `signal` was raised. */
+  speak(sentence: string, settings: Settings, signal: AbortSignal): Promise<Clip | undefined>;
+}
+
+const timeoutMs = 10_000;
+const maxClip = 32 << 20;
+const wordsAMinute = 165;
+
+export class EspeakSynthesiser implements Synthesiser {
+  #hasComplained = false;
+
+  constructor(
+    readonly children: Children,
+    readonly log: Log,
+  ) {}
+
+  async speak(sentence: string, settings: Settings, signal: AbortSignal): Promise<Clip | undefined> {
+    const speed = String(Math.round(wordsAMinute * settings.voiceSpeed));
+    let problem = "";
+    for (const voice of [settings.voiceId, settings.fallbackVoice, "en"]) {
+      if (!/^[\p{L}\p{N}][\p{L}\p{N}_+-]*$/u.test(voice)) continue;
+      const outcome = await this.children.run(["espeak-ng", "-b", "1", "-v", voice, "-s", speed, "--stdin", "--stdout"], {
+        input: sentence,
+        timeoutMs,
+        maxOutput: maxClip,
+        signal,
+      });
+      if (outcome.kind === "stopped") return undefined;
+      const clip = outcome.kind === "ended" && outcome.code === 0 ? readClip(outcome.output) : undefined;
+      if (clip) {
+        this.#hasComplained = false;
+        return clip;
+      }
+      problem = outcome.kind === "missing" ? "não está instalado" : `falhou (${outcome.kind}, voz ${voice})`;
+      if (outcome.kind === "missing") break;
+    }
+    if (!this.#hasComplained) this.log(`o espeak-ng ${problem}; respondo por escrito`);
+    this.#hasComplained = true;
+    return undefined;
+  }
+}

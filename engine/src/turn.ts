@@ -1,0 +1,129 @@
+// One request and its answer: thought out, written down, and spoken sentence by sentence as it comes.
+
+import type { Brain } from "./brain.ts";
+import type { Clock } from "./clock.ts";
+import type { Conversations } from "./conversations.ts";
+import type { Settings, Timings } from "./protocol.ts";
+import { sentencesOf } from "./sentences.ts";
+import type { Speaker } from "./speaker.ts";
+
+export interface Question {
+  text: string;
+  /** It was asked aloud; when its last word had been said; how long it took to be recognised. */
+  isSpoken: boolean;
+  askedAt: number;
+  transcribeMs?: number;
+}
+
+export interface TurnPorts {
+  clock: Clock;
+  brain: Brain;
+  speaker: Speaker;
+  conversations: Conversations;
+  settings: () => Settings;
+  /** Something of the turn that is shown has changed. */
+  changed(): void;
+}
+
+/** An answer is cut off here, in characters. */
+const longestAnswer = 20_000;
+
+export class Turn {
+  #phase: "thinking" | "speaking" = "thinking";
+  #isStopped = false;
+  #text = "";
+  #spokenLength = 0;
+  #firstSentenceAt: number | undefined;
+  #modelMs: number | undefined;
+  #timings: Timings | undefined;
+  readonly #abort = new AbortController();
+
+  constructor(
+    readonly question: Question,
+    readonly ports: TurnPorts,
+  ) {}
+
+  get phase(): "thinking" | "speaking" {
+    return this.#phase;
+  }
+
+  get isStopped(): boolean {
+    return this.#isStopped;
+  }
+
+  get timings(): Timings | undefined {
+    return this.#timings;
+  }
+
+  /** Resolves when the answer was heard to its end, or was stopped. */
+  async run(): Promise<void> {
+    const { clock, brain, speaker, conversations, settings } = this.ports;
+    const { session, lastAnswer } = conversations;
+    const begunAt = clock.now();
+    conversations.add("user", this.question.text);
+    this.ports.changed();
+    const answer = await brain.answer(
+      { text: this.question.text, settings: settings(), session, lastAnswer },
+      { text: (piece) => this.#take(piece), tool: (text) => this.#tool(text) },
+      this.#abort.signal,
+    );
+    if (this.#isStopped) return;
+    this.#modelMs = clock.now() - begunAt;
+    this.#speak(this.#text.length);
+    conversations.closeAnswer(this.#modelMs);
+    conversations.addCost(answer.costUsd, answer.session);
+    this.ports.changed();
+    await speaker.finished();
+    this.#settleTimings();
+  }
+
+  /** Silences the answer and ends it where it is. */
+  stop(): void {
+    if (this.#isStopped) return;
+    this.#isStopped = true;
+    this.#abort.abort();
+    this.ports.speaker.stop();
+    this.ports.conversations.closeAnswer(this.ports.clock.now() - this.question.askedAt);
+  }
+
+  /** The first of the answer is to be heard. */
+  sentenceStarted(): void {
+    if (this.#phase === "speaking") return;
+    this.#phase = "speaking";
+    this.#settleTimings();
+  }
+
+  #take(piece: string): void {
+    if (this.#isStopped) return;
+    this.#text = (this.#text + piece).slice(0, longestAnswer);
+    if (this.#text.trim() === "") return;
+    this.ports.conversations.showAnswer(this.#text.trim());
+    // What ends with a sentence's mark and a blank, or with a line, will not change any more.
+    const unspoken = this.#text.slice(this.#spokenLength);
+    const complete = [...unspoken.matchAll(/[.!?…]\s|\n/g)].at(-1);
+    if (complete) this.#speak(this.#spokenLength + complete.index + 1);
+    this.ports.changed();
+  }
+
+  #tool(text: string): void {
+    if (this.#isStopped) return;
+    this.ports.conversations.add("tool", text);
+    this.ports.changed();
+  }
+
+  #speak(end: number): void {
+    const sentences = sentencesOf(this.#text.slice(this.#spokenLength, end));
+    this.#spokenLength = end;
+    if (sentences.length > 0) this.#firstSentenceAt ??= this.ports.clock.now();
+    for (const sentence of sentences) this.ports.speaker.say(sentence);
+  }
+
+  #settleTimings(): void {
+    const { clock } = this.ports;
+    const { askedAt, isSpoken, transcribeMs } = this.question;
+    const voiceMs = this.#timings?.voiceMs ?? clock.now() - (this.#firstSentenceAt ?? clock.now());
+    const totalMs = this.#timings?.totalMs ?? clock.now() - askedAt;
+    const modelMs = this.#modelMs ?? (this.#firstSentenceAt ?? clock.now()) - askedAt - (transcribeMs ?? 0);
+    this.#timings = { ...(transcribeMs === undefined ? {} : { transcribeMs }), modelMs, voiceMs, totalMs, isSpoken };
+  }
+}

@@ -1,0 +1,32 @@
+// The time during which the agent listens without being called by its name.
+
+import type { Clock } from "./clock.ts";
+
+export class ListeningWindow {
+  #isOpen = false;
+  #cancel = (): void => {};
+
+  constructor(
+    readonly clock: Clock,
+    readonly expired: () => void,
+  ) {}
+
+  get isOpen(): boolean {
+    return this.#isOpen;
+  }
+
+  open(ms: number): void {
+    this.close();
+    if (ms <= 0) return;
+    this.#isOpen = true;
+    this.#cancel = this.clock.after(ms, () => {
+      this.#isOpen = false;
+      this.expired();
+    });
+  }
+
+  close(): void {
+    this.#cancel();
+    this.#isOpen = false;
+  }
+}

@@ -1,0 +1,155 @@
+#include "app/CommandLine.h"
+
+#include <QStringDecoder>
+
+#include <algorithm>
+#include <array>
+
+namespace palomet {
+
+namespace {
+
+enum class Argument { None, Text, Pane };
+
+struct Option {
+    QLatin1StringView name;
+    Argument argument;
+    const char *meaning;
+};
+
+// What the running instance is told; the option's name without its dashes is the action's.
+constexpr std::array commands{
+    Option{QLatin1StringView("--listen"), Argument::None, "start listening"},
+    Option{QLatin1StringView("--stop"), Argument::None, "stop listening, thinking or speaking"},
+    Option{QLatin1StringView("--mute"), Argument::None, "mute, or unmute"},
+    Option{QLatin1StringView("--new"), Argument::None, "begin a new conversation"},
+    Option{QLatin1StringView("--say"), Argument::Text, "say TEXT to the agent; \"-\" reads it from standard input"},
+    Option{QLatin1StringView("--act"), Argument::None, "act on the draft"},
+    Option{QLatin1StringView("--clear-draft"), Argument::None, "clear the draft"},
+    Option{QLatin1StringView("--open"), Argument::Pane,
+           "open the window, on PANE if given: now, history, listening, voice or brain"},
+    Option{QLatin1StringView("--quit"), Argument::None, "quit"},
+};
+
+constexpr std::array panes{QLatin1StringView("now"), QLatin1StringView("history"), QLatin1StringView("listening"),
+                           QLatin1StringView("voice"), QLatin1StringView("brain")};
+
+CommandLine invalid(const QString &problem) {
+    CommandLine line;
+    line.mode = CommandLine::Mode::Invalid;
+    line.problem = problem;
+    return line;
+}
+
+CommandLine only(CommandLine::Mode mode, const QStringList &arguments) {
+    if (arguments.size() > 1)
+        return invalid(QStringLiteral("unexpected argument: ") + arguments[1]);
+    CommandLine line;
+    line.mode = mode;
+    return line;
+}
+
+CommandLine statusLine(const QStringList &arguments) {
+    CommandLine line;
+    line.mode = CommandLine::Mode::Status;
+    for (const auto &argument : arguments.sliced(1)) {
+        bool &flag = argument == QStringLiteral("--json") ? line.isJson : line.isFollowing;
+        if ((argument != QStringLiteral("--json") && argument != QStringLiteral("--follow")) || flag)
+            return invalid(QStringLiteral("unexpected argument: ") + argument);
+        flag = true;
+    }
+    return line;
+}
+
+CommandLine commandLine(const Option &option, const QStringList &arguments) {
+    CommandLine line;
+    line.mode = CommandLine::Mode::Command;
+    line.command = RemoteCommand{option.name.sliced(2), std::nullopt};
+    const qsizetype most = option.argument == Argument::None ? 1 : 2;
+    if (arguments.size() > most)
+        return invalid(QStringLiteral("unexpected argument: ") + arguments[most]);
+    if (option.argument == Argument::Text) {
+        if (arguments.size() < 2)
+            return invalid(option.name + QStringLiteral(" needs a text"));
+        if (arguments[1] == QStringLiteral("-")) {
+            line.isTextOnInput = true;
+            return line;
+        }
+        const auto text = CommandLine::checkedText(arguments[1].toUtf8());
+        if (!text)
+            return invalid(text.reason());
+        line.command->text = *text;
+    } else if (option.argument == Argument::Pane && arguments.size() == 2) {
+        if (std::find(panes.begin(), panes.end(), arguments[1]) == panes.end())
+            return invalid(QStringLiteral("no such pane: ") + arguments[1]);
+        line.command->text = arguments[1];
+    }
+    return line;
+}
+
+} // namespace
+
+CommandLine CommandLine::parse(const QStringList &arguments) {
+    if (arguments.contains(QStringLiteral("--preview"))) {
+        CommandLine line;
+        line.mode = Mode::Preview;
+        return line;
+    }
+    // A capture without a preview is ignored, with its path.
+    auto rest = arguments;
+    if (const auto capture = rest.indexOf(QStringLiteral("--capture")); capture >= 0)
+        rest.remove(capture, std::min<qsizetype>(2, rest.size() - capture));
+    if (rest.isEmpty())
+        return {};
+
+    const auto &first = rest.front();
+    if (first == QStringLiteral("--version"))
+        return only(Mode::Version, rest);
+    if (first == QStringLiteral("--help"))
+        return only(Mode::Help, rest);
+    if (first == QStringLiteral("--status"))
+        return statusLine(rest);
+    const auto *option =
+        std::find_if(commands.begin(), commands.end(), [&](const Option &known) { return known.name == first; });
+    return option == commands.end() ? invalid(QStringLiteral("unknown argument: ") + first) : commandLine(*option, rest);
+}
+
+Result<QString> CommandLine::checkedText(const QByteArray &bytes) {
+    if (bytes.size() > maximumTextBytes)
+        return Failure{QStringLiteral("the text is longer than 1 MiB")};
+    QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
+    const QString text = decoder(bytes);
+    if (decoder.hasError())
+        return Failure{QStringLiteral("the text is not UTF-8")};
+    auto trimmed = text.trimmed();
+    if (trimmed.isEmpty())
+        return Failure{QStringLiteral("there is no text to say")};
+    return trimmed;
+}
+
+QString CommandLine::help() {
+    QString text = QStringLiteral("Usage: palomet [OPTION]\n\n"
+                                  "Without an option: starts Palomet, or opens the window of the one that runs.\n\n"
+                                  "To the one that runs (exit code 0 when it is done, 1 when none runs):\n");
+    const auto line = [&](const QString &option, const QString &meaning) {
+        text += QStringLiteral("  %1  %2\n").arg(option, -22).arg(meaning);
+    };
+    for (const auto &option : commands) {
+        QString name = option.name;
+        if (option.argument == Argument::Text)
+            name += QStringLiteral(" TEXT");
+        else if (option.argument == Argument::Pane)
+            name += QStringLiteral(" [PANE]");
+        line(name, QString::fromUtf8(option.meaning));
+    }
+    line(QStringLiteral("--status [--json]"), QStringLiteral("print its state"));
+    line(QStringLiteral("--status --follow"), QStringLiteral("print its state at every change, until interrupted"));
+    text += QStringLiteral("\nFor itself:\n");
+    line(QStringLiteral("--preview [PANE]"), QStringLiteral("show the window with sample data, and nothing else"));
+    line(QStringLiteral("--capture FILE"), QStringLiteral("with --preview: write a picture of it and end"));
+    line(QStringLiteral("--version"), QStringLiteral("print the version"));
+    line(QStringLiteral("--help"), QStringLiteral("print this"));
+    return text;
+}
+
+} // namespace palomet

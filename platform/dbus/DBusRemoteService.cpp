@@ -1,0 +1,114 @@
+#include "platform/dbus/DBusRemoteService.h"
+
+#include "platform/dbus/RemoteNames.h"
+#include "platform/dbus/RemoteStatusJson.h"
+
+#include <QDBusConnectionInterface>
+#include <QDBusMessage>
+#include <QDBusReply>
+
+namespace palomet {
+
+using namespace remoteNames;
+
+DBusRemoteService::DBusRemoteService(const QDBusConnection &bus)
+    : m_bus(bus) {}
+
+DBusRemoteService::~DBusRemoteService() {
+    if (!m_bus.isConnected())
+        return;
+    if (m_isPrimary)
+        m_bus.unregisterService(service);
+    m_bus.unregisterObject(path);
+}
+
+RemoteService::Claim DBusRemoteService::claim() {
+    if (!m_bus.isConnected())
+        return Claim::Absent;
+    // The object first: whoever sees the name may call at once.
+    m_bus.registerVirtualObject(path, this);
+    const auto reply = m_bus.interface()->registerService(service, QDBusConnectionInterface::DontQueueService,
+                                                          QDBusConnectionInterface::DontAllowReplacement);
+    if (!reply.isValid())
+        return Claim::Absent;
+    m_isPrimary = reply.value() == QDBusConnectionInterface::ServiceRegistered;
+    if (m_isPrimary)
+        return Claim::Primary;
+    auto activate = QDBusMessage::createMethodCall(service, path, application, QStringLiteral("Activate"));
+    activate.setArguments({QVariantMap()});
+    m_bus.call(activate, QDBus::Block, 5000);
+    return Claim::Taken;
+}
+
+void DBusRemoteService::publish(const RemoteStatus &status) {
+    if (status == m_status)
+        return;
+    m_status = status;
+    if (!m_bus.isConnected())
+        return;
+    auto signal = QDBusMessage::createSignal(path, control, QStringLiteral("StatusChanged"));
+    signal.setArguments({toJson(status)});
+    m_bus.send(signal);
+}
+
+QString DBusRemoteService::introspect(const QString &) const {
+    return QStringLiteral(R"(<interface name="org.freedesktop.Application">
+  <method name="Activate"><arg type="a{sv}" name="platform_data" direction="in"/></method>
+  <method name="Open"><arg type="as" name="uris" direction="in"/><arg type="a{sv}" name="platform_data" direction="in"/></method>
+  <method name="ActivateAction"><arg type="s" name="action_name" direction="in"/><arg type="av" name="parameter" direction="in"/><arg type="a{sv}" name="platform_data" direction="in"/></method>
+</interface>
+<interface name="org.palomet.Palomet.Control">
+  <method name="Status"><arg type="s" name="json" direction="out"/></method>
+  <signal name="StatusChanged"><arg type="s" name="json"/></signal>
+</interface>
+)");
+}
+
+bool DBusRemoteService::handleMessage(const QDBusMessage &message, const QDBusConnection &) {
+    if (message.type() != QDBusMessage::MethodCallMessage)
+        return false;
+    if (message.interface() == application)
+        return handleApplication(message);
+    if (message.interface() == control && message.member() == QStringLiteral("Status"))
+        return m_bus.send(message.createReply(toJson(m_status)));
+    return false;
+}
+
+bool DBusRemoteService::handleApplication(const QDBusMessage &message) {
+    // There are no documents to open: whoever asks for one sees the window.
+    if (message.member() == QStringLiteral("Activate") || message.member() == QStringLiteral("Open")) {
+        m_bus.send(message.createReply());
+        if (onActivate)
+            QMetaObject::invokeMethod(
+                this, [this] { onActivate(); }, Qt::QueuedConnection);
+        return true;
+    }
+    if (message.member() != QStringLiteral("ActivateAction"))
+        return false;
+    const auto arguments = message.arguments();
+    RemoteCommand command{arguments.value(0).toString(), std::nullopt};
+    const auto parameters = qdbus_cast<QVariantList>(arguments.value(1));
+    if (!parameters.isEmpty()) {
+        auto parameter = parameters.front();
+        if (parameter.canConvert<QDBusVariant>())
+            parameter = parameter.value<QDBusVariant>().variant();
+        command.text = parameter.toString();
+    }
+    answerLater(message, command);
+    return true;
+}
+
+void DBusRemoteService::answerLater(const QDBusMessage &message, const RemoteCommand &command) {
+    // From the event loop: a command may end the program, or open a window that runs the loop itself.
+    QMetaObject::invokeMethod(
+        this,
+        [this, message, command] {
+            const bool isDone = onCommand && onCommand(command);
+            m_bus.send(isDone ? message.createReply()
+                              : message.createErrorReply(QDBusError::InvalidArgs,
+                                                         QStringLiteral("no such action: ") + command.action));
+        },
+        Qt::QueuedConnection);
+}
+
+} // namespace palomet

@@ -1,0 +1,141 @@
+#include "platform/dbus/DBusRemoteClient.h"
+#include "platform/dbus/DBusRemoteService.h"
+#include "tests/support/Eventually.h"
+#include "tests/support/PrivateBus.h"
+
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <thread>
+#include <vector>
+
+using namespace palomet;
+
+namespace {
+
+class DBusRemoteTest : public testing::Test {
+protected:
+    void SetUp() override {
+        ASSERT_FALSE(bus.address().isEmpty());
+        service.onCommand = [this](const RemoteCommand &command) {
+            commands.push_back(command);
+            return command.action != QStringLiteral("dance");
+        };
+        service.onActivate = [this] { ++activations; };
+    }
+
+    /// Does what a program of its own would: it waits for its answers, while the service goes on here.
+    template <typename Work>
+    void asAnotherProgram(Work work) {
+        std::atomic<bool> isDone = false;
+        std::thread thread([&] {
+            work();
+            isDone = true;
+        });
+        EXPECT_TRUE(test::eventually([&] { return isDone.load(); }));
+        thread.join();
+    }
+
+    test::PrivateBus bus;
+    DBusRemoteService service{bus.connect()};
+    QDBusConnection clientBus = bus.connect();
+    std::vector<RemoteCommand> commands;
+    int activations = 0;
+};
+
+} // namespace
+
+TEST_F(DBusRemoteTest, CarriesACommandAndItsTextToTheRunningInstance) {
+    ASSERT_EQ(service.claim(), RemoteService::Claim::Primary);
+    const RemoteCommand say{QStringLiteral("say"), QStringLiteral("“olá” & <b>tudo</b>")};
+    asAnotherProgram([&] {
+        DBusRemoteClient client(clientBus);
+        EXPECT_EQ(client.send({QStringLiteral("listen"), std::nullopt}), std::nullopt);
+        EXPECT_EQ(client.send(say), std::nullopt);
+    });
+    EXPECT_EQ(commands, std::vector<RemoteCommand>({{QStringLiteral("listen"), std::nullopt}, say}));
+}
+
+TEST_F(DBusRemoteTest, CarriesAMebibyteOfText) {
+    ASSERT_EQ(service.claim(), RemoteService::Claim::Primary);
+    const QString text(1024 * 1024, u'a');
+    asAnotherProgram([&] {
+        DBusRemoteClient client(clientBus);
+        EXPECT_EQ(client.send({QStringLiteral("say"), text}), std::nullopt);
+    });
+    ASSERT_EQ(commands.size(), 1U);
+    EXPECT_EQ(commands[0].text, text);
+}
+
+TEST_F(DBusRemoteTest, SaysWhyACommandWasRefused) {
+    ASSERT_EQ(service.claim(), RemoteService::Claim::Primary);
+    asAnotherProgram([&] {
+        DBusRemoteClient client(clientBus);
+        const auto problem = client.send({QStringLiteral("dance"), std::nullopt});
+        ASSERT_TRUE(problem);
+        EXPECT_EQ(problem->reason, QStringLiteral("no such action: dance"));
+    });
+}
+
+TEST_F(DBusRemoteTest, SaysThatNoneRuns) {
+    DBusRemoteClient client(clientBus);
+    EXPECT_EQ(client.send({QStringLiteral("listen"), std::nullopt})->reason, QStringLiteral("Palomet is not running"));
+    EXPECT_FALSE(client.status());
+    EXPECT_TRUE(client.waitUntilGone(std::chrono::milliseconds{0}));
+}
+
+TEST_F(DBusRemoteTest, SaysThatThereIsNoBus) {
+    const auto nowhere =
+        QDBusConnection::connectToBus(QStringLiteral("unix:path=/nonexistent"), QStringLiteral("nowhere"));
+    DBusRemoteClient client(nowhere);
+    EXPECT_EQ(client.send({QStringLiteral("listen"), std::nullopt})->reason, QStringLiteral("there is no session bus"));
+    DBusRemoteService alone(nowhere);
+    EXPECT_EQ(alone.claim(), RemoteService::Claim::Absent);
+    alone.publish({QStringLiteral("waiting"), {}, false, true});
+}
+
+TEST_F(DBusRemoteTest, LetsOneInstanceRunAndShowsItInsteadOfASecond) {
+    ASSERT_EQ(service.claim(), RemoteService::Claim::Primary);
+    asAnotherProgram([&] {
+        DBusRemoteService second(clientBus);
+        EXPECT_EQ(second.claim(), RemoteService::Claim::Taken);
+    });
+    EXPECT_TRUE(test::eventually([&] { return activations == 1; }));
+}
+
+TEST_F(DBusRemoteTest, TellsTheStatusAndItsChanges) {
+    ASSERT_EQ(service.claim(), RemoteService::Claim::Primary);
+    const RemoteStatus waiting{QStringLiteral("waiting"), QStringLiteral("USB “Audio”"), false, true};
+    const RemoteStatus muted{QStringLiteral("muted"), QStringLiteral("USB “Audio”"), true, true};
+    service.publish(waiting);
+    asAnotherProgram([&] {
+        DBusRemoteClient client(clientBus);
+        const auto status = client.status();
+        ASSERT_TRUE(status);
+        EXPECT_EQ(*status, waiting);
+    });
+
+    // Only the question waits for its answer; the changes come by this thread's event loop.
+    std::vector<RemoteStatus> seen;
+    DBusRemoteClient client(clientBus);
+    asAnotherProgram([&] {
+        EXPECT_EQ(client.follow([&](const RemoteStatus &status) { seen.push_back(status); }, [] {}), std::nullopt);
+    });
+    service.publish(waiting); // Not a change.
+    service.publish(muted);
+    EXPECT_TRUE(test::eventually([&] { return seen.size() == 2; }));
+    EXPECT_EQ(seen, std::vector<RemoteStatus>({waiting, muted}));
+}
+
+TEST_F(DBusRemoteTest, KnowsWhenTheRunningInstanceHasEnded) {
+    auto running = std::make_unique<DBusRemoteService>(bus.connect());
+    ASSERT_EQ(running->claim(), RemoteService::Claim::Primary);
+    DBusRemoteClient client(clientBus);
+    bool isGone = false;
+    asAnotherProgram(
+        [&] { EXPECT_EQ(client.follow([](const RemoteStatus &) {}, [&] { isGone = true; }), std::nullopt); });
+    EXPECT_FALSE(client.waitUntilGone(std::chrono::milliseconds{1}));
+    running.reset();
+    EXPECT_TRUE(client.waitUntilGone(std::chrono::seconds{10}));
+    EXPECT_TRUE(test::eventually([&] { return isGone; }));
+}

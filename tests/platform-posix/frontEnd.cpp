@@ -1,0 +1,21 @@
+// A front end to be killed: starts the program named as its first argument with its output in the file named as the
+// second, and waits. It ends when it could not.
+
+#include "platform/posix/PosixChildProcess.h"
+
+#include <QCoreApplication>
+#include <QFile>
+
+int main(int argc, char **argv) {
+    QCoreApplication application(argc, argv);
+    const auto arguments = QCoreApplication::arguments();
+    QFile output(arguments.at(2));
+    if (!output.open(QFile::WriteOnly | QFile::Append))
+        return 1;
+    palomet::ChildProcess::Launch launch;
+    launch.program = arguments.at(1);
+    launch.workingDirectory = QStringLiteral("/");
+    launch.output = output.handle();
+    const auto child = palomet::startChildProcess(launch, [] {});
+    return child ? QCoreApplication::exec() : 2;
+}

@@ -29,6 +29,8 @@ extern "C" {
 
 namespace palomet {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// What the child says through the pipe when it could not become the program.
@@ -40,7 +42,7 @@ struct Refusal {
 static_assert(std::is_trivially_copyable_v<Refusal>);
 
 Failure failure(const QString &subject, int error) {
-    return {subject + QStringLiteral(": ") + QString::fromStdString(std::system_category().message(error))};
+    return {subject + u": "_s + QString::fromStdString(std::system_category().message(error))};
 }
 
 /// Strings in the form that exec wants them; the pointers live as long as this does.

@@ -12,6 +12,7 @@
 #include <unistd.h>
 
 using namespace palomet;
+using namespace Qt::StringLiterals;
 using test::EnvironmentVariable;
 using test::eventually;
 using test::hasEnded;
@@ -24,13 +25,13 @@ const QString fakeBackend = QStringLiteral(PALOMET_FAKE_BACKEND);
 class ChildProcessTest : public ::testing::Test {
 protected:
     ChildProcessTest() {
-        m_log.setFileName(folder.filePath(QStringLiteral("log")));
+        m_log.setFileName(folder.filePath(u"log"_s));
         EXPECT_TRUE(m_log.open(QFile::WriteOnly | QFile::Append | QFile::Unbuffered));
     }
 
     ChildProcess::Launch launch() {
         return {.program = fakeBackend,
-                .arguments = {QStringLiteral("src/main.ts")},
+                .arguments = {u"src/main.ts"_s},
                 .workingDirectory = folder.path(),
                 .environment = {},
                 .output = m_log.handle()};
@@ -66,19 +67,17 @@ TEST_F(ChildProcessTest, RunsTheProgramWithItsArgumentsInItsFolder) {
     start();
     EXPECT_TRUE(child->isRunning());
     EXPECT_EQ(test::processesNamed("pronto", log()), QList{child->processId()});
-    EXPECT_EQ(processFile(child->processId(), QStringLiteral("cmdline")),
-              fakeBackend.toUtf8() + '\0' + "src/main.ts" + '\0');
-    EXPECT_EQ(QFile::symLinkTarget(QStringLiteral("/proc/%1/cwd").arg(child->processId())), folder.path());
+    EXPECT_EQ(processFile(child->processId(), u"cmdline"_s), fakeBackend.toUtf8() + '\0' + "src/main.ts" + '\0');
+    EXPECT_EQ(QFile::symLinkTarget(u"/proc/%1/cwd"_s.arg(child->processId())), folder.path());
 }
 
 TEST_F(ChildProcessTest, SetsVariablesOverACopyOfItsOwnEnvironment) {
     const EnvironmentVariable kept("PALOMET_TEST_KEPT", "not UTF-8: \xff");
     const EnvironmentVariable replaced("PALOMET_TEST_REPLACED", "ours");
     auto what = launch();
-    what.environment = {{QStringLiteral("PALOMET_TEST_REPLACED"), QStringLiteral("para você")},
-                        {QStringLiteral("PALOMET_TEST"), QString()}};
+    what.environment = {{u"PALOMET_TEST_REPLACED"_s, u"para você"_s}, {u"PALOMET_TEST"_s, QString()}};
     start(what);
-    const auto variables = processFile(child->processId(), QStringLiteral("environ")).split('\0');
+    const auto variables = processFile(child->processId(), u"environ"_s).split('\0');
     EXPECT_TRUE(variables.contains("PALOMET_TEST_KEPT=not UTF-8: \xff"));
     EXPECT_TRUE(variables.contains("PALOMET_TEST_REPLACED=para você"));
     EXPECT_FALSE(variables.contains("PALOMET_TEST_REPLACED=ours"));
@@ -89,31 +88,27 @@ TEST_F(ChildProcessTest, GivesItAnEmptyInputAndTheLogAndNoOtherDescriptor) {
     const int stray = open("/dev/zero", O_RDONLY);
     ASSERT_GE(stray, 0);
     start();
-    const auto path = folder.filePath(QStringLiteral("log"));
+    const auto path = folder.filePath(u"log"_s);
     EXPECT_EQ(test::descriptorsOf(child->processId()),
-              (QStringList{QStringLiteral("0 -> /dev/null"), QStringLiteral("1 -> ") + path,
-                           QStringLiteral("2 -> ") + path}));
+              (QStringList{u"0 -> /dev/null"_s, u"1 -> "_s + path, u"2 -> "_s + path}));
     close(stray);
 }
 
 TEST_F(ChildProcessTest, StartsItEvenFromAProgramWithoutStandardDescriptors) {
-    const auto path = folder.filePath(QStringLiteral("log"));
+    const auto path = folder.filePath(u"log"_s);
     QProcess frontEnd;
-    frontEnd.start(QStringLiteral("/bin/sh"),
-                   {QStringLiteral("-c"), QStringLiteral("exec \"$@\" <&- >&- 2>&-"), QStringLiteral("sh"),
-                    QStringLiteral(PALOMET_FRONT_END), fakeBackend, path});
+    frontEnd.start(u"/bin/sh"_s, {u"-c"_s, u"exec \"$@\" <&- >&- 2>&-"_s, u"sh"_s, QStringLiteral(PALOMET_FRONT_END),
+                                  fakeBackend, path});
     ASSERT_TRUE(eventually([this] { return log().contains("pronto "); }));
     const auto backend = test::processesNamed("pronto", log()).constFirst();
-    EXPECT_EQ(test::descriptorsOf(backend),
-              (QStringList{QStringLiteral("0 -> /dev/null"), QStringLiteral("1 -> ") + path,
-                           QStringLiteral("2 -> ") + path}));
+    EXPECT_EQ(test::descriptorsOf(backend), (QStringList{u"0 -> /dev/null"_s, u"1 -> "_s + path, u"2 -> "_s + path}));
     frontEnd.kill();
     frontEnd.waitForFinished();
 }
 
 TEST_F(ChildProcessTest, NeverOutlivesAFrontEndThatWasKilled) {
     QProcess frontEnd;
-    frontEnd.start(QStringLiteral(PALOMET_FRONT_END), {fakeBackend, folder.filePath(QStringLiteral("log"))});
+    frontEnd.start(QStringLiteral(PALOMET_FRONT_END), {fakeBackend, folder.filePath(u"log"_s)});
     ASSERT_TRUE(eventually([this] { return log().contains("pronto "); }));
     const auto backend = test::processesNamed("pronto", log()).constFirst();
     EXPECT_FALSE(hasEnded(backend));
@@ -156,7 +151,7 @@ TEST_F(ChildProcessTest, EndsWhenItIsAskedToAndSaysSoOnce) {
     child.reset();
     QCoreApplication::processEvents();
     EXPECT_EQ(exits, 1);
-    EXPECT_FALSE(QFile::exists(QStringLiteral("/proc/%1").arg(process)));
+    EXPECT_FALSE(QFile::exists(u"/proc/%1"_s.arg(process)));
 }
 
 TEST_F(ChildProcessTest, MayBeDestroyedWhenItHasEnded) {
@@ -198,37 +193,37 @@ TEST_F(ChildProcessTest, EndsWithItsGroupWhenItIsDestroyed) {
 
 TEST_F(ChildProcessTest, SaysWhatIsWrongWithAFolderThatIsMissing) {
     auto what = launch();
-    what.workingDirectory = QStringLiteral("/nowhere/at/all");
-    EXPECT_EQ(reasonOf(what), QStringLiteral("/nowhere/at/all: No such file or directory"));
+    what.workingDirectory = u"/nowhere/at/all"_s;
+    EXPECT_EQ(reasonOf(what), u"/nowhere/at/all: No such file or directory"_s);
 }
 
 TEST_F(ChildProcessTest, SaysWhatIsWrongWithAProgramThatIsMissing) {
     auto what = launch();
-    what.program = QStringLiteral("/nowhere/bun");
-    EXPECT_EQ(reasonOf(what), QStringLiteral("/nowhere/bun: No such file or directory"));
+    what.program = u"/nowhere/bun"_s;
+    EXPECT_EQ(reasonOf(what), u"/nowhere/bun: No such file or directory"_s);
 }
 
 TEST_F(ChildProcessTest, SaysWhatIsWrongWithAFileThatIsNoProgram) {
     auto what = launch();
-    what.program = folder.filePath(QStringLiteral("bun"));
+    what.program = folder.filePath(u"bun"_s);
     QFile file(what.program);
     ASSERT_TRUE(file.open(QFile::WriteOnly));
     file.write("words");
     file.setPermissions(QFile::ReadOwner | QFile::ExeOwner);
     file.close();
-    EXPECT_EQ(reasonOf(what), what.program + QStringLiteral(": Exec format error"));
+    EXPECT_EQ(reasonOf(what), what.program + u": Exec format error"_s);
 }
 
 TEST_F(ChildProcessTest, SaysWhatIsWrongWithAnOutputThatIsNotOpen) {
     auto what = launch();
     what.output = -1;
-    EXPECT_EQ(reasonOf(what), fakeBackend + QStringLiteral(": Bad file descriptor"));
+    EXPECT_EQ(reasonOf(what), fakeBackend + u": Bad file descriptor"_s);
 }
 
 TEST_F(ChildProcessTest, LeavesNoDescriptorAndNoProcessBehind) {
     const EnvironmentVariable behaviour("FAKE_BACKEND", "exit");
     auto wrong = launch();
-    wrong.program = QStringLiteral("/nowhere/bun");
+    wrong.program = u"/nowhere/bun"_s;
     qsizetype before = 0;
     for (int round = 0; round < 20; ++round) {
         bool hasExited = false;
@@ -242,5 +237,5 @@ TEST_F(ChildProcessTest, LeavesNoDescriptorAndNoProcessBehind) {
             before = open;
         EXPECT_EQ(open, before);
     }
-    EXPECT_EQ(processFile(getpid(), QStringLiteral("task/%1/children").arg(getpid())), QByteArray());
+    EXPECT_EQ(processFile(getpid(), u"task/%1/children"_s.arg(getpid())), QByteArray());
 }

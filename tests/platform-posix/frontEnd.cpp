@@ -6,6 +6,8 @@
 #include <QCoreApplication>
 #include <QFile>
 
+using namespace Qt::StringLiterals;
+
 int main(int argc, char **argv) {
     QCoreApplication application(argc, argv);
     const auto arguments = QCoreApplication::arguments();
@@ -14,7 +16,7 @@ int main(int argc, char **argv) {
         return 1;
     palomet::ChildProcess::Launch launch;
     launch.program = arguments.at(1);
-    launch.workingDirectory = QStringLiteral("/");
+    launch.workingDirectory = u"/"_s;
     launch.output = output.handle();
     const auto child = palomet::startChildProcess(launch, [] {});
     return child ? QCoreApplication::exec() : 2;

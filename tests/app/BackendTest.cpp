@@ -1,0 +1,360 @@
+#include "app/Backend.h"
+
+#include "platform/posix/PosixChildProcess.h"
+#include "tests/support/Eventually.h"
+#include "tests/support/ManualScheduler.h"
+#include "tests/support/Processes.h"
+#include "ui/localization/Localization.h"
+
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QTemporaryDir>
+#include <QThread>
+
+#include <gtest/gtest.h>
+#include <signal.h>
+#include <unistd.h>
+
+using namespace palomet;
+using namespace std::chrono_literals;
+using namespace Qt::StringLiterals;
+using test::EnvironmentVariable;
+using test::eventually;
+using test::hasEnded;
+
+namespace {
+
+constexpr uid_t nobody = 65534;
+const QByteArray marker = "\n--- 2026-01-05 09:30:00 +0000 iniciando ---\n";
+
+class BackendTest : public ::testing::Test {
+protected:
+    BackendTest() {
+        scheduler.setNow(std::chrono::sys_days{std::chrono::year{2026} / 1 / 5} + 9h + 30min);
+        QDir(folder.path()).mkpath(u"resources/engine"_s);
+        EXPECT_TRUE(QFile::link(QStringLiteral(PALOMET_FAKE_BACKEND), runtime()));
+        makeBackend();
+    }
+
+    void makeBackend() {
+        backend.emplace(
+            [this](const ChildProcess::Launch &launch, std::function<void()> onExit) {
+                ++launches;
+                return startChildProcess(launch, [this, onExit = std::move(onExit)] {
+                    ++exits;
+                    onExit();
+                });
+            },
+            scheduler, resources, home());
+    }
+
+    QString home() const { return folder.path(); }
+    QString runtime() const { return *resources + u"/bun"_s; }
+    QString logPath() const { return LogFile::pathBelow(home()); }
+    QByteArray log() const { return test::contentOf(logPath()); }
+    QList<qint64> backends() const { return test::processesNamed("pronto", log()); }
+
+    /// Starts it and gives its process, once it runs.
+    qint64 start() {
+        const auto before = backends().size();
+        backend->start();
+        return awaitNext(before);
+    }
+    qint64 awaitNext(qsizetype before) {
+        if (!eventually([&] { return backends().size() > before; }))
+            ADD_FAILURE() << "no backend: " << log().constData();
+        return backends().value(before, -1);
+    }
+
+    bool stopWithin(std::chrono::duration<double> within) {
+        bool isDone = false;
+        backend->stop(within, [&] { isDone = true; });
+        return eventually([&] { return isDone; });
+    }
+
+    QByteArray variable(qint64 process, const QByteArray &name) const {
+        for (const auto &entry : test::processFile(process, u"environ"_s).split('\0')) {
+            if (entry.startsWith(name + '='))
+                return entry.mid(name.size() + 1);
+        }
+        return "(not set)";
+    }
+
+    QTemporaryDir folder;
+    std::optional<QString> resources = folder.filePath(u"resources"_s);
+    test::ManualScheduler scheduler;
+    int launches = 0;
+    int exits = 0;
+    std::optional<Backend> backend;
+};
+
+} // namespace
+
+TEST_F(BackendTest, RunsTheEngineWithTheBundledRuntime) {
+    const auto process = start();
+    EXPECT_EQ(test::processFile(process, u"cmdline"_s), runtime().toUtf8() + '\0' + "src/main.ts" + '\0');
+    EXPECT_EQ(QFile::symLinkTarget(u"/proc/%1/cwd"_s.arg(process)), *resources + u"/engine"_s);
+    EXPECT_EQ(variable(process, "PALOMET_APP_AUDIO"), "1");
+    EXPECT_EQ(backend->problem(), std::nullopt);
+}
+
+TEST_F(BackendTest, GivesTheBackendTheToolPathAndNothingOfItsOwnPath) {
+    const EnvironmentVariable path("PATH", "/somewhere/else");
+    const auto home = folder.path().toUtf8();
+    EXPECT_EQ(variable(start(), "PATH"),
+              home + "/.local/bin:" + home + "/.npm-global/bin:" + home +
+                  "/.bun/bin:/opt/homebrew/bin:/usr/local/bin:/usr/bin:/bin:/usr/sbin:/sbin");
+}
+
+TEST_F(BackendTest, GivesTheBackendTheLanguageInUseAndThenThePreferredOnes) {
+    const EnvironmentVariable languages("LANGUAGE", "pt_BR:en_US");
+    for (const auto *language : {"en", "pt-BR"}) {
+        const auto table = *resources + u'/' + QString::fromLatin1(language) + u".lproj"_s;
+        QDir().mkpath(table);
+        QFile strings(table + u"/strings.json"_s);
+        ASSERT_TRUE(strings.open(QFile::WriteOnly));
+        strings.write("{}");
+    }
+    Localization::load(*resources, Localization::preferredLanguages());
+    EXPECT_EQ(variable(start(), "PALOMET_LANGUAGES"), "pt-BR,pt-BR,en-US");
+    Localization::load({}, {});
+}
+
+TEST_F(BackendTest, MarksEachStartInTheLog) {
+    const EnvironmentVariable behaviour("FAKE_BACKEND", "exit");
+    start();
+    EXPECT_TRUE(log().startsWith(marker + "pronto ")) << log().constData();
+    ASSERT_TRUE(eventually([this] { return exits == 1; }));
+    scheduler.advance(2s);
+    awaitNext(1);
+    EXPECT_EQ(log().count("\n\n--- 2026-01-05 09:30:02 +0000 iniciando ---\npronto "), 1) << log().constData();
+}
+
+TEST_F(BackendTest, RestartsTwoSecondsAfterTheProcessWasKilled) {
+    kill(static_cast<pid_t>(start()), SIGKILL);
+    ASSERT_TRUE(eventually([this] { return exits == 1; }));
+    scheduler.advance(1999ms);
+    EXPECT_EQ(launches, 1);
+    scheduler.advance(1ms);
+    EXPECT_EQ(launches, 2);
+    const auto second = awaitNext(1);
+    EXPECT_FALSE(hasEnded(second));
+}
+
+TEST_F(BackendTest, RestartsABackendThatKeepsDyingEveryTwoSeconds) {
+    const EnvironmentVariable behaviour("FAKE_BACKEND", "exit");
+    backend->start();
+    for (int round = 1; round <= 10; ++round) {
+        ASSERT_TRUE(eventually([&] { return exits == round; }));
+        EXPECT_EQ(launches, round);
+        scheduler.advance(2s);
+    }
+    EXPECT_EQ(launches, 11);
+}
+
+TEST_F(BackendTest, EndsWhatIsLeftOfTheBackendBeforeItIsRestarted) {
+    const EnvironmentVariable behaviour("FAKE_BACKEND", "orphans");
+    start();
+    const auto children = test::processesNamed("filho", log());
+    ASSERT_EQ(children.size(), 2);
+    EXPECT_TRUE(eventually([&] { return exits == 1 && hasEnded(children[0]); }));
+    EXPECT_EQ(launches, 1);
+    kill(static_cast<pid_t>(children[1]), SIGKILL);
+}
+
+TEST_F(BackendTest, IsDoneAtOnceWhenThereIsNothingToStop) {
+    bool isDone = false;
+    backend->stop(2s, [&] { isDone = true; });
+    EXPECT_TRUE(isDone);
+    EXPECT_FALSE(QFile::exists(logPath()));
+}
+
+TEST_F(BackendTest, IsDoneAtOnceWhenTheProcessHasJustEnded) {
+    const auto process = start();
+    kill(static_cast<pid_t>(process), SIGKILL);
+    // Not told yet: the event loop does not run meanwhile.
+    while (!hasEnded(process))
+        usleep(1000);
+    bool isDone = false;
+    backend->stop(2s, [&] { isDone = true; });
+    EXPECT_TRUE(isDone);
+    EXPECT_FALSE(log().contains("saindo"));
+}
+
+TEST_F(BackendTest, StopsABackendThatListensAsSoonAsItIsGone) {
+    const auto process = start();
+    EXPECT_TRUE(stopWithin(1h));
+    EXPECT_TRUE(hasEnded(process));
+    EXPECT_TRUE(log().endsWith("\nsaindo: parando o processo de voz (pid " + QByteArray::number(process) + ")\n"));
+    EXPECT_FALSE(log().contains("encerrando à força"));
+}
+
+TEST_F(BackendTest, IsDoneFromTheEventLoopOnTheMainThread) {
+    start();
+    Qt::HANDLE thread = nullptr;
+    backend->stop(2s, [&] { thread = QThread::currentThreadId(); });
+    EXPECT_EQ(thread, nullptr);
+    EXPECT_TRUE(eventually([&] { return thread != nullptr; }));
+    EXPECT_EQ(thread, QThread::currentThreadId());
+}
+
+TEST_F(BackendTest, EndsABackendThatDoesNotListenByForceWithItsChildren) {
+    const EnvironmentVariable behaviour("FAKE_BACKEND", "family");
+    const auto process = start();
+    const auto children = test::processesNamed("filho", log());
+    ASSERT_EQ(children.size(), 2);
+    QElapsedTimer waited;
+    waited.start();
+    EXPECT_TRUE(stopWithin(200ms));
+    EXPECT_GE(waited.elapsed(), 200);
+    EXPECT_TRUE(eventually([&] { return hasEnded(process) && hasEnded(children[0]) && hasEnded(children[1]); }));
+    EXPECT_TRUE(log().endsWith("\nsaindo: parando o processo de voz (pid " + QByteArray::number(process) +
+                               ")\nsaindo: o processo de voz não parou em 0.2 s; encerrando à força\n"))
+        << log().constData();
+}
+
+TEST_F(BackendTest, WritesWholeSecondsWithADecimal) {
+    const EnvironmentVariable behaviour("FAKE_BACKEND", "stubborn");
+    start();
+    EXPECT_TRUE(stopWithin(2s));
+    EXPECT_TRUE(log().endsWith("\nsaindo: o processo de voz não parou em 2.0 s; encerrando à força\n"));
+}
+
+TEST_F(BackendTest, DoesNotRestartABackendThatEndedWhileItWasStopped) {
+    const EnvironmentVariable behaviour("FAKE_BACKEND", "stubborn");
+    const auto process = start();
+    bool isDone = false;
+    backend->stop(1h, [&] { isDone = true; });
+    kill(static_cast<pid_t>(process), SIGKILL);
+    EXPECT_TRUE(eventually([&] { return isDone; }));
+    scheduler.advance(1h);
+    EXPECT_EQ(launches, 1);
+    EXPECT_FALSE(log().contains("encerrando à força"));
+}
+
+TEST_F(BackendTest, DoesNotRestartWhenItIsStoppedWhileItWaits) {
+    kill(static_cast<pid_t>(start()), SIGKILL);
+    ASSERT_TRUE(eventually([this] { return exits == 1; }));
+    scheduler.advance(1s);
+    EXPECT_TRUE(stopWithin(2s));
+    scheduler.advance(1h);
+    EXPECT_EQ(launches, 1);
+}
+
+TEST_F(BackendTest, TakesItsProcessWithItWhenItIsDestroyed) {
+    const EnvironmentVariable behaviour("FAKE_BACKEND", "stubborn");
+    const auto process = start();
+    backend->stop(1h, [] { ADD_FAILURE() << "nobody is there to be told"; });
+    backend.reset();
+    EXPECT_TRUE(hasEnded(process));
+    QCoreApplication::processEvents();
+}
+
+TEST_F(BackendTest, KeepsTheLinesOfTheBackendAndItsOwnWhole) {
+    const EnvironmentVariable behaviour("FAKE_BACKEND", "talk");
+    backend->start();
+    const auto note = u"áudio: "_s + QString(190, u'a');
+    const auto noting = [&] {
+        while (!log().contains("calada\n"))
+            backend->note(note);
+    };
+    {
+        const std::jthread first(noting);
+        const std::jthread second(noting);
+    }
+    qsizetype spoken = 0;
+    const auto lines = log().mid(marker.size()).split('\n');
+    for (const auto &line : lines) {
+        spoken += line.startsWith("voz ") ? 1 : 0;
+        EXPECT_TRUE(line.isEmpty() || line == note.toUtf8() || line == "voz " + QByteArray(200, 'v') ||
+                    line == "calada" || line.startsWith("pronto "))
+            << line.constData();
+    }
+    EXPECT_EQ(spoken, 2000);
+}
+
+TEST_F(BackendTest, LaunchesNothingWithoutAResourceFolder) {
+    resources.reset();
+    makeBackend();
+    backend->start();
+    EXPECT_EQ(launches, 0);
+    EXPECT_EQ(backend->problem(), std::nullopt);
+    EXPECT_FALSE(QFile::exists(logPath()));
+}
+
+TEST_F(BackendTest, SaysThatTheBundleIsIncompleteWithoutTheRuntime) {
+    QFile::remove(runtime());
+    backend->start();
+    EXPECT_EQ(launches, 0);
+    EXPECT_EQ(backend->problem(), u"incomplete bundle: bun is missing"_s);
+    EXPECT_FALSE(QFile::exists(logPath()));
+    scheduler.advance(1h);
+    EXPECT_EQ(launches, 0);
+}
+
+TEST_F(BackendTest, TakesAFolderForNoRuntime) {
+    QFile::remove(runtime());
+    QDir().mkdir(runtime());
+    backend->start();
+    EXPECT_EQ(launches, 0);
+    EXPECT_EQ(backend->problem(), u"incomplete bundle: bun is missing"_s);
+}
+
+TEST_F(BackendTest, TakesAFileThatCannotBeRunForNoRuntime) {
+    QFile::remove(runtime());
+    QFile file(runtime());
+    ASSERT_TRUE(file.open(QFile::WriteOnly));
+    file.setPermissions(QFile::ReadOwner | QFile::WriteOwner);
+    backend->start();
+    EXPECT_EQ(launches, 0);
+    EXPECT_EQ(backend->problem(), u"incomplete bundle: bun is missing"_s);
+}
+
+TEST_F(BackendTest, FindsNoRuntimeInAResourceFolderThatItMayNotRead) {
+    QFile::setPermissions(*resources, {});
+    const auto startAsNobody = [this] {
+        // Nothing is forbidden to root.
+        if (geteuid() == 0 && setresuid(nobody, nobody, nobody) != 0)
+            exit(2);
+        backend->start();
+        exit(launches == 0 && backend->problem() == u"incomplete bundle: bun is missing"_s ? 0 : 1);
+    };
+    EXPECT_EXIT(startAsNobody(), ::testing::ExitedWithCode(0), "");
+    QFile::setPermissions(*resources, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+}
+
+TEST_F(BackendTest, LogsWhyTheBackendCouldNotBeLaunchedAndDoesNotTryAgain) {
+    QDir().rmdir(*resources + u"/engine"_s);
+    backend->start();
+    EXPECT_EQ(log(), marker + "não consegui iniciar o assistente: " + resources->toUtf8() +
+                         "/engine: No such file or directory\n");
+    EXPECT_EQ(scheduler.pendingCount(), 0U);
+    EXPECT_TRUE(stopWithin(0s));
+}
+
+TEST_F(BackendTest, LaunchesNothingWhenTheFolderOfTheLogCannotBeMade) {
+    QFile obstacle(home() + u"/Library"_s);
+    ASSERT_TRUE(obstacle.open(QFile::WriteOnly));
+    backend->start();
+    EXPECT_EQ(launches, 0);
+    EXPECT_EQ(scheduler.pendingCount(), 0U);
+    EXPECT_EQ(backend->problem(), std::nullopt);
+    backend->note(u"perdida"_s);
+}
+
+TEST_F(BackendTest, LaunchesNothingWhenTheLogIsAFolder) {
+    QDir().mkpath(logPath());
+    backend->start();
+    EXPECT_EQ(launches, 0);
+    backend->note(u"perdida"_s);
+}
+
+TEST_F(BackendTest, RunsTheBackendWhenTheDiskIsFull) {
+    QDir().mkpath(QFileInfo(logPath()).path());
+    ASSERT_TRUE(QFile::link(u"/dev/full"_s, logPath()));
+    backend->start();
+    EXPECT_EQ(launches, 1);
+    backend->note(u"perdida"_s);
+    EXPECT_TRUE(stopWithin(2s));
+}

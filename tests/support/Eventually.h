@@ -3,6 +3,7 @@
 #include <QCoreApplication>
 #include <QDeadlineTimer>
 #include <QEventLoop>
+#include <QTimer>
 
 #include <chrono>
 
@@ -12,10 +13,13 @@ namespace palomet::test {
 template <typename Condition>
 bool eventually(Condition holds, std::chrono::milliseconds limit = std::chrono::seconds{20}) {
     const QDeadlineTimer deadline(limit);
+    // What another thread does is no event: look again every few milliseconds.
+    QTimer glance;
+    glance.start(std::chrono::milliseconds{5});
     while (!holds()) {
         if (deadline.hasExpired())
             return false;
-        QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents, 20);
+        QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }
     return true;

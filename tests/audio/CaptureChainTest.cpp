@@ -1,0 +1,105 @@
+#include "audio/CaptureChain.h"
+
+#include "audio/EchoReference.h"
+#include "tests/support/FakeEchoCanceller.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+
+using namespace palomet;
+using namespace std::chrono_literals;
+
+namespace {
+
+struct CaptureChainTest : testing::Test {
+    test::EchoCancellerCalls calls;
+    EchoReference reference;
+    std::vector<std::vector<std::int16_t>> chunks;
+    CaptureChain chain{std::make_unique<test::FakeEchoCanceller>(calls),
+                       [this](PcmSamples samples) { chunks.emplace_back(samples.begin(), samples.end()); }};
+
+    void capture(std::size_t count, std::size_t callbackSize, std::chrono::microseconds delay = 40ms) {
+        std::vector<float> samples(count);
+        for (std::size_t i = 0; i < count; ++i)
+            samples[i] = 0.5F * static_cast<float>(std::sin(0.01 * static_cast<double>(m_time + i)));
+        m_time += count;
+        for (std::size_t at = 0; at < count; at += callbackSize)
+            chain.captured(std::span(samples).subspan(at, std::min(callbackSize, count - at)), delay, reference);
+    }
+
+private:
+    std::size_t m_time = 0;
+};
+
+} // namespace
+
+TEST_F(CaptureChainTest, GivesChunksOf682And684BytesSixteenThousandSamplesASecond) {
+    capture(15 * 48000, 1024);
+    std::size_t samples = 0;
+    for (const auto &chunk : chunks) {
+        EXPECT_TRUE(chunk.size() == 341 || chunk.size() == 342) << chunk.size();
+        samples += chunk.size();
+    }
+    ASSERT_GE(chunks.size(), 3U);
+    EXPECT_EQ(chunks[0].size(), 342U);
+    EXPECT_EQ(chunks[1].size(), 341U);
+    EXPECT_EQ(chunks[2].size(), 341U);
+    // What is not a whole tap buffer yet is still inside.
+    EXPECT_EQ(samples, (15 * 48000 / 1024 * 1024 + 2) / 3);
+}
+
+TEST_F(CaptureChainTest, GivesTheSameChunksWhateverTheServerDelivers) {
+    capture(48000, 1024);
+    const auto expected = chunks;
+    for (const std::size_t size : {1U, 7U, 479U, 480U, 481U, 1023U, 2047U, 9999U, 48000U}) {
+        std::vector<std::vector<std::int16_t>> again;
+        CaptureChain other(std::make_unique<test::FakeEchoCanceller>(calls),
+                           [&](PcmSamples samples) { again.emplace_back(samples.begin(), samples.end()); });
+        std::vector<float> samples(48000);
+        for (std::size_t i = 0; i < samples.size(); ++i)
+            samples[i] = 0.5F * static_cast<float>(std::sin(0.01 * static_cast<double>(i)));
+        for (std::size_t at = 0; at < samples.size(); at += size)
+            other.captured(std::span(samples).subspan(at, std::min(size, samples.size() - at)), 0us, reference);
+        EXPECT_EQ(again, expected) << size;
+    }
+}
+
+TEST_F(CaptureChainTest, GivesTheCancellerOneReferenceAFrameSilenceIncluded) {
+    capture(480, 480);
+    const std::vector<float> played(960, 0.25F);
+    reference.write(played);
+    capture(3 * 480, 160);
+    ASSERT_EQ(calls.references.size(), 4U);
+    EXPECT_EQ(calls.delayHints.size(), 4U);
+    EXPECT_EQ(calls.references[0], std::vector<float>(480, 0.0F));
+    EXPECT_EQ(calls.references[1], std::vector<float>(480, 0.25F));
+    EXPECT_EQ(calls.references[2], std::vector<float>(480, 0.25F));
+    EXPECT_EQ(calls.references[3], std::vector<float>(480, 0.0F));
+}
+
+TEST_F(CaptureChainTest, BeginsWithoutWhatWasPlayedBefore) {
+    const std::vector<float> played(4800, 0.25F);
+    reference.write(played);
+    capture(480, 480);
+    EXPECT_EQ(calls.references.at(0), std::vector<float>(480, 0.0F));
+}
+
+TEST_F(CaptureChainTest, ExpectsTheEchoByTheDelayLessTheAgeOfTheReference) {
+    capture(0, 1);
+    capture(240, 240, 40ms); // half a frame, and begun 5 ms before what follows
+    reference.write(std::vector<float>(960, 0.25F));
+    capture(240, 240, 40ms);
+    EXPECT_EQ(calls.delayHints, std::vector<int>{40 + 5 - 20});
+    capture(480, 480, 0ms);
+    EXPECT_EQ(calls.delayHints.back(), 0);
+}
+
+TEST_F(CaptureChainTest, DoesNotLetASampleThatIsNoNumberIntoTheCanceller) {
+    std::vector<float> samples(1024 + 480, std::numeric_limits<float>::quiet_NaN());
+    samples[5] = std::numeric_limits<float>::infinity();
+    chain.captured(samples, 0us, reference);
+    ASSERT_EQ(chunks.size(), 1U);
+    EXPECT_EQ(chunks[0], std::vector<std::int16_t>(342, 0));
+}

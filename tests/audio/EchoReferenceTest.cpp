@@ -1,0 +1,81 @@
+#include "audio/EchoReference.h"
+
+#include <gtest/gtest.h>
+
+#include <numeric>
+
+using namespace palomet;
+
+namespace {
+
+constexpr std::size_t frameSize = EchoCanceller::frameSize;
+
+std::vector<float> ramp(std::size_t count, float from = 1) {
+    std::vector<float> samples(count);
+    std::iota(samples.begin(), samples.end(), from);
+    return samples;
+}
+
+float firstOfNext(EchoReference &reference) {
+    EchoCanceller::Frame frame;
+    reference.read(frame);
+    return frame.front();
+}
+
+} // namespace
+
+TEST(EchoReference, GivesWhatWasPlayedInItsOrderWhateverTheSizes) {
+    EchoReference reference;
+    const auto played = ramp(3 * frameSize);
+    reference.write(std::span(played).first(1));
+    reference.write(std::span(played).subspan(1, 1000));
+    reference.write(std::span(played).subspan(1001));
+    for (std::size_t frame = 0; frame < 3; ++frame)
+        EXPECT_EQ(firstOfNext(reference), played[frame * frameSize]);
+    EXPECT_EQ(reference.backlog(), 0U);
+}
+
+TEST(EchoReference, IsSilenceWhileNothingIsPlayed) {
+    EchoReference reference;
+    EXPECT_EQ(firstOfNext(reference), 0);
+}
+
+TEST(EchoReference, ALateFrameIsSilenceAndNothingOfItIsLost) {
+    EchoReference reference;
+    reference.write(ramp(100));
+    EXPECT_EQ(firstOfNext(reference), 0);
+    reference.write(ramp(frameSize, 101));
+    EXPECT_EQ(firstOfNext(reference), 1);
+}
+
+TEST(EchoReference, KeepsTheNewestSecondWhileTheMicrophoneIsClosed) {
+    EchoReference reference;
+    const auto played = ramp(200000);
+    reference.write(played);
+    EXPECT_EQ(reference.backlog(), 65536U);
+    EXPECT_EQ(firstOfNext(reference), played[200000 - 65536]);
+}
+
+TEST(EchoReference, GivesBackAgeThatNobodyNeededForTenSeconds) {
+    EchoReference reference;
+    reference.write(ramp(5 * frameSize));
+    for (int frame = 0; frame < 1000; ++frame) {
+        EXPECT_EQ(reference.backlog(), 5 * frameSize);
+        reference.write(ramp(frameSize));
+        firstOfNext(reference);
+        reference.settle(1);
+    }
+    EXPECT_EQ(reference.backlog(), frameSize);
+}
+
+TEST(EchoReference, KeepsTheAgeThatTheCallbacksNeed) {
+    EchoReference reference;
+    // The speakers ask for four frames at once, the microphone brings one at a time.
+    for (int round = 0; round < 1000; ++round) {
+        reference.write(ramp(4 * frameSize));
+        for (int frame = 0; frame < 4; ++frame) {
+            EXPECT_EQ(firstOfNext(reference), static_cast<float>(1 + frame * static_cast<int>(frameSize)));
+            reference.settle(1);
+        }
+    }
+}

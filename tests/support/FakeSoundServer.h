@@ -1,0 +1,121 @@
+#pragma once
+
+#include "audio/SoundServer.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <utility>
+#include <vector>
+
+namespace palomet::test {
+
+/// A sound server that does what the test says: which devices there are, whether the microphone opens, what it hears,
+/// when the speakers ask and what they have played. The test's thread is its real-time thread.
+class FakeSoundServer final : public SoundServer {
+public:
+    // What there is.
+    std::vector<InputDevice> devices{{QStringLiteral("mic.a"), QStringLiteral("Mic A")},
+                                     {QStringLiteral("mic.b"), QStringLiteral("Mic B")}};
+    std::optional<QString> defaultId = QStringLiteral("mic.a");
+    /// What `openCapture` answers, at once; `opensAtOnce` off leaves the answer to `finishOpening`.
+    std::optional<Failure> captureFailure;
+    bool opensAtOnce = true;
+    bool isAlive = true;
+
+    // What was asked of it.
+    std::vector<QString> defaultsSet;
+    int captureOpenings = 0;
+    int playbackOpenings = 0;
+
+    void start(SoundStreams &streams) override { m_streams = &streams; }
+
+    [[nodiscard]] std::vector<InputDevice> inputDevices() const override {
+        return isAlive ? devices : std::vector<InputDevice>{};
+    }
+    [[nodiscard]] std::optional<QString> defaultInput() const override { return isAlive ? defaultId : std::nullopt; }
+
+    void setDefaultInput(const QString &id) override {
+        defaultsSet.push_back(id);
+        defaultId = id;
+    }
+
+    void openCapture(Done done) override {
+        ++captureOpenings;
+        closeCapture();
+        m_opening = std::move(done);
+        if (!isAlive)
+            finishOpening(Failure{QStringLiteral("no server")});
+        else if (opensAtOnce)
+            finishOpening(captureFailure);
+    }
+    void closeCapture() override {
+        m_isCaptureOpen = false;
+        finishOpening(Failure{QStringLiteral("abandoned")});
+    }
+    [[nodiscard]] bool isCaptureOpen() const override { return m_isCaptureOpen; }
+
+    void openPlayback() override {
+        if (!isAlive || m_isPlaybackOpen)
+            return;
+        ++playbackOpenings;
+        m_isPlaybackOpen = true;
+        m_streams->playbackOpened();
+    }
+    void closePlayback() override { m_isPlaybackOpen = false; }
+    [[nodiscard]] bool isPlaybackOpen() const { return m_isPlaybackOpen; }
+
+    // What happens.
+    [[nodiscard]] bool isOpening() const { return static_cast<bool>(m_opening); }
+
+    void finishOpening(std::optional<Failure> failure) {
+        if (!m_opening)
+            return;
+        m_isCaptureOpen = !failure;
+        std::exchange(m_opening, {})(failure);
+    }
+
+    void deliver(std::span<const float> samples, std::chrono::microseconds delay = std::chrono::milliseconds{40}) {
+        if (m_isCaptureOpen)
+            m_streams->captured(samples, delay);
+    }
+
+    /// What the speakers get when they ask for `count` samples; nothing while they are closed.
+    std::vector<float> pull(std::size_t count) {
+        std::vector<float> samples(m_isPlaybackOpen ? count : 0, 9.0F);
+        if (m_isPlaybackOpen)
+            m_streams->fill(samples);
+        return samples;
+    }
+
+    void hear(std::int64_t frames) {
+        if (m_isPlaybackOpen)
+            m_streams->heard(frames);
+    }
+
+    void die() {
+        isAlive = false;
+        m_isPlaybackOpen = false;
+        m_isCaptureOpen = false;
+        if (onServerLost)
+            onServerLost();
+        finishOpening(Failure{QStringLiteral("no server")});
+    }
+
+    void comeBack() {
+        isAlive = true;
+        change();
+    }
+
+    void change() {
+        if (onConfigurationChange)
+            onConfigurationChange();
+    }
+
+private:
+    SoundStreams *m_streams = nullptr;
+    Done m_opening;
+    bool m_isCaptureOpen = false;
+    bool m_isPlaybackOpen = false;
+};
+
+} // namespace palomet::test

@@ -1,0 +1,83 @@
+#pragma once
+
+#include "audio/CaptureChain.h"
+#include "audio/LinkMessage.h"
+#include "audio/SpscRing.h"
+#include "base/Wakeup.h"
+
+#include <QJsonObject>
+#include <QObject>
+#include <QTimer>
+#include <QUrl>
+#include <QWebSocket>
+
+#include <array>
+#include <chrono>
+#include <functional>
+#include <memory>
+
+namespace palomet {
+
+/// The link's connection to the backend, on a thread of its own, so that a busy window never delays a frame of the
+/// microphone. Kept up for ever: what fails is tried again a second later. What is sent while there is no connection
+/// is lost; every connection begins with a "hello" that names the input device.
+///
+/// Everything runs on the thread that the object was moved to, except `offer`.
+class LinkSocket : public QObject {
+public:
+    struct Timing {
+        std::chrono::milliseconds reconnectAfter{1000};
+        /// A peer that takes the connection and then says nothing has failed.
+        std::chrono::milliseconds handshakeWithin{5000};
+    };
+
+    static constexpr quint64 maximumMessageBytes = quint64{64} * 1024 * 1024;
+    /// While more than this waits to be sent, one second of sound, the microphone's frames are dropped.
+    static constexpr qint64 maximumWaitingBytes = 32000;
+
+    LinkSocket(QUrl url, Timing timing);
+
+    /// Set before `prepare`. Called on the object's thread.
+    std::function<void(link::Message)> onMessage;
+
+    /// The real-time thread, from `prepare` until `close`: one chunk of the microphone.
+    void offer(PcmSamples samples) noexcept;
+
+    void prepare(const WakeupFactory &makeWakeup);
+    void connectToBackend();
+    /// Nobody offers any more.
+    void close();
+
+    void setDeviceName(const QString &name) { m_deviceName = name; }
+    void sendDevice();
+    void sendPlayed(qint64 id);
+
+    [[nodiscard]] bool isConnected() const { return m_isGreeted; }
+    /// What was sent and the system has not taken yet, because the backend does not read.
+    [[nodiscard]] qint64 waitingBytes() const { return m_socket ? m_socket->bytesToWrite() : 0; }
+
+private:
+    struct Chunk {
+        std::size_t size = 0;
+        std::array<std::int16_t, 384> samples{};
+    };
+
+    void greet();
+    void fail();
+    void receive(const QString &text) const;
+    void send(const QJsonObject &event);
+    void sendChunks();
+
+    const QUrl m_url;
+    const Timing m_timing;
+    QString m_deviceName;
+    std::unique_ptr<QWebSocket> m_socket;
+    bool m_isGreeted = false; ///< Connected, and "hello" was sent.
+    QTimer m_reconnect{this};
+    QTimer m_handshake{this};
+
+    SpscRing<Chunk> m_chunks{128}; ///< Three seconds: longer than any message keeps this thread busy.
+    std::unique_ptr<Wakeup> m_bell;
+};
+
+} // namespace palomet

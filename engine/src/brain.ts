@@ -1,9 +1,12 @@
-// Who answers a request.
+// Who answers a request: the `claude` tool where there is one, else what the engine knows by itself.
 
-import { builtInAnswer } from "./answers.ts";
-import { builtInModel } from "./choices.ts";
+import { builtInAnswer, knownAnswer, type AnswerContext } from "./answers.ts";
+import { Choices, builtInModel } from "./choices.ts";
+import type { Claude } from "./claude.ts";
 import type { Clock } from "./clock.ts";
 import type { Locale } from "./language.ts";
+import type { Log } from "./log.ts";
+import { phrases } from "./phrases.ts";
 import type { Session, Settings } from "./protocol.ts";
 
 export interface Request {
@@ -31,20 +34,63 @@ export interface Brain {
   session(settings: Settings): Omit<Session, "startedAt">;
 }
 
-export class BuiltInBrain implements Brain {
+export class EngineBrain implements Brain {
+  #versions = new Map<string, string>();
+
   constructor(
     readonly clock: Clock,
     readonly locale: Locale,
+    readonly claude: Claude,
+    readonly choices: Choices,
+    readonly log: Log,
   ) {}
 
-  async answer(request: Request, answering: Answering): Promise<Answer> {
-    const { settings, lastAnswer } = request;
-    const now = new Date(this.clock.now());
-    answering.text(builtInAnswer(request.text, { now, locale: this.locale, name: settings.voiceName, lastAnswer }));
-    return { costUsd: 0 };
+  /** Looks for the `claude` tools; until then, and where there is none, the built-in answers are given. */
+  async prepare(): Promise<void> {
+    const tools = await this.choices.claudeTools();
+    this.#versions = new Map(tools.map(({ path, version }) => [path, version]));
   }
 
-  session(): Omit<Session, "startedAt"> {
-    return { model: builtInModel, claudePath: "", claudeVersion: "", isReady: true };
+  async answer(request: Request, answering: Answering, signal: AbortSignal): Promise<Answer> {
+    const path = this.#tool(request.settings);
+    if (path === undefined) {
+      answering.text(builtInAnswer(request.text, this.#context(request)));
+      return { costUsd: 0 };
+    }
+    let hasAnswered = false;
+    const watched: Answering = {
+      text(piece) {
+        hasAnswered = true;
+        answering.text(piece);
+      },
+      tool: (text) => answering.tool(text),
+    };
+    let { problem, ...answer } = await this.claude.answer(path, request, watched, signal);
+    if (problem !== undefined && request.session !== undefined && !hasAnswered && !signal.aborted) {
+      // The tool may have forgotten the session.
+      ({ problem, ...answer } = await this.claude.answer(path, { ...request, session: undefined }, watched, signal));
+    }
+    if (problem !== undefined && !signal.aborted) {
+      this.log(`o claude falhou (${problem})`);
+      const known = knownAnswer(request.text, this.#context(request)) ?? phrases[this.locale.language].modelAway;
+      answering.text(hasAnswered ? `\n${phrases[this.locale.language].modelAway}` : known);
+    }
+    return answer;
+  }
+
+  session(settings: Settings): Omit<Session, "startedAt"> {
+    const path = this.#tool(settings);
+    if (path === undefined) return { model: builtInModel, claudePath: "", claudeVersion: "", isReady: true };
+    const claudeVersion = this.#versions.get(path) ?? "";
+    return { model: settings.brainModel, claudePath: path, claudeVersion, isReady: true };
+  }
+
+  #tool(settings: Settings): string | undefined {
+    if (settings.brainModel === builtInModel) return undefined;
+    return settings.claudePath ?? this.#versions.keys().next().value;
+  }
+
+  #context({ settings, lastAnswer }: Request): AnswerContext {
+    return { now: new Date(this.clock.now()), locale: this.locale, name: settings.voiceName, lastAnswer };
   }
 }

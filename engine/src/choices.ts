@@ -28,7 +28,8 @@ export class Choices {
   ) {}
 
   async options(currentDevice: string): Promise<Options> {
-    const [inputs, macVoices, claudePaths] = await Promise.all([this.#inputs(), this.#voices(), this.claudeTools()]);
+    const [sources, macVoices, claudePaths] = await Promise.all([this.sources(), this.#voices(), this.claudeTools()]);
+    const inputs = [...new Set(sources.map(({ name }) => name))];
     if (currentDevice !== "" && !inputs.includes(currentDevice)) inputs.unshift(currentDevice);
     return {
       inputs,
@@ -84,14 +85,14 @@ export class Choices {
     return tools.flatMap(({ path, version }) => (version === undefined ? [] : [{ path, version }]));
   }
 
-  async #inputs(): Promise<string[]> {
+  /** The microphones of the sound server: what the user calls them, and what the server does. */
+  async sources(): Promise<{ name: string; source: string }[]> {
     const listing = parseJson(await this.#print(["pactl", "--format=json", "list", "sources"]));
     if (!Array.isArray(listing)) return [];
-    return listing.flatMap((source: unknown) => {
-      if (!isRecord(source) || typeof source.description !== "string") return [];
-      const monitored = isRecord(source.properties) ? source.properties["device.class"] === "monitor" : false;
-      const ofSink = typeof source.monitor_source === "string" && source.monitor_source !== "";
-      return monitored || ofSink ? [] : [source.description];
+    return listing.flatMap((entry: unknown) => {
+      if (!isRecord(entry) || typeof entry.description !== "string" || typeof entry.name !== "string") return [];
+      const isMonitor = typeof entry.monitor_source === "string" && entry.monitor_source !== "";
+      return isMonitor ? [] : [{ name: entry.description, source: entry.name }];
     });
   }
 

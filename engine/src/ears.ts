@@ -12,6 +12,7 @@ import { levelOf } from "./wav.ts";
 export interface HeardSpeech {
   text: string;
   isUnderstood: boolean;
+  hasRecogniser: boolean;
   endedAt: number;
   transcribeMs: number;
   overlapsSpeech: boolean;
@@ -94,6 +95,8 @@ export class Ears {
       this.events.changed();
     }
     if (this.events.context().isMuted) return this.#meter.clear();
+    // Without echo cancellation there is no telling the agent's voice from another.
+    if (this.#hearing.isOwnVoice && !this.ports.settings().isEchoCancelOn) return this.forget();
     const level = this.#hearing.take(samples);
     if (level === undefined) return;
     this.#meter.show(level < this.#hearing.noise + meterMargin ? 0 : levelOf(level));
@@ -176,21 +179,23 @@ export class Ears {
     this.#waiting++;
     this.#queue = this.#queue.then(async () => {
       const found = await recogniser.recognise(utterance.samples, signal);
-      this.#waiting--;
-      if (signal.aborted) return this.events.changed();
       if (found.kind === "failed") log(`não reconheci uma fala (${found.problem})`);
-      const { text, isUnderstood } = found.kind === "text" ? found : { text: "", isUnderstood: false };
-      // Without words there is nothing to show; but who silenced the agent is listened to.
-      if (text === "" && !hasInterrupted) return this.events.changed();
-      this.events.heard({
-        text: text === "" ? "…" : text,
-        isUnderstood,
-        endedAt,
-        transcribeMs: clock.now() - endedAt,
-        overlapsSpeech: utterance.overlapsSpeech,
-        hasInterrupted,
-        isWindowOpen,
-      });
+      if (!signal.aborted) {
+        const isUnderstood = found.kind === "text" && found.isUnderstood;
+        this.events.heard({
+          // What was not understood would mislead if it were shown as words.
+          text: isUnderstood ? found.text : "…",
+          isUnderstood,
+          hasRecogniser: found.kind !== "none",
+          endedAt,
+          transcribeMs: clock.now() - endedAt,
+          overlapsSpeech: utterance.overlapsSpeech,
+          hasInterrupted,
+          isWindowOpen,
+        });
+      }
+      this.#waiting--;
+      this.events.changed();
     });
     this.events.changed();
   }

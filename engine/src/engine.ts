@@ -1,5 +1,6 @@
 // The whole engine but for its port: wires the parts together, and gives the documents and takes the commands.
 
+import { mkdirSync } from "node:fs";
 import { join } from "node:path";
 import { AudioLink } from "./audioLink.ts";
 import type { Brain } from "./brain.ts";
@@ -10,6 +11,7 @@ import { EventStream } from "./eventStream.ts";
 import type { Locale } from "./language.ts";
 import type { Log } from "./log.ts";
 import { Loop } from "./loop.ts";
+import type { Microphone } from "./microphone.ts";
 import { phrases } from "./phrases.ts";
 import type { ConversationSummary, LoopState, Options, Settings, Snapshot } from "./protocol.ts";
 import type { Recogniser } from "./recogniser.ts";
@@ -17,7 +19,9 @@ import { SettingsKeeper } from "./settings.ts";
 import { Speaker } from "./speaker.ts";
 import { Store } from "./store.ts";
 import type { Synthesiser } from "./synthesiser.ts";
-import { mkdirSync } from "node:fs";
+
+/** A microphone that is not open by then is not waited for. */
+const deviceWaitMs = 5_000;
 
 export interface EngineParts {
   clock: Clock;
@@ -29,6 +33,7 @@ export interface EngineParts {
   synthesiser: Synthesiser;
   recogniser: (settings: () => Settings) => Recogniser;
   brain: Brain;
+  microphone: (onSamples: (samples: Int16Array) => void) => Microphone;
 }
 
 export class Engine {
@@ -40,6 +45,8 @@ export class Engine {
   readonly #settings: SettingsKeeper;
   readonly #conversations: Conversations;
   readonly #speaker: Speaker;
+  readonly #microphone: Microphone;
+  #awaitedDevice: (() => void)[] = [];
   #sessionStartedAt: number;
   #toldState: LoopState | undefined;
 
@@ -73,6 +80,7 @@ export class Engine {
       samples: (samples) => this.loop.ears.take(samples),
       played: (id) => this.#speaker.played(id),
     });
+    this.#microphone = parts.microphone((samples) => this.loop.ears.take(samples));
     this.#speaker = new Speaker(clock, parts.synthesiser, this.link, settings, {
       started: (sentence) => {
         this.loop.sentenceStarted(sentence);
@@ -91,7 +99,7 @@ export class Engine {
       conversations: this.#conversations,
       phrases: phrases[locale.language],
       chime: () => this.link.chime(),
-      changed: () => this.#changed(),
+      changed: () => this.changed(),
       turnEnded: () => this.events.send("turnEnd", ""),
       level: (level) => this.events.send("level", String(level)),
     });
@@ -129,52 +137,83 @@ export class Engine {
     this.loop.newConversation();
   }
 
-  /** Sets all of these or none; what is wrong, if anything is. */
-  set(values: Record<string, unknown>): string | undefined {
+  /** Sets all of these or none; what is wrong, if anything is. Resolves when the front end has followed. */
+  async set(values: Record<string, unknown>): Promise<string | undefined> {
     const outcome = this.#settings.set(values);
     if ("problem" in outcome) return outcome.problem;
-    for (const key of outcome.keys) {
-      if (key === "inputDevice" || key === "inputPreference") void this.#chooseInput();
-      if (key === "isEchoCancelOn") this.link.enable(this.#settings.current.isEchoCancelOn);
-    }
     this.loop.settingsChanged();
-    this.#changed();
+    this.changed();
+    if (outcome.keys.includes("isEchoCancelOn")) this.#shareMicrophone();
+    if (outcome.keys.some((key) => key === "inputDevice" || key === "inputPreference")) {
+      await this.#chooseInput();
+      if (this.link.isConnected) await this.#deviceNameComes();
+    }
     return undefined;
   }
 
+  /** Something that is shown has changed. */
+  changed(): void {
+    const { state } = this.loop;
+    if (state === this.#toldState) return this.events.send("change", "");
+    this.#toldState = state;
+    this.events.send("phase", state);
+  }
+
   close(): void {
+    this.#microphone.close();
     this.#store.close();
   }
 
   #connected(): void {
     const { isEchoCancelOn, inputDevice, inputPreference } = this.#settings.current;
-    if (!isEchoCancelOn) this.link.enable(false);
+    if (!isEchoCancelOn) this.#shareMicrophone();
     if (inputDevice !== undefined || inputPreference.length > 0) void this.#chooseInput();
     this.loop.ears.connect(true);
   }
 
   #disconnected(): void {
+    this.#microphone.close();
     this.#speaker.disconnected();
     this.loop.ears.connect(false);
   }
 
   #deviceNamed(): void {
     this.loop.ears.deviceChanged();
-    this.#changed();
+    for (const resolve of this.#awaitedDevice.splice(0)) resolve();
+    this.changed();
+  }
+
+  #deviceNameComes(): Promise<void> {
+    return new Promise((resolve) => {
+      const cancel = this.#parts.clock.after(deviceWaitMs, resolve);
+      this.#awaitedDevice.push(() => {
+        cancel();
+        resolve();
+      });
+    });
+  }
+
+  /** The microphone is the front end's while echo is cancelled, else the engine's own. */
+  #shareMicrophone(): void {
+    const { isEchoCancelOn } = this.#settings.current;
+    this.link.enable(isEchoCancelOn);
+    if (isEchoCancelOn || !this.link.isConnected) this.#microphone.close();
+    else void this.#openMicrophone();
+  }
+
+  async #openMicrophone(): Promise<void> {
+    const wanted = this.#settings.current.inputDevice ?? this.link.device;
+    const sources = await this.#parts.choices.sources();
+    if (this.#settings.current.isEchoCancelOn || !this.link.isConnected) return;
+    this.#microphone.open(sources.find(({ name }) => name === wanted)?.source);
   }
 
   /** The microphone that was chosen, else the first preferred one that is there, else the system's. */
   async #chooseInput(): Promise<void> {
-    const { inputDevice, inputPreference } = this.#settings.current;
-    if (inputDevice !== undefined) return this.link.useInput(inputDevice);
-    const present = inputPreference.length > 0 ? (await this.options()).inputs : [];
-    this.link.useInput(inputPreference.find((name) => present.includes(name)));
-  }
-
-  #changed(): void {
-    const { state } = this.loop;
-    if (state === this.#toldState) return this.events.send("change", "");
-    this.#toldState = state;
-    this.events.send("phase", state);
+    const { inputDevice, inputPreference, isEchoCancelOn } = this.#settings.current;
+    const sources = inputDevice === undefined && inputPreference.length > 0 ? await this.#parts.choices.sources() : [];
+    const preferred = inputPreference.find((name) => sources.some((source) => source.name === name));
+    this.link.useInput(inputDevice ?? preferred);
+    if (!isEchoCancelOn) this.#shareMicrophone();
   }
 }

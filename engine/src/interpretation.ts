@@ -4,6 +4,12 @@ import { plainWords } from "./language.ts";
 import type { Phrases } from "./phrases.ts";
 import type { HeardAction } from "./protocol.ts";
 
+export interface Speech {
+  text: string;
+  isUnderstood: boolean;
+  hasRecogniser: boolean;
+}
+
 export interface Circumstances {
   wakeWords: string[];
   actionPhrases: string[];
@@ -36,9 +42,9 @@ export interface Interpretation {
 /** From this share of its words on, what overlaps the agent's voice is taken for that voice. */
 const echoShare = 0.7;
 
-export function interpret(text: string, isUnderstood: boolean, around: Circumstances): Interpretation {
+export function interpret(speech: Speech, around: Circumstances): Interpretation {
   const { reasons } = around.phrases;
-  const words = wordsOf(text);
+  const words = speech.isUnderstood ? wordsOf(speech.text) : [];
   if (words.length > 0 && around.overlapsSpeech && resembles(words, around.spoken)) {
     return { action: "echo", reason: reasons.ownVoice };
   }
@@ -49,9 +55,10 @@ export function interpret(text: string, isUnderstood: boolean, around: Circumsta
   if (isSaid(around.phrases.stop) && (around.hasInterrupted || (around.isThinking && (named || !around.isDirected)))) {
     return { action: "interrupted", command: "stop" };
   }
-  if (!isUnderstood || words.length === 0) {
-    if (around.hasInterrupted) return { action: "interrupted", reason: reasons.interruptedAnswer };
-    return { action: "ignored", reason: reasons.notUnderstood };
+  if (words.length === 0) {
+    const why = speech.hasRecogniser ? reasons.notUnderstood : reasons.noRecogniser;
+    if (around.hasInterrupted) return { action: "interrupted", reason: why };
+    return { action: "ignored", reason: why };
   }
   const isMeant = named !== undefined || around.isWindowOpen || around.isDraftOpen || around.hasInterrupted;
   if (!isMeant && around.isDirected) return { action: "ignored", reason: reasons.noName };

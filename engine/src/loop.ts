@@ -161,7 +161,7 @@ export class Loop {
     const { settings, phrases } = this.ports;
     if (this.#isMuted) return this.#note(speech, { action: "muted", reason: phrases.reasons.muted });
     const { wakeWords, actionPhrases, isDirectedOn, isDraftOn } = settings();
-    const decision = interpret(speech.text, speech.isUnderstood, {
+    const decision = interpret(speech, {
       wakeWords,
       actionPhrases,
       isDirected: isDirectedOn,

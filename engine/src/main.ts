@@ -2,16 +2,22 @@
 
 import { homedir } from "node:os";
 import { join } from "node:path";
-import { BuiltInBrain } from "./brain.ts";
+import { EngineBrain } from "./brain.ts";
 import { Children } from "./children.ts";
-import { Choices } from "./choices.ts";
+import { Choices, grammarModel } from "./choices.ts";
+import { Claude } from "./claude.ts";
 import { systemClock } from "./clock.ts";
 import { Engine } from "./engine.ts";
-import { chooseLocale } from "./language.ts";
+import { chooseLocale, type Locale } from "./language.ts";
 import { standardErrorLog as log } from "./log.ts";
-import { defaultPort, isRecord } from "./protocol.ts";
+import { Microphone } from "./microphone.ts";
+import { phrases } from "./phrases.ts";
+import { defaultPort, isRecord, type Settings } from "./protocol.ts";
+import { FirstOf, type Recogniser } from "./recogniser.ts";
 import { PortTaken, serve } from "./server.ts";
+import { SphinxRecogniser } from "./sphinx.ts";
 import { EspeakSynthesiser } from "./synthesiser.ts";
+import { WhisperRecogniser } from "./whisper.ts";
 
 const portCheckMs = 1_000;
 
@@ -25,15 +31,20 @@ async function main(): Promise<void> {
   // Before anything is opened: a second engine must not touch the first one's data.
   if (await isTaken(port)) return;
 
+  const folder = join(stateHome, "palomet");
+  const choices = new Choices(children, locale);
+  const claude = new Claude(children, systemClock, phrases[locale.language]);
+  const brain = new EngineBrain(systemClock, locale, claude, choices, log);
   const engine = new Engine({
     clock: systemClock,
     log,
     locale,
-    folder: join(stateHome, "palomet"),
-    choices: new Choices(children, locale),
+    folder,
+    choices,
     synthesiser: new EspeakSynthesiser(children, log),
-    recogniser: () => ({ recognise: async () => ({ kind: "none" }) }),
-    brain: new BuiltInBrain(systemClock, locale),
+    recogniser: (settings) => recogniserFor(settings, children, choices, locale, join(folder, "recogniser")),
+    brain,
+    microphone: (onSamples) => new Microphone(children, systemClock, log, onSamples),
   });
   const end = (): void => {
     children.killAll();
@@ -50,10 +61,35 @@ async function main(): Promise<void> {
     if (!(await isTaken(port))) log(`a porta ${port} estava ocupada`);
     process.exit(1);
   }
+  void brain.prepare().then(() => engine.changed());
   log(`servindo em http://127.0.0.1:${port}`);
   log("  documentos: GET state, history, options; eventos: GET events; áudio: WebSocket /audio");
   log("  comandos: POST listen, stop, mute, new, sample, say, act, draft/clear, settings");
   if (!children.find("espeak-ng")) log("o espeak-ng não está instalado; respondo por escrito");
+}
+
+/** The recogniser that is set, and the other where it fails. */
+function recogniserFor(
+  settings: () => Settings,
+  children: Children,
+  choices: Choices,
+  locale: Locale,
+  folder: string,
+): Recogniser {
+  const names = (): string[] => settings().wakeWords;
+  const sphinx = new SphinxRecogniser(
+    children,
+    folder,
+    () => ({ ...locale, wakeWords: names(), actionPhrases: settings().actionPhrases }),
+    () => settings().endSilenceMs,
+  );
+  const whisperModel = (): string | undefined => {
+    const files = choices.whisperFiles();
+    return (files.find(({ name }) => name === settings().whisperModel) ?? files[0])?.path;
+  };
+  const whisper = new WhisperRecogniser(children, folder, locale.language, whisperModel, names);
+  void sphinx.prepare();
+  return new FirstOf(() => (settings().whisperModel === grammarModel ? [sphinx, whisper] : [whisper, sphinx]));
 }
 
 /** Says who holds the port, if somebody does, and sets the exit code. */

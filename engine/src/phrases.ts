@@ -21,11 +21,16 @@ export interface Phrases {
     noRecogniser: string;
     draftEmpty: string;
     ownVoice: string;
-    interruptedAnswer: string;
     overAnswer: string;
     muted: string;
     thinking: string;
   };
+  /** Asks to be allowed to do this. */
+  mayI: (what: string) => string;
+  allRight: string;
+  modelAway: string;
+  /** What the language model is told about its part. */
+  instructions: (name: string) => string;
 }
 
 export const phrases: Record<Language, Phrases> = {
@@ -35,8 +40,8 @@ export const phrases: Record<Language, Phrases> = {
     clearDraft: ["clear the draft", "discard the draft", "forget the draft"],
     newConversation: ["new conversation", "start a new conversation"],
     mute: ["mute", "mute yourself", "stop listening"],
-    yes: ["yes", "yes please", "sure", "do it", "go ahead"],
-    no: ["no", "no thanks", "do not"],
+    yes: ["yes", "yes please", "yes you may", "go ahead"],
+    no: ["no", "no thanks", "no you may not"],
     sample: (name) => `Hello, I am ${name}. This is how I sound.`,
     conversationBegun: "A new conversation.",
     reasons: {
@@ -45,11 +50,16 @@ export const phrases: Record<Language, Phrases> = {
       noRecogniser: "there is no speech recogniser",
       draftEmpty: "the draft is empty",
       ownVoice: "the agent's own voice",
-      interruptedAnswer: "spoken over the answer",
       overAnswer: "asked over the answer",
       muted: "the microphone was muted",
       thinking: "an answer is being thought out",
     },
+    mayI: (what) => `May I? ${what}`,
+    allRight: "All right, I will not.",
+    modelAway: "The language model did not answer.",
+    instructions: (name) =>
+      `You are ${name}, a voice assistant. Your answer is read aloud: answer in one to three short plain sentences, ` +
+      "without markup, lists or code, in the language of the question.",
   },
   pt: {
     calls: ["ei", "oi", "ô", "olá", "ok"],
@@ -57,8 +67,8 @@ export const phrases: Record<Language, Phrases> = {
     clearDraft: ["apaga o rascunho", "limpa o rascunho", "descarta o rascunho"],
     newConversation: ["nova conversa", "começa uma nova conversa"],
     mute: ["fica em silêncio", "desliga o microfone", "para de ouvir"],
-    yes: ["sim", "pode", "claro", "pode fazer", "isso"],
-    no: ["não", "não precisa", "agora não"],
+    yes: ["sim", "sim pode", "claro que sim", "pode fazer"],
+    no: ["não", "não precisa", "não pode"],
     sample: (name) => `Olá, eu sou ${name}. É assim que eu falo.`,
     conversationBegun: "Uma nova conversa.",
     reasons: {
@@ -67,10 +77,15 @@ export const phrases: Record<Language, Phrases> = {
       noRecogniser: "não há reconhecedor de fala",
       draftEmpty: "o rascunho está vazio",
       ownVoice: "a própria voz do assistente",
-      interruptedAnswer: "falou por cima da resposta",
       overAnswer: "pediu por cima da resposta",
       muted: "o microfone estava mudo",
       thinking: "uma resposta está sendo pensada",
     },
+    mayI: (what) => `Posso? ${what}`,
+    allRight: "Tudo bem, não faço.",
+    modelAway: "O modelo de linguagem não respondeu.",
+    instructions: (name) =>
+      `Você é ${name}, uma assistente de voz. A sua resposta é lida em voz alta: responda em uma a três frases curtas, ` +
+      "sem marcação, listas ou código, na língua da pergunta.",
   },
 };

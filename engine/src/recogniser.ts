@@ -12,3 +12,19 @@ export interface Recogniser {
   /** Never rejects. */
   recognise(samples: Int16Array, signal: AbortSignal): Promise<Recognition>;
 }
+
+/** Asks each in turn until one answers. */
+export class FirstOf implements Recogniser {
+  constructor(readonly recognisers: () => Recogniser[]) {}
+
+  async recognise(samples: Int16Array, signal: AbortSignal): Promise<Recognition> {
+    let last: Recognition = { kind: "none" };
+    for (const recogniser of this.recognisers()) {
+      if (signal.aborted) return { kind: "none" };
+      const found = await recogniser.recognise(samples, signal);
+      if (found.kind === "text") return found;
+      if (found.kind === "failed" || last.kind === "none") last = found;
+    }
+    return last;
+  }
+}

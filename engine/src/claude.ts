@@ -1,0 +1,138 @@
+// Answers by the `claude` command-line tool: one run a request, continuing the conversation's session.
+
+import { statSync } from "node:fs";
+import { homedir } from "node:os";
+import type { Answer, Answering, Request } from "./brain.ts";
+import type { Children } from "./children.ts";
+import { actions } from "./choices.ts";
+import { LineReader, readClaudeLine, type ClaudeEvent, type DeniedTool } from "./claudeOutput.ts";
+import type { Clock } from "./clock.ts";
+import { plainWords } from "./language.ts";
+import type { Phrases } from "./phrases.ts";
+import type { Settings } from "./protocol.ts";
+
+export type ClaudeAnswer = Answer & { problem?: string };
+
+const longestRunMs = 15 * 60_000;
+const maxOutput = 256 << 20;
+const consent = "Yes, you may.";
+
+export class Claude {
+  /** What the last answer asked leave for, and in which session. */
+  #asked: { session: string; denied: DeniedTool[] } | undefined;
+
+  constructor(
+    readonly children: Children,
+    readonly clock: Clock,
+    readonly phrases: Phrases,
+    /** A run that prints nothing for so long has hung. */
+    readonly stallMs = 120_000,
+  ) {}
+
+  /** The answer's `problem` says what went wrong; what came before that was handed on. */
+  async answer(path: string, request: Request, answering: Answering, signal: AbortSignal): Promise<ClaudeAnswer> {
+    const asked = this.#asked;
+    this.#asked = undefined;
+    if (asked && asked.session === request.session) {
+      if (isOneOf(request.text, this.phrases.no)) {
+        answering.text(this.phrases.allRight);
+        return { costUsd: 0 };
+      }
+      if (isOneOf(request.text, this.phrases.yes)) {
+        return await this.#run(path, { ...request, text: consent }, asked.denied, answering, signal);
+      }
+    }
+    return await this.#run(path, request, [], answering, signal);
+  }
+
+  async #run(
+    path: string,
+    request: Request,
+    allowed: DeniedTool[],
+    answering: Answering,
+    signal: AbortSignal,
+  ): Promise<ClaudeAnswer> {
+    let session = request.session;
+    let result: Extract<ClaudeEvent, { kind: "result" }> | undefined;
+    let hasText = false;
+    const lines = new LineReader((line) => {
+      for (const event of readClaudeLine(line)) {
+        if (event.kind === "session") session = event.session;
+        if (event.kind === "tool") answering.tool(event.detail === "" ? event.name : `${event.name}: ${event.detail}`);
+        if (event.kind === "result") result = event;
+        if (event.kind !== "text" || event.text.trim() === "") continue;
+        answering.text(`${hasText ? "\n" : ""}${event.text}`);
+        hasText = true;
+      }
+    });
+    const ending = new AbortController();
+    const stop = (): void => ending.abort();
+    signal.addEventListener("abort", stop);
+    let cancelStall = this.clock.after(this.stallMs, stop);
+    const outcome = await this.children.run([path, ...commandLine(request, allowed, this.phrases)], {
+      input: request.text,
+      timeoutMs: longestRunMs,
+      maxOutput,
+      signal: ending.signal,
+      cwd: folderOf(request.settings),
+      onOutput: (piece) => {
+        cancelStall();
+        cancelStall = this.clock.after(this.stallMs, stop);
+        lines.take(piece);
+      },
+    });
+    lines.end();
+    cancelStall();
+    signal.removeEventListener("abort", stop);
+
+    if (!hasText && result && !result.isError && result.text.trim() !== "") answering.text(result.text);
+    const answer: ClaudeAnswer = { costUsd: result?.costUsd ?? 0 };
+    const last = result?.session ?? session;
+    if (last !== undefined) answer.session = last;
+    if (result?.denied.length && last !== undefined) {
+      this.#asked = { session: last, denied: result.denied };
+      answering.text(`\n${this.phrases.mayI(result.denied.map(({ name, detail }) => detail || name).join("; "))}`);
+      return answer;
+    }
+    if (result && !result.isError) return answer;
+    if (outcome.kind === "stopped") return { ...answer, problem: "não respondeu a tempo" };
+    if (outcome.kind !== "ended") return { ...answer, problem: outcome.kind };
+    const complaint = (result?.text || outcome.errors).trim().split("\n")[0]?.slice(0, 200) ?? "";
+    return { ...answer, problem: `terminou com ${outcome.code}${complaint === "" ? "" : `: ${complaint}`}` };
+  }
+}
+
+/** What may be done is told by the settings; what was just allowed holds for this one run. */
+export function commandLine(request: Request, allowed: DeniedTool[], phrases: Phrases): string[] {
+  const { brainModel, confirmActions, folders, voiceName } = request.settings;
+  const free = actions.filter(({ id }) => !confirmActions.includes(id)).flatMap(({ tools }) => [...tools]);
+  const tools = [...new Set([...free, ...allowed.map(rule)])];
+  const present = folders.filter((folder) => statSync(folder, { throwIfNoEntry: false })?.isDirectory());
+  return [
+    "--print",
+    "--output-format",
+    "stream-json",
+    "--verbose",
+    "--model",
+    brainModel,
+    "--append-system-prompt",
+    phrases.instructions(voiceName),
+    ...(request.session === undefined ? [] : ["--resume", request.session]),
+    ...(tools.length === 0 ? [] : ["--allowedTools", tools.join(",")]),
+    ...present.flatMap((folder) => ["--add-dir", folder]),
+  ];
+}
+
+/** The very command where it can be written as a rule, else the tool. */
+function rule({ name, detail }: DeniedTool): string {
+  return name === "Bash" && detail !== "" && !/[(),…*]/.test(detail) ? `${name}(${detail})` : name;
+}
+
+function isOneOf(text: string, list: string[]): boolean {
+  const plain = plainWords(text).join(" ");
+  return list.some((phrase) => plainWords(phrase).join(" ") === plain);
+}
+
+function folderOf({ workingFolder }: Settings): string {
+  return statSync(workingFolder, { throwIfNoEntry: false })?.isDirectory() ? workingFolder : homedir();
+}

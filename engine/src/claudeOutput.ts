@@ -1,0 +1,108 @@
+// Reads what the `claude` tool prints with its streamed JSON output: one JSON object a line.
+
+import { isRecord, parseJson } from "./protocol.ts";
+
+export type ClaudeEvent =
+  | { kind: "session"; session: string; model: string | undefined }
+  | { kind: "text"; text: string }
+  | { kind: "tool"; name: string; detail: string }
+  | { kind: "result"; text: string; isError: boolean; costUsd: number; session: string | undefined; denied: DeniedTool[] };
+
+/** A tool that was not allowed to do what the model wanted. */
+export interface DeniedTool {
+  name: string;
+  detail: string;
+}
+
+/** A longer line holds a tool's output; it is let go. */
+const longestLine = 4 << 20;
+const longestDetail = 200;
+
+/** Cuts pieces of output into lines, holding no more than one line of bounded length. */
+export class LineReader {
+  #decoder = new TextDecoder();
+  #rest = "";
+  #isSkipping = false;
+
+  constructor(readonly onLine: (line: string) => void) {}
+
+  take(piece: Uint8Array): void {
+    const lines = this.#decoder.decode(piece, { stream: true }).split("\n");
+    const last = lines.pop() ?? "";
+    for (const line of lines) {
+      const whole = this.#rest + line;
+      this.#rest = "";
+      if (!this.#isSkipping) this.onLine(whole);
+      this.#isSkipping = false;
+    }
+    this.#rest += last;
+    if (this.#rest.length > longestLine) {
+      this.#rest = "";
+      this.#isSkipping = true;
+    }
+  }
+
+  end(): void {
+    if (this.#rest !== "" && !this.#isSkipping) this.onLine(this.#rest);
+    this.#rest = "";
+  }
+}
+
+/** The events of one line; none for a line that is not understood. */
+export function readClaudeLine(line: string): ClaudeEvent[] {
+  const value = parseJson(line);
+  if (!isRecord(value)) return [];
+  const session = typeof value.session_id === "string" ? value.session_id : undefined;
+  switch (value.type) {
+    case "system":
+      return session === undefined ? [] : [{ kind: "session", session, model: textOf(value.model) }];
+    case "assistant":
+      return isRecord(value.message) && Array.isArray(value.message.content)
+        ? value.message.content.flatMap(readBlock)
+        : [];
+    case "result":
+      return [
+        {
+          kind: "result",
+          text: textOf(value.result) ?? "",
+          isError: value.is_error === true || (typeof value.subtype === "string" && value.subtype !== "success"),
+          costUsd: typeof value.total_cost_usd === "number" && value.total_cost_usd >= 0 ? value.total_cost_usd : 0,
+          session,
+          denied: Array.isArray(value.permission_denials) ? value.permission_denials.flatMap(readDenial) : [],
+        },
+      ];
+    default:
+      return [];
+  }
+}
+
+function readBlock(block: unknown): ClaudeEvent[] {
+  if (!isRecord(block)) return [];
+  if (block.type === "text" && typeof block.text === "string") return [{ kind: "text", text: block.text }];
+  if (block.type === "tool_use" && typeof block.name === "string") {
+    return [{ kind: "tool", name: block.name, detail: detailOf(block.input) }];
+  }
+  return [];
+}
+
+function readDenial(denial: unknown): DeniedTool[] {
+  if (!isRecord(denial) || typeof denial.tool_name !== "string") return [];
+  return [{ name: denial.tool_name, detail: detailOf(denial.tool_input) }];
+}
+
+/** What a tool is used on, in one line. */
+function detailOf(input: unknown): string {
+  if (!isRecord(input)) return "";
+  for (const key of ["command", "file_path", "notebook_path", "pattern", "path", "url", "query", "description"]) {
+    const text = textOf(input[key]);
+    if (text !== undefined && text.trim() !== "") {
+      const line = text.replace(/\s+/g, " ").trim();
+      return line.length > longestDetail ? `${line.slice(0, longestDetail - 1)}…` : line;
+    }
+  }
+  return "";
+}
+
+function textOf(value: unknown): string | undefined {
+  return typeof value === "string" ? value : undefined;
+}

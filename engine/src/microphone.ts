@@ -1,0 +1,65 @@
+// The engine's own ear, for when the front end has released the microphone because echo cancellation is off: samples
+// from the sound server by `parec`, as the microphone gives them.
+
+import type { Children } from "./children.ts";
+import type { Clock } from "./clock.ts";
+import type { Log } from "./log.ts";
+import { sampleRate } from "./protocol.ts";
+
+const retryMs = 2_000;
+/** A day: longer than any run of it, and short enough for a timer. */
+const longestRunMs = 86_400_000;
+
+export class Microphone {
+  #run: AbortController | undefined;
+  #cancelRetry = (): void => {};
+  #odd: number | undefined;
+
+  constructor(
+    readonly children: Children,
+    readonly clock: Clock,
+    readonly log: Log,
+    readonly onSamples: (samples: Int16Array) => void,
+  ) {}
+
+  get isOpen(): boolean {
+    return this.#run !== undefined;
+  }
+
+  /** Opens this source of the sound server, or its default one; again every two seconds until it is closed. */
+  open(source: string | undefined): void {
+    this.close();
+    const run = new AbortController();
+    this.#run = run;
+    this.log("cancelamento de eco desligado: ouço eu mesmo o microfone");
+    void this.#record(run, source);
+  }
+
+  close(): void {
+    this.#cancelRetry();
+    this.#run?.abort();
+    this.#run = undefined;
+  }
+
+  async #record(run: AbortController, source: string | undefined): Promise<void> {
+    this.#odd = undefined;
+    const format = ["--raw", "--format=s16le", `--rate=${sampleRate}`, "--channels=1", "--latency-msec=20"];
+    const device = source === undefined ? [] : [`--device=${source}`];
+    await this.children.run(["parec", ...format, ...device, "--client-name=Palomet"], {
+      timeoutMs: longestRunMs,
+      maxOutput: Infinity,
+      signal: run.signal,
+      onOutput: (piece) => this.#take(piece),
+    });
+    if (run.signal.aborted) return;
+    this.#cancelRetry = this.clock.after(retryMs, () => void this.#record(run, source));
+  }
+
+  /** Pieces need not end with a whole sample. */
+  #take(piece: Uint8Array): void {
+    const bytes = this.#odd === undefined ? piece : Buffer.concat([Uint8Array.of(this.#odd), piece]);
+    this.#odd = bytes.length % 2 === 1 ? bytes.at(-1) : undefined;
+    const whole = bytes.slice(0, bytes.length & ~1);
+    if (whole.length > 0) this.onSamples(new Int16Array(new Uint8Array(whole).buffer));
+  }
+}

@@ -1,0 +1,111 @@
+// How words sound, for the grammar of the recogniser: its own dictionary where it has the word (English), else what
+// `espeak-ng` makes of it, its phonetic letters written with the phones of the acoustic model. Languages that the model
+// was not trained on are understood by their nearest English sounds, which is enough to tell a few phrases apart.
+
+import type { Children } from "./children.ts";
+import { plainWords } from "./language.ts";
+
+/** Phonetic letters (IPA) to the phones of the American English model, longer ones first when they are looked up. */
+const phones: Record<string, string> = {
+  p: "P", b: "B", t: "T", d: "D", k: "K", ɡ: "G", g: "G", f: "F", v: "V", s: "S", z: "Z", θ: "TH", ð: "DH",
+  ʃ: "SH", ʒ: "ZH", tʃ: "CH", dʒ: "JH", m: "M", n: "N", ɲ: "N Y", ŋ: "NG", l: "L", ɫ: "L", ʎ: "L Y", w: "W", j: "Y",
+  h: "HH", x: "HH", ɣ: "HH", ʁ: "HH", ɾ: "R", r: "R", ɹ: "R",
+  i: "IY", ɪ: "IH", y: "IY", e: "EY", ɛ: "EH", æ: "AE", a: "AA", ɐ: "AH", ə: "AH", ɑ: "AA", ɒ: "AA", ɔ: "AO", o: "OW",
+  ʊ: "UH", u: "UW", ʌ: "AH", ɜ: "ER", ɚ: "ER", aɪ: "AY", aʊ: "AW", eɪ: "EY", oʊ: "OW", əʊ: "OW", ɔɪ: "OY", oɪ: "OY",
+};
+const nasal = "\u0303";
+const timeoutMs = 5_000;
+const maxOutput = 1 << 20;
+
+/** Phones of a word written in phonetic letters; undefined when none of them is known. */
+export function phonesOf(ipa: string): string | undefined {
+  const found: string[] = [];
+  let isNasal = false;
+  const plain = ipa.normalize("NFD").replace(/[\u02C8\u02CC\u02D0_\u200D\u0361]/g, "");
+  // Both vowels of a nasal diphthong bear the mark; the second tells enough.
+  const letters = plain.replace(/[ɐa]\u0303(?=[ʊw]\u0303)/g, "a");
+  for (let at = 0; at < letters.length; ) {
+    if (letters[at] === nasal) {
+      isNasal = true;
+      at++;
+      continue;
+    }
+    const pair = phones[letters.slice(at, at + 2)];
+    const phone = pair ?? phones[letters[at] ?? ""];
+    at += pair ? 2 : 1;
+    if (phone === undefined) continue;
+    // A nasal vowel ends in the nearest nasal consonant.
+    if (isNasal && !/^(N|M|NG)\b/.test(phone)) found.push("N");
+    isNasal = false;
+    found.push(phone);
+  }
+  if (isNasal) found.push("N");
+  return found.length > 0 ? found.join(" ") : undefined;
+}
+
+export class Pronouncer {
+  constructor(
+    readonly children: Children,
+    /** The recogniser's dictionary: a word, a blank and its phones a line. */
+    readonly dictionary: string | undefined,
+  ) {}
+
+  /** How each word of these phrases may be said by this voice; words for which nothing is known are left out. */
+  async pronounce(phrases: string[], voice: string): Promise<Map<string, Set<string>>> {
+    const said = new Map<string, Set<string>>();
+    const learn = (word: string, sound: string | undefined): void => {
+      if (sound !== undefined) said.set(word, (said.get(word) ?? new Set()).add(sound));
+    };
+    if (voice.startsWith("en")) {
+      const listed = await this.#lookUp(new Set(phrases.flatMap(grammarWords)));
+      for (const [word, sounds] of listed) said.set(word, sounds);
+    }
+    const unlisted = phrases.filter((phrase) => grammarWords(phrase).some((word) => !said.has(word)));
+    const spelled = await this.#ask(unlisted, voice);
+    const alone: string[] = [];
+    unlisted.forEach((phrase, index) => {
+      const words = grammarWords(phrase);
+      const sounds = (spelled[index] ?? "").trim().split(/\s+/);
+      // The synthesiser now and then runs two words into one.
+      if (sounds.length !== words.length) alone.push(...words.filter((word) => !said.has(word)));
+      else words.forEach((word, at) => learn(word, phonesOf(sounds[at] ?? "")));
+    });
+    const missing = [...new Set(alone)].filter((word) => !said.has(word));
+    const sounds = await this.#ask(missing, voice);
+    missing.forEach((word, index) => learn(word, phonesOf(sounds[index] ?? "")));
+    return said;
+  }
+
+  async #lookUp(words: Set<string>): Promise<Map<string, Set<string>>> {
+    const found = new Map<string, Set<string>>();
+    if (this.dictionary === undefined) return found;
+    const text = await Bun.file(this.dictionary).text().catch(() => "");
+    for (const line of text.split("\n")) {
+      const blank = line.search(/\s/);
+      const word = line.slice(0, blank).replace(/\(\d+\)$/, "");
+      if (blank > 0 && words.has(word)) {
+        found.set(word, (found.get(word) ?? new Set()).add(line.slice(blank + 1).trim()));
+      }
+    }
+    return found;
+  }
+
+  /** The phonetic letters of each phrase; nothing at all when the synthesiser does not answer line by line. */
+  async #ask(texts: string[], voice: string): Promise<string[]> {
+    if (texts.length === 0) return [];
+    const outcome = await this.children.run(["espeak-ng", "-b", "1", "-q", "--ipa", "--sep=_", "-v", voice, "--stdin"], {
+      // A sentence each, so that none sounds as it would before the next.
+      input: texts.map((text) => `${text}.\n\n`).join(""),
+      timeoutMs,
+      maxOutput,
+    });
+    if (outcome.kind !== "ended" || outcome.code !== 0) return [];
+    const lines = new TextDecoder().decode(outcome.output).split("\n").filter((line) => line.trim() !== "");
+    return lines.length === texts.length ? lines : [];
+  }
+}
+
+/** The words of a phrase as the grammar has them. */
+export function grammarWords(phrase: string): string[] {
+  return plainWords(phrase.replace(/['’]/g, ""));
+}

@@ -1,0 +1,55 @@
+// Recognition by `whisper-cli` with one of the models that the user has.
+
+import { mkdirSync, rmSync } from "node:fs";
+import { join } from "node:path";
+import type { Children } from "./children.ts";
+import type { Language } from "./language.ts";
+import { sampleRate } from "./protocol.ts";
+import type { Recogniser, Recognition } from "./recogniser.ts";
+import { writeWav } from "./wav.ts";
+
+const timeoutMs = 30_000;
+const maxOutput = 64 * 1024;
+const longestText = 4_000;
+
+export class WhisperRecogniser implements Recogniser {
+  constructor(
+    readonly children: Children,
+    readonly folder: string,
+    readonly language: Language,
+    /** The model file in use; undefined when there is none. */
+    readonly model: () => string | undefined,
+    /** Names that it would not know how to spell. */
+    readonly names: () => string[],
+  ) {}
+
+  async recognise(samples: Int16Array, signal: AbortSignal): Promise<Recognition> {
+    const model = this.model();
+    if (model === undefined) return { kind: "none" };
+    const file = join(this.folder, "utterance.wav");
+    try {
+      mkdirSync(this.folder, { recursive: true, mode: 0o700 });
+      await Bun.write(file, writeWav(samples, sampleRate));
+      const options = ["--no-timestamps", "--no-prints", "--language", this.language, "--prompt", this.names().join(", ")];
+      const outcome = await this.children.run(["whisper-cli", "--model", model, ...options, "--file", file], {
+        timeoutMs,
+        maxOutput,
+        signal,
+      });
+      if (outcome.kind !== "ended") return { kind: "failed", problem: `whisper-cli: ${outcome.kind}` };
+      if (outcome.code !== 0) return { kind: "failed", problem: `whisper-cli terminou com ${outcome.code}` };
+      const text = readText(new TextDecoder().decode(outcome.output));
+      return { kind: "text", text, isUnderstood: text !== "" };
+    } catch (error) {
+      return { kind: "failed", problem: String(error) };
+    } finally {
+      rmSync(file, { force: true });
+    }
+  }
+}
+
+/** Without what it writes for sounds that are no words, as [MUSIC] or (laughs). */
+function readText(output: string): string {
+  const text = output.replace(/\[[^\]]*\]|\([^)]*\)|\*[^*]*\*/g, " ").replace(/\s+/g, " ").trim();
+  return /[\p{L}\p{N}]/u.test(text) ? text.slice(0, longestText) : "";
+}

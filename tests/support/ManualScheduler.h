@@ -45,6 +45,14 @@ public:
 
     [[nodiscard]] std::size_t pendingCount() const { return m_pending.size(); }
 
+    /// How long until something falls due; for ever when nothing will.
+    [[nodiscard]] std::chrono::system_clock::duration untilNext() const {
+        auto next = std::chrono::system_clock::duration::max();
+        for (const auto *entry : m_pending)
+            next = std::min(next, entry->due - m_now);
+        return next;
+    }
+
 private:
     struct Entry final : Pending {
         ManualScheduler *owner = nullptr;

@@ -1,0 +1,259 @@
+#include "model/Documents.h"
+
+#include "model/DocumentFields.h"
+
+#include <simdjson.h>
+
+#include <bitset>
+#include <cmath>
+#include <limits>
+#include <optional>
+
+namespace palomet {
+
+namespace {
+
+using simdjson::ondemand::json_type;
+using JsonValue = simdjson::ondemand::value;
+
+template <typename T>
+constexpr bool isOptional = false;
+template <typename T>
+constexpr bool isOptional<std::optional<T>> = true;
+
+/// Reads one document from front to back, straight into its value. Every value is consumed, wanted or not, because the
+/// parser underneath checks only what is asked of it.
+class DocumentReader {
+public:
+    template <typename Document>
+    Result<Document> readDocument(QByteArrayView json) {
+        Document document;
+        return readWhole(json,
+                         [&](simdjson::ondemand::document &root) {
+                             JsonValue value;
+                             return !root.get_value().get(value) && read(value, document);
+                         })
+                   ? Result<Document>(std::move(document))
+                   : failure();
+    }
+
+    Result<QString> readText(QByteArrayView json) {
+        QString text;
+        return readWhole(json,
+                         [&](simdjson::ondemand::document &root) {
+                             std::string_view utf8;
+                             if (root.get_string().get(utf8))
+                                 return false;
+                             text = QString::fromUtf8(utf8);
+                             return true;
+                         })
+                   ? Result<QString>(std::move(text))
+                   : failure();
+    }
+
+private:
+    template <typename Read>
+    bool readWhole(QByteArrayView json, Read readRoot) {
+        if (json.size() > maximumDocumentSize)
+            return false;
+        const simdjson::padded_string padded(json.data(), static_cast<std::size_t>(json.size()));
+        simdjson::ondemand::document root;
+        if (m_parser.iterate(padded).get(root) || !readRoot(root))
+            return false;
+        const char *rest = nullptr;
+        return root.current_location().get(rest) == simdjson::OUT_OF_BOUNDS;
+    }
+
+    [[nodiscard]] Failure failure() const {
+        if (m_field.empty())
+            return {QStringLiteral("not a document")};
+        return {QStringLiteral("missing or not of its type: %1").arg(QString::fromUtf8(m_field))};
+    }
+
+    bool read(JsonValue value, QString &into) {
+        std::string_view utf8;
+        if (value.get_string().get(utf8))
+            return false;
+        into = QString::fromUtf8(utf8);
+        return true;
+    }
+
+    bool read(JsonValue value, bool &into) { return !value.get_bool().get(into); }
+
+    bool read(JsonValue value, double &into) { return !value.get_double().get(into); }
+
+    bool read(JsonValue value, qint64 &into) {
+        std::int64_t integer = 0;
+        if (!value.get_int64().get(integer)) {
+            into = integer;
+            return true;
+        }
+        // A double written as an integer too large for 64 bits must not be taken for its rounded neighbour.
+        const bool isFraction = value.raw_json_token().find_first_of(".eE") != std::string_view::npos;
+        double number = 0;
+        if (!isFraction || !read(value, number))
+            return false;
+        if (number != std::trunc(number) || number < -0x1p63 || number >= 0x1p63)
+            return false;
+        into = static_cast<qint64>(number);
+        return true;
+    }
+
+    template <typename T>
+    bool read(JsonValue value, std::optional<T> &into) {
+        bool isNull = false;
+        if (value.is_null().get(isNull))
+            return false;
+        into.reset();
+        return isNull || read(value, into.emplace());
+    }
+
+    template <typename T>
+    bool read(JsonValue value, std::vector<T> &into) {
+        simdjson::ondemand::array array;
+        if (value.get_array().get(array))
+            return false;
+        into.clear();
+        ++m_depth;
+        for (auto next : array) {
+            JsonValue element;
+            if (next.get(element) || !read(element, into.emplace_back()))
+                return false;
+        }
+        --m_depth;
+        return true;
+    }
+
+    template <typename T>
+    requires requires { DocumentFields<T>::all; }
+    bool read(JsonValue value, T &into) {
+        simdjson::ondemand::object object;
+        if (value.get_object().get(object))
+            return false;
+        std::bitset<std::tuple_size_v<decltype(DocumentFields<T>::all)>> found;
+        ++m_depth;
+        for (auto next : object) {
+            simdjson::ondemand::field entry;
+            std::string_view key;
+            if (std::move(next).get(entry) || entry.unescaped_key().get(key) ||
+                !readEntry(key, entry.value(), into, found))
+                return false;
+        }
+        --m_depth;
+        return isComplete<T>(found);
+    }
+
+    template <typename T, std::size_t Count>
+    bool readEntry(std::string_view key, JsonValue value, T &into, std::bitset<Count> &found) {
+        bool isKnown = false;
+        bool isRead = true;
+        forEachField<T>([&](std::size_t index, const auto &field) {
+            if (isKnown || field.key != key)
+                return;
+            isKnown = true;
+            found.set(index);
+            isRead = read(value, into.*field.member);
+            if (!isRead && m_field.empty())
+                m_field = field.key;
+        });
+        return isKnown ? isRead : skip(value);
+    }
+
+    template <typename T, std::size_t Count>
+    bool isComplete(const std::bitset<Count> &found) {
+        bool isComplete = true;
+        forEachField<T>([&](std::size_t index, const auto &field) {
+            if (found[index] || isOptional<std::remove_reference_t<decltype(std::declval<T &>().*field.member)>>)
+                return;
+            isComplete = false;
+            if (m_field.empty())
+                m_field = field.key;
+        });
+        return isComplete;
+    }
+
+    template <typename T, typename Visit>
+    static void forEachField(Visit visit) {
+        std::apply(
+            [&](const auto &...field) {
+                std::size_t index = 0;
+                (visit(index++, field), ...);
+            },
+            DocumentFields<T>::all);
+    }
+
+    /// Passes over a value that nobody asked for, which must still be JSON.
+    bool skip(JsonValue value) {
+        json_type type{};
+        if (value.type().get(type))
+            return false;
+        switch (type) {
+        case json_type::array:
+            return skipArray(value);
+        case json_type::object:
+            return skipObject(value);
+        case json_type::number:
+            return !value.get_double().error();
+        case json_type::string:
+            return !value.get_string().error();
+        case json_type::boolean:
+            return !value.get_bool().error();
+        case json_type::null:
+            return !value.is_null().error();
+        }
+        return false;
+    }
+
+    bool skipArray(JsonValue value) {
+        simdjson::ondemand::array array;
+        if (m_depth == maximumNesting || value.get_array().get(array))
+            return false;
+        ++m_depth;
+        for (auto next : array) {
+            JsonValue element;
+            if (next.get(element) || !skip(element))
+                return false;
+        }
+        --m_depth;
+        return true;
+    }
+
+    bool skipObject(JsonValue value) {
+        simdjson::ondemand::object object;
+        if (m_depth == maximumNesting || value.get_object().get(object))
+            return false;
+        ++m_depth;
+        for (auto next : object) {
+            simdjson::ondemand::field entry;
+            std::string_view key;
+            if (std::move(next).get(entry) || entry.unescaped_key().get(key) || !skip(entry.value()))
+                return false;
+        }
+        --m_depth;
+        return true;
+    }
+
+    simdjson::ondemand::parser m_parser{static_cast<std::size_t>(maximumDocumentSize)};
+    int m_depth = 0;
+    std::string_view m_field; ///< The first field that could not be read; its key lives in the table.
+};
+
+} // namespace
+
+Result<Snapshot> decodeSnapshot(QByteArrayView json) {
+    return DocumentReader().readDocument<Snapshot>(json);
+}
+
+Result<std::vector<ConversationSummary>> decodeHistory(QByteArrayView json) {
+    return DocumentReader().readDocument<std::vector<ConversationSummary>>(json);
+}
+
+Result<Options> decodeOptions(QByteArrayView json) {
+    return DocumentReader().readDocument<Options>(json);
+}
+
+Result<QString> decodeText(QByteArrayView json) {
+    return DocumentReader().readText(json);
+}
+
+} // namespace palomet

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "base/Result.h"
+#include "model/ConversationSummary.h"
+#include "model/Options.h"
+#include "model/Snapshot.h"
+
+#include <QByteArrayView>
+
+#include <vector>
+
+/// Decoding of what the backend sends: pure functions over bytes, for any thread. A document is read whole or not at
+/// all. Every field that is not optional must be there with a value of its type; an optional one may be absent or null;
+/// other keys are passed over, and of a key that is there twice the last one counts. An integer is a JSON number
+/// without a fraction (5.0 is one) that 64 bits can hold.
+///
+/// Not readable: what is not strict JSON in UTF-8, lone surrogates, numbers that no double can hold, nesting beyond
+/// `maximumNesting`, more than `maximumDocumentSize` bytes. The failure's reason says which, or names the field.
+namespace palomet {
+
+inline constexpr qsizetype maximumDocumentSize = 64 * 1024 * 1024;
+inline constexpr int maximumNesting = 512;
+
+Result<Snapshot> decodeSnapshot(QByteArrayView json);
+Result<std::vector<ConversationSummary>> decodeHistory(QByteArrayView json);
+Result<Options> decodeOptions(QByteArrayView json);
+
+/// A JSON text of nothing but one string, as events carry it.
+Result<QString> decodeText(QByteArrayView json);
+
+} // namespace palomet

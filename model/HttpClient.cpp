@@ -1,0 +1,100 @@
+#include "model/HttpClient.h"
+
+#include <QIODevice>
+#include <QNetworkProxy>
+#include <QNetworkReply>
+#include <QNetworkRequest>
+
+#include <cstring>
+
+namespace palomet {
+
+namespace {
+
+/// A body that can be read once: the network manager, which would send a request again when its connection breaks
+/// before the reply, finds that it cannot.
+class UnrepeatableBody final : public QIODevice {
+public:
+    explicit UnrepeatableBody(QByteArray content)
+        : m_content(std::move(content)) {
+        open(ReadOnly | Unbuffered);
+    }
+
+    [[nodiscard]] bool isSequential() const override { return true; }
+    [[nodiscard]] bool atEnd() const override { return m_read == m_content.size(); }
+    [[nodiscard]] qint64 bytesAvailable() const override { return m_content.size() - m_read; }
+    bool seek(qint64) override { return false; }
+
+protected:
+    qint64 readData(char *into, qint64 maximum) override {
+        const qint64 count = std::min(maximum, bytesAvailable());
+        std::memcpy(into, m_content.constData() + m_read, static_cast<std::size_t>(count));
+        m_read += count;
+        return count > 0 ? count : -1;
+    }
+    qint64 writeData(const char *, qint64) override { return -1; }
+
+private:
+    QByteArray m_content;
+    qint64 m_read = 0;
+};
+
+} // namespace
+
+HttpClient::HttpClient(QUrl base, Scheduler &scheduler)
+    : m_base(std::move(base))
+    , m_scheduler(scheduler) {
+    m_manager.setProxy(QNetworkProxy::NoProxy);
+    m_manager.setRedirectPolicy(QNetworkRequest::ManualRedirectPolicy);
+}
+
+std::unique_ptr<HttpExchange> HttpClient::get(const QString &path, std::chrono::milliseconds timeout,
+                                              HttpExchange::Answer answer) {
+    return std::make_unique<HttpExchange>(ReplyOwner(m_manager.get(request(path, path))), HttpExchange::Body::Keep,
+                                          m_scheduler, timeout, std::move(answer));
+}
+
+ReplyOwner HttpClient::stream(const QString &path, qint64 bufferSize) {
+    ReplyOwner reply(m_manager.get(request(path, QString::number(++m_connectionCount))));
+    reply->setReadBufferSize(bufferSize);
+    return reply;
+}
+
+void HttpClient::post(const QString &path, const std::optional<QByteArray> &json, std::chrono::milliseconds timeout,
+                      std::function<void()> done) {
+    const auto number = ++m_connectionCount;
+    auto command = request(path, QString::number(number));
+    command.setRawHeader("connection", "close");
+    command.setHeader(QNetworkRequest::ContentLengthHeader, json ? json->size() : 0);
+    command.setAttribute(QNetworkRequest::DoNotBufferUploadDataAttribute, true);
+    if (json)
+        command.setRawHeader("content-type", "application/json");
+
+    auto body = std::make_unique<UnrepeatableBody>(json.value_or(QByteArray()));
+    ReplyOwner reply(m_manager.post(command, body.get()));
+    body.release()->setParent(reply.get());
+    const auto ended = [this, number, done = std::move(done)](const std::optional<QByteArray> &) {
+        m_commands.erase(number);
+        done();
+    };
+    m_commands[number] =
+        std::make_unique<HttpExchange>(std::move(reply), HttpExchange::Body::Discard, m_scheduler, timeout, ended);
+}
+
+QNetworkRequest HttpClient::request(const QString &path, const QString &pool) const {
+    QUrl url = m_base;
+    url.setPath(m_base.path() + u'/' + path);
+    QNetworkRequest request(url);
+    request.setHeader(QNetworkRequest::UserAgentHeader, QStringLiteral("Palomet"));
+    // The size limit is one of bytes received.
+    request.setRawHeader("accept-encoding", "identity");
+    request.setAttribute(QNetworkRequest::Http2AllowedAttribute, false);
+    request.setAttribute(QNetworkRequest::CookieLoadControlAttribute, QNetworkRequest::Manual);
+    request.setAttribute(QNetworkRequest::CookieSaveControlAttribute, QNetworkRequest::Manual);
+    // The manager keeps at most six connections for each host and peer name, and queues what is beyond. Without TLS
+    // nobody verifies the name, so it only says which requests share connections.
+    request.setPeerVerifyName(pool);
+    return request;
+}
+
+} // namespace palomet

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "model/HttpExchange.h"
+
+#include <QNetworkAccessManager>
+#include <QUrl>
+
+#include <map>
+
+namespace palomet {
+
+/// Plain HTTP to one base address: no proxy, no redirect, no cookie, no compression. Main thread only; answers come
+/// from the event loop.
+class HttpClient {
+public:
+    /// `scheduler` outlives this.
+    HttpClient(QUrl base, Scheduler &scheduler);
+
+    /// Fetches a document. All of it must have come `timeout` from now. Requests of one path wait for each other only,
+    /// when there are more than six.
+    [[nodiscard]] std::unique_ptr<HttpExchange> get(const QString &path, std::chrono::milliseconds timeout,
+                                                    HttpExchange::Answer answer);
+
+    /// Opens a document without an end on a connection of its own, to be read as it comes, with at most `bufferSize`
+    /// bytes held.
+    [[nodiscard]] ReplyOwner stream(const QString &path, qint64 bufferSize);
+
+    /// Sends a command, at once and at most once: on a connection of its own, behind nothing that hangs, and never
+    /// again when the connection breaks. Without a body it carries no content type; an empty body is JSON that could
+    /// not be written. `done` is called once, when the reply has ended or failed, unless this client is destroyed
+    /// before.
+    void post(const QString &path, const std::optional<QByteArray> &json, std::chrono::milliseconds timeout,
+              std::function<void()> done);
+
+private:
+    [[nodiscard]] QNetworkRequest request(const QString &path, const QString &pool) const;
+
+    QUrl m_base;
+    Scheduler &m_scheduler;
+    QNetworkAccessManager m_manager;
+    quint64 m_connectionCount = 0;
+    std::map<quint64, std::unique_ptr<HttpExchange>> m_commands;
+};
+
+} // namespace palomet

@@ -1,0 +1,65 @@
+#include "model/HttpExchange.h"
+
+#include "model/Documents.h"
+
+namespace palomet {
+
+namespace {
+
+/// Small enough that a reply nobody wants is noticed early, large enough that a document comes in few pieces.
+constexpr qint64 readBufferSize = 1024 * 1024;
+
+/// Whether a reply came as a whole; a status that speaks of an error is not looked at.
+bool isWhole(const QNetworkReply &reply) {
+    if (!reply.attribute(QNetworkRequest::HttpStatusCodeAttribute).isValid())
+        return false;
+    const auto error = reply.error();
+    const bool isClientError =
+        error >= QNetworkReply::ContentAccessDenied && error <= QNetworkReply::UnknownContentError;
+    const bool isServerError =
+        error >= QNetworkReply::InternalServerError && error <= QNetworkReply::UnknownServerError;
+    return error == QNetworkReply::NoError || isClientError || isServerError;
+}
+
+} // namespace
+
+void ReplyDeleter::operator()(QNetworkReply *reply) const {
+    reply->abort();
+    reply->deleteLater();
+}
+
+HttpExchange::HttpExchange(ReplyOwner reply, Body body, Scheduler &scheduler, std::chrono::milliseconds timeout,
+                           Answer answer)
+    : m_kind(body)
+    , m_answer(std::move(answer))
+    , m_timeout(scheduler.after(timeout, [this] { this->answer(std::nullopt); }))
+    , m_reply(std::move(reply)) {
+    m_reply->setReadBufferSize(readBufferSize);
+    QObject::connect(m_reply.get(), &QNetworkReply::readyRead, &m_context, [this] { receive(); });
+    QObject::connect(m_reply.get(), &QNetworkReply::finished, &m_context, [this] { end(); });
+}
+
+void HttpExchange::receive() {
+    m_body += m_reply->readAll();
+    if (m_kind == Body::Discard)
+        m_body.clear();
+    else if (m_body.size() > maximumDocumentSize)
+        answer(std::nullopt);
+}
+
+void HttpExchange::end() {
+    if (!isWhole(*m_reply))
+        return answer(std::nullopt);
+    m_body += m_reply->readAll();
+    answer(m_body.size() > maximumDocumentSize ? std::nullopt : std::optional(std::move(m_body)));
+}
+
+void HttpExchange::answer(std::optional<QByteArray> body) {
+    m_timeout.reset();
+    QObject::disconnect(m_reply.get(), nullptr, &m_context, nullptr);
+    m_reply.reset();
+    const auto give = std::move(m_answer);
+    give(std::move(body));
+}
+
+} // namespace palomet

@@ -1,0 +1,125 @@
+#include "tests/model/ModelTest.h"
+
+using namespace palomet;
+using namespace palomet::test;
+using namespace std::chrono_literals;
+
+TEST_F(ModelTest, WithTheBackendDownAndThenUpTheSnapshotIsBackWithinASecond) {
+    m_backend.goDown();
+    m_model.start();
+    for (int second = 0; second < 5; ++second) {
+        m_scheduler.advance(1s);
+        ASSERT_TRUE(eventually([&] { return m_scheduler.pendingCount() == 3; })) << "the clock and both attempts";
+        EXPECT_EQ(m_model.state(), LoopState::Offline);
+    }
+    m_backend.comeUp();
+    m_scheduler.advance(1s);
+    EXPECT_TRUE(eventually([&] { return m_model.state() == LoopState::Speaking; }));
+    ASSERT_TRUE(eventually([&] { return m_backend.count("/events") == 1 || m_scheduler.pendingCount() == 2; }));
+    m_scheduler.advance(1s);
+    EXPECT_TRUE(hasCome("/events"));
+}
+
+TEST_F(ModelTest, ABackendThatAnswersWithAnErrorIsOffline) {
+    m_backend.serve("/state", "<html>Internal Server Error</html>", 500);
+    m_model.start();
+    m_scheduler.advance(100ms);
+    ASSERT_TRUE(hasCome("/state"));
+    m_scheduler.advance(1s);
+    m_scheduler.advance(100ms);
+    ASSERT_TRUE(hasCome("/state", 2)) << "and is asked again every second";
+    EXPECT_EQ(m_model.snapshot(), nullptr);
+    EXPECT_EQ(m_model.state(), LoopState::Offline);
+}
+
+TEST_F(ModelTest, ABackendThatAcceptsAndNeverAnswersIsOfflineAndAskedAgain) {
+    for (const auto *target : {"/state", "/history", "/options", "/events", "/listen", "/settings"})
+        m_backend.hang(target);
+    m_model.start();
+    for (int second = 0; second < 30; ++second) {
+        m_scheduler.advance(1s);
+        m_model.listen();
+        m_model.set(QStringLiteral("voiceSpeed"), second);
+        ASSERT_TRUE(hasCome("/listen", second + 1));
+    }
+    EXPECT_EQ(m_model.state(), LoopState::Offline);
+    EXPECT_EQ(m_backend.count("/events"), 1);
+    const auto open = [&](const QByteArray &target) {
+        int count = 0;
+        for (const auto &exchange : m_backend.exchanges(target))
+            count += exchange->isOpen() ? 1 : 0;
+        return count;
+    };
+    EXPECT_TRUE(eventually([&] { return open("/state") <= 2 && open("/listen") <= 3; }));
+    m_backend.serve("/state", fixture("state/full.json"));
+    m_scheduler.advance(1s);
+    m_scheduler.advance(100ms);
+    EXPECT_TRUE(eventually([&] { return m_model.state() == LoopState::Speaking; }));
+}
+
+namespace {
+
+/// What does not speak HTTP, on the backend's port.
+class StrangerTest : public ModelTest, public ::testing::WithParamInterface<std::pair<const char *, QByteArray>> {};
+
+const std::pair<const char *, QByteArray> strangers[] = {
+    {"ThatGreetsFirst", "SSH-2.0-Stranger_1.0\r\n"},
+    {"OfAnotherProtocol", QByteArray("\x15\x03\x01\x00\x02\x02\x28\x00\x00", 9)},
+    {"ThatSaysNothingAndLeaves", ""},
+    {"WithZeros", QByteArray(100'000, '\0')},
+    {"WithOneLongLine", QByteArray(4'000'000, 'a')},
+    {"WithAHeadThatNeverEnds", "HTTP/1.1 200 OK\r\n" + QByteArray("x-header: value\r\n").repeated(5'000)},
+    {"WithABadChunk", "HTTP/1.1 200 OK\r\ntransfer-encoding: chunked\r\n\r\nzz\r\nabc\r\n"},
+    {"WithAChunkTooLarge", "HTTP/1.1 200 OK\r\ntransfer-encoding: chunked\r\n\r\nffffffffffffffffff\r\nabc\r\n"},
+    {"WithANegativeLength", "HTTP/1.1 200 OK\r\ncontent-length: -5\r\n\r\nabc"},
+    {"WithAnOldStatusLine", "HTTP/0.9 abc\r\n\r\n"},
+    {"WithZippedNonsense", "HTTP/1.1 200 OK\r\ncontent-encoding: gzip\r\ncontent-length: 5\r\n\r\nabcde"},
+};
+
+} // namespace
+
+TEST_P(StrangerTest, IsOfflineAndNothingMore) {
+    const auto &greeting = GetParam().second;
+    m_backend.onConnection([&greeting](QTcpSocket &socket) {
+        socket.write(greeting);
+        socket.disconnectFromHost();
+    });
+    m_model.start();
+    m_model.listen();
+    m_model.set(QStringLiteral("voiceSpeed"), 1);
+    ASSERT_TRUE(eventually([&] { return !m_model.applying(); }));
+    for (int second = 0; second < 3; ++second) {
+        const int before = m_backend.connectionCount();
+        m_scheduler.advance(1s);
+        m_scheduler.advance(100ms);
+        ASSERT_TRUE(eventually([&] { return m_backend.connectionCount() > before; }));
+    }
+    EXPECT_EQ(m_model.state(), LoopState::Offline);
+    EXPECT_TRUE(m_model.history().empty());
+    EXPECT_EQ(m_model.options(), std::nullopt);
+
+    // The backend gets its port back. A connection that is left from the stranger may cost another second.
+    m_backend.onConnection(nullptr);
+    const auto isBack = [&] {
+        m_scheduler.advance(1s);
+        m_scheduler.advance(100ms);
+        return eventually([&] { return m_model.state() == LoopState::Speaking; }, 500ms);
+    };
+    EXPECT_TRUE(isBack() || isBack() || isBack());
+}
+
+INSTANTIATE_TEST_SUITE_P(APort, StrangerTest, ::testing::ValuesIn(strangers),
+                         [](const auto &tested) { return tested.param.first; });
+
+TEST_F(ModelTest, AStateWithoutEndIsGivenUpAtItsLimit) {
+    m_backend.on("/state", [](const Exchange &exchange) {
+        exchange->write("HTTP/1.1 200 OK\r\n\r\n");
+        for (int i = 0; i <= 64; ++i)
+            exchange->write(QByteArray(1024 * 1024, ' '));
+    });
+    m_model.setSnapshot(std::make_shared<const Snapshot>());
+    m_model.refresh();
+    m_scheduler.advance(100ms);
+    EXPECT_TRUE(eventually([&] { return !m_model.snapshot(); }));
+    EXPECT_TRUE(eventually([&] { return !m_backend.last("/state")->isOpen(); }));
+}

@@ -1,0 +1,124 @@
+#include "tests/model/ModelTest.h"
+
+using namespace palomet;
+using namespace palomet::test;
+using namespace std::chrono_literals;
+
+TEST_F(ModelTest, AStreamOneNameAndTwoDataLinesAreTwoEvents) {
+    startAndSettle();
+    m_backend.last("/events")->write("event: level\n\ndata: 0.25\ndata: 0.5\n");
+    const SignalCount changes(&m_model, &PalometModel::inLevelChanged);
+    EXPECT_TRUE(eventually([&] { return m_model.inLevel() == 0.5; }));
+    EXPECT_EQ(changes.count(), 2);
+}
+
+TEST_F(ModelTest, AStreamThatEndsIsOpenedAgainAfterOneSecond) {
+    startAndSettle();
+    for (int times = 1; times <= 3; ++times) {
+        const auto before = m_scheduler.pendingCount();
+        m_backend.last("/events")->close();
+        ASSERT_TRUE(eventually([&] { return m_scheduler.pendingCount() == before + 1; }));
+        m_scheduler.advance(999ms);
+        EXPECT_EQ(m_scheduler.pendingCount(), before + 1);
+        m_scheduler.advance(1ms);
+        ASSERT_TRUE(hasCome("/events", times + 1));
+        send("level", "0.5");
+    }
+    EXPECT_EQ(m_backend.count("/events"), 4);
+}
+
+TEST_F(ModelTest, AStreamThatIsResetIsOpenedAgainAfterOneSecond) {
+    startAndSettle();
+    const auto before = m_scheduler.pendingCount();
+    m_backend.last("/events")->abort();
+    ASSERT_TRUE(eventually([&] { return m_scheduler.pendingCount() == before + 1; }));
+    m_scheduler.advance(1s);
+    EXPECT_TRUE(hasCome("/events", 2));
+}
+
+TEST_F(ModelTest, AnEventsNameIsForgottenWithItsStream) {
+    startAndSettle();
+    send("level", "0.25");
+    const auto before = m_scheduler.pendingCount();
+    m_backend.last("/events")->write("event: level\n");
+    m_backend.last("/events")->close();
+    ASSERT_TRUE(eventually([&] { return m_scheduler.pendingCount() == before + 1; }));
+    m_scheduler.advance(1s);
+    ASSERT_TRUE(hasCome("/events", 2));
+    m_backend.last("/events")->write("data: 0.75\n");
+    send("outLevel", "0");
+    EXPECT_EQ(m_model.inLevel(), 0.25);
+}
+
+TEST_F(ModelTest, TheLastEventOfAStreamNeedsNoLineEnd) {
+    startAndSettle();
+    m_backend.last("/events")->write("event: level\ndata: 0.75");
+    m_backend.last("/events")->close();
+    EXPECT_TRUE(eventually([&] { return m_model.inLevel() == 0.75; }));
+}
+
+TEST_F(ModelTest, AStreamMayBeSilentForDays) {
+    startAndSettle();
+    m_scheduler.advance(48h);
+    send("level", "0.5");
+    EXPECT_EQ(m_backend.count("/events"), 1);
+}
+
+TEST_F(ModelTest, EventsAreReadWhateverCutsThemAndEndsTheirLines) {
+    startAndSettle();
+    for (const char byte : QByteArray("event: spoken\r\ndata: \"Ol\xc3\xa1\"\r\n\r\nevent: level\rdata: 0.5\r"))
+        m_backend.last("/events")->write(QByteArray(1, byte));
+    EXPECT_TRUE(eventually([&] { return m_model.inLevel() == 0.5; }));
+    EXPECT_EQ(m_model.spokenLine(), QStringLiteral("Olá"));
+}
+
+TEST_F(ModelTest, AnOpenStreamDelaysNoOtherRequest) {
+    startAndSettle();
+    m_backend.serve("/listen", "{}");
+    m_model.listen();
+    EXPECT_TRUE(hasCome("/listen"));
+    EXPECT_TRUE(m_backend.last("/events")->isOpen());
+}
+
+TEST_F(ModelTest, AFloodOfEventsLeavesTheMainThreadToOthersInBetween) {
+    startAndSettle();
+    constexpr int count = 50'000;
+    QByteArray flood = "event: level\n";
+    for (int i = 1; i <= count; ++i)
+        flood += "data: " + QByteArray::number(i) + "\n";
+    int turns = 0;
+    QTimer others;
+    others.callOnTimeout(&others, [&turns] { ++turns; });
+    others.start(0);
+    const SignalCount levels(&m_model, &PalometModel::inLevelChanged);
+    int most = 0;
+    int before = 0;
+    others.callOnTimeout(&others, [&] {
+        most = std::max(most, levels.count() - before);
+        before = levels.count();
+    });
+    m_backend.last("/events")->write(flood);
+    ASSERT_TRUE(eventually([&] { return m_model.inLevel() == count; }));
+    EXPECT_EQ(levels.count(), count);
+    EXPECT_LE(most, 16 * 1024 / 8) << "events between two turns of the others";
+    EXPECT_GT(turns, count / (16 * 1024 / 8));
+}
+
+TEST_F(ModelTest, AFloodThatNobodyReadsWaitsAtTheSender) {
+    startAndSettle();
+    // The main thread is this one: while the test does not run the event loop, nobody reads.
+    const QByteArray piece = ": " + QByteArray(64 * 1024, 'x') + "\n";
+    for (int i = 0; i < 512; ++i)
+        m_backend.last("/events")->write(piece);
+    send("level", "0.5");
+    EXPECT_EQ(m_model.inLevel(), 0.5);
+    EXPECT_EQ(m_backend.count("/events"), 1);
+}
+
+TEST_F(ModelTest, AnEventLongerThanAMebibyteIsDroppedAndTheStreamGoesOn) {
+    startAndSettle();
+    m_backend.last("/events")->event("spoken", '"' + QByteArray(EventStreamParser::maximumLineLength, 'x') + '"');
+    send("level", "0.5");
+    EXPECT_EQ(m_model.spokenLine(), QString());
+    EXPECT_EQ(m_backend.count("/events"), 1);
+}

@@ -1,0 +1,262 @@
+#include "tests/model/ModelTest.h"
+
+#include <algorithm>
+
+using namespace palomet;
+using namespace palomet::test;
+using namespace std::chrono_literals;
+
+TEST_F(ModelTest, TheBackendIsLookedForOnTheLoopbackInterface) {
+    EXPECT_EQ(hudBase(), QUrl(QStringLiteral("http://127.0.0.1:4780")));
+}
+
+TEST_F(ModelTest, IsOfflineAndQuietBeforeItStarts) {
+    EXPECT_EQ(m_model.state(), LoopState::Offline);
+    EXPECT_EQ(m_model.snapshot(), nullptr);
+    EXPECT_TRUE(m_model.history().empty());
+    EXPECT_EQ(m_model.options(), std::nullopt);
+    EXPECT_EQ(m_model.applying(), std::nullopt);
+    EXPECT_EQ(m_model.inLevel(), 0);
+    EXPECT_EQ(m_model.outLevel(), 0);
+    EXPECT_EQ(m_model.spokenLine(), QString());
+    EXPECT_EQ(m_model.hotKeyProblem(), std::nullopt);
+    EXPECT_EQ(m_model.now(), m_scheduler.now());
+    EXPECT_EQ(m_scheduler.pendingCount(), 0U);
+    m_scheduler.advance(1h);
+    EXPECT_EQ(m_backend.connectionCount(), 0);
+}
+
+TEST_F(ModelTest, StartFetchesEverythingAndFollowsTheEvents) {
+    startAndSettle();
+    EXPECT_EQ(m_model.state(), LoopState::Speaking);
+    EXPECT_EQ(*m_model.snapshot(), *decodeSnapshot(fixture("state/full.json")));
+    EXPECT_EQ(m_model.history(), *decodeHistory(fixture("history/three.json")));
+    EXPECT_EQ(m_model.options(), *decodeOptions(fixture("options/full.json")));
+    for (const auto *target : {"/state", "/history", "/options", "/events"}) {
+        EXPECT_EQ(m_backend.count(target), 1) << target;
+        EXPECT_EQ(m_backend.last(target)->method(), "GET");
+    }
+}
+
+TEST_F(ModelTest, TellsOfAChangeAfterIt) {
+    QString heard;
+    QObject::connect(&m_model, &PalometModel::snapshotChanged, &m_model,
+                     [&] { heard = m_model.snapshot() ? m_model.snapshot()->device : QString(); });
+    startAndSettle();
+    EXPECT_EQ(heard, QStringLiteral("Microphone (USB Audio)"));
+}
+
+TEST_F(ModelTest, TheStateIsFetchedATenthOfASecondAfterItWasAskedFor) {
+    m_model.refresh();
+    m_model.refresh();
+    m_scheduler.advance(99ms);
+    EXPECT_EQ(m_scheduler.pendingCount(), 1U);
+    EXPECT_EQ(m_backend.connectionCount(), 0);
+    m_scheduler.advance(1ms);
+    EXPECT_TRUE(eventually([&] { return m_model.snapshot() != nullptr; }));
+    EXPECT_EQ(m_backend.count("/state"), 1);
+}
+
+TEST_F(ModelTest, TwentyEventsWithinATenthOfASecondCostOneFetch) {
+    startAndSettle();
+    for (int i = 0; i < 20; ++i)
+        m_backend.last("/events")->event("state", "{}");
+    send("any", "{}");
+    const SignalCount replies(&m_model, &PalometModel::snapshotChanged);
+    m_scheduler.advance(100ms);
+    ASSERT_TRUE(eventually([&] { return replies.count() == 1; }));
+    m_scheduler.advance(10s);
+    send("level", "0");
+    EXPECT_EQ(m_backend.count("/state"), 2);
+}
+
+TEST_F(ModelTest, AnEventThatComesWhileTheStateIsFetchedCostsOneMore) {
+    startAndSettle();
+    m_backend.hang("/state");
+    send("state", "{}");
+    m_scheduler.advance(100ms);
+    ASSERT_TRUE(hasCome("/state", 2));
+    send("state", "{}");
+    send("state", "{}");
+    m_scheduler.advance(100ms);
+    ASSERT_TRUE(hasCome("/state", 3));
+    send("level", "0");
+    EXPECT_EQ(m_backend.count("/state"), 3);
+}
+
+TEST_F(ModelTest, ALevelIsItsNumberOrNothing) {
+    startAndSettle();
+    const SignalCount changes(&m_model, &PalometModel::inLevelChanged);
+    const std::pair<const char *, double> levels[] = {{"0.42", 0.42}, {"abc", 0},  {"1e-2", 0.01}, {"", 0},
+                                                      {"+0.5", 0.5},  {"inf", 0},  {"nan", 0},     {"0.5 ", 0},
+                                                      {".5", 0.5},    {" 0.5", 0}, {"1e999", 0},   {"-0.25", -0.25},
+                                                      {"+-1", 0},     {"0x10", 0}, {"7", 7},       {"0,5", 0}};
+    for (const auto &[data, level] : levels) {
+        send("level", data);
+        EXPECT_EQ(m_model.inLevel(), level) << data;
+    }
+    EXPECT_GT(changes.count(), 0);
+    EXPECT_EQ(m_scheduler.pendingCount(), 1U) << "a level costs no fetch";
+}
+
+TEST_F(ModelTest, TheOutputHasItsOwnLevel) {
+    startAndSettle();
+    const SignalCount changes(&m_model, &PalometModel::outLevelChanged);
+    m_backend.last("/events")->event("outLevel", "0.81");
+    EXPECT_TRUE(eventually([&] { return m_model.outLevel() == 0.81; }));
+    EXPECT_EQ(m_model.inLevel(), 0);
+    EXPECT_EQ(changes.count(), 1);
+    EXPECT_EQ(m_scheduler.pendingCount(), 1U);
+}
+
+TEST_F(ModelTest, ASpokenLineIsAJsonText) {
+    startAndSettle();
+    send("spoken", "\"Olá\"");
+    EXPECT_EQ(m_model.spokenLine(), QStringLiteral("Olá"));
+    send("spoken", "Olá!");
+    EXPECT_EQ(m_model.spokenLine(), QStringLiteral("Olá"));
+    send("spoken", R"("\ud83d")");
+    EXPECT_EQ(m_model.spokenLine(), QStringLiteral("Olá"));
+    send("spoken", R"("\"Sim\", disse.")");
+    EXPECT_EQ(m_model.spokenLine(), QStringLiteral("\"Sim\", disse."));
+}
+
+TEST_F(ModelTest, EverySpokenEventIsToldOfAndCostsAFetch) {
+    startAndSettle();
+    const SignalCount changes(&m_model, &PalometModel::spokenLineChanged);
+    send("spoken", "\"Olá\"");
+    send("spoken", "\"Olá\"");
+    send("spoken", "Olá");
+    EXPECT_EQ(changes.count(), 3);
+    m_scheduler.advance(100ms);
+    EXPECT_TRUE(hasCome("/state", 2));
+}
+
+TEST_F(ModelTest, TheEndOfATurnFetchesStateAndHistory) {
+    startAndSettle();
+    m_backend.serve("/history", "[]");
+    send("turnEnd", "{}");
+    EXPECT_TRUE(eventually([&] { return m_model.history().empty(); }));
+    m_scheduler.advance(100ms);
+    EXPECT_TRUE(hasCome("/state", 2));
+    EXPECT_EQ(m_backend.count("/history"), 2);
+    EXPECT_EQ(m_backend.count("/options"), 1);
+}
+
+TEST_F(ModelTest, EventNamesAreComparedToTheLetter) {
+    startAndSettle();
+    send("Level", "0.5");
+    EXPECT_EQ(m_model.inLevel(), 0);
+    send("turnend", "{}");
+    send("Spoken", "\"a\"");
+    EXPECT_EQ(m_model.spokenLine(), QString());
+    m_scheduler.advance(100ms);
+    EXPECT_TRUE(hasCome("/state", 2)) << "but each of them is an event";
+    EXPECT_EQ(m_backend.count("/history"), 1);
+}
+
+TEST_F(ModelTest, AnUnknownPhaseIsOffline) {
+    for (const auto *phase : {"Listening", "", "paused"}) {
+        auto snapshot = *decodeSnapshot(fixture("state/full.json"));
+        snapshot.state = QString::fromLatin1(phase);
+        m_model.setSnapshot(std::make_shared<const Snapshot>(snapshot));
+        EXPECT_EQ(m_model.state(), LoopState::Offline) << phase;
+    }
+}
+
+TEST_F(ModelTest, TheMutedPhaseComesFromThePhaseAlone) {
+    auto snapshot = *decodeSnapshot(fixture("state/full.json"));
+    snapshot.state = QStringLiteral("muted");
+    snapshot.isMuted = false;
+    m_model.setSnapshot(std::make_shared<const Snapshot>(snapshot));
+    EXPECT_EQ(m_model.state(), LoopState::Muted);
+    snapshot.state = QStringLiteral("waiting");
+    snapshot.isMuted = true;
+    m_model.setSnapshot(std::make_shared<const Snapshot>(snapshot));
+    EXPECT_EQ(m_model.state(), LoopState::Waiting);
+}
+
+TEST_F(ModelTest, TheMicrophoneIsOnUnlessRefusedOrDead) {
+    EXPECT_TRUE(m_model.isMicOn());
+    auto snapshot = *decodeSnapshot(fixture("state/full.json"));
+    m_model.setSnapshot(std::make_shared<const Snapshot>(snapshot));
+    EXPECT_TRUE(m_model.isMicOn());
+    snapshot.isMicDead = true;
+    m_model.setSnapshot(std::make_shared<const Snapshot>(snapshot));
+    EXPECT_FALSE(m_model.isMicOn());
+    m_model.setSnapshot(nullptr);
+    EXPECT_TRUE(m_model.isMicOn());
+    m_model.setMicAuthorized(false);
+    EXPECT_FALSE(m_model.isMicOn());
+}
+
+TEST_F(ModelTest, TheClockTellsTheTimeAndAsksForThePermissionEverySecond) {
+    startAndSettle();
+    const SignalCount ticks(&m_model, &PalometModel::nowChanged);
+    const SignalCount permissions(&m_model, &PalometModel::isMicAuthorizedChanged);
+    m_scheduler.advance(3s);
+    EXPECT_EQ(ticks.count(), 3);
+    EXPECT_EQ(m_scheduler.now() - m_model.now(), 100ms);
+    EXPECT_EQ(permissions.count(), 0);
+    EXPECT_TRUE(m_model.isMicAuthorized());
+    for (const auto refused :
+         {MicrophoneStatus::Denied, MicrophoneStatus::Restricted, MicrophoneStatus::NotDetermined}) {
+        m_permission.m_status = refused;
+        m_scheduler.advance(1s);
+        EXPECT_FALSE(m_model.isMicAuthorized());
+    }
+    m_permission.m_status = MicrophoneStatus::Authorized;
+    m_scheduler.advance(1s);
+    EXPECT_TRUE(m_model.isMicAuthorized());
+    EXPECT_EQ(permissions.count(), 2);
+    send("level", "0");
+    EXPECT_EQ(m_backend.count("/state"), 1) << "a tick fetches nothing while there is a snapshot";
+}
+
+TEST_F(ModelTest, KnowsThePermissionFromTheBeginning) {
+    m_permission.m_status = MicrophoneStatus::Denied;
+    const PalometModel model(m_scheduler, m_permission, m_backend.base());
+    EXPECT_FALSE(model.isMicAuthorized());
+}
+
+TEST_F(ModelTest, AHotKeyProblemIsToldOfWhenItComesAndGoes) {
+    const SignalCount changes(&m_model, &PalometModel::hotKeyProblemChanged);
+    m_model.setHotKeyProblem(QStringLiteral("taken"));
+    m_model.setHotKeyProblem(QStringLiteral("taken"));
+    EXPECT_EQ(m_model.hotKeyProblem(), QStringLiteral("taken"));
+    m_model.setHotKeyProblem(std::nullopt);
+    EXPECT_EQ(changes.count(), 2);
+}
+
+TEST_F(ModelTest, ShowsAPreviewWithoutEverTouchingTheNetwork) {
+    m_permission.m_status = MicrophoneStatus::Denied;
+    m_model.setSnapshot(std::make_shared<const Snapshot>(*decodeSnapshot(fixture("state/full.json"))));
+    m_model.setHistory(*decodeHistory(fixture("history/three.json")));
+    m_model.setOptions(*decodeOptions(fixture("options/full.json")));
+    m_model.setMicAuthorized(true);
+    m_scheduler.advance(1h);
+    EXPECT_TRUE(m_model.isMicAuthorized());
+    EXPECT_EQ(m_model.state(), LoopState::Speaking);
+    EXPECT_EQ(m_model.history().size(), 3U);
+    EXPECT_TRUE(m_model.options());
+    EXPECT_EQ(m_backend.connectionCount(), 0);
+}
+
+TEST_F(ModelTest, MayEndInTheMiddleOfEverything) {
+    m_backend.hang("/listen");
+    m_backend.hang("/settings");
+    auto model = std::make_unique<PalometModel>(m_scheduler, m_permission, m_backend.base());
+    model->start();
+    m_scheduler.advance(100ms);
+    model->listen();
+    model->set(QStringLiteral("voiceSpeed"), 1);
+    ASSERT_TRUE(hasCome("/state"));
+    ASSERT_TRUE(hasCome("/listen"));
+    ASSERT_TRUE(hasCome("/settings"));
+    model.reset();
+    EXPECT_EQ(m_scheduler.pendingCount(), 0U);
+    EXPECT_TRUE(eventually([&] {
+        return std::none_of(m_backend.exchanges().begin(), m_backend.exchanges().end(),
+                            [](const auto &exchange) { return exchange->isOpen(); });
+    }));
+}

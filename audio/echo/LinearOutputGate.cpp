@@ -1,0 +1,42 @@
+#include "audio/echo/LinearOutputGate.h"
+
+#include <algorithm>
+
+namespace palomet::echo {
+namespace {
+
+constexpr float smoothing = 0.4F;
+constexpr float referenceDecay = 0.9F;
+constexpr float nearEndShare = 0.35F;    // Of the linear output, that the suppressor lets through.
+constexpr float nearEndPower = 1e-7F;    // -70 dBFS.
+constexpr int nearEndOnset = 3;          // Frames.
+constexpr int nearEndHold = 15;          // Frames.
+constexpr float referencePower = 1e-5F;  // -50 dBFS: loud enough to judge the filter by.
+constexpr float microphonePower = 1e-6F; // -60 dBFS: likewise.
+constexpr float residualSmoothing = 0.02F;
+constexpr float goodResidual = 0.1F; // -10 dB.
+
+void approach(float &value, float target, float share) {
+    value += share * (target - value);
+}
+
+} // namespace
+
+bool LinearOutputGate::isLinearBetter(const Powers &powers) noexcept {
+    approach(m_smoothed.microphone, powers.microphone, smoothing);
+    approach(m_smoothed.linear, powers.linear, smoothing);
+    approach(m_smoothed.suppressed, powers.suppressed, smoothing);
+    m_reference = std::max(powers.reference, referenceDecay * m_reference);
+
+    const bool isNearEnd = m_smoothed.suppressed > nearEndShare * m_smoothed.linear && m_smoothed.linear > nearEndPower;
+    m_nearEndFrames = isNearEnd ? std::min(m_nearEndFrames + 1, nearEndOnset) : 0;
+    m_heldFrames = m_nearEndFrames == nearEndOnset ? nearEndHold : std::max(m_heldFrames - 1, 0);
+
+    if (m_reference > referencePower && m_heldFrames == 0 && m_nearEndFrames == 0 &&
+        m_smoothed.microphone > microphonePower)
+        approach(m_residual, std::min(m_smoothed.linear / m_smoothed.microphone, 1.0F), residualSmoothing);
+
+    return m_heldFrames > 0 && m_residual < goodResidual;
+}
+
+} // namespace palomet::echo

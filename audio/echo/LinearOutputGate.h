@@ -1,0 +1,36 @@
+#pragma once
+
+namespace palomet::echo {
+
+/// Decides, a frame of 10 ms at a time, which of a canceller's two outputs is the better one: what the linear filter
+/// left, in which the near end is whole and some echo remains, or what the suppressor made of it, in which the echo is
+/// gone and with it, now and then, a piece of the near end.
+///
+/// The linear output is the better one while somebody here talks and the filter is good. Somebody talks when the
+/// suppressor lets most of the linear output through for three frames; a word is then not cut off for fifteen. The
+/// filter is judged by how much of the microphone it leaves while only the far end talks.
+class LinearOutputGate {
+public:
+    /// Mean squares of the same 10 ms, at full scale 1.
+    struct Powers {
+        float reference = 0;
+        float microphone = 0;
+        float linear = 0;
+        float suppressed = 0;
+    };
+
+    /// True when this frame is to be the linear output.
+    [[nodiscard]] bool isLinearBetter(const Powers &powers) noexcept;
+
+    /// The part of the microphone that the linear filter leaves while only the far end talks; 1 before it was measured.
+    [[nodiscard]] float residual() const { return m_residual; }
+
+private:
+    Powers m_smoothed;
+    float m_reference = 0; ///< Envelope of the far end.
+    float m_residual = 1;
+    int m_nearEndFrames = 0; ///< In which the near end was heard, in a row.
+    int m_heldFrames = 0;    ///< For which it counts as heard still.
+};
+
+} // namespace palomet::echo

@@ -1,0 +1,86 @@
+#pragma once
+
+#include "audio/SoundServer.h"
+#include "platform/pulse/PulseHandles.h"
+#include "platform/pulse/PulseMainloop.h"
+
+#include <QObject>
+#include <QSemaphore>
+
+#include <pulse/introspect.h>
+#include <pulse/subscribe.h>
+
+#include <atomic>
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace palomet {
+
+/// What the server says of its input devices.
+struct PulseDevices {
+    std::vector<InputDevice> inputs;     ///< In the server's order, without the monitors of outputs.
+    std::optional<QString> defaultInput; ///< None when the default is no input device.
+
+    bool operator==(const PulseDevices &) const = default;
+};
+
+/// One attempt to reach the sound server, and the connection that came of it. It is not used again once it has ended.
+/// Lives on the main thread and calls back there, never after its own end and never from within a call.
+class PulseConnection {
+public:
+    struct Events {
+        std::function<void()> ready;    ///< The server answers; events of it are heard from now on.
+        std::function<void(int)> ended; ///< Refused, lost or never made, with a `pa_error_code_t`. Called once.
+        std::function<void()> changed;  ///< Something about devices or defaults changed. May come in floods.
+        /// The answer to `askForDevices`; nothing when the server failed to give one.
+        std::function<void(const std::optional<PulseDevices> &)> devices;
+    };
+
+    /// `server` is an address as libpulse takes it; empty for the user's own server.
+    PulseConnection(PulseMainloop &mainloop, const std::string &server, Events events);
+    /// Waits until the server has taken a `setDefaultInput`, so that the last wish of a program that ends comes
+    /// through, but no longer than a quarter of a second.
+    ~PulseConnection();
+    PulseConnection(const PulseConnection &) = delete;
+    PulseConnection &operator=(const PulseConnection &) = delete;
+
+    /// One at a time. Answered by `devices`.
+    void askForDevices();
+
+    /// Whether it worked is not told.
+    void setDefaultInput(const QString &id);
+
+    [[nodiscard]] const PulseMainloop &mainloop() const { return m_mainloop; }
+    /// For streams on this connection; under the lock.
+    [[nodiscard]] pa_context *context() const { return m_context.get(); }
+
+private:
+    static void onState(pa_context *context, void *self);
+    static void onServer(pa_context *context, const pa_server_info *server, void *self);
+    static void onSource(pa_context *context, const pa_source_info *source, int end, void *self);
+    void end(int error);
+    void change();
+    void answer(std::optional<PulseDevices> devices);
+    template <typename Action>
+    void post(Action action);
+
+    PulseMainloop &m_mainloop;
+    const Events m_events;
+    QObject m_receiver; ///< What is on its way to the main thread is dropped with it.
+
+    // Under the main loop's lock:
+    PulseContext m_context;
+    bool m_hasEnded = false;
+    PulseOperation m_askingServer;
+    PulseOperation m_askingSources;
+    PulseDevices m_collected;
+    QString m_defaultSource;
+
+    std::atomic<bool> m_isChangeOnItsWay = false;
+    int m_settingsSent = 0; ///< Main thread.
+    QSemaphore m_settingsTaken;
+};
+
+} // namespace palomet

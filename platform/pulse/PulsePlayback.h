@@ -1,0 +1,58 @@
+#pragma once
+
+#include "audio/SoundServer.h"
+#include "platform/pulse/PulseClock.h"
+#include "platform/pulse/PulseConnection.h"
+#include "platform/pulse/PulseHandles.h"
+
+#include <QObject>
+
+#include <pulse/mainloop-api.h>
+
+#include <atomic>
+#include <cstdint>
+#include <functional>
+
+namespace palomet {
+
+/// The playback stream, on the default output and wherever the user moves it, from the attempt to open it to its end.
+/// While something else than silence is on its way to the speakers, `heard` is told every four milliseconds, else
+/// whenever samples are asked for. Lives on the main thread, within its connection.
+class PulsePlayback {
+public:
+    /// `latency` takes the time from writing a sample to its leaving the speakers, in microseconds, as measured with
+    /// each write; zero without a stream. `onEnded` is called once on the main thread when there is no output or it was
+    /// closed from outside; never after this object's end, never from within a call.
+    PulsePlayback(PulseConnection &connection, SoundStreams &streams, std::atomic<std::int64_t> &latency,
+                  std::function<void()> onEnded);
+    /// Once it has returned, no more samples are asked for.
+    ~PulsePlayback();
+    PulsePlayback(const PulsePlayback &) = delete;
+    PulsePlayback &operator=(const PulsePlayback &) = delete;
+
+private:
+    static void onState(pa_stream *stream, void *self);
+    static void onRequest(pa_stream *stream, std::size_t bytes, void *self);
+    static void onTick(pa_mainloop_api *api, pa_time_event *event, const timeval *time, void *self);
+    void write(std::size_t bytes) noexcept;
+    void reportHeard() noexcept;
+    void scheduleTick() noexcept;
+    void end();
+
+    PulseConnection &m_connection;
+    SoundStreams &m_streams;
+    std::atomic<std::int64_t> &m_latency;
+    const std::function<void()> m_onEnded;
+    QObject m_receiver;
+
+    // Under the main loop's lock:
+    bool m_hasEnded = false;
+    PulseStream m_stream;
+    PulseClock m_clock;
+    std::int64_t m_written = 0;      ///< Frames that `fill` gave.
+    std::int64_t m_heard = 0;        ///< Of these, told as heard.
+    std::int64_t m_closelyUntil = 0; ///< `heard` is told often up to this frame.
+    PulseTimer m_ticks;
+};
+
+} // namespace palomet

@@ -1,0 +1,231 @@
+#include "platform/pulse/PulseSoundServer.h"
+
+#include <pulse/error.h>
+
+#include <algorithm>
+#include <chrono>
+#include <utility>
+
+namespace palomet {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr auto reconnectDelay = 2s;
+constexpr auto openingLimit = 5s;
+constexpr auto playbackRetryDelay = 2s;
+/// PipeWire tells one change in dozens of events.
+constexpr auto floodDelay = 100ms;
+/// PipeWire's session manager puts a default into force well after the server took it.
+constexpr auto ownDefaultLimit = 2s;
+
+// The log is Portuguese.
+Failure noServer() {
+    return {QStringLiteral(u"sem servidor de som")};
+}
+Failure noMicrophone() {
+    return {QStringLiteral(u"sem microfone")};
+}
+Failure accessRefused() {
+    return {QStringLiteral(u"acesso ao microfone recusado")};
+}
+
+Failure failureOf(PulseCapture::Ending ending, int error) {
+    switch (ending) {
+    case PulseCapture::Ending::AccessDenied:
+        return accessRefused();
+    case PulseCapture::Ending::NoMicrophone:
+        return noMicrophone();
+    case PulseCapture::Ending::Failed:
+        break;
+    }
+    return {QString::fromUtf8(pa_strerror(error))};
+}
+
+} // namespace
+
+PulseSoundServer::PulseSoundServer(Scheduler &scheduler, std::string server)
+    : m_scheduler(scheduler)
+    , m_server(std::move(server)) {}
+
+PulseSoundServer::~PulseSoundServer() = default;
+
+void PulseSoundServer::start(SoundStreams &streams) {
+    m_streams = &streams;
+    connect();
+}
+
+void PulseSoundServer::connect() {
+    m_link = Link::Connecting;
+    m_isAsking = true;
+    m_connection =
+        std::make_unique<PulseConnection>(m_mainloop, m_server,
+                                          PulseConnection::Events{
+                                              .ready = [this] { m_connection->askForDevices(); },
+                                              .ended = [this](int error) { connectionEnded(error); },
+                                              .changed = [this] { askForDevicesSoon(); },
+                                              .devices = [this](const auto &devices) { devicesTold(devices); },
+                                          });
+}
+
+void PulseSoundServer::connectionEnded(int error) {
+    const bool isLost = std::exchange(m_link, Link::Away) == Link::Ready;
+    m_wasAway = true;
+    m_isChangeDue = false;
+    m_playback.reset();
+    m_capture.reset();
+    m_connection.reset();
+    m_devices.clear();
+    m_default = {};
+    m_asking.reset();
+    m_settling.reset();
+    m_reopeningPlayback.reset();
+    m_reconnecting = m_scheduler.after(reconnectDelay, [this] { connect(); });
+    if (isLost)
+        m_isPlaybackWanted = false;
+
+    const bool isRefused = error == PA_ERR_ACCESS;
+    if (m_opening)
+        finishOpening(isRefused ? accessRefused() : noServer());
+    if (isRefused && onAccessDenied)
+        onAccessDenied();
+    if (isLost && onServerLost)
+        onServerLost();
+}
+
+void PulseSoundServer::askForDevicesSoon() {
+    if (m_asking && m_asking->isActive())
+        return;
+    m_asking = m_scheduler.after(floodDelay, [this] {
+        if (m_isAsking)
+            return askForDevicesSoon();
+        m_isAsking = true;
+        m_connection->askForDevices();
+    });
+}
+
+void PulseSoundServer::devicesTold(const std::optional<PulseDevices> &devices) {
+    m_isAsking = false;
+    if (!devices)
+        return askForDevicesSoon();
+
+    bool isChanged = std::exchange(m_isChangeDue, false) || devices->inputs != m_devices;
+    m_devices = devices->inputs;
+    isChanged |= m_default.serverNames(devices->defaultInput);
+    if (m_default.expected() && !isPresent(*m_default.expected()))
+        isChanged |= m_default.settle();
+
+    if (m_link == Link::Connecting) {
+        m_link = Link::Ready;
+        isChanged = std::exchange(m_wasAway, false);
+        if (m_isPlaybackWanted)
+            startPlayback();
+        if (m_opening)
+            startCapture();
+    }
+    if (isChanged && onConfigurationChange)
+        onConfigurationChange();
+}
+
+bool PulseSoundServer::isPresent(const QString &id) const {
+    return std::any_of(m_devices.begin(), m_devices.end(), [&](const auto &device) { return device.id == id; });
+}
+
+void PulseSoundServer::setDefaultInput(const QString &id) {
+    if (m_link != Link::Ready)
+        return;
+    m_connection->setDefaultInput(id);
+    if (!isPresent(id))
+        return;
+    m_default.expect(id);
+    m_settling = m_scheduler.after(ownDefaultLimit, [this] {
+        if (m_default.settle() && onConfigurationChange)
+            onConfigurationChange();
+    });
+}
+
+void PulseSoundServer::openCapture(Done done) {
+    // Whoever is told of an abandoned attempt may have made another at once.
+    do {
+        closeCapture();
+    } while (m_opening);
+    m_opening = std::move(done);
+    switch (m_link) {
+    case Link::Away:
+        failOpening(0ms, noServer());
+        break;
+    case Link::Connecting:
+        failOpening(openingLimit, {QStringLiteral(u"o servidor de som não respondeu")});
+        break;
+    case Link::Ready:
+        failOpening(openingLimit, {QStringLiteral(u"o servidor de som não respondeu")});
+        startCapture();
+        break;
+    }
+}
+
+void PulseSoundServer::closeCapture() {
+    m_capture.reset();
+    if (m_opening)
+        finishOpening(Failure{QStringLiteral(u"tentativa abandonada")});
+}
+
+/// The attempt fails if nothing has come of it by then.
+void PulseSoundServer::failOpening(std::chrono::milliseconds delay, Failure failure) {
+    m_openingLimit = m_scheduler.after(delay, [this, failure = std::move(failure)] { finishOpening(failure); });
+}
+
+void PulseSoundServer::startCapture() {
+    const auto &device = m_default.current();
+    if (!device)
+        return failOpening(0ms, noMicrophone());
+    m_capture = std::make_unique<PulseCapture>(
+        *m_connection, *device, *m_streams, m_playbackLatency,
+        PulseCapture::Events{
+            .open = [this] { finishOpening(std::nullopt); },
+            .ended = [this](PulseCapture::Ending ending, int error) { captureEnded(ending, error); },
+        });
+}
+
+void PulseSoundServer::captureEnded(PulseCapture::Ending ending, int error) {
+    if (m_opening) {
+        finishOpening(failureOf(ending, error));
+        if (ending == PulseCapture::Ending::AccessDenied && onAccessDenied)
+            onAccessDenied();
+        return;
+    }
+    m_capture.reset();
+    m_isChangeDue = true;
+    askForDevicesSoon();
+}
+
+void PulseSoundServer::finishOpening(const std::optional<Failure> &failure) {
+    m_openingLimit.reset();
+    if (failure)
+        m_capture.reset();
+    std::exchange(m_opening, nullptr)(failure);
+}
+
+void PulseSoundServer::openPlayback() {
+    if (std::exchange(m_isPlaybackWanted, true))
+        return;
+    if (m_link == Link::Ready)
+        startPlayback();
+}
+
+void PulseSoundServer::closePlayback() {
+    m_isPlaybackWanted = false;
+    m_reopeningPlayback.reset();
+    m_playback.reset();
+}
+
+void PulseSoundServer::startPlayback() {
+    m_playback = std::make_unique<PulsePlayback>(*m_connection, *m_streams, m_playbackLatency, [this] {
+        // No output is left. One may come.
+        m_playback.reset();
+        m_reopeningPlayback = m_scheduler.after(playbackRetryDelay, [this] { startPlayback(); });
+    });
+}
+
+} // namespace palomet

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "shortcuts/HotKeyGrabber.h"
+
+#include <map>
+
+namespace palomet::test {
+
+/// A desktop that grants every key, or none.
+class FakeHotKeyGrabber final : public HotKeyGrabber {
+public:
+    struct Held {
+        quint32 keyCode;
+        quint32 modifiers;
+
+        bool operator==(const Held &) const = default;
+    };
+
+    bool grab(quint32 id, quint32 keyCode, quint32 modifiers) override {
+        if (refuses)
+            return false;
+        held[id] = {keyCode, modifiers};
+        return true;
+    }
+    void release(quint32 id) override { held.erase(id); }
+    void offer(const std::vector<HotKeyOffer> &offers) override { offered = offers; }
+
+    std::map<quint32, Held> held;
+    std::vector<HotKeyOffer> offered;
+    bool refuses = false;
+};
+
+} // namespace palomet::test

@@ -1,0 +1,16 @@
+#pragma once
+
+#include "app/RemoteControl.h"
+
+namespace palomet::test {
+
+/// A door at which the test knocks by calling `onCommand` and `onActivate`.
+class FakeRemoteService final : public RemoteService {
+public:
+    [[nodiscard]] Claim claim() override { return Claim::Primary; }
+    void publish(const RemoteStatus &status) override { published = status; }
+
+    RemoteStatus published;
+};
+
+} // namespace palomet::test

@@ -111,7 +111,8 @@ CommandLine CommandLine::parse(const QStringList &arguments) {
         return statusLine(rest);
     const auto *option =
         std::find_if(commands.begin(), commands.end(), [&](const Option &known) { return known.name == first; });
-    return option == commands.end() ? invalid(QStringLiteral("unknown argument: ") + first) : commandLine(*option, rest);
+    return option == commands.end() ? invalid(QStringLiteral("unknown argument: ") + first)
+                                    : commandLine(*option, rest);
 }
 
 Result<QString> CommandLine::checkedText(const QByteArray &bytes) {

@@ -22,4 +22,10 @@ public:
     std::function<void()> onChange;
 };
 
+/// Where there is no keyboard to ask: keys are named by their codes.
+class NoKeyboardLayout final : public KeyboardLayout {
+public:
+    [[nodiscard]] std::optional<QString> character(quint32) const override { return std::nullopt; }
+};
+
 } // namespace palomet

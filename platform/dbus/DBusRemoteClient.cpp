@@ -1,7 +1,7 @@
 #include "platform/dbus/DBusRemoteClient.h"
 
 #include "platform/dbus/RemoteNames.h"
-#include "platform/dbus/RemoteStatusJson.h"
+#include "app/RemoteStatusJson.h"
 
 #include <QDBusConnectionInterface>
 #include <QDBusMessage>

@@ -1,37 +1,20 @@
 #include "shortcuts/HotKeys.h"
 
+#include "tests/support/FakeHotKeyGrabber.h"
+
 #include <QCoreApplication>
 
 #include <gtest/gtest.h>
-
-#include <map>
 
 using namespace palomet;
 
 namespace {
 
-struct FakeGrabber final : HotKeyGrabber {
-    struct Held {
-        quint32 keyCode;
-        quint32 modifiers;
-    };
-    std::map<quint32, Held> held;
-    bool refuses = false;
-
-    bool grab(quint32 id, quint32 keyCode, quint32 modifiers) override {
-        if (refuses)
-            return false;
-        held[id] = {keyCode, modifiers};
-        return true;
-    }
-    void release(quint32 id) override { held.erase(id); }
-};
-
 class HotKeysTest : public testing::Test {
 protected:
     static void settle() { QCoreApplication::sendPostedEvents(); }
 
-    FakeGrabber *grabber = new FakeGrabber;
+    test::FakeHotKeyGrabber *grabber = new test::FakeHotKeyGrabber;
     HotKeys hotKeys{std::unique_ptr<HotKeyGrabber>(grabber)};
     int first = 0;
     int second = 0;

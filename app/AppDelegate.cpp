@@ -1,0 +1,110 @@
+#include "app/AppDelegate.h"
+
+#include "app/StatusIcon.h"
+
+#include <utility>
+
+namespace palomet {
+
+using namespace std::chrono_literals;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr auto backendEndsWithin = 2s;
+
+} // namespace
+
+AppDelegate::AppDelegate(Surroundings surroundings)
+    : m_surroundings(std::move(surroundings))
+    , m_model(*m_surroundings.scheduler, *m_surroundings.microphonePermission, m_surroundings.backend)
+    , m_backend(m_surroundings.startProcess, *m_surroundings.scheduler, m_surroundings.resources, m_surroundings.home)
+    , m_audioLink({
+          .io = makeAudioIO(),
+          .scheduler = *m_surroundings.scheduler,
+          .makeWakeup = m_surroundings.makeWakeup,
+          .note = [this](const QString &line) { m_backend.note(line); },
+          .url = m_surroundings.audio,
+      })
+    , m_hotKeys(std::move(m_surroundings.hotKeyGrabber))
+    , m_shortcuts(*m_surroundings.settings)
+    , m_statusMenu(m_model)
+    , m_keyBindings({
+          .model = m_model,
+          .hotKeys = m_hotKeys,
+          .shortcuts = m_shortcuts,
+          .layout = *m_surroundings.keyboardLayout,
+          .showInMenu = [this](const auto &listen, const auto &stop) { m_statusMenu.setKeys(listen, stop); },
+      })
+    , m_remoteDoor(*m_surroundings.remote, m_model) {
+    m_remoteDoor.onQuit = [this] { applicationShouldTerminate(); };
+    connect(&m_statusMenu, &StatusMenu::quitRequested, this, &AppDelegate::applicationShouldTerminate);
+}
+
+AppDelegate::~AppDelegate() {
+    m_surroundings.trayHost->onChange = [] {};
+    m_surroundings.colors->onChange = [] {};
+}
+
+std::unique_ptr<AudioIO> AppDelegate::makeAudioIO() {
+    return std::make_unique<AudioIO>(AudioIO::Parts{
+        .server = *m_surroundings.soundServer,
+        .scheduler = *m_surroundings.scheduler,
+        .makeWakeup = m_surroundings.makeWakeup,
+        .chimeFile = m_surroundings.resources.value_or(QString()) + u"/sounds/chime.aiff"_s,
+    });
+}
+
+void AppDelegate::applicationDidFinishLaunching() {
+    setUpMenuBar();
+    m_keyBindings.start();
+    m_model.start();
+    auto &permission = *m_surroundings.microphonePermission;
+    if (permission.status() == MicrophoneStatus::NotDetermined)
+        permission.request([this] { startBackend(); });
+    else
+        startBackend();
+}
+
+void AppDelegate::setUpMenuBar() {
+    m_surroundings.colors->onChange = [this] { updateIcon(); };
+    m_surroundings.trayHost->onChange = [this] { trayHostChanged(); };
+    updateIcon();
+    trayHostChanged();
+}
+
+void AppDelegate::startBackend() {
+    if (m_stage == Stage::Terminating)
+        return;
+    m_stage = Stage::Running;
+    m_backend.start();
+    m_audioLink.start();
+    trayHostChanged();
+}
+
+void AppDelegate::trayHostChanged() {
+    const auto status = m_surroundings.trayHost->status();
+    if (status == TrayHost::Status::Present)
+        m_statusMenu.showItem();
+    // The log exists once the backend was started.
+    if (status != TrayHost::Status::Absent || m_stage != Stage::Running || std::exchange(m_isTrayHostMissed, true))
+        return;
+    m_backend.note(u"bandeja: nenhum painel mostra ícones; o do Palomet aparece assim que houver um"_s);
+}
+
+void AppDelegate::updateIcon() {
+    m_statusMenu.setIcon(statusIcon(m_surroundings.resources, m_surroundings.colors->panelScheme()));
+}
+
+void AppDelegate::applicationShouldTerminate() {
+    if (std::exchange(m_stage, Stage::Terminating) == Stage::Terminating)
+        return;
+    m_backend.note(u"saindo: pedido de saída recebido"_s);
+    m_audioLink.restoreDefaultInput();
+    m_backend.stop(backendEndsWithin, [this] {
+        m_backend.note(u"saindo: pronto"_s);
+        Q_EMIT mayTerminate();
+    });
+}
+
+} // namespace palomet

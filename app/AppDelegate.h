@@ -1,0 +1,89 @@
+#pragma once
+
+#include "app/Backend.h"
+#include "app/DesktopColors.h"
+#include "app/KeyBindings.h"
+#include "app/RemoteDoor.h"
+#include "app/StatusMenu.h"
+#include "app/TrayHost.h"
+#include "audio/AudioLink.h"
+#include "base/Scheduler.h"
+#include "base/Wakeup.h"
+#include "model/MicrophonePermission.h"
+#include "model/PalometModel.h"
+
+#include <QObject>
+#include <QSettings>
+#include <QUrl>
+
+#include <memory>
+#include <optional>
+
+namespace palomet {
+
+/// The root of the program: owns everything that lives as long as it does, starts it in order, and ends it in order.
+/// Main thread only.
+class AppDelegate final : public QObject {
+    Q_OBJECT
+
+public:
+    /// What the program meets outside of itself.
+    struct Surroundings {
+        std::optional<QString> resources; ///< The resource folder.
+        QString home;                     ///< The user's home.
+        ChildProcessFactory startProcess;
+        WakeupFactory makeWakeup;
+        std::unique_ptr<Scheduler> scheduler;
+        std::unique_ptr<MicrophonePermission> microphonePermission;
+        std::unique_ptr<SoundServer> soundServer;
+        std::unique_ptr<TrayHost> trayHost;
+        std::unique_ptr<DesktopColors> colors;
+        std::unique_ptr<KeyboardLayout> keyboardLayout;
+        std::unique_ptr<HotKeyGrabber> hotKeyGrabber;
+        std::unique_ptr<RemoteService> remote;
+        std::unique_ptr<QSettings> settings;
+        QUrl backend = hudBase();
+        QUrl audio = AudioLink::defaultUrl();
+    };
+
+    /// Every member of `surroundings` is there.
+    explicit AppDelegate(Surroundings surroundings);
+    ~AppDelegate() override;
+
+    /// Starts everything. Once.
+    void applicationDidFinishLaunching();
+
+    /// Begins to quit, however often it is asked.
+    void applicationShouldTerminate();
+
+    [[nodiscard]] const Backend &backend() const { return m_backend; }
+    [[nodiscard]] StatusMenu &statusMenu() { return m_statusMenu; }
+
+Q_SIGNALS:
+    /// All that had to be ended has ended: the event loop may end too.
+    void mayTerminate();
+
+private:
+    /// The three stages, in their order.
+    enum class Stage { Launching, Running, Terminating };
+
+    [[nodiscard]] std::unique_ptr<AudioIO> makeAudioIO();
+    void setUpMenuBar();
+    void startBackend();
+    void trayHostChanged();
+    void updateIcon();
+
+    Surroundings m_surroundings;
+    PalometModel m_model;
+    Backend m_backend;
+    AudioLink m_audioLink;
+    HotKeys m_hotKeys;
+    Shortcuts m_shortcuts;
+    StatusMenu m_statusMenu;
+    KeyBindings m_keyBindings;
+    RemoteDoor m_remoteDoor;
+    Stage m_stage = Stage::Launching;
+    bool m_isTrayHostMissed = false;
+};
+
+} // namespace palomet

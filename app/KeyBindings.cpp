@@ -1,0 +1,98 @@
+#include "app/KeyBindings.h"
+
+#include "model/PalometModel.h"
+#include "ui/localization/Localization.h"
+
+#include <QHash>
+
+namespace palomet {
+
+namespace {
+
+constexpr quint32 listenId = 1;
+constexpr quint32 stopId = 2;
+
+/// The toolkit's key for a menu key character.
+int toolkitKey(char16_t character) {
+    static const QHash<char16_t, int> keys{
+        {u'\uF700', Qt::Key_Up},     {u'\uF701', Qt::Key_Down},   {u'\uF702', Qt::Key_Left},
+        {u'\uF703', Qt::Key_Right},  {u'\uF728', Qt::Key_Delete}, {u'\uF729', Qt::Key_Home},
+        {u'\uF72B', Qt::Key_End},    {u'\uF72C', Qt::Key_PageUp}, {u'\uF72D', Qt::Key_PageDown},
+        {u'\u000D', Qt::Key_Return}, {u'\u0003', Qt::Key_Enter},  {u'\u0008', Qt::Key_Backspace},
+        {u'\u0009', Qt::Key_Tab},    {u'\u001B', Qt::Key_Escape}, {u'\u0020', Qt::Key_Space},
+    };
+    constexpr char16_t beforeF1 = u'\uF703';
+    constexpr char16_t f20 = u'\uF717';
+    if (character > beforeF1 && character <= f20)
+        return Qt::Key_F1 + character - beforeF1 - 1;
+    return keys.value(character, QChar(character).toUpper().unicode());
+}
+
+} // namespace
+
+KeyBindings::KeyBindings(const Parts &parts)
+    : m_parts(parts) {
+    m_parts.shortcuts.onChange = [this] { registerShortcuts(); };
+    m_parts.layout.onChange = [this] { registerShortcuts(); };
+    connect(&m_parts.hotKeys, &HotKeys::refused, this, &KeyBindings::reportRefusal);
+}
+
+KeyBindings::~KeyBindings() {
+    m_parts.shortcuts.onChange = [] {};
+    m_parts.layout.onChange = nullptr;
+}
+
+void KeyBindings::start() {
+    registerShortcuts();
+}
+
+void KeyBindings::setStopNeeded(bool isStopNeeded) {
+    if (isStopNeeded == m_isStopNeeded)
+        return;
+    m_isStopNeeded = isStopNeeded;
+    registerShortcuts();
+}
+
+void KeyBindings::registerShortcuts() {
+    auto &[model, hotKeys, shortcuts, layout, showInMenu] = m_parts;
+    hotKeys.unregisterHotKey(listenId);
+    hotKeys.unregisterHotKey(stopId);
+    model.setHotKeyProblem(std::nullopt);
+
+    const auto &listen = shortcuts.listen();
+    const auto &stop = shortcuts.stop();
+    std::vector<HotKeyOffer> offers;
+    if (listen)
+        offers.push_back({listenId, L("menu.listen"), listen->keyCode, listen->carbonModifiers()});
+    if (stop)
+        offers.push_back({stopId, L("menu.stop"), stop->keyCode, stop->carbonModifiers()});
+    hotKeys.offer(offers);
+
+    if (!shortcuts.isPaused() && listen &&
+        !hotKeys.registerHotKey(listenId, listen->keyCode, listen->carbonModifiers(), [&model] { model.listen(); }))
+        reportRefusal(listenId);
+    // Whether the stop key was granted is deliberately not looked at: only the listen key's problem is shown.
+    if (!shortcuts.isPaused() && m_isStopNeeded && stop)
+        hotKeys.registerHotKey(stopId, stop->keyCode, stop->carbonModifiers(), [&model] { model.stop(); });
+
+    showInMenu(keySequence(listen, layout), keySequence(stop, layout));
+}
+
+void KeyBindings::reportRefusal(quint32 id) {
+    if (id == listenId && m_parts.shortcuts.listen())
+        m_parts.model.setHotKeyProblem(L("shortcut.taken", m_parts.shortcuts.listen()->text(m_parts.layout)));
+}
+
+QKeySequence KeyBindings::keySequence(const std::optional<Shortcut> &shortcut, const KeyboardLayout &layout) {
+    const auto key = shortcut ? shortcut->menuKey(layout) : QString();
+    if (key.size() != 1)
+        return {};
+    Qt::KeyboardModifiers modifiers;
+    modifiers.setFlag(Qt::ShiftModifier, (shortcut->flags & Shortcut::shift) != 0);
+    modifiers.setFlag(Qt::ControlModifier, (shortcut->flags & Shortcut::control) != 0);
+    modifiers.setFlag(Qt::AltModifier, (shortcut->flags & Shortcut::option) != 0);
+    modifiers.setFlag(Qt::MetaModifier, (shortcut->flags & Shortcut::command) != 0);
+    return QKeyCombination(modifiers, static_cast<Qt::Key>(toolkitKey(key.front().unicode())));
+}
+
+} // namespace palomet

@@ -1,0 +1,52 @@
+#pragma once
+
+#include "shortcuts/HotKeys.h"
+#include "shortcuts/KeyboardLayout.h"
+#include "shortcuts/Shortcuts.h"
+
+#include <QKeySequence>
+#include <QObject>
+
+#include <functional>
+
+namespace palomet {
+
+class PalometModel;
+
+/// Keeps the global hot keys, and the keys that the menu shows, as the user's shortcuts are: registers them anew
+/// whenever a shortcut, the pause or the need for the stop key changes. Main thread.
+class KeyBindings final : public QObject {
+    Q_OBJECT
+
+public:
+    struct Parts {
+        PalometModel &model;
+        HotKeys &hotKeys;
+        Shortcuts &shortcuts;
+        KeyboardLayout &layout;
+        /// Shows keys in the menu; an empty sequence is none.
+        std::function<void(const QKeySequence &listen, const QKeySequence &stop)> showInMenu;
+    };
+
+    /// Nothing is registered before `start`. All parts outlive this.
+    explicit KeyBindings(const Parts &parts);
+    ~KeyBindings() override;
+
+    void start();
+
+    /// The stop key is taken only while there is something to stop: it is Escape, which everybody needs.
+    void setStopNeeded(bool isStopNeeded);
+
+    /// A shortcut as a menu shows it, under a keyboard layout.
+    [[nodiscard]] static QKeySequence keySequence(const std::optional<Shortcut> &shortcut,
+                                                  const KeyboardLayout &layout);
+
+private:
+    void registerShortcuts();
+    void reportRefusal(quint32 id);
+
+    Parts m_parts;
+    bool m_isStopNeeded = false;
+};
+
+} // namespace palomet

@@ -1,0 +1,72 @@
+#include "app/RemoteDoor.h"
+
+#include "app/CommandLine.h"
+#include "model/PalometModel.h"
+
+#include <array>
+
+namespace palomet {
+
+namespace {
+
+struct Action {
+    QLatin1StringView name;
+    void (PalometModel::*perform)();
+};
+
+constexpr std::array actions{
+    Action{QLatin1StringView("listen"), &PalometModel::listen},
+    Action{QLatin1StringView("stop"), &PalometModel::stop},
+    Action{QLatin1StringView("mute"), &PalometModel::toggleMute},
+    Action{QLatin1StringView("new"), &PalometModel::newConversation},
+    Action{QLatin1StringView("act"), &PalometModel::act},
+    Action{QLatin1StringView("clear-draft"), &PalometModel::clearDraft},
+};
+
+} // namespace
+
+RemoteDoor::RemoteDoor(RemoteService &service, PalometModel &model)
+    : m_service(service)
+    , m_model(model) {
+    m_service.onCommand = [this](const RemoteCommand &command) { return perform(command); };
+    m_service.onActivate = [this] { onOpen(std::nullopt); };
+    connect(&m_model, &PalometModel::snapshotChanged, this, &RemoteDoor::publish);
+    connect(&m_model, &PalometModel::isMicAuthorizedChanged, this, &RemoteDoor::publish);
+    publish();
+}
+
+RemoteDoor::~RemoteDoor() {
+    m_service.onCommand = nullptr;
+    m_service.onActivate = nullptr;
+}
+
+bool RemoteDoor::perform(const RemoteCommand &command) {
+    for (const auto &action : actions) {
+        if (command.action != action.name)
+            continue;
+        (m_model.*action.perform)();
+        return true;
+    }
+    if (command.action == QStringLiteral("say")) {
+        // Another program than ours may have sent it.
+        const auto text = CommandLine::checkedText(command.text.value_or(QString()).toUtf8());
+        if (text)
+            m_model.say(*text);
+        return text.isOk();
+    }
+    if (command.action == QStringLiteral("open"))
+        return onOpen(command.text);
+    if (command.action == QStringLiteral("quit")) {
+        onQuit();
+        return true;
+    }
+    return false;
+}
+
+void RemoteDoor::publish() {
+    const auto &snapshot = m_model.snapshot();
+    m_service.publish({rawValue(m_model.state()), snapshot ? snapshot->device : QString(),
+                       snapshot && snapshot->isMuted, m_model.isMicOn()});
+}
+
+} // namespace palomet

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "app/RemoteControl.h"
+
+#include <QObject>
+
+#include <functional>
+
+namespace palomet {
+
+class PalometModel;
+
+/// Lets other programs of this user do what the menu and the window do, and tells them how the program is. Main thread.
+class RemoteDoor final : public QObject {
+    Q_OBJECT
+
+public:
+    /// `service` and `model` outlive this.
+    RemoteDoor(RemoteService &service, PalometModel &model);
+    ~RemoteDoor() override;
+
+    /// Opens the window, on a pane if one is named; whether there is such a window.
+    std::function<bool(const std::optional<QString> &pane)> onOpen = [](const auto &) { return false; };
+    std::function<void()> onQuit = [] {};
+
+private:
+    bool perform(const RemoteCommand &command);
+    void publish();
+
+    RemoteService &m_service;
+    PalometModel &m_model;
+};
+
+} // namespace palomet

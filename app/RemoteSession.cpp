@@ -1,0 +1,92 @@
+#include "app/RemoteSession.h"
+
+#include "app/RemoteStatusJson.h"
+
+#include <QCoreApplication>
+#include <QFile>
+
+#include <cstdio>
+
+namespace palomet {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+int fail(const QString &reason, int exitCode) {
+    std::fprintf(stderr, "palomet: %s\n", reason.toLocal8Bit().constData());
+    return exitCode;
+}
+
+/// At once, also into a pipe: whoever follows reads line by line.
+void print(const QString &line) {
+    std::puts(line.toUtf8().constData());
+    std::fflush(stdout);
+}
+
+/// Standard input, one byte further than a text may be long.
+QByteArray inputText() {
+    QFile input;
+    if (!input.open(stdin, QIODevice::ReadOnly | QIODevice::Unbuffered))
+        return {};
+    QByteArray text;
+    while (text.size() <= CommandLine::maximumTextBytes) {
+        const auto piece = input.read(CommandLine::maximumTextBytes + 1 - text.size());
+        if (piece.isEmpty())
+            break;
+        text += piece;
+    }
+    return text;
+}
+
+int command(const CommandLine &line, RemoteClient &client) {
+    auto command = *line.command;
+    if (line.isTextOnInput) {
+        const auto text = CommandLine::checkedText(inputText());
+        if (!text)
+            return fail(text.reason(), 2);
+        command.text = *text;
+    }
+    if (const auto problem = client.send(command))
+        return fail(problem->reason, 1);
+    // Quitting is done when it has quit; the backend has two seconds of that.
+    if (command.action == QStringLiteral("quit") && !client.waitUntilGone(10s))
+        return fail(QStringLiteral("Palomet does not end"), 1);
+    return 0;
+}
+
+QString shown(const CommandLine &line, const RemoteStatus &status) {
+    if (line.isJson)
+        return toJson(status);
+    // When it is followed, a line a change; else the word, and what it hears with.
+    return line.isFollowing || status.device.isEmpty() ? status.state : status.state + u'\n' + status.device;
+}
+
+int follow(const CommandLine &line, RemoteClient &client) {
+    QString last;
+    const auto changed = [&](const RemoteStatus &status) {
+        const auto now = shown(line, status);
+        if (now != last)
+            print(now);
+        last = now;
+    };
+    if (const auto problem = client.follow(changed, [] { QCoreApplication::exit(0); }))
+        return fail(problem->reason, 1);
+    return QCoreApplication::exec();
+}
+
+} // namespace
+
+int runRemoteCommand(const CommandLine &line, RemoteClient &client) {
+    if (line.mode == CommandLine::Mode::Command)
+        return command(line, client);
+    if (line.isFollowing)
+        return follow(line, client);
+    const auto status = client.status();
+    if (!status)
+        return fail(status.reason(), 1);
+    print(shown(line, *status));
+    return 0;
+}
+
+} // namespace palomet

@@ -1,0 +1,143 @@
+#include "app/AppDelegate.h"
+#include "app/Application.h"
+#include "app/CommandLine.h"
+#include "app/RemoteSession.h"
+#include "app/Resources.h"
+#include "base/QtScheduler.h"
+#include "platform/dbus/DBusRemoteClient.h"
+#include "platform/dbus/DBusRemoteService.h"
+#include "platform/desktop/DesktopMicrophonePermission.h"
+#include "platform/desktop/PortalColors.h"
+#include "platform/desktop/StatusNotifierHost.h"
+#include "platform/portal/PortalHotKeyGrabber.h"
+#include "platform/posix/EventWakeup.h"
+#include "platform/posix/PosixChildProcess.h"
+#include "platform/posix/TerminationSignals.h"
+#include "platform/pulse/PulseSoundServer.h"
+#include "platform/x11/X11Connection.h"
+#include "platform/x11/X11HotKeyGrabber.h"
+#include "platform/x11/X11KeyboardLayout.h"
+#include "ui/localization/Localization.h"
+
+#include <QDir>
+#include <QSettings>
+
+#include <cstdio>
+
+using namespace palomet;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const auto applicationId = u"org.palomet.Palomet"_s;
+
+/// On a Wayland session the whole program goes through XWayland, unless the user wants it otherwise: the strip is then
+/// the same everywhere. Whether this has set the toolkit's platform.
+bool preferXWayland() {
+    const bool isWayland = qEnvironmentVariable("XDG_SESSION_TYPE") == "wayland"_L1;
+    if (!isWayland || qEnvironmentVariableIsSet("QT_QPA_PLATFORM") || qEnvironmentVariableIsEmpty("DISPLAY"))
+        return false;
+    return qputenv("QT_QPA_PLATFORM", "xcb");
+}
+
+/// The desktop's way to global hot keys. The session decides, not the toolkit: under XWayland a grab would miss the
+/// windows that are native.
+std::unique_ptr<HotKeyGrabber> hotKeyGrabber(const QDBusConnection &bus, X11Connection *x11,
+                                             const KeyboardLayout &layout) {
+    if (qEnvironmentVariable("XDG_SESSION_TYPE") == "wayland"_L1)
+        return std::make_unique<PortalHotKeyGrabber>(bus, applicationId, layout);
+    if (x11 != nullptr)
+        return std::make_unique<X11HotKeyGrabber>(*x11);
+    return std::make_unique<NoHotKeyGrabber>();
+}
+
+/// `x11` may be null, and outlives what is made of it.
+AppDelegate::Surroundings surroundings(std::unique_ptr<RemoteService> remote, X11Connection *x11) {
+    const auto bus = QDBusConnection::sessionBus();
+    std::unique_ptr<KeyboardLayout> layout = std::make_unique<NoKeyboardLayout>();
+    if (x11 != nullptr)
+        layout = std::make_unique<X11KeyboardLayout>(*x11);
+    auto grabber = hotKeyGrabber(bus, x11, *layout);
+    auto scheduler = std::make_unique<QtScheduler>();
+    auto permission = std::make_unique<DesktopMicrophonePermission>(bus, applicationId, *scheduler);
+    auto sound = std::make_unique<PulseSoundServer>(*scheduler);
+    sound->onAccessDenied = [&permission = *permission] { permission.soundServerRefused(); };
+    return {
+        .resources = resourceFolder(QCoreApplication::applicationDirPath()),
+        .home = QDir::homePath(),
+        .startProcess = &startChildProcess,
+        .makeWakeup = &EventWakeup::make,
+        .scheduler = std::move(scheduler),
+        .microphonePermission = std::move(permission),
+        .soundServer = std::move(sound),
+        .trayHost = std::make_unique<StatusNotifierHost>(bus),
+        .colors = std::make_unique<PortalColors>(bus, qEnvironmentVariable("XDG_CURRENT_DESKTOP")),
+        .keyboardLayout = std::move(layout),
+        .hotKeyGrabber = std::move(grabber),
+        .remote = std::move(remote),
+        .settings =
+            std::make_unique<QSettings>(QSettings::NativeFormat, QSettings::UserScope, u"palomet"_s, u"palomet"_s),
+    };
+}
+
+int run(int argumentCount, char **arguments) {
+    const bool isPlatformOurs = preferXWayland();
+    QCoreApplication::setApplicationName(u"palomet"_s);
+    QGuiApplication::setApplicationDisplayName(u"Palomet"_s);
+    QGuiApplication::setDesktopFileName(applicationId);
+    Application application(argumentCount, arguments);
+    // What is started from here decides for itself.
+    if (isPlatformOurs)
+        qunsetenv("QT_QPA_PLATFORM");
+
+    auto remote = std::make_unique<DBusRemoteService>(QDBusConnection::sessionBus());
+    if (remote->claim() == RemoteService::Claim::Taken)
+        return 0;
+    // Until the very end: a second request must not interrupt what the first has begun.
+    const TerminationSignals signals([&application] { Q_EMIT application.quitRequested(); });
+    const auto x11 = X11Connection::open();
+    auto around = surroundings(std::move(remote), x11.get());
+    Localization::load(around.resources.value_or(QString()), Localization::preferredLanguages());
+    AppDelegate delegate(std::move(around));
+    QObject::connect(&application, &Application::quitRequested, &delegate, &AppDelegate::applicationShouldTerminate);
+    // From the event loop: it may be asked before that has begun.
+    QObject::connect(
+        &delegate, &AppDelegate::mayTerminate, &application, [] { QCoreApplication::exit(0); }, Qt::QueuedConnection);
+    delegate.applicationDidFinishLaunching();
+    return Application::exec();
+}
+
+int remote(const CommandLine &line, int argumentCount, char **arguments) {
+    const QCoreApplication application(argumentCount, arguments);
+    DBusRemoteClient client(QDBusConnection::sessionBus());
+    return runRemoteCommand(line, client);
+}
+
+int print(std::FILE *stream, const QString &text, int exitCode) {
+    std::fputs(text.toLocal8Bit().constData(), stream);
+    return exitCode;
+}
+
+} // namespace
+
+int main(int argc, char **argv) {
+    QStringList arguments;
+    for (int index = 1; index < argc; ++index)
+        arguments.append(QString::fromLocal8Bit(argv[index]));
+    const auto line = CommandLine::parse(arguments);
+    switch (line.mode) {
+    case CommandLine::Mode::Run:
+        return run(argc, argv);
+    case CommandLine::Mode::Version:
+        return print(stdout, u"palomet " PALOMET_VERSION "\n"_s, 0);
+    case CommandLine::Mode::Help:
+        return print(stdout, CommandLine::help(), 0);
+    case CommandLine::Mode::Command:
+    case CommandLine::Mode::Status:
+        return remote(line, argc, argv);
+    case CommandLine::Mode::Preview:
+    case CommandLine::Mode::Invalid:
+        break;
+    }
+    return print(stderr, u"palomet: %1\n"_s.arg(line.problem), 2);
+}

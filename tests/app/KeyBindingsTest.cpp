@@ -1,0 +1,136 @@
+#include "app/KeyBindings.h"
+
+#include "model/PalometModel.h"
+#include "tests/shortcuts/FixedKeyboardLayout.h"
+#include "tests/support/Eventually.h"
+#include "tests/support/FakeHotKeyGrabber.h"
+#include "tests/support/FakeMicrophonePermission.h"
+#include "tests/support/ManualScheduler.h"
+#include "tests/support/ScriptedBackend.h"
+#include "ui/localization/Localization.h"
+
+#include <QSettings>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+using namespace palomet;
+
+namespace {
+
+using Held = test::FakeHotKeyGrabber::Held;
+const Held optionSpace{49, 0x800};
+const Held escape{53, 0};
+
+class KeyBindingsTest : public testing::Test {
+protected:
+    KeyBindingsTest() {
+        Localization::load(QStringLiteral(PALOMET_SOURCE_DIR "/resources"), {QStringLiteral("en")});
+        backend.serve("/listen", {});
+        backend.serve("/stop", {});
+    }
+
+    [[nodiscard]] bool holds(quint32 id, const Held &combination) const {
+        const auto found = grabber->held.find(id);
+        return found != grabber->held.end() && found->second == combination;
+    }
+
+    test::ManualScheduler scheduler;
+    test::FakeMicrophonePermission permission;
+    test::ScriptedBackend backend;
+    PalometModel model{scheduler, permission, backend.base()};
+    test::FakeHotKeyGrabber *grabber = new test::FakeHotKeyGrabber;
+    HotKeys hotKeys{std::unique_ptr<HotKeyGrabber>(grabber)};
+    QTemporaryDir folder;
+    QSettings settings{folder.filePath(QStringLiteral("palomet.conf")), QSettings::IniFormat};
+    Shortcuts shortcuts{settings};
+    test::FixedKeyboardLayout layout{{{40, QStringLiteral("k")}}};
+    QKeySequence listenKey;
+    QKeySequence stopKey;
+    KeyBindings bindings{{model, hotKeys, shortcuts, layout, [this](const auto &listen, const auto &stop) {
+                              listenKey = listen;
+                              stopKey = stop;
+                          }}};
+};
+
+} // namespace
+
+TEST_F(KeyBindingsTest, TakesTheListenKeyAtOnceAndPostsListenWhenItIsPressed) {
+    bindings.start();
+    EXPECT_TRUE(holds(1, optionSpace));
+    grabber->onPressed(1);
+    EXPECT_TRUE(test::eventually([&] { return backend.count("/listen") == 1; }));
+}
+
+TEST_F(KeyBindingsTest, TakesEscapeOnlyWhileThereIsSomethingToStop) {
+    bindings.start();
+    EXPECT_FALSE(grabber->held.contains(2));
+    bindings.setStopNeeded(true);
+    EXPECT_TRUE(holds(2, escape));
+    grabber->onPressed(2);
+    EXPECT_TRUE(test::eventually([&] { return backend.count("/stop") == 1; }));
+    bindings.setStopNeeded(false);
+    EXPECT_FALSE(grabber->held.contains(2));
+}
+
+TEST_F(KeyBindingsTest, TakesNothingWhilePausedButShowsTheKeysInTheMenu) {
+    bindings.start();
+    shortcuts.setPaused(true);
+    EXPECT_TRUE(grabber->held.empty());
+    shortcuts.setListen(Shortcut::ctrlOpt(40));
+    EXPECT_TRUE(grabber->held.empty());
+    EXPECT_EQ(listenKey, QKeySequence(QStringLiteral("Ctrl+Alt+K")));
+    shortcuts.setPaused(false);
+    EXPECT_TRUE(holds(1, {40, 0x1800}));
+}
+
+TEST_F(KeyBindingsTest, ShowsARefusedListenKeyAsAProblemAndKeepsItInTheMenu) {
+    grabber->refuses = true;
+    bindings.start();
+    EXPECT_EQ(model.hotKeyProblem(), L("shortcut.taken", Shortcut::opt(49).text(layout)));
+    EXPECT_EQ(listenKey, QKeySequence(QStringLiteral("Alt+Space")));
+    grabber->refuses = false;
+    shortcuts.setListen(Shortcut::ctrlOpt(40));
+    EXPECT_EQ(model.hotKeyProblem(), std::nullopt);
+}
+
+TEST_F(KeyBindingsTest, NeverReportsARefusedStopKey) {
+    bindings.start();
+    grabber->refuses = true;
+    bindings.setStopNeeded(true);
+    grabber->refuses = false;
+    EXPECT_NE(model.hotKeyProblem(), std::nullopt); // The listen key was refused with it.
+    bindings.setStopNeeded(false);
+    bindings.setStopNeeded(true);
+    EXPECT_EQ(model.hotKeyProblem(), std::nullopt);
+    grabber->onRefused(2);
+    EXPECT_EQ(model.hotKeyProblem(), std::nullopt);
+    grabber->onRefused(1);
+    EXPECT_NE(model.hotKeyProblem(), std::nullopt);
+}
+
+TEST_F(KeyBindingsTest, OffersBothKeysToADesktopWhoseUserDecides) {
+    bindings.start();
+    ASSERT_EQ(grabber->offered.size(), 2U);
+    EXPECT_EQ(grabber->offered[0], (HotKeyOffer{1, L("menu.listen"), 49, 0x800}));
+    EXPECT_EQ(grabber->offered[1], (HotKeyOffer{2, L("menu.stop"), 53, 0}));
+}
+
+TEST_F(KeyBindingsTest, ShowsNoKeyForAShortcutThatWasCleared) {
+    bindings.start();
+    shortcuts.setListen(std::nullopt);
+    EXPECT_TRUE(listenKey.isEmpty());
+    EXPECT_FALSE(grabber->held.contains(1));
+    EXPECT_EQ(stopKey, QKeySequence(Qt::Key_Escape));
+}
+
+TEST_F(KeyBindingsTest, ShowsEveryKindOfKeyInTheMenu) {
+    const auto shown = [&](quint32 code, quint64 flags) {
+        return KeyBindings::keySequence(Shortcut(code, flags), layout);
+    };
+    EXPECT_EQ(shown(96, 0), QKeySequence(Qt::Key_F5));
+    EXPECT_EQ(shown(90, Shortcut::shift), QKeySequence(Qt::SHIFT | Qt::Key_F20));
+    EXPECT_EQ(shown(126, Shortcut::command), QKeySequence(Qt::META | Qt::Key_Up));
+    EXPECT_EQ(shown(76, Shortcut::control), QKeySequence(Qt::CTRL | Qt::Key_Enter));
+    EXPECT_EQ(shown(10, Shortcut::control), QKeySequence());
+}

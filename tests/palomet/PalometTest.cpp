@@ -1,0 +1,209 @@
+#include "app/LogFile.h"
+#include "tests/palomet/Desktop.h"
+#include "tests/support/Processes.h"
+
+#include <gtest/gtest.h>
+#include <signal.h>
+
+using namespace palomet;
+using namespace Qt::StringLiterals;
+using test::eventually;
+using test::hasEnded;
+
+namespace {
+
+/// The program itself, on a desktop of its own, with a backend that does as it is told.
+class PalometTest : public ::testing::Test {
+protected:
+    PalometTest() {
+        const QDir resources(desktop.home.filePath(u"resources"_s));
+        resources.mkpath(u"engine"_s);
+        EXPECT_TRUE(QFile::link(QStringLiteral(PALOMET_FAKE_BACKEND), resources.filePath(u"bun"_s)));
+        for (const auto &part : {u"Icons"_s, u"en.lproj"_s, u"pt-BR.lproj"_s})
+            EXPECT_TRUE(QFile::link(QStringLiteral(PALOMET_SOURCE_DIR "/resources/") + part, resources.filePath(part)));
+        environment = desktop.environment();
+        environment.insert(u"PALOMET_RESOURCES"_s, resources.path());
+    }
+    ~PalometTest() override {
+        program.kill();
+        program.waitForFinished();
+    }
+
+    void start(const QStringList &arguments = {}) {
+        program.setProcessEnvironment(environment);
+        program.start(QStringLiteral(PALOMET_EXECUTABLE), arguments);
+        ASSERT_TRUE(program.waitForStarted());
+    }
+
+    /// The backend's process, once it runs.
+    qint64 awaitBackend() {
+        if (!eventually([this] { return log().contains("\npronto "); }))
+            ADD_FAILURE() << "no backend";
+        return test::processesNamed("pronto", log()).value(0, -1);
+    }
+
+    bool awaitEnd() {
+        return eventually([this] { return program.state() == QProcess::NotRunning; });
+    }
+
+    void sendSignal(int number) const { kill(static_cast<pid_t>(program.processId()), number); }
+
+    QByteArray log() const { return test::contentOf(LogFile::pathBelow(desktop.home.path())); }
+
+    QByteArrayList farewell() const {
+        QByteArrayList found;
+        for (const auto &line : log().split('\n')) {
+            if (line.startsWith("saindo: "))
+                found.append(line);
+        }
+        return found;
+    }
+
+    /// It has ended as it should: by itself, in order, with its backend.
+    void expectOrderlyEnd(qint64 backend) {
+        ASSERT_TRUE(awaitEnd());
+        EXPECT_EQ(program.exitStatus(), QProcess::NormalExit);
+        EXPECT_EQ(program.exitCode(), 0);
+        EXPECT_TRUE(hasEnded(backend));
+        EXPECT_EQ(farewell(),
+                  (QByteArrayList{"saindo: pedido de saída recebido",
+                                  "saindo: parando o processo de voz (pid " + QByteArray::number(backend) + ")",
+                                  "saindo: pronto"}));
+    }
+
+    test::Desktop desktop;
+    QProcessEnvironment environment;
+    QProcess program;
+};
+
+class PalometWithSignal : public PalometTest, public ::testing::WithParamInterface<int> {};
+
+} // namespace
+
+TEST_F(PalometTest, RunsTheBackendAndShowsItsItem) {
+    desktop.tray.appear();
+    start();
+    const auto backend = awaitBackend();
+    EXPECT_TRUE(eventually([this] { return desktop.tray.items().size() == 1; }));
+    ASSERT_TRUE(eventually([this] { return !desktop.tray.menu().empty(); }));
+    EXPECT_EQ(desktop.tray.menu().size(), 9U);
+    EXPECT_FALSE(log().contains("bandeja"));
+    ASSERT_TRUE(desktop.tray.click(u"Quit Palomet"_s));
+    expectOrderlyEnd(backend);
+}
+
+TEST_F(PalometTest, RunsWithoutATrayAndShowsItsItemWhenOneAppears) {
+    start();
+    const auto backend = awaitBackend();
+    EXPECT_TRUE(eventually([this] { return log().contains("\nbandeja: "); }));
+    desktop.tray.appear();
+    EXPECT_TRUE(eventually([this] { return desktop.tray.items().size() == 1; }));
+    sendSignal(SIGTERM);
+    expectOrderlyEnd(backend);
+}
+
+TEST_F(PalometTest, RunsWithoutASessionBus) {
+    environment.insert(u"DBUS_SESSION_BUS_ADDRESS"_s, u"unix:path=/nowhere"_s);
+    start();
+    const auto backend = awaitBackend();
+    EXPECT_TRUE(eventually([this] { return log().contains("\nbandeja: "); }));
+    sendSignal(SIGTERM);
+    expectOrderlyEnd(backend);
+}
+
+TEST_P(PalometWithSignal, QuitsInOrderWhenItIsAskedBySignal) {
+    desktop.tray.appear();
+    start();
+    const auto backend = awaitBackend();
+    sendSignal(GetParam());
+    expectOrderlyEnd(backend);
+}
+
+INSTANTIATE_TEST_SUITE_P(Signals, PalometWithSignal, ::testing::Values(SIGTERM, SIGINT, SIGHUP));
+
+TEST_F(PalometTest, QuitsOnceHoweverOftenItIsAsked) {
+    environment.insert(u"FAKE_BACKEND"_s, u"stubborn"_s);
+    start();
+    const auto backend = awaitBackend();
+    sendSignal(SIGTERM);
+    ASSERT_TRUE(eventually([this] { return log().contains("saindo: parando"); }));
+    for (const int number : {SIGTERM, SIGINT, SIGHUP})
+        sendSignal(number);
+    ASSERT_TRUE(awaitEnd());
+    EXPECT_EQ(program.exitStatus(), QProcess::NormalExit);
+    EXPECT_EQ(program.exitCode(), 0);
+    EXPECT_TRUE(eventually([&] { return hasEnded(backend); }));
+    EXPECT_EQ(farewell(),
+              (QByteArrayList{"saindo: pedido de saída recebido",
+                              "saindo: parando o processo de voz (pid " + QByteArray::number(backend) + ")",
+                              "saindo: o processo de voz não parou em 2.0 s; encerrando à força", "saindo: pronto"}));
+}
+
+TEST_F(PalometTest, TakesItsBackendWithItWhenItIsKilled) {
+    start();
+    const auto backend = awaitBackend();
+    EXPECT_FALSE(hasEnded(backend));
+    program.kill();
+    EXPECT_TRUE(eventually([&] { return hasEnded(backend); }));
+}
+
+TEST_F(PalometTest, GivesTheBackendOnlyItsLogAndACleanMask) {
+    desktop.tray.appear();
+    start();
+    const auto backend = awaitBackend();
+    const auto path = LogFile::pathBelow(desktop.home.path());
+    EXPECT_EQ(test::descriptorsOf(backend), (QStringList{u"0 -> /dev/null"_s, u"1 -> "_s + path, u"2 -> "_s + path}));
+    EXPECT_EQ(test::statusOf(backend, "SigBlk"), "0000000000000000");
+    EXPECT_EQ(test::statusOf(backend, "SigIgn"), "0000000000000000");
+}
+
+TEST_F(PalometTest, StartsItsBackendAgainTwoSecondsAfterItWasKilled) {
+    start();
+    const auto first = awaitBackend();
+    kill(static_cast<pid_t>(first), SIGKILL);
+    EXPECT_TRUE(eventually([this] { return test::processesNamed("pronto", log()).size() == 2; }));
+    sendSignal(SIGTERM);
+    ASSERT_TRUE(awaitEnd());
+    EXPECT_EQ(program.exitCode(), 0);
+}
+
+TEST_F(PalometTest, GoesThroughXWaylandOnAWaylandSessionAndKeepsThatToItself) {
+    environment.insert(u"XDG_SESSION_TYPE"_s, u"wayland"_s);
+    environment.insert(u"WAYLAND_DISPLAY"_s, u"wayland-nowhere"_s);
+    start();
+    const auto backend = awaitBackend();
+    EXPECT_FALSE(test::processFile(backend, u"environ"_s).contains("QT_QPA_PLATFORM"));
+    sendSignal(SIGTERM);
+    expectOrderlyEnd(backend);
+}
+
+TEST_F(PalometTest, RunsWithAResourceFolderThatIsMissing) {
+    environment.insert(u"PALOMET_RESOURCES"_s, u"/nowhere"_s);
+    desktop.tray.appear();
+    start();
+    EXPECT_TRUE(eventually([this] { return desktop.tray.items().size() == 1; }));
+    sendSignal(SIGTERM);
+    ASSERT_TRUE(awaitEnd());
+    EXPECT_EQ(program.exitCode(), 0);
+    EXPECT_EQ(log(), "");
+}
+
+TEST_F(PalometTest, TellsItsVersionAndItsUseWithoutADisplay) {
+    environment.remove(u"DISPLAY"_s);
+    start({u"--version"_s});
+    ASSERT_TRUE(awaitEnd());
+    EXPECT_EQ(program.exitCode(), 0);
+    EXPECT_EQ(program.readAllStandardOutput(), "palomet " PALOMET_VERSION "\n");
+    start({u"--help"_s});
+    ASSERT_TRUE(awaitEnd());
+    EXPECT_EQ(program.exitCode(), 0);
+    EXPECT_TRUE(program.readAllStandardOutput().startsWith("Usage: palomet"));
+}
+
+TEST_F(PalometTest, RefusesAnArgumentThatItDoesNotKnow) {
+    start({u"--lisen"_s});
+    ASSERT_TRUE(awaitEnd());
+    EXPECT_EQ(program.exitCode(), 2);
+    EXPECT_EQ(program.readAllStandardError(), "palomet: unknown argument: --lisen\n");
+    EXPECT_EQ(program.readAllStandardOutput(), "");
+}

@@ -94,8 +94,8 @@ public:
         Frame linear;
         m_tripleRate.process(linearAt16kHz.front(), linear);
 
-        const bool isLinearBetter =
-            m_gate.isLinearBetter({m_referencePower, microphonePower, echo::meanSquare(linear), echo::meanSquare(frame)});
+        const bool isLinearBetter = m_gate.isLinearBetter(
+            {m_referencePower, microphonePower, echo::meanSquare(linear), echo::meanSquare(frame)});
         const float from = m_linearShare;
         m_linearShare = isLinearBetter ? 1 : 0;
         for (std::size_t i = 0; i < frameSize; ++i) {

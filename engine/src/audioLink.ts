@@ -60,7 +60,8 @@ export class AudioLink implements SpeakerOutput {
   /** Signed 16-bit little-endian samples; an odd last byte is left out. */
   audio(socket: LinkSocket, bytes: Uint8Array): void {
     if (socket !== this.#current || bytes.length < 2) return;
-    const whole = bytes.slice(0, bytes.length & ~1);
+    // A copy: the bytes may lie at an odd place, and belong to the socket.
+    const whole = new Uint8Array(bytes.subarray(0, bytes.length & ~1));
     this.events.samples(new Int16Array(whole.buffer));
   }
 

@@ -34,9 +34,12 @@ export class Children {
   async run(command: [string, ...string[]], options: RunOptions): Promise<Outcome> {
     if (options.signal?.aborted) return { kind: "stopped" };
     const input = typeof options.input === "string" ? new TextEncoder().encode(options.input) : options.input;
+    const [name, ...rest] = command;
+    const path = name.includes("/") ? name : this.find(name);
+    if (path === undefined) return { kind: "missing" };
     let child: Bun.Subprocess<Uint8Array | "ignore", "pipe", "pipe">;
     try {
-      child = Bun.spawn(command, {
+      child = Bun.spawn([path, ...rest], {
         stdin: input ?? "ignore",
         stdout: "pipe",
         stderr: "pipe",

@@ -121,9 +121,16 @@ function withoutName(words: Word[], { wakeWords, phrases }: Circumstances): Word
     const from = calls.includes(words[0]?.plain ?? "") && !startsWith(words, name, 0) ? 1 : 0;
     if (startsWith(words, name, from)) return words.slice(from + name.length);
     const tail = words.length - name.length;
-    if (tail > 0 && startsWith(words, name, tail)) return words.slice(0, tail);
+    if (tail > 0 && startsWith(words, name, tail)) return endedLike(words.slice(0, tail), words.at(-1)!);
   }
   return undefined;
+}
+
+/** The words with the mark that the whole ended with: "What time is it, Palomet?" asks what time it is. */
+function endedLike(words: Word[], end: Word): Word[] {
+  const mark = /[.?!…]+$/.exec(end.original)?.[0] ?? "";
+  const last = words.at(-1)!;
+  return [...words.slice(0, -1), { ...last, original: last.original.replace(/[,;:]+$/, "") + mark }];
 }
 
 /** What was said before the action phrase that ends the utterance; undefined when none does. */

@@ -59,7 +59,7 @@ export class Microphone {
   #take(piece: Uint8Array): void {
     const bytes = this.#odd === undefined ? piece : Buffer.concat([Uint8Array.of(this.#odd), piece]);
     this.#odd = bytes.length % 2 === 1 ? bytes.at(-1) : undefined;
-    const whole = bytes.slice(0, bytes.length & ~1);
-    if (whole.length > 0) this.onSamples(new Int16Array(new Uint8Array(whole).buffer));
+    const whole = new Uint8Array(bytes.subarray(0, bytes.length & ~1));
+    if (whole.length > 0) this.onSamples(new Int16Array(whole.buffer));
   }
 }

@@ -15,7 +15,6 @@ import type { Recogniser, Recognition } from "./recogniser.ts";
 export const sphinxProgram = "pocketsphinx_batch";
 
 const modelFolders = ["/usr/share/pocketsphinx/model/en-us", "/usr/local/share/pocketsphinx/model/en-us"];
-const timeoutMs = 8_000;
 const maxOutput = 64 * 1024;
 /**
  * By how much the sounds may fit a 10 ms frame better than the phrases do; found by trial with several voices. The
@@ -38,6 +37,7 @@ export class SphinxRecogniser implements Recogniser {
     readonly folder: string,
     readonly vocabulary: () => Vocabulary,
     readonly endSilenceMs: () => number,
+    readonly timeoutMs = 8_000,
   ) {}
 
   /** Readies the grammar for the words that are set now. */
@@ -85,7 +85,7 @@ export class SphinxRecogniser implements Recogniser {
     const features = ["-cmn", "batch", "-remove_silence", "no"];
     const outcome = await this.children.run([sphinxProgram, ...files, ...input, ...output, ...features, ...pruning], {
       input: new Uint8Array(audio.buffer, audio.byteOffset, audio.byteLength),
-      timeoutMs,
+      timeoutMs: this.timeoutMs,
       maxOutput,
       signal,
     });

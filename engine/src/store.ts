@@ -37,13 +37,16 @@ export class Store {
   #database: Database;
   readonly #folder: string;
   readonly #log: Log;
+  /** It grows no further than so many pages of 4 KiB: that is as good as a full disk. */
+  readonly #mostPages: number;
 
   /** Called after a new, empty database took the place of one that failed while in use. */
   onReplaced: () => void = () => {};
 
-  constructor(folder: string, log: Log) {
+  constructor(folder: string, log: Log, mostPages = 1 << 18) {
     this.#folder = folder;
     this.#log = log;
+    this.#mostPages = mostPages;
     this.#database = this.#openFile();
   }
 
@@ -158,7 +161,8 @@ export class Store {
       let database: Database | undefined;
       try {
         database = new Database(path, { create: true });
-        return prepared(database);
+        prepared(database).run(`PRAGMA max_page_count = ${this.#mostPages}`);
+        return database;
       } catch (error) {
         database?.close();
         if (isFull(error)) {
@@ -186,7 +190,10 @@ export class Store {
 
   #copyInMemory(): Database {
     try {
-      return Database.deserialize(this.#database.serialize());
+      const bytes = this.#database.serialize();
+      // What is in memory cannot have a write-ahead log: 1 is the format without (SQLite's file format, 1.3.3).
+      bytes.set([1, 1], 18);
+      return Database.deserialize(bytes);
     } catch {
       queueMicrotask(() => this.onReplaced());
       return prepared(new Database(":memory:"));

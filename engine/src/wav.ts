@@ -37,7 +37,7 @@ export function readClip(file: Uint8Array): Clip | undefined {
     if (tag(file, at) === "data") {
       const bytes = Math.min(length, file.length - at - 8) & ~1;
       if (rate === 0 || bytes === 0) return undefined;
-      const whole = file.slice(0, at + 8 + bytes);
+      const whole = new Uint8Array(file.subarray(0, at + 8 + bytes));
       const lengths = new DataView(whole.buffer);
       lengths.setUint32(4, whole.length - 8, true);
       lengths.setUint32(at + 4, bytes, true);

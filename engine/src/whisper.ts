@@ -8,7 +8,6 @@ import { sampleRate } from "./protocol.ts";
 import type { Recogniser, Recognition } from "./recogniser.ts";
 import { writeWav } from "./wav.ts";
 
-const timeoutMs = 30_000;
 const maxOutput = 64 * 1024;
 const longestText = 4_000;
 
@@ -21,6 +20,7 @@ export class WhisperRecogniser implements Recogniser {
     readonly model: () => string | undefined,
     /** Names that it would not know how to spell. */
     readonly names: () => string[],
+    readonly timeoutMs = 30_000,
   ) {}
 
   async recognise(samples: Int16Array, signal: AbortSignal): Promise<Recognition> {
@@ -32,7 +32,7 @@ export class WhisperRecogniser implements Recogniser {
       await Bun.write(file, writeWav(samples, sampleRate));
       const options = ["--no-timestamps", "--no-prints", "--language", this.language, "--prompt", this.names().join(", ")];
       const outcome = await this.children.run(["whisper-cli", "--model", model, ...options, "--file", file], {
-        timeoutMs,
+        timeoutMs: this.timeoutMs,
         maxOutput,
         signal,
       });

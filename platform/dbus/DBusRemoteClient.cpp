@@ -1,7 +1,7 @@
 #include "platform/dbus/DBusRemoteClient.h"
 
-#include "platform/dbus/RemoteNames.h"
 #include "app/RemoteStatusJson.h"
+#include "platform/dbus/RemoteNames.h"
 
 #include <QDBusConnectionInterface>
 #include <QDBusMessage>

@@ -1,0 +1,98 @@
+import { describe, expect, test } from "bun:test";
+import { createServer } from "node:net";
+import { readFileSync } from "node:fs";
+import { join } from "node:path";
+import { program, temporaryFolder } from "./support.ts";
+
+const folder = join(import.meta.dir, "..");
+
+async function freePort(): Promise<number> {
+  const server = createServer();
+  await new Promise<void>((resolve) => server.listen(0, "127.0.0.1", resolve));
+  const address = server.address();
+  await new Promise((resolve) => server.close(resolve));
+  return typeof address === "object" && address !== null ? address.port : 0;
+}
+
+function start(port: number, environment: Record<string, string> = {}) {
+  const child = Bun.spawn([process.execPath, "src/main.ts"], {
+    cwd: folder,
+    env: { ...process.env, PALOMET_PORT: String(port), XDG_STATE_HOME: temporaryFolder(), PALOMET_APP_AUDIO: "1", ...environment },
+    stdout: "pipe",
+    stderr: "pipe",
+  });
+  const errors = new Response(child.stderr).text();
+  return { child, errors };
+}
+
+async function serving(port: number): Promise<void> {
+  for (;;) {
+    const answer = await fetch(`http://127.0.0.1:${port}/state`).catch(() => undefined);
+    if (answer?.ok) return;
+    await Bun.sleep(5);
+  }
+}
+
+describe("the engine", () => {
+  test("says what it serves, keeps others off its port, and ends at once when told to", async () => {
+    const port = await freePort();
+    const state = temporaryFolder();
+    const first = start(port, { XDG_STATE_HOME: state });
+    await serving(port);
+    expect(await Bun.file(join(state, "palomet/palomet.db")).exists()).toBe(true);
+
+    const second = start(port);
+    expect(await second.child.exited).toBe(1);
+    expect(await second.errors).toContain("outro motor");
+
+    const began = performance.now();
+    first.child.kill("SIGTERM");
+    expect(await first.child.exited).toBe(0);
+    expect(performance.now() - began).toBeLessThan(1_000);
+    const said = await first.errors;
+    for (const word of [`http://127.0.0.1:${port}`, "state", "events", "/audio", "draft/clear"]) expect(said).toContain(word);
+  });
+
+  test("says so when a stranger holds the port", async () => {
+    const stranger = Bun.listen({ hostname: "127.0.0.1", port: 0, socket: { data: (socket) => void socket.end("nonsense") } });
+    const engine = start(stranger.port);
+    expect(await engine.child.exited).toBe(1);
+    expect(await engine.errors).toContain("outro programa");
+    stranger.stop(true);
+  });
+
+  test("takes the programs that it runs with it", async () => {
+    const port = await freePort();
+    const mark = join(temporaryFolder(), "pid");
+    const tools = program("claude", `[ "$1" = --version ] && echo 2.1.0 && exit\necho $$ > ${mark}; exec sleep 600`);
+    const engine = start(port, { PATH: `${tools}:${process.env.PATH}` });
+    await serving(port);
+    const state = async () => (await (await fetch(`http://127.0.0.1:${port}/state`)).json()) as { session: { claudePath: string } };
+    while ((await state()).session.claudePath === "") await Bun.sleep(5);
+    await fetch(`http://127.0.0.1:${port}/say`, { method: "POST", body: '{"text":"x"}' });
+    while (!(await Bun.file(mark).exists()) || (await Bun.file(mark).text()).trim() === "") await Bun.sleep(5);
+    const pid = Number(await Bun.file(mark).text());
+    engine.child.kill("SIGTERM");
+    expect(await engine.child.exited).toBe(0);
+    for (let wait = 0; wait < 200 && isAlive(pid); wait++) await Bun.sleep(5);
+    expect(isAlive(pid)).toBe(false);
+  });
+
+  test("without espeak-ng says that it answers in writing", async () => {
+    const port = await freePort();
+    const engine = start(port, { PATH: "/none" });
+    await serving(port);
+    engine.child.kill("SIGTERM");
+    await engine.child.exited;
+    expect(await engine.errors).toContain("respondo por escrito");
+  });
+});
+
+/** Whether it still runs; one that has ended may stand in the process table until somebody collects it. */
+function isAlive(pid: number): boolean {
+  try {
+    return !/^\d+ \(.*\) [ZX]/.test(readFileSync(`/proc/${pid}/stat`, "utf8"));
+  } catch {
+    return false;
+  }
+}

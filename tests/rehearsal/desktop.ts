@@ -22,6 +22,11 @@ const panelSettings = `<?xml version="1.0" encoding="UTF-8"?>
 </channel>
 `;
 
+// A window manager that keeps no key to itself: Alt+Space is ours.
+const windowManagerSettings = `<?xml version="1.0" encoding="UTF-8"?>
+<openbox_config xmlns="http://openbox.org/3.4/rc"><keyboard/></openbox_config>
+`;
+
 /** Starts all of it and gives the environment in which a user's programs run there. */
 export async function startDesktop(folder: string, runtimeFolder: string): Promise<Environment> {
     const home = join(folder, "home");
@@ -29,6 +34,9 @@ export async function startDesktop(folder: string, runtimeFolder: string): Promi
     const panelFolder = join(config, "xfce4/xfconf/xfce-perchannel-xml");
     mkdirSync(panelFolder, { recursive: true });
     writeFileSync(join(panelFolder, "xfce4-panel.xml"), panelSettings);
+
+    const windowManagerFile = join(folder, "window-manager.xml");
+    writeFileSync(windowManagerFile, windowManagerSettings);
 
     const environment: Environment = {
         PATH: process.env.PATH ?? "/usr/local/bin:/usr/bin:/bin",
@@ -52,7 +60,7 @@ export async function startDesktop(folder: string, runtimeFolder: string): Promi
     environment.DISPLAY = `:${(await firstLine(xServer)).trim()}`;
     const bus = startPiped(["dbus-daemon", "--session", "--nofork", "--print-address=1"], environment, join(folder, "bus.log"));
     environment.DBUS_SESSION_BUS_ADDRESS = (await firstLine(bus)).trim();
-    start(["openbox"], environment, join(folder, "window-manager.log"));
+    start(["openbox", "--config-file", windowManagerFile], environment, join(folder, "window-manager.log"));
     start(["xfce4-panel", "--disable-wm-check"], environment, join(folder, "panel.log"));
     await until("the tray host", async () =>
         (await property(environment, "IsStatusNotifierHostRegistered").catch(() => "")).includes("true"),

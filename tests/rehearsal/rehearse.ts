@@ -6,7 +6,7 @@ import { tmpdir } from "node:os";
 import { join, resolve } from "node:path";
 import { Watcher } from "./backend";
 import { startDesktop, TrayItem } from "./desktop";
-import { endAll, start, until } from "./process";
+import { endAll, type Environment, run, start, until } from "./process";
 import { SoundDesk } from "./sound";
 
 const root = resolve(import.meta.dir, "../..");
@@ -50,7 +50,9 @@ async function rehearse(): Promise<void> {
         step(`The menu says "${words["state.waiting"]} · Microphone"`);
 
         await hear(watcher, sound);
-        await answer(watcher, sound);
+        await command(environment);
+        await shortcut(watcher, environment);
+        await answer(watcher, sound, environment);
         await interrupt(watcher, sound, tray);
         await storm(watcher, sound);
         await quit(palomet, tray, log);
@@ -77,11 +79,29 @@ async function hear(watcher: Watcher, sound: SoundDesk): Promise<void> {
     await watcher.reach("waiting", since + watcher.states.slice(since).indexOf("hearing"));
 }
 
+/** The command line asks the running program how it is. */
+async function command(environment: Environment): Promise<void> {
+    const from = performance.now();
+    const status = (await run([program, "--status"], environment)).split("\n");
+    check(status[0] === "waiting" && status[1] === "Microphone", `--status says ${status.join(", ")}`);
+    step(`palomet --status says "${status[0]}" (${Math.round(performance.now() - from)} ms)`);
+}
+
+/** The listen key works from anywhere; Stop ends the listening. */
+async function shortcut(watcher: Watcher, environment: Environment): Promise<void> {
+    const since = watcher.states.length;
+    await run(["xdotool", "key", "alt+space"], environment);
+    await watcher.reach("listening", since);
+    await run([program, "--stop"], environment);
+    await watcher.reach("waiting", since + watcher.states.slice(since).indexOf("listening"));
+    step("Alt+Space makes it listen, palomet --stop ends that");
+}
+
 /** A typed request is answered aloud, to the end. */
-async function answer(watcher: Watcher, sound: SoundDesk): Promise<void> {
+async function answer(watcher: Watcher, sound: SoundDesk, environment: Environment): Promise<void> {
     const since = watcher.states.length;
     const from = performance.now();
-    await watcher.post("say", { text: "What time is it?" });
+    await run([program, "--say", "What time is it?"], environment);
     await watcher.reach("speaking", since);
     await watcher.reach("waiting", since + watcher.states.slice(since).indexOf("speaking"), 60_000);
     const audible = sound.recording.audibleSeconds(from);

@@ -13,11 +13,25 @@
 #include <algorithm>
 #include <array>
 #include <memory>
+#include <ostream>
+#include <string>
 
 using namespace palomet;
 using namespace palomet::test;
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
+
+namespace palomet::test {
+
+static std::string nameOf(PrivateSoundServer::Kind kind) {
+    return kind == PrivateSoundServer::Kind::PulseAudio ? "PulseAudio" : "PipeWire";
+}
+
+static void PrintTo(PrivateSoundServer::Kind kind, std::ostream *stream) {
+    *stream << nameOf(kind);
+}
+
+} // namespace palomet::test
 
 namespace {
 
@@ -105,6 +119,7 @@ protected:
     SoundProbe m_probe;
     int m_changes = 0, m_losses = 0, m_refusals = 0, m_attempts = 0, m_answers = 0;
     std::optional<Failure> m_failure;
+    ManualScheduler m_manualScheduler; ///< Outlives the server that takes it.
     std::unique_ptr<PulseSoundServer> m_sound;
 };
 
@@ -151,11 +166,12 @@ TEST_P(SoundServerTest, PlaysWhatItIsGivenAndTellsWhenItWasHeard) {
         whole += *last - *first + 1 == toneFrames ? 1 : 0;
         difference = m_probe.toneHeardAt() - recorder.timeOf(*last);
     }
-    // On a busy machine a single tone may come too late for the server; most must not.
+    // Two milliseconds late with PulseAudio and five early with PipeWire on a quiet machine. On a busy one a single
+    // tone may come too late for the server; most must not.
     std::sort(differences.begin(), differences.end());
     EXPECT_GE(whole, 5);
-    EXPECT_LT(differences[4], 10ms);
-    EXPECT_GT(differences[4], -10ms);
+    EXPECT_LT(differences[4], 15ms);
+    EXPECT_GT(differences[4], -15ms);
     EXPECT_GT(m_probe.delay(), 0ms);
     EXPECT_LT(m_probe.delay(), 100ms);
     EXPECT_TRUE(m_probe.isOneThread());
@@ -353,7 +369,7 @@ TEST_P(SoundServerTest, AsksForNoSampleAfterTheSpeakersWereClosed) {
 }
 
 TEST_P(SoundServerTest, ComesBackTenTimesAfterTheServerWasKilled) {
-    ManualScheduler scheduler;
+    auto &scheduler = m_manualScheduler;
     start(scheduler);
     // The two seconds between attempts need not be waited for.
     const auto hurriedly = [&](const auto &holds) {
@@ -388,7 +404,7 @@ TEST_P(SoundServerTest, ComesBackTenTimesAfterTheServerWasKilled) {
 }
 
 TEST_P(SoundServerTest, NeitherHangsWithTheServerNorWaitsForItForEver) {
-    ManualScheduler scheduler;
+    auto &scheduler = m_manualScheduler;
     start(scheduler);
     openPlayback();
     m_server->freeze();
@@ -417,7 +433,7 @@ TEST_P(SoundServerTest, EndsWhileTheServerHangs) {
 
 TEST_P(SoundServerTest, ConnectsToAServerThatHungAndGoesOn) {
     m_server->freeze();
-    ManualScheduler scheduler;
+    auto &scheduler = m_manualScheduler;
     m_sound = std::make_unique<PulseSoundServer>(scheduler, m_server->address());
     m_sound->start(m_probe);
     m_sound->openCapture(opened());
@@ -498,4 +514,4 @@ TEST_P(SoundServerTest, CannotBePutOnAMonitorByAMixer) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Servers, SoundServerTest, testing::Values(Kind::PulseAudio, Kind::PipeWire),
-                         [](const auto &kind) { return kind.param == Kind::PulseAudio ? "PulseAudio" : "PipeWire"; });
+                         [](const auto &kind) { return nameOf(kind.param); });

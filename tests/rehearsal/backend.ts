@@ -17,6 +17,7 @@ export class Watcher {
     level = 0;
     levelCount = 0;
     #isEnding = false;
+    #changed = 0;
 
     start(): void {
         void this.#follow();
@@ -48,8 +49,15 @@ export class Watcher {
             () => this.states.slice(since).includes(wanted), limitMs);
     }
 
+    /** Waits until the loop has been waiting for a while: what was said may be more than one utterance. */
+    async settle(): Promise<void> {
+        await until("the loop to settle", () => this.states.at(-1) === "waiting" && performance.now() - this.#changed > 1000, 60_000);
+    }
+
     #note(state: string): void {
-        if (this.states.at(-1) !== state) this.states.push(state);
+        if (this.states.at(-1) === state) return;
+        this.states.push(state);
+        this.#changed = performance.now();
     }
 
     async #follow(): Promise<void> {

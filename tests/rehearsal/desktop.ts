@@ -52,6 +52,10 @@ export async function startDesktop(folder: string, runtimeFolder: string): Promi
         LANGUAGE: "en",
         QT_QPA_PLATFORM: "xcb",
     };
+    // What a sanitizer is told, if the program was built with one.
+    for (const name of ["ASAN_OPTIONS", "LSAN_OPTIONS", "UBSAN_OPTIONS"]) {
+        if (process.env[name] !== undefined) environment[name] = process.env[name];
+    }
     const xServer = startPiped(
         ["Xvfb", "-displayfd", "1", "-noreset", "-nolisten", "tcp", "-screen", "0", "1280x800x24"],
         environment,

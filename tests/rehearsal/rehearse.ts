@@ -76,7 +76,7 @@ async function hear(watcher: Watcher, sound: SoundDesk): Promise<void> {
     clearInterval(listening);
     check(loudest > 0.01, `the microphone's level never rose (${loudest})`);
     step(`It hears a voice: level ${loudest.toFixed(2)}, state "hearing"`);
-    await watcher.reach("waiting", since + watcher.states.slice(since).indexOf("hearing"));
+    await watcher.settle();
 }
 
 /** The command line asks the running program how it is. */
@@ -136,7 +136,7 @@ async function storm(watcher: Watcher, sound: SoundDesk): Promise<void> {
             await sound.speak("Hello, hello, hello.");
             return watcher.states.slice(since).includes("hearing");
         }, 30_000);
-        await watcher.reach("waiting", since + watcher.states.slice(since).indexOf("hearing"));
+        await watcher.settle();
     }
     if (soundServerKills === 0) return;
     step(`The sound server died ${soundServerKills} times, and each time the microphone came back by itself`);

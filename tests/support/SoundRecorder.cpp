@@ -4,6 +4,7 @@
 
 #include <pulse/rtclock.h>
 
+#include <algorithm>
 #include <cmath>
 #include <stdexcept>
 
@@ -37,10 +38,7 @@ SoundRecorder::SoundRecorder(const std::string &server, const std::string &sourc
             [](pa_stream *stream, std::size_t, void *self) { static_cast<SoundRecorder *>(self)->take(stream); }, this);
         const auto any = static_cast<std::uint32_t>(-1);
         const pa_buffer_attr attributes{any, any, any, any, rate / 200 * sizeof(float)};
-        pa_stream_connect_record(m_stream.get(), source.c_str(), &attributes,
-                                 static_cast<pa_stream_flags_t>(PA_STREAM_ADJUST_LATENCY |
-                                                                PA_STREAM_AUTO_TIMING_UPDATE |
-                                                                PA_STREAM_INTERPOLATE_TIMING));
+        pa_stream_connect_record(m_stream.get(), source.c_str(), &attributes, PA_STREAM_ADJUST_LATENCY);
     }
     if (!eventually([this] { return m_count > 0; }))
         throw std::runtime_error("the recorder hears nothing from " + source);
@@ -56,13 +54,6 @@ void SoundRecorder::take(pa_stream *stream) {
     const void *data = nullptr;
     std::size_t bytes = 0;
     while (pa_stream_peek(stream, &data, &bytes) == 0 && bytes > 0) {
-        pa_usec_t latency = 0;
-        int isNegative = 0;
-        if (pa_stream_get_latency(stream, &latency, &isNegative) == 0) {
-            const Time distance{latency};
-            m_times[m_samples.size()] = getenv("ARR") ? Time{pa_rtclock_now()} - Time{bytes / 4 * 1000000 / 48000}
-                                                      : Time{pa_rtclock_now()} + (isNegative ? distance : -distance);
-        }
         if (data) {
             const auto *samples = static_cast<const float *>(data);
             m_samples.insert(m_samples.end(), samples, samples + bytes / sizeof(float));
@@ -70,6 +61,7 @@ void SoundRecorder::take(pa_stream *stream) {
             m_samples.insert(m_samples.end(), bytes / sizeof(float), 0);
         }
         pa_stream_drop(stream);
+        m_arrivals[m_samples.size()] = Time{pa_rtclock_now()};
     }
     m_count = m_samples.size();
 }
@@ -81,12 +73,14 @@ std::vector<float> SoundRecorder::samples() const {
 
 SoundRecorder::Time SoundRecorder::timeOf(std::size_t index) const {
     const PulseMainloop::Lock lock(m_mainloop);
-    auto piece = m_times.upper_bound(index);
-    if (piece == m_times.begin())
-        throw std::runtime_error("that sample's time is not known");
-    --piece;
-    const auto samplesIn = static_cast<std::int64_t>(index - piece->first);
-    return piece->second + Time{samplesIn * 1'000'000 / rate};
+    // Pieces come when the machine has time for them; the one that came soonest of its second tells the truth.
+    auto time = Time::max();
+    const auto from = m_arrivals.lower_bound(index - std::min<std::size_t>(index, rate / 2));
+    for (auto piece = from; piece != m_arrivals.end() && piece->first < index + rate / 2; ++piece) {
+        const auto distance = static_cast<std::int64_t>(index) - static_cast<std::int64_t>(piece->first);
+        time = std::min(time, piece->second + Time{distance * 1'000'000 / rate});
+    }
+    return time;
 }
 
 std::optional<std::size_t> SoundRecorder::firstLoud(float threshold, std::size_t start) const {

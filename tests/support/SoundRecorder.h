@@ -26,7 +26,7 @@ public:
 
     [[nodiscard]] std::size_t count() const { return m_count; }
     [[nodiscard]] std::vector<float> samples() const;
-    /// When the sample with this index left the speakers, or reached the microphone.
+    /// When the sample with this index sounded, to a millisecond; one that has been recorded.
     [[nodiscard]] Time timeOf(std::size_t index) const;
     /// The first and the last sample louder than `threshold`, from `start` on.
     [[nodiscard]] std::optional<std::size_t> firstLoud(float threshold, std::size_t start = 0) const;
@@ -39,8 +39,8 @@ private:
     PulseContext m_context;
     PulseStream m_stream;
     std::atomic<std::size_t> m_count{0};
-    std::vector<float> m_samples;        ///< Under the main loop's lock.
-    std::map<std::size_t, Time> m_times; ///< Of the first sample of each piece. Under the lock.
+    std::vector<float> m_samples;           ///< Under the main loop's lock.
+    std::map<std::size_t, Time> m_arrivals; ///< By the number of samples that there were then. Under the lock.
 };
 
 } // namespace palomet::test

@@ -1,0 +1,7 @@
+import Palomet.Kit
+
+ZenText {
+    size: 11
+    box: 16
+    color: Zen.gray5
+}

@@ -1,0 +1,115 @@
+#include "tests/ui/support/Scene.h"
+
+#include <gtest/gtest.h>
+
+using palomet::test::eventually;
+using palomet::test::Scene;
+
+TEST(ZenButton, IsClickedByMouseSpaceAndReturn) {
+    Scene scene(R"(
+        Item { property int clicks: 0
+            ZenButton { objectName: "button"; title: "Stop"; onClicked: parent.clicks += 1 } })");
+    scene.press("button");
+    EXPECT_EQ(scene.root()->property("clicks"), 1);
+    scene.key(Qt::Key_Space);
+    EXPECT_EQ(scene.root()->property("clicks"), 2);
+    scene.key(Qt::Key_Return);
+    EXPECT_EQ(scene.root()->property("clicks"), 3);
+}
+
+TEST(ZenButton, IsNotClickedWhenTheMouseIsReleasedElsewhere) {
+    Scene scene(R"(
+        Item { property int clicks: 0
+            ZenButton { objectName: "button"; title: "Stop"; onClicked: parent.clicks += 1 } })");
+    QTest::mousePress(&scene.window(), Qt::LeftButton, {}, {10, 10});
+    EXPECT_TRUE(scene.value("button", "isHeld").toBool());
+    QTest::mouseMove(&scene.window(), {300, 300});
+    EXPECT_FALSE(scene.value("button", "isHeld").toBool());
+    QTest::mouseRelease(&scene.window(), Qt::LeftButton, {}, {300, 300});
+    EXPECT_EQ(scene.root()->property("clicks"), 0);
+}
+
+TEST(ZenButton, DoesNothingWhileDisabled) {
+    Scene scene(R"(
+        Item { property int clicks: 0
+            ZenButton { objectName: "button"; title: "Stop"; enabled: false; onClicked: parent.clicks += 1 } })");
+    scene.press("button");
+    scene.key(Qt::Key_Tab);
+    scene.key(Qt::Key_Space);
+    EXPECT_EQ(scene.root()->property("clicks"), 0);
+}
+
+TEST(ZenButton, ShowsARingOnlyWhenTheKeyboardBroughtTheFocus) {
+    Scene scene(
+        R"(Row { ZenButton { objectName: "one"; title: "One" } ZenButton { objectName: "two"; title: "Two" } })");
+    scene.press("one");
+    EXPECT_FALSE(scene.value("one", "isReached").toBool());
+    scene.key(Qt::Key_Tab);
+    EXPECT_TRUE(scene.value("two", "isReached").toBool());
+    scene.key(Qt::Key_Backtab);
+    EXPECT_TRUE(scene.value("one", "isReached").toBool());
+    EXPECT_FALSE(scene.value("two", "isReached").toBool());
+}
+
+TEST(ZenSwitch, AsksForTheOppositeAndStaysWhereItsOwnerHasIt) {
+    Scene scene(R"(
+        Item { property var asked: []
+            ZenSwitch { objectName: "switch"; isOn: false; onToggled: isOn => parent.asked.push(isOn) } })");
+    scene.press("switch");
+    EXPECT_FALSE(scene.value("switch", "isOn").toBool());
+    scene.item("switch")->setProperty("isOn", true);
+    scene.key(Qt::Key_Space);
+    EXPECT_TRUE(scene.value("switch", "isOn").toBool());
+    EXPECT_EQ(scene.root()->property("asked").toList(), (QVariantList{true, false}));
+}
+
+TEST(SettingRow, HasNoHintLineWithoutAHint) {
+    Scene scene(R"(
+        SettingRows { width: 640
+            SettingRow { objectName: "bare"; title: "Speed" }
+            SettingRow { objectName: "hinted"; title: "Voice"; hint: "What it sounds like." } })");
+    EXPECT_EQ(scene.item("bare")->height(), 52);
+    // A rule, and one line of hint.
+    EXPECT_EQ(scene.item("hinted")->height(), 70);
+}
+
+TEST(SettingRow, BeginsEveryControlOnTheSameLine) {
+    Scene scene(R"(
+        SettingRows { width: 640
+            SettingRow { title: "Speed"; ZenSelect { objectName: "select" } }
+            SettingRow { title: "A very long title that does not fit beside its control at all, not even nearly"
+                ZenSwitch { objectName: "switch" } } })");
+    EXPECT_EQ(scene.item("select")->mapToScene({}).x(), 320);
+    EXPECT_EQ(scene.item("switch")->mapToScene({}).x(), 320);
+}
+
+TEST(CellRow, StandsInTwoColumnsWhereThereIsNoRoomForFour) {
+    Scene scene(R"(
+        CellRow { width: 724
+            Cell { label: "A" } Cell { objectName: "b"; label: "B" }
+            Cell { objectName: "c"; label: "C" } Cell { objectName: "d"; label: "D" } })");
+    EXPECT_EQ(scene.item("c")->x(), 362);
+    EXPECT_EQ(scene.item("c")->y(), 1);
+    EXPECT_TRUE(scene.value("d", "isLast").toBool());
+    EXPECT_FALSE(scene.value("b", "isLast").toBool());
+    scene.root()->setWidth(564);
+    EXPECT_EQ(scene.item("b")->x(), 282);
+    EXPECT_EQ(scene.item("c")->x(), 0);
+    EXPECT_GT(scene.item("c")->y(), 90);
+    EXPECT_TRUE(scene.value("b", "isLast").toBool());
+}
+
+TEST(DataRow, CutsAQuestionOfTenThousandLettersAndKeepsTheDetailWhole) {
+    Scene scene(R"(
+        Rows { width: 640
+            DataRow { objectName: "row"; label: "Today 14:44"; value: "why ".repeat(2500); detail: "1 answer · US$ 0.03" } })");
+    EXPECT_EQ(scene.item("row")->height(), 44);
+    EXPECT_EQ(scene.item("row")->width(), 640);
+}
+
+TEST(Texts, AreShownAsTheyAreWrittenMarkupIncluded) {
+    Scene scene(
+        R"(Column { Repeater { model: 1; ElidedText { objectName: "text"; text: "<b>bold</b><img src='file:///x.png'>" } } })");
+    EXPECT_EQ(scene.value("text", "textFormat").toInt(), 0);
+    EXPECT_GT(scene.value("text", "implicitWidth").toReal(), 200);
+}

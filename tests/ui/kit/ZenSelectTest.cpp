@@ -1,0 +1,172 @@
+#include "tests/ui/support/Scene.h"
+
+#include <gtest/gtest.h>
+
+using palomet::test::eventually;
+using palomet::test::Scene;
+
+namespace {
+
+constexpr auto three = R"(
+    Item { width: 640; height: 480
+        property var picks: []
+        ZenSelect { objectName: "select"; x: 100; y: 100; width: 160; value: "1×"; selected: "b"
+            choices: [{ id: "a", title: "Alpha" }, { id: "b", title: "Beta" }, { id: "c", title: "Gamma" }]
+            onPicked: id => parent.picks.push(id) }
+        ZenButton { objectName: "other"; x: 400; y: 400; title: "Other" } })";
+
+QList<QQuickItem *> lists(Scene &scene) {
+    return Scene::all(scene.window().contentItem(), "SelectList");
+}
+
+QList<QQuickItem *> choices(Scene &scene) {
+    QList<QQuickItem *> found;
+    for (auto *list : lists(scene))
+        for (auto *item : Scene::all(list, "Pressable"))
+            if (item->property("modelData").isValid())
+                found.append(item);
+    return found;
+}
+
+QVariantList picks(Scene &scene) {
+    return scene.root()->property("picks").toList();
+}
+
+bool isClosed(Scene &scene) {
+    return !scene.value("select", "isOpen").toBool() && eventually([&] { return lists(scene).isEmpty(); });
+}
+
+} // namespace
+
+TEST(ZenSelect, OpensAndClosesWithAPress) {
+    Scene scene(three);
+    scene.press("select");
+    ASSERT_EQ(lists(scene).size(), 1);
+    EXPECT_EQ(choices(scene).size(), 3);
+    EXPECT_EQ(lists(scene).first()->mapToScene({}), QPointF(100, 140));
+    scene.press("select");
+    EXPECT_TRUE(isClosed(scene));
+    EXPECT_TRUE(picks(scene).isEmpty());
+}
+
+TEST(ZenSelect, PicksClosesAndLeavesTheValueToItsOwner) {
+    Scene scene(three);
+    scene.press("select");
+    scene.press(choices(scene).at(2));
+    EXPECT_TRUE(isClosed(scene));
+    EXPECT_EQ(picks(scene), QVariantList{QStringLiteral("c")});
+    EXPECT_EQ(scene.text("select", "value"), QStringLiteral("1×"));
+}
+
+TEST(ZenSelect, AsksAgainForTheChoiceThatIsSelectedAlready) {
+    Scene scene(three);
+    scene.press("select");
+    scene.press(choices(scene).at(1));
+    EXPECT_EQ(picks(scene), QVariantList{QStringLiteral("b")});
+}
+
+TEST(ZenSelect, MarksOnlyTheSelectedChoice) {
+    Scene scene(three);
+    scene.press("select");
+    for (auto *choice : choices(scene))
+        EXPECT_EQ(choice->property("isSelected").toBool(), choice->property("index") == 1);
+    scene.item("select")->setProperty("selected", QStringLiteral("none of them"));
+    for (auto *choice : choices(scene))
+        EXPECT_FALSE(choice->property("isSelected").toBool());
+}
+
+TEST(ZenSelect, StartsOpenWhenAskedTo) {
+    Scene scene(R"(ZenSelect { objectName: "select"; startOpen: true; choices: [{ id: "a", title: "A" }] })");
+    EXPECT_EQ(lists(scene).size(), 1);
+}
+
+TEST(ZenSelect, ShowsThatItIsBusyInTheValuesPlace) {
+    Scene scene(R"(ZenSelect { objectName: "select"; value: "One"; isBusy: true; busyText: "Applying…" })");
+    EXPECT_EQ(Scene::all(scene.root(), "ZenSelectBox").first()->property("value"), QStringLiteral("Applying…"));
+    scene.item("select")->setProperty("isBusy", false);
+    EXPECT_EQ(Scene::all(scene.root(), "ZenSelectBox").first()->property("value"), QStringLiteral("One"));
+}
+
+TEST(ZenSelect, IsWorkedByKeysAlone) {
+    Scene scene(three);
+    scene.key(Qt::Key_Tab);
+    scene.key(Qt::Key_Space);
+    ASSERT_EQ(lists(scene).size(), 1);
+    EXPECT_EQ(lists(scene).first()->property("current"), 1);
+    scene.key(Qt::Key_Down);
+    scene.key(Qt::Key_Return);
+    EXPECT_TRUE(isClosed(scene));
+    EXPECT_EQ(picks(scene), QVariantList{QStringLiteral("c")});
+    EXPECT_TRUE(scene.item("select")->hasActiveFocus());
+    EXPECT_TRUE(scene.value("select", "isReached").toBool());
+}
+
+TEST(ZenSelect, FindsAChoiceByItsFirstLetter) {
+    Scene scene(three);
+    scene.press("select");
+    scene.key(Qt::Key_G);
+    EXPECT_EQ(lists(scene).first()->property("current"), 2);
+}
+
+TEST(ZenSelect, ClosesWithEscapeAndKeepsTheFocus) {
+    Scene scene(three);
+    scene.press("select");
+    scene.key(Qt::Key_Escape);
+    EXPECT_TRUE(isClosed(scene));
+    EXPECT_TRUE(picks(scene).isEmpty());
+    EXPECT_TRUE(scene.item("select")->hasActiveFocus());
+}
+
+TEST(ZenSelect, ClosesWithTabAndGoesOn) {
+    Scene scene(three);
+    scene.press("select");
+    scene.key(Qt::Key_Tab);
+    EXPECT_TRUE(isClosed(scene));
+    EXPECT_TRUE(scene.item("other")->hasActiveFocus());
+}
+
+TEST(ZenSelect, ClosesWithAPressElsewhereThatPressesNothing) {
+    Scene scene(three);
+    scene.press("select");
+    scene.press("other");
+    EXPECT_TRUE(isClosed(scene));
+    EXPECT_FALSE(scene.item("other")->hasActiveFocus());
+}
+
+TEST(ZenSelect, ClosesWithItsWindow) {
+    Scene scene(three);
+    scene.press("select");
+    scene.window().hide();
+    EXPECT_TRUE(isClosed(scene));
+    scene.window().show();
+    EXPECT_TRUE(lists(scene).isEmpty());
+}
+
+TEST(ZenSelect, OpensUpwardsWhereThereIsNoRoomBelow) {
+    Scene scene(R"(Item { width: 640; height: 480
+        ZenSelect { objectName: "select"; y: 440; choices: [{ id: "a", title: "A" }, { id: "b", title: "B" }] } })");
+    scene.press("select");
+    EXPECT_EQ(lists(scene).first()->mapToScene({}).y(), 440 - 4 - 72);
+}
+
+TEST(ZenSelect, ShowsEightChoicesAndScrollsToTheRest) {
+    Scene scene(R"(Item { width: 640; height: 480
+        ZenSelect { objectName: "select"
+            choices: Array.from({length: 1000}, (_, i) => ({ id: String(i), title: "Choice " + i })) } })");
+    scene.press("select");
+    EXPECT_EQ(lists(scene).first()->height(), 8 + 8 * 32);
+    // Only what shows is made.
+    EXPECT_LT(choices(scene).size(), 40);
+    scene.key(Qt::Key_End);
+    EXPECT_EQ(lists(scene).first()->property("current"), 999);
+}
+
+TEST(ZenSelect, HasNoChoicesWhenThereAreNone) {
+    Scene scene(R"(ZenSelect { objectName: "select"; value: "s1" })");
+    scene.press("select");
+    EXPECT_TRUE(choices(scene).isEmpty());
+    scene.key(Qt::Key_Down);
+    scene.key(Qt::Key_Return);
+    scene.key(Qt::Key_Escape);
+    EXPECT_TRUE(isClosed(scene));
+}

@@ -1,0 +1,7 @@
+import QtQuick
+
+// A block's heading.
+ZenLabel {
+    Accessible.role: Accessible.Heading
+    Accessible.name: text
+}

@@ -1,0 +1,45 @@
+import QtQuick
+import Palomet.Kit
+
+// One key cap. A text that begins with "icon:" names an icon; the signs that the typeface lacks are drawn with icons of
+// the same set.
+ZenBox {
+    id: root
+
+    property string cap
+
+    readonly property var signs: ({
+            "⎋": "circle-arrow-up-left",
+            "⇥": "arrow-bar-to-right",
+            "⌦": "forward-delete",
+            "↖": "arrow-up-left",
+            "↘": "arrow-down-right",
+            "⇞": "chevrons-up",
+            "⇟": "chevrons-down"
+        })
+    readonly property string icon: signs[cap] ?? (cap.startsWith("icon:") ? cap.slice(5) : "")
+
+    implicitWidth: Math.max(Zen.cap, icon || cap.length < 2 ? 0 : words.implicitWidth + 2 * Zen.space2 + 2)
+    implicitHeight: Zen.cap
+    radius: Zen.radius1
+    color: Zen.gray0
+    edge: Zen.gray3
+    edgeWidth: 1
+
+    Icon {
+        anchors.centerIn: parent
+        visible: root.icon !== ""
+        name: root.icon
+        size: Zen.iconSmall
+    }
+    ZenText {
+        id: words
+
+        anchors.centerIn: parent
+        visible: root.icon === ""
+        text: root.icon ? "" : root.cap
+        size: 11
+        box: 16
+        font.weight: Zen.bold
+    }
+}

@@ -1,0 +1,55 @@
+import QtQuick
+
+// A labelled value with a note under it. Its row of cells places it.
+Item {
+    id: root
+
+    property string label
+    property string note
+    // The last cell of a row draws no rule after it.
+    property bool isLast: false
+    // The first cell of a row stands flush left.
+    property bool isFlush: false
+    default property alias value: slot.data
+
+    implicitHeight: words.y + words.height + Zen.space2
+
+    Rectangle {
+        x: root.width
+        width: 1 / Math.max(1, Screen.devicePixelRatio)
+        height: root.height
+        visible: !root.isLast
+        color: Zen.gray3
+    }
+    Column {
+        id: words
+
+        x: root.isFlush ? 0 : Zen.space4 + 1
+        y: Zen.space3
+        width: root.width - x - Zen.space3
+
+        ZenLabel {
+            text: root.label
+        }
+        Item {
+            width: 1
+            height: Zen.space1
+        }
+        Row {
+            id: slot
+
+            width: parent.width
+            height: 28
+            spacing: Zen.space2
+        }
+        Item {
+            width: 1
+            height: Zen.space1
+        }
+        ZenNote {
+            width: parent.width
+            height: Math.max(21, implicitHeight)
+            text: root.note
+        }
+    }
+}

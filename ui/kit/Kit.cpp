@@ -1,0 +1,34 @@
+#include "ui/kit/Kit.h"
+
+#include "ui/kit/IconProvider.h"
+#include "ui/kit/Motion.h"
+
+#include <QFontDatabase>
+#include <QQmlEngine>
+
+// Made by the build for the module; naming it keeps it in the program.
+extern void qml_register_types_Palomet_Kit();
+
+namespace palomet::Kit {
+
+QStringList registerFonts(const QString &resources) {
+    QStringList missing;
+    for (const auto *face : {"400Regular", "500Medium", "700Bold", "800ExtraBold", "900Black"}) {
+        const auto file = QStringLiteral("Montserrat_%1.ttf").arg(QLatin1StringView(face));
+        if (QFontDatabase::addApplicationFont(resources + QStringLiteral("/fonts/") + file) < 0)
+            missing.append(file);
+    }
+    return missing;
+}
+
+void install(QQmlEngine &engine, const QString &resources) {
+    [[maybe_unused]] static volatile auto registration = &qml_register_types_Palomet_Kit;
+    engine.addImportPath(QStringLiteral("qrc:/qt/qml"));
+    engine.addImageProvider(QStringLiteral("icon"), new IconProvider(resources + QStringLiteral("/Icons")));
+}
+
+void setMotionReduced(QQmlEngine &engine, bool isReduced) {
+    Motion::of(engine).setReduced(isReduced);
+}
+
+} // namespace palomet::Kit

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+class QQmlEngine;
+
+/// The visual kit, made ready for use.
+namespace palomet::Kit {
+
+/// Registers the typeface of the resource folder with the application. Returns the faces that could not be read, by
+/// their file names; the interface then shows in the system's typeface.
+QStringList registerFonts(const QString &resources);
+
+/// Makes the module `Palomet.Kit` importable in this engine, its icons coming from the resource folder.
+void install(QQmlEngine &engine, const QString &resources);
+
+/// Whether the desktop asks for stillness: everything that moves in this engine then stands.
+void setMotionReduced(QQmlEngine &engine, bool isReduced);
+
+} // namespace palomet::Kit

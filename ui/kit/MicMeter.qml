@@ -1,0 +1,5 @@
+// The microphone's meter.
+Bars {
+    maxHeight: 12
+    floor: 2
+}

@@ -1,0 +1,5 @@
+import QtQuick
+
+// The rule between two rows.
+HairLine {
+}

@@ -1,0 +1,95 @@
+pragma ComponentBehavior: Bound
+import QtQuick
+import Palomet.Kit
+
+// The box with the choices of an open select. `current` is where the pointer or the keyboard is.
+ZenBox {
+    id: root
+
+    property var choices: []
+    property string selected
+    property int current: -1
+    // Whether the keyboard brought the current choice.
+    property bool isReached: false
+    property string name
+    readonly property int mostShown: 8
+
+    signal picked(index: int)
+    signal pointed(index: int)
+
+    function reveal(index: int): void {
+        list.positionViewAtIndex(index, ListView.Contain);
+    }
+
+    implicitHeight: 2 * Zen.space1 + Zen.choice * Math.min(mostShown, choices.length)
+    radius: Zen.radius2
+    color: Zen.gray0
+    edge: Zen.gray9
+    edgeWidth: 1
+
+    Accessible.role: Accessible.List
+    Accessible.name: name
+
+    ListView {
+        id: list
+
+        anchors.fill: parent
+        anchors.margins: Zen.space1
+        clip: count > root.mostShown
+        interactive: false
+        boundsBehavior: Flickable.StopAtBounds
+        model: root.choices
+        reuseItems: true
+
+        delegate: Pressable {
+            id: choice
+
+            required property int index
+            required property var modelData
+            readonly property bool isSelected: modelData.id === root.selected
+
+            width: ListView.view.width
+            height: Zen.choice
+            activeFocusOnTab: false
+            onClicked: root.picked(index)
+            onIsPointedChanged: if (isPointed) root.pointed(index)
+
+            Accessible.role: Accessible.ListItem
+            Accessible.name: modelData.title
+            Accessible.selectable: true
+            Accessible.selected: isSelected
+            Accessible.focused: root.current === index
+            Accessible.onPressAction: clicked()
+
+            ZenBox {
+                anchors.fill: parent
+                visible: root.current === choice.index
+                radius: Zen.radius1
+                color: Zen.gray2
+            }
+            ElidedText {
+                x: Zen.space2
+                anchors.verticalCenter: parent.verticalCenter
+                width: mark.x - x - Zen.space2
+                text: choice.modelData.title
+                Accessible.ignored: true
+            }
+            Icon {
+                id: mark
+
+                x: choice.width - width - 6
+                anchors.verticalCenter: parent.verticalCenter
+                visible: choice.isSelected
+                name: "check"
+            }
+            FocusRing {
+                isInside: true
+                corner: Zen.radius1
+                visible: root.isReached && root.current === choice.index
+            }
+        }
+    }
+    Scroller {
+        flickable: list
+    }
+}

@@ -1,0 +1,3 @@
+// The setting rows of a block.
+Rows {
+}

@@ -1,0 +1,21 @@
+import QtQuick
+
+// A value to read, in a control's place.
+Item {
+    id: root
+
+    property string text
+
+    implicitWidth: words.implicitWidth
+    implicitHeight: Math.max(Zen.control, words.height + 2 * Zen.space2)
+
+    ZenData {
+        id: words
+
+        y: Zen.space2
+        width: Math.min(implicitWidth, Zen.controlColumn)
+        text: root.text
+        color: Zen.gray6
+        wrapMode: Text.Wrap
+    }
+}

@@ -1,0 +1,8 @@
+import QtQuick
+
+// Running text.
+ZenText {
+    size: 15
+    box: 24
+    wrapMode: Text.Wrap
+}

@@ -1,0 +1,46 @@
+import QtQuick
+import Palomet.Kit
+
+// A button: the dark one is what the page is for, the light ones are everything else.
+Pressable {
+    id: root
+
+    property string title
+    property string icon
+    property int kind: ZenButtonStyle.Secondary
+    property int size: Zen.control
+    property string name: title
+    property string description
+
+    readonly property int inset: size < Zen.control ? Zen.space3 : Zen.space4
+
+    implicitWidth: words.x + words.width + inset
+    implicitHeight: size
+
+    Accessible.role: Accessible.Button
+    Accessible.name: name
+    Accessible.description: description
+    Accessible.onPressAction: clicked()
+
+    ZenButtonStyle {
+        id: ground
+
+        anchors.fill: parent
+        kind: root.kind
+        isPointed: root.isPointed
+        isHeld: root.isHeld
+    }
+    ButtonLabel {
+        id: words
+
+        x: root.icon ? Zen.space3 : root.inset
+        anchors.verticalCenter: parent.verticalCenter
+        title: root.title
+        icon: root.icon
+        size: root.size < Zen.control ? 12 : 13
+        color: ground.ink
+    }
+    FocusRing {
+        visible: root.isReached
+    }
+}

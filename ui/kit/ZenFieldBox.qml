@@ -1,0 +1,13 @@
+import QtQuick
+import Palomet.Kit
+
+// The box of a text field in each of its states.
+ZenBox {
+    property bool isFocused: false
+    property bool isPointed: false
+
+    radius: Zen.radius2
+    color: Zen.gray0
+    edge: isFocused ? Zen.gray9 : isPointed ? Zen.gray5 : Zen.gray3
+    edgeWidth: isFocused ? 2 : 1
+}

@@ -1,0 +1,11 @@
+import QtQuick
+
+// Small capitals over blocks, groups and cells.
+ZenText {
+    size: 10
+    box: 16
+    color: Zen.gray5
+    font.weight: Zen.extraBold
+    font.letterSpacing: 1.5
+    font.capitalization: Font.AllUppercase
+}

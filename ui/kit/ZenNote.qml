@@ -1,0 +1,8 @@
+import QtQuick
+
+// Hints under rows and notes under blocks; they wrap and are never cut.
+ZenText {
+    box: 21
+    color: Zen.gray5
+    wrapMode: Text.Wrap
+}

@@ -1,0 +1,94 @@
+pragma ComponentBehavior: Bound
+import QtQuick
+import Palomet.Kit
+
+// One choice out of several: the box shows the current one, a press opens the list of all. Picking asks for the choice;
+// the box changes when its owner says so.
+Pressable {
+    id: root
+
+    // The current choice in words; it need not be among the choices.
+    property string value
+    // What may be chosen, each with an `id` and a `title`.
+    property var choices: []
+    property string selected
+    property bool isBusy: false
+    // What stands in the box while a choice is being applied.
+    property string busyText
+    property bool startOpen: false
+    property bool isOpen: false
+    property bool hasAppeared: false
+    property string name
+    property string description
+    // Where a value is too long: at its right, or in the middle for paths.
+    property int valueElide: Text.ElideRight
+
+    signal picked(id: string)
+
+    function close(): void {
+        isOpen = false;
+    }
+
+    function closeTo(reason: int): void {
+        close();
+        forceActiveFocus(reason);
+    }
+
+    implicitWidth: 200
+    implicitHeight: Zen.control
+    onClicked: isOpen = !isOpen
+    onEnabledChanged: if (!enabled) close()
+    Exposure.onIsShownChanged: {
+        if (!Exposure.isShown)
+            close();
+        else if (!hasAppeared)
+            isOpen = startOpen;
+        hasAppeared = true;
+    }
+
+    Keys.onDownPressed: isOpen = true
+    Keys.onUpPressed: isOpen = true
+
+    Accessible.role: Accessible.ComboBox
+    Accessible.name: name
+    Accessible.description: box.value + (description ? `. ${description}` : "")
+    Accessible.onPressAction: clicked()
+
+    ZenSelectBox {
+        id: box
+
+        anchors.fill: parent
+        value: root.isBusy ? root.busyText : root.value
+        isBusy: root.isBusy
+        isOpen: root.isOpen
+        isPointed: root.isPointed
+        valueElide: root.valueElide
+    }
+    FocusRing {
+        visible: root.isReached && !root.isOpen
+    }
+    Repeater {
+        model: root.isOpen ? 1 : 0
+
+        Item {
+            SelectPopup {
+                parent: root.Window.contentItem
+                box: root
+                choices: root.choices
+                selected: root.selected
+                name: root.name
+                isReached: root.isReached
+                onPicked: (id, reason) => {
+                    root.closeTo(reason);
+                    root.picked(id);
+                }
+                onDismissed: reason => root.closeTo(reason)
+                onPassed: isForward => {
+                    root.close();
+                    root.nextItemInFocusChain(isForward).forceActiveFocus(isForward ? Qt.TabFocusReason : Qt.BacktabFocusReason);
+                }
+                onLost: root.close()
+            }
+        }
+    }
+}

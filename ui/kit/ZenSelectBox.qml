@@ -1,0 +1,57 @@
+import QtQuick
+import Palomet.Kit
+
+// The box of a select in each of its states.
+ZenBox {
+    id: root
+
+    property string value
+    property bool isBusy: false
+    property bool isOpen: false
+    property bool isPointed: false
+    property int valueElide: Text.ElideRight
+
+    implicitWidth: 200
+    implicitHeight: Zen.control
+    radius: Zen.radius2
+    color: Zen.gray0
+    edge: isOpen ? Zen.gray9 : isPointed ? Zen.gray5 : Zen.gray3
+    edgeWidth: 1
+
+    Behavior on edge {
+        enabled: root.Exposure.isShown && !Zen.isMotionReduced
+
+        ColorAnimation {
+            duration: Zen.hoverTime
+            easing.type: Easing.OutCubic
+        }
+    }
+
+    ElidedText {
+        x: Zen.space3
+        y: Zen.space2
+        width: chevron.x - x - Zen.space2
+        text: root.value
+        color: root.isBusy ? Zen.gray5 : Zen.gray9
+        elide: root.valueElide
+        Accessible.ignored: true
+    }
+    Icon {
+        id: chevron
+
+        x: root.width - width - 10
+        anchors.verticalCenter: parent.verticalCenter
+        name: "chevron-down"
+        color: root.isOpen || root.isPointed ? Zen.gray9 : Zen.gray5
+        rotation: root.isOpen ? 180 : 0
+
+        Behavior on rotation {
+            enabled: root.Exposure.isShown && !Zen.isMotionReduced
+
+            NumberAnimation {
+                duration: Zen.moveTime
+                easing.type: Easing.OutCubic
+            }
+        }
+    }
+}

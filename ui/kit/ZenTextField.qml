@@ -1,0 +1,66 @@
+import QtQuick
+
+// A line of text that is edited and then committed with Return: trimmed, not empty, and changed. Leaving it any other way
+// puts back what was there; looking at another window is not leaving it.
+Item {
+    id: root
+
+    property string value
+    property string placeholder
+    property string name
+    property string description
+    // The text as it is being typed.
+    property alias draft: input.text
+    property alias isPointed: look.isPointed
+    property alias isFocused: look.isFocused
+    property bool isEditing: false
+
+    signal committed(text: string)
+
+    function commit(): void {
+        const text = draft.trim();
+        if (text !== "" && text !== value)
+            committed(text);
+        leave();
+    }
+
+    // The focus stays at this place, so that Tab goes on from here.
+    function leave(): void {
+        forceActiveFocus();
+    }
+
+    implicitWidth: 240
+    implicitHeight: Zen.control
+    onValueChanged: if (!isEditing) draft = value
+    onIsEditingChanged: if (!isEditing) draft = value
+    Component.onCompleted: draft = value
+
+    ZenFieldBox {
+        id: look
+
+        anchors.fill: parent
+        isFocused: input.activeFocus
+        isPointed: pointer.hovered
+    }
+    ZenInput {
+        id: input
+
+        anchors.fill: parent
+        placeholder: root.placeholder
+        name: root.name
+        description: root.description
+        onAccepted: root.commit()
+        Keys.onEscapePressed: root.leave()
+        onActiveFocusChanged: {
+            if (activeFocus)
+                root.isEditing = true;
+            else if (root.Window.active || !root.Window.window?.visible)
+                root.isEditing = false;
+        }
+    }
+    HoverHandler {
+        id: pointer
+
+        cursorShape: Qt.IBeamCursor
+    }
+}

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# lint.sh format | tidy BUILD_FOLDER | qml BUILD_FOLDER: exits 0 when there is nothing to complain of.
+# lint.sh format | tidy BUILD_FOLDER: exits 0 when there is nothing to complain of.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
@@ -48,16 +48,5 @@ tidy)
     export -f tidy ourHeaders
     sources 'app/*.cpp' 'audio/*.cpp' 'base/*.cpp' 'model/*.cpp' 'platform/*.cpp' 'shortcuts/*.cpp' 'ui/*.cpp' |
         xargs -P "${LINT_JOBS:-1}" -I{} bash -c 'tidy "$@"' _ {} "$build" "$cache"
-    ;;
-qml)
-    build=$2
-    lint=$(command -v qmllint6 || command -v /usr/lib/qt6/bin/qmllint)
-    files=$(sources 'ui/*.qml')
-    [ -z "$files" ] && exit 0
-    categories=$("$lint" --help | sed -n 's/^ *--\([a-z.-]*\) <level>.*/\1/p' | grep -v '^compiler$')
-    levels=()
-    for category in $categories; do levels+=("--$category" warning); done
-    # shellcheck disable=SC2086
-    "$lint" "${levels[@]}" -I "$build/qml" $files
     ;;
 esac

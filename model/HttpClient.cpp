@@ -55,14 +55,14 @@ std::unique_ptr<HttpExchange> HttpClient::get(const QString &path, std::chrono::
 }
 
 ReplyOwner HttpClient::stream(const QString &path, qint64 bufferSize) {
-    ReplyOwner reply(m_manager.get(request(path, QString::number(++m_connectionCount))));
+    ReplyOwner reply(m_manager.get(request(path, path)));
     reply->setReadBufferSize(bufferSize);
     return reply;
 }
 
 void HttpClient::post(const QString &path, const std::optional<QByteArray> &json, std::chrono::milliseconds timeout,
                       std::function<void()> done) {
-    const auto number = ++m_connectionCount;
+    const auto number = ++m_commandCount;
     auto command = request(path, QString::number(number));
     command.setRawHeader("connection", "close");
     command.setHeader(QNetworkRequest::ContentLengthHeader, json ? json->size() : 0);

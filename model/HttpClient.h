@@ -21,8 +21,7 @@ public:
     [[nodiscard]] std::unique_ptr<HttpExchange> get(const QString &path, std::chrono::milliseconds timeout,
                                                     HttpExchange::Answer answer);
 
-    /// Opens a document without an end on a connection of its own, to be read as it comes, with at most `bufferSize`
-    /// bytes held.
+    /// Opens a document without an end, to be read as it comes, with at most `bufferSize` bytes held.
     [[nodiscard]] ReplyOwner stream(const QString &path, qint64 bufferSize);
 
     /// Sends a command, at once and at most once: on a connection of its own, behind nothing that hangs, and never
@@ -38,7 +37,7 @@ private:
     QUrl m_base;
     Scheduler &m_scheduler;
     QNetworkAccessManager m_manager;
-    quint64 m_connectionCount = 0;
+    quint64 m_commandCount = 0;
     std::map<quint64, std::unique_ptr<HttpExchange>> m_commands;
 };
 

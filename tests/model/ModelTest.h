@@ -6,6 +6,8 @@
 #include "tests/support/ManualScheduler.h"
 #include "tests/support/ScriptedBackend.h"
 
+#include <QElapsedTimer>
+
 #include <gtest/gtest.h>
 
 namespace palomet::test {
@@ -63,6 +65,20 @@ protected:
     /// Waits until `count` requests of that target have come.
     [[nodiscard]] bool hasCome(const QByteArray &target, int count = 1) {
         return eventually([&, count] { return m_backend.count(target) >= count; });
+    }
+
+    /// Lets the clock run, twenty times as fast as the real one, until `holds`.
+    template <typename Condition>
+    [[nodiscard]] bool runsUntil(Condition holds) {
+        QElapsedTimer real;
+        real.start();
+        std::chrono::milliseconds run{0};
+        return eventually([&] {
+            const std::chrono::milliseconds due(real.elapsed() * 20);
+            m_scheduler.advance(due - run);
+            run = due;
+            return holds();
+        });
     }
 
     /// A state document that says it is in `state`.

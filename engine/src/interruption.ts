@@ -3,22 +3,22 @@
 // it stands above a gate, against when it lies below; enough of it in a row decides. The gate follows what the
 // canceller leaves. (Sequential test on a clipped log-likelihood ratio: Wald, "Sequential Analysis", 1947.)
 
-/** Never below this, dBFS: residues of a converged canceller lie under it. */
-const leastGate = -46;
+/** Never below this, dBFS: nobody speaks so softly into a microphone. */
+const leastGate = -48;
 /** The gate stands this far above the noise of the room and above the residue, dB. */
 const noiseMargin = 12;
-const residueMargin = 8;
-/** Before anything is known of the residue it is taken to be this, dBFS. */
-const firstResidue = -40;
-/** The residue is the level that 95 of 100 frames of the agent's own voice do not reach (a quantile by steps). */
-const upStep = 0.95;
-const downStep = 0.05;
+const residueMargin = 4;
+/** Before anything is known of the residue it is taken to be this, dBFS: a canceller leaves more while it learns. */
+const firstResidue = -38;
+/** The residue is the level that 199 of 200 frames of the agent's own voice do not reach: a quantile by steps, in dB. */
+const upStep = 0.2985;
+const downStep = 0.0015;
 /** A voice must not raise the gate that it is to pass: what was learned last does not count yet. */
 const learningDelayFrames = 40;
-/** Frames below the gate count against by as much as this many dB above it count for. */
+/** So many dB above the gate, or below it, are the evidence of 1; no frame counts for more than the second. */
 const evidenceScale = 6;
 const mostEvidence = 1.5;
-const enoughEvidence = 10;
+const enoughEvidence = 9;
 
 export class InterruptionDetector {
   #residue = firstResidue;

@@ -151,7 +151,7 @@ describe("somebody talking over the agent", () => {
 
   test("is noticed when soft, only later", () => {
     const detector = new InterruptionDetector();
-    decide(detector, residue(5, -62, -55));
+    decide(detector, residue(60, -62, -55));
     const speech = Array.from({ length: 100 }, (_, index) => -36 - 4 * Math.sin(index));
     expect(decide(detector, speech)).toBeLessThanOrEqual(25);
   });

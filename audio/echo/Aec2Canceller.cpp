@@ -26,7 +26,6 @@ public:
         canceller->enable_drift_compensation(false);
         canceller->set_suppression_level(webrtc::EchoCancellation::kModerateSuppression);
         canceller->enable_metrics(true);
-        canceller->enable_delay_logging(true);
         canceller->Enable(true);
         m_processing->high_pass_filter()->Enable(true);
         // Told the format now, the library allocates nothing when the first frame comes.
@@ -47,24 +46,21 @@ public:
         m_processing->set_stream_delay_ms(std::clamp(delayHintMs, 0, maximumDelayMs - ownDelayMs) + ownDelayMs);
         m_processing->ProcessStream(&channel, m_stream, m_stream, &channel);
         std::copy(frame.begin(), frame.end(), out.begin());
-        if (++m_frames % framesBetweenReadings == 0)
-            readState();
+        readState();
     }
 
     void reset() noexcept override {
         m_processing->Initialize();
         m_offset = {};
-        m_frames = 0;
         m_state.set(false, std::nullopt, std::nullopt);
     }
 
     [[nodiscard]] EchoCancellerState state() const override { return m_state.read(QStringLiteral("AEC2")); }
 
 private:
-    /// The library gathers its delay figures over a while and starts anew when asked.
-    static constexpr unsigned framesBetweenReadings = 100;
     static constexpr int unmeasuredDb = -100;
 
+    /// The delay is not told: what the library measures is what is left of it after its own buffers.
     void readState() noexcept {
         auto *canceller = m_processing->echo_cancellation();
         std::optional<double> enhancement;
@@ -72,18 +68,12 @@ private:
         if (canceller->GetMetrics(&metrics) == AudioProcessing::kNoError &&
             metrics.echo_return_loss_enhancement.instant > unmeasuredDb)
             enhancement = metrics.echo_return_loss_enhancement.instant;
-        std::optional<int> delay;
-        int median = 0;
-        int deviation = 0;
-        if (canceller->GetDelayMetrics(&median, &deviation) == AudioProcessing::kNoError && median >= 0)
-            delay = median;
-        m_state.set(enhancement.value_or(0) > convergedDb, delay, enhancement);
+        m_state.set(enhancement.value_or(0) > convergedDb, std::nullopt, enhancement);
     }
 
     std::unique_ptr<AudioProcessing> m_processing;
     webrtc::StreamConfig m_stream{48000, 1};
     echo::OffsetFilter m_offset;
-    unsigned m_frames = 0;
     echo::SharedState m_state;
 };
 

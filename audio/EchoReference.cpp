@@ -10,12 +10,14 @@ namespace {
 constexpr std::size_t frameSize = EchoCanceller::frameSize;
 constexpr std::size_t capacity = 65536; // 1.4 s: more than any server buffers ahead
 constexpr std::size_t watchedFrames = 1000;
+constexpr std::size_t watchedFramesAtFirst = 100; // streams that open are out of step by more than they ever are again
 constexpr std::size_t noLowest = std::numeric_limits<std::size_t>::max();
 
 } // namespace
 
 EchoReference::EchoReference()
     : m_samples(capacity)
+    , m_framesToWatch(watchedFramesAtFirst)
     , m_lowestBacklog(noLowest) {}
 
 void EchoReference::write(std::span<const float> samples) noexcept {
@@ -36,19 +38,19 @@ void EchoReference::read(EchoCanceller::Frame &frame) noexcept {
 
 void EchoReference::settle(std::size_t framesRead) noexcept {
     m_lowestBacklog = std::min(m_lowestBacklog, backlog());
-    m_framesWatched += framesRead;
-    if (m_framesWatched < watchedFrames)
+    m_framesToWatch -= std::min(m_framesToWatch, framesRead);
+    if (m_framesToWatch > 0)
         return;
-    // One frame is left in hand, so that what is given back is not missed a moment later.
+    // A backlog of one frame at the lowest is let be: what one late callback brought in would else go in and out.
     if (m_lowestBacklog >= 2 * frameSize)
-        m_read += m_lowestBacklog / frameSize * frameSize - frameSize;
-    m_framesWatched = 0;
+        m_read += m_lowestBacklog / frameSize * frameSize;
+    m_framesToWatch = watchedFrames;
     m_lowestBacklog = noLowest;
 }
 
 void EchoReference::clear() noexcept {
     m_read = m_written;
-    m_framesWatched = 0;
+    m_framesToWatch = watchedFramesAtFirst;
     m_lowestBacklog = noLowest;
 }
 

@@ -11,8 +11,9 @@ namespace palomet {
 /// What was handed to the speakers and not yet compared with the microphone, oldest sample first. The two streams run
 /// on callbacks of their own sizes; what stands between them is the age of the reference, and a steady age is what the
 /// echo canceller lives on. So nothing is matched by time: samples are counted. A frame that is not there yet is
-/// silence and makes the reference one frame older from then on, until no callback comes too late for it any more; age
-/// that no callback has needed for ten seconds is given back. Real-time thread only.
+/// silence and makes the reference one frame older from then on, until no callback comes too late for it any more. Age
+/// that no callback has needed for ten seconds, or for one after the beginning, is given back: a reference older than
+/// its echo is worth nothing. Real-time thread only.
 class EchoReference {
 public:
     EchoReference();
@@ -35,7 +36,7 @@ private:
     std::vector<float> m_samples;
     std::size_t m_written = 0; ///< Positions only grow.
     std::size_t m_read = 0;
-    std::size_t m_framesWatched = 0;
+    std::size_t m_framesToWatch;
     std::size_t m_lowestBacklog; ///< Since the watch began, each time after reading.
 };
 

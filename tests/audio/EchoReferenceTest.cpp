@@ -56,16 +56,37 @@ TEST(EchoReference, KeepsTheNewestSecondWhileTheMicrophoneIsClosed) {
     EXPECT_EQ(firstOfNext(reference), played[200000 - 65536]);
 }
 
-TEST(EchoReference, GivesBackAgeThatNobodyNeededForTenSeconds) {
+TEST(EchoReference, GivesBackAgeThatNobodyNeeded) {
     EchoReference reference;
+    const auto run = [&](int frames) {
+        for (int frame = 0; frame < frames; ++frame) {
+            reference.write(ramp(frameSize));
+            firstOfNext(reference);
+            reference.settle(1);
+        }
+    };
     reference.write(ramp(5 * frameSize));
-    for (int frame = 0; frame < 1000; ++frame) {
-        EXPECT_EQ(reference.backlog(), 5 * frameSize);
+    run(99);
+    EXPECT_EQ(reference.backlog(), 5 * frameSize);
+    run(1);
+    EXPECT_EQ(reference.backlog(), 0U);
+    // Later on more patience is due.
+    reference.write(ramp(3 * frameSize + 7));
+    run(999);
+    EXPECT_EQ(reference.backlog(), 3 * frameSize + 7);
+    run(1);
+    EXPECT_EQ(reference.backlog(), 7U);
+}
+
+TEST(EchoReference, KeepsTheFrameThatOneLateCallbackBroughtIn) {
+    EchoReference reference;
+    reference.write(ramp(2 * frameSize - 1));
+    for (int frame = 0; frame < 5000; ++frame) {
         reference.write(ramp(frameSize));
         firstOfNext(reference);
         reference.settle(1);
     }
-    EXPECT_EQ(reference.backlog(), frameSize);
+    EXPECT_EQ(reference.backlog(), 2 * frameSize - 1);
 }
 
 TEST(EchoReference, KeepsTheAgeThatTheCallbacksNeed) {

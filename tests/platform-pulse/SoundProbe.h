@@ -21,6 +21,9 @@ public:
         m_toneToStart = frames;
     }
 
+    /// Silence from the next `fill` on.
+    void stopTone() { m_isToneStopped = true; }
+
     [[nodiscard]] std::int64_t captured() const { return m_captured; }
     [[nodiscard]] std::int64_t filled() const { return m_filled; }
     [[nodiscard]] std::int64_t heard() const { return m_heard; }
@@ -49,6 +52,8 @@ public:
             m_toneEnd = m_filled + frames;
             m_toneWrittenAt = static_cast<std::int64_t>(pa_rtclock_now());
         }
+        if (m_isToneStopped.exchange(false))
+            m_toneLeft = 0;
         for (float &sample : samples) {
             // A square wave: every sample of it is as loud.
             sample = m_toneLeft > 0 ? (m_toneLeft / 24 % 2 == 0 ? 0.5F : -0.5F) : 0.0F;
@@ -79,7 +84,7 @@ private:
     }
 
     std::thread::id m_thread;
-    std::atomic<bool> m_isOneThread = true;
+    std::atomic<bool> m_isOneThread = true, m_isToneStopped = false;
     std::atomic<std::int64_t> m_toneToStart = 0, m_captured = 0, m_filled = 0, m_heard = 0, m_delay = 0, m_toneEnd = -1;
     std::atomic<std::int64_t> m_toneWrittenAt = 0, m_toneHeardAt = 0;
     std::atomic<int> m_openings = 0;

@@ -2,7 +2,9 @@
 
 #include "tests/support/Eventually.h"
 
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QRandomGenerator>
 #include <QStandardPaths>
 
@@ -43,12 +45,22 @@ PrivateSoundServer::PrivateSoundServer(Kind kind)
     m_environment.insert(u"DBUS_SESSION_BUS_ADDRESS"_s, u"unix:path="_s + file(u"bus"_s));
     m_environment.remove(u"DISPLAY"_s);
     m_environment.remove(u"WAYLAND_DISPLAY"_s);
+    // Bluetooth would have the session manager ask logind, without which it ends: not every machine runs one.
+    write(u"wireplumber/bluetooth.lua.d/51-none.lua"_s, "bluez_monitor.enabled = false\n");
+    write(u"wireplumber/wireplumber.conf.d/51-none.conf"_s,
+          "wireplumber.profiles = { main = { monitor.bluez = disabled, support.logind = disabled } }\n");
     // The library in this process leaves its cookie there as well.
     qputenv("PULSE_COOKIE", QFile::encodeName(file(u"cookie"_s)));
 }
 
 PrivateSoundServer::~PrivateSoundServer() {
     kill();
+}
+
+void PrivateSoundServer::write(const QString &name, const QByteArray &content) const {
+    QFile written(file(name));
+    if (!QDir().mkpath(QFileInfo(written).path()) || !written.open(QFile::WriteOnly) || written.write(content) < 0)
+        throw std::runtime_error("a private sound server cannot be configured");
 }
 
 std::string PrivateSoundServer::address() const {

@@ -71,6 +71,7 @@ private:
     void serve(const QString &program, const QStringList &arguments);
     void signal(int number) const;
     [[nodiscard]] QString file(const QString &name) const { return m_folder.filePath(name); }
+    void write(const QString &name, const QByteArray &content) const;
     [[nodiscard]] std::string said() const;
 
     Kind m_kind;

@@ -6,7 +6,7 @@ ZenRow {
 
     property string label
     property string value
-    property string detail
+    property string trailing
     property int labelWidth: 120
 
     implicitHeight: 44
@@ -32,7 +32,7 @@ ZenRow {
         x: root.width - width
         y: root.rule
         visible: text !== ""
-        text: root.detail
+        text: root.trailing
         size: 12
         box: 44
         color: Zen.gray5

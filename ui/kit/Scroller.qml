@@ -1,7 +1,8 @@
 import QtQuick
+import Palomet.Kit
 
 // Scrolls a view that does not scroll by itself: by wheel, by touch, by keys, and so that what has the focus can be seen;
-// and draws the thumb, when there is more than fits.
+// and draws the thumb, when there is more than fits. It keeps the view within its content.
 Item {
     id: root
 
@@ -10,6 +11,10 @@ Item {
     readonly property int step: 3 * 21
     readonly property real first: flickable.originY - flickable.topMargin
     readonly property real last: Math.max(first, flickable.originY + flickable.contentHeight + flickable.bottomMargin - flickable.height)
+    readonly property bool isScrolled: flickable.contentY > first
+
+    // The user scrolled.
+    signal scrolled
 
     function scrollTo(y: real): void {
         flickable.contentY = Math.max(first, Math.min(last, Math.round(y)));
@@ -17,6 +22,7 @@ Item {
 
     function scrollBy(distance: real): void {
         scrollTo(flickable.contentY + distance);
+        scrolled();
     }
 
     // What a key asks of the view; false where the key means nothing to it.
@@ -27,8 +33,8 @@ Item {
         case Qt.Key_Up: scrollBy(-step); return true;
         case Qt.Key_PageDown: scrollBy(page); return true;
         case Qt.Key_PageUp: scrollBy(-page); return true;
-        case Qt.Key_Home: scrollTo(first); return true;
-        case Qt.Key_End: scrollTo(last); return true;
+        case Qt.Key_Home: scrollBy(first - flickable.contentY); return true;
+        case Qt.Key_End: scrollBy(last - flickable.contentY); return true;
         }
         return false;
     }
@@ -42,13 +48,14 @@ Item {
         const top = item.mapToItem(flickable.contentItem, 0, 0).y - margin;
         const bottom = top + item.height + 2 * margin;
         if (top < flickable.contentY)
-            scrollTo(top);
+            scrollBy(top - flickable.contentY);
         else if (bottom > flickable.contentY + flickable.height)
-            scrollTo(bottom - flickable.height);
+            scrollBy(bottom - flickable.height - flickable.contentY);
     }
 
     anchors.fill: flickable
-
+    onFirstChanged: if (flickable.contentY < first) scrollTo(first)
+    onLastChanged: if (flickable.contentY > last) scrollTo(last)
     Window.onActiveFocusItemChanged: if (Window.activeFocusItem) reveal(Window.activeFocusItem)
 
     WheelHandler {
@@ -62,13 +69,13 @@ Item {
         acceptedDevices: PointerDevice.TouchScreen
         xAxis.enabled: false
         onActiveChanged: from = root.flickable.contentY
-        onTranslationChanged: if (active) root.scrollTo(from - translation.y)
+        onTranslationChanged: if (active) root.scrollBy(from - translation.y - root.flickable.contentY)
     }
     ScrollThumb {
         x: root.width - width
         way: root.last - root.first
         travelled: root.flickable.contentY - root.first
         view: root.height
-        onMoved: position => root.scrollTo(root.first + position)
+        onMoved: position => root.scrollBy(root.first + position - root.flickable.contentY)
     }
 }

@@ -18,8 +18,8 @@ Item {
         running: root.isWanted && root.Exposure.isShown && root.text !== ""
         onTriggered: root.isOpen = true
     }
-    Repeater {
-        model: root.isOpen ? 1 : 0
+    When {
+        holds: root.isOpen
 
         Item {
             TipBox {

@@ -67,8 +67,8 @@ Pressable {
     FocusRing {
         visible: root.isReached && !root.isOpen
     }
-    Repeater {
-        model: root.isOpen ? 1 : 0
+    When {
+        holds: root.isOpen
 
         Item {
             SelectPopup {

@@ -774,12 +774,12 @@ Column {
             DataRow {
                 label: "Today 14:44"
                 value: "How is the site’s deploy going?"
-                detail: "1 answer · US$ 0.03"
+                trailing: "1 answer · US$ 0.03"
             }
             DataRow {
                 label: "Yesterday 18:02"
                 value: "Summarise the three open issues about the contact form."
-                detail: "6 answers · US$ 0.21"
+                trailing: "6 answers · US$ 0.21"
             }
         }
     }

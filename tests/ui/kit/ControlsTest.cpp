@@ -102,7 +102,7 @@ TEST(CellRow, StandsInTwoColumnsWhereThereIsNoRoomForFour) {
 TEST(DataRow, CutsAQuestionOfTenThousandLettersAndKeepsTheDetailWhole) {
     Scene scene(R"(
         Rows { width: 640
-            DataRow { objectName: "row"; label: "Today 14:44"; value: "why ".repeat(2500); detail: "1 answer · US$ 0.03" } })");
+            DataRow { objectName: "row"; label: "Today 14:44"; value: "why ".repeat(2500); trailing: "1 answer · US$ 0.03" } })");
     EXPECT_EQ(scene.item("row")->height(), 44);
     EXPECT_EQ(scene.item("row")->width(), 640);
 }

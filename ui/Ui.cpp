@@ -1,0 +1,17 @@
+#include "ui/Ui.h"
+
+#include "ui/kit/Kit.h"
+
+#include <QQmlEngine>
+
+// Made by the build for the module; naming it keeps it in the program.
+extern void qml_register_types_Palomet_Ui();
+
+namespace palomet::Ui {
+
+void install(QQmlEngine &engine, const QString &resources) {
+    [[maybe_unused]] static volatile auto registration = &qml_register_types_Palomet_Ui;
+    Kit::install(engine, resources);
+}
+
+} // namespace palomet::Ui

@@ -1,0 +1,110 @@
+pragma ComponentBehavior: Bound
+import QtQuick
+import Palomet.Kit
+import Palomet.Ui
+
+// How it thinks, and what it may do.
+ColumnPage {
+    id: root
+
+    required property BrainScreen screen
+
+    SettingsBlock {
+        title: Words.t("brain.sessionBlock")
+
+        ChoiceRow {
+            setting: root.screen.brainModel
+        }
+        ChoiceRow {
+            setting: root.screen.claude
+            boxWidth: 320
+            valueElide: Text.ElideMiddle
+        }
+        SettingRow {
+            title: Words.t("brain.whenDown")
+            hint: Words.t("brain.whenDown.hint")
+
+            SettingValue {
+                text: Words.t("brain.whenDown.value")
+            }
+        }
+    }
+    SettingsBlock {
+        title: Words.t("brain.confirmBlock")
+
+        Repeater {
+            model: root.screen.confirmActions
+
+            SettingRow {
+                id: confirm
+
+                required property string actionId
+                required property string label
+                required property bool isOn
+
+                title: label
+
+                ZenSwitch {
+                    anchors.verticalCenter: parent.verticalCenter
+                    name: confirm.label
+                    stateText: Words.t(isOn ? "brain.confirm.on" : "brain.confirm.off")
+                    isOn: confirm.isOn
+                    onToggled: isOn => root.screen.setConfirmed(confirm.actionId, isOn)
+                }
+            }
+        }
+    }
+    SettingsBlock {
+        title: Words.t("brain.foldersBlock")
+
+        SettingRow {
+            title: root.screen.workingFolder
+            titleElide: Text.ElideMiddle
+            hint: Words.t("brain.workingFolder.hint")
+
+            SettingValue {
+                text: Words.t("brain.always")
+            }
+        }
+        Repeater {
+            model: root.screen.folders
+
+            SettingRow {
+                id: folderRow
+
+                required property string folder
+                required title
+
+                titleElide: Text.ElideMiddle
+
+                ZenButton {
+                    anchors.verticalCenter: parent.verticalCenter
+                    title: Words.t("button.remove")
+                    name: `${title} ${folderRow.title}`
+                    size: Zen.controlSmall
+                    onClicked: root.screen.removeFolder(folderRow.folder)
+                }
+            }
+        }
+
+        after: [
+            Item {
+                width: 1
+                height: Zen.space3
+            },
+            ZenButton {
+                title: Words.t("button.addFolder")
+                icon: "folder-plus"
+                onClicked: root.screen.addFolder()
+            },
+            Item {
+                width: 1
+                height: Zen.space5
+            },
+            ZenNote {
+                width: root.columnWidth
+                text: Words.t("brain.note")
+            }
+        ]
+    }
+}

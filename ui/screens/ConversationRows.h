@@ -1,0 +1,52 @@
+#pragma once
+
+#include "model/Snapshot.h"
+#include "ui/screens/RowModel.h"
+
+namespace palomet {
+
+/// The turns of the current conversation, the one that is still being produced last.
+class ConversationRows final : public RowModel<Snapshot::Row> {
+    Q_OBJECT
+
+public:
+    enum Role { Kind = Qt::UserRole, Label, Words, Clock, Duration };
+
+    /// Null: no conversation.
+    void show(const Snapshot *snapshot);
+
+    [[nodiscard]] QVariant data(const QModelIndex &index, int role) const override;
+    [[nodiscard]] QHash<int, QByteArray> roleNames() const override;
+};
+
+/// What was dictated so far.
+class DraftRows final : public RowModel<Snapshot::DraftEntry> {
+    Q_OBJECT
+
+public:
+    enum Role { Clock = Qt::UserRole, Words };
+
+    void show(const Snapshot *snapshot);
+
+    [[nodiscard]] QVariant data(const QModelIndex &index, int role) const override;
+    [[nodiscard]] QHash<int, QByteArray> roleNames() const override;
+};
+
+/// What was heard in the last two minutes.
+class HeardRows final : public RowModel<Snapshot::Heard> {
+    Q_OBJECT
+
+public:
+    enum Role { Clock = Qt::UserRole, Words, Reason, Action, IsAccepted };
+
+    /// `now` in milliseconds since the Unix epoch.
+    void show(const Snapshot *snapshot, double now);
+
+    /// What the backend did with an utterance, in words; a code that has none is shown as it is.
+    [[nodiscard]] static QString action(const QString &code);
+
+    [[nodiscard]] QVariant data(const QModelIndex &index, int role) const override;
+    [[nodiscard]] QHash<int, QByteArray> roleNames() const override;
+};
+
+} // namespace palomet

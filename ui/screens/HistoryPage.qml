@@ -1,0 +1,55 @@
+pragma ComponentBehavior: Bound
+import QtQuick
+import Palomet.Kit
+import Palomet.Ui
+
+// Past conversations, one line each.
+ListPage {
+    id: root
+
+    required property HistoryScreen screen
+
+    model: screen.rows
+    head: [
+        BlockLabel {
+            text: Words.t("history.title")
+        },
+        Item {
+            width: 1
+            height: Zen.space2
+        },
+        HairLine {
+            width: root.columnWidth
+            color: Zen.gray9
+        }
+    ]
+    delegate: DataRow {
+        required property int index
+        required property string day
+        required property string question
+        required property string detail
+
+        x: Zen.space7
+        width: root.columnWidth
+        isFirst: index === 0
+        label: day
+        value: question
+        trailing: detail
+    }
+    foot: [
+        ZenBody {
+            width: root.columnWidth
+            topPadding: Zen.space5
+            visible: root.rows.count === 0
+            text: Words.t("history.empty")
+        },
+        Item {
+            width: 1
+            height: Zen.space3
+        },
+        ZenNote {
+            width: root.columnWidth
+            text: Words.t("history.note")
+        }
+    ]
+}

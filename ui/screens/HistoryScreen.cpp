@@ -1,0 +1,49 @@
+#include "ui/screens/HistoryScreen.h"
+
+#include "model/Format.h"
+#include "ui/localization/Localization.h"
+
+namespace palomet {
+
+QVariant HistoryRows::data(const QModelIndex &index, int role) const {
+    const auto &summary = row(index);
+    switch (role) {
+    case Day:
+        return Format::day(summary.startedAt);
+    case Question:
+        return summary.firstQuestion;
+    case Detail:
+        return QString(L("history.answers", Count{summary.answers}) + QStringLiteral(" \u00B7 ") +
+                       Format::usd(summary.costUsd));
+    default:
+        return {};
+    }
+}
+
+QHash<int, QByteArray> HistoryRows::roleNames() const {
+    return {{Day, "day"}, {Question, "question"}, {Detail, "detail"}};
+}
+
+HistoryScreen::HistoryScreen(PalometModel &model)
+    : Screen(model) {
+    follow(&PalometModel::historyChanged, [this] { m_rows.assign(this->model().history()); });
+    follow(&PalometModel::nowChanged, [this] { updateDay(); });
+}
+
+void HistoryScreen::updateAll() {
+    m_rows.assign(model().history());
+    updateDay();
+}
+
+void HistoryScreen::updateDay() {
+    const auto milliseconds =
+        std::chrono::duration_cast<std::chrono::milliseconds>(model().now().time_since_epoch()).count();
+    const auto today = QDateTime::fromMSecsSinceEpoch(milliseconds).date();
+    if (m_today == today)
+        return;
+    m_today = today;
+    // At midnight, today becomes yesterday.
+    m_rows.touch({HistoryRows::Day});
+}
+
+} // namespace palomet

@@ -1,0 +1,79 @@
+#pragma once
+
+#include "shortcuts/Shortcuts.h"
+
+#include <QObject>
+#include <QtQml/qqml.h>
+
+class QKeyEvent;
+
+namespace palomet {
+
+/// The control that records a shortcut: press it, press the new combination, done. While it records, the store's hot
+/// keys are paused and every key pressed in this program's windows comes here and goes nowhere else. Main thread only.
+class KeyRecorder final : public QObject {
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("Recorders come from their screen.")
+    Q_PROPERTY(QString title READ title CONSTANT FINAL)
+    Q_PROPERTY(QString description READ description NOTIFY changed FINAL)
+    Q_PROPERTY(QStringList caps READ caps NOTIFY changed FINAL)
+    Q_PROPERTY(QString spoken READ spoken NOTIFY changed FINAL)
+    Q_PROPERTY(bool isRecording READ isRecording NOTIFY changed FINAL)
+    Q_PROPERTY(QString hint READ hint CONSTANT FINAL)
+    Q_PROPERTY(QString message READ message NOTIFY changed FINAL)
+    Q_PROPERTY(QString help READ help NOTIFY changed FINAL)
+
+public:
+    /// Which of the two shortcuts it records. A key alone will do for the one that stops.
+    enum class Role { Listen, Stop };
+
+    /// The store and the layout outlive it.
+    KeyRecorder(Role role, Shortcuts &shortcuts, const KeyboardLayout &layout);
+    ~KeyRecorder() override;
+
+    [[nodiscard]] QString title() const;
+    /// What the shortcut does, or why it does not work.
+    [[nodiscard]] QString description() const;
+    [[nodiscard]] QStringList caps() const;
+    /// The shortcut in words, for whoever does not see the caps.
+    [[nodiscard]] QString spoken() const;
+    [[nodiscard]] bool isRecording() const { return m_isRecording; }
+    [[nodiscard]] QString hint() const;
+    /// The last refusal; empty when there is none.
+    [[nodiscard]] QString message() const { return m_message; }
+    [[nodiscard]] QString help() const;
+
+    void setProblem(const std::optional<QString> &problem);
+
+    /// Starts to record, or ends it without a change.
+    Q_INVOKABLE void toggle();
+    /// Ends the recording without a change, as `stop` does, when the control disappears.
+    Q_INVOKABLE void cancel() { stop(); }
+    void start();
+    void stop();
+
+    /// One key pressed while recording: its virtual key code and the modifier bits held with it.
+    void handle(quint32 keyCode, quint64 flags);
+
+    bool eventFilter(QObject *object, QEvent *event) override;
+
+Q_SIGNALS:
+    void changed();
+    void started();
+
+private:
+    [[nodiscard]] bool allowsKeyAlone() const { return m_role == Role::Stop; }
+    [[nodiscard]] const std::optional<Shortcut> &shortcut() const;
+    void store(std::optional<Shortcut> shortcut);
+    void refuse(const QString &message);
+
+    const Role m_role;
+    Shortcuts &m_shortcuts;
+    const KeyboardLayout &m_layout;
+    bool m_isRecording = false;
+    QString m_message;
+    std::optional<QString> m_problem;
+};
+
+} // namespace palomet

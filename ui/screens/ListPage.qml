@@ -1,0 +1,52 @@
+import QtQuick
+import Palomet.Kit
+import Palomet.Ui
+
+// A pane whose rows may be very many: only those that show exist. What stands above and below them scrolls with them.
+ScreenPage {
+    id: root
+
+    property alias model: list.model
+    property alias delegate: list.delegate
+    property alias head: head.data
+    property alias foot: foot.data
+    readonly property alias rows: list
+    readonly property alias footY: foot.y
+    // Where the last row ends, in the view's content.
+    readonly property real rowsEnd: list.originY + list.contentHeight
+
+    view: ListView {
+        id: list
+
+        parent: root
+        anchors.fill: parent
+        clip: true
+        interactive: false
+        reuseItems: true
+        currentIndex: -1
+        keyNavigationEnabled: false
+        topMargin: head.height
+        bottomMargin: foot.height
+        Component.onCompleted: contentY = originY - topMargin
+
+        // Not the view's own header and footer: those are made apart from the page and cannot see it.
+        Column {
+            id: head
+
+            parent: list.contentItem
+            x: Zen.space7
+            y: list.originY - height
+            width: root.columnWidth
+            topPadding: Zen.space2
+        }
+        Column {
+            id: foot
+
+            parent: list.contentItem
+            x: Zen.space7
+            y: root.rowsEnd
+            width: root.columnWidth
+            bottomPadding: Zen.space6
+        }
+    }
+}

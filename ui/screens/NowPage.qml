@@ -1,0 +1,91 @@
+pragma ComponentBehavior: Bound
+import QtQuick
+import Palomet.Kit
+import Palomet.Ui
+
+// The loop as it is now: its state, the conversation, a request to type, the draft and what was heard.
+ListPage {
+    id: root
+
+    required property NowScreen screen
+    // Whether the newest turn is kept in view: as long as the user has not scrolled it out of it.
+    property bool isFollowing: true
+
+    function follow(): void {
+        const end = footY + request.y + request.height + Zen.space4;
+        if (isFollowing && end > view.contentY + view.height)
+            scroller.scrollTo(end - view.height);
+    }
+
+    column: Zen.board
+    model: screen.rows
+    scroller.onScrolled: isFollowing = rowsEnd <= view.contentY + view.height + 1
+    onFootYChanged: follow()
+    onHeightChanged: follow()
+
+    head: [
+        StateCells {
+            width: root.columnWidth
+            screen: root.screen
+        },
+        Item {
+            width: 1
+            height: Zen.space6
+        },
+        BlockLabel {
+            text: Words.t("now.lastAnswer")
+        },
+        Item {
+            width: 1
+            height: Zen.space2
+        },
+        HairLine {
+            width: root.columnWidth
+            color: Zen.gray9
+        }
+    ]
+    delegate: ConversationRow {
+        required property int index
+
+        x: Zen.space7
+        width: root.columnWidth
+        isFirst: index === 0
+    }
+    foot: [
+        ZenBody {
+            width: root.columnWidth
+            topPadding: Zen.space5
+            visible: root.rows.count === 0
+            text: root.screen.emptyText
+        },
+        ZenNote {
+            width: root.columnWidth
+            visible: root.rows.count === 0 && text !== ""
+            text: root.screen.rememberedText
+        },
+        Item {
+            width: 1
+            height: Zen.space4
+        },
+        RequestField {
+            id: request
+
+            width: root.columnWidth
+            screen: root.screen
+        },
+        DraftBlock {
+            id: draft
+
+            width: root.columnWidth
+            screen: root.screen
+            view: root.view
+            position: root.footY + y
+        },
+        HeardBlock {
+            width: root.columnWidth
+            screen: root.screen
+            view: root.view
+            position: root.footY + y
+        }
+    ]
+}

@@ -1,0 +1,44 @@
+import QtQuick
+import Palomet.Kit
+import Palomet.Ui
+
+// A request that is typed instead of spoken.
+Row {
+    id: root
+
+    required property NowScreen screen
+
+    width: parent ? parent.width : 0
+    spacing: Zen.space2
+
+    ZenFieldBox {
+        width: root.width - send.width - root.spacing
+        height: Zen.control
+        isFocused: input.activeFocus
+        isPointed: pointer.hovered
+
+        ZenInput {
+            id: input
+
+            anchors.fill: parent
+            text: root.screen.draft
+            placeholder: Words.t("now.typeInstead")
+            name: placeholder
+            onTextEdited: root.screen.draft = text
+            onAccepted: root.screen.send()
+            Keys.onEscapePressed: root.forceActiveFocus()
+        }
+        HoverHandler {
+            id: pointer
+
+            cursorShape: Qt.IBeamCursor
+        }
+    }
+    ZenButton {
+        id: send
+
+        title: Words.t("now.send")
+        kind: ZenButtonStyle.Primary
+        onClicked: root.screen.send()
+    }
+}

@@ -1,0 +1,62 @@
+#pragma once
+
+#include "ui/screens/RowChange.h"
+
+#include <QAbstractListModel>
+
+#include <vector>
+
+namespace palomet {
+
+/// A list of values as views take it. `assign` announces only what changed, so that a view keeps its place and touches
+/// only the rows that are others now. Rows need no identity of their own: two may be alike. Main thread only.
+template <typename Row>
+class RowModel : public QAbstractListModel {
+public:
+    using QAbstractListModel::QAbstractListModel;
+
+    [[nodiscard]] int rowCount(const QModelIndex &parent = {}) const override {
+        return parent.isValid() ? 0 : static_cast<int>(m_rows.size());
+    }
+
+    [[nodiscard]] const std::vector<Row> &rows() const { return m_rows; }
+
+    void assign(std::vector<Row> rows) {
+        const auto change = RowChange::between(m_rows, rows);
+        const auto changed = change.changed();
+        const auto first = static_cast<int>(change.kept);
+        const auto end = static_cast<int>(change.kept + changed);
+        if (changed > 0) {
+            std::move(rows.begin() + first, rows.begin() + end, m_rows.begin() + first);
+            Q_EMIT dataChanged(index(first), index(end - 1));
+        }
+        if (change.removed > changed) {
+            beginRemoveRows({}, end, static_cast<int>(change.kept + change.removed) - 1);
+            m_rows.erase(m_rows.begin() + end, m_rows.begin() + change.kept + change.removed);
+            endRemoveRows();
+        }
+        if (change.inserted > changed) {
+            const auto inserted = rows.begin() + end;
+            beginInsertRows({}, end, static_cast<int>(change.kept + change.inserted) - 1);
+            m_rows.insert(m_rows.begin() + end, std::make_move_iterator(inserted),
+                          std::make_move_iterator(inserted + (change.inserted - changed)));
+            endInsertRows();
+        }
+    }
+
+    /// What is derived from the rows and something else became another.
+    void touch(const QList<int> &roles) {
+        if (!m_rows.empty())
+            Q_EMIT dataChanged(index(0), index(rowCount() - 1), roles);
+    }
+
+protected:
+    [[nodiscard]] const Row &row(const QModelIndex &index) const {
+        return m_rows.at(static_cast<std::size_t>(index.row()));
+    }
+
+private:
+    std::vector<Row> m_rows;
+};
+
+} // namespace palomet

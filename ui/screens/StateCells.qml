@@ -1,0 +1,70 @@
+import QtQuick
+import Palomet.Kit
+import Palomet.Ui
+
+// The state of the loop and the timings of the last answer, in cells.
+Column {
+    id: root
+
+    required property NowScreen screen
+
+    width: parent ? parent.width : 0
+
+    CellRow {
+        width: root.width
+
+        Cell {
+            label: Words.t("now.state")
+            note: root.screen.stateNote
+
+            StateGlyph {
+                anchors.verticalCenter: parent.verticalCenter
+                loopState: root.screen.loopState
+                level: root.screen.level
+            }
+            ZenDisplay {
+                text: root.screen.stateWord
+            }
+        }
+        ValueCell {
+            label: Words.t("now.microphone")
+            note: root.screen.microphoneNote
+            text: root.screen.microphone
+        }
+        ValueCell {
+            label: Words.t("now.session")
+            note: root.screen.sessionNote
+            text: root.screen.session
+        }
+        ValueCell {
+            label: Words.t("now.thisConversation")
+            note: root.screen.costNote
+            text: root.screen.cost
+        }
+    }
+    CellRow {
+        width: root.width
+        ruleColor: Zen.gray3
+
+        ValueCell {
+            label: Words.t("now.transcription")
+            note: root.screen.transcriptionNote
+            text: root.screen.transcription
+        }
+        ValueCell {
+            label: Words.t("now.model")
+            note: Words.t("now.model.note")
+            text: root.screen.brain
+        }
+        ValueCell {
+            label: Words.t("now.voice")
+            note: Words.t("now.voice.note")
+            text: root.screen.voice
+        }
+        ValueCell {
+            label: Words.t("now.untilHeard")
+            note: root.screen.untilHeardNote
+            text: root.screen.untilHeard
+        }
+    }
+}

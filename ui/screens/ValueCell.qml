@@ -1,0 +1,15 @@
+import QtQuick
+import Palomet.Kit
+
+// A cell with one big value, or a dash where it is not known.
+Cell {
+    id: root
+
+    property string text
+
+    ElidedDisplay {
+        width: parent.width
+        text: root.text || "—"
+        color: root.text ? Zen.gray9 : Zen.gray4
+    }
+}

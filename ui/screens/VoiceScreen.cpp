@@ -1,0 +1,80 @@
+#include "ui/screens/VoiceScreen.h"
+
+#include "model/Format.h"
+
+#include <array>
+
+namespace palomet {
+
+namespace {
+
+// Nothing slower than normal speed, on purpose.
+constexpr std::array speeds{1.0, 1.25, 1.5, 1.75, 2.0};
+constexpr double fallbackSpeed = 1.5;
+
+/// The shortest decimal text with at least one decimal place: "1.0", "1.25".
+QString speedId(double speed) {
+    auto text = QString::number(speed, 'f', QLocale::FloatingPointShortest);
+    if (!text.contains(u'.'))
+        text += QStringLiteral(".0");
+    return text;
+}
+
+} // namespace
+
+VoiceScreen::VoiceScreen(PalometModel &model)
+    : Screen(model) {
+    std::vector<Choice> choices;
+    for (const double speed : speeds)
+        choices.push_back({speedId(speed), Format::speed(speed)});
+    m_speed.offer(std::move(choices));
+
+    follow(&PalometModel::snapshotChanged, [this] { updateSettings(); });
+    follow(&PalometModel::applyingChanged, [this] { updateSettings(); });
+    follow(&PalometModel::optionsChanged, [this] { updateOptions(); });
+
+    const auto commit = [this](TextSetting &setting, const char *key) {
+        connect(&setting, &TextSetting::asked, this,
+                [this, key](const QString &text) { this->model().set(QString::fromLatin1(key), text); });
+    };
+    commit(m_voice, "voiceId");
+    commit(m_name, "voiceName");
+    connect(&m_speed, &ChoiceSetting::asked, this, [this](const QString &id) {
+        bool isNumber = false;
+        const double speed = id.toDouble(&isNumber);
+        this->model().set(QStringLiteral("voiceSpeed"), isNumber ? speed : fallbackSpeed);
+    });
+    const auto pick = [this](ChoiceSetting &setting, const char *key) {
+        connect(&setting, &ChoiceSetting::asked, this,
+                [this, key](const QString &id) { this->model().set(QString::fromLatin1(key), id); });
+    };
+    pick(m_fishModel, "fishModel");
+    pick(m_systemVoice, "fallbackVoice");
+}
+
+void VoiceScreen::updateAll() {
+    updateOptions();
+    updateSettings();
+}
+
+void VoiceScreen::updateOptions() {
+    const auto &options = model().options();
+    m_fishModel.offer(options ? plainChoices(options->fishModels) : std::vector<Choice>());
+    m_systemVoice.offer(options ? plainChoices(options->macVoices) : std::vector<Choice>());
+}
+
+void VoiceScreen::updateSettings() {
+    const auto *now = settings();
+    const auto plain = [this](const QString &value, QStringView key) {
+        return ChoiceSetting::Shown{.value = value, .selected = value, .isBusy = isApplying(key)};
+    };
+    m_voice.show(now ? now->voiceId : QString());
+    m_name.show(now ? now->voiceName : QString());
+    m_speed.show({.value = now ? Format::speed(now->voiceSpeed) : QStringLiteral("\u2014"),
+                  .selected = now ? speedId(now->voiceSpeed) : QString(),
+                  .isBusy = isApplying(u"voiceSpeed")});
+    m_fishModel.show(plain(now ? now->fishModel : QString(), u"fishModel"));
+    m_systemVoice.show(plain(now ? now->fallbackVoice : QString(), u"fallbackVoice"));
+}
+
+} // namespace palomet

@@ -1,0 +1,24 @@
+import QtQuick
+import Palomet.Kit
+
+// A heading over the panes of a group.
+Column {
+    property string title
+    default property alias content: items.data
+
+    width: parent ? parent.width : 0
+
+    BlockLabel {
+        x: Zen.space3
+        text: parent.title
+    }
+    Item {
+        width: 1
+        height: Zen.space2
+    }
+    Column {
+        id: items
+
+        width: parent.width
+    }
+}

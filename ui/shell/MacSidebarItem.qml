@@ -1,0 +1,64 @@
+import QtQuick
+import Palomet.Kit
+
+// A pane in the sidebar.
+Pressable {
+    id: root
+
+    property string icon
+    property string title
+    property string badge
+    property bool isActive: false
+
+    width: parent ? parent.width : 0
+    height: Zen.control
+
+    Accessible.role: Accessible.PageTab
+    Accessible.name: title
+    Accessible.description: badge
+    Accessible.selectable: true
+    Accessible.selected: isActive
+    Accessible.onPressAction: clicked()
+
+    ZenBox {
+        anchors.fill: parent
+        radius: Zen.radius2
+        color: root.isActive ? Zen.gray2 : root.isPointed ? Zen.gray1 : Zen.gray0
+
+        Behavior on color {
+            enabled: root.Exposure.isShown && !Zen.isMotionReduced
+
+            ColorAnimation {
+                duration: Zen.hoverTime
+                easing.type: Easing.OutCubic
+            }
+        }
+    }
+    Icon {
+        x: Zen.space3
+        anchors.verticalCenter: parent.verticalCenter
+        name: root.icon
+        size: Zen.iconSidebar
+        color: root.isActive ? Zen.gray9 : Zen.gray5
+    }
+    ZenText {
+        x: Zen.space3 + Zen.iconSidebar + Zen.space3
+        anchors.verticalCenter: parent.verticalCenter
+        text: root.title
+        color: root.isActive || root.isPointed ? Zen.gray9 : Zen.gray6
+        font.weight: root.isActive ? Zen.bold : Zen.medium
+        Accessible.ignored: true
+    }
+    ZenData {
+        x: root.width - width - Zen.space3
+        anchors.verticalCenter: parent.verticalCenter
+        text: root.badge
+        size: 12
+        color: root.isActive ? Zen.gray6 : Zen.gray5
+        Accessible.ignored: true
+    }
+    FocusRing {
+        isInside: true
+        visible: root.isReached
+    }
+}

@@ -1,0 +1,51 @@
+import QtQuick
+import Palomet.Kit
+
+// Whether the microphone is on; when it is off, a press asks to mend that.
+Pressable {
+    id: root
+
+    property bool isOn: true
+    property string onText
+    property string offText
+    readonly property color ink: isOn ? Zen.gray5 : Zen.red7
+    readonly property string words: isOn ? onText : offText
+
+    signal fix
+
+    width: parent ? parent.width : 0
+    height: Zen.control
+    activeFocusOnTab: !isOn
+    onClicked: if (!isOn) fix()
+
+    Accessible.role: isOn ? Accessible.StaticText : Accessible.Button
+    Accessible.name: words
+    Accessible.onPressAction: clicked()
+
+    ZenBox {
+        anchors.fill: parent
+        visible: !root.isOn && root.isPointed
+        radius: Zen.radius2
+        color: Zen.gray2
+    }
+    Icon {
+        x: Zen.space3
+        anchors.verticalCenter: parent.verticalCenter
+        name: root.isOn ? "check" : "lock"
+        size: Zen.iconSmall
+        color: root.ink
+    }
+    ElidedText {
+        x: Zen.space3 + Zen.iconSmall + Zen.space2
+        anchors.verticalCenter: parent.verticalCenter
+        width: root.width - x - Zen.space3
+        text: root.words
+        size: 12
+        color: root.ink
+        Accessible.ignored: true
+    }
+    FocusRing {
+        isInside: true
+        visible: root.isReached
+    }
+}

@@ -1,0 +1,114 @@
+#include "ui/shell/MacWindow.h"
+
+#include "ui/shell/WindowFrame.h"
+
+#include <QGuiApplication>
+#include <QQmlEngine>
+#include <QScreen>
+#include <QSettings>
+
+namespace palomet {
+
+namespace {
+
+const QString frameKey = QStringLiteral("PalometWindow");
+const QString maximizedKey = QStringLiteral("PalometWindowMaximized");
+constexpr std::chrono::milliseconds saveDelay{500};
+
+std::vector<QRect> usableScreens() {
+    std::vector<QRect> usable;
+    const auto *primary = QGuiApplication::primaryScreen();
+    if (primary)
+        usable.push_back(primary->availableGeometry());
+    for (const auto *screen : QGuiApplication::screens()) {
+        if (screen != primary)
+            usable.push_back(screen->availableGeometry());
+    }
+    return usable;
+}
+
+} // namespace
+
+MacWindow::MacWindow(QQmlEngine &engine, AppView &app, Scheduler &scheduler, QSettings *settings)
+    : QQuickView(&engine, nullptr)
+    , m_app(app)
+    , m_scheduler(scheduler)
+    , m_settings(settings) {
+    setTitle(QStringLiteral("Palomet"));
+    setColor(Qt::white);
+    setMinimumSize(minimumContentSize);
+    setResizeMode(SizeRootObjectToView);
+    resize(openingSize);
+    restoreFrame();
+    connect(this, &QWindow::visibilityChanged, this, &MacWindow::updateShown);
+    // The screen is up to date before it is made.
+    m_app.setShown(true);
+    setInitialProperties({{QStringLiteral("app"), QVariant::fromValue(&m_app)}});
+    setSource(QUrl(QStringLiteral("qrc:/qt/qml/Palomet/Ui/MainView.qml")));
+    updateShown();
+}
+
+MacWindow::~MacWindow() {
+    if (m_saving)
+        saveFrame();
+    m_app.setShown(false);
+}
+
+void MacWindow::bringToFront() {
+    m_app.setShown(true);
+    if (windowStates().testFlag(Qt::WindowMinimized))
+        setWindowStates(windowStates() & ~Qt::WindowMinimized);
+    show();
+    raise();
+    requestActivate();
+}
+
+void MacWindow::updateShown() { m_app.setShown(isVisible() && visibility() != Minimized); }
+
+bool MacWindow::event(QEvent *event) {
+    switch (event->type()) {
+    case QEvent::Move:
+    case QEvent::Resize:
+    case QEvent::WindowStateChange:
+        saveSoon();
+        break;
+    case QEvent::Close:
+        // Hidden rather than closed: it is kept, with everything in it.
+        if (m_saving)
+            saveFrame();
+        hide();
+        event->ignore();
+        return true;
+    default:
+        break;
+    }
+    return QQuickView::event(event);
+}
+
+void MacWindow::restoreFrame() {
+    if (!m_settings)
+        return;
+    const auto stored = m_settings->value(frameKey);
+    const auto saved = stored.canConvert<QRect>() ? std::optional(stored.toRect()) : std::nullopt;
+    const auto frame = openingFrame(saved, usableScreens(), openingSize, minimumContentSize);
+    resize(frame.size());
+    setFramePosition(frame.topLeft());
+    if (m_settings->value(maximizedKey).toBool())
+        setWindowStates(Qt::WindowMaximized);
+}
+
+void MacWindow::saveSoon() {
+    if (m_settings && isVisible() && !m_saving)
+        m_saving = m_scheduler.after(saveDelay, [this] { saveFrame(); });
+}
+
+void MacWindow::saveFrame() {
+    m_saving.reset();
+    const bool isMaximized = windowStates() & (Qt::WindowMaximized | Qt::WindowFullScreen);
+    m_settings->setValue(maximizedKey, isMaximized);
+    // What it is to come back to is where it stood before.
+    if (!isMaximized)
+        m_settings->setValue(frameKey, QRect(framePosition(), size()));
+}
+
+} // namespace palomet

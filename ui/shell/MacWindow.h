@@ -1,0 +1,44 @@
+#pragma once
+
+#include "base/Scheduler.h"
+#include "ui/shell/AppView.h"
+
+#include <QQuickView>
+
+class QSettings;
+
+namespace palomet {
+
+/// The settings window, made on first open and kept: closing hides it. It remembers where it stood, also from one run of
+/// the program to the next. Main thread only.
+class MacWindow final : public QQuickView {
+    Q_OBJECT
+
+public:
+    static constexpr QSize openingSize{1120, 760};
+    static constexpr QSize minimumContentSize{960, 640};
+
+    /// `engine` has the kit and the module of the window; it and everything else handed in outlive the window. Without
+    /// `settings` nothing is remembered.
+    MacWindow(QQmlEngine &engine, AppView &app, Scheduler &scheduler, QSettings *settings);
+    ~MacWindow() override;
+
+    /// Shows it in front of the others, with the focus.
+    void bringToFront();
+
+protected:
+    bool event(QEvent *event) override;
+
+private:
+    void restoreFrame();
+    void saveFrame();
+    void saveSoon();
+    void updateShown();
+
+    AppView &m_app;
+    Scheduler &m_scheduler;
+    QSettings *m_settings;
+    Scheduler::Handle m_saving;
+};
+
+} // namespace palomet

@@ -1,0 +1,82 @@
+import QtQuick
+import Palomet.Kit
+import Palomet.Ui
+
+// The strip: the state, and one line about it. A click anywhere opens the window.
+Rectangle {
+    id: root
+
+    required property StripView strip
+
+    width: 440
+    height: 40
+    color: Zen.gray9
+
+    Accessible.role: Accessible.AlertMessage
+    Accessible.name: strip.line ? `${strip.word}: ${strip.line}` : strip.word
+    Accessible.onPressAction: strip.open()
+
+    TapHandler {
+        onTapped: root.strip.open()
+    }
+    Item {
+        x: 14
+        width: 20
+        height: parent.height
+
+        StateGlyph {
+            anchors.centerIn: parent
+            loopState: root.strip.loopState
+            level: root.strip.level
+            isInverted: true
+            isCompact: true
+        }
+    }
+    ZenLabel {
+        id: word
+
+        x: 46
+        anchors.verticalCenter: parent.verticalCenter
+        text: root.strip.word
+        color: Zen.gray0
+        Accessible.ignored: true
+    }
+    ZenText {
+        x: word.x + word.width + Zen.space3
+        anchors.verticalCenter: parent.verticalCenter
+        width: (stopKey.visible ? stopKey.x - Zen.space3 : root.width - 14) - x
+        text: root.strip.line
+        size: 12
+        box: 16
+        color: Zen.gray3
+        elide: Text.ElideRight
+        maximumLineCount: 1
+        Accessible.ignored: true
+    }
+    ZenBox {
+        id: stopKey
+
+        x: root.width - width - 14
+        anchors.verticalCenter: parent.verticalCenter
+        width: key.implicitWidth + 6 + 4.5 + 2
+        height: 20
+        visible: root.strip.isStoppable
+        radius: Zen.radiusFull
+        edge: Zen.gray7
+        edgeWidth: 1
+
+        ZenText {
+            id: key
+
+            x: 7
+            y: 3
+            text: "esc"
+            size: 10
+            box: 14
+            color: Zen.gray5
+            font.weight: Zen.extraBold
+            font.letterSpacing: 1.5
+            Accessible.ignored: true
+        }
+    }
+}

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "base/Scheduler.h"
+#include "model/PalometModel.h"
+#include "ui/strip/StripPanel.h"
+
+#include <QObject>
+
+#include <functional>
+
+namespace palomet {
+
+/// Shows the strip while the voice loop is busy, and hides it five seconds after it no longer is, so that a short gap
+/// does not make it blink and the last words can still be read. Main thread only; what is handed in outlives it.
+class StripController final : public QObject {
+    Q_OBJECT
+
+public:
+    StripController(PalometModel &model, StripPanel &panel, Scheduler &scheduler);
+
+    /// Told at every update whether a key that stops is of use now.
+    std::function<void(bool isNeeded)> onEscapeNeeded = [](bool) {};
+
+    /// Decides again. Called by itself whenever the model's snapshot or the microphone's authorisation changes.
+    void update();
+
+private:
+    [[nodiscard]] bool isShowing(LoopState state) const;
+    void show(LoopState state);
+    void hide();
+
+    PalometModel &m_model;
+    StripPanel &m_panel;
+    Scheduler &m_scheduler;
+    Scheduler::Handle m_hideWork;
+};
+
+} // namespace palomet

@@ -1,0 +1,40 @@
+#include "ui/strip/StripView.h"
+
+#include "ui/strip/StripLine.h"
+
+namespace palomet {
+
+StripView::StripView(PalometModel &model, std::function<void()> open)
+    : m_model(model)
+    , m_open(std::move(open)) {
+    const auto follow = [this](auto signal, auto announce) {
+        connect(&m_model, signal, this, [this, announce] {
+            if (m_isShown)
+                Q_EMIT(this->*announce)();
+        });
+    };
+    follow(&PalometModel::snapshotChanged, &StripView::changed);
+    follow(&PalometModel::spokenLineChanged, &StripView::changed);
+    follow(&PalometModel::inLevelChanged, &StripView::levelChanged);
+    follow(&PalometModel::outLevelChanged, &StripView::levelChanged);
+}
+
+void StripView::setShown(bool isShown) {
+    m_isShown = isShown;
+    if (!isShown)
+        return;
+    Q_EMIT changed();
+    Q_EMIT levelChanged();
+}
+
+QString StripView::line() const { return stripLine(m_model.state(), m_model.snapshot().get(), m_model.spokenLine()); }
+
+bool StripView::isStoppable() const {
+    return m_model.state() == LoopState::Thinking || m_model.state() == LoopState::Speaking;
+}
+
+double StripView::level() const {
+    return m_model.state() == LoopState::Speaking ? m_model.outLevel() : m_model.inLevel();
+}
+
+} // namespace palomet

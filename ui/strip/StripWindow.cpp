@@ -1,0 +1,73 @@
+#include "ui/strip/StripWindow.h"
+
+#include <QCursor>
+#include <QGuiApplication>
+#include <QQuickItem>
+#include <QQmlEngine>
+#include <QScreen>
+
+namespace palomet {
+
+StripWindow::StripWindow(QQmlEngine &engine, StripView &view, const WorkArea *workArea, Pointer pointer)
+    : m_engine(engine)
+    , m_view(view)
+    , m_workArea(workArea)
+    , m_pointer(pointer) {}
+
+StripWindow::~StripWindow() { m_view.setShown(false); }
+
+bool StripWindow::isVisible() const { return m_window && m_window->isVisible(); }
+
+QRect StripWindow::usable(const QScreen &screen) const {
+    if (!m_workArea)
+        return screen.availableGeometry();
+    // A screen begins where the display server has it; only its size is scaled.
+    const auto scale = screen.devicePixelRatio();
+    const QRect native(screen.geometry().topLeft(), screen.geometry().size() * scale);
+    const auto usable = m_workArea->usable(native);
+    const auto inset = [scale](int pixels) { return qRound(pixels / scale); };
+    return screen.geometry().adjusted(inset(usable.left() - native.left()), inset(usable.top() - native.top()),
+                                      inset(usable.right() - native.right()), inset(usable.bottom() - native.bottom()));
+}
+
+std::vector<ScreenArea> StripWindow::screens() const {
+    std::vector<ScreenArea> areas;
+    for (const auto *screen : QGuiApplication::screens())
+        areas.push_back({screen->geometry(), usable(*screen), screen == QGuiApplication::primaryScreen()});
+    return areas;
+}
+
+std::optional<QPoint> StripWindow::pointer() const {
+    return m_pointer == Pointer::Known ? std::optional(QCursor::pos()) : std::nullopt;
+}
+
+void StripWindow::make() {
+    m_window = std::make_unique<QQuickView>(&m_engine, nullptr);
+    m_window->setFlags(Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint | Qt::WindowDoesNotAcceptFocus |
+                       Qt::BypassWindowManagerHint);
+    m_window->setTitle(QStringLiteral("Palomet"));
+    m_window->resize(size);
+    m_window->setInitialProperties({{QStringLiteral("strip"), QVariant::fromValue(&m_view)}});
+    m_window->setSource(QUrl(QStringLiteral("qrc:/qt/qml/Palomet/Ui/StripContent.qml")));
+    // What is not painted yet has the same colour.
+    if (const auto *content = m_window->rootObject())
+        m_window->setColor(content->property("color").value<QColor>());
+}
+
+void StripWindow::orderFront(std::optional<QPoint> origin) {
+    m_view.setShown(true);
+    if (!m_window)
+        make();
+    if (origin)
+        m_window->setPosition(*origin);
+    m_window->show();
+    m_window->raise();
+}
+
+void StripWindow::orderOut() {
+    m_view.setShown(false);
+    if (m_window)
+        m_window->hide();
+}
+
+} // namespace palomet

@@ -4,6 +4,7 @@
 #include "ui/localization/Localization.h"
 
 #include <QJsonArray>
+#include <QPointer>
 
 #include <algorithm>
 
@@ -78,7 +79,7 @@ BrainScreen::BrainScreen(PalometModel &model, QString home, FolderPicker pickFol
 QString BrainScreen::abbreviated(const QString &path, const QString &home) {
     const bool isInside = !home.isEmpty() && path.startsWith(home) &&
                           (path.size() == home.size() || path.at(home.size()) == u'/');
-    return isInside ? QString(u'~' + QStringView(path).sliced(home.size())) : path;
+    return isInside ? u'~' + path.sliced(home.size()) : path;
 }
 
 void BrainScreen::setConfirmed(const QString &id, bool isConfirmed) {
@@ -101,17 +102,20 @@ void BrainScreen::removeFolder(const QString &folder) {
 }
 
 void BrainScreen::addFolder() {
-    m_pickFolders([this](const QStringList &picked) {
-        // Without a snapshot there is nothing to add to.
-        if (!settings())
-            return;
-        auto folders = settings()->folders;
-        for (const auto &folder : picked) {
-            if (std::find(folders.begin(), folders.end(), folder) == folders.end())
-                folders.push_back(folder);
-        }
-        model().set(QStringLiteral("folders"), list(folders));
+    m_pickFolders([self = QPointer(this)](const QStringList &picked) {
+        // The answer may come after the window's end; and without a snapshot there is nothing to add to.
+        if (self && self->settings())
+            self->addFolders(picked);
     });
+}
+
+void BrainScreen::addFolders(const QStringList &picked) {
+    auto folders = settings()->folders;
+    for (const auto &folder : picked) {
+        if (std::find(folders.begin(), folders.end(), folder) == folders.end())
+            folders.push_back(folder);
+    }
+    model().set(QStringLiteral("folders"), list(folders));
 }
 
 void BrainScreen::updateAll() {

@@ -75,6 +75,7 @@ protected:
     void updateAll() override;
 
 private:
+    void addFolders(const QStringList &picked);
     void updateChoices();
     void updateSettings();
 

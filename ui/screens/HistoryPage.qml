@@ -10,6 +10,7 @@ ListPage {
     required property HistoryScreen screen
 
     model: screen.rows
+    listName: Words.t("history.title")
     head: [
         BlockLabel {
             text: Words.t("history.title")
@@ -35,6 +36,8 @@ ListPage {
         label: day
         value: question
         trailing: detail
+        Accessible.role: Accessible.ListItem
+        Accessible.name: `${question} ${day} ${detail}`
     }
     foot: [
         ZenBody {

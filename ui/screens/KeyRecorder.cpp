@@ -207,7 +207,8 @@ bool KeyRecorder::eventFilter(QObject *, QEvent *event) {
         return false;
     auto *key = static_cast<QKeyEvent *>(event);
     key->accept();
-    if (event->type() == QEvent::KeyPress && !isModifier(key->key())) {
+    // A key that is held down, perhaps the one that began the recording, counts once.
+    if (event->type() == QEvent::KeyPress && !key->isAutoRepeat() && !isModifier(key->key())) {
         if (const auto keyCode = keyCodeOf(*key))
             handle(*keyCode, flagsOf(key->modifiers()));
     }

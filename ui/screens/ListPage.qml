@@ -10,6 +10,8 @@ ScreenPage {
     property alias delegate: list.delegate
     property alias head: head.data
     property alias foot: foot.data
+    // What the rows are, for whoever does not see their heading.
+    property string listName
     readonly property alias rows: list
     readonly property alias footY: foot.y
     // Where the last row ends, in the view's content.
@@ -27,6 +29,8 @@ ScreenPage {
         keyNavigationEnabled: false
         topMargin: head.height
         bottomMargin: foot.height
+        Accessible.role: Accessible.List
+        Accessible.name: root.listName
         Component.onCompleted: contentY = originY - topMargin
 
         // Not the view's own header and footer: those are made apart from the page and cannot see it.

@@ -19,6 +19,7 @@ ListPage {
 
     column: Zen.board
     model: screen.rows
+    listName: Words.t("now.conversation")
     scroller.onScrolled: isFollowing = rowsEnd <= view.contentY + view.height + 1
     onFootYChanged: follow()
     onHeightChanged: follow()

@@ -100,7 +100,10 @@ QString NowScreen::noteOf(LoopState state) const {
 NowScreen::Shown NowScreen::shown() const {
     const auto *now = snapshot();
     const auto state = model().state();
-    Shown shown{.loopState = rawValue(state), .stateWord = word(state), .stateNote = noteOf(state)};
+    Shown shown;
+    shown.loopState = rawValue(state);
+    shown.stateWord = word(state);
+    shown.stateNote = noteOf(state);
     if (now) {
         shown.microphone = Format::device(now->device);
         shown.microphoneNote = L("note.microphone");
@@ -114,7 +117,7 @@ NowScreen::Shown NowScreen::shown() const {
     }
     shown.costNote = L("note.cost", Count{now ? now->conversation.answers : 0});
     showTimings(shown);
-    const bool isNamed = now && !now->settings.wakeWords.empty();
+    const bool isNamed = now && !now->settings.wakeWords.empty() && !now->settings.wakeWords.front().isEmpty();
     shown.emptyText = L("now.empty", isNamed ? now->settings.wakeWords.front() : QStringLiteral("palomet"));
     if (now && now->memory && now->memory->journalDays > 0)
         shown.rememberedText = L("now.empty.remembers");

@@ -4,6 +4,7 @@
 
 #include <QAbstractListModel>
 
+#include <ranges>
 #include <vector>
 
 namespace palomet {
@@ -22,26 +23,10 @@ public:
     [[nodiscard]] const std::vector<Row> &rows() const { return m_rows; }
 
     void assign(std::vector<Row> rows) {
-        const auto change = RowChange::between(m_rows, rows);
-        const auto changed = change.changed();
-        const auto first = static_cast<int>(change.kept);
-        const auto end = static_cast<int>(change.kept + changed);
-        if (changed > 0) {
-            std::move(rows.begin() + first, rows.begin() + end, m_rows.begin() + first);
-            Q_EMIT dataChanged(index(first), index(end - 1));
-        }
-        if (change.removed > changed) {
-            beginRemoveRows({}, end, static_cast<int>(change.kept + change.removed) - 1);
-            m_rows.erase(m_rows.begin() + end, m_rows.begin() + change.kept + change.removed);
-            endRemoveRows();
-        }
-        if (change.inserted > changed) {
-            const auto inserted = rows.begin() + end;
-            beginInsertRows({}, end, static_cast<int>(change.kept + change.inserted) - 1);
-            m_rows.insert(m_rows.begin() + end, std::make_move_iterator(inserted),
-                          std::make_move_iterator(inserted + (change.inserted - changed)));
-            endInsertRows();
-        }
+        const auto changes = RowChange::between(m_rows, rows);
+        // From the end, so that the places before it hold.
+        for (const auto &change : std::views::reverse(changes))
+            apply(change, rows);
     }
 
     /// What is derived from the rows and something else became another.
@@ -56,6 +41,28 @@ protected:
     }
 
 private:
+    void apply(const RowChange &change, std::vector<Row> &rows) {
+        const auto changed = change.changed();
+        const auto first = static_cast<int>(change.before);
+        const auto end = static_cast<int>(change.before + changed);
+        const auto source = rows.begin() + change.after;
+        if (changed > 0) {
+            std::move(source, source + changed, m_rows.begin() + first);
+            Q_EMIT dataChanged(index(first), index(end - 1));
+        }
+        if (change.removed > changed) {
+            beginRemoveRows({}, end, static_cast<int>(change.before + change.removed) - 1);
+            m_rows.erase(m_rows.begin() + end, m_rows.begin() + change.before + change.removed);
+            endRemoveRows();
+        }
+        if (change.inserted > changed) {
+            beginInsertRows({}, end, static_cast<int>(change.before + change.inserted) - 1);
+            m_rows.insert(m_rows.begin() + end, std::make_move_iterator(source + changed),
+                          std::make_move_iterator(source + change.inserted));
+            endInsertRows();
+        }
+    }
+
     std::vector<Row> m_rows;
 };
 

@@ -3,6 +3,7 @@
 #include "model/Format.h"
 
 #include <array>
+#include <cmath>
 
 namespace palomet {
 
@@ -11,6 +12,9 @@ namespace {
 // Nothing slower than normal speed, on purpose.
 constexpr std::array speeds{1.0, 1.25, 1.5, 1.75, 2.0};
 constexpr double fallbackSpeed = 1.5;
+
+/// What stands where nothing is known.
+const QString absent = QStringLiteral("\u2014");
 
 /// The shortest decimal text with at least one decimal place: "1.0", "1.25".
 QString speedId(double speed) {
@@ -42,7 +46,7 @@ VoiceScreen::VoiceScreen(PalometModel &model)
     connect(&m_speed, &ChoiceSetting::asked, this, [this](const QString &id) {
         bool isNumber = false;
         const double speed = id.toDouble(&isNumber);
-        this->model().set(QStringLiteral("voiceSpeed"), isNumber ? speed : fallbackSpeed);
+        this->model().set(QStringLiteral("voiceSpeed"), isNumber && std::isfinite(speed) ? speed : fallbackSpeed);
     });
     const auto pick = [this](ChoiceSetting &setting, const char *key) {
         connect(&setting, &ChoiceSetting::asked, this,
@@ -65,16 +69,18 @@ void VoiceScreen::updateOptions() {
 
 void VoiceScreen::updateSettings() {
     const auto *now = settings();
-    const auto plain = [this](const QString &value, QStringView key) {
-        return ChoiceSetting::Shown{.value = value, .selected = value, .isBusy = isApplying(key)};
+    const auto plain = [this, now](QString Snapshot::Settings::*field, QStringView key) {
+        return ChoiceSetting::Shown{.value = now ? now->*field : absent,
+                                    .selected = now ? now->*field : QString(),
+                                    .isBusy = isApplying(key)};
     };
     m_voice.show(now ? now->voiceId : QString());
     m_name.show(now ? now->voiceName : QString());
-    m_speed.show({.value = now ? Format::speed(now->voiceSpeed) : QStringLiteral("\u2014"),
+    m_speed.show({.value = now ? Format::speed(now->voiceSpeed) : absent,
                   .selected = now ? speedId(now->voiceSpeed) : QString(),
                   .isBusy = isApplying(u"voiceSpeed")});
-    m_fishModel.show(plain(now ? now->fishModel : QString(), u"fishModel"));
-    m_systemVoice.show(plain(now ? now->fallbackVoice : QString(), u"fallbackVoice"));
+    m_fishModel.show(plain(&Snapshot::Settings::fishModel, u"fishModel"));
+    m_systemVoice.show(plain(&Snapshot::Settings::fallbackVoice, u"fallbackVoice"));
 }
 
 } // namespace palomet

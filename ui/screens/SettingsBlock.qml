@@ -6,7 +6,7 @@ Column {
     id: root
 
     property string title
-    default property alias settings: rows.rows
+    default property alias settings: rows.content
     property alias after: extra.data
 
     width: parent ? parent.width : 0

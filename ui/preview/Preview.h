@@ -31,8 +31,8 @@ struct Documents {
 };
 [[nodiscard]] Documents documents(double clock);
 
-/// Writes what the window shows to a PNG file, in the pixels of its screen. Fails when the window cannot be drawn or the
-/// file cannot be written.
+/// Writes what the window shows to a PNG file, in the pixels of its screen. Fails when the window cannot be drawn or
+/// the file cannot be written.
 Result<QSize> capture(QQuickWindow &window, const QString &path);
 
 } // namespace palomet::Preview

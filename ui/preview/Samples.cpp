@@ -1,6 +1,5 @@
-#include "ui/preview/Preview.h"
-
 #include "ui/localization/Localization.h"
+#include "ui/preview/Preview.h"
 
 #include <QDateTime>
 #include <QJsonArray>
@@ -21,13 +20,21 @@ QString either(const char *english, const char *portuguese) {
     return QString::fromUtf8(Localization::isPortuguese() ? portuguese : english);
 }
 
-QString question() { return either("How is the site’s deploy going?", "Como está o deploy do site?"); }
+QString question() {
+    return either("How is the site’s deploy going?", "Como está o deploy do site?");
+}
 
-QString microphone() { return either("MacBook Pro Microphone", "Microfone do MacBook Pro"); }
+QString microphone() {
+    return either("MacBook Pro Microphone", "Microfone do MacBook Pro");
+}
 
-QString voice() { return either("Samantha", "Luciana"); }
+QString voice() {
+    return either("Samantha", "Luciana");
+}
 
-QJsonArray names() { return {u"palomet"_qs, either("hey palomet", "ei palomet")}; }
+QJsonArray names() {
+    return {u"palomet"_qs, either("hey palomet", "ei palomet")};
+}
 
 QJsonObject conversation(double clock) {
     const std::array roles{u"user"_qs, u"tool"_qs, u"agent"_qs};
@@ -73,16 +80,14 @@ QJsonObject settings() {
 }
 
 QJsonObject state(double clock) {
-    const QJsonArray heard{
-        QJsonObject{
-            {u"at"_qs, clock - 58 * second},
-            {u"text"_qs,
-             either("Palomet, how is the site’s deploy going?", "Palomet, como está o deploy do site?")},
-            {u"action"_qs, u"accepted"_qs}},
-        QJsonObject{{u"at"_qs, clock - 22 * second},
-                    {u"text"_qs, either("Ok, see you at five.", "Ok, até as cinco.")},
-                    {u"action"_qs, u"ignored"_qs},
-                    {u"reason"_qs, either("not meant for Palomet", "não era para o Palomet")}}};
+    const QJsonArray heard{QJsonObject{{u"at"_qs, clock - 58 * second},
+                                       {u"text"_qs, either("Palomet, how is the site’s deploy going?",
+                                                           "Palomet, como está o deploy do site?")},
+                                       {u"action"_qs, u"accepted"_qs}},
+                           QJsonObject{{u"at"_qs, clock - 22 * second},
+                                       {u"text"_qs, either("Ok, see you at five.", "Ok, até as cinco.")},
+                                       {u"action"_qs, u"ignored"_qs},
+                                       {u"reason"_qs, either("not meant for Palomet", "não era para o Palomet")}}};
     const QJsonArray draft{QJsonObject{{u"at"_qs, clock - 110 * second},
                                        {u"text"_qs, either("Open a pull request with the form fix.",
                                                            "Abre um pull request com a correção do formulário.")}}};
@@ -140,20 +145,19 @@ QJsonArray history(double clock) {
     };
     const std::array samples{
         Sample{clock - 300 * second, question(), 1, 0.03},
-        Sample{at(0, 11, 20),
-               either("What is on my calendar this afternoon?", "O que tenho na agenda hoje à tarde?"), 2, 0.05},
+        Sample{at(0, 11, 20), either("What is on my calendar this afternoon?", "O que tenho na agenda hoje à tarde?"),
+               2, 0.05},
         Sample{at(1, 18, 2),
                either("Summarise the three open issues about the contact form.",
                       "Resume as três issues abertas sobre o formulário de contato."),
                6, 0.21},
         Sample{at(1, 9, 15), either("Start the tests.", "Roda os testes."), 1, 0.004},
-        Sample{at(2, 16, 31),
-               either("Why does the build take four minutes?", "Por que o build demora quatro minutos?"), 4, 0.12},
+        Sample{at(2, 16, 31), either("Why does the build take four minutes?", "Por que o build demora quatro minutos?"),
+               4, 0.12},
         Sample{at(2, 8, 47), either("Good morning.", "Bom dia."), 0, 0},
         Sample{at(3, 21, 10), either("Rename the branch and push it.", "Renomeia o branch e envia."), 3, 0.09},
         Sample{at(4, 10, 5),
-               either("Which dependencies are a major version behind?",
-                      "Quais dependências estão uma versão atrás?"),
+               either("Which dependencies are a major version behind?", "Quais dependências estão uma versão atrás?"),
                11, 1.5},
     };
     QJsonArray entries;

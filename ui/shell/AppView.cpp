@@ -51,7 +51,9 @@ void AppView::updateScreens() {
         screen(pane).setActive(m_isShown && pane == m_navigation.pane());
 }
 
-QString AppView::version() const { return m_details.version.isEmpty() ? QStringLiteral("dev") : m_details.version; }
+QString AppView::version() const {
+    return m_details.version.isEmpty() ? QStringLiteral("dev") : m_details.version;
+}
 
 QVariantList AppView::groups() const {
     QVariantList groups;

@@ -38,7 +38,6 @@ MacWindow::MacWindow(QQmlEngine &engine, AppView &app, Scheduler &scheduler, QSe
     setColor(Qt::white);
     setMinimumSize(minimumContentSize);
     setResizeMode(SizeRootObjectToView);
-    resize(openingSize);
     restoreFrame();
     connect(this, &QWindow::visibilityChanged, this, &MacWindow::updateShown);
     // The screen is up to date before it is made.
@@ -63,7 +62,9 @@ void MacWindow::bringToFront() {
     requestActivate();
 }
 
-void MacWindow::updateShown() { m_app.setShown(isVisible() && visibility() != Minimized); }
+void MacWindow::updateShown() {
+    m_app.setShown(isVisible() && visibility() != Minimized);
+}
 
 bool MacWindow::event(QEvent *event) {
     switch (event->type()) {
@@ -86,14 +87,13 @@ bool MacWindow::event(QEvent *event) {
 }
 
 void MacWindow::restoreFrame() {
-    if (!m_settings)
-        return;
-    const auto stored = m_settings->value(frameKey);
+    const auto stored = m_settings ? m_settings->value(frameKey) : QVariant();
     const auto saved = stored.canConvert<QRect>() ? std::optional(stored.toRect()) : std::nullopt;
     const auto frame = openingFrame(saved, usableScreens(), openingSize, minimumContentSize);
-    resize(frame.size());
+    // What remembers nothing is of its own size on every screen.
+    resize(m_settings ? frame.size() : openingSize);
     setFramePosition(frame.topLeft());
-    if (m_settings->value(maximizedKey).toBool())
+    if (m_settings && m_settings->value(maximizedKey).toBool())
         setWindowStates(Qt::WindowMaximized);
 }
 

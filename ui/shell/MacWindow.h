@@ -9,8 +9,8 @@ class QSettings;
 
 namespace palomet {
 
-/// The settings window, made on first open and kept: closing hides it. It remembers where it stood, also from one run of
-/// the program to the next. Main thread only.
+/// The settings window, made on first open and kept: closing hides it. It remembers where it stood, also from one run
+/// of the program to the next. Main thread only.
 class MacWindow final : public QQuickView {
     Q_OBJECT
 

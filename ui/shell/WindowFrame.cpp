@@ -6,7 +6,9 @@ namespace palomet {
 
 namespace {
 
-qint64 area(const QRect &rect) { return rect.isEmpty() ? 0 : qint64{rect.width()} * rect.height(); }
+qint64 area(const QRect &rect) {
+    return rect.isEmpty() ? 0 : qint64{rect.width()} * rect.height();
+}
 
 /// Onto the screen, and no larger than it where the window can be smaller.
 QRect fitted(QRect frame, const QRect &screen, QSize minimumSize) {

@@ -4,6 +4,8 @@
 
 namespace palomet {
 
-QString Words::t(const QString &key) const { return L(key); }
+QString Words::t(const QString &key) const {
+    return L(key);
+}
 
 } // namespace palomet

@@ -27,7 +27,10 @@ void StripView::setShown(bool isShown) {
     Q_EMIT levelChanged();
 }
 
-QString StripView::line() const { return stripLine(m_model.state(), m_model.snapshot().get(), m_model.spokenLine()); }
+QString StripView::line() const {
+    // One line, whatever was asked.
+    return stripLine(m_model.state(), m_model.snapshot().get(), m_model.spokenLine()).simplified();
+}
 
 bool StripView::isStoppable() const {
     return m_model.state() == LoopState::Thinking || m_model.state() == LoopState::Speaking;

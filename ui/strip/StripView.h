@@ -9,7 +9,8 @@
 
 namespace palomet {
 
-/// What the strip shows. It follows the model only while the strip can be seen. Main thread only; the model outlives it.
+/// What the strip shows. It follows the model only while the strip can be seen. Main thread only; the model outlives
+/// it.
 class StripView final : public QObject {
     Q_OBJECT
     QML_ELEMENT

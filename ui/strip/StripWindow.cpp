@@ -1,22 +1,29 @@
 #include "ui/strip/StripWindow.h"
 
+#include <QAccessible>
 #include <QCursor>
 #include <QGuiApplication>
-#include <QQuickItem>
 #include <QQmlEngine>
+#include <QQuickItem>
 #include <QScreen>
 
 namespace palomet {
 
-StripWindow::StripWindow(QQmlEngine &engine, StripView &view, const WorkArea *workArea, Pointer pointer)
+StripWindow::StripWindow(UiEngine &engine, StripView &view, const WorkArea *workArea, Pointer pointer)
     : m_engine(engine)
     , m_view(view)
     , m_workArea(workArea)
-    , m_pointer(pointer) {}
+    , m_pointer(pointer) {
+    connect(&m_view, &StripView::changed, this, &StripWindow::announce);
+}
 
-StripWindow::~StripWindow() { m_view.setShown(false); }
+StripWindow::~StripWindow() {
+    m_view.setShown(false);
+}
 
-bool StripWindow::isVisible() const { return m_window && m_window->isVisible(); }
+bool StripWindow::isVisible() const {
+    return m_window && m_window->isVisible();
+}
 
 QRect StripWindow::usable(const QScreen &screen) const {
     if (!m_workArea)
@@ -42,7 +49,7 @@ std::optional<QPoint> StripWindow::pointer() const {
 }
 
 void StripWindow::make() {
-    m_window = std::make_unique<QQuickView>(&m_engine, nullptr);
+    m_window = std::make_unique<QQuickView>(&m_engine.get(), nullptr);
     m_window->setFlags(Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint | Qt::WindowDoesNotAcceptFocus |
                        Qt::BypassWindowManagerHint);
     m_window->setTitle(QStringLiteral("Palomet"));
@@ -54,6 +61,14 @@ void StripWindow::make() {
         m_window->setColor(content->property("color").value<QColor>());
 }
 
+void StripWindow::announce() {
+    if (!isVisible() || m_announced == m_view.loopState())
+        return;
+    m_announced = m_view.loopState();
+    QAccessibleEvent event(m_window->rootObject(), QAccessible::Alert);
+    QAccessible::updateAccessibility(&event);
+}
+
 void StripWindow::orderFront(std::optional<QPoint> origin) {
     m_view.setShown(true);
     if (!m_window)
@@ -62,10 +77,12 @@ void StripWindow::orderFront(std::optional<QPoint> origin) {
         m_window->setPosition(*origin);
     m_window->show();
     m_window->raise();
+    announce();
 }
 
 void StripWindow::orderOut() {
     m_view.setShown(false);
+    m_announced.clear();
     if (m_window)
         m_window->hide();
 }

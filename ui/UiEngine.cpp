@@ -1,0 +1,34 @@
+#include "ui/UiEngine.h"
+
+#include "ui/Ui.h"
+#include "ui/kit/Kit.h"
+
+#include <QQmlEngine>
+#include <QQuickWindow>
+
+namespace palomet {
+
+UiEngine::UiEngine(QString resources)
+    : m_resources(std::move(resources)) {}
+
+UiEngine::~UiEngine() = default;
+
+QQmlEngine &UiEngine::get() {
+    if (m_engine)
+        return *m_engine;
+    if (qEnvironmentVariableIsEmpty("QT_QUICK_BACKEND"))
+        QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
+    Kit::registerFonts(m_resources);
+    m_engine = std::make_unique<QQmlEngine>();
+    Ui::install(*m_engine, m_resources);
+    Kit::setMotionReduced(*m_engine, m_isMotionReduced);
+    return *m_engine;
+}
+
+void UiEngine::setMotionReduced(bool isReduced) {
+    m_isMotionReduced = isReduced;
+    if (m_engine)
+        Kit::setMotionReduced(*m_engine, isReduced);
+}
+
+} // namespace palomet

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <QString>
+
+#include <memory>
+
+class QQmlEngine;
+
+namespace palomet {
+
+/// The one engine that runs the QML of the strip and of the window. It is most of what the program weighs, and so it,
+/// the typeface and the modules are loaded when something is first to be shown. Main thread only.
+class UiEngine {
+public:
+    /// `resources` is the resource folder. What is drawn is drawn by the processor, unless `$QT_QUICK_BACKEND` says
+    /// otherwise: a graphics driver would cost more than everything else together.
+    explicit UiEngine(QString resources);
+    ~UiEngine();
+
+    UiEngine(const UiEngine &) = delete;
+    UiEngine &operator=(const UiEngine &) = delete;
+
+    /// Makes it at the first call.
+    [[nodiscard]] QQmlEngine &get();
+
+    [[nodiscard]] bool isMade() const { return m_engine != nullptr; }
+
+    /// Whether the desktop asks for stillness.
+    void setMotionReduced(bool isReduced);
+
+private:
+    const QString m_resources;
+    bool m_isMotionReduced = false;
+    std::unique_ptr<QQmlEngine> m_engine;
+};
+
+} // namespace palomet

@@ -1,6 +1,8 @@
 #include "app/AppDelegate.h"
 
+#include "app/LogFile.h"
 #include "app/StatusIcon.h"
+#include "ui/shell/FolderDialog.h"
 
 #include <utility>
 
@@ -36,14 +38,26 @@ AppDelegate::AppDelegate(Surroundings surroundings)
           .layout = *m_surroundings.keyboardLayout,
           .showInMenu = [this](const auto &listen, const auto &stop) { m_statusMenu.setKeys(listen, stop); },
       })
-    , m_remoteDoor(*m_surroundings.remote, m_model) {
+    , m_remoteDoor(*m_surroundings.remote, m_model)
+    , m_uiEngine(m_surroundings.resources.value_or(QString()))
+    , m_stripView(m_model, [this] { openWindow(Pane::Now); })
+    , m_stripWindow(m_uiEngine, m_stripView, m_surroundings.workArea.get(), m_surroundings.pointer) {
+    m_remoteDoor.onOpen = [this](const auto &name) {
+        const auto pane = name ? paneFrom(*name) : std::nullopt;
+        if (name && !pane)
+            return false;
+        openWindow(pane);
+        return true;
+    };
     m_remoteDoor.onQuit = [this] { applicationShouldTerminate(); };
+    connect(&m_statusMenu, &StatusMenu::openRequested, this, [this] { openWindow(); });
     connect(&m_statusMenu, &StatusMenu::quitRequested, this, &AppDelegate::applicationShouldTerminate);
 }
 
 AppDelegate::~AppDelegate() {
     m_surroundings.trayHost->onChange = [] {};
     m_surroundings.colors->onChange = [] {};
+    m_surroundings.motion->onChange = [] {};
 }
 
 std::unique_ptr<AudioIO> AppDelegate::makeAudioIO() {
@@ -57,6 +71,7 @@ std::unique_ptr<AudioIO> AppDelegate::makeAudioIO() {
 
 void AppDelegate::applicationDidFinishLaunching() {
     setUpMenuBar();
+    setUpStrip();
     m_keyBindings.start();
     m_model.start();
     auto &permission = *m_surroundings.microphonePermission;
@@ -71,6 +86,41 @@ void AppDelegate::setUpMenuBar() {
     m_surroundings.trayHost->onChange = [this] { trayHostChanged(); };
     updateIcon();
     trayHostChanged();
+}
+
+void AppDelegate::setUpStrip() {
+    m_surroundings.motion->onChange = [this] { m_uiEngine.setMotionReduced(m_surroundings.motion->isReduced()); };
+    m_surroundings.motion->onChange();
+    m_strip.emplace(m_model, m_stripWindow, *m_surroundings.scheduler);
+    m_strip->onEscapeNeeded = [this](bool isNeeded) { m_keyBindings.setStopNeeded(isNeeded); };
+    m_strip->update();
+}
+
+void AppDelegate::openWindow(std::optional<Pane> pane) {
+    if (m_stage == Stage::Terminating)
+        return;
+    if (pane)
+        m_nav.setPane(*pane);
+    if (!m_window)
+        setUpWindow();
+    m_model.loadHistory();
+    m_model.loadOptions();
+    m_window->bringToFront();
+}
+
+void AppDelegate::setUpWindow() {
+    const Outside outside{
+        .openLog = [this] { m_surroundings.openFile(LogFile::pathBelow(m_surroundings.home)); },
+        .openMicrophoneSettings = m_surroundings.openMicrophoneSettings,
+        .pickFolders =
+            [this](auto &&picked) {
+                askForFolders(m_window.get(), m_surroundings.home, std::forward<decltype(picked)>(picked));
+            },
+    };
+    m_appView = std::make_unique<AppView>(m_model, m_nav, m_shortcuts, *m_surroundings.keyboardLayout,
+                                          AppView::Details{m_surroundings.version, m_surroundings.home}, outside);
+    m_window = std::make_unique<MacWindow>(m_uiEngine.get(), *m_appView, *m_surroundings.scheduler,
+                                           m_surroundings.settings.get());
 }
 
 void AppDelegate::startBackend() {
@@ -90,6 +140,7 @@ void AppDelegate::trayHostChanged() {
     if (status != TrayHost::Status::Absent || m_stage != Stage::Running || std::exchange(m_isTrayHostMissed, true))
         return;
     m_backend.note(u"bandeja: nenhum painel mostra ícones; o do Palomet aparece assim que houver um"_s);
+    openWindow();
 }
 
 void AppDelegate::updateIcon() {

@@ -2,6 +2,7 @@
 
 #include "app/Backend.h"
 #include "app/DesktopColors.h"
+#include "app/DesktopMotion.h"
 #include "app/KeyBindings.h"
 #include "app/RemoteDoor.h"
 #include "app/StatusMenu.h"
@@ -11,6 +12,10 @@
 #include "base/Wakeup.h"
 #include "model/MicrophonePermission.h"
 #include "model/PalometModel.h"
+#include "ui/UiEngine.h"
+#include "ui/shell/MacWindow.h"
+#include "ui/strip/StripController.h"
+#include "ui/strip/StripWindow.h"
 
 #include <QObject>
 #include <QSettings>
@@ -31,6 +36,7 @@ public:
     struct Surroundings {
         std::optional<QString> resources; ///< The resource folder.
         QString home;                     ///< The user's home.
+        QString version;                  ///< The program's; empty in a build that has none.
         ChildProcessFactory startProcess;
         WakeupFactory makeWakeup;
         std::unique_ptr<Scheduler> scheduler;
@@ -38,26 +44,39 @@ public:
         std::unique_ptr<SoundServer> soundServer;
         std::unique_ptr<TrayHost> trayHost;
         std::unique_ptr<DesktopColors> colors;
+        std::unique_ptr<DesktopMotion> motion;
+        std::unique_ptr<WorkArea> workArea; ///< Null: the toolkit's word is taken.
+        StripWindow::Pointer pointer = StripWindow::Pointer::Known;
         std::unique_ptr<KeyboardLayout> keyboardLayout;
         std::unique_ptr<HotKeyGrabber> hotKeyGrabber;
         std::unique_ptr<RemoteService> remote;
         std::unique_ptr<QSettings> settings;
+        std::function<void(const QString &path)> openFile; ///< Shows a file in the program of the user's choice.
+        std::function<void()> openMicrophoneSettings;
         QUrl backend = hudBase();
         QUrl audio = AudioLink::defaultUrl();
     };
 
-    /// Every member of `surroundings` is there.
+    /// Every member of `surroundings` is there, unless it says otherwise.
     explicit AppDelegate(Surroundings surroundings);
     ~AppDelegate() override;
 
     /// Starts everything. Once.
     void applicationDidFinishLaunching();
 
+    /// Shows the window in front of all others, on that pane if one is given, with its history and its choices loaded
+    /// anew.
+    void openWindow(std::optional<Pane> pane = {});
+
     /// Begins to quit, however often it is asked.
     void applicationShouldTerminate();
 
     [[nodiscard]] const Backend &backend() const { return m_backend; }
+    [[nodiscard]] Navigation &navigation() { return m_nav; }
     [[nodiscard]] StatusMenu &statusMenu() { return m_statusMenu; }
+    /// Null until it was opened.
+    [[nodiscard]] MacWindow *window() const { return m_window.get(); }
+    [[nodiscard]] StripWindow &strip() { return m_stripWindow; }
 
 Q_SIGNALS:
     /// All that had to be ended has ended: the event loop may end too.
@@ -69,12 +88,15 @@ private:
 
     [[nodiscard]] std::unique_ptr<AudioIO> makeAudioIO();
     void setUpMenuBar();
+    void setUpStrip();
+    void setUpWindow();
     void startBackend();
     void trayHostChanged();
     void updateIcon();
 
     Surroundings m_surroundings;
     PalometModel m_model;
+    Navigation m_nav;
     Backend m_backend;
     AudioLink m_audioLink;
     HotKeys m_hotKeys;
@@ -82,6 +104,12 @@ private:
     StatusMenu m_statusMenu;
     KeyBindings m_keyBindings;
     RemoteDoor m_remoteDoor;
+    UiEngine m_uiEngine;
+    StripView m_stripView;
+    StripWindow m_stripWindow;
+    std::optional<StripController> m_strip;
+    std::unique_ptr<AppView> m_appView;
+    std::unique_ptr<MacWindow> m_window;
     Stage m_stage = Stage::Launching;
     bool m_isTrayHostMissed = false;
 };

@@ -24,9 +24,8 @@ void StatusMenu::setUpMenuBar() {
     m_stopItem = m_menu.addAction(plainTitle(L("menu.stop")), &m_model, &PalometModel::stop);
     m_muteItem = m_menu.addAction(QString(), &m_model, &PalometModel::toggleMute);
     m_menu.addSeparator();
-    auto *openItem = m_menu.addAction(plainTitle(L("menu.open")));
+    auto *openItem = m_menu.addAction(plainTitle(L("menu.open")), this, &StatusMenu::openRequested);
     openItem->setShortcut(QKeySequence(u"Ctrl+O"_s));
-    openItem->setEnabled(false); // There is no window yet.
     m_menu.addSeparator();
     auto *quitItem = m_menu.addAction(plainTitle(L("menu.quit")), this, &StatusMenu::quitRequested);
     quitItem->setShortcut(QKeySequence(u"Ctrl+Q"_s));

@@ -38,6 +38,7 @@ public:
     [[nodiscard]] static QString plainTitle(const QString &text);
 
 Q_SIGNALS:
+    void openRequested();
     void quitRequested();
 
 private:

@@ -1,6 +1,7 @@
 #include "app/AppDelegate.h"
 #include "app/Application.h"
 #include "app/CommandLine.h"
+#include "app/PreviewMode.h"
 #include "app/RemoteSession.h"
 #include "app/Resources.h"
 #include "base/QtScheduler.h"
@@ -8,6 +9,8 @@
 #include "platform/dbus/DBusRemoteService.h"
 #include "platform/desktop/DesktopMicrophonePermission.h"
 #include "platform/desktop/PortalColors.h"
+#include "platform/desktop/PortalMotion.h"
+#include "platform/desktop/SoundSettings.h"
 #include "platform/desktop/StatusNotifierHost.h"
 #include "platform/portal/PortalHotKeyGrabber.h"
 #include "platform/posix/EventWakeup.h"
@@ -17,8 +20,11 @@
 #include "platform/x11/X11Connection.h"
 #include "platform/x11/X11HotKeyGrabber.h"
 #include "platform/x11/X11KeyboardLayout.h"
+#include "platform/x11/X11WorkArea.h"
 #include "ui/localization/Localization.h"
+#include "ui/preview/Preview.h"
 
+#include <QDesktopServices>
 #include <QDir>
 #include <QSettings>
 
@@ -30,12 +36,16 @@ using namespace Qt::StringLiterals;
 namespace {
 
 const auto applicationId = u"org.palomet.Palomet"_s;
+const auto version = u"" PALOMET_VERSION ""_s;
+
+bool isWayland() {
+    return qEnvironmentVariable("XDG_SESSION_TYPE") == "wayland"_L1;
+}
 
 /// On a Wayland session the whole program goes through XWayland, unless the user wants it otherwise: the strip is then
 /// the same everywhere. Whether this has set the toolkit's platform.
 bool preferXWayland() {
-    const bool isWayland = qEnvironmentVariable("XDG_SESSION_TYPE") == "wayland"_L1;
-    if (!isWayland || qEnvironmentVariableIsSet("QT_QPA_PLATFORM") || qEnvironmentVariableIsEmpty("DISPLAY"))
+    if (!isWayland() || qEnvironmentVariableIsSet("QT_QPA_PLATFORM") || qEnvironmentVariableIsEmpty("DISPLAY"))
         return false;
     return qputenv("QT_QPA_PLATFORM", "xcb");
 }
@@ -44,7 +54,7 @@ bool preferXWayland() {
 /// windows that are native.
 std::unique_ptr<HotKeyGrabber> hotKeyGrabber(const QDBusConnection &bus, X11Connection *x11,
                                              const KeyboardLayout &layout) {
-    if (qEnvironmentVariable("XDG_SESSION_TYPE") == "wayland"_L1)
+    if (isWayland())
         return std::make_unique<PortalHotKeyGrabber>(bus, applicationId, layout);
     if (x11 != nullptr)
         return std::make_unique<X11HotKeyGrabber>(*x11);
@@ -54,6 +64,7 @@ std::unique_ptr<HotKeyGrabber> hotKeyGrabber(const QDBusConnection &bus, X11Conn
 /// `x11` may be null, and outlives what is made of it.
 AppDelegate::Surroundings surroundings(std::unique_ptr<RemoteService> remote, X11Connection *x11) {
     const auto bus = QDBusConnection::sessionBus();
+    const auto desktop = qEnvironmentVariable("XDG_CURRENT_DESKTOP");
     std::unique_ptr<KeyboardLayout> layout = std::make_unique<NoKeyboardLayout>();
     if (x11 != nullptr)
         layout = std::make_unique<X11KeyboardLayout>(*x11);
@@ -65,18 +76,25 @@ AppDelegate::Surroundings surroundings(std::unique_ptr<RemoteService> remote, X1
     return {
         .resources = resourceFolder(QCoreApplication::applicationDirPath()),
         .home = QDir::homePath(),
+        .version = version,
         .startProcess = &startChildProcess,
         .makeWakeup = &EventWakeup::make,
         .scheduler = std::move(scheduler),
         .microphonePermission = std::move(permission),
         .soundServer = std::move(sound),
         .trayHost = std::make_unique<StatusNotifierHost>(bus),
-        .colors = std::make_unique<PortalColors>(bus, qEnvironmentVariable("XDG_CURRENT_DESKTOP")),
+        .colors = std::make_unique<PortalColors>(bus, desktop),
+        .motion = std::make_unique<PortalMotion>(bus),
+        .workArea = x11 != nullptr ? std::make_unique<X11WorkArea>(*x11) : nullptr,
+        // There, only our own windows see the pointer.
+        .pointer = isWayland() ? StripWindow::Pointer::Unknown : StripWindow::Pointer::Known,
         .keyboardLayout = std::move(layout),
         .hotKeyGrabber = std::move(grabber),
         .remote = std::move(remote),
         .settings =
             std::make_unique<QSettings>(QSettings::NativeFormat, QSettings::UserScope, u"palomet"_s, u"palomet"_s),
+        .openFile = [](const QString &path) { QDesktopServices::openUrl(QUrl::fromLocalFile(path)); },
+        .openMicrophoneSettings = [desktop] { openFirst(microphoneSettings(desktop)); },
     };
 }
 
@@ -107,6 +125,27 @@ int run(int argumentCount, char **arguments) {
     return Application::exec();
 }
 
+/// `arguments` are those that follow the program's name.
+int preview(const QStringList &arguments, int argumentCount, char **rawArguments) {
+    // A picture needs no display, and is the same on every one.
+    if (Preview::capturePath(arguments) && !qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    preferXWayland();
+    QGuiApplication::setApplicationDisplayName(u"Palomet"_s);
+    QGuiApplication::setDesktopFileName(applicationId);
+    Application application(argumentCount, rawArguments);
+    const auto resources = resourceFolder(QCoreApplication::applicationDirPath()).value_or(QString());
+    Localization::load(resources, Localization::preferredLanguages());
+    QtScheduler scheduler;
+    PreviewMode mode({scheduler, resources, QDir::homePath(), version}, arguments);
+    const auto end = [](int exitCode) { QCoreApplication::exit(exitCode); };
+    QObject::connect(&mode, &PreviewMode::finished, &application, end, Qt::QueuedConnection);
+    QObject::connect(
+        &application, &Application::quitRequested, &application, [end] { end(0); }, Qt::QueuedConnection);
+    mode.start();
+    return Application::exec();
+}
+
 int remote(const CommandLine &line, int argumentCount, char **arguments) {
     const QCoreApplication application(argumentCount, arguments);
     DBusRemoteClient client(QDBusConnection::sessionBus());
@@ -129,13 +168,14 @@ int main(int argc, char **argv) {
     case CommandLine::Mode::Run:
         return run(argc, argv);
     case CommandLine::Mode::Version:
-        return print(stdout, u"palomet " PALOMET_VERSION "\n"_s, 0);
+        return print(stdout, u"palomet %1\n"_s.arg(version), 0);
     case CommandLine::Mode::Help:
         return print(stdout, CommandLine::help(), 0);
     case CommandLine::Mode::Command:
     case CommandLine::Mode::Status:
         return remote(line, argc, argv);
     case CommandLine::Mode::Preview:
+        return preview(arguments, argc, argv);
     case CommandLine::Mode::Invalid:
         break;
     }

@@ -8,6 +8,11 @@
 
 namespace palomet {
 
+void UiEngine::chooseRenderer() {
+    if (qEnvironmentVariableIsEmpty("QT_QUICK_BACKEND"))
+        QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
+}
+
 UiEngine::UiEngine(QString resources)
     : m_resources(std::move(resources)) {}
 
@@ -16,8 +21,6 @@ UiEngine::~UiEngine() = default;
 QQmlEngine &UiEngine::get() {
     if (m_engine)
         return *m_engine;
-    if (qEnvironmentVariableIsEmpty("QT_QUICK_BACKEND"))
-        QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
     Kit::registerFonts(m_resources);
     m_engine = std::make_unique<QQmlEngine>();
     Ui::install(*m_engine, m_resources);

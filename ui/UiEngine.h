@@ -12,8 +12,11 @@ namespace palomet {
 /// the typeface and the modules are loaded when something is first to be shown. Main thread only.
 class UiEngine {
 public:
-    /// `resources` is the resource folder. What is drawn is drawn by the processor, unless `$QT_QUICK_BACKEND` says
-    /// otherwise: a graphics driver would cost more than everything else together.
+    /// Everything is drawn by the processor, unless `$QT_QUICK_BACKEND` says otherwise: a graphics driver would cost more
+    /// than everything else together. To be called once, before anything is shown.
+    static void chooseRenderer();
+
+    /// `resources` is the resource folder.
     explicit UiEngine(QString resources);
     ~UiEngine();
 

@@ -7,11 +7,17 @@
 #include "tests/support/FakeMicrophonePermission.h"
 #include "tests/support/FakeRemoteService.h"
 #include "tests/support/FakeSoundServer.h"
+#include "tests/support/Fixture.h"
 #include "tests/support/ManualScheduler.h"
 #include "tests/support/Processes.h"
+#include "tests/support/ScriptedBackend.h"
 
 #include <QDir>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QQuickItem>
 #include <QTemporaryDir>
+#include <QTest>
 
 #include <gtest/gtest.h>
 
@@ -40,6 +46,11 @@ public:
     [[nodiscard]] Scheme panelScheme() const override { return Scheme::Light; }
 };
 
+class FakeMotion final : public DesktopMotion {
+public:
+    [[nodiscard]] bool isReduced() const override { return false; }
+};
+
 const QByteArray missingHost = "bandeja: nenhum painel mostra ícones; o do Palomet aparece assim que houver um\n";
 
 class AppDelegateTest : public ::testing::Test {
@@ -58,11 +69,14 @@ protected:
         permission = ownedPermission.get();
         sound = ownedSound.get();
         host = ownedHost.get();
-        // Nobody answers there.
-        const auto nobody = u"127.0.0.1:1"_s;
+        auto ownedGrabber = std::make_unique<test::FakeHotKeyGrabber>();
+        auto ownedRemote = std::make_unique<test::FakeRemoteService>();
+        grabber = ownedGrabber.get();
+        remote = ownedRemote.get();
         delegate = std::make_unique<AppDelegate>(AppDelegate::Surroundings{
             .resources = folder.filePath(u"resources"_s),
             .home = folder.path(),
+            .version = u"1.2.3"_s,
             .startProcess =
                 [this](const ChildProcess::Launch &launch, std::function<void()> onExit) {
                     captureOpeningsAtLaunch = sound->captureOpenings;
@@ -75,12 +89,17 @@ protected:
             .soundServer = std::move(ownedSound),
             .trayHost = std::move(ownedHost),
             .colors = std::make_unique<FakeColors>(),
+            .motion = std::make_unique<FakeMotion>(),
+            .workArea = nullptr,
             .keyboardLayout = std::make_unique<NoKeyboardLayout>(),
-            .hotKeyGrabber = std::make_unique<test::FakeHotKeyGrabber>(),
-            .remote = std::make_unique<test::FakeRemoteService>(),
+            .hotKeyGrabber = std::move(ownedGrabber),
+            .remote = std::move(ownedRemote),
             .settings = std::make_unique<QSettings>(folder.filePath(u"palomet.conf"_s), QSettings::IniFormat),
-            .backend = QUrl(u"http://"_s + nobody),
-            .audio = QUrl(u"ws://"_s + nobody + u"/audio"_s),
+            .openFile = [this](const QString &path) { opened.append(path); },
+            .openMicrophoneSettings = [] {},
+            .backend = server.base(),
+            // Nobody answers there.
+            .audio = QUrl(u"ws://127.0.0.1:1/audio"_s),
         });
         QObject::connect(delegate.get(), &AppDelegate::mayTerminate, delegate.get(), [this] { ++terminations; });
     }
@@ -93,6 +112,17 @@ protected:
     void quit() {
         delegate->applicationShouldTerminate();
         EXPECT_TRUE(eventually([this] { return terminations > 0; }));
+    }
+
+    /// The backend is in that state, and the model knows.
+    void become(const QString &state) {
+        auto document = QJsonDocument::fromJson(test::fixture("state/full.json")).object();
+        document[u"state"_s] = state;
+        document[u"isMuted"_s] = false;
+        server.serve("/state", QJsonDocument(document).toJson());
+        Q_EMIT delegate->statusMenu().menu().aboutToShow();
+        scheduler->advance(100ms);
+        EXPECT_TRUE(eventually([&] { return remote->published.state == state; }));
     }
 
     QByteArray log() const { return test::contentOf(LogFile::pathBelow(folder.path())); }
@@ -108,6 +138,8 @@ protected:
     }
 
     QTemporaryDir folder;
+    test::ScriptedBackend server;
+    QStringList opened;
     int launches = 0;
     int captureOpeningsAtLaunch = -1;
     int terminations = 0;
@@ -116,6 +148,8 @@ protected:
     test::FakeMicrophonePermission *permission = nullptr;
     test::FakeSoundServer *sound = nullptr;
     FakeTrayHost *host = nullptr;
+    test::FakeHotKeyGrabber *grabber = nullptr;
+    test::FakeRemoteService *remote = nullptr;
 };
 
 class AppDelegateWithPermission : public AppDelegateTest, public ::testing::WithParamInterface<MicrophoneStatus> {};
@@ -273,4 +307,129 @@ TEST_F(AppDelegateTest, WritesTheSoundsNotesToTheLog) {
     sound->captureFailure = Failure{u"no microphone"_s};
     launch();
     EXPECT_TRUE(eventually([this] { return log().contains("áudio: "); }));
+}
+
+TEST_F(AppDelegateTest, MakesNeitherWindowNorStripBeforeTheyAreNeeded) {
+    create();
+    launch();
+    EXPECT_EQ(delegate->window(), nullptr);
+    EXPECT_EQ(delegate->strip().window(), nullptr);
+    EXPECT_EQ(QGuiApplication::allWindows().size(), 0);
+}
+
+TEST_F(AppDelegateTest, MakesOneWindowHoweverOftenItIsOpenedAndLoadsHistoryAndOptionsEachTime) {
+    create();
+    delegate->openWindow();
+    const auto *window = delegate->window();
+    ASSERT_TRUE(window);
+    EXPECT_TRUE(window->isVisible());
+    EXPECT_EQ(window->title(), u"Palomet");
+    EXPECT_TRUE(eventually([this] { return server.count("/history") == 1 && server.count("/options") == 1; }));
+    delegate->window()->close();
+    EXPECT_FALSE(window->isVisible());
+    delegate->openWindow();
+    EXPECT_EQ(delegate->window(), window);
+    EXPECT_TRUE(window->isVisible());
+    EXPECT_TRUE(eventually([this] { return server.count("/history") == 2 && server.count("/options") == 2; }));
+}
+
+TEST_F(AppDelegateTest, OpensItsWindowFromTheMenuOnThePaneThatItHad) {
+    create();
+    delegate->openWindow(Pane::Brain);
+    delegate->window()->close();
+    for (auto *action : delegate->statusMenu().menu().actions()) {
+        if (action->shortcut() == QKeySequence(u"Ctrl+O"_s)) {
+            EXPECT_TRUE(action->isEnabled());
+            action->trigger();
+        }
+    }
+    EXPECT_TRUE(delegate->window()->isVisible());
+    EXPECT_EQ(delegate->navigation().pane(), Pane::Brain);
+}
+
+TEST_F(AppDelegateTest, OpensItsWindowForOtherProgramsOnThePaneThatTheyName) {
+    create();
+    EXPECT_TRUE(remote->onCommand({u"open"_s, u"voice"_s}));
+    ASSERT_TRUE(delegate->window());
+    EXPECT_EQ(delegate->navigation().pane(), Pane::Voice);
+    EXPECT_TRUE(remote->onCommand({u"open"_s, std::nullopt}));
+    EXPECT_EQ(delegate->navigation().pane(), Pane::Voice);
+    delegate->window()->close();
+    EXPECT_FALSE(remote->onCommand({u"open"_s, u"cellar"_s}));
+    EXPECT_FALSE(delegate->window()->isVisible());
+    remote->onActivate();
+    EXPECT_TRUE(delegate->window()->isVisible());
+    EXPECT_EQ(delegate->navigation().pane(), Pane::Voice);
+}
+
+TEST_F(AppDelegateTest, OpensItsWindowOnceWhenThereIsNoHost) {
+    create(MicrophoneStatus::NotDetermined);
+    delegate->applicationDidFinishLaunching();
+    host->become(TrayHost::Status::Absent);
+    EXPECT_EQ(delegate->window(), nullptr);
+    permission->answer(MicrophoneStatus::Authorized);
+    ASSERT_TRUE(delegate->window());
+    EXPECT_TRUE(delegate->window()->isVisible());
+    delegate->window()->close();
+    host->become(TrayHost::Status::Present);
+    host->become(TrayHost::Status::Absent);
+    EXPECT_FALSE(delegate->window()->isVisible());
+}
+
+TEST_F(AppDelegateTest, OpensNoWindowByItselfWhereThereIsAHost) {
+    create();
+    host->become(TrayHost::Status::Present);
+    launch();
+    EXPECT_EQ(delegate->window(), nullptr);
+}
+
+TEST_F(AppDelegateTest, ShowsTheStripWhileItIsBusyAndOpensTheNowPaneByAClickOnIt) {
+    create();
+    launch();
+    become(u"waiting"_s);
+    EXPECT_FALSE(delegate->strip().isVisible());
+    become(u"listening"_s);
+    ASSERT_TRUE(delegate->strip().isVisible());
+    EXPECT_EQ(delegate->window(), nullptr);
+    delegate->navigation().setPane(Pane::Voice);
+    QTest::mouseClick(delegate->strip().window(), Qt::LeftButton, {}, {200, 20});
+    ASSERT_TRUE(delegate->window());
+    EXPECT_EQ(delegate->navigation().pane(), Pane::Now);
+    become(u"waiting"_s);
+    EXPECT_TRUE(delegate->strip().isVisible());
+    scheduler->advance(5s);
+    EXPECT_FALSE(delegate->strip().isVisible());
+}
+
+TEST_F(AppDelegateTest, HoldsTheStopKeyOnlyWhileThereIsSomethingToStop) {
+    constexpr quint32 listenKey = 1;
+    constexpr quint32 stopKey = 2;
+    create();
+    launch();
+    EXPECT_TRUE(grabber->held.contains(listenKey));
+    EXPECT_FALSE(grabber->held.contains(stopKey));
+    for (const auto &[state, isStopHeld] : {std::pair{u"listening"_s, false}, std::pair{u"thinking"_s, true},
+                                            std::pair{u"speaking"_s, true}, std::pair{u"waiting"_s, false}}) {
+        become(state);
+        EXPECT_TRUE(grabber->held.contains(listenKey)) << state.toStdString();
+        EXPECT_EQ(grabber->held.contains(stopKey), isStopHeld) << state.toStdString();
+    }
+}
+
+TEST_F(AppDelegateTest, OpensItsLogFromTheBrainPane) {
+    create();
+    delegate->openWindow(Pane::Brain);
+    auto *app = delegate->window()->rootObject()->property("app").value<AppView *>();
+    ASSERT_TRUE(app);
+    app->openLog();
+    EXPECT_EQ(opened, QStringList{LogFile::pathBelow(folder.path())});
+}
+
+TEST_F(AppDelegateTest, OpensNothingAnyMoreOnceItQuits) {
+    create();
+    launch();
+    delegate->applicationShouldTerminate();
+    delegate->openWindow();
+    EXPECT_EQ(delegate->window(), nullptr);
+    EXPECT_TRUE(eventually([this] { return terminations > 0; }));
 }

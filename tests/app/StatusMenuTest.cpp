@@ -71,8 +71,8 @@ TEST_F(StatusMenuTest, EnablesWhatCanBeDone) {
         if (!action->isSeparator())
             enabled.append(action->isEnabled());
     }
-    // The state line is for reading, and there is no window to open yet.
-    EXPECT_EQ(enabled, (QList{false, true, true, true, false, true}));
+    // The state line is for reading.
+    EXPECT_EQ(enabled, (QList{false, true, true, true, true, true}));
 }
 
 TEST_F(StatusMenuTest, HasKeysForOpenAndQuitAlone) {

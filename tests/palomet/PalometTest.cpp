@@ -2,6 +2,8 @@
 #include "tests/palomet/Desktop.h"
 #include "tests/support/Processes.h"
 
+#include <QImage>
+
 #include <gtest/gtest.h>
 #include <signal.h>
 
@@ -49,6 +51,21 @@ protected:
     void sendSignal(int number) const { kill(static_cast<pid_t>(program.processId()), number); }
 
     QByteArray log() const { return test::contentOf(LogFile::pathBelow(desktop.home.path())); }
+
+    /// The windows of the program that can be seen.
+    [[nodiscard]] qsizetype windows() const {
+        const auto found =
+            desktop.display.run(u"xdotool"_s, {u"search"_s, u"--onlyvisible"_s, u"--class"_s, u"palomet"_s});
+        return found.count('\n');
+    }
+    /// Another start of the program; its exit code.
+    int startAgain(const QStringList &arguments = {}) const {
+        QProcess again;
+        again.setProcessEnvironment(environment);
+        again.start(QStringLiteral(PALOMET_EXECUTABLE), arguments);
+        EXPECT_TRUE(eventually([&] { return again.state() == QProcess::NotRunning; }));
+        return again.exitStatus() == QProcess::NormalExit ? again.exitCode() : -1;
+    }
 
     QByteArrayList farewell() const {
         QByteArrayList found;
@@ -206,4 +223,80 @@ TEST_F(PalometTest, RefusesAnArgumentThatItDoesNotKnow) {
     EXPECT_EQ(program.exitCode(), 2);
     EXPECT_EQ(program.readAllStandardError(), "palomet: unknown argument: --lisen\n");
     EXPECT_EQ(program.readAllStandardOutput(), "");
+}
+
+TEST_F(PalometTest, OpensItsWindowWhenItIsStartedAgain) {
+    desktop.tray.appear();
+    start();
+    const auto backend = awaitBackend();
+    EXPECT_EQ(windows(), 0);
+    EXPECT_EQ(startAgain(), 0);
+    EXPECT_TRUE(eventually([this] { return windows() == 1; }));
+    EXPECT_EQ(startAgain({u"--open"_s, u"voice"_s}), 0);
+    EXPECT_EQ(startAgain({u"--open"_s, u"cellar"_s}), 2);
+    EXPECT_EQ(windows(), 1);
+    sendSignal(SIGTERM);
+    expectOrderlyEnd(backend);
+}
+
+TEST_F(PalometTest, OpensItsWindowByItselfWithoutATray) {
+    start();
+    const auto backend = awaitBackend();
+    EXPECT_TRUE(eventually([this] { return windows() == 1; }));
+    EXPECT_EQ(log().count("\nbandeja: "), 1);
+    sendSignal(SIGTERM);
+    expectOrderlyEnd(backend);
+}
+
+TEST_F(PalometTest, StartsAsEverWhenOnlyACaptureIsAskedFor) {
+    desktop.tray.appear();
+    start({u"--capture"_s, desktop.home.filePath(u"x.png"_s)});
+    const auto backend = awaitBackend();
+    sendSignal(SIGTERM);
+    expectOrderlyEnd(backend);
+    EXPECT_FALSE(QFile::exists(desktop.home.filePath(u"x.png"_s)));
+}
+
+TEST_F(PalometTest, PicturesAPaneWithoutDisplayBusSoundOrBackend) {
+    environment.remove(u"DISPLAY"_s);
+    environment.insert(u"DBUS_SESSION_BUS_ADDRESS"_s, u"unix:path=/nowhere"_s);
+    const auto path = desktop.home.filePath(u"voice.png"_s);
+    start({u"--preview"_s, u"voice"_s, u"--capture"_s, path});
+    ASSERT_TRUE(awaitEnd());
+    EXPECT_EQ(program.exitCode(), 0);
+    EXPECT_EQ(QImage(path).size(), QSize(1120, 760));
+    // Nothing else was written or started.
+    EXPECT_EQ(log(), "");
+    EXPECT_FALSE(QFile::exists(desktop.home.filePath(u".config/palomet"_s)));
+}
+
+TEST_F(PalometTest, PicturesInTheScaleThatItIsTold) {
+    environment.insert(u"QT_SCALE_FACTOR"_s, u"1.5"_s);
+    const auto path = desktop.home.filePath(u"now.png"_s);
+    start({u"--preview"_s, u"--capture"_s, path});
+    ASSERT_TRUE(awaitEnd());
+    EXPECT_EQ(QImage(path).size(), QSize(1680, 1140));
+}
+
+TEST_F(PalometTest, SaysWhyThereIsNoPicture) {
+    const auto path = desktop.home.filePath(u"missing/now.png"_s);
+    start({u"--preview"_s, u"--capture"_s, path});
+    ASSERT_TRUE(awaitEnd());
+    EXPECT_EQ(program.exitCode(), 1);
+    EXPECT_TRUE(program.readAllStandardError().contains("palomet: " + path.toUtf8()));
+}
+
+TEST_F(PalometTest, PreviewsBesideARunningInstanceAndEndsAtOnceWhenItIsAsked) {
+    desktop.tray.appear();
+    start();
+    const auto backend = awaitBackend();
+    QProcess beside;
+    beside.setProcessEnvironment(environment);
+    beside.start(QStringLiteral(PALOMET_EXECUTABLE), {u"--preview"_s, u"brain"_s});
+    EXPECT_TRUE(eventually([this] { return windows() == 1; }));
+    beside.terminate();
+    EXPECT_TRUE(eventually([&] { return beside.state() == QProcess::NotRunning; }));
+    EXPECT_FALSE(log().contains("saindo"));
+    sendSignal(SIGTERM);
+    expectOrderlyEnd(backend);
 }

@@ -42,7 +42,10 @@ MacWindow::MacWindow(QQmlEngine &engine, AppView &app, Scheduler &scheduler, QSe
     connect(this, &QWindow::visibilityChanged, this, &MacWindow::updateShown);
     // The screen is up to date before it is made.
     m_app.setShown(true);
-    setInitialProperties({{QStringLiteral("app"), QVariant::fromValue(&m_app)}});
+    // It is laid out once, in the size in which it is shown.
+    setInitialProperties({{QStringLiteral("app"), QVariant::fromValue(&m_app)},
+                          {QStringLiteral("width"), width()},
+                          {QStringLiteral("height"), height()}});
     setSource(QUrl(QStringLiteral("qrc:/qt/qml/Palomet/Ui/MainView.qml")));
     updateShown();
 }

@@ -1,6 +1,6 @@
-#include "tests/ui/support/UiTest.h"
-
 #include "ui/strip/StripController.h"
+
+#include "tests/ui/support/UiTest.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
-#include "tests/ui/support/UiTest.h"
-
 #include "ui/strip/StripLine.h"
+
+#include "tests/ui/support/UiTest.h"
 
 #include <gtest/gtest.h>
 
@@ -8,7 +8,9 @@ using namespace palomet;
 
 namespace {
 
-QString line(LoopState state, const Snapshot &snapshot) { return stripLine(state, &snapshot, u"Hello."_qs); }
+QString line(LoopState state, const Snapshot &snapshot) {
+    return stripLine(state, &snapshot, u"Hello."_qs);
+}
 
 } // namespace
 
@@ -22,7 +24,9 @@ TEST(StripLine, SaysThatNoNameIsNeededWhileListening) {
     EXPECT_EQ(line(LoopState::Listening, {}), u"Go ahead, no name needed");
 }
 
-TEST(StripLine, IsAnEllipsisWhileHearing) { EXPECT_EQ(line(LoopState::Hearing, {}), u"…"); }
+TEST(StripLine, IsAnEllipsisWhileHearing) {
+    EXPECT_EQ(line(LoopState::Hearing, {}), u"…");
+}
 
 TEST(StripLine, CountsThePartsOfADraftAndNamesThePhraseThatCarriesItOut) {
     Snapshot snapshot;
@@ -44,29 +48,28 @@ TEST(StripLine, NamesTheDefaultPhraseWhereThereIsNone) {
 
 TEST(StripLine, ShowsTheToolAtWorkWhileThinking) {
     Snapshot snapshot;
-    snapshot.conversation.rows = {{.role = u"user"_qs, .text = u"How is it?"_qs},
-                                  {.role = u"tool"_qs, .text = u"Bash: ls"_qs}};
+    snapshot.conversation.rows = {test::row("user", u"How is it?"_qs), test::row("tool", u"Bash: ls"_qs)};
     EXPECT_EQ(line(LoopState::Thinking, snapshot), u"Bash: ls");
 }
 
 TEST(StripLine, ShowsTheLastQuestionWhileThinkingWithoutATool) {
     Snapshot snapshot;
-    snapshot.conversation.rows = {{.role = u"user"_qs, .text = u"First"_qs},
-                                  {.role = u"user"_qs, .text = u"Second"_qs},
-                                  {.role = u"tool"_qs, .text = u"Bash: ls"_qs},
-                                  {.role = u"agent"_qs, .text = u"Done."_qs}};
+    snapshot.conversation.rows = {test::row("user", u"First"_qs), test::row("user", u"Second"_qs),
+                                  test::row("tool", u"Bash: ls"_qs), test::row("agent", u"Done."_qs)};
     EXPECT_EQ(line(LoopState::Thinking, snapshot), u"Second");
 }
 
 TEST(StripLine, IsEmptyWhileThinkingAboutNothingThatWasAsked) {
     Snapshot snapshot;
     EXPECT_EQ(line(LoopState::Thinking, snapshot), QString());
-    snapshot.conversation.rows = {{.role = u"agent"_qs, .text = u"Hello."_qs}};
+    snapshot.conversation.rows = {test::row("agent", u"Hello."_qs)};
     EXPECT_EQ(line(LoopState::Thinking, snapshot), QString());
     EXPECT_EQ(stripLine(LoopState::Thinking, nullptr, {}), QString());
 }
 
-TEST(StripLine, IsWhatIsBeingSaidWhileSpeaking) { EXPECT_EQ(line(LoopState::Speaking, {}), u"Hello."); }
+TEST(StripLine, IsWhatIsBeingSaidWhileSpeaking) {
+    EXPECT_EQ(line(LoopState::Speaking, {}), u"Hello.");
+}
 
 TEST(StripLine, TellsWhyItIsMuted) {
     Snapshot snapshot;

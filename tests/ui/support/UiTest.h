@@ -20,6 +20,14 @@ public:
     void request(std::function<void()> answered) override { answered(); }
 };
 
+/// A row of a conversation, of no time.
+[[nodiscard]] inline Snapshot::Row row(const char *role, const QString &text) {
+    Snapshot::Row row;
+    row.role = QString::fromUtf8(role);
+    row.text = text;
+    return row;
+}
+
 /// A model that shows what the test gives it, a backend that notes what it is told, and a clock that the test moves.
 class UiTest : public ::testing::Test {
 protected:
@@ -35,9 +43,7 @@ protected:
     /// The state document that has everything.
     [[nodiscard]] static Snapshot full() { return *decodeSnapshot(fixture("state/full.json")); }
 
-    void setSnapshot(Snapshot snapshot) {
-        m_model.setSnapshot(std::make_shared<const Snapshot>(std::move(snapshot)));
-    }
+    void setSnapshot(Snapshot snapshot) { m_model.setSnapshot(std::make_shared<const Snapshot>(std::move(snapshot))); }
 
     template <typename Change>
     void setFull(Change change) {

@@ -1,0 +1,167 @@
+#include "tests/ui/desktop/DesktopTest.h"
+#include "ui/strip/StripController.h"
+#include "ui/strip/StripWindow.h"
+
+#include <QAccessible>
+
+#include <algorithm>
+
+using namespace palomet;
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+using test::eventually;
+
+namespace {
+
+const QColor dark(0x11, 0x18, 0x1C);
+
+class StripOnDesktopTest : public test::DesktopTest {
+protected:
+    [[nodiscard]] QWindow &window() { return *m_panel.window(); }
+    void awaitAt(QPoint origin) {
+        EXPECT_TRUE(eventually([&] { return rectangle(window()) == QRect(origin, QSize(440, 40)); }))
+            << rectangle(window()).x() << ',' << rectangle(window()).y();
+    }
+
+    int m_opened = 0;
+    StripView m_view{model(), [this] { ++m_opened; }};
+    StripWindow m_panel{m_ui, m_view, &m_workArea, StripWindow::Pointer::Known};
+    StripController m_strip{model(), m_panel, scheduler()};
+};
+
+std::vector<QAccessible::Event> accessibleEvents;
+
+/// Two screens beside one another, the second lower than the first.
+class StripOnTwoScreensTest : public StripOnDesktopTest {
+protected:
+    StripOnTwoScreensTest() {
+        run("xrandr --setmonitor first 1280/300x1024/240+0+0 screen");
+        run("xrandr --setmonitor second 1280/300x800/200+1280+0 none");
+        EXPECT_TRUE(eventually([] { return hasScreens({{0, 0, 1280, 1024}, {1280, 0, 1280, 800}}); }));
+    }
+    ~StripOnTwoScreensTest() override {
+        run("xrandr --delmonitor second");
+        run("xrandr --delmonitor first");
+        EXPECT_TRUE(eventually([] { return hasScreens({{0, 0, 2560, 1024}}); }));
+    }
+};
+
+} // namespace
+
+TEST_F(StripOnDesktopTest, StandsCentredAboveTheEndOfTheScreen) {
+    setState("thinking");
+    awaitAt({1280 - 220, 1024 - 48 - 40});
+}
+
+TEST_F(StripOnDesktopTest, KeepsOutOfTheReachOfTheWindowManager) {
+    setState("thinking");
+    EXPECT_TRUE(eventually(
+        [this] { return run("xwininfo -id %1", window().winId()).contains("Override Redirect State: yes"); }));
+    const auto id = QByteArray::number(window().winId(), 16);
+    EXPECT_FALSE(run("xprop -root _NET_CLIENT_LIST").contains("0x" + id));
+}
+
+TEST_F(StripOnDesktopTest, LeavesTheFocusWhereItIsThroughAHundredChanges) {
+    test::PlainWindow other(Qt::green);
+    other.resize(300, 200);
+    show(other);
+    const auto focused = focusedWindow();
+    const std::array states{"listening", "hearing", "thinking", "speaking", "waiting", "drafting", "muted", "offline"};
+    for (std::size_t change = 0; change < 100; ++change) {
+        setState(states.at(change % states.size()));
+        if (change % 8 == 7)
+            scheduler().advance(5s);
+        QCoreApplication::processEvents();
+        if (change % 10 == 0) {
+            EXPECT_EQ(focusedWindow(), focused) << change;
+        }
+    }
+    EXPECT_EQ(focusedWindow(), focused);
+    EXPECT_TRUE(other.isActive());
+}
+
+TEST_F(StripOnDesktopTest, StandsAboveAWindowThatFillsTheScreen) {
+    setState("thinking");
+    awaitAt({1280 - 220, 1024 - 48 - 40});
+    test::PlainWindow other(Qt::green);
+    other.showFullScreen();
+    EXPECT_TRUE(eventually([] { return colorAt({1280, 200}) == QColor(Qt::green); }));
+    EXPECT_TRUE(eventually([] { return colorAt({1280 - 218, 1024 - 48 - 38}) == dark; }));
+    // Also when it comes later than that window.
+    setState("waiting");
+    scheduler().advance(5s);
+    EXPECT_TRUE(eventually([] { return colorAt({1280 - 218, 1024 - 48 - 38}) == QColor(Qt::green); }));
+    setState("thinking");
+    EXPECT_TRUE(eventually([] { return colorAt({1280 - 218, 1024 - 48 - 38}) == dark; }));
+}
+
+TEST_F(StripOnDesktopTest, StandsAboveWhatADockReserves) {
+    test::PlainWindow dock(Qt::blue);
+    dock.setFlag(Qt::FramelessWindowHint);
+    dock.setGeometry(0, 964, 2560, 60);
+    dock.create();
+    const auto id = dock.winId();
+    run("xprop -id %1 -f _NET_WM_WINDOW_TYPE 32a -set _NET_WM_WINDOW_TYPE _NET_WM_WINDOW_TYPE_DOCK", id);
+    run("xprop -id %1 -f _NET_WM_STRUT_PARTIAL 32c -set _NET_WM_STRUT_PARTIAL 0,0,0,60,0,0,0,0,0,0,0,2559", id);
+    dock.show();
+    EXPECT_TRUE(
+        eventually([&] { return run("xprop -root _NET_CLIENT_LIST").contains("0x" + QByteArray::number(id, 16)); }));
+    setState("thinking");
+    awaitAt({1280 - 220, 1024 - 60 - 48 - 40});
+}
+
+TEST_F(StripOnDesktopTest, OpensTheWindowByAClickWithoutTakingTheFocus) {
+    test::PlainWindow other(Qt::green);
+    other.resize(300, 200);
+    show(other);
+    setState("thinking");
+    awaitAt({1280 - 220, 1024 - 48 - 40});
+    run("xdotool mousemove %1 %2 click 1", 1280 - 200, 1024 - 48 - 20);
+    EXPECT_TRUE(eventually([this] { return m_opened == 1; }));
+    EXPECT_EQ(focusedWindow(), other.winId());
+}
+
+TEST_F(StripOnTwoScreensTest, StandsOnTheScreenUnderThePointer) {
+    run("xdotool mousemove 2000 300");
+    setState("thinking");
+    awaitAt({1280 + 640 - 220, 800 - 48 - 40});
+}
+
+TEST_F(StripOnTwoScreensTest, StaysWhereItIsWhileItCanBeSeen) {
+    setState("thinking");
+    awaitAt({640 - 220, 1024 - 48 - 40});
+    run("xdotool mousemove 2000 300");
+    setState("speaking");
+    setState("waiting");
+    scheduler().advance(4s);
+    setState("listening");
+    awaitAt({640 - 220, 1024 - 48 - 40});
+    setState("waiting");
+    scheduler().advance(5s);
+    setState("listening");
+    awaitAt({1280 + 640 - 220, 800 - 48 - 40});
+}
+
+TEST_F(StripOnTwoScreensTest, StandsOnTheMainScreenWhereThePointerIsNotKnown) {
+    StripWindow blind(m_ui, m_view, &m_workArea, StripWindow::Pointer::Unknown);
+    run("xdotool mousemove 2000 300");
+    blind.orderFront(stripOrigin(blind.screens(), blind.pointer()));
+    EXPECT_TRUE(eventually([&] { return rectangle(*blind.window()).topLeft() == QPoint(640 - 220, 1024 - 48 - 40); }));
+}
+
+TEST_F(StripOnDesktopTest, RaisesAnAlertWhenTheStateChangesAndOnlyThen) {
+    setState("listening");
+    QAccessible::setActive(true);
+    const auto previous =
+        QAccessible::installUpdateHandler([](QAccessibleEvent *event) { accessibleEvents.push_back(event->type()); });
+    const auto alerts = [] { return std::count(accessibleEvents.begin(), accessibleEvents.end(), QAccessible::Alert); };
+    accessibleEvents.clear();
+    setState("thinking");
+    EXPECT_EQ(alerts(), 1);
+    setState("thinking", [](Snapshot &snapshot) { snapshot.device = u"Another"_s; });
+    EXPECT_EQ(alerts(), 1);
+    setState("speaking");
+    EXPECT_EQ(alerts(), 2);
+    QAccessible::installUpdateHandler(previous);
+    QAccessible::setActive(false);
+}

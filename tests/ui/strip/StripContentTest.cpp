@@ -1,0 +1,118 @@
+#include "tests/ui/support/Scene.h"
+#include "tests/ui/support/UiTest.h"
+#include "ui/UiEngine.h"
+#include "ui/strip/StripWindow.h"
+
+#include <QAccessible>
+
+using namespace palomet;
+using namespace Qt::StringLiterals;
+using test::Scene;
+
+namespace {
+
+class StripContentTest : public test::UiTest {
+protected:
+    StripContentTest() {
+        QObject::connect(&m_ui.get(), &QQmlEngine::warnings, &m_ui.get(), [](const QList<QQmlError> &errors) {
+            for (const auto &error : errors)
+                ADD_FAILURE() << error.toString().toStdString();
+        });
+        m_strip.orderFront(QPoint(10, 10));
+    }
+
+    [[nodiscard]] QQuickItem *root() { return m_strip.window()->rootObject(); }
+    /// The texts that can be seen, from left to right.
+    [[nodiscard]] QList<QQuickItem *> texts() {
+        QList<QQuickItem *> found;
+        std::function<void(QQuickItem *)> look = [&](QQuickItem *item) {
+            if (!item->isVisible())
+                return;
+            if (item->inherits("QQuickText"))
+                found.append(item);
+            for (auto *child : item->childItems())
+                look(child);
+        };
+        look(root());
+        return found;
+    }
+    [[nodiscard]] QStringList words() {
+        QStringList found;
+        for (const auto *text : texts())
+            found.append(text->property("text").toString());
+        return found;
+    }
+
+    int m_opened = 0;
+    UiEngine m_ui{QStringLiteral(PALOMET_BINARY_DIR "/resources")};
+    StripView m_view{model(), [this] { ++m_opened; }};
+    StripWindow m_strip{m_ui, m_view, nullptr, StripWindow::Pointer::Known};
+};
+
+} // namespace
+
+TEST_F(StripContentTest, ShowsTheWordTheLineAndTheKeyThatStops) {
+    setState("listening");
+    EXPECT_EQ(words(), (QStringList{u"Listening"_s, u"Go ahead, no name needed"_s}));
+    setState("thinking", [](Snapshot &snapshot) { snapshot.conversation.rows = {test::row("user", u"How is it?"_s)}; });
+    EXPECT_EQ(words(), (QStringList{u"Thinking"_s, u"How is it?"_s, u"esc"_s}));
+}
+
+TEST_F(StripContentTest, BeginsTheWordAtTheSamePlaceInEveryState) {
+    for (const auto *state : {"listening", "hearing", "drafting", "thinking", "speaking", "muted"}) {
+        setState(state);
+        EXPECT_EQ(texts().value(0)->mapToScene({}).x(), 46) << state;
+    }
+}
+
+TEST_F(StripContentTest, ElidesALongLineBeforeTheKeyAndNeverClipsIt) {
+    setState("thinking",
+             [](Snapshot &snapshot) { snapshot.conversation.rows = {test::row("user", QString(10'000, u'm'))}; });
+    const auto found = texts();
+    ASSERT_EQ(found.size(), 3);
+    EXPECT_TRUE(found[1]->property("truncated").toBool());
+    EXPECT_LE(found[1]->mapToScene({found[1]->width(), 0}).x(), found[2]->mapToScene({}).x() - 12);
+    EXPECT_EQ(found[1]->property("lineCount"), 1);
+}
+
+TEST_F(StripContentTest, PutsALineOfSeveralLinesInOne) {
+    setState("thinking",
+             [](Snapshot &snapshot) { snapshot.conversation.rows = {test::row("user", u"One\ntwo\r\nthree"_s)}; });
+    const auto *line = texts().value(1);
+    EXPECT_EQ(line->property("lineCount"), 1);
+    EXPECT_EQ(line->property("text"), u"One two three"_s);
+}
+
+TEST_F(StripContentTest, IsFortyPointsHighAndDarkAllOver) {
+    EXPECT_EQ(m_strip.window()->size(), QSize(440, 40));
+    EXPECT_EQ(root()->size(), QSizeF(440, 40));
+    EXPECT_EQ(m_strip.window()->color(), QColor(0x11, 0x18, 0x1C));
+}
+
+TEST_F(StripContentTest, OpensTheWindowByAClickAnywhere) {
+    setState("thinking");
+    for (const auto place : {QPoint(2, 2), QPoint(60, 20), QPoint(437, 37)})
+        QTest::mouseClick(m_strip.window(), Qt::LeftButton, {}, place);
+    EXPECT_EQ(m_opened, 3);
+}
+
+TEST_F(StripContentTest, IsAnAlertForAScreenReader) {
+    setState("listening");
+    auto *interface = QAccessible::queryAccessibleInterface(root());
+    ASSERT_TRUE(interface);
+    EXPECT_EQ(interface->role(), QAccessible::AlertMessage);
+    EXPECT_EQ(interface->text(QAccessible::Name), u"Listening: Go ahead, no name needed");
+}
+
+TEST_F(StripContentTest, MovesNothingWhileItIsHidden) {
+    setState("thinking");
+    m_strip.orderOut();
+    EXPECT_FALSE(m_strip.isVisible());
+    const auto *steps = Scene::all(root(), "Steps").value(0);
+    ASSERT_TRUE(steps);
+    for (const auto *timer : steps->findChildren<QObject *>()) {
+        if (timer->inherits("QQmlTimer")) {
+            EXPECT_FALSE(timer->property("running").toBool());
+        }
+    }
+}

@@ -103,6 +103,7 @@ int run(int argumentCount, char **arguments) {
     QCoreApplication::setApplicationName(u"palomet"_s);
     QGuiApplication::setApplicationDisplayName(u"Palomet"_s);
     QGuiApplication::setDesktopFileName(applicationId);
+    UiEngine::chooseRenderer();
     Application application(argumentCount, arguments);
     // What is started from here decides for itself.
     if (isPlatformOurs)
@@ -133,6 +134,7 @@ int preview(const QStringList &arguments, int argumentCount, char **rawArguments
     preferXWayland();
     QGuiApplication::setApplicationDisplayName(u"Palomet"_s);
     QGuiApplication::setDesktopFileName(applicationId);
+    UiEngine::chooseRenderer();
     Application application(argumentCount, rawArguments);
     const auto resources = resourceFolder(QCoreApplication::applicationDirPath()).value_or(QString());
     Localization::load(resources, Localization::preferredLanguages());

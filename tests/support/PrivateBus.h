@@ -2,10 +2,12 @@
 
 #include <QDBusConnection>
 #include <QProcess>
+#include <QTemporaryDir>
 
 namespace palomet::test {
 
-/// A session bus of the test's own; it ends with this object.
+/// A session bus of the test's own; it ends with this object. Only who connects to it is there: no service is started
+/// by being called.
 class PrivateBus {
 public:
     PrivateBus();
@@ -18,6 +20,7 @@ public:
     [[nodiscard]] QDBusConnection connect();
 
 private:
+    QTemporaryDir m_folder;
     QProcess m_daemon;
     QString m_address;
     QStringList m_connections;

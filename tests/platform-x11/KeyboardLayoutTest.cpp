@@ -1,7 +1,7 @@
 #include "platform/x11/X11Connection.h"
 #include "platform/x11/X11KeyboardLayout.h"
-#include "tests/platform-x11/activateGroup.h"
 #include "tests/support/Eventually.h"
+#include "tests/support/FakeKeyboard.h"
 #include "tests/support/PrivateDisplay.h"
 
 #include <gtest/gtest.h>
@@ -77,6 +77,6 @@ TEST(KeyboardLayout, OfTheXServerFollowsItsChanges) {
     // Two layouts; then the second one becomes the active one.
     display.run(QStringLiteral("setxkbmap"), {QStringLiteral("us,ru")});
     EXPECT_TRUE(test::eventually([&] { return layout.character(keyA) == some("a"); }));
-    test::activateGroup(*connection, 1);
+    test::FakeKeyboard(display.name()).activateGroup(1);
     EXPECT_TRUE(test::eventually([&] { return layout.character(keyA) == some("ф"); }));
 }

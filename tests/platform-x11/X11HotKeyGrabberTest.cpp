@@ -1,8 +1,8 @@
 #include "platform/x11/X11HotKeyGrabber.h"
 
 #include "platform/x11/X11Connection.h"
-#include "tests/platform-x11/activateGroup.h"
 #include "tests/support/Eventually.h"
+#include "tests/support/FakeKeyboard.h"
 #include "tests/support/PrivateDisplay.h"
 
 #include <gtest/gtest.h>
@@ -66,13 +66,15 @@ TEST_F(X11HotKeyGrabberTest, HearsTheKeyWhateverLockKeysAreOn) {
 
 TEST_F(X11HotKeyGrabberTest, HearsTheKeyWithAnotherLayoutActive) {
     display.run(QStringLiteral("setxkbmap"), {QStringLiteral("us,ru")});
-    test::activateGroup(*connection, 1);
-    ASSERT_TRUE(grabber->grab(1, space, option));
-    // Again and again: a press may fall into the moment in which the keys are taken anew.
-    EXPECT_TRUE(test::eventually([&] {
-        display.key(QStringLiteral("alt+space"));
-        return !pressed.empty();
-    }));
+    test::FakeKeyboard keyboard(display.name());
+    keyboard.activateGroup(1);
+    X11HotKeyGrabber fresh(*connection);
+    std::vector<quint32> heard;
+    fresh.onPressed = [&](quint32 id) { heard.push_back(id); };
+    ASSERT_TRUE(fresh.grab(1, space, option));
+    keyboard.strike({test::FakeKeyboard::alt, test::FakeKeyboard::space});
+    EXPECT_TRUE(test::eventually([&] { return heard == std::vector<quint32>({1}); }));
+    EXPECT_EQ(keyboard.activeGroup(), 1);
 }
 
 TEST_F(X11HotKeyGrabberTest, IgnoresAutoRepeat) {

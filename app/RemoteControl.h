@@ -25,6 +25,7 @@ struct RemoteStatus {
     QString device; ///< The microphone in use; empty while nothing is known of it.
     bool isMuted = false;
     bool isMicrophoneOn = false;
+    QString hotKeyProblem{}; ///< Why the listen key does nothing, in the user's words; empty while all is well.
 
     bool operator==(const RemoteStatus &) const = default;
 };

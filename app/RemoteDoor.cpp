@@ -32,6 +32,7 @@ RemoteDoor::RemoteDoor(RemoteService &service, PalometModel &model)
     m_service.onActivate = [this] { onOpen(std::nullopt); };
     connect(&m_model, &PalometModel::snapshotChanged, this, &RemoteDoor::publish);
     connect(&m_model, &PalometModel::isMicAuthorizedChanged, this, &RemoteDoor::publish);
+    connect(&m_model, &PalometModel::hotKeyProblemChanged, this, &RemoteDoor::publish);
     publish();
 }
 
@@ -66,7 +67,7 @@ bool RemoteDoor::perform(const RemoteCommand &command) {
 void RemoteDoor::publish() {
     const auto &snapshot = m_model.snapshot();
     m_service.publish({rawValue(m_model.state()), snapshot ? snapshot->device : QString(),
-                       snapshot && snapshot->isMuted, m_model.isMicOn()});
+                       snapshot && snapshot->isMuted, m_model.isMicOn(), m_model.hotKeyProblem().value_or(QString())});
 }
 
 } // namespace palomet

@@ -12,14 +12,16 @@ inline QString toJson(const RemoteStatus &status) {
     return QString::fromUtf8(QJsonDocument(QJsonObject{{QStringLiteral("state"), status.state},
                                                        {QStringLiteral("device"), status.device},
                                                        {QStringLiteral("isMuted"), status.isMuted},
-                                                       {QStringLiteral("isMicrophoneOn"), status.isMicrophoneOn}})
+                                                       {QStringLiteral("isMicrophoneOn"), status.isMicrophoneOn},
+                                                       {QStringLiteral("hotKeyProblem"), status.hotKeyProblem}})
                                  .toJson(QJsonDocument::Compact));
 }
 
 inline RemoteStatus statusFromJson(const QString &json) {
     const auto object = QJsonDocument::fromJson(json.toUtf8()).object();
     return {object[QStringLiteral("state")].toString(), object[QStringLiteral("device")].toString(),
-            object[QStringLiteral("isMuted")].toBool(), object[QStringLiteral("isMicrophoneOn")].toBool()};
+            object[QStringLiteral("isMuted")].toBool(), object[QStringLiteral("isMicrophoneOn")].toBool(),
+            object[QStringLiteral("hotKeyProblem")].toString()};
 }
 
 } // namespace palomet

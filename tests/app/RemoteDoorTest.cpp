@@ -85,3 +85,10 @@ TEST_F(RemoteDoorTest, TellsTheStateAsItIs) {
     model.setMicAuthorized(false);
     EXPECT_FALSE(service.published.isMicrophoneOn);
 }
+
+TEST_F(RemoteDoorTest, TellsWhyTheListenKeyDoesNothing) {
+    model.setHotKeyProblem(QStringLiteral("taken"));
+    EXPECT_EQ(service.published.hotKeyProblem, QStringLiteral("taken"));
+    model.setHotKeyProblem(std::nullopt);
+    EXPECT_EQ(service.published.hotKeyProblem, QString());
+}

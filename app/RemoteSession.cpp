@@ -18,10 +18,9 @@ int fail(const QString &reason, int exitCode) {
     return exitCode;
 }
 
-/// At once, also into a pipe: whoever follows reads line by line.
-void print(const QString &line) {
-    std::puts(line.toUtf8().constData());
-    std::fflush(stdout);
+/// At once, also into a pipe: whoever follows reads line by line. Whether it could be written.
+[[nodiscard]] bool print(const QString &line) {
+    return std::puts(line.toUtf8().constData()) >= 0 && std::fflush(stdout) == 0;
 }
 
 /// Standard input, one byte further than a text may be long.
@@ -66,8 +65,10 @@ int follow(const CommandLine &line, RemoteClient &client) {
     QString last;
     const auto changed = [&](const RemoteStatus &status) {
         const auto now = shown(line, status);
-        if (now != last)
-            print(now);
+        // Whoever read has gone: later, for there may be no event loop to leave yet.
+        if (now != last && !print(now))
+            QMetaObject::invokeMethod(
+                QCoreApplication::instance(), [] { QCoreApplication::exit(0); }, Qt::QueuedConnection);
         last = now;
     };
     if (const auto problem = client.follow(changed, [] { QCoreApplication::exit(0); }))
@@ -85,7 +86,8 @@ int runRemoteCommand(const CommandLine &line, RemoteClient &client) {
     const auto status = client.status();
     if (!status)
         return fail(status.reason(), 1);
-    print(shown(line, *status));
+    if (!print(shown(line, *status)))
+        return fail(QStringLiteral("the status cannot be written"), 1);
     return 0;
 }
 

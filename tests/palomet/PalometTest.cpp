@@ -1,11 +1,6 @@
-#include "app/LogFile.h"
-#include "tests/palomet/Desktop.h"
-#include "tests/support/Processes.h"
+#include "tests/palomet/ProgramTest.h"
 
 #include <QImage>
-
-#include <gtest/gtest.h>
-#include <signal.h>
 
 using namespace palomet;
 using namespace Qt::StringLiterals;
@@ -14,44 +9,8 @@ using test::hasEnded;
 
 namespace {
 
-/// The program itself, on a desktop of its own, with a backend that does as it is told.
-class PalometTest : public ::testing::Test {
+class PalometTest : public test::ProgramTest {
 protected:
-    PalometTest() {
-        const QDir resources(desktop.home.filePath(u"resources"_s));
-        resources.mkpath(u"engine"_s);
-        EXPECT_TRUE(QFile::link(QStringLiteral(PALOMET_FAKE_BACKEND), resources.filePath(u"bun"_s)));
-        for (const auto &part : {u"Icons"_s, u"en.lproj"_s, u"pt-BR.lproj"_s})
-            EXPECT_TRUE(QFile::link(QStringLiteral(PALOMET_SOURCE_DIR "/resources/") + part, resources.filePath(part)));
-        environment = desktop.environment();
-        environment.insert(u"PALOMET_RESOURCES"_s, resources.path());
-    }
-    ~PalometTest() override {
-        program.kill();
-        program.waitForFinished();
-    }
-
-    void start(const QStringList &arguments = {}) {
-        program.setProcessEnvironment(environment);
-        program.start(QStringLiteral(PALOMET_EXECUTABLE), arguments);
-        ASSERT_TRUE(program.waitForStarted());
-    }
-
-    /// The backend's process, once it runs.
-    qint64 awaitBackend() {
-        if (!eventually([this] { return log().contains("\npronto "); }))
-            ADD_FAILURE() << "no backend";
-        return test::processesNamed("pronto", log()).value(0, -1);
-    }
-
-    bool awaitEnd() {
-        return eventually([this] { return program.state() == QProcess::NotRunning; });
-    }
-
-    void sendSignal(int number) const { kill(static_cast<pid_t>(program.processId()), number); }
-
-    QByteArray log() const { return test::contentOf(LogFile::pathBelow(desktop.home.path())); }
-
     /// The windows of the program that can be seen.
     [[nodiscard]] qsizetype windows() const {
         const auto found =
@@ -66,34 +25,7 @@ protected:
         EXPECT_TRUE(eventually([&] { return again.state() == QProcess::NotRunning; }));
         return again.exitStatus() == QProcess::NormalExit ? again.exitCode() : -1;
     }
-
-    QByteArrayList farewell() const {
-        QByteArrayList found;
-        for (const auto &line : log().split('\n')) {
-            if (line.startsWith("saindo: "))
-                found.append(line);
-        }
-        return found;
-    }
-
-    /// It has ended as it should: by itself, in order, with its backend.
-    void expectOrderlyEnd(qint64 backend) {
-        ASSERT_TRUE(awaitEnd());
-        EXPECT_EQ(program.exitStatus(), QProcess::NormalExit);
-        EXPECT_EQ(program.exitCode(), 0);
-        EXPECT_TRUE(hasEnded(backend));
-        EXPECT_EQ(farewell(),
-                  (QByteArrayList{"saindo: pedido de saída recebido",
-                                  "saindo: parando o processo de voz (pid " + QByteArray::number(backend) + ")",
-                                  "saindo: pronto"}));
-    }
-
-    test::Desktop desktop;
-    QProcessEnvironment environment;
-    QProcess program;
 };
-
-class PalometWithSignal : public PalometTest, public ::testing::WithParamInterface<int> {};
 
 } // namespace
 
@@ -128,16 +60,6 @@ TEST_F(PalometTest, RunsWithoutASessionBus) {
     expectOrderlyEnd(backend);
 }
 
-TEST_P(PalometWithSignal, QuitsInOrderWhenItIsAskedBySignal) {
-    desktop.tray.appear();
-    start();
-    const auto backend = awaitBackend();
-    sendSignal(GetParam());
-    expectOrderlyEnd(backend);
-}
-
-INSTANTIATE_TEST_SUITE_P(Signals, PalometWithSignal, ::testing::Values(SIGTERM, SIGINT, SIGHUP));
-
 TEST_F(PalometTest, QuitsOnceHoweverOftenItIsAsked) {
     environment.insert(u"FAKE_BACKEND"_s, u"stubborn"_s);
     start();
@@ -146,14 +68,7 @@ TEST_F(PalometTest, QuitsOnceHoweverOftenItIsAsked) {
     ASSERT_TRUE(eventually([this] { return log().contains("saindo: parando"); }));
     for (const int number : {SIGTERM, SIGINT, SIGHUP})
         sendSignal(number);
-    ASSERT_TRUE(awaitEnd());
-    EXPECT_EQ(program.exitStatus(), QProcess::NormalExit);
-    EXPECT_EQ(program.exitCode(), 0);
-    EXPECT_TRUE(eventually([&] { return hasEnded(backend); }));
-    EXPECT_EQ(farewell(),
-              (QByteArrayList{"saindo: pedido de saída recebido",
-                              "saindo: parando o processo de voz (pid " + QByteArray::number(backend) + ")",
-                              "saindo: o processo de voz não parou em 2.0 s; encerrando à força", "saindo: pronto"}));
+    expectOrderlyEnd(backend, End::Forced);
 }
 
 TEST_F(PalometTest, TakesItsBackendWithItWhenItIsKilled) {

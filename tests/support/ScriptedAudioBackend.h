@@ -8,18 +8,21 @@
 #include <QWebSocket>
 #include <QWebSocketServer>
 
+#include <chrono>
 #include <memory>
 #include <vector>
 
 namespace palomet::test {
 
-/// The backend's end of the audio link, on a port of its own: writes down what comes and sends what the test says.
+/// The backend's end of the audio link, on a port of its own or on connections that it is given: writes down what comes
+/// and sends what the test says.
 class ScriptedAudioBackend {
 public:
     struct Received {
         int connection = 0; ///< 1 for the first one.
         QJsonObject event;  ///< Of a text message.
         QByteArray audio;   ///< Of a binary message.
+        std::chrono::steady_clock::time_point arrived = std::chrono::steady_clock::now();
 
         [[nodiscard]] QString type() const { return event.value(QStringLiteral("type")).toString(); }
     };
@@ -65,6 +68,9 @@ public:
     [[nodiscard]] bool isConnected() const { return m_socket != nullptr; }
     void send(const QString &text) { m_socket->sendTextMessage(text); }
     void sendBinary(const QByteArray &bytes) { m_socket->sendBinaryMessage(bytes); }
+
+    /// Answers a connection that was taken elsewhere and asks to become a WebSocket.
+    void take(QTcpSocket *connection) { m_server->handleConnection(connection); }
 
     /// Drops the connection, as a backend does that crashes; goes on listening.
     void drop() {

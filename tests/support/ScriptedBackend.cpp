@@ -66,7 +66,8 @@ void Exchange::abort() {
         m_socket->abort();
 }
 
-ScriptedBackend::ScriptedBackend() {
+ScriptedBackend::ScriptedBackend(quint16 port)
+    : m_port(port) {
     QObject::connect(&m_server, &QTcpServer::newConnection, &m_server, [this] { accept(); });
     comeUp();
 }
@@ -129,6 +130,11 @@ void ScriptedBackend::accept() {
 }
 
 void ScriptedBackend::read(QTcpSocket *socket, QByteArray &received) {
+    if (m_upgrade && received.isEmpty() && headerOf(socket->peek(8192), "upgrade") == "websocket") {
+        socket->disconnect();
+        m_upgrade(socket);
+        return;
+    }
     received += socket->readAll();
     for (;;) {
         const auto end = received.indexOf(headEnd);

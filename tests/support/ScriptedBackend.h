@@ -51,7 +51,7 @@ private:
     QByteArray m_body;
 };
 
-/// A voice backend that does what the test tells it to: an HTTP server on a free port of the loopback interface, on the
+/// A voice backend that does what the test tells it to: an HTTP server on a port of the loopback interface, on the
 /// test's own event loop. A path without a script is answered with 404 and no body.
 ///
 ///     ScriptedBackend backend;
@@ -65,7 +65,8 @@ public:
     using ExchangePointer = std::shared_ptr<Exchange>;
     using Script = std::function<void(ExchangePointer)>;
 
-    ScriptedBackend();
+    /// On a port of its choice, or on this one, which must be free.
+    explicit ScriptedBackend(quint16 port = 0);
     ~ScriptedBackend();
 
     [[nodiscard]] QUrl base() const;
@@ -76,6 +77,9 @@ public:
     void hang(const QByteArray &target);
     /// Takes each connection before a byte is read from it, instead of all scripts: what does not speak HTTP.
     void onConnection(std::function<void(QTcpSocket &)> stranger) { m_stranger = std::move(stranger); }
+
+    /// Takes each connection that asks to become a WebSocket, with the request still to be read from it.
+    void onUpgrade(std::function<void(QTcpSocket *)> upgrade) { m_upgrade = std::move(upgrade); }
 
     /// Every request so far, in the order in which they were complete.
     [[nodiscard]] const std::vector<ExchangePointer> &exchanges() const { return m_exchanges; }
@@ -97,6 +101,7 @@ private:
     quint16 m_port = 0;
     std::map<QByteArray, Script> m_scripts;
     std::function<void(QTcpSocket &)> m_stranger;
+    std::function<void(QTcpSocket *)> m_upgrade;
     std::vector<ExchangePointer> m_exchanges;
     int m_connectionCount = 0;
 };

@@ -1,0 +1,53 @@
+#pragma once
+
+#include "tests/support/Eventually.h"
+#include "tests/support/Fixture.h"
+#include "tests/support/ScriptedAudioBackend.h"
+#include "tests/support/ScriptedBackend.h"
+
+namespace palomet::test {
+
+/// A whole backend at the port where the program looks for it: documents, events, commands and the audio link.
+class BackendAtItsPort {
+public:
+    static constexpr quint16 port = 4780;
+
+    BackendAtItsPort() {
+        enter(QStringLiteral("waiting"));
+        http.serve("/history", fixture("history/empty.json"));
+        http.serve("/options", fixture("options/empty.json"));
+        for (const auto *command : {"/listen", "/stop", "/mute", "/new", "/say", "/act", "/draft/clear"})
+            http.serve(command, "{}");
+        http.on("/events", [](const ScriptedBackend::ExchangePointer &exchange) { exchange->beginEvents(); });
+        http.onUpgrade([this](QTcpSocket *connection) { audio.take(connection); });
+    }
+
+    /// From now on it is in this state; nobody is told.
+    void enter(const QString &state) {
+        auto document = QJsonDocument::fromJson(fixture("state/full.json")).object();
+        document[QStringLiteral("state")] = state;
+        http.serve("/state", QJsonDocument(document).toJson());
+    }
+
+    /// Runs the event loop until the program has asked for the state and follows the events.
+    bool isFollowed() {
+        return eventually([this] { return http.count("/state") > 0 && http.count("/events") > 0; });
+    }
+
+    void tell(const QByteArray &event) { http.last("/events")->event(event, "{}"); }
+
+    /// Every request so far that is a command.
+    [[nodiscard]] std::vector<ScriptedBackend::ExchangePointer> commands() const {
+        std::vector<ScriptedBackend::ExchangePointer> found;
+        for (const auto &exchange : http.exchanges()) {
+            if (exchange->method() != "GET")
+                found.push_back(exchange);
+        }
+        return found;
+    }
+
+    ScriptedBackend http{port};
+    ScriptedAudioBackend audio;
+};
+
+} // namespace palomet::test

@@ -1,0 +1,105 @@
+#include "tests/palomet/BackendAtItsPort.h"
+#include "tests/palomet/ProgramTest.h"
+
+using namespace palomet;
+using namespace Qt::StringLiterals;
+using test::eventually;
+
+namespace {
+
+/// The program where something is not as it should be.
+class BadSurroundingsTest : public test::ProgramTest {
+protected:
+    /// It runs, shows itself, answers and ends in order.
+    void expectToLive() {
+        EXPECT_TRUE(eventually([this] { return desktop.tray.items().size() == 1; }));
+        EXPECT_EQ(command({u"--status"_s}), (Outcome{0, "offline\n", ""}));
+        EXPECT_EQ(command({u"--quit"_s}), (Outcome{0, "", ""}));
+        ASSERT_TRUE(awaitEnd());
+        EXPECT_EQ(program.exitStatus(), QProcess::NormalExit);
+        EXPECT_EQ(program.exitCode(), 0);
+    }
+
+    QString below(const QString &path) const { return desktop.home.filePath(path); }
+};
+
+struct Stranger {
+    const char *name;
+    QByteArray greeting;
+};
+
+class StrangerAtThePort : public BadSurroundingsTest, public ::testing::WithParamInterface<Stranger> {};
+
+} // namespace
+
+TEST_F(BadSurroundingsTest, ARuntimeThatIsAFolderIsNoRuntime) {
+    QFile::remove(below(u"resources/bun"_s));
+    QDir().mkdir(below(u"resources/bun"_s));
+    desktop.tray.appear();
+    start();
+    expectToLive();
+    EXPECT_EQ(log(), "");
+}
+
+TEST_F(BadSurroundingsTest, AResourceFolderThatIsAFileHasNothingInIt) {
+    setVariable("PALOMET_RESOURCES", QStringLiteral(PALOMET_EXECUTABLE));
+    desktop.tray.appear();
+    start();
+    expectToLive();
+    EXPECT_EQ(log(), "");
+}
+
+TEST_F(BadSurroundingsTest, ALogFolderThatCannotBeMadeCostsTheBackendOnly) {
+    QFile obstacle(below(u"Library"_s));
+    ASSERT_TRUE(obstacle.open(QFile::WriteOnly));
+    desktop.tray.appear();
+    start();
+    expectToLive();
+}
+
+TEST_F(BadSurroundingsTest, AFullDiskCostsTheLogOnly) {
+    QDir().mkpath(QFileInfo(LogFile::pathBelow(desktop.home.path())).path());
+    ASSERT_TRUE(QFile::link(u"/dev/full"_s, LogFile::pathBelow(desktop.home.path())));
+    desktop.tray.appear();
+    start();
+    expectToLive();
+}
+
+TEST_F(BadSurroundingsTest, ASettingsFolderThatCannotBeMadeCostsTheMemoryOfTheKeysOnly) {
+    QFile obstacle(below(u".config"_s));
+    ASSERT_TRUE(obstacle.open(QFile::WriteOnly));
+    desktop.tray.appear();
+    start();
+    expectToLive();
+}
+
+TEST_P(StrangerAtThePort, IsOfflineToTheProgramUntilTheBackendIsThere) {
+    test::BackendAtItsPort backend;
+    backend.http.onConnection([](QTcpSocket &socket) {
+        socket.write(GetParam().greeting);
+        QObject::connect(&socket, &QTcpSocket::readyRead, &socket, [&socket] {
+            socket.readAll();
+            socket.write(GetParam().greeting);
+        });
+    });
+    start();
+    awaitBackend();
+    ASSERT_TRUE(eventually([&] { return backend.http.connectionCount() >= 4; })) << "events, state, audio, again";
+    EXPECT_EQ(command({u"--status"_s}), (Outcome{0, "offline\n", ""}));
+    EXPECT_EQ(command({u"--listen"_s}), (Outcome{0, "", ""}));
+    EXPECT_EQ(command({u"--status"_s}), (Outcome{0, "offline\n", ""}));
+    EXPECT_EQ(backend.audio.connections, 0);
+
+    backend.http.goDown();
+    backend.http.onConnection(nullptr);
+    backend.http.comeUp();
+    EXPECT_TRUE(eventually([&] { return command({u"--status"_s}).output.startsWith("waiting"); }));
+    EXPECT_TRUE(eventually([&] { return !backend.audio.events(u"hello"_s).empty(); }));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Strangers, StrangerAtThePort,
+    ::testing::Values(Stranger{"ThatGreetsFirst", "SSH-2.0-Stranger_1.0\r\n"}, Stranger{"ThatSaysNothing", ""},
+                      Stranger{"WithZeros", QByteArray(100'000, '\0')},
+                      Stranger{"WithAnotherPage", "HTTP/1.1 200 OK\r\ncontent-length: 5\r\n\r\nhello"}),
+    [](const auto &tested) { return tested.param.name; });

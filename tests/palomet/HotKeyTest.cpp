@@ -1,0 +1,202 @@
+#include "app/KeyBindings.h"
+#include "model/PalometModel.h"
+#include "platform/x11/X11Connection.h"
+#include "platform/x11/X11HotKeyGrabber.h"
+#include "tests/palomet/BackendAtItsPort.h"
+#include "tests/palomet/ProgramTest.h"
+#include "tests/support/FakeKeyboard.h"
+#include "tests/support/FakeMicrophonePermission.h"
+#include "tests/support/ManualScheduler.h"
+
+#include <QSettings>
+
+using namespace palomet;
+using namespace Qt::StringLiterals;
+using test::eventually;
+using test::FakeKeyboard;
+
+namespace {
+
+constexpr quint32 option = 0x800;
+constexpr quint32 space = 49;
+constexpr quint8 capsLock = 0x02;
+constexpr quint8 numLock = 0x10;
+
+/// Another program on the same display, which wants keys too.
+class OtherProgram {
+public:
+    explicit OtherProgram(const test::PrivateDisplay &display)
+        : m_connection(X11Connection::open(display.name())) {}
+
+    /// Whether it was granted; it then holds the key.
+    [[nodiscard]] bool take(quint32 keyCode, quint32 modifiers) { return m_grabber.grab(1, keyCode, modifiers); }
+    /// Whether nobody holds the key.
+    [[nodiscard]] bool isFree(quint32 keyCode, quint32 modifiers) {
+        const bool isTaken = take(keyCode, modifiers);
+        m_grabber.release(1);
+        return isTaken;
+    }
+    [[nodiscard]] bool isFreeInTheEnd(quint32 keyCode, quint32 modifiers) {
+        return eventually([&] { return isFree(keyCode, modifiers); });
+    }
+
+private:
+    std::unique_ptr<X11Connection> m_connection;
+    X11HotKeyGrabber m_grabber{*m_connection};
+};
+
+/// The program under an X server with a window manager.
+class HotKeyTest : public test::ProgramTest {
+protected:
+    ~HotKeyTest() override {
+        windowManager.terminate();
+        windowManager.waitForFinished();
+    }
+
+    void startWindowManager(const char *keys = "") {
+        const auto path = desktop.home.filePath(u"window-manager.xml"_s);
+        QFile settings(path);
+        ASSERT_TRUE(settings.open(QFile::WriteOnly));
+        settings.write(QByteArray("<?xml version=\"1.0\"?><openbox_config xmlns=\"http://openbox.org/3.4/rc\">") +
+                       "<keyboard>" + keys + "</keyboard></openbox_config>");
+        settings.close();
+        windowManager.setProcessEnvironment(desktop.environment());
+        // It holds its keys before it does what is asked for at its startup.
+        const auto isUp = desktop.home.filePath(u"window-manager-is-up"_s);
+        windowManager.start(u"openbox"_s, {u"--config-file"_s, path, u"--startup"_s, u"touch "_s + isUp});
+        ASSERT_TRUE(eventually([&] { return QFile::exists(isUp); }));
+    }
+
+    void startAndFollow() {
+        start();
+        awaitBackend();
+        ASSERT_TRUE(backend.isFollowed());
+    }
+
+    /// Whether "listen" was posted so often, and not once more.
+    bool wasListening(int times) {
+        return eventually([&] { return backend.http.count("/listen") >= times; }) &&
+               backend.http.count("/listen") == times;
+    }
+
+    QString hotKeyProblem() const {
+        const auto status = command({u"--status"_s, u"--json"_s});
+        return QJsonDocument::fromJson(status.output)[u"hotKeyProblem"_s].toString();
+    }
+
+    test::BackendAtItsPort backend;
+    FakeKeyboard keyboard{desktop.display.name()};
+    QProcess windowManager;
+};
+
+class HotKeyOfAnEndingProgram : public HotKeyTest, public ::testing::WithParamInterface<int> {};
+
+} // namespace
+
+TEST_F(HotKeyTest, OptionSpacePostsListenWhateverLockKeysAreOn) {
+    startWindowManager();
+    startAndFollow();
+    int presses = 0;
+    const auto expectListening = [&](quint8 locks) {
+        EXPECT_EQ(keyboard.lockedModifiers(), locks);
+        desktop.display.key(u"alt+space"_s);
+        EXPECT_TRUE(wasListening(++presses)) << "with the lock modifiers " << int(locks);
+    };
+    expectListening(0);
+    desktop.display.key(u"Num_Lock"_s);
+    expectListening(numLock);
+    desktop.display.key(u"Caps_Lock"_s);
+    expectListening(numLock | capsLock);
+    desktop.display.key(u"Num_Lock"_s);
+    expectListening(capsLock);
+    EXPECT_EQ(backend.commands().size(), 4U);
+}
+
+TEST_F(HotKeyTest, OptionSpacePostsListenWithARussianLayoutActive) {
+    startWindowManager();
+    desktop.display.run(u"setxkbmap"_s, {u"us,ru"_s});
+    keyboard.activateGroup(1);
+    startAndFollow();
+    keyboard.strike({FakeKeyboard::alt, FakeKeyboard::space});
+    EXPECT_TRUE(wasListening(1));
+    EXPECT_EQ(keyboard.activeGroup(), 1);
+    desktop.display.key(u"Num_Lock"_s);
+    desktop.display.key(u"Caps_Lock"_s);
+    keyboard.strike({FakeKeyboard::alt, FakeKeyboard::space});
+    EXPECT_TRUE(wasListening(2));
+    EXPECT_EQ(keyboard.lockedModifiers(), numLock | capsLock);
+    EXPECT_EQ(keyboard.activeGroup(), 1);
+}
+
+TEST_F(HotKeyTest, AKeyThatAnotherProgramHoldsIsSaidToBeTaken) {
+    startWindowManager();
+    OtherProgram other(desktop.display);
+    ASSERT_TRUE(other.take(space, option));
+    startAndFollow();
+    EXPECT_EQ(hotKeyProblem(), u"The desktop did not grant ⌥Space. Try other keys."_s);
+}
+
+TEST_F(HotKeyTest, AKeyThatTheWindowManagerHoldsIsSaidToBeTaken) {
+    startWindowManager(R"(<keybind key="A-space"><action name="ShowMenu"><menu>client-menu</menu></action></keybind>)");
+    startAndFollow();
+    EXPECT_EQ(hotKeyProblem(), u"The desktop did not grant ⌥Space. Try other keys."_s);
+}
+
+TEST_F(HotKeyTest, AKeyThatIsGrantedIsNoProblem) {
+    startWindowManager();
+    startAndFollow();
+    EXPECT_EQ(hotKeyProblem(), QString());
+}
+
+TEST_P(HotKeyOfAnEndingProgram, IsFreeAgain) {
+    startWindowManager();
+    startAndFollow();
+    OtherProgram other(desktop.display);
+    EXPECT_FALSE(other.isFree(space, option));
+    sendSignal(GetParam());
+    ASSERT_TRUE(awaitEnd());
+    EXPECT_TRUE(other.isFreeInTheEnd(space, option));
+}
+
+INSTANTIATE_TEST_SUITE_P(However, HotKeyOfAnEndingProgram, ::testing::Values(SIGKILL, SIGTERM),
+                         [](const auto &tested) { return tested.param == SIGKILL ? "Killed" : "Asked"; });
+
+TEST_F(HotKeyTest, EscapeIsLeftToOthers) {
+    startWindowManager();
+    startAndFollow();
+    OtherProgram other(desktop.display);
+    EXPECT_TRUE(other.isFree(53, 0));
+}
+
+TEST(StopKey, EscapeIsTakenOnlyWhileThereIsSomethingToStop) {
+    const test::PrivateDisplay display;
+    const auto connection = X11Connection::open(display.name());
+    ASSERT_NE(connection, nullptr);
+    OtherProgram other(display);
+    FakeKeyboard keyboard(display.name());
+    test::ScriptedBackend backend;
+    backend.serve("/stop", "{}");
+    test::ManualScheduler scheduler;
+    const test::FakeMicrophonePermission permission;
+    PalometModel model(scheduler, permission, backend.base());
+    HotKeys hotKeys(std::make_unique<X11HotKeyGrabber>(*connection));
+    const QTemporaryDir folder;
+    QSettings settings(folder.filePath(u"palomet.conf"_s), QSettings::IniFormat);
+    Shortcuts shortcuts(settings);
+    NoKeyboardLayout layout;
+    KeyBindings bindings({model, hotKeys, shortcuts, layout, [](const auto &, const auto &) {}});
+    bindings.start();
+    constexpr quint32 escape = 53;
+
+    for (int round = 1; round <= 3; ++round) {
+        EXPECT_TRUE(other.isFreeInTheEnd(escape, 0));
+        bindings.setStopNeeded(true);
+        EXPECT_FALSE(other.isFree(escape, 0));
+        keyboard.strike({FakeKeyboard::escape});
+        EXPECT_TRUE(eventually([&] { return backend.count("/stop") == round; }));
+        bindings.setStopNeeded(false);
+    }
+    EXPECT_TRUE(other.isFreeInTheEnd(escape, 0));
+    EXPECT_FALSE(other.isFree(space, option)) << "the listen key stays";
+    EXPECT_EQ(backend.exchanges().size(), 3U);
+}

@@ -1,6 +1,7 @@
 #include "audio/AudioLink.h"
 #include "base/QtScheduler.h"
 #include "bench/audio-link/Peer.h"
+#include "bench/support/Figure.h"
 #include "platform/posix/EventWakeup.h"
 #include "tests/support/FakeEchoCanceller.h"
 #include "tests/support/FakeSoundServer.h"
@@ -20,31 +21,13 @@
 
 using namespace palomet;
 using namespace std::chrono_literals;
+using bench::Figure;
+using bench::print;
 
 namespace {
 
 using Clock = std::chrono::steady_clock;
 const WakeupFactory makeWakeup = &EventWakeup::make;
-
-class Figure {
-public:
-    void add(Clock::duration duration) {
-        m_milliseconds.push_back(std::chrono::duration<double, std::milli>(duration).count());
-    }
-    [[nodiscard]] double percentile(double share) {
-        std::ranges::sort(m_milliseconds);
-        return m_milliseconds.at(static_cast<std::size_t>(share * static_cast<double>(m_milliseconds.size() - 1)));
-    }
-
-private:
-    std::vector<double> m_milliseconds;
-};
-
-void print(const char *what, Figure &figure, const char *floorName, Figure &floor, const char *reach) {
-    std::printf("%-34s p50 %7.3f ms  p99 %7.3f ms   %-28s p50 %7.3f ms  p99 %7.3f ms   to reach %s\n", what,
-                figure.percentile(0.5), figure.percentile(0.99), floorName, floor.percentile(0.5),
-                floor.percentile(0.99), reach);
-}
 
 /// A buffer's bytes from a ring of the bell on one thread to a socket on another, and to the peer.
 Figure measureHop(int rounds) {

@@ -6,7 +6,9 @@
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
+#include <unistd.h>
 
+#include <cstdlib>
 #include <memory>
 
 using namespace palomet;
@@ -59,7 +61,8 @@ TEST_F(ShortcutsTest, ThatWereClearedReturnAtTheNextStart) {
 
 TEST_F(ShortcutsTest, StoredAsGarbageAreReplacedByTheDefaultAtOnce) {
     for (const auto &garbage : {QStringLiteral("garbage"), QStringLiteral("{\"keyCode\":49}"), QString(1 << 20, u'x'),
-                                QStringLiteral("{\"keyCode\":1099511627776,\"flags\":0}")}) {
+                                QStringLiteral("{\"keyCode\":1099511627776,\"flags\":0}"),
+                                QStringLiteral("{\"keyCode\":\"49\",\"flags\":0}")}) {
         store("listenShortcut", garbage);
         open();
         EXPECT_EQ(shortcuts->listen(), Shortcut::opt(49));
@@ -119,4 +122,51 @@ TEST_F(ShortcutsTest, WorkWithASettingsFileThatCannotBeWritten) {
     shortcuts->setListen(Shortcut::ctrlOpt(40));
     EXPECT_EQ(shortcuts->listen(), Shortcut::ctrlOpt(40));
     EXPECT_TRUE(QDir(path).exists());
+}
+
+TEST_F(ShortcutsTest, StoredWithFlagsBeyondTheMaskKeepThem) {
+    store("listenShortcut", QStringLiteral(R"({"keyCode":40,"flags":4294967295})"));
+    open();
+    EXPECT_EQ(shortcuts->listen()->flags, 0xFFFFFFFFU);
+    EXPECT_EQ(shortcuts->listen()->carbonModifiers(), 0x1B00U);
+}
+
+TEST_F(ShortcutsTest, OfAFileThatIsNoneAreTheDefault) {
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    QByteArray nonsense(1 << 20, '\0');
+    for (qsizetype i = 0; i < nonsense.size(); ++i)
+        nonsense[i] = static_cast<char>(i * 7919 >> 3);
+    file.write(nonsense);
+    file.close();
+    open();
+    EXPECT_EQ(shortcuts->listen(), Shortcut::opt(49));
+    shortcuts->setListen(Shortcut::ctrlOpt(40));
+    EXPECT_EQ(shortcuts->listen(), Shortcut::ctrlOpt(40));
+}
+
+TEST_F(ShortcutsTest, OfAFileThatMayOnlyBeReadAreReadAndTheFileStaysAsItIs) {
+    store("listenShortcut", QStringLiteral(R"({"keyCode":40,"flags":262144})"));
+    const auto content = [this] {
+        QFile file(path);
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    };
+    const auto before = content();
+    const auto everybody = QFile::ReadOwner | QFile::ReadGroup | QFile::ReadOther;
+    const auto enter = QFile::ExeOwner | QFile::ExeGroup | QFile::ExeOther;
+    QFile::setPermissions(path, everybody);
+    QFile::setPermissions(folder.path(), everybody | enter);
+    const auto openAsNobody = [this] {
+        constexpr uid_t nobody = 65534;
+        // Nothing is forbidden to root.
+        if (geteuid() == 0 && setresuid(nobody, nobody, nobody) != 0)
+            exit(2);
+        open();
+        const bool isRead = shortcuts->listen() == Shortcut(40, Shortcut::control);
+        shortcuts->setListen(Shortcut::ctrlOpt(41));
+        exit(isRead && shortcuts->listen() == Shortcut::ctrlOpt(41) ? 0 : 1);
+    };
+    EXPECT_EXIT(openAsNobody(), ::testing::ExitedWithCode(0), "");
+    EXPECT_EQ(content(), before);
+    QFile::setPermissions(folder.path(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
 }

@@ -1,13 +1,13 @@
 #include "audio/AudioLink.h"
 #include "base/QtScheduler.h"
 #include "bench/audio-link/Peer.h"
-#include "bench/support/Figure.h"
+#include "bench/audio-link/SpokenClip.h"
+#include "bench/support/Row.h"
 #include "platform/posix/EventWakeup.h"
 #include "tests/support/FakeEchoCanceller.h"
 #include "tests/support/FakeSoundServer.h"
 
 #include <QCoreApplication>
-#include <QFile>
 #include <QThread>
 #include <QWebSocket>
 
@@ -17,20 +17,30 @@
 #include <thread>
 
 // How long sound takes through the link, with a bare backend at its other end and the speakers and the microphone
-// driven by hand. Prints each figure beside its floor, taken in the same run: the same way without the link.
+// driven by hand. The floor of each figure is the same way without the link.
 
 using namespace palomet;
 using namespace std::chrono_literals;
-using bench::Figure;
-using bench::print;
 
 namespace {
 
 using Clock = std::chrono::steady_clock;
 const WakeupFactory makeWakeup = &EventWakeup::make;
 
+double millisecondsSince(Clock::time_point begin) {
+    return std::chrono::duration<double, std::milli>(Clock::now() - begin).count();
+}
+
+void print(const char *what, const bench::Sample &sample, const char *floorName, const bench::Sample &floor,
+           double reach) {
+    for (const auto &[name, share] : {std::pair{"p50", 0.5}, std::pair{"p99", 0.99}}) {
+        bench::print(
+            {std::string(what) + ", " + name, floorName, floor.percentile(share), sample.percentile(share), reach});
+    }
+}
+
 /// A buffer's bytes from a ring of the bell on one thread to a socket on another, and to the peer.
-Figure measureHop(int rounds) {
+bench::Sample measureHop(int rounds) {
     bench::Peer peer;
     QThread thread;
     QObject onThread;
@@ -52,7 +62,7 @@ Figure measureHop(int rounds) {
         },
         Qt::BlockingQueuedConnection);
     peer.accept(false);
-    Figure figure;
+    bench::Sample sample;
     for (int round = 0; round < rounds; ++round) {
         std::this_thread::sleep_for(2ms);
         const auto begin = Clock::now();
@@ -60,7 +70,7 @@ Figure measureHop(int rounds) {
         qsizetype received = 0;
         while (received < 688)
             received += peer.take().size();
-        figure.add(Clock::now() - begin);
+        sample.add(millisecondsSince(begin));
     }
     QMetaObject::invokeMethod(
         &onThread,
@@ -71,7 +81,7 @@ Figure measureHop(int rounds) {
         Qt::BlockingQueuedConnection);
     thread.quit();
     thread.wait();
-    return figure;
+    return sample;
 }
 
 /// The real link between a driven sound server and a bare peer. Its main thread is the program's; everything here runs
@@ -100,8 +110,8 @@ struct Driver {
         return std::ranges::all_of(samples, [](float sample) { return sample == 0; });
     }
 
-    Figure measureChunks(int rounds) {
-        Figure figure;
+    bench::Sample measureChunks(int rounds) {
+        bench::Sample sample;
         const std::vector<float> samples(960, 0.25F);
         for (int round = 0; round < rounds; ++round) {
             std::this_thread::sleep_for(2ms);
@@ -109,12 +119,12 @@ struct Driver {
             while (chunkBegan.load() == Clock::time_point{})
                 server.deliver(samples);
             peer.take();
-            figure.add(Clock::now() - chunkBegan.load());
+            sample.add(millisecondsSince(chunkBegan.load()));
         }
-        return figure;
+        return sample;
     }
 
-    void measureSpeech(const QByteArray &clip, int rounds, Figure &play, Figure &stop) {
+    void measureSpeech(const QByteArray &clip, int rounds, bench::Sample &play, bench::Sample &stop) {
         const QByteArray message = R"({"type":"play","id":1,"data":")" + clip.toBase64() + "\"}";
         for (int round = 0; round < rounds; ++round) {
             pullFor(60);
@@ -122,14 +132,14 @@ struct Driver {
             peer.sendText(message);
             while (isSilent(pull()))
                 std::this_thread::sleep_for(50us);
-            play.add(Clock::now() - begin);
+            play.add(millisecondsSince(begin));
 
             pullFor(60);
             begin = Clock::now();
             peer.sendText(R"({"type":"stop"})");
             while (pull().back() != 0)
                 std::this_thread::sleep_for(1ms);
-            stop.add(Clock::now() - begin);
+            stop.add(millisecondsSince(begin));
         }
     }
 };
@@ -141,7 +151,7 @@ void onMain(Action action) {
 }
 
 /// A text message from the peer to a bare socket on the main thread.
-Figure measureMessage(const QByteArray &text, int rounds) {
+bench::Sample measureMessage(const QByteArray &text, int rounds) {
     bench::Peer peer;
     std::unique_ptr<QWebSocket> socket;
     std::atomic<bool> hasArrived{false};
@@ -151,7 +161,7 @@ Figure measureMessage(const QByteArray &text, int rounds) {
         socket->open(peer.url());
     });
     peer.accept(true);
-    Figure figure;
+    bench::Sample sample;
     for (int round = 0; round < rounds; ++round) {
         std::this_thread::sleep_for(10ms);
         hasArrived = false;
@@ -159,21 +169,21 @@ Figure measureMessage(const QByteArray &text, int rounds) {
         peer.sendText(text);
         while (!hasArrived)
             std::this_thread::sleep_for(20us);
-        figure.add(Clock::now() - begin);
+        sample.add(millisecondsSince(begin));
     }
     onMain([&] { socket.reset(); });
-    return figure;
+    return sample;
 }
 
-Figure measureDecoding(const QByteArray &clip, int rounds) {
-    Figure figure;
+bench::Sample measureDecoding(const QByteArray &clip, int rounds) {
+    bench::Sample sample;
     for (int round = 0; round < rounds; ++round) {
         const auto begin = Clock::now();
         if (!decodeClip(clip, QStringLiteral("mp3")))
             std::exit(1);
-        figure.add(Clock::now() - begin);
+        sample.add(millisecondsSince(begin));
     }
-    return figure;
+    return sample;
 }
 
 void measureAll(const QByteArray &clip, int rounds) {
@@ -207,34 +217,29 @@ void measureAll(const QByteArray &clip, int rounds) {
     peer.take(); // hello
 
     Driver driver{server, peer, chunkBegan};
-    auto chunks = driver.measureChunks(10 * rounds);
-    Figure play;
-    Figure stop;
+    print("tap buffer full to its bytes on the socket", driver.measureChunks(10 * rounds), "one bell and a bare socket",
+          measureHop(10 * rounds), 1);
+    bench::Sample play;
+    bench::Sample stop;
     driver.measureSpeech(clip, rounds, play, stop);
+    print("play of a 5 s mp3 to the first sample written", play, "decoding alone", measureDecoding(clip, rounds), 12);
+    // The server has up to 20 ms of earlier samples queued.
+    print("stop to the first silent sample written", stop, "the message to the main thread",
+          measureMessage(R"({"type":"stop"})", rounds), 10);
     onMain([&] { link.reset(); });
-
-    auto hop = measureHop(10 * rounds);
-    auto decoding = measureDecoding(clip, rounds);
-    auto message = measureMessage(R"({"type":"stop"})", rounds);
-    print("tap buffer full to bytes on socket", chunks, "bell and bare socket", hop, "p99 1 ms");
-    print("play to the first sample written", play, "decoding alone", decoding, "12 ms");
-    print("stop to the first silent sample", stop, "message to the main thread", message,
-          "30 ms, with 20 ms that the server has queued");
 }
 
 } // namespace
 
-/// Usage: audio-link-bench CLIP.mp3 [ROUNDS]
+/// Usage: audio-link-bench [ROUNDS], each some 150 ms
 int main(int argc, char **argv) {
     QCoreApplication application(argc, argv);
-    const auto arguments = QCoreApplication::arguments();
-    QFile file(arguments.value(1));
-    if (!file.open(QIODevice::ReadOnly)) {
-        std::fprintf(stderr, "usage: audio-link-bench CLIP.mp3 [ROUNDS]\n");
-        return 2;
+    const int rounds = std::max(1, application.arguments().value(1, QStringLiteral("50")).toInt());
+    const auto clip = bench::spokenClip(5);
+    if (clip.isEmpty()) {
+        std::fprintf(stderr, "no mp3 can be written here\n");
+        return 1;
     }
-    const QByteArray clip = file.readAll();
-    const int rounds = std::max(1, arguments.value(2, QStringLiteral("50")).toInt());
     std::thread driver([&] {
         measureAll(clip, rounds);
         QMetaObject::invokeMethod(&application, &QCoreApplication::quit, Qt::QueuedConnection);

@@ -1,4 +1,5 @@
 #include "base/QtScheduler.h"
+#include "bench/support/Row.h"
 #include "platform/pulse/PulseSoundServer.h"
 #include "tests/platform-pulse/SoundProbe.h"
 #include "tests/support/Eventually.h"
@@ -13,7 +14,8 @@
 #include <algorithm>
 #include <array>
 #include <cstdio>
-#include <vector>
+#include <optional>
+#include <string>
 
 // What the sound server's client costs and how long sound takes through a server of each kind, on speakers and a
 // microphone that are made of nothing. The floor of the cost is the same connection without a stream.
@@ -51,15 +53,12 @@ double costOf(std::chrono::seconds duration) {
     return (processorSeconds() - before) / static_cast<double>(duration.count()) * 100;
 }
 
-void print(const char *what, std::vector<double> &milliseconds) {
-    std::sort(milliseconds.begin(), milliseconds.end());
-    const auto at = [&](double share) {
-        return milliseconds[static_cast<std::size_t>(share * static_cast<double>(milliseconds.size() - 1))];
-    };
-    std::printf("  %-46s p50 %6.1f ms   p90 %6.1f ms\n", what, at(0.5), at(0.9));
+void print(const std::string &what, const bench::Sample &sample, std::optional<double> reach) {
+    bench::print({what + ", p50", {}, 0, sample.percentile(0.5), reach});
+    bench::print({what + ", p90", {}, 0, sample.percentile(0.9), reach});
 }
 
-void measureCost(const PrivateSoundServer &server, std::chrono::seconds duration) {
+void measureCost(const PrivateSoundServer &server, const std::string &name, std::chrono::seconds duration) {
     QtScheduler scheduler;
     Nothing nothing;
     PulseSoundServer sound(scheduler, server.address());
@@ -70,11 +69,11 @@ void measureCost(const PrivateSoundServer &server, std::chrono::seconds duration
     sound.openCapture([](const auto &) {});
     eventually([&] { return sound.isCaptureOpen(); });
     costOf(2s);
-    std::printf("  %-46s %.2f %% of a core   without streams %.2f %%\n", "microphone open, silence playing",
-                costOf(duration), floor);
+    bench::print({name + ": microphone open and silence playing", "a connection without streams", floor,
+                  costOf(duration), 1.1, "% of a core"});
 }
 
-void measureWay(const PrivateSoundServer &server, int rounds) {
+void measureWay(const PrivateSoundServer &server, const std::string &name, int rounds) {
     QtScheduler scheduler;
     SoundProbe probe;
     PulseSoundServer sound(scheduler, server.address());
@@ -83,9 +82,9 @@ void measureWay(const PrivateSoundServer &server, int rounds) {
     SoundRecorder recorder(server.address(), "speakers.monitor");
     eventually([&] { return probe.heard() > 2 * SoundStreams::sampleRate; });
 
-    std::vector<double> sounded;
-    std::vector<double> told;
-    std::vector<double> silent;
+    bench::Sample sounded;
+    bench::Sample told;
+    bench::Sample silent;
     const auto milliseconds = [](std::chrono::microseconds time) { return static_cast<double>(time.count()) / 1000; };
     const auto record = [&](std::size_t count) {
         const auto until = recorder.count() + count;
@@ -96,8 +95,8 @@ void measureWay(const PrivateSoundServer &server, int rounds) {
         probe.playTone(4800);
         eventually([&] { return probe.toneHeardAt() > 0us; });
         record(9600);
-        sounded.push_back(milliseconds(recorder.timeOf(*recorder.firstLoud(0.1F, from)) - probe.toneWrittenAt()));
-        told.push_back(milliseconds(probe.toneHeardAt() - recorder.timeOf(*recorder.lastLoud(0.1F, from))));
+        sounded.add(milliseconds(recorder.timeOf(*recorder.firstLoud(0.1F, from)) - probe.toneWrittenAt()));
+        told.add(milliseconds(probe.toneHeardAt() - recorder.timeOf(*recorder.lastLoud(0.1F, from))));
 
         from = recorder.count();
         probe.playTone(SoundStreams::sampleRate);
@@ -106,11 +105,11 @@ void measureWay(const PrivateSoundServer &server, int rounds) {
         const std::chrono::microseconds stopped{pa_rtclock_now()};
         probe.stopTone();
         record(9600);
-        silent.push_back(milliseconds(recorder.timeOf(*recorder.lastLoud(0.1F, from)) - stopped));
+        silent.add(milliseconds(recorder.timeOf(*recorder.lastLoud(0.1F, from)) - stopped));
     }
-    print("sample written to sample on the monitor", sounded);
-    print("last sample on the monitor to `heard`", told);
-    print("stop to silence on the monitor", silent);
+    print(name + ": a sample written to the same on the monitor", sounded, std::nullopt);
+    print(name + ": the last sample on the monitor to its report", told, std::nullopt);
+    print(name + ": stop to silence on the monitor", silent, 30);
 }
 
 } // namespace
@@ -124,9 +123,8 @@ int main(int argc, char **argv) {
     using Kind = PrivateSoundServer::Kind;
     constexpr std::array kinds{std::pair{Kind::PulseAudio, "PulseAudio"}, std::pair{Kind::PipeWire, "PipeWire"}};
     for (const auto &[kind, name] : kinds) {
-        std::printf("%s\n", name);
         if (!PrivateSoundServer::isInstalled(kind)) {
-            std::printf("  is not installed\n");
+            std::fprintf(stderr, "%s is not installed\n", name);
             continue;
         }
         PrivateSoundServer server(kind);
@@ -134,7 +132,7 @@ int main(int argc, char **argv) {
         server.addSpeakers(u"speakers"_s);
         server.addMicrophone(u"microphone"_s, u"Microphone"_s);
         server.setDefaultInput(u"microphone"_s);
-        measureCost(server, duration);
-        measureWay(server, rounds);
+        measureCost(server, name, duration);
+        measureWay(server, name, rounds);
     }
 }

@@ -16,6 +16,9 @@ struct Field {
     Value Owner::*member;
 };
 
+template <typename Owner, typename Value>
+Field(std::string_view, Value Owner::*) -> Field<Owner, Value>;
+
 /// The fields of each kind of object that a document holds, `DocumentFields<T>::all`.
 template <typename Owner>
 struct DocumentFields;

@@ -105,7 +105,10 @@ private:
         if (value.is_null().get(isNull))
             return false;
         into.reset();
-        return isNull || read(value, into.emplace());
+        if (isNull)
+            return true;
+        into = T();
+        return read(value, *into);
     }
 
     template <typename T>

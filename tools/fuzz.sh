@@ -7,22 +7,26 @@ shift
 
 names=("$@")
 if [ ${#names[@]} -eq 0 ]; then
-    for target in build/fuzz/fuzz/*-fuzz; do
-        name=$(basename "$target")
-        names+=("${name%-fuzz}")
+    for list in build/fuzz/fuzz/*-fuzz.seeds; do
+        name=$(basename "$list")
+        names+=("${name%-fuzz.seeds}")
     done
 fi
+failed=()
 for name in "${names[@]}"; do
     corpus=build/fuzz/corpus/$name
     mkdir -p "$corpus"
-    folders=("$corpus")
-    [ -d "fuzz/seeds/$name" ] && folders+=("fuzz/seeds/$name")
-    [ -d "tests/fixtures/$name" ] && folders+=("tests/fixtures/$name")
-    printf '==> %s, %s s\n' "$name" "$seconds"
-    "build/fuzz/fuzz/$name-fuzz" -max_total_time="$seconds" -timeout=10 -rss_limit_mb=2048 -print_final_stats=1 \
-        -artifact_prefix="build/fuzz/$name-" "${folders[@]}" 2>&1 | grep -E '^(stat::number_of_executed_units|SUMMARY|==|artifact_prefix)' ||
-        { echo "FAILED: $name" >&2; exit 1; }
-    [ -z "$(find build/fuzz -maxdepth 1 -name "$name-crash-*" -o -maxdepth 1 -name "$name-oom-*" -o -maxdepth 1 -name "$name-timeout-*")" ] ||
-        { echo "FAILED: $name found something; see build/fuzz/$name-*" >&2; exit 1; }
+    mapfile -t seeds <"build/fuzz/fuzz/$name-fuzz.seeds"
+    log=build/fuzz/$name.log
+    printf '==> %s, %s s: ' "$name" "$seconds"
+    if "build/fuzz/fuzz/$name-fuzz" -max_total_time="$seconds" -timeout=10 -rss_limit_mb=2048 -print_final_stats=1 \
+        -artifact_prefix="build/fuzz/$name-" "$corpus" "${seeds[@]}" >"$log" 2>&1; then
+        awk '/^stat::number_of_executed_units/ { print $2 " inputs" }' "$log"
+    else
+        failed+=("$name")
+        echo "found something, see $log"
+        grep -aE '^(SUMMARY|artifact_prefix|Test unit written)' "$log" || tail -n 5 "$log"
+    fi
 done
-echo "${#names[@]} passed, 0 failed"
+echo "$((${#names[@]} - ${#failed[@]})) passed, ${#failed[@]} failed"
+[ ${#failed[@]} -eq 0 ]

@@ -1,5 +1,6 @@
 #include "model/Format.h"
 
+#include "tests/support/Processes.h"
 #include "ui/localization/Localization.h"
 
 #include <QDateTime>
@@ -14,6 +15,7 @@
 using namespace palomet;
 using namespace Qt::StringLiterals;
 using std::chrono::system_clock;
+using test::EnvironmentVariable;
 
 namespace {
 
@@ -403,13 +405,9 @@ TEST_F(FormatDevice, KeepsEveryOtherForm) {
 
 TEST_F(FormatRegion, IsWhatTheEnvironmentSaidAtTheStart) {
     const auto region = [](const char *all, const char *numeric, const char *time, const char *lang) {
-        qputenv("LC_ALL", all);
-        qputenv("LC_NUMERIC", numeric);
-        qputenv("LC_TIME", time);
-        qputenv("LANG", lang);
+        const EnvironmentVariable variables[] = {
+            {"LC_ALL", all}, {"LC_NUMERIC", numeric}, {"LC_TIME", time}, {"LANG", lang}};
         const auto found = Format::systemRegion();
-        for (const char *variable : {"LC_ALL", "LC_NUMERIC", "LC_TIME", "LANG"})
-            qunsetenv(variable);
         return QString(found.numbers + u' ' + found.dates);
     };
     EXPECT_EQ(region("", "de_DE.UTF-8", "pt_BR", "en_US.UTF-8"), u"de-DE pt-BR"_s);
@@ -421,24 +419,23 @@ TEST_F(FormatRegion, IsWhatTheEnvironmentSaidAtTheStart) {
 
 TEST_F(FormatRegion, IsNotTouchedByLaterChanges) {
     load(u"de-DE"_s, berlin);
-    qputenv("LC_ALL", "en_US.UTF-8");
-    qputenv("TZ", "Asia/Kolkata");
+    const EnvironmentVariable language("LC_ALL", "en_US.UTF-8");
+    const EnvironmentVariable zone("TZ", "Asia/Kolkata");
     QLocale::setDefault(QLocale(QLocale::Hindi));
     EXPECT_EQ(Format::seconds(2500), u"2,5 s"_s);
     EXPECT_EQ(Format::clock(0), u"01:00"_s);
     QLocale::setDefault(QLocale::system());
-    qunsetenv("LC_ALL");
-    qunsetenv("TZ");
 }
 
 TEST_F(FormatRegion, OfTheSystemHasTheSystemsTimeZone) {
-    qputenv("TZ", "Asia/Kolkata");
-    Format::load(Format::systemRegion());
-    EXPECT_EQ(Format::clock(0), u"05:30"_s);
-    qputenv("TZ", "XYZ-3");
-    Format::load(Format::systemRegion());
-    EXPECT_EQ(Format::clock(0), u"03:00"_s);
-    qunsetenv("TZ");
+    const EnvironmentVariable language("LC_ALL", "en_US.UTF-8");
+    const auto clockOf = [](const char *zone) {
+        const EnvironmentVariable variable("TZ", zone);
+        Format::load(Format::systemRegion());
+        return Format::clock(0);
+    };
+    EXPECT_EQ(clockOf("Asia/Kolkata"), u"05:30"_s);
+    EXPECT_EQ(clockOf("XYZ-3"), u"03:00"_s);
 }
 
 TEST_F(FormatRegion, OfNoLanguageStillWrites) {

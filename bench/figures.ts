@@ -1,0 +1,125 @@
+// Runs the benches of a build folder one after the other, and writes what they say as one page.
+//   bun figures.ts FOLDER [NAME…]
+
+import { readdirSync, statSync, writeFileSync } from "node:fs";
+import { cpus, loadavg } from "node:os";
+import { join } from "node:path";
+
+type Clock = "cpu_time" | "real_time";
+
+/** A figure that Google Benchmark gives, and its floor. Times are in nanoseconds. */
+interface Pair {
+    what: string;
+    name: string;
+    floorName: string;
+    floor: string;
+    clock: Clock;
+    reach?: number | { timesFloor: number };
+}
+
+const milliseconds = 1e6;
+
+function format(what: string, floor: "number" | "date"): Pair {
+    return {
+        what: `format: ${what}`, name: `format ${what}`, clock: "cpu_time",
+        floorName: `ICU's own ${floor} format`, floor: floor === "number" ? "bareIcuNumber" : "bareIcuDate",
+    };
+}
+
+const pairs: Record<string, Pair[]> = {
+    "audio-dsp-bench": [44100, 48000].map((rate) => ({
+        what: `resampler, 1024 frames at ${rate} Hz`, name: `resampler/${rate}`, clock: "cpu_time",
+        floorName: "a plain loop", floor: `plainLoop/${rate}`, reach: { timesFloor: 1.1 },
+    })),
+    "model-bench": [
+        ...[{ rows: 90, size: "20 KB", reach: 5 }, { rows: 10000, size: "2 MB", reach: 25 }].flatMap(({ rows, size, reach }): Pair[] => [
+            {
+                what: `decoding a state document of ${size}`, name: `decodeState/${rows}`, clock: "cpu_time",
+                floorName: "the bare parser", floor: `parseState/${rows}`, reach: reach * milliseconds,
+            },
+            {
+                what: `event to the snapshot published, less the 100 ms wait, ${size}`, name: `eventToSnapshot/${rows}/manual_time`,
+                clock: "real_time", floorName: "a bare request", floor: `bareRequest/${rows}/manual_time`, reach: reach * milliseconds,
+            },
+        ]),
+        ...["number", "seconds", "usd", "speed", "since"].map((what) => format(what, "number")),
+        ...["clock", "day"].map((what) => format(what, "date")),
+    ],
+};
+
+function time(nanoseconds: number): string {
+    if (nanoseconds < 1000) return `${nanoseconds.toFixed(0)} ns`;
+    if (nanoseconds < milliseconds) return `${(nanoseconds / 1000).toFixed(2)} µs`;
+    return `${(nanoseconds / milliseconds).toFixed(2)} ms`;
+}
+
+async function outputOf(command: string[]): Promise<string> {
+    const process = Bun.spawn(command, { stdin: "ignore", stdout: "pipe", stderr: "inherit" });
+    const output = await new Response(process.stdout).text();
+    if ((await process.exited) !== 0) throw new Error(`${command.join(" ")} failed`);
+    return output;
+}
+
+async function rowsOfPairs(program: string, wanted: Pair[]): Promise<string[]> {
+    interface Measured { name: string; cpu_time: number; real_time: number; time_unit: "ns" | "us" | "ms" | "s" }
+    const report = JSON.parse(await outputOf([program, "--benchmark_format=json"])) as { benchmarks: Measured[] };
+    const nanoseconds = (name: string, clock: Clock): number => {
+        const found = report.benchmarks.find((each) => each.name === name);
+        if (!found) throw new Error(`${program} has no ${name}`);
+        return found[clock] * { ns: 1, us: 1e3, ms: 1e6, s: 1e9 }[found.time_unit];
+    };
+    return wanted.map(({ what, name, floorName, floor, clock, reach }) => {
+        const least = nanoseconds(floor, clock);
+        const here = nanoseconds(name, clock);
+        const most = typeof reach === "object" ? reach.timesFloor * least : reach;
+        const mark = typeof reach === "object" ? `${reach.timesFloor} × the floor` : reach === undefined ? "reported" : time(reach);
+        const isMet = most === undefined ? "" : here <= most ? "yes" : "no";
+        return `| ${what} | ${floorName} ${time(least)} | ${time(here)} | ${mark} | ${isMet} |`;
+    });
+}
+
+const [folder, ...names] = process.argv.slice(2);
+if (!folder) throw new Error("which folder?");
+const programs = readdirSync(folder)
+    .flatMap((name) => (statSync(join(folder, name)).isDirectory() ? readdirSync(join(folder, name)).map((file) => join(folder, name, file)) : []))
+    .filter((path) => path.endsWith("-bench") && statSync(path).isFile())
+    .filter((path) => names.length === 0 || names.some((name) => path.endsWith(`/${name}`)))
+    .sort();
+
+const rows: string[] = [];
+let echo = "";
+const load = loadavg()[0]!.toFixed(1);
+for (const program of programs) {
+    const name = program.split("/").at(-1)!;
+    console.error(`==> ${name}`);
+    if (name === "echo-bench") {
+        echo = await outputOf([program]);
+        console.log(echo);
+        continue;
+    }
+    const found = pairs[name]
+        ? await rowsOfPairs(program, pairs[name])
+        : (await outputOf([program])).split("\n").filter((line) => line.startsWith("| "));
+    console.log(found.join("\n"));
+    rows.push(...found);
+}
+if (names.length === 0) {
+    writeFileSync(join(import.meta.dir, "../docs/performance.md"), `# Performance
+
+What \`bench/run\` measured on ${new Date().toISOString().slice(0, 10)}: ${cpus().length} cores of ${cpus()[0]!.model}, load average ${load} before it began
+(above 1 the figures of the wall clock are too high, the last of a hundred first). Each figure stands beside its floor, the least that does the same
+work, taken in the same run; read the one against the other, for the machine is in both. The figures of documents, formats and the resampler are
+processor time, all others are the wall clock's.
+
+| what | floor in the same run | here | to reach | met |
+|---|---|---|---|---|
+${rows.join("\n")}
+
+## Echo canceller
+
+What the backend hears past the canceller as it comes ("plain") and past ours, over every scenario of \`bench/echo\`.
+
+${echo.trim()}
+`);
+    console.error("==> docs/performance.md");
+}

@@ -204,6 +204,10 @@ QString AudioIO::defaultInputName() const {
     return device != devices.end() ? device->name : L(u"device.systemDefault");
 }
 
+std::optional<EchoCancellerState> AudioIO::echoCancellerState() const {
+    return m_server.isCaptureOpen() ? m_engine.echoCancellerState() : std::nullopt;
+}
+
 void AudioIO::nameDevice(const QString &name) {
     if (name == m_deviceName)
         return;

@@ -97,6 +97,8 @@ public:
 
     /// The name of the input device in use, or the localised text for the default one.
     [[nodiscard]] const QString &deviceName() const { return m_deviceName; }
+    /// What the echo canceller says of itself at this moment, for diagnosis; none while the microphone is not open.
+    [[nodiscard]] std::optional<EchoCancellerState> echoCancellerState() const;
     [[nodiscard]] bool isShutDown() const { return m_isShutDown; }
     /// The server's name of the default input that there was before the first change.
     [[nodiscard]] const std::optional<QString> &originalDefaultInput() const { return m_originalDefaultInput; }

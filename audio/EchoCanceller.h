@@ -15,6 +15,9 @@ struct EchoCancellerState {
     bool isConverged = false;   ///< It has found the echo path.
     std::optional<int> delayMs; ///< Estimated delay from reference to echo.
     std::optional<double> echoReturnLossEnhancementDb;
+
+    /// All of it in one line, for whoever looks for a fault.
+    [[nodiscard]] QString inWords() const;
 };
 
 /// Takes the program's own speech out of what the microphone hears: 48 kHz mono in frames of 10 ms. Not thread-safe:

@@ -87,8 +87,8 @@ public:
     virtual void openPlayback() = 0;
     virtual void closePlayback() = 0;
 
-    /// The input devices or the default input changed from outside, the open microphone was moved, or the server came
-    /// back. A flood of events is one call. Set before `start`.
+    /// The input devices or the default input changed from outside, the open microphone was moved, speech comes out of
+    /// other speakers than before, or the server came back. A flood of events is one call. Set before `start`.
     std::function<void()> onConfigurationChange;
 
     /// The server is gone, and with it both streams and every sample that they held. Set before `start`.

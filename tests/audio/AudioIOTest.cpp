@@ -68,6 +68,24 @@ struct AudioIOTest : testing::Test {
         io.stopReporting();
     }
 
+    [[nodiscard]] std::optional<bool> converged() const {
+        const auto state = io.echoCancellerState();
+        return state ? std::optional(state->isConverged) : std::nullopt;
+    }
+
+    /// Speech goes to the speakers that the microphone has not been compared with yet.
+    void playUnheard() {
+        io.play(1, "48000", QStringLiteral("mp3"));
+        EXPECT_TRUE(test::eventually([this] { return speakers.isSounding(); }));
+        speakers.pull();
+    }
+
+    void expectSilentReference() {
+        calls.references.clear();
+        server.deliver(std::vector<float>(480, 0.0F));
+        EXPECT_THAT(calls.references, ElementsAre(std::vector<float>(480, 0.0F)));
+    }
+
     AudioIO::Ended counted() {
         return [this] { ++ended; };
     }
@@ -649,4 +667,61 @@ TEST_F(AudioIOTest, WhatTheMicrophoneIsFreedOfIsExactlyWhatTheSpeakersGot) {
         references.insert(references.end(), calls.references[i].begin(), calls.references[i].end());
     EXPECT_EQ(references, speakers.given);
     EXPECT_EQ(std::count(references.begin(), references.end(), 0.5F), 1000);
+}
+
+// The echo canceller.
+
+TEST_F(AudioIOTest, TellsHowTheEchoCancellerDoesWhileTheMicrophoneIsOpen) {
+    EXPECT_EQ(converged(), std::nullopt);
+    server.opensAtOnce = false;
+    io.start({});
+    EXPECT_EQ(converged(), std::nullopt);
+    server.finishOpening({});
+    EXPECT_EQ(converged(), false);
+    server.deliver(std::vector<float>(480, 0.0F));
+    EXPECT_EQ(converged(), true);
+    EXPECT_EQ(io.echoCancellerState()->inWords(),
+              QStringLiteral("fake; has found the echo; delay unknown; echo return loss enhancement unknown"));
+    io.shutdown();
+    EXPECT_EQ(converged(), std::nullopt);
+}
+
+TEST_F(AudioIOTest, OtherDevicesMeetACancellerAndAReferenceThatKnowNothing) {
+    io.start({});
+    server.deliver(std::vector<float>(480, 0.0F));
+    playUnheard();
+    server.change();
+    EXPECT_EQ(converged(), false);
+    expectSilentReference();
+    EXPECT_EQ(calls.alive, 1);
+}
+
+TEST_F(AudioIOTest, AnotherInputMeetsACancellerAndAReferenceThatKnowNothing) {
+    io.start({});
+    server.deliver(std::vector<float>(480, 0.0F));
+    playUnheard();
+    io.use(QStringLiteral("Mic B"));
+    EXPECT_EQ(converged(), false);
+    expectSilentReference();
+}
+
+TEST_F(AudioIOTest, ASoundServerThatReturnsMeetsACancellerAndAReferenceThatKnowNothing) {
+    io.start({});
+    server.deliver(std::vector<float>(480, 0.0F));
+    playUnheard();
+    server.die();
+    EXPECT_EQ(converged(), std::nullopt);
+    server.comeBack();
+    EXPECT_EQ(converged(), false);
+    expectSilentReference();
+}
+
+TEST_F(AudioIOTest, AMicrophoneThatWasReleasedMeetsACancellerAndAReferenceThatKnowNothing) {
+    io.start({});
+    server.deliver(std::vector<float>(480, 0.0F));
+    io.shutdown();
+    playUnheard();
+    io.resume();
+    EXPECT_EQ(converged(), false);
+    expectSilentReference();
 }

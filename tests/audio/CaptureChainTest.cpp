@@ -33,6 +33,36 @@ private:
     std::size_t m_time = 0;
 };
 
+/// Noise, the same every time.
+std::vector<float> recorded(std::size_t count, std::uint32_t seed) {
+    std::vector<float> samples(count);
+    for (float &sample : samples) {
+        seed = seed * 1664525 + 1013904223;
+        sample = 0.2F * (static_cast<float>(seed >> 8) / static_cast<float>(1 << 23) - 1);
+    }
+    return samples;
+}
+
+/// What our canceller makes of a recording whose two halves came in pieces of these sizes, one after the other.
+std::vector<std::int16_t> freed(const std::vector<float> &played, std::size_t playedSize,
+                                const std::vector<float> &microphone, std::size_t microphoneSize) {
+    std::vector<std::int16_t> freed;
+    auto canceller = EchoCanceller::create();
+    EXPECT_TRUE(canceller.isOk());
+    EchoReference reference;
+    CaptureChain chain(std::move(*canceller),
+                       [&](PcmSamples samples) { freed.insert(freed.end(), samples.begin(), samples.end()); });
+    const auto piece = [](const std::vector<float> &samples, std::size_t at, std::size_t size) {
+        const auto begin = std::min(at, samples.size());
+        return std::span(samples).subspan(begin, std::min(size, samples.size() - begin));
+    };
+    for (std::size_t i = 0; i * microphoneSize < microphone.size(); ++i) {
+        reference.write(piece(played, i * playedSize, playedSize));
+        chain.captured(piece(microphone, i * microphoneSize, microphoneSize), 20ms, reference);
+    }
+    return freed;
+}
+
 } // namespace
 
 TEST_F(CaptureChainTest, GivesChunksOf682And684BytesSixteenThousandSamplesASecond) {
@@ -102,4 +132,25 @@ TEST_F(CaptureChainTest, DoesNotLetASampleThatIsNoNumberIntoTheCanceller) {
     chain.captured(samples, 0us, reference);
     ASSERT_EQ(chunks.size(), 1U);
     EXPECT_EQ(chunks[0], std::vector<std::int16_t>(342, 0));
+}
+
+TEST_F(CaptureChainTest, ARecordedPairOfReferenceAndMicrophoneGivesTheSameSamplesEveryTime) {
+    const auto played = recorded(3 * 48000, 1);
+    auto microphone = recorded(3 * 48000, 2);
+    for (std::size_t i = 1000; i < microphone.size(); ++i)
+        microphone[i] += 0.5F * played[i - 1000];
+    const auto first = freed(played, 480, microphone, 480);
+    EXPECT_EQ(freed(played, 480, microphone, 480), first);
+    EXPECT_EQ(first.size(), (3 * 48000 / 1024 * 1024 + 2) / 3);
+}
+
+TEST_F(CaptureChainTest, AReferenceLongerOrShorterThanTheMicrophoneCostsNoSample) {
+    const auto played = recorded(48000, 1);
+    const auto microphone = recorded(2 * 48000, 2);
+    const auto expected = (2 * 48000 / 1024 * 1024 + 2) / 3;
+    EXPECT_EQ(freed({}, 480, microphone, 480).size(), expected);
+    EXPECT_EQ(freed(played, 480, microphone, 480).size(), expected);  // ends half-way
+    EXPECT_EQ(freed(played, 240, microphone, 480).size(), expected);  // comes half as fast
+    EXPECT_EQ(freed(played, 1920, microphone, 960).size(), expected); // twice as fast
+    EXPECT_EQ(freed(played, 441, microphone, 480).size(), expected);  // by another clock
 }

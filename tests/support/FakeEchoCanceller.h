@@ -43,10 +43,14 @@ public:
                  std::span<float, frameSize> out) noexcept override {
         m_calls.delayHints.push_back(delayHintMs);
         PassingEchoCanceller::capture(in, delayHintMs, out);
+        m_hasHeard = true;
     }
+    /// Converged from its first frame on.
+    [[nodiscard]] EchoCancellerState state() const override { return {QStringLiteral("fake"), m_hasHeard, {}, {}}; }
 
 private:
     EchoCancellerCalls &m_calls;
+    bool m_hasHeard = false;
 };
 
 } // namespace palomet::test

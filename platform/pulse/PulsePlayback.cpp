@@ -28,11 +28,11 @@ constexpr std::int64_t closelyAfterSound = SoundStreams::sampleRate;
 } // namespace
 
 PulsePlayback::PulsePlayback(PulseConnection &connection, SoundStreams &streams, std::atomic<std::int64_t> &latency,
-                             std::function<void()> onEnded)
+                             Events events)
     : m_connection(connection)
     , m_streams(streams)
     , m_latency(latency)
-    , m_onEnded(std::move(onEnded)) {
+    , m_events(std::move(events)) {
     const PulseMainloop::Lock lock(connection.mainloop());
     m_stream.reset(pa_stream_new(connection.context(), "Palomet", &pulseFormat, nullptr));
     m_ticks = PulseTimer(pa_context_rttime_new(connection.context(), PA_USEC_INVALID, &PulsePlayback::onTick, this),
@@ -42,7 +42,7 @@ PulsePlayback::PulsePlayback(PulseConnection &connection, SoundStreams &streams,
         return;
     }
     pa_stream_set_state_callback(m_stream.get(), &PulsePlayback::onState, this);
-    pa_stream_set_moved_callback(m_stream.get(), &PulseClock::onBreak, &m_clock);
+    pa_stream_set_moved_callback(m_stream.get(), &PulsePlayback::onOutput, this);
     pa_stream_set_suspended_callback(m_stream.get(), &PulseClock::onBreak, &m_clock);
     pa_stream_set_write_callback(m_stream.get(), &PulsePlayback::onRequest, this);
     pa_buffer_attr attributes = serversBuffer;
@@ -63,7 +63,7 @@ PulsePlayback::~PulsePlayback() {
 void PulsePlayback::end() {
     if (!std::exchange(m_hasEnded, true))
         QMetaObject::invokeMethod(
-            &m_receiver, [ended = m_onEnded] { ended(); }, Qt::QueuedConnection);
+            &m_receiver, [ended = m_events.ended] { ended(); }, Qt::QueuedConnection);
 }
 
 void PulsePlayback::onState(pa_stream *stream, void *self) {
@@ -74,12 +74,24 @@ void PulsePlayback::onState(pa_stream *stream, void *self) {
         break;
     case PA_STREAM_READY:
         playback.m_streams.playbackOpened();
+        onOutput(stream, self);
         break;
     case PA_STREAM_FAILED:
     case PA_STREAM_TERMINATED:
         playback.end();
         break;
     }
+}
+
+void PulsePlayback::onOutput(pa_stream *stream, void *self) {
+    auto &playback = *static_cast<PulsePlayback *>(self);
+    playback.m_clock.restart();
+    // PipeWire tells only some time after the stream was made, and keeps one that has no output.
+    const auto output = pa_stream_get_device_index(stream);
+    if (output == PA_INVALID_INDEX)
+        return;
+    QMetaObject::invokeMethod(
+        &playback.m_receiver, [playsOn = playback.m_events.playsOn, output] { playsOn(output); }, Qt::QueuedConnection);
 }
 
 void PulsePlayback::onRequest(pa_stream *stream, std::size_t bytes, void *self) {

@@ -20,11 +20,16 @@ namespace palomet {
 /// whenever samples are asked for. Lives on the main thread, within its connection.
 class PulsePlayback {
 public:
+    /// Called on the main thread; never after this object's end, never from within a call.
+    struct Events {
+        std::function<void(std::uint32_t output)> playsOn; ///< It was opened on this output, or moved there.
+        std::function<void()> ended; ///< Once: there is no output, or the stream was closed from outside.
+    };
+
     /// `latency` takes the time from writing a sample to its leaving the speakers, in microseconds, as measured with
-    /// each write; zero without a stream. `onEnded` is called once on the main thread when there is no output or it was
-    /// closed from outside; never after this object's end, never from within a call.
+    /// each write; zero without a stream.
     PulsePlayback(PulseConnection &connection, SoundStreams &streams, std::atomic<std::int64_t> &latency,
-                  std::function<void()> onEnded);
+                  Events events);
     /// Once it has returned, no more samples are asked for.
     ~PulsePlayback();
     PulsePlayback(const PulsePlayback &) = delete;
@@ -32,6 +37,7 @@ public:
 
 private:
     static void onState(pa_stream *stream, void *self);
+    static void onOutput(pa_stream *stream, void *self);
     static void onRequest(pa_stream *stream, std::size_t bytes, void *self);
     static void onTick(pa_mainloop_api *api, pa_time_event *event, const timeval *time, void *self);
     void write(std::size_t bytes) noexcept;
@@ -42,7 +48,7 @@ private:
     PulseConnection &m_connection;
     SoundStreams &m_streams;
     std::atomic<std::int64_t> &m_latency;
-    const std::function<void()> m_onEnded;
+    const Events m_events;
     QObject m_receiver;
 
     // Under the main loop's lock:

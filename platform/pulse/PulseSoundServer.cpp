@@ -78,6 +78,7 @@ void PulseSoundServer::connectionEnded(int error) {
     m_connection.reset();
     m_devices.clear();
     m_default = {};
+    m_output.reset();
     m_asking.reset();
     m_settling.reset();
     m_reopeningPlayback.reset();
@@ -221,11 +222,26 @@ void PulseSoundServer::closePlayback() {
 }
 
 void PulseSoundServer::startPlayback() {
-    m_playback = std::make_unique<PulsePlayback>(*m_connection, *m_streams, m_playbackLatency, [this] {
-        // No output is left. One may come.
-        m_playback.reset();
-        m_reopeningPlayback = m_scheduler.after(playbackRetryDelay, [this] { startPlayback(); });
-    });
+    m_playback = std::make_unique<PulsePlayback>(*m_connection, *m_streams, m_playbackLatency,
+                                                 PulsePlayback::Events{
+                                                     .playsOn = [this](std::uint32_t output) { playsOn(output); },
+                                                     .ended =
+                                                         [this] {
+                                                             // No output is left. One may come.
+                                                             m_playback.reset();
+                                                             m_reopeningPlayback = m_scheduler.after(
+                                                                 playbackRetryDelay, [this] { startPlayback(); });
+                                                         },
+                                                 });
+}
+
+/// Other speakers are another echo.
+void PulseSoundServer::playsOn(std::uint32_t output) {
+    const auto before = std::exchange(m_output, output);
+    if (!before || before == output)
+        return;
+    m_isChangeDue = true;
+    askForDevicesSoon();
 }
 
 } // namespace palomet

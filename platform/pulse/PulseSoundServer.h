@@ -9,7 +9,9 @@
 #include "platform/pulse/PulsePlayback.h"
 
 #include <atomic>
+#include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 
 namespace palomet {
@@ -48,6 +50,7 @@ private:
     void failOpening(std::chrono::milliseconds delay, Failure failure);
     void finishOpening(const std::optional<Failure> &failure);
     void startPlayback();
+    void playsOn(std::uint32_t output);
 
     Scheduler &m_scheduler;
     const std::string m_server;
@@ -62,6 +65,7 @@ private:
     DefaultInput m_default;
     Done m_opening; ///< Of the attempt that is under way.
     bool m_isPlaybackWanted = false;
+    std::optional<std::uint32_t> m_output; ///< The last that speech came out of, by the server's number.
 
     PulseMainloop m_mainloop;
     std::unique_ptr<PulseConnection> m_connection;

@@ -460,6 +460,21 @@ TEST_P(SoundServerTest, PlaysAgainWhenSpeakersAreBack) {
     }));
     // PulseAudio ends the stream with the last speakers, PipeWire keeps it.
     EXPECT_EQ(m_probe.openings(), GetParam() == Kind::PulseAudio ? openings + 1 : openings);
+    EXPECT_TRUE(eventually([this] { return m_changes > 0; }));
+}
+
+TEST_P(SoundServerTest, ReportsThatSpeechComesOutOfOtherSpeakers) {
+    m_server->addSpeakers(u"others"_s);
+    start();
+    openPlayback();
+    EXPECT_EQ(m_changes, 0);
+    const auto stream =
+        m_server->control({u"list"_s, u"short"_s, u"sink-inputs"_s}).section(u'\n', -1).section(u'\t', 0, 0);
+    for (const auto &speakers : {u"others"_s, u"speakers"_s}) {
+        m_changes = 0;
+        m_server->control({u"move-sink-input"_s, stream, speakers});
+        EXPECT_TRUE(eventually([this] { return m_changes == 1; })) << m_changes;
+    }
 }
 
 TEST_P(SoundServerTest, BringsItsLastWishToTheServerWhenItEnds) {

@@ -4,16 +4,28 @@ import { until } from "./process";
 
 const base = "http://127.0.0.1:4780";
 
+export interface Heard {
+    at: number;
+    text: string;
+    action: string;
+    reason?: string;
+}
+
 export interface State {
     state: string;
     device: string;
     conversation: { rows: { role: string; text: string }[] };
-    heard?: { text: string; action: string }[];
+    heard?: Heard[];
+    draft?: { text: string }[];
+    settings: Record<string, unknown>;
+    timings?: { transcribeMs?: number; totalMs: number };
 }
 
 export class Watcher {
     /** The states passed through, in order, each once. */
     readonly states: string[] = [];
+    /** Each with its moment, for whoever looks for a fault. */
+    readonly story: string[] = [];
     level = 0;
     levelCount = 0;
     #isEnding = false;
@@ -36,17 +48,24 @@ export class Watcher {
         }
     }
 
-    async post(path: string, body?: unknown): Promise<void> {
-        await fetch(`${base}/${path}`, {
+    /** Whether it was taken. */
+    async post(path: string, body?: unknown): Promise<boolean> {
+        const reply = await fetch(`${base}/${path}`, {
             method: "POST",
             ...(body === undefined ? {} : { body: JSON.stringify(body), headers: { "content-type": "application/json" } }),
         });
+        return reply.ok;
     }
 
     /** Waits until the loop is in a state that it entered after `since` states were counted. */
     async reach(wanted: string, since = 0, limitMs = 20_000): Promise<void> {
         await until(`the state "${wanted}" (passed through: ${this.states.slice(since).join(", ")})`,
             () => this.states.slice(since).includes(wanted), limitMs);
+    }
+
+    /** How many states were counted when it entered this one, after `since` of them. */
+    after(wanted: string, since: number): number {
+        return since + this.states.slice(since).indexOf(wanted);
     }
 
     /** Waits until the loop has been waiting for a while: what was said may be more than one utterance. */
@@ -57,6 +76,7 @@ export class Watcher {
     #note(state: string): void {
         if (this.states.at(-1) === state) return;
         this.states.push(state);
+        this.story.push(`${(performance.now() / 1000).toFixed(2)} ${state}`);
         this.#changed = performance.now();
     }
 

@@ -1,54 +1,76 @@
-// A private sound server: speakers that are recorded, a room in which they are heard, and a microphone that hears the room.
+// A private sound server: speakers and a mouth that are recorded, a room in which both are heard, and a microphone that hears
+// the room.
 
-import { writeFileSync } from "node:fs";
+import { existsSync, writeFileSync } from "node:fs";
 import { join } from "node:path";
 import type { Subprocess } from "bun";
 import { type Environment, run, start, startPiped, until } from "./process";
 
 const rate = 16_000;
+/** Sound is looked at in pieces of 10 ms. */
+const pieceLength = rate / 100;
+/** What stays below is silence, full scale being 32768. */
+const audible = 300;
 
-/** What the speakers played, with the time of each moment kept. */
-export class Recording {
-    #chunks: { at: number; samples: Int16Array }[] = [];
+/** One recorder's sound, from its start to its end. */
+class Take {
+    readonly samples: number[] = [];
+    /** When its first sample was heard: a piece may arrive late, but never early. */
+    startedAt = Infinity;
+    #odd: number | undefined;
 
     add(bytes: Uint8Array): void {
-        const even = bytes.byteLength & ~1;
-        const samples = new Int16Array(bytes.buffer.slice(bytes.byteOffset, bytes.byteOffset + even));
-        this.#chunks.push({ at: performance.now(), samples });
+        const whole = this.#odd === undefined ? bytes : Uint8Array.of(this.#odd, ...bytes);
+        this.#odd = whole.length % 2 === 1 ? whole.at(-1) : undefined;
+        const view = new DataView(whole.buffer, whole.byteOffset, whole.byteLength);
+        for (let at = 0; at + 1 < whole.length; at += 2) this.samples.push(view.getInt16(at, true));
+        this.startedAt = Math.min(this.startedAt, performance.now() - (this.samples.length * 1000) / rate);
+    }
+}
+
+/** What came out of a loudspeaker, or of a mouth, and when. */
+export class Recording {
+    #takes: Take[] = [];
+
+    begin(): Take {
+        const take = new Take();
+        this.#takes.push(take);
+        return take;
     }
 
-    /** Root mean square of what was played between two moments, full scale being 1. */
-    loudness(from: number, to = performance.now()): number {
-        let sum = 0;
-        let count = 0;
-        for (const { at, samples } of this.#chunks) {
-            if (at < from || at > to) continue;
-            for (const sample of samples) sum += (sample / 32768) ** 2;
-            count += samples.length;
-        }
-        return count === 0 ? 0 : Math.sqrt(sum / count);
-    }
-
-    /** Seconds between two moments in which something could be heard. */
-    audibleSeconds(from: number, to = performance.now()): number {
-        let audible = 0;
-        for (const { at, samples } of this.#chunks) {
-            if (at < from || at > to) continue;
-            for (let begin = 0; begin < samples.length; begin += 160) {
-                const part = samples.subarray(begin, begin + 160);
-                if (part.some((sample) => Math.abs(sample) > 300)) audible += part.length / rate;
+    /** The moments between these two, in milliseconds, at which something could be heard: the beginnings of 10 ms each. */
+    audibleMoments(from: number, to = Infinity): number[] {
+        const moments: number[] = [];
+        for (const { samples, startedAt } of this.#takes) {
+            const first = Math.max(0, Math.floor((from - startedAt) / 10));
+            for (let piece = first; (piece + 1) * pieceLength <= samples.length && startedAt + piece * 10 < to; piece++) {
+                for (let at = piece * pieceLength; at < (piece + 1) * pieceLength; at++) {
+                    if (Math.abs(samples[at]!) <= audible) continue;
+                    moments.push(startedAt + piece * 10);
+                    break;
+                }
             }
         }
-        return audible;
+        return moments;
+    }
+
+    audibleSeconds(from: number, to = Infinity): number {
+        return this.audibleMoments(from, to).length / 100;
+    }
+
+    /** Up to which moment it was recorded. */
+    get end(): number {
+        const last = this.#takes.at(-1);
+        return last && last.samples.length > 0 ? last.startedAt + (last.samples.length * 1000) / rate : 0;
     }
 
     save(path: string): void {
-        const length = this.#chunks.reduce((sum, chunk) => sum + chunk.samples.byteLength, 0);
+        const samples = Int16Array.from(this.#takes.flatMap((take) => take.samples));
         const header = new DataView(new ArrayBuffer(44));
         const text = (offset: number, word: string) =>
             [...word].forEach((letter, index) => header.setUint8(offset + index, letter.charCodeAt(0)));
         text(0, "RIFF");
-        header.setUint32(4, 36 + length, true);
+        header.setUint32(4, 36 + samples.byteLength, true);
         text(8, "WAVEfmt ");
         header.setUint32(16, 16, true);
         header.setUint16(20, 1, true);
@@ -58,31 +80,48 @@ export class Recording {
         header.setUint16(32, 2, true);
         header.setUint16(34, 16, true);
         text(36, "data");
-        header.setUint32(40, length, true);
-        const parts = this.#chunks.map((chunk) => new Uint8Array(chunk.samples.buffer, chunk.samples.byteOffset, chunk.samples.byteLength));
-        writeFileSync(path, Buffer.concat([new Uint8Array(header.buffer), ...parts]));
+        header.setUint32(40, samples.byteLength, true);
+        writeFileSync(path, Buffer.concat([new Uint8Array(header.buffer), new Uint8Array(samples.buffer)]));
     }
 }
 
+/** How the speakers are heard in the room: so much later, and in so many per cent of a volume control's way. */
+export interface Path {
+    delayMs: number;
+    volumePercent: number;
+}
+
 export class SoundDesk {
-    readonly recording = new Recording();
+    readonly speakers = new Recording();
+    /** Whoever is in the room. */
+    readonly mouth = new Recording();
     #server: Subprocess | undefined;
     #isEnding = false;
+    #spoken = new Map<string, string>();
 
     constructor(
         private readonly environment: Environment,
         private readonly folder: string,
+        private readonly paths: Path[] = [{ delayMs: 40, volumePercent: 100 }],
     ) {}
 
     async start(): Promise<void> {
+        const sink = (name: string, description: string) =>
+            `module-null-sink sink_name=${name} rate=48000 sink_properties=device.description=${description}`;
+        const modules = [
+            "module-native-protocol-unix",
+            sink("speakers", "Speakers"),
+            sink("mouth", "Mouth"),
+            sink("room", "Room"),
+            "module-remap-source master=room.monitor source_name=microphone source_properties=device.description=Microphone",
+            "module-loopback source=mouth.monitor sink=room latency_msec=20 remix=no",
+            ...this.paths.map(({ delayMs }, index) =>
+                `module-loopback source=speakers.monitor sink=room latency_msec=${delayMs} remix=no sink_input_properties=media.name=path${index}`),
+        ];
         this.#server = start(
             [
                 "pulseaudio", "-n", "--daemonize=no", "--exit-idle-time=-1", "--disable-shm=yes", "--use-pid-file=no",
-                "-L", "module-native-protocol-unix",
-                "-L", "module-null-sink sink_name=speakers rate=48000 sink_properties=device.description=Speakers",
-                "-L", "module-null-sink sink_name=room rate=48000 sink_properties=device.description=Room",
-                "-L", "module-remap-source master=room.monitor source_name=microphone source_properties=device.description=Microphone",
-                "-L", "module-loopback source=speakers.monitor sink=room latency_msec=40 remix=no",
+                ...modules.flatMap((module) => ["-L", module]),
             ],
             this.environment,
             join(this.folder, "sound-server.log"),
@@ -90,7 +129,9 @@ export class SoundDesk {
         await until("the sound server", () => run(["pactl", "info"], this.environment).catch(() => undefined));
         await run(["pactl", "set-default-sink", "speakers"], this.environment);
         await run(["pactl", "set-default-source", "microphone"], this.environment);
-        void this.#record();
+        await this.#setVolumes();
+        void this.#record("speakers", this.speakers);
+        void this.#record("mouth", this.mouth);
     }
 
     /** The server dies without a word, as servers do, and another takes its place. */
@@ -101,26 +142,44 @@ export class SoundDesk {
     }
 
     /** Somebody in the room says something; resolves when they have finished. */
-    async speak(text: string, voice = "en-us"): Promise<void> {
-        const path = join(this.folder, "spoken.wav");
-        await run(["espeak-ng", "-v", voice, "-s", "150", "-w", path, text], this.environment);
-        await run(["paplay", "--device=room", path], this.environment);
+    async speak(text: string): Promise<void> {
+        await run(["paplay", "--device=mouth", await this.prepare(text)], this.environment);
+    }
+
+    /** What is prepared can be said at once. */
+    async prepare(text: string): Promise<string> {
+        const path = this.#spoken.get(text) ?? join(this.folder, `said-${this.#spoken.size + 1}.wav`);
+        this.#spoken.set(text, path);
+        if (!existsSync(path)) await run(["espeak-ng", "-v", "en-us", "-s", "150", "-w", path, text], this.environment);
+        return path;
     }
 
     end(): void {
         this.#isEnding = true;
+        this.speakers.save(join(this.folder, "speakers.wav"));
+        this.mouth.save(join(this.folder, "mouth.wav"));
     }
 
-    async #record(): Promise<void> {
+    async #setVolumes(): Promise<void> {
+        for (const [index, { volumePercent }] of this.paths.entries()) {
+            if (volumePercent === 100) continue;
+            const inputs = await run(["pactl", "list", "sink-inputs"], this.environment);
+            const input = inputs.split(/^Sink Input #/m).find((text) => text.includes(`media.name = "path${index}"`));
+            await run(["pactl", "set-sink-input-volume", String(Number.parseInt(input ?? "", 10)), `${volumePercent}%`], this.environment);
+        }
+    }
+
+    async #record(sink: string, recording: Recording): Promise<void> {
         const recorder = startPiped(
-            ["parec", "--raw", "--device=speakers.monitor", `--rate=${rate}`, "--channels=1", "--format=s16le", "--latency-msec=20"],
+            ["parec", "--raw", `--device=${sink}.monitor`, `--rate=${rate}`, "--channels=1", "--format=s16le", "--latency-msec=20"],
             this.environment,
             join(this.folder, "recorder.log"),
         );
+        const take = recording.begin();
         try {
             for await (const chunk of recorder.stdout) {
                 if (this.#isEnding) return;
-                this.recording.add(chunk);
+                take.add(chunk);
             }
         } catch {
             // The server died; the next one is recorded anew.

@@ -1,12 +1,15 @@
 #pragma once
 
+#include <QObject>
+
 #include <pulse/thread-mainloop.h>
 
 #include <memory>
 
 namespace palomet {
 
-/// libpulse's thread, which runs every callback of its handles. It lives as long as this object.
+/// libpulse's thread, which runs every callback of its handles, in real time if the system allows that. It lives as
+/// long as this object, which lives on the main thread.
 class PulseMainloop {
 public:
     /// Without a thread the program cannot go on: fatal.
@@ -38,6 +41,9 @@ private:
     struct End {
         void operator()(pa_threaded_mainloop *loop) const noexcept { pa_threaded_mainloop_free(loop); }
     };
+    static void onStarted(pa_mainloop_api *api, void *self);
+
+    QObject m_receiver; ///< Outlives the thread, which asks this one for what it may not do itself.
     std::unique_ptr<pa_threaded_mainloop, End> m_loop;
 };
 

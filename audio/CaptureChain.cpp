@@ -43,7 +43,7 @@ void CaptureChain::captured(std::span<const float> samples, std::chrono::microse
             ++frames;
         }
     }
-    reference.settle(frames);
+    reference.settle(frames, delayHintMs);
 }
 
 void CaptureChain::cancelEcho(int delayHintMs, EchoReference &reference) noexcept {

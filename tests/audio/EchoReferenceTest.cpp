@@ -56,13 +56,13 @@ TEST(EchoReference, KeepsTheNewestSecondWhileTheMicrophoneIsClosed) {
     EXPECT_EQ(firstOfNext(reference), played[200000 - 65536]);
 }
 
-TEST(EchoReference, GivesBackAgeThatNobodyNeeded) {
+TEST(EchoReference, GivesBackAgeThatNobodyNeededWhereItsEchoIsNear) {
     EchoReference reference;
     const auto run = [&](int frames) {
         for (int frame = 0; frame < frames; ++frame) {
             reference.write(ramp(frameSize));
             firstOfNext(reference);
-            reference.settle(1);
+            reference.settle(1, 19);
         }
     };
     reference.write(ramp(5 * frameSize));
@@ -84,7 +84,7 @@ TEST(EchoReference, KeepsTheFrameThatOneLateCallbackBroughtIn) {
     for (int frame = 0; frame < 5000; ++frame) {
         reference.write(ramp(frameSize));
         firstOfNext(reference);
-        reference.settle(1);
+        reference.settle(1, 0);
     }
     EXPECT_EQ(reference.backlog(), 2 * frameSize - 1);
 }
@@ -96,7 +96,31 @@ TEST(EchoReference, KeepsTheAgeThatTheCallbacksNeed) {
         reference.write(ramp(4 * frameSize));
         for (int frame = 0; frame < 4; ++frame) {
             EXPECT_EQ(firstOfNext(reference), static_cast<float>(1 + frame * static_cast<int>(frameSize)));
-            reference.settle(1);
+            reference.settle(1, 0);
         }
     }
+}
+
+TEST(EchoReference, IsOlderFromTheFirstSecondOnByHalfOfWhatItsEchoTakes) {
+    EchoReference reference;
+    const auto run = [&](int frames, int delayMs) {
+        for (int frame = 0; frame < frames; ++frame) {
+            reference.write(ramp(frameSize));
+            firstOfNext(reference);
+            reference.settle(1, delayMs);
+        }
+    };
+    run(99, 75);
+    EXPECT_EQ(reference.backlog(), 0U);
+    run(1, 75);
+    EXPECT_EQ(reference.backlog(), 3 * frameSize);
+    // Three callbacks in a row may be late now, and the echo comes when it came before.
+    for (int frame = 0; frame < 3; ++frame)
+        EXPECT_EQ(firstOfNext(reference), 1);
+    reference.write(ramp(3 * frameSize));
+    run(5000, 45);
+    EXPECT_EQ(reference.backlog(), 3 * frameSize);
+    reference.clear();
+    run(100, 75);
+    EXPECT_EQ(reference.backlog(), 3 * frameSize);
 }

@@ -34,6 +34,17 @@ constexpr std::array commands{
 constexpr std::array panes{QLatin1StringView("now"), QLatin1StringView("history"), QLatin1StringView("listening"),
                            QLatin1StringView("voice"), QLatin1StringView("brain")};
 
+struct AutostartWord {
+    QLatin1StringView name;
+    CommandLine::Autostart meaning;
+};
+
+constexpr std::array autostarts{
+    AutostartWord{QLatin1StringView("on"), CommandLine::Autostart::On},
+    AutostartWord{QLatin1StringView("off"), CommandLine::Autostart::Off},
+    AutostartWord{QLatin1StringView("status"), CommandLine::Autostart::Status},
+};
+
 CommandLine invalid(const QString &problem) {
     CommandLine line;
     line.mode = CommandLine::Mode::Invalid;
@@ -58,6 +69,20 @@ CommandLine statusLine(const QStringList &arguments) {
             return invalid(QStringLiteral("unexpected argument: ") + argument);
         flag = true;
     }
+    return line;
+}
+
+CommandLine autostartLine(const QStringList &arguments) {
+    if (arguments.size() > 2)
+        return invalid(QStringLiteral("unexpected argument: ") + arguments[2]);
+    const auto wanted = arguments.value(1);
+    const auto *known = std::find_if(autostarts.begin(), autostarts.end(),
+                                     [&](const auto &candidate) { return candidate.name == wanted; });
+    if (known == autostarts.end())
+        return invalid(QStringLiteral("--autostart needs on, off or status"));
+    CommandLine line;
+    line.mode = CommandLine::Mode::Autostart;
+    line.autostart = known->meaning;
     return line;
 }
 
@@ -109,6 +134,8 @@ CommandLine CommandLine::parse(const QStringList &arguments) {
         return only(Mode::Help, rest);
     if (first == QStringLiteral("--status"))
         return statusLine(rest);
+    if (first == QStringLiteral("--autostart"))
+        return autostartLine(rest);
     const auto *option =
         std::find_if(commands.begin(), commands.end(), [&](const Option &known) { return known.name == first; });
     return option == commands.end() ? invalid(QStringLiteral("unknown argument: ") + first)
@@ -128,28 +155,41 @@ Result<QString> CommandLine::checkedText(const QByteArray &bytes) {
     return trimmed;
 }
 
+std::vector<OptionGroup> CommandLine::options() {
+    OptionGroup remote{QStringLiteral("To the one that runs (exit code 0 when it is done, 1 when none runs)"), {}};
+    for (const auto &option : commands) {
+        QString argument;
+        if (option.argument == Argument::Text)
+            argument = QStringLiteral("TEXT");
+        else if (option.argument == Argument::Pane)
+            argument = QStringLiteral("[PANE]");
+        remote.options.push_back({option.name, argument, QString::fromUtf8(option.meaning)});
+    }
+    const auto add = [](OptionGroup &group, const char *name, const char *argument, const char *meaning) {
+        group.options.push_back(
+            {QString::fromLatin1(name), QString::fromLatin1(argument), QString::fromLatin1(meaning)});
+    };
+    add(remote, "--status", "[--json]", "print its state");
+    add(remote, "--status", "--follow", "print its state at every change, until interrupted");
+
+    OptionGroup own{QStringLiteral("For itself"), {}};
+    add(own, "--autostart", "on|off", "start with the session, or not any more");
+    add(own, "--autostart", "status", "print whether it does");
+    add(own, "--preview", "[PANE]", "show the window with sample data, and nothing else");
+    add(own, "--capture", "FILE", "with --preview: write a picture of it and end");
+    add(own, "--version", "", "print the version");
+    add(own, "--help", "", "print this");
+    return {remote, own};
+}
+
 QString CommandLine::help() {
     QString text = QStringLiteral("Usage: palomet [OPTION]\n\n"
-                                  "Without an option: starts Palomet, or opens the window of the one that runs.\n\n"
-                                  "To the one that runs (exit code 0 when it is done, 1 when none runs):\n");
-    const auto line = [&](const QString &option, const QString &meaning) {
-        text += QStringLiteral("  %1  %2\n").arg(option, -22).arg(meaning);
-    };
-    for (const auto &option : commands) {
-        QString name = option.name;
-        if (option.argument == Argument::Text)
-            name += QStringLiteral(" TEXT");
-        else if (option.argument == Argument::Pane)
-            name += QStringLiteral(" [PANE]");
-        line(name, QString::fromUtf8(option.meaning));
+                                  "Without an option: starts Palomet, or opens the window of the one that runs.\n");
+    for (const auto &group : options()) {
+        text += QStringLiteral("\n%1:\n").arg(group.title);
+        for (const auto &option : group.options)
+            text += QStringLiteral("  %1  %2\n").arg(option.usage(), -22).arg(option.meaning);
     }
-    line(QStringLiteral("--status [--json]"), QStringLiteral("print its state"));
-    line(QStringLiteral("--status --follow"), QStringLiteral("print its state at every change, until interrupted"));
-    text += QStringLiteral("\nFor itself:\n");
-    line(QStringLiteral("--preview [PANE]"), QStringLiteral("show the window with sample data, and nothing else"));
-    line(QStringLiteral("--capture FILE"), QStringLiteral("with --preview: write a picture of it and end"));
-    line(QStringLiteral("--version"), QStringLiteral("print the version"));
-    line(QStringLiteral("--help"), QStringLiteral("print this"));
     return text;
 }
 

@@ -6,28 +6,46 @@
 #include <QStringList>
 
 #include <optional>
-#include <span>
+#include <vector>
 
 namespace palomet {
+
+/// One option as a reader meets it.
+struct OptionHelp {
+    QString name;     ///< "--say"
+    QString argument; ///< "TEXT", "[PANE]"; empty without one.
+    QString meaning;
+
+    [[nodiscard]] QString usage() const { return argument.isEmpty() ? name : name + u' ' + argument; }
+};
+
+struct OptionGroup {
+    QString title;
+    std::vector<OptionHelp> options;
+};
 
 /// What the program was started for.
 struct CommandLine {
     enum class Mode {
-        Run,     ///< Start, or open the window of the instance that runs.
-        Preview, ///< Show or capture a pane with sample data; the preview reads its own arguments.
-        Command, ///< Tell the running instance something.
-        Status,  ///< Ask the running instance how it is.
+        Run,       ///< Start, or open the window of the instance that runs.
+        Preview,   ///< Show or capture a pane with sample data; the preview reads its own arguments.
+        Command,   ///< Tell the running instance something.
+        Status,    ///< Ask the running instance how it is.
+        Autostart, ///< Start with the session or not any more, or say which.
         Version,
         Help,
         Invalid, ///< `problem` says what is wrong.
     };
+
+    enum class Autostart { On, Off, Status };
 
     Mode mode = Mode::Run;
     std::optional<RemoteCommand> command; ///< With `Command`.
     bool isTextOnInput = false;           ///< The command's text is to be read from standard input.
     bool isJson = false;                  ///< With `Status`.
     bool isFollowing = false;             ///< With `Status`.
-    QString problem;                      ///< With `Invalid`, in one line.
+    Autostart autostart = Autostart::Status;
+    QString problem; ///< With `Invalid`, in one line.
 
     /// Reads the arguments, the program's name left out. "--preview" is looked for first and is lenient; all else is
     /// strict.
@@ -40,7 +58,10 @@ struct CommandLine {
     /// longer than the limit to show that there is more.
     static Result<QString> checkedText(const QByteArray &bytes);
 
-    /// How the program is called, for a reader: the same words that its manual is made of.
+    /// Every option, in the order in which a reader is told of them; `help` and the manual are made of it.
+    static std::vector<OptionGroup> options();
+
+    /// How the program is called, for a reader.
     static QString help();
 };
 

@@ -1,5 +1,6 @@
 #include "app/AppDelegate.h"
 #include "app/Application.h"
+#include "app/AutostartCommand.h"
 #include "app/CommandLine.h"
 #include "app/PreviewMode.h"
 #include "app/RemoteSession.h"
@@ -7,6 +8,7 @@
 #include "base/QtScheduler.h"
 #include "platform/dbus/DBusRemoteClient.h"
 #include "platform/dbus/DBusRemoteService.h"
+#include "platform/desktop/AutostartEntry.h"
 #include "platform/desktop/DesktopMicrophonePermission.h"
 #include "platform/desktop/PortalColors.h"
 #include "platform/desktop/PortalMotion.h"
@@ -27,6 +29,7 @@
 #include <QDesktopServices>
 #include <QDir>
 #include <QSettings>
+#include <QStandardPaths>
 
 #include <cstdio>
 
@@ -154,6 +157,13 @@ int remote(const CommandLine &line, int argumentCount, char **arguments) {
     return runRemoteCommand(line, client);
 }
 
+int autostart(const CommandLine &line, int argumentCount, char **arguments) {
+    const QCoreApplication application(argumentCount, arguments);
+    AutostartEntry entry(QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation),
+                         QCoreApplication::applicationFilePath());
+    return runAutostartCommand(line.autostart, entry);
+}
+
 int print(std::FILE *stream, const QString &text, int exitCode) {
     std::fputs(text.toLocal8Bit().constData(), stream);
     return exitCode;
@@ -176,6 +186,8 @@ int main(int argc, char **argv) {
     case CommandLine::Mode::Command:
     case CommandLine::Mode::Status:
         return remote(line, argc, argv);
+    case CommandLine::Mode::Autostart:
+        return autostart(line, argc, argv);
     case CommandLine::Mode::Preview:
         return preview(arguments, argc, argv);
     case CommandLine::Mode::Invalid:

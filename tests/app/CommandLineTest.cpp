@@ -69,6 +69,17 @@ TEST(CommandLine, AsksForTheStatusInEitherForm) {
     EXPECT_EQ(parse({"--status", "--json", "--json"}).mode, Mode::Invalid);
 }
 
+TEST(CommandLine, TurnsTheAutostartOnAndOffAndTellsOfIt) {
+    using Autostart = CommandLine::Autostart;
+    EXPECT_EQ(parse({"--autostart", "on"}).mode, Mode::Autostart);
+    EXPECT_EQ(parse({"--autostart", "on"}).autostart, Autostart::On);
+    EXPECT_EQ(parse({"--autostart", "off"}).autostart, Autostart::Off);
+    EXPECT_EQ(parse({"--autostart", "status"}).autostart, Autostart::Status);
+    EXPECT_EQ(parse({"--autostart"}).mode, Mode::Invalid);
+    EXPECT_EQ(parse({"--autostart", "ON"}).mode, Mode::Invalid);
+    EXPECT_EQ(parse({"--autostart", "on", "off"}).mode, Mode::Invalid);
+}
+
 TEST(CommandLine, IsStrictAboutEverythingElse) {
     EXPECT_EQ(parse({"--listn"}).mode, Mode::Invalid);
     EXPECT_EQ(parse({"listen"}).mode, Mode::Invalid);
@@ -92,8 +103,8 @@ TEST(CommandLine, IgnoresACaptureWithoutAPreview) {
 
 TEST(CommandLine, NamesEveryOptionInItsHelp) {
     const auto help = CommandLine::help();
-    for (const auto *option :
-         {"--listen", "--stop", "--mute", "--new", "--say TEXT", "--act", "--clear-draft", "--open [PANE]", "--quit",
-          "--status", "--json", "--follow", "--preview", "--capture", "--version", "--help"})
+    for (const auto *option : {"--listen", "--stop", "--mute", "--new", "--say TEXT", "--act", "--clear-draft",
+                               "--open [PANE]", "--quit", "--status", "--json", "--follow", "--autostart on|off",
+                               "--autostart status", "--preview", "--capture", "--version", "--help"})
         EXPECT_TRUE(help.contains(QString::fromUtf8(option))) << option;
 }

@@ -1,0 +1,195 @@
+#!/usr/bin/env bash
+# try-package.sh SUITE: builds the packages in a fresh Debian of that suite (bookworm, trixie, …), installs them in another,
+# and tries them there: version, a picture of the window, a whole rehearsal as an ordinary user, an upgrade, a purge.
+#
+#   --base FOLDER   a root made by debootstrap earlier, to be copied instead of making one; it is not changed
+#   --keep          leave the two roots in build/roots/SUITE
+#   --no-rehearsal  leave the rehearsal out
+#
+# For root. The packages end up in build/packages/SUITE. Mirror, proxy and certificates are the host's own: what apt and npm
+# use here, they use inside. Mounts and processes live in namespaces of their own and go with the script.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+. tools/setup.sh
+
+source=$PWD
+
+# within ROOT COMMAND…: runs it inside, with the environment of an ordinary login and the host's network settings.
+within() {
+    local root=$1 settings
+    shift
+    settings=$(env | grep -E '^(https?|no|HTTPS?|NO)_(proxy|PROXY)=' || true)
+    # Each setting is one word: no address has a blank in it.
+    # shellcheck disable=SC2086
+    chroot "$root" env -i PATH=/usr/local/sbin:/usr/local/bin:/usr/sbin:/usr/bin:/sbin:/bin HOME=/root LANG=C.UTF-8 \
+        DEBIAN_FRONTEND=noninteractive $settings "$@"
+}
+
+# asUser ROOT COMMAND…: the same as somebody who is not root.
+asUser() {
+    local root=$1
+    shift
+    within "$root" setpriv --reuid 1000 --regid 1000 --clear-groups env HOME=/home/somebody "$@"
+}
+
+# The mirror that this host uses.
+mirror() {
+    apt-get indextargets --format '$(SITE)' 'Created-By: Packages' 2>/dev/null | grep -E 'debian/?$' | head -n 1
+}
+
+makeBase() {
+    if [ -n "$base" ]; then
+        cp -a "$base" "$roots/build"
+    else
+        step "Making a fresh $suite"
+        command -v debootstrap >/dev/null || fail "debootstrap is missing"
+        debootstrap --variant=minbase "$suite" "$roots/build" "$(mirror)" >"$roots/debootstrap.log" ||
+            { tail -n 20 "$roots/debootstrap.log"; fail "debootstrap could not make $suite"; }
+    fi
+    local root=$roots/build
+    rm -rf "$root"/etc/apt/sources.list "$root"/etc/apt/sources.list.d/*
+    echo "deb $(mirror) $suite main" >"$root/etc/apt/sources.list"
+    apt-config dump | grep -E '^Acquire::(http|https|ftp|Retries|Check)' >"$root/etc/apt/apt.conf.d/90host" || true
+    cp -L /etc/resolv.conf /etc/hosts "$root/etc/"
+    local certificates=/usr/local/share/ca-certificates
+    [ -d $certificates ] && mkdir -p "$root$certificates" && cp -rL $certificates/. "$root$certificates/"
+    local file
+    for file in $(apt-config dump | sed -nE 's/^Acquire::[^ ]*(CaInfo|SslCert|SslKey) "(.+)";$/\2/Ip'); do
+        mkdir -p "$root$(dirname "$file")" && cp -L "$file" "$root$file"
+    done
+    cp -a "$root" "$roots/run"
+}
+
+# Mounts of the namespace that this runs in; nobody else sees them.
+mountInside() {
+    local root=$1
+    mount -t proc proc "$root/proc"
+    mkdir -p "$root/dev/shm" "$root/source"
+    mount -t tmpfs -o mode=1777 tmpfs "$root/dev/shm"
+    mount -t tmpfs -o mode=1777 tmpfs "$root/tmp"
+    mount --bind "$source" "$root/source"
+    mount -o remount,bind,ro "$root/source"
+    # It may be a link to somewhere else on this host.
+    if [ -L "$source/resources/node_modules" ]; then
+        local packages
+        packages=$(readlink -f "$source/resources/node_modules")
+        mkdir -p "$root$packages"
+        mount --bind "$packages" "$root$packages"
+    fi
+}
+
+installInside() {
+    local root=$1
+    shift
+    within "$root" apt-get install -y -qq --no-install-recommends "$@" >"$roots/apt.log" 2>&1 ||
+        { tail -n 20 "$roots/apt.log"; fail "apt-get could not install: $*"; }
+}
+
+buildPackages() {
+    local root=$roots/build
+    step "Installing what the build needs"
+    within "$root" apt-get update -qq
+    # shellcheck disable=SC2046
+    installInside "$root" $(packagesOf build package)
+    step "Building the packages"
+    within "$root" cmake -S /source -B /build -G Ninja -DCMAKE_BUILD_TYPE=Release -DCMAKE_CXX_FLAGS_RELEASE="-O2 -DNDEBUG" \
+        >"$roots/configure.log" 2>&1 || { tail -n 20 "$roots/configure.log"; fail "cmake could not configure"; }
+    grep 'Echo canceller' "$roots/configure.log"
+    within "$root" cmake --build /build --target palomet palomet-resources palomet-documents >"$roots/build.log" 2>&1 ||
+        { tail -n 40 "$roots/build.log"; fail "the build failed"; }
+    within "$root" sh -c 'cd /build && cpack -B /packages' >"$roots/cpack.log" 2>&1 ||
+        { tail -n 20 "$roots/cpack.log"; fail "cpack failed"; }
+    mkdir -p "$output"
+    rm -f "$output"/*.deb
+    cp "$root"/packages/*.deb "$output/"
+    ls -l "$output"/*.deb | awk '{ print "    " $9 ", " int($5 / 1024) " KiB" }'
+    if command -v lintian >/dev/null; then
+        step "Looking for mistakes in the packages"
+        lintian --allow-root --fail-on error --tag-display-limit 0 "$output"/*.deb
+    fi
+}
+
+tryPackages() {
+    local root=$roots/run version
+    mkdir -p "$root/packages"
+    cp "$output"/*.deb "$root/packages/"
+    step "Installing them in a fresh $suite"
+    within "$root" apt-get update -qq
+    within "$root" useradd --create-home --uid 1000 somebody
+    installInside "$root" /packages/palomet_*.deb /packages/palomet-engine_*.deb
+    version=$(asUser "$root" palomet --version)
+    step "It says: $version"
+    asUser "$root" env QT_QPA_PLATFORM=offscreen palomet --preview now --capture /tmp/now.png
+    [ -s "$root/tmp/now.png" ] || fail "the picture of the window is missing"
+    cp "$root/tmp/now.png" "$output/now.png"
+    step "It draws its window: $output/now.png"
+    if [ "$isRehearsing" = yes ]; then
+        step "Rehearsing"
+        # shellcheck disable=SC2046
+        installInside "$root" $(packagesOf rehearsal)
+        asUser "$root" env PALOMET_PROGRAM=/usr/bin/palomet PALOMET_REHEARSAL=/tmp/rehearsal PALOMET_SOUND_SERVER_KILLS=2 \
+            /usr/share/palomet/bun /source/tests/rehearsal/rehearse.ts ||
+            { cp -r "$root/tmp/rehearsal" "$output/" || true; fail "the rehearsal failed; see $output/rehearsal"; }
+    fi
+
+    step "Upgrading"
+    local package next
+    next=$(within "$root" dpkg-query -W -f '${Version}' palomet)+next
+    for package in palomet palomet-engine; do
+        within "$root" sh -ec "dpkg-deb -R /packages/${package}_*.deb /tmp/$package
+            sed -i -E 's/^Version: .*/Version: $next/; s/palomet \(= [^)]*\)/palomet (= $next)/' /tmp/$package/DEBIAN/control
+            dpkg-deb --root-owner-group -Zgzip -z1 -b /tmp/$package /tmp/$package.deb >/dev/null"
+    done
+    installInside "$root" /tmp/palomet.deb /tmp/palomet-engine.deb
+    [ "$(within "$root" dpkg-query -W -f '${Version}' palomet palomet-engine)" = "$next$next" ] || fail "the upgrade did not happen"
+    asUser "$root" palomet --version >/dev/null
+
+    step "Purging"
+    within "$root" dpkg -L palomet palomet-engine | sort -u >"$roots/files.txt"
+    within "$root" apt-get purge -y -qq palomet palomet-engine >"$roots/apt.log" 2>&1 || { tail -n 20 "$roots/apt.log"; fail "the purge failed"; }
+    local left path
+    left=$(find "$root" -xdev \( -path "$root/home" -o -path "$root/packages" -o -path "$root/tmp" -o -path "$root/source" \
+        -o -path "$root/proc" \) -prune -o -iname '*palomet*' -print)
+    while read -r path; do
+        # A folder may be somebody else's too.
+        { [ -d "$root$path" ] && within "$root" dpkg -S "$path" >/dev/null 2>&1; } || [ ! -e "$root$path" ] || left+=" $path"
+    done < <(grep -v '^/\.$' "$roots/files.txt")
+    left+=$(within "$root" dpkg-query -W -f '${Package} ${db:Status-Status}\n' 'palomet*' 2>/dev/null | grep -v not-installed || true)
+    [ -z "$left" ] || fail "this is left: $left"
+    step "Nothing of it is left"
+}
+
+if [ "${1:-}" = --inside ]; then
+    shift
+    suite=$1 roots=$2 output=$3 isRehearsing=$4
+    mountInside "$roots/build"
+    mountInside "$roots/run"
+    buildPackages
+    tryPackages
+    exit 0
+fi
+
+suite="" base="" isKept=no isRehearsing=yes
+while [ $# -gt 0 ]; do
+    case $1 in
+    --base) base=${2:?which folder?}; shift ;;
+    --keep) isKept=yes ;;
+    --no-rehearsal) isRehearsing=no ;;
+    -*) fail "unknown option $1; see the head of this file" ;;
+    *) suite=$1 ;;
+    esac
+    shift
+done
+[ -n "$suite" ] || fail "which suite? see the head of this file"
+[ "$(id -u)" -eq 0 ] || fail "only root can make a Debian inside this one"
+installResources
+
+roots=$PWD/build/roots/$suite
+output=$PWD/build/packages/$suite
+[ ! -e "$roots" ] || fail "$roots exists; remove it first"
+mkdir -p "$roots"
+removeRoots() { [ "$isKept" = yes ] || rm -rf --one-file-system "$roots"; }
+trap removeRoots EXIT
+makeBase
+unshare --mount --propagation private --pid --fork --kill-child "$0" --inside "$suite" "$roots" "$output" "$isRehearsing"
+step "Everything happened in a fresh $suite"

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# lint.sh format | tidy BUILD_FOLDER: exits 0 when there is nothing to complain of.
+# lint.sh format | package MANUAL | tidy BUILD_FOLDER: exits 0 when there is nothing to complain of.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
@@ -8,6 +8,14 @@ sources() { git ls-files -co --exclude-standard -- "$@" | while read -r file; do
 case "$1" in
 format)
     sources '*.h' '*.cpp' | xargs clang-format --dry-run -Werror
+    ;;
+package)
+    desktop-file-validate packaging/org.palomet.Palomet.desktop
+    appstreamcli validate --no-net packaging/org.palomet.Palomet.metainfo.xml
+    # What groff finds wrong with the manual it says and does not count.
+    problems=$(groff -man -ww -z "$2" 2>&1)
+    [ -z "$problems" ] || { echo "$problems"; exit 1; }
+    bash -n packaging/bash-completion/palomet
     ;;
 tidy)
     build=$2

@@ -96,6 +96,9 @@ public:
 
     /// Access to the microphone was refused by the server. Set before `start`.
     std::function<void()> onAccessDenied;
+
+    /// The microphone was opened, after access to it had been refused. Set before `start`.
+    std::function<void()> onAccessGranted;
 };
 
 } // namespace palomet

@@ -20,8 +20,10 @@ public:
     [[nodiscard]] MicrophoneStatus status() const override;
     void request(std::function<void()> answered) override;
 
-    /// The sound server refused access to the microphone; holds until the user's answer in the store is changed.
+    /// The sound server refused access to the microphone; holds until it grants it, or the user's answer in the store
+    /// is changed.
     void soundServerRefused() { m_isRefused = true; }
+    void soundServerGranted() { m_isRefused = false; }
 
 private:
     void settle();

@@ -89,8 +89,8 @@ void PulseSoundServer::connectionEnded(int error) {
     const bool isRefused = error == PA_ERR_ACCESS;
     if (m_opening)
         finishOpening(isRefused ? accessRefused() : noServer());
-    if (isRefused && onAccessDenied)
-        onAccessDenied();
+    if (isRefused)
+        reportRefusal();
     if (isLost && onServerLost)
         onServerLost();
 }
@@ -184,16 +184,28 @@ void PulseSoundServer::startCapture() {
     m_capture = std::make_unique<PulseCapture>(
         *m_connection, *device, *m_streams, m_playbackLatency,
         PulseCapture::Events{
-            .open = [this] { finishOpening(std::nullopt); },
+            .open = [this] { captureOpened(); },
             .ended = [this](PulseCapture::Ending ending, int error) { captureEnded(ending, error); },
         });
+}
+
+void PulseSoundServer::captureOpened() {
+    finishOpening(std::nullopt);
+    if (std::exchange(m_isRefused, false) && onAccessGranted)
+        onAccessGranted();
+}
+
+void PulseSoundServer::reportRefusal() {
+    m_isRefused = true;
+    if (onAccessDenied)
+        onAccessDenied();
 }
 
 void PulseSoundServer::captureEnded(PulseCapture::Ending ending, int error) {
     if (m_opening) {
         finishOpening(failureOf(ending, error));
-        if (ending == PulseCapture::Ending::AccessDenied && onAccessDenied)
-            onAccessDenied();
+        if (ending == PulseCapture::Ending::AccessDenied)
+            reportRefusal();
         return;
     }
     m_capture.reset();

@@ -46,6 +46,8 @@ private:
     [[nodiscard]] bool isPresent(const QString &id) const;
 
     void startCapture();
+    void captureOpened();
+    void reportRefusal();
     void captureEnded(PulseCapture::Ending ending, int error);
     void failOpening(std::chrono::milliseconds delay, Failure failure);
     void finishOpening(const std::optional<Failure> &failure);
@@ -59,6 +61,7 @@ private:
 
     Link m_link = Link::Away;
     bool m_wasAway = false;     ///< The next connection is a return.
+    bool m_isRefused = false;   ///< Access was, and the microphone was not opened since.
     bool m_isChangeDue = false; ///< To be reported once the devices are known anew.
     bool m_isAsking = false;
     std::vector<InputDevice> m_devices;

@@ -154,3 +154,14 @@ TEST_F(MicrophonePermissionTest, IsDeniedWhenTheSoundServerRefusesUntilTheUsersA
     desktop.changePermissions({{us, {u"yes"_s}}});
     EXPECT_TRUE(becomes(MicrophoneStatus::Authorized));
 }
+
+TEST_F(MicrophonePermissionTest, IsGivenAgainWhenTheSoundServerLetsItIn) {
+    EXPECT_EQ(determined(), MicrophoneStatus::Authorized);
+    permission->soundServerRefused();
+    permission->soundServerGranted();
+    EXPECT_EQ(permission->status(), MicrophoneStatus::Authorized);
+    desktop.changePermissions({{us, {u"no"_s}}});
+    EXPECT_TRUE(becomes(MicrophoneStatus::Denied));
+    permission->soundServerGranted();
+    EXPECT_EQ(permission->status(), MicrophoneStatus::Denied);
+}

@@ -512,6 +512,23 @@ TEST_P(SoundServerTest, SaysThatAccessWasRefused) {
     EXPECT_EQ(m_losses, 0);
 }
 
+TEST_P(SoundServerTest, SaysThatAccessWasGrantedAfterItHadBeenRefused) {
+    if (GetParam() != Kind::PulseAudio)
+        GTEST_SKIP() << "pipewire-pulse lets everybody in";
+    int grants = 0;
+    m_sound = std::make_unique<PulseSoundServer>(m_scheduler, m_server->addressForStrangers());
+    m_sound->onAccessGranted = [&] { ++grants; };
+    m_sound->start(m_probe);
+    EXPECT_EQ(failToOpenCapture(), u"acesso ao microfone recusado"_s);
+    m_server->letStrangersIn();
+    ASSERT_TRUE(eventually([this] { return m_sound->defaultInput() == u"microphone"_s; }));
+    EXPECT_EQ(grants, 0);
+    openCapture();
+    EXPECT_EQ(grants, 1);
+    openCapture();
+    EXPECT_EQ(grants, 1);
+}
+
 TEST_P(SoundServerTest, CannotBePutOnAMonitorByAMixer) {
     start();
     const auto player = m_server->play(u"speakers"_s, tone(20s));

@@ -82,6 +82,10 @@ std::string PrivateSoundServer::addressForStrangers() {
     }
 }
 
+void PrivateSoundServer::letStrangersIn() const {
+    qputenv("PULSE_COOKIE", QFile::encodeName(file(u"cookie-of-others"_s)));
+}
+
 QProcessEnvironment PrivateSoundServer::environment() const {
     return m_environment;
 }

@@ -45,6 +45,8 @@ public:
     [[nodiscard]] std::string address() const;
     /// An address at which it turns away every client of this process. PulseAudio only.
     [[nodiscard]] std::string addressForStrangers();
+    /// From now on, clients of this process are no strangers there.
+    void letStrangersIn() const;
     /// What a client process needs in its environment: the address, and a home of its own.
     [[nodiscard]] QProcessEnvironment environment() const;
 

@@ -132,6 +132,8 @@ CommandLine CommandLine::parse(const QStringList &arguments) {
         return only(Mode::Version, rest);
     if (first == QStringLiteral("--help"))
         return only(Mode::Help, rest);
+    if (first == QStringLiteral("--doctor"))
+        return only(Mode::Doctor, rest);
     if (first == QStringLiteral("--status"))
         return statusLine(rest);
     if (first == QStringLiteral("--autostart"))
@@ -175,6 +177,7 @@ std::vector<OptionGroup> CommandLine::options() {
     OptionGroup own{QStringLiteral("For itself"), {}};
     add(own, "--autostart", "on|off", "start with the session, or not any more");
     add(own, "--autostart", "status", "print whether it does");
+    add(own, "--doctor", "", "look at what it needs, and say what works and what to do (exit code 0 when all does)");
     add(own, "--preview", "[PANE]", "show the window with sample data, and nothing else");
     add(own, "--capture", "FILE", "with --preview: write a picture of it and end");
     add(own, "--version", "", "print the version");

@@ -32,6 +32,7 @@ struct CommandLine {
         Command,   ///< Tell the running instance something.
         Status,    ///< Ask the running instance how it is.
         Autostart, ///< Start with the session or not any more, or say which.
+        Doctor,    ///< Look at what works and what does not.
         Version,
         Help,
         Invalid, ///< `problem` says what is wrong.

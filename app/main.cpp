@@ -5,6 +5,7 @@
 #include "app/PreviewMode.h"
 #include "app/RemoteSession.h"
 #include "app/Resources.h"
+#include "app/doctorMain.h"
 #include "base/QtScheduler.h"
 #include "platform/dbus/DBusRemoteClient.h"
 #include "platform/dbus/DBusRemoteService.h"
@@ -76,6 +77,7 @@ AppDelegate::Surroundings surroundings(std::unique_ptr<RemoteService> remote, X1
     auto permission = std::make_unique<DesktopMicrophonePermission>(bus, applicationId, *scheduler);
     auto sound = std::make_unique<PulseSoundServer>(*scheduler);
     sound->onAccessDenied = [&permission = *permission] { permission.soundServerRefused(); };
+    sound->onAccessGranted = [&permission = *permission] { permission.soundServerGranted(); };
     return {
         .resources = resourceFolder(QCoreApplication::applicationDirPath()),
         .home = QDir::homePath(),
@@ -188,6 +190,8 @@ int main(int argc, char **argv) {
         return remote(line, argc, argv);
     case CommandLine::Mode::Autostart:
         return autostart(line, argc, argv);
+    case CommandLine::Mode::Doctor:
+        return runDoctor(argc, argv);
     case CommandLine::Mode::Preview:
         return preview(arguments, argc, argv);
     case CommandLine::Mode::Invalid:

@@ -16,8 +16,12 @@ const Shortcut Shortcuts::defaultStop{53, 0};
 
 Shortcuts::Shortcuts(QSettings &settings)
     : m_settings(settings) {
-    setListen(load(listenKey).value_or(defaultListen));
-    setStop(load(stopKey).value_or(defaultStop));
+    setListen(storedListen(settings));
+    setStop(load(settings, stopKey).value_or(defaultStop));
+}
+
+Shortcut Shortcuts::storedListen(const QSettings &settings) {
+    return load(settings, listenKey).value_or(defaultListen);
 }
 
 void Shortcuts::setListen(std::optional<Shortcut> shortcut) {
@@ -46,8 +50,8 @@ void Shortcuts::save(const QString &key, const std::optional<Shortcut> &shortcut
     m_settings.sync();
 }
 
-std::optional<Shortcut> Shortcuts::load(const QString &key) const {
-    return Shortcut::fromJson(m_settings.value(key).toByteArray());
+std::optional<Shortcut> Shortcuts::load(const QSettings &settings, const QString &key) {
+    return Shortcut::fromJson(settings.value(key).toByteArray());
 }
 
 } // namespace palomet

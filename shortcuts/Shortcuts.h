@@ -23,6 +23,9 @@ public:
     /// shortcut that was cleared stays so until the program ends. `settings` outlives this.
     explicit Shortcuts(QSettings &settings);
 
+    /// The listen shortcut as such an object would read it, without writing anything.
+    [[nodiscard]] static Shortcut storedListen(const QSettings &settings);
+
     [[nodiscard]] const std::optional<Shortcut> &listen() const { return m_listen; }
     [[nodiscard]] const std::optional<Shortcut> &stop() const { return m_stop; }
     [[nodiscard]] bool isPaused() const { return m_isPaused; }
@@ -44,7 +47,7 @@ Q_SIGNALS:
 
 private:
     void save(const QString &key, const std::optional<Shortcut> &shortcut);
-    [[nodiscard]] std::optional<Shortcut> load(const QString &key) const;
+    [[nodiscard]] static std::optional<Shortcut> load(const QSettings &settings, const QString &key);
 
     QSettings &m_settings;
     std::optional<Shortcut> m_listen;

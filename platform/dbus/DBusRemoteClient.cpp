@@ -71,6 +71,8 @@ void DBusRemoteClient::statusChanged(const QString &json) {
 }
 
 bool DBusRemoteClient::waitUntilGone(std::chrono::milliseconds limit) {
+    if (!m_bus.isConnected())
+        return true;
     QEventLoop loop;
     connect(&m_watcher, &QDBusServiceWatcher::serviceUnregistered, &loop, &QEventLoop::quit);
     QTimer::singleShot(limit, &loop, [&] { loop.exit(1); });

@@ -80,6 +80,11 @@ TEST(CommandLine, TurnsTheAutostartOnAndOffAndTellsOfIt) {
     EXPECT_EQ(parse({"--autostart", "on", "off"}).mode, Mode::Invalid);
 }
 
+TEST(CommandLine, CallsTheDoctorAlone) {
+    EXPECT_EQ(parse({"--doctor"}).mode, Mode::Doctor);
+    EXPECT_EQ(parse({"--doctor", "--json"}).mode, Mode::Invalid);
+}
+
 TEST(CommandLine, IsStrictAboutEverythingElse) {
     EXPECT_EQ(parse({"--listn"}).mode, Mode::Invalid);
     EXPECT_EQ(parse({"listen"}).mode, Mode::Invalid);
@@ -105,6 +110,6 @@ TEST(CommandLine, NamesEveryOptionInItsHelp) {
     const auto help = CommandLine::help();
     for (const auto *option : {"--listen", "--stop", "--mute", "--new", "--say TEXT", "--act", "--clear-draft",
                                "--open [PANE]", "--quit", "--status", "--json", "--follow", "--autostart on|off",
-                               "--autostart status", "--preview", "--capture", "--version", "--help"})
+                               "--autostart status", "--doctor", "--preview", "--capture", "--version", "--help"})
         EXPECT_TRUE(help.contains(QString::fromUtf8(option))) << option;
 }

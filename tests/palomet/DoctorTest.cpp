@@ -1,0 +1,110 @@
+#include "tests/palomet/Desktop.h"
+#include "tests/support/PrivateSoundServer.h"
+
+#include <QTcpServer>
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <numbers>
+
+using namespace palomet;
+using namespace Qt::StringLiterals;
+using test::eventually;
+using test::PrivateSoundServer;
+
+namespace {
+
+/// Ten seconds of a tone.
+std::vector<float> tone() {
+    constexpr int rate = 48000;
+    std::vector<float> samples(static_cast<std::size_t>(10) * rate);
+    for (std::size_t index = 0; index < samples.size(); ++index) {
+        const double turns = 440.0 * static_cast<double>(index) / rate;
+        samples[index] = static_cast<float>(0.25 * std::sin(2 * std::numbers::pi * turns));
+    }
+    return samples;
+}
+
+/// The program's own doctor, on a desktop of the test's own.
+class PalometDoctorTest : public ::testing::Test {
+protected:
+    PalometDoctorTest()
+        : environment(desktop.environment()) {
+        environment.insert(u"PALOMET_RESOURCES"_s, QStringLiteral(PALOMET_BINARY_DIR "/resources"));
+    }
+    ~PalometDoctorTest() override {
+        palomet.kill();
+        palomet.waitForFinished();
+    }
+
+    /// Runs it to its end, and keeps what it printed.
+    int examine() {
+        QProcess doctor;
+        doctor.setProcessEnvironment(environment);
+        doctor.start(QStringLiteral(PALOMET_EXECUTABLE), {u"--doctor"_s});
+        EXPECT_TRUE(eventually([&] { return doctor.state() == QProcess::NotRunning; }));
+        output = QString::fromUtf8(doctor.readAllStandardOutput());
+        EXPECT_EQ(doctor.readAllStandardError(), "");
+        return doctor.exitCode();
+    }
+
+    [[nodiscard]] bool says(const QString &line) const { return (u'\n' + output).contains(u'\n' + line); }
+
+    test::Desktop desktop;
+    QProcessEnvironment environment;
+    QProcess palomet;
+    QString output;
+};
+
+} // namespace
+
+TEST_F(PalometDoctorTest, SaysWhatDoesNotWorkAndWhatToDo) {
+    EXPECT_EQ(examine(), 1);
+    EXPECT_TRUE(says(u"ok  Palomet: does not run now"_s)) << qPrintable(output);
+    EXPECT_TRUE(says(u"ok  engine: there, with its runtime bun "_s)) << qPrintable(output);
+    EXPECT_TRUE(says(u"ok  languages: en, of en"_s)) << qPrintable(output);
+    EXPECT_TRUE(says(u"!!  tray: no panel shows icons; "_s)) << qPrintable(output);
+    EXPECT_TRUE(says(u"ok  hot keys: through X11; Alt+Space is free"_s)) << qPrintable(output);
+    EXPECT_TRUE(says(u"ok  strip: "_s)) << qPrintable(output);
+    EXPECT_TRUE(says(u"!!  sound server: does not answer; "_s)) << qPrintable(output);
+    EXPECT_TRUE(says(u"!!  level: "_s)) << qPrintable(output);
+    // It leaves no trace.
+    EXPECT_FALSE(QFile::exists(desktop.home.filePath(u".config/palomet"_s)));
+    EXPECT_FALSE(QFile::exists(desktop.home.filePath(u"Library"_s)));
+}
+
+TEST_F(PalometDoctorTest, IsContentWhereAllWorksAndDoesNotDisturbThePalometThatRuns) {
+    PrivateSoundServer sound(PrivateSoundServer::Kind::PulseAudio);
+    sound.start();
+    sound.addSpeakers(u"speakers"_s);
+    sound.addMicrophone(u"mic"_s, u"Desk microphone"_s);
+    sound.setDefaultInput(u"mic"_s);
+    for (const auto &name : {u"PULSE_SERVER"_s, u"PULSE_COOKIE"_s})
+        environment.insert(name, sound.environment().value(name));
+    desktop.tray.appear();
+    palomet.setProcessEnvironment(environment);
+    palomet.start(QStringLiteral(PALOMET_EXECUTABLE), QStringList{});
+    ASSERT_TRUE(eventually([this] { return !desktop.tray.menu().empty(); }));
+    ASSERT_TRUE(eventually([this] { return desktop.tray.menu().front().title().contains(u"Desk microphone"_s); }));
+
+    const auto player = sound.play(u"mic-feed"_s, tone());
+    EXPECT_EQ(examine(), 0) << qPrintable(output);
+    EXPECT_TRUE(says(u"ok  Palomet: runs, and is "_s)) << qPrintable(output);
+    EXPECT_TRUE(says(u"ok  port 4780: held by Palomet's backend, bun (process "_s)) << qPrintable(output);
+    EXPECT_TRUE(says(u"ok  hot keys: held by the Palomet that runs, through X11"_s)) << qPrintable(output);
+    EXPECT_TRUE(says(u"ok  microphone: Desk microphone, the default of 1; Palomet hears with Desk microphone"_s))
+        << qPrintable(output);
+    EXPECT_TRUE(says(u"ok  level: peak -12 dB"_s)) << qPrintable(output);
+
+    EXPECT_EQ(sound.defaultInput(), u"mic"_s);
+    EXPECT_EQ(palomet.state(), QProcess::Running);
+    EXPECT_TRUE(desktop.tray.menu().front().title().contains(u"Desk microphone"_s));
+}
+
+TEST_F(PalometDoctorTest, NamesWhoHoldsThePort) {
+    QTcpServer stranger;
+    ASSERT_TRUE(stranger.listen(QHostAddress::LocalHost, 4780));
+    EXPECT_EQ(examine(), 1);
+    EXPECT_TRUE(says(u"!!  port 4780: held by palomet-tests (process "_s)) << qPrintable(output);
+}

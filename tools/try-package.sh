@@ -95,7 +95,7 @@ buildPackages() {
     within "$root" cmake -S /source -B /build -G Ninja -DCMAKE_BUILD_TYPE=Release -DCMAKE_CXX_FLAGS_RELEASE="-O2 -DNDEBUG" \
         -DBUILD_TESTING=OFF >"$roots/configure.log" 2>&1 || { tail -n 20 "$roots/configure.log"; fail "cmake could not configure"; }
     grep 'Echo canceller' "$roots/configure.log"
-    within "$root" cmake --build /build --target palomet palomet-resources palomet-documents >"$roots/build.log" 2>&1 ||
+    within "$root" cmake --build /build --parallel "$(nproc)" --target palomet palomet-resources palomet-documents >"$roots/build.log" 2>&1 ||
         { tail -n 40 "$roots/build.log"; fail "the build failed"; }
     within "$root" sh -c 'cd /build && cpack -B /packages' >"$roots/cpack.log" 2>&1 ||
         { tail -n 20 "$roots/cpack.log"; fail "cpack failed"; }

@@ -53,13 +53,18 @@ struct RowChange {
             auto removed = static_cast<qsizetype>(i < endBefore);
             auto inserted = static_cast<qsizetype>(j < endAfter);
             bool isFound = false;
+            const auto look = [&](qsizetype gone, qsizetype come) {
+                if (isFound || !agree(i + gone, j + come))
+                    return;
+                isFound = true;
+                removed = gone;
+                inserted = come;
+            };
             for (qsizetype ahead = 1; looks > 0 && ahead <= farthest && !isFound; ++ahead) {
-                for (qsizetype gone = 0; gone <= ahead && !isFound; ++gone) {
-                    isFound = agree(i + gone, j + ahead - gone);
-                    if (isFound) {
-                        removed = gone;
-                        inserted = ahead - gone;
-                    }
+                look(ahead, ahead);
+                for (qsizetype less = ahead - 1; less >= 0; --less) {
+                    look(ahead, less);
+                    look(less, ahead);
                 }
             }
             --looks;
@@ -74,7 +79,7 @@ struct RowChange {
 
 private:
     static constexpr int mostLooks = 64;
-    static constexpr qsizetype farthest = 32;
+    static constexpr qsizetype farthest = 16;
 };
 
 } // namespace palomet

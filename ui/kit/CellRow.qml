@@ -7,11 +7,11 @@ Item {
 
     default property alias cells: slot.data
     property color ruleColor: Zen.gray9
-    readonly property int columns: width < 720 ? 2 : 4
     property list<real> rules
 
     function arrange(): void {
         const cells = slot.children;
+        const columns = width < 720 ? 2 : 4;
         const tops = [];
         let top = 0;
         for (let first = 0; first < cells.length; first += columns) {

@@ -8,16 +8,22 @@ ZenRow {
     property string value
     property string trailing
     property int labelWidth: 120
+    // The smaller texts stand on the value's line.
+    readonly property int smallY: rule + Zen.baseline(13, 44) - Zen.baseline(12, 44)
 
     implicitHeight: 44
 
+    Accessible.role: Accessible.ListItem
+    Accessible.name: `${value} ${label} ${trailing}`
+
     ZenData {
-        y: root.rule
+        y: root.smallY
         width: root.labelWidth
         text: root.label
         size: 12
         box: 44
         color: Zen.gray5
+        Accessible.ignored: true
     }
     ElidedText {
         x: root.labelWidth
@@ -25,16 +31,18 @@ ZenRow {
         width: root.width - x - (detail.visible ? detail.width + Zen.space5 : 0)
         text: root.value
         box: 44
+        Accessible.ignored: true
     }
     ZenData {
         id: detail
 
         x: root.width - width
-        y: root.rule
+        y: root.smallY
         visible: text !== ""
         text: root.trailing
         size: 12
         box: 44
         color: Zen.gray5
+        Accessible.ignored: true
     }
 }

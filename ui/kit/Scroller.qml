@@ -20,6 +20,10 @@ Item {
         flickable.contentY = Math.max(first, Math.min(last, Math.round(y)));
     }
 
+    function keepWithin(): void {
+        scrollTo(flickable.contentY);
+    }
+
     function scrollBy(distance: real): void {
         scrollTo(flickable.contentY + distance);
         scrolled();
@@ -54,8 +58,9 @@ Item {
     }
 
     anchors.fill: flickable
-    onFirstChanged: if (flickable.contentY < first) scrollTo(first)
-    onLastChanged: if (flickable.contentY > last) scrollTo(last)
+    // Later, for scrolling a list makes rows, and their heights change where its content ends.
+    onFirstChanged: Qt.callLater(keepWithin)
+    onLastChanged: Qt.callLater(keepWithin)
     Window.onActiveFocusItemChanged: if (Window.activeFocusItem) reveal(Window.activeFocusItem)
 
     WheelHandler {

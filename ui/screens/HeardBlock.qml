@@ -35,6 +35,8 @@ Column {
         delegate: EntryRow {
             required property int index
             required property bool isAccepted
+            required action
+            required reason
 
             isFirst: index === 0
             isQuiet: !isAccepted

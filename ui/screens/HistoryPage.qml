@@ -36,13 +36,15 @@ ListPage {
         label: day
         value: question
         trailing: detail
-        Accessible.role: Accessible.ListItem
-        Accessible.name: `${question} ${day} ${detail}`
     }
     foot: [
+        Item {
+            width: 1
+            height: Zen.space5
+            visible: root.rows.count === 0
+        },
         ZenBody {
             width: root.columnWidth
-            topPadding: Zen.space5
             visible: root.rows.count === 0
             text: Words.t("history.empty")
         },
@@ -55,4 +57,20 @@ ListPage {
             text: Words.t("history.note")
         }
     ]
+
+    // There is nothing to press here, and yet the keyboard must get here to scroll.
+    Pressable {
+        id: ground
+
+        anchors.fill: parent
+        z: -1
+        Accessible.role: Accessible.Pane
+        Accessible.name: Words.t("history.title")
+
+        FocusRing {
+            isInside: true
+            corner: 0
+            visible: ground.isReached
+        }
+    }
 }

@@ -10,19 +10,25 @@ ListPage {
     required property NowScreen screen
     // Whether the newest turn is kept in view: as long as the user has not scrolled it out of it.
     property bool isFollowing: true
+    property bool isMoved: false
 
     function follow(): void {
-        const end = footY + request.y + request.height + Zen.space4;
-        if (isFollowing && end > view.contentY + view.height)
-            scroller.scrollTo(end - view.height);
+        const target = footY + request.y + request.height + Zen.space4 - view.height;
+        // What the user brought into view below the newest turn stays where it is.
+        if (isFollowing && (!isMoved || target > view.contentY))
+            scroller.scrollTo(target);
     }
 
     column: Zen.board
     model: screen.rows
     listName: Words.t("now.conversation")
-    scroller.onScrolled: isFollowing = rowsEnd <= view.contentY + view.height + 1
-    onFootYChanged: follow()
-    onHeightChanged: follow()
+    scroller.onScrolled: {
+        isMoved = true;
+        isFollowing = rowsEnd <= view.contentY + view.height + 1;
+    }
+    scroller.onFirstChanged: Qt.callLater(follow)
+    onFootYChanged: Qt.callLater(follow)
+    onHeightChanged: Qt.callLater(follow)
 
     head: [
         StateCells {
@@ -53,9 +59,13 @@ ListPage {
         isFirst: index === 0
     }
     foot: [
+        Item {
+            width: 1
+            height: Zen.space5
+            visible: root.rows.count === 0
+        },
         ZenBody {
             width: root.columnWidth
-            topPadding: Zen.space5
             visible: root.rows.count === 0
             text: root.screen.emptyText
         },

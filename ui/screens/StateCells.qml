@@ -10,6 +10,11 @@ Column {
 
     width: parent ? parent.width : 0
 
+    Announcement {
+        text: `${root.screen.stateWord}. ${root.screen.stateNote}`
+        Accessible.role: Accessible.AlertMessage
+        Accessible.name: text
+    }
     CellRow {
         width: root.width
 

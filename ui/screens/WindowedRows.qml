@@ -13,6 +13,7 @@ Item {
     property alias count: list.count
 
     implicitHeight: 1 + list.contentHeight
+    onPositionChanged: Qt.callLater(list.place)
 
     HairLine {
         width: parent.width
@@ -21,15 +22,29 @@ Item {
     ListView {
         id: list
 
-        readonly property real hidden: Math.max(0, Math.min(contentHeight - height, root.view.contentY - root.position - 1))
+        function place(): void {
+            const hidden = Math.max(0, Math.min(contentHeight - height, root.view.contentY - root.position - 1));
+            y = 1 + hidden;
+            contentY = originY + hidden;
+        }
 
-        y: 1 + hidden
         width: root.width
         height: Math.min(root.view.height, contentHeight)
-        contentY: originY + hidden
+        // Later, for placing it makes rows, and their heights change what the place depends on.
+        onHeightChanged: Qt.callLater(place)
+        onContentHeightChanged: Qt.callLater(place)
+        onOriginYChanged: Qt.callLater(place)
+        Component.onCompleted: place()
         interactive: false
         reuseItems: true
         currentIndex: -1
         keyNavigationEnabled: false
+    }
+    Connections {
+        target: root.view
+
+        function onContentYChanged(): void {
+            list.place();
+        }
     }
 }

@@ -58,7 +58,9 @@ QVariant FolderRows::data(const QModelIndex &index, int role) const {
     }
 }
 
-QHash<int, QByteArray> FolderRows::roleNames() const { return {{Folder, "folder"}, {Title, "title"}}; }
+QHash<int, QByteArray> FolderRows::roleNames() const {
+    return {{Folder, "folder"}, {Title, "title"}};
+}
 
 BrainScreen::BrainScreen(PalometModel &model, QString home, FolderPicker pickFolders)
     : Screen(model)
@@ -77,8 +79,8 @@ BrainScreen::BrainScreen(PalometModel &model, QString home, FolderPicker pickFol
 }
 
 QString BrainScreen::abbreviated(const QString &path, const QString &home) {
-    const bool isInside = !home.isEmpty() && path.startsWith(home) &&
-                          (path.size() == home.size() || path.at(home.size()) == u'/');
+    const bool isInside =
+        !home.isEmpty() && path.startsWith(home) && (path.size() == home.size() || path.at(home.size()) == u'/');
     return isInside ? u'~' + path.sliced(home.size()) : path;
 }
 

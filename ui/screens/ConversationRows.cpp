@@ -19,7 +19,9 @@ QString label(const QString &role) {
     return QStringLiteral("Palomet");
 }
 
-QString kind(const QString &role) { return role == u"user" || role == u"tool" ? role : QStringLiteral("agent"); }
+QString kind(const QString &role) {
+    return role == u"user" || role == u"tool" ? role : QStringLiteral("agent");
+}
 
 QString duration(const Snapshot::Row &row) {
     if (row.isOpen.value_or(false))
@@ -73,7 +75,9 @@ QVariant DraftRows::data(const QModelIndex &index, int role) const {
     }
 }
 
-QHash<int, QByteArray> DraftRows::roleNames() const { return {{Clock, "clock"}, {Words, "words"}}; }
+QHash<int, QByteArray> DraftRows::roleNames() const {
+    return {{Clock, "clock"}, {Words, "words"}};
+}
 
 void HeardRows::show(const Snapshot *snapshot, double now) {
     std::vector<Snapshot::Heard> recent;

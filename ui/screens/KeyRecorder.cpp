@@ -93,9 +93,13 @@ KeyRecorder::KeyRecorder(Role role, Shortcuts &shortcuts, const KeyboardLayout &
             &KeyRecorder::changed);
 }
 
-KeyRecorder::~KeyRecorder() { stop(); }
+KeyRecorder::~KeyRecorder() {
+    stop();
+}
 
-QString KeyRecorder::title() const { return m_role == Role::Listen ? L("menu.listen") : L("menu.stop"); }
+QString KeyRecorder::title() const {
+    return m_role == Role::Listen ? L("menu.listen") : L("menu.stop");
+}
 
 QString KeyRecorder::description() const {
     if (m_problem)
@@ -103,7 +107,9 @@ QString KeyRecorder::description() const {
     return m_role == Role::Listen ? L("listening.listenShortcut.hint") : L("listening.stopShortcut.hint");
 }
 
-QStringList KeyRecorder::caps() const { return shortcut() ? shortcut()->caps(m_layout) : QStringList(); }
+QStringList KeyRecorder::caps() const {
+    return shortcut() ? shortcut()->caps(m_layout) : QStringList();
+}
 
 QString KeyRecorder::spoken() const {
     if (!shortcut())
@@ -121,9 +127,13 @@ QString KeyRecorder::spoken() const {
     return words.join(QStringLiteral(" + "));
 }
 
-QString KeyRecorder::hint() const { return allowsKeyAlone() ? L("recorder.hint.keyAlone") : L("recorder.hint"); }
+QString KeyRecorder::hint() const {
+    return allowsKeyAlone() ? L("recorder.hint.keyAlone") : L("recorder.hint");
+}
 
-QString KeyRecorder::help() const { return m_isRecording ? L("recorder.help.recording") : L("recorder.help.idle"); }
+QString KeyRecorder::help() const {
+    return m_isRecording ? L("recorder.help.recording") : L("recorder.help.idle");
+}
 
 const std::optional<Shortcut> &KeyRecorder::shortcut() const {
     return m_role == Role::Listen ? m_shortcuts.listen() : m_shortcuts.stop();
@@ -193,8 +203,8 @@ void KeyRecorder::handle(quint32 keyCode, quint64 flags) {
     stop();
     const auto &other = allowsKeyAlone() ? m_shortcuts.listen() : m_shortcuts.stop();
     if (other == candidate) {
-        refuse(L("recorder.duplicate",
-                 {candidate.text(m_layout), allowsKeyAlone() ? L("menu.listen") : L("menu.stop")}));
+        refuse(
+            L("recorder.duplicate", {candidate.text(m_layout), allowsKeyAlone() ? L("menu.listen") : L("menu.stop")}));
         return;
     }
     store(candidate);

@@ -26,11 +26,13 @@ constexpr double defaultDraftAgeMs = 10 * minuteMs;
 const QString absent = QStringLiteral("\u2014");
 
 QString minutes(double milliseconds) {
-    return QString::number(milliseconds / minuteMs, 'g', QLocale::FloatingPointShortest) + QStringLiteral(" min");
+    return Format::number(milliseconds / minuteMs, {.least = 0, .most = 1}) + QStringLiteral(" min");
 }
 
 /// As the choices' ids are written; what is no whole number is none of them.
-QString idOf(double milliseconds) { return QString::number(milliseconds, 'f', QLocale::FloatingPointShortest); }
+QString idOf(double milliseconds) {
+    return QString::number(milliseconds, 'f', QLocale::FloatingPointShortest);
+}
 
 QString joined(const std::vector<QString> &words) {
     return QStringList(words.begin(), words.end()).join(QStringLiteral(", "));
@@ -83,9 +85,8 @@ ListeningScreen::ListeningScreen(PalometModel &model, Shortcuts &shortcuts, cons
     pick(m_transcription, "whisperModel");
 
     const auto pickTime = [this](ChoiceSetting &setting, const char *key) {
-        connect(&setting, &ChoiceSetting::asked, this, [this, key](const QString &id) {
-            this->model().set(QString::fromLatin1(key), millisecondsFrom(id));
-        });
+        connect(&setting, &ChoiceSetting::asked, this,
+                [this, key](const QString &id) { this->model().set(QString::fromLatin1(key), millisecondsFrom(id)); });
     };
     pickTime(m_draftAge, "draftMaxAgeMs");
     pickTime(m_endSilence, "endSilenceMs");
@@ -165,6 +166,8 @@ void ListeningScreen::updateSettings() {
     m_echoGuard.show(knownTime(now.echoGuardMs, u"echoGuardMs"));
 }
 
-void ListeningScreen::updateProblem() { m_listenShortcut.setProblem(model().hotKeyProblem()); }
+void ListeningScreen::updateProblem() {
+    m_listenShortcut.setProblem(model().hotKeyProblem());
+}
 
 } // namespace palomet

@@ -15,6 +15,8 @@ void Screen::setActive(bool isActive) {
         becameInactive();
 }
 
-const Snapshot::Settings *Screen::settings() const { return snapshot() ? &snapshot()->settings : nullptr; }
+const Snapshot::Settings *Screen::settings() const {
+    return snapshot() ? &snapshot()->settings : nullptr;
+}
 
 } // namespace palomet

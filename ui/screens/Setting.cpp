@@ -8,7 +8,9 @@ Setting::Setting(const char *titleKey, const char *hintKey)
     : m_titleKey(titleKey)
     , m_hintKey(hintKey) {}
 
-QString Setting::title() const { return L(m_titleKey); }
+QString Setting::title() const {
+    return L(m_titleKey);
+}
 
 QString Setting::hint() const {
     if (m_hintText)
@@ -16,9 +18,13 @@ QString Setting::hint() const {
     return *m_hintKey == '\0' ? QString() : L(m_hintKey);
 }
 
-void Setting::setHintKey(const char *key) { assign(m_hintKey, key); }
+void Setting::setHintKey(const char *key) {
+    assign(m_hintKey, key);
+}
 
-void Setting::setHintText(std::optional<QString> text) { assign(m_hintText, std::move(text)); }
+void Setting::setHintText(std::optional<QString> text) {
+    assign(m_hintText, std::move(text));
+}
 
 void ChoiceSetting::offer(std::vector<Choice> choices) {
     if (m_choices == choices)
@@ -35,6 +41,8 @@ TextSetting::TextSetting(const char *titleKey, const char *hintKey, const char *
     : Setting(titleKey, hintKey)
     , m_placeholderKey(placeholderKey) {}
 
-QString TextSetting::placeholder() const { return L(m_placeholderKey); }
+QString TextSetting::placeholder() const {
+    return L(m_placeholderKey);
+}
 
 } // namespace palomet

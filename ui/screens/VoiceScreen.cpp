@@ -70,9 +70,8 @@ void VoiceScreen::updateOptions() {
 void VoiceScreen::updateSettings() {
     const auto *now = settings();
     const auto plain = [this, now](QString Snapshot::Settings::*field, QStringView key) {
-        return ChoiceSetting::Shown{.value = now ? now->*field : absent,
-                                    .selected = now ? now->*field : QString(),
-                                    .isBusy = isApplying(key)};
+        return ChoiceSetting::Shown{
+            .value = now ? now->*field : absent, .selected = now ? now->*field : QString(), .isBusy = isApplying(key)};
     };
     m_voice.show(now ? now->voiceId : QString());
     m_name.show(now ? now->voiceName : QString());

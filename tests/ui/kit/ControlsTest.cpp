@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+
 using palomet::test::eventually;
 using palomet::test::Scene;
 
@@ -112,4 +114,28 @@ TEST(Texts, AreShownAsTheyAreWrittenMarkupIncluded) {
         R"(Column { Repeater { model: 1; ElidedText { objectName: "text"; text: "<b>bold</b><img src='file:///x.png'>" } } })");
     EXPECT_EQ(scene.value("text", "textFormat").toInt(), 0);
     EXPECT_GT(scene.value("text", "implicitWidth").toReal(), 200);
+}
+
+TEST(CellRow, StandsInFourColumnsWhereThereIsRoomAndElseInTwoWhateverItWasBefore) {
+    Scene scene(R"(
+        CellRow { width: 640
+            Cell { objectName: "one" } Cell { objectName: "two" } Cell { objectName: "three" }
+            Cell { objectName: "four" } })");
+    EXPECT_EQ(scene.item("two")->x(), 320);
+    EXPECT_EQ(scene.item("three")->x(), 0);
+    scene.root()->setWidth(724);
+    EXPECT_EQ(scene.item("three")->x(), 362);
+    EXPECT_EQ(scene.item("four")->y(), scene.item("one")->y());
+    scene.root()->setWidth(719);
+    EXPECT_EQ(scene.item("three")->x(), 0);
+    EXPECT_GT(scene.item("four")->y(), scene.item("one")->y());
+}
+
+TEST(DataRow, StandsOnOneLine) {
+    Scene scene(R"(DataRow { width: 640; label: "Today 14:44"; value: "Why?"; trailing: "1 answer" })");
+    const auto baseline = [](QQuickItem *text) { return text->y() + text->baselineOffset(); };
+    const auto texts = Scene::all(scene.root(), "ZenData") + Scene::all(scene.root(), "ElidedText");
+    ASSERT_EQ(texts.size(), 3);
+    EXPECT_EQ(std::round(baseline(texts[0])), std::round(baseline(texts[2])));
+    EXPECT_EQ(std::round(baseline(texts[1])), std::round(baseline(texts[2])));
 }

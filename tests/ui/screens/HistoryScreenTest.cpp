@@ -1,0 +1,89 @@
+#include "ui/screens/HistoryScreen.h"
+
+#include "tests/ui/support/UiTest.h"
+
+using namespace palomet;
+using namespace palomet::test;
+
+namespace {
+
+class HistoryScreenTest : public UiTest {
+protected:
+    HistoryScreenTest() { screen.setActive(true); }
+
+    [[nodiscard]] QString shown(int row, HistoryRows::Role role) {
+        return screen.rows()->index(row, 0).data(role).toString();
+    }
+    void set(std::vector<ConversationSummary> history) { model().setHistory(std::move(history)); }
+
+    HistoryScreen screen{model()};
+};
+
+ConversationSummary summary(qint64 answers, double costUsd, double startedAt = 1'800'000'000'000) {
+    return {.conversationId = QStringLiteral("id"),
+            .startedAt = startedAt,
+            .firstQuestion = QStringLiteral("What?"),
+            .answers = answers,
+            .costUsd = costUsd};
+}
+
+} // namespace
+
+TEST_F(HistoryScreenTest, ShowsTheConversationsInTheBackendsOrder) {
+    auto later = summary(1, 0.03);
+    later.firstQuestion = QStringLiteral("Later?");
+    set({summary(1, 0.03, 1'700'000'000'000), later});
+    ASSERT_EQ(screen.rows()->rowCount(), 2);
+    EXPECT_EQ(shown(0, HistoryRows::Question), QStringLiteral("What?"));
+    EXPECT_EQ(shown(1, HistoryRows::Question), QStringLiteral("Later?"));
+    EXPECT_EQ(shown(1, HistoryRows::Day), QStringLiteral("Today 08:00"));
+}
+
+TEST_F(HistoryScreenTest, CountsOneAnswerInTheSingularAndEveryOtherCountInThePlural) {
+    set({summary(1, 0.03), summary(0, 1.5), summary(11, 0.004)});
+    EXPECT_EQ(shown(0, HistoryRows::Detail), QStringLiteral("1 answer · US$ 0.03"));
+    EXPECT_EQ(shown(1, HistoryRows::Detail), QStringLiteral("0 answers · US$ 1.50"));
+    EXPECT_EQ(shown(2, HistoryRows::Detail), QStringLiteral("11 answers · US$ 0.004"));
+}
+
+TEST_F(HistoryScreenTest, ShowsACostOfNothingAndAGreatOne) {
+    set({summary(2, 0), summary(2, 12'345.678)});
+    EXPECT_EQ(shown(0, HistoryRows::Detail), QStringLiteral("2 answers · US$ 0.00"));
+    EXPECT_EQ(shown(1, HistoryRows::Detail), QStringLiteral("2 answers · US$ 12,345.68"));
+}
+
+TEST_F(HistoryScreenTest, ShowsConversationsThatShareAnId) {
+    set({summary(1, 0), summary(2, 0), summary(1, 0)});
+    EXPECT_EQ(screen.rows()->rowCount(), 3);
+}
+
+TEST_F(HistoryScreenTest, ShowsDaysOf1970AndOfTheYear3000) {
+    set({summary(1, 0, 0), summary(1, 0, 32'503'680'000'000)});
+    EXPECT_EQ(shown(0, HistoryRows::Day), QStringLiteral("01/01, 00:00"));
+    EXPECT_EQ(shown(1, HistoryRows::Day), QStringLiteral("01/01, 00:00"));
+}
+
+TEST_F(HistoryScreenTest, AnnouncesOneConversationMoreAmongTenThousandAsOneRow) {
+    std::vector<ConversationSummary> history;
+    for (int i = 0; i < 10'000; ++i)
+        history.push_back(summary(i, 0));
+    set(history);
+    std::vector<std::pair<int, int>> inserted;
+    int others = 0;
+    QObject::connect(screen.rows(), &QAbstractItemModel::rowsInserted, &screen,
+                     [&](const QModelIndex &, int first, int last) { inserted.emplace_back(first, last); });
+    QObject::connect(screen.rows(), &QAbstractItemModel::dataChanged, &screen, [&] { ++others; });
+    QObject::connect(screen.rows(), &QAbstractItemModel::modelReset, &screen, [&] { ++others; });
+    history.insert(history.begin(), summary(7, 7));
+    set(history);
+    EXPECT_EQ(inserted, (std::vector{std::pair{0, 0}}));
+    EXPECT_EQ(others, 0);
+}
+
+TEST_F(HistoryScreenTest, CostsNothingWhileItCannotBeSeenAndIsUpToDateWhenItCan) {
+    screen.setActive(false);
+    set({summary(1, 0)});
+    EXPECT_EQ(screen.rows()->rowCount(), 0);
+    screen.setActive(true);
+    EXPECT_EQ(screen.rows()->rowCount(), 1);
+}

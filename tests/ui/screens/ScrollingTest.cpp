@@ -1,0 +1,208 @@
+#include "tests/ui/screens/WindowTest.h"
+
+using namespace palomet;
+using namespace palomet::test;
+
+namespace {
+
+constexpr double now = 1'800'000'000'000;
+
+Snapshot::Row turn(int number, int words = 3) {
+    return {.role = number % 2 == 0 ? QStringLiteral("user") : QStringLiteral("assistant"),
+            .text = QStringLiteral("turn %1 ").arg(number).repeated(words),
+            .at = now - 1'000'000 + number,
+            .durationMs = 1'000,
+            .isOpen = {}};
+}
+
+std::vector<Snapshot::Row> turns(int count) {
+    std::vector<Snapshot::Row> rows;
+    for (int i = 0; i < count; ++i)
+        rows.push_back(turn(i, 1 + i * 7 % 60));
+    return rows;
+}
+
+class ScrollingTest : public WindowTest {
+protected:
+    void show(const std::vector<Snapshot::Row> &rows) {
+        setState("waiting", [&](Snapshot &snapshot) { snapshot.conversation.rows = rows; });
+    }
+    [[nodiscard]] QQuickItem *view(const char *page) { return first(page)->property("view").value<QQuickItem *>(); }
+    /// The rows that can be seen, from the top.
+    [[nodiscard]] QList<QQuickItem *> seen(const char *type) {
+        QList<QQuickItem *> seen;
+        for (auto *row : all(type)) {
+            const auto place = row->mapRectToScene(row->boundingRect());
+            if (row->isVisible() && place.bottom() > 144 && place.top() < window->height())
+                seen.append(row);
+        }
+        std::sort(seen.begin(), seen.end(), [](auto *a, auto *b) { return a->y() < b->y(); });
+        return seen;
+    }
+    [[nodiscard]] QQuickItem *row(const QString &words) {
+        for (auto *row : all("ConversationRow"))
+            if (row->isVisible() && row->property("words") == words)
+                return row;
+        return nullptr;
+    }
+    /// Lets the window draw, and so lay out, what has changed.
+    void settle() {
+        for (int frame = 0; frame < 3; ++frame) {
+            window->update();
+            QCoreApplication::processEvents();
+            [[maybe_unused]] const auto picture = window->grabWindow();
+        }
+    }
+    void wheel(int notches) {
+        const QPointF at(700, 400);
+        QWheelEvent event(at, window->mapToGlobal(at), {}, {0, notches * 120}, Qt::NoButton, Qt::NoModifier,
+                          Qt::NoScrollPhase, false);
+        QCoreApplication::sendEvent(window.get(), &event);
+        settle();
+    }
+};
+
+} // namespace
+
+TEST_F(ScrollingTest, HasRowsOnlyForWhatShowsOfTenThousandTurns) {
+    show(turns(10'000));
+    open(Pane::Now);
+    settle();
+    EXPECT_GT(seen("ConversationRow").size(), 2);
+    EXPECT_LT(all("ConversationRow").size(), 60);
+    for (int i = 0; i < 40; ++i)
+        wheel(10);
+    EXPECT_LT(all("ConversationRow").size(), 60);
+}
+
+TEST_F(ScrollingTest, FollowsTheNewestTurnWhileItCanBeSeen) {
+    auto rows = turns(10'000);
+    show(rows);
+    open(Pane::Now);
+    settle();
+    ASSERT_TRUE(row(rows.back().text));
+    for (int i = 0; i < 20; ++i) {
+        rows.push_back(turn(10'000 + i, 40));
+        show(rows);
+        settle();
+        auto *newest = row(rows.back().text);
+        ASSERT_TRUE(newest) << i;
+        const auto place = newest->mapRectToScene(newest->boundingRect());
+        EXPECT_LE(place.bottom(), window->height()) << i;
+        EXPECT_GT(place.top(), 144) << i;
+    }
+}
+
+TEST_F(ScrollingTest, FollowsTheNewestTurnWhileItGrows) {
+    auto rows = turns(100);
+    show(rows);
+    open(Pane::Now);
+    settle();
+    for (int i = 0; i < 20; ++i) {
+        rows.back().text += QStringLiteral("and another line that makes it longer than it was before ").repeated(3);
+        rows.back().isOpen = true;
+        show(rows);
+        settle();
+        auto *newest = row(rows.back().text);
+        ASSERT_TRUE(newest) << i;
+        EXPECT_LE(newest->mapRectToScene(newest->boundingRect()).bottom(), window->height()) << i;
+    }
+}
+
+TEST_F(ScrollingTest, StaysPutWhenScrolledUp) {
+    auto rows = turns(10'000);
+    show(rows);
+    open(Pane::Now);
+    settle();
+    wheel(10);
+    wheel(10);
+    ASSERT_FALSE(row(rows.back().text) && seen("ConversationRow").contains(row(rows.back().text)));
+    const auto before = seen("ConversationRow");
+    ASSERT_GT(before.size(), 2);
+    const auto words = before.at(1)->property("words").toString();
+    const auto place = before.at(1)->mapToScene({});
+    for (int i = 0; i < 20; ++i) {
+        rows.push_back(turn(10'000 + i, 40));
+        show(rows);
+        settle();
+        ASSERT_TRUE(row(words)) << i;
+        EXPECT_EQ(row(words)->mapToScene({}), place) << i;
+    }
+    // Back at the end, it follows again.
+    first("NowPage")->forceActiveFocus();
+    key(Qt::Key_End);
+    settle();
+    rows.push_back(turn(20'000, 40));
+    show(rows);
+    settle();
+    ASSERT_TRUE(row(rows.back().text));
+    EXPECT_LE(row(rows.back().text)->mapRectToScene({{}, row(rows.back().text)->size()}).bottom(), window->height());
+}
+
+TEST_F(ScrollingTest, KeepsTheRowsThatDidNotChange) {
+    auto rows = turns(10'000);
+    show(rows);
+    open(Pane::Now);
+    settle();
+    QList<QPointer<QQuickItem>> before;
+    for (auto *item : all("ConversationRow"))
+        before.append(item);
+    int changed = 0;
+    for (const auto &item : before)
+        QObject::connect(item, SIGNAL(wordsChanged()), &engine, SLOT(collectGarbage()));
+    QObject::connect(app.now()->rows(), &QAbstractItemModel::dataChanged, &engine, [&] { ++changed; });
+    QObject::connect(app.now()->rows(), &QAbstractItemModel::modelReset, &engine, [&] { ++changed; });
+    rows.push_back(turn(10'000));
+    show(rows);
+    settle();
+    EXPECT_EQ(changed, 0);
+    for (const auto &item : before)
+        EXPECT_TRUE(item) << "a row was made anew";
+}
+
+TEST_F(ScrollingTest, BeginsAtTheTopWhenEverythingFits) {
+    show(turns(2));
+    open(Pane::Now);
+    settle();
+    EXPECT_EQ(first("StateCells")->mapToScene({}).y(), 152);
+    EXPECT_FALSE(first("NowPage")->property("isScrolled").toBool());
+}
+
+TEST_F(ScrollingTest, HasRowsOnlyForWhatShowsOfTenThousandConversations) {
+    std::vector<ConversationSummary> history(10'000);
+    for (std::size_t i = 0; i < history.size(); ++i)
+        history[i].firstQuestion = QStringLiteral("question %1").arg(i);
+    model().setHistory(history);
+    open(Pane::History);
+    settle();
+    EXPECT_GT(seen("DataRow").size(), 5);
+    EXPECT_LT(all("DataRow").size(), 60);
+    QList<QPointer<QQuickItem>> before;
+    for (auto *item : all("DataRow"))
+        before.append(item);
+    history.insert(history.begin() + 3, ConversationSummary());
+    model().setHistory(history);
+    settle();
+    EXPECT_LT(all("DataRow").size(), 60);
+    for (const auto &item : before)
+        EXPECT_TRUE(item);
+}
+
+TEST_F(ScrollingTest, HasRowsOnlyForWhatShowsOfAThousandHeardLines) {
+    setState("waiting", [](Snapshot &snapshot) {
+        snapshot.heard = std::vector<Snapshot::Heard>(
+            1'000, {.at = now, .text = QStringLiteral("heard"), .action = QStringLiteral("ignored"), .reason = {}});
+    });
+    open(Pane::Now);
+    settle();
+    EXPECT_GT(all("EntryRow").size(), 0);
+    EXPECT_LT(all("EntryRow").size(), 120);
+    first("NowPage")->forceActiveFocus();
+    key(Qt::Key_End);
+    settle();
+    EXPECT_GT(seen("EntryRow").size(), 8);
+    EXPECT_LT(all("EntryRow").size(), 120);
+    // The last row ends a margin above the window's end.
+    EXPECT_NEAR(seen("EntryRow").last()->mapRectToScene({{}, seen("EntryRow").last()->size()}).bottom(),
+                window->height() - 32, 1);
+}

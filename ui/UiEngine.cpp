@@ -3,6 +3,8 @@
 #include "ui/Ui.h"
 #include "ui/kit/Kit.h"
 
+#include <QCoreApplication>
+#include <QEvent>
 #include <QQmlEngine>
 #include <QQuickWindow>
 
@@ -16,7 +18,11 @@ void UiEngine::chooseRenderer() {
 UiEngine::UiEngine(QString resources)
     : m_resources(std::move(resources)) {}
 
-UiEngine::~UiEngine() = default;
+UiEngine::~UiEngine() {
+    // What was removed from a scene is deleted later, and must not be left without its engine.
+    if (m_engine)
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
 
 QQmlEngine &UiEngine::get() {
     if (m_engine)

@@ -46,7 +46,7 @@ TEST_F(TrayItemTest, HasTheMenuWithItsTitlesStatesAndKeys) {
                            : entry.title() + (entry.isEnabled() ? u" on "_s : u" off "_s) + entry.shortcut());
     }
     EXPECT_EQ(entries, (QStringList{u"Waiting · Headset off "_s, u"-"_s, u"Listen on "_s, u"Stop on "_s, u"Mute on "_s,
-                                    u"-"_s, u"Open Palomet off Control+O"_s, u"-"_s, u"Quit Palomet on Control+Q"_s}))
+                                    u"-"_s, u"Open Palomet on Control+O"_s, u"-"_s, u"Quit Palomet on Control+Q"_s}))
         << qPrintable(entries.join(u'|'));
 }
 

@@ -3,6 +3,8 @@ import Palomet.Kit
 
 // A heading over the panes of a group.
 Column {
+    id: root
+
     property string title
     default property alias content: items.data
 
@@ -10,7 +12,7 @@ Column {
 
     BlockLabel {
         x: Zen.space3
-        text: parent.title
+        text: root.title
     }
     Item {
         width: 1

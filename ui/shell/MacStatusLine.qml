@@ -6,10 +6,10 @@ Pressable {
     id: root
 
     property bool isOn: true
-    property string onText
-    property string offText
+    property string textOn
+    property string textOff
     readonly property color ink: isOn ? Zen.gray5 : Zen.red7
-    readonly property string words: isOn ? onText : offText
+    readonly property string words: isOn ? textOn : textOff
 
     signal fix
 

@@ -60,7 +60,8 @@ void MacWindow::bringToFront() {
     m_app.setShown(true);
     if (windowStates().testFlag(Qt::WindowMinimized))
         setWindowStates(windowStates() & ~Qt::WindowMinimized);
-    show();
+    // Not show(), which would end the maximized state.
+    setVisible(true);
     raise();
     requestActivate();
 }

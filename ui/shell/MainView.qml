@@ -43,8 +43,8 @@ MacShellView {
         }
         status: MacStatusLine {
             isOn: root.app.isMicOn
-            onText: Words.t("status.micOn")
-            offText: Words.t("status.micOff")
+            textOn: Words.t("status.micOn")
+            textOff: Words.t("status.micOff")
             onFix: root.app.fixMicrophone()
         }
     }

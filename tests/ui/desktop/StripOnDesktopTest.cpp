@@ -2,10 +2,6 @@
 #include "ui/strip/StripController.h"
 #include "ui/strip/StripWindow.h"
 
-#include <QAccessible>
-
-#include <algorithm>
-
 using namespace palomet;
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
@@ -28,8 +24,6 @@ protected:
     StripWindow m_panel{m_ui, m_view, &m_workArea, StripWindow::Pointer::Known};
     StripController m_strip{model(), m_panel, scheduler()};
 };
-
-std::vector<QAccessible::Event> accessibleEvents;
 
 /// Two screens beside one another, the second lower than the first.
 class StripOnTwoScreensTest : public StripOnDesktopTest {
@@ -147,21 +141,4 @@ TEST_F(StripOnTwoScreensTest, StandsOnTheMainScreenWhereThePointerIsNotKnown) {
     run("xdotool mousemove 2000 300");
     blind.orderFront(stripOrigin(blind.screens(), blind.pointer()));
     EXPECT_TRUE(eventually([&] { return rectangle(*blind.window()).topLeft() == QPoint(640 - 220, 1024 - 48 - 40); }));
-}
-
-TEST_F(StripOnDesktopTest, RaisesAnAlertWhenTheStateChangesAndOnlyThen) {
-    setState("listening");
-    QAccessible::setActive(true);
-    const auto previous =
-        QAccessible::installUpdateHandler([](QAccessibleEvent *event) { accessibleEvents.push_back(event->type()); });
-    const auto alerts = [] { return std::count(accessibleEvents.begin(), accessibleEvents.end(), QAccessible::Alert); };
-    accessibleEvents.clear();
-    setState("thinking");
-    EXPECT_EQ(alerts(), 1);
-    setState("thinking", [](Snapshot &snapshot) { snapshot.device = u"Another"_s; });
-    EXPECT_EQ(alerts(), 1);
-    setState("speaking");
-    EXPECT_EQ(alerts(), 2);
-    QAccessible::installUpdateHandler(previous);
-    QAccessible::setActive(false);
 }

@@ -97,7 +97,7 @@ TEST_F(WindowOnDesktopTest, OpensMaximizedWhenItWasLeftSoAndComesBackToItsFrame)
     open();
     EXPECT_TRUE(eventually([this] { return rectangle(*m_window).width() > 2500; }));
     m_window->showNormal();
-    EXPECT_TRUE(eventually([&] { return rectangle(*m_window).size() == before.size(); }));
+    awaitRectangle(before);
 }
 
 TEST_F(WindowOnDesktopTest, ComesToTheFrontOfTheOthers) {

@@ -10,6 +10,7 @@ SettingRow {
 
     title: recorder.title
     hint: recorder.description
+    Component.onDestruction: recorder.cancel()
 
     RecorderButton {
         caps: root.recorder.caps
@@ -23,6 +24,5 @@ SettingRow {
         noneText: Words.t("recorder.none")
         typeText: Words.t("recorder.type")
         onClicked: root.recorder.toggle()
-        Component.onDestruction: root.recorder.cancel()
     }
 }

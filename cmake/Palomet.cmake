@@ -38,6 +38,13 @@ if(PALOMET_FUZZ)
   target_link_options(palomet-options INTERFACE -fsanitize=address,undefined)
 endif()
 
+# QML is turned into byte code by the build, which loads as fast as C++ would and is far smaller; under a sanitizer by the
+# program itself, for the hundred sources that hold the byte code take longer to compile than everything else.
+set(PALOMET_QML_CACHE "")
+if(PALOMET_SANITIZE)
+  set(PALOMET_QML_CACHE NO_CACHEGEN)
+endif()
+
 # palomet_library(NAME SOURCES a.cpp … [PUBLIC libraries …] [PRIVATE libraries …]): one static library a folder.
 function(palomet_library name)
   cmake_parse_arguments(arg "" "" "SOURCES;PUBLIC;PRIVATE" ${ARGN})

@@ -20,10 +20,6 @@ Item {
         flickable.contentY = Math.max(first, Math.min(last, Math.round(y)));
     }
 
-    function keepWithin(): void {
-        scrollTo(flickable.contentY);
-    }
-
     function scrollBy(distance: real): void {
         scrollTo(flickable.contentY + distance);
         scrolled();
@@ -59,10 +55,16 @@ Item {
 
     anchors.fill: flickable
     // Later, for scrolling a list makes rows, and their heights change where its content ends.
-    onFirstChanged: Qt.callLater(keepWithin)
-    onLastChanged: Qt.callLater(keepWithin)
+    onFirstChanged: settling.restart()
+    onLastChanged: settling.restart()
     Window.onActiveFocusItemChanged: if (Window.activeFocusItem) reveal(Window.activeFocusItem)
 
+    Timer {
+        id: settling
+
+        interval: 0
+        onTriggered: root.scrollTo(root.flickable.contentY)
+    }
     WheelHandler {
         target: null
         onWheel: event => root.scrollBy(-event.angleDelta.y / 120 * root.step)

@@ -26,9 +26,9 @@ ListPage {
         isMoved = true;
         isFollowing = rowsEnd <= view.contentY + view.height + 1;
     }
-    scroller.onFirstChanged: Qt.callLater(follow)
-    onFootYChanged: Qt.callLater(follow)
-    onHeightChanged: Qt.callLater(follow)
+    scroller.onFirstChanged: settling.restart()
+    onFootYChanged: settling.restart()
+    onHeightChanged: settling.restart()
 
     head: [
         StateCells {
@@ -99,4 +99,12 @@ ListPage {
             position: root.footY + y
         }
     ]
+
+    // A moment later, for scrolling makes rows, whose heights change where the newest turn ends.
+    Timer {
+        id: settling
+
+        interval: 0
+        onTriggered: root.follow()
+    }
 }

@@ -13,7 +13,7 @@ Item {
     property alias count: list.count
 
     implicitHeight: 1 + list.contentHeight
-    onPositionChanged: Qt.callLater(list.place)
+    onPositionChanged: settling.restart()
 
     HairLine {
         width: parent.width
@@ -31,14 +31,20 @@ Item {
         width: root.width
         height: Math.min(root.view.height, contentHeight)
         // Later, for placing it makes rows, and their heights change what the place depends on.
-        onHeightChanged: Qt.callLater(place)
-        onContentHeightChanged: Qt.callLater(place)
-        onOriginYChanged: Qt.callLater(place)
+        onHeightChanged: settling.restart()
+        onContentHeightChanged: settling.restart()
+        onOriginYChanged: settling.restart()
         Component.onCompleted: place()
         interactive: false
         reuseItems: true
         currentIndex: -1
         keyNavigationEnabled: false
+    }
+    Timer {
+        id: settling
+
+        interval: 0
+        onTriggered: list.place()
     }
     Connections {
         target: root.view

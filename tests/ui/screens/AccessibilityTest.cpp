@@ -30,7 +30,7 @@ protected:
     /// Everything that a screen reader finds on the page, as "role: name".
     [[nodiscard]] QStringList tree() {
         QStringList lines;
-        describe(QAccessible::queryAccessibleInterface(window->rootObject()), lines);
+        describe(QAccessible::queryAccessibleInterface(window.get()), lines);
         return lines;
     }
     static void describe(QAccessibleInterface *from, QStringList &lines) {

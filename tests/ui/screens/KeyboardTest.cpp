@@ -18,7 +18,7 @@ protected:
                 return stops;
             stops.append(stop);
             EXPECT_TRUE(showsFocus(stop)) << name(stop).toStdString();
-            EXPECT_TRUE(isInView(stop)) << name(stop).toStdString();
+            EXPECT_TRUE(isInView(stop)) << name(stop).toStdString() << " at " << stop->mapToScene({}).y();
         }
     }
     [[nodiscard]] static QStringList names(const QList<QQuickItem *> &items) {
@@ -215,7 +215,7 @@ TEST_F(KeyboardTest, RecordsAShortcutThatTheKeyboardBegan) {
 TEST_F(KeyboardTest, StopsRecordingWhenTheWindowIsClosed) {
     setFull();
     open(Pane::Listening);
-    press(named("Pressable", QStringLiteral("Listen")));
+    pressInView(named("Pressable", QStringLiteral("Listen")));
     ASSERT_TRUE(shortcuts.isPaused());
     window->close();
     EXPECT_FALSE(shortcuts.isPaused());
@@ -225,7 +225,7 @@ TEST_F(KeyboardTest, StopsRecordingWhenTheWindowIsClosed) {
 TEST_F(KeyboardTest, StopsRecordingWhenAnotherPaneIsChosen) {
     setFull();
     open(Pane::Listening);
-    press(named("Pressable", QStringLiteral("Listen")));
+    pressInView(named("Pressable", QStringLiteral("Listen")));
     ASSERT_TRUE(shortcuts.isPaused());
     press(named("MacSidebarItem", QStringLiteral("Voice")));
     EXPECT_FALSE(shortcuts.isPaused());

@@ -11,6 +11,10 @@
 #include <QSettings>
 #include <QTemporaryDir>
 #include <QTest>
+#include <qpa/qplatformaccessibility.h>
+#include <qpa/qplatformintegration.h>
+
+#include <private/qguiapplication_p.h>
 
 namespace palomet::test {
 
@@ -19,7 +23,8 @@ namespace palomet::test {
 class WindowTest : public UiTest {
 protected:
     WindowTest() {
-        QAccessible::setActive(true);
+        // As a screen reader does that asks for the program.
+        QGuiApplicationPrivate::platformIntegration()->accessibility()->setActive(true);
         QObject::connect(&engine, &QQmlEngine::warnings, &engine, [](const QList<QQmlError> &errors) {
             for (const auto &error : errors)
                 ADD_FAILURE() << error.toString().toStdString();
@@ -67,6 +72,11 @@ protected:
 
     void press(QQuickItem *item) {
         QTest::mouseClick(window.get(), Qt::LeftButton, {}, item->mapToScene(item->boundingRect().center()).toPoint());
+    }
+    /// Scrolls it into view first, as somebody would.
+    void pressInView(QQuickItem *item) {
+        item->forceActiveFocus(Qt::MouseFocusReason);
+        press(item);
     }
     void key(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) { QTest::keyClick(window.get(), key, modifiers); }
     void type(const QString &text) {

@@ -10,7 +10,7 @@ const interruptions = 3;
 
 /** Settings that are changed hold, one that is none is refused, and all of it is what the rest of the rehearsal needs. */
 export async function changeSettings({ watcher }: Stage): Promise<void> {
-    const settings = { brainModel: "built-in", followUpMs: 1500, voiceSpeed: 1.1 };
+    const settings = { brainModel: "built-in", endSilenceMs: 600, followUpMs: 800, voiceSpeed: 1.1 };
     check(await watcher.post("settings", settings), "good settings were refused");
     check(!(await watcher.post("settings", { voiceSpeed: 9 })), "a voice nine times as fast was taken");
     const kept = (await watcher.state())?.settings ?? {};

@@ -108,15 +108,17 @@ export class SoundDesk {
     async start(): Promise<void> {
         const sink = (name: string, description: string) =>
             `module-null-sink sink_name=${name} rate=48000 sink_properties=device.description=${description}`;
+        // Left alone, a loopback sets its rate again and again, which is an echo that never stands still.
+        const loopback = (source: string, delayMs: number, more = "") =>
+            `module-loopback source=${source}.monitor sink=room latency_msec=${delayMs} adjust_time=0 remix=no ${more}`;
         const modules = [
             "module-native-protocol-unix",
             sink("speakers", "Speakers"),
             sink("mouth", "Mouth"),
             sink("room", "Room"),
             "module-remap-source master=room.monitor source_name=microphone source_properties=device.description=Microphone",
-            "module-loopback source=mouth.monitor sink=room latency_msec=20 remix=no",
-            ...this.paths.map(({ delayMs }, index) =>
-                `module-loopback source=speakers.monitor sink=room latency_msec=${delayMs} remix=no sink_input_properties=media.name=path${index}`),
+            loopback("mouth", 20),
+            ...this.paths.map(({ delayMs }, index) => loopback("speakers", delayMs, `sink_input_properties=media.name=path${index}`)),
         ];
         this.#server = start(
             [

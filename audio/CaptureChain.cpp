@@ -24,11 +24,11 @@ void CaptureChain::captured(std::span<const float> samples, std::chrono::microse
     // The next frame began before these samples did, by what is left of the last ones; its reference was handed to the
     // speakers before now, by what lies in the backlog.
     using Samples = std::chrono::duration<std::int64_t, std::ratio<1, SoundStreams::sampleRate>>;
-    const auto shift = Samples(static_cast<std::int64_t>(m_frameFill) - static_cast<std::int64_t>(reference.backlog()));
+    const auto shift = Samples(static_cast<std::int64_t>(m_frameFill) - reference.backlog());
     const auto hint = std::chrono::duration_cast<std::chrono::milliseconds>(delay + shift).count();
     const int delayHintMs = static_cast<int>(std::clamp<std::int64_t>(hint, 0, 500));
 
-    std::size_t frames = 0;
+    int frames = 0;
     while (!samples.empty()) {
         const auto count = std::min(samples.size(), m_frame.size() - m_frameFill);
         // One sample that is no number would stay in the canceller's filters for good.

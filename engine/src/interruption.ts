@@ -10,9 +10,13 @@ const noiseMargin = 12;
 const residueMargin = 4;
 /** Before anything is known of the residue it is taken to be this, dBFS: a canceller leaves more while it learns. */
 const firstResidue = -38;
+/** What it leaves in the first two seconds of the agent's voice says nothing of what it will leave later. */
+const firstFrames = 200;
 /** The residue is the level that 199 of 200 frames of the agent's own voice do not reach: a quantile by steps, in dB. */
-const upStep = 0.2985;
-const downStep = 0.0015;
+const upStep = 0.995;
+const downStep = 0.005;
+/** However much is left, a person who speaks up is heard, dBFS. */
+const mostResidue = -30;
 /** A voice must not raise the gate that it is to pass: what was learned last does not count yet. */
 const learningDelayFrames = 40;
 /** So many dB above the gate, or below it, are the evidence of 1; no frame counts for more than the second. */
@@ -22,6 +26,7 @@ const enoughEvidence = 9;
 
 export class InterruptionDetector {
   #residue = firstResidue;
+  #framesToSkip = firstFrames;
   #pending: number[] = [];
   #evidence = 0;
 
@@ -55,11 +60,13 @@ export class InterruptionDetector {
   /** The microphone or the loudspeaker changed: nothing is known of the residue. */
   forget(): void {
     this.#residue = firstResidue;
+    this.#framesToSkip = firstFrames;
     this.rest();
   }
 
   #learn(level: number): void {
+    if (this.#framesToSkip > 0) return void this.#framesToSkip--;
     this.#residue += level > this.#residue ? upStep : -downStep;
-    this.#residue = Math.max(-80, Math.min(-20, this.#residue));
+    this.#residue = Math.max(-80, Math.min(mostResidue, this.#residue));
   }
 }

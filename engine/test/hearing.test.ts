@@ -171,6 +171,18 @@ describe("somebody talking over the agent", () => {
     expect(decide(detector, residue(60, -58, -45))).toBeUndefined();
   });
 
+  test("is noticed soon after a canceller has begun, or has failed for a while", () => {
+    const speech = Array.from({ length: 80 }, (_, index) => -21 - 6 * Math.sin(index));
+    const begun = new InterruptionDetector();
+    decide(begun, residue(2, -42, -36).map((level, index) => level + 14 * Math.exp(-index / 80)));
+    expect(decide(begun, speech)).toBeLessThanOrEqual(20);
+    const failed = new InterruptionDetector();
+    decide(failed, residue(10, -60, -45));
+    decide(failed, new Array<number>(200).fill(-29));
+    decide(failed, residue(5, -60, -45));
+    expect(decide(failed, speech)).toBeLessThanOrEqual(20);
+  });
+
   test("does not raise the gate for itself", () => {
     const detector = new InterruptionDetector();
     decide(detector, residue(5, -60, -50));

@@ -67,7 +67,7 @@ export async function talkOver(stage: Stage): Promise<void> {
         const from = performance.now();
         await watcher.post("say", { text: "What can you do?" });
         await watcher.reach("speaking", since);
-        await until("the first words", () => sound.speakers.audibleSeconds(from) > 1 + 0.4 * round);
+        await until("the first words", () => sound.speakers.audibleSeconds(from) > 1 + 0.4 * round, 5000);
         const interrupted = performance.now();
         heard = await say(stage, "Palomet, what day is it?");
         check(/^(interrupted|accepted)$/.test(heard.action), `talking over the answer was ${JSON.stringify(heard)}`);

@@ -6,7 +6,7 @@ import { loadavg, tmpdir } from "node:os";
 import { join, resolve } from "node:path";
 import { Watcher } from "./backend";
 import { startDesktop, TrayItem } from "./desktop";
-import { endAll, type Environment, start } from "./process";
+import { endAll, type Environment, start, until } from "./process";
 import { type Path, SoundDesk } from "./sound";
 
 const root = resolve(import.meta.dir, "../..");
@@ -68,6 +68,7 @@ async function onStage(folder: string, play: (stage: Stage) => Promise<void>, pa
         step("Palomet is in the tray");
         await watcher.reach("waiting");
         step("The backend answers and waits");
+        await until("the microphone", async () => (await watcher.state())?.device === "Microphone");
         await play({ environment, sound, watcher, palomet, tray, log });
     } finally {
         await Bun.write(join(folder, "state.json"), JSON.stringify({ ...(await watcher.state()), story: watcher.story }, undefined, 1));

@@ -2,9 +2,10 @@
 # try-package.sh SUITE: builds the packages in a fresh Debian of that suite (bookworm, trixie, …), installs them in another,
 # and tries them there: version, a picture of the window, a whole rehearsal as an ordinary user, an upgrade, a purge.
 #
-#   --base FOLDER   a root made by debootstrap earlier, to be copied instead of making one; it is not changed
-#   --keep          leave the two roots in build/roots/SUITE
-#   --no-rehearsal  leave the rehearsal out
+#   --base FOLDER       a root made by debootstrap earlier, to be copied instead of making one; it is not changed
+#   --packages FOLDER   try the packages that lie there instead of building any
+#   --keep              leave the two roots in build/roots/SUITE
+#   --no-rehearsal      leave the rehearsal out
 #
 # For root. The packages end up in build/packages/SUITE. Mirror, proxy and certificates are the host's own: what apt and npm
 # use here, they use inside. Mounts and processes live in namespaces of their own and go with the script.
@@ -102,6 +103,9 @@ buildPackages() {
     mkdir -p "$output"
     rm -f "$output"/*.deb
     cp "$root"/packages/*.deb "$output/"
+}
+
+lookAtPackages() {
     ls -l "$output"/*.deb | awk '{ print "    " $9 ", " int($5 / 1024) " KiB" }'
     if command -v lintian >/dev/null; then
         step "Looking for mistakes in the packages"
@@ -161,18 +165,22 @@ tryPackages() {
 
 if [ "${1:-}" = --inside ]; then
     shift
-    suite=$1 roots=$2 output=$3 isRehearsing=$4
-    mountInside "$roots/build"
+    suite=$1 roots=$2 output=$3 isBuilding=$4 isRehearsing=$5
     mountInside "$roots/run"
-    buildPackages
+    if [ "$isBuilding" = yes ]; then
+        mountInside "$roots/build"
+        buildPackages
+    fi
+    lookAtPackages
     tryPackages
     exit 0
 fi
 
-suite="" base="" isKept=no isRehearsing=yes
+suite="" base="" packages="" isKept=no isRehearsing=yes
 while [ $# -gt 0 ]; do
     case $1 in
-    --base) base=${2:?which folder?}; shift ;;
+    --base) base=$(realpath "${2:?which folder?}"); shift ;;
+    --packages) packages=$(realpath "${2:?which folder?}"); shift ;;
     --keep) isKept=yes ;;
     --no-rehearsal) isRehearsing=no ;;
     -*) fail "unknown option $1; see the head of this file" ;;
@@ -185,11 +193,12 @@ done
 installResources
 
 roots=$PWD/build/roots/$suite
-output=$PWD/build/packages/$suite
+output=${packages:-$PWD/build/packages/$suite}
+isBuilding=$([ -n "$packages" ] && echo no || echo yes)
 [ ! -e "$roots" ] || fail "$roots exists; remove it first"
 mkdir -p "$roots"
 removeRoots() { [ "$isKept" = yes ] || rm -rf --one-file-system "$roots"; }
 trap removeRoots EXIT
 makeBase
-unshare --mount --propagation private --pid --fork --kill-child "$0" --inside "$suite" "$roots" "$output" "$isRehearsing"
+unshare --mount --propagation private --pid --fork --kill-child tools/try-package.sh --inside "$suite" "$roots" "$output" "$isBuilding" "$isRehearsing"
 step "Everything happened in a fresh $suite"

@@ -37,6 +37,11 @@ protected:
         window = std::make_unique<MacWindow>(engine, app, scheduler(), nullptr);
         window->bringToFront();
         ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
+        // Rows are made, and the page finds its place, as the first frames are drawn.
+        for (int frame = 0; frame < 2; ++frame) {
+            [[maybe_unused]] const auto picture = window->grabWindow();
+            QCoreApplication::processEvents();
+        }
     }
 
     /// What there is to choose from.

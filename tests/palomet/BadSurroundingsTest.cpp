@@ -73,6 +73,20 @@ TEST_F(BadSurroundingsTest, ASettingsFolderThatCannotBeMadeCostsTheMemoryOfTheKe
     expectToLive();
 }
 
+TEST_F(BadSurroundingsTest, ASessionBusThatDiesTakesNothingWithIt) {
+    test::BackendAtItsPort backend;
+    start();
+    const auto process = awaitBackend();
+    ASSERT_TRUE(backend.isFollowed());
+    desktop.bus.end();
+    // It goes on: the next fetch is one that was asked for after the end.
+    const int before = backend.http.count("/state");
+    backend.tell("turn");
+    EXPECT_TRUE(eventually([&] { return backend.http.count("/state") > before; }));
+    sendSignal(SIGTERM);
+    expectOrderlyEnd(process);
+}
+
 TEST_P(StrangerAtThePort, IsOfflineToTheProgramUntilTheBackendIsThere) {
     test::BackendAtItsPort backend;
     backend.http.onConnection([](QTcpSocket &socket) {

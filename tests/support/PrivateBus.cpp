@@ -40,6 +40,10 @@ PrivateBus::PrivateBus() {
 PrivateBus::~PrivateBus() {
     for (const auto &name : m_connections)
         QDBusConnection::disconnectFromBus(name);
+    end();
+}
+
+void PrivateBus::end() {
     m_daemon.terminate();
     m_daemon.waitForFinished();
 }

@@ -16,6 +16,9 @@ public:
     /// As `DBUS_SESSION_BUS_ADDRESS` has it; empty when the bus could not be started.
     [[nodiscard]] const QString &address() const { return m_address; }
 
+    /// Ends it under everybody who is connected.
+    void end();
+
     /// Another connection to it, as another program would have.
     [[nodiscard]] QDBusConnection connect();
 

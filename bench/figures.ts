@@ -1,4 +1,4 @@
-// Runs the benches of a build folder one after the other, and writes what they say as one page.
+// Runs the benches of a build folder one after the other, and writes what they say into docs/.
 //   bun figures.ts FOLDER [NAME…]
 
 import { readdirSync, statSync, writeFileSync } from "node:fs";
@@ -27,10 +27,16 @@ function format(what: string, floor: "number" | "date"): Pair {
 }
 
 const pairs: Record<string, Pair[]> = {
-    "audio-dsp-bench": [44100, 48000].map((rate) => ({
-        what: `resampler, 1024 frames at ${rate} Hz`, name: `resampler/${rate}`, clock: "cpu_time",
-        floorName: "a plain loop", floor: `plainLoop/${rate}`, reach: { timesFloor: 1.1 },
-    })),
+    "audio-dsp-bench": [
+        ...[44100, 48000].map((rate): Pair => ({
+            what: `resampler, 1024 frames at ${rate} Hz`, name: `resampler/${rate}`, clock: "cpu_time",
+            floorName: "a plain loop", floor: `plainLoop/${rate}`, reach: { timesFloor: 1.1 },
+        })),
+        {
+            what: "echo canceller, a frame of 10 ms", name: "echoCanceller", clock: "cpu_time",
+            floorName: "the library's as it comes", floor: "plainCanceller", reach: 0.13 * milliseconds,
+        },
+    ],
     "model-bench": [
         ...[{ rows: 90, size: "20 KB", reach: 5 }, { rows: 10000, size: "2 MB", reach: 25 }].flatMap(({ rows, size, reach }): Pair[] => [
             {
@@ -78,6 +84,11 @@ async function rowsOfPairs(program: string, wanted: Pair[]): Promise<string[]> {
     });
 }
 
+function writePage(name: string, text: string): void {
+    writeFileSync(join(import.meta.dir, "../docs", name), text);
+    console.error(`==> docs/${name}`);
+}
+
 const [folder, ...names] = process.argv.slice(2);
 if (!folder) throw new Error("which folder?");
 const programs = readdirSync(folder)
@@ -87,16 +98,21 @@ const programs = readdirSync(folder)
     .sort();
 
 const rows: string[] = [];
-let echo = "";
-const load = loadavg()[0]!.toFixed(1);
 const failed: string[] = [];
+const load = loadavg()[0]!.toFixed(1);
+const machine = `on ${new Date().toISOString().slice(0, 10)}: ${cpus().length} cores of ${cpus()[0]!.model}`;
 for (const program of programs) {
     const name = program.split("/").at(-1)!;
     console.error(`==> ${name}`);
     try {
         if (name === "echo-bench") {
-            echo = await outputOf([program]);
-            console.log(echo);
+            writePage("echo.md", `# Echo canceller
+
+What the backend hears of the near end and of the echo, by \`bench/run echo-bench\` ${machine}: raw, past the library's canceller as it comes, and past
+ours, over every scenario of \`bench/echo\`. Only the last row depends on the machine.
+
+${(await outputOf([program])).trim()}
+`);
             continue;
         }
         const found = pairs[name]
@@ -111,24 +127,16 @@ for (const program of programs) {
 }
 // A page with a hole in it would hide the hole.
 if (names.length === 0 && failed.length === 0) {
-    writeFileSync(join(import.meta.dir, "../docs/performance.md"), `# Performance
+    writePage("performance.md", `# Performance
 
-What \`bench/run\` measured on ${new Date().toISOString().slice(0, 10)}: ${cpus().length} cores of ${cpus()[0]!.model}, load average ${load} before it began
-(above 1 the figures of the wall clock are too high, the last of a hundred first). Each figure stands beside its floor, the least that does the same
-work, taken in the same run; read the one against the other, for the machine is in both. The figures of documents, formats and the resampler are
-processor time, all others are the wall clock's.
+What \`bench/run\` measured ${machine}, load average ${load} before it began (above 1 the figures of the wall clock are too high, the last of a hundred
+first). Each figure stands beside its floor, the least that does the same work, taken in the same run; read the one against the other, for the machine is
+in both. The figures of the resampler, the canceller, documents and formats are processor time, all others are the wall clock's.
 
 | what | floor in the same run | here | to reach | met |
 |---|---|---|---|---|
 ${rows.join("\n")}
-
-## Echo canceller
-
-What the backend hears past the canceller as it comes ("plain") and past ours, over every scenario of \`bench/echo\`.
-
-${echo.trim()}
 `);
-    console.error("==> docs/performance.md");
 }
 if (failed.length > 0) {
     console.error(`failed: ${failed.join(", ")}`);

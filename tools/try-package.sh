@@ -119,8 +119,10 @@ tryPackages() {
     cp "$output"/*.deb "$root/packages/"
     step "Installing them in a fresh $suite"
     within "$root" apt-get update -qq
-    within "$root" useradd --create-home --uid 1000 somebody
-    installInside "$root" /packages/palomet_*.deb /packages/palomet-engine_*.deb
+    within "$root" id somebody >/dev/null 2>&1 || within "$root" useradd --create-home --uid 1000 somebody
+    local packages
+    mapfile -t packages < <(cd "$root" && printf '/%s\n' packages/palomet*.deb)
+    installInside "$root" "${packages[@]}"
     version=$(asUser "$root" palomet --version)
     step "It says: $version"
     asUser "$root" env QT_QPA_PLATFORM=offscreen palomet --preview now --capture /tmp/now.png

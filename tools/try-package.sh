@@ -159,7 +159,7 @@ tryPackages() {
     while read -r path; do
         # A folder may be somebody else's too.
         { [ -d "$root$path" ] && within "$root" dpkg -S "$path" >/dev/null 2>&1; } || [ ! -e "$root$path" ] || left+=" $path"
-    done < <(grep -v '^/\.$' "$roots/files.txt")
+    done < <(grep -vxE '(/\.)?' "$roots/files.txt")
     left+=$(within "$root" dpkg-query -W -f '${Package} ${db:Status-Status}\n' 'palomet*' 2>/dev/null | grep -v not-installed || true)
     [ -z "$left" ] || fail "this is left: $left"
     step "Nothing of it is left"

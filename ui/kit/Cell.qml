@@ -6,6 +6,8 @@ Item {
 
     property string label
     property string note
+    // The value in words.
+    property string spoken
     // The last cell of a row draws no rule after it.
     property bool isLast: false
     // The first cell of a row stands flush left.
@@ -13,6 +15,9 @@ Item {
     default property alias value: slot.data
 
     implicitHeight: words.y + words.height + Zen.space2
+
+    Accessible.role: Accessible.StaticText
+    Accessible.name: note ? `${label}: ${spoken}. ${note}` : `${label}: ${spoken}`
 
     Rectangle {
         x: root.width

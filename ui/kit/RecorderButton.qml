@@ -5,7 +5,7 @@ import Palomet.Kit
 Column {
     id: root
 
-    property list<string> caps
+    property var caps: []
     property bool isRecording: false
     // What stands in the capsule without a shortcut, and while recording.
     property string noneText

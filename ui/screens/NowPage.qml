@@ -27,7 +27,7 @@ ListPage {
     listName: Words.t("now.conversation")
     scroller.onScrolled: {
         isMoved = true;
-        isFollowing = rowsEnd <= view.contentY + view.height + 1;
+        isFollowing = rowsEnd <= view.contentY + view.height + 1 || view.contentY >= scroller.last;
     }
     scroller.onFirstChanged: settling.restart()
     onFootYChanged: settling.restart()

@@ -14,6 +14,7 @@ namespace palomet {
 /// own: it shows what the model says, and asking changes nothing here.
 class Setting : public QObject {
     Q_OBJECT
+    QML_ANONYMOUS
     Q_PROPERTY(QString title READ title NOTIFY changed FINAL)
     Q_PROPERTY(QString hint READ hint NOTIFY changed FINAL)
 

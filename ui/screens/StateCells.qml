@@ -21,6 +21,7 @@ Column {
         Cell {
             label: Words.t("now.state")
             note: root.screen.stateNote
+            spoken: root.screen.stateWord
 
             StateGlyph {
                 anchors.verticalCenter: parent.verticalCenter

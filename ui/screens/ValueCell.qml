@@ -7,6 +7,8 @@ Cell {
 
     property string text
 
+    spoken: text || "—"
+
     ElidedDisplay {
         width: parent.width
         text: root.text || "—"

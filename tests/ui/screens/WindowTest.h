@@ -32,6 +32,12 @@ protected:
         Ui::install(engine, QStringLiteral(PALOMET_BINARY_DIR "/resources"));
     }
 
+    ~WindowTest() override {
+        window.reset();
+        // Pages that were left are deleted later, and that must not be later than their engine.
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+
     void open(Pane pane) {
         navigation.setPane(pane);
         window = std::make_unique<MacWindow>(engine, app, scheduler(), nullptr);

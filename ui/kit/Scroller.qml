@@ -13,6 +13,9 @@ Item {
     readonly property real last: Math.max(first, flickable.originY + flickable.contentHeight + flickable.bottomMargin - flickable.height)
     readonly property bool isScrolled: flickable.contentY > first
 
+    // Whether the user last scrolled to the end, as far as it was known then.
+    property bool isEndWanted: false
+
     // The user scrolled.
     signal scrolled
 
@@ -21,6 +24,7 @@ Item {
     }
 
     function scrollBy(distance: real): void {
+        isEndWanted = flickable.contentY + distance >= last;
         scrollTo(flickable.contentY + distance);
         scrolled();
     }

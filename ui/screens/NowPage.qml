@@ -27,7 +27,9 @@ ListPage {
     listName: Words.t("now.conversation")
     scroller.onScrolled: {
         isMoved = true;
-        isFollowing = rowsEnd <= view.contentY + view.height + 1 || view.contentY >= scroller.last;
+        isFollowing = scroller.isEndWanted || rowsEnd <= view.contentY + view.height + 1;
+        if (scroller.isEndWanted)
+            settling.restart();
     }
     scroller.onFirstChanged: settling.restart()
     onFootYChanged: settling.restart()

@@ -48,8 +48,10 @@ private:
     std::optional<QString> m_hintText;
 };
 
+// Their base is named in full, for that is how the type descriptions that the lint reads name it.
+
 /// Something that is on or off.
-class SwitchSetting final : public Setting {
+class SwitchSetting final : public palomet::Setting {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("Settings come from their screen.")
@@ -70,7 +72,7 @@ private:
 };
 
 /// One out of several.
-class ChoiceSetting final : public Setting {
+class ChoiceSetting final : public palomet::Setting {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("Settings come from their screen.")
@@ -109,7 +111,7 @@ private:
 };
 
 /// A line of text.
-class TextSetting final : public Setting {
+class TextSetting final : public palomet::Setting {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("Settings come from their screen.")

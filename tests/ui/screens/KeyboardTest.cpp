@@ -37,7 +37,7 @@ protected:
         return box && !boxes.isEmpty() && boxes.first()->property("isFocused").toBool();
     }
     [[nodiscard]] bool isInView(QQuickItem *item) {
-        const auto place = item->mapRectToScene(item->boundingRect());
+        const auto place = item->mapRectToScene(QRectF(QPointF(), item->size()));
         return QRectF(QPointF(), window->size()).contains(place);
     }
     /// Reading order: further down, or further right on the same line. Places are the page's, whatever is scrolled.

@@ -12,8 +12,8 @@ namespace palomet {
 /// the typeface and the modules are loaded when something is first to be shown. Main thread only.
 class UiEngine {
 public:
-    /// Everything is drawn by the processor, unless `$QT_QUICK_BACKEND` says otherwise: a graphics driver would cost more
-    /// than everything else together. To be called once, before anything is shown.
+    /// Everything is drawn by the processor, unless `$QT_QUICK_BACKEND` says otherwise: a graphics driver would cost
+    /// more than everything else together. To be called once, before anything is shown.
     static void chooseRenderer();
 
     /// `resources` is the resource folder.

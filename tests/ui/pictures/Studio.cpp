@@ -162,7 +162,8 @@ void Studio::takeStrip(const QString &language) {
     StripWindow strip(m_ui, view, nullptr, StripWindow::Pointer::Unknown);
     strip.orderFront(QPoint(0, 0));
     const auto picture = [&](const QString &name) { take(*strip.window(), u"strip-"_s + name + u'-' + language); };
-    for (const auto &state : {u"waiting"_s, u"listening"_s, u"hearing"_s, u"drafting"_s, u"thinking"_s, u"speaking"_s}) {
+    for (const auto &state :
+         {u"waiting"_s, u"listening"_s, u"hearing"_s, u"drafting"_s, u"thinking"_s, u"speaking"_s}) {
         setState(state);
         picture(state);
     }

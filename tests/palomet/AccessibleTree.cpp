@@ -20,21 +20,32 @@ constexpr int visible = 30;
 
 const AccessibleTree::Node registry{u"org.a11y.atspi.Registry"_s, u"/org/a11y/atspi/accessible/root"_s};
 
-QDBusConnection accessibilityBus(PrivateBus &session) {
-    auto bus = session.connect();
-    const QDBusReply<QString> address = bus.call(
-        QDBusMessage::createMethodCall(u"org.a11y.Bus"_s, u"/org/a11y/bus"_s, u"org.a11y.Bus"_s, u"GetAddress"_s));
-    return QDBusConnection::connectToBus(address.value(), QUuid::createUuid().toString());
-}
-
 } // namespace
 
-AccessibleTree::AccessibleTree(PrivateBus &bus)
+AccessibleTree::AccessibleTree(PrivateBus &bus, const QProcessEnvironment &environment)
     : m_session(bus)
-    , m_bus(accessibilityBus(bus)) {}
+    , m_bus(QString()) {
+    m_launcher.setProcessEnvironment(environment);
+    m_launcher.start(QStringLiteral("/usr/libexec/at-spi-bus-launcher"), {QStringLiteral("--launch-immediately")});
+    m_bus = accessibilityBus();
+}
 
 AccessibleTree::~AccessibleTree() {
     QDBusConnection::disconnectFromBus(m_bus.name());
+    m_launcher.terminate();
+    m_launcher.waitForFinished();
+}
+
+QDBusConnection AccessibleTree::accessibilityBus() {
+    auto bus = m_session.connect();
+    QString address;
+    eventually([&] {
+        const QDBusReply<QString> reply = bus.call(
+            QDBusMessage::createMethodCall(u"org.a11y.Bus"_s, u"/org/a11y/bus"_s, u"org.a11y.Bus"_s, u"GetAddress"_s));
+        address = reply.value();
+        return !address.isEmpty();
+    });
+    return QDBusConnection::connectToBus(address, QUuid::createUuid().toString());
 }
 
 QDBusMessage AccessibleTree::call(const Node &node, const char *interface, const char *method,

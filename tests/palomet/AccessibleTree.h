@@ -4,6 +4,8 @@
 
 #include <QDBusConnection>
 #include <QDBusMessage>
+#include <QProcess>
+#include <QProcessEnvironment>
 #include <QStringList>
 
 #include <optional>
@@ -19,7 +21,8 @@ public:
         QString path;
     };
 
-    explicit AccessibleTree(PrivateBus &bus);
+    /// Starts the accessibility bus of that session, in that environment; the program is started after it.
+    AccessibleTree(PrivateBus &bus, const QProcessEnvironment &environment);
     ~AccessibleTree();
 
     /// The node of that role ("button") and name, wherever it is in the window, scrolled away or not; waits for it.
@@ -45,7 +48,10 @@ private:
     [[nodiscard]] std::vector<Node> children(const Node &node);
     void collect(const Node &from, const QString &role, std::vector<Node> &found);
 
+    QDBusConnection accessibilityBus();
+
     PrivateBus &m_session;
+    QProcess m_launcher;
     QDBusConnection m_bus;
 };
 

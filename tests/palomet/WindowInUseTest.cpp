@@ -68,7 +68,7 @@ protected:
     QProcessEnvironment environment = desktop.environment();
     QProcess windowManager;
     QProcess program;
-    test::AccessibleTree tree{desktop.bus};
+    test::AccessibleTree tree{desktop.bus, environment};
 };
 
 } // namespace

@@ -4,9 +4,13 @@
 import { readFileSync } from "node:fs";
 import { ask, changeSettings, draft, talkOver } from "./conversation";
 import { run, until } from "./process";
+import type { Path } from "./sound";
 import { check, perform, program, type Stage, step, words } from "./stage";
 
 const soundServerKills = Number(process.env.PALOMET_SOUND_SERVER_KILLS ?? 10);
+
+/** No way from the speakers to the microphone: how well the echo is taken out of it, monologue.ts tries in a room. */
+const headphones: Path[] = [];
 
 await perform("rehearsal", async (stage) => {
     await name(stage);
@@ -21,7 +25,7 @@ await perform("rehearsal", async (stage) => {
     await stop(stage);
     await storm(stage);
     await quit(stage);
-});
+}, headphones);
 
 /** The menu names the microphone. */
 async function name({ tray }: Stage): Promise<void> {

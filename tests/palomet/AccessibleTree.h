@@ -25,7 +25,8 @@ public:
     AccessibleTree(PrivateBus &bus, const QProcessEnvironment &environment);
     ~AccessibleTree();
 
-    /// The node of that role ("button") and name, wherever it is in the window, scrolled away or not; waits for it.
+    /// The node of that role ("push button") and name, wherever it is in the window, scrolled away or not; waits for
+    /// it.
     [[nodiscard]] std::optional<Node> find(const QString &role, const QString &name);
     /// All nodes of that role, in reading order.
     [[nodiscard]] std::vector<Node> all(const QString &role);

@@ -6,6 +6,9 @@ export type EventName = "phase" | "change" | "spoken" | "turnEnd" | "level" | "o
 const comfortable = 16 * 1024;
 const utmost = 256 * 1024;
 
+const encoded = (name: EventName, data: string): Uint8Array =>
+  new TextEncoder().encode(`event: ${name}\ndata: ${data}\n\n`);
+
 export class EventStream {
   readonly #clients = new Set<ReadableStreamDefaultController<Uint8Array>>();
 
@@ -13,15 +16,15 @@ export class EventStream {
     return this.#clients.size;
   }
 
-  open(): Response {
+  /** The first event tells the phase: what changed between a front end's look at the state and now was told to nobody. */
+  open(phase: string): Response {
     let client: ReadableStreamDefaultController<Uint8Array> | undefined;
     const body = new ReadableStream<Uint8Array>(
       {
         start: (controller) => {
           client = controller;
           this.#clients.add(controller);
-          // Something must be sent for the answer's head to leave at once.
-          controller.enqueue(new TextEncoder().encode(": palomet\n\n"));
+          controller.enqueue(encoded("phase", phase));
         },
         cancel: () => {
           if (client) this.#clients.delete(client);
@@ -34,7 +37,7 @@ export class EventStream {
 
   send(name: EventName, data: string): void {
     if (this.#clients.size === 0) return;
-    const bytes = new TextEncoder().encode(`event: ${name}\ndata: ${data}\n\n`);
+    const bytes = encoded(name, data);
     const isLevel = name === "level" || name === "outLevel";
     for (const client of this.#clients) {
       const room = client.desiredSize ?? -Infinity;

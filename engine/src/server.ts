@@ -62,7 +62,7 @@ async function respond(engine: Engine, request: Request, server: Server<undefine
     case "/options":
       return Response.json(await engine.options());
     case "/events":
-      return engine.events.open();
+      return engine.events.open(engine.loop.state);
     default:
       return (await commands[path]?.(engine, request)) ?? Response.json({ ok: true });
   }

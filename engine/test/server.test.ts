@@ -112,30 +112,27 @@ describe("web pages of others", () => {
   });
 });
 
-/** Follows the event stream; `next` gives the events as they come. */
-async function follow(): Promise<{ next: () => Promise<string>; end: () => void }> {
+/** Follows the event stream; `next` gives the events as they come, those after the `first`. */
+async function follow(): Promise<{ first: string; next: () => Promise<string>; end: () => void }> {
   const ending = new AbortController();
   const response = await fetch(`${base}/events`, { signal: ending.signal });
   const reader = response.body?.getReader();
   const decoder = new TextDecoder();
   let text = "";
-  return {
-    async next() {
-      for (;;) {
-        const at = text.indexOf("\n\n");
-        if (at >= 0) {
-          const event = text.slice(0, at);
-          text = text.slice(at + 2);
-          if (!event.startsWith(":")) return event;
-          continue;
-        }
-        const piece = await reader?.read();
-        if (!piece || piece.done) return "end";
-        text += decoder.decode(piece.value, { stream: true });
+  const next = async (): Promise<string> => {
+    for (;;) {
+      const at = text.indexOf("\n\n");
+      if (at >= 0) {
+        const event = text.slice(0, at);
+        text = text.slice(at + 2);
+        return event;
       }
-    },
-    end: () => ending.abort(),
+      const piece = await reader?.read();
+      if (!piece || piece.done) return "end";
+      text += decoder.decode(piece.value, { stream: true });
+    }
   };
+  return { first: await next(), next, end: () => ending.abort() };
 }
 
 describe("the event stream", () => {
@@ -149,6 +146,15 @@ describe("the event stream", () => {
     expect(await first.next()).toBe("event: phase\ndata: waiting");
     first.end();
     second.end();
+  });
+
+  test("begins with the phase, for what changed before anybody followed", async () => {
+    await post("listen");
+    const late = await follow();
+    expect(late.first).toBe("event: phase\ndata: listening");
+    await post("stop");
+    expect(await late.next()).toBe("event: phase\ndata: waiting");
+    late.end();
   });
 
   test("survives a front end that goes away", async () => {

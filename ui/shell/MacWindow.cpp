@@ -51,6 +51,8 @@ MacWindow::MacWindow(QQmlEngine &engine, AppView &app, Scheduler &scheduler, QSe
 }
 
 MacWindow::~MacWindow() {
+    // A window that is shown is hidden by the last of its destructors, when nothing of this class is left.
+    disconnect(this, &QWindow::visibilityChanged, this, nullptr);
     if (m_saving)
         saveFrame();
     m_app.setShown(false);

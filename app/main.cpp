@@ -49,7 +49,7 @@ bool isWayland() {
 /// On a Wayland session the whole program goes through XWayland, unless the user wants it otherwise: the strip is then
 /// the same everywhere. Whether this has set the toolkit's platform.
 bool preferXWayland() {
-    if (!isWayland() || qEnvironmentVariableIsSet("QT_QPA_PLATFORM") || qEnvironmentVariableIsEmpty("DISPLAY"))
+    if (!isWayland() || !qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM") || qEnvironmentVariableIsEmpty("DISPLAY"))
         return false;
     return qputenv("QT_QPA_PLATFORM", "xcb");
 }
@@ -134,7 +134,7 @@ int run(int argumentCount, char **arguments) {
 /// `arguments` are those that follow the program's name.
 int preview(const QStringList &arguments, int argumentCount, char **rawArguments) {
     // A picture needs no display, and is the same on every one.
-    if (Preview::capturePath(arguments) && !qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
+    if (Preview::capturePath(arguments) && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
     preferXWayland();
     QGuiApplication::setApplicationDisplayName(u"Palomet"_s);

@@ -1,0 +1,56 @@
+#include "tests/palomet/ProgramTest.h"
+
+#include <QImage>
+
+using namespace palomet;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// `palomet --preview --capture` itself, where there is neither display nor session bus nor sound nor backend.
+class PreviewCommandTest : public test::ProgramTest {
+protected:
+    PreviewCommandTest() {
+        for (const auto &name : {u"DISPLAY"_s, u"DBUS_SESSION_BUS_ADDRESS"_s, u"XDG_RUNTIME_DIR"_s})
+            environment.remove(name);
+    }
+
+    [[nodiscard]] Outcome capture(const QString &pane) const {
+        return command({u"--preview"_s, pane, u"--capture"_s, path});
+    }
+    [[nodiscard]] QSize captured() const { return QImage(path).size(); }
+
+    const QString path = desktop.home.filePath(u"picture.png"_s);
+};
+
+} // namespace
+
+TEST_F(PreviewCommandTest, WritesThePictureOfEveryPaneAndSaysNothing) {
+    for (const auto *pane : {"now", "history", "listening", "voice", "brain"}) {
+        QFile::remove(path);
+        const auto outcome = capture(QString::fromLatin1(pane));
+        EXPECT_EQ(outcome.exitCode, 0) << pane;
+        EXPECT_EQ(outcome.output, "") << pane;
+        EXPECT_EQ(captured(), QSize(1120, 760)) << pane;
+    }
+}
+
+TEST_F(PreviewCommandTest, TakesAPlatformThatIsSetButEmptyForNone) {
+    setVariable("QT_QPA_PLATFORM", u""_s);
+    EXPECT_EQ(capture(u"now"_s).exitCode, 0);
+    EXPECT_EQ(captured(), QSize(1120, 760));
+}
+
+TEST_F(PreviewCommandTest, WritesItLargerWhenAScaleIsAskedFor) {
+    setVariable("QT_SCALE_FACTOR", u"2"_s);
+    EXPECT_EQ(capture(u"now"_s).exitCode, 0);
+    EXPECT_EQ(captured(), QSize(2240, 1520));
+}
+
+TEST_F(PreviewCommandTest, SaysWhyItCannotWriteAndExitsWithOne) {
+    QDir().mkpath(path);
+    const auto outcome = capture(u"now"_s);
+    EXPECT_EQ(outcome.exitCode, 1);
+    EXPECT_EQ(outcome.output, "");
+    EXPECT_TRUE(outcome.errors.contains("picture.png")) << outcome.errors.toStdString();
+}

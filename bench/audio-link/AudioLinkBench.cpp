@@ -27,18 +27,6 @@ namespace {
 using Clock = std::chrono::steady_clock;
 const WakeupFactory makeWakeup = &EventWakeup::make;
 
-double millisecondsSince(Clock::time_point begin) {
-    return std::chrono::duration<double, std::milli>(Clock::now() - begin).count();
-}
-
-void print(const char *what, const bench::Sample &sample, const char *floorName, const bench::Sample &floor,
-           double reach) {
-    for (const auto &[name, share] : {std::pair{"p50", 0.5}, std::pair{"p99", 0.99}}) {
-        bench::print(
-            {std::string(what) + ", " + name, floorName, floor.percentile(share), sample.percentile(share), reach});
-    }
-}
-
 /// A buffer's bytes from a ring of the bell on one thread to a socket on another, and to the peer.
 bench::Sample measureHop(int rounds) {
     bench::Peer peer;
@@ -70,7 +58,7 @@ bench::Sample measureHop(int rounds) {
         qsizetype received = 0;
         while (received < 688)
             received += peer.take().size();
-        sample.add(millisecondsSince(begin));
+        sample.add(Clock::now() - begin);
     }
     QMetaObject::invokeMethod(
         &onThread,
@@ -119,7 +107,7 @@ struct Driver {
             while (chunkBegan.load() == Clock::time_point{})
                 server.deliver(samples);
             peer.take();
-            sample.add(millisecondsSince(chunkBegan.load()));
+            sample.add(Clock::now() - chunkBegan.load());
         }
         return sample;
     }
@@ -132,14 +120,14 @@ struct Driver {
             peer.sendText(message);
             while (isSilent(pull()))
                 std::this_thread::sleep_for(50us);
-            play.add(millisecondsSince(begin));
+            play.add(Clock::now() - begin);
 
             pullFor(60);
             begin = Clock::now();
             peer.sendText(R"({"type":"stop"})");
             while (pull().back() != 0)
                 std::this_thread::sleep_for(1ms);
-            stop.add(millisecondsSince(begin));
+            stop.add(Clock::now() - begin);
         }
     }
 };
@@ -169,7 +157,7 @@ bench::Sample measureMessage(const QByteArray &text, int rounds) {
         peer.sendText(text);
         while (!hasArrived)
             std::this_thread::sleep_for(20us);
-        sample.add(millisecondsSince(begin));
+        sample.add(Clock::now() - begin);
     }
     onMain([&] { socket.reset(); });
     return sample;
@@ -181,7 +169,7 @@ bench::Sample measureDecoding(const QByteArray &clip, int rounds) {
         const auto begin = Clock::now();
         if (!decodeClip(clip, QStringLiteral("mp3")))
             std::exit(1);
-        sample.add(millisecondsSince(begin));
+        sample.add(Clock::now() - begin);
     }
     return sample;
 }

@@ -1,4 +1,4 @@
-#include "bench/support/Figure.h"
+#include "bench/support/Row.h"
 #include "tests/palomet/Desktop.h"
 #include "tests/support/FakeKeyboard.h"
 #include "tests/support/ScriptedBackend.h"
@@ -18,7 +18,7 @@
 using namespace palomet;
 using namespace std::chrono_literals;
 using namespace Qt::StringLiterals;
-using bench::Figure;
+using bench::Sample;
 using test::FakeKeyboard;
 
 namespace {
@@ -33,7 +33,7 @@ void require(bool holds, const char *what) {
 }
 
 /// A key press until its event has come to who holds the key, on a connection that does nothing else.
-Figure measureBareGrab(const QByteArray &display, FakeKeyboard &keyboard, int rounds) {
+Sample measureBareGrab(const QByteArray &display, FakeKeyboard &keyboard, int rounds) {
     constexpr quint8 f9 = 75;
     auto *connection = xcb_connect(display.constData(), nullptr);
     const auto root = xcb_setup_roots_iterator(xcb_get_setup(connection)).data->root;
@@ -48,24 +48,24 @@ Figure measureBareGrab(const QByteArray &display, FakeKeyboard &keyboard, int ro
             std::free(event);
         }
     };
-    Figure figure;
+    Sample sample;
     for (int round = 0; round < rounds; ++round) {
         std::this_thread::sleep_for(5ms);
         const auto begin = Clock::now();
         keyboard.press(f9);
         await(XCB_KEY_PRESS);
-        figure.add(Clock::now() - begin);
+        sample.add(Clock::now() - begin);
         keyboard.release(f9);
         await(XCB_KEY_RELEASE);
     }
     xcb_disconnect(connection);
-    return figure;
+    return sample;
 }
 
 /// A press of Option and Space until the command has come to the backend.
-Figure measureHotKey(FakeKeyboard &keyboard, const std::atomic<int> &commands, const std::atomic<Clock::time_point> &at,
+Sample measureHotKey(FakeKeyboard &keyboard, const std::atomic<int> &commands, const std::atomic<Clock::time_point> &at,
                      int rounds) {
-    Figure figure;
+    Sample sample;
     for (int round = 0; round < rounds; ++round) {
         std::this_thread::sleep_for(20ms);
         const int before = commands;
@@ -74,17 +74,17 @@ Figure measureHotKey(FakeKeyboard &keyboard, const std::atomic<int> &commands, c
         keyboard.press(FakeKeyboard::space);
         for (const auto limit = begin + 10s; commands == before; std::this_thread::sleep_for(100us))
             require(Clock::now() < limit, "the hot key does nothing");
-        figure.add(at.load() - begin);
+        sample.add(at.load() - begin);
         keyboard.release(FakeKeyboard::space);
         keyboard.release(FakeKeyboard::alt);
     }
-    return figure;
+    return sample;
 }
 
 /// A program from its start to its end.
-Figure measureProgram(const QProcessEnvironment &environment, const QString &program, const QStringList &arguments,
+Sample measureProgram(const QProcessEnvironment &environment, const QString &program, const QStringList &arguments,
                       int rounds) {
-    Figure figure;
+    Sample sample;
     for (int round = 0; round < rounds; ++round) {
         QProcess process;
         process.setProcessEnvironment(environment);
@@ -92,9 +92,9 @@ Figure measureProgram(const QProcessEnvironment &environment, const QString &pro
         const auto begin = Clock::now();
         process.start(program, arguments);
         require(process.waitForFinished() && process.exitCode() == 0, qPrintable(program + u" fails"_s));
-        figure.add(Clock::now() - begin);
+        sample.add(Clock::now() - begin);
     }
-    return figure;
+    return sample;
 }
 
 } // namespace
@@ -127,19 +127,19 @@ int main(int argc, char **argv) {
 
     const std::unique_ptr<QThread> driver(QThread::create([&] {
         FakeKeyboard keyboard(desktop.display.name());
-        auto grab = measureBareGrab(desktop.display.name(), keyboard, rounds);
-        auto hotKey = measureHotKey(keyboard, commands, commandCame, rounds);
+        const auto grab = measureBareGrab(desktop.display.name(), keyboard, rounds);
+        const auto hotKey = measureHotKey(keyboard, commands, commandCame, rounds);
         const QString executable = QStringLiteral(PALOMET_EXECUTABLE);
-        auto call =
+        const auto call =
             measureProgram(environment, u"gdbus"_s,
                            {u"call"_s, u"--session"_s, u"--dest"_s, u"org.palomet.Palomet"_s, u"--object-path"_s,
                             u"/org/palomet/Palomet"_s, u"--method"_s, u"org.palomet.Palomet.Control.Status"_s},
                            rounds / 2 + 1);
-        auto listen = measureProgram(environment, executable, {u"--listen"_s}, rounds / 2 + 1);
-        auto version = measureProgram(environment, executable, {u"--version"_s}, rounds / 2 + 1);
-        print("hot key to the command's bytes", hotKey, "bare grab", grab, "p99 10 ms");
-        print("palomet --listen, start included", listen, "gdbus call", call, "100 ms");
-        print("  of that: the program's own start", version, "gdbus call", call, "-");
+        const auto listen = measureProgram(environment, executable, {u"--listen"_s}, rounds / 2 + 1);
+        const auto version = measureProgram(environment, executable, {u"--version"_s}, rounds / 2 + 1);
+        print("hot key to the command's bytes", hotKey, "bare grab", grab, 10);
+        print("palomet --listen, start included", listen, "gdbus call", call, 100);
+        print("of that the program's own start", version, "gdbus call", call, std::nullopt);
     }));
     QObject::connect(driver.get(), &QThread::finished, &application, &QCoreApplication::quit);
     driver->start();

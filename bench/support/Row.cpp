@@ -30,4 +30,10 @@ void print(const Row &row) {
     std::fflush(stdout);
 }
 
+void print(const std::string &what, const Sample &sample, const std::string &floorName, const Sample &floor,
+           std::optional<double> reach) {
+    print({what + ", p50", floorName, floor.percentile(0.5), sample.percentile(0.5), std::nullopt});
+    print({what + ", p99", floorName, floor.percentile(0.99), sample.percentile(0.99), reach});
+}
+
 } // namespace palomet::bench

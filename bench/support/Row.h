@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <optional>
 #include <string>
 #include <vector>
@@ -10,6 +11,10 @@ namespace palomet::bench {
 class Sample {
 public:
     void add(double value) { m_values.push_back(value); }
+    /// In milliseconds.
+    void add(std::chrono::steady_clock::duration duration) {
+        add(std::chrono::duration<double, std::milli>(duration).count());
+    }
 
     /// The value that so many of all, 0 to 1, do not exceed.
     [[nodiscard]] double percentile(double share) const;
@@ -30,5 +35,9 @@ struct Row {
 
 /// Writes "| what | floor | here | to reach | met |" at once, so that a bench that is cut short keeps what it has.
 void print(const Row &row);
+
+/// Two rows: the median of a duration, and what one in a hundred exceeds. `reach` is for the latter, in milliseconds.
+void print(const std::string &what, const Sample &sample, const std::string &floorName, const Sample &floor,
+           std::optional<double> reach);
 
 } // namespace palomet::bench

@@ -1,6 +1,5 @@
 #include "tests/palomet/ProgramTest.h"
 
-#include <QImage>
 
 using namespace palomet;
 using namespace Qt::StringLiterals;
@@ -170,35 +169,6 @@ TEST_F(PalometTest, StartsAsEverWhenOnlyACaptureIsAskedFor) {
     sendSignal(SIGTERM);
     expectOrderlyEnd(backend);
     EXPECT_FALSE(QFile::exists(desktop.home.filePath(u"x.png"_s)));
-}
-
-TEST_F(PalometTest, PicturesAPaneWithoutDisplayBusSoundOrBackend) {
-    environment.remove(u"DISPLAY"_s);
-    environment.insert(u"DBUS_SESSION_BUS_ADDRESS"_s, u"unix:path=/nowhere"_s);
-    const auto path = desktop.home.filePath(u"voice.png"_s);
-    start({u"--preview"_s, u"voice"_s, u"--capture"_s, path});
-    ASSERT_TRUE(awaitEnd());
-    EXPECT_EQ(program.exitCode(), 0);
-    EXPECT_EQ(QImage(path).size(), QSize(1120, 760));
-    // Nothing else was written or started.
-    EXPECT_EQ(log(), "");
-    EXPECT_FALSE(QFile::exists(desktop.home.filePath(u".config/palomet"_s)));
-}
-
-TEST_F(PalometTest, PicturesInTheScaleThatItIsTold) {
-    environment.insert(u"QT_SCALE_FACTOR"_s, u"1.5"_s);
-    const auto path = desktop.home.filePath(u"now.png"_s);
-    start({u"--preview"_s, u"--capture"_s, path});
-    ASSERT_TRUE(awaitEnd());
-    EXPECT_EQ(QImage(path).size(), QSize(1680, 1140));
-}
-
-TEST_F(PalometTest, SaysWhyThereIsNoPicture) {
-    const auto path = desktop.home.filePath(u"missing/now.png"_s);
-    start({u"--preview"_s, u"--capture"_s, path});
-    ASSERT_TRUE(awaitEnd());
-    EXPECT_EQ(program.exitCode(), 1);
-    EXPECT_TRUE(program.readAllStandardError().contains("palomet: " + path.toUtf8()));
 }
 
 TEST_F(PalometTest, PreviewsBesideARunningInstanceAndEndsAtOnceWhenItIsAsked) {

@@ -25,7 +25,7 @@ protected:
 
 } // namespace
 
-TEST_F(PreviewCommandTest, WritesThePictureOfEveryPaneAndSaysNothing) {
+TEST_F(PreviewCommandTest, WritesThePictureOfEveryPaneAndNothingElse) {
     for (const auto *pane : {"now", "history", "listening", "voice", "brain"}) {
         QFile::remove(path);
         const auto outcome = capture(QString::fromLatin1(pane));
@@ -33,6 +33,9 @@ TEST_F(PreviewCommandTest, WritesThePictureOfEveryPaneAndSaysNothing) {
         EXPECT_EQ(outcome.output, "") << pane;
         EXPECT_EQ(captured(), QSize(1120, 760)) << pane;
     }
+    // Nothing else was written or started.
+    EXPECT_EQ(log(), "");
+    EXPECT_FALSE(QFile::exists(desktop.home.filePath(u".config/palomet"_s)));
 }
 
 TEST_F(PreviewCommandTest, TakesAPlatformThatIsSetButEmptyForNone) {
@@ -52,5 +55,5 @@ TEST_F(PreviewCommandTest, SaysWhyItCannotWriteAndExitsWithOne) {
     const auto outcome = capture(u"now"_s);
     EXPECT_EQ(outcome.exitCode, 1);
     EXPECT_EQ(outcome.output, "");
-    EXPECT_TRUE(outcome.errors.contains("picture.png")) << outcome.errors.toStdString();
+    EXPECT_TRUE(outcome.errors.contains("palomet: " + path.toUtf8())) << outcome.errors.toStdString();
 }

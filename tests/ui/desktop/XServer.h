@@ -2,6 +2,7 @@
 
 #include <QByteArray>
 
+#include <sys/prctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -21,6 +22,8 @@ public:
             return;
         m_process = fork();
         if (m_process == 0) {
+            // A test that crashes takes it along: ctest waits for everybody who holds its output.
+            prctl(PR_SET_PDEATHSIG, SIGTERM);
             const auto end = std::to_string(ends[1]);
             execlp("Xvfb", "Xvfb", "-displayfd", end.c_str(), "-noreset", "-nolisten", "tcp", "-screen", "0", screen,
                    nullptr);

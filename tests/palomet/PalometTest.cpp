@@ -1,6 +1,5 @@
 #include "tests/palomet/ProgramTest.h"
 
-
 using namespace palomet;
 using namespace Qt::StringLiterals;
 using test::eventually;

@@ -21,37 +21,38 @@ void CaptureChain::captured(std::span<const float> samples, std::chrono::microse
         reference.clear();
         m_isFresh = false;
     }
-    // The next frame began before these samples did, by what is left of the last ones; its reference was handed to the
-    // speakers before now, by what lies in the backlog.
-    using Samples = std::chrono::duration<std::int64_t, std::ratio<1, SoundStreams::sampleRate>>;
-    const auto shift = Samples(static_cast<std::int64_t>(m_frameFill) - reference.backlog());
-    const auto hint = std::chrono::duration_cast<std::chrono::milliseconds>(delay + shift).count();
+    const auto unmatched = m_waitingCount * EchoCanceller::frameSize + m_fill;
+    const auto lead = reference.follow(samples.size(), unmatched, delay);
+    const auto hint = std::chrono::duration_cast<std::chrono::milliseconds>(lead).count();
     const int delayHintMs = static_cast<int>(std::clamp<std::int64_t>(hint, 0, 500));
 
-    int frames = 0;
     while (!samples.empty()) {
-        const auto count = std::min(samples.size(), m_frame.size() - m_frameFill);
+        auto &frame = m_frames[(m_firstWaiting + m_waitingCount) % m_frames.size()];
+        const auto count = std::min(samples.size(), frame.size() - m_fill);
         // One sample that is no number would stay in the canceller's filters for good.
         std::transform(samples.begin(), samples.begin() + static_cast<std::ptrdiff_t>(count),
-                       m_frame.begin() + static_cast<std::ptrdiff_t>(m_frameFill),
+                       frame.begin() + static_cast<std::ptrdiff_t>(m_fill),
                        [](float sample) { return std::isfinite(sample) ? sample : 0.0F; });
         samples = samples.subspan(count);
-        m_frameFill += count;
-        if (m_frameFill == m_frame.size()) {
-            cancelEcho(delayHintMs, reference);
-            m_frameFill = 0;
-            ++frames;
+        m_fill += count;
+        if (m_fill < frame.size())
+            return;
+        m_fill = 0;
+        ++m_waitingCount;
+        while (m_waitingCount > 0 && (m_waitingCount > mostWaiting || reference.isReady())) {
+            cancelEcho(m_frames[m_firstWaiting], delayHintMs, reference);
+            m_firstWaiting = (m_firstWaiting + 1) % m_frames.size();
+            --m_waitingCount;
         }
     }
-    reference.settle(frames, delayHintMs);
 }
 
-void CaptureChain::cancelEcho(int delayHintMs, EchoReference &reference) noexcept {
+void CaptureChain::cancelEcho(EchoCanceller::Frame &frame, int delayHintMs, EchoReference &reference) noexcept {
     EchoCanceller::Frame played;
     reference.read(played);
     m_canceller->render(played);
-    m_canceller->capture(m_frame, delayHintMs, m_frame);
-    appendToTap(m_frame);
+    m_canceller->capture(frame, delayHintMs, frame);
+    appendToTap(frame);
 }
 
 void CaptureChain::appendToTap(std::span<const float> samples) noexcept {

@@ -1,7 +1,10 @@
 #pragma once
 
 #include "audio/EchoCanceller.h"
+#include "audio/Interpolator.h"
 
+#include <chrono>
+#include <cstddef>
 #include <cstdint>
 #include <span>
 #include <vector>
@@ -9,48 +12,61 @@
 namespace palomet {
 
 /// What was handed to the speakers and not yet compared with the microphone, oldest sample first. The two streams run
-/// on callbacks of their own sizes; what stands between them is the age of the reference, and a steady age is what the
-/// echo canceller lives on: each change of it is a room to be learned anew. So nothing is matched by time: samples are
-/// counted.
+/// on callbacks of their own sizes, and perhaps on clocks of their own; an echo canceller lives on a steady time from
+/// reference to echo, and each jump of it is a room to be learned anew. So samples are counted, not timed.
 ///
-/// For the first second, a frame that is not there yet is silence and makes the reference one frame older, until it is
-/// as old as the callbacks need; then it is made older by half of what its echo takes, so that none comes too late
-/// again. What comes too late all the same, because the machine was busy, has not been played in time either: it was
-/// silence, and is passed over when it comes. A reference older than its echo is worth nothing: where that is near, age
-/// that no callback has needed for ten seconds, or for that first one, is given back. Real-time thread only.
+/// For the first two seconds a frame that is not there yet is silence and makes the reference older. Then its lead, the
+/// time by which it comes before its echo, is set once and for all: to half of what the streams take together, but to
+/// 20 ms where they take enough for that. From there on the microphone waits for a frame that is late, and only what
+/// comes later still is silence, and passed over: it was not played in time either.
+///
+/// Clocks that run apart change the lead slowly. Where it has gone astray by more than five milliseconds the reference
+/// is read so much faster or slower, by parts of a sample, that it comes back. Real-time thread only.
 class EchoReference {
 public:
     EchoReference();
 
     void write(std::span<const float> samples) noexcept;
 
-    /// The next frame, with silence for what is not there yet.
-    void read(EchoCanceller::Frame &frame) noexcept;
+    /// To be called with each microphone buffer before its frames are matched: how many samples it has, how many from
+    /// earlier ones are still unmatched, and how long after its reference was written an echo is expected in it.
+    /// Returns the lead, as far as it is known.
+    std::chrono::microseconds follow(std::size_t samples, std::size_t unmatched,
+                                     std::chrono::microseconds delay) noexcept;
 
-    /// To be called when a microphone buffer has been worked through, with the time from reference to echo, as far as
-    /// it is known, at its beginning: corrects the age when that is due.
-    void settle(int framesRead, int delayMs) noexcept;
+    /// The next frame is there, or is not worth waiting for.
+    [[nodiscard]] bool isReady() const noexcept;
+
+    /// The next frame, with silence for what is not there.
+    void read(EchoCanceller::Frame &frame) noexcept;
 
     /// Forgets everything.
     void clear() noexcept;
 
-    /// Samples written and not yet read: the age of the next frame. Negative while some are late.
+    /// Samples written and not yet read. Negative while some are late.
     [[nodiscard]] std::int64_t backlog() const { return m_written - m_read; }
 
 private:
-    void growOlder(int frames) noexcept;
-    void watchAnew(int frames) noexcept;
+    void begin(std::int64_t delay, std::int64_t age) noexcept;
+    void watchAnew(std::int64_t samples) noexcept;
+    [[nodiscard]] bool isWhole() const noexcept { return m_step == 1 && m_fraction == 0; }
+    [[nodiscard]] float at(std::int64_t position) const noexcept;
 
+    Interpolator m_interpolator;
     std::vector<float> m_samples;
-    std::int64_t m_written = 0; ///< A position, as the next one is; they only grow.
+    std::int64_t m_written = 0; ///< A position, as the next one is.
     std::int64_t m_read = 0;
+    double m_fraction = 0;   ///< Of a sample, by which the position to read from is ahead of `m_read`.
+    double m_step = 1;       ///< Samples of the reference for one of the microphone.
     int m_lateInARow = 0;    ///< Frames that were not there.
-    bool m_hasBegun = false; ///< The first second is over.
-    // Of the watch that is under way:
-    int m_framesToWatch = 0;
-    int m_lateFrames = 0;
-    std::int64_t m_lowestBacklog = 0; ///< Each time after reading.
-    int m_longestDelayMs = 0;
+    bool m_isPlayed = false; ///< Something was written since all was forgotten.
+    bool m_hasBegun = false; ///< The lead is set.
+    double m_lead = 0;       ///< What it was set to, in samples.
+    // Of the watch that is under way, weighted by samples:
+    std::int64_t m_left = 0;
+    std::int64_t m_watched = 0;
+    double m_delaySum = 0;
+    double m_ageSum = 0;
 };
 
 } // namespace palomet

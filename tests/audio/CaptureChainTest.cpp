@@ -126,6 +126,33 @@ TEST_F(CaptureChainTest, ExpectsTheEchoByTheDelayLessTheAgeOfTheReference) {
     EXPECT_EQ(calls.delayHints.back(), 0);
 }
 
+TEST_F(CaptureChainTest, AFrameWaitsForItsReferenceForATenthOfASecond) {
+    const auto play = [&](float value) { reference.write(std::vector<float>(480, value)); };
+    capture(480, 480);
+    for (int frame = 0; frame < 210; ++frame) {
+        play(0.25F);
+        capture(480, 480);
+    }
+    // Whatever was left over has been used up.
+    while (calls.references.size() > 200 && reference.backlog() >= 480)
+        capture(480, 480);
+    const auto matched = calls.references.size();
+    capture(5 * 480, 480);
+    EXPECT_EQ(calls.references.size(), matched);
+    for (int frame = 0; frame < 5; ++frame)
+        play(0.75F);
+    capture(480, 480);
+    EXPECT_EQ(calls.references.size(), matched + 5);
+    EXPECT_EQ(calls.references.back()[479], 0.75F);
+    // Nothing comes any more: what waits longest goes on with silence.
+    capture(12 * 480, 480);
+    EXPECT_EQ(calls.references.size(), matched + 5 + 13 - CaptureChain::mostWaiting);
+    EXPECT_EQ(calls.references.back()[479], 0.0F);
+    // In the end nothing waits.
+    capture(200 * 480, 480);
+    EXPECT_EQ(calls.references.size(), matched + 5 + 13 + 200);
+}
+
 TEST_F(CaptureChainTest, DoesNotLetASampleThatIsNoNumberIntoTheCanceller) {
     std::vector<float> samples(1024 + 480, std::numeric_limits<float>::quiet_NaN());
     samples[5] = std::numeric_limits<float>::infinity();

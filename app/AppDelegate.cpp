@@ -91,6 +91,7 @@ void AppDelegate::setUpMenuBar() {
 void AppDelegate::setUpStrip() {
     m_surroundings.motion->onChange = [this] { m_uiEngine.setMotionReduced(m_surroundings.motion->isReduced()); };
     m_surroundings.motion->onChange();
+    m_stripWindow.isStateSaidElsewhere = [this] { return m_appView && m_appView->now()->isActive(); };
     m_strip.emplace(m_model, m_stripWindow, *m_surroundings.scheduler);
     m_strip->onEscapeNeeded = [this](bool isNeeded) { m_keyBindings.setStopNeeded(isNeeded); };
     m_strip->update();

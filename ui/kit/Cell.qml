@@ -55,6 +55,7 @@ Item {
             width: parent.width
             height: Math.max(21, implicitHeight)
             text: root.note
+            Accessible.ignored: true
         }
     }
 }

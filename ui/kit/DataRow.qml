@@ -13,6 +13,10 @@ ZenRow {
 
     implicitHeight: 44
 
+    // Kept by its view for later use, it is not there for a screen reader either.
+    ListView.onPooled: visible = false
+    ListView.onReused: visible = true
+
     Accessible.role: Accessible.ListItem
     Accessible.name: `${value} ${label} ${trailing}`
 

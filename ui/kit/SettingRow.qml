@@ -27,6 +27,7 @@ ZenRow {
             width: parent.width
             visible: text !== ""
             text: root.hint
+            Accessible.ignored: true
         }
     }
     Row {

@@ -5,6 +5,13 @@ Item {
     id: root
 
     property string text
+    // What has this value, and what there is to say about it.
+    property string name
+    property string description
+
+    Accessible.role: Accessible.StaticText
+    Accessible.name: name ? `${name}: ${text}` : text
+    Accessible.description: description
 
     implicitWidth: words.implicitWidth
     implicitHeight: Math.max(Zen.control, words.height + 2 * Zen.space2)

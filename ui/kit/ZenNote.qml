@@ -5,4 +5,6 @@ ZenText {
     box: 21
     color: Zen.gray5
     wrapMode: Text.Wrap
+    Accessible.role: Accessible.StaticText
+    Accessible.name: text
 }

@@ -21,10 +21,14 @@ ColumnPage {
             valueElide: Text.ElideMiddle
         }
         SettingRow {
+            id: whenDown
+
             title: Words.t("brain.whenDown")
             hint: Words.t("brain.whenDown.hint")
 
             SettingValue {
+                name: whenDown.title
+                description: whenDown.hint
                 text: Words.t("brain.whenDown.value")
             }
         }
@@ -58,11 +62,15 @@ ColumnPage {
         title: Words.t("brain.foldersBlock")
 
         SettingRow {
+            id: workingFolder
+
             title: root.screen.workingFolder
             titleElide: Text.ElideMiddle
             hint: Words.t("brain.workingFolder.hint")
 
             SettingValue {
+                name: workingFolder.title
+                description: workingFolder.hint
                 text: Words.t("brain.always")
             }
         }

@@ -16,6 +16,10 @@ ZenRow {
 
     implicitHeight: said.y + said.height + Zen.space3
 
+    // Kept by its view for later use, it is not there for a screen reader either.
+    ListView.onPooled: visible = false
+    ListView.onReused: visible = true
+
     Accessible.role: Accessible.ListItem
     Accessible.name: `${clock} ${action} ${words} ${reason}`
 

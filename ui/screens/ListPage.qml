@@ -33,6 +33,10 @@ ScreenPage {
         Accessible.name: root.listName
         Component.onCompleted: contentY = originY - topMargin
 
+        ReadingOrder {
+            of: list.contentItem
+        }
+
         // Not the view's own header and footer: those are made apart from the page and cannot see it.
         Column {
             id: head

@@ -12,7 +12,7 @@ Column {
 
     Announcement {
         text: `${root.screen.stateWord}. ${root.screen.stateNote}`
-        Accessible.role: Accessible.AlertMessage
+        Accessible.role: Accessible.Notification
         Accessible.name: text
     }
     CellRow {

@@ -39,6 +39,10 @@ Item {
         reuseItems: true
         currentIndex: -1
         keyNavigationEnabled: false
+
+        ReadingOrder {
+            of: list.contentItem
+        }
     }
     Timer {
         id: settling

@@ -5,8 +5,15 @@ import Palomet.Kit
 Item {
     id: root
 
+    default property alias titleBlock: block.data
     property alias actions: row.data
     property real titleWidth
+
+    Item {
+        id: block
+
+        anchors.fill: parent
+    }
 
     Row {
         id: row

@@ -12,10 +12,13 @@ Rectangle {
     height: 40
     color: Zen.gray9
 
-    Accessible.role: Accessible.AlertMessage
-    Accessible.name: strip.line ? `${strip.word}: ${strip.line}` : strip.word
-    Accessible.onPressAction: strip.open()
-
+    // Not the strip itself, which shows also when nothing is to be read out.
+    Announcement {
+        anchors.fill: parent
+        Accessible.role: Accessible.Notification
+        Accessible.name: root.strip.line ? `${root.strip.word}: ${root.strip.line}` : root.strip.word
+        Accessible.onPressAction: root.strip.open()
+    }
     TapHandler {
         onTapped: root.strip.open()
     }

@@ -1,6 +1,7 @@
 #include "ui/strip/StripWindow.h"
 
-#include <QAccessible>
+#include "ui/kit/Announcement.h"
+
 #include <QCursor>
 #include <QGuiApplication>
 #include <QQmlEngine>
@@ -65,8 +66,8 @@ void StripWindow::announce() {
     if (!isVisible() || m_announced == m_view.loopState())
         return;
     m_announced = m_view.loopState();
-    QAccessibleEvent event(m_window->rootObject(), QAccessible::Alert);
-    QAccessible::updateAccessibility(&event);
+    if (!isStateSaidElsewhere())
+        m_window->rootObject()->findChild<Announcement *>()->raise();
 }
 
 void StripWindow::orderFront(std::optional<QPoint> origin) {

@@ -7,6 +7,7 @@
 
 #include <QQuickView>
 
+#include <functional>
 #include <memory>
 
 class QScreen;
@@ -32,6 +33,9 @@ public:
     [[nodiscard]] std::optional<QPoint> pointer() const override;
     void orderFront(std::optional<QPoint> origin) override;
     void orderOut() override;
+
+    /// Whether a screen reader is told of a new state by somebody else.
+    std::function<bool()> isStateSaidElsewhere = [] { return false; };
 
     /// Null until it was first shown.
     [[nodiscard]] QQuickView *window() const { return m_window.get(); }

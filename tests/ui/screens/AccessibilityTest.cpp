@@ -11,10 +11,15 @@ namespace {
 
 QAccessible::UpdateHandler previousHandler = nullptr;
 QStringList alerts;
+/// What a screen reader on the accessibility bus reads out.
+QStringList notifications;
 
 void notice(QAccessibleEvent *event) {
-    if (event->type() == QAccessible::Alert && event->accessibleInterface())
-        alerts.append(event->accessibleInterface()->text(QAccessible::Name));
+    auto *interface = event->accessibleInterface();
+    if (event->type() == QAccessible::Alert && interface)
+        alerts.append(interface->text(QAccessible::Name));
+    if (event->type() == QAccessible::ObjectShow && interface && interface->role() == QAccessible::Notification)
+        notifications.append(interface->text(QAccessible::Name));
     if (previousHandler)
         previousHandler(event);
 }
@@ -23,6 +28,7 @@ class AccessibilityTest : public WindowTest {
 protected:
     void SetUp() override {
         alerts.clear();
+        notifications.clear();
         previousHandler = QAccessible::installUpdateHandler(notice);
     }
     void TearDown() override { QAccessible::installUpdateHandler(previousHandler); }
@@ -87,14 +93,60 @@ TEST_F(AccessibilityTest, SaysEverythingThatTheNowPaneShows) {
         EXPECT_GE(index, 0) << line << " is not in\n" << lines.join(u'\n').toStdString();
         return index;
     };
+    EXPECT_LT(at("Heading: Now"), at("Button: Listen"));
     EXPECT_LT(at("Button: Listen"), at("StaticText: State: Speaking. Speak to interrupt")) << "the header first";
+    EXPECT_LT(at("StaticText: State: Speaking. Speak to interrupt"), at("Heading: Last answer"));
+    EXPECT_LT(at("Heading: Last answer"), at("ListItem: You: How is the site's deploy going? 19:46 1.8 s"));
+    EXPECT_LT(at("ListItem: You: How is the site's deploy going? 19:46 1.8 s"),
+              at("EditableText: Type a request instead"));
+    EXPECT_LT(at("EditableText: Type a request instead"), at("Heading: Draft"));
     at("StaticText: Microphone: USB Audio. The input in use");
-    at("Heading: Last answer");
     at("List: Conversation");
     at("ListItem: You: How is the site's deploy going? 19:46 1.8 s");
-    at("EditableText: Type a request instead");
-    at("Heading: Draft");
     at("ListItem: 08:00 Ignored did you see the game not directed");
+}
+
+TEST_F(AccessibilityTest, SaysTheRowsOfALongConversationInTheirOrderAlsoAfterScrolling) {
+    setFull([](Snapshot &snapshot) {
+        snapshot.conversation.rows.clear();
+        for (int turn = 0; turn < 400; ++turn)
+            snapshot.conversation.rows.push_back(row("user", QStringLiteral("turn %1").arg(turn)));
+    });
+    open(Pane::Now);
+    const auto turns = [this] {
+        std::vector<int> numbers;
+        for (const auto &line : tree()) {
+            if (line.startsWith(QStringLiteral("ListItem: You: turn ")))
+                numbers.push_back(line.section(u' ', 3, 3).toInt());
+        }
+        return numbers;
+    };
+    const auto follow = [](const std::vector<int> &numbers) {
+        for (std::size_t at = 1; at < numbers.size(); ++at) {
+            if (numbers[at] != numbers[at - 1] + 1)
+                return false;
+        }
+        return numbers.size() > 4;
+    };
+    for (const auto way : {Qt::Key_PageUp, Qt::Key_PageUp, Qt::Key_Home, Qt::Key_PageDown, Qt::Key_Up, Qt::Key_End}) {
+        first("NowPage")->forceActiveFocus();
+        key(way);
+        EXPECT_TRUE(eventually([&] { return follow(turns()); })) << way << ": " << ::testing::PrintToString(turns());
+    }
+}
+
+TEST_F(AccessibilityTest, SaysTheNotesAndTheValuesThatCannotBeChanged) {
+    setFull();
+    offer();
+    open(Pane::Brain);
+    const auto lines = tree();
+    EXPECT_TRUE(lines.contains(QStringLiteral("StaticText: ") + L("brain.note"))) << lines.join(u'\n').toStdString();
+    EXPECT_TRUE(lines.contains(QStringLiteral("StaticText: ") + L("brain.whenDown") + QStringLiteral(": ") +
+                               L("brain.whenDown.value")));
+    EXPECT_TRUE(lines.contains(QStringLiteral("StaticText: /code: ") + L("brain.always")))
+        << lines.join(u'\n').toStdString();
+    navigation.setPane(Pane::History);
+    EXPECT_TRUE(tree().contains(QStringLiteral("StaticText: ") + L("history.note")));
 }
 
 TEST_F(AccessibilityTest, SaysWhereASwitchStandsAndTurnsIt) {
@@ -164,7 +216,7 @@ TEST_F(AccessibilityTest, SaysWhichPaneIsChosen) {
 TEST_F(AccessibilityTest, RaisesAnAlertForEveryStateAndForNothingElse) {
     setState("waiting");
     open(Pane::Now);
-    alerts.clear();
+    EXPECT_EQ(notifications + alerts, QStringList()) << "what is there already is not news";
     setState("listening");
     setState("listening");
     setState("thinking");
@@ -173,6 +225,7 @@ TEST_F(AccessibilityTest, RaisesAnAlertForEveryStateAndForNothingElse) {
     EXPECT_TRUE(alerts[0].startsWith(QStringLiteral("Listening")));
     EXPECT_TRUE(alerts[1].startsWith(QStringLiteral("Thinking")));
     EXPECT_TRUE(alerts[2].startsWith(QStringLiteral("Offline")));
+    EXPECT_EQ(notifications, alerts);
 }
 
 TEST_F(AccessibilityTest, StandsStillWithReducedMotion) {

@@ -1,15 +1,30 @@
 #include "tests/ui/support/Scene.h"
 #include "tests/ui/support/UiTest.h"
 #include "ui/UiEngine.h"
+#include "ui/kit/Announcement.h"
 #include "ui/strip/StripWindow.h"
 
 #include <QAccessible>
+#include <qpa/qplatformaccessibility.h>
+#include <qpa/qplatformintegration.h>
+
+#include <private/qguiapplication_p.h>
 
 using namespace palomet;
 using namespace Qt::StringLiterals;
 using test::Scene;
 
 namespace {
+
+QAccessible::UpdateHandler previousHandler = nullptr;
+QStringList alerts;
+
+void notice(QAccessibleEvent *event) {
+    if (event->type() == QAccessible::Alert)
+        alerts.append(event->accessibleInterface()->text(QAccessible::Name));
+    if (previousHandler)
+        previousHandler(event);
+}
 
 class StripContentTest : public test::UiTest {
 protected:
@@ -18,8 +33,13 @@ protected:
             for (const auto &error : errors)
                 ADD_FAILURE() << error.toString().toStdString();
         });
+        // As a screen reader does that asks for the program.
+        QGuiApplicationPrivate::platformIntegration()->accessibility()->setActive(true);
+        previousHandler = QAccessible::installUpdateHandler(notice);
         m_strip.orderFront(QPoint(10, 10));
+        alerts.clear();
     }
+    ~StripContentTest() override { QAccessible::installUpdateHandler(previousHandler); }
 
     [[nodiscard]] QQuickItem *root() { return m_strip.window()->rootObject(); }
     /// The texts that can be seen, from left to right.
@@ -96,12 +116,33 @@ TEST_F(StripContentTest, OpensTheWindowByAClickAnywhere) {
     EXPECT_EQ(m_opened, 3);
 }
 
-TEST_F(StripContentTest, IsAnAlertForAScreenReader) {
+TEST_F(StripContentTest, IsANotificationForAScreenReaderThatOpensTheWindow) {
     setState("listening");
-    auto *interface = QAccessible::queryAccessibleInterface(root());
-    ASSERT_TRUE(interface);
-    EXPECT_EQ(interface->role(), QAccessible::AlertMessage);
+    auto *interface = QAccessible::queryAccessibleInterface(root()->findChild<Announcement *>());
+    ASSERT_TRUE(interface && interface->actionInterface());
+    EXPECT_EQ(interface->role(), QAccessible::Notification);
     EXPECT_EQ(interface->text(QAccessible::Name), u"Listening: Go ahead, no name needed");
+    interface->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    EXPECT_EQ(m_opened, 1);
+}
+
+TEST_F(StripContentTest, RaisesOneAlertForEveryStateAndNoneForAnotherLine) {
+    setState("listening");
+    setState("thinking");
+    setState("thinking", [](Snapshot &snapshot) { snapshot.conversation.rows = {test::row("user", u"How is it?"_s)}; });
+    setState("waiting");
+    EXPECT_EQ(alerts, (QStringList{u"Listening: Go ahead, no name needed"_s, u"Thinking"_s, u"Waiting"_s}));
+}
+
+TEST_F(StripContentTest, RaisesNoAlertWhileTheStateIsSaidElsewhere) {
+    bool isSaidElsewhere = true;
+    m_strip.isStateSaidElsewhere = [&] { return isSaidElsewhere; };
+    setState("listening");
+    isSaidElsewhere = false;
+    setState("listening");
+    EXPECT_EQ(alerts, QStringList());
+    setState("speaking");
+    EXPECT_EQ(alerts, QStringList{u"Speaking"_s});
 }
 
 TEST_F(StripContentTest, MovesNothingWhileItIsHidden) {

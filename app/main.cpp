@@ -18,6 +18,7 @@
 #include "platform/portal/PortalHotKeyGrabber.h"
 #include "platform/posix/EventWakeup.h"
 #include "platform/posix/PosixChildProcess.h"
+#include "platform/posix/SpareMemory.h"
 #include "platform/posix/TerminationSignals.h"
 #include "platform/pulse/PulseSoundServer.h"
 #include "platform/x11/X11Connection.h"
@@ -110,6 +111,7 @@ int run(int argumentCount, char **arguments) {
     QGuiApplication::setDesktopFileName(applicationId);
     UiEngine::chooseRenderer();
     Application application(argumentCount, arguments);
+    const SpareMemory spareMemory;
     // What is started from here decides for itself.
     if (isPlatformOurs)
         qunsetenv("QT_QPA_PLATFORM");

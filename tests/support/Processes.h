@@ -37,6 +37,11 @@ inline QByteArray statusOf(qint64 process, const QByteArray &key) {
     return {};
 }
 
+/// What a process has in memory.
+inline qint64 residentBytes(qint64 process) {
+    return statusOf(process, "VmRSS").chopped(3).trimmed().toLongLong() * 1024;
+}
+
 /// The open descriptors with what they stand for, as "1 -> /dev/null".
 inline QStringList descriptorsOf(qint64 process) {
     const QDir folder(QStringLiteral("/proc/%1/fd").arg(process));

@@ -1,0 +1,94 @@
+#include "tests/palomet/BackendAtItsPort.h"
+#include "tests/palomet/ProgramTest.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+
+#include <array>
+
+using namespace palomet;
+using namespace std::chrono_literals;
+using namespace Qt::StringLiterals;
+using test::eventually;
+
+namespace {
+
+constexpr qint64 mebibyte = 1024 * 1024;
+
+/// What the program keeps of what a backend sends.
+class MemoryTest : public test::ProgramTest {
+protected:
+    void SetUp() override {
+#ifdef __SANITIZE_ADDRESS__
+        GTEST_SKIP() << "the sanitizer keeps what was freed";
+#endif
+        start();
+        awaitBackend();
+        ASSERT_TRUE(backend.isFollowed());
+        ASSERT_TRUE(eventually([this] { return backend.audio.isConnected(); }));
+    }
+
+    qint64 resident() const {
+        return test::residentBytes(program.processId());
+    }
+
+    /// Sends a clip that is none, which the program has thrown away when it reports it.
+    bool sendNonsense(int id) {
+        // What the allocator does with it depends on its size, before and after it was decoded.
+        constexpr std::array sizes{40, 30, 12};
+        const auto &mebibytes = sizes[static_cast<std::size_t>(id) % sizes.size()];
+        const QString letters(mebibytes * mebibyte, u'A');
+        backend.audio.send(u"{\"type\":\"play\",\"id\":%1,\"data\":\"%2\"}"_s.arg(id).arg(letters));
+        return eventually([&] { return backend.audio.played().size() == static_cast<std::size_t>(id); }, 60s);
+    }
+
+    /// A state with a conversation without end, about forty megabytes.
+    static QByteArray endless() {
+        auto document = QJsonDocument::fromJson(test::fixture("state/full.json")).object();
+        auto conversation = document[u"conversation"_s].toObject();
+        QJsonArray rows;
+        for (int row = 0; row < 250'000; ++row)
+            rows.append(QJsonObject{{u"role"_s, u"user"_s}, {u"text"_s, QString(100, u'x')}, {u"at"_s, 1.7e12 + row}});
+        conversation[u"rows"_s] = rows;
+        document[u"conversation"_s] = conversation;
+        document[u"state"_s] = u"thinking"_s;
+        return QJsonDocument(document).toJson(QJsonDocument::Compact);
+    }
+
+    bool isShown(const QByteArray &state) {
+        backend.tell("turn");
+        return eventually([&] { return command({u"--status"_s}).output.startsWith(state); }, 60s);
+    }
+
+    test::BackendAtItsPort backend;
+};
+
+} // namespace
+
+TEST_F(MemoryTest, ThirtyHugeMessagesLeaveNoMoreBehindThanThree) {
+    const auto atFirst = resident();
+    int id = 0;
+    while (id < 3)
+        ASSERT_TRUE(sendNonsense(++id));
+    const auto afterThree = resident();
+    EXPECT_LT(afterThree, atFirst + 12 * mebibyte);
+    while (id < 30)
+        ASSERT_TRUE(sendNonsense(++id));
+    EXPECT_LT(resident(), afterThree + 8 * mebibyte);
+}
+
+TEST_F(MemoryTest, AHugeStateIsForgottenWhenItIsGone) {
+    const auto document = endless();
+    const auto atFirst = resident();
+    for (int round = 0; round < 3; ++round) {
+        backend.http.serve("/state", document);
+        ASSERT_TRUE(isShown("thinking"));
+        const auto held = resident();
+        EXPECT_GT(held, atFirst + document.size());
+        EXPECT_LT(held, atFirst + 8 * document.size());
+        backend.enter(u"waiting"_s);
+        ASSERT_TRUE(isShown("waiting"));
+        EXPECT_TRUE(eventually([&] { return resident() < atFirst + 40 * mebibyte; }, 30s)) << resident() - atFirst;
+    }
+}

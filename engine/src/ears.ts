@@ -16,6 +16,7 @@ export interface HeardSpeech {
   endedAt: number;
   transcribeMs: number;
   overlapsSpeech: boolean;
+  isSurelySomebody: boolean;
   /** It silenced the agent. */
   hasInterrupted: boolean;
   /** The agent was listening, without need of its name, when it began. */
@@ -190,6 +191,7 @@ export class Ears {
           endedAt,
           transcribeMs: clock.now() - endedAt,
           overlapsSpeech: utterance.overlapsSpeech,
+          isSurelySomebody: utterance.isSurelySomebody,
           hasInterrupted,
           isWindowOpen,
         });

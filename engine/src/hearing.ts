@@ -20,6 +20,9 @@ const onsetWindow = 12;
 const onsetFrames = 8;
 const preRollFrames = 35;
 const shortestVoicedFrames = 12;
+/** So long after it was told to stop, the agent is not to be heard any more, and what is then heard for so long is not it. */
+const silencedFrames = 20;
+const goesOnFrames = 10;
 const longestFrames = 30_000 / frameMs;
 /** The noise is the softest tenth of a second of the last five seconds. */
 const noiseBlockFrames = 10;
@@ -29,6 +32,8 @@ export interface Utterance {
   samples: Int16Array;
   /** It began while the agent's own voice was sounding or had just ended. */
   overlapsSpeech: boolean;
+  /** None of it was the agent's own voice, or it went on when that had fallen silent. */
+  isSurelySomebody: boolean;
   durationMs: number;
 }
 
@@ -54,6 +59,8 @@ export class Hearing {
   #voiced = 0;
   #silent = 0;
   #overlaps = false;
+  #followed = 0;
+  #goneOn = 0;
   #offset = 0;
   #block: number[] = [];
   #minima: number[] = [];
@@ -120,14 +127,18 @@ export class Hearing {
     this.#loud = [];
     this.#voiced = onsetFrames;
     this.#silent = 0;
+    this.#followed = 0;
+    this.#goneOn = 0;
     this.#overlaps = this.isOwnVoice;
     this.events.began(this.#overlaps);
   }
 
   #follow(frames: Int16Array[], frame: Int16Array, level: number): void {
     frames.push(frame);
+    this.#followed++;
     if (level > Math.max(leastSpeech, this.noise + continueMargin)) {
       this.#voiced++;
+      if (this.#followed > silencedFrames) this.#goneOn++;
       this.#silent = 0;
     } else {
       this.#silent++;
@@ -137,7 +148,12 @@ export class Hearing {
     if (this.#voiced < shortestVoicedFrames) return this.events.dropped();
     const samples = new Int16Array(frames.length * frameLength);
     frames.forEach((part, index) => samples.set(part, index * frameLength));
-    this.events.ended({ samples, overlapsSpeech: this.#overlaps, durationMs: frames.length * frameMs });
+    this.events.ended({
+      samples,
+      overlapsSpeech: this.#overlaps,
+      isSurelySomebody: !this.#overlaps || this.#goneOn >= goesOnFrames,
+      durationMs: frames.length * frameMs,
+    });
   }
 
   /** Mean square without the offset that some microphones add, as a level in dBFS. */

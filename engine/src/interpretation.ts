@@ -22,6 +22,8 @@ export interface Circumstances {
   /** It began while the agent was speaking or had just spoken; and it silenced the agent. */
   overlapsSpeech: boolean;
   hasInterrupted: boolean;
+  /** It went on when the agent had fallen silent, or was not over the agent's voice at all. */
+  isSurelySomebody: boolean;
   /** An answer is being thought out. */
   isThinking: boolean;
   /** What the agent was saying. */
@@ -60,11 +62,19 @@ export function interpret(speech: Speech, around: Circumstances): Interpretation
     if (around.hasInterrupted) return { action: "interrupted", reason: why };
     return { action: "ignored", reason: why };
   }
+  // A recogniser that knows few phrases finds one in whatever is left of the agent's own voice.
+  if (named === undefined && !around.isSurelySomebody) {
+    return { action: around.hasInterrupted ? "interrupted" : "ignored", reason: reasons.tooShort };
+  }
   const isMeant = named !== undefined || around.isWindowOpen || around.isDraftOpen || around.hasInterrupted;
   if (!isMeant && around.isDirected) return { action: "ignored", reason: reasons.noName };
   if (around.isThinking && named === undefined) return { action: "ignored", reason: reasons.thinking };
   if (rest.length === 0) return { action: "summoned" };
   if (isSaid(around.phrases.stop)) return { action: "accepted", command: "stop" };
+  const isHousekeeping = [around.phrases.newConversation, around.phrases.mute, around.phrases.clearDraft].some(isSaid);
+  if (isHousekeeping && around.hasInterrupted && named === undefined) {
+    return { action: "interrupted", reason: reasons.noName };
+  }
   if (isSaid(around.phrases.newConversation)) return { action: "accepted", command: "newConversation" };
   if (isSaid(around.phrases.mute)) return { action: "accepted", command: "mute" };
   if (isSaid(around.phrases.clearDraft)) return { action: "cleared", command: "clearDraft" };

@@ -169,6 +169,7 @@ export class Loop {
       isDraftOpen: this.#draft.isOpen,
       isWindowOpen: speech.isWindowOpen,
       overlapsSpeech: speech.overlapsSpeech,
+      isSurelySomebody: speech.isSurelySomebody,
       hasInterrupted: speech.hasInterrupted,
       isThinking: this.#turn !== undefined,
       spoken: this.#spokenLately,

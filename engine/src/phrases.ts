@@ -24,6 +24,7 @@ export interface Phrases {
     overAnswer: string;
     muted: string;
     thinking: string;
+    tooShort: string;
   };
   /** Asks to be allowed to do this. */
   mayI: (what: string) => string;
@@ -53,6 +54,7 @@ export const phrases: Record<Language, Phrases> = {
       overAnswer: "asked over the answer",
       muted: "the microphone was muted",
       thinking: "an answer is being thought out",
+      tooShort: "too short over the agent's voice",
     },
     mayI: (what) => `May I? ${what}`,
     allRight: "All right, I will not.",
@@ -80,6 +82,7 @@ export const phrases: Record<Language, Phrases> = {
       overAnswer: "pediu por cima da resposta",
       muted: "o microfone estava mudo",
       thinking: "uma resposta está sendo pensada",
+      tooShort: "curto demais por cima da voz do assistente",
     },
     mayI: (what) => `Posso? ${what}`,
     allRight: "Tudo bem, não faço.",

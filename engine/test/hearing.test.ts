@@ -123,6 +123,26 @@ describe("an utterance", () => {
   });
 });
 
+describe("over the agent's own voice", () => {
+  function overheard(ms: number): Utterance | undefined {
+    const { hearing, utterances, take } = listen();
+    take(noise(500, -70));
+    hearing.isOwnVoice = true;
+    take(noise(500, -60));
+    take(tone(ms, -22));
+    take(noise(1_000, -70));
+    return utterances[0];
+  }
+
+  test("a burst may have been that voice", () => {
+    expect(overheard(350)).toMatchObject({ overlapsSpeech: true, isSurelySomebody: false });
+  });
+
+  test("what goes on when it has fallen silent is somebody", () => {
+    expect(overheard(500)).toMatchObject({ overlapsSpeech: true, isSurelySomebody: true });
+  });
+});
+
 /** Feeds levels of 10 ms each; how many it took to decide, or undefined. */
 function decide(detector: InterruptionDetector, levels: number[], floor = -70): number | undefined {
   const at = levels.findIndex((level) => detector.take(level, floor));

@@ -92,14 +92,22 @@ export class FakeSynthesiser implements Synthesiser {
   }
 }
 
-/** Gives what it is told to, an utterance after the other. */
+/** Gives what it is told to, an utterance after the other; at once, or when it is told to. */
 export class FakeRecogniser implements Recogniser {
   answers: Recognition[] = [];
   heard: Int16Array[] = [];
+  isSlow = false;
+  #release: (() => void)[] = [];
 
   async recognise(samples: Int16Array): Promise<Recognition> {
     this.heard.push(samples);
-    return this.answers.shift() ?? { kind: "none" };
+    const answer = this.answers.shift() ?? { kind: "none" };
+    if (this.isSlow) await new Promise<void>((resolve) => this.#release.push(resolve));
+    return answer;
+  }
+
+  release(): void {
+    for (const resolve of this.#release.splice(0)) resolve();
   }
 
   will(text: string): void {
@@ -217,11 +225,16 @@ export async function hear(bench: Bench, socket: FakeSocket, ms: number, dbfs = 
   }
 }
 
+/** Somebody makes a sound for as long as a few words take, and is silent again. */
+export async function utter(bench: Bench, socket: FakeSocket, dbfs = -22): Promise<void> {
+  await hear(bench, socket, 600, dbfs);
+  await hear(bench, socket, 1_000);
+}
+
 /** Says something that the recogniser will understand as this text. */
 export async function speak(bench: Bench, socket: FakeSocket, text: string, dbfs = -22): Promise<void> {
   bench.recogniser.will(text);
-  await hear(bench, socket, 600, dbfs);
-  await hear(bench, socket, 1_000);
+  await utter(bench, socket, dbfs);
   await settle();
 }
 

@@ -14,6 +14,7 @@ const around: Circumstances = {
   isDraftOpen: false,
   isWindowOpen: false,
   overlapsSpeech: false,
+  isSurelySomebody: true,
   hasInterrupted: false,
   isThinking: false,
   spoken: "",
@@ -55,6 +56,31 @@ describe("while an answer is thought out", () => {
     expect(decide("palomet, thanks", { isThinking })).toMatchObject({ action: "accepted" });
     expect(decide("palomet, cancel", { isThinking })).toEqual({ action: "interrupted", command: "stop" });
     expect(decide("cancel", { isThinking })).toMatchObject({ action: "ignored" });
+  });
+});
+
+describe("over the agent's voice", () => {
+  const over = { overlapsSpeech: true, hasInterrupted: true };
+
+  test("what may have been that voice is carried out only with the name", () => {
+    const isSurelySomebody = false;
+    for (const text of ["yes", "mute", "what time is it", "go ahead"]) {
+      for (const isDraftOn of [false, true]) {
+        const decision = decide(text, { ...over, isSurelySomebody, isDraftOn, isDirected: false });
+        expect(decision).toEqual({ action: "interrupted", reason: "too short over the agent's voice" });
+      }
+    }
+    expect(decide("Palomet, mute", { ...over, isSurelySomebody })).toEqual({ action: "accepted", command: "mute" });
+    expect(decide("yes", { overlapsSpeech: true, isSurelySomebody, isWindowOpen: true }).action).toBe("ignored");
+  });
+
+  test("a word to stop stops, however short", () => {
+    expect(decide("stop", { ...over, isSurelySomebody: false })).toEqual({ action: "interrupted", command: "stop" });
+  });
+
+  test("what goes on is asked, and mutes only with the name", () => {
+    expect(decide("what time is it", over)).toMatchObject({ action: "accepted", command: "ask" });
+    expect(decide("mute", over)).toEqual({ action: "interrupted", reason: "the name was not said" });
   });
 });
 

@@ -16,9 +16,9 @@ namespace palomet {
 /// reference to echo, and each jump of it is a room to be learned anew. So samples are counted, not timed.
 ///
 /// For the first two seconds a frame that is not there yet is silence and makes the reference older. Then its lead, the
-/// time by which it comes before its echo, is set once and for all: to half of what the streams take together, but to
-/// 20 ms where they take enough for that. From there on the microphone waits for a frame that is late, and only what
-/// comes later still is silence, and passed over: it was not played in time either.
+/// time by which it comes before its echo, is set once and for all: to half of what the streams take together, and to
+/// 20 ms, or all that they take, where half is less. From there on the microphone waits for a frame that is late, and
+/// only what comes later still is silence, and passed over: it was not played in time either.
 ///
 /// Clocks that run apart change the lead slowly. Where it has gone astray by more than five milliseconds the reference
 /// is read so much faster or slower, by parts of a sample, that it comes back. Real-time thread only.

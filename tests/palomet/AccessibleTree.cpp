@@ -7,6 +7,9 @@
 #include <QDBusReply>
 #include <QUuid>
 
+#include <algorithm>
+#include <array>
+
 namespace palomet::test {
 
 using namespace Qt::StringLiterals;
@@ -15,8 +18,9 @@ namespace {
 
 // The numbers of the states, as the protocol has them.
 constexpr int checked = 4;
+constexpr int focused = 12;
 constexpr int selected = 23;
-constexpr int visible = 30;
+constexpr int showing = 25;
 
 const AccessibleTree::Node registry{u"org.a11y.atspi.Registry"_s, u"/org/a11y/atspi/accessible/root"_s};
 
@@ -68,7 +72,9 @@ QString AccessibleTree::role(const Node &node) {
 
 bool AccessibleTree::hasState(const Node &node, int state) {
     const auto reply = call(node, "org.a11y.atspi.Accessible", "GetState");
-    const auto words = qdbus_cast<QList<uint>>(reply.arguments().value(0));
+    if (reply.signature() != u"au"_s)
+        return false;
+    const auto words = qdbus_cast<QList<uint>>(reply.arguments().constFirst());
     return (words.value(state / 32) >> (state % 32) & 1U) != 0;
 }
 
@@ -78,6 +84,27 @@ bool AccessibleTree::isChecked(const Node &node) {
 
 bool AccessibleTree::isSelected(const Node &node) {
     return hasState(node, selected);
+}
+
+bool AccessibleTree::isFocused(const Node &node) {
+    return hasState(node, focused);
+}
+
+bool AccessibleTree::isShowing(const Node &node) {
+    return hasState(node, showing);
+}
+
+bool AccessibleTree::hasPlace(const Node &node) {
+    const auto reply = call(node, "org.a11y.atspi.Component", "GetExtents", {0U});
+    if (reply.signature() != u"(iiii)"_s)
+        return false;
+    std::array<int, 4> extents{};
+    const auto place = reply.arguments().constFirst().value<QDBusArgument>();
+    place.beginStructure();
+    for (auto &extent : extents)
+        place >> extent;
+    place.endStructure();
+    return extents[2] > 0 && extents[3] > 0;
 }
 
 std::vector<AccessibleTree::Node> AccessibleTree::children(const Node &node) {
@@ -101,7 +128,7 @@ std::vector<AccessibleTree::Node> AccessibleTree::children(const Node &node) {
 
 void AccessibleTree::collect(const Node &from, const QString &wanted, std::vector<Node> &found) {
     for (const auto &child : children(from)) {
-        if (role(child) == wanted && hasState(child, visible))
+        if (role(child) == wanted && hasPlace(child))
             found.push_back(child);
         collect(child, wanted, found);
     }
@@ -130,7 +157,9 @@ std::optional<AccessibleTree::Node> AccessibleTree::find(const QString &wanted, 
 
 bool AccessibleTree::press(const Node &node) {
     const auto reply = call(node, "org.a11y.atspi.Action", "GetActions");
-    const auto list = reply.arguments().value(0).value<QDBusArgument>();
+    if (reply.signature() != u"a(sss)"_s)
+        return false;
+    const auto list = reply.arguments().constFirst().value<QDBusArgument>();
     QStringList names;
     list.beginArray();
     while (!list.atEnd()) {

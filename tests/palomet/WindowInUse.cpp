@@ -1,0 +1,147 @@
+#include "tests/palomet/WindowInUse.h"
+
+#include <cmath>
+#include <numbers>
+
+namespace palomet::test {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// A second and a half of a voice, so far as a detector of speech can tell: harmonics that swell four times a second.
+std::vector<float> voice() {
+    constexpr int rate = 48'000;
+    std::vector<float> samples(rate * 3 / 2);
+    for (std::size_t at = 0; at < samples.size(); ++at) {
+        const auto phase = 2 * std::numbers::pi * static_cast<double>(at) / rate;
+        double sum = 0;
+        for (int harmonic = 1; harmonic <= 8; ++harmonic)
+            sum += std::sin(phase * 140 * harmonic) / harmonic;
+        samples[at] = static_cast<float>(0.2 * sum * (0.6 - 0.4 * std::cos(phase * 4)));
+    }
+    return samples;
+}
+
+} // namespace
+
+WindowInUse::WindowInUse() {
+    sound.start();
+    sound.addSpeakers(u"speakers"_s);
+    sound.addMicrophone(u"desk"_s, u"Desk microphone"_s);
+    sound.addMicrophone(u"headset"_s, u"Headset microphone"_s);
+    sound.control({u"set-default-sink"_s, u"speakers"_s});
+    sound.setDefaultInput(u"desk"_s);
+    installTools();
+    const auto set = [this](const char *name, const QString &value) {
+        environment.insert(QString::fromLatin1(name), value);
+    };
+    set("PULSE_SERVER", QString::fromStdString(sound.address()));
+    set("PULSE_COOKIE", sound.environment().value(u"PULSE_COOKIE"_s));
+    set("PALOMET_RESOURCES", QStringLiteral(PALOMET_BINARY_DIR "/resources"));
+    set("PALOMET_WHISPER_MODELS", desktop.home.filePath(u"models"_s));
+    set("XDG_STATE_HOME", desktop.home.filePath(u"state"_s));
+    set("QT_LINUX_ACCESSIBILITY_ALWAYS_ON", u"1"_s);
+    desktop.tray.appear();
+    startWindowManager();
+    program.setProcessEnvironment(environment);
+    program.start(QStringLiteral(PALOMET_EXECUTABLE));
+    EXPECT_TRUE(eventually([this] { return !state().isEmpty(); })) << "no engine";
+    EXPECT_TRUE(eventually([this] { return !command({u"--status"_s}).startsWith("offline"); }));
+}
+
+WindowInUse::~WindowInUse() {
+    program.terminate();
+    eventually([this] { return program.state() == QProcess::NotRunning; });
+    windowManager.terminate();
+    windowManager.waitForFinished();
+}
+
+void WindowInUse::startWindowManager() {
+    // It keeps no key to itself.
+    QFile settings(desktop.home.filePath(u"window-manager.xml"_s));
+    ASSERT_TRUE(settings.open(QFile::WriteOnly));
+    settings.write("<?xml version=\"1.0\"?><openbox_config xmlns=\"http://openbox.org/3.4/rc\"><keyboard/>"
+                   "</openbox_config>");
+    windowManager.setProcessEnvironment(environment);
+    windowManager.start(u"openbox"_s, {u"--config-file"_s, settings.fileName()});
+}
+
+void WindowInUse::installScript(const QString &name, const QByteArray &commands) const {
+    const auto path = desktop.home.filePath(name);
+    QDir().mkpath(QFileInfo(path).path());
+    QFile file(path);
+    ASSERT_TRUE(file.open(QFile::WriteOnly));
+    file.write("#!/bin/sh\n" + commands + '\n');
+    file.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+}
+
+void WindowInUse::installTools() {
+    installScript(u".local/bin/claude"_s, "echo 2.1.0");
+    installScript(u".npm-global/bin/claude"_s, "echo 2.0.5");
+    installScript(u".local/bin/whisper-cli"_s, "cat \"$HOME/said\"");
+    installScript(u"models/ggml-base.bin"_s, "");
+    installScript(u"models/ggml-small.bin"_s, "");
+}
+
+QJsonObject WindowInUse::state() const {
+    const auto bytes = desktop.display.run(u"curl"_s, {u"-s"_s, u"http://127.0.0.1:4780/state"_s});
+    return QJsonDocument::fromJson(bytes).object();
+}
+
+QJsonValue WindowInUse::setting(const char *key) const {
+    return state()[u"settings"_s].toObject()[QString::fromLatin1(key)];
+}
+
+bool WindowInUse::becomes(const char *key, const QJsonValue &value) const {
+    return eventually([&] { return setting(key) == value; });
+}
+
+QByteArray WindowInUse::command(const QStringList &arguments) const {
+    QProcess process;
+    process.setProcessEnvironment(environment);
+    process.start(QStringLiteral(PALOMET_EXECUTABLE), arguments);
+    EXPECT_TRUE(eventually([&] { return process.state() == QProcess::NotRunning; }));
+    EXPECT_EQ(process.exitCode(), 0) << qPrintable(arguments.join(u' '));
+    return process.readAllStandardOutput();
+}
+
+WindowInUse::Node WindowInUse::node(const char *role, const QString &name) {
+    const auto found = tree.find(QString::fromLatin1(role), name);
+    QStringList others;
+    if (!found) {
+        for (const auto &other : tree.all(QString::fromLatin1(role)))
+            others.append(tree.name(other));
+    }
+    EXPECT_TRUE(found) << "no " << role << ' ' << qPrintable(name) << " among " << qPrintable(others.join(u", "_s));
+    return found.value_or(Node());
+}
+
+void WindowInUse::press(const char *role, const QString &name) {
+    EXPECT_TRUE(tree.press(node(role, name))) << qPrintable(name);
+}
+
+void WindowInUse::turn(const QString &name, const char *key) {
+    const auto before = setting(key).toBool();
+    const auto button = node("check box", name);
+    EXPECT_TRUE(eventually([&] { return tree.isChecked(button) == before; })) << qPrintable(name);
+    EXPECT_TRUE(tree.press(button));
+    EXPECT_TRUE(becomes(key, !before)) << key;
+    EXPECT_TRUE(eventually([&] { return tree.isChecked(button) != before; })) << qPrintable(name);
+}
+
+void WindowInUse::focus(const Node &node) {
+    EXPECT_TRUE(tree.focus(node));
+    EXPECT_TRUE(eventually([&] { return tree.isFocused(node) && tree.isShowing(node); }))
+        << qPrintable(tree.name(node));
+}
+
+void WindowInUse::hear(const char *words) {
+    QFile said(desktop.home.filePath(u"said"_s));
+    ASSERT_TRUE(said.open(QFile::WriteOnly));
+    said.write(words);
+    said.close();
+    m_voices.push_back(sound.play(u"desk-feed"_s, voice()));
+}
+
+} // namespace palomet::test

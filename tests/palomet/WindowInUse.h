@@ -1,0 +1,64 @@
+#pragma once
+
+#include "tests/palomet/AccessibleTree.h"
+#include "tests/palomet/Desktop.h"
+#include "tests/support/PrivateSoundServer.h"
+
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+
+#include <gtest/gtest.h>
+
+namespace palomet::test {
+
+/// The program with its own engine on a desktop with a window manager and a sound server, used through what a screen
+/// reader sees and by the keyboard. Two speech models and two command-line tools are installed there; the recogniser
+/// hears whatever `hear` says.
+class WindowInUse : public ::testing::Test {
+protected:
+    using Node = AccessibleTree::Node;
+
+    WindowInUse();
+    ~WindowInUse() override;
+
+    /// The engine's document.
+    [[nodiscard]] QJsonObject state() const;
+    [[nodiscard]] QJsonValue setting(const char *key) const;
+    [[nodiscard]] bool becomes(const char *key, const QJsonValue &value) const;
+
+    /// What a second start of the program with those arguments prints.
+    QByteArray command(const QStringList &arguments) const;
+    /// Shows that pane, as a second start of the program does.
+    void open(const char *pane) const { command({QStringLiteral("--open"), QString::fromLatin1(pane)}); }
+    /// That node, once it is there.
+    [[nodiscard]] Node node(const char *role, const QString &name);
+    void press(const char *role, const QString &name);
+    /// Turns a switch, until the engine has the new value and the switch stands where it says.
+    void turn(const QString &name, const char *key);
+    /// Gives it the keyboard's focus and waits until it has it and shows.
+    void focus(const Node &node);
+    void type(const QString &text) const {
+        desktop.display.run(QStringLiteral("xdotool"), {QStringLiteral("type"), text});
+    }
+    void key(const char *keys) const { desktop.display.key(QString::fromLatin1(keys)); }
+    /// Somebody says that into the microphone.
+    void hear(const char *words);
+
+    Desktop desktop;
+    PrivateSoundServer sound{PrivateSoundServer::Kind::PulseAudio};
+    QProcessEnvironment environment = desktop.environment();
+    QProcess windowManager;
+    QProcess program;
+    AccessibleTree tree{desktop.bus, environment};
+
+private:
+    void startWindowManager();
+    void installScript(const QString &name, const QByteArray &commands) const;
+    void installTools();
+
+    std::vector<OwnedProcess> m_voices;
+};
+
+} // namespace palomet::test

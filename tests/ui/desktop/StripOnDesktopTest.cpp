@@ -19,6 +19,23 @@ protected:
             << rectangle(window()).x() << ',' << rectangle(window()).y();
     }
 
+    /// The strip comes, changes and goes; that window has the focus all the while.
+    void expectFocusThroughAHundredChanges(const QWindow &other) {
+        const std::array states{"listening", "hearing",  "thinking", "speaking",
+                                "waiting",   "drafting", "muted",    "offline"};
+        for (std::size_t change = 0; change < 100; ++change) {
+            setState(states.at(change % states.size()));
+            if (change % 8 == 7)
+                scheduler().advance(5s);
+            QCoreApplication::processEvents();
+            if (change % 10 == 0) {
+                EXPECT_EQ(focusedWindow(), other.winId()) << change;
+            }
+        }
+        EXPECT_EQ(focusedWindow(), other.winId());
+        EXPECT_TRUE(other.isActive());
+    }
+
     int m_opened = 0;
     StripView m_view{model(), [this] { ++m_opened; }};
     StripWindow m_panel{m_ui, m_view, &m_workArea, StripWindow::Pointer::Known};
@@ -59,19 +76,7 @@ TEST_F(StripOnDesktopTest, LeavesTheFocusWhereItIsThroughAHundredChanges) {
     test::PlainWindow other(Qt::green);
     other.resize(300, 200);
     show(other);
-    const auto focused = focusedWindow();
-    const std::array states{"listening", "hearing", "thinking", "speaking", "waiting", "drafting", "muted", "offline"};
-    for (std::size_t change = 0; change < 100; ++change) {
-        setState(states.at(change % states.size()));
-        if (change % 8 == 7)
-            scheduler().advance(5s);
-        QCoreApplication::processEvents();
-        if (change % 10 == 0) {
-            EXPECT_EQ(focusedWindow(), focused) << change;
-        }
-    }
-    EXPECT_EQ(focusedWindow(), focused);
-    EXPECT_TRUE(other.isActive());
+    expectFocusThroughAHundredChanges(other);
 }
 
 TEST_F(StripOnDesktopTest, StandsAboveAWindowThatFillsTheScreen) {
@@ -134,6 +139,27 @@ TEST_F(StripOnTwoScreensTest, StaysWhereItIsWhileItCanBeSeen) {
     scheduler().advance(5s);
     setState("listening");
     awaitAt({1280 + 640 - 220, 800 - 48 - 40});
+}
+
+TEST_F(StripOnTwoScreensTest, StandsAboveAWindowThatFillsEitherScreenAndLeavesItTheFocus) {
+    for (const auto *screen : QGuiApplication::screens()) {
+        const auto area = screen->geometry();
+        run("xdotool mousemove %1 %2", area.center().x(), area.center().y());
+        test::PlainWindow other(Qt::green);
+        other.setScreen(const_cast<QScreen *>(screen));
+        other.setGeometry(area.adjusted(100, 100, -400, -400));
+        show(other);
+        other.showFullScreen();
+        EXPECT_TRUE(eventually([&] { return rectangle(other) == area; }));
+        setState("thinking");
+        const QPoint origin(area.center().x() + 1 - 220, area.bottom() + 1 - 48 - 40);
+        awaitAt(origin);
+        EXPECT_TRUE(eventually([&] { return colorAt(origin + QPoint(2, 2)) == dark; }));
+        EXPECT_EQ(colorAt(area.topLeft() + QPoint(2, 2)), QColor(Qt::green));
+        expectFocusThroughAHundredChanges(other);
+        setState("waiting");
+        scheduler().advance(5s);
+    }
 }
 
 TEST_F(StripOnTwoScreensTest, StandsOnTheMainScreenWhereThePointerIsNotKnown) {

@@ -35,8 +35,12 @@ ColumnPage {
     }
     SettingsBlock {
         title: Words.t("brain.confirmBlock")
+        // A heading over nothing would say that something is missing.
+        visible: actions.count > 0
 
         Repeater {
+            id: actions
+
             model: root.screen.confirmActions
 
             SettingRow {

@@ -16,7 +16,7 @@ ListPage {
         // Scrolled there from the top, the view would make every row on the way.
         if (isFollowing && rows.count > 0 && !rows.itemAtIndex(rows.count - 1))
             rows.positionViewAtEnd();
-        const target = footY + request.y + request.height + Zen.space4 - view.height;
+        const target = rows.count === 0 ? scroller.first : footY + request.y + request.height + Zen.space4 - view.height;
         // What the user brought into view below the newest turn stays where it is.
         if (isFollowing && (!isMoved || target > view.contentY))
             scroller.scrollTo(target);

@@ -123,15 +123,19 @@ void Studio::takePanes(const QString &language) {
             m_navigation.setPane(pane);
             take(window, rawValue(pane) + u'-' + content + u'-' + language);
         }
-        m_navigation.setPane(Pane::Now);
         window.resize(MacWindow::minimumContentSize);
-        take(window, u"now-small-"_s + content + u'-' + language);
+        for (const auto pane : allPanes) {
+            m_navigation.setPane(pane);
+            take(window, rawValue(pane) + u"-small-"_s + content + u'-' + language);
+        }
+        m_navigation.setPane(Pane::Now);
     }
 }
 
 void Studio::takeRecorder(const QString &language) {
     constexpr quint32 keyA = 0x00;
     constexpr quint32 tab = 0x30;
+    constexpr quint32 space = 0x31;
     fill();
     AppView app(*m_model, m_navigation, m_shortcuts, m_layout, {u"2.1.0"_s, u"/home/user"_s}, {});
     m_navigation.setPane(Pane::Listening);
@@ -145,6 +149,9 @@ void Studio::takeRecorder(const QString &language) {
     picture(u"recording"_s);
     recorder.handle(keyA, 0);
     picture(u"refused"_s);
+    // The refusal stands until the next start.
+    recorder.stop();
+    recorder.start();
     recorder.stop();
     m_model->setHotKeyProblem(L("shortcut.taken", m_shortcuts.listen()->text(m_layout)));
     picture(u"taken"_s);
@@ -154,6 +161,11 @@ void Studio::takeRecorder(const QString &language) {
     m_shortcuts.setListen(Shortcut{tab, Shortcut::control | Shortcut::option | Shortcut::shift | Shortcut::command});
     picture(u"longest"_s);
     m_shortcuts.setListen(Shortcuts::defaultListen);
+    auto &stopRecorder = *app.listening()->stopShortcut();
+    stopRecorder.start();
+    picture(u"recording-stop"_s);
+    stopRecorder.handle(space, Shortcut::option);
+    picture(u"duplicate"_s);
     m_navigation.setPane(Pane::Now);
 }
 

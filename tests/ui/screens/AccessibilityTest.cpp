@@ -149,6 +149,15 @@ TEST_F(AccessibilityTest, SaysTheNotesAndTheValuesThatCannotBeChanged) {
     EXPECT_TRUE(tree().contains(QStringLiteral("StaticText: ") + L("history.note")));
 }
 
+TEST_F(AccessibilityTest, HasAHeadingForTheActionsOnlyWhereThereAreAny) {
+    setFull();
+    open(Pane::Brain);
+    const auto heading = QStringLiteral("Heading: ") + L("brain.confirmBlock");
+    EXPECT_FALSE(tree().contains(heading));
+    offer();
+    EXPECT_TRUE(tree().contains(heading));
+}
+
 TEST_F(AccessibilityTest, SaysWhereASwitchStandsAndTurnsIt) {
     setFull();
     open(Pane::Listening);

@@ -166,6 +166,20 @@ TEST_F(ScrollingTest, BeginsAtTheTopWhenEverythingFits) {
     EXPECT_FALSE(first("NowPage")->property("isScrolled").toBool());
 }
 
+TEST_F(ScrollingTest, BeginsAtTheTopOfASmallWindowWithoutATurn) {
+    setState("waiting");
+    open(Pane::Now);
+    window->resize(MacWindow::minimumContentSize);
+    settle();
+    EXPECT_FALSE(first("NowPage")->property("isScrolled").toBool());
+    show(turns(2));
+    settle();
+    EXPECT_TRUE(first("NowPage")->property("isScrolled").toBool()) << "the newest turn is kept in view";
+    show({});
+    settle();
+    EXPECT_FALSE(first("NowPage")->property("isScrolled").toBool());
+}
+
 TEST_F(ScrollingTest, HasRowsOnlyForWhatShowsOfTenThousandConversations) {
     std::vector<ConversationSummary> history(10'000);
     for (std::size_t i = 0; i < history.size(); ++i)

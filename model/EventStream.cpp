@@ -1,5 +1,7 @@
 #include "model/EventStream.h"
 
+#include <utility>
+
 namespace palomet {
 
 namespace {
@@ -13,10 +15,12 @@ constexpr qint64 pieceSize = 16 * 1024;
 
 } // namespace
 
-EventStream::EventStream(HttpClient &http, Scheduler &scheduler, EventStreamParser::Sink onEvent)
+EventStream::EventStream(HttpClient &http, Scheduler &scheduler, EventStreamParser::Sink onEvent,
+                         std::function<void()> onGap)
     : m_http(http)
     , m_scheduler(scheduler)
-    , m_onEvent(std::move(onEvent)) {
+    , m_onEvent(std::move(onEvent))
+    , m_onGap(std::move(onGap)) {
     m_readMore.setSingleShot(true);
     m_readMore.setInterval(0);
     m_readMore.callOnTimeout(&m_context, [this] { read(); });
@@ -34,6 +38,10 @@ void EventStream::open() {
         if (!m_readMore.isActive())
             m_readMore.start();
     };
+    QObject::connect(m_reply.get(), &QNetworkReply::metaDataChanged, &m_context, [this] {
+        if (!std::exchange(m_isOpen, true) && std::exchange(m_wasOpen, true))
+            m_onGap();
+    });
     QObject::connect(m_reply.get(), &QNetworkReply::readyRead, &m_context, readSoon);
     QObject::connect(m_reply.get(), &QNetworkReply::finished, &m_context, readSoon);
 }
@@ -44,11 +52,17 @@ void EventStream::read() {
         return m_readMore.start();
     if (!m_reply->isFinished())
         return;
+    end();
+}
+
+void EventStream::end() {
     if (m_reply->error() == QNetworkReply::NoError)
         m_parser.finish(m_onEvent);
     QObject::disconnect(m_reply.get(), nullptr, &m_context, nullptr);
     m_reply.reset();
     m_reopen = m_scheduler.after(reopenDelay, [this] { open(); });
+    if (std::exchange(m_isOpen, false))
+        m_onGap();
 }
 
 } // namespace palomet

@@ -6,6 +6,8 @@
 #include <QObject>
 #include <QTimer>
 
+#include <functional>
+
 namespace palomet {
 
 /// Follows the backend's event stream for as long as it lives: when the stream ends or cannot be had, it is opened
@@ -13,8 +15,9 @@ namespace palomet {
 /// between, and beyond what fits the buffers the sender waits.
 class EventStream {
 public:
-    /// `http` and `scheduler` outlive this. `onEvent` gets each event's name and data.
-    EventStream(HttpClient &http, Scheduler &scheduler, EventStreamParser::Sink onEvent);
+    /// `http` and `scheduler` outlive this. `onEvent` gets each event's name and data. `onGap` is called when a stream
+    /// that was open has ended, and when the next one is open: what happens in between is told to nobody.
+    EventStream(HttpClient &http, Scheduler &scheduler, EventStreamParser::Sink onEvent, std::function<void()> onGap);
 
     /// Opens the stream. Called once.
     void start();
@@ -22,11 +25,15 @@ public:
 private:
     void open();
     void read();
+    void end();
 
     HttpClient &m_http;
     Scheduler &m_scheduler;
     EventStreamParser::Sink m_onEvent;
+    std::function<void()> m_onGap;
     EventStreamParser m_parser;
+    bool m_isOpen = false;
+    bool m_wasOpen = false; ///< This stream is not the first.
     QTimer m_readMore;
     Scheduler::Handle m_reopen;
     ReplyOwner m_reply;

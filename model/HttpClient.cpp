@@ -73,7 +73,7 @@ void HttpClient::post(const QString &path, const std::optional<QByteArray> &json
     auto body = std::make_unique<UnrepeatableBody>(json.value_or(QByteArray()));
     ReplyOwner reply(m_manager.post(command, body.get()));
     body.release()->setParent(reply.get());
-    const auto ended = [this, number, done = std::move(done)](const std::optional<QByteArray> &) {
+    const auto ended = [this, number, done = std::move(done)](const std::optional<QByteArrayList> &) {
         m_commands.erase(number);
         done();
     };

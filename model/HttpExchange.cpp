@@ -39,22 +39,26 @@ HttpExchange::HttpExchange(ReplyOwner reply, Body body, Scheduler &scheduler, st
     QObject::connect(m_reply.get(), &QNetworkReply::finished, &m_context, [this] { end(); });
 }
 
-void HttpExchange::receive() {
-    m_body += m_reply->readAll();
+bool HttpExchange::take() {
+    auto piece = m_reply->readAll();
     if (m_kind == Body::Discard)
-        m_body.clear();
-    else if (m_body.size() > maximumDocumentSize)
+        return true;
+    m_size += piece.size();
+    m_body.append(std::move(piece));
+    return m_size <= maximumDocumentSize;
+}
+
+void HttpExchange::receive() {
+    if (!take())
         answer(std::nullopt);
 }
 
 void HttpExchange::end() {
-    if (!isWhole(*m_reply))
-        return answer(std::nullopt);
-    m_body += m_reply->readAll();
-    answer(m_body.size() > maximumDocumentSize ? std::nullopt : std::optional(std::move(m_body)));
+    const bool isGood = isWhole(*m_reply) && take();
+    answer(isGood ? std::optional(std::move(m_body)) : std::nullopt);
 }
 
-void HttpExchange::answer(std::optional<QByteArray> body) {
+void HttpExchange::answer(std::optional<QByteArrayList> body) {
     m_timeout.reset();
     QObject::disconnect(m_reply.get(), nullptr, &m_context, nullptr);
     m_reply.reset();

@@ -2,7 +2,7 @@
 
 #include "base/Scheduler.h"
 
-#include <QByteArray>
+#include <QByteArrayList>
 #include <QNetworkReply>
 
 #include <chrono>
@@ -21,9 +21,10 @@ using ReplyOwner = std::unique_ptr<QNetworkReply, ReplyDeleter>;
 /// A request on its way; destroying it abandons it, and its answer is then not given. Main thread only.
 class HttpExchange {
 public:
-    /// The whole body, whatever the status of the reply. None when there is no whole reply: the backend could not be
+    /// The whole body, whatever the status of the reply, in the pieces in which it came: to join what may be many
+    /// megabytes is not for the main thread. None when there is no whole reply: the backend could not be
     /// reached, broke off, took too long, or sent more than a document may hold.
-    using Answer = std::function<void(std::optional<QByteArray>)>;
+    using Answer = std::function<void(std::optional<QByteArrayList>)>;
 
     enum class Body { Keep, Discard };
 
@@ -31,12 +32,15 @@ public:
     HttpExchange(ReplyOwner reply, Body body, Scheduler &scheduler, std::chrono::milliseconds timeout, Answer answer);
 
 private:
+    /// Takes what has come; whether that is still within the limit.
+    [[nodiscard]] bool take();
     void receive();
     void end();
-    void answer(std::optional<QByteArray> body);
+    void answer(std::optional<QByteArrayList> body);
 
     Body m_kind;
-    QByteArray m_body;
+    QByteArrayList m_body;
+    qsizetype m_size = 0;
     Answer m_answer;
     Scheduler::Handle m_timeout;
     ReplyOwner m_reply;

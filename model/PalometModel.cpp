@@ -44,7 +44,8 @@ PalometModel::PalometModel(Scheduler &scheduler, const MicrophonePermission &per
     , m_http(base, scheduler)
     , m_settingsHttp(base, scheduler)
     , m_streamHttp(base, scheduler)
-    , m_events(m_streamHttp, scheduler, [this](auto event, auto data) { handle(event, data); })
+    , m_events(
+          m_streamHttp, scheduler, [this](auto event, auto data) { handle(event, data); }, [this] { refresh(); })
     , m_stateFetcher(
           m_http, m_decoder, QStringLiteral("state"), stateTimeout, decodeSnapshot,
           [this](auto read) { setSnapshot(read ? std::make_shared<const Snapshot>(std::move(*read)) : nullptr); })
@@ -128,8 +129,10 @@ bool PalometModel::isMicOn() const {
 void PalometModel::setSnapshot(SnapshotPointer snapshot) {
     if (!snapshot && !m_snapshot)
         return;
-    m_snapshot = std::move(snapshot);
+    m_snapshot.swap(snapshot);
     Q_EMIT snapshotChanged();
+    // To free a conversation without end takes a while, too.
+    m_decoder.start([old = std::move(snapshot)] {});
 }
 
 void PalometModel::setHistory(std::vector<ConversationSummary> history) {

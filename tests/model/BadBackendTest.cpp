@@ -15,6 +15,32 @@ TEST_F(ModelTest, WithTheBackendDownAndThenUpTheSnapshotIsBackWithinASecond) {
     EXPECT_TRUE(runsUntil([&] { return m_backend.count("/events") == 1; }));
 }
 
+TEST_F(ModelTest, ABackendThatDiesIsOfflineAndOneThatIsThereAgainAtOnceIsAskedAgain) {
+    startAndSettle();
+    m_backend.goDown();
+    EXPECT_TRUE(runsUntil([&] { return m_model.state() == LoopState::Offline; }));
+    m_backend.comeUp();
+    EXPECT_TRUE(runsUntil([&] { return m_model.state() == LoopState::Speaking; }));
+
+    // So quickly that the state is never missed.
+    m_backend.serve("/state", stateDocument("thinking"));
+    m_backend.goDown();
+    m_backend.comeUp();
+    EXPECT_TRUE(runsUntil([&] { return m_model.state() == LoopState::Thinking; }));
+}
+
+TEST_F(ModelTest, WhatChangedBeforeTheStreamWasOpenAgainIsFetched) {
+    startAndSettle();
+    send("level", "0.5");
+    const int before = m_backend.count("/state");
+    m_backend.hang("/events");
+    m_backend.last("/events")->abort();
+    ASSERT_TRUE(runsUntil([&] { return m_backend.count("/state") > before && m_backend.count("/events") > 1; }));
+    m_backend.serve("/state", stateDocument("thinking"));
+    m_backend.last("/events")->beginEvents();
+    EXPECT_TRUE(runsUntil([&] { return m_model.state() == LoopState::Thinking; }));
+}
+
 TEST_F(ModelTest, ABackendThatAnswersWithAnErrorIsOffline) {
     m_backend.serve("/state", "<html>Internal Server Error</html>", 500);
     m_model.start();

@@ -1,4 +1,10 @@
+#include "model/EventStream.h"
+
 #include "tests/model/ModelTest.h"
+
+#include <algorithm>
+#include <utility>
+#include <vector>
 
 using namespace palomet;
 using namespace palomet::test;
@@ -16,52 +22,84 @@ namespace {
 
 using EndStream = void (test::Exchange::*)();
 
-class ReopeningTest : public ModelTest, public ::testing::WithParamInterface<EndStream> {
+/// The stream alone.
+class ReopeningTest : public ::testing::TestWithParam<EndStream> {
 protected:
-    /// Ends the stream and waits until the model has noticed, and is going to open it again.
+    ReopeningTest() {
+        m_backend.on("/events", [](const ScriptedBackend::ExchangePointer &exchange) { exchange->beginEvents(); });
+        m_stream.start();
+    }
+
+    /// Ends the stream and waits until that was noticed, and it is going to be opened again.
     [[nodiscard]] bool hasNoticedTheEnd() {
-        const auto before = m_scheduler.pendingCount();
         (*m_backend.last("/events").*GetParam())();
-        return eventually([&] { return m_scheduler.pendingCount() == before + 1; });
+        return eventually([&] { return m_scheduler.pendingCount() == 1; });
     }
 
     /// Whether events arrive again. The network manager may have tried the old stream once more by itself, so it is
     /// not the first new request that counts.
-    [[nodiscard]] bool isFollowing(double level) {
+    [[nodiscard]] bool isFollowing(const QByteArray &data) {
         return eventually([&] {
-            m_backend.last("/events")->event("level", QByteArray::number(level));
-            return m_model.inLevel() == level;
+            if (const auto stream = m_backend.last("/events"))
+                stream->event("level", data);
+            return !m_events.empty() && m_events.back() == std::pair(QByteArray("level"), data);
         });
     }
+
+    ManualScheduler m_scheduler;
+    ScriptedBackend m_backend;
+    std::vector<std::pair<QByteArray, QByteArray>> m_events;
+    int m_gaps = 0;
+    HttpClient m_http{m_backend.base(), m_scheduler};
+    EventStream m_stream{m_http, m_scheduler,
+                         [this](QByteArrayView name, QByteArrayView data) {
+                             m_events.emplace_back(name.toByteArray(), data.toByteArray());
+                         },
+                         [this] { ++m_gaps; }};
 };
 
 } // namespace
 
 TEST_P(ReopeningTest, AStreamThatEndsIsOpenedAgainAfterOneSecond) {
-    startAndSettle();
     for (int times = 1; times <= 3; ++times) {
-        EXPECT_TRUE(isFollowing(times));
+        EXPECT_TRUE(isFollowing(QByteArray::number(times)));
         ASSERT_TRUE(hasNoticedTheEnd());
-        const auto pending = m_scheduler.pendingCount();
         m_scheduler.advance(999ms);
-        EXPECT_EQ(m_scheduler.pendingCount(), pending);
+        EXPECT_EQ(m_scheduler.pendingCount(), 1U);
         m_scheduler.advance(1ms);
-        EXPECT_EQ(m_scheduler.pendingCount(), pending - 1);
+        EXPECT_EQ(m_scheduler.pendingCount(), 0U);
     }
-    EXPECT_TRUE(isFollowing(4));
+    EXPECT_TRUE(isFollowing("4"));
+}
+
+TEST_P(ReopeningTest, AGapInTheStreamIsToldAtBothItsEnds) {
+    ASSERT_TRUE(isFollowing("1"));
+    EXPECT_EQ(m_gaps, 0);
+    ASSERT_TRUE(hasNoticedTheEnd());
+    EXPECT_EQ(m_gaps, 1);
+    m_backend.goDown();
+    for (int attempt = 0; attempt < 3; ++attempt) {
+        m_scheduler.advance(1s);
+        ASSERT_TRUE(eventually([this] { return m_scheduler.pendingCount() == 1; }));
+    }
+    EXPECT_EQ(m_gaps, 1);
+    m_backend.comeUp();
+    m_scheduler.advance(1s);
+    ASSERT_TRUE(isFollowing("2"));
+    EXPECT_EQ(m_gaps, 2);
 }
 
 TEST_P(ReopeningTest, AnEventsNameIsForgottenWithItsStream) {
-    startAndSettle();
-    ASSERT_TRUE(isFollowing(0.25));
+    ASSERT_TRUE(isFollowing("1"));
     m_backend.last("/events")->write("event: level\n");
     ASSERT_TRUE(hasNoticedTheEnd());
     m_scheduler.advance(1s);
     EXPECT_TRUE(eventually([&] {
-        m_backend.last("/events")->write("data: 0.75\nevent: outLevel\ndata: 0.5\n");
-        return m_model.outLevel() == 0.5;
+        m_backend.last("/events")->write("data: 2\nevent: outLevel\ndata: 3\n");
+        return m_events.back() == std::pair(QByteArray("outLevel"), QByteArray("3"));
     }));
-    EXPECT_EQ(m_model.inLevel(), 0.25);
+    EXPECT_TRUE(std::ranges::count(m_events, std::pair(QByteArray(), QByteArray("2"))) > 0);
+    EXPECT_EQ(std::ranges::count(m_events, std::pair(QByteArray("level"), QByteArray("2"))), 0);
 }
 
 INSTANTIATE_TEST_SUITE_P(Ends, ReopeningTest, ::testing::Values(&test::Exchange::close, &test::Exchange::abort),

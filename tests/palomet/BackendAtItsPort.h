@@ -5,14 +5,36 @@
 #include "tests/support/ScriptedAudioBackend.h"
 #include "tests/support/ScriptedBackend.h"
 
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+
 namespace palomet::test {
+
+/// A state that thinks, with a conversation without end: some forty megabytes.
+inline QByteArray endlessState() {
+    auto document = QJsonDocument::fromJson(fixture("state/full.json")).object();
+    auto conversation = document[QStringLiteral("conversation")].toObject();
+    QJsonArray rows;
+    for (int row = 0; row < 250'000; ++row)
+        rows.append(QJsonObject{{QStringLiteral("role"), QStringLiteral("user")},
+                                {QStringLiteral("text"), QString(100, u'x')},
+                                {QStringLiteral("at"), 1.7e12 + row}});
+    conversation[QStringLiteral("rows")] = rows;
+    document[QStringLiteral("conversation")] = conversation;
+    document[QStringLiteral("state")] = QStringLiteral("thinking");
+    return QJsonDocument(document).toJson(QJsonDocument::Compact);
+}
 
 /// A whole backend at the port where the program looks for it: documents, events, commands and the audio link.
 class BackendAtItsPort {
 public:
     static constexpr quint16 port = 4780;
 
-    BackendAtItsPort() {
+    BackendAtItsPort() { behave(); }
+
+    /// Does everything as it should, until it is told otherwise.
+    void behave() {
         enter(QStringLiteral("waiting"));
         http.serve("/history", fixture("history/empty.json"));
         http.serve("/options", fixture("options/empty.json"));

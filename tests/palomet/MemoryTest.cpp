@@ -1,10 +1,6 @@
 #include "tests/palomet/BackendAtItsPort.h"
 #include "tests/palomet/ProgramTest.h"
 
-#include <QJsonArray>
-#include <QJsonDocument>
-#include <QJsonObject>
-
 #include <array>
 
 using namespace palomet;
@@ -43,19 +39,6 @@ protected:
         return eventually([&] { return backend.audio.played().size() == static_cast<std::size_t>(id); }, 60s);
     }
 
-    /// A state with a conversation without end, about forty megabytes.
-    static QByteArray endless() {
-        auto document = QJsonDocument::fromJson(test::fixture("state/full.json")).object();
-        auto conversation = document[u"conversation"_s].toObject();
-        QJsonArray rows;
-        for (int row = 0; row < 250'000; ++row)
-            rows.append(QJsonObject{{u"role"_s, u"user"_s}, {u"text"_s, QString(100, u'x')}, {u"at"_s, 1.7e12 + row}});
-        conversation[u"rows"_s] = rows;
-        document[u"conversation"_s] = conversation;
-        document[u"state"_s] = u"thinking"_s;
-        return QJsonDocument(document).toJson(QJsonDocument::Compact);
-    }
-
     bool isShown(const QByteArray &state) {
         backend.tell("turn");
         return eventually([&] { return command({u"--status"_s}).output.startsWith(state); }, 60s);
@@ -79,7 +62,7 @@ TEST_F(MemoryTest, ThirtyHugeMessagesLeaveNoMoreBehindThanThree) {
 }
 
 TEST_F(MemoryTest, AHugeStateIsForgottenWhenItIsGone) {
-    const auto document = endless();
+    const auto document = test::endlessState();
     const auto atFirst = resident();
     for (int round = 0; round < 3; ++round) {
         backend.http.serve("/state", document);

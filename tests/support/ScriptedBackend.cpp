@@ -104,10 +104,14 @@ ScriptedBackend::ExchangePointer ScriptedBackend::last(const QByteArray &target)
     return matching.empty() ? nullptr : matching.back();
 }
 
-void ScriptedBackend::goDown() {
-    m_server.close();
+void ScriptedBackend::dropConnections() {
     for (auto *socket : m_server.findChildren<QTcpSocket *>())
         socket->abort();
+}
+
+void ScriptedBackend::goDown() {
+    m_server.close();
+    dropConnections();
 }
 
 void ScriptedBackend::comeUp() {

@@ -89,6 +89,8 @@ public:
     [[nodiscard]] ExchangePointer last(const QByteArray &target) const;
     [[nodiscard]] int connectionCount() const { return m_connectionCount; }
 
+    /// Ends every connection.
+    void dropConnections();
     /// Ends every connection and refuses new ones, until `comeUp` on the same port.
     void goDown();
     void comeUp();

@@ -79,6 +79,13 @@ protected:
                backend.http.count("/listen") == times;
     }
 
+    /// The backend enters that state, and the program has followed.
+    void enter(const char *state) {
+        backend.enter(QString::fromLatin1(state));
+        backend.tell("phase");
+        EXPECT_TRUE(eventually([&] { return command({u"--status"_s}).output.startsWith(state); })) << state;
+    }
+
     QString hotKeyProblem() const {
         const auto status = command({u"--status"_s, u"--json"_s});
         return QJsonDocument::fromJson(status.output)[u"hotKeyProblem"_s].toString();
@@ -166,6 +173,32 @@ TEST_F(HotKeyTest, EscapeIsLeftToOthers) {
     startAndFollow();
     OtherProgram other(desktop.display);
     EXPECT_TRUE(other.isFree(53, 0));
+}
+
+TEST_F(HotKeyTest, EscapeIsTakenOnlyWhileTheProgramThinksOrSpeaksAndStopsItThen) {
+    startWindowManager();
+    startAndFollow();
+    OtherProgram other(desktop.display);
+    constexpr quint32 escape = 53;
+    int stops = 0;
+    for (const auto *busy : {"thinking", "speaking", "thinking"}) {
+        enter(busy);
+        EXPECT_FALSE(other.isFree(escape, 0)) << busy;
+        keyboard.strike({FakeKeyboard::escape});
+        ++stops;
+        EXPECT_TRUE(eventually([&] { return backend.http.count("/stop") == stops; })) << busy;
+        for (const auto *idle : {"waiting", "listening", "hearing", "drafting"}) {
+            enter(idle);
+            EXPECT_TRUE(other.isFree(escape, 0)) << idle;
+        }
+    }
+    enter("speaking");
+    EXPECT_FALSE(other.isFree(escape, 0));
+    backend.http.serve("/state", "nothing that can be read");
+    backend.tell("phase");
+    EXPECT_TRUE(eventually([this] { return command({u"--status"_s}).output.startsWith("offline"); }));
+    EXPECT_TRUE(other.isFree(escape, 0)) << "there is nothing to stop any more";
+    EXPECT_EQ(backend.commands().size(), static_cast<std::size_t>(stops));
 }
 
 TEST(StopKey, EscapeIsTakenOnlyWhileThereIsSomethingToStop) {

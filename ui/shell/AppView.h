@@ -25,6 +25,8 @@ class AppView final : public QObject {
     QML_ELEMENT
     QML_UNCREATABLE("There is one, the window's.")
     Q_PROPERTY(palomet::Navigation *navigation READ navigation CONSTANT FINAL)
+    /// The pane that is shown, once its screen is up to date: `navigation` announces its own to QML before that.
+    Q_PROPERTY(palomet::Navigation::Pane pane READ pane NOTIFY paneChanged FINAL)
     Q_PROPERTY(QString version READ version CONSTANT FINAL)
     Q_PROPERTY(QVariantList groups READ groups CONSTANT FINAL)
     Q_PROPERTY(QString title READ title NOTIFY paneChanged FINAL)
@@ -50,6 +52,7 @@ public:
     void setShown(bool isShown);
 
     [[nodiscard]] Navigation *navigation() const { return &m_navigation; }
+    [[nodiscard]] Pane pane() const { return m_navigation.pane(); }
     /// "dev" in a build that has none.
     [[nodiscard]] QString version() const;
     /// The sidebar's groups: each a title and the panes in it, with title and icon.

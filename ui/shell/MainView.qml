@@ -8,7 +8,7 @@ MacShellView {
     id: root
 
     required property AppView app
-    readonly property int pane: app.navigation.pane
+    readonly property int pane: app.pane
 
     sidebar: MacSidebar {
         anchors.fill: parent

@@ -180,6 +180,21 @@ TEST_F(ScrollingTest, BeginsAtTheTopOfASmallWindowWithoutATurn) {
     EXPECT_FALSE(first("NowPage")->property("isScrolled").toBool());
 }
 
+TEST_F(ScrollingTest, SaysThatThereIsNothingOnceAllConversationsAreGone) {
+    model().setHistory(std::vector<ConversationSummary>(8));
+    open(Pane::History);
+    settle();
+    EXPECT_FALSE(Scene::all(first("HistoryPage"), "ZenBody").value(0)->isVisible());
+    navigation.setPane(Pane::Now);
+    settle();
+    model().setHistory({});
+    navigation.setPane(Pane::History);
+    settle();
+    const auto texts = Scene::all(first("HistoryPage"), "ZenBody");
+    ASSERT_EQ(texts.size(), 1);
+    EXPECT_TRUE(texts.first()->isVisible());
+}
+
 TEST_F(ScrollingTest, HasRowsOnlyForWhatShowsOfTenThousandConversations) {
     std::vector<ConversationSummary> history(10'000);
     for (std::size_t i = 0; i < history.size(); ++i)

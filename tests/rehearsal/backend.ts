@@ -84,8 +84,6 @@ export class Watcher {
         while (!this.#isEnding) {
             try {
                 const reply = await fetch(`${base}/events`);
-                const first = await this.state();
-                if (first) this.#note(first.state);
                 let rest = "";
                 let event = "";
                 for await (const chunk of reply.body!.pipeThrough(new TextDecoderStream() as never) as unknown as AsyncIterable<string>) {
@@ -93,7 +91,7 @@ export class Watcher {
                     rest = lines.pop() ?? "";
                     for (const line of lines) {
                         if (line.startsWith("event: ")) event = line.slice(7).trimEnd();
-                        else if (line.startsWith("data: ")) await this.#handle(event, line.slice(6).trimEnd());
+                        else if (line.startsWith("data: ")) this.#handle(event, line.slice(6).trimEnd());
                     }
                     if (this.#isEnding) return;
                 }
@@ -104,14 +102,10 @@ export class Watcher {
         }
     }
 
-    async #handle(event: string, data: string): Promise<void> {
-        if (event === "level") {
-            this.level = Number(data);
-            this.levelCount += 1;
-            return;
-        }
-        if (event === "outLevel") return;
-        const now = await this.state();
-        if (now) this.#note(now.state);
+    #handle(event: string, data: string): void {
+        if (event === "phase") this.#note(data);
+        if (event !== "level") return;
+        this.level = Number(data);
+        this.levelCount += 1;
     }
 }

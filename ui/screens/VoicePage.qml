@@ -1,5 +1,4 @@
 import QtQuick
-import Palomet.Kit
 import Palomet.Ui
 
 // How it speaks.

@@ -61,8 +61,8 @@ void EventStream::end() {
     QObject::disconnect(m_reply.get(), nullptr, &m_context, nullptr);
     m_reply.reset();
     m_reopen = m_scheduler.after(reopenDelay, [this] { open(); });
-    if (std::exchange(m_isOpen, false))
-        m_onGap();
+    m_isOpen = false;
+    m_onGap();
 }
 
 } // namespace palomet

@@ -15,8 +15,8 @@ namespace palomet {
 /// between, and beyond what fits the buffers the sender waits.
 class EventStream {
 public:
-    /// `http` and `scheduler` outlive this. `onEvent` gets each event's name and data. `onGap` is called when a stream
-    /// that was open has ended, and when the next one is open: what happens in between is told to nobody.
+    /// `http` and `scheduler` outlive this. `onEvent` gets each event's name and data. `onGap` is called when
+    /// the stream has ended or cannot be had, and when it is open again: what happens in between is told to nobody.
     EventStream(HttpClient &http, Scheduler &scheduler, EventStreamParser::Sink onEvent, std::function<void()> onGap);
 
     /// Opens the stream. Called once.

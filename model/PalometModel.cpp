@@ -45,7 +45,7 @@ PalometModel::PalometModel(Scheduler &scheduler, const MicrophonePermission &per
     , m_settingsHttp(base, scheduler)
     , m_streamHttp(base, scheduler)
     , m_events(
-          m_streamHttp, scheduler, [this](auto event, auto data) { handle(event, data); }, [this] { refresh(); })
+          m_streamHttp, scheduler, [this](auto event, auto data) { handle(event, data); }, [this] { streamHasGap(); })
     , m_stateFetcher(
           m_http, m_decoder, QStringLiteral("state"), stateTimeout, decodeSnapshot,
           [this](auto read) { setSnapshot(read ? std::make_shared<const Snapshot>(std::move(*read)) : nullptr); })
@@ -89,6 +89,12 @@ void PalometModel::refresh() {
         m_pendingRefresh.reset();
         m_stateFetcher.fetch();
     });
+}
+
+void PalometModel::streamHasGap() {
+    // While there is none, the clock asks.
+    if (m_snapshot)
+        refresh();
 }
 
 void PalometModel::loadHistory() {

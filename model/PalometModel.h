@@ -109,6 +109,7 @@ Q_SIGNALS:
 
 private:
     void tick();
+    void streamHasGap();
     void handle(QByteArrayView event, QByteArrayView data);
     void post(const QString &path, const std::optional<QByteArray> &body = std::nullopt);
     template <typename Value>

@@ -29,6 +29,13 @@ TEST_F(ModelTest, ABackendThatDiesIsOfflineAndOneThatIsThereAgainAtOnceIsAskedAg
     EXPECT_TRUE(runsUntil([&] { return m_model.state() == LoopState::Thinking; }));
 }
 
+TEST_F(ModelTest, ABackendThatDiesBeforeItsStreamWasOpenIsOffline) {
+    m_backend.hang("/events");
+    startAndSettle();
+    m_backend.goDown();
+    EXPECT_TRUE(runsUntil([&] { return m_model.state() == LoopState::Offline; }));
+}
+
 TEST_F(ModelTest, WhatChangedBeforeTheStreamWasOpenAgainIsFetched) {
     startAndSettle();
     send("level", "0.5");

@@ -135,10 +135,13 @@ void AppDelegate::startBackend() {
 
 void AppDelegate::trayHostChanged() {
     const auto status = m_surroundings.trayHost->status();
-    if (status == TrayHost::Status::Present)
+    if (status == TrayHost::Status::Present) {
         m_statusMenu.showItem();
+        // One that was there and goes is being restarted: no reason to open a window in the user's face.
+        m_isTrayHostSettled = true;
+    }
     // The log exists once the backend was started.
-    if (status != TrayHost::Status::Absent || m_stage != Stage::Running || std::exchange(m_isTrayHostMissed, true))
+    if (status != TrayHost::Status::Absent || m_stage != Stage::Running || std::exchange(m_isTrayHostSettled, true))
         return;
     m_backend.note(u"bandeja: nenhum painel mostra ícones; o do Palomet aparece assim que houver um"_s);
     openWindow();

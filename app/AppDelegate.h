@@ -111,7 +111,7 @@ private:
     std::unique_ptr<AppView> m_appView;
     std::unique_ptr<MacWindow> m_window;
     Stage m_stage = Stage::Launching;
-    bool m_isTrayHostMissed = false;
+    bool m_isTrayHostSettled = false; ///< There was one, or it was said that there is none.
 };
 
 } // namespace palomet

@@ -21,6 +21,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <array>
+
 using namespace palomet;
 using namespace std::chrono_literals;
 using namespace Qt::StringLiterals;
@@ -112,6 +115,21 @@ protected:
     void quit() {
         delegate->applicationShouldTerminate();
         EXPECT_TRUE(eventually([this] { return terminations > 0; }));
+    }
+
+    /// What may happen in the first second.
+    enum class Happening { HostAppears, UserAnswers, WindowIsAskedFor, UserQuits };
+    void happen(Happening happening) {
+        switch (happening) {
+        case Happening::HostAppears:
+            return host->become(TrayHost::Status::Present);
+        case Happening::UserAnswers:
+            return permission->answer(MicrophoneStatus::Authorized);
+        case Happening::WindowIsAskedFor:
+            return remote->onActivate();
+        case Happening::UserQuits:
+            return delegate->applicationShouldTerminate();
+        }
     }
 
     /// The backend is in that state, and the model knows.
@@ -219,6 +237,61 @@ TEST_F(AppDelegateTest, NotesThatThereIsNoHostWhenThatTurnsOutLate) {
     EXPECT_FALSE(log().contains(missingHost));
     host->become(TrayHost::Status::Absent);
     EXPECT_TRUE(log().contains(missingHost));
+}
+
+TEST_F(AppDelegateTest, DoesNotMissAHostThatIsRestarted) {
+    create();
+    host->become(TrayHost::Status::Present);
+    launch();
+    for (int restart = 0; restart < 20; ++restart) {
+        host->become(TrayHost::Status::Absent);
+        EXPECT_EQ(delegate->window(), nullptr);
+        host->become(TrayHost::Status::Present);
+        EXPECT_TRUE(delegate->statusMenu().isItemShown());
+    }
+    EXPECT_FALSE(log().contains("bandeja"));
+}
+
+TEST_F(AppDelegateTest, ComesToTheSameInWhateverOrderThingsHappenAtTheStart) {
+    std::array<Happening, 3> order{Happening::HostAppears, Happening::UserAnswers, Happening::WindowIsAskedFor};
+    do {
+        create(MicrophoneStatus::NotDetermined);
+        launches = 0;
+        delegate->applicationDidFinishLaunching();
+        for (const auto happening : order)
+            happen(happening);
+        EXPECT_TRUE(delegate->statusMenu().isItemShown());
+        EXPECT_EQ(launches, 1);
+        EXPECT_EQ(sound->captureOpenings, 1);
+        ASSERT_TRUE(delegate->window());
+        EXPECT_TRUE(delegate->window()->isVisible());
+        EXPECT_FALSE(log().contains("bandeja"));
+        delegate.reset();
+    } while (std::ranges::next_permutation(order).found);
+}
+
+TEST_F(AppDelegateTest, QuitsInTheMiddleOfItsStartInWhateverOrderThingsHappen) {
+    std::array<Happening, 3> order{Happening::HostAppears, Happening::UserAnswers, Happening::UserQuits};
+    do {
+        create(MicrophoneStatus::NotDetermined);
+        launches = terminations = 0;
+        QFile::remove(LogFile::pathBelow(folder.path()));
+        delegate->applicationDidFinishLaunching();
+        int launchesAtTheEnd = 0;
+        for (const auto happening : order) {
+            happen(happening);
+            if (happening == Happening::UserQuits)
+                launchesAtTheEnd = launches;
+        }
+        EXPECT_TRUE(eventually([this] { return terminations > 0; }));
+        scheduler->advance(1h);
+        EXPECT_EQ(terminations, 1);
+        EXPECT_EQ(launches, launchesAtTheEnd);
+        for (const auto process : test::processesNamed("pronto", log()))
+            EXPECT_TRUE(test::hasEnded(process));
+        EXPECT_EQ(delegate->window(), nullptr);
+        delegate.reset();
+    } while (std::ranges::next_permutation(order).found);
 }
 
 TEST_F(AppDelegateTest, SaysNothingOfAHostThatIsThere) {

@@ -22,13 +22,17 @@ using Clock = std::chrono::steady_clock;
 class TimingTest : public test::ProgramTest {
 protected:
     TimingTest() {
+        startSound();
+        setVariable("PULSE_SERVER", QString::fromStdString(sound.address()));
+        setVariable("PULSE_COOKIE", sound.environment().value(u"PULSE_COOKIE"_s));
+    }
+
+    void startSound() {
         sound.start();
         sound.addSpeakers(u"speakers"_s);
         sound.addMicrophone(u"microphone"_s, u"Desk microphone"_s);
         sound.control({u"set-default-sink"_s, u"speakers"_s});
         sound.setDefaultInput(u"microphone"_s);
-        setVariable("PULSE_SERVER", QString::fromStdString(sound.address()));
-        setVariable("PULSE_COOKIE", sound.environment().value(u"PULSE_COOKIE"_s));
     }
 
     void startAndFollow() {
@@ -161,6 +165,28 @@ TEST_F(TimingTest, ADroppedLinkIsBackAfterASecond) {
     EXPECT_LT(taken, 2s);
     ASSERT_TRUE(eventually([&] { return backend.audio.received.size() > before + 1; }));
     EXPECT_EQ(backend.audio.received[before].type(), u"hello"_s);
+}
+
+TEST_F(TimingTest, AfterASuspendTheMicrophoneTheStreamAndTheLinkAreBack) {
+    startAndFollow();
+    ASSERT_TRUE(isHeard());
+    // Nothing is said to anybody: what was open is gone, and after a while the other ends are there again.
+    sound.kill();
+    backend.audio.drop();
+    backend.http.goDown();
+    ASSERT_TRUE(eventually([this] { return command({u"--status"_s}).output.startsWith("offline"); }));
+    const auto before = backend.audio.received.size();
+    const int streams = backend.http.count("/events");
+    backend.http.comeUp();
+    startSound();
+    EXPECT_TRUE(eventually([this] { return command({u"--status"_s}).output.startsWith("waiting"); }));
+    EXPECT_TRUE(eventually([&] { return backend.http.count("/events") > streams; }));
+    EXPECT_TRUE(eventually(
+        [&] { return backend.audio.received.size() > before + 1 && !backend.audio.received.back().audio.isNull(); }));
+    EXPECT_EQ(backend.audio.received[before].type(), u"hello"_s);
+    play(1, 0.1, 0.5F);
+    EXPECT_TRUE(eventually([this] { return reported(1) != Clock::time_point::max(); }));
+    EXPECT_EQ(test::processesNamed("pronto", log()).size(), 1) << "the backend's process was never ended";
 }
 
 TEST_F(TimingTest, AKilledBackendIsBackAfterTwoSeconds) {

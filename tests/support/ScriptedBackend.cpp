@@ -104,6 +104,11 @@ ScriptedBackend::ExchangePointer ScriptedBackend::last(const QByteArray &target)
     return matching.empty() ? nullptr : matching.back();
 }
 
+void ScriptedBackend::forget() {
+    std::erase_if(m_exchanges,
+                  [](const auto &exchange) { return exchange->target() != "/events" || !exchange->isOpen(); });
+}
+
 void ScriptedBackend::dropConnections() {
     for (auto *socket : m_server.findChildren<QTcpSocket *>())
         socket->abort();

@@ -87,6 +87,8 @@ public:
     [[nodiscard]] int count(const QByteArray &target) const { return static_cast<int>(exchanges(target).size()); }
     /// The latest request of that target; null when there was none.
     [[nodiscard]] ExchangePointer last(const QByteArray &target) const;
+    /// Forgets the requests so far, but for the event stream: one that answers for hours would hold them all.
+    void forget();
     [[nodiscard]] int connectionCount() const { return m_connectionCount; }
 
     /// Ends every connection.

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <QtGlobal>
+
+namespace palomet::bench {
+
+/// What a process holds at one moment.
+struct Footprint {
+    double megabytes = 0; ///< Its own, and its part of what it shares.
+    qsizetype descriptors = 0;
+    qsizetype threads = 0;
+
+    static Footprint of(qint64 process);
+};
+
+void print(const char *when, const Footprint &footprint);
+
+} // namespace palomet::bench

@@ -41,12 +41,12 @@ installResources() {
     fi
 }
 
-# buildPreset PRESET [TARGET…]
+# buildPreset PRESET [TARGET…], with the tests unless withTests=OFF: they need packages of their own.
 buildPreset() {
     local preset=$1
     shift
     step "Building the $preset preset"
-    cmake --preset "$preset" >"build-$preset.log" 2>&1 || { cat "build-$preset.log"; rm -f "build-$preset.log"; fail "cmake could not configure"; }
+    cmake --preset "$preset" -DBUILD_TESTING="${withTests:-ON}" >"build-$preset.log" 2>&1 || { cat "build-$preset.log"; rm -f "build-$preset.log"; fail "cmake could not configure"; }
     rm -f "build-$preset.log"
     cmake --build --preset "$preset" ${1:+--target "$@"} || fail "the build failed"
 }

@@ -54,7 +54,8 @@ Footprint settled(const Stage &stage) {
 
 } // namespace
 
-/// Usage: soak [TURNS] [KILLS]; a fault of the other kinds comes as often as in 200 kills 50, 50 and 20.
+/// Usage: soak [TURNS] [KILLS] [window]; a fault of the other kinds comes as often as in 200 kills 50, 50 and 20.
+/// The window is open if it is asked for.
 int main(int argc, char **argv) {
     const QCoreApplication application(argc, argv);
     const auto arguments = QCoreApplication::arguments();
@@ -62,6 +63,8 @@ int main(int argc, char **argv) {
     const int kills = std::max(1, arguments.value(2, u"200"_s).toInt());
     Stage stage;
     stage.start();
+    if (arguments.value(3) == u"window"_s)
+        stage.openWindow();
     // Everything once, so that what is made on first use is there.
     for (int round = 0; round < 3; ++round) {
         converse(stage);

@@ -56,6 +56,13 @@ void Stage::start() {
     require(eventually([this] { return isHeard() && backends().size() == 1; }), "it does not begin");
 }
 
+void Stage::openWindow() {
+    auto activate = QDBusMessage::createMethodCall(u"org.palomet.Palomet"_s, u"/org/palomet/Palomet"_s,
+                                                   u"org.freedesktop.Application"_s, u"Activate"_s);
+    activate.setArguments({QVariantMap()});
+    require(m_bus.call(activate).type() == QDBusMessage::ReplyMessage, "the window does not open");
+}
+
 void Stage::end() {
     const auto all = backends();
     m_program.terminate();

@@ -20,6 +20,7 @@ public:
     ~Stage();
 
     void start();
+    void openWindow();
     /// As the user does, by a signal; it must end by itself, with its backend.
     void end();
 

@@ -8,7 +8,7 @@ namespace palomet::bench {
 
 Footprint Footprint::of(qint64 process) {
     const auto rollup = test::processFile(process, QStringLiteral("smaps_rollup"));
-    const auto begin = rollup.indexOf("\nPss:") + 5;
+    const auto begin = rollup.indexOf("\nAnonymous:") + 11;
     return {rollup.mid(begin, rollup.indexOf("kB", begin) - begin).trimmed().toDouble() * 1024 / 1e6,
             test::descriptorsOf(process).size(), test::statusOf(process, "Threads").toLongLong()};
 }

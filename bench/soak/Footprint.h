@@ -6,7 +6,7 @@ namespace palomet::bench {
 
 /// What a process holds at one moment.
 struct Footprint {
-    double megabytes = 0; ///< Its own, and its part of what it shares.
+    double megabytes = 0; ///< Its own. What it maps of files depends on who else maps them.
     qsizetype descriptors = 0;
     qsizetype threads = 0;
 

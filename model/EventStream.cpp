@@ -39,7 +39,7 @@ void EventStream::open() {
             m_readMore.start();
     };
     QObject::connect(m_reply.get(), &QNetworkReply::metaDataChanged, &m_context, [this] {
-        if (!std::exchange(m_isOpen, true) && std::exchange(m_wasOpen, true))
+        if (!isRefused() && !std::exchange(m_isOpen, true) && std::exchange(m_wasOpen, true))
             m_onGap();
     });
     QObject::connect(m_reply.get(), &QNetworkReply::readyRead, &m_context, readSoon);
@@ -59,10 +59,17 @@ void EventStream::end() {
     if (m_reply->error() == QNetworkReply::NoError)
         m_parser.finish(m_onEvent);
     QObject::disconnect(m_reply.get(), nullptr, &m_context, nullptr);
+    // Who answers that there is no such stream is alive, and has not missed to tell anything.
+    const bool isGap = !isRefused();
     m_reply.reset();
     m_reopen = m_scheduler.after(reopenDelay, [this] { open(); });
     m_isOpen = false;
-    m_onGap();
+    if (isGap)
+        m_onGap();
+}
+
+bool EventStream::isRefused() const {
+    return m_reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt() >= 300;
 }
 
 } // namespace palomet

@@ -26,6 +26,7 @@ private:
     void open();
     void read();
     void end();
+    [[nodiscard]] bool isRefused() const;
 
     HttpClient &m_http;
     Scheduler &m_scheduler;

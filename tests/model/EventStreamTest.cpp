@@ -89,6 +89,18 @@ TEST_P(ReopeningTest, AGapInTheStreamIsToldAtBothItsEndsAndAtEveryAttempt) {
     EXPECT_EQ(m_gaps, 5);
 }
 
+TEST_P(ReopeningTest, AStreamThatIsRefusedLeavesNoGap) {
+    ASSERT_TRUE(isFollowing("1"));
+    ASSERT_TRUE(hasNoticedTheEnd());
+    const int gaps = m_gaps;
+    m_backend.on("/events", [](const ScriptedBackend::ExchangePointer &exchange) { exchange->reply("no", 404); });
+    for (int attempt = 0; attempt < 3; ++attempt) {
+        m_scheduler.advance(1s);
+        ASSERT_TRUE(eventually([this] { return m_scheduler.pendingCount() == 1; }));
+    }
+    EXPECT_EQ(m_gaps, gaps);
+}
+
 TEST_P(ReopeningTest, AnEventsNameIsForgottenWithItsStream) {
     ASSERT_TRUE(isFollowing("1"));
     m_backend.last("/events")->write("event: level\n");

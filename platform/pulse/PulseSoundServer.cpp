@@ -17,6 +17,8 @@ constexpr auto openingLimit = 5s;
 constexpr auto playbackRetryDelay = 2s;
 /// PipeWire tells one change in dozens of events.
 constexpr auto floodDelay = 100ms;
+/// PipeWire tells of a new default before it names it, and then no more.
+constexpr auto secondLookDelay = 1s;
 /// PipeWire's session manager puts a default into force well after the server took it.
 constexpr auto ownDefaultLimit = 2s;
 
@@ -64,7 +66,7 @@ void PulseSoundServer::connect() {
                                           PulseConnection::Events{
                                               .ready = [this] { m_connection->askForDevices(); },
                                               .ended = [this](int error) { connectionEnded(error); },
-                                              .changed = [this] { askForDevicesSoon(); },
+                                              .changed = [this] { lookAtDevices(); },
                                               .devices = [this](const auto &devices) { devicesTold(devices); },
                                           });
 }
@@ -76,10 +78,12 @@ void PulseSoundServer::connectionEnded(int error) {
     m_playback.reset();
     m_capture.reset();
     m_connection.reset();
+    m_inquiry.reset();
     m_devices.clear();
     m_default = {};
     m_output.reset();
     m_asking.reset();
+    m_lookingAgain.reset();
     m_settling.reset();
     m_reopeningPlayback.reset();
     m_reconnecting = m_scheduler.after(reconnectDelay, [this] { connect(); });
@@ -95,15 +99,36 @@ void PulseSoundServer::connectionEnded(int error) {
         onServerLost();
 }
 
+void PulseSoundServer::lookAtDevices() {
+    askForDevicesSoon();
+    m_lookingAgain = m_scheduler.after(secondLookDelay, [this] { askForDevicesSoon(); });
+}
+
 void PulseSoundServer::askForDevicesSoon() {
     if (m_asking && m_asking->isActive())
         return;
     m_asking = m_scheduler.after(floodDelay, [this] {
         if (m_isAsking)
             return askForDevicesSoon();
-        m_isAsking = true;
-        m_connection->askForDevices();
+        askForDevices();
     });
+}
+
+/// By a connection of its own: PipeWire (0.3.65) leaves one that has been there for longer with a default that is none
+/// any more, now and then.
+void PulseSoundServer::askForDevices() {
+    m_isAsking = true;
+    const auto told = [this](const std::optional<PulseDevices> &devices) {
+        m_inquiry.reset();
+        devicesTold(devices);
+    };
+    m_inquiry = std::make_unique<PulseConnection>(m_mainloop, m_server,
+                                                  PulseConnection::Events{
+                                                      .ready = [this] { m_inquiry->askForDevices(); },
+                                                      .ended = [told](int) { told(std::nullopt); },
+                                                      .changed = [] {},
+                                                      .devices = told,
+                                                  });
 }
 
 void PulseSoundServer::devicesTold(const std::optional<PulseDevices> &devices) {
@@ -140,6 +165,7 @@ void PulseSoundServer::setDefaultInput(const QString &id) {
     if (!isPresent(id))
         return;
     m_default.expect(id);
+    lookAtDevices();
     m_settling = m_scheduler.after(ownDefaultLimit, [this] {
         if (m_default.settle() && onConfigurationChange)
             onConfigurationChange();

@@ -41,7 +41,9 @@ private:
 
     void connect();
     void connectionEnded(int error);
+    void lookAtDevices();
     void askForDevicesSoon();
+    void askForDevices();
     void devicesTold(const std::optional<PulseDevices> &devices);
     [[nodiscard]] bool isPresent(const QString &id) const;
 
@@ -72,11 +74,13 @@ private:
 
     PulseMainloop m_mainloop;
     std::unique_ptr<PulseConnection> m_connection;
+    std::unique_ptr<PulseConnection> m_inquiry;
     std::unique_ptr<PulseCapture> m_capture;
     std::unique_ptr<PulsePlayback> m_playback;
 
     Scheduler::Handle m_reconnecting;
     Scheduler::Handle m_asking;
+    Scheduler::Handle m_lookingAgain;
     Scheduler::Handle m_settling;
     Scheduler::Handle m_openingLimit;
     Scheduler::Handle m_reopeningPlayback;

@@ -1,5 +1,6 @@
 #include "audio/EchoCanceller.h"
 #include "audio/echo/LinearOutputGate.h"
+#include "audio/echo/RestingCanceller.h"
 #include "audio/echo/Samples.h"
 #include "audio/echo/SharedState.h"
 #include "audio/echo/TripleRate.h"
@@ -91,17 +92,18 @@ public:
 
         std::array<std::array<float, TripleRate::inputSize>, 1> linearAt16kHz{};
         m_processing->GetLinearAecOutput(linearAt16kHz);
-        Frame linear;
-        m_tripleRate.process(linearAt16kHz.front(), linear);
+        m_tripleRate.push(linearAt16kHz.front());
 
         const bool isLinearBetter = m_gate.isLinearBetter(
-            {m_referencePower, microphonePower, echo::meanSquare(linear), echo::meanSquare(frame)});
+            {m_referencePower, microphonePower, echo::meanSquare(m_tripleRate.delayed()), echo::meanSquare(frame)});
         const float from = m_linearShare;
         m_linearShare = isLinearBetter ? 1 : 0;
-        for (std::size_t i = 0; i < frameSize; ++i) {
-            const float share = from + (m_linearShare - from) * static_cast<float>(i + 1) / frameSize;
-            out[i] = frame[i] + share * (linear[i] - frame[i]);
+        if (from > 0 || isLinearBetter) {
+            Frame linear;
+            m_tripleRate.read(linear);
+            echo::crossFade(frame, linear, from, m_linearShare);
         }
+        std::copy(frame.begin(), frame.end(), out.begin());
         // Asked here every time: the library keeps the oldest answer that nobody has fetched.
         const auto statistics = m_processing->GetStatistics();
         m_state.set(m_gate.residual() < convergedResidual, echo::toStandard(statistics.delay_ms),
@@ -148,7 +150,9 @@ Result<std::unique_ptr<EchoCanceller>> EchoCanceller::create() {
                           .Create();
     if (!processing)
         return Failure{QStringLiteral("AEC3 indisponível")};
-    return std::unique_ptr<EchoCanceller>(std::make_unique<Aec3Canceller>(std::move(processing)));
+    auto canceller = std::make_unique<Aec3Canceller>(std::move(processing));
+    return std::unique_ptr<EchoCanceller>(
+        std::make_unique<echo::RestingCanceller>(std::move(canceller), echo::aec3Delay));
 }
 
 } // namespace palomet

@@ -38,11 +38,22 @@ private:
     float m_output = 0;
 };
 
-inline float meanSquare(FrameView samples) noexcept {
-    float sum = 0;
-    for (const float sample : samples)
-        sum += sample * sample;
-    return sum / EchoCanceller::frameSize;
+/// Mixes `other` into `frame`: its share goes from `from` to `to` over the frame.
+inline void crossFade(EchoCanceller::Frame &frame, FrameView other, float from, float to) noexcept {
+    const float step = (to - from) / EchoCanceller::frameSize;
+    for (std::size_t i = 0; i < frame.size(); ++i)
+        frame[i] += (from + step * static_cast<float>(i + 1)) * (other[i] - frame[i]);
+}
+
+/// Of a multiple of four samples.
+inline float meanSquare(std::span<const float> samples) noexcept {
+    // Sums that do not wait for one another.
+    std::array<float, 4> sums{};
+    for (std::size_t i = 0; i + 3 < samples.size(); i += 4) {
+        for (std::size_t part = 0; part < 4; ++part)
+            sums[part] += samples[i + part] * samples[i + part];
+    }
+    return (sums[0] + sums[1] + sums[2] + sums[3]) / static_cast<float>(samples.size());
 }
 
 } // namespace palomet::echo

@@ -38,8 +38,17 @@ TripleRate::TripleRate(int extraDelay)
     }
 }
 
-void TripleRate::process(std::span<const float, inputSize> in, std::span<float, outputSize> out) noexcept {
+void TripleRate::push(std::span<const float, inputSize> in) noexcept {
+    std::copy(m_samples.end() - history, m_samples.end(), m_samples.begin());
     std::copy(in.begin(), in.end(), m_samples.begin() + history);
+}
+
+std::span<const float, TripleRate::inputSize> TripleRate::delayed() const noexcept {
+    const auto begin = static_cast<std::size_t>(history - m_extraDelay - filterDelay);
+    return std::span(m_samples).subspan(begin).first<inputSize>();
+}
+
+void TripleRate::read(std::span<float, outputSize> out) const noexcept {
     for (std::size_t phase = 0; phase < 3; ++phase) {
         std::array<float, inputSize> sums{};
         for (int i = 0; i < phaseTaps; ++i) {
@@ -51,7 +60,6 @@ void TripleRate::process(std::span<const float, inputSize> in, std::span<float, 
         for (std::size_t n = 0; n < inputSize; ++n)
             out[3 * n + phase] = sums[n];
     }
-    std::copy(m_samples.end() - history, m_samples.end(), m_samples.begin());
 }
 
 } // namespace palomet::echo

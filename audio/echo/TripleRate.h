@@ -17,7 +17,14 @@ public:
 
     explicit TripleRate(int extraDelay);
 
-    void process(std::span<const float, inputSize> in, std::span<float, outputSize> out) noexcept;
+    /// Takes the next frame.
+    void push(std::span<const float, inputSize> in) noexcept;
+
+    /// The frame that `read` would give, as it was at 16 kHz.
+    [[nodiscard]] std::span<const float, inputSize> delayed() const noexcept;
+
+    /// The frame that belongs to the last `push`. May be left out: most of the cost is here.
+    void read(std::span<float, outputSize> out) const noexcept;
 
 private:
     static constexpr int phaseTaps = 2 * filterDelay + 1;

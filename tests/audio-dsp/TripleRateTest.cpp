@@ -22,7 +22,8 @@ std::vector<float> tripled(double frequency, int extraDelay) {
         for (int i = 0; i < TripleRate::inputSize; ++i)
             in[static_cast<std::size_t>(i)] =
                 static_cast<float>(std::sin(2 * pi * frequency * (frame * TripleRate::inputSize + i) / 16000));
-        rate.process(in, out);
+        rate.push(in);
+        rate.read(out);
         result.insert(result.end(), out.begin(), out.end());
     }
     return result;
@@ -51,6 +52,20 @@ TEST(TripleRate, DelaysByWhatItSays) {
     }
 }
 
+TEST(TripleRate, ShowsWhatItWouldGiveAtTheOldRate) {
+    TripleRate rate(40);
+    std::array<float, TripleRate::inputSize> in{};
+    std::array<float, TripleRate::outputSize> out{};
+    for (int frame = 0; frame < 20; ++frame) {
+        for (std::size_t i = 0; i < in.size(); ++i)
+            in[i] = static_cast<float>(std::sin(2 * pi * 440 * static_cast<double>(i) / 16000 + frame));
+        rate.push(in);
+        rate.read(out);
+        for (std::size_t i = 0; i < in.size(); ++i)
+            ASSERT_NEAR(rate.delayed()[i], out[3 * i], 2e-3);
+    }
+}
+
 TEST(TripleRate, IsFlatToSevenKilohertz) {
     for (const double frequency : {50.0, 300.0, 1000.0, 4000.0, 6000.0, 7000.0})
         EXPECT_NEAR(20 * std::log10(amplitude(tripled(frequency, 0), frequency)), 0, 0.3) << frequency;
@@ -69,8 +84,9 @@ TEST(TripleRate, AConstantStaysConstant) {
     std::array<float, TripleRate::inputSize> in{};
     in.fill(0.5F);
     std::array<float, TripleRate::outputSize> out{};
-    rate.process(in, out);
-    rate.process(in, out);
+    rate.push(in);
+    rate.push(in);
+    rate.read(out);
     for (const float sample : out)
         ASSERT_NEAR(sample, 0.5F, 1e-6);
 }

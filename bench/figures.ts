@@ -118,6 +118,7 @@ ${(await outputOf([program])).trim()}
         const found = pairs[name]
             ? await rowsOfPairs(program, pairs[name])
             : (await outputOf([program])).split("\n").filter((line) => line.startsWith("| "));
+        if (found.length === 0) throw new Error(`${name} gave no figure`);
         console.log(found.join("\n"));
         rows.push(...found);
     } catch (problem) {

@@ -1,9 +1,12 @@
+#include "bench/program/WindowWatch.h"
 #include "bench/support/Row.h"
 #include "tests/palomet/Desktop.h"
 #include "tests/support/PrivateSoundServer.h"
 #include "tests/support/Processes.h"
 
 #include <QCoreApplication>
+#include <QDBusConnection>
+#include <QDBusMessage>
 #include <QElapsedTimer>
 
 #include <unistd.h>
@@ -62,6 +65,16 @@ public:
         m_environment.insert(u"XDG_STATE_HOME"_s, m_desktop.home.filePath(u"state"_s));
     }
 
+    [[nodiscard]] const QByteArray &display() const { return m_desktop.display.name(); }
+
+    /// Asks the running program for its window.
+    void openWindow() {
+        auto call = QDBusMessage::createMethodCall(u"org.palomet.Palomet"_s, u"/org/palomet/Palomet"_s,
+                                                   u"org.freedesktop.Application"_s, u"Activate"_s);
+        call << QVariantMap();
+        m_bus.send(call);
+    }
+
     /// Starts the program; returns the milliseconds until its item is registered.
     double start(QProcess &process, const QString &program) {
         const auto items = m_desktop.tray.items().size();
@@ -97,6 +110,7 @@ private:
     Desktop m_desktop;
     PrivateSoundServer m_sound{PrivateSoundServer::Kind::PulseAudio};
     QProcessEnvironment m_environment;
+    QDBusConnection m_bus = m_desktop.bus.connect();
 };
 
 /// Per cent of a core, while nothing happens.
@@ -119,6 +133,70 @@ void measureStart(Machine &machine, int rounds) {
     }
     bench::print({"start to the tray item registered, p50", "a bare tray program", floor.percentile(0.5),
                   here.percentile(0.5), 3 * floor.percentile(0.5)});
+}
+
+/// How long from the request to a window with something in it, the first time and from then on.
+struct Appearance {
+    bench::Sample first;
+    bench::Sample again;
+
+    void add(double milliseconds, bool isFirst) { (isFirst ? first : again).add(milliseconds); }
+};
+
+template <typename Toggle>
+void show(bench::WindowWatch &watch, Appearance &appearance, int times, Toggle toggle) {
+    for (int time = 0; time < times; ++time) {
+        QElapsedTimer timer;
+        timer.start();
+        toggle(true);
+        require(watch.awaitShown(), "no window");
+        appearance.add(milliseconds(timer), time == 0);
+        if (time + 1 < times) {
+            eventually([] { return false; }, 200ms);
+            toggle(false);
+            require(watch.awaitHidden(), "the window stays");
+            eventually([] { return false; }, 200ms);
+        }
+    }
+}
+
+void measureWindow(Machine &machine, int rounds) {
+    constexpr int times = 5;
+    Appearance bareWindow;
+    Appearance window;
+    bench::Sample bareMegabytes;
+    bench::Sample wholeMegabytes;
+    bench::WindowWatch watch(machine.display());
+    for (int round = 0; round < rounds; ++round) {
+        QProcess least;
+        machine.start(least, bare);
+        show(watch, bareWindow, times, [&](bool) {
+            least.write("\n");
+            require(least.waitForBytesWritten(), "the bare program does not listen");
+        });
+        eventually([] { return false; }, 1s);
+        bareMegabytes.add(megabytes(least.processId()));
+        Machine::end(least);
+
+        QProcess program;
+        machine.start(program, whole);
+        require(eventually([&] { return machine.tell(u"--status"_s).startsWith("waiting\n"); }, 60s),
+                "it does not wait");
+        require(eventually([&] { return machine.isMicrophoneOpen(); }), "no microphone");
+        eventually([] { return false; }, 2s);
+        show(watch, window, times, [&](bool isShown) { isShown ? machine.openWindow() : watch.askToClose(); });
+        eventually([] { return false; }, 2s);
+        wholeMegabytes.add(megabytes(program.processId()));
+        Machine::end(program);
+    }
+    const auto row = [](const char *what, const bench::Sample &floor, const bench::Sample &here, double reach,
+                        const char *unit) {
+        bench::print(
+            {what, "a bare tray program's empty one", floor.percentile(0.5), here.percentile(0.5), reach, unit});
+    };
+    row("the window shown for the first time, p50", bareWindow.first, window.first, 300, "ms");
+    row("the window shown again, p50", bareWindow.again, window.again, 30, "ms");
+    row("memory (PSS), microphone and window open, p50", bareMegabytes, wholeMegabytes, 80, "MB");
 }
 
 void measureIdling(Machine &machine, std::chrono::seconds duration, int rounds) {
@@ -166,4 +244,5 @@ int main(int argc, char **argv) {
     Machine machine;
     measureStart(machine, rounds);
     measureIdling(machine, duration, rounds);
+    measureWindow(machine, std::max(1, rounds / 2));
 }

@@ -1,3 +1,4 @@
+#include "bench/support/Row.h"
 #include "model/Format.h"
 #include "tests/support/ManualScheduler.h"
 #include "tests/support/ScriptedBackend.h"
@@ -11,8 +12,6 @@
 #include <QSettings>
 #include <QTemporaryDir>
 
-#include <algorithm>
-#include <cstdio>
 #include <ctime>
 #include <random>
 
@@ -81,30 +80,19 @@ double refresh(Desk &desk, std::shared_ptr<const Snapshot> next) {
     return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - begin).count();
 }
 
-struct Spread {
-    double median;
-    double high;
-};
-
-Spread spread(std::vector<double> figures) {
-    std::ranges::sort(figures);
-    return {figures[figures.size() / 2], figures[figures.size() * 99 / 100]};
-}
-
-Spread measureRefreshes(Desk &desk, int rows, bool isChanging) {
+bench::Sample measureRefreshes(Desk &desk, int rows, bool isChanging) {
     constexpr int rounds = 200;
-    std::vector<std::shared_ptr<const Snapshot>> snapshots;
     // Made anew each time, as a decoder makes them: nothing is shared with the snapshot before.
-    std::vector<double> figures;
+    bench::Sample sample;
     desk.model.setSnapshot(snapshot("waiting", rows));
     settle();
     for (int i = 0; i < rounds; ++i)
-        figures.push_back(refresh(desk, snapshot("waiting", rows + (isChanging ? i + 1 : 0))));
-    return spread(std::move(figures));
+        sample.add(refresh(desk, snapshot("waiting", rows + (isChanging ? i + 1 : 0))));
+    return sample;
 }
 
 /// The share of a core that thirty level events a second cost, in per cent.
-double measureLevels(Desk &desk, const char *state, bool isSending) {
+double measureLevels(Desk &desk, const char *state) {
     desk.model.setSnapshot(snapshot(state, 12));
     settle();
     std::mt19937 random(1);
@@ -112,10 +100,8 @@ double measureLevels(Desk &desk, const char *state, bool isSending) {
     constexpr auto span = 10s;
     const auto begin = std::clock();
     QTimer sender;
-    QObject::connect(&sender, &QTimer::timeout, &sender, [&] {
-        if (isSending)
-            desk.backend.last("/events")->event("level", QByteArray::number(level(random)));
-    });
+    QObject::connect(&sender, &QTimer::timeout, &sender,
+                     [&] { desk.backend.last("/events")->event("level", QByteArray::number(level(random))); });
     sender.start(33ms);
     QTimer end;
     end.setSingleShot(true);
@@ -141,25 +127,23 @@ int main(int argc, char **argv) {
     while (!desk.backend.last("/events"))
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
 
-    const auto still = measureRefreshes(desk, 10, false);
-    const auto few = measureRefreshes(desk, 10, true);
-    const auto same = measureRefreshes(desk, 10'000, false);
-    const auto many = measureRefreshes(desk, 10'000, true);
-    std::printf("drawing the window, nothing changed     p50 %6.2f ms  p99 %6.2f ms\n", still.median, still.high);
-    std::printf("one row more of 10                      p50 %6.2f ms  p99 %6.2f ms\n", few.median, few.high);
-    std::printf("10,000 rows, nothing changed            p50 %6.2f ms  p99 %6.2f ms\n", same.median, same.high);
-    std::printf(
-        "one row more of 10,000                  p50 %6.2f ms  p99 %6.2f ms   over drawing %.2f ms, to reach 4\n",
-        many.median, many.high, many.median - still.median);
+    const auto still = measureRefreshes(desk, 10, false).percentile(0.5);
+    const auto printRefresh = [&](const char *what, const bench::Sample &sample, std::optional<double> reach) {
+        bench::print({what, "drawing, nothing changed", still, sample.percentile(0.5) - still, reach});
+    };
+    printRefresh("window: a refresh with one row more of 10, less drawing, p50", measureRefreshes(desk, 10, true), {});
+    printRefresh("window: a refresh of 10,000 rows, nothing changed, less drawing, p50",
+                 measureRefreshes(desk, 10'000, false), {});
+    printRefresh("window: a refresh with one row more of 10,000, less drawing, p50",
+                 measureRefreshes(desk, 10'000, true), 4);
 
-    const auto idle = measureLevels(desk, "hearing", false);
-    const auto shown = measureLevels(desk, "hearing", true);
-    const auto unmoved = measureLevels(desk, "waiting", true);
+    const auto shown = measureLevels(desk, "hearing");
+    const auto unmoved = measureLevels(desk, "waiting");
     desk.window->hide();
-    const auto hidden = measureLevels(desk, "hearing", true);
-    std::printf("no events, window shown                 %5.2f %% of a core\n", idle);
-    std::printf("30 levels a second, waiting             %5.2f %%   (sender, stream and parser)\n", unmoved);
-    std::printf("30 levels a second, hearing             %5.2f %%   to reach 8\n", shown);
-    std::printf("30 levels a second, window hidden       %5.2f %%   to reach that of the stream alone\n", hidden);
+    const auto hidden = measureLevels(desk, "hearing");
+    const std::string floor = "the same while nothing shows them";
+    bench::print({"window: 30 levels a second on the now pane", floor, unmoved, shown, 8, "% of a core"});
+    // The stream and its parser remain.
+    bench::print({"window: 30 levels a second, window hidden", floor, unmoved, hidden, 1.1 * unmoved, "% of a core"});
     return 0;
 }

@@ -1,8 +1,7 @@
 #include "app/KeyBindings.h"
 #include "model/PalometModel.h"
-#include "platform/x11/X11Connection.h"
-#include "platform/x11/X11HotKeyGrabber.h"
 #include "tests/palomet/BackendAtItsPort.h"
+#include "tests/palomet/OtherProgram.h"
 #include "tests/palomet/ProgramTest.h"
 #include "tests/support/FakeKeyboard.h"
 #include "tests/support/FakeMicrophonePermission.h"
@@ -14,6 +13,7 @@ using namespace palomet;
 using namespace Qt::StringLiterals;
 using test::eventually;
 using test::FakeKeyboard;
+using test::OtherProgram;
 
 namespace {
 
@@ -21,29 +21,6 @@ constexpr quint32 option = 0x800;
 constexpr quint32 space = 49;
 constexpr quint8 capsLock = 0x02;
 constexpr quint8 numLock = 0x10;
-
-/// Another program on the same display, which wants keys too.
-class OtherProgram {
-public:
-    explicit OtherProgram(const test::PrivateDisplay &display)
-        : m_connection(X11Connection::open(display.name())) {}
-
-    /// Whether it was granted; it then holds the key.
-    [[nodiscard]] bool take(quint32 keyCode, quint32 modifiers) { return m_grabber.grab(1, keyCode, modifiers); }
-    /// Whether nobody holds the key.
-    [[nodiscard]] bool isFree(quint32 keyCode, quint32 modifiers) {
-        const bool isTaken = take(keyCode, modifiers);
-        m_grabber.release(1);
-        return isTaken;
-    }
-    [[nodiscard]] bool isFreeInTheEnd(quint32 keyCode, quint32 modifiers) {
-        return eventually([&] { return isFree(keyCode, modifiers); });
-    }
-
-private:
-    std::unique_ptr<X11Connection> m_connection;
-    X11HotKeyGrabber m_grabber{*m_connection};
-};
 
 /// The program under an X server with a window manager.
 class HotKeyTest : public test::ProgramTest {

@@ -125,6 +125,11 @@ void ScriptedBackend::comeUp() {
     m_port = m_server.serverPort();
 }
 
+void ScriptedBackend::fallDeaf() {
+    m_server.pauseAccepting();
+    dropConnections();
+}
+
 void ScriptedBackend::accept() {
     while (auto *socket = m_server.nextPendingConnection()) {
         ++m_connectionCount;

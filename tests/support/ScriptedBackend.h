@@ -96,6 +96,8 @@ public:
     /// Ends every connection and refuses new ones, until `comeUp` on the same port.
     void goDown();
     void comeUp();
+    /// Ends every connection and takes no new one, while the system grants them in its name; until `goDown`.
+    void fallDeaf();
 
 private:
     void accept();

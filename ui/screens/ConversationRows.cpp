@@ -31,10 +31,16 @@ QString duration(const Snapshot::Row &row) {
 
 } // namespace
 
-void ConversationRows::show(const Snapshot *snapshot) {
-    auto rows = snapshot ? snapshot->conversation.rows : std::vector<Snapshot::Row>();
-    std::stable_partition(rows.begin(), rows.end(), [](const auto &row) { return !row.isOpen.value_or(false); });
-    assign(std::move(rows));
+void ConversationRows::show(const std::shared_ptr<const Snapshot> &snapshot) {
+    if (!snapshot)
+        return assign(List());
+    const auto &rows = snapshot->conversation.rows;
+    const auto isDone = [](const auto &row) { return !row.isOpen.value_or(false); };
+    if (std::is_partitioned(rows.begin(), rows.end(), isDone))
+        return assign(std::shared_ptr<const List>(snapshot, &rows));
+    auto sorted = rows;
+    std::stable_partition(sorted.begin(), sorted.end(), isDone);
+    assign(std::move(sorted));
 }
 
 QVariant ConversationRows::data(const QModelIndex &index, int role) const {

@@ -13,7 +13,7 @@ public:
     enum Role { Kind = Qt::UserRole, Label, Words, Clock, Duration };
 
     /// Null: no conversation.
-    void show(const Snapshot *snapshot);
+    void show(const std::shared_ptr<const Snapshot> &snapshot);
 
     [[nodiscard]] QVariant data(const QModelIndex &index, int role) const override;
     [[nodiscard]] QHash<int, QByteArray> roleNames() const override;

@@ -57,7 +57,7 @@ void NowScreen::send() {
 
 void NowScreen::updateAll() {
     updateShown();
-    m_rows.show(snapshot());
+    m_rows.show(model().snapshot());
     m_draftRows.show(snapshot());
     updateHeard();
     Q_EMIT levelChanged();

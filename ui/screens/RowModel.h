@@ -4,66 +4,88 @@
 
 #include <QAbstractListModel>
 
-#include <ranges>
+#include <memory>
+#include <utility>
 #include <vector>
 
 namespace palomet {
 
 /// A list of values as views take it. `assign` announces only what changed, so that a view keeps its place and touches
-/// only the rows that are others now. Rows need no identity of their own: two may be alike. Main thread only.
+/// only the rows that are others now. Rows need no identity of their own: two may be alike. A list is kept as it was
+/// given and never copied, however long it is. Main thread only.
 template <typename Row>
 class RowModel : public QAbstractListModel {
 public:
+    using List = std::vector<Row>;
+
     using QAbstractListModel::QAbstractListModel;
 
     [[nodiscard]] int rowCount(const QModelIndex &parent = {}) const override {
-        return parent.isValid() ? 0 : static_cast<int>(m_rows.size());
+        return parent.isValid() ? 0 : static_cast<int>(m_kept + rows().size() - m_given);
     }
 
-    [[nodiscard]] const std::vector<Row> &rows() const { return m_rows; }
+    [[nodiscard]] const List &rows() const { return *m_rows; }
 
-    void assign(std::vector<Row> rows) {
-        const auto changes = RowChange::between(m_rows, rows);
+    /// The list does not change any more.
+    void assign(std::shared_ptr<const List> rows) {
+        const auto changes = RowChange::between(*m_rows, *rows);
+        m_before = std::exchange(m_rows, std::move(rows));
+        m_kept = m_before->size();
+        m_given = m_rows->size();
         // From the end, so that the places before it hold.
-        for (const auto &change : std::views::reverse(changes))
-            apply(change, rows);
+        for (auto change = changes.rbegin(); change != changes.rend(); ++change)
+            apply(*change);
+        m_kept = 0;
+        m_given = 0;
+        m_before.reset();
     }
+    void assign(List rows) { assign(std::make_shared<const List>(std::move(rows))); }
 
     /// What is derived from the rows and something else became another.
     void touch(const QList<int> &roles) {
-        if (!m_rows.empty())
+        if (!m_rows->empty())
             Q_EMIT dataChanged(index(0), index(rowCount() - 1), roles);
     }
 
 protected:
     [[nodiscard]] const Row &row(const QModelIndex &index) const {
-        return m_rows.at(static_cast<std::size_t>(index.row()));
+        const auto at = static_cast<std::size_t>(index.row());
+        return at < m_kept ? m_before->at(at) : m_rows->at(m_given + at - m_kept);
     }
 
 private:
-    void apply(const RowChange &change, std::vector<Row> &rows) {
+    void apply(const RowChange &change) {
         const auto changed = change.changed();
         const auto first = static_cast<int>(change.before);
         const auto end = static_cast<int>(change.before + changed);
-        const auto source = rows.begin() + change.after;
-        if (changed > 0) {
-            std::move(source, source + changed, m_rows.begin() + first);
-            Q_EMIT dataChanged(index(first), index(end - 1));
-        }
         if (change.removed > changed) {
+            divide(change.before + change.removed, change.after + change.inserted);
             beginRemoveRows({}, end, static_cast<int>(change.before + change.removed) - 1);
-            m_rows.erase(m_rows.begin() + end, m_rows.begin() + change.before + change.removed);
+            divide(change.before + changed, change.after + change.inserted);
             endRemoveRows();
         }
         if (change.inserted > changed) {
+            divide(change.before + change.removed, change.after + change.inserted);
             beginInsertRows({}, end, static_cast<int>(change.before + change.inserted) - 1);
-            m_rows.insert(m_rows.begin() + end, std::make_move_iterator(source + changed),
-                          std::make_move_iterator(source + change.inserted));
+            divide(change.before + change.removed, change.after + changed);
             endInsertRows();
+        }
+        if (changed > 0) {
+            divide(change.before, change.after);
+            Q_EMIT dataChanged(index(first), index(end - 1));
         }
     }
 
-    std::vector<Row> m_rows;
+    /// So many rows are still those of the list before, and of the new list those from there on are shown.
+    void divide(qsizetype kept, qsizetype given) {
+        m_kept = static_cast<std::size_t>(kept);
+        m_given = static_cast<std::size_t>(given);
+    }
+
+    std::shared_ptr<const List> m_rows = std::make_shared<const List>();
+    std::shared_ptr<const List> m_before; ///< Only while changes are announced.
+    std::size_t m_kept = 0;
+    std::size_t m_given = 0;
 };
 
 } // namespace palomet

@@ -16,10 +16,10 @@ Snapshot heard(std::initializer_list<Snapshot::Heard> entries) {
     return snapshot;
 }
 
-Snapshot turns(std::initializer_list<Snapshot::Row> rows) {
+std::shared_ptr<const Snapshot> turns(std::vector<Snapshot::Row> rows) {
     Snapshot snapshot;
-    snapshot.conversation.rows = rows;
-    return snapshot;
+    snapshot.conversation.rows = std::move(rows);
+    return std::make_shared<const Snapshot>(std::move(snapshot));
 }
 
 constexpr double now = 1'800'000'000'000;
@@ -85,7 +85,7 @@ TEST(ConversationRows, AreLabelledYouToolAndPalometForEverybodyElse) {
                {.role = QStringLiteral("User"), .text = {}, .at = 0, .durationMs = {}, .isOpen = {}},
                {.role = QString(), .text = {}, .at = 0, .durationMs = {}, .isOpen = {}}});
     ConversationRows rows;
-    rows.show(&snapshot);
+    rows.show(snapshot);
     EXPECT_EQ(shown(rows, 0, ConversationRows::Label), QStringLiteral("You"));
     EXPECT_EQ(shown(rows, 1, ConversationRows::Label), QStringLiteral("Tool"));
     for (int row = 2; row < 5; ++row) {
@@ -104,7 +104,7 @@ TEST(ConversationRows, PutTheOpenOneLastAndSayThatItRuns) {
          {.role = QStringLiteral("user"), .text = QStringLiteral("a"), .at = 0, .durationMs = 2'500, .isOpen = {}},
          {.role = QStringLiteral("tool"), .text = QStringLiteral("b"), .at = 0, .durationMs = {}, .isOpen = false}});
     ConversationRows rows;
-    rows.show(&snapshot);
+    rows.show(snapshot);
     EXPECT_EQ(shown(rows, 0, ConversationRows::Words), QStringLiteral("a"));
     EXPECT_EQ(shown(rows, 0, ConversationRows::Duration), QStringLiteral("2.5 s"));
     EXPECT_EQ(shown(rows, 1, ConversationRows::Duration), QString());
@@ -116,9 +116,16 @@ TEST(ConversationRows, ShowTimesOf1970AndOfTheYear3000) {
     const auto snapshot = turns({{.role = {}, .text = {}, .at = 0, .durationMs = {}, .isOpen = {}},
                                  {.role = {}, .text = {}, .at = 32'503'680'060'000, .durationMs = {}, .isOpen = {}}});
     ConversationRows rows;
-    rows.show(&snapshot);
+    rows.show(snapshot);
     EXPECT_EQ(shown(rows, 0, ConversationRows::Clock), QStringLiteral("00:00"));
     EXPECT_EQ(shown(rows, 1, ConversationRows::Clock), QStringLiteral("00:01"));
+}
+
+TEST(ConversationRows, AreNotCopiedHoweverMany) {
+    const auto snapshot = turns(std::vector<Snapshot::Row>(250'000));
+    ConversationRows rows;
+    rows.show(snapshot);
+    EXPECT_EQ(&rows.rows(), &snapshot->conversation.rows);
 }
 
 TEST(DraftRows, ShowEveryEntryAlsoThoseOfTheSameTime) {

@@ -54,7 +54,9 @@ void KeyBindings::setStopNeeded(bool isStopNeeded) {
 }
 
 void KeyBindings::registerShortcuts() {
-    auto &[model, hotKeys, shortcuts, layout, showInMenu] = m_parts;
+    auto &model = m_parts.model;
+    auto &hotKeys = m_parts.hotKeys;
+    auto &shortcuts = m_parts.shortcuts;
     hotKeys.unregisterHotKey(listenId);
     hotKeys.unregisterHotKey(stopId);
     model.setHotKeyProblem(std::nullopt);
@@ -75,7 +77,7 @@ void KeyBindings::registerShortcuts() {
     if (!shortcuts.isPaused() && m_isStopNeeded && stop)
         hotKeys.registerHotKey(stopId, stop->keyCode, stop->carbonModifiers(), [&model] { model.stop(); });
 
-    showInMenu(keySequence(listen, layout), keySequence(stop, layout));
+    m_parts.showInMenu(keySequence(listen, m_parts.layout), keySequence(stop, m_parts.layout));
 }
 
 void KeyBindings::reportRefusal(quint32 id) {

@@ -10,7 +10,7 @@ namespace {
 /// Tap of the ideal filter at `position` samples from its centre, cut by the window.
 double tap(double position) {
     constexpr double shape = 5.65; // 60 dB.
-    constexpr double reach = Interpolator::taps / 2;
+    constexpr double reach = Interpolator::taps / 2.0;
     const double inside = 1 - position * position / (reach * reach);
     if (inside <= 0)
         return 0;

@@ -18,7 +18,7 @@
 /// `maximumNesting`, more than `maximumDocumentSize` bytes. The failure's reason says which, or names the field.
 namespace palomet {
 
-inline constexpr qsizetype maximumDocumentSize = 64 * 1024 * 1024;
+inline constexpr qsizetype maximumDocumentSize = qsizetype{64} * 1024 * 1024;
 inline constexpr int maximumNesting = 512;
 
 Result<Snapshot> decodeSnapshot(QByteArrayView json);

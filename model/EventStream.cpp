@@ -9,9 +9,9 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr auto reopenDelay = 1s;
-constexpr qint64 bufferSize = 64 * 1024;
+constexpr qint64 bufferSize = qint64{64} * 1024;
 /// What is read before the event loop gets its turn: some hundreds of events.
-constexpr qint64 pieceSize = 16 * 1024;
+constexpr qint64 pieceSize = qint64{16} * 1024;
 
 } // namespace
 

@@ -14,7 +14,7 @@ namespace palomet {
 class EventStreamParser {
 public:
     /// A longer line is dropped whole, and the stream goes on after it.
-    static constexpr qsizetype maximumLineLength = 1024 * 1024;
+    static constexpr qsizetype maximumLineLength = qsizetype{1024} * 1024;
 
     /// Takes an event's name and data. The views end with the call.
     using Sink = std::function<void(QByteArrayView name, QByteArrayView data)>;

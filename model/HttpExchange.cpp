@@ -7,7 +7,7 @@ namespace palomet {
 namespace {
 
 /// Small enough that a reply nobody wants is noticed early, large enough that a document comes in few pieces.
-constexpr qint64 readBufferSize = 1024 * 1024;
+constexpr qint64 readBufferSize = qint64{1024} * 1024;
 
 /// Whether a reply came as a whole; a status that speaks of an error is not looked at.
 bool isWhole(const QNetworkReply &reply) {

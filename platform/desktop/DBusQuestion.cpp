@@ -4,10 +4,10 @@
 
 namespace palomet {
 
-DBusQuestion::DBusQuestion(const QDBusConnection &bus, QDBusMessage call,
+DBusQuestion::DBusQuestion(const QDBusConnection &bus, const QDBusMessage &call,
                            std::function<void(const QDBusMessage &)> answered)
     : m_bus(bus)
-    , m_call(std::move(call))
+    , m_call(call)
     , m_answered(std::move(answered)) {}
 
 void DBusQuestion::ask() {

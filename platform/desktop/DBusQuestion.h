@@ -13,7 +13,8 @@ namespace palomet {
 class DBusQuestion {
 public:
     /// `answered` gets the reply, or the error, from the event loop; without a bus that is an error too.
-    DBusQuestion(const QDBusConnection &bus, QDBusMessage call, std::function<void(const QDBusMessage &)> answered);
+    DBusQuestion(const QDBusConnection &bus, const QDBusMessage &call,
+                 std::function<void(const QDBusMessage &)> answered);
 
     void ask();
 

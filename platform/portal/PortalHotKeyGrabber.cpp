@@ -183,7 +183,7 @@ QString PortalHotKeyGrabber::expectResponse() {
     if (!m_request.isEmpty())
         m_bus.disconnect({}, m_request, requestInterface, QStringLiteral("Response"), this,
                          SLOT(responded(uint, QVariantMap, QDBusMessage)));
-    const auto token = QStringLiteral("palomet%1").arg(++m_tokens);
+    auto token = QStringLiteral("palomet%1").arg(++m_tokens);
     const auto sender = m_bus.baseService().mid(1).replace(u'.', u'_');
     m_request = QStringLiteral("/org/freedesktop/portal/desktop/request/%1/%2").arg(sender, token);
     m_bus.connect({}, m_request, requestInterface, QStringLiteral("Response"), this,

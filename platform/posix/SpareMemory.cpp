@@ -19,7 +19,7 @@ namespace {
 
 constexpr int mebibyte = 1024 * 1024;
 /// Less is not worth the looking.
-constexpr std::size_t worthwhile = 4 * mebibyte;
+constexpr std::size_t worthwhile = std::size_t{4} * mebibyte;
 
 #ifdef __GLIBC__
 void keepNoLargeBlocks() {

@@ -55,8 +55,8 @@ X11Modifiers X11Modifiers::read(const X11Connection &connection) {
                                  static_cast<std::size_t>(xcb_get_modifier_mapping_keycodes_length(reply.get())));
         const auto find = [&](std::initializer_list<quint32> keysyms) -> quint16 {
             for (int modifier = 3; modifier < modifierCount; ++modifier) { // Shift, Lock and Control are fixed.
-                for (int i = 0; i < reply->keycodes_per_modifier; ++i) {
-                    const auto at = static_cast<std::size_t>(modifier * reply->keycodes_per_modifier + i);
+                for (std::size_t i = 0; i < reply->keycodes_per_modifier; ++i) {
+                    const auto at = static_cast<std::size_t>(modifier) * reply->keycodes_per_modifier + i;
                     if (at < keycodes.size() && keycodes[at] != 0 && mapping.types(keycodes[at], keysyms))
                         return static_cast<quint16>(1U << static_cast<unsigned>(modifier));
                 }

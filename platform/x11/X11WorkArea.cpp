@@ -116,6 +116,7 @@ QRect X11WorkArea::usable(const QRect &screen) const {
         xcb_get_property_cookie_t whole;
     };
     std::vector<Question> questions;
+    questions.reserve(windows.size());
     for (const auto window : windows)
         questions.push_back({ask(connection, window, partial), ask(connection, window, whole)});
 

@@ -59,6 +59,7 @@ ListeningScreen::ListeningScreen(PalometModel &model, Shortcuts &shortcuts, cons
     m_summon.offer(secondsChoices(summons));
     m_echoGuard.offer(secondsChoices(echoGuards));
     std::vector<Choice> ages;
+    ages.reserve(draftAges.size());
     for (const int age : draftAges)
         ages.push_back({idOf(age * minuteMs), minutes(age * minuteMs)});
     m_draftAge.offer(std::move(ages));

@@ -29,6 +29,7 @@ QString speedId(double speed) {
 VoiceScreen::VoiceScreen(PalometModel &model)
     : Screen(model) {
     std::vector<Choice> choices;
+    choices.reserve(speeds.size());
     for (const double speed : speeds)
         choices.push_back({speedId(speed), Format::speed(speed)});
     m_speed.offer(std::move(choices));

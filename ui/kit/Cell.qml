@@ -19,12 +19,11 @@ Item {
     Accessible.role: Accessible.StaticText
     Accessible.name: note ? `${label}: ${spoken}. ${note}` : `${label}: ${spoken}`
 
-    Rectangle {
+    HairLine {
         x: root.width
-        width: 1 / Math.max(1, Screen.devicePixelRatio)
         height: root.height
+        isUpright: true
         visible: !root.isLast
-        color: Zen.gray3
     }
     Column {
         id: words

@@ -1,14 +1,26 @@
 import QtQuick
 
-// One pixel of the screen, whatever its scale, in a line one point high.
+// One pixel of the screen, whatever its scale, in a line one point thick.
 Item {
-    property color color: Zen.gray3
+    id: root
 
+    property color color: Zen.gray3
+    property bool isUpright: false
+    // Its thickness in points.
+    readonly property real thickness: 1 / Math.max(1, Screen.devicePixelRatio)
+
+    implicitWidth: 1
     implicitHeight: 1
 
+    // Made thin by a transformation: a rectangle that ends between two points is drawn up to the next one, and that is
+    // a pixel or two of the screen, as it falls.
     Rectangle {
-        width: parent.width
-        height: 1 / Math.max(1, Screen.devicePixelRatio)
-        color: parent.color
+        width: root.isUpright ? 1 : root.width
+        height: root.isUpright ? root.height : 1
+        color: root.color
+        transform: Scale {
+            xScale: root.isUpright ? root.thickness : 1
+            yScale: root.isUpright ? 1 : root.thickness
+        }
     }
 }

@@ -14,11 +14,10 @@ Rectangle {
         width: Zen.sidebar
         height: parent.height
     }
-    Rectangle {
-        x: Zen.sidebar - width
-        width: 1 / Math.max(1, Screen.devicePixelRatio)
+    HairLine {
+        x: Zen.sidebar - thickness
         height: parent.height
-        color: Zen.gray3
+        isUpright: true
     }
     Item {
         id: page

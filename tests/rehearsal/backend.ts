@@ -13,6 +13,8 @@ export interface Heard {
 
 export interface State {
     state: string;
+    isMuted: boolean;
+    isMicDead: boolean;
     device: string;
     conversation: { rows: { role: string; text: string }[] };
     heard?: Heard[];
@@ -59,7 +61,7 @@ export class Watcher {
 
     /** Waits until the loop is in a state that it entered after `since` states were counted. */
     async reach(wanted: string, since = 0, limitMs = 20_000): Promise<void> {
-        await until(`the state "${wanted}" (passed through: ${this.states.slice(since).join(", ")})`,
+        await until(() => `the state "${wanted}" (passed through: ${this.states.slice(since).join(", ")})`,
             () => this.states.slice(since).includes(wanted), limitMs);
     }
 

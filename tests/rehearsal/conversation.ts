@@ -3,6 +3,7 @@
 import type { Heard, State } from "./backend";
 import { until } from "./process";
 import { check, type Stage, step } from "./stage";
+import type { Strip } from "./strip";
 
 /** An interruption must be over so soon after its first sound, in milliseconds. */
 const silentWithin = 300;
@@ -26,7 +27,7 @@ async function say({ watcher, sound }: Stage, text: string): Promise<Heard> {
 }
 
 /** What it has answered, once it has said all of it. */
-async function answerTo({ watcher }: Stage, since: number): Promise<string> {
+export async function answerTo({ watcher }: Stage, since: number): Promise<string> {
     await watcher.reach("speaking", since);
     await watcher.reach("waiting", watcher.after("speaking", since), 60_000);
     return (await watcher.state())?.conversation.rows.at(-1)?.text ?? "";
@@ -88,8 +89,8 @@ export async function talkOver(stage: Stage): Promise<void> {
     check(median <= silentWithin, `it was silent only after ${took.join(", ")} ms`);
 }
 
-/** Sentences are taken down, and carried out by the phrase. */
-export async function draft(stage: Stage): Promise<void> {
+/** Sentences are taken down, shown, and carried out by the phrase. */
+export async function draft(stage: Stage, strip: Strip): Promise<void> {
     const { watcher } = stage;
     await watcher.post("settings", { isDraftOn: true });
     for (const text of ["Palomet, what time is it?", "What day is it today?"]) {
@@ -98,6 +99,7 @@ export async function draft(stage: Stage): Promise<void> {
     }
     const entries = ((await watcher.state()) as State).draft?.map(({ text }) => text) ?? [];
     check(entries.length === 2, `the draft is ${JSON.stringify(entries)}`);
+    const line = await strip.photograph("drafting", { line: /^2 / });
     const since = watcher.states.length;
     const phrase = await say(stage, "Go ahead.");
     check(phrase.action === "acted", `the phrase was ${JSON.stringify(phrase)}`);
@@ -105,6 +107,6 @@ export async function draft(stage: Stage): Promise<void> {
     check(/^It is .* Today is /.test(answer), `the draft was answered "${answer}"`);
     check(((await watcher.state())?.draft ?? []).length === 0, "the draft is not empty");
     await watcher.post("settings", { isDraftOn: false });
-    step(`Drafted "${entries.join('", "')}"; on "${phrase.text}" it says "${answer}"`);
+    step(`Drafted "${entries.join('", "')}" (the strip says "${line}"); on "${phrase.text}" it says "${answer}"`);
     await watcher.settle();
 }

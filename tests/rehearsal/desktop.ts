@@ -22,9 +22,11 @@ const panelSettings = `<?xml version="1.0" encoding="UTF-8"?>
 </channel>
 `;
 
-// A window manager that keeps no key to itself: Alt+Space is ours.
+// A window manager that keeps but one key to itself: Alt+Space is ours.
 const windowManagerSettings = `<?xml version="1.0" encoding="UTF-8"?>
-<openbox_config xmlns="http://openbox.org/3.4/rc"><keyboard/></openbox_config>
+<openbox_config xmlns="http://openbox.org/3.4/rc">
+  <keyboard><keybind key="A-F4"><action name="Close"/></keybind></keyboard>
+</openbox_config>
 `;
 
 /** Starts all of it and gives the environment in which a user's programs run there. */
@@ -57,7 +59,7 @@ export async function startDesktop(folder: string, runtimeFolder: string): Promi
         if (process.env[name] !== undefined) environment[name] = process.env[name];
     }
     const xServer = startPiped(
-        ["Xvfb", "-displayfd", "1", "-noreset", "-nolisten", "tcp", "-screen", "0", "1280x800x24"],
+        ["Xvfb", "-displayfd", "1", "-noreset", "-nolisten", "tcp", "-screen", "0", "1440x900x24"],
         environment,
         join(folder, "x-server.log"),
     );

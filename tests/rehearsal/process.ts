@@ -60,7 +60,7 @@ export async function endAll(): Promise<void> {
 
 /** Looks again and again until something holds, and gives it; throws after the limit. */
 export async function until<T>(
-    what: string,
+    what: string | (() => string),
     look: () => T | undefined | false | null | Promise<T | undefined | false | null>,
     limitMs = 20_000,
 ): Promise<T> {
@@ -68,7 +68,7 @@ export async function until<T>(
     for (;;) {
         const found = await look();
         if (found) return found;
-        if (performance.now() > deadline) throw new Error(`waited ${limitMs / 1000} s in vain for ${what}`);
+        if (performance.now() > deadline) throw new Error(`waited ${limitMs / 1000} s in vain for ${typeof what === "string" ? what : what()}`);
         await Bun.sleep(50);
     }
 }

@@ -3,9 +3,13 @@
 
 import { readFileSync } from "node:fs";
 import { ask, changeSettings, draft, talkOver } from "./conversation";
+import { listenKey } from "./keys";
 import { run, until } from "./process";
 import type { Path } from "./sound";
 import { check, perform, program, type Stage, step, words } from "./stage";
+import { loseBackend, loseMicrophone, mute, think } from "./states";
+import { Strip } from "./strip";
+import { changeSwitch, closeWindow, openWindow, showPanes, typeRequest } from "./window";
 
 const soundServerKills = Number(process.env.PALOMET_SOUND_SERVER_KILLS ?? 10);
 
@@ -15,14 +19,24 @@ const desk: Path[] = [{ delayMs: 40, volumePercent: 45 }];
 await perform("rehearsal", async (stage) => {
     await name(stage);
     await changeSettings(stage);
-    await hear(stage);
+    await openWindow(stage);
+    await typeRequest(stage);
+    await showPanes(stage);
+    await changeSwitch(stage);
+    await closeWindow(stage);
+    const strip = await Strip.beside(stage);
+    await hear(stage, strip);
     await ask(stage);
     await talkOver(stage);
-    await draft(stage);
+    await draft(stage, strip);
     await command(stage);
-    await shortcut(stage);
+    await listenKey(stage, strip);
     await answer(stage);
     await stop(stage);
+    await think(stage, strip);
+    await mute(stage, strip);
+    await loseBackend(stage, strip);
+    await loseMicrophone(stage, strip);
     await storm(stage);
     await quit(stage);
 }, desk);
@@ -37,15 +51,18 @@ async function name({ tray }: Stage): Promise<void> {
 }
 
 /** Somebody speaks, and it hears that. */
-async function hear({ watcher, sound }: Stage): Promise<void> {
+async function hear({ watcher, sound }: Stage, strip: Strip): Promise<void> {
     const since = watcher.states.length;
     let loudest = 0;
+    let isShown = false;
     const listening = setInterval(() => (loudest = Math.max(loudest, watcher.level)), 20);
-    await sound.speak("There is somebody in this room.");
+    const shown = strip.photograph("hearing").finally(() => (isShown = true));
+    do await sound.speak("There is somebody in this room, and nobody else is here."); while (!isShown);
+    const line = await shown;
     await watcher.reach("hearing", since);
     clearInterval(listening);
     check(loudest > 0.01, `the microphone's level never rose (${loudest})`);
-    step(`It hears a voice: level ${loudest.toFixed(2)}, state "hearing"`);
+    step(`It hears a voice: level ${loudest.toFixed(2)}, state "hearing", and the strip says "${line}"`);
     await watcher.settle();
 }
 
@@ -55,16 +72,6 @@ async function command({ environment }: Stage): Promise<void> {
     const status = (await run([program, "--status"], environment)).split("\n");
     check(status[0] === "waiting" && status[1] === "Microphone", `--status says ${status.join(", ")}`);
     step(`palomet --status says "${status[0]}" (${Math.round(performance.now() - from)} ms)`);
-}
-
-/** The listen key works from anywhere; Stop ends the listening. */
-async function shortcut({ watcher, environment }: Stage): Promise<void> {
-    const since = watcher.states.length;
-    await run(["xdotool", "key", "alt+space"], environment);
-    await watcher.reach("listening", since);
-    await run([program, "--stop"], environment);
-    await watcher.reach("waiting", watcher.after("listening", since));
-    step("Alt+Space makes it listen, palomet --stop ends that");
 }
 
 /** A typed request is answered aloud, to the end. */

@@ -140,10 +140,15 @@ export class SoundDesk {
         void this.#record("mouth", this.mouth);
     }
 
-    /** The server dies without a word, as servers do, and another takes its place. */
-    async restart(): Promise<void> {
+    /** The server dies without a word, as servers do. */
+    async stop(): Promise<void> {
         this.#server?.kill("SIGKILL");
         await this.#server?.exited;
+    }
+
+    /** Another takes its place. */
+    async restart(): Promise<void> {
+        await this.stop();
         await this.start();
     }
 

@@ -4,9 +4,11 @@
 import { existsSync, mkdirSync, mkdtempSync, readFileSync, rmSync } from "node:fs";
 import { loadavg, tmpdir } from "node:os";
 import { join, resolve } from "node:path";
+import { AccessibleTree } from "./accessible";
 import { Watcher } from "./backend";
 import { startDesktop, TrayItem } from "./desktop";
 import { endAll, type Environment, start, until } from "./process";
+import { Screen } from "./screen";
 import { type Path, SoundDesk } from "./sound";
 
 const root = resolve(import.meta.dir, "../..");
@@ -28,8 +30,12 @@ export interface Stage {
     watcher: Watcher;
     palomet: ReturnType<typeof start>;
     tray: TrayItem;
+    screen: Screen;
+    tree: AccessibleTree;
     /** The program's log. */
     log: string;
+    /** Where recordings, pictures and logs are kept. */
+    folder: string;
 }
 
 /** Builds the stage, lets it happen, clears up, and ends with 0 only if all of it happened. */
@@ -54,6 +60,8 @@ async function onStage(folder: string, play: (stage: Stage) => Promise<void>, pa
     const runtimeFolder = mkdtempSync(join(tmpdir(), "palomet-"));
 
     const environment = await startDesktop(folder, runtimeFolder);
+    const screen = new Screen(environment, folder);
+    const tree = await AccessibleTree.open(environment);
     step("A desktop with a tray is there");
     const sound = new SoundDesk(environment, folder, paths);
     await sound.start();
@@ -69,7 +77,7 @@ async function onStage(folder: string, play: (stage: Stage) => Promise<void>, pa
         await watcher.reach("waiting");
         step("The backend answers and waits");
         await until("the microphone", async () => (await watcher.state())?.device === "Microphone");
-        await play({ environment, sound, watcher, palomet, tray, log });
+        await play({ environment, sound, watcher, palomet, tray, screen, tree, log, folder });
     } finally {
         await Bun.write(join(folder, "state.json"), JSON.stringify({ ...(await watcher.state()), story: watcher.story }, undefined, 1));
         watcher.end();

@@ -17,6 +17,8 @@ const QString absent = QStringLiteral("\u2014");
 
 /// The version first: a path that is too long is cut in its middle.
 QString claudeTitle(const Options::ClaudePath &claude) {
+    if (claude.path.isEmpty() && claude.version.isEmpty())
+        return absent;
     return claude.version + QStringLiteral(" \u00B7 ") + claude.path;
 }
 

@@ -80,6 +80,15 @@ TEST_F(BrainScreenTest, ShowsTheExecutableInUseWhileTheBackendChooses) {
     EXPECT_EQ(screen->claude()->selected(), QString());
 }
 
+TEST_F(BrainScreenTest, ShowsADashWhileTheBackendUsesNoExecutable) {
+    setFull([](Snapshot &snapshot) {
+        snapshot.settings.claudePath.reset();
+        snapshot.session.claudePath.clear();
+        snapshot.session.claudeVersion.clear();
+    });
+    EXPECT_EQ(screen->claude()->value(), QStringLiteral("—"));
+}
+
 TEST_F(BrainScreenTest, ShowsDashesWithoutASnapshot) {
     offer();
     EXPECT_EQ(screen->brainModel()->value(), QStringLiteral("—"));

@@ -36,6 +36,23 @@ protected:
 
 } // namespace
 
+TEST_F(WindowInUseTest, IsOnTheScreenWithAllOfItsFrame) {
+    open("now");
+    QByteArray about;
+    const auto number = [&about](const char *name) {
+        const auto line = about.indexOf(name);
+        const auto rest = about.mid(line + static_cast<qsizetype>(qstrlen(name)));
+        return line < 0 ? -1 : rest.trimmed().split('\n').first().toInt();
+    };
+    EXPECT_TRUE(eventually([&] {
+        about = desktop.display.run(u"xwininfo"_s, {u"-name"_s, u"Palomet"_s});
+        const auto frame = number("Relative upper-left Y:");
+        const auto top = number("Absolute upper-left Y:");
+        // Some of the frame is below it, too.
+        return frame > 0 && top >= frame && top + number("Height:") < 800;
+    })) << about.toStdString();
+}
+
 TEST_F(WindowInUseTest, SendsATypedRequest) {
     open("now");
     focus(node("text", u"Type a request instead"_s));

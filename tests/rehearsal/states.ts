@@ -23,7 +23,7 @@ export async function think(stage: Stage, strip: Strip): Promise<void> {
     await stopKey(stage, strip, "thinking");
     const since = await ask("What is in my notes?");
     await strip.photograph("thinking", { line: /notes\.txt/ });
-    await thinker.answer("You wanted to call the carpenter about the window, and the window about the carpenter, and then to have a long cup of tea.");
+    await thinker.answer("You wanted to call the carpenter about the window, and the window about the carpenter, and then to have a long cup of tea. Nobody knows when.");
     await watcher.reach("speaking", since);
     const spoken = await strip.photograph("speaking", { line: /^You wanted/ });
     await stopKey(stage, strip, "speaking");

@@ -7,6 +7,8 @@
 #include <QScreen>
 #include <QSettings>
 
+#include <utility>
+
 namespace palomet {
 
 namespace {
@@ -79,6 +81,10 @@ bool MacWindow::event(QEvent *event) {
     case QEvent::WindowStateChange:
         saveSoon();
         break;
+    case QEvent::Expose:
+        if (isExposed() && !std::exchange(m_wasExposed, true))
+            keepFrameOnScreen();
+        break;
     case QEvent::Close:
         // Hidden rather than closed: it is kept, with everything in it.
         if (m_saving)
@@ -101,6 +107,17 @@ void MacWindow::restoreFrame() {
     setFramePosition(frame.topLeft());
     if (m_settings && m_settings->value(maximizedKey).toBool())
         setWindowStates(Qt::WindowMaximized);
+}
+
+void MacWindow::keepFrameOnScreen() {
+    if (visibility() != Windowed)
+        return;
+    const auto around = frameMargins();
+    const auto frame = openingFrame(frameGeometry(), usableScreens(), openingSize, minimumSize().grownBy(around));
+    if (frame == frameGeometry())
+        return;
+    resize(frame.size().shrunkBy(around));
+    setFramePosition(frame.topLeft());
 }
 
 void MacWindow::saveSoon() {

@@ -31,6 +31,8 @@ protected:
 
 private:
     void restoreFrame();
+    /// With what the window manager puts around it, which is not known before it shows.
+    void keepFrameOnScreen();
     void saveFrame();
     void saveSoon();
     void updateShown();
@@ -39,6 +41,7 @@ private:
     Scheduler &m_scheduler;
     QSettings *m_settings;
     Scheduler::Handle m_saving;
+    bool m_wasExposed = false;
 };
 
 } // namespace palomet

@@ -59,7 +59,7 @@ export async function startDesktop(folder: string, runtimeFolder: string): Promi
         if (process.env[name] !== undefined) environment[name] = process.env[name];
     }
     const xServer = startPiped(
-        ["Xvfb", "-displayfd", "1", "-noreset", "-nolisten", "tcp", "-screen", "0", "1440x900x24"],
+        ["Xvfb", "-displayfd", "1", "-noreset", "-nolisten", "tcp", "-screen", "0", "1280x800x24"],
         environment,
         join(folder, "x-server.log"),
     );

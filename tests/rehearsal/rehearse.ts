@@ -1,5 +1,5 @@
-// A conversation from the first word to the last, with the program as a user would start it. Recordings and logs stay in
-// build/rehearsal/.
+// The whole application from the first click to the last, with the program as a user would start it. Pictures, recordings and
+// logs stay in build/rehearsal/.
 
 import { readFileSync } from "node:fs";
 import { ask, changeSettings, draft, talkOver } from "./conversation";

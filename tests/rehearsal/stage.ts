@@ -43,7 +43,7 @@ export async function perform(name: string, play: (stage: Stage) => Promise<void
     const folder = process.env.PALOMET_REHEARSAL ?? join(root, "build", name);
     try {
         await onStage(folder, play, paths);
-        console.log(`${seconds()} s  Everything happened. Recordings and logs: ${folder}`);
+        console.log(`${seconds()} s  Everything happened. Pictures, recordings and logs: ${folder}`);
         process.exit(0);
     } catch (problem) {
         const load = loadavg().map((value) => value.toFixed(1)).join(", ");

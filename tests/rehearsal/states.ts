@@ -8,6 +8,10 @@ import { check, program, type Stage, step, words } from "./stage";
 import type { Strip } from "./strip";
 import { Thinker } from "./thinker";
 
+/** Long enough to be seen and stopped. */
+const notes = "You wanted to call the carpenter about the window, and then to have a long cup of tea with all of your neighbours. " +
+    "After that you wanted to write a letter to your aunt, and to walk to the lighthouse and back before it rains.";
+
 /** It thinks for as long as it takes, and says then what it has thought; Escape ends both. */
 export async function think(stage: Stage, strip: Strip): Promise<void> {
     const { watcher, environment } = stage;
@@ -23,7 +27,7 @@ export async function think(stage: Stage, strip: Strip): Promise<void> {
     await stopKey(stage, strip, "thinking");
     const since = await ask("What is in my notes?");
     await strip.photograph("thinking", { line: /notes\.txt/ });
-    await thinker.answer("You wanted to call the carpenter about the window, and the window about the carpenter, and then to have a long cup of tea. Nobody knows when.");
+    await thinker.answer(notes);
     await watcher.reach("speaking", since);
     const spoken = await strip.photograph("speaking", { line: /^You wanted/ });
     await stopKey(stage, strip, "speaking");
@@ -87,7 +91,8 @@ export async function loseBackend(stage: Stage, strip: Strip): Promise<void> {
     await until("the menu to say that it waits", async () => (await tray.menu())[0]?.label === `${words["state.waiting"]} · Microphone`);
     const back = performance.now();
     check(away > 1900, `the backend was away for no more than ${Math.round(away)} ms`);
-    step(`Its backend killed, it is shown as "${offline}" everywhere after ${Math.round(seen - killed)} ms; another answers after ${Math.round(away)} ms, and is shown after ${Math.round(back - killed)} ms`);
+    const [seenAfter, backAfter] = [seen - killed, back - killed].map(Math.round);
+    step(`Its backend killed, strip, menu and --status say "${offline}" (${seenAfter} ms); another answers after ${Math.round(away)} ms, and is shown after ${backAfter} ms`);
     await watcher.settle();
     const asked = watcher.states.length;
     const from = performance.now();

@@ -43,11 +43,12 @@ export class AccessibleTree {
         return this.#first(from, async (node) => (await this.role(node)) === role);
     }
 
-    /** Everything below this node that has a name and a place, in the order of the tree. */
+    /** Everything below this node that has a name and a place, in the order of the tree. What goes away meanwhile has neither. */
     async names(from: Node): Promise<string[]> {
-        const below = await this.children(from);
+        const below = await this.children(from).catch(() => []);
         const all = await inTurn(below, async (node) => {
-            const [name, isThere, rest] = await Promise.all([this.name(node), this.#hasPlace(node), this.names(node)]);
+            const itself = Promise.all([this.name(node), this.#hasPlace(node)]).catch(() => ["", false] as const);
+            const [[name, isThere], rest] = await Promise.all([itself, this.names(node)]);
             return name !== "" && isThere ? [name, ...rest] : rest;
         });
         return all.flat();

@@ -37,7 +37,13 @@ export class Strip {
             last = await this.#words();
             const [shown, beside = ""] = last.split(/: (.*)/s);
             if (shown !== word || !line.test(beside)) return;
-            await this.stage.screen.picture(`strip-${name}`, window);
+            try {
+                await this.stage.screen.picture(`strip-${name}`, window);
+            } catch (problem) {
+                // It may have gone already.
+                last = String(problem);
+                return;
+            }
             check((await this.stage.screen.focused()) === this.other.id, `the strip took the focus in the state "${state}"`);
             return (await this.#words()) === last && (await this.stage.screen.strip())?.id === window.id && { beside };
         });

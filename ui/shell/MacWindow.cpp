@@ -110,7 +110,8 @@ void MacWindow::restoreFrame() {
 }
 
 void MacWindow::keepFrameOnScreen() {
-    if (visibility() != Windowed)
+    // What remembers nothing is of its own size on every screen.
+    if (!m_settings || visibility() != Windowed)
         return;
     const auto around = frameMargins();
     const auto frame = openingFrame(frameGeometry(), usableScreens(), openingSize, minimumSize().grownBy(around));

@@ -1,6 +1,7 @@
 #include "tests/ui/pictures/Studio.h"
 
 #include "model/Format.h"
+#include "tests/support/ScriptedBackend.h"
 #include "ui/localization/Localization.h"
 #include "ui/preview/Preview.h"
 #include "ui/strip/StripWindow.h"
@@ -91,14 +92,6 @@ void Studio::empty() {
     m_model->setOptions(std::nullopt);
 }
 
-void Studio::setState(const QString &state, bool isMuted) {
-    auto document = QJsonDocument::fromJson(Preview::documents(0).state).object();
-    document[u"state"_s] = state;
-    document[u"isMuted"_s] = isMuted;
-    if (auto snapshot = decodeSnapshot(QJsonDocument(document).toJson()))
-        m_model->setSnapshot(std::make_shared<const Snapshot>(std::move(*snapshot)));
-}
-
 void Studio::takeAll(const QString &language) {
     Localization::load(m_resources, {language});
     Format::load({.numbers = language, .dates = language, .timeZone = {}, .clock = &hour});
@@ -170,22 +163,37 @@ void Studio::takeRecorder(const QString &language) {
 }
 
 void Studio::takeStrip(const QString &language) {
-    StripView view(*m_model, [] {});
+    // What is spoken and how loud it is come as events.
+    ScriptedBackend backend;
+    backend.on("/events", [](auto exchange) { exchange->beginEvents(); });
+    PalometModel model(m_scheduler, m_permission, backend.base());
+    model.setMicAuthorized(true);
+    model.start();
+
+    StripView view(model, [] {});
     StripWindow strip(m_ui, view, nullptr, StripWindow::Pointer::Unknown);
     strip.orderFront(QPoint(0, 0));
-    const auto picture = [&](const QString &name) { take(*strip.window(), u"strip-"_s + name + u'-' + language); };
-    for (const auto &state :
-         {u"waiting"_s, u"listening"_s, u"hearing"_s, u"drafting"_s, u"thinking"_s, u"speaking"_s}) {
-        setState(state);
-        picture(state);
-    }
-    setState(u"muted"_s, true);
-    picture(u"muted-by-the-user"_s);
-    setState(u"muted"_s, false);
-    picture(u"muted"_s);
-    m_model->setSnapshot(nullptr);
-    picture(u"offline"_s);
-    fill();
+    const auto picture = [&](const QString &state, const QString &name, bool isMuted = false) {
+        auto document = QJsonDocument::fromJson(Preview::documents(0).state).object();
+        document[u"state"_s] = state;
+        document[u"isMuted"_s] = isMuted;
+        if (auto snapshot = decodeSnapshot(QJsonDocument(document).toJson()))
+            model.setSnapshot(std::make_shared<const Snapshot>(std::move(*snapshot)));
+        take(*strip.window(), u"strip-"_s + name + u'-' + language);
+    };
+    picture(u"waiting"_s, u"waiting"_s);
+    const auto events = backend.last("/events");
+    events->event("level", "0.3");
+    events->event("outLevel", "0.3");
+    const auto sample = QJsonDocument::fromJson(Preview::documents(0).state);
+    const auto answer = sample[u"conversation"_s][u"rows"_s].toArray().last()[u"text"_s].toString();
+    events->event("spoken", '"' + answer.toUtf8() + '"');
+    for (const auto &state : {u"listening"_s, u"hearing"_s, u"drafting"_s, u"thinking"_s, u"speaking"_s})
+        picture(state, state);
+    picture(u"muted"_s, u"muted-by-the-user"_s, true);
+    picture(u"muted"_s, u"muted"_s);
+    model.setSnapshot(nullptr);
+    take(*strip.window(), u"strip-offline-"_s + language);
 }
 
 bool Studio::takeFile(const QString &qml, const QString &path) {

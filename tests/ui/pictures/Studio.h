@@ -36,7 +36,6 @@ private:
     void takeStrip(const QString &language);
     void fill();
     void empty();
-    void setState(const QString &state, bool isMuted = false);
     void take(QQuickWindow &window, const QString &name);
 
     const QString m_resources;

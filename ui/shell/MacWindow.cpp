@@ -131,8 +131,13 @@ void MacWindow::saveFrame() {
     const bool isMaximized = windowStates() & (Qt::WindowMaximized | Qt::WindowFullScreen);
     m_settings->setValue(maximizedKey, isMaximized);
     // What it is to come back to is where it stood before.
-    if (!isMaximized)
-        m_settings->setValue(frameKey, QRect(framePosition(), size()));
+    if (isMaximized)
+        return;
+    const QRect frame(framePosition(), size());
+    // Between two pixels a frame becomes another by a point, which would add up from one run to the next.
+    const auto saved = m_settings->value(frameKey).toRect();
+    if (frame.size() != saved.size() || (frame.topLeft() - saved.topLeft()).manhattanLength() > 2)
+        m_settings->setValue(frameKey, frame);
 }
 
 } // namespace palomet

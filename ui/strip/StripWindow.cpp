@@ -8,6 +8,8 @@
 #include <QQuickItem>
 #include <QScreen>
 
+#include <cmath>
+
 namespace palomet {
 
 StripWindow::StripWindow(UiEngine &engine, StripView &view, const WorkArea *workArea, Pointer pointer)
@@ -29,13 +31,22 @@ bool StripWindow::isVisible() const {
 QRect StripWindow::usable(const QScreen &screen) const {
     if (!m_workArea)
         return screen.availableGeometry();
-    // A screen begins where the display server has it; only its size is scaled.
+    // A screen begins where the display server has it, and only its size is scaled. That is rounded to points: of the
+    // sizes that it can come from the smallest is taken, which does not reach into the next screen.
     const auto scale = screen.devicePixelRatio();
-    const QRect native(screen.geometry().topLeft(), screen.geometry().size() * scale);
-    const auto usable = m_workArea->usable(native);
-    const auto inset = [scale](int pixels) { return qRound(pixels / scale); };
-    return screen.geometry().adjusted(inset(usable.left() - native.left()), inset(usable.top() - native.top()),
-                                      inset(usable.right() - native.right()), inset(usable.bottom() - native.bottom()));
+    const auto frame = screen.geometry();
+    const auto pixels = [scale](int points) { return static_cast<int>(std::ceil((points - 0.5) * scale)); };
+    const QRect native(frame.topLeft(), QSize(pixels(frame.width()), pixels(frame.height())));
+    const auto left = m_workArea->usable(native);
+    const auto points = [scale](int from, int to) { return qRound((to - from) / scale); };
+    // An end from which nothing was taken stays where it is exactly.
+    auto usable = frame;
+    usable.setTopLeft(frame.topLeft() + QPoint(points(native.left(), left.left()), points(native.top(), left.top())));
+    if (left.right() != native.right())
+        usable.setRight(frame.left() + points(native.left(), left.right() + 1) - 1);
+    if (left.bottom() != native.bottom())
+        usable.setBottom(frame.top() + points(native.top(), left.bottom() + 1) - 1);
+    return usable;
 }
 
 std::vector<ScreenArea> StripWindow::screens() const {

@@ -2,6 +2,7 @@
 
 #include "platform/x11/X11Connection.h"
 #include "platform/x11/X11WorkArea.h"
+#include "platform/x11/XcbReply.h"
 #include "tests/ui/support/UiTest.h"
 #include "ui/UiEngine.h"
 
@@ -10,6 +11,8 @@
 #include <QProcess>
 #include <QRasterWindow>
 #include <QScreen>
+
+#include <cstring>
 
 namespace palomet::test {
 
@@ -62,6 +65,43 @@ protected:
     /// The colour of a point of the display, as anybody would see it.
     static QColor colorAt(QPoint point) {
         return QGuiApplication::primaryScreen()->grabWindow(0, point.x(), point.y(), 1, 1).toImage().pixelColor(0, 0);
+    }
+
+    /// What can be seen there, in the display's own pixels.
+    [[nodiscard]] QImage picture(const QRect &area) const {
+        QImage picture(area.size(), QImage::Format_RGB32);
+        picture.fill(Qt::magenta);
+        const auto cookie = xcb_get_image(m_x11->get(), XCB_IMAGE_FORMAT_Z_PIXMAP, m_x11->root(),
+                                          static_cast<qint16>(area.x()), static_cast<qint16>(area.y()),
+                                          static_cast<quint16>(area.width()), static_cast<quint16>(area.height()), ~0U);
+        const XcbReply<xcb_get_image_reply_t> reply{xcb_get_image_reply(m_x11->get(), cookie, nullptr)};
+        if (reply && xcb_get_image_data_length(reply.get()) == picture.sizeInBytes())
+            std::memcpy(picture.bits(), xcb_get_image_data(reply.get()),
+                        static_cast<std::size_t>(picture.sizeInBytes()));
+        return picture;
+    }
+
+    /// All screens together, in pixels.
+    [[nodiscard]] QSize display() const {
+        const auto cookie = xcb_get_geometry(m_x11->get(), m_x11->root());
+        const XcbReply<xcb_get_geometry_reply_t> reply{xcb_get_geometry_reply(m_x11->get(), cookie, nullptr)};
+        return reply ? QSize(reply->width, reply->height) : QSize();
+    }
+
+    /// A panel along the end of the display that reserves so many pixels of it, between these two.
+    static std::unique_ptr<PlainWindow> showDock(int height, int from, int to) {
+        auto dock = std::make_unique<PlainWindow>(Qt::blue);
+        dock->setFlag(Qt::FramelessWindowHint);
+        dock->resize(100, 20);
+        dock->create();
+        const auto id = dock->winId();
+        run("xprop -id %1 -f _NET_WM_WINDOW_TYPE 32a -set _NET_WM_WINDOW_TYPE _NET_WM_WINDOW_TYPE_DOCK", id);
+        run("xprop -id %1 -f _NET_WM_STRUT_PARTIAL 32c -set _NET_WM_STRUT_PARTIAL 0,0,0,%2,0,0,0,0,0,0,%3,%4", id,
+            height, from, to);
+        dock->show();
+        EXPECT_TRUE(eventually(
+            [&] { return run("xprop -root _NET_CLIENT_LIST").contains("0x" + QByteArray::number(id, 16)); }));
+        return dock;
     }
 
     /// The window's rectangle on the display.

@@ -95,16 +95,7 @@ TEST_F(StripOnDesktopTest, StandsAboveAWindowThatFillsTheScreen) {
 }
 
 TEST_F(StripOnDesktopTest, StandsAboveWhatADockReserves) {
-    test::PlainWindow dock(Qt::blue);
-    dock.setFlag(Qt::FramelessWindowHint);
-    dock.setGeometry(0, 964, 2560, 60);
-    dock.create();
-    const auto id = dock.winId();
-    run("xprop -id %1 -f _NET_WM_WINDOW_TYPE 32a -set _NET_WM_WINDOW_TYPE _NET_WM_WINDOW_TYPE_DOCK", id);
-    run("xprop -id %1 -f _NET_WM_STRUT_PARTIAL 32c -set _NET_WM_STRUT_PARTIAL 0,0,0,60,0,0,0,0,0,0,0,2559", id);
-    dock.show();
-    EXPECT_TRUE(
-        eventually([&] { return run("xprop -root _NET_CLIENT_LIST").contains("0x" + QByteArray::number(id, 16)); }));
+    const auto dock = showDock(60, 0, 2559);
     setState("thinking");
     awaitAt({1280 - 220, 1024 - 60 - 48 - 40});
 }

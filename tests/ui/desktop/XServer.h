@@ -37,6 +37,13 @@ public:
         setenv("DISPLAY", (':' + number).constData(), 1);
         unsetenv("WAYLAND_DISPLAY");
     }
+    /// The scale that the desktop is set to, as programs find it there: 1.5 is 144 dots per inch.
+    static void setScale(double scale) {
+        const auto dots = std::to_string(static_cast<int>(96 * scale));
+        const auto set = "echo 'Xft.dpi: " + dots + "' | xrdb -nocpp -merge";
+        if (std::system(set.c_str()) != 0)
+            std::abort();
+    }
     ~XServer() {
         if (m_process <= 0)
             return;

@@ -6,8 +6,14 @@
 
 #include <gtest/gtest.h>
 
+// The desktop is scaled as $PALOMET_TEST_SCALE says: 1.25 for instance, or "mixed", each of two screens in its own way.
 int main(int argc, char **argv) {
-    const palomet::test::XServer server("2560x1024x24");
+    const auto scale = qgetenv("PALOMET_TEST_SCALE");
+    const palomet::test::XServer server(scale.isEmpty() ? "2560x1024x24" : "5120x2048x24");
+    if (scale == "mixed")
+        qputenv("QT_SCREEN_SCALE_FACTORS", "first=1.5;second=2");
+    else if (!scale.isEmpty())
+        palomet::test::XServer::setScale(scale.toDouble());
     qputenv("QT_QPA_PLATFORM", "xcb");
     palomet::UiEngine::chooseRenderer();
     const QApplication application(argc, argv);

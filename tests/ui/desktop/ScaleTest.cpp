@@ -1,10 +1,6 @@
-#include "tests/ui/desktop/DesktopTest.h"
-#include "ui/shell/MacWindow.h"
+#include "tests/ui/desktop/WindowOnDesktop.h"
 #include "ui/strip/StripController.h"
 #include "ui/strip/StripWindow.h"
-
-#include <QSettings>
-#include <QTemporaryDir>
 
 #include <cmath>
 
@@ -116,23 +112,7 @@ protected:
     StripController m_strip{model(), m_panel, scheduler()};
 };
 
-class WindowAtItsScale : public test::DesktopTest {
-protected:
-    void open() {
-        m_window.reset();
-        m_window = std::make_unique<MacWindow>(m_ui.get(), m_app, scheduler(), &m_settings);
-        m_window->bringToFront();
-        EXPECT_TRUE(eventually([this] { return focusedWindow() == m_window->winId(); }));
-    }
-
-    QTemporaryDir m_folder;
-    QSettings m_settings{m_folder.filePath(u"palomet.conf"_s), QSettings::IniFormat};
-    Shortcuts m_shortcuts{m_settings};
-    NoKeyboardLayout m_layout;
-    Navigation m_navigation;
-    AppView m_app{model(), m_navigation, m_shortcuts, m_layout, {u"1.2.3"_s, u"/home/user"_s}, {}};
-    std::unique_ptr<MacWindow> m_window;
-};
+class WindowAtItsScale : public test::WindowOnDesktop {};
 
 } // namespace
 

@@ -1,8 +1,4 @@
-#include "tests/ui/desktop/DesktopTest.h"
-#include "ui/shell/MacWindow.h"
-
-#include <QSettings>
-#include <QTemporaryDir>
+#include "tests/ui/desktop/WindowOnDesktop.h"
 
 using namespace palomet;
 using namespace Qt::StringLiterals;
@@ -11,30 +7,14 @@ using test::eventually;
 
 namespace {
 
-class WindowOnDesktopTest : public test::DesktopTest {
+class WindowOnDesktopTest : public test::WindowOnDesktop {
 protected:
-    /// A window as a new run of the program would make it.
-    void open() {
-        m_window.reset();
-        m_window = std::make_unique<MacWindow>(m_ui.get(), m_app, scheduler(), &m_settings);
-        m_window->bringToFront();
-        EXPECT_TRUE(eventually([this] { return focusedWindow() == m_window->winId(); }));
-    }
-
     /// Where its content is on the display, once the window manager has come to rest.
     void awaitRectangle(const QRect &wanted) {
         EXPECT_TRUE(eventually([&] { return rectangle(*m_window) == wanted; }))
             << rectangle(*m_window).x() << ',' << rectangle(*m_window).y() << ' ' << rectangle(*m_window).width() << 'x'
             << rectangle(*m_window).height();
     }
-
-    QTemporaryDir m_folder;
-    QSettings m_settings{m_folder.filePath(u"palomet.conf"_s), QSettings::IniFormat};
-    Shortcuts m_shortcuts{m_settings};
-    NoKeyboardLayout m_layout;
-    Navigation m_navigation;
-    AppView m_app{model(), m_navigation, m_shortcuts, m_layout, {u"1.2.3"_s, u"/home/user"_s}, {}};
-    std::unique_ptr<MacWindow> m_window;
 };
 
 } // namespace

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "tests/ui/desktop/DesktopTest.h"
+#include "ui/shell/MacWindow.h"
+
+#include <QSettings>
+#include <QTemporaryDir>
+
+namespace palomet::test {
+
+/// The window on a display with a window manager, as the program opens it, run after run.
+class WindowOnDesktop : public DesktopTest {
+protected:
+    /// A window as a new run of the program would make it.
+    void open() {
+        m_window.reset();
+        m_window = std::make_unique<MacWindow>(m_ui.get(), m_app, scheduler(), &m_settings);
+        m_window->bringToFront();
+        EXPECT_TRUE(eventually([this] { return focusedWindow() == m_window->winId(); }));
+    }
+
+    QTemporaryDir m_folder;
+    QSettings m_settings{m_folder.filePath(QStringLiteral("palomet.conf")), QSettings::IniFormat};
+    Shortcuts m_shortcuts{m_settings};
+    NoKeyboardLayout m_layout;
+    Navigation m_navigation;
+    AppView m_app{model(), m_navigation, m_shortcuts, m_layout, {QStringLiteral("1.2.3"), QStringLiteral("/home/user")},
+                  {}};
+    std::unique_ptr<MacWindow> m_window;
+};
+
+} // namespace palomet::test

@@ -40,6 +40,10 @@ HttpExchange::HttpExchange(ReplyOwner reply, Body body, Scheduler &scheduler, st
 }
 
 bool HttpExchange::take() {
+    // What says that it is too large need not come first.
+    if (m_kind == Body::Keep &&
+        m_reply->header(QNetworkRequest::ContentLengthHeader).toLongLong() > maximumDocumentSize)
+        return false;
     auto piece = m_reply->readAll();
     if (m_kind == Body::Discard)
         return true;

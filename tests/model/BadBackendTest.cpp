@@ -129,6 +129,18 @@ TEST_P(StrangerTest, IsOfflineAndNothingMore) {
 INSTANTIATE_TEST_SUITE_P(APort, StrangerTest, ::testing::ValuesIn(strangers),
                          [](const auto &tested) { return tested.param.first; });
 
+TEST_F(ModelTest, AStateThatSaysItIsBeyondItsLimitIsGivenUpAtItsFirstByte) {
+    m_backend.on("/state", [](const Exchange &exchange) {
+        exchange->write("HTTP/1.1 200 OK\r\ncontent-length: " + QByteArray::number(maximumDocumentSize + 1) +
+                        "\r\n\r\n{");
+    });
+    m_model.setSnapshot(std::make_shared<const Snapshot>());
+    m_model.refresh();
+    m_scheduler.advance(100ms);
+    EXPECT_TRUE(eventually([&] { return !m_model.snapshot(); }));
+    EXPECT_TRUE(eventually([&] { return !m_backend.last("/state")->isOpen(); }));
+}
+
 TEST_F(ModelTest, AStateWithoutEndIsGivenUpAtItsLimit) {
     m_backend.on("/state", [](const Exchange &exchange) {
         exchange->write("HTTP/1.1 200 OK\r\n\r\n");

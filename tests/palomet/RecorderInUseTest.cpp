@@ -20,6 +20,12 @@ protected:
         EXPECT_TRUE(tree.press(recorder(name)));
         EXPECT_TRUE(says(name, u"Press the keys"_s));
     }
+    /// Records those keys, which the recorder then answers with these words.
+    void record(const char *name, const char *keys, const QString &words) {
+        record(name);
+        key(keys);
+        EXPECT_TRUE(says(name, words)) << qPrintable(tree.description(recorder(name)));
+    }
     [[nodiscard]] bool isListening() const {
         return eventually([this] { return state()[u"state"_s] == u"listening"_s; });
     }
@@ -31,9 +37,7 @@ protected:
 } // namespace
 
 TEST_F(RecorderInUse, TakesAShortcutForListeningThatThenWorks) {
-    record("Listen");
-    key("ctrl+alt+j");
-    EXPECT_TRUE(says("Listen", u"Ctrl + Alt + J"_s)) << qPrintable(tree.description(recorder("Listen")));
+    record("Listen", "ctrl+alt+j", u"Ctrl + Alt + J"_s);
     key("ctrl+alt+j");
     EXPECT_TRUE(isListening());
 }
@@ -49,54 +53,36 @@ TEST_F(RecorderInUse, RefusesAKeyAloneForListeningAndGoesOnRecording) {
 }
 
 TEST_F(RecorderInUse, RefusesForListeningWhatStopsAlready) {
-    record("Stop");
-    key("ctrl+alt+k");
-    EXPECT_TRUE(says("Stop", u"Ctrl + Alt + K"_s));
-    record("Listen");
-    key("ctrl+alt+k");
-    EXPECT_TRUE(says("Listen", u"already does “Stop”."_s)) << qPrintable(tree.description(recorder("Listen")));
+    record("Stop", "ctrl+alt+k", u"Ctrl + Alt + K"_s);
+    record("Listen", "ctrl+alt+k", u"already does “Stop”."_s);
     EXPECT_TRUE(says("Listen", u"Alt + Space"_s)) << "it keeps its own";
     key("alt+space");
     EXPECT_TRUE(isListening()) << "which works again";
 }
 
 TEST_F(RecorderInUse, RefusesForStoppingWhatListensAlready) {
-    record("Stop");
-    key("alt+space");
-    EXPECT_TRUE(says("Stop", u"already does “Listen”."_s)) << qPrintable(tree.description(recorder("Stop")));
+    record("Stop", "alt+space", u"already does “Listen”."_s);
     EXPECT_TRUE(says("Stop", u"Esc"_s));
 }
 
 TEST_F(RecorderInUse, TakesAKeyAloneForStopping) {
-    record("Stop");
-    key("F9");
-    EXPECT_TRUE(says("Stop", u"F9. "_s));
-    record("Stop");
-    key("Escape");
-    EXPECT_TRUE(says("Stop", u"Esc. "_s));
+    record("Stop", "F9", u"F9. "_s);
+    record("Stop", "Escape", u"Esc. "_s);
 }
 
 TEST_F(RecorderInUse, LeavesListeningAsItWasWithEscape) {
-    record("Listen");
-    key("Escape");
-    EXPECT_TRUE(says("Listen", u"Alt + Space. "_s));
+    record("Listen", "Escape", u"Alt + Space. "_s);
     key("alt+space");
     EXPECT_TRUE(isListening());
 }
 
 TEST_F(RecorderInUse, ClearsAShortcutWithDelete) {
-    record("Listen");
-    key("Delete");
-    EXPECT_TRUE(says("Listen", u"None. "_s));
-    record("Stop");
-    key("BackSpace");
-    EXPECT_TRUE(says("Stop", u"None. "_s));
+    record("Listen", "Delete", u"None. "_s);
+    record("Stop", "BackSpace", u"None. "_s);
 }
 
 TEST_F(RecorderInUse, KeepsWhatItRecordedInTheNextRun) {
-    record("Listen");
-    key("super+l");
-    EXPECT_TRUE(says("Listen", u"Super + L"_s));
+    record("Listen", "super+l", u"Super + L"_s);
     program.terminate();
     ASSERT_TRUE(eventually([this] { return program.state() == QProcess::NotRunning; }));
     program.start(QStringLiteral(PALOMET_EXECUTABLE));

@@ -84,6 +84,19 @@ async function onStage(folder: string, play: (stage: Stage) => Promise<void>, pa
         sound.end();
         if (existsSync(log)) await Bun.write(join(folder, "palomet.log"), Bun.file(log));
         await endAll();
-        rmSync(runtimeFolder, { recursive: true, force: true });
+        await remove(runtimeFolder);
     }
+}
+
+/** What the buses have started ends with them, and clears up in there meanwhile. */
+async function remove(folder: string): Promise<void> {
+    let problem: unknown;
+    await until(() => `${folder} to be gone (${problem})`, () => {
+        try {
+            rmSync(folder, { recursive: true, force: true });
+        } catch (caught) {
+            problem = caught;
+        }
+        return !existsSync(folder);
+    });
 }

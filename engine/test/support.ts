@@ -3,7 +3,6 @@
 import { mkdtempSync, rmSync, writeFileSync } from "node:fs";
 import { tmpdir } from "node:os";
 import { join } from "node:path";
-import { afterAll } from "bun:test";
 import type { LinkSocket } from "../src/audioLink.ts";
 import type { Answering, Brain, Request } from "../src/brain.ts";
 import { Children } from "../src/children.ts";
@@ -65,9 +64,10 @@ export function temporaryFolder(): string {
   return folder;
 }
 
-afterAll(() => {
+/** What clear.ts does at the end. */
+export function removeTemporaryFolders(): void {
   for (const folder of folders.splice(0)) rmSync(folder, { recursive: true, force: true });
-});
+}
 
 /** An executable shell script of this name, alone in a folder; gives the folder. */
 export function program(name: string, script: string, folder = temporaryFolder()): string {

@@ -52,7 +52,9 @@ Item {
             required property real modelData
 
             y: modelData
-            width: root.width
+            // Its width follows the row by an anchor: a binding to it is lost while the rules change in the same breath.
+            anchors.left: parent?.left
+            anchors.right: parent?.right
             color: index === 0 ? root.ruleColor : Zen.gray3
         }
     }

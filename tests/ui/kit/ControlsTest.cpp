@@ -101,6 +101,20 @@ TEST(CellRow, StandsInTwoColumnsWhereThereIsNoRoomForFour) {
     EXPECT_TRUE(scene.value("b", "isLast").toBool());
 }
 
+TEST(CellRow, ItsRulesGoFromEdgeToEdgeAlsoWhenItHasBecomeAnotherWidth) {
+    Scene scene(R"(
+        Column { id: page; width: -96
+            CellRow { width: page.width; Cell { note: "note" } Cell {} Cell {} Cell {} }
+            CellRow { width: page.width; Cell {} Cell {} Cell {} Cell {} } })");
+    for (const int width : {724, 904, 604, 900}) {
+        scene.root()->setWidth(width);
+        const auto lines = Scene::all(scene.root(), "HairLine");
+        const auto rules =
+            std::count_if(lines.begin(), lines.end(), [&](const auto *line) { return line->width() == width; });
+        EXPECT_EQ(rules, width < 720 ? 4 : 2) << width;
+    }
+}
+
 TEST(DataRow, CutsAQuestionOfTenThousandLettersAndKeepsTheDetailWhole) {
     Scene scene(R"(
         Rows { width: 640

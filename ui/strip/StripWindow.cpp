@@ -8,6 +8,7 @@
 #include <QQuickItem>
 #include <QScreen>
 
+#include <algorithm>
 #include <cmath>
 
 namespace palomet {
@@ -18,6 +19,8 @@ StripWindow::StripWindow(UiEngine &engine, StripView &view, const WorkArea *work
     , m_workArea(workArea)
     , m_pointer(pointer) {
     connect(&m_view, &StripView::changed, this, &StripWindow::announce);
+    // Queued, or the screen would still be among the others.
+    connect(qGuiApp, &QGuiApplication::screenRemoved, this, &StripWindow::keepOnScreen, Qt::QueuedConnection);
 }
 
 StripWindow::~StripWindow() {
@@ -60,6 +63,15 @@ std::optional<QPoint> StripWindow::pointer() const {
     return m_pointer == Pointer::Known ? std::optional(QCursor::pos()) : std::nullopt;
 }
 
+void StripWindow::keepOnScreen() {
+    if (!isVisible())
+        return;
+    const auto areas = screens();
+    const bool isOnScreen = std::any_of(
+        areas.begin(), areas.end(), [this](const auto &area) { return area.frame.contains(QRect(m_origin, size)); });
+    orderFront(isOnScreen ? m_origin : stripOrigin(areas, pointer()));
+}
+
 void StripWindow::make() {
     m_window = std::make_unique<QQuickView>(&m_engine.get(), nullptr);
     m_window->setFlags(Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint | Qt::WindowDoesNotAcceptFocus |
@@ -85,8 +97,10 @@ void StripWindow::orderFront(std::optional<QPoint> origin) {
     m_view.setShown(true);
     if (!m_window)
         make();
-    if (origin)
-        m_window->setPosition(*origin);
+    if (origin) {
+        m_origin = *origin;
+        m_window->setPosition(m_origin);
+    }
     m_window->show();
     m_window->raise();
     announce();

@@ -42,6 +42,8 @@ public:
 
 private:
     [[nodiscard]] QRect usable(const QScreen &screen) const;
+    /// Moves onto a screen that is there, if it no longer stands on one.
+    void keepOnScreen();
     void make();
     /// Tells a screen reader of a new state, once.
     void announce();
@@ -51,6 +53,7 @@ private:
     const WorkArea *m_workArea;
     const Pointer m_pointer;
     std::unique_ptr<QQuickView> m_window;
+    QPoint m_origin; ///< Where it was put: the toolkit moves the windows of a screen that goes.
     QString m_announced;
 };
 

@@ -132,6 +132,21 @@ TEST_F(StripOnTwoScreensTest, StaysWhereItIsWhileItCanBeSeen) {
     awaitAt({1280 + 640 - 220, 800 - 48 - 40});
 }
 
+TEST_F(StripOnTwoScreensTest, MovesToTheScreenThatIsLeftWhenItsOwnIsUnplugged) {
+    run("xdotool mousemove 2000 300");
+    setState("thinking");
+    awaitAt({1280 + 640 - 220, 800 - 48 - 40});
+    run("xdotool mousemove 300 300");
+    run("xrandr --delmonitor second");
+    EXPECT_TRUE(eventually([] { return hasScreens({{0, 0, 1280, 1024}}); }));
+    awaitAt({640 - 220, 1024 - 48 - 40});
+    // Another screen that comes or goes leaves it where it is.
+    run("xrandr --setmonitor second 1280/300x800/200+1280+0 none");
+    EXPECT_TRUE(eventually([] { return hasScreens({{0, 0, 1280, 1024}, {1280, 0, 1280, 800}}); }));
+    setState("speaking");
+    awaitAt({640 - 220, 1024 - 48 - 40});
+}
+
 TEST_F(StripOnTwoScreensTest, StandsAboveAWindowThatFillsEitherScreenAndLeavesItTheFocus) {
     for (const auto *screen : QGuiApplication::screens()) {
         const auto area = screen->geometry();

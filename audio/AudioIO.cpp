@@ -117,6 +117,8 @@ void AudioIO::beginAttempt() {
     const auto number = ++m_attemptNumber;
     m_server.closeCapture();
     m_switchedTo = switchDefaultInput();
+    // Some microphones take seconds to open, and whoever asks meanwhile is told which one it is going to be.
+    nameDevice(m_switchedTo ? m_switchedTo->name : defaultInputName());
     auto canceller = m_makeEchoCanceller();
     if (!canceller) {
         endAttempt(number, Failure{canceller.reason()});

@@ -95,7 +95,8 @@ public:
     /// The wanted name, if a device that is present has exactly that name.
     [[nodiscard]] std::optional<QString> pickInput(const std::optional<QString> &wanted) const;
 
-    /// The name of the input device in use, or the localised text for the default one.
+    /// The name of the input device in use, or of the one that is being opened, or the localised text for the default
+    /// one.
     [[nodiscard]] const QString &deviceName() const { return m_deviceName; }
     /// What the echo canceller says of itself at this moment, for diagnosis; none while the microphone is not open.
     [[nodiscard]] std::optional<EchoCancellerState> echoCancellerState() const;

@@ -124,6 +124,15 @@ TEST_F(AudioIOTest, SwitchesTheDefaultInputToTheWantedDevice) {
     EXPECT_EQ(io.originalDefaultInput(), QStringLiteral("mic.a"));
 }
 
+TEST_F(AudioIOTest, NamesTheDeviceThatIsBeingOpened) {
+    server.opensAtOnce = false;
+    io.start({});
+    EXPECT_EQ(io.deviceName(), QStringLiteral("Mic A"));
+    server.finishOpening({});
+    io.use(QStringLiteral("Mic B"));
+    EXPECT_EQ(io.deviceName(), QStringLiteral("Mic B"));
+}
+
 TEST_F(AudioIOTest, NamesTheDeviceItSwitchedToWhateverTheServerStillBelieves) {
     server.opensAtOnce = false;
     io.start(QStringLiteral("Mic B"));

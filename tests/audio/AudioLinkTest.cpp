@@ -119,6 +119,7 @@ TEST_F(AudioLinkTest, ConnectsASecondAfterTheStartAtTheLatest) {
     link->start();
     scheduler.advance(1000ms);
     ASSERT_TRUE(test::eventually([&] { return !backend.received.empty(); }));
+    EXPECT_EQ(backend.received[0].event.value(QStringLiteral("device")).toString(), QStringLiteral("Mic A"));
     server.finishOpening({});
     ASSERT_TRUE(test::eventually([&] { return backend.received.size() == 2; }));
     EXPECT_THAT(backend.devices(), ElementsAre(QStringLiteral("Mic A")));

@@ -14,8 +14,11 @@ bool isWhole(const QNetworkReply &reply) {
     if (!reply.attribute(QNetworkRequest::HttpStatusCodeAttribute).isValid())
         return false;
     const auto error = reply.error();
+    // 400 and 418 are the invalid operation, and 407 asks to be let through a proxy where there is none.
     const bool isClientError =
-        error >= QNetworkReply::ContentAccessDenied && error <= QNetworkReply::UnknownContentError;
+        (error >= QNetworkReply::ContentAccessDenied && error <= QNetworkReply::UnknownContentError) ||
+        error == QNetworkReply::ProtocolInvalidOperationError ||
+        error == QNetworkReply::ProxyAuthenticationRequiredError;
     const bool isServerError =
         error >= QNetworkReply::InternalServerError && error <= QNetworkReply::UnknownServerError;
     return error == QNetworkReply::NoError || isClientError || isServerError;

@@ -121,7 +121,8 @@ TEST_F(DocumentFetchTest, AStateThatIsNotReadableIsOffline) {
 }
 
 TEST_F(DocumentFetchTest, TheStatusOfAReplyIsNotLookedAt) {
-    for (const int status : {500, 404, 401, 403, 429, 503, 302, 201}) {
+    for (const int status :
+         {201, 302, 400, 401, 402, 403, 404, 405, 407, 409, 410, 418, 429, 499, 500, 501, 503, 599}) {
         m_model.setSnapshot(nullptr);
         fetchState()->reply(stateDocument("waiting"), status);
         EXPECT_TRUE(becomes(LoopState::Waiting)) << status;

@@ -106,6 +106,7 @@ QRect X11WorkArea::usable(const QRect &screen) const {
     const auto [clients, partial, whole] = atoms(connection);
     const XcbReply<xcb_get_geometry_reply_t> root{
         xcb_get_geometry_reply(connection, xcb_get_geometry(connection, m_connection.root()), nullptr)};
+    m_connection.deliverLater();
     if (!root || clients == XCB_ATOM_NONE)
         return screen;
     const QSize display(root->width, root->height);

@@ -12,14 +12,14 @@ class X11Connection;
 class X11WorkArea final : public WorkArea {
 public:
     /// The connection outlives this.
-    explicit X11WorkArea(const X11Connection &connection)
+    explicit X11WorkArea(X11Connection &connection)
         : m_connection(connection) {}
 
     /// Asks anew each time.
     [[nodiscard]] QRect usable(const QRect &screen) const override;
 
 private:
-    const X11Connection &m_connection;
+    X11Connection &m_connection;
 };
 
 } // namespace palomet

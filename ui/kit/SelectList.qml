@@ -12,6 +12,7 @@ ZenBox {
     // Whether the keyboard brought the current choice.
     property bool isReached: false
     property string name
+    property int titleElide: Text.ElideRight
     readonly property int mostShown: 8
 
     signal picked(index: int)
@@ -72,6 +73,7 @@ ZenBox {
                 anchors.verticalCenter: parent.verticalCenter
                 width: mark.x - x - Zen.space2
                 text: choice.modelData.title
+                elide: root.titleElide
                 Accessible.ignored: true
             }
             Icon {

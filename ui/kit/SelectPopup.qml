@@ -9,6 +9,7 @@ FocusScope {
     required property var choices
     required property string selected
     required property string name
+    property int titleElide: Text.ElideRight
     // Whether the keyboard opened it.
     property bool isReached: false
     property bool isPlaced: false
@@ -123,6 +124,7 @@ FocusScope {
         choices: root.choices
         selected: root.selected
         name: root.name
+        titleElide: root.titleElide
         onPicked: index => root.pick(index)
         onPointed: index => {
             isReached = false;

@@ -20,7 +20,7 @@ Pressable {
     property bool hasAppeared: false
     property string name
     property string description
-    // Where a value is too long: at its right, or in the middle for paths.
+    // Where a value or a title is too long: at its right, or in the middle for paths.
     property int valueElide: Text.ElideRight
 
     signal picked(id: string)
@@ -77,6 +77,7 @@ Pressable {
                 choices: root.choices
                 selected: root.selected
                 name: root.name
+                titleElide: root.valueElide
                 isReached: root.isReached
                 onPicked: (id, reason) => {
                     root.closeTo(reason);

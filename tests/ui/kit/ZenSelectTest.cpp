@@ -161,6 +161,17 @@ TEST(ZenSelect, ShowsEightChoicesAndScrollsToTheRest) {
     EXPECT_EQ(lists(scene).first()->property("current"), 999);
 }
 
+TEST(ZenSelect, CutsATitleThatIsTooLongWhereItCutsItsValue) {
+    Scene scene(R"(Item { width: 640; height: 480
+        ZenSelect { objectName: "select"; width: 160; valueElide: Text.ElideMiddle
+            choices: [{ id: "a", title: "2.1.0 · /home/ana/.local/share/versions/2.1.0/claude" }] } })");
+    scene.press("select");
+    const auto titles = Scene::all(choices(scene).first(), "ElidedText");
+    ASSERT_EQ(titles.size(), 1);
+    EXPECT_TRUE(titles.first()->property("truncated").toBool());
+    EXPECT_EQ(titles.first()->property("elide").toInt(), Qt::ElideMiddle);
+}
+
 TEST(ZenSelect, HasNoChoicesWhenThereAreNone) {
     Scene scene(R"(ZenSelect { objectName: "select"; value: "s1" })");
     scene.press("select");

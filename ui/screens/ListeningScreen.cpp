@@ -138,7 +138,7 @@ void ListeningScreen::updateSettings() {
     const auto &now = known ? *known : none;
     const auto time = [this](std::optional<double> milliseconds, QStringView key) {
         return milliseconds ? ChoiceSetting::Shown{Format::seconds(*milliseconds), idOf(*milliseconds), isApplying(key)}
-                            : ChoiceSetting::Shown{absent, {}};
+                            : ChoiceSetting::Shown{absent, {}, isApplying(key)};
     };
     const auto knownTime = [&](double milliseconds, QStringView key) {
         return time(known ? std::optional(milliseconds) : std::nullopt, key);

@@ -165,6 +165,15 @@ TEST_F(ListeningScreenTest, IsBusyOnlyWhereTheSettingIsBeingApplied) {
     EXPECT_TRUE(screen.transcription()->isBusy());
 }
 
+TEST_F(ListeningScreenTest, IsBusyAlsoWhileNothingIsKnown) {
+    backend().hang("/settings");
+    for (auto *row : {screen.microphone(), screen.transcription(), screen.draftAge(), screen.endSilence(),
+                      screen.followUp(), screen.summon(), screen.echoGuard()}) {
+        row->pick(QStringLiteral("8000"));
+        EXPECT_TRUE(row->isBusy()) << row->title().toStdString();
+    }
+}
+
 TEST_F(ListeningScreenTest, StaysBusyUntilALateAnswerComes) {
     ScriptedBackend::ExchangePointer waiting;
     backend().on("/settings", [&](auto exchange) { waiting = std::move(exchange); });

@@ -180,6 +180,12 @@ void KeyRecorder::stop() {
     Q_EMIT changed();
 }
 
+void KeyRecorder::disappear() {
+    stop();
+    m_message.clear();
+    Q_EMIT changed();
+}
+
 void KeyRecorder::refuse(const QString &message) {
     m_message = message;
     Q_EMIT changed();

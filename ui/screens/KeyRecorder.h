@@ -48,8 +48,8 @@ public:
 
     /// Starts to record, or ends it without a change.
     Q_INVOKABLE void toggle();
-    /// Ends the recording without a change, as `stop` does, when the control disappears.
-    Q_INVOKABLE void cancel() { stop(); }
+    /// The control disappears: ends the recording without a change, as `stop` does, and forgets the last refusal.
+    Q_INVOKABLE void disappear();
     void start();
     void stop();
 

@@ -10,7 +10,7 @@ SettingRow {
 
     title: recorder.title
     hint: recorder.description
-    Component.onDestruction: recorder.cancel()
+    Component.onDestruction: recorder.disappear()
 
     RecorderButton {
         caps: root.recorder.caps

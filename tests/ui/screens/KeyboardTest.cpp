@@ -231,6 +231,18 @@ TEST_F(KeyboardTest, StopsRecordingWhenAnotherPaneIsChosen) {
     EXPECT_FALSE(shortcuts.isPaused());
 }
 
+TEST_F(KeyboardTest, ForgetsARefusedShortcutWithThePane) {
+    setFull();
+    open(Pane::Listening);
+    pressInView(named("Pressable", QStringLiteral("Listen")));
+    QKeyEvent shiftA(QEvent::KeyPress, Qt::Key_A, Qt::ShiftModifier, 30 + 8, 0, 0);
+    QCoreApplication::sendEvent(window.get(), &shiftA);
+    EXPECT_NE(app.listening()->listenShortcut()->message(), QString());
+    press(named("MacSidebarItem", QStringLiteral("Voice")));
+    press(named("MacSidebarItem", QStringLiteral("Listening")));
+    EXPECT_EQ(app.listening()->listenShortcut()->message(), QString());
+}
+
 TEST_F(KeyboardTest, ClosesAnOpenListWithTheWindow) {
     setFull();
     offer();

@@ -74,7 +74,14 @@ ListPage {
             visible: root.rows.count === 0
             text: root.screen.emptyText
         },
+        Item {
+            width: 1
+            height: Zen.space3
+            visible: remembered.visible
+        },
         ZenNote {
+            id: remembered
+
             width: root.columnWidth
             visible: root.rows.count === 0 && text !== ""
             text: root.screen.rememberedText

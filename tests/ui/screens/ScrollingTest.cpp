@@ -233,3 +233,18 @@ TEST_F(ScrollingTest, HasRowsOnlyForWhatShowsOfAThousandHeardLines) {
     EXPECT_NEAR(seen("EntryRow").last()->mapRectToScene({{}, seen("EntryRow").last()->size()}).bottom(),
                 window->height() - 32, 1);
 }
+
+TEST_F(ScrollingTest, SaysWhatItRemembersALittleBelowTheEmptyState) {
+    setState("waiting", [](Snapshot &snapshot) { snapshot.memory = {.isResumed = true, .journalDays = 2}; });
+    open(Pane::Now);
+    settle();
+    const auto saying = [](const QList<QQuickItem *> &texts, const QString &words) {
+        const auto found =
+            std::find_if(texts.begin(), texts.end(), [&](const auto *text) { return text->property("text") == words; });
+        return found == texts.end() ? nullptr : *found;
+    };
+    const auto *empty = saying(all("ZenBody"), app.now()->emptyText());
+    const auto *remembered = saying(all("ZenNote"), app.now()->rememberedText());
+    ASSERT_TRUE(empty && remembered);
+    EXPECT_EQ(remembered->y(), empty->y() + empty->height() + 12);
+}

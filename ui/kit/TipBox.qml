@@ -1,14 +1,16 @@
 import QtQuick
 import Palomet.Kit
 
-// The box of a tool tip, under its host, or over it at the window's end.
+// The box of a tool tip, under its host, or over it at the window's end; without a host, where it is put.
 ZenBox {
     id: root
 
-    required property Item host
+    property Item host: null
     required property string text
 
     function place(): void {
+        if (!host)
+            return;
         const below = host.mapToItem(parent, 0, host.height + Zen.space1);
         x = Math.max(Zen.space2, Math.min(below.x, parent.width - width - Zen.space2));
         y = below.y + height <= parent.height ? below.y : Math.max(Zen.space2, below.y - host.height - height - Zen.space2);

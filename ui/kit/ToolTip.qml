@@ -8,22 +8,35 @@ Item {
 
     property string text
     property bool isWanted: false
+    // Whether the parent's own window has no room for it.
+    property bool isOutside: false
     property bool isOpen: false
+    readonly property bool isDue: isWanted && Exposure.isShown && text !== ""
 
-    onIsWantedChanged: if (!isWanted) isOpen = false
+    onIsDueChanged: if (!isDue) isOpen = false
     Accessible.ignored: true
 
     Timer {
         interval: Zen.tipTime
-        running: root.isWanted && root.Exposure.isShown && root.text !== ""
+        running: root.isDue
         onTriggered: root.isOpen = true
     }
     When {
-        holds: root.isOpen
+        holds: root.isOpen && !root.isOutside
 
         Item {
             TipBox {
                 parent: root.Window.contentItem
+                host: root.parent
+                text: root.text
+            }
+        }
+    }
+    When {
+        holds: root.isOpen && root.isOutside
+
+        Item {
+            TipWindow {
                 host: root.parent
                 text: root.text
             }

@@ -45,6 +45,8 @@ Rectangle {
         Accessible.ignored: true
     }
     ZenText {
+        id: line
+
         x: word.x + word.width + Zen.space3
         anchors.verticalCenter: parent.verticalCenter
         width: (stopKey.visible ? stopKey.x - Zen.space3 : root.width - 14) - x
@@ -55,6 +57,15 @@ Rectangle {
         elide: Text.ElideRight
         maximumLineCount: 1
         Accessible.ignored: true
+
+        HoverHandler {
+            id: pointer
+        }
+        ToolTip {
+            text: line.text
+            isWanted: pointer.hovered && line.truncated
+            isOutside: true
+        }
     }
     ZenBox {
         id: stopKey

@@ -95,6 +95,28 @@ TEST_F(StripContentTest, ElidesALongLineBeforeTheKeyAndNeverClipsIt) {
     EXPECT_EQ(found[1]->property("lineCount"), 1);
 }
 
+TEST_F(StripContentTest, SaysAllOfALineThatItCutInATipAboveItAsLongAsItIsShown) {
+    const auto tip = [this]() -> QWindow * {
+        for (auto *window : QGuiApplication::topLevelWindows())
+            if (window->type() == Qt::ToolTip && window->isVisible())
+                return window;
+        return nullptr;
+    };
+    const auto question = u"<b>Why</b> "_s.repeated(40);
+    setState("thinking", [&](Snapshot &snapshot) { snapshot.conversation.rows = {test::row("user", question)}; });
+    m_strip.orderFront(QPoint(100, 400));
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(m_strip.window()));
+    for (const auto place : {QPoint(2, 2), QPoint(200, 20)})
+        QTest::mouseMove(m_strip.window(), place);
+    ASSERT_TRUE(test::eventually([&] { return tip() != nullptr; }));
+    EXPECT_EQ(tip()->title(), question.trimmed());
+    EXPECT_EQ(tip()->x(), m_strip.window()->x());
+    EXPECT_EQ(tip()->y() + tip()->height() + 4, m_strip.window()->y());
+    EXPECT_TRUE(tip()->flags().testFlag(Qt::WindowDoesNotAcceptFocus));
+    m_strip.orderOut();
+    EXPECT_TRUE(test::eventually([&] { return tip() == nullptr; }));
+}
+
 TEST_F(StripContentTest, PutsALineOfSeveralLinesInOne) {
     setState("thinking",
              [](Snapshot &snapshot) { snapshot.conversation.rows = {test::row("user", u"One\ntwo\r\nthree"_s)}; });

@@ -43,11 +43,10 @@ Column {
             Accessible.description: `${root.isRecording ? root.typeText : root.spoken || root.noneText}. ${root.message || root.hint} ${root.description}`
             Accessible.onPressAction: clicked()
 
-            ZenBox {
+            SoftBox {
                 anchors.fill: parent
-                visible: button.isPointed && !root.isRecording
                 radius: Zen.radius2
-                color: Zen.gray2
+                color: button.isPointed && !root.isRecording ? Zen.gray2 : Zen.gray0
             }
             Caps {
                 id: keys
@@ -57,7 +56,7 @@ Column {
                 visible: root.showsKeys
                 caps: root.caps
             }
-            ZenBox {
+            SoftBox {
                 id: capsule
 
                 x: Zen.space1

@@ -1,5 +1,4 @@
 import QtQuick
-import Palomet.Kit
 
 // The thumb at a view's right edge; it can be dragged.
 MouseArea {
@@ -28,7 +27,7 @@ MouseArea {
     }
     Accessible.ignored: true
 
-    ZenBox {
+    SoftBox {
         x: Zen.space1
         width: Zen.space1
         height: root.height

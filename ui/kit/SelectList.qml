@@ -62,11 +62,10 @@ ZenBox {
             Accessible.focused: root.current === index
             Accessible.onPressAction: clicked()
 
-            ZenBox {
+            SoftBox {
                 anchors.fill: parent
-                visible: root.current === choice.index
                 radius: Zen.radius1
-                color: Zen.gray2
+                color: root.current === choice.index ? Zen.gray2 : Zen.gray0
             }
             ElidedText {
                 x: Zen.space2

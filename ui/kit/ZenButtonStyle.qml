@@ -1,8 +1,7 @@
 import QtQuick
-import Palomet.Kit
 
 // The ground of a button in each of its states, and the ink that stands on it.
-ZenBox {
+SoftBox {
     id: root
 
     enum Kind {
@@ -20,14 +19,5 @@ ZenBox {
         if (kind === ZenButtonStyle.Primary)
             return !enabled ? Zen.gray3 : isHeld ? Zen.gray7 : isPointed ? Zen.gray8 : Zen.gray9;
         return !enabled ? Zen.gray1 : isHeld ? Zen.gray4 : isPointed ? Zen.gray3 : Zen.gray2;
-    }
-
-    Behavior on color {
-        enabled: root.Exposure.isShown && !Zen.isMotionReduced
-
-        ColorAnimation {
-            duration: Zen.hoverTime
-            easing.type: Easing.OutCubic
-        }
     }
 }

@@ -1,8 +1,7 @@
 import QtQuick
-import Palomet.Kit
 
 // The box of a text field in each of its states.
-ZenBox {
+SoftBox {
     property bool isFocused: false
     property bool isPointed: false
 

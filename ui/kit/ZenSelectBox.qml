@@ -2,7 +2,7 @@ import QtQuick
 import Palomet.Kit
 
 // The box of a select in each of its states.
-ZenBox {
+SoftBox {
     id: root
 
     property string value
@@ -17,15 +17,6 @@ ZenBox {
     color: Zen.gray0
     edge: isOpen ? Zen.gray9 : isPointed ? Zen.gray5 : Zen.gray3
     edgeWidth: 1
-
-    Behavior on edge {
-        enabled: root.Exposure.isShown && !Zen.isMotionReduced
-
-        ColorAnimation {
-            duration: Zen.hoverTime
-            easing.type: Easing.OutCubic
-        }
-    }
 
     ElidedText {
         x: Zen.space3

@@ -26,7 +26,7 @@ Pressable {
     Accessible.onPressAction: clicked()
     Accessible.onToggleAction: clicked()
 
-    ZenBox {
+    SoftBox {
         anchors.fill: parent
         radius: Zen.radiusFull
         color: !root.isOn ? Zen.gray0 : root.isPointed ? Zen.gray8 : Zen.gray9

@@ -20,19 +20,10 @@ Pressable {
     Accessible.selected: isActive
     Accessible.onPressAction: clicked()
 
-    ZenBox {
+    SoftBox {
         anchors.fill: parent
         radius: Zen.radius2
         color: root.isActive ? Zen.gray2 : root.isPointed ? Zen.gray1 : Zen.gray0
-
-        Behavior on color {
-            enabled: root.Exposure.isShown && !Zen.isMotionReduced
-
-            ColorAnimation {
-                duration: Zen.hoverTime
-                easing.type: Easing.OutCubic
-            }
-        }
     }
     Icon {
         x: Zen.space3

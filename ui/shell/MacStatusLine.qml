@@ -22,11 +22,10 @@ Pressable {
     Accessible.name: words
     Accessible.onPressAction: clicked()
 
-    ZenBox {
+    SoftBox {
         anchors.fill: parent
-        visible: !root.isOn && root.isPointed
         radius: Zen.radius2
-        color: Zen.gray2
+        color: !root.isOn && root.isPointed ? Zen.gray2 : Zen.gray0
     }
     Icon {
         x: Zen.space3

@@ -65,6 +65,15 @@ TEST(ZenSwitch, AsksForTheOppositeAndStaysWhereItsOwnerHasIt) {
     EXPECT_EQ(scene.root()->property("asked").toList(), (QVariantList{true, false}));
 }
 
+TEST(SoftBox, ChangesItsColoursAWhileAfterItWasPointedAt) {
+    Scene scene(R"(ZenFieldBox { objectName: "box"; width: 200; height: 36 })");
+    const auto edge = [&] { return scene.value("box", "edge").value<QColor>(); };
+    const QColor pointed(0x6B, 0x72, 0x80);
+    scene.item("box")->setProperty("isPointed", true);
+    EXPECT_NE(edge(), pointed);
+    EXPECT_TRUE(eventually([&] { return edge() == pointed; }));
+}
+
 TEST(SettingRow, HasNoHintLineWithoutAHint) {
     Scene scene(R"(
         SettingRows { width: 640

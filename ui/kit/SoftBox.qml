@@ -1,0 +1,24 @@
+import QtQuick
+import Palomet.Kit
+
+// A box whose colours become others softly, as it is pointed at, held or reached.
+ZenBox {
+    id: root
+
+    Behavior on color {
+        enabled: root.Exposure.isShown && !Zen.isMotionReduced
+
+        ColorAnimation {
+            duration: Zen.hoverTime
+            easing.type: Easing.OutCubic
+        }
+    }
+    Behavior on edge {
+        enabled: root.Exposure.isShown && !Zen.isMotionReduced
+
+        ColorAnimation {
+            duration: Zen.hoverTime
+            easing.type: Easing.OutCubic
+        }
+    }
+}

@@ -7,14 +7,25 @@
 
 #include <xcb/xcb.h>
 
+#include <chrono>
 #include <vector>
 
 namespace palomet {
+
+namespace {
+
+bool isDown(const XcbReply<xcb_query_keymap_reply_t> &keys, quint8 keycode) {
+    return keys && (keys->keys[keycode / 8] >> (keycode % 8) & 1U) != 0;
+}
+
+} // namespace
 
 X11HotKeyGrabber::X11HotKeyGrabber(X11Connection &connection)
     : m_connection(connection)
     , m_mapping(X11Modifiers::read(connection)) {
     connect(&m_connection, &X11Connection::received, this, &X11HotKeyGrabber::received);
+    m_glance.setInterval(std::chrono::milliseconds{10});
+    connect(&m_glance, &QTimer::timeout, this, &X11HotKeyGrabber::forgetReleased);
 }
 
 X11HotKeyGrabber::~X11HotKeyGrabber() {
@@ -28,6 +39,7 @@ bool X11HotKeyGrabber::grab(quint32 id, quint32 keyCode, quint32 modifiers) {
     if (!evdev || *evdev + offset > 255)
         return false;
     const Combination combination{static_cast<quint8>(*evdev + offset), modifiers};
+    rememberHeld(combination.keycode);
     if (!take(combination))
         return false;
     m_grabs.insert_or_assign(id, combination);
@@ -67,11 +79,34 @@ void X11HotKeyGrabber::give(const Combination &combination) {
     xcb_flush(m_connection.get());
 }
 
+void X11HotKeyGrabber::rememberHeld(quint8 keycode) {
+    const auto cookie = xcb_query_keymap(m_connection.get());
+    const XcbReply<xcb_query_keymap_reply_t> keys(xcb_query_keymap_reply(m_connection.get(), cookie, nullptr));
+    m_connection.deliverLater();
+    if (!isDown(keys, keycode))
+        return;
+    m_heldBefore.insert_or_assign(keycode, cookie.sequence);
+    m_glance.start();
+}
+
+void X11HotKeyGrabber::forgetReleased() {
+    const XcbReply<xcb_query_keymap_reply_t> keys(
+        xcb_query_keymap_reply(m_connection.get(), xcb_query_keymap(m_connection.get()), nullptr));
+    m_connection.deliverLater();
+    std::erase_if(m_heldBefore, [&](const auto &held) { return !isDown(keys, held.first); });
+    if (m_heldBefore.empty())
+        m_glance.stop();
+}
+
 void X11HotKeyGrabber::received(const xcb_generic_event_t &event) {
     const quint8 type = event.response_type & 0x7FU;
     if (type == XCB_KEY_PRESS) {
         const auto &press = reinterpret_cast<const xcb_key_press_event_t &>(event);
         if (!m_down.insert(press.detail).second)
+            return;
+        // A press that was on its way by then was one.
+        const auto before = m_heldBefore.find(press.detail);
+        if (before != m_heldBefore.end() && static_cast<qint32>(event.full_sequence - before->second) >= 0)
             return;
         // The upper bits say which layout is active, and the lock keys make no difference.
         constexpr quint16 modifiers = 0xFF;
@@ -85,7 +120,9 @@ void X11HotKeyGrabber::received(const xcb_generic_event_t &event) {
             }
         }
     } else if (type == XCB_KEY_RELEASE) {
-        m_down.erase(reinterpret_cast<const xcb_key_release_event_t &>(event).detail);
+        const auto keycode = reinterpret_cast<const xcb_key_release_event_t &>(event).detail;
+        m_down.erase(keycode);
+        m_heldBefore.erase(keycode);
     } else if (type == XCB_MAPPING_NOTIFY) {
         if (reinterpret_cast<const xcb_mapping_notify_event_t &>(event).request != XCB_MAPPING_POINTER)
             regrabLater();

@@ -4,6 +4,7 @@
 #include "shortcuts/HotKeyGrabber.h"
 
 #include <QObject>
+#include <QTimer>
 
 #include <xcb/xcb.h>
 
@@ -36,6 +37,9 @@ private:
     void received(const xcb_generic_event_t &event);
     [[nodiscard]] bool take(const Combination &combination);
     void give(const Combination &combination);
+    /// A key that is down already when it is grabbed repeats as if it were pressed, and its release may go elsewhere.
+    void rememberHeld(quint8 keycode);
+    void forgetReleased();
     void regrabLater();
     void regrab();
 
@@ -43,6 +47,9 @@ private:
     X11Modifiers m_mapping;
     std::map<quint32, Combination> m_grabs;
     std::set<quint8> m_down; ///< Keycodes that are held; what comes of them now is auto-repeat.
+    /// Keycodes that were held before they were grabbed, each with the number of the request that found them so.
+    std::map<quint8, quint32> m_heldBefore;
+    QTimer m_glance; ///< Looks whether they are up again.
     bool m_isRegrabPending = false;
 };
 

@@ -87,6 +87,27 @@ TEST_F(X11HotKeyGrabberTest, IgnoresAutoRepeat) {
     EXPECT_EQ(pressed, std::vector<quint32>({1}));
 }
 
+TEST_F(X11HotKeyGrabberTest, TakesNoPressFromAKeyThatWasHeldBeforeItWasGrabbedUntilItIsPressedAgain) {
+    display.run(QStringLiteral("xset"),
+                {QStringLiteral("r"), QStringLiteral("rate"), QStringLiteral("100"), QStringLiteral("50")});
+    display.run(QStringLiteral("xdotool"), {QStringLiteral("keydown"), QStringLiteral("space")});
+    ASSERT_TRUE(grabber->grab(1, space, 0));
+    display.run(QStringLiteral("sleep"), {QStringLiteral("0.5")});
+    display.run(QStringLiteral("xdotool"), {QStringLiteral("keyup"), QStringLiteral("space")});
+    pressAndSettle(QStringLiteral("F9"));
+    EXPECT_TRUE(pressed.empty());
+    pressAndSettle(QStringLiteral("space"));
+    EXPECT_EQ(pressed, std::vector<quint32>({1}));
+}
+
+TEST_F(X11HotKeyGrabberTest, HearsAKeyThatWasHeldBeforeItWasGrabbedAndReleasedBeforeItRepeated) {
+    display.run(QStringLiteral("xdotool"), {QStringLiteral("keydown"), QStringLiteral("space")});
+    ASSERT_TRUE(grabber->grab(1, space, 0));
+    display.run(QStringLiteral("xdotool"), {QStringLiteral("keyup"), QStringLiteral("space")});
+    pressAndSettle(QStringLiteral("space"));
+    EXPECT_EQ(pressed, std::vector<quint32>({1}));
+}
+
 TEST_F(X11HotKeyGrabberTest, ReportsThatAnotherProgramHoldsTheKey) {
     const auto otherConnection = X11Connection::open(display.name());
     ASSERT_NE(otherConnection, nullptr);

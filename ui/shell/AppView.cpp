@@ -52,7 +52,7 @@ void AppView::updateScreens() {
 }
 
 QString AppView::version() const {
-    return m_details.version.isEmpty() ? QStringLiteral("dev") : m_details.version;
+    return L("sidebar.version", m_details.version.isEmpty() ? QStringLiteral("dev") : m_details.version);
 }
 
 QVariantList AppView::groups() const {

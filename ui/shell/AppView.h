@@ -53,7 +53,7 @@ public:
 
     [[nodiscard]] Navigation *navigation() const { return &m_navigation; }
     [[nodiscard]] Pane pane() const { return m_navigation.pane(); }
-    /// "dev" in a build that has none.
+    /// In the words of the sidebar; "dev" in a build that has none.
     [[nodiscard]] QString version() const;
     /// The sidebar's groups: each a title and the panes in it, with title and icon.
     [[nodiscard]] QVariantList groups() const;

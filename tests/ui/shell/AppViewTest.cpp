@@ -1,7 +1,10 @@
 #include "ui/shell/AppView.h"
 
 #include "tests/ui/support/UiTest.h"
+#include "ui/localization/Localization.h"
 
+#include <QDir>
+#include <QFile>
 #include <QSettings>
 #include <QSignalSpy>
 #include <QTemporaryDir>
@@ -93,6 +96,17 @@ TEST_F(AppViewTest, HasTheVersionOfItsBuild) {
     EXPECT_EQ(m_app.version(), u"1.2.3");
     const AppView nameless(model(), m_navigation, m_shortcuts, m_layout, {}, {});
     EXPECT_EQ(nameless.version(), u"dev");
+}
+
+TEST_F(AppViewTest, SaysTheVersionInTheWordsOfTheTable) {
+    ASSERT_TRUE(QDir(m_folder.path()).mkpath(u"en.lproj"_s));
+    QFile table(m_folder.filePath(u"en.lproj/strings.json"_s));
+    ASSERT_TRUE(table.open(QFile::WriteOnly));
+    table.write(R"({"sidebar.version": "version %@"})");
+    table.close();
+    Localization::load(m_folder.path(), {u"en"_s});
+    EXPECT_EQ(m_app.version(), u"version 1.2.3");
+    Localization::load(QStringLiteral(PALOMET_SOURCE_DIR "/resources"), {u"en"_s});
 }
 
 TEST_F(AppViewTest, KeepsOnlyTheScreenThatCanBeSeenUpToDate) {

@@ -21,7 +21,7 @@ QString either(const char *english, const char *portuguese) {
 }
 
 QString question() {
-    return either("How is the site’s deploy going?", "Como está o deploy do site?");
+    return either("How is the site's deploy going?", "Como está o deploy do site?");
 }
 
 QString microphone() {
@@ -81,7 +81,7 @@ QJsonObject settings() {
 
 QJsonObject state(double clock) {
     const QJsonArray heard{QJsonObject{{u"at"_qs, clock - 58 * second},
-                                       {u"text"_qs, either("Palomet, how is the site’s deploy going?",
+                                       {u"text"_qs, either("Palomet, how is the site's deploy going?",
                                                            "Palomet, como está o deploy do site?")},
                                        {u"action"_qs, u"accepted"_qs}},
                            QJsonObject{{u"at"_qs, clock - 22 * second},

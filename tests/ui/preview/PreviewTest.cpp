@@ -56,8 +56,11 @@ TEST_F(PreviewTest, WritesToThePathThatFollowsTheFirstCapture) {
 TEST_F(PreviewTest, FillsTheModelWithSamplesInEnglish) {
     fill();
     ASSERT_TRUE(model().snapshot());
-    EXPECT_EQ(rows(), (QStringList{u"user: How is the site’s deploy going?"_s, u"tool: Bash: gh run list --limit 1"_s,
+    EXPECT_EQ(rows(), (QStringList{u"user: How is the site's deploy going?"_s, u"tool: Bash: gh run list --limit 1"_s,
                                    u"agent: The last deploy passed ten minutes ago, with no errors."_s}));
+    EXPECT_EQ(model().snapshot()->heard->front().text, u"Palomet, how is the site's deploy going?");
+    EXPECT_EQ(model().snapshot()->draft->front().text, u"Open a pull request with the form fix.");
+    EXPECT_EQ(model().history().front().firstQuestion, u"How is the site's deploy going?");
     EXPECT_EQ(model().snapshot()->device, u"MacBook Pro Microphone");
     EXPECT_EQ(model().snapshot()->settings.fallbackVoice, u"Samantha");
     EXPECT_EQ(model().snapshot()->settings.actionPhrases, std::vector{u"go ahead"_s});
@@ -71,6 +74,8 @@ TEST_F(PreviewTest, FillsTheModelWithSamplesInPortuguese) {
     ASSERT_TRUE(model().snapshot());
     EXPECT_EQ(rows(), (QStringList{u"user: Como está o deploy do site?"_s, u"tool: Bash: gh run list --limit 1"_s,
                                    u"agent: O último deploy passou há dez minutos, sem erro."_s}));
+    EXPECT_EQ(model().snapshot()->heard->front().text, u"Palomet, como está o deploy do site?");
+    EXPECT_EQ(model().snapshot()->draft->front().text, u"Abre um pull request com a correção do formulário.");
     EXPECT_EQ(model().snapshot()->device, u"Microfone do MacBook Pro");
     EXPECT_EQ(model().snapshot()->settings.fallbackVoice, u"Luciana");
 }

@@ -149,8 +149,12 @@ int preview(const QStringList &arguments, int argumentCount, char **rawArguments
     PreviewMode mode({scheduler, resources, QDir::homePath(), version}, arguments);
     const auto end = [](int exitCode) { QCoreApplication::exit(exitCode); };
     QObject::connect(&mode, &PreviewMode::finished, &application, end, Qt::QueuedConnection);
+    // A picture that was asked for is missing then.
+    const int exitCode = Preview::capturePath(arguments) ? 1 : 0;
     QObject::connect(
-        &application, &Application::quitRequested, &application, [end] { end(0); }, Qt::QueuedConnection);
+        &application, &Application::quitRequested, &application, [=] { end(exitCode); }, Qt::QueuedConnection);
+    // Killed, it would leave its folder behind.
+    const TerminationSignals signals([&application] { Q_EMIT application.quitRequested(); });
     mode.start();
     return Application::exec();
 }

@@ -170,16 +170,23 @@ TEST_F(PalometTest, StartsAsEverWhenOnlyACaptureIsAskedFor) {
     EXPECT_FALSE(QFile::exists(desktop.home.filePath(u"x.png"_s)));
 }
 
-TEST_F(PalometTest, PreviewsBesideARunningInstanceAndEndsAtOnceWhenItIsAsked) {
+TEST_F(PalometTest, PreviewsBesideARunningInstanceAndEndsAtOnceAndWithoutATraceWhenItIsAsked) {
     desktop.tray.appear();
     start();
     const auto backend = awaitBackend();
+    const QTemporaryDir temporary;
+    auto besideIt = environment;
+    besideIt.insert(u"TMPDIR"_s, temporary.path());
     QProcess beside;
-    beside.setProcessEnvironment(environment);
+    beside.setProcessEnvironment(besideIt);
     beside.start(QStringLiteral(PALOMET_EXECUTABLE), {u"--preview"_s, u"brain"_s});
     EXPECT_TRUE(eventually([this] { return windows() == 1; }));
+    EXPECT_FALSE(QDir(temporary.path()).isEmpty());
     beside.terminate();
     EXPECT_TRUE(eventually([&] { return beside.state() == QProcess::NotRunning; }));
+    EXPECT_EQ(beside.exitStatus(), QProcess::NormalExit);
+    EXPECT_EQ(beside.exitCode(), 0);
+    EXPECT_TRUE(QDir(temporary.path()).isEmpty());
     EXPECT_FALSE(log().contains("saindo"));
     sendSignal(SIGTERM);
     expectOrderlyEnd(backend);

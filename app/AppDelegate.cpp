@@ -143,7 +143,8 @@ void AppDelegate::trayHostChanged() {
     // The log exists once the backend was started.
     if (status != TrayHost::Status::Absent || m_stage != Stage::Running || std::exchange(m_isTrayHostSettled, true))
         return;
-    m_backend.note(u"bandeja: nenhum painel mostra ícones; o do Palomet aparece assim que houver um"_s);
+    m_backend.note(
+        u"bandeja: falta um painel com StatusNotifierHost; o ícone do Palomet aparece assim que houver um"_s);
     openWindow();
 }
 

@@ -54,7 +54,8 @@ public:
     [[nodiscard]] bool isReduced() const override { return false; }
 };
 
-const QByteArray missingHost = "bandeja: nenhum painel mostra ícones; o do Palomet aparece assim que houver um\n";
+const QByteArray missingHost =
+    "bandeja: falta um painel com StatusNotifierHost; o ícone do Palomet aparece assim que houver um\n";
 
 class AppDelegateTest : public ::testing::Test {
 protected:

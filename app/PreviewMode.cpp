@@ -45,9 +45,11 @@ PreviewMode::~PreviewMode() {
 }
 
 void PreviewMode::start() {
-    m_window->bringToFront();
-    if (m_capturePath)
-        m_pendingCapture = m_scheduler.after(drawnWithin, [this] { capture(); });
+    if (!m_capturePath)
+        return m_window->bringToFront();
+    // What shows no windows complains of being asked for the front one.
+    m_window->show();
+    m_pendingCapture = m_scheduler.after(drawnWithin, [this] { capture(); });
 }
 
 void PreviewMode::capture() {

@@ -38,6 +38,7 @@ public:
     [[nodiscard]] static QString plainTitle(const QString &text);
 
 Q_SIGNALS:
+    /// By the menu, or by a click on the item where the panel does not answer that with the menu.
     void openRequested();
     void quitRequested();
 

@@ -161,6 +161,18 @@ TEST_F(PalometTest, OpensItsWindowByItselfWithoutATray) {
     expectOrderlyEnd(backend);
 }
 
+TEST_F(PalometTest, OpensItsWindowWhenItsItemIsClicked) {
+    desktop.tray.appear();
+    start();
+    const auto backend = awaitBackend();
+    ASSERT_TRUE(eventually([this] { return desktop.tray.items().size() == 1; }));
+    EXPECT_EQ(windows(), 0);
+    desktop.tray.activate();
+    EXPECT_TRUE(eventually([this] { return windows() == 1; }));
+    sendSignal(SIGTERM);
+    expectOrderlyEnd(backend);
+}
+
 TEST_F(PalometTest, StartsAsEverWhenOnlyACaptureIsAskedFor) {
     desktop.tray.appear();
     start({u"--capture"_s, desktop.home.filePath(u"x.png"_s)});

@@ -103,6 +103,15 @@ QVariant TrayHostDouble::property(const QString &name) const {
     return plain(m_bus.call(call).arguments().value(0));
 }
 
+void TrayHostDouble::activate() {
+    if (m_items.isEmpty())
+        return;
+    auto call = QDBusMessage::createMethodCall(m_items.constLast(), u"/StatusNotifierItem"_s,
+                                               u"org.kde.StatusNotifierItem"_s, u"Activate"_s);
+    call.setArguments({0, 0});
+    m_bus.call(call);
+}
+
 std::vector<TrayMenuEntry> TrayHostDouble::menu() const {
     const auto answer = callMenu(u"GetLayout"_s, {0, -1, QStringList()});
     return answer.size() == 2 ? entryFrom(answer[1].value<QDBusArgument>()).children : std::vector<TrayMenuEntry>();

@@ -55,6 +55,8 @@ public:
     /// The entries of its menu; none when it does not answer.
     [[nodiscard]] std::vector<TrayMenuEntry> menu() const;
 
+    /// The last item is clicked.
+    void activate();
     /// The menu is about to be opened.
     void open();
     /// The entry with this title is clicked; false when there is none.

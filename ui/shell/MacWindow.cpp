@@ -104,7 +104,11 @@ void MacWindow::restoreFrame() {
     const auto frame = openingFrame(saved, usableScreens(), openingSize, minimumContentSize);
     // What remembers nothing is of its own size on every screen.
     resize(m_settings ? frame.size() : openingSize);
-    setFramePosition(frame.topLeft());
+    // What stands in the middle is the content: how much goes around it is not known before it shows.
+    if (saved)
+        setFramePosition(frame.topLeft());
+    else
+        setPosition(frame.topLeft());
     if (m_settings && m_settings->value(maximizedKey).toBool())
         setWindowStates(Qt::WindowMaximized);
 }

@@ -1,5 +1,6 @@
 #include "ui/preview/Preview.h"
 
+#include "model/Documents.h"
 #include "tests/ui/support/UiTest.h"
 #include "ui/localization/Localization.h"
 
@@ -105,6 +106,19 @@ TEST_F(PreviewTest, ShowsNoMicrophoneWarning) {
     UiTest::model().setMicAuthorized(false);
     fill();
     EXPECT_TRUE(model().isMicOn());
+}
+
+TEST_F(PreviewTest, HasItsHistoryBehindItAtEveryHourOfTheDay) {
+    constexpr double hour = 3'600'000;
+    for (int hours = 0; hours < 24; ++hours) {
+        double newer = 1'789'000'000'000 + hours * hour;
+        const auto history = decodeHistory(Preview::documents(newer).history);
+        ASSERT_TRUE(history);
+        for (const auto &entry : *history) {
+            EXPECT_LT(entry.startedAt, newer) << hours;
+            newer = entry.startedAt;
+        }
+    }
 }
 
 TEST_F(PreviewTest, IsTheSameForTheSameClock) {

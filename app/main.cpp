@@ -47,6 +47,12 @@ bool isWayland() {
     return qEnvironmentVariable("XDG_SESSION_TYPE") == "wayland"_L1;
 }
 
+/// As far as the environment says. Without one the toolkit would end the program as if it had crashed.
+bool hasDisplay() {
+    return isWayland() || !qEnvironmentVariableIsEmpty("DISPLAY") || !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") ||
+           !qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM");
+}
+
 /// On a Wayland session the whole program goes through XWayland, unless the user wants it otherwise: the strip is then
 /// the same everywhere. Whether this has set the toolkit's platform.
 bool preferXWayland() {
@@ -177,6 +183,17 @@ int print(std::FILE *stream, const QString &text, int exitCode) {
     return exitCode;
 }
 
+int failWithoutDisplay() {
+    return print(stderr, u"palomet: there is no display\n"_s, 1);
+}
+
+/// One that runs has a display, and can be shown all the same.
+int runWithoutDisplay(int argumentCount, char **arguments) {
+    const QCoreApplication application(argumentCount, arguments);
+    DBusRemoteClient client(QDBusConnection::sessionBus());
+    return client.send({u"open"_s, std::nullopt}) ? failWithoutDisplay() : 0;
+}
+
 } // namespace
 
 int main(int argc, char **argv) {
@@ -186,7 +203,7 @@ int main(int argc, char **argv) {
     const auto line = CommandLine::parse(arguments);
     switch (line.mode) {
     case CommandLine::Mode::Run:
-        return run(argc, argv);
+        return hasDisplay() ? run(argc, argv) : runWithoutDisplay(argc, argv);
     case CommandLine::Mode::Version:
         return print(stdout, u"palomet %1\n"_s.arg(version), 0);
     case CommandLine::Mode::Help:
@@ -199,7 +216,7 @@ int main(int argc, char **argv) {
     case CommandLine::Mode::Doctor:
         return runDoctor(argc, argv);
     case CommandLine::Mode::Preview:
-        return preview(arguments, argc, argv);
+        return hasDisplay() || Preview::capturePath(arguments) ? preview(arguments, argc, argv) : failWithoutDisplay();
     case CommandLine::Mode::Invalid:
         break;
     }

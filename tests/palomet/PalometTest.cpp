@@ -130,6 +130,27 @@ TEST_F(PalometTest, TellsItsVersionAndItsUseWithoutADisplay) {
     EXPECT_TRUE(program.readAllStandardOutput().startsWith("Usage: palomet"));
 }
 
+TEST_F(PalometTest, SaysThatThereIsNoDisplay) {
+    const Outcome noDisplay{1, "", "palomet: there is no display\n"};
+    for (const auto &name : {u"DISPLAY"_s, u"WAYLAND_DISPLAY"_s})
+        environment.remove(name);
+    EXPECT_EQ(command({}), noDisplay);
+    EXPECT_EQ(command({u"--preview"_s, u"voice"_s}), noDisplay);
+    EXPECT_EQ(log(), "");
+}
+
+TEST_F(PalometTest, OpensTheWindowOfTheOneThatRunsWithoutADisplayOfItsOwn) {
+    desktop.tray.appear();
+    start();
+    const auto backend = awaitBackend();
+    for (const auto &name : {u"DISPLAY"_s, u"WAYLAND_DISPLAY"_s})
+        environment.remove(name);
+    EXPECT_EQ(command({}), (Outcome{0, "", ""}));
+    EXPECT_TRUE(eventually([this] { return windows() == 1; }));
+    sendSignal(SIGTERM);
+    expectOrderlyEnd(backend);
+}
+
 TEST_F(PalometTest, RefusesAnArgumentThatItDoesNotKnow) {
     start({u"--lisen"_s});
     ASSERT_TRUE(awaitEnd());

@@ -145,7 +145,7 @@ QJsonArray history(double clock) {
     };
     const std::array samples{
         Sample{clock - 300 * second, question(), 1, 0.03},
-        Sample{clock - 190 * minute,
+        Sample{clock - 209 * minute,
                either("What is on my calendar this afternoon?", "O que tenho na agenda hoje à tarde?"), 2, 0.05},
         Sample{at(1, 18, 2),
                either("Summarise the three open issues about the contact form.",

@@ -2,6 +2,7 @@
 
 #include "platform/x11/X11Connection.h"
 #include "platform/x11/X11HotKeyGrabber.h"
+#include "platform/x11/XcbReply.h"
 #include "tests/support/Eventually.h"
 #include "tests/support/PrivateDisplay.h"
 
@@ -17,7 +18,14 @@ public:
 
     /// Whether it was granted; it then holds the key.
     [[nodiscard]] bool take(quint32 keyCode, quint32 modifiers) { return m_grabber.grab(1, keyCode, modifiers); }
-    void give() { m_grabber.release(1); }
+    void give() {
+        m_grabber.release(1);
+        // The answer to a question behind it says that it is done: whoever takes the key next uses another connection.
+        auto *connection = m_connection->get();
+        const XcbReply<xcb_get_input_focus_reply_t> answer(
+            xcb_get_input_focus_reply(connection, xcb_get_input_focus(connection), nullptr));
+        m_connection->deliverLater();
+    }
     /// Whether nobody holds the key.
     [[nodiscard]] bool isFree(quint32 keyCode, quint32 modifiers) {
         const bool isTaken = take(keyCode, modifiers);

@@ -6,6 +6,7 @@
 #include "tests/support/PrivateDisplay.h"
 
 #include <gtest/gtest.h>
+#include <xcb/xcb.h>
 
 #include <vector>
 
@@ -90,9 +91,15 @@ TEST_F(X11HotKeyGrabberTest, IgnoresAutoRepeat) {
 TEST_F(X11HotKeyGrabberTest, TakesNoPressFromAKeyThatWasHeldBeforeItWasGrabbedUntilItIsPressedAgain) {
     display.run(QStringLiteral("xset"),
                 {QStringLiteral("r"), QStringLiteral("rate"), QStringLiteral("100"), QStringLiteral("50")});
+    int repetitions = 0;
+    QObject::connect(connection.get(), &X11Connection::received, connection.get(),
+                     [&](const xcb_generic_event_t &event) {
+                         if ((event.response_type & 0x7FU) == XCB_KEY_PRESS)
+                             ++repetitions;
+                     });
     display.run(QStringLiteral("xdotool"), {QStringLiteral("keydown"), QStringLiteral("space")});
     ASSERT_TRUE(grabber->grab(1, space, 0));
-    display.run(QStringLiteral("sleep"), {QStringLiteral("0.5")});
+    ASSERT_TRUE(test::eventually([&] { return repetitions >= 3; }));
     display.run(QStringLiteral("xdotool"), {QStringLiteral("keyup"), QStringLiteral("space")});
     pressAndSettle(QStringLiteral("F9"));
     EXPECT_TRUE(pressed.empty());

@@ -47,6 +47,15 @@ if(PALOMET_SANITIZE)
   set(PALOMET_QML_CACHE NO_CACHEGEN)
 endif()
 
+# palomet_merge_byte_code(TARGET): compiles the byte code of all QML of a target at once; one by one, each would cost the
+# seconds that Qt's headers take.
+function(palomet_merge_byte_code target)
+  get_target_property(sources ${target} SOURCES)
+  list(FILTER sources INCLUDE REGEX "/qmlcache/")
+  set_source_files_properties(${sources} PROPERTIES UNITY_GROUP byte-code)
+  set_target_properties(${target} PROPERTIES UNITY_BUILD ON UNITY_BUILD_MODE GROUP)
+endfunction()
+
 # palomet_library(NAME SOURCES a.cpp … [PUBLIC libraries …] [PRIVATE libraries …]): one static library a folder.
 function(palomet_library name)
   cmake_parse_arguments(arg "" "" "SOURCES;PUBLIC;PRIVATE" ${ARGN})

@@ -11,7 +11,8 @@ option(PALOMET_FUZZ "Build the fuzz targets instead of the program" OFF)
 
 find_program(CCACHE ccache)
 if(CCACHE)
-  set(CMAKE_CXX_COMPILER_LAUNCHER ${CCACHE})
+  # Without this leave it keeps nothing of what is compiled with a precompiled header.
+  set(CMAKE_CXX_COMPILER_LAUNCHER ${CMAKE_COMMAND} -E env CCACHE_SLOPPINESS=pch_defines,time_macros ${CCACHE})
 endif()
 
 add_library(palomet-options INTERFACE)

@@ -43,7 +43,7 @@ bool raiseLoopback() {
 } // namespace
 
 bool enterPrivateNetwork() {
-    return (unshare(CLONE_NEWNET) == 0 || enterOwnUsers()) && raiseLoopback();
+    return (unshare(CLONE_NEWNET) == 0 && raiseLoopback()) || (enterOwnUsers() && raiseLoopback());
 }
 
 } // namespace palomet::test

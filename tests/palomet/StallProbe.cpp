@@ -14,16 +14,26 @@ namespace {
 
 using namespace std::chrono_literals;
 
-/// How long the main thread was ready to run, and others ran.
-std::chrono::nanoseconds waited(qint64 process) {
-    const auto path = QStringLiteral("task/%1/schedstat").arg(process);
-    return std::chrono::nanoseconds(processFile(process, path).split(' ').value(1).toLongLong());
+/// How long threads were ready to run while others ran, in all; each by its folder below /proc.
+std::chrono::nanoseconds waited(const QStringList &threads) {
+    std::chrono::nanoseconds sum{};
+    for (const auto &thread : threads) {
+        const auto times = contentOf(QStringLiteral("/proc/%1/schedstat").arg(thread)).split(' ');
+        sum += std::chrono::nanoseconds(times.value(1).toLongLong());
+    }
+    return sum;
+}
+
+QString mainThread(qint64 process) {
+    return QStringLiteral("%1/task/%1").arg(process);
 }
 
 } // namespace
 
-StallProbe::StallProbe(const QString &bus, qint64 process)
-    : m_thread([this, bus, process] { ask(bus, process); }) {}
+StallProbe::StallProbe(const PrivateBus &bus, qint64 process)
+    : m_thread([this, address = bus.address(),
+                participants = QStringList{mainThread(process), mainThread(bus.processId()),
+                                           QStringLiteral("thread-self")}] { ask(address, participants); }) {}
 
 std::chrono::milliseconds StallProbe::end() {
     m_isEnding = true;
@@ -32,20 +42,20 @@ std::chrono::milliseconds StallProbe::end() {
     return std::chrono::duration_cast<std::chrono::milliseconds>(m_longest.load());
 }
 
-void StallProbe::ask(const QString &bus, qint64 process) {
+void StallProbe::ask(const QString &address, const QStringList &participants) {
     const auto name = QUuid::createUuid().toString();
     {
-        const auto connection = QDBusConnection::connectToBus(bus, name);
+        const auto connection = QDBusConnection::connectToBus(address, name);
         const auto question = QDBusMessage::createMethodCall(
             QStringLiteral("org.palomet.Palomet"), QStringLiteral("/org/palomet/Palomet"),
             QStringLiteral("org.palomet.Palomet.Control"), QStringLiteral("Status"));
         while (!m_isEnding) {
-            const auto waitedBefore = waited(process);
+            const auto waitedBefore = waited(participants);
             const auto begin = std::chrono::steady_clock::now();
             if (connection.call(question).type() == QDBusMessage::ReplyMessage)
                 ++m_answers;
             const auto taken = std::chrono::steady_clock::now() - begin;
-            m_longest = std::max(m_longest.load(), taken - (waited(process) - waitedBefore));
+            m_longest = std::max(m_longest.load(), taken - (waited(participants) - waitedBefore));
             std::this_thread::sleep_for(2ms);
         }
     }

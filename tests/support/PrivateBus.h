@@ -16,6 +16,8 @@ public:
     /// As `DBUS_SESSION_BUS_ADDRESS` has it; empty when the bus could not be started.
     [[nodiscard]] const QString &address() const { return m_address; }
 
+    [[nodiscard]] qint64 processId() const { return m_daemon.processId(); }
+
     /// Ends it under everybody who is connected.
     void end();
 

@@ -38,7 +38,7 @@ function fail(reason: string): never {
 
 /** Runs a program; what it printed, and null when it was still running after the limit. */
 function run(command: string[], limitMs: number): { code: number | null; text: string } {
-    const { exitCode, stdout, stderr, signalCode } = Bun.spawnSync(command, { timeout: limitMs, killSignal: "SIGKILL", maxBuffer: 1 << 26 });
+    const { exitCode, stdout, stderr, signalCode } = Bun.spawnSync(command, { timeout: Math.ceil(limitMs), killSignal: "SIGKILL", maxBuffer: 1 << 26 });
     return { code: signalCode === "SIGKILL" ? null : exitCode ?? 1, text: stdout.toString() + stderr.toString() };
 }
 

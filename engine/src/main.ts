@@ -54,7 +54,7 @@ async function main(): Promise<void> {
   process.on("SIGTERM", end);
   process.on("SIGINT", end);
   try {
-    serve(engine, port);
+    serve(engine, port, log);
   } catch (error) {
     if (!(error instanceof PortTaken)) throw error;
     engine.close();

@@ -2,6 +2,8 @@
 
 import type { Server, ServerWebSocket } from "bun";
 import type { Engine } from "./engine.ts";
+import type { Log } from "./log.ts";
+import { connectionOwner, type Owner } from "./peers.ts";
 import { isRecord, parseJson } from "./protocol.ts";
 
 /** A typed request, or a settings change; nothing that the front end sends is larger. */
@@ -15,14 +17,17 @@ type Link = ServerWebSocket<undefined>;
 
 export class PortTaken extends Error {}
 
-export function serve(engine: Engine, port: number): Server<undefined> {
+/** Serves the processes of the user that the engine runs as; `ownerOf` tells whose a connection is. */
+export function serve(engine: Engine, port: number, log: Log, ownerOf = connectionOwner): Server<undefined> {
+  const isLetIn = gate(log, ownerOf);
   try {
     return Bun.serve<undefined>({
       hostname: "127.0.0.1",
       port,
       idleTimeout: 0,
       maxRequestBodySize: maxBody,
-      fetch: (request, server) => respond(engine, request, server),
+      fetch: (request, server) =>
+        isLetIn(request, server) ? respond(engine, request, server) : problem(403, "not for this caller"),
       error: () => problem(500, "internal error"),
       websocket: {
         idleTimeout: 0,
@@ -45,7 +50,6 @@ export function serve(engine: Engine, port: number): Server<undefined> {
 }
 
 async function respond(engine: Engine, request: Request, server: Server<undefined>): Promise<Response | undefined> {
-  if (!isOurs(request, server.port ?? 0)) return problem(403, "not for web pages");
   const path = new URL(request.url).pathname;
   if (path === "/audio") {
     return server.upgrade(request) ? undefined : problem(426, "a WebSocket");
@@ -99,14 +103,34 @@ async function readBody(request: Request): Promise<Record<string, unknown> | und
 }
 
 /**
- * Browsers reach the loopback interface too. A page of somebody else's says where it comes from, and one that hides
- * behind a name of its own says so in the host.
+ * Every user of the machine reaches the loopback interface, and so does every web page. Each request is looked at: a
+ * connection whose end was passed on, or taken over under the same port, has another owner than before.
  */
-function isOurs(request: Request, port: number): boolean {
+function gate(log: Log, ownerOf: typeof connectionOwner): (request: Request, server: Server<undefined>) => boolean {
+  const user = process.geteuid?.();
+  const strangers = new Set<Owner>();
+  return (request, server) => {
+    const port = server.port ?? 0;
+    if (!isOfNoPage(request, port)) return false;
+    const from = server.requestIP(request);
+    const owner = from === null ? "gone" : ownerOf({ address: from.address, port: from.port, to: port });
+    if (owner === "unknown" || owner === user) return true;
+    if (owner !== "gone" && !strangers.has(owner)) log(`recusei pedidos de outro usuário desta máquina (${owner})`);
+    strangers.add(owner);
+    return false;
+  };
+}
+
+/**
+ * A page of somebody else's says where it comes from, and one that hides behind a name of its own says so in the host.
+ * What a page merely shows, an image for instance, has no origin; browsers then say that another site asks.
+ */
+function isOfNoPage(request: Request, port: number): boolean {
   const hosts = [`127.0.0.1:${port}`, `localhost:${port}`];
   const origin = request.headers.get("origin") ?? "";
   const isOwnOrigin = origin === "" || hosts.some((host) => origin === `http://${host}` || origin === `ws://${host}`);
-  return isOwnOrigin && hosts.includes(request.headers.get("host") ?? "");
+  const isOwnSite = ["none", "same-origin"].includes(request.headers.get("sec-fetch-site") ?? "none");
+  return isOwnOrigin && isOwnSite && hosts.includes(request.headers.get("host") ?? "");
 }
 
 function problem(status: number, text: string): Response {

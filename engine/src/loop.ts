@@ -121,6 +121,12 @@ export class Loop {
     this.#ask({ text, isSpoken: false, askedAt: this.ports.clock.now() });
   }
 
+  /** Whoever asked for more than can be taken is told so. */
+  refuseLength(): void {
+    this.#endTurn();
+    void this.#announce(this.ports.phrases.tooLong);
+  }
+
   act(): void {
     if (this.#draft.isOpen) this.#ask({ text: this.#draft.take(), isSpoken: false, askedAt: this.ports.clock.now() });
   }

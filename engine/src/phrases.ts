@@ -15,6 +15,7 @@ export interface Phrases {
   no: string[];
   sample: (name: string) => string;
   conversationBegun: string;
+  tooLong: string;
   reasons: {
     notUnderstood: string;
     noName: string;
@@ -45,6 +46,7 @@ export const phrases: Record<Language, Phrases> = {
     no: ["no", "no thanks", "no you may not"],
     sample: (name) => `Hello, I am ${name}. This is how I sound.`,
     conversationBegun: "A new conversation.",
+    tooLong: "That is too long for me.",
     reasons: {
       notUnderstood: "not understood",
       noName: "the name was not said",
@@ -73,6 +75,7 @@ export const phrases: Record<Language, Phrases> = {
     no: ["não", "não precisa", "não pode"],
     sample: (name) => `Olá, eu sou ${name}. É assim que eu falo.`,
     conversationBegun: "Uma nova conversa.",
+    tooLong: "Isso é longo demais para mim.",
     reasons: {
       notUnderstood: "não entendi",
       noName: "o nome não foi dito",

@@ -6,9 +6,11 @@ import type { Log } from "./log.ts";
 import { connectionOwner, type Owner } from "./peers.ts";
 import { isRecord, parseJson } from "./protocol.ts";
 
-/** A typed request, or a settings change; nothing that the front end sends is larger. */
-const maxBody = 64 * 1024;
-const maxRequest = 16 * 1024;
+/** A typed request, in bytes of UTF-8: as much as the front end takes. */
+const maxRequest = 1 << 20;
+/** In JSON, a character may take six bytes for its one. */
+const maxBody = 8 << 20;
+const maxSettings = 64 << 10;
 const maxLinkMessage = 1 << 20;
 /** What a front end may leave unread of clips and commands before it is taken for dead. */
 const maxUnread = 64 << 20;
@@ -85,20 +87,25 @@ const commands: Record<string, Command> = {
   "/say": async (engine, request) => {
     const body = await readBody(request);
     const text = typeof body?.text === "string" ? body.text.trim() : "";
-    if (text === "" || text.length > maxRequest) return problem(400, 'a JSON object with a "text"');
+    if (text === "") return problem(400, 'a JSON object with a "text"');
+    if (Buffer.byteLength(text) > maxRequest) {
+      engine.loop.refuseLength();
+      return problem(400, "a text of at most 1 MiB");
+    }
     engine.loop.say(text);
     return undefined;
   },
   "/settings": async (engine, request) => {
-    const body = await readBody(request);
+    const body = await readBody(request, maxSettings);
     if (body === undefined || Object.keys(body).length === 0) return problem(400, "a JSON object of settings");
     const wrong = await engine.set(body);
     return wrong === undefined ? undefined : problem(400, wrong);
   },
 };
 
-async function readBody(request: Request): Promise<Record<string, unknown> | undefined> {
-  const value = parseJson(await request.text().catch(() => ""));
+async function readBody(request: Request, longest = maxBody): Promise<Record<string, unknown> | undefined> {
+  const text = await request.text().catch(() => "");
+  const value = text.length > longest ? undefined : parseJson(text);
   return isRecord(value) ? value : undefined;
 }
 

@@ -83,8 +83,24 @@ describe("the commands", () => {
     expect(it.brain.requests).toHaveLength(asked);
   });
 
+  test("say takes as much as the front end does, and says aloud that more is too long", async () => {
+    for (const text of ["a".repeat(16_385), "ã".repeat(1 << 19), "\u0001".repeat((1 << 20) - 1) + "a"]) {
+      expect((await post("say", JSON.stringify({ text }))).status).toBe(200);
+      await settle();
+      expect(it.brain.requests.at(-1)?.text.length).toBe(text.length);
+    }
+    it.engine.newConversation();
+    const told = it.events.length;
+    expect((await post("say", JSON.stringify({ text: "a".repeat((1 << 20) + 1) }))).status).toBe(400);
+    await settle();
+    expect(it.events.slice(told)).toContainEqual(["spoken", JSON.stringify("That is too long for me.")]);
+    expect(it.engine.state.conversation.rows).toEqual([]);
+    it.engine.loop.stop();
+  });
+
   test("a body beyond all reason is refused unread", async () => {
-    expect((await post("say", `{"text":"${"a".repeat(1 << 20)}"}`)).status).toBe(413);
+    expect((await post("say", `{"text":"${"a".repeat(9 << 20)}"}`)).status).toBe(413);
+    expect((await post("settings", `{"voiceName":"${"a".repeat(65 << 10)}"}`)).status).toBe(400);
   });
 
   test("settings take a good value and refuse a bad one whole", async () => {

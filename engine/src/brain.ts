@@ -35,8 +35,6 @@ export interface Brain {
 }
 
 export class EngineBrain implements Brain {
-  #versions = new Map<string, string>();
-
   constructor(
     readonly clock: Clock,
     readonly locale: Locale,
@@ -47,8 +45,7 @@ export class EngineBrain implements Brain {
 
   /** Looks for the `claude` tools; until then, and where there is none, the built-in answers are given. */
   async prepare(): Promise<void> {
-    const tools = await this.choices.claudeTools();
-    this.#versions = new Map(tools.map(({ path, version }) => [path, version]));
+    await this.choices.claudeTools();
   }
 
   async answer(request: Request, answering: Answering, signal: AbortSignal): Promise<Answer> {
@@ -81,13 +78,15 @@ export class EngineBrain implements Brain {
   session(settings: Settings): Omit<Session, "startedAt"> {
     const path = this.#tool(settings);
     if (path === undefined) return { model: builtInModel, claudePath: "", claudeVersion: "", isReady: true };
-    const claudeVersion = this.#versions.get(path) ?? "";
+    const claudeVersion = this.choices.knownTools.get(path) ?? "";
     return { model: settings.brainModel, claudePath: path, claudeVersion, isReady: true };
   }
 
   #tool(settings: Settings): string | undefined {
     if (settings.brainModel === builtInModel) return undefined;
-    return settings.claudePath ?? this.#versions.keys().next().value;
+    const { knownTools } = this.choices;
+    const { claudePath } = settings;
+    return claudePath !== undefined && knownTools.has(claudePath) ? claudePath : knownTools.keys().next().value;
   }
 
   #context({ settings, lastAnswer }: Request): AnswerContext {

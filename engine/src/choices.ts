@@ -22,6 +22,9 @@ export const actions = [
 ] as const;
 
 export class Choices {
+  /** The `claude` tools that were found so far and their versions, the first on the path first. */
+  knownTools: ReadonlyMap<string, string> = new Map();
+
   constructor(
     readonly children: Children,
     readonly locale: Locale,
@@ -76,17 +79,20 @@ export class Choices {
   }
 
   /** Every `claude` tool on the path with its version; one that does not tell its version is left out. */
-  async claudeTools(): Promise<{ path: string; version: string }[]> {
+  readonly claudeTools = shared(async (): Promise<{ path: string; version: string }[]> => {
     const folders = [...new Set((this.children.environment.PATH ?? "").split(":"))].filter((folder) => folder !== "");
     const paths = folders.map((folder) => Bun.which("claude", { PATH: folder })).filter((path) => path !== null);
     const tools = await Promise.all(
       paths.map(async (path) => ({ path, version: /\d+(\.\d+)+/.exec(await this.#print([path, "--version"]))?.[0] })),
     );
-    return tools.flatMap(({ path, version }) => (version === undefined ? [] : [{ path, version }]));
-  }
+    const found = tools.flatMap(({ path, version }) => (version === undefined ? [] : [{ path, version }]));
+    // One that was slow to tell its version this time stays known.
+    this.knownTools = new Map([...found.map(({ path, version }) => [path, version] as const), ...this.knownTools]);
+    return found;
+  });
 
   /** The microphones of the sound server: what the user calls them, and what the server does. */
-  async sources(): Promise<{ name: string; source: string }[]> {
+  readonly sources = shared(async (): Promise<{ name: string; source: string }[]> => {
     const listing = parseJson(await this.#print(["pactl", "--format=json", "list", "sources"]));
     if (!Array.isArray(listing)) return [];
     return listing.flatMap((entry: unknown) => {
@@ -94,10 +100,10 @@ export class Choices {
       const isMonitor = typeof entry.monitor_source === "string" && entry.monitor_source !== "";
       return isMonitor ? [] : [{ name: entry.description, source: entry.name }];
     });
-  }
+  });
 
   /** The voices of `espeak-ng` for the languages that the engine speaks, each also in a lighter variant. */
-  async #voices(): Promise<string[]> {
+  readonly #voices = shared(async (): Promise<string[]> => {
     const listing = await this.#print(["espeak-ng", "--voices"]);
     const voices = listing.split("\n").flatMap((line) => {
       const [, language, , , file] = line.trim().split(/\s+/);
@@ -107,7 +113,7 @@ export class Choices {
     const ours = (voice: string): number => (voice === this.locale.voice ? 0 : voice.startsWith(this.locale.language) ? 1 : 2);
     const ordered = [...new Set(voices)].sort((a, b) => ours(a) - ours(b));
     return ordered.flatMap((voice) => [voice, `${voice}+f3`]);
-  }
+  });
 
   async #print(command: [string, ...string[]]): Promise<string> {
     const outcome = await this.children.run(command, {
@@ -118,6 +124,12 @@ export class Choices {
     });
     return outcome.kind === "ended" && outcome.code === 0 ? new TextDecoder().decode(outcome.output) : "";
   }
+}
+
+/** Looks once for all who ask until it has ended, however many they are. */
+function shared<T>(look: () => Promise<T>): () => Promise<T> {
+  let going: Promise<T> | undefined;
+  return () => (going ??= look().finally(() => (going = undefined)));
 }
 
 function entries(folder: string): string[] {

@@ -1,15 +1,14 @@
 // Answers by the `claude` command-line tool: one run a request, continuing the conversation's session.
 
-import { statSync } from "node:fs";
 import { homedir } from "node:os";
 import type { Answer, Answering, Request } from "./brain.ts";
 import type { Children } from "./children.ts";
 import { actions } from "./choices.ts";
 import { LineReader, readClaudeLine, type ClaudeEvent, type DeniedTool } from "./claudeOutput.ts";
 import type { Clock } from "./clock.ts";
+import { presentFolders } from "./folders.ts";
 import { plainWords } from "./language.ts";
 import type { Phrases } from "./phrases.ts";
-import type { Settings } from "./protocol.ts";
 
 export type ClaudeAnswer = Answer & { problem?: string };
 
@@ -65,16 +64,19 @@ export class Claude {
         hasText = true;
       }
     });
+    const { folders, workingFolder } = request.settings;
+    const present = await presentFolders(this.children, [workingFolder, ...folders]);
     const ending = new AbortController();
     const stop = (): void => ending.abort();
+    if (signal.aborted) stop();
     signal.addEventListener("abort", stop);
     let cancelStall = this.clock.after(this.stallMs, stop);
-    const outcome = await this.children.run([path, ...commandLine(request, allowed, this.phrases)], {
+    const outcome = await this.children.run([path, ...commandLine(request, present, allowed, this.phrases)], {
       input: request.text,
       timeoutMs: longestRunMs,
       maxOutput,
       signal: ending.signal,
-      cwd: folderOf(request.settings),
+      cwd: present.includes(workingFolder) ? workingFolder : homedir(),
       onOutput: (piece) => {
         cancelStall();
         cancelStall = this.clock.after(this.stallMs, stop);
@@ -103,11 +105,10 @@ export class Claude {
 }
 
 /** What may be done is told by the settings; what was just allowed holds for this one run. */
-export function commandLine(request: Request, allowed: DeniedTool[], phrases: Phrases): string[] {
+function commandLine(request: Request, present: string[], allowed: DeniedTool[], phrases: Phrases): string[] {
   const { brainModel, confirmActions, folders, voiceName } = request.settings;
   const free = actions.filter(({ id }) => !confirmActions.includes(id)).flatMap(({ tools }) => [...tools]);
   const tools = [...new Set([...free, ...allowed.map(rule)])];
-  const present = folders.filter((folder) => statSync(folder, { throwIfNoEntry: false })?.isDirectory());
   return [
     "--print",
     "--output-format",
@@ -119,7 +120,7 @@ export function commandLine(request: Request, allowed: DeniedTool[], phrases: Ph
     phrases.instructions(voiceName),
     ...(request.session === undefined ? [] : ["--resume", request.session]),
     ...(tools.length === 0 ? [] : ["--allowedTools", tools.join(",")]),
-    ...present.flatMap((folder) => ["--add-dir", folder]),
+    ...folders.filter((folder) => present.includes(folder)).flatMap((folder) => ["--add-dir", folder]),
   ];
 }
 
@@ -131,8 +132,4 @@ function rule({ name, detail }: DeniedTool): string {
 function isOneOf(text: string, list: string[]): boolean {
   const plain = plainWords(text).join(" ");
   return list.some((phrase) => plainWords(phrase).join(" ") === plain);
-}
-
-function folderOf({ workingFolder }: Settings): string {
-  return statSync(workingFolder, { throwIfNoEntry: false })?.isDirectory() ? workingFolder : homedir();
 }

@@ -9,13 +9,14 @@ import type { Clock } from "./clock.ts";
 import { Conversations } from "./conversations.ts";
 import { EventStream } from "./eventStream.ts";
 import type { Locale } from "./language.ts";
+import { presentFolders } from "./folders.ts";
 import type { Log } from "./log.ts";
 import { Loop } from "./loop.ts";
 import type { Microphone } from "./microphone.ts";
 import { phrases } from "./phrases.ts";
 import type { ConversationSummary, LoopState, Options, Settings, Snapshot } from "./protocol.ts";
 import type { Recogniser } from "./recogniser.ts";
-import { SettingsKeeper } from "./settings.ts";
+import { SettingsKeeper, type Found } from "./settings.ts";
 import { Speaker } from "./speaker.ts";
 import { Store } from "./store.ts";
 import type { Synthesiser } from "./synthesiser.ts";
@@ -48,6 +49,7 @@ export class Engine {
   readonly #microphone: Microphone;
   #awaitedDevice: (() => void)[] = [];
   #sessionStartedAt: number;
+  #looking: Promise<unknown> = Promise.resolve();
   #toldState: LoopState | undefined;
 
   constructor(parts: EngineParts) {
@@ -139,7 +141,10 @@ export class Engine {
 
   /** Sets all of these or none; what is wrong, if anything is. Resolves when the front end has followed. */
   async set(values: Record<string, unknown>): Promise<string | undefined> {
-    const outcome = this.#settings.set(values);
+    // One after the other: a value that is looked for first must not replace one that was set later.
+    const found = this.#looking.then(() => this.#lookFor(values));
+    this.#looking = found;
+    const outcome = this.#settings.set(values, await found);
     if ("problem" in outcome) return outcome.problem;
     this.loop.settingsChanged();
     this.changed();
@@ -162,6 +167,17 @@ export class Engine {
   close(): void {
     this.#microphone.close();
     this.#store.close();
+  }
+
+  /** Looks for the folders and tools that are to be set. */
+  async #lookFor({ claudePath, folders, workingFolder }: Record<string, unknown>): Promise<Found> {
+    const { choices } = this.#parts;
+    const paths = [workingFolder, ...(Array.isArray(folders) ? folders.slice(0, 50) : [])];
+    const tools = typeof claudePath === "string" && claudePath !== "" ? await choices.claudeTools() : [];
+    return {
+      folders: await presentFolders(choices.children, paths.filter((path) => typeof path === "string")),
+      tools: tools.map(({ path }) => path),
+    };
   }
 
   #connected(): void {

@@ -1,6 +1,5 @@
 // The settings: what each may be, what it is to begin with, and where it is kept.
 
-import { statSync } from "node:fs";
 import { isAbsolute } from "node:path";
 import type { Locale } from "./language.ts";
 import { parseJson, type Settings } from "./protocol.ts";
@@ -16,11 +15,24 @@ export interface Surroundings {
   actionIds: string[];
 }
 
+/** What was found on the machine for the values that are to be set. */
+export interface Found {
+  folders: string[];
+  /** The `claude` tools. */
+  tools: string[];
+}
+
 export const speechModel = "espeak-ng";
 
 type Key = keyof Settings;
+interface Context {
+  surroundings: Surroundings;
+  current: Settings;
+  /** Undefined for what was kept: what was there when it was set may be away for a while. */
+  found: Found | undefined;
+}
 /** The value to keep; undefined refuses it; null stands for "none" and is for optional settings only. */
-type Check = (value: unknown, context: { surroundings: Surroundings; current: Settings }) => unknown;
+type Check = (value: unknown, context: Context) => unknown;
 
 const maxText = 200;
 const maxEntries = 50;
@@ -45,16 +57,17 @@ const checks: Record<Key, Check> = {
   fishModel: (value) => (value === speechModel ? value : undefined),
   fallbackVoice: matching(/^[\p{L}\p{N}][\p{L}\p{N}_+-]*$/u),
   brainModel: matching(/^[A-Za-z0-9][A-Za-z0-9._:[\]-]*$/),
-  claudePath: orNone((value) => (typeof value === "string" && isProgram(value) ? value : undefined)),
-  folders: (value, { current }) => {
+  claudePath: orNone((value, { found }) => (isPath(value) && isIn(found?.tools, value) ? value : undefined)),
+  folders: (value, { current, found }) => {
     const folders = textList(4096)(value);
-    return folders?.every((folder) => current.folders.includes(folder) || isFolder(folder)) ? folders : undefined;
+    const isGood = (folder: string): boolean => current.folders.includes(folder) || isIn(found?.folders, folder);
+    return folders?.every((folder) => isPath(folder) && isGood(folder)) ? folders : undefined;
   },
   confirmActions: (value, { surroundings }) => {
     const ids = textList(maxText)(value);
     return ids?.every((id) => surroundings.actionIds.includes(id)) ? ids : undefined;
   },
-  workingFolder: (value) => (typeof value === "string" && isFolder(value) ? value : undefined),
+  workingFolder: (value, { found }) => (isPath(value) && isIn(found?.folders, value) ? value : undefined),
 };
 
 export function defaultSettings(surroundings: Surroundings): Settings {
@@ -93,7 +106,7 @@ export class SettingsKeeper {
   ) {
     this.#current = defaultSettings(surroundings);
     for (const [key, json] of store.loadSettings()) {
-      const accepted = this.#check({ [key]: parseJson(json) });
+      const accepted = this.#check({ [key]: parseJson(json) }, undefined);
       if (accepted) this.#apply(accepted);
     }
   }
@@ -103,8 +116,8 @@ export class SettingsKeeper {
   }
 
   /** Keeps these values, all or none. The keys that were set, or what is wrong. */
-  set(values: Record<string, unknown>): { keys: Key[] } | { problem: string } {
-    const accepted = this.#check(values);
+  set(values: Record<string, unknown>, found: Found): { keys: Key[] } | { problem: string } {
+    const accepted = this.#check(values, found);
     if (!accepted) return { problem: `not a setting, or not a value for it: ${JSON.stringify(values).slice(0, 200)}` };
     this.#apply(accepted);
     for (const [key, value] of accepted) this.store.saveSetting(key, JSON.stringify(value));
@@ -116,11 +129,11 @@ export class SettingsKeeper {
     for (const [key, value] of Object.entries(this.#current)) this.store.saveSetting(key, JSON.stringify(value));
   }
 
-  #check(values: Record<string, unknown>): [Key, unknown][] | undefined {
+  #check(values: Record<string, unknown>, found: Found | undefined): [Key, unknown][] | undefined {
     const accepted: [Key, unknown][] = [];
     for (const [key, value] of Object.entries(values)) {
       if (!Object.hasOwn(checks, key)) return undefined;
-      const kept = checks[key as Key](value, { surroundings: this.surroundings, current: this.#current });
+      const kept = checks[key as Key](value, { surroundings: this.surroundings, current: this.#current, found });
       if (kept === undefined) return undefined;
       accepted.push([key as Key, kept]);
     }
@@ -157,8 +170,8 @@ function matching(pattern: RegExp): Check {
   return (value) => (typeof value === "string" && value.length <= maxText && pattern.test(value) ? value : undefined);
 }
 
-function orNone(check: (value: unknown) => unknown): Check {
-  return (value) => (value === null || value === "" ? null : check(value));
+function orNone(check: Check): Check {
+  return (value, context) => (value === null || value === "" ? null : check(value, context));
 }
 
 function textList(longest: number): (value: unknown) => string[] | undefined {
@@ -169,11 +182,10 @@ function textList(longest: number): (value: unknown) => string[] | undefined {
   };
 }
 
-function isFolder(path: string): boolean {
-  return isAbsolute(path) && (statSync(path, { throwIfNoEntry: false })?.isDirectory() ?? false);
+function isPath(value: unknown): value is string {
+  return typeof value === "string" && isAbsolute(value);
 }
 
-function isProgram(path: string): boolean {
-  const found = isAbsolute(path) ? statSync(path, { throwIfNoEntry: false }) : undefined;
-  return found !== undefined && found.isFile() && (found.mode & 0o111) !== 0;
+function isIn(list: string[] | undefined, value: string): boolean {
+  return list === undefined || list.includes(value);
 }

@@ -1,5 +1,6 @@
 import { describe, expect, test } from "bun:test";
-import { existsSync, readFileSync } from "node:fs";
+import { existsSync, readFileSync, symlinkSync } from "node:fs";
+import { homedir } from "node:os";
 import { join } from "node:path";
 import { EngineBrain, type Request } from "../src/brain.ts";
 import { Children } from "../src/children.ts";
@@ -87,6 +88,27 @@ describe("a request to the claude tool", () => {
     expect(given.filter((word) => word === "--add-dir")).toHaveLength(1);
     expect(after("--add-dir")).toBe(other);
     expect(after("--model")).toBe("haiku");
+  });
+
+  test("goes without the folders that cannot be looked at, and works at home where it has no other place", async () => {
+    const path = tool(print(init, result));
+    const { brain } = await brainOf(path);
+    const loop = join(temporaryFolder(), "loop");
+    symlinkSync("loop", loop);
+    const what = request("x");
+    expect((await ask(brain, { ...what, settings: { ...what.settings, folders: [loop], workingFolder: loop } })).text).toBe("Done.");
+    expect(args(path)).not.toContain("--add-dir");
+    expect(readFileSync(`${path}.cwd`, "utf8").trim()).toBe(homedir());
+  });
+
+  test("goes to no program that is not among the claude tools found", async () => {
+    const path = tool(print(init, result));
+    const other = tool(print(init, result));
+    const { brain } = await brainOf(path);
+    const what = request("x");
+    await ask(brain, { ...what, settings: { ...what.settings, claudePath: other } });
+    expect(existsSync(`${other}.args`)).toBe(false);
+    expect(existsSync(`${path}.args`)).toBe(true);
   });
 
   test("allows nothing that is to be confirmed", async () => {

@@ -1,5 +1,5 @@
 import { describe, expect, test } from "bun:test";
-import { chmodSync, mkdirSync, rmSync } from "node:fs";
+import { chmodSync, mkdirSync, rmSync, symlinkSync } from "node:fs";
 import { join } from "node:path";
 import { bench, program, temporaryFolder } from "./support.ts";
 
@@ -51,7 +51,7 @@ const bad: Record<string, unknown[]> = {
   fishModel: ["other"],
   fallbackVoice: ["", "-x", "a b", "../voices"],
   brainModel: ["", "-x", "a b", "--dangerous", null],
-  claudePath: ["/none/such", folder, "claude", 7, join(import.meta.dir, "settings.test.ts")],
+  claudePath: [tool, "/none/such", folder, "claude", 7, join(import.meta.dir, "settings.test.ts")],
   folders: [["relative"], ["/none/such"], folder, [7]],
   confirmActions: [["none-such"], "web"],
   workingFolder: ["relative", "/none/such", tool, null],
@@ -62,7 +62,7 @@ const bad: Record<string, unknown[]> = {
 describe("a good value is kept", () => {
   for (const [key, values] of Object.entries(good)) {
     test(key, async () => {
-      const it = bench();
+      const it = bench(undefined, undefined, `${join(tool, "..")}:/usr/bin:/bin`);
       for (const value of values) expect([value, await it.engine.set({ [key]: value })]).toEqual([value, undefined]);
       it.engine.close();
     });
@@ -98,6 +98,37 @@ test("a folder that is gone can stay listed while another is removed", async () 
   expect(await it.engine.set({ folders: [stays, goes, "/none/such"] })).toBeString();
 });
 
+test("what was set stays while it cannot be looked at, and nothing else is harmed by it", async () => {
+  const state = temporaryFolder();
+  const loop = join(folder, "loop");
+  const dead = join(folder, "dead");
+  mkdirSync(dead);
+  mkdirSync(loop);
+  const first = bench(state, undefined, `${join(tool, "..")}:/usr/bin:/bin`);
+  expect(await first.engine.set({ folders: [dead, loop], workingFolder: loop, claudePath: tool })).toBeUndefined();
+  first.engine.close();
+  rmSync(loop, { recursive: true });
+  symlinkSync("loop", loop);
+  const second = bench(state);
+  const kept = { folders: [dead, loop], workingFolder: loop, claudePath: tool };
+  expect(second.engine.state.settings).toMatchObject(kept);
+  for (const wrong of [{ workingFolder: loop }, { folders: [join(loop, "x")] }, { claudePath: join(loop, "claude") }]) {
+    expect(await second.engine.set(wrong)).toBeString();
+  }
+  expect(second.engine.state.settings).toMatchObject(kept);
+  second.engine.close();
+});
+
+test("a setting that has to be looked for is not set after one that was sent later", async () => {
+  const it = bench();
+  const both = [it.engine.set({ workingFolder: folder }), it.engine.set({ voiceName: "Ana" })];
+  const order: string[] = [];
+  both.forEach((one, index) => void one.then(() => order.push(`${index}`)));
+  await Promise.all(both);
+  expect(order).toEqual(["0", "1"]);
+  it.engine.close();
+});
+
 test("the recogniser models are those that are installed, the largest first", async () => {
   const home = temporaryFolder();
   const tools = program("whisper-cli", "exit 0");
@@ -128,6 +159,20 @@ test("the options name every claude tool that tells its version", async () => {
   ]);
   expect(options.models).toContain("haiku");
   expect(options.confirmActions.map(({ id }) => id)).toEqual(["commands", "files", "web"]);
+});
+
+test("one look answers all who ask for the options at the same time, and the next one looks again", async () => {
+  const mark = join(temporaryFolder(), "calls");
+  const tools = program("claude", `echo call >> ${mark}; echo 2.1.0`);
+  program("pactl", `echo call >> ${mark}; echo '[]'`, tools);
+  program("espeak-ng", `echo call >> ${mark}`, tools);
+  const it = bench(undefined, undefined, `${tools}:/usr/bin:/bin`);
+  const calls = async (): Promise<number> => (await Bun.file(mark).text()).trim().split("\n").length;
+  const answers = await Promise.all(Array.from({ length: 100 }, () => it.engine.options()));
+  expect(answers.every(({ claudePaths }) => claudePaths[0]?.version === "2.1.0")).toBe(true);
+  expect(await calls()).toBe(3);
+  await it.engine.options();
+  expect(await calls()).toBe(6);
 });
 
 test("programs that hang, fail or print megabytes leave their list empty", async () => {

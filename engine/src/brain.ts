@@ -19,7 +19,8 @@ export interface Request {
 
 /** The answer as it comes. */
 export interface Answering {
-  text(piece: string): void;
+  /** Gives `spoken` where this piece is to be read aloud otherwise than it is written. */
+  text(piece: string, spoken?: string): void;
   tool(text: string): void;
 }
 
@@ -56,9 +57,9 @@ export class EngineBrain implements Brain {
     }
     let hasAnswered = false;
     const watched: Answering = {
-      text(piece) {
+      text(piece, spoken) {
         hasAnswered = true;
-        answering.text(piece);
+        answering.text(piece, spoken);
       },
       tool: (text) => answering.tool(text),
     };

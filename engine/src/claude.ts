@@ -6,6 +6,7 @@ import type { Children } from "./children.ts";
 import { actions } from "./choices.ts";
 import { LineReader, readClaudeLine, type ClaudeEvent, type DeniedTool } from "./claudeOutput.ts";
 import type { Clock } from "./clock.ts";
+import { leaveFor, type Leave } from "./consent.ts";
 import { presentFolders } from "./folders.ts";
 import { plainWords } from "./language.ts";
 import type { Phrases } from "./phrases.ts";
@@ -15,10 +16,14 @@ export type ClaudeAnswer = Answer & { problem?: string };
 const longestRunMs = 15 * 60_000;
 const maxOutput = 256 << 20;
 const consent = "Yes, you may.";
+/** Things that are asked for at once. */
+const mostAsked = 5;
+/** A longer text is no plain yes or no. */
+const longestReply = 100;
 
 export class Claude {
-  /** What the last answer asked leave for, and in which session. */
-  #asked: { session: string; denied: DeniedTool[] } | undefined;
+  /** What the last answer asked leave for, as rules, and in which session. */
+  #asked: { session: string; rules: string[] } | undefined;
 
   constructor(
     readonly children: Children,
@@ -38,7 +43,7 @@ export class Claude {
         return { costUsd: 0 };
       }
       if (isOneOf(request.text, this.phrases.yes)) {
-        return await this.#run(path, { ...request, text: consent }, asked.denied, answering, signal);
+        return await this.#run(path, { ...request, text: consent }, asked.rules, answering, signal);
       }
     }
     return await this.#run(path, request, [], answering, signal);
@@ -47,7 +52,7 @@ export class Claude {
   async #run(
     path: string,
     request: Request,
-    allowed: DeniedTool[],
+    allowed: string[],
     answering: Answering,
     signal: AbortSignal,
   ): Promise<ClaudeAnswer> {
@@ -92,8 +97,7 @@ export class Claude {
     const last = result?.session ?? session;
     if (last !== undefined) answer.session = last;
     if (result?.denied.length && last !== undefined) {
-      this.#asked = { session: last, denied: result.denied };
-      answering.text(`\n${this.phrases.mayI(result.denied.map(({ name, detail }) => detail || name).join("; "))}`);
+      this.#ask(result.denied, last, answering);
       return answer;
     }
     if (result && !result.isError) return answer;
@@ -102,13 +106,29 @@ export class Claude {
     const complaint = (result?.text || outcome.errors).trim().split("\n")[0]?.slice(0, 200) ?? "";
     return { ...answer, problem: `terminou com ${outcome.code}${complaint === "" ? "" : `: ${complaint}`}` };
   }
+
+  /** Asks for what a yes can allow, and says what it cannot. */
+  #ask(denied: DeniedTool[], session: string, answering: Answering): void {
+    const asked = new Map<string, Leave>();
+    const refused = new Set<string>();
+    for (const tool of denied) {
+      const leave = leaveFor(tool, this.phrases);
+      if (leave === undefined) refused.add(tool.detail || tool.name);
+      else if (asked.size < mostAsked) asked.set(leave.rule, leave);
+    }
+    if (refused.size > 0) answering.text(`\n${this.phrases.mayNot([...refused].slice(0, mostAsked).join("; "))}`);
+    if (asked.size === 0) return;
+    this.#asked = { session, rules: [...asked.keys()] };
+    const ask = (words: (leave: Leave) => string): string => this.phrases.mayI([...asked.values()].map(words).join("; "));
+    answering.text(`\n${ask(({ written }) => written)}`, ask(({ spoken }) => spoken));
+  }
 }
 
 /** What may be done is told by the settings; what was just allowed holds for this one run. */
-function commandLine(request: Request, present: string[], allowed: DeniedTool[], phrases: Phrases): string[] {
+function commandLine(request: Request, present: string[], allowed: string[], phrases: Phrases): string[] {
   const { brainModel, confirmActions, folders, voiceName } = request.settings;
   const free = actions.filter(({ id }) => !confirmActions.includes(id)).flatMap(({ tools }) => [...tools]);
-  const tools = [...new Set([...free, ...allowed.map(rule)])];
+  const tools = [...new Set([...free, ...allowed])];
   return [
     "--print",
     "--output-format",
@@ -124,12 +144,8 @@ function commandLine(request: Request, present: string[], allowed: DeniedTool[],
   ];
 }
 
-/** The very command where it can be written as a rule, else the tool. */
-function rule({ name, detail }: DeniedTool): string {
-  return name === "Bash" && detail !== "" && !/[(),…*]/.test(detail) ? `${name}(${detail})` : name;
-}
-
 function isOneOf(text: string, list: string[]): boolean {
+  if (text.length > longestReply) return false;
   const plain = plainWords(text).join(" ");
   return list.some((phrase) => plainWords(phrase).join(" ") === plain);
 }

@@ -11,6 +11,9 @@ export type ClaudeEvent =
 /** A tool that was not allowed to do what the model wanted. */
 export interface DeniedTool {
   name: string;
+  /** What it would have been used on, as it was given. */
+  input: Record<string, unknown>;
+  /** The same in one short line, to be shown. */
   detail: string;
 }
 
@@ -87,7 +90,8 @@ function readBlock(block: unknown): ClaudeEvent[] {
 
 function readDenial(denial: unknown): DeniedTool[] {
   if (!isRecord(denial) || typeof denial.tool_name !== "string") return [];
-  return [{ name: denial.tool_name, detail: detailOf(denial.tool_input) }];
+  const input = isRecord(denial.tool_input) ? denial.tool_input : {};
+  return [{ name: denial.tool_name, input, detail: detailOf(input) }];
 }
 
 /** What a tool is used on, in one line. */

@@ -29,6 +29,19 @@ export interface Phrases {
   };
   /** Asks to be allowed to do this. */
   mayI: (what: string) => string;
+  /** Says that this was not done, and that a yes cannot allow it. */
+  mayNot: (what: string) => string;
+  /** What may be allowed. */
+  leave: {
+    change: (path: string) => string;
+    read: (path: string) => string;
+    anyPage: (site: string) => string;
+    search: string;
+    use: (tool: string) => string;
+    newLine: string;
+    /** The names of the marks that commands and paths are made of. */
+    marks: Record<string, string>;
+  };
   allRight: string;
   modelAway: string;
   /** What the language model is told about its part. */
@@ -59,6 +72,22 @@ export const phrases: Record<Language, Phrases> = {
       tooShort: "too short over the agent's voice",
     },
     mayI: (what) => `May I? ${what}`,
+    mayNot: (what) => `I was not allowed to do this, and a yes cannot allow just this: ${what}`,
+    leave: {
+      change: (path) => `change ${path}`,
+      read: (path) => `read ${path}`,
+      anyPage: (site) => `open any page of ${site}`,
+      search: "search the web for anything",
+      use: (tool) => `use ${tool} for anything`,
+      newLine: "new line",
+      marks: {
+        "!": "exclamation mark", '"': "quote", "#": "hash", $: "dollar", "%": "percent", "&": "and sign",
+        "'": "single quote", "+": "plus", "-": "dash", ".": "dot", "/": "slash", ":": "colon", ";": "semicolon",
+        "<": "less than", "=": "equals", ">": "greater than", "?": "question mark", "@": "at", "[": "open bracket",
+        "]": "close bracket", "^": "caret", _: "underscore", "`": "backquote", "{": "open brace", "|": "pipe",
+        "}": "close brace", "~": "tilde",
+      },
+    },
     allRight: "All right, I will not.",
     modelAway: "The language model did not answer.",
     instructions: (name) =>
@@ -88,6 +117,22 @@ export const phrases: Record<Language, Phrases> = {
       tooShort: "curto demais por cima da voz do assistente",
     },
     mayI: (what) => `Posso? ${what}`,
+    mayNot: (what) => `Isto não me foi permitido, e um sim não consegue permitir só isto: ${what}`,
+    leave: {
+      change: (path) => `alterar ${path}`,
+      read: (path) => `ler ${path}`,
+      anyPage: (site) => `abrir qualquer página de ${site}`,
+      search: "pesquisar qualquer coisa na internet",
+      use: (tool) => `usar ${tool} para qualquer coisa`,
+      newLine: "nova linha",
+      marks: {
+        "!": "ponto de exclamação", '"': "aspas", "#": "cerquilha", $: "cifrão", "%": "por cento", "&": "e comercial",
+        "'": "aspas simples", "+": "mais", "-": "traço", ".": "ponto", "/": "barra", ":": "dois pontos",
+        ";": "ponto e vírgula", "<": "menor que", "=": "igual", ">": "maior que", "?": "ponto de interrogação",
+        "@": "arroba", "[": "abre colchete", "]": "fecha colchete", "^": "circunflexo", _: "sublinhado",
+        "`": "crase", "{": "abre chave", "|": "barra vertical", "}": "fecha chave", "~": "til",
+      },
+    },
     allRight: "Tudo bem, não faço.",
     modelAway: "O modelo de linguagem não respondeu.",
     instructions: (name) =>

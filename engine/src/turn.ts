@@ -64,7 +64,7 @@ export class Turn {
     this.ports.changed();
     const answer = await brain.answer(
       { text: this.question.text, settings: settings(), session, lastAnswer },
-      { text: (piece) => this.#take(piece), tool: (text) => this.#tool(text) },
+      { text: (piece, spoken) => this.#take(piece, spoken), tool: (text) => this.#tool(text) },
       this.#abort.signal,
     );
     if (this.#isStopped) return;
@@ -93,8 +93,9 @@ export class Turn {
     this.#settleTimings();
   }
 
-  #take(piece: string): void {
+  #take(piece: string, spoken: string | undefined): void {
     if (this.#isStopped) return;
+    if (spoken !== undefined) return this.#takeWithWords(piece, spoken);
     this.#text = (this.#text + piece).slice(0, longestAnswer);
     if (this.#text.trim() === "") return;
     this.ports.conversations.showAnswer(this.#text.trim());
@@ -102,6 +103,16 @@ export class Turn {
     const unspoken = this.#text.slice(this.#spokenLength);
     const complete = [...unspoken.matchAll(/[.!?…]\s|\n/g)].at(-1);
     if (complete) this.#speak(this.#spokenLength + complete.index + 1);
+    this.ports.changed();
+  }
+
+  /** A question is written and spoken whole, however long the answer was: what is asked is what a yes allows. */
+  #takeWithWords(piece: string, spoken: string): void {
+    this.#speak(this.#text.length);
+    this.#text += piece;
+    this.#spokenLength = this.#text.length;
+    this.ports.conversations.showAnswer(this.#text.trim());
+    this.#say(sentencesOf(spoken));
     this.ports.changed();
   }
 
@@ -114,6 +125,10 @@ export class Turn {
   #speak(end: number): void {
     const sentences = sentencesOf(this.#text.slice(this.#spokenLength, end));
     this.#spokenLength = end;
+    this.#say(sentences);
+  }
+
+  #say(sentences: string[]): void {
     if (sentences.length > 0) this.#firstSentenceAt ??= this.ports.clock.now();
     for (const sentence of sentences) this.ports.speaker.say(sentence);
   }

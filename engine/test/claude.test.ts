@@ -26,7 +26,7 @@ function tool(script: string): string {
 }
 
 function print(...lines: string[]): string {
-  return lines.map((line) => `echo '${line}'`).join("; ");
+  return lines.map((line) => `printf '%s\\n' '${line}'`).join("; ");
 }
 
 async function brainOf(path: string, stallMs = 5_000): Promise<{ brain: EngineBrain; log: string[] }> {
@@ -135,6 +135,33 @@ describe("a confirmation", () => {
     expect((await ask(brain, request("Yes.", { session: "s1" }))).text).toBe("It is gone.");
     expect(args(path)).toContain("Bash(rm x)");
     expect(readFileSync(`${path}.input`, "utf8")).toBe("Yes, you may.");
+  });
+
+  const deniedWith = (...commands: string[]): string => {
+    const denials = commands.map((command) => ({ tool_name: "Bash", tool_input: { command } }));
+    return JSON.stringify({ ...JSON.parse(result), permission_denials: denials });
+  };
+
+  test("is not asked for where it would allow more than was asked, and a yes allows nothing", async () => {
+    for (const command of ["grep foo, bar.txt", "echo $(id)", "rm *", `echo ${"a".repeat(300)}`]) {
+      const path = tool(print(init, deniedWith(command)));
+      const { brain } = await brainOf(path);
+      expect((await ask(brain, request("Do it"))).text).toContain("a yes cannot allow just this: ");
+      await ask(brain, request("Yes", { session: "s1" }));
+      expect([command, args(path).includes("--allowedTools")]).toEqual([command, false]);
+      expect(readFileSync(`${path}.input`, "utf8")).toBe("Yes");
+    }
+  });
+
+  test("of several is asked for those that can be allowed, line breaks and all", async () => {
+    const path = tool(print(init, deniedWith("rm a", "rm *", "rm a", "echo a\nrm b")));
+    const { brain } = await brainOf(path);
+    const spoken: (string | undefined)[] = [];
+    const answering = { text: (_: string, words?: string) => void spoken.push(words), tool: () => {} };
+    await brain.answer(request("Do it"), answering, going);
+    expect(spoken.at(-1)).toBe("May I? rm a; echo a, new line, rm b");
+    await ask(brain, request("yes", { session: "s1" }));
+    expect(readFileSync(`${path}.args`, "utf8")).toContain("--allowedTools\nBash(rm a),Bash(echo a\nrm b)\n");
   });
 
   test("is refused without another run", async () => {

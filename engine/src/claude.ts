@@ -10,6 +10,7 @@ import { leaveFor, type Leave } from "./consent.ts";
 import { presentFolders } from "./folders.ts";
 import { plainWords } from "./language.ts";
 import type { Phrases } from "./phrases.ts";
+import { cut } from "./text.ts";
 
 export type ClaudeAnswer = Answer & { problem?: string };
 
@@ -103,7 +104,7 @@ export class Claude {
     if (result && !result.isError) return answer;
     if (outcome.kind === "stopped") return { ...answer, problem: "não respondeu a tempo" };
     if (outcome.kind !== "ended") return { ...answer, problem: outcome.kind };
-    const complaint = (result?.text || outcome.errors).trim().split("\n")[0]?.slice(0, 200) ?? "";
+    const complaint = cut((result?.text || outcome.errors).trim().split("\n")[0] ?? "", 200);
     return { ...answer, problem: `terminou com ${outcome.code}${complaint === "" ? "" : `: ${complaint}`}` };
   }
 

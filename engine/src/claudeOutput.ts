@@ -1,6 +1,7 @@
 // Reads what the `claude` tool prints with its streamed JSON output: one JSON object a line.
 
 import { isRecord, parseJson } from "./protocol.ts";
+import { cut } from "./text.ts";
 
 export type ClaudeEvent =
   | { kind: "session"; session: string; model: string | undefined }
@@ -101,7 +102,7 @@ function detailOf(input: unknown): string {
     const text = textOf(input[key]);
     if (text !== undefined && text.trim() !== "") {
       const line = text.replace(/\s+/g, " ").trim();
-      return line.length > longestDetail ? `${line.slice(0, longestDetail - 1)}…` : line;
+      return line.length > longestDetail ? `${cut(line, longestDetail - 1)}…` : line;
     }
   }
   return "";

@@ -118,7 +118,7 @@ export class Loop {
   }
 
   say(text: string): void {
-    this.#ask({ text, isSpoken: false, askedAt: this.ports.clock.now() });
+    this.#ask({ text: text.toWellFormed(), isSpoken: false, askedAt: this.ports.clock.now() });
   }
 
   /** Whoever asked for more than can be taken is told so. */

@@ -1,5 +1,7 @@
 // The documents, settings and messages that the engine exchanges with its front end. docs/protocol.md explains them.
 
+import { cut } from "./text.ts";
+
 export const defaultPort = 4780;
 
 export type LoopState =
@@ -152,12 +154,18 @@ export function isRecord(value: unknown): value is Record<string, unknown> {
   return typeof value === "object" && value !== null && !Array.isArray(value);
 }
 
+/** Undefined for what is no JSON. Every text in it is well formed: half a character is replaced. */
 export function parseJson(text: string): unknown {
   try {
-    return JSON.parse(text);
+    // Only an escape can be half a character.
+    return /\\u[dD][89a-fA-F]/.test(text) ? JSON.parse(text, wellFormed) : JSON.parse(text);
   } catch {
     return undefined;
   }
+}
+
+function wellFormed(_key: string, value: unknown): unknown {
+  return typeof value === "string" ? value.toWellFormed() : value;
 }
 
 /** Reads one text message of the link; undefined when it is none of ours. */
@@ -167,7 +175,7 @@ export function parseLinkEvent(text: string): LinkEvent | undefined {
   switch (value.type) {
     case "hello":
     case "device":
-      return typeof value.device === "string" ? { type: value.type, device: value.device.slice(0, 500) } : undefined;
+      return typeof value.device === "string" ? { type: value.type, device: cut(value.device, 500) } : undefined;
     case "played":
       return Number.isSafeInteger(value.id) ? { type: "played", id: value.id as number } : undefined;
     default:

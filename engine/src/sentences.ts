@@ -1,5 +1,7 @@
 // Cuts text into the sentences that are spoken one by one.
 
+import { cut } from "./text.ts";
+
 /** The synthesiser is given no more than this at a time, in characters. */
 const longestSentence = 300;
 
@@ -27,12 +29,12 @@ function shortened(sentence: string): string[] {
   const parts: string[] = [];
   let rest = sentence;
   while (rest.length > longestSentence) {
-    const head = rest.slice(0, longestSentence);
+    const head = cut(rest, longestSentence);
     const comma = Math.max(head.lastIndexOf(", "), head.lastIndexOf("; "), head.lastIndexOf(": "));
     const blank = head.lastIndexOf(" ");
-    const cut = comma > longestSentence / 3 ? comma + 1 : blank > 0 ? blank : longestSentence;
-    parts.push(rest.slice(0, cut).trim());
-    rest = rest.slice(cut).trim();
+    const end = comma > longestSentence / 3 ? comma + 1 : blank > 0 ? blank : head.length;
+    parts.push(rest.slice(0, end).trim());
+    rest = rest.slice(end).trim();
   }
   if (rest !== "") parts.push(rest);
   return parts;

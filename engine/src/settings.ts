@@ -4,6 +4,7 @@ import { isAbsolute } from "node:path";
 import type { Locale } from "./language.ts";
 import { parseJson, type Settings } from "./protocol.ts";
 import type { Store } from "./store.ts";
+import { cut } from "./text.ts";
 
 /** What the checks need to know of the machine. */
 export interface Surroundings {
@@ -118,7 +119,7 @@ export class SettingsKeeper {
   /** Keeps these values, all or none. The keys that were set, or what is wrong. */
   set(values: Record<string, unknown>, found: Found): { keys: Key[] } | { problem: string } {
     const accepted = this.#check(values, found);
-    if (!accepted) return { problem: `not a setting, or not a value for it: ${JSON.stringify(values).slice(0, 200)}` };
+    if (!accepted) return { problem: `not a setting, or not a value for it: ${cut(JSON.stringify(values), 200)}` };
     this.#apply(accepted);
     for (const [key, value] of accepted) this.store.saveSetting(key, JSON.stringify(value));
     return { keys: accepted.map(([key]) => key) };
@@ -161,7 +162,7 @@ function number(least: number, most: number): Check {
 function text(longest = maxText): (value: unknown) => string | undefined {
   return (value) => {
     if (typeof value !== "string") return undefined;
-    const trimmed = value.trim();
+    const trimmed = value.toWellFormed().trim();
     return trimmed !== "" && trimmed.length <= longest && !/\p{Cc}/u.test(trimmed) ? trimmed : undefined;
   };
 }

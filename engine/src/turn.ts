@@ -6,6 +6,7 @@ import type { Conversations } from "./conversations.ts";
 import type { Settings, Timings } from "./protocol.ts";
 import { sentencesOf } from "./sentences.ts";
 import type { Speaker } from "./speaker.ts";
+import { cut } from "./text.ts";
 
 export interface Question {
   text: string;
@@ -96,7 +97,7 @@ export class Turn {
   #take(piece: string, spoken: string | undefined): void {
     if (this.#isStopped) return;
     if (spoken !== undefined) return this.#takeWithWords(piece, spoken);
-    this.#text = (this.#text + piece).slice(0, longestAnswer);
+    this.#text = cut(this.#text + piece, longestAnswer);
     if (this.#text.trim() === "") return;
     this.ports.conversations.showAnswer(this.#text.trim());
     // What ends with a sentence's mark and a blank, or with a line, will not change any more.
@@ -109,7 +110,7 @@ export class Turn {
   /** A question is written and spoken whole, however long the answer was: what is asked is what a yes allows. */
   #takeWithWords(piece: string, spoken: string): void {
     this.#speak(this.#text.length);
-    this.#text += piece;
+    this.#text += piece.toWellFormed();
     this.#spokenLength = this.#text.length;
     this.ports.conversations.showAnswer(this.#text.trim());
     this.#say(sentencesOf(spoken));

@@ -6,6 +6,7 @@ import type { Children } from "./children.ts";
 import type { Language } from "./language.ts";
 import { sampleRate } from "./protocol.ts";
 import type { Recogniser, Recognition } from "./recogniser.ts";
+import { cut } from "./text.ts";
 import { writeWav } from "./wav.ts";
 
 const maxOutput = 64 * 1024;
@@ -51,5 +52,5 @@ export class WhisperRecogniser implements Recogniser {
 /** Without what it writes for sounds that are no words, as [MUSIC] or (laughs). */
 function readText(output: string): string {
   const text = output.replace(/\[[^\]]*\]|\([^)]*\)|\*[^*]*\*/g, " ").replace(/\s+/g, " ").trim();
-  return /[\p{L}\p{N}]/u.test(text) ? text.slice(0, longestText) : "";
+  return /[\p{L}\p{N}]/u.test(text) ? cut(text, longestText) : "";
 }

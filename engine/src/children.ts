@@ -1,4 +1,8 @@
-// The programs that the engine runs. Each is bounded in time and in what it may print, and none outlives the engine.
+// The programs that the engine runs. Each is bounded in time and in what it may print, leads a process group of its own,
+// and ends with all that it runs; none outlives the engine.
+
+import { Family } from "./family.ts";
+import type { Guard } from "./guard.ts";
 
 export interface RunOptions {
   input?: string | Uint8Array;
@@ -20,11 +24,23 @@ export type Outcome =
   | { kind: "stopped" };
 
 const maxErrors = 4096;
+/** From being asked to end until being made to: the engine itself is given twice as long. */
+const graceMs = 1_000;
+/** What is killed needs a moment, too. */
+const deathMs = 200;
+const lookMs = 10;
 
 export class Children {
-  readonly #running = new Set<Bun.Subprocess>();
+  /** Those that run, and how each is stopped. */
+  readonly #running = new Map<Bun.Subprocess, () => void>();
+  readonly #ending = new Set<Promise<void>>();
+  #isOver = false;
 
-  constructor(readonly environment: Record<string, string | undefined>) {}
+  constructor(
+    readonly environment: Record<string, string | undefined>,
+    /** Ends the children of an engine that was killed. */
+    readonly guard?: Guard,
+  ) {}
 
   /** The first program of this name on the path, or undefined. */
   find(name: string): string | undefined {
@@ -32,7 +48,7 @@ export class Children {
   }
 
   async run(command: [string, ...string[]], options: RunOptions): Promise<Outcome> {
-    if (options.signal?.aborted) return { kind: "stopped" };
+    if (options.signal?.aborted || this.#isOver) return { kind: "stopped" };
     const input = typeof options.input === "string" ? new TextEncoder().encode(options.input) : options.input;
     const [name, ...rest] = command;
     const path = name.includes("/") ? name : this.find(name);
@@ -43,24 +59,38 @@ export class Children {
         stdin: input ?? "ignore",
         stdout: "pipe",
         stderr: "pipe",
+        detached: true,
         env: { ...this.environment, ...options.environment },
         ...(options.cwd === undefined ? {} : { cwd: options.cwd }),
       });
     } catch {
       return { kind: "missing" };
     }
-    this.#running.add(child);
-    try {
-      return await this.#follow(child, options);
-    } finally {
-      this.#running.delete(child);
-    }
+    this.guard?.add(child.pid);
+    return await this.#follow(child, options);
   }
 
-  /** Ends every running program at once; for the engine's own end. */
-  killAll(): void {
-    for (const child of this.#running) child.kill("SIGKILL");
-    this.#running.clear();
+  /** Ends every program that runs, and starts none any more; for the engine's own end. */
+  async endAll(): Promise<void> {
+    this.#isOver = true;
+    for (const stop of [...this.#running.values()]) stop();
+    await Promise.all(this.#ending);
+  }
+
+  #terminate(child: Bun.Subprocess): void {
+    const ending = this.#endFamily(new Family(child.pid)).finally(() => {
+      this.#ending.delete(ending);
+      this.guard?.remove(child.pid);
+    });
+    this.#ending.add(ending);
+  }
+
+  async #endFamily(family: Family): Promise<void> {
+    family.signal("SIGTERM");
+    await ended(family, graceMs);
+    // Also what was begun meanwhile.
+    family.signal("SIGKILL");
+    await ended(family, deathMs);
   }
 
   async #follow(child: Bun.Subprocess<Uint8Array | "ignore", "pipe", "pipe">, options: RunOptions): Promise<Outcome> {
@@ -72,12 +102,13 @@ export class Children {
     const end = (outcome: Outcome): void => {
       if (ending !== undefined) return;
       ending = outcome;
-      child.kill("SIGKILL");
+      this.#terminate(child);
       release();
     };
     const timer = setTimeout(() => end({ kind: "timedOut" }), options.timeoutMs);
     const stop = (): void => end({ kind: "stopped" });
     options.signal?.addEventListener("abort", stop);
+    this.#running.set(child, stop);
 
     const pieces: Uint8Array[] = [];
     let length = 0;
@@ -113,8 +144,14 @@ export class Children {
     } finally {
       clearTimeout(timer);
       options.signal?.removeEventListener("abort", stop);
+      this.#running.delete(child);
+      if (ending === undefined) this.guard?.remove(child.pid);
       void outputReader.cancel().catch(() => {});
       void errorReader.cancel().catch(() => {});
     }
   }
+}
+
+async function ended(family: Family, withinMs: number): Promise<void> {
+  for (let waited = 0; waited < withinMs && family.isAlive; waited += lookMs) await Bun.sleep(lookMs);
 }

@@ -164,6 +164,12 @@ export class Engine {
     this.events.send("phase", state);
   }
 
+  /** Ends what goes on. */
+  quiet(): void {
+    this.loop.stop();
+    this.#microphone.close();
+  }
+
   close(): void {
     this.#microphone.close();
     this.#store.close();

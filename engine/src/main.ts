@@ -8,6 +8,7 @@ import { Choices, grammarModel } from "./choices.ts";
 import { Claude } from "./claude.ts";
 import { systemClock } from "./clock.ts";
 import { Engine } from "./engine.ts";
+import { Guard } from "./guard.ts";
 import { chooseLocale, type Locale } from "./language.ts";
 import { standardErrorLog as log } from "./log.ts";
 import { Microphone } from "./microphone.ts";
@@ -23,7 +24,7 @@ const portCheckMs = 1_000;
 
 async function main(): Promise<void> {
   const environment = { ...process.env };
-  const children = new Children(environment);
+  const children = new Children(environment, new Guard());
   const locale = chooseLocale(environment);
   const port = Number(environment.PALOMET_PORT ?? defaultPort);
   const stateHome = environment.XDG_STATE_HOME || join(environment.HOME ?? homedir(), ".local/state");
@@ -46,13 +47,17 @@ async function main(): Promise<void> {
     brain,
     microphone: (onSamples) => new Microphone(children, systemClock, log, onSamples),
   });
-  const end = (): void => {
-    children.killAll();
+  let isEnding = false;
+  const end = async (): Promise<void> => {
+    if (isEnding) return;
+    isEnding = true;
+    engine.quiet();
+    await children.endAll();
     engine.close();
     process.exit(0);
   };
-  process.on("SIGTERM", end);
-  process.on("SIGINT", end);
+  process.on("SIGTERM", () => void end());
+  process.on("SIGINT", () => void end());
   try {
     serve(engine, port, log);
   } catch (error) {

@@ -1,6 +1,6 @@
 // What the tests share: a clock that they move, fakes of the engine's ports, and an engine made of them.
 
-import { mkdtempSync, rmSync, writeFileSync } from "node:fs";
+import { mkdtempSync, readFileSync, rmSync, writeFileSync } from "node:fs";
 import { tmpdir } from "node:os";
 import { join } from "node:path";
 import type { LinkSocket } from "../src/audioLink.ts";
@@ -73,6 +73,15 @@ export function removeTemporaryFolders(): void {
 export function program(name: string, script: string, folder = temporaryFolder()): string {
   writeFileSync(join(folder, name), `#!/bin/sh\n${script}\n`, { mode: 0o755 });
   return folder;
+}
+
+/** Whether it still runs; one that has ended may stand in the process table until somebody collects it. */
+export function isAlive(pid: number): boolean {
+  try {
+    return !/^\d+ \(.*\) [ZX]/.test(readFileSync(`/proc/${pid}/stat`, "utf8"));
+  } catch {
+    return false;
+  }
 }
 
 export function clipOf(durationMs: number): Clip {

@@ -1,0 +1,72 @@
+// A child and all that it runs: its process group, and those of its descendants that have left the group.
+
+import { readFileSync, readdirSync } from "node:fs";
+
+/** A process is told from a later one of the same number by the time at which it began. */
+interface Process {
+  id: number;
+  group: number;
+  begunAt: string;
+}
+
+/** The family of a child that leads a group of its own, as it is now. */
+export class Family {
+  readonly #descendants: Process[];
+
+  constructor(readonly group: number) {
+    this.#descendants = descendantsOf(group);
+  }
+
+  /** Whether any of them was still running, zombies apart, when it was looked at just now. */
+  get isAlive(): boolean {
+    return lookAt(this.group) !== undefined || this.#living.length > 0;
+  }
+
+  signal(signal: "SIGTERM" | "SIGKILL"): void {
+    send(-this.group, signal);
+    for (const { id, group } of this.#living) if (group !== this.group) send(id, signal);
+  }
+
+  get #living(): Process[] {
+    return this.#descendants.filter(({ id, begunAt }) => lookAt(id)?.begunAt === begunAt);
+  }
+}
+
+function descendantsOf(parent: number): Process[] {
+  return childrenOf(parent).flatMap((id) => {
+    const child = lookAt(id);
+    return [...(child ? [child] : []), ...descendantsOf(id)];
+  });
+}
+
+function childrenOf(parent: number): number[] {
+  try {
+    return readdirSync(`/proc/${parent}/task`).flatMap((thread) => {
+      const list = readFileSync(`/proc/${parent}/task/${thread}/children`, "latin1").trim();
+      return list === "" ? [] : list.split(" ").map(Number);
+    });
+  } catch {
+    return [];
+  }
+}
+
+/** Undefined for one that has ended, whether or not it has been waited for. */
+function lookAt(id: number): Process | undefined {
+  try {
+    const line = readFileSync(`/proc/${id}/stat`, "latin1");
+    const fields = line.slice(line.lastIndexOf(")") + 2).split(" ");
+    const [state, , group] = fields;
+    if (state === "Z" || state === "X") return undefined;
+    return { id, group: Number(group), begunAt: fields[19] ?? "" };
+  } catch {
+    return undefined;
+  }
+}
+
+function send(target: number, signal: "SIGTERM" | "SIGKILL"): void {
+  try {
+    process.kill(target, signal);
+  } catch {
+    // It has ended.
+  }
+}

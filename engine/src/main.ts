@@ -10,7 +10,7 @@ import { systemClock } from "./clock.ts";
 import { Engine } from "./engine.ts";
 import { Guard } from "./guard.ts";
 import { chooseLocale, type Locale } from "./language.ts";
-import { standardErrorLog as log } from "./log.ts";
+import { bounded, standardErrorLog, StartFailures } from "./log.ts";
 import { Microphone } from "./microphone.ts";
 import { phrases } from "./phrases.ts";
 import { defaultPort, isRecord, type Settings } from "./protocol.ts";
@@ -21,18 +21,20 @@ import { EspeakSynthesiser } from "./synthesiser.ts";
 import { WhisperRecogniser } from "./whisper.ts";
 
 const portCheckMs = 1_000;
+const log = bounded(standardErrorLog, systemClock);
+const environment = { ...process.env };
+const stateHome = environment.XDG_STATE_HOME || join(environment.HOME ?? homedir(), ".local/state");
+const folder = join(stateHome, "palomet");
+const failures = new StartFailures(join(folder, "failing.json"), standardErrorLog, systemClock);
 
 async function main(): Promise<void> {
-  const environment = { ...process.env };
   const children = new Children(environment, new Guard());
   const locale = chooseLocale(environment);
   const port = Number(environment.PALOMET_PORT ?? defaultPort);
-  const stateHome = environment.XDG_STATE_HOME || join(environment.HOME ?? homedir(), ".local/state");
 
   // Before anything is opened: a second engine must not touch the first one's data.
   if (await isTaken(port)) return;
 
-  const folder = join(stateHome, "palomet");
   const choices = new Choices(children, locale);
   const claude = new Claude(children, systemClock, phrases[locale.language]);
   const brain = new EngineBrain(systemClock, locale, claude, choices, log);
@@ -63,9 +65,10 @@ async function main(): Promise<void> {
   } catch (error) {
     if (!(error instanceof PortTaken)) throw error;
     engine.close();
-    if (!(await isTaken(port))) log(`a porta ${port} estava ocupada`);
+    if (!(await isTaken(port))) failures.tell(`a porta ${port} estava ocupada`);
     process.exit(1);
   }
+  failures.settle();
   void brain.prepare().then(() => engine.changed());
   log(`servindo em http://127.0.0.1:${port}`);
   log("  documentos: GET state, history, options; eventos: GET events; áudio: WebSocket /audio");
@@ -111,8 +114,17 @@ async function isTaken(port: number): Promise<boolean> {
     .then((answer) => answer.json())
     .catch(() => undefined);
   const isEngine = isRecord(holder) && typeof holder.state === "string" && isRecord(holder.conversation);
-  log(isEngine ? `outro motor já serve na porta ${port}` : `a porta ${port} está ocupada por outro programa`);
+  failures.tell(isEngine ? `outro motor já serve na porta ${port}` : `a porta ${port} está ocupada por outro programa`);
   return true;
 }
 
-await main();
+/** One line, for it is started again two seconds later, and may fail again. */
+function fail(error: unknown): never {
+  const [what = "", where = ""] = (error instanceof Error ? (error.stack ?? error.message) : String(error)).split("\n");
+  failures.tell(`parei: ${what.trim()} ${where.trim()}`.trim());
+  process.exit(1);
+}
+
+process.on("uncaughtException", fail);
+process.on("unhandledRejection", fail);
+await main().catch(fail);

@@ -1,17 +1,8 @@
 import { describe, expect, test } from "bun:test";
-import { createServer } from "node:net";
 import { join } from "node:path";
-import { isAlive, program, temporaryFolder } from "./support.ts";
+import { freePort, isAlive, program, serving, temporaryFolder } from "./support.ts";
 
 const folder = join(import.meta.dir, "..");
-
-async function freePort(): Promise<number> {
-  const server = createServer();
-  await new Promise<void>((resolve) => server.listen(0, "127.0.0.1", resolve));
-  const address = server.address();
-  await new Promise((resolve) => server.close(resolve));
-  return typeof address === "object" && address !== null ? address.port : 0;
-}
 
 function start(port: number, environment: Record<string, string> = {}) {
   const child = Bun.spawn([process.execPath, "src/main.ts"], {
@@ -22,14 +13,6 @@ function start(port: number, environment: Record<string, string> = {}) {
   });
   const errors = new Response(child.stderr).text();
   return { child, errors };
-}
-
-async function serving(port: number): Promise<void> {
-  for (;;) {
-    const answer = await fetch(`http://127.0.0.1:${port}/state`).catch(() => undefined);
-    if (answer?.ok) return;
-    await Bun.sleep(5);
-  }
 }
 
 describe("the engine", () => {
@@ -58,6 +41,18 @@ describe("the engine", () => {
     expect(await engine.child.exited).toBe(1);
     expect(await engine.errors).toContain("outro programa");
     stranger.stop(true);
+  });
+
+  test("that ends on an error says so in one line, and not each time", async () => {
+    const said: string[] = [];
+    const state = temporaryFolder();
+    for (let n = 0; n < 3; n++) {
+      const engine = start(0, { XDG_STATE_HOME: state, PALOMET_PORT: "99999" });
+      expect(await engine.child.exited).toBe(1);
+      said.push(await engine.errors);
+    }
+    expect(said[0]?.trim().split("\n")).toEqual([expect.stringContaining("99999")]);
+    expect(said.slice(1)).toEqual(["", ""]);
   });
 
   test("takes the programs that it runs with it", async () => {

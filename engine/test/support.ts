@@ -1,6 +1,7 @@
 // What the tests share: a clock that they move, fakes of the engine's ports, and an engine made of them.
 
 import { mkdtempSync, readFileSync, rmSync, writeFileSync } from "node:fs";
+import { createServer } from "node:net";
 import { tmpdir } from "node:os";
 import { join } from "node:path";
 import type { LinkSocket } from "../src/audioLink.ts";
@@ -73,6 +74,23 @@ export function removeTemporaryFolders(): void {
 export function program(name: string, script: string, folder = temporaryFolder()): string {
   writeFileSync(join(folder, name), `#!/bin/sh\n${script}\n`, { mode: 0o755 });
   return folder;
+}
+
+export async function freePort(): Promise<number> {
+  const server = createServer();
+  await new Promise<void>((resolve) => server.listen(0, "127.0.0.1", resolve));
+  const address = server.address();
+  await new Promise((resolve) => server.close(resolve));
+  return typeof address === "object" && address !== null ? address.port : 0;
+}
+
+/** Resolves when an engine serves there. */
+export async function serving(port: number): Promise<void> {
+  for (;;) {
+    const answer = await fetch(`http://127.0.0.1:${port}/state`).catch(() => undefined);
+    if (answer?.ok) return;
+    await Bun.sleep(5);
+  }
 }
 
 /** Whether it still runs; one that has ended may stand in the process table until somebody collects it. */

@@ -9,6 +9,8 @@ const mostRows = 500;
 const mostHistory = 1_000;
 /** A conversation that was left longer ago than this is not taken up again. */
 const resumeWithinMs = 30 * 60_000;
+/** Rows may lie so far in the future; beyond, they were written by a clock that was wrong. */
+const clockSlackMs = 60_000;
 
 export class Conversations {
   #current: StoredConversation;
@@ -20,8 +22,8 @@ export class Conversations {
     readonly clock: Clock,
   ) {
     const latest = store.latestConversation(mostRows);
-    const lastAt = latest?.rows.at(-1)?.at ?? -Infinity;
-    this.#isResumed = latest !== undefined && clock.now() - lastAt < resumeWithinMs;
+    const age = clock.now() - (latest?.rows.at(-1)?.at ?? -Infinity);
+    this.#isResumed = age < resumeWithinMs && age > -clockSlackMs;
     this.#current = this.#isResumed && latest ? latest : this.#fresh();
   }
 

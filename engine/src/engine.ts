@@ -57,7 +57,7 @@ export class Engine {
     const { clock, log, locale } = parts;
     const workingFolder = join(parts.folder, "work");
     this.#sessionStartedAt = clock.now();
-    this.#store = new Store(parts.folder, log);
+    this.#store = new Store(parts.folder, log, clock);
     try {
       mkdirSync(workingFolder, { recursive: true, mode: 0o700 });
     } catch {

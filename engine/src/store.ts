@@ -1,11 +1,15 @@
 // What outlives the engine: settings and conversations, in one SQLite file. A file that cannot be used is kept aside
-// and a new one takes its place; on a full disk the engine goes on in memory. Nothing here ever throws.
+// and a new one takes its place; on a full disk the engine goes on in memory, and writes down what changed meanwhile when
+// there is room again. Nothing here ever throws.
 
-import { Database, SQLiteError } from "bun:sqlite";
+import { Database } from "bun:sqlite";
 import { existsSync, mkdirSync, renameSync } from "node:fs";
 import { join } from "node:path";
+import type { Clock } from "./clock.ts";
+import { copyOf, copyOfFile, hasRoom, isBusy, isEmpty, isFull, keepPrivate, message, prepared } from "./database.ts";
 import type { Log } from "./log.ts";
 import type { ConversationSummary, Row } from "./protocol.ts";
+import { cut } from "./text.ts";
 
 export interface StoredConversation {
   conversationId: string;
@@ -17,35 +21,45 @@ export interface StoredConversation {
   session: string | undefined;
 }
 
-const fileName = "palomet.db";
-const lockWaitMs = 500;
-const schemaVersion = 1;
+/** What was written while the file could not be: the rows are those after that one. */
+interface Unwritten {
+  settings: Set<string>;
+  conversations: Set<string>;
+  afterRow: number;
+}
 
-const schema = `
-  CREATE TABLE settings (key TEXT PRIMARY KEY, value TEXT NOT NULL);
-  CREATE TABLE conversations (
-    id TEXT PRIMARY KEY, startedAt REAL NOT NULL, firstQuestion TEXT NOT NULL,
-    answers INTEGER NOT NULL, costUsd REAL NOT NULL, session TEXT);
-  CREATE INDEX conversationsByTime ON conversations (startedAt);
-  CREATE TABLE rows (
-    id INTEGER PRIMARY KEY, conversation TEXT NOT NULL REFERENCES conversations (id),
-    role TEXT NOT NULL, text TEXT NOT NULL, at REAL NOT NULL, durationMs REAL);
-  CREATE INDEX rowsByConversation ON rows (conversation);
-  PRAGMA user_version = ${schemaVersion};`;
+type Values = (string | number | null)[];
+
+const fileName = "palomet.db";
+const saveSetting = "INSERT OR REPLACE INTO settings (key, value) VALUES (?, ?)";
+const saveConversation = `
+  INSERT INTO conversations (id, startedAt, firstQuestion, answers, costUsd, session) VALUES (?, ?, ?, ?, ?, ?)
+  ON CONFLICT (id) DO UPDATE SET answers = excluded.answers, costUsd = excluded.costUsd, session = excluded.session`;
+const addRow = "INSERT INTO rows (conversation, role, text, at, durationMs) VALUES (?, ?, ?, ?, ?)";
+/** How often it is looked whether there is room again; and the longest pause, where there is and it did not help. */
+const roomLookMs = 5_000;
+const longestPauseMs = 600_000;
+/** A first question is a title: no more of it is told, in characters. */
+const longestTitle = 1_000;
 
 export class Store {
   #database: Database;
+  /** While it is in memory. */
+  #unwritten: Unwritten | undefined;
+  #cancelReturn = (): void => {};
   readonly #folder: string;
   readonly #log: Log;
+  readonly #clock: Clock;
   /** It grows no further than so many pages of 4 KiB: that is as good as a full disk. */
   readonly #mostPages: number;
 
   /** Called after a new, empty database took the place of one that failed while in use. */
   onReplaced: () => void = () => {};
 
-  constructor(folder: string, log: Log, mostPages = 1 << 18) {
+  constructor(folder: string, log: Log, clock: Clock, mostPages = 1 << 18) {
     this.#folder = folder;
     this.#log = log;
+    this.#clock = clock;
     this.#mostPages = mostPages;
     this.#database = this.#openFile();
   }
@@ -59,39 +73,34 @@ export class Store {
 
   saveSetting(key: string, value: string): void {
     this.#run(undefined, (database) => {
-      database.query("INSERT OR REPLACE INTO settings (key, value) VALUES (?, ?)").run(key, value);
+      database.query(saveSetting).run(key, value);
     });
+    this.#unwritten?.settings.add(key);
   }
 
   saveConversation(conversation: StoredConversation): void {
     const { conversationId, startedAt, answers, costUsd, session } = conversation;
-    const firstQuestion = conversation.rows.find((row) => row.role === "user")?.text ?? "";
+    const firstQuestion = cut(conversation.rows.find((row) => row.role === "user")?.text ?? "", longestTitle);
     this.#run(undefined, (database) => {
-      database
-        .query(
-          `INSERT INTO conversations (id, startedAt, firstQuestion, answers, costUsd, session) VALUES (?, ?, ?, ?, ?, ?)
-           ON CONFLICT (id) DO UPDATE SET answers = excluded.answers, costUsd = excluded.costUsd,
-             session = excluded.session`,
-        )
-        .run(conversationId, startedAt, firstQuestion, answers, costUsd, session ?? null);
+      const values = [conversationId, startedAt, firstQuestion, answers, costUsd, session ?? null];
+      database.query(saveConversation).run(...values);
     });
+    this.#unwritten?.conversations.add(conversationId);
   }
 
   addRow(conversationId: string, row: Row): void {
     this.#run(undefined, (database) => {
-      database
-        .query("INSERT INTO rows (conversation, role, text, at, durationMs) VALUES (?, ?, ?, ?, ?)")
-        .run(conversationId, row.role, row.text, row.at, row.durationMs ?? null);
+      database.query(addRow).run(conversationId, row.role, row.text, row.at, row.durationMs ?? null);
     });
   }
 
-  /** The newest conversation with at most `limit` of its last rows. */
+  /** The conversation that was begun last, whatever the clock said, with at most `limit` of its last rows. */
   latestConversation(limit: number): StoredConversation | undefined {
     return this.#run(undefined, (database) => {
       const found = database
         .query<Omit<StoredConversation, "rows" | "session"> & { session: string | null }, []>(
           `SELECT id AS conversationId, startedAt, answers, costUsd, session FROM conversations
-           ORDER BY startedAt DESC LIMIT 1`,
+           ORDER BY rowid DESC LIMIT 1`,
         )
         .get();
       if (found === null) return undefined;
@@ -114,8 +123,8 @@ export class Store {
     return this.#run([], (database) =>
       database
         .query<ConversationSummary, [number]>(
-          `SELECT id AS conversationId, startedAt, firstQuestion, answers, costUsd FROM conversations
-           WHERE firstQuestion <> '' ORDER BY startedAt DESC LIMIT ?`,
+          `SELECT id AS conversationId, startedAt, substr(firstQuestion, 1, ${longestTitle}) AS firstQuestion, answers,
+             costUsd FROM conversations WHERE firstQuestion <> '' ORDER BY startedAt DESC LIMIT ?`,
         )
         .all(limit),
     );
@@ -133,6 +142,8 @@ export class Store {
   }
 
   close(): void {
+    this.#cancelReturn();
+    if (this.#unwritten) this.#returnToDisk(this.#unwritten);
     this.#database.close();
   }
 
@@ -155,49 +166,99 @@ export class Store {
       mkdirSync(this.#folder, { recursive: true, mode: 0o700 });
     } catch (error) {
       this.#log(`não consegui criar ${this.#folder} (${message(error)}); guardo tudo só na memória`);
-      return prepared(new Database(":memory:"));
+      return this.#inMemory(undefined);
     }
     for (let attempt = 0; attempt < 2; attempt++) {
-      let database: Database | undefined;
       try {
-        database = new Database(path, { create: true });
-        prepared(database).run(`PRAGMA max_page_count = ${this.#mostPages}`);
-        return database;
+        return this.#open(path);
       } catch (error) {
-        database?.close();
         if (isFull(error)) {
           this.#log(`sem espaço para o banco de dados (${message(error)}); guardo tudo só na memória`);
-          break;
+          return this.#inMemory(copyOfFile(path));
         }
         this.#keepAside(path, error);
       }
     }
-    return prepared(new Database(":memory:"));
+    return this.#inMemory(undefined);
+  }
+
+  #open(path: string): Database {
+    keepPrivate(this.#folder, path);
+    const database = new Database(path, { create: true });
+    try {
+      prepared(database).run(`PRAGMA max_page_count = ${this.#mostPages}`);
+      return database;
+    } catch (error) {
+      database.close();
+      throw error;
+    }
   }
 
   #replace(error: unknown): void {
+    const failed = this.#database;
     if (isFull(error)) {
       this.#log(`não consigo gravar o banco de dados (${message(error)}); daqui em diante guardo só na memória`);
-      this.#database = this.#copyInMemory();
+      const copy = copyOf(failed);
+      this.#database = this.#inMemory(copy);
+      failed.close();
+      if (copy === undefined) queueMicrotask(() => this.onReplaced());
       return;
     }
-    this.#database.close();
+    failed.close();
     const path = join(this.#folder, fileName);
     if (existsSync(path)) this.#keepAside(path, error);
     this.#database = this.#openFile();
     this.onReplaced();
   }
 
-  #copyInMemory(): Database {
+  #inMemory(copy: Database | undefined): Database {
+    const memory = copy ?? prepared(new Database(":memory:"));
+    const last = memory.query<{ id: number | null }, []>("SELECT MAX(id) AS id FROM rows").get();
+    this.#unwritten = { settings: new Set(), conversations: new Set(), afterRow: last?.id ?? 0 };
+    this.#awaitRoom(roomLookMs);
+    return memory;
+  }
+
+  #awaitRoom(pauseMs: number): void {
+    this.#cancelReturn = this.#clock.after(pauseMs, () => {
+      if (this.#unwritten === undefined || this.#returnToDisk(this.#unwritten)) return;
+      this.#awaitRoom(hasRoom(this.#folder) ? Math.min(2 * pauseMs, longestPauseMs) : roomLookMs);
+    });
+  }
+
+  /** Writes down what changed since it is in memory; all, where the file was lost meanwhile. */
+  #returnToDisk(unwritten: Unwritten): boolean {
+    if (!hasRoom(this.#folder)) return false;
+    const path = join(this.#folder, fileName);
+    let file: Database | undefined;
     try {
-      const bytes = this.#database.serialize();
-      // What is in memory cannot have a write-ahead log: 1 is the format without (SQLite's file format, 1.3.3).
-      bytes.set([1, 1], 18);
-      return Database.deserialize(bytes);
-    } catch {
-      queueMicrotask(() => this.onReplaced());
-      return prepared(new Database(":memory:"));
+      file = this.#open(path);
+      this.#write(file, unwritten);
+    } catch (error) {
+      file?.close();
+      if (!isFull(error) && !isBusy(error)) this.#keepAside(path, error);
+      return false;
     }
+    this.#database.close();
+    this.#database = file;
+    this.#unwritten = undefined;
+    this.#log("o banco de dados está outra vez em disco");
+    return true;
+  }
+
+  #write(file: Database, { settings, conversations, afterRow }: Unwritten): void {
+    const memory = this.#database;
+    const isLost = isEmpty(file);
+    const all = (query: string, ...values: number[]): Values[] => memory.query<never, number[]>(query).values(...values) as Values[];
+    const isWanted = (changed: Set<string>) => ([key]: Values): boolean => isLost || changed.has(String(key));
+    file.transaction(() => {
+      const write = (query: string, rows: Values[]): void => rows.forEach((row) => file.query(query).run(...row));
+      write(saveSetting, all("SELECT key, value FROM settings").filter(isWanted(settings)));
+      const columns = "id, startedAt, firstQuestion, answers, costUsd, session";
+      write(saveConversation, all(`SELECT ${columns} FROM conversations ORDER BY rowid`).filter(isWanted(conversations)));
+      const rows = "SELECT conversation, role, text, at, durationMs FROM rows WHERE id > ? ORDER BY id";
+      write(addRow, all(rows, isLost ? 0 : afterRow));
+    })();
   }
 
   #keepAside(path: string, error: unknown): void {
@@ -211,28 +272,4 @@ export class Store {
       }
     }
   }
-}
-
-function prepared(database: Database): Database {
-  database.run(`PRAGMA busy_timeout = ${lockWaitMs}`);
-  database.run("PRAGMA journal_mode = WAL");
-  database.run("PRAGMA synchronous = NORMAL");
-  const check = database.query<{ quick_check: string }, []>("PRAGMA quick_check(1)").get();
-  if (check?.quick_check !== "ok") throw new Error(check?.quick_check ?? "quick_check");
-  const version = database.query<{ user_version: number }, []>("PRAGMA user_version").get()?.user_version;
-  if (version === 0) database.transaction(() => database.run(schema))();
-  else if (version !== schemaVersion) throw new Error(`versão ${version}`);
-  // A lock that somebody holds for ever shows only when something is written.
-  database.run("BEGIN IMMEDIATE");
-  database.run("ROLLBACK");
-  return database;
-}
-
-function isFull(error: unknown): boolean {
-  const code = error instanceof SQLiteError ? (error.code ?? "") : ((error as { code?: string }).code ?? "");
-  return /^SQLITE_(FULL|IOERR|READONLY|CANTOPEN)/.test(code) || code === "ENOSPC";
-}
-
-function message(error: unknown): string {
-  return error instanceof Error ? error.message : String(error);
 }

@@ -1,13 +1,15 @@
 import { Database } from "bun:sqlite";
 import { describe, expect, test } from "bun:test";
-import { mkdirSync, readFileSync, readdirSync, statSync, writeFileSync } from "node:fs";
+import { chmodSync, existsSync, mkdirSync, readFileSync, readdirSync, rmSync, statSync, writeFileSync } from "node:fs";
 import { join } from "node:path";
+import type { Snapshot } from "../src/protocol.ts";
 import { Store } from "../src/store.ts";
-import { bench, ManualClock, temporaryFolder } from "./support.ts";
+import { bench, freePort, ManualClock, serving, temporaryFolder } from "./support.ts";
 
 function open(folder: string, mostPages?: number) {
   const log: string[] = [];
-  return { store: new Store(folder, (line) => log.push(line), mostPages), log };
+  const clock = new ManualClock();
+  return { store: new Store(folder, (line) => log.push(line), clock, mostPages), log, clock };
 }
 
 const conversation = {
@@ -49,10 +51,54 @@ describe("what is kept", () => {
     second.engine.close();
   });
 
-  test("is for this user's eyes only", () => {
+  test("is a new conversation when the last one lies in the future, also at the start after the next", async () => {
+    const folder = temporaryFolder();
+    const clock = new ManualClock();
+    const now = clock.time;
+    clock.time += 10 * 86_400_000;
+    const wrong = bench(folder, clock);
+    wrong.engine.loop.say("Thanks");
+    await clock.advance(10_000);
+    wrong.engine.close();
+    clock.time = now;
+    const second = bench(folder, clock);
+    expect(second.engine.state).toMatchObject({ conversation: { rows: [] }, memory: { isResumed: false } });
+    second.engine.loop.say("Hello");
+    await clock.advance(10_000);
+    second.engine.close();
+    const third = bench(folder, clock);
+    expect(third.engine.state).toMatchObject({ conversation: { rows: [{ text: "Hello" }, {}] }, memory: { isResumed: true } });
+    expect(third.engine.history).toHaveLength(2);
+    third.engine.close();
+  });
+
+  test("is a conversation that was written a moment ahead of the clock", async () => {
+    const folder = temporaryFolder();
+    const clock = new ManualClock();
+    const first = bench(folder, clock);
+    first.engine.loop.say("Thanks");
+    await clock.advance(10_000);
+    first.engine.close();
+    clock.time -= 11_000;
+    const second = bench(folder, clock);
+    expect(second.engine.state.memory?.isResumed).toBe(true);
+    second.engine.close();
+  });
+
+  test("is for this user's eyes only, also where it was there already and was not", () => {
     const folder = join(temporaryFolder(), "a/b");
-    open(folder).store.close();
-    expect(statSync(folder).mode & 0o077).toBe(0);
+    const path = join(folder, "palomet.db");
+    const modes = (): number[] => [folder, path, `${path}-wal`, `${path}-shm`].map((each) => statSync(each).mode & 0o777);
+    const first = open(folder);
+    expect(modes()).toEqual([0o700, 0o600, 0o600, 0o600]);
+    first.store.close();
+    chmodSync(folder, 0o755);
+    chmodSync(path, 0o644);
+    writeFileSync(`${path}-wal`, "", { mode: 0o644 });
+    const second = open(folder);
+    second.store.saveSetting("a", "1");
+    expect(modes()).toEqual([0o700, 0o600, 0o600, 0o600]);
+    second.store.close();
   });
 
   test("of a setting that is no longer good is the default", () => {
@@ -175,3 +221,45 @@ describe("a database", () => {
   });
 });
 
+describe("a full disk", () => {
+  /** Makes a small file system that nobody else sees. */
+  const alone = process.getuid?.() === 0 ? ["unshare", "-m"] : ["unshare", "-Urm"];
+  const onSmallDisk = (folder: string, command: string, size: string): string[] => [
+    ...alone, "sh", "-c", `mount -t tmpfs -o size=${size} tmpfs ${folder} && ${command}`,
+  ];
+  const canMount = Bun.spawnSync(onSmallDisk(temporaryFolder(), "true", "64k")).success;
+
+  test.if(canMount)("loses nothing while there is no room, and everything is on disk when there is room again", async () => {
+    const folder = temporaryFolder();
+    const command = `exec ${process.execPath} ${join(import.meta.dir, "fullDisk.ts")} ${folder}`;
+    const child = Bun.spawn(onSmallDisk(folder, command, "1024k"), { stdout: "pipe" });
+    expect(JSON.parse(await new Response(child.stdout).text())).toEqual({
+      full: { log: [expect.stringContaining("só na memória")], rows: 59, settings: ["kept", "changed"] },
+      room: { log: ["o banco de dados está outra vez em disco"] },
+      kept: { rows: 60, answers: 7, last: "last", settings: [["kept", "1"], ["changed", "2"]] },
+      begunFull: { log: 1, rows: 60, settings: 2 },
+      closed: { log: ["o banco de dados está outra vez em disco"], last: "added", rows: 61, settings: [["kept", "1"], ["changed", "3"]] },
+    });
+  });
+
+  test.if(canMount)("with the log on it does not end the engine", async () => {
+    const folder = temporaryFolder();
+    const port = await freePort();
+    const settings = `XDG_STATE_HOME=${folder} PALOMET_PORT=${port} PATH=/none`;
+    const command = `cat /dev/zero > ${folder}/filler; ${settings} exec ${process.execPath} src/main.ts 2>> ${folder}/log`;
+    const engine = Bun.spawn(onSmallDisk(folder, command, "64k"), { cwd: join(import.meta.dir, ".."), stderr: "ignore" });
+    await serving(port);
+    const post = (path: string, body: string) => fetch(`http://127.0.0.1:${port}/${path}`, { method: "POST", body });
+    const state = async () => (await fetch(`http://127.0.0.1:${port}/state`)).json() as Promise<Snapshot>;
+    for (let n = 0; n < 50; n++) {
+      expect((await post("settings", `{"followUpMs":${n}}`)).status).toBe(200);
+      expect((await post("say", '{"text":"Thanks"}')).status).toBe(200);
+    }
+    expect((await state()).settings.followUpMs).toBe(49);
+    expect((await state()).conversation.rows.length).toBeGreaterThanOrEqual(50);
+    rmSync(`/proc/${engine.pid}/root${folder}/filler`);
+    while (!existsSync(`/proc/${engine.pid}/root${folder}/log`)) await Bun.sleep(10);
+    engine.kill("SIGTERM");
+    expect(await engine.exited).toBe(0);
+  });
+});

@@ -5,6 +5,7 @@ import { readClaudeLine } from "../src/claudeOutput.ts";
 import { parseJson, parseLinkEvent } from "../src/protocol.ts";
 import { sentencesOf } from "../src/sentences.ts";
 import { Store } from "../src/store.ts";
+import { systemClock } from "../src/clock.ts";
 import { cut } from "../src/text.ts";
 import { bench, connect, settle, temporaryFolder } from "./support.ts";
 
@@ -85,12 +86,12 @@ describe("half a character", () => {
     expect(use).toEqual({ kind: "tool", name: "Bash", detail: `${"a".repeat(198)}…` });
 
     const folder = temporaryFolder();
-    new Store(folder, () => {}).close();
+    new Store(folder, () => {}, systemClock).close();
     const database = new Database(join(folder, "palomet.db"));
     database.run("INSERT INTO conversations VALUES ('c', 1, CAST(x'61EDA0BD' AS TEXT), 0, 0, NULL)");
     database.run("INSERT INTO rows (conversation, role, text, at) VALUES ('c', 'user', CAST(x'61EDA0BD' AS TEXT), 1)");
     database.close();
-    const store = new Store(folder, () => {});
+    const store = new Store(folder, () => {}, systemClock);
     expect(malformed([store.history(1), store.latestConversation(1)])).toEqual([]);
     store.close();
   });

@@ -23,7 +23,7 @@ describe("listening", () => {
     await hear(it, socket, 500);
     await speak(it, socket, "thanks");
     expect(it.engine.state.state).toBe("speaking");
-    it.engine.link.text(socket, '{"type":"played","id":1}');
+    it.engine.link.text(socket, socket.played(0));
     await settle();
     expect(it.engine.state.state).toBe("listening");
     expect(it.phases()).toEqual(["waiting", "listening", "hearing", "thinking", "speaking", "listening"]);
@@ -140,7 +140,7 @@ describe("an utterance", () => {
     await hear(it, socket, 2_000);
     await speak(it, socket, "Palomet, new conversation");
     expect(it.engine.state.conversation.rows).toEqual([]);
-    it.engine.link.text(socket, '{"type":"played","id":2}');
+    it.engine.link.text(socket, socket.played(1));
     await hear(it, socket, 2_000);
     await speak(it, socket, "Palomet, mute yourself");
     expect(it.engine.state).toMatchObject({ state: "muted", isMuted: true });

@@ -99,7 +99,7 @@ describe("levels", () => {
     const socket = connect(it);
     it.engine.loop.say("Thanks");
     await it.clock.advance(500);
-    it.engine.link.text(socket, '{"type":"played","id":1}');
+    it.engine.link.text(socket, socket.played(0));
     const levels = it.events.filter(([name]) => name === "outLevel").map(([, data]) => data);
     expect(Number(levels[0])).toBeGreaterThan(0.3);
     expect(levels.at(-1)).toBe("0");
@@ -175,11 +175,47 @@ describe("a clip", () => {
     await settle();
     const spoken = (): string[] => it.events.filter(([name]) => name === "spoken").map(([, data]) => JSON.parse(data));
     expect(spoken()).toEqual(["You said: One."]);
-    expect(socket.ids).toEqual([1, 2, 3]);
-    it.engine.link.text(socket, '{"type":"played","id":1}');
+    const [id = 0] = socket.ids;
+    expect(socket.ids).toEqual([id, id + 1, id + 2]);
+    it.engine.link.text(socket, socket.played(0));
     await settle();
     expect(spoken()).toEqual(["You said: One.", "You said: Two."]);
-    expect(socket.ids).toEqual([1, 2, 3, 4]);
+    expect(socket.ids).toEqual([id, id + 1, id + 2, id + 3]);
+  });
+
+  test("bears an id that no other clip has had, of this engine or of one before it", async () => {
+    const ids: number[] = [];
+    for (let engines = 0; engines < 20; engines++) {
+      const it = bench();
+      for (let connections = 0; connections < 3; connections++) {
+        const socket = connect(it);
+        it.engine.loop.say("One. Two. Three.");
+        await settle();
+        ids.push(...socket.ids);
+        it.engine.link.closed(socket);
+        await settle();
+      }
+      it.engine.close();
+    }
+    expect(ids).toHaveLength(180);
+    expect(new Set(ids).size).toBe(180);
+    expect(ids.every((id) => Number.isSafeInteger(id) && id >= 0)).toBe(true);
+  });
+
+  test("that an engine before it gave is not taken for its own when it is reported", async () => {
+    const before = bench();
+    const socket = connect(before);
+    before.engine.loop.say("Thanks");
+    await settle();
+    const it = bench();
+    const next = connect(it);
+    it.engine.loop.say("Thanks");
+    await settle();
+    it.engine.link.text(next, socket.played(0));
+    await settle();
+    expect(it.engine.state.state).toBe("speaking");
+    before.engine.close();
+    it.engine.close();
   });
 
   test("that could not be made is shown in its place", async () => {

@@ -11,9 +11,9 @@ describe("a typed request", () => {
     it.brain.release();
     await settle();
     expect(it.engine.state.state).toBe("speaking");
-    expect(socket.sent).toMatchObject([{ type: "play", id: 1, format: "wav" }]);
+    expect(socket.sent).toMatchObject([{ type: "play", format: "wav" }]);
     expect(it.events).toContainEqual(["spoken", JSON.stringify("It is 3:20 PM.")]);
-    it.engine.link.text(socket, JSON.stringify({ type: "played", id: 1 }));
+    it.engine.link.text(socket, socket.played(0));
     await settle();
     expect(it.engine.state.state).toBe("waiting");
     expect(it.phases()).toEqual(["waiting", "thinking", "speaking", "waiting"]);

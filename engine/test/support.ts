@@ -186,6 +186,11 @@ export class FakeSocket implements LinkSocket {
     return this.sent.map(({ type }) => type);
   }
 
+  /** The front end's report that the clip of this index was played. */
+  played(index: number): string {
+    return JSON.stringify({ type: "played", id: this.ids[index] });
+  }
+
   get ids(): number[] {
     return this.sent.flatMap(({ id }) => (id === undefined ? [] : [id]));
   }

@@ -2,6 +2,11 @@
 // the grammar of the recogniser is made of.
 
 import { plainWords, type Language, type Locale } from "./language.ts";
+import { cut } from "./text.ts";
+
+/** None of the questions is longer; and nobody wants more than that read back, in characters. */
+const longestQuestion = 1_000;
+const longestRequest = 20_000;
 
 export interface AnswerContext {
   now: Date;
@@ -97,13 +102,14 @@ export function knownPhrases(language: Language): string[] {
 
 /** The answer to a request of one sentence, or undefined when it is none of the questions above. */
 export function knownAnswer(request: string, context: AnswerContext): string | undefined {
+  if (request.length > longestQuestion) return undefined;
   const plain = plainWords(request).join(" ");
   return questions.find((question) => question.pattern.test(plain))?.answer[context.locale.language](context);
 }
 
 /** Answers every sentence of a request; what is not understood is read back. */
 export function builtInAnswer(request: string, context: AnswerContext): string {
-  const sentences = request.split(/(?<=[.!?;])\s+|\n+/).filter((sentence) => plainWords(sentence).length > 0);
+  const sentences = cut(request, longestRequest).split(/(?<=[.!?;])\s+|\n+/).filter((sentence) => plainWords(sentence).length > 0);
   const answers = sentences.map((sentence) => knownAnswer(sentence, context) ?? readBack(sentence, context));
   return [...new Set(answers)].join(" ");
 }

@@ -6,6 +6,8 @@ import type { Store, StoredConversation } from "./store.ts";
 
 /** Rows of the current conversation that are kept at hand; older ones are in the store. */
 const mostRows = 500;
+/** Of their texts, in units of UTF-16: in JSON that is well below what a front end reads. */
+const mostText = 4 << 20;
 const mostHistory = 1_000;
 /** A conversation that was left longer ago than this is not taken up again. */
 const resumeWithinMs = 30 * 60_000;
@@ -24,7 +26,7 @@ export class Conversations {
     const latest = store.latestConversation(mostRows);
     const age = clock.now() - (latest?.rows.at(-1)?.at ?? -Infinity);
     this.#isResumed = age < resumeWithinMs && age > -clockSlackMs;
-    this.#current = this.#isResumed && latest ? latest : this.#fresh();
+    this.#current = this.#isResumed && latest ? { ...latest, rows: lastOf(latest.rows) } : this.#fresh();
   }
 
   get current(): Conversation {
@@ -89,7 +91,7 @@ export class Conversations {
   }
 
   #keep(row: Row): void {
-    this.#current.rows = [...this.#current.rows, row].slice(-mostRows);
+    this.#current.rows = lastOf([...this.#current.rows, row]);
     this.store.saveConversation(this.#current);
     this.store.addRow(this.#current.conversationId, row);
   }
@@ -103,4 +105,11 @@ export class Conversations {
   #nextAt(): number {
     return Math.max(this.clock.now(), (this.#open?.at ?? this.#current.rows.at(-1)?.at ?? 0) + 1);
   }
+}
+
+/** As many of the last rows as are kept at hand; the last one always. */
+function lastOf(rows: Row[]): Row[] {
+  let text = 0;
+  const first = rows.findLastIndex((row) => (text += row.text.length) > mostText);
+  return rows.slice(Math.max(rows.length - mostRows, Math.min(first + 1, rows.length - 1)));
 }

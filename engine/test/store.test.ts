@@ -101,6 +101,30 @@ describe("what is kept", () => {
     second.store.close();
   });
 
+  test("is told in documents of bounded size, however long the requests were", async () => {
+    const it = bench();
+    const brief = "\u0001".repeat(1 << 20);
+    it.brain.answer = async (_request, answering) => {
+      answering.text("Yes.");
+      return { costUsd: 0 };
+    };
+    for (let n = 0; n < 4; n++) {
+      it.engine.loop.say(brief);
+      await it.clock.advance(5_000);
+      it.engine.newConversation();
+      it.engine.loop.say(brief);
+      for (let more = 0; more < 8; more++) it.engine.loop.say(brief);
+      await it.clock.advance(5_000);
+    }
+    expect(JSON.stringify(it.engine.state).length).toBeLessThan(32 << 20);
+    expect(it.engine.state.conversation.rows.length).toBeGreaterThan(3);
+    expect(JSON.stringify(it.engine.history).length).toBeLessThan(1 << 20);
+    it.engine.close();
+    const again = bench(it.folder, it.clock);
+    expect(JSON.stringify(again.engine.state).length).toBeLessThan(32 << 20);
+    again.engine.close();
+  });
+
   test("of a setting that is no longer good is the default", () => {
     const folder = temporaryFolder();
     const { store } = open(folder);

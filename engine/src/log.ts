@@ -46,7 +46,7 @@ export function bounded(log: Log, clock: Clock): Log {
   };
 }
 
-/** Tells why the engine cannot start; what keeps it from it each time, and it is started again and again, is counted. */
+/** Tells why the engine ends at its start, or soon after; it is started again and again, and what ends it is counted. */
 export class StartFailures {
   constructor(
     /** Where the last one is noted. */
@@ -69,7 +69,13 @@ export class StartFailures {
     if (isTold(entry.times)) this.log(counted(line, entry.times));
   }
 
-  /** It has started. */
+  /** Whether it ended lately for a reason that was told. */
+  get isAgain(): boolean {
+    const before = this.#noted();
+    return before !== undefined && isRecent(before.at, this.clock.now());
+  }
+
+  /** It has started, and has not ended at once. */
   settle(): void {
     try {
       rmSync(this.path, { force: true });

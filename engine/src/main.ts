@@ -21,6 +21,8 @@ import { EspeakSynthesiser } from "./synthesiser.ts";
 import { WhisperRecogniser } from "./whisper.ts";
 
 const portCheckMs = 1_000;
+/** An engine that lives so long has started. */
+const settledAfterMs = 60_000;
 const log = bounded(standardErrorLog, systemClock);
 const environment = { ...process.env };
 const stateHome = environment.XDG_STATE_HOME || join(environment.HOME ?? homedir(), ".local/state");
@@ -68,8 +70,10 @@ async function main(): Promise<void> {
     if (!(await isTaken(port))) failures.tell(`a porta ${port} estava ocupada`);
     process.exit(1);
   }
-  failures.settle();
   void brain.prepare().then(() => engine.changed());
+  const isAgain = failures.isAgain;
+  systemClock.after(settledAfterMs, () => failures.settle());
+  if (isAgain) return;
   log(`servindo em http://127.0.0.1:${port}`);
   log("  documentos: GET state, history, options; eventos: GET events; áudio: WebSocket /audio");
   log("  comandos: POST listen, stop, mute, new, sample, say, act, draft/clear, settings");

@@ -12,6 +12,14 @@
 
 namespace palomet {
 
+namespace {
+
+/// Of several channels the first one alone is wanted: mixed together, an array's microphones take each other's voices
+/// out. PulseAudio gives it for the one flag, PipeWire for the other, whatever the channels are called.
+constexpr int firstChannelOnly = PA_STREAM_NO_REMAP_CHANNELS | PA_STREAM_NO_REMIX_CHANNELS;
+
+} // namespace
+
 PulseCapture::PulseCapture(PulseConnection &connection, const QString &device, SoundStreams &streams,
                            const std::atomic<std::int64_t> &playbackLatency, Events events)
     : m_connection(connection)
@@ -32,8 +40,8 @@ PulseCapture::PulseCapture(PulseConnection &connection, const QString &device, S
     attributes.maxlength = pulseBytes(std::chrono::seconds{1});
     attributes.fragsize = pulseBytes(std::chrono::milliseconds{20});
     // When the microphone goes, the stream goes with it: what is heard instead is for the program to decide.
-    if (pa_stream_connect_record(m_stream.get(), device.toUtf8().constData(), &attributes,
-                                 static_cast<pa_stream_flags_t>(PulseClock::flags | PA_STREAM_DONT_MOVE)) < 0)
+    constexpr auto flags = static_cast<pa_stream_flags_t>(PulseClock::flags | PA_STREAM_DONT_MOVE | firstChannelOnly);
+    if (pa_stream_connect_record(m_stream.get(), device.toUtf8().constData(), &attributes, flags) < 0)
         end(Ending::Failed, pa_context_errno(connection.context()));
 }
 

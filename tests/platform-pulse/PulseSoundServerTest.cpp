@@ -145,6 +145,28 @@ TEST_P(SoundServerTest, HearsWhatIsSpokenIntoTheMicrophone) {
     EXPECT_TRUE(eventually([&] { return m_probe.takePeak() > 0.4F; }));
 }
 
+TEST_P(SoundServerTest, HearsTheFirstChannelAloneOfAMicrophoneWhoseChannelsDiffer) {
+    const std::array maps{u"front-left,front-right"_s, u"front-right,front-left"_s, u"aux0,aux1"_s};
+    for (std::size_t i = 0; i < maps.size(); ++i)
+        m_server->addMicrophone(u"stereo%1"_s.arg(i), u"Stereo Microphone"_s, maps[i]);
+    std::vector<float> samples(std::size_t{20} * SoundStreams::sampleRate);
+    for (std::size_t frame = 0; frame < samples.size(); frame += 2) {
+        samples[frame] = 0.25F;
+        samples[frame + 1] = 0.75F;
+    }
+    start();
+    for (std::size_t i = 0; i < maps.size(); ++i) {
+        const auto source = u"stereo%1"_s.arg(i);
+        m_server->setDefaultInput(source);
+        ASSERT_TRUE(eventually([&] { return m_sound->defaultInput() == source; }));
+        openCapture();
+        const auto speaker = m_server->play(source + u"-feed"_s, samples, maps[i]);
+        // Mixed they would be 0.5 or more, the second one alone 0.75.
+        EXPECT_TRUE(eventually([&] { return std::abs(m_probe.takePeak() - 0.25F) < 0.001F; }))
+            << maps[i].toStdString() << ": " << m_probe.takePeak();
+    }
+}
+
 TEST_P(SoundServerTest, PlaysWhatItIsGivenAndTellsWhenItWasHeard) {
     start();
     openCapture();

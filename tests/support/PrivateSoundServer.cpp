@@ -106,9 +106,12 @@ void PrivateSoundServer::serve(const QString &program, const QStringList &argume
     m_processes.push_back(launch(program, arguments));
 }
 
-OwnedProcess PrivateSoundServer::play(const QString &sink, const std::vector<float> &samples) const {
-    auto player = launch(u"pacat"_s, {u"--playback"_s, u"--raw"_s, u"--format=float32ne"_s, u"--channels=1"_s,
-                                      u"--rate=48000"_s, u"--latency-msec=50"_s, u"--device="_s + sink});
+OwnedProcess PrivateSoundServer::play(const QString &sink, const std::vector<float> &samples,
+                                      const QString &channels) const {
+    auto player = launch(u"pacat"_s,
+                         {u"--playback"_s, u"--raw"_s, u"--format=float32ne"_s,
+                          u"--channels="_s + QString::number(channels.count(u',') + 1), u"--channel-map="_s + channels,
+                          u"--rate=48000"_s, u"--latency-msec=50"_s, u"--device="_s + sink});
     player->write(reinterpret_cast<const char *>(samples.data()), static_cast<qint64>(samples.size() * sizeof(float)));
     player->closeWriteChannel();
     return player;
@@ -179,17 +182,19 @@ void PrivateSoundServer::unloadModule(int module) {
     control({u"unload-module"_s, QString::number(module)});
 }
 
-int PrivateSoundServer::addSpeakers(const QString &name) {
-    QStringList arguments{u"module-null-sink"_s, u"sink_name="_s + name, u"rate=48000"_s};
+int PrivateSoundServer::addSpeakers(const QString &name, QStringView channels) {
+    QStringList arguments{u"module-null-sink"_s, u"sink_name="_s + name, u"rate=48000"_s,
+                          u"channels="_s + QString::number(channels.count(u',') + 1),
+                          u"channel_map="_s + channels.toString()};
     // Else it starts with two seconds in one block, whatever its client wants.
     if (m_kind == Kind::PulseAudio)
         arguments += u"norewinds=1"_s;
     return loadModule(arguments);
 }
 
-int PrivateSoundServer::addMicrophone(const QString &name, const QString &description) {
+int PrivateSoundServer::addMicrophone(const QString &name, const QString &description, QStringView channels) {
     const auto feed = name + u"-feed"_s;
-    addSpeakers(feed);
+    addSpeakers(feed, channels);
     const int module =
         loadModule({u"module-remap-source"_s, u"master="_s + feed + u".monitor"_s, u"source_name="_s + name,
                     u"source_properties=\"device.description='"_s + description + u"'\""_s});

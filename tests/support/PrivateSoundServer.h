@@ -50,14 +50,18 @@ public:
     /// What a client process needs in its environment: the address, and a home of its own.
     [[nodiscard]] QProcessEnvironment environment() const;
 
+    /// A channel map: the positions of a device's channels, the first one first.
+    static constexpr QStringView stereo = u"front-left,front-right";
+
     /// Silent speakers that keep time. What is played on them can be recorded from "<name>.monitor". Returns the
     /// module.
-    int addSpeakers(const QString &name);
+    int addSpeakers(const QString &name, QStringView channels = stereo);
     /// A microphone that hears what is played on the sink "<name>-feed". Returns the module that is the microphone
     /// itself.
-    int addMicrophone(const QString &name, const QString &description);
-    /// Plays 48 kHz mono samples on a sink. They sound until they end, or until the returned player does.
-    [[nodiscard]] OwnedProcess play(const QString &sink, const std::vector<float> &samples) const;
+    int addMicrophone(const QString &name, const QString &description, QStringView channels = stereo);
+    /// Plays 48 kHz samples, interleaved, on a sink. They sound until they end, or until the returned player does.
+    [[nodiscard]] OwnedProcess play(const QString &sink, const std::vector<float> &samples,
+                                    const QString &channels = QStringLiteral("mono")) const;
     int loadModule(const QStringList &arguments);
     void unloadModule(int module);
     /// Returns when it is in force.

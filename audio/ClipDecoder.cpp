@@ -1,5 +1,7 @@
 #include "audio/ClipDecoder.h"
 
+#include "audio/Mp3Start.h"
+
 #include <sndfile.h>
 #include <soxr.h>
 
@@ -30,8 +32,10 @@ struct Kind {
     int subtype = 0;
 };
 
+constexpr Kind mp3{QLatin1StringView{"mp3"}, SF_FORMAT_MPEG, SF_FORMAT_MPEG_LAYER_III};
+
 constexpr std::array kinds{
-    Kind{QLatin1StringView{"mp3"}, SF_FORMAT_MPEG, SF_FORMAT_MPEG_LAYER_III},
+    mp3,
     Kind{QLatin1StringView{"wav"}, SF_FORMAT_WAV},
     Kind{QLatin1StringView{"wav"}, SF_FORMAT_WAVEX},
     Kind{QLatin1StringView{"wav"}, SF_FORMAT_RF64},
@@ -51,8 +55,8 @@ bool isExtension(const QString &text) {
 /// A file in memory, and the place in it that is read next.
 class MemoryFile {
 public:
-    explicit MemoryFile(const QByteArray &data)
-        : m_data(data.constData(), static_cast<std::size_t>(data.size())) {}
+    explicit MemoryFile(QByteArrayView data)
+        : m_data(data.data(), static_cast<std::size_t>(data.size())) {}
 
     /// How the decoder reaches a `MemoryFile` that it was given as its user data.
     static SF_VIRTUAL_IO io() {
@@ -173,6 +177,15 @@ void averageChannels(std::span<float> interleaved, std::size_t channels) {
     }
 }
 
+using SoundFile = std::unique_ptr<SNDFILE, CloseSoundFile>;
+
+/// `memory` outlives the file.
+SoundFile open(MemoryFile &memory, SF_INFO &info) {
+    auto io = MemoryFile::io();
+    info = {};
+    return SoundFile(sf_open_virtual(&io, SFM_READ, &info, &memory));
+}
+
 Failure tooLong() {
     return {QStringLiteral("o som ocupa mais de 256 MiB")};
 }
@@ -219,9 +232,12 @@ Result<ClipSamples> decodeClip(const QByteArray &data, const QString &extension)
         return Failure{QStringLiteral("formato desconhecido: %1").arg(extension)};
 
     MemoryFile memory(data);
-    auto io = MemoryFile::io();
-    SF_INFO info{};
-    const std::unique_ptr<SNDFILE, CloseSoundFile> file(sf_open_virtual(&io, SFM_READ, &info, &memory));
+    SF_INFO info;
+    auto file = open(memory, info);
+    if (const auto start = file || !isNamed(mp3) ? std::nullopt : findMp3(data)) {
+        memory = MemoryFile(QByteArrayView(data).sliced(*start));
+        file = open(memory, info);
+    }
     if (!file)
         return Failure{QString::fromUtf8(sf_strerror(nullptr))};
     const bool isAsPromised = std::any_of(kinds.begin(), kinds.end(), [&](const Kind &kind) {

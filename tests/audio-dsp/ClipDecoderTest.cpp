@@ -170,6 +170,22 @@ TEST(ClipDecoder, NonsenseIsRefusedInEveryFormat) {
     }
 }
 
+TEST(ClipDecoder, AnMp3IsPlayedWhateverStandsInFrontOfIt) {
+    for (const int rate : {8000, 22050, 24000, 44100, 48000}) {
+        const auto file = encode(sine(rate), test::clipFormats().front().format);
+        const auto clean = decoded(file, "mp3");
+        // The last one looks like a frame, but none follows it.
+        for (const QByteArray &junk : {QByteArray("x"), QByteArray("<!-- cached -->\r\n"), QByteArray(5000, '\0'),
+                                       QByteArray(3000, '\xff'), QByteArray("\xff\xfb\x90\x64 is no frame")}) {
+            const auto samples = decoded(junk + file, "mp3");
+            // The frame that tells of the others may go by as silence.
+            EXPECT_NEAR(static_cast<double>(samples.size()), static_cast<double>(clean.size()), 0.2 * 48000);
+            EXPECT_NEAR(sineShare(samples, 440), 1, 0.02) << rate;
+            expectRefused(junk + file, "wav");
+        }
+    }
+}
+
 TEST(ClipDecoder, AFileCutOffInTheMiddleGivesWhatItHolds) {
     auto clip = sine(24000, 440, 1, 10);
     std::uint32_t seed = 3;

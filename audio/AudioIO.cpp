@@ -35,6 +35,7 @@ AudioIO::AudioIO(Parts parts)
     };
     m_player.onQuiet = [this, onMainThread] { onMainThread([this] { updatePlayback(); }); };
 
+    m_server.onDevicesTold = [this] { devicesTold(); };
     m_server.onConfigurationChange = [this] { configurationChanged(); };
     m_server.onServerLost = [this] { serverLost(); };
     m_server.start(m_engine);
@@ -75,6 +76,7 @@ void AudioIO::resume() {
 }
 
 void AudioIO::close() {
+    m_server.onDevicesTold = {};
     m_server.onConfigurationChange = {};
     m_server.onServerLost = {};
     abandonAttempts();
@@ -116,9 +118,8 @@ void AudioIO::beginAttempt() {
     m_running = std::exchange(m_next, {});
     const auto number = ++m_attemptNumber;
     m_server.closeCapture();
-    m_switchedTo = switchDefaultInput();
-    // Some microphones take seconds to open, and whoever asks meanwhile is told which one it is going to be.
-    nameDevice(m_switchedTo ? m_switchedTo->name : defaultInputName());
+    m_switchedTo.reset();
+    chooseDevice();
     auto canceller = m_makeEchoCanceller();
     if (!canceller) {
         endAttempt(number, Failure{canceller.reason()});
@@ -174,6 +175,13 @@ std::optional<QString> AudioIO::pickInput(const std::optional<QString> &wanted) 
     return std::ranges::any_of(devices, isWanted) ? wanted : std::nullopt;
 }
 
+/// Some microphones take seconds to open, and whoever asks meanwhile is told which one it is going to be.
+void AudioIO::chooseDevice() {
+    if (!m_switchedTo)
+        m_switchedTo = switchDefaultInput();
+    nameDevice(m_switchedTo ? m_switchedTo->name : defaultInputName());
+}
+
 /// Makes the wanted device the default input, if it is present and is not the default already.
 std::optional<InputDevice> AudioIO::switchDefaultInput() {
     const auto name = selectsDevice ? pickInput(m_wantedDevice) : std::nullopt;
@@ -215,6 +223,12 @@ void AudioIO::nameDevice(const QString &name) {
         return;
     m_deviceName = name;
     onDeviceName(name);
+}
+
+/// An attempt that was made before waits with the server, which opens the microphone next.
+void AudioIO::devicesTold() {
+    if (m_running.isWanted)
+        chooseDevice();
 }
 
 void AudioIO::configurationChanged() {

@@ -122,10 +122,12 @@ private:
     void retryLater(const QString &reason);
     [[nodiscard]] std::optional<InputDevice> switchDefaultInput();
     [[nodiscard]] QString defaultInputName() const;
+    void chooseDevice();
     void nameDevice(const QString &name);
 
     void configurationChanged();
     void serverLost();
+    void devicesTold();
 
     void updatePlayback();
     void watchSpeech();

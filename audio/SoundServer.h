@@ -87,6 +87,10 @@ public:
     virtual void openPlayback() = 0;
     virtual void closePlayback() = 0;
 
+    /// The devices are known, after the server was reached and before what was asked for meanwhile is opened. Set
+    /// before `start`.
+    std::function<void()> onDevicesTold;
+
     /// The input devices or the default input changed from outside, the open microphone was moved, speech comes out of
     /// other speakers than before, or the server came back. A flood of events is one call. Set before `start`.
     std::function<void()> onConfigurationChange;

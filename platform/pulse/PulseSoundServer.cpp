@@ -145,6 +145,8 @@ void PulseSoundServer::devicesTold(const std::optional<PulseDevices> &devices) {
     if (m_link == Link::Connecting) {
         m_link = Link::Ready;
         isChanged = std::exchange(m_wasAway, false);
+        if (onDevicesTold)
+            onDevicesTold();
         if (m_isPlaybackWanted)
             startPlayback();
         if (m_opening)

@@ -133,6 +133,36 @@ TEST_F(AudioIOTest, NamesTheDeviceThatIsBeingOpened) {
     EXPECT_EQ(io.deviceName(), QStringLiteral("Mic B"));
 }
 
+TEST_F(AudioIOTest, NamesTheDeviceAsSoonAsTheServerHasToldItsDevices) {
+    server.opensAtOnce = false;
+    server.hasToldDevices = false;
+    io.start({});
+    EXPECT_THAT(names, ElementsAre(L(u"device.systemDefault")));
+    server.tellDevices();
+    EXPECT_EQ(io.deviceName(), QStringLiteral("Mic A"));
+    EXPECT_THAT(names, ElementsAre(L(u"device.systemDefault"), QStringLiteral("Mic A")));
+    EXPECT_EQ(server.captureOpenings, 1);
+}
+
+TEST_F(AudioIOTest, SwitchesToTheWantedDeviceAsSoonAsTheServerHasToldItsDevices) {
+    server.opensAtOnce = false;
+    server.hasToldDevices = false;
+    io.start(QStringLiteral("Mic B"));
+    EXPECT_THAT(server.defaultsSet, IsEmpty());
+    server.tellDevices();
+    EXPECT_EQ(io.deviceName(), QStringLiteral("Mic B"));
+    server.finishOpening({});
+    EXPECT_THAT(server.defaultsSet, ElementsAre(QStringLiteral("mic.b")));
+    EXPECT_THAT(notes, ElementsAre(switchedToB, openB));
+}
+
+TEST_F(AudioIOTest, DevicesThatAreToldWhileNothingIsOpenedChangeNothing) {
+    server.hasToldDevices = false;
+    server.tellDevices();
+    EXPECT_THAT(names, IsEmpty());
+    EXPECT_THAT(server.defaultsSet, IsEmpty());
+}
+
 TEST_F(AudioIOTest, NamesTheDeviceItSwitchedToWhateverTheServerStillBelieves) {
     server.opensAtOnce = false;
     io.start(QStringLiteral("Mic B"));

@@ -321,6 +321,18 @@ TEST_P(SoundServerTest, SaysAtOnceThatThereIsNoServer) {
     EXPECT_EQ(sound.defaultInput(), std::nullopt);
 }
 
+TEST_P(SoundServerTest, TellsItsDevicesOnceAndBeforeTheMicrophoneThatWasAskedForIsOpen) {
+    m_sound = std::make_unique<PulseSoundServer>(m_scheduler, m_server->address());
+    std::vector<QString> told;
+    m_sound->onDevicesTold = [&] {
+        EXPECT_EQ(m_answers, 0);
+        told.push_back(m_sound->defaultInput().value_or(QString()));
+    };
+    m_sound->start(m_probe);
+    openCapture();
+    EXPECT_THAT(told, testing::ElementsAre(u"microphone"_s));
+}
+
 TEST_P(SoundServerTest, OpensWhatWasAskedForBeforeTheServerAnswered) {
     m_sound = std::make_unique<PulseSoundServer>(m_scheduler, m_server->address());
     m_sound->onConfigurationChange = [this] { ++m_changes; };

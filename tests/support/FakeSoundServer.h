@@ -21,6 +21,7 @@ public:
     std::optional<Failure> captureFailure;
     bool opensAtOnce = true;
     bool isAlive = true;
+    bool hasToldDevices = true; ///< Off leaves that to `tellDevices`.
 
     // What was asked of it.
     std::vector<QString> defaultsSet;
@@ -30,9 +31,11 @@ public:
     void start(SoundStreams &streams) override { m_streams = &streams; }
 
     [[nodiscard]] std::vector<InputDevice> inputDevices() const override {
-        return isAlive ? devices : std::vector<InputDevice>{};
+        return isAlive && hasToldDevices ? devices : std::vector<InputDevice>{};
     }
-    [[nodiscard]] std::optional<QString> defaultInput() const override { return isAlive ? defaultId : std::nullopt; }
+    [[nodiscard]] std::optional<QString> defaultInput() const override {
+        return isAlive && hasToldDevices ? defaultId : std::nullopt;
+    }
 
     void setDefaultInput(const QString &id) override {
         defaultsSet.push_back(id);
@@ -66,6 +69,11 @@ public:
 
     // What happens.
     [[nodiscard]] bool isOpening() const { return static_cast<bool>(m_opening); }
+
+    void tellDevices() {
+        hasToldDevices = true;
+        onDevicesTold();
+    }
 
     void finishOpening(std::optional<Failure> failure) {
         if (!m_opening)

@@ -29,9 +29,9 @@ AudioIO::AudioIO(Parts parts)
     const auto onMainThread = [this](auto action) {
         QMetaObject::invokeMethod(&m_mainThread, std::move(action), Qt::QueuedConnection);
     };
-    m_player.onPlayed = [this](qint64 id) { onPlayed(id); };
-    m_player.onFailed = [this, onMainThread](qint64 id, const QString &reason) {
-        onMainThread([this, id, reason] { failedToPlay(id, reason); });
+    m_player.onPlayed = [this](ClipId id) { onPlayed(id); };
+    m_player.onFailed = [this, onMainThread](ClipId id, const QString &reason) {
+        onMainThread([this, id, reason] { refuse(id, reason); });
     };
     m_player.onQuiet = [this, onMainThread] { onMainThread([this] { updatePlayback(); }); };
 
@@ -244,7 +244,7 @@ void AudioIO::serverLost() {
     endAttempt(m_attemptNumber, Failure{QStringLiteral("o servidor de som caiu")});
 }
 
-void AudioIO::play(qint64 id, QByteArray data, QString extension) {
+void AudioIO::play(ClipId id, QByteArray data, QString extension) {
     m_player.play(id, std::move(data), std::move(extension));
     updatePlayback();
     if (!m_speechWatch)
@@ -258,7 +258,7 @@ void AudioIO::stop() {
 void AudioIO::chime() {
     QFile file(m_chimeFile);
     if (file.open(QIODevice::ReadOnly))
-        play(-1, file.readAll(), QStringLiteral("aiff"));
+        play({-1}, file.readAll(), QStringLiteral("aiff"));
 }
 
 /// The speakers stay open as long as the microphone is, so that the echo always comes equally late.
@@ -289,8 +289,8 @@ void AudioIO::watchSpeech() {
     });
 }
 
-void AudioIO::failedToPlay(qint64 id, const QString &reason) {
-    onNote(QStringLiteral("áudio: não consegui tocar a fala %1 (%2)").arg(QString::number(id), reason));
+void AudioIO::refuse(ClipId id, const QString &reason) {
+    onNote(QStringLiteral("áudio: não consegui tocar a fala %1 (%2)").arg(QString::number(id.number), reason));
     onPlayed(id);
     updatePlayback();
 }

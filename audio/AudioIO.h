@@ -48,7 +48,7 @@ public:
     /// no waiting.
     std::function<void(PcmSamples)> onPCM = [](PcmSamples) {};
     /// A clip was heard to its end (on the thread of `startReporting`), was stopped or failed (main thread).
-    std::function<void(qint64 id)> onPlayed = [](qint64) {};
+    std::function<void(ClipId id)> onPlayed = [](ClipId) {};
     /// A line for the log.
     std::function<void(const QString &line)> onNote = [](const QString &) {};
     /// The microphone was opened; the name of the input device in use.
@@ -75,9 +75,11 @@ public:
     /// Puts back the default input that there was before the first change, unless that device has gone.
     void restoreDefaultInput();
 
-    /// Plays an encoded clip behind those before it. Reported through `onPlayed` exactly once, if the id is not
-    /// negative.
-    void play(qint64 id, QByteArray data, QString extension);
+    /// Plays an encoded clip behind those before it. Reported through `onPlayed` exactly once, if its number is
+    /// not negative.
+    void play(ClipId id, QByteArray data, QString extension);
+    /// A clip that is never going to be played, for this reason: noted and reported like one that cannot be decoded.
+    void refuse(ClipId id, const QString &reason);
     /// Silences speech now and reports every pending clip.
     void stop();
     /// A short local sound, as clip -1; nothing happens when its file cannot be read.
@@ -120,18 +122,17 @@ private:
     void endAttempt(quint64 number, const std::optional<Failure> &failure);
     std::vector<Ended> abandonAttempts();
     void retryLater(const QString &reason);
+    void chooseDevice();
     [[nodiscard]] std::optional<InputDevice> switchDefaultInput();
     [[nodiscard]] QString defaultInputName() const;
-    void chooseDevice();
     void nameDevice(const QString &name);
 
+    void devicesTold();
     void configurationChanged();
     void serverLost();
-    void devicesTold();
 
     void updatePlayback();
     void watchSpeech();
-    void failedToPlay(qint64 id, const QString &reason);
 
     SoundServer &m_server;
     Scheduler &m_scheduler;

@@ -19,18 +19,20 @@ AudioLink::AudioLink(Parts parts)
     : m_io(std::move(parts.io))
     , m_scheduler(parts.scheduler)
     , m_makeWakeup(std::move(parts.makeWakeup))
-    , m_socket(std::move(parts.url), parts.timing) {
+    , m_socket(std::move(parts.url), parts.timing, parts.maximumFile) {
     m_thread.setObjectName(QStringLiteral("audio link"));
     m_socket.moveToThread(&m_thread);
-    m_socket.onMessage = [this](link::Message message) {
-        auto handleIt = [this, message = std::move(message)]() mutable { handle(std::move(message)); };
+    m_socket.onMessage = [this](link::Message message, quint64 connection) {
+        auto handleIt = [this, message = std::move(message), connection]() mutable {
+            handle(std::move(message), connection);
+        };
         QMetaObject::invokeMethod(&m_mainThread, std::move(handleIt), Qt::QueuedConnection);
     };
 
     m_io->onNote = std::move(parts.note);
     m_io->onPCM = [this](PcmSamples samples) { m_socket.offer(samples); };
     // From the link's own thread it goes out at once.
-    m_io->onPlayed = [this](qint64 id) { onLinkThread([this, id] { m_socket.sendPlayed(id); }); };
+    m_io->onPlayed = [this](ClipId id) { onLinkThread([this, id] { m_socket.sendPlayed(id); }); };
     m_io->onDeviceName = [this](const QString &name) { onLinkThread([this, name] { m_socket.setDeviceName(name); }); };
     m_io->onConfigured = [this](const QString &) { onLinkThread([this] { m_socket.sendDevice(); }); };
 }
@@ -71,9 +73,14 @@ void AudioLink::connectOnce() {
     onLinkThread([this] { m_socket.connectToBackend(); });
 }
 
-void AudioLink::handle(link::Message message) {
+void AudioLink::handle(link::Message message, quint64 connection) {
     std::visit(Overloaded{
-                   [this](link::Play &play) { m_io->play(play.id, std::move(play.data), std::move(play.format)); },
+                   [&](link::Play &play) {
+                       m_io->play({play.id, connection}, std::move(play.data), std::move(play.format));
+                   },
+                   [&](const link::OversizedClip &clip) {
+                       m_io->refuse({clip.id, connection}, QStringLiteral("o arquivo é grande demais"));
+                   },
                    [this](const link::Stop &) { m_io->stop(); },
                    [this](const link::Enable &enable) { enable.isOn ? m_io->resume() : m_io->shutdown(); },
                    [this](const link::Chime &) { m_io->chime(); },

@@ -21,6 +21,7 @@ public:
         std::function<void(const QString &line)> note; ///< Writes a line to the log. Called on the main thread.
         QUrl url = defaultUrl();
         LinkSocket::Timing timing = {};
+        qsizetype maximumFile = LinkMessageReader::maximumFileBytes;
     };
 
     explicit AudioLink(Parts parts);
@@ -38,7 +39,7 @@ public:
 
 private:
     void connectOnce();
-    void handle(link::Message message);
+    void handle(link::Message message, quint64 connection);
 
     template <typename Action>
     void onLinkThread(Action action, Qt::ConnectionType type = Qt::AutoConnection) {

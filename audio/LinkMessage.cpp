@@ -1,5 +1,7 @@
 #include "audio/LinkMessage.h"
 
+#include "audio/Base64Stream.h"
+
 #include <simdjson.h>
 
 #include <cmath>
@@ -43,15 +45,11 @@ std::optional<qint64> integerAt(const Object &object, std::string_view key) {
 }
 
 std::optional<QByteArray> decodeBase64(std::string_view text) {
-    // The library's decoder forgives a missing padding.
-    if (text.size() % 4 != 0)
+    Base64Stream base64;
+    QByteArray data;
+    if (!base64.add(QByteArrayView(text.data(), static_cast<qsizetype>(text.size())), data) || !base64.isComplete())
         return {};
-    auto result =
-        QByteArray::fromBase64Encoding(QByteArray::fromRawData(text.data(), static_cast<qsizetype>(text.size())),
-                                       QByteArray::Base64Encoding | QByteArray::AbortOnBase64DecodingErrors);
-    if (!result)
-        return {};
-    return std::move(result.decoded);
+    return data;
 }
 
 std::optional<Message> parsePlay(const Object &object) {

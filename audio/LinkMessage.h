@@ -19,6 +19,11 @@ struct Play {
     QString format; ///< As a file extension; not checked here.
     bool operator==(const Play &) const = default;
 };
+/// A clip to be played whose data is more than is ever held.
+struct OversizedClip {
+    qint64 id = 0;
+    bool operator==(const OversizedClip &) const = default;
+};
 /// Be silent now.
 struct Stop {
     bool operator==(const Stop &) const = default;
@@ -38,10 +43,10 @@ struct Input {
     bool operator==(const Input &) const = default;
 };
 
-using Message = std::variant<Play, Stop, Enable, Chime, Input>;
+using Message = std::variant<Play, OversizedClip, Stop, Enable, Chime, Input>;
 
-/// The message that a text holds; nothing when it is none, or one that is to be ignored. Base64 is taken strictly: the
-/// standard alphabet, padded, nothing else. Pure; any thread.
+/// The message that a text holds, which is no `OversizedClip`; nothing when it is none, or one that is to be ignored.
+/// Base64 is taken strictly: the standard alphabet, padded, nothing else. Pure; any thread.
 std::optional<Message> parse(QByteArrayView utf8);
 
 } // namespace link

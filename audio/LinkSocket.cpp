@@ -1,16 +1,16 @@
 #include "audio/LinkSocket.h"
 
 #include <QJsonDocument>
-#include <QNetworkProxy>
 #include <QtEndian>
 
 #include <algorithm>
 
 namespace palomet {
 
-LinkSocket::LinkSocket(QUrl url, Timing timing)
+LinkSocket::LinkSocket(QUrl url, Timing timing, qsizetype maximumFile)
     : m_url(std::move(url))
-    , m_timing(timing) {
+    , m_timing(timing)
+    , m_maximumFile(maximumFile) {
     m_reconnect.setTimerType(Qt::PreciseTimer);
     m_reconnect.setSingleShot(true);
     m_handshake.setSingleShot(true);
@@ -31,16 +31,11 @@ void LinkSocket::prepare(const WakeupFactory &makeWakeup) {
 }
 
 void LinkSocket::connectToBackend() {
-    m_socket = std::make_unique<QWebSocket>();
-    m_socket->setProxy(QNetworkProxy::NoProxy);
-    m_socket->setMaxAllowedIncomingFrameSize(maximumMessageBytes);
-    m_socket->setMaxAllowedIncomingMessageSize(maximumMessageBytes);
-    connect(m_socket.get(), &QWebSocket::connected, this, [this] { greet(); });
-    connect(m_socket.get(), &QWebSocket::textMessageReceived, this, [this](const QString &text) { receive(text); });
-    connect(m_socket.get(), &QWebSocket::stateChanged, this, [this](QAbstractSocket::SocketState state) {
-        if (state == QAbstractSocket::UnconnectedState)
-            fail();
-    });
+    m_socket = std::make_unique<WebSocket>();
+    m_socket->onOpen = [this] { greet(); };
+    m_socket->onText = [this](QByteArrayView piece) { m_reader.add(piece); };
+    m_socket->onTextEnd = [this] { receive(); };
+    m_socket->onEnd = [this] { fail(); };
     m_handshake.start(m_timing.handshakeWithin);
     m_socket->open(m_url);
 }
@@ -49,16 +44,15 @@ void LinkSocket::close() {
     m_reconnect.stop();
     m_handshake.stop();
     m_isGreeted = false;
-    if (m_socket) {
-        m_socket->disconnect(this);
-        m_socket.reset();
-    }
+    m_socket.reset();
     m_bell.reset();
 }
 
 void LinkSocket::greet() {
     m_handshake.stop();
     m_isGreeted = true;
+    ++m_connection;
+    m_reader = LinkMessageReader(m_maximumFile);
     // What was said before anybody listened is too late now.
     for (Chunk chunk; m_chunks.pop(chunk);) {
     }
@@ -69,30 +63,29 @@ void LinkSocket::fail() {
     m_handshake.stop();
     m_isGreeted = false;
     // It may be the socket itself that calls.
-    m_socket->disconnect(this);
-    m_socket->abort();
+    m_socket->end();
     m_socket.release()->deleteLater();
     m_reconnect.start(m_timing.reconnectAfter);
 }
 
-void LinkSocket::receive(const QString &text) const {
-    if (auto message = link::parse(text.toUtf8()))
-        onMessage(std::move(*message));
+void LinkSocket::receive() {
+    if (auto message = m_reader.finish())
+        onMessage(std::move(*message), m_connection);
 }
 
 void LinkSocket::sendDevice() {
     send({{QStringLiteral("type"), QStringLiteral("device")}, {QStringLiteral("device"), m_deviceName}});
 }
 
-void LinkSocket::sendPlayed(qint64 id) {
-    send({{QStringLiteral("type"), QStringLiteral("played")}, {QStringLiteral("id"), id}});
+void LinkSocket::sendPlayed(ClipId id) {
+    if (id.connection == m_connection)
+        send({{QStringLiteral("type"), QStringLiteral("played")}, {QStringLiteral("id"), id.number}});
 }
 
 void LinkSocket::send(const QJsonObject &event) {
     if (!m_isGreeted)
         return;
-    m_socket->sendTextMessage(QString::fromUtf8(QJsonDocument(event).toJson(QJsonDocument::Compact)));
-    m_socket->flush();
+    m_socket->sendText(QJsonDocument(event).toJson(QJsonDocument::Compact));
 }
 
 void LinkSocket::sendChunks() {
@@ -101,8 +94,7 @@ void LinkSocket::sendChunks() {
             continue;
         QByteArray bytes(static_cast<qsizetype>(chunk.size * sizeof(std::int16_t)), Qt::Uninitialized);
         qToLittleEndian<std::int16_t>(chunk.samples.data(), static_cast<qsizetype>(chunk.size), bytes.data());
-        m_socket->sendBinaryMessage(bytes);
-        m_socket->flush();
+        m_socket->sendBinary(bytes);
     }
 }
 

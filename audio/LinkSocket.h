@@ -1,15 +1,16 @@
 #pragma once
 
 #include "audio/CaptureChain.h"
-#include "audio/LinkMessage.h"
+#include "audio/ClipId.h"
+#include "audio/LinkMessageReader.h"
 #include "audio/SpscRing.h"
+#include "audio/WebSocket.h"
 #include "base/Wakeup.h"
 
 #include <QJsonObject>
 #include <QObject>
 #include <QTimer>
 #include <QUrl>
-#include <QWebSocket>
 
 #include <array>
 #include <chrono>
@@ -31,14 +32,14 @@ public:
         std::chrono::milliseconds handshakeWithin{5000};
     };
 
-    static constexpr quint64 maximumMessageBytes = quint64{64} * 1024 * 1024;
     /// While more than this waits to be sent, one second of sound, the microphone's frames are dropped.
     static constexpr qint64 maximumWaitingBytes = 32000;
 
-    LinkSocket(QUrl url, Timing timing);
+    /// `maximumFile` as `LinkMessageReader` has it.
+    LinkSocket(QUrl url, Timing timing, qsizetype maximumFile = LinkMessageReader::maximumFileBytes);
 
-    /// Set before `prepare`. Called on the object's thread.
-    std::function<void(link::Message)> onMessage;
+    /// Set before `prepare`. Called on the object's thread; `connection` is never the same for two of them.
+    std::function<void(link::Message, quint64 connection)> onMessage;
 
     /// The real-time thread, from `prepare` until `close`: one chunk of the microphone.
     void offer(PcmSamples samples) noexcept;
@@ -50,11 +51,14 @@ public:
 
     void setDeviceName(const QString &name) { m_deviceName = name; }
     void sendDevice();
-    void sendPlayed(qint64 id);
+    /// Nothing is sent when the clip came by an earlier connection: its number may be another one's by now.
+    void sendPlayed(ClipId id);
 
     [[nodiscard]] bool isConnected() const { return m_isGreeted; }
+    /// Of the connection that there is, or was last.
+    [[nodiscard]] quint64 connection() const { return m_connection; }
     /// What was sent and the system has not taken yet, because the backend does not read.
-    [[nodiscard]] qint64 waitingBytes() const { return m_socket ? m_socket->bytesToWrite() : 0; }
+    [[nodiscard]] qint64 waitingBytes() const { return m_socket ? m_socket->waitingBytes() : 0; }
 
 private:
     struct Chunk {
@@ -64,14 +68,17 @@ private:
 
     void greet();
     void fail();
-    void receive(const QString &text) const;
+    void receive();
     void send(const QJsonObject &event);
     void sendChunks();
 
     const QUrl m_url;
     const Timing m_timing;
     QString m_deviceName;
-    std::unique_ptr<QWebSocket> m_socket;
+    std::unique_ptr<WebSocket> m_socket;
+    const qsizetype m_maximumFile;
+    LinkMessageReader m_reader;
+    quint64 m_connection = 0;
     bool m_isGreeted = false; ///< Connected, and "hello" was sent.
     QTimer m_reconnect{this};
     QTimer m_handshake{this};

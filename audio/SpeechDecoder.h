@@ -23,7 +23,7 @@ public:
     using Decode = std::function<Result<ClipSamples>(const QByteArray &data, const QString &extension)>;
 
     struct Job {
-        qint64 id = 0;
+        ClipId id;
         quint64 generation = 0;
         QByteArray data;
         QString extension;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "audio/ClipDecoder.h"
+#include "audio/ClipId.h"
 #include "audio/SpscRing.h"
 
 #include <QtGlobal>
@@ -18,7 +19,7 @@ class Wakeup;
 
 /// One decoded clip on its way through the speakers.
 struct SpeechClip {
-    qint64 id = 0;
+    ClipId id;
     quint64 generation = 0; ///< Grows with every stop; a clip belongs to the one in which it was asked for.
     ClipSamples samples;
 };

@@ -10,7 +10,7 @@ SpeechPlayer::SpeechPlayer(SpeechMixer &mixer, SpeechDecoder::Decode decode)
           std::move(decode), [this](std::unique_ptr<SpeechClip> clip) { m_mixer.submit(std::move(clip)); },
           [this](const SpeechDecoder::Job &job, const QString &reason) { fail(job.id, job.generation, reason); }) {}
 
-void SpeechPlayer::play(qint64 id, QByteArray data, QString extension) {
+void SpeechPlayer::play(ClipId id, QByteArray data, QString extension) {
     quint64 generation = 0;
     {
         const std::lock_guard guard(m_lock);
@@ -22,7 +22,7 @@ void SpeechPlayer::play(qint64 id, QByteArray data, QString extension) {
 }
 
 void SpeechPlayer::stop() {
-    std::set<qint64> ids;
+    std::multiset<ClipId> ids;
     quint64 generation = 0;
     {
         const std::lock_guard guard(m_lock);
@@ -31,8 +31,8 @@ void SpeechPlayer::stop() {
     }
     m_mixer.silenceBefore(generation);
     m_decoder.clear();
-    for (const auto id : ids) {
-        if (id >= 0)
+    for (const auto &id : ids) {
+        if (id.number >= 0)
             onPlayed(id);
     }
 }
@@ -44,9 +44,11 @@ void SpeechPlayer::collect() {
         bool isReported = false;
         {
             const std::lock_guard guard(m_lock);
-            isReported = clip->generation == m_generation && m_pendingIds.erase(id) == 1;
+            isReported = clip->generation == m_generation;
+            if (isReported)
+                m_pendingIds.erase(m_pendingIds.find(id));
         }
-        if (isReported && id >= 0)
+        if (isReported && id.number >= 0)
             onPlayed(id);
         isQuietNow = m_decoder.release(std::move(clip));
     }
@@ -63,12 +65,12 @@ bool SpeechPlayer::isQuiet() const {
     return !hasPending() && !m_decoder.hasDecoded();
 }
 
-void SpeechPlayer::fail(qint64 id, quint64 generation, const QString &reason) {
+void SpeechPlayer::fail(ClipId id, quint64 generation, const QString &reason) {
     {
         const std::lock_guard guard(m_lock);
         if (generation != m_generation)
             return; // Stopped, and reported then.
-        m_pendingIds.erase(id);
+        m_pendingIds.erase(m_pendingIds.find(id));
     }
     onFailed(id, reason);
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "audio/ClipId.h"
 #include "audio/SpeechDecoder.h"
 #include "audio/SpeechMixer.h"
 
@@ -10,7 +11,7 @@
 namespace palomet {
 
 /// Plays speech in the order in which it comes, and answers for every clip: heard to its end, stopped or impossible to
-/// play, each is reported once. A clip whose id is pending already shares that id's one report.
+/// play, each is reported once, also when several have the same id.
 ///
 /// `play` and `stop` are the main thread's. `collect` is that of one thread, which is woken by the mixer's bell.
 class SpeechPlayer {
@@ -19,14 +20,15 @@ public:
     SpeechPlayer(SpeechMixer &mixer, SpeechDecoder::Decode decode);
 
     /// The callbacks are set before the first clip, and never called with the lock held.
-    /// A clip is over. From `stop` on the main thread, from `collect` on its thread; never for a negative id.
-    std::function<void(qint64 id)> onPlayed;
+    /// A clip is over. From `stop` on the main thread, from `collect` on its thread; never for a negative
+    /// number.
+    std::function<void(ClipId id)> onPlayed;
     /// A clip is not going to sound, for this reason, and is over with that. On the decoding thread, or from `play`.
-    std::function<void(qint64 id, const QString &reason)> onFailed;
+    std::function<void(ClipId id, const QString &reason)> onFailed;
     /// No clip is inside the mixer any more. From `collect`.
     std::function<void()> onQuiet;
 
-    void play(qint64 id, QByteArray data, QString extension);
+    void play(ClipId id, QByteArray data, QString extension);
     void stop();
     void collect();
 
@@ -37,13 +39,13 @@ public:
     [[nodiscard]] bool isQuiet() const;
 
 private:
-    void fail(qint64 id, quint64 generation, const QString &reason);
+    void fail(ClipId id, quint64 generation, const QString &reason);
 
     SpeechMixer &m_mixer;
 
     mutable std::mutex m_lock;
-    std::set<qint64> m_pendingIds; ///< Guarded by the lock.
-    quint64 m_generation = 0;      ///< Guarded by the lock; counts the stops.
+    std::multiset<ClipId> m_pendingIds; ///< Guarded by the lock.
+    quint64 m_generation = 0;           ///< Guarded by the lock; counts the stops.
 
     SpeechDecoder m_decoder; ///< The last member: its thread uses all the others.
 };

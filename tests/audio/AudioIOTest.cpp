@@ -59,7 +59,7 @@ struct AudioIOTest : testing::Test {
         io.onNote = [this](const QString &note) { notes.push_back(note); };
         io.onConfigured = [this](const QString &name) { configured.push_back(name); };
         io.onDeviceName = [this](const QString &name) { names.push_back(name); };
-        io.onPlayed = [this](qint64 id) { played.push_back(id); };
+        io.onPlayed = [this](ClipId id) { played.push_back(id.number); };
         io.onPCM = [this](PcmSamples) { ++chunks; };
         io.startReporting();
     }
@@ -75,7 +75,7 @@ struct AudioIOTest : testing::Test {
 
     /// Speech goes to the speakers that the microphone has not been compared with yet.
     void playUnheard() {
-        io.play(1, "48000", QStringLiteral("mp3"));
+        io.play({1}, "48000", QStringLiteral("mp3"));
         EXPECT_TRUE(test::eventually([this] { return speakers.isSounding(); }));
         speakers.pull();
     }
@@ -534,8 +534,8 @@ TEST_F(AudioIOTest, TheSpeakersAreOpenAsLongAsTheMicrophoneIs) {
 
 TEST_F(AudioIOTest, TwoClipsAreHeardWithoutAGapAndReportedInOrder) {
     io.start({});
-    io.play(1, "1000", QStringLiteral("mp3"));
-    io.play(2, "1000", QStringLiteral("mp3"));
+    io.play({1}, "1000", QStringLiteral("mp3"));
+    io.play({2}, "1000", QStringLiteral("mp3"));
     EXPECT_TRUE(speakers.speakUntil([&] { return played.size() == 2; }));
     EXPECT_THAT(played, ElementsAre(1, 2));
 }
@@ -544,7 +544,7 @@ TEST_F(AudioIOTest, SpeechPlaysWithoutAMicrophoneAndClosesTheSpeakersBehindIt) {
     server.captureFailure = Failure{QStringLiteral("no microphone")};
     io.start({});
     EXPECT_FALSE(server.isPlaybackOpen());
-    io.play(1, "1000", QStringLiteral("mp3"));
+    io.play({1}, "1000", QStringLiteral("mp3"));
     EXPECT_TRUE(server.isPlaybackOpen());
     EXPECT_TRUE(speakers.speakUntil([&] { return !server.isPlaybackOpen(); }));
     EXPECT_THAT(played, ElementsAre(1));
@@ -553,7 +553,7 @@ TEST_F(AudioIOTest, SpeechPlaysWithoutAMicrophoneAndClosesTheSpeakersBehindIt) {
 
 TEST_F(AudioIOTest, SpeechGoesOnWhenTheMicrophoneIsReleased) {
     io.start({});
-    io.play(1, "10000", QStringLiteral("mp3"));
+    io.play({1}, "10000", QStringLiteral("mp3"));
     EXPECT_TRUE(speakers.playUntilSound());
     io.shutdown();
     EXPECT_TRUE(server.isPlaybackOpen());
@@ -564,7 +564,7 @@ TEST_F(AudioIOTest, SpeechGoesOnWhenTheMicrophoneIsReleased) {
 
 TEST_F(AudioIOTest, SpeechGoesOnWhenTheMicrophoneIsReconfigured) {
     io.start({});
-    io.play(1, "100000", QStringLiteral("mp3"));
+    io.play({1}, "100000", QStringLiteral("mp3"));
     EXPECT_TRUE(speakers.playUntilSound());
     server.change();
     EXPECT_TRUE(speakers.isSounding());
@@ -573,14 +573,14 @@ TEST_F(AudioIOTest, SpeechGoesOnWhenTheMicrophoneIsReconfigured) {
 
 TEST_F(AudioIOTest, AStopReportsEveryPendingClipOnce) {
     io.start({});
-    io.play(1, "100000", QStringLiteral("mp3"));
-    io.play(2, "100000", QStringLiteral("mp3"));
+    io.play({1}, "100000", QStringLiteral("mp3"));
+    io.play({2}, "100000", QStringLiteral("mp3"));
     EXPECT_TRUE(speakers.playUntilSound());
     io.stop();
     EXPECT_THAT(played, UnorderedElementsAre(1, 2));
     speakers.isSounding(); // the fade
     EXPECT_FALSE(speakers.isSounding());
-    io.play(3, "10", QStringLiteral("mp3"));
+    io.play({3}, "10", QStringLiteral("mp3"));
     EXPECT_TRUE(speakers.speakUntil([&] { return played.size() == 3; }));
     EXPECT_THAT(played.back(), 3);
 }
@@ -588,7 +588,7 @@ TEST_F(AudioIOTest, AStopReportsEveryPendingClipOnce) {
 TEST_F(AudioIOTest, AClipThatCannotBePlayedIsNotedAndReportedAtOnce) {
     io.start({});
     notes.clear();
-    io.play(12, "nonsense", QStringLiteral("../x"));
+    io.play({12}, "nonsense", QStringLiteral("../x"));
     EXPECT_TRUE(test::eventually([&] { return !played.empty(); }));
     EXPECT_THAT(played, ElementsAre(12));
     EXPECT_THAT(notes, ElementsAre(QStringLiteral("áudio: não consegui tocar a fala 12 (no ../x)")));
@@ -602,7 +602,7 @@ TEST_F(AudioIOTest, TheChimeIsPlayedAndNotReported) {
     io.start({});
     io.chime();
     EXPECT_TRUE(speakers.playUntilSound());
-    io.play(1, "10", QStringLiteral("mp3"));
+    io.play({1}, "10", QStringLiteral("mp3"));
     EXPECT_TRUE(speakers.speakUntil([&] { return !played.empty(); }));
     EXPECT_THAT(played, ElementsAre(1));
 }
@@ -628,8 +628,8 @@ TEST_F(AudioIOTest, AChimeThatCannotBePlayedIsReported) {
 
 TEST_F(AudioIOTest, ASoundServerThatDiesAbandonsThePendingClipsEachReportedOnce) {
     io.start({});
-    io.play(1, "100000", QStringLiteral("mp3"));
-    io.play(2, "100000", QStringLiteral("mp3"));
+    io.play({1}, "100000", QStringLiteral("mp3"));
+    io.play({2}, "100000", QStringLiteral("mp3"));
     EXPECT_TRUE(speakers.playUntilSound());
     server.die();
     EXPECT_THAT(played, UnorderedElementsAre(1, 2));
@@ -637,7 +637,7 @@ TEST_F(AudioIOTest, ASoundServerThatDiesAbandonsThePendingClipsEachReportedOnce)
     speakers.given.clear();
     EXPECT_TRUE(server.isPlaybackOpen());
     EXPECT_TRUE(speakers.speakUntil([&] { return !speakers.isSounding(); }));
-    io.play(3, "1000", QStringLiteral("mp3"));
+    io.play({3}, "1000", QStringLiteral("mp3"));
     EXPECT_TRUE(speakers.speakUntil([&] { return played.size() == 3; }));
     EXPECT_THAT(played.back(), 3);
 }
@@ -646,7 +646,7 @@ TEST_F(AudioIOTest, AClipThatComesWhileTheSoundServerIsAwayPlaysWhenItIsBack) {
     io.start({});
     io.shutdown();
     server.die();
-    io.play(1, "1000", QStringLiteral("mp3"));
+    io.play({1}, "1000", QStringLiteral("mp3"));
     scheduler.advance(2s);
     server.comeBack();
     EXPECT_TRUE(server.isPlaybackOpen());
@@ -658,8 +658,8 @@ TEST_F(AudioIOTest, SpeechThatNothingPlaysIsGivenUpAfterFiveSeconds) {
     server.isAlive = false;
     io.start({});
     notes.clear();
-    io.play(1, "1000", QStringLiteral("mp3"));
-    io.play(2, "1000", QStringLiteral("mp3"));
+    io.play({1}, "1000", QStringLiteral("mp3"));
+    io.play({2}, "1000", QStringLiteral("mp3"));
     scheduler.advance(4s);
     EXPECT_THAT(played, IsEmpty());
     scheduler.advance(1s);
@@ -669,7 +669,7 @@ TEST_F(AudioIOTest, SpeechThatNothingPlaysIsGivenUpAfterFiveSeconds) {
 
 TEST_F(AudioIOTest, ALongClipIsNotGivenUpWhileItPlays) {
     io.start({});
-    io.play(1, "4800000", QStringLiteral("mp3"));
+    io.play({1}, "4800000", QStringLiteral("mp3"));
     EXPECT_TRUE(speakers.playUntilSound());
     for (int second = 0; second < 60; ++second) {
         speakers.pull(48000);
@@ -681,7 +681,7 @@ TEST_F(AudioIOTest, ALongClipIsNotGivenUpWhileItPlays) {
 
 TEST_F(AudioIOTest, NothingTicksWhenThereIsNothingToSay) {
     io.start({});
-    io.play(1, "10", QStringLiteral("mp3"));
+    io.play({1}, "10", QStringLiteral("mp3"));
     EXPECT_EQ(scheduler.pendingCount(), 1U);
     EXPECT_TRUE(speakers.speakUntil([&] { return !played.empty(); }));
     scheduler.advance(1s);
@@ -691,7 +691,7 @@ TEST_F(AudioIOTest, NothingTicksWhenThereIsNothingToSay) {
 TEST_F(AudioIOTest, WhatTheMicrophoneIsFreedOfIsExactlyWhatTheSpeakersGot) {
     io.start({});
     server.deliver(std::vector<float>(480, 0.0F));
-    io.play(1, "1000", QStringLiteral("mp3"));
+    io.play({1}, "1000", QStringLiteral("mp3"));
     EXPECT_TRUE(test::eventually([&] {
         const bool isSounding = speakers.isSounding();
         server.deliver(std::vector<float>(480, 0.0F));

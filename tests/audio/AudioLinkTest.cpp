@@ -53,7 +53,8 @@ struct AudioLinkTest : testing::Test {
                                                          .makeWakeup = &test::QueuedWakeup::make,
                                                          .note = [this](const QString &line) { notes.push_back(line); },
                                                          .url = url,
-                                                         .timing = {10ms, 5000ms}});
+                                                         .timing = {10ms, 5000ms},
+                                                         .maximumFile = 1000});
     }
 
     bool start() {
@@ -125,6 +126,18 @@ TEST_F(AudioLinkTest, ConnectsASecondAfterTheStartAtTheLatest) {
     EXPECT_THAT(backend.devices(), ElementsAre(QStringLiteral("Mic A")));
     scheduler.advance(1min);
     EXPECT_EQ(backend.connections, 1);
+}
+
+TEST_F(AudioLinkTest, HelloNamesTheDeviceThatTheServerToldWhileItOpensTheMicrophone) {
+    server.opensAtOnce = false;
+    server.hasToldDevices = false;
+    make(backend.url());
+    link->start();
+    scheduler.advance(500ms);
+    server.tellDevices();
+    scheduler.advance(500ms);
+    ASSERT_TRUE(test::eventually([&] { return !backend.received.empty(); }));
+    EXPECT_EQ(backend.received[0].event.value(QStringLiteral("device")).toString(), QStringLiteral("Mic A"));
 }
 
 TEST_F(AudioLinkTest, StartsOnlyOnce) {
@@ -279,15 +292,70 @@ TEST_F(AudioLinkTest, AKilledBackendIsFoundAgainAndGreeted) {
     ASSERT_TRUE(test::eventually([&] { return !backend.audio().empty(); }));
 }
 
-TEST_F(AudioLinkTest, ClipsThatPlayWhenTheBackendIsKilledAreHeardToTheirEnd) {
+TEST_F(AudioLinkTest, AClipThatPlaysWhenTheBackendIsKilledIsHeardToItsEndAndNotReportedToTheNext) {
     ASSERT_TRUE(start());
     sendPlay(1, "100000");
     ASSERT_TRUE(speakers.playUntilSound());
     backend.drop();
     ASSERT_TRUE(test::eventually([&] { return backend.events(QStringLiteral("hello")).size() == 2; }));
     EXPECT_TRUE(speakers.isSounding());
+    sendPlay(2, "100");
     ASSERT_TRUE(speakers.speakUntil([&] { return !backend.played().empty(); }));
-    EXPECT_THAT(backend.played(), ElementsAre(1));
+    EXPECT_THAT(backend.played(), ElementsAre(2));
+}
+
+TEST_F(AudioLinkTest, AClipOfAnEarlierConnectionDoesNotReportANewOneOfTheSameId) {
+    ASSERT_TRUE(start());
+    sendPlay(1, "100");
+    ASSERT_TRUE(speakers.playUntilSound());
+    speakers.pull(100);
+    const auto endOfTheFirst = static_cast<std::int64_t>(speakers.given.size());
+    backend.drop();
+    ASSERT_TRUE(test::eventually([&] { return backend.events(QStringLiteral("hello")).size() == 2; }));
+    sendPlay(1, "1000");
+    ASSERT_TRUE(speakers.playUntilSound());
+    server.hear(endOfTheFirst);
+    sendPlay(2, "nonsense"); // a report that comes behind any that was caused before
+    ASSERT_TRUE(test::eventually([&] { return !backend.played().empty(); }));
+    EXPECT_THAT(backend.played(), ElementsAre(2));
+    ASSERT_TRUE(speakers.speakUntil([&] { return backend.played().size() == 2; }));
+    EXPECT_THAT(backend.played(), ElementsAre(2, 1));
+}
+
+TEST_F(AudioLinkTest, AStopReportsWhatThisConnectionAskedForAndSilencesTheRestToo) {
+    ASSERT_TRUE(start());
+    sendPlay(1, "100000");
+    ASSERT_TRUE(speakers.playUntilSound());
+    backend.drop();
+    ASSERT_TRUE(test::eventually([&] { return backend.events(QStringLiteral("hello")).size() == 2; }));
+    sendPlay(2, "100000");
+    backend.send(QStringLiteral(R"({"type":"stop"})"));
+    ASSERT_TRUE(test::eventually([&] { return !backend.played().empty(); }));
+    sendPlay(3, "100");
+    ASSERT_TRUE(speakers.speakUntil([&] { return backend.played().size() == 2; }));
+    EXPECT_THAT(backend.played(), ElementsAre(2, 3));
+}
+
+TEST_F(AudioLinkTest, EachOfTwoClipsOfOneIdIsReportedAtItsOwnEnd) {
+    ASSERT_TRUE(start());
+    sendPlay(1, "1000");
+    ASSERT_TRUE(speakers.playUntilSound());
+    sendPlay(1, "nonsense");
+    ASSERT_TRUE(test::eventually([&] { return backend.played().size() == 1; }));
+    ASSERT_TRUE(speakers.speakUntil([&] { return backend.played().size() == 2; }));
+    EXPECT_THAT(backend.played(), ElementsAre(1, 1));
+}
+
+TEST_F(AudioLinkTest, AClipLargerThanAnyCanNeedToBeIsNotedAndReportedAndTheLinkGoesOn) {
+    ASSERT_TRUE(start());
+    sendPlay(5, QByteArray(1000, ' '));
+    sendPlay(6, QByteArray(1001, ' '));
+    sendPlay(7, "100");
+    ASSERT_TRUE(speakers.speakUntil([&] { return backend.played().size() == 3; }));
+    EXPECT_THAT(backend.played(), UnorderedElementsAre(5, 6, 7));
+    EXPECT_TRUE(notes.contains(QStringLiteral("áudio: não consegui tocar a fala 5 (no mp3)")));
+    EXPECT_TRUE(notes.contains(QStringLiteral("áudio: não consegui tocar a fala 6 (o arquivo é grande demais)")));
+    EXPECT_EQ(backend.connections, 1);
 }
 
 TEST_F(AudioLinkTest, AThousandClipsAtOnceAreReportedInOrder) {
@@ -342,7 +410,7 @@ TEST_F(AudioLinkTest, FramesAndReportsReachTheBackendWhileTheMainThreadIsBusy) {
     make(url);
     link->start();
     ASSERT_TRUE(test::eventually([&] { return greetings == 1; }));
-    link->io().play(1, "1000", QStringLiteral("mp3"));
+    link->io().play({1, 1}, "1000", QStringLiteral("mp3"));
     ASSERT_TRUE(speakers.playUntilSound());
     std::thread realTime([&] {
         speakers.pull(4800);

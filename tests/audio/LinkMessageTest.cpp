@@ -1,4 +1,4 @@
-#include "audio/LinkMessage.h"
+#include "audio/LinkMessageReader.h"
 
 #include <gtest/gtest.h>
 
@@ -6,19 +6,31 @@ using namespace palomet;
 
 namespace {
 
+std::optional<link::Message> readInPieces(QByteArrayView text, qsizetype size) {
+    LinkMessageReader reader;
+    for (qsizetype from = 0; from < text.size(); from += size)
+        reader.add(text.sliced(from, std::min(size, text.size() - from)));
+    return reader.finish();
+}
+
+/// The same whole and in pieces.
 std::optional<link::Message> parsed(QByteArrayView text) {
-    return link::parse(text);
+    auto message = link::parse(text);
+    EXPECT_EQ(readInPieces(text, std::max<qsizetype>(text.size(), 1)), message);
+    for (qsizetype size = 1; size < 5 && text.size() < 10000; ++size)
+        EXPECT_EQ(readInPieces(text, size), message) << text.toByteArray().toStdString() << " in pieces of " << size;
+    return message;
 }
 
 std::optional<qint64> idOf(const QByteArray &literal) {
-    const auto message = link::parse(R"({"type":"play","data":"","id":)" + literal + "}");
+    const auto message = parsed(R"({"type":"play","data":"","id":)" + literal + "}");
     if (!message)
         return {};
     return std::get<link::Play>(*message).id;
 }
 
 std::optional<QByteArray> dataOf(const QByteArray &base64) {
-    const auto message = link::parse(R"({"type":"play","id":1,"data":")" + base64 + "\"}");
+    const auto message = parsed(R"({"type":"play","id":1,"data":")" + base64 + "\"}");
     if (!message)
         return {};
     return std::get<link::Play>(*message).data;

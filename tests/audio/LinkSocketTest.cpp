@@ -22,6 +22,45 @@ using testing::IsEmpty;
 
 namespace {
 
+/// A backend that takes one connection after the other and does on it, byte by byte, what the test says.
+struct RawBackend {
+    QTcpServer server;
+    std::vector<QTcpSocket *> peers;
+    /// What it answers to the request of a WebSocket; as it should unless the test says otherwise.
+    std::function<QByteArray(const QByteArray &request)> answer = &agreement;
+
+    RawBackend() {
+        server.listen(QHostAddress::LocalHost);
+        QObject::connect(&server, &QTcpServer::newConnection, &server, [this] {
+            QTcpSocket *peer = server.nextPendingConnection();
+            peers.push_back(peer);
+            QObject::connect(peer, &QTcpSocket::readyRead, peer, [this, peer] {
+                peer->write(answer(peer->readAll()));
+                // From here on it does not read.
+                peer->disconnect(SIGNAL(readyRead()));
+                peer->setReadBufferSize(1);
+            });
+        });
+    }
+
+    [[nodiscard]] QUrl url() const { return QUrl(QStringLiteral("ws://127.0.0.1:%1/audio").arg(server.serverPort())); }
+
+    static QByteArray agreement(const QByteArray &request) {
+        const auto key = request.mid(request.indexOf("Sec-WebSocket-Key: ") + 19, 24);
+        const auto accept =
+            QCryptographicHash::hash(key + "258EAFA5-E914-47DA-95CA-C5AB0DC85B11", QCryptographicHash::Sha1);
+        return "HTTP/1.1 101 Switching Protocols\r\nUpgrade: websocket\r\nConnection: Upgrade\r\n"
+               "Sec-WebSocket-Accept: " +
+               accept.toBase64() + "\r\n\r\n";
+    }
+};
+
+/// A bell that is heard only when the test says so.
+struct HeldBell final : Wakeup {
+    std::function<void()> onRaised;
+    void raise() noexcept override {}
+};
+
 struct LinkSocketTest : testing::Test {
     test::ScriptedAudioBackend backend;
     std::vector<link::Message> messages;
@@ -32,10 +71,11 @@ struct LinkSocketTest : testing::Test {
             socket->close();
     }
 
-    void open(const QUrl &url, LinkSocket::Timing timing = {10ms, 5000ms}) {
+    void open(const QUrl &url, LinkSocket::Timing timing = {10ms, 5000ms},
+              const WakeupFactory &makeWakeup = &test::QueuedWakeup::make) {
         socket = std::make_unique<LinkSocket>(url, timing);
-        socket->onMessage = [this](link::Message message) { messages.push_back(std::move(message)); };
-        socket->prepare(&test::QueuedWakeup::make);
+        socket->onMessage = [this](link::Message message, quint64) { messages.push_back(std::move(message)); };
+        socket->prepare(makeWakeup);
         socket->setDeviceName(QStringLiteral("Mic A"));
         socket->connectToBackend();
     }
@@ -61,6 +101,22 @@ TEST_F(LinkSocketTest, BeginsWithHelloAndTheDevicesName) {
     EXPECT_EQ(backend.received[1].audio.size(), 684);
 }
 
+TEST_F(LinkSocketTest, WhatWasHeardBeforeHelloIsNotSentAfterIt) {
+    HeldBell *bell = nullptr;
+    open(backend.url(), {10ms, 5000ms}, [&](std::function<void()> onRaised) {
+        auto held = std::make_unique<HeldBell>();
+        held->onRaised = std::move(onRaised);
+        bell = held.get();
+        return held;
+    });
+    offer(341);
+    ASSERT_TRUE(isGreeted());
+    offer(342);
+    bell->onRaised();
+    ASSERT_TRUE(test::eventually([&] { return !backend.audio().empty(); }));
+    EXPECT_EQ(backend.audio().front().size(), 684);
+}
+
 TEST_F(LinkSocketTest, SendsSamplesAsLittleEndianBytes) {
     open(backend.url());
     ASSERT_TRUE(isGreeted());
@@ -72,7 +128,7 @@ TEST_F(LinkSocketTest, SendsSamplesAsLittleEndianBytes) {
 TEST_F(LinkSocketTest, SendsTheEventsAsTheProtocolHasThem) {
     open(backend.url());
     ASSERT_TRUE(isGreeted());
-    socket->sendPlayed(9007199254740993);
+    socket->sendPlayed({9007199254740993, socket->connection()});
     socket->setDeviceName(QStringLiteral("Microfone \"é\""));
     socket->sendDevice();
     ASSERT_TRUE(test::eventually([&] { return backend.received.size() == 3; }));
@@ -84,22 +140,22 @@ TEST_F(LinkSocketTest, WhatIsSentWithoutAConnectionIsLostAndHelloNamesTheNewestD
     open(backend.url());
     ASSERT_TRUE(isGreeted());
     backend.die();
-    socket->sendPlayed(0);
+    socket->sendPlayed({0, socket->connection()});
     ASSERT_TRUE(test::eventually([&] { return socket->waitingBytes() == 0; }));
     // Until the loss is noticed, a send is only a send that fails.
     ASSERT_TRUE(test::eventually([&] {
-        socket->sendPlayed(1);
+        socket->sendPlayed({1, socket->connection()});
         return !socket->isConnected();
     }));
     socket->setDeviceName(QStringLiteral("Mic B"));
     socket->sendDevice();
-    socket->sendPlayed(2);
+    socket->sendPlayed({2, socket->connection()});
     offer(341);
     backend.received.clear();
     backend.listen();
     ASSERT_TRUE(isGreeted());
     EXPECT_EQ(backend.received[0].event.value(QStringLiteral("device")).toString(), QStringLiteral("Mic B"));
-    socket->sendPlayed(3);
+    socket->sendPlayed({3, socket->connection()});
     ASSERT_TRUE(test::eventually([&] { return backend.received.size() >= 2; }));
     EXPECT_THAT(backend.played(), ElementsAre(3));
     EXPECT_THAT(backend.audio(), IsEmpty());
@@ -153,25 +209,8 @@ TEST_F(LinkSocketTest, GivesUpOnAPeerThatTalksSomethingElse) {
 }
 
 TEST_F(LinkSocketTest, DropsFramesOfTheMicrophoneInsteadOfPilingThemUp) {
-    QTcpServer server;
-    ASSERT_TRUE(server.listen(QHostAddress::LocalHost));
-    QTcpSocket *peer = nullptr;
-    QObject::connect(&server, &QTcpServer::newConnection, &server, [&] {
-        peer = server.nextPendingConnection();
-        QObject::connect(peer, &QTcpSocket::readyRead, peer, [&] {
-            const QByteArray request = peer->readAll();
-            const auto key = request.mid(request.indexOf("Sec-WebSocket-Key: ") + 19, 24);
-            const auto accept =
-                QCryptographicHash::hash(key + "258EAFA5-E914-47DA-95CA-C5AB0DC85B11", QCryptographicHash::Sha1);
-            peer->write("HTTP/1.1 101 Switching Protocols\r\nUpgrade: websocket\r\nConnection: Upgrade\r\n"
-                        "Sec-WebSocket-Accept: " +
-                        accept.toBase64() + "\r\n\r\n");
-            // From here on it does not read.
-            peer->disconnect(SIGNAL(readyRead()));
-            peer->setReadBufferSize(1);
-        });
-    });
-    open(QUrl(QStringLiteral("ws://127.0.0.1:%1/audio").arg(server.serverPort())));
+    RawBackend mute;
+    open(mute.url());
     ASSERT_TRUE(test::eventually([&] { return socket->isConnected(); }));
 
     // First the system's own buffers fill, then ours.
@@ -190,22 +229,103 @@ TEST_F(LinkSocketTest, DropsFramesOfTheMicrophoneInsteadOfPilingThemUp) {
     }
     EXPECT_LE(most, LinkSocket::maximumWaitingBytes + 700);
     EXPECT_TRUE(socket->isConnected());
-    delete peer;
 }
 
-TEST_F(LinkSocketTest, TakesAMessageOf64MegabytesAndRefusesALargerOne) {
+TEST_F(LinkSocketTest, DropsABackendThatAsksForAnswersAndDoesNotReadThem) {
+    RawBackend mute;
+    open(mute.url());
+    ASSERT_TRUE(test::eventually([&] { return socket->isConnected(); }));
+    QByteArray pings;
+    for (int i = 0; i < 500; ++i)
+        pings += "\x89\x7d" + QByteArray(125, 'p');
+    qint64 most = 0;
+    // The answers fill the buffers of the system first.
+    for (int round = 0; round < 2000 && socket->isConnected(); ++round) {
+        mute.peers.front()->write(pings);
+        mute.peers.front()->flush();
+        QCoreApplication::processEvents();
+        most = std::max(most, socket->waitingBytes());
+    }
+    EXPECT_TRUE(test::eventually([&] { return mute.peers.size() == 2; }));
+    EXPECT_LE(most, WebSocket::maximumWaitingBytes);
+}
+
+TEST_F(LinkSocketTest, GivesUpOnAnAnswerThatNeverEnds) {
+    RawBackend endless;
+    endless.answer = [](const QByteArray &) {
+        return "HTTP/1.1 101 Switching Protocols\r\nX-Endless: " + QByteArray(100 * 1024, 'x');
+    };
+    open(endless.url(), {10ms, 3600s});
+    EXPECT_TRUE(test::eventually([&] { return endless.peers.size() >= 3; }));
+}
+
+TEST_F(LinkSocketTest, TakesNoAnswerThatDoesNotAgree) {
+    RawBackend other;
+    std::size_t round = 0;
+    const std::vector<std::pair<QByteArray, QByteArray>> changes{
+        {"101", "200"},
+        {"HTTP/1.1", "HTTP/2"},
+        {"websocket", "h2c"},
+        {"Connection: Upgrade", "Connection: close"},
+        {"Sec-WebSocket-Accept: ", "Sec-WebSocket-Accept: x"},
+        {"Sec-WebSocket-Accept: ", "Sec-WebSocket-Other: "},
+    };
+    other.answer = [&](const QByteArray &request) {
+        const auto [from, to] = round < changes.size() ? changes[round] : std::pair<QByteArray, QByteArray>{"-", "-"};
+        EXPECT_FALSE(socket->isConnected());
+        ++round;
+        return RawBackend::agreement(request).replace(from, to);
+    };
+    open(other.url(), {1ms, 3600s});
+    EXPECT_TRUE(test::eventually([&] { return socket->isConnected(); }));
+    EXPECT_EQ(round, changes.size() + 1);
+}
+
+TEST_F(LinkSocketTest, TakesAnAnswerInSmallPiecesAndInAnyCase) {
+    RawBackend slow;
+    QByteArray answer;
+    slow.answer = [&](const QByteArray &request) {
+        answer = RawBackend::agreement(request);
+        answer.replace("Upgrade: websocket", "upgrade:  WebSocket ")
+            .replace("Connection: Upgrade", "connection: keep-alive, upgrade");
+        answer += "\x81\x0f{\"type\":\"stop\"}";
+        return QByteArray();
+    };
+    open(slow.url());
+    ASSERT_TRUE(test::eventually([&] { return !answer.isEmpty(); }));
+    for (const char byte : answer) {
+        slow.peers.front()->write(&byte, 1);
+        slow.peers.front()->flush();
+        QCoreApplication::processEvents();
+    }
+    ASSERT_TRUE(test::eventually([&] { return !messages.empty(); }));
+    EXPECT_THAT(messages, ElementsAre(link::Message(link::Stop{})));
+}
+
+TEST_F(LinkSocketTest, AsksAsAClientWithoutAnOriginDoes) {
+    RawBackend asked;
+    QByteArray request;
+    asked.answer = [&](const QByteArray &text) {
+        request = text;
+        return QByteArray("HTTP/1.1 403 Forbidden\r\n\r\n");
+    };
+    open(asked.url());
+    ASSERT_TRUE(test::eventually([&] { return !request.isEmpty(); }));
+    EXPECT_TRUE(request.startsWith(
+        "GET /audio HTTP/1.1\r\nHost: 127.0.0.1:" + QByteArray::number(asked.server.serverPort()) + "\r\n"));
+    EXPECT_TRUE(request.contains("\r\nUpgrade: websocket\r\nConnection: Upgrade\r\nSec-WebSocket-Version: 13\r\n"));
+    EXPECT_FALSE(request.contains("Origin"));
+}
+
+TEST_F(LinkSocketTest, TakesTenMinutesOfSpeechAsAWaveFile) {
     open(backend.url());
     ASSERT_TRUE(isGreeted());
-    QString text = QStringLiteral(R"({"type":"play","id":1,"data":"%1"})").arg(QString(60 * 1024 * 1024, u'A'));
-    text += QString(static_cast<qsizetype>(LinkSocket::maximumMessageBytes) - text.size(), u' ');
-    backend.send(text);
+    constexpr qsizetype bytes = 600 * 44100 * 2 + 44;
+    backend.send(QStringLiteral(R"({"type":"play","id":1,"data":"%1","format":"wav"})")
+                     .arg(QString::fromLatin1(QByteArray(bytes, '\0').toBase64())));
     ASSERT_TRUE(test::eventually([&] { return !messages.empty(); }));
-    EXPECT_EQ(std::get<link::Play>(messages.front()).data.size(), 45 * 1024 * 1024);
+    EXPECT_EQ(std::get<link::Play>(messages.front()).data.size(), bytes);
     EXPECT_EQ(backend.connections, 1);
-    messages.clear();
-    backend.send(text + u' ');
-    ASSERT_TRUE(isGreeted(2));
-    EXPECT_THAT(messages, IsEmpty());
 }
 
 TEST_F(LinkSocketTest, IgnoresBinaryMessagesAndWhatItDoesNotUnderstand) {

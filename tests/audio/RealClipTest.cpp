@@ -36,7 +36,7 @@ struct RealClipTest : testing::Test {
 
     RealClipTest() {
         io.onNote = [this](const QString &note) { notes.push_back(note); };
-        io.onPlayed = [this](qint64 id) { played.push_back(id); };
+        io.onPlayed = [this](ClipId id) { played.push_back(id.number); };
         io.startReporting();
         io.start({});
         notes.clear();
@@ -59,10 +59,10 @@ struct RealClipTest : testing::Test {
 
 TEST_F(RealClipTest, TwoClipsSentBackToBackSoundWithoutAGapForExactlyTheirLength) {
     const auto clip = wav(std::vector<float>(24000, 0.25F));
-    io.play(1, clip, QStringLiteral("wav"));
-    io.play(2, clip, QStringLiteral("wav"));
+    io.play({1}, clip, QStringLiteral("wav"));
+    io.play({2}, clip, QStringLiteral("wav"));
     // These speakers are faster than any clip: they begin when all three were decoded.
-    io.play(3, clip, QStringLiteral("mp3"));
+    io.play({3}, clip, QStringLiteral("mp3"));
     ASSERT_TRUE(test::eventually([&] { return !played.empty(); }));
     ASSERT_TRUE(speakUntilPlayed(3));
     EXPECT_THAT(played, ElementsAre(3, 1, 2));
@@ -77,7 +77,7 @@ TEST_F(RealClipTest, TwoClipsSentBackToBackSoundWithoutAGapForExactlyTheirLength
 TEST_F(RealClipTest, EveryKindOfFileIsPlayed) {
     qint64 id = 0;
     for (const auto &format : test::clipFormats())
-        io.play(id++, test::encode(test::sine(48000, 440, 1, 0.2), format.format),
+        io.play({id++}, test::encode(test::sine(48000, 440, 1, 0.2), format.format),
                 QString::fromLatin1(format.extension));
     ASSERT_TRUE(speakUntilPlayed(static_cast<std::size_t>(id)));
     EXPECT_TRUE(notes.isEmpty()) << notes.join(u'\n').toStdString();
@@ -85,10 +85,10 @@ TEST_F(RealClipTest, EveryKindOfFileIsPlayed) {
 
 TEST_F(RealClipTest, WhatIsNotWhatItSaysIsNotedAndReported) {
     const auto clip = wav(std::vector<float>(2400, 0.25F));
-    io.play(1, clip, QStringLiteral("../x"));
-    io.play(2, clip, QStringLiteral("mp3"));
-    io.play(3, {}, QStringLiteral("mp3"));
-    io.play(4, QByteArray(30 * 1024 * 1024, '\0'), QStringLiteral("mp3"));
+    io.play({1}, clip, QStringLiteral("../x"));
+    io.play({2}, clip, QStringLiteral("mp3"));
+    io.play({3}, {}, QStringLiteral("mp3"));
+    io.play({4}, QByteArray(30 * 1024 * 1024, '\0'), QStringLiteral("mp3"));
     ASSERT_TRUE(speakUntilPlayed(4));
     EXPECT_THAT(played, ElementsAre(1, 2, 3, 4));
     ASSERT_EQ(notes.size(), 4);
@@ -100,7 +100,7 @@ TEST_F(RealClipTest, WhatIsNotWhatItSaysIsNotedAndReported) {
 }
 
 TEST_F(RealClipTest, AClipOfZeroFramesIsPlayedAtOnce) {
-    io.play(1, wav({}), QStringLiteral("wav"));
+    io.play({1}, wav({}), QStringLiteral("wav"));
     ASSERT_TRUE(speakUntilPlayed(1));
     EXPECT_TRUE(notes.isEmpty());
 }

@@ -54,8 +54,8 @@ TEST(RealTime, CaptureAndPlaybackNeitherAllocateNorFreeNorLock) {
                                                      [&](PcmSamples samples) { socket.offer(samples); }));
     constexpr qint64 clips = 100;
     for (qint64 id = 0; id < clips; ++id)
-        engine.mixer().submit(
-            std::make_unique<SpeechClip>(SpeechClip{id, id < 50 ? 0U : 1U, ClipSamples(id % 5 == 0 ? 0 : 4000, 0.5F)}));
+        engine.mixer().submit(std::make_unique<SpeechClip>(
+            SpeechClip{{id}, id < 50 ? 0U : 1U, ClipSamples(id % 5 == 0 ? 0 : 4000, 0.5F)}));
 
     std::vector<float> microphone(9600, 0.1F);
     std::vector<float> speakers(9600);

@@ -23,7 +23,7 @@ struct SpeechMixerTest : testing::Test {
     }
 
     void submit(qint64 id, ClipSamples samples, quint64 generation = 0) {
-        mixer.submit(std::make_unique<SpeechClip>(SpeechClip{id, generation, std::move(samples)}));
+        mixer.submit(std::make_unique<SpeechClip>(SpeechClip{{id}, generation, std::move(samples)}));
     }
 
     std::vector<float> fill(std::size_t count) {
@@ -35,7 +35,7 @@ struct SpeechMixerTest : testing::Test {
     std::vector<qint64> finished() {
         std::vector<qint64> ids;
         while (const auto clip = mixer.takeFinished())
-            ids.push_back(clip->id);
+            ids.push_back(clip->id.number);
         return ids;
     }
 };

@@ -30,10 +30,10 @@ struct SpeechPlayerTest : testing::Test {
 
     explicit SpeechPlayerTest(SpeechDecoder::Decode decode = &test::decodeNumber)
         : player(std::make_unique<SpeechPlayer>(mixer, std::move(decode))) {
-        player->onPlayed = [this](qint64 id) { played.push_back(id); };
-        player->onFailed = [this](qint64 id, const QString &reason) {
+        player->onPlayed = [this](ClipId id) { played.push_back(id.number); };
+        player->onFailed = [this](ClipId id, const QString &reason) {
             const std::lock_guard guard(failuresMutex);
-            failures.emplace_back(id, reason);
+            failures.emplace_back(id.number, reason);
         };
         player->onQuiet = [this] { ++quiets; };
     }
@@ -60,7 +60,7 @@ struct SpeechPlayerTest : testing::Test {
         return true;
     }
 
-    void play(qint64 id, const char *data) { player->play(id, data, QStringLiteral("mp3")); }
+    void play(qint64 id, const char *data) { player->play({id}, data, QStringLiteral("mp3")); }
 
     std::size_t failureCount() {
         const std::lock_guard guard(failuresMutex);
@@ -143,12 +143,43 @@ TEST_F(SpeechPlayerTest, AnIdThatComesAgainAfterAStopIsAClipOfItsOwn) {
     EXPECT_THAT(played, ElementsAre(1, 1));
 }
 
-TEST_F(SpeechPlayerTest, ClipsWithOneIdShareOneReport) {
+TEST_F(SpeechPlayerTest, AClipThatWasStoppedDoesNotReportTheNextOneOfTheSameId) {
+    play(1, "100000");
+    EXPECT_TRUE(speakUntil([&] { return fill(1).front() == 0.5F; }));
+    player->stop();
+    play(1, "100000");
+    fill(480); // cuts the first one off
+    player->collect();
+    EXPECT_THAT(played, ElementsAre(1));
+    EXPECT_TRUE(player->hasPending());
+    EXPECT_TRUE(speakUntil([&] { return player->isQuiet(); }));
+    EXPECT_THAT(played, ElementsAre(1, 1));
+}
+
+TEST_F(SpeechPlayerTest, EveryClipWithOneIdIsReportedAtItsOwnEnd) {
     play(7, "100");
+    play(7, "nonsense");
     play(7, "200");
     play(8, "10");
     EXPECT_TRUE(speakUntil([&] { return player->isQuiet(); }));
-    EXPECT_THAT(played, ElementsAre(7, 8));
+    EXPECT_THAT(played, ElementsAre(7, 7, 8));
+    EXPECT_EQ(failureCount(), 1U);
+}
+
+TEST_F(SpeechPlayerTest, AStopReportsAnIdAsOftenAsItIsPending) {
+    play(7, "100000");
+    play(7, "100000");
+    player->stop();
+    EXPECT_THAT(played, ElementsAre(7, 7));
+}
+
+TEST_F(SpeechPlayerTest, ClipsOfTwoConnectionsWithOneNumberAreTwoClips) {
+    std::vector<ClipId> ids;
+    player->onPlayed = [&](ClipId id) { ids.push_back(id); };
+    player->play({7, 2}, "100", QStringLiteral("mp3"));
+    player->play({7, 1}, "100", QStringLiteral("mp3"));
+    EXPECT_TRUE(speakUntil([&] { return player->isQuiet(); }));
+    EXPECT_THAT(ids, ElementsAre(ClipId{7, 2}, ClipId{7, 1}));
 }
 
 TEST_F(SpeechPlayerTest, TheLocalChimeIsNeverReportedWhenItEndsOrIsStopped) {
@@ -182,11 +213,11 @@ TEST_F(SpeechPlayerTest, AThousandClipsAtOnceAreAllPlayedInOrder) {
 
 TEST_F(SpeechPlayerTest, RefusesAClipWhileTooMuchWaits) {
     const QByteArray large(100 * 1024 * 1024, ' ');
-    player->play(1, "20000000", QString()); // 80 MB decoded: the next ones wait for its turn
+    player->play({1}, "20000000", QString()); // 80 MB decoded: the next ones wait for its turn
     EXPECT_TRUE(speakUntil([&] { return fill(1).front() == 0.5F; }));
-    player->play(2, "20000000", QString());
+    player->play({2}, "20000000", QString());
     for (qint64 id = 3; id < 8; ++id)
-        player->play(id, large, QString());
+        player->play({id}, large, QString());
     ASSERT_GE(failureCount(), 1U);
     EXPECT_EQ(failures.back().first, 7);
     player->stop();
@@ -236,7 +267,7 @@ TEST(SpeechDecoder, DecodesNoFurtherAheadThanThirtyTwoMegabytesBeyondTheClipThat
         },
         [](const SpeechDecoder::Job &, const QString &) {});
     for (qint64 id = 0; id < 20; ++id)
-        EXPECT_TRUE(decoder.add({id, 0, {}, {}}));
+        EXPECT_TRUE(decoder.add({{id}, 0, {}, {}}));
 
     std::unique_lock guard(mutex);
     // One that plays, and 40 MB beyond it: the last of them was begun with 30.
@@ -257,13 +288,13 @@ TEST(SpeechThreads, NeverReportAClipTwiceOrNotAtAllWhileStopsAndEndsMeet) {
     SpeechPlayer player(mixer, &test::decodeNumber);
     std::mutex mutex;
     std::map<qint64, int> reports;
-    player.onPlayed = [&](qint64 id) {
+    player.onPlayed = [&](ClipId id) {
         const std::lock_guard guard(mutex);
-        ++reports[id];
+        ++reports[id.number];
     };
-    player.onFailed = [&](qint64 id, const QString &) {
+    player.onFailed = [&](ClipId id, const QString &) {
         const std::lock_guard guard(mutex);
-        ++reports[id];
+        ++reports[id.number];
     };
     player.onQuiet = [] {};
 
@@ -283,7 +314,7 @@ TEST(SpeechThreads, NeverReportAClipTwiceOrNotAtAllWhileStopsAndEndsMeet) {
     });
     constexpr qint64 clips = 2000;
     for (qint64 id = 0; id < clips; ++id) {
-        player.play(id, id % 7 == 0 ? "nonsense" : "333", QStringLiteral("mp3"));
+        player.play({id}, id % 7 == 0 ? "nonsense" : "333", QStringLiteral("mp3"));
         if (id % 13 == 0)
             player.stop();
     }

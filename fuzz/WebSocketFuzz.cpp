@@ -1,0 +1,41 @@
+#include "audio/WebSocketReader.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <cstdlib>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace {
+
+std::vector<std::string> eventsOf(QByteArrayView stream, qsizetype size) {
+    std::vector<std::string> events;
+    std::string text;
+    palomet::WebSocketReader reader;
+    reader.onText = [&](QByteArrayView piece) { text.append(piece.data(), static_cast<std::size_t>(piece.size())); };
+    reader.onTextEnd = [&] { events.push_back("text" + std::exchange(text, {})); };
+    reader.onPing = [&](QByteArrayView payload) {
+        if (payload.size() > 125)
+            std::abort();
+        events.push_back("ping" + payload.toByteArray().toStdString());
+    };
+    for (qsizetype from = 0; from < stream.size(); from += size) {
+        if (!reader.read(stream.sliced(from, std::min(size, stream.size() - from)))) {
+            events.emplace_back("end");
+            break;
+        }
+    }
+    return events;
+}
+
+} // namespace
+
+// Whatever the backend's end of the link sends says the same however it is cut.
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size) {
+    const QByteArrayView stream(data, static_cast<qsizetype>(size));
+    const auto events = eventsOf(stream, std::max<qsizetype>(stream.size(), 1));
+    if (events != eventsOf(stream, 1) || events != eventsOf(stream, 7))
+        std::abort();
+    return 0;
+}

@@ -60,7 +60,7 @@ WebSocket::~WebSocket() {
 }
 
 void WebSocket::end() {
-    if (std::exchange(m_state, State::Closed) == State::Open)
+    if (std::exchange(m_state, State::Closed) == State::Open && m_socket.state() == QAbstractSocket::ConnectedState)
         write(Close, goingAway);
     m_socket.abort();
 }

@@ -3,9 +3,9 @@
 #include "tests/support/Control.h"
 #include "tests/support/Eventually.h"
 #include "tests/support/QueuedWakeup.h"
+#include "tests/support/RawAudioBackend.h"
 #include "tests/support/ScriptedAudioBackend.h"
 
-#include <QCryptographicHash>
 #include <QElapsedTimer>
 #include <QTcpServer>
 #include <QTcpSocket>
@@ -21,39 +21,6 @@ using testing::IsEmpty;
 // The connection alone, on the test's own thread.
 
 namespace {
-
-/// A backend that takes one connection after the other and does on it, byte by byte, what the test says.
-struct RawBackend {
-    QTcpServer server;
-    std::vector<QTcpSocket *> peers;
-    /// What it answers to the request of a WebSocket; as it should unless the test says otherwise.
-    std::function<QByteArray(const QByteArray &request)> answer = &agreement;
-
-    RawBackend() {
-        server.listen(QHostAddress::LocalHost);
-        QObject::connect(&server, &QTcpServer::newConnection, &server, [this] {
-            QTcpSocket *peer = server.nextPendingConnection();
-            peers.push_back(peer);
-            QObject::connect(peer, &QTcpSocket::readyRead, peer, [this, peer] {
-                peer->write(answer(peer->readAll()));
-                // From here on it does not read.
-                peer->disconnect(SIGNAL(readyRead()));
-                peer->setReadBufferSize(1);
-            });
-        });
-    }
-
-    [[nodiscard]] QUrl url() const { return QUrl(QStringLiteral("ws://127.0.0.1:%1/audio").arg(server.serverPort())); }
-
-    static QByteArray agreement(const QByteArray &request) {
-        const auto key = request.mid(request.indexOf("Sec-WebSocket-Key: ") + 19, 24);
-        const auto accept =
-            QCryptographicHash::hash(key + "258EAFA5-E914-47DA-95CA-C5AB0DC85B11", QCryptographicHash::Sha1);
-        return "HTTP/1.1 101 Switching Protocols\r\nUpgrade: websocket\r\nConnection: Upgrade\r\n"
-               "Sec-WebSocket-Accept: " +
-               accept.toBase64() + "\r\n\r\n";
-    }
-};
 
 /// A bell that is heard only when the test says so.
 struct HeldBell final : Wakeup {
@@ -209,7 +176,7 @@ TEST_F(LinkSocketTest, GivesUpOnAPeerThatTalksSomethingElse) {
 }
 
 TEST_F(LinkSocketTest, DropsFramesOfTheMicrophoneInsteadOfPilingThemUp) {
-    RawBackend mute;
+    test::RawAudioBackend mute;
     open(mute.url());
     ASSERT_TRUE(test::eventually([&] { return socket->isConnected(); }));
 
@@ -232,7 +199,7 @@ TEST_F(LinkSocketTest, DropsFramesOfTheMicrophoneInsteadOfPilingThemUp) {
 }
 
 TEST_F(LinkSocketTest, DropsABackendThatAsksForAnswersAndDoesNotReadThem) {
-    RawBackend mute;
+    test::RawAudioBackend mute;
     open(mute.url());
     ASSERT_TRUE(test::eventually([&] { return socket->isConnected(); }));
     QByteArray pings;
@@ -248,73 +215,6 @@ TEST_F(LinkSocketTest, DropsABackendThatAsksForAnswersAndDoesNotReadThem) {
     }
     EXPECT_TRUE(test::eventually([&] { return mute.peers.size() == 2; }));
     EXPECT_LE(most, WebSocket::maximumWaitingBytes);
-}
-
-TEST_F(LinkSocketTest, GivesUpOnAnAnswerThatNeverEnds) {
-    RawBackend endless;
-    endless.answer = [](const QByteArray &) {
-        return "HTTP/1.1 101 Switching Protocols\r\nX-Endless: " + QByteArray(100 * 1024, 'x');
-    };
-    open(endless.url(), {10ms, 3600s});
-    EXPECT_TRUE(test::eventually([&] { return endless.peers.size() >= 3; }));
-}
-
-TEST_F(LinkSocketTest, TakesNoAnswerThatDoesNotAgree) {
-    RawBackend other;
-    std::size_t round = 0;
-    const std::vector<std::pair<QByteArray, QByteArray>> changes{
-        {"101", "200"},
-        {"HTTP/1.1", "HTTP/2"},
-        {"websocket", "h2c"},
-        {"Connection: Upgrade", "Connection: close"},
-        {"Sec-WebSocket-Accept: ", "Sec-WebSocket-Accept: x"},
-        {"Sec-WebSocket-Accept: ", "Sec-WebSocket-Other: "},
-    };
-    other.answer = [&](const QByteArray &request) {
-        const auto [from, to] = round < changes.size() ? changes[round] : std::pair<QByteArray, QByteArray>{"-", "-"};
-        EXPECT_FALSE(socket->isConnected());
-        ++round;
-        return RawBackend::agreement(request).replace(from, to);
-    };
-    open(other.url(), {1ms, 3600s});
-    EXPECT_TRUE(test::eventually([&] { return socket->isConnected(); }));
-    EXPECT_EQ(round, changes.size() + 1);
-}
-
-TEST_F(LinkSocketTest, TakesAnAnswerInSmallPiecesAndInAnyCase) {
-    RawBackend slow;
-    QByteArray answer;
-    slow.answer = [&](const QByteArray &request) {
-        answer = RawBackend::agreement(request);
-        answer.replace("Upgrade: websocket", "upgrade:  WebSocket ")
-            .replace("Connection: Upgrade", "connection: keep-alive, upgrade");
-        answer += "\x81\x0f{\"type\":\"stop\"}";
-        return QByteArray();
-    };
-    open(slow.url());
-    ASSERT_TRUE(test::eventually([&] { return !answer.isEmpty(); }));
-    for (const char byte : answer) {
-        slow.peers.front()->write(&byte, 1);
-        slow.peers.front()->flush();
-        QCoreApplication::processEvents();
-    }
-    ASSERT_TRUE(test::eventually([&] { return !messages.empty(); }));
-    EXPECT_THAT(messages, ElementsAre(link::Message(link::Stop{})));
-}
-
-TEST_F(LinkSocketTest, AsksAsAClientWithoutAnOriginDoes) {
-    RawBackend asked;
-    QByteArray request;
-    asked.answer = [&](const QByteArray &text) {
-        request = text;
-        return QByteArray("HTTP/1.1 403 Forbidden\r\n\r\n");
-    };
-    open(asked.url());
-    ASSERT_TRUE(test::eventually([&] { return !request.isEmpty(); }));
-    EXPECT_TRUE(request.startsWith(
-        "GET /audio HTTP/1.1\r\nHost: 127.0.0.1:" + QByteArray::number(asked.server.serverPort()) + "\r\n"));
-    EXPECT_TRUE(request.contains("\r\nUpgrade: websocket\r\nConnection: Upgrade\r\nSec-WebSocket-Version: 13\r\n"));
-    EXPECT_FALSE(request.contains("Origin"));
 }
 
 TEST_F(LinkSocketTest, TakesTenMinutesOfSpeechAsAWaveFile) {

@@ -29,13 +29,13 @@ std::optional<link::Message> LinkMessageReader::finish() {
         return {};
     auto message = link::parse(read.m_rest);
     auto *play = message ? std::get_if<link::Play>(&*message) : nullptr;
-    if (!play || !read.m_data)
+    if (!play || !read.m_hasData)
         return message;
-    if (read.m_data->isOversized)
+    if (read.m_isFileOversized)
         return link::OversizedClip{play->id};
-    if (read.m_data->isBad || !read.m_data->base64.isComplete())
+    if (!read.m_isBase64 || !read.m_base64.isComplete())
         return {};
-    play->data = std::move(read.m_data->bytes);
+    play->data = std::move(read.m_file);
     return message;
 }
 
@@ -49,7 +49,7 @@ void LinkMessageReader::addBetween(char character) {
         m_stringStart = m_rest.size();
         m_place = m_isDataNext && m_isValue && m_depth == 1 ? Place::Data : Place::String;
         if (m_place == Place::Data)
-            m_data.emplace();
+            beginData();
         break;
     case '{':
     case '[':
@@ -79,6 +79,15 @@ void LinkMessageReader::addToString(char character) {
     m_place = Place::Between;
     if (m_depth == 1 && !m_isValue)
         m_isDataNext = QByteArrayView(m_rest).sliced(m_stringStart) == "data\"";
+}
+
+/// Of two the last counts.
+void LinkMessageReader::beginData() {
+    m_hasData = true;
+    m_base64 = {};
+    m_file.clear();
+    m_isBase64 = true;
+    m_isFileOversized = false;
 }
 
 /// Returns how much of the text it took.
@@ -114,17 +123,16 @@ void LinkMessageReader::addEscape(char character) {
 }
 
 void LinkMessageReader::decode(QByteArrayView characters) {
-    auto &data = *m_data;
-    if (data.isBad || data.isOversized)
+    if (!m_isBase64 || m_isFileOversized)
         return;
     try {
-        data.isBad = !data.base64.add(characters, data.bytes);
-        data.isOversized = data.bytes.size() > m_maximumFile;
+        m_isBase64 = m_base64.add(characters, m_file);
+        m_isFileOversized = m_file.size() > m_maximumFile;
     } catch (const std::bad_alloc &) {
-        data.isOversized = true;
+        m_isFileOversized = true;
     }
-    if (data.isBad || data.isOversized)
-        data.bytes.clear();
+    if (!m_isBase64 || m_isFileOversized)
+        m_file.clear();
 }
 
 } // namespace palomet

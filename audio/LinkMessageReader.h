@@ -28,17 +28,11 @@ public:
     std::optional<link::Message> finish();
 
 private:
-    /// One string of the text is taken apart on the way: the value of the key "data".
-    struct Data {
-        Base64Stream base64;
-        QByteArray bytes;
-        bool isBad = false; ///< No base64.
-        bool isOversized = false;
-    };
     enum class Place { Between, String, Data };
 
     void addBetween(char character);
     void addToString(char character);
+    void beginData();
     [[nodiscard]] qsizetype addToData(QByteArrayView text);
     void addEscape(char character);
     void decode(QByteArrayView characters);
@@ -46,7 +40,13 @@ private:
     qsizetype m_maximumFile;
     QByteArray m_rest; ///< The message without what was in the data, and with single blanks.
     bool m_isRestOversized = false;
-    std::optional<Data> m_data;
+
+    // One string of the text is taken apart on the way: the value of the key "data".
+    bool m_hasData = false;
+    Base64Stream m_base64;
+    QByteArray m_file;
+    bool m_isBase64 = true;
+    bool m_isFileOversized = false;
 
     Place m_place = Place::Between;
     bool m_isEscaped = false;

@@ -571,6 +571,20 @@ TEST_F(AudioIOTest, SpeechGoesOnWhenTheMicrophoneIsReconfigured) {
     EXPECT_THAT(played, IsEmpty());
 }
 
+TEST_F(AudioIOTest, TheSpeakersStayOpenWhenSpeechEndsWhileTheMicrophoneIsReconfigured) {
+    io.start({});
+    io.play({1}, "1000", QStringLiteral("mp3"));
+    EXPECT_TRUE(speakers.playUntilSound());
+    server.opensAtOnce = false;
+    server.change();
+    EXPECT_TRUE(speakers.speakUntil([&] { return !played.empty(); }));
+    io.play({2}, "nonsense", QStringLiteral("mp3")); // its end is told behind the other's
+    EXPECT_TRUE(test::eventually([&] { return played.size() == 2; }));
+    EXPECT_TRUE(server.isPlaybackOpen());
+    server.finishOpening({});
+    EXPECT_EQ(server.playbackOpenings, 1);
+}
+
 TEST_F(AudioIOTest, AStopReportsEveryPendingClipOnce) {
     io.start({});
     io.play({1}, "100000", QStringLiteral("mp3"));

@@ -159,6 +159,18 @@ TEST_F(LinkSocketTest, GivesUpOnAPeerThatTakesTheConnectionAndSaysNothing) {
     EXPECT_TRUE(test::eventually([&] { return connections >= 3; }));
 }
 
+TEST_F(LinkSocketTest, TheHandshakesLimitIsOverWithTheHandshake) {
+    constexpr auto limit = 200ms;
+    open(backend.url(), {10ms, limit});
+    ASSERT_TRUE(test::eventually([&] { return socket->isConnected(); }));
+    const auto connections = backend.connections;
+    bool isOver = false;
+    QTimer::singleShot(2 * limit, [&] { isOver = true; });
+    ASSERT_TRUE(test::eventually([&] { return isOver; }));
+    EXPECT_TRUE(socket->isConnected());
+    EXPECT_EQ(backend.connections, connections);
+}
+
 TEST_F(LinkSocketTest, GivesUpOnAPeerThatTalksSomethingElse) {
     QTcpServer stranger;
     ASSERT_TRUE(stranger.listen(QHostAddress::LocalHost));

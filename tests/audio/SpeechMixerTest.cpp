@@ -207,3 +207,14 @@ TEST_F(SpeechMixerTest, FreesWhatIsStillInside) {
     fill(100);
     mixer.heard(10);
 }
+
+TEST_F(SpeechMixerTest, AClipWithoutFramesWaitsForNothingThatAnEarlierStreamPlayed) {
+    submit(1, constant(1000, 0.1F));
+    fill(1000);
+    mixer.heard(1000);
+    EXPECT_EQ(finished(), std::vector<qint64>{1});
+    mixer.playbackOpened();
+    submit(2, {});
+    fill(10);
+    EXPECT_EQ(finished(), std::vector<qint64>{2});
+}

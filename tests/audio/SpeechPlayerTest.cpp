@@ -283,6 +283,33 @@ TEST(SpeechDecoder, DecodesNoFurtherAheadThanThirtyTwoMegabytesBeyondTheClipThat
     }
 }
 
+TEST(SpeechDecoder, GivesOutNothingThatWasClearedWhileItWasDecoded) {
+    std::binary_semaphore isDecoding{0};
+    std::binary_semaphore mayDecode{0};
+    std::counting_semaphore<> isOut{0};
+    std::vector<qint64> decoded;
+    SpeechDecoder decoder(
+        [&](const QByteArray &, const QString &) -> Result<ClipSamples> {
+            isDecoding.release();
+            mayDecode.acquire();
+            return ClipSamples(10);
+        },
+        [&](std::unique_ptr<SpeechClip> clip) {
+            decoded.push_back(clip->id.number);
+            isOut.release();
+        },
+        [](const SpeechDecoder::Job &, const QString &) {});
+    EXPECT_TRUE(decoder.add({{1}, 0, {}, {}}));
+    isDecoding.acquire();
+    decoder.clear();
+    EXPECT_TRUE(decoder.add({{2}, 0, {}, {}}));
+    mayDecode.release();
+    isDecoding.acquire();
+    mayDecode.release();
+    isOut.acquire();
+    EXPECT_THAT(decoded, ElementsAre(2));
+}
+
 TEST(SpeechThreads, NeverReportAClipTwiceOrNotAtAllWhileStopsAndEndsMeet) {
     SpeechMixer mixer;
     SpeechPlayer player(mixer, &test::decodeNumber);

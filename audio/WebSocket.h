@@ -40,6 +40,10 @@ public:
     void sendText(const QByteArray &utf8);
     void sendBinary(const QByteArray &bytes);
 
+    /// The two ends of the connection, for whoever wants to know who is at the other one.
+    [[nodiscard]] quint16 localPort() const { return m_socket.localPort(); }
+    [[nodiscard]] quint16 peerPort() const { return m_socket.peerPort(); }
+
     /// What was sent and the system has not taken yet.
     [[nodiscard]] qint64 waitingBytes() const { return m_socket.bytesToWrite(); }
 

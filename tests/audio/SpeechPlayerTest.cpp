@@ -283,6 +283,18 @@ TEST(SpeechDecoder, DecodesNoFurtherAheadThanThirtyTwoMegabytesBeyondTheClipThat
     }
 }
 
+TEST(SpeechDecoder, WhatWasDecodedDoesNotCountAsWaiting) {
+    const QByteArray file(100 * 1024 * 1024, ' ');
+    std::counting_semaphore<> isDone{0};
+    SpeechDecoder decoder([](const QByteArray &, const QString &) -> Result<ClipSamples> { return Failure{}; },
+                          [](std::unique_ptr<SpeechClip>) {},
+                          [&](const SpeechDecoder::Job &, const QString &) { isDone.release(); });
+    for (qint64 id = 0; id < 10; ++id) {
+        EXPECT_TRUE(decoder.add({{id}, 0, file, {}})) << id;
+        isDone.acquire();
+    }
+}
+
 TEST(SpeechDecoder, GivesOutNothingThatWasClearedWhileItWasDecoded) {
     std::binary_semaphore isDecoding{0};
     std::binary_semaphore mayDecode{0};

@@ -164,6 +164,13 @@ TEST_F(WebSocketTest, SendsMaskedFramesOfEveryLength) {
     EXPECT_NE(first, second); // by another mask
 }
 
+TEST_F(WebSocketTest, TellsTheEndsOfItsConnection) {
+    open();
+    ASSERT_TRUE(isOpen());
+    EXPECT_EQ(socket->peerPort(), server.server.serverPort());
+    EXPECT_EQ(socket->localPort(), server.peers.front()->peerPort());
+}
+
 TEST_F(WebSocketTest, AnswersAPing) {
     server.isReading = true;
     open();

@@ -1,6 +1,7 @@
 #include "model/Documents.h"
 
 #include "model/DocumentFields.h"
+#include "model/JsonNumber.h"
 
 #include <simdjson.h>
 
@@ -21,7 +22,13 @@ constexpr bool isOptional = false;
 template <typename T>
 constexpr bool isOptional<std::optional<T>> = true;
 
-/// Reads one document from front to back, straight into its value. Every value is consumed, wanted or not, because the
+/// The bytes of a value that is neither text, array nor object.
+std::string_view tokenOf(JsonValue value) {
+    const std::string_view token = value.raw_json_token();
+    return token.substr(0, token.find_last_not_of(" \t\n\r") + 1);
+}
+
+/// Reads one document from front to back, straight into its value. Every value is looked at, wanted or not, because the
 /// parser underneath checks only what is asked of it.
 class DocumentReader {
 public:
@@ -80,7 +87,12 @@ private:
 
     bool read(JsonValue value, bool &into) { return !value.get_bool().get(into); }
 
-    bool read(JsonValue value, double &into) { return !value.get_double().get(into); }
+    /// The parser's own doubles are wrong for some numbers of twenty digits and more.
+    bool read(JsonValue value, double &into) {
+        const auto number = jsonNumber(tokenOf(value));
+        into = number.value_or(0);
+        return number.has_value();
+    }
 
     bool read(JsonValue value, qint64 &into) {
         std::int64_t integer = 0;
@@ -89,7 +101,7 @@ private:
             return true;
         }
         // A double written as an integer too large for 64 bits must not be taken for its rounded neighbour.
-        const bool isFraction = value.raw_json_token().find_first_of(".eE") != std::string_view::npos;
+        const bool isFraction = tokenOf(value).find_first_of(".eE") != std::string_view::npos;
         double number = 0;
         if (!isFraction || !read(value, number))
             return false;
@@ -196,7 +208,8 @@ private:
         case json_type::object:
             return skipObject(value);
         case json_type::number:
-            return !value.get_double().error();
+            // Nobody asks whether a double can hold it.
+            return isJsonNumber(tokenOf(value));
         case json_type::string:
             return !value.get_string().error();
         case json_type::boolean:

@@ -14,8 +14,8 @@
 /// other keys are passed over, and of a key that is there twice the last one counts. An integer is a JSON number
 /// without a fraction (5.0 is one) that 64 bits can hold.
 ///
-/// Not readable: what is not strict JSON in UTF-8, lone surrogates, numbers that no double can hold, nesting beyond
-/// `maximumNesting`, more than `maximumDocumentSize` bytes. The failure's reason says which, or names the field.
+/// Not readable: what is not strict JSON in UTF-8, lone surrogates, numbers of a field that no double can hold, nesting
+/// beyond `maximumNesting`, more than `maximumDocumentSize` bytes. The failure's reason says which, or names the field.
 namespace palomet {
 
 inline constexpr qsizetype maximumDocumentSize = qsizetype{64} * 1024 * 1024;

@@ -256,14 +256,16 @@ TEST(Documents, TheRootMustBeOfItsKind) {
 }
 
 TEST(Documents, OnlyStrictJsonIsReadEvenInWhatIsIgnored) {
-    for (const auto *json : {"1", "-0", "2.5e-3", "123456789012345678901234567890", "true", "false", "null", "\"\"",
-                             "[]", "{}", "[1,[2]]", R"({"a":{"b":[]}})", R"("\u0041\n\/")", R"("\ud83d\ude80")"})
+    for (const auto *json :
+         {"1", "-0", "2.5e-3", "123456789012345678901234567890", "1e400", "-1E+99999999999", "1e-400", "true", "false",
+          "null", "\"\"", "[]", "{}", "[1,[2]]", R"({"a":{"b":[]}})", R"("\u0041\n\/")", R"("\ud83d\ude80")"})
         EXPECT_TRUE(decodeOptions(optionsWith(json))) << json;
     for (const auto *json :
-         {"NaN",     "nan",         "Infinity",   "-Infinity", "01",        "1.",       ".5",      "+1",  "-",
-          "1e",      "0x1",         "1e400",      "tru",       "nulll",     "True",     "'a'",     "a",   "[1,]",
-          "[,]",     "[1 2]",       "{\"a\":1,}", "{a:1}",     "{\"a\" 1}", "{1:1}",    "{\"a\"}", "[1}", "{\"a\":1]",
-          "\"\\x\"", "\"\\u00zz\"", "\"\t\"",     "\"\n\"",    "/**/1",     "\"\\u12\""})
+         {"NaN",         "nan",    "Infinity",  "-Infinity", "01",       "1.",   ".5",        "+1",
+          "-",           "1e",     "0x1",       "1e+",       "-01",      "--1",  "1.e5",      "1.5.5",
+          "tru",         "nulll",  "True",      "'a'",       "a",        "[1,]", "[,]",       "[1 2]",
+          "{\"a\":1,}",  "{a:1}",  "{\"a\" 1}", "{1:1}",     "{\"a\"}",  "[1}",  "{\"a\":1]", "\"\\x\"",
+          "\"\\u00zz\"", "\"\t\"", "\"\n\"",    "/**/1",     "\"\\u12\""})
         EXPECT_FALSE(decodeOptions(optionsWith(json))) << json;
 }
 
@@ -312,6 +314,37 @@ TEST(Documents, ADoubleIsAnyNumber) {
     }
     for (const auto *json : {"true", "\"1\"", "1e400", "-1e400", "NaN", "null"})
         EXPECT_FALSE(historyWith("1", json)) << json;
+}
+
+TEST(Documents, ADoubleIsTheOneNearestToItsDigitsHoweverManyThereAre) {
+    const std::pair<QByteArray, double> numbers[] = {
+        {"0.30000000000000004441", 0.30000000000000004},
+        {"0.85000000000000000000", 0.85},
+        {"-0.12345678901234567890123456789", -0.12345678901234568},
+        {"0.1" + QByteArray(700, '0') + "1", 0.1},
+        {"1.00000000000000000000001", 1},
+        {"9007199254740993", 9007199254740992.0},
+        {"9007199254740993.00000000000000000000001", 9007199254740994.0},
+        {"0." + QByteArray(400, '0') + "1e401", 1},
+        {"0." + QByteArray(400, '0') + "1", 0},
+        {"1" + QByteArray(400, '0') + "e-400", 1},
+        {"1e-99999999999999999999", 0},
+        {"0e99999999999999999999", 0},
+        {"-0.000e+400", 0},
+        {"4.9e-324", std::numeric_limits<double>::denorm_min()},
+        {"2.4703282292062327208e-324", 0},
+        {"2.4703282292062327209e-324", std::numeric_limits<double>::denorm_min()},
+        {"2.2250738585072011e-308", 2.2250738585072011e-308},
+        {"1.7976931348623158079e308", std::numeric_limits<double>::max()},
+    };
+    for (const auto &[json, value] : numbers) {
+        const auto read = historyWith("1", json);
+        ASSERT_TRUE(read) << json.toStdString();
+        EXPECT_EQ(read->front().startedAt, value) << json.toStdString();
+    }
+    for (const QByteArray &json :
+         {QByteArray("1.7976931348623158080e308"), QByteArray(400, '9'), QByteArray("1e99999999999999999999")})
+        EXPECT_FALSE(historyWith("1", json)) << json.toStdString();
 }
 
 TEST(Documents, OfAKeyThatIsThereTwiceTheLastOneCounts) {

@@ -5,10 +5,10 @@
 
 #include <simdjson.h>
 
-#include <bitset>
+#include <array>
 #include <cmath>
-#include <limits>
 #include <optional>
+#include <utility>
 
 namespace palomet {
 
@@ -35,13 +35,16 @@ public:
     template <typename Document>
     Result<Document> readDocument(QByteArrayView json) {
         Document document;
-        return readWhole(json,
-                         [&](simdjson::ondemand::document &root) {
-                             JsonValue value;
-                             return !root.get_value().get(value) && read(value, document);
-                         })
-                   ? Result<Document>(std::move(document))
-                   : failure();
+        const auto readRoot = [&](simdjson::ondemand::document &root) {
+            JsonValue value;
+            return !root.get_value().get(value) && read(value, document);
+        };
+        const auto skipRoot = [&](simdjson::ondemand::document &root) {
+            JsonValue value;
+            return !root.get_value().get(value) && skip(value);
+        };
+        const bool isRead = readWhole(json, readRoot) && (!m_leftSomeUnseen || readWhole(json, skipRoot));
+        return isRead ? Result<Document>(std::move(document)) : failure();
     }
 
     Result<QString> readText(QByteArrayView json) {
@@ -145,40 +148,56 @@ private:
         simdjson::ondemand::object object;
         if (value.get_object().get(object))
             return false;
-        std::bitset<std::tuple_size_v<decltype(DocumentFields<T>::all)>> found;
+        FieldStates<T> states{};
         ++m_depth;
         for (auto next : object) {
             simdjson::ondemand::field entry;
             std::string_view key;
             if (std::move(next).get(entry) || entry.unescaped_key().get(key) ||
-                !readEntry(key, entry.value(), into, found))
+                !readEntry(key, entry.value(), into, states))
                 return false;
         }
         --m_depth;
-        return isComplete<T>(found);
+        return isComplete<T>(states);
     }
 
-    template <typename T, std::size_t Count>
-    bool readEntry(std::string_view key, JsonValue value, T &into, std::bitset<Count> &found) {
+    enum class FieldState { Absent, Read, Unreadable };
+    template <typename T>
+    using FieldStates = std::array<FieldState, std::tuple_size_v<decltype(DocumentFields<T>::all)>>;
+
+    /// Whether what comes after the entry can be read. The last of a key counts, so that one which is not of its type
+    /// may still be replaced.
+    template <typename T>
+    bool readEntry(std::string_view key, JsonValue value, T &into, FieldStates<T> &states) {
         bool isKnown = false;
-        bool isRead = true;
         forEachField<T>([&](std::size_t index, const auto &field) {
             if (isKnown || field.key != key)
                 return;
             isKnown = true;
-            found.set(index);
-            isRead = read(value, into.*field.member);
-            if (!isRead && m_field.empty())
+            auto &member = into.*field.member;
+            const auto before = std::exchange(states[index], FieldState::Read);
+            if (before != FieldState::Absent)
+                member = std::remove_reference_t<decltype(member)>();
+            if (before == FieldState::Unreadable)
+                m_field = {};
+            const int depth = m_depth;
+            if (read(value, member))
+                return;
+            states[index] = FieldState::Unreadable;
+            m_depth = depth;
+            m_leftSomeUnseen = true;
+            if (m_field.empty())
                 m_field = field.key;
         });
-        return isKnown ? isRead : skip(value);
+        return isKnown || skip(value);
     }
 
-    template <typename T, std::size_t Count>
-    bool isComplete(const std::bitset<Count> &found) {
+    template <typename T>
+    bool isComplete(const FieldStates<T> &states) {
         bool isComplete = true;
         forEachField<T>([&](std::size_t index, const auto &field) {
-            if (found[index] || isOptional<std::remove_reference_t<decltype(std::declval<T &>().*field.member)>>)
+            const bool mayLack = isOptional<std::remove_reference_t<decltype(std::declval<T &>().*field.member)>>;
+            if (states[index] == FieldState::Read || (states[index] == FieldState::Absent && mayLack))
                 return;
             isComplete = false;
             if (m_field.empty())
@@ -251,7 +270,8 @@ private:
 
     simdjson::ondemand::parser m_parser{static_cast<std::size_t>(maximumDocumentSize)};
     int m_depth = 0;
-    std::string_view m_field; ///< The first field that could not be read; its key lives in the table.
+    bool m_leftSomeUnseen = false; ///< The rest of a value that is not of its type.
+    std::string_view m_field;      ///< The first field that could not be read; its key lives in the table.
 };
 
 } // namespace

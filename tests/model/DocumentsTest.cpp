@@ -355,6 +355,41 @@ TEST(Documents, OfAKeyThatIsThereTwiceTheLastOneCounts) {
     EXPECT_FALSE(decodeOptions(json + R"(,"inputs":1})"));
 }
 
+TEST(Documents, OfAKeyThatIsThereTwiceNothingIsLeftOfTheFirst) {
+    const auto with = [](const QByteArray &more) {
+        return decodeSnapshot(fixture("state/bare.json").trimmed().chopped(1) + ',' + more + '}');
+    };
+    const auto timings = with(R"("timings":{"transcribeMs":1,"modelMs":1,"voiceMs":1,"totalMs":1,"isSpoken":true},)"
+                              R"("timings":{"modelMs":2,"voiceMs":2,"totalMs":2,"isSpoken":false})");
+    ASSERT_TRUE(timings);
+    EXPECT_EQ(timings->timings, (Snapshot::Timings{std::nullopt, 2, 2, 2, false}));
+
+    const auto settings = QJsonDocument::fromJson(fixture("state/bare.json"))[QLatin1String("settings")].toObject();
+    auto first = settings;
+    first[QStringLiteral("inputDevice")] = QStringLiteral("USB Audio");
+    const auto twice = with("\"settings\":" + compact(first) + ",\"settings\":" + compact(settings));
+    ASSERT_TRUE(twice);
+    EXPECT_EQ(twice->settings.inputDevice, std::nullopt);
+    EXPECT_FALSE(with("\"settings\":" + compact(first) + ",\"settings\":{}"));
+}
+
+TEST(Documents, OfAKeyThatIsThereTwiceTheFirstNeedNotBeOfItsType) {
+    QByteArray json = fixture("options/full.json").trimmed();
+    const auto before = [&](const QByteArray &first) { return decodeOptions(QByteArray(json).insert(1, first + ',')); };
+    for (const auto *first :
+         {R"("inputs":1)", R"("inputs":null)", R"("inputs":["a",1,["b"],{"c":"d"}])", R"("inputs":{"a":[[]]})",
+          R"("claudePaths":[{"path":1,"version":["a"],"more":{}},2])", R"("claudePaths":[{}])"}) {
+        const auto read = before(first);
+        ASSERT_TRUE(read) << first << ": " << read.reason().toStdString();
+        EXPECT_EQ(*read, *decodeOptions(json)) << first;
+    }
+    for (const auto *first : {R"("inputs":tru)", R"("inputs":[1,01])", R"("inputs":{"a":[}])",
+                              R"("claudePaths":[{"path":1,"version":"\ud83d"}])", R"("inputs":["\x"])"})
+        EXPECT_FALSE(before(first)) << first;
+    EXPECT_FALSE(before("\"inputs\":[1," + QByteArray(600, '[') + QByteArray(600, ']') + "]"));
+    EXPECT_TRUE(before("\"inputs\":[1," + QByteArray(500, '[') + QByteArray(500, ']') + "]"));
+}
+
 TEST(Documents, AKeyMayBeWrittenWithEscapes) {
     const auto read = decodeOptions(fixture("options/full.json").replace("\"inputs\"", R"("\u0069nputs")"));
     ASSERT_TRUE(read);

@@ -18,9 +18,19 @@ using Object = simdjson::dom::object;
 
 constexpr std::size_t maximumDepth = 512;
 
+/// The value of a key; of one that is there twice, the last.
+simdjson::simdjson_result<Element> valueAt(const Object &object, std::string_view key) {
+    auto last = simdjson::simdjson_result<Element>(simdjson::NO_SUCH_FIELD);
+    for (const auto field : object) {
+        if (field.key == key)
+            last = simdjson::simdjson_result<Element>(Element(field.value));
+    }
+    return last;
+}
+
 std::optional<std::string_view> stringAt(const Object &object, std::string_view key) {
     std::string_view text;
-    if (object[key].get(text) != simdjson::SUCCESS)
+    if (valueAt(object, key).get(text) != simdjson::SUCCESS)
         return {};
     return text;
 }
@@ -31,13 +41,13 @@ QString toText(std::string_view utf8) {
 
 std::optional<qint64> integerAt(const Object &object, std::string_view key) {
     std::int64_t integer = 0;
-    if (object[key].get(integer) == simdjson::SUCCESS)
+    if (valueAt(object, key).get(integer) == simdjson::SUCCESS)
         return integer;
     // 5.0 is an integer, as any whole number is that fits.
     constexpr double limit = 9223372036854775808.0;
     double number = 0;
     Element element;
-    if (object[key].get(element) != simdjson::SUCCESS || !element.is_double())
+    if (valueAt(object, key).get(element) != simdjson::SUCCESS || !element.is_double())
         return {};
     if (element.get(number) != simdjson::SUCCESS || std::trunc(number) != number || number < -limit || number >= limit)
         return {};
@@ -65,7 +75,7 @@ std::optional<Message> parsePlay(const Object &object) {
 
 Enable parseEnable(const Object &object) {
     bool isOn = true;
-    const auto error = object["on"].get(isOn);
+    const auto error = valueAt(object, "on").get(isOn);
     return {error != simdjson::SUCCESS || isOn};
 }
 

@@ -61,6 +61,16 @@ TEST(LinkMessage, FillsInWhatMayBeMissing) {
     EXPECT_EQ(parsed(R"({"type":"input","device":""})"), link::Message(link::Input{QStringLiteral("")}));
 }
 
+TEST(LinkMessage, OfAKeyThatIsThereTwiceTheLastOneCounts) {
+    EXPECT_EQ(parsed(R"({"type":"stop","type":"chime"})"), link::Message(link::Chime{}));
+    EXPECT_EQ(parsed(R"({"id":"a","type":"play","data":"QUJD","format":"wav","id":2,"data":"","format":"ogg"})"),
+              link::Message(link::Play{2, "", QStringLiteral("ogg")}));
+    EXPECT_EQ(parsed(R"({"type":"play","data":"","id":1,"id":"a"})"), std::nullopt);
+    EXPECT_EQ(parsed(R"({"type":"enable","on":false,"on":null})"), link::Message(link::Enable{true}));
+    EXPECT_EQ(parsed(R"({"type":"enable","on":true,"on":false})"), link::Message(link::Enable{false}));
+    EXPECT_EQ(parsed(R"({"type":"input","device":"a","device":null})"), link::Message(link::Input{}));
+}
+
 TEST(LinkMessage, IgnoresWhatItDoesNotKnow) {
     EXPECT_EQ(parsed(R"({"type":"dance"})"), std::nullopt);
     EXPECT_EQ(parsed(R"({"type":"Play","id":1,"data":""})"), std::nullopt);

@@ -37,7 +37,8 @@ QUrl hudBase() {
 }
 
 PalometModel::PalometModel(Scheduler &scheduler, const MicrophonePermission &permission, const QUrl &base)
-    : m_scheduler(scheduler)
+    : m_hasBackend(!base.isEmpty())
+    , m_scheduler(scheduler)
     , m_permission(permission)
     , m_isMicAuthorized(permission.status() == MicrophoneStatus::Authorized)
     , m_now(scheduler.now())
@@ -83,7 +84,7 @@ void PalometModel::tick() {
 }
 
 void PalometModel::refresh() {
-    if (m_pendingRefresh)
+    if (m_pendingRefresh || !m_hasBackend)
         return;
     m_pendingRefresh = m_scheduler.after(refreshDelay, [this] {
         m_pendingRefresh.reset();

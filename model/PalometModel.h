@@ -33,7 +33,8 @@ public:
     using Time = std::chrono::system_clock::time_point;
     using SnapshotPointer = std::shared_ptr<const Snapshot>;
 
-    /// Quiet until `start`. `scheduler` and `permission` outlive the model.
+    /// Quiet until `start`. `scheduler` and `permission` outlive the model. With an empty address there is no backend to
+    /// follow: what is asked reaches nobody, and the model keeps what it is given.
     PalometModel(Scheduler &scheduler, const MicrophonePermission &permission, const QUrl &base = hudBase());
     ~PalometModel() override;
 
@@ -115,6 +116,7 @@ private:
     template <typename Value>
     void change(Value &field, Value value, void (PalometModel::*changed)());
 
+    const bool m_hasBackend;
     Scheduler &m_scheduler;
     const MicrophonePermission &m_permission;
 

@@ -80,3 +80,16 @@ TEST_F(PreviewModeTest, WritesNothingIntoTheUsersHome) {
     m_mode.reset();
     EXPECT_TRUE(QDir(m_folder.path()).isEmpty());
 }
+
+TEST_F(PreviewModeTest, KeepsItsSampleWhateverIsPressed) {
+    auto *app = create({u"--preview"_s}).window().rootObject()->property("app").value<AppView *>();
+    ASSERT_NE(app, nullptr);
+    const QString microphone = app->now()->microphone();
+    EXPECT_FALSE(microphone.isEmpty());
+    app->listen();
+    EXPECT_TRUE(eventually([&] {
+        m_scheduler.advance(10ms);
+        return m_scheduler.pendingCount() == 0;
+    })) << "what was sent has ended";
+    EXPECT_EQ(app->now()->microphone(), microphone);
+}

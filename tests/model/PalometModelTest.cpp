@@ -38,6 +38,27 @@ TEST_F(ModelTest, StartFetchesEverythingAndFollowsTheEvents) {
     }
 }
 
+TEST_F(ModelTest, WithoutAnAddressItKeepsWhatItIsGivenWhateverIsAsked) {
+    PalometModel alone(m_scheduler, m_permission, QUrl());
+    const auto sample = std::make_shared<const Snapshot>(*decodeSnapshot(fixture("state/full.json")));
+    alone.setSnapshot(sample);
+    alone.setHistory(*decodeHistory(fixture("history/three.json")));
+    alone.setOptions(*decodeOptions(fixture("options/full.json")));
+    const SignalCount applied(&alone, &PalometModel::applyingChanged);
+    alone.listen();
+    alone.say(QStringLiteral("oi"));
+    alone.set(QStringLiteral("voiceSpeed"), 1);
+    alone.loadHistory();
+    alone.loadOptions();
+    alone.refresh();
+    EXPECT_TRUE(eventually([&] { return applied.count() == 2; })) << "the setting has ended";
+    ASSERT_TRUE(runsUntil([&] { return m_scheduler.pendingCount() == 0; }));
+    EXPECT_EQ(alone.snapshot(), sample);
+    EXPECT_EQ(alone.history().size(), 3U);
+    EXPECT_TRUE(alone.options());
+    EXPECT_EQ(m_backend.connectionCount(), 0);
+}
+
 TEST_F(ModelTest, TellsOfAChangeAfterIt) {
     QString heard;
     QObject::connect(&m_model, &PalometModel::snapshotChanged, &m_model,

@@ -30,6 +30,13 @@ struct RemoteStatus {
     bool operator==(const RemoteStatus &) const = default;
 };
 
+/// What became of a command.
+enum class RemoteOutcome {
+    Done,
+    Unknown, ///< There is no such action, or its text is not right.
+    Busy,    ///< Too many commands are on their way to the backend.
+};
+
 /// Port: the door at which other programs of this user knock. Main thread only.
 class RemoteService {
 public:
@@ -50,8 +57,8 @@ public:
     /// Keeps what is told of this instance current, and tells those who follow it of a change.
     virtual void publish(const RemoteStatus &status) = 0;
 
-    /// Carries a command out; false when there is no such action, or its text is not right. Set before `claim`.
-    std::function<bool(const RemoteCommand &)> onCommand;
+    /// Carries a command out. Set before `claim`.
+    std::function<RemoteOutcome(const RemoteCommand &)> onCommand;
 
     /// Somebody wants to see the program. Set before `claim`.
     std::function<void()> onActivate;

@@ -41,27 +41,30 @@ RemoteDoor::~RemoteDoor() {
     m_service.onActivate = nullptr;
 }
 
-bool RemoteDoor::perform(const RemoteCommand &command) {
+RemoteOutcome RemoteDoor::perform(const RemoteCommand &command) {
     for (const auto &action : actions) {
-        if (command.action != action.name)
-            continue;
-        (m_model.*action.perform)();
-        return true;
+        if (command.action == action.name)
+            return post([&] { (m_model.*action.perform)(); });
     }
     if (command.action == QStringLiteral("say")) {
         // Another program than ours may have sent it.
         const auto text = CommandLine::checkedText(command.text.value_or(QString()).toUtf8());
-        if (text)
-            m_model.say(*text);
-        return text.isOk();
+        return text ? post([&] { m_model.say(*text); }) : RemoteOutcome::Unknown;
     }
     if (command.action == QStringLiteral("open"))
-        return onOpen(command.text);
+        return onOpen(command.text) ? RemoteOutcome::Done : RemoteOutcome::Unknown;
     if (command.action == QStringLiteral("quit")) {
         onQuit();
-        return true;
+        return RemoteOutcome::Done;
     }
-    return false;
+    return RemoteOutcome::Unknown;
+}
+
+RemoteOutcome RemoteDoor::post(const std::function<void()> &command) {
+    if (m_model.isBusy())
+        return RemoteOutcome::Busy;
+    command();
+    return RemoteOutcome::Done;
 }
 
 void RemoteDoor::publish() {

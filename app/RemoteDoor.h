@@ -24,7 +24,8 @@ public:
     std::function<void()> onQuit = [] {};
 
 private:
-    bool perform(const RemoteCommand &command);
+    RemoteOutcome perform(const RemoteCommand &command);
+    RemoteOutcome post(const std::function<void()> &command);
     void publish();
 
     RemoteService &m_service;

@@ -5,6 +5,7 @@
 #include <QNetworkReply>
 #include <QNetworkRequest>
 
+#include <algorithm>
 #include <cstring>
 
 namespace palomet {
@@ -39,13 +40,21 @@ private:
     qint64 m_read = 0;
 };
 
+void setUp(QNetworkAccessManager &manager) {
+    manager.setProxy(QNetworkProxy::NoProxy);
+    manager.setRedirectPolicy(QNetworkRequest::ManualRedirectPolicy);
+}
+
+/// What has a connection of its own is kept by the manager for minutes after its end, connection and all. So a manager
+/// goes when it has sent so many.
+constexpr quint64 commandsOfAManager = 16;
+
 } // namespace
 
 HttpClient::HttpClient(QUrl base, Scheduler &scheduler)
     : m_base(std::move(base))
     , m_scheduler(scheduler) {
-    m_manager.setProxy(QNetworkProxy::NoProxy);
-    m_manager.setRedirectPolicy(QNetworkRequest::ManualRedirectPolicy);
+    setUp(m_manager);
 }
 
 std::unique_ptr<HttpExchange> HttpClient::get(const QString &path, std::chrono::milliseconds timeout,
@@ -60,8 +69,11 @@ ReplyOwner HttpClient::stream(const QString &path, qint64 bufferSize) {
     return reply;
 }
 
-void HttpClient::post(const QString &path, const std::optional<QByteArray> &json, std::chrono::milliseconds timeout,
+bool HttpClient::post(const QString &path, const std::optional<QByteArray> &json, std::chrono::milliseconds timeout,
                       std::function<void()> done) {
+    if (isBusy())
+        return false;
+    auto *manager = commandManager();
     const auto number = ++m_commandCount;
     auto command = request(path, QString::number(number));
     command.setRawHeader("connection", "close");
@@ -71,14 +83,34 @@ void HttpClient::post(const QString &path, const std::optional<QByteArray> &json
         command.setRawHeader("content-type", "application/json");
 
     auto body = std::make_unique<UnrepeatableBody>(json.value_or(QByteArray()));
-    ReplyOwner reply(m_manager.post(command, body.get()));
+    ReplyOwner reply(manager->post(command, body.get()));
     body.release()->setParent(reply.get());
     const auto ended = [this, number, done = std::move(done)](const std::optional<QByteArrayList> &) {
-        m_commands.erase(number);
+        end(number);
         done();
     };
-    m_commands[number] =
-        std::make_unique<HttpExchange>(std::move(reply), HttpExchange::Body::Discard, m_scheduler, timeout, ended);
+    m_commands[number] = {manager, std::make_unique<HttpExchange>(std::move(reply), HttpExchange::Body::Discard,
+                                                                  m_scheduler, timeout, ended)};
+    return true;
+}
+
+QNetworkAccessManager *HttpClient::commandManager() {
+    if (m_commandCount % commandsOfAManager == 0) {
+        m_commandManager = new QNetworkAccessManager(&m_commandManagers);
+        setUp(*m_commandManager);
+    }
+    return m_commandManager;
+}
+
+void HttpClient::end(quint64 command) {
+    const auto ended = m_commands.extract(command);
+    const auto *manager = ended.mapped().manager;
+    const bool isNeeded = manager == m_commandManager || std::ranges::any_of(m_commands, [manager](const auto &other) {
+                              return other.second.manager == manager;
+                          });
+    // Later, for what has ended is in the middle of saying so.
+    if (!isNeeded)
+        ended.mapped().manager->deleteLater();
 }
 
 QNetworkRequest HttpClient::request(const QString &path, const QString &pool) const {

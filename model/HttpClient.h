@@ -6,6 +6,7 @@
 #include <QUrl>
 
 #include <map>
+#include <memory>
 
 namespace palomet {
 
@@ -27,18 +28,34 @@ public:
     /// Sends a command, at once and at most once: on a connection of its own, behind nothing that hangs, and never
     /// again when the connection breaks. Without a body it carries no content type; an empty body is JSON that could
     /// not be written. `done` is called once, when the reply has ended or failed, unless this client is destroyed
-    /// before.
-    void post(const QString &path, const std::optional<QByteArray> &json, std::chrono::milliseconds timeout,
+    /// before. Whether it was sent: not while it is busy, and `done` is then never called.
+    bool post(const QString &path, const std::optional<QByteArray> &json, std::chrono::milliseconds timeout,
               std::function<void()> done);
 
+    /// As many commands are on their way as there may be.
+    [[nodiscard]] bool isBusy() const { return m_commands.size() >= maximumCommands; }
+
+    /// Many more than a user can give while a backend hangs, and few enough connections.
+    static constexpr std::size_t maximumCommands = 64;
+
 private:
+    /// A command on its way.
+    struct Command {
+        QNetworkAccessManager *manager = nullptr;
+        std::unique_ptr<HttpExchange> exchange;
+    };
+
+    [[nodiscard]] QNetworkAccessManager *commandManager();
+    void end(quint64 command);
     [[nodiscard]] QNetworkRequest request(const QString &path, const QString &pool) const;
 
     QUrl m_base;
     Scheduler &m_scheduler;
     QNetworkAccessManager m_manager;
+    QObject m_commandManagers; ///< Their parent.
+    QNetworkAccessManager *m_commandManager = nullptr;
     quint64 m_commandCount = 0;
-    std::map<quint64, std::unique_ptr<HttpExchange>> m_commands;
+    std::map<quint64, Command> m_commands;
 };
 
 } // namespace palomet

@@ -205,11 +205,13 @@ void PalometModel::post(const QString &path, const std::optional<QByteArray> &bo
 }
 
 void PalometModel::set(const QString &key, const QJsonValue &value) {
-    change<std::optional<QString>>(m_applying, key, &PalometModel::applyingChanged);
-    m_settingsHttp.post(QStringLiteral("settings"), commandBody(key, value), settingTimeout, [this] {
-        change<std::optional<QString>>(m_applying, std::nullopt, &PalometModel::applyingChanged);
-        refresh();
-    });
+    const bool isSent =
+        m_settingsHttp.post(QStringLiteral("settings"), commandBody(key, value), settingTimeout, [this] {
+            change<std::optional<QString>>(m_applying, std::nullopt, &PalometModel::applyingChanged);
+            refresh();
+        });
+    if (isSent)
+        change<std::optional<QString>>(m_applying, key, &PalometModel::applyingChanged);
 }
 
 } // namespace palomet

@@ -33,8 +33,8 @@ public:
     using Time = std::chrono::system_clock::time_point;
     using SnapshotPointer = std::shared_ptr<const Snapshot>;
 
-    /// Quiet until `start`. `scheduler` and `permission` outlive the model. With an empty address there is no backend to
-    /// follow: what is asked reaches nobody, and the model keeps what it is given.
+    /// Quiet until `start`. `scheduler` and `permission` outlive the model. With an empty address there is no backend
+    /// to follow: what is asked reaches nobody, and the model keeps what it is given.
     PalometModel(Scheduler &scheduler, const MicrophonePermission &permission, const QUrl &base = hudBase());
     ~PalometModel() override;
 
@@ -81,7 +81,11 @@ public:
     void setOptions(std::optional<Options> options);
     void setMicAuthorized(bool isAuthorized);
 
-    // Commands. Each is sent at once, and once; when it has ended, whatever came of it, the state is fetched.
+    // Commands. Each is sent at once, and once; when it has ended, whatever came of it, the state is fetched. While the
+    // model is busy, none is sent.
+
+    /// So many commands are on their way that there can be no other.
+    [[nodiscard]] bool isBusy() const { return m_http.isBusy(); }
 
     Q_INVOKABLE void listen();
     Q_INVOKABLE void stop();

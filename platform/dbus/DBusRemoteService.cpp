@@ -11,6 +11,23 @@ namespace palomet {
 
 using namespace remoteNames;
 
+namespace {
+
+QDBusMessage answer(const QDBusMessage &message, const QString &action, RemoteOutcome outcome) {
+    switch (outcome) {
+    case RemoteOutcome::Done:
+        return message.createReply();
+    case RemoteOutcome::Unknown:
+        return message.createErrorReply(QDBusError::InvalidArgs, QStringLiteral("no such action: ") + action);
+    case RemoteOutcome::Busy:
+        return message.createErrorReply(QDBusError::LimitsExceeded,
+                                        QStringLiteral("too many commands are waiting for the backend"));
+    }
+    Q_UNREACHABLE();
+}
+
+} // namespace
+
 DBusRemoteService::DBusRemoteService(const QDBusConnection &bus)
     : m_bus(bus) {}
 
@@ -103,10 +120,7 @@ void DBusRemoteService::answerLater(const QDBusMessage &message, const RemoteCom
     QMetaObject::invokeMethod(
         this,
         [this, message, command] {
-            const bool isDone = onCommand && onCommand(command);
-            m_bus.send(isDone ? message.createReply()
-                              : message.createErrorReply(QDBusError::InvalidArgs,
-                                                         QStringLiteral("no such action: ") + command.action));
+            m_bus.send(answer(message, command.action, onCommand ? onCommand(command) : RemoteOutcome::Unknown));
         },
         Qt::QueuedConnection);
 }

@@ -423,13 +423,13 @@ TEST_F(AppDelegateTest, OpensItsWindowFromTheMenuOnThePaneThatItHad) {
 
 TEST_F(AppDelegateTest, OpensItsWindowForOtherProgramsOnThePaneThatTheyName) {
     create();
-    EXPECT_TRUE(remote->onCommand({u"open"_s, u"voice"_s}));
+    EXPECT_EQ(remote->onCommand({u"open"_s, u"voice"_s}), RemoteOutcome::Done);
     ASSERT_TRUE(delegate->window());
     EXPECT_EQ(delegate->navigation().pane(), Pane::Voice);
-    EXPECT_TRUE(remote->onCommand({u"open"_s, std::nullopt}));
+    EXPECT_EQ(remote->onCommand({u"open"_s, std::nullopt}), RemoteOutcome::Done);
     EXPECT_EQ(delegate->navigation().pane(), Pane::Voice);
     delegate->window()->close();
-    EXPECT_FALSE(remote->onCommand({u"open"_s, u"cellar"_s}));
+    EXPECT_EQ(remote->onCommand({u"open"_s, u"cellar"_s}), RemoteOutcome::Unknown);
     EXPECT_FALSE(delegate->window()->isVisible());
     remote->onActivate();
     EXPECT_TRUE(delegate->window()->isVisible());

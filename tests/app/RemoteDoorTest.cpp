@@ -17,7 +17,7 @@ namespace {
 
 class RemoteDoorTest : public testing::Test {
 protected:
-    bool tell(const char *action, std::optional<QString> text = std::nullopt) {
+    RemoteOutcome tell(const char *action, std::optional<QString> text = std::nullopt) {
         return service.onCommand({QString::fromUtf8(action), std::move(text)});
     }
 
@@ -36,7 +36,7 @@ TEST_F(RemoteDoorTest, PostsEachCommandAsTheMenuAndTheWindowDo) {
                                                               {"mute", "/mute"},     {"new", "/new"},
                                                               {"act", "/act"},       {"clear-draft", "/draft/clear"}};
     for (const auto &[action, target] : commands) {
-        EXPECT_TRUE(tell(action)) << action;
+        EXPECT_EQ(tell(action), RemoteOutcome::Done) << action;
         EXPECT_TRUE(test::eventually([&, wanted = target] { return backend.count(wanted) == 1; })) << target;
         EXPECT_EQ(backend.last(target)->method(), "POST");
         EXPECT_EQ(backend.last(target)->body(), "");
@@ -44,17 +44,32 @@ TEST_F(RemoteDoorTest, PostsEachCommandAsTheMenuAndTheWindowDo) {
 }
 
 TEST_F(RemoteDoorTest, SaysATextWithoutTheBlanksAroundIt) {
-    EXPECT_TRUE(tell("say", QStringLiteral(" olá \n")));
+    EXPECT_EQ(tell("say", QStringLiteral(" olá \n")), RemoteOutcome::Done);
     EXPECT_TRUE(test::eventually([&] { return backend.count("/say") == 1; }));
     EXPECT_EQ(backend.last("/say")->body(), QStringLiteral("{\"text\":\"olá\"}").toUtf8());
 }
 
+TEST_F(RemoteDoorTest, RefusesWhatIsTooMuchUntilTheBackendHasAnswered) {
+    backend.hang("/listen");
+    int sent = 0;
+    while (tell("listen") == RemoteOutcome::Done)
+        ASSERT_LT(++sent, 1000);
+    EXPECT_EQ(tell("stop"), RemoteOutcome::Busy);
+    EXPECT_EQ(tell("say", QStringLiteral("oi")), RemoteOutcome::Busy);
+    EXPECT_EQ(tell("dance"), RemoteOutcome::Unknown);
+    ASSERT_TRUE(test::eventually([&] { return backend.count("/listen") == sent; }));
+    backend.last("/listen")->reply("{}");
+    EXPECT_TRUE(test::eventually([&] { return tell("stop") == RemoteOutcome::Done; }));
+    EXPECT_TRUE(test::eventually([&] { return backend.count("/stop") == 1; }));
+    EXPECT_EQ(backend.count("/listen"), sent);
+}
+
 TEST_F(RemoteDoorTest, RefusesWhatItDoesNotKnow) {
-    EXPECT_FALSE(tell("dance"));
-    EXPECT_FALSE(tell("say"));
-    EXPECT_FALSE(tell("say", QStringLiteral("  ")));
-    EXPECT_FALSE(tell("say", QString(1024 * 1024 + 1, u'a')));
-    EXPECT_FALSE(tell("settings"));
+    EXPECT_EQ(tell("dance"), RemoteOutcome::Unknown);
+    EXPECT_EQ(tell("say"), RemoteOutcome::Unknown);
+    EXPECT_EQ(tell("say", QStringLiteral("  ")), RemoteOutcome::Unknown);
+    EXPECT_EQ(tell("say", QString(1024 * 1024 + 1, u'a')), RemoteOutcome::Unknown);
+    EXPECT_EQ(tell("settings"), RemoteOutcome::Unknown);
     EXPECT_TRUE(backend.exchanges().empty());
 }
 
@@ -66,11 +81,11 @@ TEST_F(RemoteDoorTest, OpensAndQuitsAsItIsTold) {
         return true;
     };
     door.onQuit = [&] { ++quits; };
-    EXPECT_TRUE(tell("open", QStringLiteral("voice")));
+    EXPECT_EQ(tell("open", QStringLiteral("voice")), RemoteOutcome::Done);
     EXPECT_EQ(opened, QStringLiteral("voice"));
     service.onActivate();
     EXPECT_EQ(opened, std::nullopt);
-    EXPECT_TRUE(tell("quit"));
+    EXPECT_EQ(tell("quit"), RemoteOutcome::Done);
     EXPECT_EQ(quits, 1);
 }
 

@@ -2,6 +2,7 @@
 
 #include <QJsonArray>
 
+#include <algorithm>
 #include <limits>
 
 using namespace palomet;
@@ -147,7 +148,7 @@ TEST_F(CommandsTest, ACommandIsGivenUpAfterThreeSecondsHoweverSlowlyTheReplyDrip
         m_backend.last("/listen")->write("x");
     }
     m_scheduler.advance(999ms);
-    EXPECT_TRUE(m_backend.last("/listen")->isOpen());
+    EXPECT_EQ(m_scheduler.untilNext(), 1ms) << "it is still waited for";
     m_scheduler.advance(1ms);
     EXPECT_TRUE(isRefreshed());
     EXPECT_TRUE(eventually([&] { return !m_backend.last("/listen")->isOpen(); }));
@@ -199,4 +200,42 @@ TEST_F(CommandsTest, ACommandGoesOutAtOnceBesideAnyNumberThatHang) {
     ASSERT_TRUE(hasCome("/say", 10));
     m_model.stop();
     EXPECT_TRUE(hasCome("/stop"));
+}
+
+TEST_F(CommandsTest, OfMoreCommandsThanMayBeOnTheirWayTheLastAreNotSent) {
+    m_backend.hang("/say");
+    constexpr int most = HttpClient::maximumCommands;
+    for (int i = 0; i < most + 10; ++i) {
+        EXPECT_EQ(m_model.isBusy(), i >= most) << i;
+        m_model.say(QString::number(i));
+    }
+    ASSERT_TRUE(hasCome("/say", most));
+    m_scheduler.advance(3s);
+    EXPECT_FALSE(m_model.isBusy());
+    m_backend.serve("/stop", "{}");
+    m_model.stop();
+    EXPECT_TRUE(hasCome("/stop"));
+    EXPECT_EQ(m_backend.count("/say"), most);
+}
+
+TEST_F(CommandsTest, SettingsThatHangLeaveRoomForCommands) {
+    m_backend.hang("/settings");
+    for (int i = 0; i < 100; ++i)
+        m_model.set(QString::number(i), i);
+    EXPECT_EQ(m_model.applying(), QString::number(HttpClient::maximumCommands - 1)) << "the last that was sent";
+    EXPECT_FALSE(m_model.isBusy());
+    m_model.stop();
+    EXPECT_TRUE(hasCome("/stop"));
+}
+
+TEST_F(CommandsTest, CommandsThatHaveEndedLeaveFewConnectionsBehind) {
+    // A backend that keeps its connections open.
+    for (int i = 1; i <= 300; ++i) {
+        m_model.listen();
+        ASSERT_TRUE(hasCome("/listen", i));
+    }
+    EXPECT_TRUE(eventually([&] {
+        const auto all = m_backend.exchanges("/listen");
+        return std::ranges::count_if(all, [](const auto &exchange) { return exchange->isOpen(); }) <= 16;
+    }));
 }

@@ -19,7 +19,9 @@ protected:
         ASSERT_FALSE(bus.address().isEmpty());
         service.onCommand = [this](const RemoteCommand &command) {
             commands.push_back(command);
-            return command.action != QStringLiteral("dance");
+            if (command.action == QStringLiteral("act"))
+                return RemoteOutcome::Busy;
+            return command.action == QStringLiteral("dance") ? RemoteOutcome::Unknown : RemoteOutcome::Done;
         };
         service.onActivate = [this] { ++activations; };
     }
@@ -74,6 +76,9 @@ TEST_F(DBusRemoteTest, SaysWhyACommandWasRefused) {
         const auto problem = client.send({QStringLiteral("dance"), std::nullopt});
         ASSERT_TRUE(problem);
         EXPECT_EQ(problem->reason, QStringLiteral("no such action: dance"));
+        const auto busy = client.send({QStringLiteral("act"), std::nullopt});
+        ASSERT_TRUE(busy);
+        EXPECT_EQ(busy->reason, QStringLiteral("too many commands are waiting for the backend"));
     });
 }
 

@@ -2,6 +2,9 @@
 
 #include "tests/model/ModelTest.h"
 
+#include <QTcpServer>
+#include <QTcpSocket>
+
 #include <algorithm>
 #include <utility>
 #include <vector>
@@ -114,6 +117,27 @@ TEST_P(ReopeningTest, AnEventsNameIsForgottenWithItsStream) {
     EXPECT_EQ(std::ranges::count(m_events, std::pair(QByteArray("level"), QByteArray("2"))), 0);
 }
 
+TEST_P(ReopeningTest, AnEventsNameIsForgottenWithAStreamThatIsBrokenOff) {
+    ASSERT_TRUE(isFollowing("1"));
+    // Its last chunk is missing, so that there is an end which is none.
+    m_backend.on("/events", [](const ScriptedBackend::ExchangePointer &exchange) {
+        exchange->write(
+            "HTTP/1.1 200 OK\r\ntransfer-encoding: chunked\r\n\r\nf\r\nevent: chunked\n\r\n8\r\ndata: 1\n\r\n");
+    });
+    ASSERT_TRUE(hasNoticedTheEnd());
+    m_scheduler.advance(1s);
+    ASSERT_TRUE(eventually(
+        [&] { return !m_events.empty() && m_events.back() == std::pair(QByteArray("chunked"), QByteArray("1")); }));
+    m_backend.on("/events", [](const ScriptedBackend::ExchangePointer &exchange) {
+        exchange->beginEvents();
+        exchange->write("data: 2\n");
+    });
+    ASSERT_TRUE(hasNoticedTheEnd());
+    m_scheduler.advance(1s);
+    EXPECT_TRUE(eventually([&] { return m_events.back().second == "2"; }));
+    EXPECT_EQ(m_events.back().first, QByteArray());
+}
+
 INSTANTIATE_TEST_SUITE_P(Ends, ReopeningTest, ::testing::Values(&test::Exchange::close, &test::Exchange::abort),
                          [](const auto &tested) { return tested.index == 0 ? "Closed" : "Reset"; });
 
@@ -173,10 +197,23 @@ TEST_F(ModelTest, AFloodOfEventsLeavesTheMainThreadToOthersInBetween) {
 
 TEST_F(ModelTest, AFloodThatNobodyReadsWaitsAtTheSender) {
     startAndSettle();
-    // The main thread is this one: while the test does not run the event loop, nobody reads.
-    const QByteArray piece = ": " + QByteArray(64 * 1024, 'x') + "\n";
-    for (int i = 0; i < 512; ++i)
-        m_backend.last("/events")->write(piece);
+    const QByteArray flood = (": " + QByteArray(64 * 1024, 'x') + "\n").repeated(1024);
+    const auto stream = m_backend.last("/events");
+    stream->write(flood);
+    // The main thread is this one: while the test does not run the event loop, nobody reads. That is as long as it
+    // takes to send as much to somebody who does.
+    QTcpServer server;
+    ASSERT_TRUE(server.listen(QHostAddress::LocalHost));
+    QTcpSocket reader;
+    reader.connectToHost(QHostAddress(QHostAddress::LocalHost), server.serverPort());
+    ASSERT_TRUE(server.waitForNewConnection(20'000));
+    auto *sender = server.nextPendingConnection();
+    sender->write(flood);
+    for (qsizetype read = 0; read < flood.size(); read += reader.readAll().size()) {
+        sender->flush();
+        ASSERT_GT(stream->unsent(), flood.size() / 2);
+        ASSERT_TRUE(reader.bytesAvailable() > 0 || reader.waitForReadyRead(20'000));
+    }
     send("level", "0.5");
     EXPECT_EQ(m_model.inLevel(), 0.5);
     EXPECT_EQ(m_backend.count("/events"), 1);

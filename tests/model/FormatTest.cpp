@@ -305,6 +305,15 @@ TEST_F(FormatDay, IsOrderedAsItsRegionDoes) {
     EXPECT_EQ(written(u"ar-EG"_s), u"٠٥/٠٣، ١٧:٠٥"_s);
 }
 
+TEST_F(FormatDay, HasTwoDigitsForAnHourAlsoWhereItsRegionWritesOne) {
+    const double morning = at("2026-03-05T08:05:00", u"UTC"_s);
+    for (const auto &locale : {u"es-ES"_s, u"cs-CZ"_s, u"fi-FI"_s, u"ja-JP"_s}) {
+        load(locale);
+        const auto day = Format::day(morning);
+        EXPECT_TRUE(day.contains(u"08"_s)) << locale.toStdString() << ": " << day.toStdString();
+    }
+}
+
 TEST_F(FormatDay, IsInTheUsersWords) {
     speak("pt-BR");
     load(u"pt-BR"_s, saoPaulo, at("2026-06-15T12:00:00", saoPaulo));

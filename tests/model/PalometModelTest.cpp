@@ -1,5 +1,7 @@
 #include "tests/model/ModelTest.h"
 
+#include <QNetworkProxy>
+
 #include <algorithm>
 
 using namespace palomet;
@@ -280,4 +282,56 @@ TEST_F(ModelTest, MayEndInTheMiddleOfEverything) {
         return std::none_of(m_backend.exchanges().begin(), m_backend.exchanges().end(),
                             [](const auto &exchange) { return exchange->isOpen(); });
     }));
+}
+
+namespace {
+
+/// Sends everything through a proxy that is not asked, as a desktop may be set up to.
+class ProxyOfTheDesktop {
+public:
+    explicit ProxyOfTheDesktop(quint16 port) {
+        QNetworkProxy::setApplicationProxy({QNetworkProxy::HttpProxy, QStringLiteral("127.0.0.1"), port});
+    }
+    ~ProxyOfTheDesktop() { QNetworkProxy::setApplicationProxy(QNetworkProxy::NoProxy); }
+    ProxyOfTheDesktop(const ProxyOfTheDesktop &) = delete;
+    ProxyOfTheDesktop &operator=(const ProxyOfTheDesktop &) = delete;
+};
+
+} // namespace
+
+TEST_F(ModelTest, AsksNoProxy) {
+    ScriptedBackend proxy;
+    const ProxyOfTheDesktop desktop(proxy.port());
+    startAndSettle();
+    m_backend.serve("/listen", "{}");
+    m_backend.serve("/settings", "{}");
+    m_model.listen();
+    m_model.set(QStringLiteral("voiceSpeed"), 1);
+    EXPECT_TRUE(hasCome("/listen"));
+    EXPECT_TRUE(hasCome("/settings"));
+    EXPECT_EQ(proxy.connectionCount(), 0);
+}
+
+TEST_F(ModelTest, KeepsNoCookieAndAsksForNoCompression) {
+    const std::pair<const char *, QByteArray> answers[] = {{"/state", fixture("state/full.json")}, {"/listen", "{}"}};
+    for (const auto &[target, body] : answers) {
+        m_backend.on(target, [body = body](const Exchange &exchange) {
+            exchange->write("HTTP/1.1 200 OK\r\nset-cookie: a=b; Path=/\r\ncontent-length: " +
+                            QByteArray::number(body.size()) + "\r\n\r\n" + body);
+        });
+    }
+    startAndSettle();
+    m_model.listen();
+    ASSERT_TRUE(hasCome("/listen"));
+    m_model.listen();
+    ASSERT_TRUE(hasCome("/listen", 2));
+    m_model.set(QStringLiteral("voiceSpeed"), 1);
+    ASSERT_TRUE(hasCome("/settings"));
+    m_model.refresh();
+    m_scheduler.advance(100ms);
+    ASSERT_TRUE(hasCome("/state", 2));
+    for (const auto &exchange : m_backend.exchanges()) {
+        EXPECT_EQ(exchange->header("cookie"), std::nullopt) << exchange->target().toStdString();
+        EXPECT_EQ(exchange->header("accept-encoding"), "identity") << exchange->target().toStdString();
+    }
 }

@@ -56,6 +56,13 @@ void Exchange::write(const QByteArray &bytes) {
         m_socket->write(bytes);
 }
 
+qint64 Exchange::unsent() {
+    if (!isOpen())
+        return 0;
+    m_socket->flush();
+    return m_socket->bytesToWrite();
+}
+
 void Exchange::close() {
     if (m_socket)
         m_socket->disconnectFromHost();

@@ -40,6 +40,8 @@ public:
     void event(const QByteArray &name, const QByteArray &data);
     /// Any bytes.
     void write(const QByteArray &bytes);
+    /// How much of what was written the system has not taken yet; it is offered once more.
+    [[nodiscard]] qint64 unsent();
     /// What has been written still arrives.
     void close();
     /// The connection is reset.

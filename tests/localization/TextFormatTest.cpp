@@ -110,3 +110,19 @@ TEST(TextFormat, FindsTheDirectivesWithTheirPlaces) {
                                           {Kind::Integer, 11, 3, 1, 0}};
     EXPECT_EQ(directivesOf(u"a%@%%%3$.1f%ld"), expected);
 }
+
+TEST(TextFormat, IsolatesAnArgumentThatTurnsTheDirectionOfWhatStandsBesideIt) {
+    const auto put = [](const QString &argument) {
+        return formatted(u"say “%@” 5"_s, std::array{FormatArgument(argument)}, english);
+    };
+    // Texts that turn nothing are as they are.
+    EXPECT_EQ(put(u"go ahead"_s), u"say “go ahead” 5"_s);
+    EXPECT_EQ(put(u"é🚀\u200e\u200d١"_s), u"say “é🚀\u200e\u200d١” 5"_s);
+    EXPECT_EQ(put(u"שלום"_s), u"say “\u2068שלום\u2069” 5"_s);
+    EXPECT_EQ(put(u"𞤢"_s), u"say “\u2068𞤢\u2069” 5"_s);
+    // What is not ended ends with the argument, and what it did not begin it cannot end.
+    EXPECT_EQ(put(u"\u202Eabc"_s), u"say “\u2068\u202Eabc\u2069” 5"_s);
+    EXPECT_EQ(put(u"\u2067a\u2066b"_s), u"say “\u2068\u2067a\u2066b\u2069\u2069\u2069” 5"_s);
+    EXPECT_EQ(put(u"a\u2069\u202Eb\u2067c\u2069"_s), u"say “\u2068a\u202Eb\u2067c\u2069\u2069” 5"_s);
+    EXPECT_EQ(put(u"\u2067a\nb"_s), u"say “\u2068\u2067a\u2069\u2069\n\u2068b\u2069” 5"_s);
+}

@@ -40,6 +40,29 @@ private:
 };
 
 constexpr int defaultDecimals = 6;
+constexpr QChar firstStrongIsolate(0x2068);
+constexpr QChar popIsolate(0x2069);
+
+bool isIsolate(QChar::Direction direction) {
+    return direction == QChar::DirLRI || direction == QChar::DirRLI || direction == QChar::DirFSI;
+}
+
+/// Whether a character of that kind can turn what stands beside it.
+bool turnsDirection(QChar::Direction direction) {
+    switch (direction) {
+    case QChar::DirR:
+    case QChar::DirAL:
+    case QChar::DirLRE:
+    case QChar::DirLRO:
+    case QChar::DirRLE:
+    case QChar::DirRLO:
+    case QChar::DirPDF:
+    case QChar::DirPDI:
+        return true;
+    default:
+        return isIsolate(direction);
+    }
+}
 
 /// The directive whose "%" stands at `begin`, if it is one. One that names no argument takes the next one, and moves
 /// `next`.
@@ -78,7 +101,7 @@ QString written(const FormatArgument &argument, const Directive &directive, cons
         const Directive &directive;
         const QLocale &locale;
 
-        QString operator()(const QString &text) const { return text; }
+        QString operator()(const QString &text) const { return isolated(text); }
         QString operator()(qint64 number) const { return locale.toString(number); }
         QString operator()(double number) const {
             const bool asksForDecimals = directive.kind == Directive::Kind::Decimal;
@@ -89,6 +112,39 @@ QString written(const FormatArgument &argument, const Directive &directive, cons
 }
 
 } // namespace
+
+QString isolated(const QString &text) {
+    QString result;
+    int open = 0;
+    bool turns = false;
+    const auto close = [&] {
+        while (open > 0) {
+            result += popIsolate;
+            --open;
+        }
+    };
+    for (const char32_t character : text.toUcs4()) {
+        const auto direction = QChar::direction(character);
+        turns = turns || turnsDirection(direction);
+        // An end without a beginning would end ours.
+        if (direction == QChar::DirPDI && open == 0)
+            continue;
+        if (isIsolate(direction))
+            ++open;
+        else if (direction == QChar::DirPDI)
+            --open;
+        if (direction == QChar::DirB) {
+            // Nothing is open beyond a paragraph.
+            close();
+            result += popIsolate;
+        }
+        result += QChar::fromUcs4(character);
+        if (direction == QChar::DirB)
+            result += firstStrongIsolate;
+    }
+    close();
+    return turns ? firstStrongIsolate + result + popIsolate : text;
+}
 
 std::vector<Directive> directivesOf(QStringView text) {
     std::vector<Directive> found;

@@ -30,8 +30,12 @@ struct Directive {
 std::vector<Directive> directivesOf(QStringView text);
 
 /// The text with its arguments put in, numbers as the locale writes them, grouped. Each argument is written as what it
-/// is: a text asked for as a number stays the text. A directive without its argument stays as it stands, an argument
-/// without a directive is left out, and what an argument brings with it is never read as a directive.
+/// is, a text isolated: one asked for as a number stays the text. A directive without its argument stays as it stands,
+/// an argument without a directive is left out, and what an argument brings with it is never read as a directive.
 QString formatted(const QString &text, std::span<const FormatArgument> arguments, const QLocale &locale);
+
+/// The text as a part of another one: it turns the direction of what stands beside it neither by its letters nor by its
+/// marks of direction, complete or not. A text that turns nothing is as it was.
+QString isolated(const QString &text);
 
 } // namespace palomet

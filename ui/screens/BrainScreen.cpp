@@ -2,6 +2,7 @@
 
 #include "model/Format.h"
 #include "ui/localization/Localization.h"
+#include "ui/localization/TextFormat.h"
 
 #include <QJsonArray>
 #include <QPointer>
@@ -19,7 +20,7 @@ const QString absent = QStringLiteral("\u2014");
 QString claudeTitle(const Options::ClaudePath &claude) {
     if (claude.path.isEmpty() && claude.version.isEmpty())
         return absent;
-    return claude.version + QStringLiteral(" \u00B7 ") + claude.path;
+    return isolated(claude.version) + QStringLiteral(" \u00B7 ") + isolated(claude.path);
 }
 
 QJsonArray list(const std::vector<QString> &values) {

@@ -108,6 +108,10 @@ QString Format::device(QString name) {
     name.remove("Microfone do "_L1).remove("Microfone ("_L1).remove("Microphone ("_L1).remove(u')');
     if (name.size() > ending.size() && name.endsWith(ending))
         name.chop(ending.size());
+QString Format::oneLine(const QString &text) {
+    return text.simplified();
+}
+
     return name;
 }
 

@@ -66,5 +66,8 @@ struct Digits {
 [[nodiscard]] QString device(QString name);
 
 } // namespace Format
+/// A text of several lines, or of many blanks, as one line.
+[[nodiscard]] QString oneLine(const QString &text);
+
 
 } // namespace palomet

@@ -11,7 +11,7 @@ QVariant HistoryRows::data(const QModelIndex &index, int role) const {
     case Day:
         return Format::day(summary.startedAt);
     case Question:
-        return summary.firstQuestion;
+        return Format::oneLine(summary.firstQuestion);
     case Detail:
         return QString(L("history.answers", Count{summary.answers}) + QStringLiteral(" \u00B7 ") +
                        Format::usd(summary.costUsd));

@@ -1,5 +1,6 @@
 #include "ui/strip/StripView.h"
 
+#include "model/Format.h"
 #include "ui/strip/StripLine.h"
 
 namespace palomet {
@@ -28,8 +29,7 @@ void StripView::setShown(bool isShown) {
 }
 
 QString StripView::line() const {
-    // One line, whatever was asked.
-    return stripLine(m_model.state(), m_model.snapshot().get(), m_model.spokenLine()).simplified();
+    return Format::oneLine(stripLine(m_model.state(), m_model.snapshot().get(), m_model.spokenLine()));
 }
 
 bool StripView::isStoppable() const {

@@ -1,6 +1,11 @@
+#include "platform/dbus/RemoteNames.h"
 #include "tests/palomet/BackendAtItsPort.h"
 #include "tests/palomet/ProgramTest.h"
 
+#include <QDBusMessage>
+#include <QDBusPendingCallWatcher>
+
+#include <algorithm>
 #include <array>
 
 using namespace palomet;
@@ -81,4 +86,36 @@ TEST_F(MemoryTest, AHugeStateIsForgottenWhenItIsGone) {
         ASSERT_TRUE(isShown("waiting"));
         EXPECT_TRUE(fallsBelow(atFirst + 40 * mebibyte));
     }
+}
+
+TEST_F(MemoryTest, TenThousandCommandsAtOnceAreRefusedBeyondALimitAndLeaveLittleBehind) {
+    const auto atFirst = resident();
+    const auto bus = desktop.bus.connect();
+    int done = 0;
+    int refused = 0;
+    auto action = QDBusMessage::createMethodCall(remoteNames::service, remoteNames::path, remoteNames::application,
+                                                 u"ActivateAction"_s);
+    action.setArguments({u"listen"_s, QVariantList(), QVariantMap()});
+    QObject calls;
+    for (int call = 0; call < 10'000; ++call) {
+        auto *watcher = new QDBusPendingCallWatcher(bus.asyncCall(action), &calls);
+        QObject::connect(watcher, &QDBusPendingCallWatcher::finished, &calls, [&done, &refused, watcher] {
+            if (!watcher->isError())
+                ++done;
+            else if (watcher->error().type() == QDBusError::LimitsExceeded)
+                ++refused;
+        });
+    }
+    qsizetype most = 0;
+    EXPECT_TRUE(eventually(
+        [&] {
+            most = std::max(most, test::descriptorsOf(program.processId()).size());
+            return done + refused == 10'000;
+        },
+        60s))
+        << done << " done, " << refused << " refused";
+    EXPECT_GT(refused, 0);
+    EXPECT_TRUE(eventually([&] { return backend.http.count("/listen") == done; })) << done;
+    EXPECT_LT(most, 200);
+    EXPECT_TRUE(fallsBelow(atFirst + 12 * mebibyte));
 }

@@ -81,6 +81,11 @@ QString Format::day(double ms) {
     return region.dayAndHour(ms);
 }
 
+std::chrono::milliseconds Format::offset(std::chrono::system_clock::time_point instant) {
+    const auto ms = std::chrono::duration_cast<std::chrono::milliseconds>(instant.time_since_epoch());
+    return std::chrono::milliseconds(static_cast<qint64>(formatters().offset(static_cast<double>(ms.count()))));
+}
+
 QString Format::since(double ms, std::chrono::system_clock::time_point now) {
     const double seconds = std::chrono::duration<double>(now.time_since_epoch()).count() - ms / 1000;
     // Also for what is no number.
@@ -103,15 +108,15 @@ QString Format::model(QString id) {
     return pieces.isEmpty() ? name : name + u' ' + pieces.join(u'.');
 }
 
+QString Format::oneLine(const QString &text) {
+    return text.simplified();
+}
+
 QString Format::device(QString name) {
     constexpr auto ending = " Microphone"_L1;
     name.remove("Microfone do "_L1).remove("Microfone ("_L1).remove("Microphone ("_L1).remove(u')');
     if (name.size() > ending.size() && name.endsWith(ending))
         name.chop(ending.size());
-QString Format::oneLine(const QString &text) {
-    return text.simplified();
-}
-
     return name;
 }
 

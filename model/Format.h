@@ -17,7 +17,7 @@ struct Region {
     /// Language tags, "pt-BR"; their Unicode extensions choose digits ("-u-nu-deva") and calendar ("-u-ca-buddhist").
     QString numbers;
     QString dates;
-    /// A zone's name, "America/Sao_Paulo"; empty for the one that the system is set to.
+    /// A zone's name, "America/Sao_Paulo"; empty for the one that the system is set to, and follows when that changes.
     QString timeZone;
     /// What "today" is asked of.
     std::function<std::chrono::system_clock::time_point()> clock = &std::chrono::system_clock::now;
@@ -26,7 +26,8 @@ struct Region {
 /// The user's region: by LC_ALL, else LC_NUMERIC or LC_TIME, else LANG; English where none names a language.
 [[nodiscard]] Region systemRegion();
 
-/// Makes the formatters. They know nothing but the region given: no later change of the environment reaches them.
+/// Makes the formatters. They know nothing but the region given: but for the system's time zone, no later change of the
+/// environment reaches them.
 /// Without it the first text is written for the user's region. Called again, it replaces the region (tests do).
 void load(Region region);
 
@@ -56,18 +57,21 @@ struct Digits {
 /// "Today 17:05", "Yesterday 17:05", else day, month and hour as the region orders them.
 [[nodiscard]] QString day(double ms);
 
+/// How far the region's clocks are ahead of UTC. When that is not what it was, hours and days are to be written again.
+[[nodiscard]] std::chrono::milliseconds offset(std::chrono::system_clock::time_point instant);
+
 /// How long ago an instant was: a moment, minutes, or hours however many. What lies ahead is a moment ago.
 [[nodiscard]] QString since(double ms, std::chrono::system_clock::time_point now);
 
 /// A language model by its id: "claude-sonnet-4-5" is "Sonnet 4.5".
 [[nodiscard]] QString model(QString id);
 
+/// A text of several lines, or of many blanks, as one line.
+[[nodiscard]] QString oneLine(const QString &text);
+
 /// An input device without the words that say that it is a microphone: "Microphone (USB Audio)" is "USB Audio".
 [[nodiscard]] QString device(QString name);
 
 } // namespace Format
-/// A text of several lines, or of many blanks, as one line.
-[[nodiscard]] QString oneLine(const QString &text);
-
 
 } // namespace palomet

@@ -45,8 +45,10 @@ std::unique_ptr<icu::SimpleDateFormat> dateFormat(const icu::UnicodeString &patt
     return format;
 }
 
-QTimeZone zoneOf(const QString &name) {
-    const auto zone = name.isEmpty() ? QTimeZone::systemTimeZone() : QTimeZone(name.toLatin1());
+std::optional<QTimeZone> zoneOf(const QString &name) {
+    if (name.isEmpty())
+        return std::nullopt;
+    const QTimeZone zone(name.toLatin1());
     return zone.isValid() ? zone : QTimeZone::utc();
 }
 
@@ -101,8 +103,16 @@ QString RegionFormatters::written(const std::unique_ptr<icu::SimpleDateFormat> &
 std::optional<double> RegionFormatters::localTime(double ms) const {
     if (!(std::abs(ms) <= farthest))
         return std::nullopt;
-    const auto instant = QDateTime::fromMSecsSinceEpoch(static_cast<qint64>(std::floor(ms)), Qt::UTC);
-    return ms + 1000.0 * m_zone.offsetFromUtc(instant);
+    return ms + offset(ms);
+}
+
+double RegionFormatters::offset(double ms) const {
+    const auto whole = static_cast<qint64>(std::floor(ms));
+    if (m_zone)
+        return 1000.0 * m_zone->offsetFromUtc(QDateTime::fromMSecsSinceEpoch(whole, Qt::UTC));
+    // Looks each time whether the system is set to another zone: a traveller's program is not started again.
+    const auto local = QDateTime::fromMSecsSinceEpoch(whole, Qt::LocalTime);
+    return static_cast<double>(QDateTime(local.date(), local.time(), Qt::UTC).toMSecsSinceEpoch() - whole);
 }
 
 } // namespace palomet

@@ -31,13 +31,16 @@ public:
     /// How many days of the calendar today lies behind the instant's day; none for what is no instant.
     [[nodiscard]] std::optional<int> daysAgo(double ms) const;
 
+    /// How far the zone's clocks are ahead of UTC at an instant, in milliseconds.
+    [[nodiscard]] double offset(double ms) const;
+
 private:
     [[nodiscard]] QString written(const std::unique_ptr<icu::SimpleDateFormat> &format, double ms) const;
     /// What the zone's clocks show at an instant, as if it were UTC.
     [[nodiscard]] std::optional<double> localTime(double ms) const;
 
     Format::Region m_region;
-    QTimeZone m_zone;
+    std::optional<QTimeZone> m_zone; ///< None for the one that the system is set to, whichever that is by now.
     icu::Locale m_numberLocale;
     std::vector<std::pair<Format::Digits, icu::number::LocalizedNumberFormatter>> m_numbers;
     std::unique_ptr<icu::SimpleDateFormat> m_clock;

@@ -453,3 +453,41 @@ TEST_F(FormatRegion, OfNoLanguageStillWrites) {
     EXPECT_EQ(Format::clock(0), u"00:00"_s);
     EXPECT_FALSE(Format::day(-1e12).isEmpty());
 }
+
+TEST_F(FormatRegion, FollowsTheSystemsTimeZone) {
+    const EnvironmentVariable language("LC_ALL", "en_US.UTF-8");
+    Format::load(Format::systemRegion());
+    const auto clockIn = [](const char *zone) {
+        const EnvironmentVariable variable("TZ", zone);
+        EXPECT_EQ(Format::offset(instant(0)).count() % 86'400'000,
+                  QTime(0, 0).msecsTo(QTime::fromString(Format::clock(0), u"hh:mm"_s)));
+        return Format::clock(0);
+    };
+    EXPECT_EQ(clockIn("Asia/Kolkata"), u"05:30"_s);
+    EXPECT_EQ(clockIn("Europe/Berlin"), u"01:00"_s);
+    EXPECT_EQ(clockIn(":Asia/Kolkata"), u"05:30"_s);
+    EXPECT_EQ(clockIn("/usr/share/zoneinfo/Europe/Berlin"), u"01:00"_s);
+    EXPECT_EQ(clockIn(":/usr/share/zoneinfo/Asia/Kolkata"), u"05:30"_s);
+    EXPECT_EQ(clockIn("XYZ-3"), u"03:00"_s);
+    EXPECT_EQ(clockIn("Nowhere/At_All"), u"00:00"_s);
+}
+
+TEST_F(FormatRegion, OfTheSystemGoesOverTheHourThatIsLeftOutOrDoneTwice) {
+    const EnvironmentVariable zone("TZ", "America/New_York");
+    Format::load({.numbers = u"en-US"_s, .dates = u"en-US"_s, .timeZone = {}});
+    const double spring = at("2026-03-08T06:59:00", u"UTC"_s);
+    EXPECT_EQ(Format::clock(spring), u"01:59"_s);
+    EXPECT_EQ(Format::clock(spring + 60'000), u"03:00"_s);
+    const double autumn = at("2026-11-01T05:59:00", u"UTC"_s);
+    EXPECT_EQ(Format::clock(autumn), u"01:59"_s);
+    EXPECT_EQ(Format::clock(autumn + 60'000), u"01:00"_s);
+    EXPECT_EQ(Format::clock(autumn + 3'660'000), u"02:00"_s);
+    EXPECT_FALSE(Format::day(8.64e15).isEmpty());
+    EXPECT_FALSE(Format::day(-8.64e15).isEmpty());
+}
+
+TEST_F(Format_, FoldsATextOfSeveralLinesIntoOne) {
+    EXPECT_EQ(Format::oneLine(u" one\n two\r\n\tthree\u2028four \n"_s), u"one two three four"_s);
+    EXPECT_EQ(Format::oneLine(u"one"_s), u"one"_s);
+    EXPECT_EQ(Format::oneLine(u" \n "_s), QString());
+}

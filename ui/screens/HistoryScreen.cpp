@@ -36,13 +36,13 @@ void HistoryScreen::updateAll() {
 }
 
 void HistoryScreen::updateDay() {
-    const auto milliseconds =
-        std::chrono::duration_cast<std::chrono::milliseconds>(model().now().time_since_epoch()).count();
-    const auto today = QDateTime::fromMSecsSinceEpoch(milliseconds).date();
-    if (m_today == today)
+    const auto offset = Format::offset(model().now());
+    const auto today = std::chrono::floor<std::chrono::days>(model().now() + offset);
+    if (m_offset == offset && m_today == today)
         return;
+    m_offset = offset;
     m_today = today;
-    // At midnight, today becomes yesterday.
+    // At midnight, today becomes yesterday; in another time zone, every hour another.
     m_rows.touch({HistoryRows::Day});
 }
 

@@ -3,8 +3,9 @@
 #include "ui/screens/RowModel.h"
 #include "ui/screens/Screen.h"
 
-#include <QDate>
 #include <QtQml/qqml.h>
+
+#include <chrono>
 
 namespace palomet {
 
@@ -38,7 +39,8 @@ private:
     void updateDay();
 
     HistoryRows m_rows;
-    QDate m_today;
+    std::chrono::milliseconds m_offset{0};
+    std::chrono::sys_days m_today;
 };
 
 } // namespace palomet

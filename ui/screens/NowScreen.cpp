@@ -12,6 +12,7 @@ NowScreen::NowScreen(PalometModel &model)
     follow(&PalometModel::nowChanged, [this] {
         updateShown();
         updateHeard();
+        updateClocks();
     });
     follow(&PalometModel::inLevelChanged, [this] {
         if (this->model().state() == LoopState::Hearing)
@@ -74,6 +75,16 @@ void NowScreen::updateShown() {
 void NowScreen::updateHeard() {
     using Milliseconds = std::chrono::duration<double, std::milli>;
     m_heardRows.show(snapshot(), Milliseconds(model().now().time_since_epoch()).count());
+}
+
+void NowScreen::updateClocks() {
+    const auto offset = Format::offset(model().now());
+    if (m_offset == offset)
+        return;
+    m_offset = offset;
+    m_rows.touch({ConversationRows::Clock});
+    m_draftRows.touch({DraftRows::Clock});
+    m_heardRows.touch({HeardRows::Clock});
 }
 
 QString NowScreen::noteOf(LoopState state) const {

@@ -5,6 +5,8 @@
 
 #include <QtQml/qqml.h>
 
+#include <chrono>
+
 namespace palomet {
 
 /// The live view of the voice loop: what the now pane shows, and the request that is typed there, the one thing that it
@@ -113,12 +115,15 @@ private:
     [[nodiscard]] QString noteOf(LoopState state) const;
     void updateShown();
     void updateHeard();
+    /// In another time zone, every hour is another.
+    void updateClocks();
 
     Shown m_shown;
     ConversationRows m_rows;
     DraftRows m_draftRows;
     HeardRows m_heardRows;
     QString m_draft;
+    std::chrono::milliseconds m_offset{0};
 };
 
 } // namespace palomet

@@ -57,6 +57,30 @@ TEST_F(HistoryScreenTest, ShowsConversationsThatShareAnId) {
     EXPECT_EQ(screen.rows()->rowCount(), 3);
 }
 
+TEST_F(HistoryScreenTest, ShowsAQuestionOfSeveralLinesAsOne) {
+    auto folded = summary(1, 0);
+    folded.firstQuestion = QStringLiteral("What is\n\n  this,\r\nand that?\n");
+    set({folded});
+    EXPECT_EQ(shown(0, HistoryRows::Question), QStringLiteral("What is this, and that?"));
+}
+
+TEST_F(HistoryScreenTest, TellsTheHoursOfTheZoneThatATravellerHasComeTo) {
+    set({summary(1, 0)});
+    int changes = 0;
+    QObject::connect(screen.rows(), &QAbstractItemModel::dataChanged, &screen,
+                     [&](const auto &, const auto &, const QList<int> &roles) {
+                         changes += roles.contains(HistoryRows::Day) ? 1 : 0;
+                     });
+    model().start();
+    scheduler().advance(std::chrono::seconds{1});
+    EXPECT_EQ(changes, 0);
+    const Journey journey(QStringLiteral("Asia/Kolkata"));
+    scheduler().advance(std::chrono::seconds{1});
+    EXPECT_EQ(changes, 1);
+    EXPECT_TRUE(shown(0, HistoryRows::Day).endsWith(QStringLiteral("13:30")))
+        << shown(0, HistoryRows::Day).toStdString();
+}
+
 TEST_F(HistoryScreenTest, ShowsDaysOf1970AndOfTheYear3000) {
     set({summary(1, 0, 0), summary(1, 0, 32'503'680'000'000)});
     EXPECT_EQ(shown(0, HistoryRows::Day), QStringLiteral("01/01, 00:00"));

@@ -5,6 +5,8 @@
 
 #include <QSignalSpy>
 
+#include <set>
+
 using namespace palomet;
 using namespace palomet::test;
 
@@ -214,4 +216,20 @@ TEST_F(NowScreenTest, AnnouncesOnlyTheLevelThatItShows) {
     stream()->event("level", "0.5");
     ASSERT_TRUE(eventually([&] { return model().inLevel() == 0.5; }));
     EXPECT_EQ(announced.count(), 1) << "none while it cannot be seen";
+}
+
+TEST_F(NowScreenTest, TellsTheHoursOfTheZoneThatATravellerHasComeTo) {
+    setFull();
+    model().start();
+    std::set<QAbstractItemModel *> changed;
+    for (auto *rows : {screen.rows(), screen.draftRows(), screen.heardRows()}) {
+        QObject::connect(rows, &QAbstractItemModel::dataChanged, &screen, [&changed, rows] { changed.insert(rows); });
+    }
+    const auto clock = [&] { return screen.rows()->index(0, 0).data(ConversationRows::Clock).toString(); };
+    EXPECT_EQ(clock(), QStringLiteral("19:46"));
+    const Journey journey(QStringLiteral("Asia/Kolkata"));
+    scheduler().advance(std::chrono::seconds{1});
+    EXPECT_EQ(clock(), QStringLiteral("01:16"));
+    EXPECT_TRUE(changed.contains(screen.rows()));
+    EXPECT_TRUE(changed.contains(screen.draftRows()));
 }

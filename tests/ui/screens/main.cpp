@@ -1,4 +1,4 @@
-#include "model/Format.h"
+#include "tests/ui/support/UiTest.h"
 #include "ui/kit/Kit.h"
 #include "ui/localization/Localization.h"
 
@@ -16,12 +16,7 @@ int main(int argc, char **argv) {
     const auto resources = QStringLiteral(PALOMET_BINARY_DIR "/resources");
     palomet::Kit::registerFonts(resources);
     palomet::Localization::load(resources, {QStringLiteral("en")});
-    palomet::Format::load(
-        {.numbers = QStringLiteral("en"),
-         .dates = QStringLiteral("en"),
-         .timeZone = QStringLiteral("UTC"),
-         // The clock of ManualScheduler: 2027-01-15, 08:00.
-         .clock = [] { return std::chrono::system_clock::time_point(std::chrono::seconds{1'800'000'000}); }});
+    palomet::Format::load(palomet::test::regionOf(QStringLiteral("UTC")));
     ::testing::InitGoogleTest(&argc, argv);
     return RUN_ALL_TESTS();
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "model/Documents.h"
+#include "model/Format.h"
 #include "model/PalometModel.h"
 #include "tests/support/Eventually.h"
 #include "tests/support/Fixture.h"
@@ -27,6 +28,23 @@ public:
     row.text = text;
     return row;
 }
+
+/// Whose numbers and hours the tests of the screens show, at the hour of ManualScheduler's clock: 2027-01-15, 08:00
+/// UTC.
+[[nodiscard]] inline Format::Region regionOf(const QString &timeZone) {
+    return {.numbers = QStringLiteral("en"), .dates = QStringLiteral("en"), .timeZone = timeZone, .clock = [] {
+                return std::chrono::system_clock::time_point(std::chrono::seconds{1'800'000'000});
+            }};
+}
+
+/// While this lives, the user is in another time zone than UTC.
+class Journey {
+public:
+    explicit Journey(const QString &timeZone) { Format::load(regionOf(timeZone)); }
+    ~Journey() { Format::load(regionOf(QStringLiteral("UTC"))); }
+    Journey(const Journey &) = delete;
+    Journey &operator=(const Journey &) = delete;
+};
 
 /// A model that shows what the test gives it, a backend that notes what it is told, and a clock that the test moves.
 class UiTest : public ::testing::Test {

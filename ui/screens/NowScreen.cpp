@@ -50,7 +50,7 @@ void NowScreen::setDraft(const QString &draft) {
 
 void NowScreen::send() {
     const auto text = m_draft.trimmed();
-    if (text.isEmpty())
+    if (text.isEmpty() || model().isBusy())
         return;
     model().say(text);
     setDraft({});

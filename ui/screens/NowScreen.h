@@ -72,7 +72,7 @@ public:
     [[nodiscard]] const QString &draft() const { return m_draft; }
     void setDraft(const QString &draft);
 
-    /// Sends the typed text and empties the field; blank text stays where it is.
+    /// Sends the typed text and empties the field; blank text stays where it is, and all of it while the model is busy.
     Q_INVOKABLE void send();
     Q_INVOKABLE void act() { model().act(); }
     Q_INVOKABLE void clearDraft() { model().clearDraft(); }

@@ -173,6 +173,18 @@ TEST_F(NowScreenTest, IgnoresABlankRequestAndLeavesItInPlace) {
     EXPECT_EQ(backend().count("/say"), 1);
 }
 
+TEST_F(NowScreenTest, KeepsARequestThatCannotBeSentYet) {
+    backend().hang("/say");
+    while (!model().isBusy())
+        model().say(QStringLiteral("again"));
+    screen.setDraft(QStringLiteral("run the tests"));
+    screen.send();
+    EXPECT_EQ(screen.draft(), QStringLiteral("run the tests"));
+    scheduler().advance(std::chrono::seconds{3});
+    screen.send();
+    EXPECT_EQ(screen.draft(), QString());
+}
+
 TEST_F(NowScreenTest, KeepsWhatIsBeingTypedThroughSnapshotsAndOtherPanes) {
     screen.setDraft(QStringLiteral("half a requ"));
     setFull();

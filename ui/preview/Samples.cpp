@@ -100,7 +100,8 @@ QJsonObject state(double clock) {
             {u"session"_qs, QJsonObject{{u"model"_qs, u"claude-haiku-5-5"_qs},
                                         {u"claudePath"_qs, u"/home/user/.local/bin/claude"_qs},
                                         {u"claudeVersion"_qs, u"2.1.0"_qs},
-                                        {u"startedAt"_qs, clock - 42 * minute},
+                                        // A little more: whole minutes are counted, and a fraction is soon lost.
+                                        {u"startedAt"_qs, clock - 42 * minute - 5 * second},
                                         {u"isReady"_qs, true}}},
             {u"heard"_qs, heard},
             {u"draft"_qs, draft},

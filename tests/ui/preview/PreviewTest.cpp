@@ -154,3 +154,14 @@ TEST_F(PreviewTest, SaysWhyAPictureCannotBeWritten) {
     ASSERT_FALSE(failed);
     EXPECT_TRUE(failed.reason().startsWith(path)) << failed.reason().toStdString();
 }
+
+TEST_F(PreviewTest, SaysTheSameMinutesWhateverTheFractionOfTheMillisecond) {
+    for (int step = 0; step < 1000; ++step) {
+        const auto clock = 1'800'000'000'000.0 + step * 1.037;
+        const auto snapshot = decodeSnapshot(Preview::documents(clock).state);
+        ASSERT_TRUE(snapshot);
+        const auto minutes = (clock - snapshot->session.startedAt) / 60'000;
+        ASSERT_GT(minutes, 42.01);
+        ASSERT_LT(minutes, 42.5);
+    }
+}

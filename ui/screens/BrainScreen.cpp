@@ -18,9 +18,10 @@ const QString absent = QStringLiteral("\u2014");
 
 /// The version first: a path that is too long is cut in its middle.
 QString claudeTitle(const Options::ClaudePath &claude) {
-    if (claude.path.isEmpty() && claude.version.isEmpty())
-        return absent;
-    return isolated(claude.version) + QStringLiteral(" \u00B7 ") + isolated(claude.path);
+    if (claude.path.isEmpty())
+        return claude.version.isEmpty() ? absent : isolated(claude.version);
+    return claude.version.isEmpty() ? isolated(claude.path)
+                                    : isolated(claude.version) + QStringLiteral(" \u00B7 ") + isolated(claude.path);
 }
 
 QJsonArray list(const std::vector<QString> &values) {

@@ -195,3 +195,13 @@ TEST_F(BrainScreenTest, AbbreviatesTheHomeFolderAndNothingElse) {
     EXPECT_EQ(titlesOf(screen->folders(), FolderRows::Title), words("~/site /srv"));
     EXPECT_EQ(titlesOf(screen->folders(), FolderRows::Folder), words("/home/ana/site /srv"));
 }
+
+TEST_F(BrainScreenTest, NamesWhatItKnowsOfAnExecutableWithoutAVersionOrAPath) {
+    Options options;
+    options.claudePaths = {{.path = QStringLiteral("/usr/bin/claude"), .version = {}},
+                           {.path = {}, .version = QStringLiteral("2.1.0")}};
+    model().setOptions(options);
+    setFull([](Snapshot &snapshot) { snapshot.settings.claudePath = QStringLiteral("/usr/bin/claude"); });
+    EXPECT_EQ(titles(*screen->claude()), (QStringList{QStringLiteral("/usr/bin/claude"), QStringLiteral("2.1.0")}));
+    EXPECT_EQ(screen->claude()->value(), QStringLiteral("/usr/bin/claude"));
+}

@@ -23,10 +23,16 @@ Column {
             note: root.screen.stateNote
             spoken: root.screen.stateWord
 
-            StateGlyph {
-                anchors.verticalCenter: parent.verticalCenter
-                loopState: root.screen.loopState
-                level: root.screen.level
+            // As wide as the widest glyph: the word stays where it is.
+            Item {
+                width: 23
+                height: parent.height
+
+                StateGlyph {
+                    anchors.verticalCenter: parent.verticalCenter
+                    loopState: root.screen.loopState
+                    level: root.screen.level
+                }
             }
             ZenDisplay {
                 text: root.screen.stateWord

@@ -1,6 +1,6 @@
 import QtQuick
 
-// The thumb at a view's right edge; it can be dragged.
+// The strip at a view's right edge with its thumb, which can be dragged; a press beside the thumb brings it there.
 MouseArea {
     id: root
 
@@ -10,27 +10,38 @@ MouseArea {
     required property real view
     readonly property real room: view - 2 * Zen.space1
     readonly property real length: Math.max(Zen.space5, Math.round(room * view / (way + view)))
+    readonly property real start: Zen.space1 + Math.round((room - length) * travelled / way)
+    // Where the thumb is held, from its top.
     property real grip
 
     signal moved(position: real)
 
-    y: Zen.space1 + Math.round((room - length) * travelled / way)
+    function bring(y: real): void {
+        moved((y - grip - Zen.space1) / (room - length) * way);
+    }
+
     width: 3 * Zen.space1
-    height: length
+    height: view
     visible: way > 0.5
     hoverEnabled: true
     preventStealing: true
-    onPressed: event => grip = event.y
+    onPressed: event => {
+        const isOnThumb = event.y >= start && event.y < start + length;
+        grip = isOnThumb ? event.y - start : length / 2;
+        if (!isOnThumb)
+            bring(event.y);
+    }
     onPositionChanged: event => {
         if (pressed)
-            moved((y + event.y - grip - Zen.space1) / (room - length) * way);
+            bring(event.y);
     }
     Accessible.ignored: true
 
     SoftBox {
-        x: Zen.space1
+        x: root.width - 2 * Zen.space1
+        y: root.start
         width: Zen.space1
-        height: root.height
+        height: root.length
         radius: Zen.radiusFull
         color: root.containsMouse || root.pressed ? Zen.gray4 : Zen.gray3
     }

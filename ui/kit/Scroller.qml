@@ -1,32 +1,48 @@
 import QtQuick
 import Palomet.Kit
 
-// Scrolls a view that does not scroll by itself: by wheel, by touch, by keys, and so that what has the focus can be seen;
-// and draws the thumb, when there is more than fits. It keeps the view within its content.
+// Scrolls a view that does not scroll by itself: by wheel, by touch, by keys, and so that what has the focus can be seen,
+// with its whole row; and draws the thumb, when there is more than fits. It keeps the view within its content.
 Item {
     id: root
 
     required property Flickable flickable
     // How far a notch of the wheel and an arrow key go.
-    readonly property int step: 3 * 21
+    property int step: 3 * 21
+    // The view comes to rest only so many points apart.
+    property int grain: 1
+    // How wide the strip is that the thumb stands in.
+    property alias reach: thumb.width
     readonly property real first: flickable.originY - flickable.topMargin
     readonly property real last: Math.max(first, flickable.originY + flickable.contentHeight + flickable.bottomMargin - flickable.height)
     readonly property bool isScrolled: flickable.contentY > first
 
     // Whether the user last scrolled to the end, as far as it was known then.
     property bool isEndWanted: false
+    // Where the view would stand if it could anywhere: what a touchpad gives bit by bit adds up.
+    property real wanted: 0
+    // What has the focus and is kept in view until the user scrolls: the page may be laid out after it was reached.
+    property Item reached: null
 
-    // The user scrolled.
+    // The user scrolled, or what has the focus was brought into view.
     signal scrolled
 
     function scrollTo(y: real): void {
-        flickable.contentY = Math.max(first, Math.min(last, Math.round(y)));
+        wanted = Math.max(first, Math.min(last, y));
+        const rest = grain > 1 ? first + Math.round((wanted - first) / grain) * grain : Math.round(wanted);
+        flickable.contentY = Math.max(first, Math.min(last, rest));
+    }
+
+    function bringTo(y: real): void {
+        isEndWanted = y >= last;
+        scrollTo(y);
+        scrolled();
     }
 
     function scrollBy(distance: real): void {
-        isEndWanted = flickable.contentY + distance >= last;
-        scrollTo(flickable.contentY + distance);
-        scrolled();
+        reached = null;
+        const isAtWanted = Math.abs(wanted - flickable.contentY) <= grain / 2;
+        bringTo((isAtWanted ? wanted : flickable.contentY) + distance);
     }
 
     // What a key asks of the view; false where the key means nothing to it.
@@ -44,30 +60,41 @@ Item {
     }
 
     function reveal(item: Item): void {
+        const margin = Zen.space5;
+        let whole = item;
         for (let ancestor = item; ancestor !== flickable.contentItem; ancestor = ancestor.parent) {
             if (!ancestor)
                 return;
+            if (ancestor instanceof ZenRow && ancestor.height + 2 * margin <= flickable.height)
+                whole = ancestor;
         }
-        const margin = Zen.space5;
-        const top = item.mapToItem(flickable.contentItem, 0, 0).y - margin;
-        const bottom = top + item.height + 2 * margin;
+        const top = whole.mapToItem(flickable.contentItem, 0, 0).y - margin;
+        const bottom = top + whole.height + 2 * margin;
         if (top < flickable.contentY)
-            scrollBy(top - flickable.contentY);
+            bringTo(top);
         else if (bottom > flickable.contentY + flickable.height)
-            scrollBy(bottom - flickable.height - flickable.contentY);
+            bringTo(bottom - flickable.height);
     }
 
     anchors.fill: flickable
     // Later, for scrolling a list makes rows, and their heights change where its content ends.
     onFirstChanged: settling.restart()
     onLastChanged: settling.restart()
-    Window.onActiveFocusItemChanged: if (Window.activeFocusItem) reveal(Window.activeFocusItem)
+    Window.onActiveFocusItemChanged: {
+        reached = Window.activeFocusItem;
+        if (reached)
+            reveal(reached);
+    }
 
     Timer {
         id: settling
 
         interval: 0
-        onTriggered: root.scrollTo(root.flickable.contentY)
+        onTriggered: {
+            root.scrollTo(root.flickable.contentY);
+            if (root.reached)
+                root.reveal(root.reached);
+        }
     }
     WheelHandler {
         target: null
@@ -83,10 +110,15 @@ Item {
         onTranslationChanged: if (active) root.scrollBy(from - translation.y - root.flickable.contentY)
     }
     ScrollThumb {
+        id: thumb
+
         x: root.width - width
         way: root.last - root.first
         travelled: root.flickable.contentY - root.first
         view: root.height
-        onMoved: position => root.scrollBy(root.first + position - root.flickable.contentY)
+        onMoved: position => {
+            root.reached = null;
+            root.bringTo(root.first + position);
+        }
     }
 }

@@ -4,6 +4,9 @@ import QtQuick
 ZenText {
     id: root
 
+    // What its tip must not cover; without one, it stands under the text.
+    property Item tipBeside: null
+
     elide: Text.ElideRight
     maximumLineCount: 1
 
@@ -14,6 +17,7 @@ ZenText {
     }
     ToolTip {
         text: root.text
+        beside: root.tipBeside
         isWanted: pointer.hovered && root.truncated
     }
 }

@@ -14,6 +14,11 @@ bool broughtByKeyboard(Qt::FocusReason reason) {
     return reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason || reason == Qt::ShortcutFocusReason;
 }
 
+/// What slides under a pointer at rest is entered, too.
+bool isMove(const QHoverEvent &event) {
+    return event.oldPosF() != event.position();
+}
+
 } // namespace
 
 Pressable::Pressable(QQuickItem *parent)
@@ -47,6 +52,13 @@ void Pressable::setReached(bool isReached) {
 void Pressable::hoverEnterEvent(QHoverEvent *event) {
     setPointed(true);
     event->accept();
+    if (isMove(*event))
+        Q_EMIT pointerMoved();
+}
+
+void Pressable::hoverMoveEvent(QHoverEvent *event) {
+    if (isMove(*event))
+        Q_EMIT pointerMoved();
 }
 
 void Pressable::hoverLeaveEvent(QHoverEvent *event) {
@@ -59,17 +71,22 @@ void Pressable::mousePressEvent(QMouseEvent *event) {
         forceActiveFocus(Qt::MouseFocusReason);
     setHeld(true);
     event->accept();
+    if (event->deviceType() != QInputDevice::DeviceType::TouchScreen)
+        Q_EMIT pressed();
 }
 
 void Pressable::mouseMoveEvent(QMouseEvent *event) {
     setHeld(contains(event->position()));
+    Q_EMIT dragged(event->position());
 }
 
 void Pressable::mouseReleaseEvent(QMouseEvent *event) {
     const bool isClick = m_isHeld && contains(event->position());
     setHeld(false);
+    const auto position = event->position();
     if (isClick)
         Q_EMIT clicked();
+    Q_EMIT released(position);
 }
 
 void Pressable::mouseUngrabEvent() {

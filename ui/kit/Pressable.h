@@ -26,12 +26,21 @@ public:
 
 Q_SIGNALS:
     void clicked();
+    /// The mouse's button went down on it. Not by touch, which may be the beginning of a scroll.
+    void pressed();
+    /// The pointer moved, or came up, anywhere, after the button had gone down here; where, in this item's points. A
+    /// click comes first.
+    void dragged(QPointF position);
+    void released(QPointF position);
+    /// The pointer moved over it, rather than it under a pointer at rest.
+    void pointerMoved();
     void isPointedChanged();
     void isHeldChanged();
     void isReachedChanged();
 
 protected:
     void hoverEnterEvent(QHoverEvent *event) override;
+    void hoverMoveEvent(QHoverEvent *event) override;
     void hoverLeaveEvent(QHoverEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
     void mouseMoveEvent(QMouseEvent *event) override;

@@ -9,17 +9,32 @@ ZenBox {
     property var choices: []
     property string selected
     property int current: -1
+    // What is chosen there: it is known also when the choices have become others.
+    property var currentId
     // Whether the keyboard brought the current choice.
     property bool isReached: false
     property string name
     property int titleElide: Text.ElideRight
     readonly property int mostShown: 8
 
+    onCurrentChanged: if (current >= 0 && current < choices.length) currentId = choices[current].id
+
     signal picked(index: int)
     signal pointed(index: int)
 
     function reveal(index: int): void {
         list.positionViewAtIndex(index, ListView.Contain);
+    }
+
+    function point(index: int): void {
+        isReached = false;
+        current = index;
+    }
+
+    // The choice at a point of the list; -1 where there is none.
+    function indexAt(at: point): int {
+        const inside = mapToItem(list, at.x, at.y);
+        return list.contains(inside) ? list.indexAt(inside.x, inside.y + list.contentY) : -1;
     }
 
     implicitHeight: 2 * Zen.space1 + Zen.choice * Math.min(mostShown, choices.length)
@@ -53,7 +68,7 @@ ZenBox {
             height: Zen.choice
             activeFocusOnTab: false
             onClicked: root.picked(index)
-            onIsPointedChanged: if (isPointed) root.pointed(index)
+            onPointerMoved: root.pointed(index)
 
             Accessible.role: Accessible.ListItem
             Accessible.name: modelData.title
@@ -73,6 +88,7 @@ ZenBox {
                 width: mark.x - x - Zen.space2
                 text: choice.modelData.title
                 elide: root.titleElide
+                tipBeside: root
                 Accessible.ignored: true
             }
             Icon {
@@ -91,6 +107,11 @@ ZenBox {
         }
     }
     Scroller {
+        // Its strip ends with the box and begins behind the check marks.
+        anchors.rightMargin: -Zen.space1
+        reach: 2 * Zen.space1 + 1
         flickable: list
+        step: 2 * Zen.choice
+        grain: Zen.choice
     }
 }

@@ -1,11 +1,12 @@
 import QtQuick
+import Palomet.Kit
 
 // The list of an open select, above everything else in its window: under its box, or over it where there is no room. It
 // is dismissed with Escape or a press elsewhere, passed with Tab, and lost with its place or the focus.
 FocusScope {
     id: root
 
-    required property Item box
+    required property Pressable box
     required property var choices
     required property string selected
     required property string name
@@ -13,6 +14,8 @@ FocusScope {
     // Whether the keyboard opened it.
     property bool isReached: false
     property bool isPlaced: false
+    // What was typed in a row, to find a choice by.
+    property string typed
 
     signal picked(id: string, reason: int)
     signal dismissed(reason: int)
@@ -33,20 +36,53 @@ FocusScope {
         picked(choices[index].id, list.isReached ? Qt.TabFocusReason : Qt.MouseFocusReason);
     }
 
-    // The next choice, from the current one on, that begins with what was typed, a text. It is not said to be one: at a
-    // call of a text's own function qmllint 6.4 looks at what it has not set, and now and then crashes.
-    function find(text: var): void {
-        const wanted = text.toLocaleLowerCase();
-        for (let step = 1; step <= choices.length; ++step) {
+    // Moves to the next choice that begins with a text, at the earliest so many behind the current one; whether there is
+    // one. What is a text is not said to be one: at a call of a text's own function qmllint 6.4 looks at what it has not
+    // set, and now and then crashes.
+    function find(text: var, from: int): bool {
+        for (let step = from; step < from + choices.length; ++step) {
             const index = (list.current + step + choices.length) % choices.length;
-            if (choices[index].title.toLocaleLowerCase().startsWith(wanted)) {
+            if (choices[index].title.toLocaleLowerCase().startsWith(text)) {
                 move(index);
-                return;
+                return true;
             }
         }
+        return false;
+    }
+
+    // What is typed in a row belongs together, unless it is one letter again and again: that goes from choice to choice.
+    function type(text: var): void {
+        const letter = text.toLocaleLowerCase();
+        const before = typed;
+        typed += letter;
+        typing.restart();
+        if (!find(typed, before ? 0 : 1) && before === letter.repeat(before.length))
+            find(letter, 1);
+    }
+
+    // The choice that is there, in the box's points.
+    function pointAt(position: point): int {
+        const index = list.indexAt(box.mapToItem(list, position.x, position.y));
+        if (index >= 0)
+            list.point(index);
+        return index;
+    }
+
+    function selectedIndex(): int {
+        return Array.from(choices).findIndex(choice => choice.id === selected);
+    }
+
+    // Choices that become others while they show: the one that was current stays it, wherever it stands now.
+    function keepPlace(): void {
+        const index = Array.from(choices).findIndex(choice => choice.id === list.currentId);
+        list.current = index >= 0 ? index : selectedIndex();
+        if (list.current >= 0)
+            list.reveal(list.current);
     }
 
     function place(): void {
+        if (!box)
+            return;
         const corner = box.mapToItem(parent, 0, 0);
         const below = corner.y + box.height + Zen.space1;
         const above = corner.y - Zen.space1 - list.implicitHeight;
@@ -59,7 +95,7 @@ FocusScope {
     focus: true
     Component.onCompleted: {
         place();
-        list.current = Array.from(choices).findIndex(choice => choice.id === selected);
+        list.current = selectedIndex();
         list.isReached = isReached;
         if (list.current >= 0)
             list.reveal(list.current);
@@ -69,6 +105,7 @@ FocusScope {
     onWidthChanged: if (isPlaced) lost()
     onHeightChanged: if (isPlaced) lost()
     onActiveFocusChanged: if (isPlaced && !activeFocus) lost()
+    onChoicesChanged: if (isPlaced) keepPlace()
 
     Keys.onPressed: event => {
         event.accepted = true;
@@ -93,8 +130,13 @@ FocusScope {
             break;
         case Qt.Key_Return:
         case Qt.Key_Enter:
-        case Qt.Key_Space:
             pick(list.current);
+            break;
+        case Qt.Key_Space:
+            if (typed)
+                type(" ");
+            else
+                pick(list.current);
             break;
         case Qt.Key_Escape:
             dismissed(Qt.TabFocusReason);
@@ -105,10 +147,29 @@ FocusScope {
             break;
         default:
             if (event.text)
-                find(event.text);
+                type(event.text);
         }
     }
 
+    Timer {
+        id: typing
+
+        interval: Zen.typingTime
+        onTriggered: root.typed = ""
+    }
+    // The button that opened it may pick at once, where it comes up.
+    Connections {
+        target: root.box
+
+        function onDragged(position: point): void {
+            root.pointAt(position);
+        }
+        function onReleased(position: point): void {
+            const index = root.pointAt(position);
+            if (index >= 0)
+                root.pick(index);
+        }
+    }
     MouseArea {
         anchors.fill: parent
         hoverEnabled: true
@@ -119,17 +180,16 @@ FocusScope {
     SelectList {
         id: list
 
-        width: root.box.width
+        // The box may go first.
+        width: root.box?.width ?? 0
         height: implicitHeight
+        onImplicitHeightChanged: if (root.isPlaced) root.place()
         choices: root.choices
         selected: root.selected
         name: root.name
         titleElide: root.titleElide
         onPicked: index => root.pick(index)
-        onPointed: index => {
-            isReached = false;
-            current = index;
-        }
+        onPointed: index => point(index)
     }
     NumberAnimation {
         target: list

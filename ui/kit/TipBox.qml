@@ -1,28 +1,52 @@
 import QtQuick
 import Palomet.Kit
 
-// The box of a tool tip, under its host, or over it at the window's end; without a host, where it is put.
+// The box of a tool tip, under its host, or over it at the window's end, or beside what it must not cover; without a host,
+// where it is put.
 ZenBox {
     id: root
 
     property Item host: null
+    // What it must not cover.
+    property Item beside: null
     required property string text
+    // How wide its lines may be.
+    property real limit: 480
 
-    function place(): void {
-        if (!host)
-            return;
+    function placeUnder(): void {
         const below = host.mapToItem(parent, 0, host.height + Zen.space1);
         x = Math.max(Zen.space2, Math.min(below.x, parent.width - width - Zen.space2));
         y = below.y + height <= parent.height ? below.y : Math.max(Zen.space2, below.y - host.height - height - Zen.space2);
     }
 
+    // On the side where there is more room, at its host's height.
+    function placeBeside(): void {
+        const taken = beside.mapToItem(parent, Qt.rect(0, 0, beside.width, beside.height));
+        const left = taken.x - Zen.space1;
+        const right = parent.width - taken.x - taken.width - Zen.space1;
+        limit = Math.min(480, Math.max(left, right) - 3 * Zen.space2);
+        x = right > left ? parent.width - right : left - width;
+        const middle = host.mapToItem(parent, 0, host.height / 2).y;
+        y = Math.max(Zen.space2, Math.min(Math.round(middle - height / 2), parent.height - height - Zen.space2));
+    }
+
+    function place(): void {
+        if (!host)
+            return;
+        if (beside)
+            placeBeside();
+        else
+            placeUnder();
+    }
+
     z: 2
-    width: words.width + 2 * Zen.space2
+    width: Math.ceil(words.contentWidth) + 2 * Zen.space2
     height: words.height + 2 * Zen.space1
     radius: Zen.radius1
     color: Zen.gray0
     edge: Zen.gray9
     edgeWidth: 1
+    onWidthChanged: place()
     onHeightChanged: place()
     Component.onCompleted: place()
 
@@ -34,7 +58,7 @@ ZenBox {
 
         x: Zen.space2
         y: Zen.space1
-        width: Math.min(implicitWidth, 480)
+        width: Math.min(Math.ceil(implicitWidth), root.limit)
         text: root.text
         size: 12
         wrapMode: Text.Wrap

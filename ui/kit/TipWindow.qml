@@ -1,13 +1,13 @@
 import QtQuick
 
-// A tool tip in a window of its own, above the window of its host.
+// A tool tip in a window of its own, above the middle of its host's window and no wider than that.
 Window {
     id: root
 
     required property Item host
     required property string text
 
-    x: host.Window.window.x
+    x: host.Window.window.x + Math.round((host.Window.window.width - width) / 2)
     y: host.Window.window.y - height - Zen.space1
     width: box.width
     height: box.height
@@ -21,6 +21,7 @@ Window {
         id: box
 
         text: root.text
+        limit: root.host.Window.window.width - 2 * Zen.space2
         radius: 0
     }
 }

@@ -10,6 +10,8 @@ Item {
     property bool isWanted: false
     // Whether the parent's own window has no room for it.
     property bool isOutside: false
+    // What must not be covered by it.
+    property Item beside: null
     property bool isOpen: false
     readonly property bool isDue: isWanted && Exposure.isShown && text !== ""
 
@@ -28,6 +30,7 @@ Item {
             TipBox {
                 parent: root.Window.contentItem
                 host: root.parent
+                beside: root.beside
                 text: root.text
             }
         }

@@ -57,6 +57,8 @@ QtObject {
     readonly property int fallTime: 180
     readonly property int stepTime: 400
     readonly property int tipTime: 600
+    // How long what is typed in a row belongs together.
+    readonly property int typingTime: 1000
     readonly property bool isMotionReduced: Motion.isReduced
 
     // The five faces. Sizes are fixed; they do not follow the system's text size.

@@ -2,8 +2,8 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Palomet.Kit
 
-// One choice out of several: the box shows the current one, a press opens the list of all. Picking asks for the choice;
-// the box changes when its owner says so.
+// One choice out of several: the box shows the current one, a press opens the list of all, if there are any. Picking asks
+// for the choice; the box changes when its owner says so.
 Pressable {
     id: root
 
@@ -18,6 +18,8 @@ Pressable {
     property bool startOpen: false
     property bool isOpen: false
     property bool hasAppeared: false
+    // Whether the list was opened by the press that still lasts.
+    property bool isPressOpening: false
     property string name
     property string description
     // Where a value or a title is too long: at its right, or in the middle for paths.
@@ -25,8 +27,13 @@ Pressable {
 
     signal picked(id: string)
 
+    function open(): void {
+        isOpen = choices.length > 0;
+    }
+
     function close(): void {
         isOpen = false;
+        isPressOpening = false;
     }
 
     function closeTo(reason: int): void {
@@ -36,22 +43,33 @@ Pressable {
 
     implicitWidth: 200
     implicitHeight: Zen.control
-    onClicked: isOpen = !isOpen
+    onPressed: {
+        isPressOpening = !isOpen;
+        open();
+    }
+    onClicked: {
+        if (!isOpen)
+            open();
+        else if (!isPressOpening)
+            close();
+    }
+    onReleased: isPressOpening = false
+    onChoicesChanged: if (choices.length === 0) close()
     onEnabledChanged: if (!enabled) close()
     Exposure.onIsShownChanged: {
         if (!Exposure.isShown)
             close();
-        else if (!hasAppeared)
-            isOpen = startOpen;
+        else if (!hasAppeared && startOpen)
+            open();
         hasAppeared = true;
     }
 
-    Keys.onDownPressed: isOpen = true
-    Keys.onUpPressed: isOpen = true
+    Keys.onDownPressed: open()
+    Keys.onUpPressed: open()
 
     Accessible.role: Accessible.ComboBox
     Accessible.name: name
-    Accessible.description: box.value + (description ? `. ${description}` : "")
+    Accessible.description: box.shownValue + (description ? `. ${description}` : "")
     Accessible.onPressAction: clicked()
 
     ZenSelectBox {

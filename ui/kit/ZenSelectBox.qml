@@ -9,6 +9,7 @@ SoftBox {
     property bool isBusy: false
     property bool isOpen: false
     property bool isPointed: false
+    readonly property string shownValue: value || "—"
     property int valueElide: Text.ElideRight
 
     implicitWidth: 200
@@ -22,7 +23,7 @@ SoftBox {
         x: Zen.space3
         y: Zen.space2
         width: chevron.x - x - Zen.space2
-        text: root.value
+        text: root.shownValue
         color: root.isBusy ? Zen.gray5 : Zen.gray9
         elide: root.valueElide
         Accessible.ignored: true

@@ -1,4 +1,5 @@
 import QtQuick
+import Palomet.Kit
 
 // One setting: its title and hint on the left, its control on the right, every control beginning on the same line.
 ZenRow {
@@ -6,7 +7,10 @@ ZenRow {
 
     property string title
     property string hint
-    property int titleElide: Text.ElideRight
+    // Where a title is cut that is data, a path; other titles wrap.
+    property int titleElide: Text.ElideNone
+    // The control that a press on the words presses.
+    property Pressable buddy: null
     default property alias control: slot.data
 
     implicitHeight: rule + Math.max(52, words.y + words.height + Zen.space3 - rule, slot.y + slot.height + Zen.space2 - rule)
@@ -21,6 +25,8 @@ ZenRow {
             width: parent.width
             text: root.title
             elide: root.titleElide
+            wrapMode: elide === Text.ElideNone ? Text.Wrap : Text.NoWrap
+            maximumLineCount: elide === Text.ElideNone ? 100 : 1
             font.weight: Zen.bold
         }
         ZenNote {
@@ -29,6 +35,17 @@ ZenRow {
             text: root.hint
             Accessible.ignored: true
         }
+    }
+    MouseArea {
+        x: words.x
+        y: words.y
+        width: words.width
+        height: words.height
+        enabled: root.buddy?.enabled ?? false
+        hoverEnabled: true
+        onContainsMouseChanged: root.buddy.isPointed = containsMouse
+        onPressed: root.buddy.forceActiveFocus(Qt.MouseFocusReason)
+        onClicked: root.buddy.clicked()
     }
     Row {
         id: slot

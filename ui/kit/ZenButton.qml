@@ -14,7 +14,8 @@ Pressable {
 
     readonly property int inset: size < Zen.control ? Zen.space3 : Zen.space4
 
-    implicitWidth: words.x + words.width + inset
+    // Whole points: an end between two pixels is blurred.
+    implicitWidth: Math.ceil(words.x + words.width + inset)
     implicitHeight: size
 
     Accessible.role: Accessible.Button

@@ -51,8 +51,11 @@ ColumnPage {
                 required property bool isOn
 
                 title: label
+                buddy: control
 
                 ZenSwitch {
+                    id: control
+
                     anchors.verticalCenter: parent.verticalCenter
                     name: confirm.label
                     stateText: Words.t(isOn ? "brain.confirm.on" : "brain.confirm.off")

@@ -10,8 +10,11 @@ SettingRow {
 
     title: setting.title
     hint: setting.hint
+    buddy: control
 
     ZenSwitch {
+        id: control
+
         anchors.verticalCenter: parent.verticalCenter
         name: root.setting.title
         description: root.setting.hint

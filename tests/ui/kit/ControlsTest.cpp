@@ -162,3 +162,56 @@ TEST(DataRow, StandsOnOneLine) {
     EXPECT_EQ(std::round(baseline(texts[0])), std::round(baseline(texts[2])));
     EXPECT_EQ(std::round(baseline(texts[1])), std::round(baseline(texts[2])));
 }
+
+TEST(ZenButton, IsAWholeNumberOfPointsWide) {
+    Scene scene(R"(
+        Column {
+            Repeater { model: ["Stop", "Listen", "New conversation", "Tocar amostra", "Adicionar pasta", "Enviar"]
+                ZenButton { required property string modelData; title: modelData; icon: "microphone" } } })");
+    const auto buttons = Scene::all(scene.root(), "ZenButton");
+    ASSERT_EQ(buttons.size(), 6);
+    for (auto *button : buttons)
+        EXPECT_EQ(button->width(), std::round(button->width())) << button->property("title").toString().toStdString();
+}
+
+TEST(TipBox, IsAsWideAsItsLongestLine) {
+    Scene scene(R"(
+        Column { width: 640
+            TipBox { objectName: "one"; text: "A word" }
+            TipBox { objectName: "two"; text: "word ".repeat(14) + "unbreakably-long-and-longer-still-than-the-room-on-the-line" } })");
+    for (const auto *name : {"one", "two"}) {
+        const auto *words = Scene::all(scene.item(name), "ZenText").first();
+        EXPECT_EQ(scene.item(name)->width(), std::ceil(words->property("contentWidth").toReal()) + 16) << name;
+    }
+    EXPECT_EQ(Scene::all(scene.item("two"), "ZenText").first()->property("lineCount"), 2);
+}
+
+TEST(SettingRow, WrapsItsTitleUnlessItIsAPath) {
+    Scene scene(R"(
+        SettingRows { width: 640
+            SettingRow { objectName: "action"; title: "Send money to somebody whom you have never written to before, whoever asks" }
+            SettingRow { objectName: "path"; titleElide: Text.ElideMiddle
+                title: "/home/ana/projects/of/the/year/website/with/a/very/long/name/indeed" } })");
+    const auto *action = Scene::all(scene.item("action"), "ElidedText").first();
+    EXPECT_FALSE(action->property("truncated").toBool());
+    EXPECT_EQ(action->property("lineCount"), 2);
+    EXPECT_EQ(scene.item("action")->height(), 16 + 2 * 20 + 12);
+    EXPECT_TRUE(Scene::all(scene.item("path"), "ElidedText").first()->property("truncated").toBool());
+    EXPECT_EQ(scene.item("path")->height(), 53);
+}
+
+TEST(SettingRow, TurnsItsSwitchByAPressOnItsWords) {
+    Scene scene(R"(
+        SettingRows { id: root; width: 640; property int count: 0
+            SettingRow { title: "Echo cancellation"; hint: "It does not hear its own voice."; buddy: turn
+                ZenSwitch { id: turn; objectName: "switch"; onToggled: root.count += 1 } } })");
+    QTest::mouseClick(&scene.window(), Qt::LeftButton, {}, {30, 26});
+    EXPECT_EQ(scene.root()->property("count"), 1);
+    QTest::mouseClick(&scene.window(), Qt::LeftButton, {}, {30, 46});
+    EXPECT_EQ(scene.root()->property("count"), 2);
+    EXPECT_TRUE(scene.item("switch")->hasActiveFocus());
+    QTest::mouseMove(&scene.window(), {30, 26});
+    EXPECT_TRUE(scene.value("switch", "isPointed").toBool());
+    QTest::mouseMove(&scene.window(), {30, 400});
+    EXPECT_FALSE(scene.value("switch", "isPointed").toBool());
+}

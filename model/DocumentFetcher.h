@@ -30,7 +30,8 @@ public:
         , m_decode(decode)
         , m_publish(std::move(publish)) {}
 
-    void fetch() {
+    /// The number of this request; each is higher than those before it.
+    quint64 fetch() {
         const auto number = ++m_lastRequest;
         if (m_requests.size() > 1)
             m_requests.erase(std::prev(m_requests.end()));
@@ -44,7 +45,11 @@ public:
                 });
             });
         });
+        return number;
     }
+
+    /// The latest request whose document, or whose failure, was published: none before it is to come any more.
+    [[nodiscard]] quint64 lastPublished() const { return m_lastPublished; }
 
 private:
     void publish(quint64 number, Result<Document> result) {

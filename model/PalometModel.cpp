@@ -2,8 +2,10 @@
 
 #include "model/CommandBody.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <iterator>
 
 namespace palomet {
 
@@ -47,9 +49,11 @@ PalometModel::PalometModel(Scheduler &scheduler, const MicrophonePermission &per
     , m_streamHttp(base, scheduler)
     , m_events(
           m_streamHttp, scheduler, [this](auto event, auto data) { handle(event, data); }, [this] { streamHasGap(); })
-    , m_stateFetcher(
-          m_http, m_decoder, QStringLiteral("state"), stateTimeout, decodeSnapshot,
-          [this](auto read) { setSnapshot(read ? std::make_shared<const Snapshot>(std::move(*read)) : nullptr); })
+    , m_stateFetcher(m_http, m_decoder, QStringLiteral("state"), stateTimeout, decodeSnapshot,
+                     [this](auto read) {
+                         setSnapshot(read ? std::make_shared<const Snapshot>(std::move(*read)) : nullptr);
+                         settleChanges();
+                     })
     , m_historyFetcher(m_http, m_decoder, QStringLiteral("history"), documentTimeout, decodeHistory,
                        [this](auto read) {
                            if (read)
@@ -88,8 +92,21 @@ void PalometModel::refresh() {
         return;
     m_pendingRefresh = m_scheduler.after(refreshDelay, [this] {
         m_pendingRefresh.reset();
-        m_stateFetcher.fetch();
+        const auto number = m_stateFetcher.fetch();
+        for (auto &change : m_endedChanges)
+            change.fetch = change.fetch.value_or(number);
     });
+}
+
+void PalometModel::settleChanges() {
+    const auto isSettled = [this](const EndedChange &change) {
+        return change.fetch && *change.fetch <= m_stateFetcher.lastPublished();
+    };
+    std::vector<EndedChange> settled;
+    std::copy_if(m_endedChanges.begin(), m_endedChanges.end(), std::back_inserter(settled), isSettled);
+    std::erase_if(m_endedChanges, isSettled);
+    for (const auto &change : settled)
+        Q_EMIT changeSettled(change.key);
 }
 
 void PalometModel::streamHasGap() {
@@ -206,12 +223,15 @@ void PalometModel::post(const QString &path, const std::optional<QByteArray> &bo
 
 void PalometModel::set(const QString &key, const QJsonValue &value) {
     const bool isSent =
-        m_settingsHttp.post(QStringLiteral("settings"), commandBody(key, value), settingTimeout, [this] {
+        m_settingsHttp.post(QStringLiteral("settings"), commandBody(key, value), settingTimeout, [this, key] {
             change<std::optional<QString>>(m_applying, std::nullopt, &PalometModel::applyingChanged);
+            m_endedChanges.push_back({key, std::nullopt});
             refresh();
         });
     if (isSent)
         change<std::optional<QString>>(m_applying, key, &PalometModel::applyingChanged);
+    else
+        Q_EMIT changeSettled(key);
 }
 
 } // namespace palomet

@@ -105,6 +105,9 @@ Q_SIGNALS:
     void historyChanged();
     void optionsChanged();
     void applyingChanged();
+    /// A change of that setting has ended, whatever came of it, and so has the fetch of the state that followed: what
+    /// is published now is what the backend made of it. At once for one that was not sent.
+    void changeSettled(const QString &key);
     void inLevelChanged();
     void outLevelChanged();
     void spokenLineChanged();
@@ -116,6 +119,7 @@ private:
     void tick();
     void streamHasGap();
     void handle(QByteArrayView event, QByteArrayView data);
+    void settleChanges();
     void post(const QString &path, const std::optional<QByteArray> &body = std::nullopt);
     template <typename Value>
     void change(Value &field, Value value, void (PalometModel::*changed)());
@@ -134,6 +138,13 @@ private:
     bool m_isMicAuthorized;
     std::optional<QString> m_hotKeyProblem;
     Time m_now;
+
+    /// A change that has ended, and the fetch that was begun after it, once it was.
+    struct EndedChange {
+        QString key;
+        std::optional<quint64> fetch;
+    };
+    std::vector<EndedChange> m_endedChanges;
 
     Scheduler::Handle m_pendingRefresh;
     Scheduler::Handle m_clock;

@@ -14,6 +14,9 @@ Item {
     property alias isPointed: look.isPointed
     property alias isFocused: look.isFocused
     property bool isEditing: false
+    // What was committed is being applied; what says so stands at the end.
+    property bool isBusy: false
+    property string busyText
 
     signal committed(text: string)
 
@@ -48,7 +51,9 @@ Item {
         anchors.fill: parent
         placeholder: root.placeholder
         name: root.name
-        description: root.description
+        description: root.isBusy ? `${root.busyText} ${root.description}` : root.description
+        rightPadding: busy.visible ? root.width - busy.x + Zen.space2 : Zen.space3
+        color: busy.visible ? Zen.gray5 : Zen.gray9
         onAccepted: root.commit()
         Keys.onEscapePressed: root.leave()
         onActiveFocusChanged: {
@@ -57,6 +62,17 @@ Item {
             else if (root.Window.active || !root.Window.window?.visible)
                 root.isEditing = false;
         }
+    }
+    ZenData {
+        id: busy
+
+        x: root.width - width - Zen.space3
+        visible: root.isBusy && !root.isEditing
+        text: root.busyText
+        size: 12
+        box: root.height
+        color: Zen.gray5
+        Accessible.ignored: true
     }
     HoverHandler {
         id: pointer

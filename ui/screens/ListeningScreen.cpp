@@ -2,6 +2,7 @@
 
 #include "model/Format.h"
 #include "ui/localization/Localization.h"
+#include "ui/screens/TextSending.h"
 
 #include <QJsonArray>
 
@@ -95,13 +96,10 @@ ListeningScreen::ListeningScreen(PalometModel &model, Shortcuts &shortcuts, cons
     pickTime(m_summon, "summonMs");
     pickTime(m_echoGuard, "echoGuardMs");
 
-    const auto commit = [this](TextSetting &setting, const char *key) {
-        connect(&setting, &TextSetting::asked, this, [this, key](const QString &text) {
-            this->model().set(QString::fromLatin1(key), QJsonArray::fromStringList(wordsFrom(text)));
-        });
-    };
-    commit(m_actionPhrase, "actionPhrases");
-    commit(m_names, "wakeWords");
+    // After what shows a snapshot, which may settle a text.
+    const auto list = [](const QString &text) { return QJsonValue(QJsonArray::fromStringList(wordsFrom(text))); };
+    new TextSending(model, m_actionPhrase, QStringLiteral("actionPhrases"), list, this);
+    new TextSending(model, m_names, QStringLiteral("wakeWords"), list, this);
 
     // One at a time: both take every key.
     connect(&m_listenShortcut, &KeyRecorder::started, &m_stopShortcut, &KeyRecorder::stop);
@@ -157,10 +155,11 @@ void ListeningScreen::updateSettings() {
                           .isBusy = isApplying(u"whisperModel")});
     m_directed.show(now.isDirectedOn.value_or(false));
     m_draft.show(now.isDraftOn.value_or(false));
-    m_actionPhrase.show(joined(now.actionPhrases.value_or(std::vector<QString>())));
+    const auto text = [known](const QString &words) { return known ? std::optional(words) : std::nullopt; };
+    m_actionPhrase.show(text(joined(now.actionPhrases.value_or(std::vector<QString>()))));
     const auto age = now.draftMaxAgeMs.value_or(defaultDraftAgeMs);
     m_draftAge.show({minutes(age), idOf(age), isApplying(u"draftMaxAgeMs")});
-    m_names.show(joined(now.wakeWords));
+    m_names.show(text(joined(now.wakeWords)));
     m_endSilence.show(time(now.endSilenceMs.value_or(defaultEndSilenceMs), u"endSilenceMs"));
     m_followUp.show(knownTime(now.followUpMs, u"followUpMs"));
     m_summon.show(knownTime(now.summonMs, u"summonMs"));

@@ -45,4 +45,24 @@ QString TextSetting::placeholder() const {
     return L(m_placeholderKey);
 }
 
+void TextSetting::show(std::optional<QString> value) {
+    // Not known is nobody's answer.
+    const bool isNews = value && (value == m_committed || (m_value && value != m_value));
+    if (m_committed && !value)
+        return;
+    if (!m_committed || !isNews)
+        return assign(m_value, std::move(value));
+    m_value = std::move(value);
+    settle();
+}
+
+void TextSetting::settle() {
+    assign(m_committed, std::optional<QString>());
+}
+
+void TextSetting::commit(const QString &text) {
+    assign(m_committed, std::optional(text));
+    Q_EMIT asked(text);
+}
+
 } // namespace palomet

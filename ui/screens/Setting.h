@@ -110,28 +110,36 @@ private:
     QVariantList m_list;
 };
 
-/// A line of text.
+/// A line of text. What is committed is shown until it is settled: as the value that the model has then, or as another.
 class TextSetting final : public palomet::Setting {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("Settings come from their screen.")
     Q_PROPERTY(QString text READ text NOTIFY changed FINAL)
+    Q_PROPERTY(bool isBusy READ isBusy NOTIFY changed FINAL)
     Q_PROPERTY(QString placeholder READ placeholder CONSTANT FINAL)
 
 public:
     TextSetting(const char *titleKey, const char *hintKey, const char *placeholderKey);
 
-    [[nodiscard]] QString text() const { return m_text; }
+    /// What was committed last, as long as it is being applied; otherwise the value, empty where it is not known.
+    [[nodiscard]] QString text() const { return m_committed ? *m_committed : m_value.value_or(QString()); }
+    /// Whether what was committed is being applied.
+    [[nodiscard]] bool isBusy() const { return m_committed.has_value(); }
     [[nodiscard]] QString placeholder() const;
-    void show(QString text) { assign(m_text, std::move(text)); }
-    Q_INVOKABLE void commit(const QString &text) { Q_EMIT asked(text); }
+    /// The value, if it is known. Another one than before settles what was committed.
+    void show(std::optional<QString> value);
+    /// Whatever came of what was committed: from now on the value is shown.
+    void settle();
+    Q_INVOKABLE void commit(const QString &text);
 
 Q_SIGNALS:
     void asked(const QString &text);
 
 private:
     const char *m_placeholderKey;
-    QString m_text;
+    std::optional<QString> m_value;
+    std::optional<QString> m_committed;
 };
 
 } // namespace palomet

@@ -18,6 +18,8 @@ SettingRow {
         description: root.setting.hint
         placeholder: root.setting.placeholder
         value: root.setting.text
+        isBusy: root.setting.isBusy
+        busyText: Words.t("select.applying")
         onCommitted: text => root.setting.commit(text)
     }
 }

@@ -1,6 +1,7 @@
 #include "ui/screens/VoiceScreen.h"
 
 #include "model/Format.h"
+#include "ui/screens/TextSending.h"
 
 #include <array>
 #include <cmath>
@@ -38,12 +39,10 @@ VoiceScreen::VoiceScreen(PalometModel &model)
     follow(&PalometModel::applyingChanged, [this] { updateSettings(); });
     follow(&PalometModel::optionsChanged, [this] { updateOptions(); });
 
-    const auto commit = [this](TextSetting &setting, const char *key) {
-        connect(&setting, &TextSetting::asked, this,
-                [this, key](const QString &text) { this->model().set(QString::fromLatin1(key), text); });
-    };
-    commit(m_voice, "voiceId");
-    commit(m_name, "voiceName");
+    // After what shows a snapshot, which may settle a text.
+    const auto plain = [](const QString &text) { return QJsonValue(text); };
+    new TextSending(model, m_voice, QStringLiteral("voiceId"), plain, this);
+    new TextSending(model, m_name, QStringLiteral("voiceName"), plain, this);
     connect(&m_speed, &ChoiceSetting::asked, this, [this](const QString &id) {
         bool isNumber = false;
         const double speed = id.toDouble(&isNumber);
@@ -74,8 +73,8 @@ void VoiceScreen::updateSettings() {
         return ChoiceSetting::Shown{
             .value = now ? now->*field : absent, .selected = now ? now->*field : QString(), .isBusy = isApplying(key)};
     };
-    m_voice.show(now ? now->voiceId : QString());
-    m_name.show(now ? now->voiceName : QString());
+    m_voice.show(now ? std::optional(now->voiceId) : std::nullopt);
+    m_name.show(now ? std::optional(now->voiceName) : std::nullopt);
     m_speed.show({.value = now ? Format::speed(now->voiceSpeed) : absent,
                   .selected = now ? speedId(now->voiceSpeed) : QString(),
                   .isBusy = isApplying(u"voiceSpeed")});

@@ -8,9 +8,30 @@ using namespace palomet::test;
 
 namespace {
 
+using namespace std::chrono_literals;
+
 class VoiceScreenTest : public UiTest {
 protected:
     VoiceScreenTest() { screen.setActive(true); }
+
+    /// What the backend says its voice is, from now on.
+    void hasVoice(const QByteArray &id) {
+        auto document = fixture("state/full.json");
+        document.replace("a1b2c3d4", id);
+        backend().serve("/state", document);
+    }
+    /// The state is asked for, and comes.
+    void fetch() {
+        const auto before = backend().count("/state");
+        EXPECT_TRUE(eventually([&] {
+            scheduler().advance(100ms);
+            return backend().count("/state") > before;
+        }));
+    }
+    [[nodiscard]] bool becomes(const char *text, bool isBusy) {
+        return eventually(
+            [&] { return screen.voice()->text() == QString::fromUtf8(text) && screen.voice()->isBusy() == isBusy; });
+    }
 
     VoiceScreen screen{model()};
 };
@@ -86,4 +107,97 @@ TEST_F(VoiceScreenTest, ShowsTheCurrentSettingAlsoWhenItIsNotAmongTheChoices) {
     EXPECT_EQ(titles(*screen.fishModel()), QStringList{QStringLiteral("other")});
     EXPECT_EQ(screen.fishModel()->value(), QStringLiteral("s1"));
     EXPECT_EQ(screen.fishModel()->selected(), QStringLiteral("s1"));
+}
+
+TEST_F(VoiceScreenTest, ShowsACommittedTextAsApplyingUntilTheBackendHasIt) {
+    setFull();
+    backend().hang("/settings");
+    screen.voice()->commit(QStringLiteral("new"));
+    EXPECT_TRUE(becomes("new", true));
+    EXPECT_EQ(toldSetting(), R"({"voiceId":"new"})");
+    // What else happens meanwhile is of no account.
+    setFull([](Snapshot &snapshot) { snapshot.settings.voiceName = QStringLiteral("Bruna"); });
+    EXPECT_TRUE(becomes("new", true));
+    EXPECT_FALSE(screen.name()->isBusy());
+    hasVoice("new");
+    backend().last("/settings")->reply("{}");
+    fetch();
+    EXPECT_TRUE(becomes("new", false));
+}
+
+TEST_F(VoiceScreenTest, ShowsTheOldTextAgainWhenTheBackendDidNotTakeTheNewOne) {
+    setFull();
+    hasVoice("a1b2c3d4");
+    backend().serve("/settings", "{}", 400);
+    screen.voice()->commit(QStringLiteral("new"));
+    EXPECT_EQ(toldSetting(), R"({"voiceId":"new"})");
+    EXPECT_TRUE(becomes("new", true));
+    fetch();
+    EXPECT_TRUE(becomes("a1b2c3d4", false));
+    EXPECT_EQ(backend().count("/settings"), 1);
+}
+
+TEST_F(VoiceScreenTest, ShowsWhateverTheBackendMadeOfACommittedText) {
+    setFull();
+    screen.voice()->commit(QStringLiteral("new"));
+    EXPECT_TRUE(becomes("new", true));
+    hasVoice("NEW");
+    fetch();
+    EXPECT_TRUE(becomes("NEW", false));
+}
+
+TEST_F(VoiceScreenTest, KeepsACommittedTextWhileTheBackendIsAwayAndSendsItWhenItIsBack) {
+    backend().on("/events", [](auto exchange) { exchange->beginEvents(); });
+    hasVoice("a1b2c3d4");
+    model().start();
+    fetch();
+    EXPECT_TRUE(becomes("a1b2c3d4", false));
+    backend().goDown();
+    EXPECT_TRUE(eventually([&] {
+        scheduler().advance(100ms);
+        return !model().snapshot();
+    }));
+    screen.voice()->commit(QStringLiteral("new"));
+    EXPECT_TRUE(becomes("new", true));
+    for (int seconds = 0; seconds < 5; ++seconds) {
+        scheduler().advance(1s);
+        QCoreApplication::processEvents();
+    }
+    EXPECT_TRUE(becomes("new", true));
+    EXPECT_EQ(backend().count("/settings"), 0);
+    backend().comeUp();
+    EXPECT_TRUE(eventually([&] {
+        scheduler().advance(100ms);
+        return backend().count("/settings") == 1;
+    }));
+    EXPECT_EQ(toldSetting(), R"({"voiceId":"new"})");
+    EXPECT_TRUE(becomes("new", true));
+    hasVoice("new");
+    fetch();
+    EXPECT_TRUE(becomes("new", false));
+    EXPECT_EQ(backend().count("/settings"), 1);
+}
+
+TEST_F(VoiceScreenTest, SendsATextThatWasKeptOnceAndNoMore) {
+    setFull();
+    hasVoice("a1b2c3d4");
+    backend().goDown();
+    screen.voice()->commit(QStringLiteral("new"));
+    EXPECT_TRUE(eventually([&] {
+        scheduler().advance(100ms);
+        return !model().snapshot();
+    }));
+    backend().comeUp();
+    backend().serve("/settings", "{}", 400);
+    model().refresh();
+    EXPECT_TRUE(eventually([&] {
+        scheduler().advance(100ms);
+        return backend().count("/settings") == 1;
+    }));
+    EXPECT_TRUE(eventually([&] {
+        scheduler().advance(100ms);
+        return !screen.voice()->isBusy();
+    }));
+    EXPECT_EQ(screen.voice()->text(), QStringLiteral("a1b2c3d4"));
+    EXPECT_EQ(backend().count("/settings"), 1);
 }

@@ -1,0 +1,47 @@
+#include "ui/screens/TextSending.h"
+
+#include <utility>
+
+namespace palomet {
+
+TextSending::TextSending(PalometModel &model, TextSetting &setting, QString key, Encode encode, QObject *parent)
+    : QObject(parent)
+    , m_model(model)
+    , m_setting(setting)
+    , m_key(std::move(key))
+    , m_encode(std::move(encode)) {
+    connect(&m_setting, &TextSetting::asked, this, [this] {
+        m_isLost = false;
+        m_wasSentAgain = false;
+        send();
+    });
+    connect(&m_model, &PalometModel::changeSettled, this, &TextSending::changeSettled);
+    connect(&m_model, &PalometModel::snapshotChanged, this, &TextSending::snapshotCame);
+}
+
+void TextSending::send() {
+    ++m_underWay;
+    m_model.set(m_key, m_encode(m_setting.text()));
+}
+
+void TextSending::changeSettled(const QString &key) {
+    // Of several the last decides.
+    if (key != m_key || m_underWay == 0 || --m_underWay > 0 || !m_setting.isBusy())
+        return;
+    if (m_model.snapshot())
+        m_setting.settle();
+    else
+        m_isLost = true;
+}
+
+void TextSending::snapshotCame() {
+    if (!m_model.snapshot() || !std::exchange(m_isLost, false) || !m_setting.isBusy())
+        return;
+    // A backend that goes away over it again is not given it a third time.
+    if (std::exchange(m_wasSentAgain, true))
+        m_setting.settle();
+    else
+        send();
+}
+
+} // namespace palomet

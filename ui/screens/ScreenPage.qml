@@ -1,8 +1,8 @@
 import QtQuick
 import Palomet.Kit
 
-// What all panes have in common: they fill the page and scroll under its header. The screen itself can have the focus, so
-// that keys scroll it.
+// What all panes have in common: they fill the page and scroll under its header. The ground between what is on it can have
+// the focus, so that keys scroll it.
 FocusScope {
     id: root
 
@@ -16,10 +16,9 @@ FocusScope {
     Component.onCompleted: isScrolledChanged()
     Keys.onPressed: event => event.accepted = scroller.handle(event.key)
 
-    MouseArea {
+    // Not the page itself: a scope would give the focus back to what had it.
+    Ground {
         anchors.fill: parent
-        // A press on nothing takes the focus from what is being edited.
-        onPressed: root.forceActiveFocus(Qt.MouseFocusReason)
     }
     Scroller {
         id: scroller

@@ -15,6 +15,10 @@ Item {
 
     anchors.fill: parent
 
+    Ground {
+        width: root.width
+        height: Zen.header
+    }
     MacPageHeader {
         id: header
 

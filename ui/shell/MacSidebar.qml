@@ -10,6 +10,9 @@ Item {
     default property alias menu: groups.data
     property alias status: foot.data
 
+    Ground {
+        anchors.fill: parent
+    }
     ZenDisplay {
         id: wordmark
 

@@ -43,6 +43,11 @@ Pressable {
         color: root.ink
         Accessible.ignored: true
     }
+    // Nothing to press then.
+    Ground {
+        anchors.fill: parent
+        visible: root.isOn
+    }
     FocusRing {
         isInside: true
         visible: root.isReached

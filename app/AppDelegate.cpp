@@ -58,6 +58,7 @@ AppDelegate::~AppDelegate() {
     m_surroundings.trayHost->onChange = [] {};
     m_surroundings.colors->onChange = [] {};
     m_surroundings.motion->onChange = [] {};
+    m_surroundings.contrast->onChange = [] {};
 }
 
 std::unique_ptr<AudioIO> AppDelegate::makeAudioIO() {
@@ -91,6 +92,8 @@ void AppDelegate::setUpMenuBar() {
 void AppDelegate::setUpStrip() {
     m_surroundings.motion->onChange = [this] { m_uiEngine.setMotionReduced(m_surroundings.motion->isReduced()); };
     m_surroundings.motion->onChange();
+    m_surroundings.contrast->onChange = [this] { m_uiEngine.setContrastRaised(m_surroundings.contrast->isRaised()); };
+    m_surroundings.contrast->onChange();
     m_stripWindow.isStateSaidElsewhere = [this] { return m_appView && m_appView->now()->isActive(); };
     m_strip.emplace(m_model, m_stripWindow, *m_surroundings.scheduler);
     m_strip->onEscapeNeeded = [this](bool isNeeded) { m_keyBindings.setStopNeeded(isNeeded); };

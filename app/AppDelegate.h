@@ -2,6 +2,7 @@
 
 #include "app/Backend.h"
 #include "app/DesktopColors.h"
+#include "app/DesktopContrast.h"
 #include "app/DesktopMotion.h"
 #include "app/KeyBindings.h"
 #include "app/RemoteDoor.h"
@@ -45,6 +46,7 @@ public:
         std::unique_ptr<TrayHost> trayHost;
         std::unique_ptr<DesktopColors> colors;
         std::unique_ptr<DesktopMotion> motion;
+        std::unique_ptr<DesktopContrast> contrast;
         std::unique_ptr<WorkArea> workArea; ///< Null: the toolkit's word is taken.
         StripWindow::Pointer pointer = StripWindow::Pointer::Known;
         std::unique_ptr<KeyboardLayout> keyboardLayout;

@@ -12,6 +12,7 @@
 #include "platform/desktop/AutostartEntry.h"
 #include "platform/desktop/DesktopMicrophonePermission.h"
 #include "platform/desktop/PortalColors.h"
+#include "platform/desktop/PortalContrast.h"
 #include "platform/desktop/PortalMotion.h"
 #include "platform/desktop/SoundSettings.h"
 #include "platform/desktop/StatusNotifierHost.h"
@@ -97,6 +98,7 @@ AppDelegate::Surroundings surroundings(std::unique_ptr<RemoteService> remote, X1
         .trayHost = std::make_unique<StatusNotifierHost>(bus),
         .colors = std::make_unique<PortalColors>(bus, desktop),
         .motion = std::make_unique<PortalMotion>(bus),
+        .contrast = std::make_unique<PortalContrast>(bus),
         .workArea = x11 != nullptr ? std::make_unique<X11WorkArea>(*x11) : nullptr,
         // There, only our own windows see the pointer.
         .pointer = isWayland() ? StripWindow::Pointer::Unknown : StripWindow::Pointer::Known,

@@ -31,6 +31,7 @@ QQmlEngine &UiEngine::get() {
     m_engine = std::make_unique<QQmlEngine>();
     Ui::install(*m_engine, m_resources);
     Kit::setMotionReduced(*m_engine, m_isMotionReduced);
+    Kit::setContrastRaised(*m_engine, m_isContrastRaised);
     return *m_engine;
 }
 
@@ -38,6 +39,12 @@ void UiEngine::setMotionReduced(bool isReduced) {
     m_isMotionReduced = isReduced;
     if (m_engine)
         Kit::setMotionReduced(*m_engine, isReduced);
+}
+
+void UiEngine::setContrastRaised(bool isRaised) {
+    m_isContrastRaised = isRaised;
+    if (m_engine)
+        Kit::setContrastRaised(*m_engine, isRaised);
 }
 
 } // namespace palomet

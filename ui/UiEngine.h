@@ -31,9 +31,13 @@ public:
     /// Whether the desktop asks for stillness.
     void setMotionReduced(bool isReduced);
 
+    /// Whether the desktop asks for more contrast.
+    void setContrastRaised(bool isRaised);
+
 private:
     const QString m_resources;
     bool m_isMotionReduced = false;
+    bool m_isContrastRaised = false;
     std::unique_ptr<QQmlEngine> m_engine;
 };
 

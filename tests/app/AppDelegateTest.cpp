@@ -11,6 +11,7 @@
 #include "tests/support/ManualScheduler.h"
 #include "tests/support/Processes.h"
 #include "tests/support/ScriptedBackend.h"
+#include "ui/kit/Wishes.h"
 
 #include <QDir>
 #include <QJsonDocument>
@@ -54,6 +55,18 @@ public:
     [[nodiscard]] bool isReduced() const override { return false; }
 };
 
+class FakeContrast final : public DesktopContrast {
+public:
+    [[nodiscard]] bool isRaised() const override { return m_isRaised; }
+    void become(bool isRaised) {
+        m_isRaised = isRaised;
+        onChange();
+    }
+
+private:
+    bool m_isRaised = false;
+};
+
 const QByteArray missingHost =
     "bandeja: falta um painel com StatusNotifierHost; o ícone do Palomet aparece assim que houver um\n";
 
@@ -74,6 +87,8 @@ protected:
         sound = ownedSound.get();
         host = ownedHost.get();
         auto ownedGrabber = std::make_unique<test::FakeHotKeyGrabber>();
+        auto ownedContrast = std::make_unique<FakeContrast>();
+        contrast = ownedContrast.get();
         auto ownedRemote = std::make_unique<test::FakeRemoteService>();
         grabber = ownedGrabber.get();
         remote = ownedRemote.get();
@@ -94,6 +109,7 @@ protected:
             .trayHost = std::move(ownedHost),
             .colors = std::make_unique<FakeColors>(),
             .motion = std::make_unique<FakeMotion>(),
+            .contrast = std::move(ownedContrast),
             .workArea = nullptr,
             .keyboardLayout = std::make_unique<NoKeyboardLayout>(),
             .hotKeyGrabber = std::move(ownedGrabber),
@@ -167,6 +183,7 @@ protected:
     test::FakeMicrophonePermission *permission = nullptr;
     test::FakeSoundServer *sound = nullptr;
     FakeTrayHost *host = nullptr;
+    FakeContrast *contrast = nullptr;
     test::FakeHotKeyGrabber *grabber = nullptr;
     test::FakeRemoteService *remote = nullptr;
 };
@@ -405,6 +422,19 @@ TEST_F(AppDelegateTest, MakesOneWindowHoweverOftenItIsOpenedAndLoadsHistoryAndOp
     EXPECT_EQ(delegate->window(), window);
     EXPECT_TRUE(window->isVisible());
     EXPECT_TRUE(eventually([this] { return server.count("/history") == 2 && server.count("/options") == 2; }));
+}
+
+TEST_F(AppDelegateTest, ShowsEverythingWithTheContrastThatTheDesktopAsksForNowAndLater) {
+    create();
+    contrast->become(true);
+    delegate->applicationDidFinishLaunching();
+    delegate->openWindow();
+    auto &wishes = Wishes::of(*delegate->window()->engine());
+    EXPECT_TRUE(wishes.isContrastRaised());
+    contrast->become(false);
+    EXPECT_FALSE(wishes.isContrastRaised());
+    contrast->become(true);
+    EXPECT_TRUE(wishes.isContrastRaised());
 }
 
 TEST_F(AppDelegateTest, OpensItsWindowFromTheMenuOnThePaneThatItHad) {

@@ -23,7 +23,7 @@ ZenBox {
     implicitHeight: Zen.cap
     radius: Zen.radius1
     color: Zen.gray0
-    edge: Zen.gray3
+    edge: Zen.edge
     edgeWidth: 1
 
     Icon {

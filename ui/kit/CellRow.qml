@@ -55,7 +55,7 @@ Item {
             // Its width follows the row by an anchor: a binding to it is lost while the rules change in the same breath.
             anchors.left: parent?.left
             anchors.right: parent?.right
-            color: index === 0 ? root.ruleColor : Zen.gray3
+            color: index === 0 ? root.ruleColor : Zen.rule
         }
     }
 }

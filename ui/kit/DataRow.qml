@@ -26,7 +26,7 @@ ZenRow {
         text: root.label
         size: 12
         box: 44
-        color: Zen.gray5
+        color: Zen.noteInk
         Accessible.ignored: true
     }
     ElidedText {
@@ -46,7 +46,7 @@ ZenRow {
         text: root.trailing
         size: 12
         box: 44
-        color: Zen.gray5
+        color: Zen.noteInk
         Accessible.ignored: true
     }
 }

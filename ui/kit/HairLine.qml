@@ -4,7 +4,7 @@ import QtQuick
 Item {
     id: root
 
-    property color color: Zen.gray3
+    property color color: Zen.rule
     property bool isUpright: false
     // Its thickness in points.
     readonly property real thickness: 1 / Math.max(1, Screen.devicePixelRatio)

@@ -1,7 +1,7 @@
 #include "ui/kit/Kit.h"
 
 #include "ui/kit/IconProvider.h"
-#include "ui/kit/Motion.h"
+#include "ui/kit/Wishes.h"
 
 #include <QFontDatabase>
 #include <QQmlEngine>
@@ -28,7 +28,11 @@ void install(QQmlEngine &engine, const QString &resources) {
 }
 
 void setMotionReduced(QQmlEngine &engine, bool isReduced) {
-    Motion::of(engine).setReduced(isReduced);
+    Wishes::of(engine).setMotionReduced(isReduced);
+}
+
+void setContrastRaised(QQmlEngine &engine, bool isRaised) {
+    Wishes::of(engine).setContrastRaised(isRaised);
 }
 
 } // namespace palomet::Kit

@@ -18,4 +18,7 @@ void install(QQmlEngine &engine, const QString &resources);
 /// Whether the desktop asks for stillness: everything that moves in this engine then stands.
 void setMotionReduced(QQmlEngine &engine, bool isReduced);
 
+/// Whether the desktop asks for more contrast: inks and edges in this engine are then stronger.
+void setContrastRaised(QQmlEngine &engine, bool isRaised);
+
 } // namespace palomet::Kit

@@ -66,7 +66,7 @@ Column {
                 visible: !root.showsKeys
                 radius: Zen.radiusFull
                 color: root.isRecording ? Zen.gray9 : button.isPointed ? Zen.gray2 : Zen.gray0
-                edge: root.isRecording ? Zen.gray9 : Zen.gray3
+                edge: root.isRecording ? Zen.gray9 : button.isPointed ? Zen.edgePointed : Zen.edge
                 edgeWidth: root.isRecording ? 1.5 : 1
 
                 ZenText {
@@ -76,7 +76,7 @@ Column {
                     text: root.isRecording ? root.typeText : root.noneText
                     size: 11
                     box: 16
-                    color: root.isRecording ? Zen.gray0 : Zen.gray4
+                    color: root.isRecording ? Zen.gray0 : button.isPointed ? Zen.bodyInk : Zen.noteInk
                     font.weight: Zen.bold
                 }
             }
@@ -94,7 +94,7 @@ Column {
         text: root.message || root.hint
         size: 11
         box: 16
-        color: root.message ? Zen.red7 : Zen.gray5
+        color: root.message ? Zen.alarmInk : Zen.noteInk
         wrapMode: Text.Wrap
         Accessible.ignored: true
     }

@@ -43,6 +43,6 @@ MouseArea {
         width: Zen.space1
         height: root.length
         radius: Zen.radiusFull
-        color: root.containsMouse || root.pressed ? Zen.gray4 : Zen.gray3
+        color: root.containsMouse || root.pressed ? Zen.edgePointed : Zen.edge
     }
 }

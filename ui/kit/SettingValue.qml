@@ -22,7 +22,7 @@ Item {
         y: Zen.space2
         width: Math.min(implicitWidth, Zen.controlColumn)
         text: root.text
-        color: Zen.gray6
+        color: Zen.bodyInk
         wrapMode: Text.Wrap
     }
 }

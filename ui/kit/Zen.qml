@@ -18,6 +18,19 @@ QtObject {
     readonly property color red6: "#FA5252"
     readonly property color red7: "#F03E3E"
 
+    // What is written and drawn, by its part. Text has 4.5 to 1 against its ground, and 7 to 1 where the desktop asks for more
+    // contrast; what a control is known by has 3 to 1. What is disabled, and rules, may have less.
+    readonly property bool isContrastRaised: Wishes.isContrastRaised
+    readonly property color bodyInk: isContrastRaised ? gray7 : gray6
+    readonly property color noteInk: isContrastRaised ? gray6 : gray5
+    readonly property color alarmInk: isContrastRaised ? "#8F1B1B" : "#C92A2A"
+    readonly property color disabledInk: gray4
+    readonly property color edge: isContrastRaised ? gray6 : "#848C9A"
+    readonly property color edgePointed: isContrastRaised ? gray9 : gray5
+    readonly property color rule: isContrastRaised ? gray5 : gray3
+    readonly property color darkNoteInk: isContrastRaised ? gray3 : gray4
+    readonly property color darkEdge: isContrastRaised ? gray4 : gray7
+
     // Spacing: the only distances there are.
     readonly property int space1: 4
     readonly property int space2: 8
@@ -59,7 +72,7 @@ QtObject {
     readonly property int tipTime: 600
     // How long what is typed in a row belongs together.
     readonly property int typingTime: 1000
-    readonly property bool isMotionReduced: Motion.isReduced
+    readonly property bool isMotionReduced: Wishes.isMotionReduced
 
     // The five faces. Sizes are fixed; they do not follow the system's text size.
     readonly property string family: "Montserrat"

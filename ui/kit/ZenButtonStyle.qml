@@ -12,7 +12,7 @@ SoftBox {
     property int kind: ZenButtonStyle.Secondary
     property bool isPointed: false
     property bool isHeld: false
-    readonly property color ink: !enabled ? Zen.gray4 : kind === ZenButtonStyle.Primary ? Zen.gray0 : Zen.gray9
+    readonly property color ink: !enabled ? Zen.disabledInk : kind === ZenButtonStyle.Primary ? Zen.gray0 : Zen.gray9
 
     radius: Zen.radius2
     color: {

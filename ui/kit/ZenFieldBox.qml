@@ -7,6 +7,6 @@ SoftBox {
 
     radius: Zen.radius2
     color: Zen.gray0
-    edge: isFocused ? Zen.gray9 : isPointed ? Zen.gray5 : Zen.gray3
+    edge: isFocused ? Zen.gray9 : isPointed ? Zen.edgePointed : Zen.edge
     edgeWidth: isFocused ? 2 : 1
 }

@@ -47,7 +47,7 @@ TextInput {
         visible: root.text === "" && root.preeditText === ""
         text: root.placeholder
         box: root.height
-        color: Zen.gray4
+        color: Zen.noteInk
         elide: Text.ElideRight
         Accessible.ignored: true
     }

@@ -4,7 +4,7 @@ import QtQuick
 ZenText {
     size: 10
     box: 16
-    color: Zen.gray5
+    color: Zen.noteInk
     font.weight: Zen.extraBold
     font.letterSpacing: 1.5
     font.capitalization: Font.AllUppercase

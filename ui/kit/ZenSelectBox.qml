@@ -16,7 +16,7 @@ SoftBox {
     implicitHeight: Zen.control
     radius: Zen.radius2
     color: Zen.gray0
-    edge: isOpen ? Zen.gray9 : isPointed ? Zen.gray5 : Zen.gray3
+    edge: isOpen ? Zen.gray9 : isPointed ? Zen.edgePointed : Zen.edge
     edgeWidth: 1
 
     ElidedText {
@@ -24,7 +24,7 @@ SoftBox {
         y: Zen.space2
         width: chevron.x - x - Zen.space2
         text: root.shownValue
-        color: root.isBusy ? Zen.gray5 : Zen.gray9
+        color: root.isBusy ? Zen.noteInk : Zen.gray9
         elide: root.valueElide
         Accessible.ignored: true
     }
@@ -34,7 +34,7 @@ SoftBox {
         x: root.width - width - 10
         anchors.verticalCenter: parent.verticalCenter
         name: "chevron-down"
-        color: root.isOpen || root.isPointed ? Zen.gray9 : Zen.gray5
+        color: root.isOpen || root.isPointed ? Zen.gray9 : Zen.noteInk
         rotation: root.isOpen ? 180 : 0
 
         Behavior on rotation {

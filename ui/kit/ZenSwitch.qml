@@ -30,7 +30,7 @@ Pressable {
         anchors.fill: parent
         radius: Zen.radiusFull
         color: !root.isOn ? Zen.gray0 : root.isPointed ? Zen.gray8 : Zen.gray9
-        edge: root.isPointed ? Zen.gray5 : Zen.gray4
+        edge: root.isPointed ? Zen.edgePointed : Zen.edge
         edgeWidth: root.isOn ? 0 : 1.5
     }
     ZenBox {
@@ -39,7 +39,7 @@ Pressable {
         width: 16
         height: 16
         radius: 8
-        color: root.isOn ? Zen.gray0 : Zen.gray5
+        color: root.isOn ? Zen.gray0 : Zen.noteInk
 
         Behavior on x {
             enabled: root.Exposure.isShown && !Zen.isMotionReduced

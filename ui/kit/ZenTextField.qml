@@ -53,7 +53,7 @@ Item {
         name: root.name
         description: root.isBusy ? `${root.busyText} ${root.description}` : root.description
         rightPadding: busy.visible ? root.width - busy.x + Zen.space2 : Zen.space3
-        color: busy.visible ? Zen.gray5 : Zen.gray9
+        color: busy.visible ? Zen.noteInk : Zen.gray9
         onAccepted: root.commit()
         Keys.onEscapePressed: root.leave()
         onActiveFocusChanged: {
@@ -71,7 +71,7 @@ Item {
         text: root.busyText
         size: 12
         box: root.height
-        color: Zen.gray5
+        color: Zen.noteInk
         Accessible.ignored: true
     }
     HoverHandler {

@@ -37,7 +37,7 @@ ZenRow {
         text: root.words
         size: root.isTool ? 12 : 13
         box: 21
-        color: root.kind === "user" ? Zen.gray9 : root.isTool ? Zen.gray5 : Zen.gray8
+        color: root.kind === "user" ? Zen.gray9 : root.isTool ? Zen.noteInk : Zen.gray8
         wrapMode: Text.Wrap
         Accessible.ignored: true
     }
@@ -46,7 +46,7 @@ ZenRow {
         y: root.line + Zen.baseline(13, 21) - Zen.baseline(12, 20)
         text: root.clock
         size: 12
-        color: Zen.gray5
+        color: Zen.noteInk
         Accessible.ignored: true
     }
     ZenData {
@@ -54,7 +54,7 @@ ZenRow {
         y: root.line + Zen.baseline(13, 21) - Zen.baseline(12, 20)
         text: root.duration
         size: 12
-        color: Zen.gray5
+        color: Zen.noteInk
         Accessible.ignored: true
     }
 }

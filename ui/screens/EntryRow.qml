@@ -12,7 +12,7 @@ ZenRow {
     property bool isQuiet: false
 
     readonly property int line: rule + Zen.space3
-    readonly property color ink: isQuiet ? Zen.gray5 : Zen.gray9
+    readonly property color ink: isQuiet ? Zen.noteInk : Zen.gray9
 
     implicitHeight: said.y + said.height + Zen.space3
 
@@ -27,7 +27,7 @@ ZenRow {
         y: root.line + Zen.baseline(13, 21) - Zen.baseline(12, 20)
         text: root.clock
         size: 12
-        color: Zen.gray5
+        color: Zen.noteInk
         Accessible.ignored: true
     }
     Column {
@@ -51,7 +51,7 @@ ZenRow {
             text: root.reason
             size: 12
             box: 21
-            color: Zen.gray5
+            color: Zen.noteInk
             wrapMode: Text.Wrap
             Accessible.ignored: true
         }

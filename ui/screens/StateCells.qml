@@ -56,7 +56,7 @@ Column {
     }
     CellRow {
         width: root.width
-        ruleColor: Zen.gray3
+        ruleColor: Zen.rule
 
         ValueCell {
             label: Words.t("now.transcription")

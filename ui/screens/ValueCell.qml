@@ -12,6 +12,6 @@ Cell {
     ElidedDisplay {
         width: parent.width
         text: root.text || "—"
-        color: root.text ? Zen.gray9 : Zen.gray4
+        color: root.text ? Zen.gray9 : Zen.noteInk
     }
 }

@@ -30,7 +30,7 @@ PageHeaderLayout {
     ZenBody {
         y: 96
         text: root.subtitle
-        color: Zen.gray6
+        color: Zen.bodyInk
         wrapMode: Text.NoWrap
     }
 }

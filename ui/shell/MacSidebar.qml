@@ -26,7 +26,7 @@ Item {
         y: wordmark.y + Zen.baseline(22, 28) - Zen.baseline(12, 20)
         text: root.version
         size: 12
-        color: Zen.gray4
+        color: Zen.noteInk
     }
     Column {
         id: groups

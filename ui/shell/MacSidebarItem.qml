@@ -30,13 +30,13 @@ Pressable {
         anchors.verticalCenter: parent.verticalCenter
         name: root.icon
         size: Zen.iconSidebar
-        color: root.isActive ? Zen.gray9 : Zen.gray5
+        color: root.isActive ? Zen.gray9 : Zen.noteInk
     }
     ZenText {
         x: Zen.space3 + Zen.iconSidebar + Zen.space3
         anchors.verticalCenter: parent.verticalCenter
         text: root.title
-        color: root.isActive || root.isPointed ? Zen.gray9 : Zen.gray6
+        color: root.isActive || root.isPointed ? Zen.gray9 : Zen.bodyInk
         font.weight: root.isActive ? Zen.bold : Zen.medium
         Accessible.ignored: true
     }
@@ -45,7 +45,7 @@ Pressable {
         anchors.verticalCenter: parent.verticalCenter
         text: root.badge
         size: 12
-        color: root.isActive ? Zen.gray6 : Zen.gray5
+        color: root.isActive ? Zen.bodyInk : Zen.noteInk
         Accessible.ignored: true
     }
     FocusRing {

@@ -8,7 +8,7 @@ Pressable {
     property bool isOn: true
     property string textOn
     property string textOff
-    readonly property color ink: isOn ? Zen.gray5 : Zen.red7
+    readonly property color ink: isOn ? Zen.noteInk : Zen.alarmInk
     readonly property string words: isOn ? textOn : textOff
 
     signal fix

@@ -76,7 +76,7 @@ Rectangle {
         height: 20
         visible: root.strip.isStoppable
         radius: Zen.radiusFull
-        edge: Zen.gray7
+        edge: Zen.darkEdge
         edgeWidth: 1
 
         ZenText {
@@ -87,7 +87,7 @@ Rectangle {
             text: "esc"
             size: 10
             box: 14
-            color: Zen.gray5
+            color: Zen.darkNoteInk
             font.weight: Zen.extraBold
             font.letterSpacing: 1.5
             Accessible.ignored: true

@@ -3,5 +3,5 @@ import Palomet.Kit
 ZenText {
     size: 11
     box: 16
-    color: Zen.gray5
+    color: Zen.noteInk
 }

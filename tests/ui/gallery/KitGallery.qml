@@ -31,7 +31,7 @@ Column {
                         height: 48
                         radius: Zen.radius1
                         color: Zen[swatch.modelData]
-                        edge: Zen.gray3
+                        edge: Zen.rule
                         edgeWidth: 1
                     }
                 }
@@ -82,7 +82,7 @@ Column {
                 ZenText {
                     size: 11
                     box: 16
-                    color: Zen.gray5
+                    color: Zen.noteInk
                     text: "Recorder line 11/16"
                 }
                 Item {

@@ -96,6 +96,7 @@ void Studio::takeAll(const QString &language) {
     Localization::load(m_resources, {language});
     Format::load({.numbers = language, .dates = language, .timeZone = {}, .clock = &hour});
     takePanes(language);
+    takeRaised(language);
     takeRecorder(language);
     takeStrip(language);
 }
@@ -123,6 +124,22 @@ void Studio::takePanes(const QString &language) {
         }
         m_navigation.setPane(Pane::Now);
     }
+}
+
+void Studio::takeRaised(const QString &language) {
+    fill();
+    AppView app(*m_model, m_navigation, m_shortcuts, m_layout, {u"2.1.0"_s, u"/home/user"_s}, {});
+    m_ui.setContrastRaised(true);
+    {
+        MacWindow window(m_ui.get(), app, m_scheduler, nullptr);
+        window.bringToFront();
+        for (const auto pane : allPanes) {
+            m_navigation.setPane(pane);
+            take(window, rawValue(pane) + u"-raised-"_s + language);
+        }
+        m_navigation.setPane(Pane::Now);
+    }
+    m_ui.setContrastRaised(false);
 }
 
 void Studio::takeRecorder(const QString &language) {

@@ -32,6 +32,8 @@ public:
 
 private:
     void takePanes(const QString &language);
+    /// The panes once more, as a desktop wants them that asks for more contrast.
+    void takeRaised(const QString &language);
     void takeRecorder(const QString &language);
     void takeStrip(const QString &language);
     void fill();

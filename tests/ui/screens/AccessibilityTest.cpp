@@ -1,5 +1,5 @@
 #include "tests/ui/screens/WindowTest.h"
-#include "ui/kit/Motion.h"
+#include "ui/kit/Wishes.h"
 #include "ui/localization/Localization.h"
 
 #include <set>
@@ -239,7 +239,7 @@ TEST_F(AccessibilityTest, RaisesAnAlertForEveryStateAndForNothingElse) {
 
 TEST_F(AccessibilityTest, StandsStillWithReducedMotion) {
     setState("thinking");
-    Motion::of(engine).setReduced(true);
+    Wishes::of(engine).setMotionReduced(true);
     open(Pane::Now);
     auto *steps = first("Steps");
     EXPECT_EQ(steps->property("current"), 1);
@@ -251,7 +251,7 @@ TEST_F(AccessibilityTest, StandsStillWithReducedMotion) {
         return count;
     };
     EXPECT_EQ(running(steps), 0);
-    Motion::of(engine).setReduced(false);
+    Wishes::of(engine).setMotionReduced(false);
     EXPECT_EQ(running(steps), 1);
     window->hide();
     EXPECT_EQ(running(steps), 0) << "nothing moves in what is hidden";

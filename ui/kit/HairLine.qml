@@ -1,13 +1,14 @@
 import QtQuick
 
-// One pixel of the screen, whatever its scale, in a line one point thick.
+// A line one point thick, of whole pixels of the screen: what is left over of a point is left out, as at the edges of
+// controls.
 Item {
     id: root
 
     property color color: Zen.rule
     property bool isUpright: false
     // Its thickness in points.
-    readonly property real thickness: 1 / Math.max(1, Screen.devicePixelRatio)
+    readonly property real thickness: Math.max(1, Math.floor(Screen.devicePixelRatio + 0.01)) / Math.max(1, Screen.devicePixelRatio)
 
     implicitWidth: 1
     implicitHeight: 1

@@ -167,7 +167,7 @@ TEST_F(WindowAtItsScale, OpensInTheSamePlaceAndSizeInPointsWhateverTheScaleWasBe
     }
 }
 
-TEST_F(WindowAtItsScale, DrawsEveryRuleOnePixelThick) {
+TEST_F(WindowAtItsScale, DrawsEveryRuleAsThickAsTheEdgesOfControls) {
     setFull();
     m_navigation.setPane(Pane::Listening);
     open();
@@ -177,8 +177,11 @@ TEST_F(WindowAtItsScale, DrawsEveryRuleOnePixelThick) {
         const auto image = m_window->grabWindow().convertToFormat(QImage::Format_RGB32);
         return runs(image.copy(QRectF(points.topLeft() * scale, points.size() * scale).toRect()), rule);
     };
-    const auto areThin = [](const std::vector<int> &found, std::size_t least) {
-        return found.size() >= least && std::all_of(found.begin(), found.end(), [](int length) { return length == 1; });
+    // Whole pixels, and at every scale the same: what is left over of a point is left out.
+    const auto thickness = static_cast<int>(std::floor(m_window->devicePixelRatio()));
+    const auto areThin = [&](const std::vector<int> &found, std::size_t least) {
+        return found.size() >= least &&
+               std::all_of(found.begin(), found.end(), [&](int length) { return length == thickness; });
     };
     const auto down = [&] { return lines({600, 150, 1 / m_window->devicePixelRatio(), 500}); };
     const auto across = [&] { return lines({200, 400, 200, 1 / m_window->devicePixelRatio()}); };

@@ -5,6 +5,7 @@
 
 #include <QCoreApplication>
 #include <QEvent>
+#include <QGuiApplication>
 #include <QQmlEngine>
 #include <QQuickWindow>
 
@@ -28,6 +29,7 @@ QQmlEngine &UiEngine::get() {
     if (m_engine)
         return *m_engine;
     Kit::registerFonts(m_resources);
+    QGuiApplication::setWindowIcon(Kit::programIcon(m_resources));
     m_engine = std::make_unique<QQmlEngine>();
     Ui::install(*m_engine, m_resources);
     Kit::setMotionReduced(*m_engine, m_isMotionReduced);

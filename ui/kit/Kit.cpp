@@ -4,7 +4,9 @@
 #include "ui/kit/Wishes.h"
 
 #include <QFontDatabase>
+#include <QPainter>
 #include <QQmlEngine>
+#include <QSvgRenderer>
 
 // Made by the build for the module; naming it keeps it in the program.
 extern void qml_register_types_Palomet_Kit();
@@ -19,6 +21,22 @@ QStringList registerFonts(const QString &resources) {
             missing.append(file);
     }
     return missing;
+}
+
+QIcon programIcon(const QString &resources) {
+    QIcon icon;
+    QSvgRenderer drawing(resources + QStringLiteral("/Icons/palomet.svg"));
+    if (!drawing.isValid())
+        return icon;
+    for (const int size : {16, 22, 24, 32, 48, 64, 128}) {
+        QPixmap picture(size, size);
+        picture.fill(Qt::transparent);
+        QPainter painter(&picture);
+        painter.setRenderHint(QPainter::Antialiasing);
+        drawing.render(&painter, picture.rect());
+        icon.addPixmap(picture);
+    }
+    return icon;
 }
 
 void install(QQmlEngine &engine, const QString &resources) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QIcon>
 #include <QString>
 #include <QStringList>
 
@@ -11,6 +12,9 @@ namespace palomet::Kit {
 /// Registers the typeface of the resource folder with the application. Returns the faces that could not be read, by
 /// their file names; the interface then shows in the system's typeface.
 QStringList registerFonts(const QString &resources);
+
+/// The program's own icon, for the lists of windows that desktops show; null where the resource folder has none.
+[[nodiscard]] QIcon programIcon(const QString &resources);
 
 /// Makes the module `Palomet.Kit` importable in this engine, its icons coming from the resource folder.
 void install(QQmlEngine &engine, const QString &resources);

@@ -99,3 +99,26 @@ TEST_F(WindowOnDesktopTest, ComesBackFromBeingMinimized) {
     // The window manager gives the focus before it says that the window is no longer minimized.
     EXPECT_TRUE(eventually([this] { return m_app.now()->isActive(); }));
 }
+
+TEST_F(WindowOnDesktopTest, HasTheProgramsIconInEverySizeThatPanelsAskFor) {
+    open();
+    const QByteArray name("_NET_WM_ICON");
+    const XcbReply<xcb_intern_atom_reply_t> atom{xcb_intern_atom_reply(
+        m_x11->get(), xcb_intern_atom(m_x11->get(), 0, static_cast<quint16>(name.size()), name.constData()), nullptr)};
+    ASSERT_TRUE(atom);
+    const auto cookie = xcb_get_property(m_x11->get(), 0, static_cast<xcb_window_t>(m_window->winId()), atom->atom,
+                                         XCB_ATOM_CARDINAL, 0, 1'000'000);
+    const XcbReply<xcb_get_property_reply_t> reply{xcb_get_property_reply(m_x11->get(), cookie, nullptr)};
+    ASSERT_TRUE(reply);
+    const auto *words = static_cast<const quint32 *>(xcb_get_property_value(reply.get()));
+    const auto count = static_cast<std::size_t>(xcb_get_property_value_length(reply.get())) / sizeof(quint32);
+    std::vector<quint32> sizes;
+    // Width, height, pixels, and so on.
+    for (std::size_t at = 0; at + 2 < count; at += 2 + std::size_t{words[at]} * words[at + 1]) {
+        EXPECT_EQ(words[at], words[at + 1]);
+        sizes.push_back(words[at]);
+        // Its middle is painted.
+        EXPECT_EQ(words[at + 2 + words[at] * (words[at] / 2) + words[at] / 2] >> 24, 0xFFU) << words[at];
+    }
+    EXPECT_EQ(sizes, (std::vector<quint32>{16, 22, 24, 32, 48, 64, 128}));
+}

@@ -172,7 +172,7 @@ TEST_F(MacWindowTest, OpensTheMicrophonesSettingsFromItsStatusLineOnlyWhileItIsO
     EXPECT_TRUE(m_calls.isEmpty());
     model().setMicAuthorized(false);
     EXPECT_EQ(line->property("words"), u"Microphone off. Allow access"_s);
-    EXPECT_EQ(line->property("ink").value<QColor>(), QColor(0xF0, 0x3E, 0x3E));
+    EXPECT_EQ(line->property("ink").value<QColor>(), QColor(0xC9, 0x2A, 0x2A));
     press(line);
     EXPECT_EQ(m_calls, QStringList{u"microphone"_s});
 }

@@ -31,7 +31,7 @@ ZenBox {
     }
 
     function place(): void {
-        if (!host)
+        if (!host || !parent)
             return;
         if (beside)
             placeBeside();

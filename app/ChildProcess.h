@@ -12,9 +12,10 @@
 
 namespace palomet {
 
-/// Port: a program that this one has started and looks after. It does not outlive this program, however this program
-/// ends, and it leads a group of its own, to which the processes that it starts belong as long as they do not leave it.
-/// Main thread, except where something else is said. Destroying it ends the whole group.
+/// Port: a program that this one has started and looks after. Neither it nor what it has started outlives this program
+/// by more than two seconds, however this program ends. It leads a group of its own, to which the processes that it
+/// starts belong as long as they do not leave it. Main thread, except where something else is said. Destroying it ends
+/// the whole group.
 class ChildProcess {
 public:
     /// What to run. Nothing of this process reaches it but what stands here: no descriptor, no blocked or ignored

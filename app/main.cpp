@@ -18,6 +18,7 @@
 #include "platform/desktop/StatusNotifierHost.h"
 #include "platform/portal/PortalHotKeyGrabber.h"
 #include "platform/posix/EventWakeup.h"
+#include "platform/posix/GroupGuard.h"
 #include "platform/posix/PosixChildProcess.h"
 #include "platform/posix/SpareMemory.h"
 #include "platform/posix/TerminationSignals.h"
@@ -90,7 +91,9 @@ AppDelegate::Surroundings surroundings(std::unique_ptr<RemoteService> remote, X1
         .resources = resourceFolder(QCoreApplication::applicationDirPath()),
         .home = QDir::homePath(),
         .version = version,
-        .startProcess = &startChildProcess,
+        .startProcess = [guard = std::make_shared<GroupGuard>(guardProgram(QCoreApplication::applicationDirPath()))](
+                            const auto &launch,
+                            auto onExit) { return startChildProcess(launch, std::move(onExit), guard); },
         .makeWakeup = &EventWakeup::make,
         .scheduler = std::move(scheduler),
         .microphonePermission = std::move(permission),

@@ -1,6 +1,7 @@
 #include "platform/posix/PosixChildProcess.h"
 
 #include "platform/posix/Descriptor.h"
+#include "platform/posix/GroupGuard.h"
 
 #include <QByteArray>
 #include <QFile>
@@ -99,6 +100,7 @@ struct Preparation {
     int input;
     int output;
     int report;
+    int guard; ///< Or -1.
 };
 
 [[noreturn]] void refuse(int report, Refusal::Step step) {
@@ -113,6 +115,9 @@ struct Preparation {
     // The parent may have ended before the kernel was asked to watch it.
     if (getppid() != prepared.parent)
         _exit(127);
+    // A guard does it better: it reaches those who have left the group, and asks before it kills.
+    if (prepared.guard >= 0 && GroupGuard::tell(prepared.guard, getpid()))
+        prctl(PR_SET_PDEATHSIG, 0);
     dup2(prepared.input, STDIN_FILENO);
     dup2(prepared.output, STDOUT_FILENO);
     dup2(prepared.output, STDERR_FILENO);
@@ -164,8 +169,9 @@ bool hasEnded(const Descriptor &handle, int milliseconds = 0) {
 
 class PosixChildProcess final : public ChildProcess {
 public:
-    PosixChildProcess(pid_t child, Descriptor handle, std::function<void()> onExit)
+    PosixChildProcess(pid_t child, Descriptor handle, std::shared_ptr<GroupGuard> guard, std::function<void()> onExit)
         : m_child(child)
+        , m_guard(std::move(guard))
         , m_handle(std::move(handle))
         , m_notifier(new QSocketNotifier(m_handle.get(), QSocketNotifier::Read))
         , m_onExit(std::move(onExit)) {
@@ -180,6 +186,7 @@ public:
         // A moment is enough for whatever can be killed at all; the system reaps the rest after us.
         if (hasEnded(m_handle, 1000))
             reap(m_child, WNOHANG);
+        dismissGuard();
     }
 
     [[nodiscard]] qint64 processId() const override { return m_child; }
@@ -208,9 +215,15 @@ private:
         kill(-m_child, SIGKILL);
         reap(m_child, WNOHANG);
         m_isReaped = true;
+        dismissGuard();
         // It may destroy this object.
         const auto onExit = std::move(m_onExit);
         onExit();
+    }
+
+    void dismissGuard() {
+        if (m_guard)
+            m_guard->forget();
     }
 
     void releaseNotifier() {
@@ -222,6 +235,7 @@ private:
     }
 
     const pid_t m_child;
+    std::shared_ptr<GroupGuard> m_guard;
     Descriptor m_handle;
     QSocketNotifier *m_notifier;
     std::function<void()> m_onExit;
@@ -257,8 +271,8 @@ std::optional<Refusal> heardFrom(const Descriptor &pipe) {
 
 } // namespace
 
-Result<std::unique_ptr<ChildProcess>> startChildProcess(const ChildProcess::Launch &launch,
-                                                        std::function<void()> onExit) {
+Result<std::unique_ptr<ChildProcess>>
+startChildProcess(const ChildProcess::Launch &launch, std::function<void()> onExit, std::shared_ptr<GroupGuard> guard) {
     const Descriptor input = aboveStandard(Descriptor(open("/dev/null", O_RDONLY | O_CLOEXEC)));
     const Descriptor output(fcntl(launch.output, F_DUPFD_CLOEXEC, STDERR_FILENO + 1));
     Pipe pipe = makePipe();
@@ -269,7 +283,7 @@ Result<std::unique_ptr<ChildProcess>> startChildProcess(const ChildProcess::Laun
     auto environment = environmentFor(launch);
     const QByteArray folder = QFile::encodeName(launch.workingDirectory);
     const pid_t child = forkInto({folder.constData(), arguments.pointers(), environment.pointers(), getpid(),
-                                  input.get(), output.get(), pipe.writing.get()});
+                                  input.get(), output.get(), pipe.writing.get(), guard ? guard->descriptor() : -1});
     if (child < 0)
         return failure(launch.program, errno);
     pipe.writing.reset();
@@ -285,8 +299,10 @@ Result<std::unique_ptr<ChildProcess>> startChildProcess(const ChildProcess::Laun
         reap(child, 0);
         return failure(launch.program, error);
     }
+    if (guard)
+        guard->keep(child);
     return std::unique_ptr<ChildProcess>(
-        std::make_unique<PosixChildProcess>(child, std::move(handle), std::move(onExit)));
+        std::make_unique<PosixChildProcess>(child, std::move(handle), std::move(guard), std::move(onExit)));
 }
 
 } // namespace palomet

@@ -69,12 +69,15 @@ TEST_F(PalometTest, QuitsOnceHoweverOftenItIsAsked) {
     expectOrderlyEnd(backend, End::Forced);
 }
 
-TEST_F(PalometTest, TakesItsBackendWithItWhenItIsKilled) {
+TEST_F(PalometTest, TakesItsBackendAndAllThatThisHasStartedWithItWhenItIsKilled) {
+    environment.insert(u"FAKE_BACKEND"_s, u"parent"_s);
     start();
     const auto backend = awaitBackend();
-    EXPECT_FALSE(hasEnded(backend));
+    EXPECT_EQ(test::statusOf(backend, "PPid").toLongLong(), program.processId());
+    const auto children = test::processesNamed("filho", log());
+    ASSERT_EQ(children.size(), 2);
     program.kill();
-    EXPECT_TRUE(eventually([&] { return hasEnded(backend); }));
+    EXPECT_TRUE(eventually([&] { return hasEnded(backend) && hasEnded(children[0]) && hasEnded(children[1]); }));
 }
 
 TEST_F(PalometTest, GivesTheBackendOnlyItsLogAndACleanMask) {

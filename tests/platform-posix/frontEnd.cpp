@@ -1,6 +1,7 @@
 // A front end to be killed: starts the program named as its first argument with its output in the file named as the
-// second, and waits. It ends when it could not.
+// second, and waits. It ends when it could not. A third argument names a guard.
 
+#include "platform/posix/GroupGuard.h"
 #include "platform/posix/PosixChildProcess.h"
 
 #include <QCoreApplication>
@@ -18,6 +19,8 @@ int main(int argc, char **argv) {
     launch.program = arguments.at(1);
     launch.workingDirectory = u"/"_s;
     launch.output = output.handle();
-    const auto child = palomet::startChildProcess(launch, [] {});
+    const auto guard = std::make_shared<palomet::GroupGuard>(arguments.value(3));
+    const auto child = palomet::startChildProcess(
+        launch, [] {}, guard);
     return child ? QCoreApplication::exec() : 2;
 }

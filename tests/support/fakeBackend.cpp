@@ -3,9 +3,10 @@
 //   exit       ends by itself
 //   stubborn   waits, and does not listen when it is asked to end
 //   family     has two children, says "filho PID" of each and waits; neither they nor it listen. The second child has
-//   left
-//              the group
+//              left the group
+//   parent     the same, but it ends when it is asked to
 //   orphans    the same, but it ends by itself
+//   farewell   waits, and says "adeus" when it is asked to end
 //   talk       says 2,000 lines, then waits
 
 #include <fcntl.h>
@@ -33,6 +34,7 @@ enum class Group { Parents, Own };
 void bear(Group group) {
     const pid_t child = fork();
     if (child == 0) {
+        signal(SIGTERM, SIG_IGN);
         if (group == Group::Own)
             setsid();
         wait();
@@ -49,7 +51,13 @@ int main() {
     const std::string behaviour = wanted == nullptr ? "" : wanted;
     if (behaviour == "stubborn" || behaviour == "family" || behaviour == "orphans")
         signal(SIGTERM, SIG_IGN);
-    if (behaviour == "family" || behaviour == "orphans") {
+    if (behaviour == "farewell") {
+        signal(SIGTERM, [](int) {
+            say("adeus");
+            _exit(0);
+        });
+    }
+    if (behaviour == "family" || behaviour == "orphans" || behaviour == "parent") {
         bear(Group::Parents);
         bear(Group::Own);
     }

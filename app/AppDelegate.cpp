@@ -19,7 +19,16 @@ constexpr auto backendEndsWithin = 2s;
 
 AppDelegate::AppDelegate(Surroundings surroundings)
     : m_surroundings(std::move(surroundings))
-    , m_model(*m_surroundings.scheduler, *m_surroundings.microphonePermission, m_surroundings.backend)
+    , m_peerCheck(m_surroundings.findSocketOwner,
+                  [this] {
+                      // From the link's thread, too.
+                      const auto tell = [this] {
+                          m_isStrangerUnnoted = true;
+                          noteStranger();
+                      };
+                      QMetaObject::invokeMethod(this, tell, Qt::QueuedConnection);
+                  })
+    , m_model(*m_surroundings.scheduler, *m_surroundings.microphonePermission, m_surroundings.backend, admitPeer())
     , m_backend(m_surroundings.startProcess, *m_surroundings.scheduler, m_surroundings.resources, m_surroundings.home)
     , m_audioLink({
           .io = makeAudioIO(),
@@ -27,6 +36,7 @@ AppDelegate::AppDelegate(Surroundings surroundings)
           .makeWakeup = m_surroundings.makeWakeup,
           .note = [this](const QString &line) { m_backend.note(line); },
           .url = m_surroundings.audio,
+          .admit = admitPeer(),
       })
     , m_hotKeys(std::move(m_surroundings.hotKeyGrabber))
     , m_shortcuts(*m_surroundings.settings)
@@ -59,6 +69,10 @@ AppDelegate::~AppDelegate() {
     m_surroundings.colors->onChange = [] {};
     m_surroundings.motion->onChange = [] {};
     m_surroundings.contrast->onChange = [] {};
+}
+
+AdmitPeer AppDelegate::admitPeer() {
+    return [this](quint16 port, quint16 from) { return m_peerCheck.admits(port, from); };
 }
 
 std::unique_ptr<AudioIO> AppDelegate::makeAudioIO() {
@@ -133,6 +147,7 @@ void AppDelegate::startBackend() {
     m_stage = Stage::Running;
     m_backend.start();
     m_audioLink.start();
+    noteStranger();
     trayHostChanged();
 }
 
@@ -149,6 +164,13 @@ void AppDelegate::trayHostChanged() {
     m_backend.note(
         u"bandeja: falta um painel com StatusNotifierHost; o ícone do Palomet aparece assim que houver um"_s);
     openWindow();
+}
+
+void AppDelegate::noteStranger() {
+    // The log exists once the backend was started.
+    if (m_stage == Stage::Running && std::exchange(m_isStrangerUnnoted, false))
+        m_backend.note(u"rede: a porta %1 é de um programa de outro usuário; o Palomet não fala com ele"_s.arg(
+            m_surroundings.backend.port()));
 }
 
 void AppDelegate::updateIcon() {

@@ -9,6 +9,7 @@
 #include "app/StatusMenu.h"
 #include "app/TrayHost.h"
 #include "audio/AudioLink.h"
+#include "base/PeerCheck.h"
 #include "base/Scheduler.h"
 #include "base/Wakeup.h"
 #include "model/MicrophonePermission.h"
@@ -55,6 +56,7 @@ public:
         std::unique_ptr<QSettings> settings;
         std::function<void(const QString &path)> openFile; ///< Shows a file in the program of the user's choice.
         std::function<void()> openMicrophoneSettings;
+        FindSocketOwner findSocketOwner = [](quint16, quint16) { return SocketOwner::Unknown; };
         QUrl backend = hudBase();
         QUrl audio = AudioLink::defaultUrl();
     };
@@ -88,15 +90,18 @@ private:
     /// The three stages, in their order.
     enum class Stage { Launching, Running, Terminating };
 
+    [[nodiscard]] AdmitPeer admitPeer();
     [[nodiscard]] std::unique_ptr<AudioIO> makeAudioIO();
     void setUpMenuBar();
     void setUpStrip();
     void setUpWindow();
     void startBackend();
     void trayHostChanged();
+    void noteStranger();
     void updateIcon();
 
     Surroundings m_surroundings;
+    PeerCheck m_peerCheck;
     PalometModel m_model;
     Navigation m_nav;
     Backend m_backend;
@@ -113,6 +118,7 @@ private:
     std::unique_ptr<AppView> m_appView;
     std::unique_ptr<MacWindow> m_window;
     Stage m_stage = Stage::Launching;
+    bool m_isStrangerUnnoted = false;
     bool m_isTrayHostSettled = false; ///< There was one, or it was said that there is none.
 };
 

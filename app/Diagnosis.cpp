@@ -64,8 +64,10 @@ Finding port(const Examination &found) {
                    : works(subject, u"free"_s);
     }
     const auto &holder = *found.port;
-    if (holder.processId == 0)
-        return fails(subject, u"held by the program of another user, who must end it first"_s);
+    if (holder.processId == 0 || found.portOwner == SocketOwner::Others)
+        return fails(
+            subject,
+            u"held by the program of another user, to whom Palomet tells nothing, and who must end it first"_s);
     const auto who = u"%1 (process %2)"_s.arg(holder.lineage.value(0), QString::number(holder.processId));
     if (!holder.lineage.contains("palomet"_L1))
         return fails(subject, u"held by %1, which is not Palomet's; end it, for the backend needs the port"_s.arg(who));

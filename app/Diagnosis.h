@@ -4,6 +4,7 @@
 #include "app/RemoteControl.h"
 #include "app/TrayHost.h"
 #include "audio/SoundServer.h"
+#include "base/SocketOwner.h"
 #include "model/MicrophonePermission.h"
 
 #include <QString>
@@ -48,6 +49,7 @@ struct Examination {
     QStringList wantedLanguages;
     QString language;
     std::optional<PortHolder> port;
+    SocketOwner portOwner = SocketOwner::Unknown;
 
     bool isSoundServerThere = false;
     std::vector<InputDevice> inputs;

@@ -10,6 +10,7 @@
 #include "platform/desktop/DesktopMicrophonePermission.h"
 #include "platform/desktop/StatusNotifierHost.h"
 #include "platform/portal/hasGlobalShortcuts.h"
+#include "platform/posix/KernelSocketOwner.h"
 #include "platform/posix/ProcPortHolder.h"
 #include "platform/posix/Terminal.h"
 #include "platform/pulse/PulseSoundServer.h"
@@ -140,6 +141,7 @@ int runDoctor(int argumentCount, char **arguments) {
     const auto x11 = X11Connection::open();
     lookAtKeys(found, bus, x11.get());
     found.port = procPortHolder(backendPort);
+    found.portOwner = KernelSocketOwner()(backendPort, 0);
     if (const auto canceller = EchoCanceller::create())
         found.echoCanceller = (*canceller)->state().library;
 

@@ -19,6 +19,7 @@
 #include "platform/portal/PortalHotKeyGrabber.h"
 #include "platform/posix/EventWakeup.h"
 #include "platform/posix/GroupGuard.h"
+#include "platform/posix/KernelSocketOwner.h"
 #include "platform/posix/PosixChildProcess.h"
 #include "platform/posix/SpareMemory.h"
 #include "platform/posix/TerminationSignals.h"
@@ -112,6 +113,7 @@ AppDelegate::Surroundings surroundings(std::unique_ptr<RemoteService> remote, X1
             std::make_unique<QSettings>(QSettings::NativeFormat, QSettings::UserScope, u"palomet"_s, u"palomet"_s),
         .openFile = [](const QString &path) { QDesktopServices::openUrl(QUrl::fromLocalFile(path)); },
         .openMicrophoneSettings = [desktop] { openFirst(microphoneSettings(desktop)); },
+        .findSocketOwner = KernelSocketOwner(),
     };
 }
 

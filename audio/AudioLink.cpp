@@ -19,7 +19,7 @@ AudioLink::AudioLink(Parts parts)
     : m_io(std::move(parts.io))
     , m_scheduler(parts.scheduler)
     , m_makeWakeup(std::move(parts.makeWakeup))
-    , m_socket(std::move(parts.url), parts.timing, parts.maximumFile) {
+    , m_socket(std::move(parts.url), parts.timing, parts.maximumFile, std::move(parts.admit)) {
     m_thread.setObjectName(QStringLiteral("audio link"));
     m_socket.moveToThread(&m_thread);
     m_socket.onMessage = [this](link::Message message, quint64 connection) {

@@ -22,6 +22,7 @@ public:
         QUrl url = defaultUrl();
         LinkSocket::Timing timing = {};
         qsizetype maximumFile = LinkMessageReader::maximumFileBytes;
+        AdmitPeer admit = admitEverybody; ///< Called on the link's thread.
     };
 
     explicit AudioLink(Parts parts);

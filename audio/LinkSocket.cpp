@@ -7,10 +7,11 @@
 
 namespace palomet {
 
-LinkSocket::LinkSocket(QUrl url, Timing timing, qsizetype maximumFile)
+LinkSocket::LinkSocket(QUrl url, Timing timing, qsizetype maximumFile, AdmitPeer admit)
     : m_url(std::move(url))
     , m_timing(timing)
-    , m_maximumFile(maximumFile) {
+    , m_maximumFile(maximumFile)
+    , m_admit(std::move(admit)) {
     m_reconnect.setTimerType(Qt::PreciseTimer);
     m_reconnect.setSingleShot(true);
     m_handshake.setSingleShot(true);
@@ -31,6 +32,10 @@ void LinkSocket::prepare(const WakeupFactory &makeWakeup) {
 }
 
 void LinkSocket::connectToBackend() {
+    if (!m_admit(static_cast<quint16>(m_url.port()), 0)) {
+        m_reconnect.start(m_timing.reconnectAfter);
+        return;
+    }
     m_socket = std::make_unique<WebSocket>();
     m_socket->onOpen = [this] { greet(); };
     m_socket->onText = [this](QByteArrayView piece) { m_reader.add(piece); };
@@ -49,6 +54,11 @@ void LinkSocket::close() {
 }
 
 void LinkSocket::greet() {
+    // Another may have taken the port meanwhile.
+    if (!m_admit(m_socket->peerPort(), m_socket->localPort())) {
+        fail();
+        return;
+    }
     m_handshake.stop();
     m_isGreeted = true;
     ++m_connection;

@@ -5,6 +5,7 @@
 #include "audio/LinkMessageReader.h"
 #include "audio/SpscRing.h"
 #include "audio/WebSocket.h"
+#include "base/PeerCheck.h"
 #include "base/Wakeup.h"
 
 #include <QJsonObject>
@@ -35,8 +36,10 @@ public:
     /// While more than this waits to be sent, one second of sound, the microphone's frames are dropped.
     static constexpr qint64 maximumWaitingBytes = 32000;
 
-    /// `maximumFile` as `LinkMessageReader` has it.
-    LinkSocket(QUrl url, Timing timing, qsizetype maximumFile = LinkMessageReader::maximumFileBytes);
+    /// `maximumFile` as `LinkMessageReader` has it. `admit` is asked on the thread of the object; who is not admitted
+    /// counts as one who refuses the connection.
+    LinkSocket(QUrl url, Timing timing, qsizetype maximumFile = LinkMessageReader::maximumFileBytes,
+               AdmitPeer admit = admitEverybody);
 
     /// Set before `prepare`. Called on the object's thread; `connection` is never the same for two of them.
     std::function<void(link::Message, quint64 connection)> onMessage;
@@ -77,6 +80,7 @@ private:
     QString m_deviceName;
     std::unique_ptr<WebSocket> m_socket;
     const qsizetype m_maximumFile;
+    const AdmitPeer m_admit;
     LinkMessageReader m_reader;
     quint64 m_connection = 0;
     bool m_isGreeted = false; ///< Connected, and "hello" was sent.

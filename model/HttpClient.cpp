@@ -16,8 +16,10 @@ namespace {
 /// before the reply, finds that it cannot.
 class UnrepeatableBody final : public QIODevice {
 public:
-    explicit UnrepeatableBody(QByteArray content)
-        : m_content(std::move(content)) {
+    /// `mayBeSent` is asked once there is a connection.
+    UnrepeatableBody(QByteArray content, std::function<bool()> mayBeSent)
+        : m_content(std::move(content))
+        , m_mayBeSent(std::move(mayBeSent)) {
         open(ReadOnly | Unbuffered);
     }
 
@@ -28,6 +30,11 @@ public:
 
 protected:
     qint64 readData(char *into, qint64 maximum) override {
+        if (!m_mayBeSent()) {
+            // Later: it is the reply's own work that asks.
+            QMetaObject::invokeMethod(parent(), "abort", Qt::QueuedConnection);
+            return 0;
+        }
         const qint64 count = std::min(maximum, bytesAvailable());
         std::memcpy(into, m_content.constData() + m_read, static_cast<std::size_t>(count));
         m_read += count;
@@ -37,7 +44,29 @@ protected:
 
 private:
     QByteArray m_content;
+    std::function<bool()> m_mayBeSent;
     qint64 m_read = 0;
+};
+
+/// What a request comes to that is not sent at all.
+class RefusedReply final : public QNetworkReply {
+public:
+    RefusedReply() {
+        setError(ConnectionRefusedError, QString());
+        open(ReadOnly | Unbuffered);
+        QMetaObject::invokeMethod(
+            this,
+            [this] {
+                setFinished(true);
+                Q_EMIT finished();
+            },
+            Qt::QueuedConnection);
+    }
+
+    void abort() override {}
+
+protected:
+    qint64 readData(char *, qint64) override { return -1; }
 };
 
 void setUp(QNetworkAccessManager &manager) {
@@ -51,20 +80,22 @@ constexpr quint64 commandsOfAManager = 16;
 
 } // namespace
 
-HttpClient::HttpClient(QUrl base, Scheduler &scheduler)
+HttpClient::HttpClient(QUrl base, Scheduler &scheduler, AdmitPeer admit)
     : m_base(std::move(base))
-    , m_scheduler(scheduler) {
+    , m_scheduler(scheduler)
+    , m_admit(std::move(admit)) {
     setUp(m_manager);
 }
 
 std::unique_ptr<HttpExchange> HttpClient::get(const QString &path, std::chrono::milliseconds timeout,
                                               HttpExchange::Answer answer) {
-    return std::make_unique<HttpExchange>(ReplyOwner(m_manager.get(request(path, path))), HttpExchange::Body::Keep,
-                                          m_scheduler, timeout, std::move(answer));
+    auto reply = guarded([&] { return m_manager.get(request(path, path)); });
+    return std::make_unique<HttpExchange>(std::move(reply), HttpExchange::Body::Keep, m_scheduler, timeout,
+                                          std::move(answer));
 }
 
 ReplyOwner HttpClient::stream(const QString &path, qint64 bufferSize) {
-    ReplyOwner reply(m_manager.get(request(path, path)));
+    auto reply = guarded([&] { return m_manager.get(request(path, path)); });
     reply->setReadBufferSize(bufferSize);
     return reply;
 }
@@ -82,8 +113,8 @@ bool HttpClient::post(const QString &path, const std::optional<QByteArray> &json
     if (json)
         command.setRawHeader("content-type", "application/json");
 
-    auto body = std::make_unique<UnrepeatableBody>(json.value_or(QByteArray()));
-    ReplyOwner reply(manager->post(command, body.get()));
+    auto body = std::make_unique<UnrepeatableBody>(json.value_or(QByteArray()), [this] { return isAdmitted(); });
+    auto reply = guarded([&] { return manager->post(command, body.get()); });
     body.release()->setParent(reply.get());
     const auto ended = [this, number, done = std::move(done)](const std::optional<QByteArrayList> &) {
         end(number);
@@ -111,6 +142,23 @@ void HttpClient::end(quint64 command) {
     // Later, for what has ended is in the middle of saying so.
     if (!isNeeded)
         ended.mapped().manager->deleteLater();
+}
+
+bool HttpClient::isAdmitted() const {
+    // The manager does not tell from which port a connection comes: who listens is the one that accepts.
+    return m_admit(static_cast<quint16>(m_base.port()), 0);
+}
+
+template <typename Send>
+ReplyOwner HttpClient::guarded(Send send) const {
+    if (!isAdmitted())
+        return ReplyOwner(new RefusedReply);
+    ReplyOwner reply(send());
+    QObject::connect(reply.get(), &QNetworkReply::metaDataChanged, reply.get(), [this, reply = reply.get()] {
+        if (!isAdmitted())
+            reply->abort();
+    });
+    return reply;
 }
 
 QNetworkRequest HttpClient::request(const QString &path, const QString &pool) const {

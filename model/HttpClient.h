@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/PeerCheck.h"
 #include "model/HttpExchange.h"
 
 #include <QNetworkAccessManager>
@@ -14,8 +15,9 @@ namespace palomet {
 /// from the event loop.
 class HttpClient {
 public:
-    /// `scheduler` outlives this.
-    HttpClient(QUrl base, Scheduler &scheduler);
+    /// `scheduler` outlives this. Who answers at the base address without being admitted counts as a connection that
+    /// was refused: before a request, before the body of a command, and before what is answered.
+    HttpClient(QUrl base, Scheduler &scheduler, AdmitPeer admit = admitEverybody);
 
     /// Fetches a document. All of it must have come `timeout` from now. Requests of one path wait for each other only,
     /// when there are more than six.
@@ -48,9 +50,14 @@ private:
     [[nodiscard]] QNetworkAccessManager *commandManager();
     void end(quint64 command);
     [[nodiscard]] QNetworkRequest request(const QString &path, const QString &pool) const;
+    [[nodiscard]] bool isAdmitted() const;
+    /// What `send` begins, if it may begin, abandoned when it was answered by somebody else.
+    template <typename Send>
+    [[nodiscard]] ReplyOwner guarded(Send send) const;
 
     QUrl m_base;
     Scheduler &m_scheduler;
+    const AdmitPeer m_admit;
     QNetworkAccessManager m_manager;
     QObject m_commandManagers; ///< Their parent.
     QNetworkAccessManager *m_commandManager = nullptr;

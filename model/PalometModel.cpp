@@ -38,15 +38,16 @@ QUrl hudBase() {
     return base;
 }
 
-PalometModel::PalometModel(Scheduler &scheduler, const MicrophonePermission &permission, const QUrl &base)
+PalometModel::PalometModel(Scheduler &scheduler, const MicrophonePermission &permission, const QUrl &base,
+                           const AdmitPeer &admit)
     : m_hasBackend(!base.isEmpty())
     , m_scheduler(scheduler)
     , m_permission(permission)
     , m_isMicAuthorized(permission.status() == MicrophoneStatus::Authorized)
     , m_now(scheduler.now())
-    , m_http(base, scheduler)
-    , m_settingsHttp(base, scheduler)
-    , m_streamHttp(base, scheduler)
+    , m_http(base, scheduler, admit)
+    , m_settingsHttp(base, scheduler, admit)
+    , m_streamHttp(base, scheduler, admit)
     , m_events(
           m_streamHttp, scheduler, [this](auto event, auto data) { handle(event, data); }, [this] { streamHasGap(); })
     , m_stateFetcher(m_http, m_decoder, QStringLiteral("state"), stateTimeout, decodeSnapshot,

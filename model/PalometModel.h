@@ -35,7 +35,8 @@ public:
 
     /// Quiet until `start`. `scheduler` and `permission` outlive the model. With an empty address there is no backend
     /// to follow: what is asked reaches nobody, and the model keeps what it is given.
-    PalometModel(Scheduler &scheduler, const MicrophonePermission &permission, const QUrl &base = hudBase());
+    PalometModel(Scheduler &scheduler, const MicrophonePermission &permission, const QUrl &base = hudBase(),
+                 const AdmitPeer &admit = admitEverybody);
     ~PalometModel() override;
 
     /// Begins to follow the backend, until the model ends. Called once.

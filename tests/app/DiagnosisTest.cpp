@@ -116,6 +116,11 @@ TEST(Diagnosis, TellsWhoHoldsThePort) {
     expectFailure(found, u"port 4780"_s, u"nc (process 7)"_s);
     found.port = PortHolder{};
     expectFailure(found, u"port 4780"_s, u"another user"_s);
+    // To the administrator the system tells more.
+    found.port = PortHolder{7, {u"palomet"_s}};
+    found.portOwner = SocketOwner::Others;
+    expectFailure(found, u"port 4780"_s, u"another user"_s);
+    found.portOwner = SocketOwner::Ours;
     found.port = PortHolder{7, {u"%1%2"_s, u"bash"_s}};
     expectFailure(found, u"port 4780"_s, u"%1%2 (process 7)"_s);
 }

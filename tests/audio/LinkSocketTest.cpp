@@ -39,8 +39,8 @@ struct LinkSocketTest : testing::Test {
     }
 
     void open(const QUrl &url, LinkSocket::Timing timing = {10ms, 5000ms},
-              const WakeupFactory &makeWakeup = &test::QueuedWakeup::make) {
-        socket = std::make_unique<LinkSocket>(url, timing);
+              const WakeupFactory &makeWakeup = &test::QueuedWakeup::make, const AdmitPeer &admit = admitEverybody) {
+        socket = std::make_unique<LinkSocket>(url, timing, LinkMessageReader::maximumFileBytes, admit);
         socket->onMessage = [this](link::Message message, quint64) { messages.push_back(std::move(message)); };
         socket->prepare(makeWakeup);
         socket->setDeviceName(QStringLiteral("Mic A"));
@@ -263,4 +263,30 @@ TEST_F(LinkSocketTest, AMessageCutOffByTheEndOfItsConnectionIsForgotten) {
     backend.send(QStringLiteral(R"({"type":"stop"})"));
     ASSERT_TRUE(test::eventually([&] { return !messages.empty(); }));
     EXPECT_THAT(messages, ElementsAre(link::Message(link::Stop{})));
+}
+
+TEST_F(LinkSocketTest, DoesNotConnectToOneWhoIsNotAdmittedAndTriesAgain) {
+    int questions = 0;
+    open(backend.url(), {10ms, 5000ms}, &test::QueuedWakeup::make, [&](quint16 port, quint16) {
+        EXPECT_EQ(port, backend.url().port());
+        return ++questions > 3;
+    });
+    ASSERT_TRUE(isGreeted());
+    EXPECT_EQ(backend.connections, 1);
+    // Three refusals, one admission before the connection and one after it.
+    EXPECT_EQ(questions, 5);
+}
+
+TEST_F(LinkSocketTest, SaysNothingToOneWhoIsNotAdmittedOnceItIsConnected) {
+    std::vector<quint16> connectedFrom;
+    open(backend.url(), {10ms, 5000ms}, &test::QueuedWakeup::make, [&](quint16, quint16 from) {
+        if (from != 0)
+            connectedFrom.push_back(from);
+        return from == 0;
+    });
+    ASSERT_TRUE(test::eventually([&] {
+        offer(341);
+        return connectedFrom.size() >= 3;
+    }));
+    EXPECT_THAT(backend.received, IsEmpty());
 }

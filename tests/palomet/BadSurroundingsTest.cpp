@@ -1,5 +1,6 @@
 #include "tests/palomet/BackendAtItsPort.h"
 #include "tests/palomet/ProgramTest.h"
+#include "tests/support/OtherUsersListener.h"
 
 using namespace palomet;
 using namespace Qt::StringLiterals;
@@ -85,6 +86,27 @@ TEST_F(BadSurroundingsTest, ASessionBusThatDiesTakesNothingWithIt) {
     EXPECT_TRUE(eventually([&] { return backend.http.count("/state") > before; }));
     sendSignal(SIGTERM);
     expectOrderlyEnd(process);
+}
+
+TEST_F(BadSurroundingsTest, AnotherUsersProgramAtThePortIsToldNothingUntilTheBackendIsThere) {
+    if (!test::OtherUsersListener::isPossible())
+        GTEST_SKIP() << "only the administrator can be somebody else";
+    const QByteArray line = "\nrede: a porta 4780 é de um programa de outro usuário; o Palomet não fala com ele\n";
+    auto stranger = std::make_optional<test::OtherUsersListener>(4780);
+    ASSERT_EQ(stranger->port(), 4780);
+    start();
+    ASSERT_TRUE(eventually([&] { return log().contains(line); }));
+    EXPECT_EQ(command({u"--say"_s, u"a secret"_s}), (Outcome{0, "", ""}));
+    EXPECT_EQ(command({u"--status"_s}), (Outcome{0, "offline\n", ""}));
+    const auto doctor = command({u"--doctor"_s});
+    EXPECT_TRUE(doctor.output.contains("\n!!  port 4780: held by the program of another user, "))
+        << doctor.output.data();
+    EXPECT_EQ(stranger->heard(), "");
+    stranger.reset();
+    test::BackendAtItsPort backend;
+    EXPECT_TRUE(eventually([&] { return command({u"--status"_s}).output.startsWith("waiting"); }));
+    EXPECT_TRUE(eventually([&] { return !backend.audio.events(u"hello"_s).empty(); }));
+    EXPECT_EQ(log().count(line), 1);
 }
 
 TEST_P(StrangerAtThePort, IsOfflineToTheProgramUntilTheBackendIsThere) {

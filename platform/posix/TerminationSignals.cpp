@@ -54,6 +54,8 @@ TerminationSignals::TerminationSignals(std::function<void()> onRequest)
             m_onRequest();
     });
     handle(SIGPIPE, SIG_IGN);
+    // A log that may not grow costs its lines only.
+    handle(SIGXFSZ, SIG_IGN);
     // Inherited as ignored, it would hide the end of every child from us.
     handle(SIGCHLD, SIG_DFL);
     for (const int number : requests) {

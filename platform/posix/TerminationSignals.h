@@ -11,8 +11,8 @@ namespace palomet {
 /// application object exists.
 ///
 /// SIGTERM, SIGINT and SIGHUP are requests to quit, reported from the event loop (several that come close together may
-/// be one report); a SIGHUP that was ignored from the start stays so. SIGPIPE is ignored. Nothing is blocked, so that
-/// the programs started from here by whomever begin with a clean mask.
+/// be one report); a SIGHUP that was ignored from the start stays so. SIGPIPE and SIGXFSZ are ignored. Nothing is
+/// blocked, so that the programs started from here by whomever begin with a clean mask.
 class TerminationSignals {
 public:
     explicit TerminationSignals(std::function<void()> onRequest);

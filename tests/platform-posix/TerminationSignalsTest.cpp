@@ -37,12 +37,13 @@ TEST(TerminationSignals, LeaveAHangUpIgnoredThatWasIgnoredFromTheStart) {
     EXPECT_EQ(signal(SIGHUP, before), SIG_IGN);
 }
 
-TEST(TerminationSignals, BlockNothingAndIgnoreOnlyABrokenPipe) {
+TEST(TerminationSignals, BlockNothingAndIgnoreOnlyABrokenPipeAndAFileAtItsLimit) {
     const auto formerChild = signal(SIGCHLD, SIG_IGN);
     {
         const TerminationSignals signals([] {});
         EXPECT_EQ(test::statusOf(getpid(), "SigBlk"), "0000000000000000");
         raise(SIGPIPE);
+        raise(SIGXFSZ);
         // An ignored end of a child, inherited from whoever started this, would hide the backend's.
         EXPECT_EQ(signal(SIGCHLD, formerChild), SIG_DFL);
     }

@@ -60,6 +60,11 @@ AppDelegate::AppDelegate(Surroundings surroundings)
         return true;
     };
     m_remoteDoor.onQuit = [this] { applicationShouldTerminate(); };
+    // One microphone has one front end.
+    m_remoteDoor.onReplaced = [this] {
+        m_backend.note(u"sessão: outro Palomet já responde por ela"_s);
+        applicationShouldTerminate();
+    };
     connect(&m_statusMenu, &StatusMenu::openRequested, this, [this] { openWindow(); });
     connect(&m_statusMenu, &StatusMenu::quitRequested, this, &AppDelegate::applicationShouldTerminate);
 }

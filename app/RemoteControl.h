@@ -62,6 +62,10 @@ public:
 
     /// Somebody wants to see the program. Set before `claim`.
     std::function<void()> onActivate;
+
+    /// The bus has ended, another one has come, and on that one another instance was there first: that is the one
+    /// running instance now. Set before `claim`.
+    std::function<void()> onReplaced;
 };
 
 /// Port: the hand that knocks. Every call waits for its answer, at most a few seconds; it is for a short program that

@@ -30,6 +30,7 @@ RemoteDoor::RemoteDoor(RemoteService &service, PalometModel &model)
     , m_model(model) {
     m_service.onCommand = [this](const RemoteCommand &command) { return perform(command); };
     m_service.onActivate = [this] { onOpen(std::nullopt); };
+    m_service.onReplaced = [this] { onReplaced(); };
     connect(&m_model, &PalometModel::snapshotChanged, this, &RemoteDoor::publish);
     connect(&m_model, &PalometModel::isMicAuthorizedChanged, this, &RemoteDoor::publish);
     connect(&m_model, &PalometModel::hotKeyProblemChanged, this, &RemoteDoor::publish);
@@ -39,6 +40,7 @@ RemoteDoor::RemoteDoor(RemoteService &service, PalometModel &model)
 RemoteDoor::~RemoteDoor() {
     m_service.onCommand = nullptr;
     m_service.onActivate = nullptr;
+    m_service.onReplaced = nullptr;
 }
 
 RemoteOutcome RemoteDoor::perform(const RemoteCommand &command) {

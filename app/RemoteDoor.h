@@ -22,6 +22,8 @@ public:
     /// Opens the window, on a pane if one is named; whether there is such a window.
     std::function<bool(const std::optional<QString> &pane)> onOpen = [](const auto &) { return false; };
     std::function<void()> onQuit = [] {};
+    /// Another instance is the one that runs now.
+    std::function<void()> onReplaced = [] {};
 
 private:
     RemoteOutcome perform(const RemoteCommand &command);

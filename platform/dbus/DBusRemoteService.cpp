@@ -28,20 +28,50 @@ QDBusMessage answer(const QDBusMessage &message, const QString &action, RemoteOu
 
 } // namespace
 
-DBusRemoteService::DBusRemoteService(const QDBusConnection &bus)
-    : m_bus(bus) {}
+DBusRemoteService::DBusRemoteService(const QDBusConnection &bus, Reconnect reconnect,
+                                     std::chrono::milliseconds retryEvery)
+    : m_bus(bus)
+    , m_reconnect(std::move(reconnect)) {
+    m_retry.setInterval(retryEvery);
+    m_retry.callOnTimeout(this, &DBusRemoteService::lookForBus);
+}
 
 DBusRemoteService::~DBusRemoteService() {
+    leave();
+}
+
+void DBusRemoteService::leave() {
     if (!m_bus.isConnected())
         return;
-    if (m_isPrimary)
-        m_bus.unregisterService(service);
+    if (m_isPrimary) {
+        // The answer is not waited for: a bus that hangs would not give it, and the name goes with the connection.
+        auto release = QDBusMessage::createMethodCall(
+            QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/org/freedesktop/DBus"),
+            QStringLiteral("org.freedesktop.DBus"), QStringLiteral("ReleaseName"));
+        release.setArguments({service});
+        m_bus.send(release);
+    }
     m_bus.unregisterObject(path);
 }
 
 RemoteService::Claim DBusRemoteService::claim() {
-    if (!m_bus.isConnected())
+    if (!m_bus.isConnected()) {
+        busHasEnded();
         return Claim::Absent;
+    }
+    const auto claim = takeName();
+    if (claim != Claim::Taken)
+        return claim;
+    auto activate = QDBusMessage::createMethodCall(service, path, application, QStringLiteral("Activate"));
+    activate.setArguments({QVariantMap()});
+    m_bus.call(activate, QDBus::Block, 5000);
+    return claim;
+}
+
+RemoteService::Claim DBusRemoteService::takeName() {
+    m_bus.connect(QString(), QStringLiteral("/org/freedesktop/DBus/Local"),
+                  QStringLiteral("org.freedesktop.DBus.Local"), QStringLiteral("Disconnected"), this,
+                  SLOT(busHasEnded()));
     // The object first: whoever sees the name may call at once.
     m_bus.registerVirtualObject(path, this);
     const auto reply = m_bus.interface()->registerService(service, QDBusConnectionInterface::DontQueueService,
@@ -49,12 +79,23 @@ RemoteService::Claim DBusRemoteService::claim() {
     if (!reply.isValid())
         return Claim::Absent;
     m_isPrimary = reply.value() == QDBusConnectionInterface::ServiceRegistered;
-    if (m_isPrimary)
-        return Claim::Primary;
-    auto activate = QDBusMessage::createMethodCall(service, path, application, QStringLiteral("Activate"));
-    activate.setArguments({QVariantMap()});
-    m_bus.call(activate, QDBus::Block, 5000);
-    return Claim::Taken;
+    return m_isPrimary ? Claim::Primary : Claim::Taken;
+}
+
+void DBusRemoteService::busHasEnded() {
+    m_isPrimary = false;
+    if (m_reconnect)
+        m_retry.start();
+}
+
+void DBusRemoteService::lookForBus() {
+    const auto bus = m_reconnect();
+    if (!bus)
+        return;
+    m_retry.stop();
+    m_bus = *bus;
+    if (takeName() == Claim::Taken && onReplaced)
+        onReplaced();
 }
 
 void DBusRemoteService::publish(const RemoteStatus &status) {

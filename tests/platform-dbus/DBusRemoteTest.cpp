@@ -1,9 +1,15 @@
 #include "platform/dbus/DBusRemoteClient.h"
 #include "platform/dbus/DBusRemoteService.h"
+#include "platform/dbus/SessionBus.h"
 #include "tests/support/Eventually.h"
 #include "tests/support/PrivateBus.h"
+#include "tests/support/Processes.h"
+
+#include <QDBusConnectionInterface>
+#include <QDBusReply>
 
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <atomic>
 #include <thread>
@@ -143,4 +149,83 @@ TEST_F(DBusRemoteTest, KnowsWhenTheRunningInstanceHasEnded) {
     running.reset();
     EXPECT_TRUE(client.waitUntilGone(std::chrono::seconds{10}));
     EXPECT_TRUE(test::eventually([&] { return isGone; }));
+}
+
+TEST_F(DBusRemoteTest, TakesItsPlaceOnTheNextBusWhenItsOwnHasEnded) {
+    DBusRemoteService lasting(
+        bus.connect(),
+        [this] {
+            const auto next = bus.connect();
+            return next.isConnected() ? std::optional(next) : std::nullopt;
+        },
+        std::chrono::milliseconds{10});
+    int activationsThere = 0;
+    lasting.onActivate = [&] { ++activationsThere; };
+    lasting.onReplaced = [] { ADD_FAILURE() << "there is no other one"; };
+    ASSERT_EQ(lasting.claim(), RemoteService::Claim::Primary);
+    const RemoteStatus muted{QStringLiteral("muted"), {}, true, true};
+    lasting.publish(muted);
+    for (int round = 0; round < 3; ++round) {
+        bus.end();
+        bus.beginAgain();
+        const auto other = bus.connect();
+        ASSERT_TRUE(test::eventually(
+            [&] { return other.interface()->isServiceRegistered(QStringLiteral("org.palomet.Palomet")).value(); }));
+        asAnotherProgram([&] {
+            DBusRemoteClient client(other);
+            const auto status = client.status();
+            ASSERT_TRUE(status);
+            EXPECT_EQ(*status, muted);
+            DBusRemoteService second(other);
+            EXPECT_EQ(second.claim(), RemoteService::Claim::Taken);
+        });
+        EXPECT_TRUE(test::eventually([&] { return activationsThere == round + 1; }));
+    }
+}
+
+TEST_F(DBusRemoteTest, SaysThatItWasReplacedWhenAnotherOneWasFirstOnTheNextBus) {
+    std::optional<QDBusConnection> next;
+    DBusRemoteService first(
+        bus.connect(), [&] { return next; }, std::chrono::milliseconds{10});
+    int replacements = 0;
+    first.onReplaced = [&] { ++replacements; };
+    ASSERT_EQ(first.claim(), RemoteService::Claim::Primary);
+    bus.end();
+    bus.beginAgain();
+    int activationsOfSecond = 0;
+    DBusRemoteService second(bus.connect());
+    second.onActivate = [&] { ++activationsOfSecond; };
+    ASSERT_EQ(second.claim(), RemoteService::Claim::Primary);
+    next = bus.connect();
+    EXPECT_TRUE(test::eventually([&] { return replacements == 1; }));
+    QCoreApplication::processEvents();
+    EXPECT_EQ(activationsOfSecond, 0) << "nobody asked to see anything";
+}
+
+TEST_F(DBusRemoteTest, DoesNotWaitForABusThatHangsWhenItEnds) {
+    auto running = std::make_unique<DBusRemoteService>(bus.connect());
+    ASSERT_EQ(running->claim(), RemoteService::Claim::Primary);
+    bus.hang();
+    // A call that waits for its answer does so for 25 seconds; the alarm would end the test.
+    alarm(10);
+    running.reset();
+    alarm(0);
+}
+
+TEST(SessionBus, AnswersWhereThereIsOneAndNotWhereItHangsOrHasGone) {
+    test::PrivateBus bus;
+    const test::EnvironmentVariable address("DBUS_SESSION_BUS_ADDRESS", bus.address().toLatin1());
+    EXPECT_TRUE(sessionBusAnswers(std::chrono::seconds{20}));
+    bus.hang();
+    EXPECT_FALSE(sessionBusAnswers(std::chrono::milliseconds{50}));
+    bus.end();
+    EXPECT_FALSE(sessionBusAnswers(std::chrono::seconds{20}));
+    EXPECT_FALSE(connectToSessionBusAgain());
+    bus.beginAgain();
+    EXPECT_TRUE(sessionBusAnswers(std::chrono::seconds{20}));
+    const auto again = connectToSessionBusAgain();
+    ASSERT_TRUE(again);
+    QDBusConnection::disconnectFromBus(again->name());
+    const test::EnvironmentVariable elsewhere("DBUS_SESSION_BUS_ADDRESS", "tcp:host=nowhere");
+    EXPECT_TRUE(sessionBusAnswers(std::chrono::milliseconds{50})) << "who cannot be looked at is believed";
 }

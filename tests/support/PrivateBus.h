@@ -21,10 +21,18 @@ public:
     /// Ends it under everybody who is connected.
     void end();
 
+    /// Starts another one at the same address, once it was ended.
+    void beginAgain();
+
+    /// It takes connections and says nothing any more, until it ends.
+    void hang();
+
     /// Another connection to it, as another program would have.
     [[nodiscard]] QDBusConnection connect();
 
 private:
+    void begin();
+
     QTemporaryDir m_folder;
     QProcess m_daemon;
     QString m_address;

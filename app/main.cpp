@@ -9,6 +9,7 @@
 #include "base/QtScheduler.h"
 #include "platform/dbus/DBusRemoteClient.h"
 #include "platform/dbus/DBusRemoteService.h"
+#include "platform/dbus/SessionBus.h"
 #include "platform/desktop/AutostartEntry.h"
 #include "platform/desktop/DesktopMicrophonePermission.h"
 #include "platform/desktop/PortalColors.h"
@@ -23,6 +24,8 @@
 #include "platform/posix/PosixChildProcess.h"
 #include "platform/posix/SpareMemory.h"
 #include "platform/posix/TerminationSignals.h"
+#include "platform/posix/ThreadTrial.h"
+#include "platform/posix/WaylandSocket.h"
 #include "platform/pulse/PulseSoundServer.h"
 #include "platform/x11/X11Connection.h"
 #include "platform/x11/X11HotKeyGrabber.h"
@@ -39,6 +42,7 @@
 #include <cstdio>
 
 using namespace palomet;
+using namespace std::chrono_literals;
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -46,20 +50,32 @@ namespace {
 const auto applicationId = u"org.palomet.Palomet"_s;
 const auto version = u"" PALOMET_VERSION ""_s;
 
+constexpr auto busAnswersWithin = 2s;
+/// More than ever run at a time.
+constexpr int threadsNeeded = 16;
+
 bool isWayland() {
     return qEnvironmentVariable("XDG_SESSION_TYPE") == "wayland"_L1;
 }
 
-/// As far as the environment says. Without one the toolkit would end the program as if it had crashed.
+bool hasXDisplay() {
+    static const bool isThere = !qEnvironmentVariableIsEmpty("DISPLAY") && X11Connection::isPossible();
+    return isThere;
+}
+
+/// Without one, or with one that has gone, the toolkit would end the program as if it had crashed.
 bool hasDisplay() {
-    return isWayland() || !qEnvironmentVariableIsEmpty("DISPLAY") || !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") ||
-           !qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM");
+    const auto platform = qEnvironmentVariable("QT_QPA_PLATFORM");
+    // What the user has chosen is the toolkit's business.
+    if (!platform.isEmpty() && !platform.startsWith("xcb"_L1))
+        return true;
+    return hasXDisplay() || (platform.isEmpty() && hasWaylandDisplay());
 }
 
 /// On a Wayland session the whole program goes through XWayland, unless the user wants it otherwise: the strip is then
 /// the same everywhere. Whether this has set the toolkit's platform.
 bool preferXWayland() {
-    if (!isWayland() || !qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM") || qEnvironmentVariableIsEmpty("DISPLAY"))
+    if (!isWayland() || !qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM") || !hasXDisplay())
         return false;
     return qputenv("QT_QPA_PLATFORM", "xcb");
 }
@@ -117,7 +133,15 @@ AppDelegate::Surroundings surroundings(std::unique_ptr<RemoteService> remote, X1
     };
 }
 
+int print(std::FILE *stream, const QString &text, int exitCode) {
+    std::fputs(text.toLocal8Bit().constData(), stream);
+    return exitCode;
+}
+
 int run(int argumentCount, char **arguments) {
+    // Threads that cannot be started later would leave a program that is there and does nothing.
+    if (const auto problem = trialOfThreads(threadsNeeded))
+        return print(stderr, u"palomet: %1\n"_s.arg(problem->reason), 1);
     const bool isPlatformOurs = preferXWayland();
     QCoreApplication::setApplicationName(u"palomet"_s);
     QGuiApplication::setApplicationDisplayName(u"Palomet"_s);
@@ -129,7 +153,7 @@ int run(int argumentCount, char **arguments) {
     if (isPlatformOurs)
         qunsetenv("QT_QPA_PLATFORM");
 
-    auto remote = std::make_unique<DBusRemoteService>(QDBusConnection::sessionBus());
+    auto remote = std::make_unique<DBusRemoteService>(QDBusConnection::sessionBus(), &connectToSessionBusAgain);
     if (remote->claim() == RemoteService::Claim::Taken)
         return 0;
     // Until the very end: a second request must not interrupt what the first has begun.
@@ -185,11 +209,6 @@ int autostart(const CommandLine &line, int argumentCount, char **arguments) {
     return runAutostartCommand(line.autostart, entry);
 }
 
-int print(std::FILE *stream, const QString &text, int exitCode) {
-    std::fputs(text.toLocal8Bit().constData(), stream);
-    return exitCode;
-}
-
 int failWithoutDisplay() {
     return print(stderr, u"palomet: there is no display\n"_s, 1);
 }
@@ -208,6 +227,8 @@ int main(int argc, char **argv) {
     for (int index = 1; index < argc; ++index)
         arguments.append(QString::fromLocal8Bit(argv[index]));
     const auto line = CommandLine::parse(arguments);
+    if (!sessionBusAnswers(busAnswersWithin))
+        forgetSessionBus();
     switch (line.mode) {
     case CommandLine::Mode::Run:
         return hasDisplay() ? run(argc, argv) : runWithoutDisplay(argc, argv);

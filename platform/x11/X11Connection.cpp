@@ -38,6 +38,13 @@ std::unique_ptr<X11Connection> X11Connection::open(const QByteArray &display) {
     return std::unique_ptr<X11Connection>(new X11Connection(connection, screen.data->root, keyboardEvent));
 }
 
+bool X11Connection::isPossible() {
+    auto *connection = xcb_connect(nullptr, nullptr);
+    const bool hasError = xcb_connection_has_error(connection) != 0;
+    xcb_disconnect(connection);
+    return !hasError;
+}
+
 X11Connection::X11Connection(xcb_connection_t *connection, quint32 root, quint8 keyboardEvent)
     : m_connection(connection)
     , m_root(root)

@@ -22,6 +22,9 @@ public:
     static std::unique_ptr<X11Connection> open(const QByteArray &display = {});
     ~X11Connection() override;
 
+    /// Whether the server of the display that the environment names can be connected to. Needs no application object.
+    [[nodiscard]] static bool isPossible();
+
     [[nodiscard]] xcb_connection_t *get() const { return m_connection; }
     [[nodiscard]] quint32 root() const { return m_root; }
     /// What the keyboard extension's events begin with.

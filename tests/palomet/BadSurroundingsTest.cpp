@@ -88,6 +88,50 @@ TEST_F(BadSurroundingsTest, ASessionBusThatDiesTakesNothingWithIt) {
     expectOrderlyEnd(process);
 }
 
+TEST_F(BadSurroundingsTest, ASessionBusThatHangsHoldsNeitherTheStartNorTheEnd) {
+    desktop.bus.hang();
+    start();
+    const auto process = awaitBackend();
+    sendSignal(SIGTERM);
+    expectOrderlyEnd(process);
+    desktop.bus.end(); // For the test itself, which has to leave it.
+}
+
+TEST_F(BadSurroundingsTest, ASessionBusThatBeginsToHangDoesNotHoldTheEnd) {
+    desktop.tray.appear();
+    start();
+    const auto process = awaitBackend();
+    ASSERT_TRUE(eventually([this] { return !desktop.tray.menu().empty(); }));
+    desktop.bus.hang();
+    sendSignal(SIGTERM);
+    expectOrderlyEnd(process);
+    desktop.bus.end(); // For the test itself, which has to leave it.
+}
+
+TEST_F(BadSurroundingsTest, ANewSessionBusFindsTheProgramThatRunsAndLetsNoSecondOneRun) {
+    start();
+    awaitBackend();
+    desktop.bus.end();
+    EXPECT_EQ(command({u"--status"_s}).exitCode, 1);
+    desktop.bus.beginAgain();
+    EXPECT_TRUE(eventually([&] { return command({u"--status"_s}) == (Outcome{0, "offline\n", ""}); }));
+    EXPECT_EQ(command({}), (Outcome{0, "", ""})) << "a second one shows the first, and ends";
+    EXPECT_EQ(command({u"--quit"_s}), (Outcome{0, "", ""}));
+    EXPECT_TRUE(awaitEnd());
+}
+
+TEST_F(BadSurroundingsTest, ADisplayThatHasGoneIsNone) {
+    const Outcome noDisplay{1, "", "palomet: there is no display\n"};
+    setVariable("DISPLAY", u":4780"_s);
+    setVariable("WAYLAND_DISPLAY", u"wayland-nowhere"_s);
+    EXPECT_EQ(command({}), noDisplay);
+    EXPECT_EQ(command({u"--preview"_s, u"voice"_s}), noDisplay);
+    setVariable("XDG_SESSION_TYPE", u"wayland"_s);
+    EXPECT_EQ(command({}), noDisplay);
+    setVariable("QT_QPA_PLATFORM", u"xcb"_s);
+    EXPECT_EQ(command({}), noDisplay);
+}
+
 TEST_F(BadSurroundingsTest, AnotherUsersProgramAtThePortIsToldNothingUntilTheBackendIsThere) {
     if (!test::OtherUsersListener::isPossible())
         GTEST_SKIP() << "only the administrator can be somebody else";

@@ -10,6 +10,7 @@
 #include "tests/support/Fixture.h"
 #include "tests/support/ManualScheduler.h"
 #include "tests/support/Processes.h"
+#include "tests/support/ScriptedAudioBackend.h"
 #include "tests/support/ScriptedBackend.h"
 #include "ui/kit/Wishes.h"
 
@@ -118,8 +119,7 @@ protected:
             .openFile = [this](const QString &path) { opened.append(path); },
             .openMicrophoneSettings = [] {},
             .backend = server.base(),
-            // Nobody answers there.
-            .audio = QUrl(u"ws://127.0.0.1:1/audio"_s),
+            .audio = audio,
         });
         QObject::connect(delegate.get(), &AppDelegate::mayTerminate, delegate.get(), [this] { ++terminations; });
     }
@@ -172,6 +172,8 @@ protected:
         return found;
     }
 
+    /// Where nobody answers, unless a test has somebody there.
+    QUrl audio{u"ws://127.0.0.1:1/audio"_s};
     QTemporaryDir folder;
     test::ScriptedBackend server;
     QStringList opened;
@@ -341,6 +343,21 @@ TEST_F(AppDelegateTest, QuitsWithinTwoSecondsWhenTheBackendDoesNotListen) {
               (QByteArrayList{"saindo: pedido de saída recebido",
                               "saindo: parando o processo de voz (pid " + QByteArray::number(backend) + ")",
                               "saindo: o processo de voz não parou em 2.0 s; encerrando à força", "saindo: pronto"}));
+}
+
+TEST_F(AppDelegateTest, PutsTheDefaultInputBackWhenItQuits) {
+    test::ScriptedAudioBackend backend;
+    audio = backend.url();
+    create();
+    sound->devices = {{u"mic.a"_s, u"Mic A"_s}, {u"mic.b"_s, u"Mic B"_s}};
+    sound->defaultId = u"mic.a"_s;
+    launch();
+    ASSERT_TRUE(eventually([&] { return !backend.events(u"hello"_s).empty(); }));
+    backend.send(uR"({"type":"input","device":"Mic B"})"_s);
+    ASSERT_TRUE(eventually([this] { return sound->defaultId == u"mic.b"_s; }));
+    delegate->applicationShouldTerminate();
+    EXPECT_EQ(sound->defaultId, u"mic.a"_s) << "before anything else is ended";
+    EXPECT_TRUE(eventually([this] { return terminations > 0; }));
 }
 
 TEST_F(AppDelegateTest, QuitsOnceHoweverOftenItIsAsked) {

@@ -16,6 +16,9 @@
 #include <signal.h>
 #include <unistd.h>
 
+#include <atomic>
+#include <thread>
+
 using namespace palomet;
 using namespace std::chrono_literals;
 using namespace Qt::StringLiterals;
@@ -27,6 +30,21 @@ namespace {
 
 constexpr uid_t nobody = 65534;
 const QByteArray marker = "\n--- 2026-01-05 09:30:00 +0000 iniciando ---\n";
+
+/// One that has ended when somebody has looked so often.
+class PatientProcess final : public ChildProcess {
+public:
+    explicit PatientProcess(int looks)
+        : m_looks(looks) {}
+
+    [[nodiscard]] qint64 processId() const override { return 1; }
+    [[nodiscard]] bool isRunning() const override { return --m_looks >= 0; }
+    void terminate() override {}
+    void killWithChildren() override { ADD_FAILURE() << "it was patient"; }
+
+private:
+    mutable std::atomic<int> m_looks;
+};
 
 class BackendTest : public ::testing::Test {
 protected:
@@ -190,6 +208,32 @@ TEST_F(BackendTest, StopsABackendThatListensAsSoonAsItIsGone) {
     EXPECT_FALSE(log().contains("encerrando à força"));
 }
 
+TEST_F(BackendTest, LooksEveryFiftyMillisecondsWhetherTheProcessHasEnded) {
+    constexpr int looks = 20;
+    auto process = std::make_unique<PatientProcess>(looks);
+    backend.emplace(
+        [&](const auto &, auto) -> Result<std::unique_ptr<ChildProcess>> {
+            return std::unique_ptr<ChildProcess>(std::move(process));
+        },
+        scheduler, resources, home());
+    backend->start();
+    QElapsedTimer clock;
+    clock.start();
+    // Somebody who sleeps as often as that, on the same machine at the same time.
+    std::atomic<qint64> control = 0;
+    const std::jthread sleeper([&] {
+        for (int look = 0; look < looks; ++look)
+            std::this_thread::sleep_for(50ms);
+        control = clock.elapsed();
+    });
+    EXPECT_TRUE(stopWithin(1h));
+    const auto elapsed = clock.elapsed();
+    EXPECT_TRUE(eventually([&] { return control > 0; }));
+    EXPECT_GT(elapsed, control * 3 / 4);
+    EXPECT_LT(elapsed, control * 3 / 2);
+    EXPECT_FALSE(log().contains("encerrando à força"));
+}
+
 TEST_F(BackendTest, IsDoneFromTheEventLoopOnTheMainThread) {
     start();
     Qt::HANDLE thread = nullptr;
@@ -255,9 +299,12 @@ TEST_F(BackendTest, KeepsTheLinesOfTheBackendAndItsOwnWhole) {
     const EnvironmentVariable behaviour("FAKE_BACKEND", "talk");
     backend->start();
     const auto note = u"áudio: "_s + QString(190, u'a');
+    const auto otherNote = u"áudio: "_s + QString(190, u'b');
     const auto noting = [&] {
-        while (!log().contains("calada\n"))
+        while (!log().contains("calada\n")) {
             backend->note(note);
+            backend->note(otherNote);
+        }
     };
     {
         const std::jthread first(noting);
@@ -267,8 +314,8 @@ TEST_F(BackendTest, KeepsTheLinesOfTheBackendAndItsOwnWhole) {
     const auto lines = log().mid(marker.size()).split('\n');
     for (const auto &line : lines) {
         spoken += line.startsWith("voz ") ? 1 : 0;
-        EXPECT_TRUE(line.isEmpty() || line == note.toUtf8() || line == "voz " + QByteArray(200, 'v') ||
-                    line == "calada" || line.startsWith("pronto "))
+        EXPECT_TRUE(line.isEmpty() || line == note.toUtf8() || line == otherNote.toUtf8() ||
+                    line == "voz " + QByteArray(200, 'v') || line == "calada" || line.startsWith("pronto "))
             << line.constData();
     }
     EXPECT_EQ(spoken, 2000);

@@ -80,8 +80,12 @@ TEST_F(KeyBindingsTest, TakesNothingWhilePausedButShowsTheKeysInTheMenu) {
     shortcuts.setListen(Shortcut::ctrlOpt(40));
     EXPECT_TRUE(grabber->held.empty());
     EXPECT_EQ(listenKey, QKeySequence(QStringLiteral("Ctrl+Alt+K")));
+    bindings.setStopNeeded(true);
+    EXPECT_TRUE(grabber->held.empty());
+    EXPECT_EQ(stopKey, QKeySequence(Qt::Key_Escape));
     shortcuts.setPaused(false);
     EXPECT_TRUE(holds(1, {40, 0x1800}));
+    EXPECT_TRUE(holds(2, escape));
 }
 
 TEST_F(KeyBindingsTest, ShowsARefusedListenKeyAsAProblemAndKeepsItInTheMenu) {

@@ -3,6 +3,7 @@
 #include <QString>
 
 #include <memory>
+#include <mutex>
 
 class QFile;
 
@@ -20,15 +21,33 @@ public:
 
     [[nodiscard]] const QString &path() const { return m_path; }
 
+    /// What is longer is put aside when it is opened: as "….log.1", in the place of an older one.
+    static constexpr qint64 maximumBytes = qint64{4} * 1024 * 1024;
+
     /// Opens it for appending, after making its folder and the file itself where they are missing; null when that
-    /// cannot be done.
+    /// cannot be done, or when it is a pipe or a socket, which would hold up whoever opens it.
     [[nodiscard]] std::unique_ptr<QFile> open() const;
 
-    /// Appends one line. Dropped without a word when there is no such file or it cannot be written.
+    /// Appends one line. Dropped without a word when there is no such file or it cannot be written. One that comes more
+    /// than a hundred times in a row is counted from then on: it comes again with the number of times that it did not,
+    /// when another one comes, and each time that it has come ten times as often as the last time that it was written.
     void note(const QString &line) const;
 
 private:
-    QString m_path;
+    /// The same line, over and over.
+    struct Repetition {
+        QString line;
+        qint64 times = 0;
+        qint64 unwritten = 0;
+
+        /// What is to be written for one more line; none, or lines that end as lines do.
+        [[nodiscard]] QString next(const QString &line);
+        [[nodiscard]] QString count();
+    };
+
+    const QString m_path;
+    mutable std::mutex m_mutex;
+    mutable Repetition m_repetition;
 };
 
 } // namespace palomet

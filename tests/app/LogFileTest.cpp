@@ -6,6 +6,8 @@
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 #include <thread>
 
@@ -54,8 +56,63 @@ TEST_F(LogFileTest, GetsANoteAsALineOfItsOwn) {
 
 TEST_F(LogFileTest, IsNeverMadeByANote) {
     log.note(u"perdida"_s);
-    EXPECT_FALSE(QFile::exists(log.path()));
     EXPECT_TRUE(home.isValid() && QDir(home.path()).isEmpty());
+    const auto folder = QFileInfo(log.path()).path();
+    ASSERT_TRUE(QDir().mkpath(folder));
+    log.note(u"perdida"_s);
+    EXPECT_TRUE(QDir(folder).isEmpty());
+}
+
+TEST_F(LogFileTest, IsPutAsideWhenItHasGrownTooLongAndOneOlderOneIsKept) {
+    const auto older = log.path() + u".1"_s;
+    log.open()->write("first\n");
+    ASSERT_TRUE(QFile::resize(log.path(), LogFile::maximumBytes));
+    log.open()->write("at the limit");
+    EXPECT_FALSE(QFile::exists(older));
+    EXPECT_TRUE(content().startsWith("first\n") && content().endsWith("at the limit"));
+    log.open()->write("second\n");
+    EXPECT_EQ(content(), "second\n");
+    EXPECT_TRUE(test::contentOf(older).startsWith("first\n"));
+    ASSERT_TRUE(QFile::resize(log.path(), LogFile::maximumBytes + 1));
+    ASSERT_TRUE(log.open());
+    EXPECT_EQ(content(), "");
+    EXPECT_TRUE(test::contentOf(older).startsWith("second\n"));
+    EXPECT_EQ(QDir(QFileInfo(log.path()).path()).entryList(QDir::Files).size(), 2);
+}
+
+TEST_F(LogFileTest, IsWhereALinkPointsHoweverLongThatIs) {
+    const auto target = home.filePath(u"elsewhere"_s);
+    QFile file(target);
+    ASSERT_TRUE(file.open(QFile::WriteOnly) && file.resize(LogFile::maximumBytes + 1));
+    QDir().mkpath(QFileInfo(log.path()).path());
+    ASSERT_TRUE(QFile::link(target, log.path()));
+    log.open()->write("more");
+    EXPECT_TRUE(test::contentOf(target).endsWith("more"));
+}
+
+TEST_F(LogFileTest, HoldsUpNobodyWhereItIsAPipe) {
+    QDir().mkpath(QFileInfo(log.path()).path());
+    ASSERT_EQ(mkfifo(QFile::encodeName(log.path()).constData(), 0600), 0);
+    // Somebody who waits for a reader would wait for ever; the alarm would end the test.
+    alarm(20);
+    EXPECT_FALSE(log.open());
+    log.note(u"perdida"_s);
+    alarm(0);
+}
+
+TEST_F(LogFileTest, CountsALineThatComesOverAndOver) {
+    ASSERT_TRUE(log.open());
+    for (int time = 0; time < 12'345; ++time)
+        log.note(u"áudio: the same"_s);
+    log.note(u"another"_s);
+    log.note(u"áudio: the same"_s);
+    auto expected = QByteArray("áudio: the same\n").repeated(100);
+    expected += "áudio: the same (mais 900 vezes)\n"
+                "áudio: the same (mais 9000 vezes)\n"
+                "áudio: the same (mais 2345 vezes)\n"
+                "another\n"
+                "áudio: the same\n";
+    EXPECT_EQ(content(), expected);
 }
 
 TEST_F(LogFileTest, DropsANoteThatCannotBeWritten) {
@@ -74,12 +131,12 @@ TEST_F(LogFileTest, HoldsTheLinesOfManyThreadsWhole) {
         for (int thread = 0; thread < threads; ++thread)
             writers.emplace_back([this, line = QString(150, QChar(u'a' + thread))] {
                 for (int count = 0; count < lines; ++count)
-                    log.note(line);
+                    log.note(count % 2 == 0 ? line : line + line);
             });
     }
     auto found = content().split('\n');
     EXPECT_EQ(found.takeLast(), "");
     EXPECT_EQ(found.size(), threads * lines);
     for (const auto &line : found)
-        EXPECT_EQ(line, QByteArray(150, line.front()));
+        EXPECT_EQ(line, QByteArray(line.size() == 150 ? 150 : 300, line.front()));
 }

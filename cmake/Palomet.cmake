@@ -5,6 +5,8 @@ set(CMAKE_CXX_STANDARD_REQUIRED ON)
 set(CMAKE_CXX_EXTENSIONS OFF)
 set(CMAKE_AUTOMOC ON)
 set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+include(CheckPIESupported)
+check_pie_supported() # A program lies anywhere in memory, also where that is not the compiler's own habit.
 
 set(PALOMET_SANITIZE "" CACHE STRING "Sanitizers to build with, as -fsanitize= takes them")
 option(PALOMET_FUZZ "Build the fuzz targets instead of the program" OFF)
@@ -30,6 +32,16 @@ target_compile_options(palomet-options INTERFACE
   -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Wcast-qual -Wnull-dereference
   ${strict} -ffp-contract=off -ffunction-sections -fdata-sections)
 target_link_options(palomet-options INTERFACE -Wl,--gc-sections -Wl,--as-needed)
+# What is shipped makes it hard to use a mistake: buffers and stacks are checked, jumps go where they may, and all that is
+# linked is bound at the start and read-only from then on.
+add_library(palomet-hardening INTERFACE)
+if(CMAKE_BUILD_TYPE STREQUAL Release AND NOT PALOMET_SANITIZE)
+  target_compile_options(palomet-hardening INTERFACE -U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2 -fstack-protector-strong)
+  if(CMAKE_SYSTEM_PROCESSOR MATCHES "^(x86_64|amd64|AMD64|i.86)$")
+    target_compile_options(palomet-hardening INTERFACE -fcf-protection)
+  endif()
+  target_link_options(palomet-hardening INTERFACE -Wl,-z,relro -Wl,-z,now)
+endif()
 if(PALOMET_SANITIZE)
   # What a sanitizer adds hides from this warning that a variable was set; the other presets have it.
   target_compile_options(palomet-options INTERFACE -Wno-maybe-uninitialized)
@@ -61,5 +73,5 @@ endfunction()
 function(palomet_library name)
   cmake_parse_arguments(arg "" "" "SOURCES;PUBLIC;PRIVATE" ${ARGN})
   add_library(${name} STATIC ${arg_SOURCES})
-  target_link_libraries(${name} PUBLIC palomet-options ${arg_PUBLIC} PRIVATE ${arg_PRIVATE})
+  target_link_libraries(${name} PUBLIC palomet-options ${arg_PUBLIC} PRIVATE palomet-hardening ${arg_PRIVATE})
 endfunction()

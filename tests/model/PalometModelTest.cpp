@@ -47,6 +47,8 @@ TEST_F(ModelTest, WithoutAnAddressItKeepsWhatItIsGivenWhateverIsAsked) {
     alone.setHistory(*decodeHistory(fixture("history/three.json")));
     alone.setOptions(*decodeOptions(fixture("options/full.json")));
     const SignalCount applied(&alone, &PalometModel::applyingChanged);
+    QStringList settled;
+    QObject::connect(&alone, &PalometModel::changeSettled, [&](const QString &key) { settled.append(key); });
     alone.listen();
     alone.say(QStringLiteral("oi"));
     alone.set(QStringLiteral("voiceSpeed"), 1);
@@ -55,6 +57,7 @@ TEST_F(ModelTest, WithoutAnAddressItKeepsWhatItIsGivenWhateverIsAsked) {
     alone.refresh();
     EXPECT_TRUE(eventually([&] { return applied.count() == 2; })) << "the setting has ended";
     ASSERT_TRUE(runsUntil([&] { return m_scheduler.pendingCount() == 0; }));
+    EXPECT_EQ(settled, QStringList{QStringLiteral("voiceSpeed")});
     EXPECT_EQ(alone.snapshot(), sample);
     EXPECT_EQ(alone.history().size(), 3U);
     EXPECT_TRUE(alone.options());
@@ -310,6 +313,33 @@ TEST_F(ModelTest, AsksNoProxy) {
     EXPECT_TRUE(hasCome("/listen"));
     EXPECT_TRUE(hasCome("/settings"));
     EXPECT_EQ(proxy.connectionCount(), 0);
+}
+
+TEST_F(ModelTest, SettlesAChangeWithTheStateThatWasAskedForAfterItAndNotWithAnOlderOne) {
+    m_backend.serve("/state", fixture("state/full.json"));
+    startAndSettle();
+    QStringList settled;
+    QObject::connect(&m_model, &PalometModel::changeSettled, [&](const QString &key) { settled.append(key); });
+    m_backend.hang("/state");
+    m_backend.hang("/settings");
+    m_model.refresh();
+    m_scheduler.advance(100ms);
+    ASSERT_TRUE(hasCome("/state", 2));
+    const auto older = m_backend.last("/state");
+    m_model.set(QStringLiteral("voiceSpeed"), 1);
+    ASSERT_TRUE(hasCome("/settings"));
+    m_backend.last("/settings")->reply("{}");
+    ASSERT_TRUE(eventually([&] { return !m_model.applying(); }));
+    const SignalCount published(&m_model, &PalometModel::snapshotChanged);
+    older->reply(fixture("state/full.json"));
+    ASSERT_TRUE(eventually([&] { return published.count() == 1; }));
+    EXPECT_TRUE(settled.isEmpty());
+    m_scheduler.advance(100ms);
+    ASSERT_TRUE(hasCome("/state", 3));
+    m_backend.last("/state")->reply(fixture("state/full.json"));
+    EXPECT_TRUE(eventually([&] { return !settled.isEmpty(); }));
+    EXPECT_EQ(published.count(), 2);
+    EXPECT_EQ(settled, QStringList{QStringLiteral("voiceSpeed")});
 }
 
 TEST_F(ModelTest, KeepsNoCookieAndAsksForNoCompression) {

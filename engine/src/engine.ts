@@ -2,24 +2,24 @@
 
 import { mkdirSync } from "node:fs";
 import { join } from "node:path";
-import { AudioLink } from "./audioLink.ts";
-import type { Brain } from "./brain.ts";
-import { actions, type Choices } from "./choices.ts";
-import type { Clock } from "./clock.ts";
-import { Conversations } from "./conversations.ts";
-import { EventStream } from "./eventStream.ts";
-import type { Locale } from "./language.ts";
-import { presentFolders } from "./folders.ts";
-import type { Log } from "./log.ts";
-import { Loop } from "./loop.ts";
-import type { Microphone } from "./microphone.ts";
-import { phrases } from "./phrases.ts";
-import type { ConversationSummary, LoopState, Options, Settings, Snapshot } from "./protocol.ts";
-import type { Recogniser } from "./recogniser.ts";
-import { SettingsKeeper, type Found } from "./settings.ts";
-import { Speaker } from "./speaker.ts";
-import { Store } from "./store.ts";
-import type { Synthesiser } from "./synthesiser.ts";
+import type { Clock } from "./base/clock.ts";
+import type { Locale } from "./base/language.ts";
+import type { Log } from "./base/log.ts";
+import { phrases } from "./base/phrases.ts";
+import type { ConversationSummary, LoopState, Options, Settings, Snapshot } from "./base/protocol.ts";
+import type { Microphone } from "./hearing/microphone.ts";
+import { Loop } from "./loop/loop.ts";
+import { actions, type Choices } from "./machine/choices.ts";
+import { presentFolders } from "./machine/folders.ts";
+import { Conversations } from "./memory/conversations.ts";
+import { SettingsKeeper, type Found } from "./memory/settings.ts";
+import { Store } from "./memory/store.ts";
+import { AudioLink } from "./port/audioLink.ts";
+import { EventStream } from "./port/eventStream.ts";
+import type { Recogniser } from "./recognition/recogniser.ts";
+import type { Brain } from "./thought/brain.ts";
+import { Speaker } from "./voice/speaker.ts";
+import type { Synthesiser } from "./voice/synthesiser.ts";
 
 /** A microphone that is not open by then is not waited for. */
 const deviceWaitMs = 5_000;

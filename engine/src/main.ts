@@ -2,23 +2,23 @@
 
 import { homedir } from "node:os";
 import { join } from "node:path";
-import { EngineBrain } from "./brain.ts";
-import { Children } from "./children.ts";
-import { Choices, grammarModel } from "./choices.ts";
-import { Claude } from "./claude.ts";
-import { systemClock } from "./clock.ts";
+import { systemClock } from "./base/clock.ts";
+import { chooseLocale, type Locale } from "./base/language.ts";
+import { bounded, standardErrorLog, StartFailures } from "./base/log.ts";
+import { phrases } from "./base/phrases.ts";
+import { defaultPort, isRecord, type Settings } from "./base/protocol.ts";
 import { Engine } from "./engine.ts";
-import { Guard } from "./guard.ts";
-import { chooseLocale, type Locale } from "./language.ts";
-import { bounded, standardErrorLog, StartFailures } from "./log.ts";
-import { Microphone } from "./microphone.ts";
-import { phrases } from "./phrases.ts";
-import { defaultPort, isRecord, type Settings } from "./protocol.ts";
-import { FirstOf, type Recogniser } from "./recogniser.ts";
-import { PortTaken, serve } from "./server.ts";
-import { SphinxRecogniser } from "./sphinx.ts";
-import { EspeakSynthesiser } from "./synthesiser.ts";
-import { WhisperRecogniser } from "./whisper.ts";
+import { Microphone } from "./hearing/microphone.ts";
+import { Children } from "./machine/children.ts";
+import { Choices, grammarModel } from "./machine/choices.ts";
+import { Guard } from "./machine/guard.ts";
+import { PortTaken, serve } from "./port/server.ts";
+import { FirstOf, type Recogniser } from "./recognition/recogniser.ts";
+import { SphinxRecogniser } from "./recognition/sphinx.ts";
+import { WhisperRecogniser } from "./recognition/whisper.ts";
+import { EngineBrain } from "./thought/brain.ts";
+import { Claude } from "./thought/claude.ts";
+import { EspeakSynthesiser } from "./voice/synthesiser.ts";
 
 const portCheckMs = 1_000;
 /** An engine that lives so long has started. */

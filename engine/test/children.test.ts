@@ -1,6 +1,6 @@
 import { describe, expect, test } from "bun:test";
 import { join } from "node:path";
-import { Children, type Outcome } from "../src/children.ts";
+import { Children, type Outcome } from "../src/machine/children.ts";
 import { isAlive, program, temporaryFolder } from "./support.ts";
 
 const environment = { PATH: "/usr/bin:/bin" };
@@ -84,8 +84,8 @@ describe("an engine that is killed", () => {
   async function killed(how: (id: number) => unknown): Promise<number> {
     const tool = join(program("tool", "sleep 600 & echo $!; echo $$; wait"), "tool");
     const script = `
-      import { Children } from ${JSON.stringify(join(import.meta.dir, "../src/children.ts"))};
-      import { Guard } from ${JSON.stringify(join(import.meta.dir, "../src/guard.ts"))};
+      import { Children } from ${JSON.stringify(join(import.meta.dir, "../src/machine/children.ts"))};
+      import { Guard } from ${JSON.stringify(join(import.meta.dir, "../src/machine/guard.ts"))};
       const guard = new Guard();
       const other = Bun.spawn(["sleep", "600"], { detached: true, stdio: ["ignore", "ignore", "ignore"] });
       guard.add(other.pid);

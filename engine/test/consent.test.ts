@@ -1,6 +1,6 @@
 import { describe, expect, test } from "bun:test";
-import { leaveFor } from "../src/consent.ts";
-import { phrases } from "../src/phrases.ts";
+import { phrases } from "../src/base/phrases.ts";
+import { leaveFor } from "../src/thought/consent.ts";
 
 const ask = (name: string, input: Record<string, unknown>) => leaveFor({ name, input, detail: "" }, phrases.en);
 const run = (command: unknown) => ask("Bash", { command });

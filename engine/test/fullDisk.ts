@@ -3,7 +3,7 @@
 
 import { rmSync, writeFileSync } from "node:fs";
 import { join } from "node:path";
-import { Store } from "../src/store.ts";
+import { Store } from "../src/memory/store.ts";
 import { ManualClock } from "./support.ts";
 
 const [folder = ""] = process.argv.slice(2);

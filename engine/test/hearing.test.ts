@@ -1,7 +1,7 @@
 import { describe, expect, test } from "bun:test";
-import { Hearing, type Utterance } from "../src/hearing.ts";
-import { InterruptionDetector } from "../src/interruption.ts";
-import { LevelMeter } from "../src/level.ts";
+import { Hearing, type Utterance } from "../src/hearing/hearing.ts";
+import { InterruptionDetector } from "../src/hearing/interruptionDetector.ts";
+import { LevelMeter } from "../src/sound/levelMeter.ts";
 import { ManualClock, tone } from "./support.ts";
 
 function listen() {

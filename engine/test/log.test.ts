@@ -1,7 +1,7 @@
 import { describe, expect, test } from "bun:test";
 import { writeFileSync } from "node:fs";
 import { join } from "node:path";
-import { bounded, StartFailures } from "../src/log.ts";
+import { bounded, StartFailures } from "../src/base/log.ts";
 import { ManualClock, temporaryFolder } from "./support.ts";
 
 describe("the log", () => {

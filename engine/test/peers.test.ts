@@ -1,6 +1,6 @@
 import { describe, expect, test } from "bun:test";
-import { connectionOwner, ownerInTable, type Connection } from "../src/peers.ts";
-import { serve } from "../src/server.ts";
+import { connectionOwner, ownerInTable, type Connection } from "../src/port/peers.ts";
+import { serve } from "../src/port/server.ts";
 import { bench } from "./support.ts";
 
 const ours = process.geteuid?.() ?? 0;

@@ -1,15 +1,15 @@
 import { describe, expect, test } from "bun:test";
 import { existsSync, readdirSync } from "node:fs";
 import { join } from "node:path";
-import { knownAnswer, knownPhrases } from "../src/answers.ts";
-import { Children } from "../src/children.ts";
-import { buildGrammar } from "../src/grammar.ts";
-import { chooseLocale, plainWords, type Language } from "../src/language.ts";
-import { phonesOf, Pronouncer } from "../src/pronunciation.ts";
-import { FirstOf, type Recogniser } from "../src/recogniser.ts";
-import { SphinxRecogniser } from "../src/sphinx.ts";
-import { WhisperRecogniser } from "../src/whisper.ts";
-import { readClip } from "../src/wav.ts";
+import { chooseLocale, plainWords, type Language } from "../src/base/language.ts";
+import { Children } from "../src/machine/children.ts";
+import { buildGrammar } from "../src/recognition/grammar.ts";
+import { phonesOf, Pronouncer } from "../src/recognition/pronunciation.ts";
+import { FirstOf, type Recogniser } from "../src/recognition/recogniser.ts";
+import { SphinxRecogniser } from "../src/recognition/sphinx.ts";
+import { WhisperRecogniser } from "../src/recognition/whisper.ts";
+import { readClip } from "../src/sound/wav.ts";
+import { knownAnswer, knownPhrases } from "../src/thought/builtInAnswers.ts";
 import { FakeRecogniser, program, temporaryFolder, tone } from "./support.ts";
 
 const path = process.env.PATH ?? "";

@@ -1,5 +1,5 @@
 import { afterAll, beforeAll, describe, expect, test } from "bun:test";
-import { serve } from "../src/server.ts";
+import { serve } from "../src/port/server.ts";
 import { bench, settle, type Bench } from "./support.ts";
 
 let it: Bench;

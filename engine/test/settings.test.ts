@@ -138,9 +138,9 @@ test("the recogniser models are those that are installed, the largest first", as
   for (const name of ["ggml-tiny.bin", "ggml-large-v3-turbo.bin", "notes.txt", "for-tests-ggml-base.bin"]) {
     await Bun.write(join(models, name), "");
   }
-  const { Children } = await import("../src/children.ts");
-  const { Choices } = await import("../src/choices.ts");
-  const { chooseLocale } = await import("../src/language.ts");
+  const { Children } = await import("../src/machine/children.ts");
+  const { Choices } = await import("../src/machine/choices.ts");
+  const { chooseLocale } = await import("../src/base/language.ts");
   const choices = new Choices(new Children({ PATH: tools, HOME: home }), chooseLocale({}));
   expect(choices.recogniserModels()).toEqual(["large-v3-turbo", "tiny", "pocketsphinx"]);
   chmodSync(models, 0o000);

@@ -2,8 +2,8 @@ import { Database } from "bun:sqlite";
 import { describe, expect, test } from "bun:test";
 import { chmodSync, existsSync, mkdirSync, readFileSync, readdirSync, rmSync, statSync, writeFileSync } from "node:fs";
 import { join } from "node:path";
-import type { Snapshot } from "../src/protocol.ts";
-import { Store } from "../src/store.ts";
+import type { Snapshot } from "../src/base/protocol.ts";
+import { Store } from "../src/memory/store.ts";
 import { bench, freePort, ManualClock, serving, temporaryFolder } from "./support.ts";
 
 function open(folder: string, mostPages?: number) {

@@ -1,12 +1,12 @@
 import { describe, expect, test } from "bun:test";
 import { Database } from "bun:sqlite";
 import { join } from "node:path";
-import { readClaudeLine } from "../src/claudeOutput.ts";
-import { parseJson, parseLinkEvent } from "../src/protocol.ts";
-import { sentencesOf } from "../src/sentences.ts";
-import { Store } from "../src/store.ts";
-import { systemClock } from "../src/clock.ts";
-import { cut } from "../src/text.ts";
+import { systemClock } from "../src/base/clock.ts";
+import { parseJson, parseLinkEvent } from "../src/base/protocol.ts";
+import { cut } from "../src/base/text.ts";
+import { Store } from "../src/memory/store.ts";
+import { readClaudeLine } from "../src/thought/claudeOutput.ts";
+import { sentencesOf } from "../src/voice/sentences.ts";
 import { bench, connect, settle, temporaryFolder } from "./support.ts";
 
 const family = "👩‍👧"; // five units of UTF-16: two people and a joiner

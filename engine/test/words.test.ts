@@ -1,10 +1,10 @@
 import { describe, expect, test } from "bun:test";
-import { builtInAnswer, knownAnswer } from "../src/answers.ts";
-import { interpret, type Circumstances } from "../src/interpretation.ts";
-import { chooseLocale } from "../src/language.ts";
-import { phrases } from "../src/phrases.ts";
-import { sentencesOf } from "../src/sentences.ts";
-import { readClip, writeWav } from "../src/wav.ts";
+import { chooseLocale } from "../src/base/language.ts";
+import { phrases } from "../src/base/phrases.ts";
+import { interpret, type Circumstances } from "../src/loop/interpretation.ts";
+import { readClip, writeWav } from "../src/sound/wav.ts";
+import { builtInAnswer, knownAnswer } from "../src/thought/builtInAnswers.ts";
+import { sentencesOf } from "../src/voice/sentences.ts";
 
 const around: Circumstances = {
   wakeWords: ["palomet", "minha amiga"],

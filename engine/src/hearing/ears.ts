@@ -1,13 +1,13 @@
 // From the microphone's samples to what was said: detects utterances, has them recognised one after another, and
 // knows when the agent's own voice must not be listened to.
 
-import type { Clock } from "./clock.ts";
+import type { Clock } from "../base/clock.ts";
+import type { Log } from "../base/log.ts";
+import type { Settings } from "../base/protocol.ts";
+import type { Recogniser } from "../recognition/recogniser.ts";
+import { LevelMeter } from "../sound/levelMeter.ts";
+import { levelOf } from "../sound/wav.ts";
 import { Hearing, type Utterance } from "./hearing.ts";
-import { LevelMeter } from "./level.ts";
-import type { Log } from "./log.ts";
-import type { Settings } from "./protocol.ts";
-import type { Recogniser } from "./recogniser.ts";
-import { levelOf } from "./wav.ts";
 
 export interface HeardSpeech {
   text: string;

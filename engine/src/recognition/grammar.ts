@@ -1,9 +1,9 @@
 // The grammar by which the recogniser listens: everything that the engine can act on, in the language of its user.
 // A second grammar, any sequence of a few sounds, is the measure of how well the first one fits.
 
-import { knownPhrases } from "./answers.ts";
-import type { Language } from "./language.ts";
-import { phrases } from "./phrases.ts";
+import type { Language } from "../base/language.ts";
+import { phrases } from "../base/phrases.ts";
+import { knownPhrases } from "../thought/builtInAnswers.ts";
 import { grammarWords, type Pronouncer } from "./pronunciation.ts";
 
 export interface Grammar {

@@ -1,18 +1,18 @@
 // The voice loop: what the agent is doing, and what each command and each utterance makes it do.
 
-import type { Clock } from "./clock.ts";
-import type { Conversations } from "./conversations.ts";
+import type { Clock } from "../base/clock.ts";
+import type { Log } from "../base/log.ts";
+import type { Phrases } from "../base/phrases.ts";
+import type { Heard, LoopState, Settings, Timings } from "../base/protocol.ts";
+import { Ears, type HeardSpeech } from "../hearing/ears.ts";
+import type { Conversations } from "../memory/conversations.ts";
+import type { Recogniser } from "../recognition/recogniser.ts";
+import type { Brain } from "../thought/brain.ts";
+import type { Speaker } from "../voice/speaker.ts";
 import { Draft } from "./draft.ts";
-import { Ears, type HeardSpeech } from "./ears.ts";
 import { interpret, type Interpretation } from "./interpretation.ts";
-import type { Phrases } from "./phrases.ts";
-import type { Brain } from "./brain.ts";
-import type { Heard, LoopState, Settings, Timings } from "./protocol.ts";
-import type { Recogniser } from "./recogniser.ts";
-import type { Speaker } from "./speaker.ts";
+import { ListeningWindow } from "./listeningWindow.ts";
 import { Turn, type Question } from "./turn.ts";
-import { ListeningWindow } from "./window.ts";
-import type { Log } from "./log.ts";
 
 export interface LoopPorts {
   clock: Clock;

@@ -1,12 +1,12 @@
 // One request and its answer: thought out, written down, and spoken sentence by sentence as it comes.
 
-import type { Brain } from "./brain.ts";
-import type { Clock } from "./clock.ts";
-import type { Conversations } from "./conversations.ts";
-import type { Settings, Timings } from "./protocol.ts";
-import { sentencesOf } from "./sentences.ts";
-import type { Speaker } from "./speaker.ts";
-import { cut } from "./text.ts";
+import type { Clock } from "../base/clock.ts";
+import type { Settings, Timings } from "../base/protocol.ts";
+import { cut } from "../base/text.ts";
+import type { Conversations } from "../memory/conversations.ts";
+import type { Brain } from "../thought/brain.ts";
+import { sentencesOf } from "../voice/sentences.ts";
+import type { Speaker } from "../voice/speaker.ts";
 
 export interface Question {
   text: string;

@@ -1,13 +1,13 @@
 // Who answers a request: the `claude` tool where there is one, else what the engine knows by itself.
 
-import { builtInAnswer, knownAnswer, type AnswerContext } from "./answers.ts";
-import { Choices, builtInModel } from "./choices.ts";
+import type { Clock } from "../base/clock.ts";
+import type { Locale } from "../base/language.ts";
+import type { Log } from "../base/log.ts";
+import { phrases } from "../base/phrases.ts";
+import type { Session, Settings } from "../base/protocol.ts";
+import { Choices, builtInModel } from "../machine/choices.ts";
+import { builtInAnswer, knownAnswer, type AnswerContext } from "./builtInAnswers.ts";
 import type { Claude } from "./claude.ts";
-import type { Clock } from "./clock.ts";
-import type { Locale } from "./language.ts";
-import type { Log } from "./log.ts";
-import { phrases } from "./phrases.ts";
-import type { Session, Settings } from "./protocol.ts";
 
 export interface Request {
   text: string;

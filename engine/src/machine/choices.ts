@@ -3,10 +3,10 @@
 import { readdirSync } from "node:fs";
 import { homedir } from "node:os";
 import { join } from "node:path";
+import type { Locale } from "../base/language.ts";
+import { isRecord, parseJson, type Options } from "../base/protocol.ts";
+import { speechModel } from "../memory/settings.ts";
 import type { Children } from "./children.ts";
-import type { Locale } from "./language.ts";
-import { isRecord, parseJson, type Options } from "./protocol.ts";
-import { speechModel } from "./settings.ts";
 
 export const builtInModel = "built-in";
 export const grammarModel = "pocketsphinx";

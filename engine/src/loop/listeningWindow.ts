@@ -1,6 +1,6 @@
 // The time during which the agent listens without being called by its name.
 
-import type { Clock } from "./clock.ts";
+import type { Clock } from "../base/clock.ts";
 
 export class ListeningWindow {
   #isOpen = false;

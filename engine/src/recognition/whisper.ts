@@ -2,12 +2,12 @@
 
 import { mkdirSync, rmSync } from "node:fs";
 import { join } from "node:path";
-import type { Children } from "./children.ts";
-import type { Language } from "./language.ts";
-import { sampleRate } from "./protocol.ts";
+import type { Language } from "../base/language.ts";
+import { sampleRate } from "../base/protocol.ts";
+import { cut } from "../base/text.ts";
+import type { Children } from "../machine/children.ts";
+import { writeWav } from "../sound/wav.ts";
 import type { Recogniser, Recognition } from "./recogniser.ts";
-import { cut } from "./text.ts";
-import { writeWav } from "./wav.ts";
 
 const maxOutput = 64 * 1024;
 const longestText = 4_000;

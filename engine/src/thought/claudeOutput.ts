@@ -1,7 +1,7 @@
 // Reads what the `claude` tool prints with its streamed JSON output: one JSON object a line.
 
-import { isRecord, parseJson } from "./protocol.ts";
-import { cut } from "./text.ts";
+import { isRecord, parseJson } from "../base/protocol.ts";
+import { cut } from "../base/text.ts";
 
 export type ClaudeEvent =
   | { kind: "session"; session: string; model: string | undefined }

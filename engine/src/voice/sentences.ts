@@ -1,6 +1,6 @@
 // Cuts text into the sentences that are spoken one by one.
 
-import { cut } from "./text.ts";
+import { cut } from "../base/text.ts";
 
 /** The synthesiser is given no more than this at a time, in characters. */
 const longestSentence = 300;

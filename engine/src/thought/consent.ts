@@ -1,8 +1,8 @@
 // What a "yes" can allow the `claude` tool: for each thing that it was denied, a rule that allows this and nothing else,
 // and the words that ask for it. Without such a rule there is nothing to ask for.
 
+import type { Phrases } from "../base/phrases.ts";
 import type { DeniedTool } from "./claudeOutput.ts";
-import type { Phrases } from "./phrases.ts";
 
 export interface Leave {
   /** For `--allowedTools`. */

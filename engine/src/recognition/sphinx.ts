@@ -5,11 +5,11 @@
 
 import { existsSync, mkdirSync, rmSync } from "node:fs";
 import { join } from "node:path";
-import type { Children } from "./children.ts";
-import type { Language } from "./language.ts";
+import type { Language } from "../base/language.ts";
+import { sampleRate } from "../base/protocol.ts";
+import type { Children } from "../machine/children.ts";
 import { buildGrammar, type Grammar, type Vocabulary } from "./grammar.ts";
 import { Pronouncer } from "./pronunciation.ts";
-import { sampleRate } from "./protocol.ts";
 import type { Recogniser, Recognition } from "./recogniser.ts";
 
 export const sphinxProgram = "pocketsphinx_batch";

@@ -1,11 +1,11 @@
 // The agent's voice: takes sentences in order, has each made into a clip, hands the clips to the front end, and knows
 // which is being heard. A sentence without a clip (no front end, no synthesiser) stays for as long as it takes to read.
 
-import type { Clock } from "./clock.ts";
-import { LevelMeter } from "./level.ts";
-import type { Settings } from "./protocol.ts";
+import type { Clock } from "../base/clock.ts";
+import type { Settings } from "../base/protocol.ts";
+import { LevelMeter } from "../sound/levelMeter.ts";
+import { envelopeStepMs, type Clip } from "../sound/wav.ts";
 import type { Synthesiser } from "./synthesiser.ts";
-import { envelopeStepMs, type Clip } from "./wav.ts";
 
 export interface SpeakerOutput {
   /** Whether clips would be played by somebody. */

@@ -1,9 +1,9 @@
 // Speech detection by energy: cuts the microphone's stream into utterances. Pure computation on 10 ms frames, whose
 // only clock is the number of samples.
 
-import { sampleRate } from "./protocol.ts";
-import { InterruptionDetector } from "./interruption.ts";
-import { decibels } from "./wav.ts";
+import { sampleRate } from "../base/protocol.ts";
+import { decibels } from "../sound/wav.ts";
+import { InterruptionDetector } from "./interruptionDetector.ts";
 
 export const frameMs = 10;
 const frameLength = (sampleRate * frameMs) / 1000;

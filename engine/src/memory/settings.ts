@@ -1,10 +1,10 @@
 // The settings: what each may be, what it is to begin with, and where it is kept.
 
 import { isAbsolute } from "node:path";
-import type { Locale } from "./language.ts";
-import { parseJson, type Settings } from "./protocol.ts";
+import type { Locale } from "../base/language.ts";
+import { parseJson, type Settings } from "../base/protocol.ts";
+import { cut } from "../base/text.ts";
 import type { Store } from "./store.ts";
-import { cut } from "./text.ts";
 
 /** What the checks need to know of the machine. */
 export interface Surroundings {

@@ -1,7 +1,7 @@
 // The conversation that goes on, and those before it.
 
-import type { Clock } from "./clock.ts";
-import type { Conversation, ConversationSummary, Memory, Row } from "./protocol.ts";
+import type { Clock } from "../base/clock.ts";
+import type { Conversation, ConversationSummary, Memory, Row } from "../base/protocol.ts";
 import type { Store, StoredConversation } from "./store.ts";
 
 /** Rows of the current conversation that are kept at hand; older ones are in the store. */

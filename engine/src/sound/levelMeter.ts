@@ -1,6 +1,6 @@
 // Live levels for the front end's meters: seldom, rounded, and only while they change.
 
-import type { Clock } from "./clock.ts";
+import type { Clock } from "../base/clock.ts";
 
 const intervalMs = 50;
 const step = 0.02;

@@ -1,7 +1,7 @@
 // The dictation draft: what was taken down, until it is carried out, cleared, or too old.
 
-import type { Clock } from "./clock.ts";
-import type { DraftEntry } from "./protocol.ts";
+import type { Clock } from "../base/clock.ts";
+import type { DraftEntry } from "../base/protocol.ts";
 
 const mostEntries = 100;
 

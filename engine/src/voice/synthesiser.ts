@@ -1,9 +1,9 @@
 // Speech by `espeak-ng`: one sentence in, one WAV clip out.
 
-import type { Children } from "./children.ts";
-import type { Settings } from "./protocol.ts";
-import { readClip, type Clip } from "./wav.ts";
-import type { Log } from "./log.ts";
+import type { Log } from "../base/log.ts";
+import type { Settings } from "../base/protocol.ts";
+import type { Children } from "../machine/children.ts";
+import { readClip, type Clip } from "../sound/wav.ts";
 
 export interface Synthesiser {
   /** Undefined when there is no speech to be had, or when `signal` was raised. */

@@ -5,11 +5,11 @@
 import { Database } from "bun:sqlite";
 import { existsSync, mkdirSync, renameSync } from "node:fs";
 import { join } from "node:path";
-import type { Clock } from "./clock.ts";
+import type { Clock } from "../base/clock.ts";
+import type { Log } from "../base/log.ts";
+import type { ConversationSummary, Row } from "../base/protocol.ts";
+import { cut } from "../base/text.ts";
 import { copyOf, copyOfFile, hasRoom, isBusy, isEmpty, isFull, keepPrivate, message, prepared } from "./database.ts";
-import type { Log } from "./log.ts";
-import type { ConversationSummary, Row } from "./protocol.ts";
-import { cut } from "./text.ts";
 
 export interface StoredConversation {
   conversationId: string;

@@ -2,8 +2,8 @@
 // `espeak-ng` makes of it, its phonetic letters written with the phones of the acoustic model. Languages that the model
 // was not trained on are understood by their nearest English sounds, which is enough to tell a few phrases apart.
 
-import type { Children } from "./children.ts";
-import { plainWords } from "./language.ts";
+import { plainWords } from "../base/language.ts";
+import type { Children } from "../machine/children.ts";
 
 /** Phonetic letters (IPA) to the phones of the American English model, longer ones first when they are looked up. */
 const phones: Record<string, string> = {

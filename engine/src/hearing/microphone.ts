@@ -1,10 +1,10 @@
 // The engine's own ear, for when the front end has released the microphone because echo cancellation is off: samples
 // from the sound server by `parec`, as the microphone gives them.
 
-import type { Children } from "./children.ts";
-import type { Clock } from "./clock.ts";
-import type { Log } from "./log.ts";
-import { sampleRate } from "./protocol.ts";
+import type { Clock } from "../base/clock.ts";
+import type { Log } from "../base/log.ts";
+import { sampleRate } from "../base/protocol.ts";
+import type { Children } from "../machine/children.ts";
 
 const retryMs = 2_000;
 /** A day: longer than any run of it, and short enough for a timer. */

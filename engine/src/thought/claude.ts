@@ -1,16 +1,16 @@
 // Answers by the `claude` command-line tool: one run a request, continuing the conversation's session.
 
 import { homedir } from "node:os";
+import type { Clock } from "../base/clock.ts";
+import { plainWords } from "../base/language.ts";
+import type { Phrases } from "../base/phrases.ts";
+import { cut } from "../base/text.ts";
+import type { Children } from "../machine/children.ts";
+import { actions } from "../machine/choices.ts";
+import { presentFolders } from "../machine/folders.ts";
 import type { Answer, Answering, Request } from "./brain.ts";
-import type { Children } from "./children.ts";
-import { actions } from "./choices.ts";
 import { LineReader, readClaudeLine, type ClaudeEvent, type DeniedTool } from "./claudeOutput.ts";
-import type { Clock } from "./clock.ts";
 import { leaveFor, type Leave } from "./consent.ts";
-import { presentFolders } from "./folders.ts";
-import { plainWords } from "./language.ts";
-import type { Phrases } from "./phrases.ts";
-import { cut } from "./text.ts";
 
 export type ClaudeAnswer = Answer & { problem?: string };
 

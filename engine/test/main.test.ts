@@ -1,6 +1,7 @@
 import { describe, expect, test } from "bun:test";
 import { join } from "node:path";
-import { freePort, isAlive, program, serving, temporaryFolder } from "./support.ts";
+import { program, temporaryFolder } from "./support/folders.ts";
+import { freePort, isAlive, serving } from "./support/processes.ts";
 
 const folder = join(import.meta.dir, "..");
 

@@ -1,6 +1,0 @@
-// Clears up when all files have been tested: an `afterAll` in a module that they share belongs to the first of them.
-
-import { afterAll } from "bun:test";
-import { removeTemporaryFolders } from "./support.ts";
-
-afterAll(removeTemporaryFolders);

@@ -1,0 +1,60 @@
+import { expect, test } from "bun:test";
+import { chmodSync, mkdirSync } from "node:fs";
+import { join } from "node:path";
+import { chooseLocale } from "../../src/base/language.ts";
+import { Children } from "../../src/machine/children.ts";
+import { Choices } from "../../src/machine/choices.ts";
+import { bench } from "../support/bench.ts";
+import { program, temporaryFolder } from "../support/folders.ts";
+
+const tool = join(program("claude", "echo 2.1.0"), "claude");
+
+test("the recogniser models are those that are installed, the largest first", async () => {
+  const home = temporaryFolder();
+  const tools = program("whisper-cli", "exit 0");
+  program("pocketsphinx_batch", "exit 0", tools);
+  const models = join(home, "whisper.cpp/models");
+  mkdirSync(models, { recursive: true });
+  for (const name of ["ggml-tiny.bin", "ggml-large-v3-turbo.bin", "notes.txt", "for-tests-ggml-base.bin"]) {
+    await Bun.write(join(models, name), "");
+  }
+  const choices = new Choices(new Children({ PATH: tools, HOME: home }), chooseLocale({}));
+  expect(choices.recogniserModels()).toEqual(["large-v3-turbo", "tiny", "pocketsphinx"]);
+  chmodSync(models, 0o000);
+  expect(new Choices(new Children({ PATH: "" }), chooseLocale({})).recogniserModels()).toEqual([]);
+  chmodSync(models, 0o700);
+});
+
+test("the options name every claude tool that tells its version", async () => {
+  const second = program("claude", "echo '1.0.3 (some build)'");
+  const broken = program("claude", "exit 1");
+  const it = bench(undefined, undefined, [join(tool, ".."), second, broken, second].join(":"));
+  const options = await it.engine.options();
+  expect(options.claudePaths).toEqual([
+    { path: tool, version: "2.1.0" },
+    { path: join(second, "claude"), version: "1.0.3" },
+  ]);
+  expect(options.models).toContain("haiku");
+  expect(options.confirmActions.map(({ id }) => id)).toEqual(["commands", "files", "web"]);
+});
+
+test("one look answers all who ask for the options at the same time, and the next one looks again", async () => {
+  const mark = join(temporaryFolder(), "calls");
+  const tools = program("claude", `echo call >> ${mark}; echo 2.1.0`);
+  program("pactl", `echo call >> ${mark}; echo '[]'`, tools);
+  program("espeak-ng", `echo call >> ${mark}`, tools);
+  const it = bench(undefined, undefined, `${tools}:/usr/bin:/bin`);
+  const calls = async (): Promise<number> => (await Bun.file(mark).text()).trim().split("\n").length;
+  const answers = await Promise.all(Array.from({ length: 100 }, () => it.engine.options()));
+  expect(answers.every(({ claudePaths }) => claudePaths[0]?.version === "2.1.0")).toBe(true);
+  expect(await calls()).toBe(3);
+  await it.engine.options();
+  expect(await calls()).toBe(6);
+});
+
+test("programs that hang, fail or print megabytes leave their list empty", async () => {
+  const tools = program("pactl", "yes | head -c 4000000");
+  program("espeak-ng", "exit 3", tools);
+  const it = bench(undefined, undefined, `${tools}:${process.env.PATH}`);
+  expect(await it.engine.options()).toMatchObject({ inputs: [], macVoices: [] });
+});

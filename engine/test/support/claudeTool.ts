@@ -1,0 +1,54 @@
+// A `claude` of the tests' own, a brain that asks it, and requests to that brain.
+
+import { readFileSync } from "node:fs";
+import { join } from "node:path";
+import { systemClock } from "../../src/base/clock.ts";
+import { chooseLocale } from "../../src/base/language.ts";
+import { phrases } from "../../src/base/phrases.ts";
+import { Children } from "../../src/machine/children.ts";
+import { Choices } from "../../src/machine/choices.ts";
+import { defaultSettings } from "../../src/memory/settings.ts";
+import { EngineBrain, type Request } from "../../src/thought/brain.ts";
+import { Claude } from "../../src/thought/claude.ts";
+import { program, temporaryFolder } from "./folders.ts";
+
+const locale = chooseLocale({ PALOMET_LANGUAGES: "en-US" });
+export const going = new AbortController().signal;
+export const init = '{"type":"system","subtype":"init","session_id":"s1","model":"m"}';
+export const result = '{"type":"result","subtype":"success","is_error":false,"result":"Done.","total_cost_usd":0.02,"session_id":"s1"}';
+export const text = (words: string): string => `{"type":"assistant","message":{"content":[{"type":"text","text":"${words}"}]}}`;
+
+/** A `claude` that notes how it was called, then does this. */
+export function tool(script: string): string {
+  const folder = program("claude", `[ "$1" = --version ] && echo 2.1.0 && exit\nprintf '%s\\n' "$@" > ${"$0"}.args; pwd > $0.cwd; cat > $0.input; ${script}`);
+  return join(folder, "claude");
+}
+
+export function print(...lines: string[]): string {
+  return lines.map((line) => `printf '%s\\n' '${line}'`).join("; ");
+}
+
+export async function brainOf(path: string, stallMs = 5_000): Promise<{ brain: EngineBrain; log: string[] }> {
+  const children = new Children({ ...process.env, PATH: `${path === "" ? "" : join(path, "..")}:/usr/bin:/bin` });
+  const log: string[] = [];
+  const claude = new Claude(children, systemClock, phrases.en, stallMs);
+  const brain = new EngineBrain(systemClock, locale, claude, new Choices(children, locale), (line) => log.push(line));
+  await brain.prepare();
+  return { brain, log };
+}
+
+export const workingFolder = temporaryFolder();
+
+export function request(words: string, over: Partial<Request> = {}): Request {
+  const surroundings = { locale, workingFolder, recogniserModels: [], actionIds: ["commands", "files", "web"] };
+  return { text: words, settings: defaultSettings(surroundings), session: undefined, lastAnswer: undefined, ...over };
+}
+
+export async function ask(brain: EngineBrain, what: Request, signal = going) {
+  const pieces: string[] = [];
+  const tools: string[] = [];
+  const answer = await brain.answer(what, { text: (piece) => pieces.push(piece), tool: (row) => tools.push(row) }, signal);
+  return { text: pieces.join(""), tools, ...answer };
+}
+
+export const args = (path: string): string[] => readFileSync(`${path}.args`, "utf8").trim().split("\n");

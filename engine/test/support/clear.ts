@@ -1,0 +1,6 @@
+// Clears up when all files have been tested: an `afterAll` in a module that they share belongs to the first of them.
+
+import { afterAll } from "bun:test";
+import { removeTemporaryFolders } from "./folders.ts";
+
+afterAll(removeTemporaryFolders);

@@ -17,7 +17,7 @@ import { Store } from "./memory/store.ts";
 import { AudioLink } from "./port/audioLink.ts";
 import { EventStream } from "./port/eventStream.ts";
 import type { Recogniser } from "./recognition/recogniser.ts";
-import type { Brain } from "./thought/brain.ts";
+import type { Brain } from "./thought/answer.ts";
 import { Speaker } from "./voice/speaker.ts";
 import type { Synthesiser } from "./voice/synthesiser.ts";
 

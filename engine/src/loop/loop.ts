@@ -7,7 +7,7 @@ import type { Heard, LoopState, Settings, Timings } from "../base/protocol.ts";
 import { Ears, type HeardSpeech } from "../hearing/ears.ts";
 import type { Conversations } from "../memory/conversations.ts";
 import type { Recogniser } from "../recognition/recogniser.ts";
-import type { Brain } from "../thought/brain.ts";
+import type { Brain } from "../thought/answer.ts";
 import type { Speaker } from "../voice/speaker.ts";
 import { Draft } from "./draft.ts";
 import { interpret, type Interpretation } from "./interpretation.ts";

@@ -4,7 +4,7 @@ import type { Clock } from "../base/clock.ts";
 import type { Settings, Timings } from "../base/protocol.ts";
 import { cut } from "../base/text.ts";
 import type { Conversations } from "../memory/conversations.ts";
-import type { Brain } from "../thought/brain.ts";
+import type { Brain } from "../thought/answer.ts";
 import { sentencesOf } from "../voice/sentences.ts";
 import type { Speaker } from "../voice/speaker.ts";
 

@@ -5,35 +5,10 @@ import type { Locale } from "../base/language.ts";
 import type { Log } from "../base/log.ts";
 import { phrases } from "../base/phrases.ts";
 import type { Session, Settings } from "../base/protocol.ts";
-import { Choices, builtInModel } from "../machine/choices.ts";
+import { builtInModel, type Choices } from "../machine/choices.ts";
+import type { Answer, Answering, Brain, Request } from "./answer.ts";
 import { builtInAnswer, knownAnswer, type AnswerContext } from "./builtInAnswers.ts";
 import type { Claude } from "./claude.ts";
-
-export interface Request {
-  text: string;
-  settings: Settings;
-  /** The language model's session to be continued. */
-  session: string | undefined;
-  lastAnswer: string | undefined;
-}
-
-/** The answer as it comes. */
-export interface Answering {
-  /** Gives `spoken` where this piece is to be read aloud otherwise than it is written. */
-  text(piece: string, spoken?: string): void;
-  tool(text: string): void;
-}
-
-export interface Answer {
-  costUsd: number;
-  session?: string;
-}
-
-export interface Brain {
-  /** Never rejects; resolves early when `signal` is raised. */
-  answer(request: Request, answering: Answering, signal: AbortSignal): Promise<Answer>;
-  session(settings: Settings): Omit<Session, "startedAt">;
-}
 
 export class EngineBrain implements Brain {
   constructor(

@@ -8,7 +8,7 @@ import { cut } from "../base/text.ts";
 import type { Children } from "../machine/children.ts";
 import { actions } from "../machine/choices.ts";
 import { presentFolders } from "../machine/folders.ts";
-import type { Answer, Answering, Request } from "./brain.ts";
+import type { Answer, Answering, Request } from "./answer.ts";
 import { LineReader, readClaudeLine, type ClaudeEvent, type DeniedTool } from "./claudeOutput.ts";
 import { leaveFor, type Leave } from "./consent.ts";
 

@@ -1,7 +1,7 @@
 import { expect, test } from "bun:test";
 import { FirstOf, type Recogniser } from "../../src/recognition/recogniser.ts";
 import { FakeRecogniser } from "../support/fakes.ts";
-import { going } from "../support/recognition.ts";
+import { going } from "../support/processes.ts";
 import { tone } from "../support/sounds.ts";
 
 test("the second recogniser is asked when the first one fails", async () => {

@@ -5,7 +5,8 @@ import { Children } from "../../src/machine/children.ts";
 import { SphinxRecogniser } from "../../src/recognition/sphinx.ts";
 import { readClip } from "../../src/sound/wav.ts";
 import { program, temporaryFolder } from "../support/folders.ts";
-import { failures, going, hasSphinx, installed, path, patient, type Failure } from "../support/recognition.ts";
+import { going } from "../support/processes.ts";
+import { failures, hasSphinx, installed, path, patient, type Failure } from "../support/recognition.ts";
 import { tone } from "../support/sounds.ts";
 
 function sphinx(language: Language, children = installed, timeoutMs = patient): SphinxRecogniser {

@@ -3,7 +3,8 @@ import { readdirSync } from "node:fs";
 import { Children } from "../../src/machine/children.ts";
 import { WhisperRecogniser } from "../../src/recognition/whisper.ts";
 import { program, temporaryFolder } from "../support/folders.ts";
-import { failures, going, installed, path, patient } from "../support/recognition.ts";
+import { going } from "../support/processes.ts";
+import { failures, installed, path, patient } from "../support/recognition.ts";
 import { tone } from "../support/sounds.ts";
 
 describe("whisper-cli", () => {

@@ -8,12 +8,13 @@ import { phrases } from "../../src/base/phrases.ts";
 import { Children } from "../../src/machine/children.ts";
 import { Choices } from "../../src/machine/choices.ts";
 import { defaultSettings } from "../../src/memory/settings.ts";
-import { EngineBrain, type Request } from "../../src/thought/brain.ts";
+import type { Request } from "../../src/thought/answer.ts";
+import { EngineBrain } from "../../src/thought/brain.ts";
 import { Claude } from "../../src/thought/claude.ts";
 import { program, temporaryFolder } from "./folders.ts";
+import { going } from "./processes.ts";
 
 const locale = chooseLocale({ PALOMET_LANGUAGES: "en-US" });
-export const going = new AbortController().signal;
 export const init = '{"type":"system","subtype":"init","session_id":"s1","model":"m"}';
 export const result = '{"type":"result","subtype":"success","is_error":false,"result":"Done.","total_cost_usd":0.02,"session_id":"s1"}';
 export const text = (words: string): string => `{"type":"assistant","message":{"content":[{"type":"text","text":"${words}"}]}}`;

@@ -5,7 +5,7 @@ import { chooseLocale } from "../../src/base/language.ts";
 import type { LinkSocket } from "../../src/port/audioLink.ts";
 import type { Recogniser, Recognition } from "../../src/recognition/recogniser.ts";
 import type { Clip } from "../../src/sound/wav.ts";
-import type { Answering, Brain, Request } from "../../src/thought/brain.ts";
+import type { Answering, Brain, Request } from "../../src/thought/answer.ts";
 import { builtInAnswer } from "../../src/thought/builtInAnswers.ts";
 import type { Synthesiser } from "../../src/voice/synthesiser.ts";
 import { clipOf } from "./sounds.ts";

@@ -32,3 +32,6 @@ export function isAlive(pid: number): boolean {
 export async function gone(ids: number[]): Promise<void> {
   while (ids.some(isAlive)) await Bun.sleep(5);
 }
+
+/** A signal that is never raised. */
+export const going = new AbortController().signal;

@@ -9,7 +9,6 @@ export const hasSphinx =
   installed.find("pocketsphinx_batch") !== undefined &&
   installed.find("espeak-ng") !== undefined &&
   existsSync("/usr/share/pocketsphinx/model/en-us/en-us/mdef");
-export const going = new AbortController().signal;
 /** For what is to end by itself, however busy the machine is. */
 export const patient = 60_000;
 

@@ -2,8 +2,9 @@ import { describe, expect, test } from "bun:test";
 import { existsSync, readFileSync, symlinkSync } from "node:fs";
 import { homedir } from "node:os";
 import { join } from "node:path";
-import { args, ask, brainOf, going, init, print, request, result, text, tool, workingFolder } from "../support/claudeTool.ts";
+import { args, ask, brainOf, init, print, request, result, text, tool, workingFolder } from "../support/claudeTool.ts";
 import { temporaryFolder } from "../support/folders.ts";
+import { going } from "../support/processes.ts";
 
 describe("a request to the claude tool", () => {
   test("gives its words, its tools, its cost and its session", async () => {

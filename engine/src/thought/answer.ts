@@ -1,0 +1,29 @@
+// A request, its answer as it comes, and the brain that gives it.
+
+import type { Session, Settings } from "../base/protocol.ts";
+
+export interface Request {
+  text: string;
+  settings: Settings;
+  /** The language model's session to be continued. */
+  session: string | undefined;
+  lastAnswer: string | undefined;
+}
+
+/** The answer as it comes. */
+export interface Answering {
+  /** Gives `spoken` where this piece is to be read aloud otherwise than it is written. */
+  text(piece: string, spoken?: string): void;
+  tool(text: string): void;
+}
+
+export interface Answer {
+  costUsd: number;
+  session?: string;
+}
+
+export interface Brain {
+  /** Never rejects; resolves early when `signal` is raised. */
+  answer(request: Request, answering: Answering, signal: AbortSignal): Promise<Answer>;
+  session(settings: Settings): Omit<Session, "startedAt">;
+}

@@ -3,10 +3,12 @@
 import { homedir } from "node:os";
 import { join } from "node:path";
 import { systemClock } from "./base/clock.ts";
+import { isRecord } from "./base/json.ts";
 import { chooseLocale, type Locale } from "./base/language.ts";
-import { bounded, standardErrorLog, StartFailures } from "./base/log.ts";
+import { bounded, standardErrorLog } from "./base/log.ts";
 import { phrases } from "./base/phrases.ts";
-import { defaultPort, isRecord, type Settings } from "./base/protocol.ts";
+import { defaultPort, type Settings } from "./base/protocol.ts";
+import { StartFailures } from "./base/startFailures.ts";
 import { Engine } from "./engine.ts";
 import { Microphone } from "./hearing/microphone.ts";
 import { Children } from "./machine/children.ts";

@@ -37,9 +37,3 @@ export function chooseLocale(environment: Record<string, string | undefined>): L
 function isRegion(text: string): boolean {
   return /^([A-Z]{2}|[0-9]{3})$/.test(text);
 }
-
-/** Lower case, without accents, punctuation or repeated blanks: the form in which texts are compared. */
-export function plainWords(text: string): string[] {
-  const plain = text.normalize("NFD").replace(/\p{M}/gu, "").toLowerCase();
-  return plain.replace(/[^\p{L}\p{N}]+/gu, " ").trim().split(" ").filter((word) => word !== "");
-}

@@ -1,6 +1,4 @@
-// The documents, settings and messages that the engine exchanges with its front end. docs/protocol.md explains them.
-
-import { cut } from "./text.ts";
+// The documents and settings that the engine shows its front end. docs/protocol.md explains them.
 
 export const defaultPort = 4780;
 
@@ -133,52 +131,5 @@ export interface Options {
   confirmActions: { id: string; label: string }[];
 }
 
-/** A text message of the front end over the audio link. */
-export type LinkEvent =
-  | { type: "hello"; device: string }
-  | { type: "device"; device: string }
-  | { type: "played"; id: number };
-
-/** A text message of the engine over the audio link. */
-export type LinkCommand =
-  | { type: "play"; id: number; data: string; format: string }
-  | { type: "stop" }
-  | { type: "enable"; on: boolean }
-  | { type: "chime" }
-  | { type: "input"; device?: string };
-
 /** Samples a second of the microphone's audio: signed 16-bit little-endian, mono. */
 export const sampleRate = 16_000;
-
-export function isRecord(value: unknown): value is Record<string, unknown> {
-  return typeof value === "object" && value !== null && !Array.isArray(value);
-}
-
-/** Undefined for what is no JSON. Every text in it is well formed: half a character is replaced. */
-export function parseJson(text: string): unknown {
-  try {
-    // Only an escape can be half a character.
-    return /\\u[dD][89a-fA-F]/.test(text) ? JSON.parse(text, wellFormed) : JSON.parse(text);
-  } catch {
-    return undefined;
-  }
-}
-
-function wellFormed(_key: string, value: unknown): unknown {
-  return typeof value === "string" ? value.toWellFormed() : value;
-}
-
-/** Reads one text message of the link; undefined when it is none of ours. */
-export function parseLinkEvent(text: string): LinkEvent | undefined {
-  const value = parseJson(text);
-  if (!isRecord(value)) return undefined;
-  switch (value.type) {
-    case "hello":
-    case "device":
-      return typeof value.device === "string" ? { type: value.type, device: cut(value.device, 500) } : undefined;
-    case "played":
-      return Number.isSafeInteger(value.id) ? { type: "played", id: value.id as number } : undefined;
-    default:
-      return undefined;
-  }
-}

@@ -6,7 +6,7 @@ import type { Log } from "../base/log.ts";
 import type { Settings } from "../base/protocol.ts";
 import type { Recogniser } from "../recognition/recogniser.ts";
 import { LevelMeter } from "../sound/levelMeter.ts";
-import { levelOf } from "../sound/wav.ts";
+import { levelOf } from "../sound/loudness.ts";
 import { Hearing, type Utterance } from "./hearing.ts";
 
 export interface HeardSpeech {

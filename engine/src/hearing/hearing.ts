@@ -2,7 +2,7 @@
 // only clock is the number of samples.
 
 import { sampleRate } from "../base/protocol.ts";
-import { decibels } from "../sound/wav.ts";
+import { decibels } from "../sound/loudness.ts";
 import { InterruptionDetector } from "./interruptionDetector.ts";
 
 export const frameMs = 10;

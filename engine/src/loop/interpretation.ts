@@ -1,8 +1,8 @@
 // What an utterance asks for, by its words and by what was going on when it was said.
 
-import { plainWords } from "../base/language.ts";
 import type { Phrases } from "../base/phrases.ts";
 import type { HeardAction } from "../base/protocol.ts";
+import { plainWords } from "../base/words.ts";
 
 export interface Speech {
   text: string;

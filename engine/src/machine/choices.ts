@@ -3,8 +3,9 @@
 import { readdirSync } from "node:fs";
 import { homedir } from "node:os";
 import { join } from "node:path";
+import { isRecord, parseJson } from "../base/json.ts";
 import type { Locale } from "../base/language.ts";
-import { isRecord, parseJson, type Options } from "../base/protocol.ts";
+import type { Options } from "../base/protocol.ts";
 import { speechModel } from "../memory/settings.ts";
 import type { Children } from "./children.ts";
 

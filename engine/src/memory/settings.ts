@@ -1,8 +1,9 @@
 // The settings: what each may be, what it is to begin with, and where it is kept.
 
 import { isAbsolute } from "node:path";
+import { parseJson } from "../base/json.ts";
 import type { Locale } from "../base/language.ts";
-import { parseJson, type Settings } from "../base/protocol.ts";
+import type { Settings } from "../base/protocol.ts";
 import { cut } from "../base/text.ts";
 import type { Store } from "./store.ts";
 

@@ -1,8 +1,8 @@
 // The engine's end of the audio link: which front end is heard and spoken through, and what it reports.
 
-import { parseLinkEvent, type LinkCommand } from "../base/protocol.ts";
 import type { Clip } from "../sound/wav.ts";
 import type { SpeakerOutput } from "../voice/speaker.ts";
+import { parseLinkEvent, type LinkCommand } from "./linkMessages.ts";
 
 /** One connection; what `Bun.serve` gives, as far as it is used here. */
 export interface LinkSocket {

@@ -1,10 +1,11 @@
 // The engine's port: HTTP documents and commands, the event stream, and the audio link. Loopback only.
 
 import type { Server, ServerWebSocket } from "bun";
+import { isRecord, parseJson } from "../base/json.ts";
 import type { Log } from "../base/log.ts";
-import { isRecord, parseJson } from "../base/protocol.ts";
 import type { Engine } from "../engine.ts";
-import { connectionOwner, type Owner } from "./peers.ts";
+import type { Owner } from "./connection.ts";
+import { connectionOwner } from "./peers.ts";
 
 /** A typed request, in bytes of UTF-8: as much as the front end takes. */
 const maxRequest = 1 << 20;

@@ -1,5 +1,7 @@
 // WAV files as the speech synthesiser writes them and as the recogniser reads them: 16-bit mono PCM.
 
+import { decibels, levelOf } from "./loudness.ts";
+
 export interface Clip {
   /** The WAV file. */
   file: Uint8Array;
@@ -9,15 +11,6 @@ export interface Clip {
 }
 
 export const envelopeStepMs = 50;
-
-/** Full scale at `dbfs` 0; what is below -50 dBFS counts as silence. */
-export function levelOf(dbfs: number): number {
-  return Math.min(1, Math.max(0, (dbfs + 50) / 60));
-}
-
-export function decibels(meanSquare: number): number {
-  return meanSquare <= 1e-12 ? -120 : 10 * Math.log10(meanSquare);
-}
 
 /**
  * Reads a WAV file that was written to a pipe, whose header therefore holds no true lengths, and gives it those.

@@ -1,8 +1,9 @@
 // What the engine answers by itself, without a language model: the questions it knows, each with the phrasings that
 // the grammar of the recogniser is made of.
 
-import { plainWords, type Language, type Locale } from "../base/language.ts";
+import type { Language, Locale } from "../base/language.ts";
 import { cut } from "../base/text.ts";
+import { plainWords } from "../base/words.ts";
 
 /** None of the questions is longer; and nobody wants more than that read back, in characters. */
 const longestQuestion = 1_000;

@@ -2,9 +2,9 @@
 
 import { homedir } from "node:os";
 import type { Clock } from "../base/clock.ts";
-import { plainWords } from "../base/language.ts";
 import type { Phrases } from "../base/phrases.ts";
 import { cut } from "../base/text.ts";
+import { plainWords } from "../base/words.ts";
 import type { Children } from "../machine/children.ts";
 import { actions } from "../machine/choices.ts";
 import { presentFolders } from "../machine/folders.ts";

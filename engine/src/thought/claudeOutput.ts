@@ -1,6 +1,6 @@
 // Reads what the `claude` tool prints with its streamed JSON output: one JSON object a line.
 
-import { isRecord, parseJson } from "../base/protocol.ts";
+import { isRecord, parseJson } from "../base/json.ts";
 import { cut } from "../base/text.ts";
 
 export type ClaudeEvent =

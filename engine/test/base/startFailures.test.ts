@@ -1,7 +1,7 @@
 import { describe, expect, test } from "bun:test";
 import { writeFileSync } from "node:fs";
 import { join } from "node:path";
-import { StartFailures } from "../../src/base/log.ts";
+import { StartFailures } from "../../src/base/startFailures.ts";
 import { ManualClock } from "../support/clock.ts";
 import { temporaryFolder } from "../support/folders.ts";
 

@@ -1,6 +1,7 @@
 import { describe, expect, test } from "bun:test";
 import { readdirSync } from "node:fs";
-import { chooseLocale, plainWords, type Language } from "../../src/base/language.ts";
+import { chooseLocale, type Language } from "../../src/base/language.ts";
+import { plainWords } from "../../src/base/words.ts";
 import { Children } from "../../src/machine/children.ts";
 import { SphinxRecogniser } from "../../src/recognition/sphinx.ts";
 import { readClip } from "../../src/sound/wav.ts";

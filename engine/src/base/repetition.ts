@@ -1,0 +1,16 @@
+// A line that is said over and over: it is counted, told ever more seldom, and news again after an hour.
+
+const newsAgainMs = 3_600_000;
+
+export function isRecent(at: number, now: number): boolean {
+  return Math.abs(now - at) < newsAgainMs;
+}
+
+/** The first, the tenth, the hundredth and so on. */
+export function isTold(times: number): boolean {
+  return /^10*$/.test(String(times));
+}
+
+export function counted(line: string, times: number): string {
+  return times === 1 ? line : `${line} (${times} vezes)`;
+}

@@ -1,0 +1,20 @@
+// A connection on the loopback interface, as both ways to learn its owner have it.
+
+/** A connection to the engine's port on 127.0.0.1, as its other end has it. */
+export interface Connection {
+  address: string;
+  port: number;
+  /** The engine's port. */
+  to: number;
+}
+
+/** A user's id; "gone" when nobody holds the other end any more; "unknown" where the system does not tell. */
+export type Owner = number | "gone" | "unknown";
+
+// States of a connection, by the numbers of Linux (net/tcp_states.h).
+export const timeWait = 6;
+export const listening = 10;
+
+export function addressBytes(address: string): Uint8Array<ArrayBuffer> {
+  return Uint8Array.from(address.replace(/^::ffff:/i, "").split("."), Number);
+}

@@ -1,0 +1,43 @@
+// The owner of a connection by the kernel's table of all of them. To write the table takes the kernel milliseconds.
+
+import { readFileSync } from "node:fs";
+import { addressBytes, listening, timeWait, type Connection, type Owner } from "./connection.ts";
+
+/** The owner as the lines of /proc/net/tcp and tcp6 have it. */
+export function ownerInTable(table: string | undefined, { address, port, to }: Connection): Owner {
+  if (table === undefined) return "unknown";
+  const theirs = ends(address, port);
+  const ours = ends("127.0.0.1", to);
+  let isTable = false;
+  for (const line of table.split("\n")) {
+    const [, local = "", remote = "", state = "", , , , user, , inode] = line.trim().split(/\s+/);
+    if (parseInt(state, 16) === listening && ours.includes(local)) isTable = true;
+    if (!theirs.includes(local) || !ours.includes(remote)) continue;
+    // An end that was closed has no inode, and is listed as the superuser's.
+    return Number(inode) === 0 || parseInt(state, 16) === timeWait ? "gone" : Number(user);
+  }
+  return isTable ? "gone" : "unknown";
+}
+
+/** How the table writes an address and a port, also as one of IPv6: in words of the processor's byte order. */
+function ends(address: string, port: number): string[] {
+  const word = hex(new Uint32Array(addressBytes(address).buffer)[0] ?? 0, 8);
+  const end = `${word}:${hex(port, 4)}`;
+  const marker = hex(new Uint32Array(Uint8Array.of(0, 0, 0xff, 0xff).buffer)[0] ?? 0, 8);
+  return [end, `${"0".repeat(16)}${marker}${end}`];
+}
+
+function hex(value: number, digits: number): string {
+  return value.toString(16).toUpperCase().padStart(digits, "0");
+}
+
+export function socketTable(): string | undefined {
+  const tables = ["/proc/net/tcp", "/proc/net/tcp6"].map((path) => {
+    try {
+      return readFileSync(path, "latin1");
+    } catch {
+      return "";
+    }
+  });
+  return tables.every((table) => table === "") ? undefined : tables.join("\n");
+}

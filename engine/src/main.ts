@@ -6,19 +6,21 @@ import { systemClock } from "./base/clock.ts";
 import { isRecord } from "./base/json.ts";
 import { chooseLocale, type Locale } from "./base/language.ts";
 import { bounded, standardErrorLog } from "./base/log.ts";
+import { grammarModel } from "./base/models.ts";
 import { phrases } from "./base/phrases.ts";
 import { defaultPort, type Settings } from "./base/protocol.ts";
 import { StartFailures } from "./base/startFailures.ts";
 import { Engine } from "./engine.ts";
 import { Microphone } from "./hearing/microphone.ts";
 import { Children } from "./machine/children.ts";
-import { Choices, grammarModel } from "./machine/choices.ts";
+import { Choices } from "./machine/choices.ts";
 import { Guard } from "./machine/guard.ts";
 import { PortTaken, serve } from "./port/server.ts";
 import { FirstOf, type Recogniser } from "./recognition/recogniser.ts";
 import { SphinxRecogniser } from "./recognition/sphinx.ts";
 import { WhisperRecogniser } from "./recognition/whisper.ts";
 import { EngineBrain } from "./thought/brain.ts";
+import { knownPhrases } from "./thought/builtInAnswers.ts";
 import { Claude } from "./thought/claude.ts";
 import { EspeakSynthesiser } from "./voice/synthesiser.ts";
 
@@ -91,10 +93,11 @@ function recogniserFor(
   folder: string,
 ): Recogniser {
   const names = (): string[] => settings().wakeWords;
+  const requests = knownPhrases(locale.language);
   const sphinx = new SphinxRecogniser(
     children,
     folder,
-    () => ({ ...locale, wakeWords: names(), actionPhrases: settings().actionPhrases }),
+    () => ({ ...locale, wakeWords: names(), actionPhrases: settings().actionPhrases, requests }),
     () => settings().endSilenceMs,
   );
   const whisperModel = (): string | undefined => {

@@ -5,12 +5,9 @@ import { homedir } from "node:os";
 import { join } from "node:path";
 import { isRecord, parseJson } from "../base/json.ts";
 import type { Locale } from "../base/language.ts";
+import { builtInModel, grammarModel, speechModel } from "../base/models.ts";
 import type { Options } from "../base/protocol.ts";
-import { speechModel } from "../memory/settings.ts";
 import type { Children } from "./children.ts";
-
-export const builtInModel = "built-in";
-export const grammarModel = "pocketsphinx";
 
 const lookMs = 3_000;
 const maxListing = 1 << 20;

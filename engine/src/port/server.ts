@@ -3,9 +3,9 @@
 import type { Server, ServerWebSocket } from "bun";
 import { isRecord, parseJson } from "../base/json.ts";
 import type { Log } from "../base/log.ts";
-import type { Engine } from "../engine.ts";
-import type { Owner } from "./connection.ts";
+import { gate } from "./gate.ts";
 import { connectionOwner } from "./peers.ts";
+import type { Served } from "./served.ts";
 
 /** A typed request, in bytes of UTF-8: as much as the front end takes. */
 const maxRequest = 1 << 20;
@@ -21,7 +21,7 @@ type Link = ServerWebSocket<undefined>;
 export class PortTaken extends Error {}
 
 /** Serves the processes of the user that the engine runs as; `ownerOf` tells whose a connection is. */
-export function serve(engine: Engine, port: number, log: Log, ownerOf = connectionOwner): Server<undefined> {
+export function serve(engine: Served, port: number, log: Log, ownerOf = connectionOwner): Server<undefined> {
   const isLetIn = gate(log, ownerOf);
   try {
     return Bun.serve<undefined>({
@@ -52,7 +52,7 @@ export function serve(engine: Engine, port: number, log: Log, ownerOf = connecti
   }
 }
 
-async function respond(engine: Engine, request: Request, server: Server<undefined>): Promise<Response | undefined> {
+async function respond(engine: Served, request: Request, server: Server<undefined>): Promise<Response | undefined> {
   const path = new URL(request.url).pathname;
   if (path === "/audio") {
     return server.upgrade(request) ? undefined : problem(426, "a WebSocket");
@@ -75,7 +75,7 @@ async function respond(engine: Engine, request: Request, server: Server<undefine
   }
 }
 
-type Command = (engine: Engine, request: Request) => Promise<Response | undefined> | void;
+type Command = (engine: Served, request: Request) => Promise<Response | undefined> | void;
 
 const commands: Record<string, Command> = {
   "/listen": (engine) => engine.loop.listen(),
@@ -108,37 +108,6 @@ async function readBody(request: Request, longest = maxBody): Promise<Record<str
   const text = await request.text().catch(() => "");
   const value = text.length > longest ? undefined : parseJson(text);
   return isRecord(value) ? value : undefined;
-}
-
-/**
- * Every user of the machine reaches the loopback interface, and so does every web page. Each request is looked at: a
- * connection whose end was passed on, or taken over under the same port, has another owner than before.
- */
-function gate(log: Log, ownerOf: typeof connectionOwner): (request: Request, server: Server<undefined>) => boolean {
-  const user = process.geteuid?.();
-  const strangers = new Set<Owner>();
-  return (request, server) => {
-    const port = server.port ?? 0;
-    if (!isOfNoPage(request, port)) return false;
-    const from = server.requestIP(request);
-    const owner = from === null ? "gone" : ownerOf({ address: from.address, port: from.port, to: port });
-    if (owner === "unknown" || owner === user) return true;
-    if (owner !== "gone" && !strangers.has(owner)) log(`recusei pedidos de outro usuário desta máquina (${owner})`);
-    strangers.add(owner);
-    return false;
-  };
-}
-
-/**
- * A page of somebody else's says where it comes from, and one that hides behind a name of its own says so in the host.
- * What a page merely shows, an image for instance, has no origin; browsers then say that another site asks.
- */
-function isOfNoPage(request: Request, port: number): boolean {
-  const hosts = [`127.0.0.1:${port}`, `localhost:${port}`];
-  const origin = request.headers.get("origin") ?? "";
-  const isOwnOrigin = origin === "" || hosts.some((host) => origin === `http://${host}` || origin === `ws://${host}`);
-  const isOwnSite = ["none", "same-origin"].includes(request.headers.get("sec-fetch-site") ?? "none");
-  return isOwnOrigin && isOwnSite && hosts.includes(request.headers.get("host") ?? "");
 }
 
 function problem(status: number, text: string): Response {

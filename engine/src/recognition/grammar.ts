@@ -3,7 +3,6 @@
 
 import type { Language } from "../base/language.ts";
 import { phrases } from "../base/phrases.ts";
-import { knownPhrases } from "../thought/builtInAnswers.ts";
 import { grammarWords, type Pronouncer } from "./pronunciation.ts";
 
 export interface Grammar {
@@ -20,6 +19,8 @@ export interface Vocabulary {
   voice: string;
   wakeWords: string[];
   actionPhrases: string[];
+  /** What can be asked, as it would be said. */
+  requests: string[];
 }
 
 /** Sounds of every kind, but few: what is none of the phrases fits them better, what is one of them does not. */
@@ -27,10 +28,9 @@ const broadPhones = ["AA", "IY", "UW", "EH", "OW", "S", "SH", "T", "K", "N", "M"
 const soundWords = broadPhones.map((phone) => `zz${phone.toLowerCase()}`);
 
 export async function buildGrammar(vocabulary: Vocabulary, pronouncer: Pronouncer): Promise<Grammar | undefined> {
-  const { language, voice, wakeWords, actionPhrases } = vocabulary;
+  const { language, voice, wakeWords, actionPhrases, requests } = vocabulary;
   const own = phrases[language];
   const commands = [...own.stop, ...own.clearDraft, ...own.newConversation, ...own.mute, ...own.yes, ...own.no];
-  const requests = knownPhrases(language);
   const everything = [...requests, ...commands, ...actionPhrases, ...own.calls];
   const sounds = await pronouncer.pronounce(everything, voice);
   // A name may be said in the user's way or in the English way.

@@ -3,9 +3,10 @@
 import type { Clock } from "../base/clock.ts";
 import type { Locale } from "../base/language.ts";
 import type { Log } from "../base/log.ts";
+import { builtInModel } from "../base/models.ts";
 import { phrases } from "../base/phrases.ts";
 import type { Session, Settings } from "../base/protocol.ts";
-import { builtInModel, type Choices } from "../machine/choices.ts";
+import type { Choices } from "../machine/choices.ts";
 import type { Answer, Answering, Brain, Request } from "./answer.ts";
 import { builtInAnswer, knownAnswer, type AnswerContext } from "./builtInAnswers.ts";
 import type { Claude } from "./claude.ts";

@@ -5,6 +5,7 @@ import { plainWords } from "../../src/base/words.ts";
 import { Children } from "../../src/machine/children.ts";
 import { SphinxRecogniser } from "../../src/recognition/sphinx.ts";
 import { readClip } from "../../src/sound/wav.ts";
+import { knownPhrases } from "../../src/thought/builtInAnswers.ts";
 import { program, temporaryFolder } from "../support/folders.ts";
 import { going } from "../support/processes.ts";
 import { failures, hasSphinx, installed, path, patient, type Failure } from "../support/recognition.ts";
@@ -13,7 +14,7 @@ import { tone } from "../support/sounds.ts";
 function sphinx(language: Language, children = installed, timeoutMs = patient): SphinxRecogniser {
   const { voice } = chooseLocale({ PALOMET_LANGUAGES: language });
   const actionPhrases = [language === "pt" ? "pode fazer" : "go ahead"];
-  const vocabulary = { language, voice, wakeWords: ["palomet"], actionPhrases };
+  const vocabulary = { language, voice, wakeWords: ["palomet"], actionPhrases, requests: knownPhrases(language) };
   return new SphinxRecogniser(children, temporaryFolder(), () => vocabulary, () => 800, timeoutMs);
 }
 

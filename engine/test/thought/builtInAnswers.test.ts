@@ -1,6 +1,6 @@
 import { describe, expect, test } from "bun:test";
 import { chooseLocale } from "../../src/base/language.ts";
-import { builtInAnswer, knownAnswer } from "../../src/thought/builtInAnswers.ts";
+import { builtInAnswer, knownAnswer, knownPhrases } from "../../src/thought/builtInAnswers.ts";
 
 describe("the built-in answers", () => {
   const at = (hours: number, minutes: number) => new Date(2026, 0, 5, hours, minutes);
@@ -33,5 +33,13 @@ describe("the built-in answers", () => {
   test("repeat", () => {
     expect(knownAnswer("say that again", { ...english, lastAnswer: "Yes." })).toBe("Yes.");
     expect(knownAnswer("repeat", english)).toBe("I have not said anything yet.");
+  });
+
+  test("are given to everything that the recogniser listens for", () => {
+    for (const language of ["en", "pt"] as const) {
+      const locale = chooseLocale({ PALOMET_LANGUAGES: language });
+      const context = { now: new Date(), locale, name: "Palomet", lastAnswer: undefined };
+      for (const phrase of knownPhrases(language)) expect([phrase, knownAnswer(phrase, context)]).toEqual([phrase, expect.any(String)]);
+    }
   });
 });

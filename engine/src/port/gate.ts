@@ -1,0 +1,37 @@
+// Who is let in at the port: processes of the user that the engine runs as, and no web page of others.
+
+import type { Server } from "bun";
+import type { Log } from "../base/log.ts";
+import type { Owner } from "./connection.ts";
+import type { connectionOwner } from "./peers.ts";
+
+/**
+ * Every user of the machine reaches the loopback interface, and so does every web page. Each request is looked at: a
+ * connection whose end was passed on, or taken over under the same port, has another owner than before.
+ */
+export function gate(log: Log, ownerOf: typeof connectionOwner): (request: Request, server: Server<undefined>) => boolean {
+  const user = process.geteuid?.();
+  const strangers = new Set<Owner>();
+  return (request, server) => {
+    const port = server.port ?? 0;
+    if (!isOfNoPage(request, port)) return false;
+    const from = server.requestIP(request);
+    const owner = from === null ? "gone" : ownerOf({ address: from.address, port: from.port, to: port });
+    if (owner === "unknown" || owner === user) return true;
+    if (owner !== "gone" && !strangers.has(owner)) log(`recusei pedidos de outro usuário desta máquina (${owner})`);
+    strangers.add(owner);
+    return false;
+  };
+}
+
+/**
+ * A page of somebody else's says where it comes from, and one that hides behind a name of its own says so in the host.
+ * What a page merely shows, an image for instance, has no origin; browsers then say that another site asks.
+ */
+function isOfNoPage(request: Request, port: number): boolean {
+  const hosts = [`127.0.0.1:${port}`, `localhost:${port}`];
+  const origin = request.headers.get("origin") ?? "";
+  const isOwnOrigin = origin === "" || hosts.some((host) => origin === `http://${host}` || origin === `ws://${host}`);
+  const isOwnSite = ["none", "same-origin"].includes(request.headers.get("sec-fetch-site") ?? "none");
+  return isOwnOrigin && isOwnSite && hosts.includes(request.headers.get("host") ?? "");
+}

@@ -1,0 +1,28 @@
+// The engine, as far as its port serves it.
+
+import type { ConversationSummary, LoopState, Options, Snapshot } from "../base/protocol.ts";
+import type { AudioLink } from "./audioLink.ts";
+import type { EventStream } from "./eventStream.ts";
+
+export interface Served {
+  readonly state: Snapshot;
+  readonly history: ConversationSummary[];
+  readonly events: EventStream;
+  readonly link: AudioLink;
+  readonly loop: {
+    readonly state: LoopState;
+    listen(): void;
+    stop(): void;
+    toggleMute(): void;
+    sample(): void;
+    act(): void;
+    clearDraft(): void;
+    say(text: string): void;
+    /** Says that a request was too long to be taken. */
+    refuseLength(): void;
+  };
+  options(): Promise<Options>;
+  newConversation(): void;
+  /** Sets all of these or none; what is wrong, if anything is. */
+  set(values: Record<string, unknown>): Promise<string | undefined>;
+}

@@ -17,6 +17,7 @@ import { SettingsKeeper } from "./memory/settings.ts";
 import { Store } from "./memory/store.ts";
 import { AudioLink } from "./port/audioLink.ts";
 import { EventStream } from "./port/eventStream.ts";
+import type { Served } from "./port/served.ts";
 import type { Recogniser } from "./recognition/recogniser.ts";
 import type { Brain } from "./thought/answer.ts";
 import { Speaker } from "./voice/speaker.ts";
@@ -38,11 +39,10 @@ export interface EngineParts {
   microphone: (onSamples: (samples: Int16Array) => void) => Microphone;
 }
 
-export class Engine {
+export class Engine implements Served {
   readonly events = new EventStream();
   readonly link: AudioLink;
   readonly loop: Loop;
-  readonly #parts: EngineParts;
   readonly #store: Store;
   readonly #settings: SettingsKeeper;
   readonly #conversations: Conversations;
@@ -53,8 +53,7 @@ export class Engine {
   #looking: Promise<unknown> = Promise.resolve();
   #toldState: LoopState | undefined;
 
-  constructor(parts: EngineParts) {
-    this.#parts = parts;
+  constructor(private readonly parts: EngineParts) {
     const { clock, log, locale } = parts;
     const workingFolder = join(parts.folder, "work");
     this.#sessionStartedAt = clock.now();
@@ -118,7 +117,7 @@ export class Engine {
       isEchoCancelled: settings.isEchoCancelOn && this.link.isConnected,
       device: this.link.device,
       conversation: this.#conversations.current,
-      session: { ...this.#parts.brain.session(settings), startedAt: this.#sessionStartedAt },
+      session: { ...this.parts.brain.session(settings), startedAt: this.#sessionStartedAt },
       heard: this.loop.heard,
       draft: this.loop.draft,
       settings,
@@ -132,11 +131,11 @@ export class Engine {
   }
 
   options(): Promise<Options> {
-    return this.#parts.choices.options(this.link.device);
+    return this.parts.choices.options(this.link.device);
   }
 
   newConversation(): void {
-    this.#sessionStartedAt = this.#parts.clock.now();
+    this.#sessionStartedAt = this.parts.clock.now();
     this.loop.newConversation();
   }
 
@@ -178,7 +177,7 @@ export class Engine {
 
   /** Looks for the folders and tools that are to be set. */
   async #lookFor({ claudePath, folders, workingFolder }: Record<string, unknown>): Promise<Found> {
-    const { choices } = this.#parts;
+    const { choices } = this.parts;
     const paths = [workingFolder, ...(Array.isArray(folders) ? folders.slice(0, 50) : [])];
     const tools = typeof claudePath === "string" && claudePath !== "" ? await choices.claudeTools() : [];
     return {
@@ -208,7 +207,7 @@ export class Engine {
 
   #deviceNameComes(): Promise<void> {
     return new Promise((resolve) => {
-      const cancel = this.#parts.clock.after(deviceWaitMs, resolve);
+      const cancel = this.parts.clock.after(deviceWaitMs, resolve);
       this.#awaitedDevice.push(() => {
         cancel();
         resolve();
@@ -226,7 +225,7 @@ export class Engine {
 
   async #openMicrophone(): Promise<void> {
     const wanted = this.#settings.current.inputDevice ?? this.link.device;
-    const sources = await this.#parts.choices.sources();
+    const sources = await this.parts.choices.sources();
     if (this.#settings.current.isEchoCancelOn || !this.link.isConnected) return;
     this.#microphone.open(sources.find(({ name }) => name === wanted)?.source);
   }
@@ -234,7 +233,7 @@ export class Engine {
   /** The microphone that was chosen, else the first preferred one that is there, else the system's. */
   async #chooseInput(): Promise<void> {
     const { inputDevice, inputPreference, isEchoCancelOn } = this.#settings.current;
-    const sources = inputDevice === undefined && inputPreference.length > 0 ? await this.#parts.choices.sources() : [];
+    const sources = inputDevice === undefined && inputPreference.length > 0 ? await this.parts.choices.sources() : [];
     const preferred = inputPreference.find((name) => sources.some((source) => source.name === name));
     this.link.useInput(inputDevice ?? preferred);
     if (!isEchoCancelOn) this.#shareMicrophone();

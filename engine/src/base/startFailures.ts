@@ -11,9 +11,9 @@ import { counted, isRecent, isTold } from "./repetition.ts";
 export class StartFailures {
   constructor(
     /** Where the last one is noted. */
-    readonly path: string,
-    readonly log: Log,
-    readonly clock: Clock,
+    private readonly path: string,
+    private readonly log: Log,
+    private readonly clock: Clock,
   ) {}
 
   tell(line: string): void {

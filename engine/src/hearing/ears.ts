@@ -63,8 +63,8 @@ export class Ears {
   #cancelDeadCheck = (): void => {};
 
   constructor(
-    readonly ports: EarsPorts,
-    readonly events: EarsEvents,
+    private readonly ports: EarsPorts,
+    private readonly events: EarsEvents,
   ) {
     this.#meter = new LevelMeter(ports.clock, (level) => ports.level(level));
     this.#hearing = new Hearing({

@@ -65,7 +65,7 @@ export class Hearing {
   #block: number[] = [];
   #minima: number[] = [];
 
-  constructor(readonly events: HearingEvents) {}
+  constructor(private readonly events: HearingEvents) {}
 
   /** The noise of the room, dBFS. */
   get noise(): number {

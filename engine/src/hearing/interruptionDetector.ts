@@ -30,11 +30,6 @@ export class InterruptionDetector {
   #pending: number[] = [];
   #evidence = 0;
 
-  /** What the canceller leaves of the agent's voice, dBFS. */
-  get residue(): number {
-    return this.#residue;
-  }
-
   /** Takes one frame's level while the agent's own voice sounds, dBFS; true when somebody else speaks. */
   take(level: number, noise: number): boolean {
     const gate = Math.max(leastGate, noise + noiseMargin, this.#residue + residueMargin);

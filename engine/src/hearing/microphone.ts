@@ -16,15 +16,11 @@ export class Microphone {
   #odd: number | undefined;
 
   constructor(
-    readonly children: Children,
-    readonly clock: Clock,
-    readonly log: Log,
-    readonly onSamples: (samples: Int16Array) => void,
+    private readonly children: Children,
+    private readonly clock: Clock,
+    private readonly log: Log,
+    private readonly onSamples: (samples: Int16Array) => void,
   ) {}
-
-  get isOpen(): boolean {
-    return this.#run !== undefined;
-  }
 
   /** Opens this source of the sound server, or its default one; again every two seconds until it is closed. */
   open(source: string | undefined): void {

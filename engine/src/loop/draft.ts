@@ -10,10 +10,10 @@ export class Draft {
   #cancel = (): void => {};
 
   constructor(
-    readonly clock: Clock,
-    readonly maxAgeMs: () => number,
+    private readonly clock: Clock,
+    private readonly maxAgeMs: () => number,
     /** Entries have lapsed. */
-    readonly lapsed: () => void,
+    private readonly lapsed: () => void,
   ) {}
 
   get entries(): DraftEntry[] {

@@ -7,8 +7,8 @@ export class ListeningWindow {
   #cancel = (): void => {};
 
   constructor(
-    readonly clock: Clock,
-    readonly expired: () => void,
+    private readonly clock: Clock,
+    private readonly expired: () => void,
   ) {}
 
   get isOpen(): boolean {

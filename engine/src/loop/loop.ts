@@ -45,7 +45,7 @@ export class Loop {
   #timings: Timings | undefined;
   #spokenLately = "";
 
-  constructor(readonly ports: LoopPorts) {
+  constructor(private readonly ports: LoopPorts) {
     const { clock, settings, changed } = ports;
     this.#draft = new Draft(clock, () => settings().draftMaxAgeMs, changed);
     this.#window = new ListeningWindow(clock, changed);

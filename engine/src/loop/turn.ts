@@ -40,16 +40,12 @@ export class Turn {
   readonly #abort = new AbortController();
 
   constructor(
-    readonly question: Question,
-    readonly ports: TurnPorts,
+    private readonly question: Question,
+    private readonly ports: TurnPorts,
   ) {}
 
   get phase(): "thinking" | "speaking" {
     return this.#phase;
-  }
-
-  get isStopped(): boolean {
-    return this.#isStopped;
   }
 
   get timings(): Timings | undefined {

@@ -39,7 +39,7 @@ export class Children {
   constructor(
     readonly environment: Record<string, string | undefined>,
     /** Ends the children of an engine that was killed. */
-    readonly guard?: Guard,
+    private readonly guard?: Guard,
   ) {}
 
   /** The first program of this name on the path, or undefined. */

@@ -25,7 +25,7 @@ export class Choices {
 
   constructor(
     readonly children: Children,
-    readonly locale: Locale,
+    private readonly locale: Locale,
   ) {}
 
   async options(currentDevice: string): Promise<Options> {

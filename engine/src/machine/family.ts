@@ -13,7 +13,7 @@ interface Process {
 export class Family {
   readonly #descendants: Process[];
 
-  constructor(readonly group: number) {
+  constructor(private readonly group: number) {
     this.#descendants = descendantsOf(group);
   }
 

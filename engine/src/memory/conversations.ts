@@ -20,8 +20,8 @@ export class Conversations {
   #isResumed = false;
 
   constructor(
-    readonly store: Store,
-    readonly clock: Clock,
+    private readonly store: Store,
+    private readonly clock: Clock,
   ) {
     const latest = store.latestConversation(mostRows);
     const age = clock.now() - (latest?.rows.at(-1)?.at ?? -Infinity);

@@ -38,8 +38,8 @@ export class SettingsKeeper {
   #current: Settings;
 
   constructor(
-    readonly store: Store,
-    readonly surroundings: Surroundings,
+    private readonly store: Store,
+    private readonly surroundings: Surroundings,
   ) {
     this.#current = defaultSettings(surroundings);
     for (const [key, json] of store.loadSettings()) {

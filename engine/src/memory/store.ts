@@ -47,20 +47,17 @@ export class Store {
   /** While it is in memory. */
   #unwritten: Unwritten | undefined;
   #cancelReturn = (): void => {};
-  readonly #folder: string;
-  readonly #log: Log;
-  readonly #clock: Clock;
-  /** It grows no further than so many pages of 4 KiB: that is as good as a full disk. */
-  readonly #mostPages: number;
 
   /** Called after a new, empty database took the place of one that failed while in use. */
   onReplaced: () => void = () => {};
 
-  constructor(folder: string, log: Log, clock: Clock, mostPages = 1 << 18) {
-    this.#folder = folder;
-    this.#log = log;
-    this.#clock = clock;
-    this.#mostPages = mostPages;
+  constructor(
+    private readonly folder: string,
+    private readonly log: Log,
+    private readonly clock: Clock,
+    /** It grows no further than so many pages of 4 KiB: that is as good as a full disk. */
+    private readonly mostPages = 1 << 18,
+  ) {
     this.#database = this.#openFile();
   }
 
@@ -161,11 +158,11 @@ export class Store {
   }
 
   #openFile(): Database {
-    const path = join(this.#folder, fileName);
+    const path = join(this.folder, fileName);
     try {
-      mkdirSync(this.#folder, { recursive: true, mode: 0o700 });
+      mkdirSync(this.folder, { recursive: true, mode: 0o700 });
     } catch (error) {
-      this.#log(`não consegui criar ${this.#folder} (${message(error)}); guardo tudo só na memória`);
+      this.log(`não consegui criar ${this.folder} (${message(error)}); guardo tudo só na memória`);
       return this.#inMemory(undefined);
     }
     for (let attempt = 0; attempt < 2; attempt++) {
@@ -173,7 +170,7 @@ export class Store {
         return this.#open(path);
       } catch (error) {
         if (isFull(error)) {
-          this.#log(`sem espaço para o banco de dados (${message(error)}); guardo tudo só na memória`);
+          this.log(`sem espaço para o banco de dados (${message(error)}); guardo tudo só na memória`);
           return this.#inMemory(copyOfFile(path));
         }
         this.#keepAside(path, error);
@@ -183,10 +180,10 @@ export class Store {
   }
 
   #open(path: string): Database {
-    keepPrivate(this.#folder, path);
+    keepPrivate(this.folder, path);
     const database = new Database(path, { create: true });
     try {
-      prepared(database).run(`PRAGMA max_page_count = ${this.#mostPages}`);
+      prepared(database).run(`PRAGMA max_page_count = ${this.mostPages}`);
       return database;
     } catch (error) {
       database.close();
@@ -197,7 +194,7 @@ export class Store {
   #replace(error: unknown): void {
     const failed = this.#database;
     if (isFull(error)) {
-      this.#log(`não consigo gravar o banco de dados (${message(error)}); daqui em diante guardo só na memória`);
+      this.log(`não consigo gravar o banco de dados (${message(error)}); daqui em diante guardo só na memória`);
       const copy = copyOf(failed);
       this.#database = this.#inMemory(copy);
       failed.close();
@@ -205,7 +202,7 @@ export class Store {
       return;
     }
     failed.close();
-    const path = join(this.#folder, fileName);
+    const path = join(this.folder, fileName);
     if (existsSync(path)) this.#keepAside(path, error);
     this.#database = this.#openFile();
     this.onReplaced();
@@ -220,16 +217,16 @@ export class Store {
   }
 
   #awaitRoom(pauseMs: number): void {
-    this.#cancelReturn = this.#clock.after(pauseMs, () => {
+    this.#cancelReturn = this.clock.after(pauseMs, () => {
       if (this.#unwritten === undefined || this.#returnToDisk(this.#unwritten)) return;
-      this.#awaitRoom(hasRoom(this.#folder) ? Math.min(2 * pauseMs, longestPauseMs) : roomLookMs);
+      this.#awaitRoom(hasRoom(this.folder) ? Math.min(2 * pauseMs, longestPauseMs) : roomLookMs);
     });
   }
 
   /** Writes down what changed since it is in memory; all, where the file was lost meanwhile. */
   #returnToDisk(unwritten: Unwritten): boolean {
-    if (!hasRoom(this.#folder)) return false;
-    const path = join(this.#folder, fileName);
+    if (!hasRoom(this.folder)) return false;
+    const path = join(this.folder, fileName);
     let file: Database | undefined;
     try {
       file = this.#open(path);
@@ -242,7 +239,7 @@ export class Store {
     this.#database.close();
     this.#database = file;
     this.#unwritten = undefined;
-    this.#log("o banco de dados está outra vez em disco");
+    this.log("o banco de dados está outra vez em disco");
     return true;
   }
 
@@ -263,12 +260,12 @@ export class Store {
 
   #keepAside(path: string, error: unknown): void {
     const aside = `${path}.aside-${new Date().toISOString().replace(/[:.]/g, "-")}`;
-    this.#log(`banco de dados inutilizável (${message(error)}); guardado como ${aside}, começo um novo`);
+    this.log(`banco de dados inutilizável (${message(error)}); guardado como ${aside}, começo um novo`);
     for (const suffix of ["", "-wal", "-shm"]) {
       try {
         if (existsSync(path + suffix)) renameSync(path + suffix, aside + suffix);
       } catch (problem) {
-        this.#log(`não consegui guardar ${path + suffix} (${message(problem)})`);
+        this.log(`não consegui guardar ${path + suffix} (${message(problem)})`);
       }
     }
   }

@@ -23,7 +23,7 @@ export class AudioLink implements SpeakerOutput {
   #sockets: LinkSocket[] = [];
   #device = "";
 
-  constructor(readonly events: AudioLinkEvents) {}
+  constructor(private readonly events: AudioLinkEvents) {}
 
   get isConnected(): boolean {
     return this.#sockets.length > 0;

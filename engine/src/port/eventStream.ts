@@ -12,10 +12,6 @@ const encoded = (name: EventName, data: string): Uint8Array =>
 export class EventStream {
   readonly #clients = new Set<ReadableStreamDefaultController<Uint8Array>>();
 
-  get clientCount(): number {
-    return this.#clients.size;
-  }
-
   /** The first event tells the phase: what changed between a front end's look at the state and now was told to nobody. */
   open(phase: string): Response {
     let client: ReadableStreamDefaultController<Uint8Array> | undefined;
@@ -49,10 +45,6 @@ export class EventStream {
         this.#clients.delete(client);
       }
     }
-  }
-
-  closeAll(): void {
-    for (const client of this.#clients) this.#cutOff(client);
   }
 
   #cutOff(client: ReadableStreamDefaultController<Uint8Array>): void {

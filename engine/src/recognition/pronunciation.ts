@@ -11,9 +11,9 @@ const maxOutput = 1 << 20;
 
 export class Pronouncer {
   constructor(
-    readonly children: Children,
+    private readonly children: Children,
     /** The recogniser's dictionary: a word, a blank and its phones a line. */
-    readonly dictionary: string | undefined,
+    private readonly dictionary: string | undefined,
   ) {}
 
   /** How each word of these phrases may be said by this voice; words for which nothing is known are left out. */

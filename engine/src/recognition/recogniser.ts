@@ -15,7 +15,7 @@ export interface Recogniser {
 
 /** Asks each in turn until one answers. */
 export class FirstOf implements Recogniser {
-  constructor(readonly recognisers: () => Recogniser[]) {}
+  constructor(private readonly recognisers: () => Recogniser[]) {}
 
   async recognise(samples: Int16Array, signal: AbortSignal): Promise<Recognition> {
     let last: Recognition = { kind: "none" };

@@ -32,12 +32,12 @@ export class SphinxRecogniser implements Recogniser {
   #grammar: Promise<Grammar | undefined> = Promise.resolve(undefined);
 
   constructor(
-    readonly children: Children,
+    private readonly children: Children,
     /** Where the grammars are kept for the program to read. */
-    readonly folder: string,
-    readonly vocabulary: () => Vocabulary,
-    readonly endSilenceMs: () => number,
-    readonly timeoutMs = 8_000,
+    private readonly folder: string,
+    private readonly vocabulary: () => Vocabulary,
+    private readonly endSilenceMs: () => number,
+    private readonly timeoutMs = 8_000,
   ) {}
 
   /** Readies the grammar for the words that are set now. */

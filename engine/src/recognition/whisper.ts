@@ -14,14 +14,14 @@ const longestText = 4_000;
 
 export class WhisperRecogniser implements Recogniser {
   constructor(
-    readonly children: Children,
-    readonly folder: string,
-    readonly language: Language,
+    private readonly children: Children,
+    private readonly folder: string,
+    private readonly language: Language,
     /** The model file in use; undefined when there is none. */
-    readonly model: () => string | undefined,
+    private readonly model: () => string | undefined,
     /** Names that it would not know how to spell. */
-    readonly names: () => string[],
-    readonly timeoutMs = 30_000,
+    private readonly names: () => string[],
+    private readonly timeoutMs = 30_000,
   ) {}
 
   async recognise(samples: Int16Array, signal: AbortSignal): Promise<Recognition> {

@@ -11,8 +11,8 @@ export class LevelMeter {
   #highest = 0;
 
   constructor(
-    readonly clock: Clock,
-    readonly send: (level: number) => void,
+    private readonly clock: Clock,
+    private readonly send: (level: number) => void,
   ) {}
 
   /** Takes a level from 0 to 1. What comes faster than the meter is sent as the highest of it. */

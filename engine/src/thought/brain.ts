@@ -13,11 +13,11 @@ import type { Claude } from "./claude.ts";
 
 export class EngineBrain implements Brain {
   constructor(
-    readonly clock: Clock,
-    readonly locale: Locale,
-    readonly claude: Claude,
-    readonly choices: Choices,
-    readonly log: Log,
+    private readonly clock: Clock,
+    private readonly locale: Locale,
+    private readonly claude: Claude,
+    private readonly choices: Choices,
+    private readonly log: Log,
   ) {}
 
   /** Looks for the `claude` tools; until then, and where there is none, the built-in answers are given. */

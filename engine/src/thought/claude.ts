@@ -27,11 +27,11 @@ export class Claude {
   #asked: { session: string; rules: string[] } | undefined;
 
   constructor(
-    readonly children: Children,
-    readonly clock: Clock,
-    readonly phrases: Phrases,
+    private readonly children: Children,
+    private readonly clock: Clock,
+    private readonly phrases: Phrases,
     /** A run that prints nothing for so long has hung. */
-    readonly stallMs = 120_000,
+    private readonly stallMs = 120_000,
   ) {}
 
   /** The answer's `problem` says what went wrong; what came before that was handed on. */

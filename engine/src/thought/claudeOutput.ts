@@ -28,7 +28,7 @@ export class LineReader {
   #rest = "";
   #isSkipping = false;
 
-  constructor(readonly onLine: (line: string) => void) {}
+  constructor(private readonly onLine: (line: string) => void) {}
 
   take(piece: Uint8Array): void {
     const lines = this.#decoder.decode(piece, { stream: true }).split("\n");

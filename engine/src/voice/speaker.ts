@@ -47,11 +47,11 @@ export class Speaker {
   readonly #meter: LevelMeter;
 
   constructor(
-    readonly clock: Clock,
-    readonly synthesiser: Synthesiser,
-    readonly output: SpeakerOutput,
-    readonly settings: () => Settings,
-    readonly events: SpeakerEvents,
+    private readonly clock: Clock,
+    private readonly synthesiser: Synthesiser,
+    private readonly output: SpeakerOutput,
+    private readonly settings: () => Settings,
+    private readonly events: SpeakerEvents,
   ) {
     this.#meter = new LevelMeter(clock, (level) => events.level(level));
   }
@@ -59,10 +59,6 @@ export class Speaker {
   /** Something is still to be heard. */
   get isBusy(): boolean {
     return this.#lines.length > 0;
-  }
-
-  get isSounding(): boolean {
-    return this.#isSounding;
   }
 
   say(sentence: string): void {

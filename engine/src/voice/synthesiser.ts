@@ -18,8 +18,8 @@ export class EspeakSynthesiser implements Synthesiser {
   #hasComplained = false;
 
   constructor(
-    readonly children: Children,
-    readonly log: Log,
+    private readonly children: Children,
+    private readonly log: Log,
   ) {}
 
   async speak(sentence: string, settings: Settings, signal: AbortSignal): Promise<Clip | undefined> {

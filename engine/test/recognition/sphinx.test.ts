@@ -11,11 +11,11 @@ import { going } from "../support/processes.ts";
 import { failures, hasSphinx, installed, path, patient, type Failure } from "../support/recognition.ts";
 import { tone } from "../support/sounds.ts";
 
-function sphinx(language: Language, children = installed, timeoutMs = patient): SphinxRecogniser {
+function sphinx(language: Language, children = installed, timeoutMs = patient, folder = temporaryFolder()): SphinxRecogniser {
   const { voice } = chooseLocale({ PALOMET_LANGUAGES: language });
   const actionPhrases = [language === "pt" ? "pode fazer" : "go ahead"];
   const vocabulary = { language, voice, wakeWords: ["palomet"], actionPhrases, requests: knownPhrases(language) };
-  return new SphinxRecogniser(children, temporaryFolder(), () => vocabulary, () => 800, timeoutMs);
+  return new SphinxRecogniser(children, folder, () => vocabulary, () => 800, timeoutMs);
 }
 
 /** A sentence as `espeak-ng` says it, in the samples of the audio link, with the silence around it. */
@@ -71,9 +71,9 @@ describe.skipIf(!hasSphinx)("pocketsphinx", () => {
   }
 
   test("leaves no utterance behind", async () => {
-    const recogniser = sphinx("en");
-    await recogniser.recognise(await said("help me", "en-us"), going);
-    expect(readdirSync(recogniser.folder).sort()).toEqual(["anything.jsgf", "inputs", "known.jsgf", "words.dict"]);
+    const folder = temporaryFolder();
+    await sphinx("en", installed, patient, folder).recognise(await said("help me", "en-us"), going);
+    expect(readdirSync(folder).sort()).toEqual(["anything.jsgf", "inputs", "known.jsgf", "words.dict"]);
   });
 });
 

@@ -5,7 +5,7 @@ import { sampleRate } from "../base/protocol.ts";
 import { decibels } from "../sound/loudness.ts";
 import { InterruptionDetector } from "./interruptionDetector.ts";
 
-export const frameMs = 10;
+const frameMs = 10;
 const frameLength = (sampleRate * frameMs) / 1000;
 
 /** The microphone's own noise is never taken to be lower than this, dBFS. */

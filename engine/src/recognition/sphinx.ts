@@ -12,7 +12,7 @@ import { buildGrammar, type Grammar, type Vocabulary } from "./grammar.ts";
 import { Pronouncer } from "./pronunciation.ts";
 import type { Recogniser, Recognition } from "./recogniser.ts";
 
-export const sphinxProgram = "pocketsphinx_batch";
+const sphinxProgram = "pocketsphinx_batch";
 
 const modelFolders = ["/usr/share/pocketsphinx/model/en-us", "/usr/local/share/pocketsphinx/model/en-us"];
 const maxOutput = 64 * 1024;

@@ -6,7 +6,7 @@ import { cut } from "../base/text.ts";
 const longestSentence = 300;
 
 /** What is left of a text when marks that nobody reads aloud are taken out. */
-export function speakable(text: string): string {
+function speakable(text: string): string {
   return text
     .replace(/```[\s\S]*?(```|$)/g, " ")
     .replace(/!?\[([^\]]*)\]\([^)]*\)/g, "$1")

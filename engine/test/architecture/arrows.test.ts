@@ -1,0 +1,62 @@
+// The arrows between the folders of the sources, as README.md draws them.
+
+import { expect, test } from "bun:test";
+import { dirname, join, relative, sep } from "node:path";
+
+/** Each folder, with the others that it may import. Whoever wires the engine may import all. */
+const allowed: Record<string, string[]> = {
+  base: [],
+  machine: ["base"],
+  memory: ["base"],
+  sound: ["base"],
+  recognition: ["base", "machine", "sound"],
+  thought: ["base", "machine"],
+  voice: ["base", "machine", "sound"],
+  hearing: ["base", "machine", "recognition", "sound"],
+  loop: ["base", "hearing", "memory", "recognition", "thought", "voice"],
+  port: ["base", "sound", "voice"],
+};
+
+const root = join(import.meta.dir, "../../src");
+const files = [...new Bun.Glob("**/*.ts").scanSync(root)];
+const imports: [string, string][] = [];
+for (const file of files) {
+  const text = await Bun.file(join(root, file)).text();
+  for (const [, , target = ""] of text.matchAll(/\b(from|import)\s*\(?\s*"([^"]+)"/g)) imports.push([file, target]);
+}
+const inside = imports
+  .filter(([, target]) => target.startsWith("."))
+  .map(([file, target]): [string, string] => [file, relative(root, join(root, dirname(file), target))]);
+/** "" for what stands in no folder and wires the others. */
+const folderOf = (file: string): string => file.split(sep).slice(0, -1).join(sep);
+const between = inside.filter(([file, target]) => folderOf(file) !== folderOf(target) && folderOf(file) !== "");
+
+test("a source imports only what its folder may", () => {
+  expect(inside.length).toBeGreaterThan(files.length);
+  expect(between.filter(([file, target]) => !allowed[folderOf(file)]?.includes(folderOf(target)))).toEqual([]);
+});
+
+test("no folder may import what it does not need", () => {
+  const needed = new Set(between.map(([file, target]) => `${folderOf(file)} ${folderOf(target)}`));
+  const listed = Object.entries(allowed).flatMap(([folder, others]) => others.map((other) => `${folder} ${other}`));
+  expect(listed.filter((arrow) => !needed.has(arrow))).toEqual([]);
+});
+
+test("no circle of imports is to be found, of folders or of files", () => {
+  const circles = (edges: [string, string][]): string[] => {
+    let left = edges;
+    for (let size = -1; size !== left.length; ) {
+      size = left.length;
+      const from = new Set(left.map(([file]) => file));
+      left = left.filter(([, target]) => from.has(target));
+    }
+    return left.map((edge) => edge.join(" imports "));
+  };
+  expect(circles([["a", "b"], ["b", "a"], ["b", "c"]])).toEqual(["a imports b", "b imports a"]);
+  expect(circles(inside)).toEqual([]);
+  expect(circles(between.map(([file, target]) => [folderOf(file), folderOf(target)]))).toEqual([]);
+});
+
+test("the engine depends on nothing but bun", () => {
+  expect(imports.map(([, target]) => target).filter((target) => !/^(\.|node:|bun(:|$))/.test(target))).toEqual([]);
+});

@@ -1,4 +1,4 @@
-// The whole engine but for its port: wires the parts together, and gives the documents and takes the commands.
+// Wires the parts of the engine together, gives the documents and takes the commands. Only the port is not part of it.
 
 import { mkdirSync } from "node:fs";
 import { join } from "node:path";
@@ -23,14 +23,14 @@ import type { Brain } from "./thought/answer.ts";
 import { Speaker } from "./voice/speaker.ts";
 import type { Synthesiser } from "./voice/synthesiser.ts";
 
-/** A microphone that is not open by then is not waited for. */
+/** A setting of the microphone waits no longer than this for the front end to open it. */
 const deviceWaitMs = 5_000;
 
 export interface EngineParts {
   clock: Clock;
   log: Log;
   locale: Locale;
-  /** Where the engine keeps its data. */
+  /** The engine's data are kept here. */
   folder: string;
   choices: Choices;
   synthesiser: Synthesiser;
@@ -61,7 +61,7 @@ export class Engine implements Served {
     try {
       mkdirSync(workingFolder, { recursive: true, mode: 0o700 });
     } catch {
-      // The store has said what is wrong with the folder.
+      // The store has logged what is wrong with the folder.
     }
     this.#settings = new SettingsKeeper(this.#store, {
       locale,
@@ -139,9 +139,9 @@ export class Engine implements Served {
     this.loop.newConversation();
   }
 
-  /** Sets all of these or none; what is wrong, if anything is. Resolves when the front end has followed. */
+  /** Sets all of these or none, and resolves to what is wrong, if anything is, when the front end has followed. */
   async set(values: Record<string, unknown>): Promise<string | undefined> {
-    // One after the other: a value that is looked for first must not replace one that was set later.
+    // Requests are taken one after the other: a value that takes long to check must not replace one that was set later.
     const found = this.#looking.then(() => this.#lookFor(values));
     this.#looking = found;
     const outcome = this.#settings.set(values, await found);
@@ -156,7 +156,7 @@ export class Engine implements Served {
     return undefined;
   }
 
-  /** Something that is shown has changed. */
+  /** Tells the front ends that something they show has changed. */
   changed(): void {
     const { state } = this.loop;
     if (state === this.#toldState) return this.events.send("change", "");
@@ -175,7 +175,7 @@ export class Engine implements Served {
     this.#store.close();
   }
 
-  /** Looks for the folders and tools that are to be set. */
+  /** Looks for the folders and tools that a request wants to set. */
   async #lookFor({ claudePath, folders, workingFolder }: Record<string, unknown>): Promise<Found> {
     const { choices } = this.parts;
     const paths = [workingFolder, ...(Array.isArray(folders) ? folders.slice(0, 50) : [])];

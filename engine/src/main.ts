@@ -25,7 +25,7 @@ import { Claude } from "./thought/claude.ts";
 import { EspeakSynthesiser } from "./voice/synthesiser.ts";
 
 const portCheckMs = 1_000;
-/** An engine that lives so long has started. */
+/** An engine that has lived for this long has started. */
 const settledAfterMs = 60_000;
 const log = bounded(standardErrorLog, systemClock);
 const environment = { ...process.env };
@@ -38,7 +38,7 @@ async function main(): Promise<void> {
   const locale = chooseLocale(environment);
   const port = Number(environment.PALOMET_PORT ?? defaultPort);
 
-  // Before anything is opened: a second engine must not touch the first one's data.
+  // This comes before anything is opened: a second engine must not touch the first one's data.
   if (await isTaken(port)) return;
 
   const choices = new Choices(children, locale);
@@ -84,7 +84,7 @@ async function main(): Promise<void> {
   if (!children.find("espeak-ng")) log("o espeak-ng não está instalado; respondo por escrito");
 }
 
-/** The recogniser that is set, and the other where it fails. */
+/** The recogniser that is set; the other one is asked where it fails. */
 function recogniserFor(
   settings: () => Settings,
   children: Children,
@@ -109,7 +109,7 @@ function recogniserFor(
   return new FirstOf(() => (settings().whisperModel === grammarModel ? [sphinx, whisper] : [whisper, sphinx]));
 }
 
-/** Says who holds the port, if somebody does, and sets the exit code. */
+/** Tells whether somebody holds the port; if so, logs who does and sets the exit code. */
 async function isTaken(port: number): Promise<boolean> {
   let probe: { stop(): void };
   try {
@@ -127,7 +127,7 @@ async function isTaken(port: number): Promise<boolean> {
   return true;
 }
 
-/** One line, for it is started again two seconds later, and may fail again. */
+/** Logs one line only: the engine is started again two seconds later, and may fail again. */
 function fail(error: unknown): never {
   const [what = "", where = ""] = (error instanceof Error ? (error.stack ?? error.message) : String(error)).split("\n");
   failures.tell(`parei: ${what.trim()} ${where.trim()}`.trim());

@@ -1,9 +1,9 @@
-// Time as the engine sees it, so that tests can hold it in their hands.
+// The time as the engine sees it. Tests replace it with a clock that they move.
 
 export interface Clock {
   /** Milliseconds since the Unix epoch. */
   now(): number;
-  /** Runs `work` once, `ms` from now, unless the returned function is called before. */
+  /** Runs `work` once, `ms` from now; the returned function cancels it. */
   after(ms: number, work: () => void): () => void;
 }
 

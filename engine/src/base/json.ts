@@ -1,13 +1,13 @@
-// Reads JSON that somebody else wrote.
+// Reads JSON from outside.
 
 export function isRecord(value: unknown): value is Record<string, unknown> {
   return typeof value === "object" && value !== null && !Array.isArray(value);
 }
 
-/** Undefined for what is no JSON. Every text in it is well formed: half a character is replaced. */
+/** Gives undefined for a text that is no JSON. Every text in the value is well formed: half a character is replaced. */
 export function parseJson(text: string): unknown {
   try {
-    // Only an escape can be half a character.
+    // Half a character can only come from an escape.
     return /\\u[dD][89a-fA-F]/.test(text) ? JSON.parse(text, wellFormed) : JSON.parse(text);
   } catch {
     return undefined;

@@ -19,7 +19,7 @@ const voices: Record<string, string> = {
   "en-us": "en-us",
 };
 
-/** The first language of `PALOMET_LANGUAGES` that the engine speaks, else that of `LANG`, else English. */
+/** Chooses the first language of `PALOMET_LANGUAGES` that the engine speaks, else that of `LANG`, else English. */
 export function chooseLocale(environment: Record<string, string | undefined>): Locale {
   const wanted = (environment.PALOMET_LANGUAGES ?? "").split(",");
   if (wanted.every((tag) => tag.trim() === "")) wanted.push(environment.LANG?.split(".")[0]?.replace("_", "-") ?? "");

@@ -1,5 +1,5 @@
-// The engine's log, which is its standard error: the application's own file. It may be on a full disk, and it must not
-// grow without end when something fails again and again.
+// The engine's log: its standard error, which the application writes to a file. The disk may be full, and the file must
+// not grow without end when something fails again and again.
 
 import { writeSync } from "node:fs";
 import type { Clock } from "./clock.ts";
@@ -13,16 +13,16 @@ const minuteMs = 60_000;
 const mostLinesAMinute = 100;
 const mostRemembered = 50;
 
-/** What cannot be written is dropped: the engine goes on without a log. */
+/** Drops what cannot be written: the engine goes on without a log. */
 export const standardErrorLog: Log = (line) => {
   try {
     writeSync(standardError, `motor: ${line}\n`);
   } catch {
-    // There is nobody to tell.
+    // There is no other place to say so.
   }
 };
 
-/** A log in which the same line over and over is counted, and which takes so many lines a minute. */
+/** Counts a line that is repeated instead of writing it each time, and limits the lines of a minute. */
 export function bounded(log: Log, clock: Clock): Log {
   const said = new Map<string, { times: number; at: number }>();
   let minute = { at: -Infinity, lines: 0 };

@@ -1,9 +1,9 @@
-// What the engine itself understands and says, in each language.
+// The phrases that the engine itself understands and says, in each language.
 
 import type { Language } from "./language.ts";
 
 export interface Phrases {
-  /** Words that may stand before the agent's name. */
+  /** A user may put one of these words before the agent's name. */
   calls: string[];
   /** Ends what the agent is saying or thinking out. */
   stop: string[];
@@ -31,7 +31,7 @@ export interface Phrases {
   mayI: (what: string) => string;
   /** Says that this was not done, and that a yes cannot allow it. */
   mayNot: (what: string) => string;
-  /** What may be allowed. */
+  /** Words for the things that a yes may allow. */
   leave: {
     change: (path: string) => string;
     read: (path: string) => string;
@@ -44,7 +44,7 @@ export interface Phrases {
   };
   allRight: string;
   modelAway: string;
-  /** What the language model is told about its part. */
+  /** Tells the language model its part. */
   instructions: (name: string) => string;
 }
 

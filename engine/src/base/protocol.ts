@@ -12,7 +12,7 @@ export type LoopState =
   | "muted"
   | "offline";
 
-/** What the engine did with an utterance. */
+/** The engine has dealt with an utterance in one of these ways. */
 export type HeardAction =
   | "accepted"
   | "summoned"

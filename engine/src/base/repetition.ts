@@ -1,4 +1,4 @@
-// A line that is said over and over: it is counted, told ever more seldom, and news again after an hour.
+// The rule for a line that is said over and over: it is counted, written ever more seldom, and new again after an hour.
 
 const newsAgainMs = 3_600_000;
 
@@ -6,7 +6,7 @@ export function isRecent(at: number, now: number): boolean {
   return Math.abs(now - at) < newsAgainMs;
 }
 
-/** The first, the tenth, the hundredth and so on. */
+/** True for the first, the tenth, the hundredth time and so on. */
 export function isTold(times: number): boolean {
   return /^10*$/.test(String(times));
 }

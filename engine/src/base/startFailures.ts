@@ -1,4 +1,4 @@
-// Why the engine ended at its start, said once however often it is started again.
+// Logs why the engine ended at its start, once, however often it is started again.
 
 import { mkdirSync, readFileSync, rmSync, writeFileSync } from "node:fs";
 import { dirname } from "node:path";
@@ -7,10 +7,10 @@ import { isRecord, parseJson } from "./json.ts";
 import type { Log } from "./log.ts";
 import { counted, isRecent, isTold } from "./repetition.ts";
 
-/** Tells why the engine ends at its start, or soon after; it is started again and again, and what ends it is counted. */
+/** Counts over all starts of the engine how often the same reason has ended it at its start, or soon after. */
 export class StartFailures {
   constructor(
-    /** Where the last one is noted. */
+    /** The file that holds the last failure. */
     private readonly path: string,
     private readonly log: Log,
     private readonly clock: Clock,
@@ -25,18 +25,18 @@ export class StartFailures {
       mkdirSync(dirname(this.path), { recursive: true, mode: 0o700 });
       writeFileSync(this.path, JSON.stringify(entry), { mode: 0o600 });
     } catch {
-      // Then it is told each time.
+      // The reason is then logged each time.
     }
     if (isTold(entry.times)) this.log(counted(line, entry.times));
   }
 
-  /** Whether it ended lately for a reason that was told. */
+  /** The last start failed, not long ago. */
   get isAgain(): boolean {
     const before = this.#noted();
     return before !== undefined && isRecent(before.at, this.clock.now());
   }
 
-  /** It has started, and has not ended at once. */
+  /** Forgets the failures: this start has succeeded. */
   settle(): void {
     try {
       rmSync(this.path, { force: true });

@@ -1,4 +1,4 @@
-// The form in which texts are compared.
+// The words of a text in the form in which texts are compared.
 
 /** The words of a text in lower case, without accents and punctuation. */
 export function plainWords(text: string): string[] {

@@ -1,5 +1,5 @@
-// From the microphone's samples to what was said: detects utterances, has them recognised one after another, and
-// knows when the agent's own voice must not be listened to.
+// Turns the microphone's samples into words: detects utterances, has them recognised one after another, and knows when
+// the agent's own voice must not be listened to.
 
 import type { Clock } from "../base/clock.ts";
 import type { Log } from "../base/log.ts";
@@ -17,9 +17,9 @@ export interface HeardSpeech {
   transcribeMs: number;
   overlapsSpeech: boolean;
   isSurelySomebody: boolean;
-  /** It silenced the agent. */
+  /** The utterance silenced the agent. */
   hasInterrupted: boolean;
-  /** The agent was listening, without need of its name, when it began. */
+  /** The agent was listening without need of its name when the utterance began. */
   isWindowOpen: boolean;
 }
 
@@ -40,13 +40,13 @@ export interface EarsEvents {
 
 /** A connected microphone that gives nothing for this long is dead. */
 const deadAfterMs = 5_000;
-/** Utterances that wait for the recogniser; what comes on top is let go. */
+/** Utterances that may wait for the recogniser; more are dropped. */
 const mostWaiting = 4;
-/** A meter stays at rest while nothing rises this far above the noise, dB. */
+/** The meter stays at zero for levels less than this above the noise, dB. */
 const meterMargin = 6;
 
 export class Ears {
-  /** What is being heard has silenced the agent. */
+  /** The utterance that is being heard has silenced the agent. */
   hasInterrupted = false;
 
   readonly #hearing: Hearing;
@@ -84,7 +84,7 @@ export class Ears {
     return this.#hearing.isHearing || this.#waiting > 0;
   }
 
-  /** There is a microphone that gives no sound at all. */
+  /** The microphone is connected, but gives no samples. */
   get isMicDead(): boolean {
     return this.#isMicDead;
   }
@@ -96,14 +96,14 @@ export class Ears {
       this.events.changed();
     }
     if (this.events.context().isMuted) return this.#meter.clear();
-    // Without echo cancellation there is no telling the agent's voice from another.
+    // The agent's voice cannot be told from another without echo cancellation.
     if (this.#hearing.isOwnVoice && !this.ports.settings().isEchoCancelOn) return this.forget();
     const level = this.#hearing.take(samples);
     if (level === undefined) return;
     this.#meter.show(level < this.#hearing.noise + meterMargin ? 0 : levelOf(level));
   }
 
-  /** The agent's own voice begins to sound, or has ended: it echoes for a while. */
+  /** Takes note that the agent's own voice begins to sound, or has ended and echoes for a while. */
   ownVoice(isSounding: boolean): void {
     this.#isSounding = isSounding;
     if (isSounding) {
@@ -114,32 +114,32 @@ export class Ears {
     }
   }
 
-  /** For so long, only what stands out is heard. */
+  /** Hears nothing but what stands out above the agent's own voice, for this time. */
   guard(ms: number): void {
     this.#cancelGuard();
     this.#hearing.isOwnVoice = this.#isSounding || ms > 0;
     if (ms > 0) this.#cancelGuard = this.ports.clock.after(ms, () => (this.#hearing.isOwnVoice = this.#isSounding));
   }
 
-  /** Lets go of what is being heard; what is already being recognised is still told. */
+  /** Drops the utterance that is being heard. The ones that are already being recognised are still told. */
   forget(): void {
     this.#hearing.reset();
     this.#meter.clear();
   }
 
-  /** Lets go of what is being heard and of what is being recognised. */
+  /** Drops the utterance that is being heard and those that are being recognised. */
   abandon(): void {
     this.forget();
     this.#abort.abort();
     this.#abort = new AbortController();
   }
 
-  /** Another microphone or loudspeaker: what was learned of its echo no longer holds. */
+  /** Forgets what was learned of the echo: the microphone or the loudspeaker is another. */
   deviceChanged(): void {
     this.#hearing.detector.forget();
   }
 
-  /** A microphone is there, or there is none. */
+  /** Takes note that a microphone is there, or that there is none. */
   connect(isConnected: boolean): void {
     this.#isConnected = isConnected;
     this.#isMicDead = false;
@@ -184,7 +184,7 @@ export class Ears {
       if (!signal.aborted) {
         const isUnderstood = found.kind === "text" && found.isUnderstood;
         this.events.heard({
-          // What was not understood would mislead if it were shown as words.
+          // Words that were not understood would mislead if they were shown.
           text: isUnderstood ? found.text : "…",
           isUnderstood,
           hasRecogniser: found.kind !== "none",

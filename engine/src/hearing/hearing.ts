@@ -1,5 +1,5 @@
-// Speech detection by energy: cuts the microphone's stream into utterances. Pure computation on 10 ms frames, whose
-// only clock is the number of samples.
+// Detects speech by its energy, and cuts the microphone's stream into utterances. This is pure computation on 10 ms
+// frames; the number of samples is its only clock.
 
 import { sampleRate } from "../base/protocol.ts";
 import { decibels } from "../sound/loudness.ts";
@@ -8,19 +8,19 @@ import { InterruptionDetector } from "./interruptionDetector.ts";
 const frameMs = 10;
 const frameLength = (sampleRate * frameMs) / 1000;
 
-/** The microphone's own noise is never taken to be lower than this, dBFS. */
+/** The noise is never taken to be lower than this, dBFS: no microphone is quieter. */
 const leastNoise = -72;
-/** Nothing softer than this is speech, dBFS. */
+/** Speech is louder than this, dBFS. */
 const leastSpeech = -52;
 /** Speech stands this far above the noise to begin, and this far to go on, dB. */
 const onsetMargin = 12;
 const continueMargin = 8;
-/** Of the last `onsetWindow` frames this many must be loud for an utterance to begin. */
+/** An utterance begins when `onsetFrames` of the last `onsetWindow` frames are loud. */
 const onsetWindow = 12;
 const onsetFrames = 8;
 const preRollFrames = 35;
 const shortestVoicedFrames = 12;
-/** So long after it was told to stop, the agent is not to be heard any more, and what is then heard for so long is not it. */
+/** The agent has fallen silent this long after it was told to stop. Later sound is not its own if it lasts long enough. */
 const silencedFrames = 20;
 const goesOnFrames = 10;
 const longestFrames = 30_000 / frameMs;
@@ -30,9 +30,9 @@ const noiseBlocks = 50;
 
 export interface Utterance {
   samples: Int16Array;
-  /** It began while the agent's own voice was sounding or had just ended. */
+  /** The utterance began while the agent's own voice was sounding or had just ended. */
   overlapsSpeech: boolean;
-  /** None of it was the agent's own voice, or it went on when that had fallen silent. */
+  /** The utterance was not over the agent's own voice, or went on when that had fallen silent. */
   isSurelySomebody: boolean;
   durationMs: number;
 }
@@ -41,13 +41,13 @@ export interface HearingEvents {
   /** Somebody began to speak. */
   began(overlapsSpeech: boolean): void;
   ended(utterance: Utterance): void;
-  /** What had begun was too short to be speech. */
+  /** The sound that had begun was too short to be speech. */
   dropped(): void;
 }
 
 export class Hearing {
   endSilenceMs = 800;
-  /** While the agent's own voice sounds or echoes, only what the detector takes for somebody else is heard. */
+  /** The agent's own voice sounds or echoes: only what the detector takes for somebody else is heard. */
   isOwnVoice = false;
 
   readonly detector = new InterruptionDetector();
@@ -76,7 +76,7 @@ export class Hearing {
     return this.#frames !== undefined;
   }
 
-  /** Takes samples as they come; gives the loudest frame's level among them, dBFS, or undefined without a frame. */
+  /** Takes samples as they come. Gives the level of their loudest frame, dBFS, or undefined when no frame was complete. */
   take(samples: Int16Array): number | undefined {
     const joined = new Int16Array(this.#rest.length + samples.length);
     joined.set(this.#rest);
@@ -91,7 +91,7 @@ export class Hearing {
     return loudest;
   }
 
-  /** Forgets what is being heard, without an event. The noise stays known. */
+  /** Forgets the utterance that is being heard, without an event. The noise stays known. */
   reset(): void {
     this.#frames = undefined;
     this.#loud = [];
@@ -156,7 +156,7 @@ export class Hearing {
     });
   }
 
-  /** Mean square without the offset that some microphones add, as a level in dBFS. */
+  /** The mean square as a level, dBFS, without the constant offset that some microphones add. */
   #measure(frame: Int16Array): number {
     let sum = 0;
     let squares = 0;

@@ -1,25 +1,25 @@
-// Decides, while the agent's own voice sounds, whether somebody else speaks too. What the echo canceller leaves of the
-// agent's voice is weak, with short bursts; a person is loud and goes on. Each 10 ms frame is evidence, for by how far
-// it stands above a gate, against when it lies below; enough of it in a row decides. The gate follows what the
-// canceller leaves. (Sequential test on a clipped log-likelihood ratio: Wald, "Sequential Analysis", 1947.)
+// Decides, while the agent's own voice sounds, whether somebody else speaks too. The echo canceller leaves a residue of
+// the agent's voice that is weak, with short bursts; a person is loud and goes on. Each 10 ms frame counts as evidence:
+// for somebody by how far it stands above a gate, against it by how far it lies below. Enough evidence in a row decides.
+// The gate follows the residue. (Sequential test on a clipped log-likelihood ratio: Wald, "Sequential Analysis", 1947.)
 
-/** Never below this, dBFS: nobody speaks so softly into a microphone. */
+/** The gate is never below this, dBFS: nobody speaks so softly into a microphone. */
 const leastGate = -48;
 /** The gate stands this far above the noise of the room and above the residue, dB. */
 const noiseMargin = 12;
 const residueMargin = 4;
-/** Before anything is known of the residue it is taken to be this, dBFS: a canceller leaves more while it learns. */
+/** The residue is taken to be this until it is known, dBFS: a canceller leaves more while it learns. */
 const firstResidue = -38;
-/** What it leaves in the first two seconds of the agent's voice says nothing of what it will leave later. */
+/** The residue of the first two seconds of the agent's voice says nothing about the later one. */
 const firstFrames = 200;
 /** The residue is the level that 199 of 200 frames of the agent's own voice do not reach: a quantile by steps, in dB. */
 const upStep = 0.995;
 const downStep = 0.005;
-/** However much is left, a person who speaks up is heard, dBFS. */
+/** The residue is never taken to be more than this, dBFS: a person who speaks up is heard in any case. */
 const mostResidue = -30;
-/** A voice must not raise the gate that it is to pass: what was learned last does not count yet. */
+/** A voice must not raise the gate that it is to pass: frames count for the residue only after this many others. */
 const learningDelayFrames = 40;
-/** So many dB above the gate, or below it, are the evidence of 1; no frame counts for more than the second. */
+/** A frame this many dB above the gate, or below it, has the evidence 1; no frame has more than `mostEvidence`. */
 const evidenceScale = 6;
 const mostEvidence = 1.5;
 const enoughEvidence = 9;
@@ -30,7 +30,7 @@ export class InterruptionDetector {
   #pending: number[] = [];
   #evidence = 0;
 
-  /** Takes one frame's level while the agent's own voice sounds, dBFS; true when somebody else speaks. */
+  /** Takes the level of one frame while the agent's own voice sounds, dBFS. Gives true when somebody else speaks. */
   take(level: number, noise: number): boolean {
     const gate = Math.max(leastGate, noise + noiseMargin, this.#residue + residueMargin);
     const evidence = Math.max(-mostEvidence, Math.min(mostEvidence, (level - gate) / evidenceScale));
@@ -44,7 +44,7 @@ export class InterruptionDetector {
     return false;
   }
 
-  /** The agent's own voice has ended, or somebody else's was found: what is not yet learned is left out. */
+  /** Drops the frames that do not count yet: the agent's own voice has ended, or somebody else's was found. */
   rest(): void {
     if (this.#evidence > 0 || this.#pending.length > 0) {
       this.#pending = [];
@@ -52,7 +52,7 @@ export class InterruptionDetector {
     }
   }
 
-  /** The microphone or the loudspeaker changed: nothing is known of the residue. */
+  /** Forgets the residue: the microphone or the loudspeaker has changed. */
   forget(): void {
     this.#residue = firstResidue;
     this.#framesToSkip = firstFrames;

@@ -1,5 +1,5 @@
-// The engine's own ear, for when the front end has released the microphone because echo cancellation is off: samples
-// from the sound server by `parec`, as the microphone gives them.
+// Records by `parec` from the sound server while echo cancellation is off: the front end has then released the
+// microphone.
 
 import type { Clock } from "../base/clock.ts";
 import type { Log } from "../base/log.ts";
@@ -7,7 +7,7 @@ import { sampleRate } from "../base/protocol.ts";
 import type { Children } from "../machine/children.ts";
 
 const retryMs = 2_000;
-/** A day: longer than any run of it, and short enough for a timer. */
+/** A day: no recording lasts longer, and a timer can count it. */
 const longestRunMs = 86_400_000;
 
 export class Microphone {
@@ -22,7 +22,7 @@ export class Microphone {
     private readonly onSamples: (samples: Int16Array) => void,
   ) {}
 
-  /** Opens this source of the sound server, or its default one; again every two seconds until it is closed. */
+  /** Opens this source of the sound server, or its default one, and opens it again two seconds after it has failed. */
   open(source: string | undefined): void {
     this.close();
     const run = new AbortController();
@@ -51,7 +51,7 @@ export class Microphone {
     this.#cancelRetry = this.clock.after(retryMs, () => void this.#record(run, source));
   }
 
-  /** Pieces need not end with a whole sample. */
+  /** A piece may end with half a sample. */
   #take(piece: Uint8Array): void {
     const bytes = this.#odd === undefined ? piece : Buffer.concat([Uint8Array.of(this.#odd), piece]);
     this.#odd = bytes.length % 2 === 1 ? bytes.at(-1) : undefined;

@@ -1,4 +1,4 @@
-// The dictation draft: what was taken down, until it is carried out, cleared, or too old.
+// The dictation draft: keeps what was taken down until it is carried out, cleared, or too old.
 
 import type { Clock } from "../base/clock.ts";
 import type { DraftEntry } from "../base/protocol.ts";
@@ -30,7 +30,7 @@ export class Draft {
     this.dropOld();
   }
 
-  /** Everything that was taken down, as one request; the draft is empty then. */
+  /** Gives everything that was taken down as one request, and empties the draft. */
   take(): string {
     const texts = this.#entries.map(({ text }) => (/[.!?…]$/.test(text) ? text : `${text}.`));
     this.clear();
@@ -42,7 +42,7 @@ export class Draft {
     this.#cancel();
   }
 
-  /** Drops what has lapsed; to be called as well when the age was set anew. */
+  /** Drops the entries that are too old. Call it as well when the age was set anew. */
   dropOld(): void {
     this.#cancel();
     const oldest = this.clock.now() - this.maxAgeMs();

@@ -1,4 +1,4 @@
-// What an utterance asks for, by its words and by what was going on when it was said.
+// Decides what an utterance asks for, by its words and by what was going on when it was said.
 
 import type { Phrases } from "../base/phrases.ts";
 import type { HeardAction } from "../base/protocol.ts";
@@ -13,20 +13,21 @@ export interface Speech {
 export interface Circumstances {
   wakeWords: string[];
   actionPhrases: string[];
-  /** Only what is addressed to the agent counts. */
+  /** An utterance counts only when it is addressed to the agent. */
   isDirected: boolean;
   isDraftOn: boolean;
   isDraftOpen: boolean;
   /** A listening window was open: no name is needed. */
   isWindowOpen: boolean;
-  /** It began while the agent was speaking or had just spoken; and it silenced the agent. */
+  /** The utterance began while the agent was speaking or had just spoken. */
   overlapsSpeech: boolean;
+  /** The utterance silenced the agent. */
   hasInterrupted: boolean;
-  /** It went on when the agent had fallen silent, or was not over the agent's voice at all. */
+  /** The utterance went on when the agent had fallen silent, or was not over the agent's voice at all. */
   isSurelySomebody: boolean;
   /** An answer is being thought out. */
   isThinking: boolean;
-  /** What the agent was saying. */
+  /** The sentences that the agent was saying. */
   spoken: string;
   phrases: Phrases;
 }
@@ -37,11 +38,11 @@ export interface Interpretation {
   action: HeardAction;
   reason?: string;
   command?: Command;
-  /** For "ask", "draft" and "runDraft": the words that count, as they were said. */
+  /** The words that count, as they were said; for "ask", "draft" and "runDraft". */
   text?: string;
 }
 
-/** From this share of its words on, what overlaps the agent's voice is taken for that voice. */
+/** An utterance over the agent's voice is taken for that voice when it shares this part of its words with it. */
 const echoShare = 0.7;
 
 export function interpret(speech: Speech, around: Circumstances): Interpretation {
@@ -62,7 +63,7 @@ export function interpret(speech: Speech, around: Circumstances): Interpretation
     if (around.hasInterrupted) return { action: "interrupted", reason: why };
     return { action: "ignored", reason: why };
   }
-  // A recogniser that knows few phrases finds one in whatever is left of the agent's own voice.
+  // A recogniser that knows few phrases may find one of them in the rest of the agent's own voice.
   if (named === undefined && !around.isSurelySomebody) {
     return { action: around.hasInterrupted ? "interrupted" : "ignored", reason: reasons.tooShort };
   }
@@ -89,7 +90,7 @@ export function interpret(speech: Speech, around: Circumstances): Interpretation
   return { action: "accepted", command: "ask", text: said(rest), ...over };
 }
 
-/** A word as it is compared, and the piece of the text that it came from. */
+/** A word in the form in which it is compared, and the piece of the text that it came from. */
 interface Word {
   plain: string;
   original: string;
@@ -123,7 +124,7 @@ function isSame(word: string | undefined, wanted: string): boolean {
   return word === wanted || (tolerance > 0 && distance(word, wanted) <= tolerance);
 }
 
-/** The words without the agent's name, said first or last; undefined when it was not said. */
+/** Gives the words without the agent's name, which stands first or last, or undefined when it was not said. */
 function withoutName(words: Word[], { wakeWords, phrases }: Circumstances): Word[] | undefined {
   const names = wakeWords.map(plainWords).sort((a, b) => b.length - a.length);
   const calls = phrases.calls.map((call) => plainWords(call).join(""));
@@ -136,14 +137,14 @@ function withoutName(words: Word[], { wakeWords, phrases }: Circumstances): Word
   return undefined;
 }
 
-/** The words with the mark that the whole ended with: "What time is it, Palomet?" asks what time it is. */
+/** Gives the words the mark that the whole ended with: "What time is it, Palomet?" becomes "What time is it?". */
 function endedLike(words: Word[], end: Word): Word[] {
   const mark = /[.?!…]+$/.exec(end.original)?.[0] ?? "";
   const last = words.at(-1)!;
   return [...words.slice(0, -1), { ...last, original: last.original.replace(/[,;:]+$/, "") + mark }];
 }
 
-/** What was said before the action phrase that ends the utterance; undefined when none does. */
+/** Gives the words before the action phrase that ends the utterance, or undefined when none does. */
 function withoutActionPhrase(words: Word[], actionPhrases: string[]): Word[] | undefined {
   for (const phrase of actionPhrases.map(plainWords)) {
     const at = words.length - phrase.length;

@@ -1,4 +1,4 @@
-// The time during which the agent listens without being called by its name.
+// The time in which the agent listens without being called by its name.
 
 import type { Clock } from "../base/clock.ts";
 

@@ -1,4 +1,4 @@
-// The voice loop: what the agent is doing, and what each command and each utterance makes it do.
+// The voice loop: knows what the agent is doing, and carries out each command and each utterance.
 
 import type { Clock } from "../base/clock.ts";
 import type { Log } from "../base/log.ts";
@@ -31,7 +31,7 @@ export interface LoopPorts {
 }
 
 const mostHeard = 50;
-/** The chime is not to be taken for speech. */
+/** The chime must not be taken for speech. */
 const chimeMs = 400;
 
 export class Loop {
@@ -63,7 +63,7 @@ export class Loop {
     if (this.#isMuted) return "muted";
     if (this.ears.isBusy) return "hearing";
     if (this.#draft.isOpen) return "drafting";
-    // Whoever asks it to listen is told why it cannot.
+    // A user who asks it to listen sees why it cannot.
     if (this.#window.isOpen) return this.ears.isMicDead ? "muted" : "listening";
     return "waiting";
   }
@@ -121,7 +121,7 @@ export class Loop {
     this.#ask({ text: text.toWellFormed(), isSpoken: false, askedAt: this.ports.clock.now() });
   }
 
-  /** Whoever asked for more than can be taken is told so. */
+  /** Says that a request was too long to be taken. */
   refuseLength(): void {
     this.#endTurn();
     void this.#announce(this.ports.phrases.tooLong);
@@ -136,13 +136,13 @@ export class Loop {
     this.ports.changed();
   }
 
-  /** Lets the voice be heard as it is set. */
+  /** Speaks a sample of the voice that is set. */
   sample(): void {
     this.#endTurn();
     void this.#announce(this.ports.phrases.sample(this.ports.settings().voiceName));
   }
 
-  /** A sentence of the agent's begins to be heard. */
+  /** Takes note that a sentence of the agent begins to be heard. */
   sentenceStarted(sentence: string): void {
     this.#spokenLately = `${this.#spokenLately} ${sentence}`.slice(-2_000);
     this.#turn?.sentenceStarted();
@@ -212,7 +212,7 @@ export class Loop {
       case "ask":
         return this.#ask(question(text));
       case undefined:
-        // Called, or silenced without a request: it listens for what follows.
+        // It was called, or silenced without a request, and listens for what follows.
         if (action === "summoned" || action === "interrupted") this.#summon();
     }
   }
@@ -247,14 +247,14 @@ export class Loop {
     }
   }
 
-  /** Says a sentence that belongs to no conversation. */
+  /** Says a sentence that is not part of the conversation. */
   async #announce(sentence: string): Promise<void> {
     this.#isSampling = true;
     this.#spokenLately = "";
     this.ports.speaker.say(sentence);
     this.ports.changed();
     await this.ports.speaker.finished();
-    // Another turn or sample may have taken its place meanwhile.
+    // Another turn or announcement may have taken its place meanwhile.
     if (this.#turn || this.ports.speaker.isBusy) return;
     this.#isSampling = false;
     this.ports.changed();

@@ -10,7 +10,7 @@ import type { Speaker } from "../voice/speaker.ts";
 
 export interface Question {
   text: string;
-  /** It was asked aloud; when its last word had been said; how long it took to be recognised. */
+  /** The question was asked aloud. `askedAt` is then the end of its last word. */
   isSpoken: boolean;
   askedAt: number;
   transcribeMs?: number;
@@ -26,7 +26,7 @@ export interface TurnPorts {
   changed(): void;
 }
 
-/** An answer is cut off here, in characters. */
+/** The length at which an answer is cut off, in characters. */
 const longestAnswer = 20_000;
 
 export class Turn {
@@ -52,7 +52,7 @@ export class Turn {
     return this.#timings;
   }
 
-  /** Resolves when the answer was heard to its end, or was stopped. */
+  /** Resolves when the answer has been heard to its end, or has been stopped. */
   async run(): Promise<void> {
     const { clock, brain, speaker, conversations, settings } = this.ports;
     const { session, lastAnswer } = conversations;
@@ -83,7 +83,7 @@ export class Turn {
     this.ports.conversations.closeAnswer(this.ports.clock.now() - this.question.askedAt);
   }
 
-  /** The first of the answer is to be heard. */
+  /** Takes note that a sentence of the answer begins to be heard. */
   sentenceStarted(): void {
     if (this.#phase === "speaking") return;
     this.#phase = "speaking";
@@ -96,14 +96,14 @@ export class Turn {
     this.#text = cut(this.#text + piece, longestAnswer);
     if (this.#text.trim() === "") return;
     this.ports.conversations.showAnswer(this.#text.trim());
-    // What ends with a sentence's mark and a blank, or with a line, will not change any more.
+    // A sentence is complete when a blank follows its mark, or at the end of a line.
     const unspoken = this.#text.slice(this.#spokenLength);
     const complete = [...unspoken.matchAll(/[.!?…]\s|\n/g)].at(-1);
     if (complete) this.#speak(this.#spokenLength + complete.index + 1);
     this.ports.changed();
   }
 
-  /** A question is written and spoken whole, however long the answer was: what is asked is what a yes allows. */
+  /** Writes and speaks a question whole, however long the answer was: a yes allows just what was asked. */
   #takeWithWords(piece: string, spoken: string): void {
     this.#speak(this.#text.length);
     this.#text += piece.toWellFormed();

@@ -1,5 +1,5 @@
-// The programs that the engine runs. Each is bounded in time and in what it may print, leads a process group of its own,
-// and ends with all that it runs; none outlives the engine.
+// Runs programs. Each is bounded in time and in what it may print, leads a process group of its own, and ends with all
+// that it runs; none outlives the engine.
 
 import { Family } from "./family.ts";
 import type { Guard } from "./guard.ts";
@@ -24,21 +24,21 @@ export type Outcome =
   | { kind: "stopped" };
 
 const maxErrors = 4096;
-/** From being asked to end until being made to: the engine itself is given twice as long. */
+/** A child that was asked to end is killed after this time. The engine itself is given twice as long. */
 const graceMs = 1_000;
-/** What is killed needs a moment, too. */
+/** A process that was killed needs a moment to end, too. */
 const deathMs = 200;
 const lookMs = 10;
 
 export class Children {
-  /** Those that run, and how each is stopped. */
+  /** The children that run, each with the function that stops it. */
   readonly #running = new Map<Bun.Subprocess, () => void>();
   readonly #ending = new Set<Promise<void>>();
   #isOver = false;
 
   constructor(
     readonly environment: Record<string, string | undefined>,
-    /** Ends the children of an engine that was killed. */
+    /** Ends the children when the engine was killed. */
     private readonly guard?: Guard,
   ) {}
 
@@ -70,7 +70,7 @@ export class Children {
     return await this.#follow(child, options);
   }
 
-  /** Ends every program that runs, and starts none any more; for the engine's own end. */
+  /** Ends every program that runs, and starts none any more: the engine itself ends. */
   async endAll(): Promise<void> {
     this.#isOver = true;
     for (const stop of [...this.#running.values()]) stop();
@@ -88,7 +88,7 @@ export class Children {
   async #endFamily(family: Family): Promise<void> {
     family.signal("SIGTERM");
     await ended(family, graceMs);
-    // Also what was begun meanwhile.
+    // This ends the processes as well that the family has begun meanwhile.
     family.signal("SIGKILL");
     await ended(family, deathMs);
   }

@@ -1,4 +1,4 @@
-// The choices that the settings screens offer: what is installed on this machine.
+// Looks for what is installed on this machine, and offers it as the choices of the settings screens.
 
 import { readdirSync } from "node:fs";
 import { homedir } from "node:os";
@@ -12,7 +12,7 @@ import type { Children } from "./children.ts";
 const lookMs = 3_000;
 const maxListing = 1 << 20;
 
-/** Actions of the `claude` tool that can be made to need a confirmation, and the tools of its that each stands for. */
+/** Actions of `claude` that can be made to need a confirmation. Each stands for some of its tools. */
 export const actions = [
   { id: "commands", tools: ["Bash"], label: { pt: "Executar comandos", en: "Run commands" } },
   { id: "files", tools: ["Edit", "Write", "NotebookEdit"], label: { pt: "Alterar arquivos", en: "Change files" } },
@@ -20,7 +20,7 @@ export const actions = [
 ] as const;
 
 export class Choices {
-  /** The `claude` tools that were found so far and their versions, the first on the path first. */
+  /** The paths of the `claude` tools that were found so far, the first on `PATH` first, with their versions. */
   knownTools: ReadonlyMap<string, string> = new Map();
 
   constructor(
@@ -76,7 +76,7 @@ export class Choices {
     return [...found].map(([name, path]) => ({ name, path })).sort((a, b) => rank(b.name) - rank(a.name));
   }
 
-  /** Every `claude` tool on the path with its version; one that does not tell its version is left out. */
+  /** Every `claude` tool on `PATH` with its version. A tool that does not tell its version is left out. */
   readonly claudeTools = shared(async (): Promise<{ path: string; version: string }[]> => {
     const folders = [...new Set((this.children.environment.PATH ?? "").split(":"))].filter((folder) => folder !== "");
     const paths = folders.map((folder) => Bun.which("claude", { PATH: folder })).filter((path) => path !== null);
@@ -84,12 +84,12 @@ export class Choices {
       paths.map(async (path) => ({ path, version: /\d+(\.\d+)+/.exec(await this.#print([path, "--version"]))?.[0] })),
     );
     const found = tools.flatMap(({ path, version }) => (version === undefined ? [] : [{ path, version }]));
-    // One that was slow to tell its version this time stays known.
+    // A tool that was too slow to tell its version this time stays known.
     this.knownTools = new Map([...found.map(({ path, version }) => [path, version] as const), ...this.knownTools]);
     return found;
   });
 
-  /** The microphones of the sound server: what the user calls them, and what the server does. */
+  /** The microphones of the sound server: the name for the user, and the name for the server. */
   readonly sources = shared(async (): Promise<{ name: string; source: string }[]> => {
     const listing = parseJson(await this.#print(["pactl", "--format=json", "list", "sources"]));
     if (!Array.isArray(listing)) return [];
@@ -117,14 +117,14 @@ export class Choices {
     const outcome = await this.children.run(command, {
       timeoutMs: lookMs,
       maxOutput: maxListing,
-      // Some locales make a comma of the decimal point, and with it something else than JSON.
+      // Some locales write a comma for the decimal point, and the output is no JSON then.
       environment: { LC_ALL: "C.UTF-8" },
     });
     return outcome.kind === "ended" && outcome.code === 0 ? new TextDecoder().decode(outcome.output) : "";
   }
 }
 
-/** Looks once for all who ask until it has ended, however many they are. */
+/** Makes callers share a look: all who ask while it goes on get its result. */
 function shared<T>(look: () => Promise<T>): () => Promise<T> {
   let going: Promise<T> | undefined;
   return () => (going ??= look().finally(() => (going = undefined)));

@@ -1,15 +1,15 @@
-// A child and all that it runs: its process group, and those of its descendants that have left the group.
+// A child process and all that it runs: its process group, and its descendants that have left the group.
 
 import { readFileSync, readdirSync } from "node:fs";
 
-/** A process is told from a later one of the same number by the time at which it began. */
+/** The time at which it began tells a process from a later one of the same number. */
 interface Process {
   id: number;
   group: number;
   begunAt: string;
 }
 
-/** The family of a child that leads a group of its own, as it is now. */
+/** The family of a child that leads a process group of its own, as it is when the object is made. */
 export class Family {
   readonly #descendants: Process[];
 
@@ -17,7 +17,7 @@ export class Family {
     this.#descendants = descendantsOf(group);
   }
 
-  /** Whether any of them was still running, zombies apart, when it was looked at just now. */
+  /** Some of them are still running; a zombie is not. */
   get isAlive(): boolean {
     return lookAt(this.group) !== undefined || this.#living.length > 0;
   }
@@ -50,7 +50,7 @@ function childrenOf(parent: number): number[] {
   }
 }
 
-/** Undefined for one that has ended, whether or not it has been waited for. */
+/** Gives undefined for a process that has ended, whether or not its parent has collected it. */
 function lookAt(id: number): Process | undefined {
   try {
     const line = readFileSync(`/proc/${id}/stat`, "latin1");
@@ -67,6 +67,6 @@ function send(target: number, signal: "SIGTERM" | "SIGKILL"): void {
   try {
     process.kill(target, signal);
   } catch {
-    // It has ended.
+    // The process has ended.
   }
 }

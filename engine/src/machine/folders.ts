@@ -1,11 +1,11 @@
-// Whether folders are there. A child looks at them: one on a drive that does not answer must not hold up the engine.
+// Looks whether folders are there. A child does it: a drive that does not answer must not hold up the engine.
 
 import type { Children } from "./children.ts";
 
 const lookMs = 2_000;
 const script = 'n=0; for path; do { [ -d "$path" ] && echo $n; } & n=$((n + 1)); done; wait';
 
-/** Those of these paths that are folders and can be looked at. */
+/** Gives the paths that are folders and can be looked at. */
 export async function presentFolders(children: Children, paths: string[]): Promise<string[]> {
   if (paths.length === 0) return [];
   const decoder = new TextDecoder();

@@ -1,8 +1,8 @@
-// What ends the engine's children when the engine is killed and cannot do it: a shell that waits for the other end of
-// its input to be gone, with the process groups that are then to end. A signal at a parent's death would reach the
-// children alone, and none of those that they run.
+// Ends the engine's children when the engine is killed and cannot do it. The guard is a shell that knows their process
+// groups and waits until the engine's end of its input is gone. A signal at the parent's death would reach the children
+// alone, and not the programs that they run.
 
-/** The inner one is no child of the engine's: whoever kills those does not kill it. */
+/** The inner shell is no child of the engine's: it survives when somebody kills all of those. */
 const script = `exec 3<&0
 (
   exec <&3
@@ -40,7 +40,7 @@ export class Guard {
       void shell.exited.then(() => (this.#shell = undefined));
       for (const group of this.#groups) this.#tell(`+ ${group}`);
     } catch {
-      // Without a shell there is no guard; the engine's own end still ends its children.
+      // There is no guard without a shell. The engine still ends its children when it ends by itself.
     }
   }
 

@@ -1,17 +1,17 @@
-// The conversation that goes on, and those before it.
+// The current conversation, and those before it.
 
 import type { Clock } from "../base/clock.ts";
 import type { Conversation, ConversationSummary, Memory, Row } from "../base/protocol.ts";
 import type { Store, StoredConversation } from "./store.ts";
 
-/** Rows of the current conversation that are kept at hand; older ones are in the store. */
+/** Rows of the current conversation that are kept in memory; older ones are in the store. */
 const mostRows = 500;
-/** Of their texts, in units of UTF-16: in JSON that is well below what a front end reads. */
+/** The length of their texts together, in units of UTF-16. A front end reads documents far longer than that in JSON. */
 const mostText = 4 << 20;
 const mostHistory = 1_000;
-/** A conversation that was left longer ago than this is not taken up again. */
+/** A conversation that was left longer ago than this is not resumed. */
 const resumeWithinMs = 30 * 60_000;
-/** Rows may lie so far in the future; beyond, they were written by a clock that was wrong. */
+/** A row may lie this far in the future; a later one was written by a clock that was wrong. */
 const clockSlackMs = 60_000;
 
 export class Conversations {
@@ -61,7 +61,7 @@ export class Conversations {
     this.#keep({ role, text, at: this.#nextAt() });
   }
 
-  /** The answer as far as it is known. */
+  /** Shows the answer as far as it is known. */
   showAnswer(text: string): void {
     this.#open ??= { role: "assistant", text: "", at: this.#nextAt(), isOpen: true };
     this.#open.text = text;
@@ -76,7 +76,7 @@ export class Conversations {
     this.#keep({ role: row.role, text: row.text, at: row.at, durationMs });
   }
 
-  /** What an answer cost, and the session in which the next one continues. */
+  /** Adds the cost of an answer, and notes the session in which the next one continues. */
   addCost(costUsd: number, session: string | undefined): void {
     this.#current.costUsd += costUsd;
     if (session !== undefined) this.#current.session = session;
@@ -101,13 +101,13 @@ export class Conversations {
     return { conversationId: crypto.randomUUID(), startedAt, costUsd: 0, answers: 0, rows: [], session: undefined };
   }
 
-  /** Rows are told apart by their time: no two have the same. */
+  /** The time of the next row. Rows are told apart by their time: no two have the same. */
   #nextAt(): number {
     return Math.max(this.clock.now(), (this.#open?.at ?? this.#current.rows.at(-1)?.at ?? 0) + 1);
   }
 }
 
-/** As many of the last rows as are kept at hand; the last one always. */
+/** Gives the last rows that are kept in memory, and always the last one. */
 function lastOf(rows: Row[]): Row[] {
   let text = 0;
   const first = rows.findLastIndex((row) => (text += row.text.length) > mostText);

@@ -1,11 +1,11 @@
-// The SQLite file of the store: what it holds, how it is opened, and copies of it in memory.
+// The SQLite file of the store: its schema, the checks before it is used, and copies of it in memory.
 
 import { Database, SQLiteError } from "bun:sqlite";
 import { chmodSync, existsSync, readFileSync, rmSync, writeFileSync } from "node:fs";
 import { join } from "node:path";
 
 const lockWaitMs = 500;
-/** More than a database without anything in it takes, with what is written beside it. */
+/** An empty database takes less, together with the files beside it. */
 const room = 128 << 10;
 const schemaVersion = 1;
 
@@ -21,24 +21,24 @@ const schema = `
   CREATE INDEX rowsByConversation ON rows (conversation);
   PRAGMA user_version = ${schemaVersion};`;
 
-/** Makes the folder and what is in the file this user's alone, also where they were there before. */
+/** Makes the folder and the file readable for this user alone, also when they were there before. */
 export function keepPrivate(folder: string, path: string): void {
   const attempt = (work: () => void): void => {
     try {
       work();
     } catch {
-      // It is somebody else's, or does not keep modes; opening it tells whether it can be used.
+      // The file is somebody else's, or the file system keeps no modes; opening it tells whether it can be used.
     }
   };
   attempt(() => chmodSync(folder, 0o700));
-  // Made here: the file's mode is also that of what is written beside it.
+  // SQLite gives the files beside it the mode of this one, which is therefore made here.
   attempt(() => writeFileSync(path, "", { flag: "ax", mode: 0o600 }));
   for (const suffix of ["", "-wal", "-shm"]) {
     if (existsSync(path + suffix)) attempt(() => chmodSync(path + suffix, 0o600));
   }
 }
 
-/** Ready for use; throws where it is no database of ours, or damaged, or locked. */
+/** Makes a database ready for use. Throws when it is no database of the engine's, damaged, or locked. */
 export function prepared(database: Database): Database {
   database.run(`PRAGMA busy_timeout = ${lockWaitMs}`);
   database.run("PRAGMA journal_mode = WAL");
@@ -48,13 +48,13 @@ export function prepared(database: Database): Database {
   const version = database.query<{ user_version: number }, []>("PRAGMA user_version").get()?.user_version;
   if (version === 0) database.transaction(() => database.run(schema))();
   else if (version !== schemaVersion) throw new Error(`versão ${version}`);
-  // A lock that somebody holds for ever shows only when something is written.
+  // Only a write finds a lock that another program holds.
   database.run("BEGIN IMMEDIATE");
   database.run("ROLLBACK");
   return database;
 }
 
-/** There is no room, or it cannot be written for another reason that is none of its own. */
+/** The disk is full, or the file cannot be written for another reason outside it. */
 export function isFull(error: unknown): boolean {
   const code = error instanceof SQLiteError ? (error.code ?? "") : ((error as { code?: string }).code ?? "");
   return /^SQLITE_(FULL|IOERR|READONLY|CANTOPEN)/.test(code) || code === "ENOSPC";
@@ -73,7 +73,7 @@ export function isEmpty(database: Database): boolean {
   return database.query<{ count: number }, []>(count).get()?.count === 0;
 }
 
-/** A copy in memory; undefined when it cannot be read. */
+/** Gives a copy in memory, or undefined when the database cannot be read. */
 export function copyOf(database: Database): Database | undefined {
   try {
     return inMemory(database.serialize());
@@ -82,7 +82,7 @@ export function copyOf(database: Database): Database | undefined {
   }
 }
 
-/** The same of a file that cannot be opened; what was not yet written into it is not in the copy. */
+/** Gives a copy in memory of a file that cannot be opened. Changes that are still in its log are not in the copy. */
 export function copyOfFile(path: string): Database | undefined {
   try {
     return inMemory(readFileSync(path));
@@ -92,12 +92,12 @@ export function copyOfFile(path: string): Database | undefined {
 }
 
 function inMemory(bytes: Uint8Array): Database {
-  // What is in memory cannot have a write-ahead log: 1 is the format without (SQLite's file format, 1.3.3).
+  // A database in memory cannot have a write-ahead log: 1 is the format without one (SQLite's file format, 1.3.3).
   bytes.set([1, 1], 18);
   return prepared(Database.deserialize(bytes));
 }
 
-/** Whether as much as a small database can be written there. */
+/** A small database can be written in this folder. */
 export function hasRoom(folder: string): boolean {
   const probe = join(folder, "room");
   try {

@@ -1,11 +1,11 @@
-// What each setting may be.
+// Checks the values of settings.
 
 import { isAbsolute } from "node:path";
 import type { Locale } from "../base/language.ts";
 import { speechModel } from "../base/models.ts";
 import type { Settings } from "../base/protocol.ts";
 
-/** What the checks need to know of the machine. */
+/** The machine, as far as the checks need to know it. */
 export interface Surroundings {
   locale: Locale;
   workingFolder: string;
@@ -15,7 +15,7 @@ export interface Surroundings {
   actionIds: string[];
 }
 
-/** What was found on the machine for the values that are to be set. */
+/** The folders and tools among the values to be set that were found on the machine. */
 export interface Found {
   folders: string[];
   /** The `claude` tools. */
@@ -26,10 +26,10 @@ export type Key = keyof Settings;
 interface Context {
   surroundings: Surroundings;
   current: Settings;
-  /** Undefined for what was kept: what was there when it was set may be away for a while. */
+  /** Undefined for a value that is loaded: what was there when it was set may be away for a while. */
   found: Found | undefined;
 }
-/** The value to keep; undefined refuses it; null stands for "none" and is for optional settings only. */
+/** Gives the value to keep. Undefined refuses it; null stands for "none", for optional settings only. */
 type Check = (value: unknown, context: Context) => unknown;
 
 const maxText = 200;

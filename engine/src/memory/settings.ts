@@ -1,4 +1,4 @@
-// The settings: what they are to begin with, and where they are kept.
+// The settings: their defaults, and their values as the store keeps them.
 
 import { parseJson } from "../base/json.ts";
 import { speechModel } from "../base/models.ts";
@@ -52,7 +52,7 @@ export class SettingsKeeper {
     return this.#current;
   }
 
-  /** Keeps these values, all or none. The keys that were set, or what is wrong. */
+  /** Sets all of these values or none. Gives the keys that were set, or what is wrong. */
   set(values: Record<string, unknown>, found: Found): { keys: Key[] } | { problem: string } {
     const accepted = this.#check(values, found);
     if (!accepted) return { problem: `not a setting, or not a value for it: ${cut(JSON.stringify(values), 200)}` };

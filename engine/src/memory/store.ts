@@ -1,6 +1,6 @@
-// What outlives the engine: settings and conversations, in one SQLite file. A file that cannot be used is kept aside
-// and a new one takes its place; on a full disk the engine goes on in memory, and writes down what changed meanwhile when
-// there is room again. Nothing here ever throws.
+// Keeps settings and conversations in one SQLite file. A file that cannot be used is kept aside and a new one takes its
+// place. The engine goes on in memory when the disk is full, and writes down what has changed when there is room again.
+// No function here throws.
 
 import { Database } from "bun:sqlite";
 import { existsSync, mkdirSync, renameSync } from "node:fs";
@@ -21,7 +21,7 @@ export interface StoredConversation {
   session: string | undefined;
 }
 
-/** What was written while the file could not be: the rows are those after that one. */
+/** The changes that are not yet in the file: settings and conversations by name, and all rows after `afterRow`. */
 interface Unwritten {
   settings: Set<string>;
   conversations: Set<string>;
@@ -36,15 +36,15 @@ const saveConversation = `
   INSERT INTO conversations (id, startedAt, firstQuestion, answers, costUsd, session) VALUES (?, ?, ?, ?, ?, ?)
   ON CONFLICT (id) DO UPDATE SET answers = excluded.answers, costUsd = excluded.costUsd, session = excluded.session`;
 const addRow = "INSERT INTO rows (conversation, role, text, at, durationMs) VALUES (?, ?, ?, ?, ?)";
-/** How often it is looked whether there is room again; and the longest pause, where there is and it did not help. */
+/** The pause before looking for room again; it grows up to the longest one when there was room and it did not help. */
 const roomLookMs = 5_000;
 const longestPauseMs = 600_000;
-/** A first question is a title: no more of it is told, in characters. */
+/** The first question is a conversation's title, and is cut at this length, in characters. */
 const longestTitle = 1_000;
 
 export class Store {
   #database: Database;
-  /** While it is in memory. */
+  /** The changes that wait for room on the disk; undefined while the file is in use. */
   #unwritten: Unwritten | undefined;
   #cancelReturn = (): void => {};
 
@@ -55,7 +55,7 @@ export class Store {
     private readonly folder: string,
     private readonly log: Log,
     private readonly clock: Clock,
-    /** It grows no further than so many pages of 4 KiB: that is as good as a full disk. */
+    /** The file grows no further than so many pages of 4 KiB: the store takes it for a full disk. */
     private readonly mostPages = 1 << 18,
   ) {
     this.#database = this.#openFile();
@@ -127,7 +127,7 @@ export class Store {
     );
   }
 
-  /** On how many days something was asked. */
+  /** The number of days on which something was asked. */
   journalDays(): number {
     return this.#run(0, (database) => {
       const count = database.query<{ days: number }, []>(
@@ -223,7 +223,7 @@ export class Store {
     });
   }
 
-  /** Writes down what changed since it is in memory; all, where the file was lost meanwhile. */
+  /** Writes the changes to the file, or everything if the file was lost meanwhile. */
   #returnToDisk(unwritten: Unwritten): boolean {
     if (!hasRoom(this.folder)) return false;
     const path = join(this.folder, fileName);

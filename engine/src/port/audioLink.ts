@@ -1,16 +1,16 @@
-// The engine's end of the audio link: which front end is heard and spoken through, and what it reports.
+// The engine's end of the audio link: chooses the front end that is heard and spoken through, and takes its reports.
 
 import type { Clip } from "../sound/wav.ts";
 import type { SpeakerOutput } from "../voice/speaker.ts";
 import { parseLinkEvent, type LinkCommand } from "./linkMessages.ts";
 
-/** One connection; what `Bun.serve` gives, as far as it is used here. */
+/** One connection: the part of Bun's `ServerWebSocket` that is used here. */
 export interface LinkSocket {
   send(text: string): unknown;
 }
 
 export interface AudioLinkEvents {
-  /** A front end is there, or another, or none any more. */
+  /** A front end has taken over. `disconnected` comes before it when another one had the link. */
   connected(): void;
   disconnected(): void;
   device(name: string): void;
@@ -19,7 +19,7 @@ export interface AudioLinkEvents {
 }
 
 export class AudioLink implements SpeakerOutput {
-  /** The newest is the one in use; another takes over when it goes. */
+  /** The newest connection is in use; the one before it takes over when it closes. */
   #sockets: LinkSocket[] = [];
   #device = "";
 
@@ -29,7 +29,7 @@ export class AudioLink implements SpeakerOutput {
     return this.#sockets.length > 0;
   }
 
-  /** The microphone that the front end last named, or "". */
+  /** The microphone that the front end named last, or "". */
   get device(): string {
     return this.#device;
   }
@@ -60,7 +60,7 @@ export class AudioLink implements SpeakerOutput {
   /** Signed 16-bit little-endian samples; an odd last byte is left out. */
   audio(socket: LinkSocket, bytes: Uint8Array): void {
     if (socket !== this.#current || bytes.length < 2) return;
-    // A copy: the bytes may lie at an odd place, and belong to the socket.
+    // Samples need a copy: the bytes belong to the socket, and may begin at an odd address.
     const whole = new Uint8Array(bytes.subarray(0, bytes.length & ~1));
     this.events.samples(new Int16Array(whole.buffer));
   }
@@ -81,7 +81,7 @@ export class AudioLink implements SpeakerOutput {
     this.#send({ type: "enable", on });
   }
 
-  /** Without a name, the system's default microphone. */
+  /** Undefined stands for the system's default microphone. */
   useInput(device: string | undefined): void {
     this.#send(device === undefined ? { type: "input" } : { type: "input", device });
   }

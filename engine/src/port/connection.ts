@@ -1,6 +1,6 @@
-// A connection on the loopback interface, as both ways to learn its owner have it.
+// A connection on the loopback interface and its owner, as both ways to learn the owner see them.
 
-/** A connection to the engine's port on 127.0.0.1, as its other end has it. */
+/** A connection to the engine's port on 127.0.0.1: the address and port of the other end. */
 export interface Connection {
   address: string;
   port: number;
@@ -8,7 +8,7 @@ export interface Connection {
   to: number;
 }
 
-/** A user's id; "gone" when nobody holds the other end any more; "unknown" where the system does not tell. */
+/** A user's id; "gone" when nobody holds the other end any more; "unknown" when the system does not tell. */
 export type Owner = number | "gone" | "unknown";
 
 // States of a connection, by the numbers of Linux (net/tcp_states.h).

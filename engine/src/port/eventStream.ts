@@ -1,8 +1,8 @@
-// The event stream: every front end that follows it is told of each change. One that does not read is not fed.
+// The event stream: tells every front end that follows it of each change, and cuts off one that does not read.
 
 export type EventName = "phase" | "change" | "spoken" | "turnEnd" | "level" | "outLevel";
 
-/** What one client may leave unread, in bytes: beyond the first no levels, beyond the second it is cut off. */
+/** Bytes that a client leaves unread: beyond the first figure it gets no levels, beyond the second it is cut off. */
 const comfortable = 16 * 1024;
 const utmost = 256 * 1024;
 
@@ -12,7 +12,7 @@ const encoded = (name: EventName, data: string): Uint8Array =>
 export class EventStream {
   readonly #clients = new Set<ReadableStreamDefaultController<Uint8Array>>();
 
-  /** The first event tells the phase: what changed between a front end's look at the state and now was told to nobody. */
+  /** The first event tells the phase: the state may have changed unnoticed since the front end read it. */
   open(phase: string): Response {
     let client: ReadableStreamDefaultController<Uint8Array> | undefined;
     const body = new ReadableStream<Uint8Array>(

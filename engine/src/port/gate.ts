@@ -1,4 +1,4 @@
-// Who is let in at the port: processes of the user that the engine runs as, and no web page of others.
+// Lets in at the port only processes of the user that the engine runs as, and no web page of others.
 
 import type { Server } from "bun";
 import type { Log } from "../base/log.ts";
@@ -6,8 +6,8 @@ import type { Owner } from "./connection.ts";
 import type { connectionOwner } from "./peers.ts";
 
 /**
- * Every user of the machine reaches the loopback interface, and so does every web page. Each request is looked at: a
- * connection whose end was passed on, or taken over under the same port, has another owner than before.
+ * Every user of the machine and every web page reaches the loopback interface. Each request is checked, not only each
+ * connection: its other end may have been passed on, or another process may have taken the same port.
  */
 export function gate(log: Log, ownerOf: typeof connectionOwner): (request: Request, server: Server<undefined>) => boolean {
   const user = process.geteuid?.();
@@ -25,8 +25,8 @@ export function gate(log: Log, ownerOf: typeof connectionOwner): (request: Reque
 }
 
 /**
- * A page of somebody else's says where it comes from, and one that hides behind a name of its own says so in the host.
- * What a page merely shows, an image for instance, has no origin; browsers then say that another site asks.
+ * Browsers name the page's site in the origin, and in the host when the page's own name leads to this machine. They send
+ * no origin with what a page merely shows, an image for instance, but say that another site asks.
  */
 function isOfNoPage(request: Request, port: number): boolean {
   const hosts = [`127.0.0.1:${port}`, `localhost:${port}`];

@@ -17,7 +17,7 @@ export type LinkCommand =
   | { type: "chime" }
   | { type: "input"; device?: string };
 
-/** Reads one text message of the link; undefined when it is none of ours. */
+/** Reads one text message of the link; gives undefined for a text that is none. */
 export function parseLinkEvent(text: string): LinkEvent | undefined {
   const value = parseJson(text);
   if (!isRecord(value)) return undefined;

@@ -1,4 +1,4 @@
-// The engine, as far as its port serves it.
+// The part of the engine that the port serves.
 
 import type { ConversationSummary, LoopState, Options, Snapshot } from "../base/protocol.ts";
 import type { AudioLink } from "./audioLink.ts";
@@ -23,6 +23,6 @@ export interface Served {
   };
   options(): Promise<Options>;
   newConversation(): void;
-  /** Sets all of these or none; what is wrong, if anything is. */
+  /** Sets all of these or none, and resolves to what is wrong, if anything is. */
   set(values: Record<string, unknown>): Promise<string | undefined>;
 }

@@ -1,4 +1,4 @@
-// The engine's port: HTTP documents and commands, the event stream, and the audio link. Loopback only.
+// The engine's port: HTTP documents and commands, the event stream, and the audio link, on the loopback interface only.
 
 import type { Server, ServerWebSocket } from "bun";
 import { isRecord, parseJson } from "../base/json.ts";
@@ -7,20 +7,20 @@ import { gate } from "./gate.ts";
 import { connectionOwner } from "./peers.ts";
 import type { Served } from "./served.ts";
 
-/** A typed request, in bytes of UTF-8: as much as the front end takes. */
+/** The longest typed request, in bytes of UTF-8; the front end has the same limit. */
 const maxRequest = 1 << 20;
-/** In JSON, a character may take six bytes for its one. */
+/** The longest body: JSON may write a character of one byte in six. */
 const maxBody = 8 << 20;
 const maxSettings = 64 << 10;
 const maxLinkMessage = 1 << 20;
-/** What a front end may leave unread of clips and commands before it is taken for dead. */
+/** A front end that leaves more bytes of clips and commands unread is taken for dead. */
 const maxUnread = 64 << 20;
 
 type Link = ServerWebSocket<undefined>;
 
 export class PortTaken extends Error {}
 
-/** Serves the processes of the user that the engine runs as; `ownerOf` tells whose a connection is. */
+/** Serves the processes of the user that the engine runs as. `ownerOf` tells whose a connection is. */
 export function serve(engine: Served, port: number, log: Log, ownerOf = connectionOwner): Server<undefined> {
   const isLetIn = gate(log, ownerOf);
   try {

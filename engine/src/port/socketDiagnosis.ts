@@ -1,4 +1,4 @@
-// The owner of one connection by the kernel's own answer (linux/inet_diag.h), in some ten microseconds.
+// Asks the kernel for the owner of one connection (linux/inet_diag.h). The answer takes some ten microseconds.
 
 import { dlopen, ptr } from "bun:ffi";
 import { addressBytes, listening, timeWait, type Connection, type Owner } from "./connection.ts";
@@ -9,7 +9,7 @@ const headerSize = 16;
 const requestSize = headerSize + 56;
 const answerSize = headerSize + 72;
 
-/** Undefined when the kernel gives no answer, which is also how it says that there is no such connection. */
+/** Gives undefined when the kernel does not answer, or answers that there is no such connection. */
 export function ownerByKernel({ address, port, to }: Connection): Owner | undefined {
   const c = library();
   if (c === undefined) return undefined;
@@ -38,7 +38,7 @@ export function ownerByKernel({ address, port, to }: Connection): Owner | undefi
   }
   const state = answer.getUint8(headerSize + 1);
   const inode = answer.getUint32(headerSize + 68, isLittleEndian);
-  // Without such a connection it may find somebody who listens on that port.
+  // The kernel may name a socket that listens on that port when there is no such connection.
   return state === listening || state === timeWait || inode === 0 ? "gone" : answer.getUint32(headerSize + 64, isLittleEndian);
 }
 

@@ -1,9 +1,9 @@
-// The owner of a connection by the kernel's table of all of them. To write the table takes the kernel milliseconds.
+// Finds the owner of a connection in the kernel's table of all connections, which the kernel takes milliseconds to write.
 
 import { readFileSync } from "node:fs";
 import { addressBytes, listening, timeWait, type Connection, type Owner } from "./connection.ts";
 
-/** The owner as the lines of /proc/net/tcp and tcp6 have it. */
+/** Reads the owner from the lines of /proc/net/tcp and tcp6. */
 export function ownerInTable(table: string | undefined, { address, port, to }: Connection): Owner {
   if (table === undefined) return "unknown";
   const theirs = ends(address, port);
@@ -13,13 +13,13 @@ export function ownerInTable(table: string | undefined, { address, port, to }: C
     const [, local = "", remote = "", state = "", , , , user, , inode] = line.trim().split(/\s+/);
     if (parseInt(state, 16) === listening && ours.includes(local)) isTable = true;
     if (!theirs.includes(local) || !ours.includes(remote)) continue;
-    // An end that was closed has no inode, and is listed as the superuser's.
+    // An end that was closed has no inode in the table, and is listed as the superuser's.
     return Number(inode) === 0 || parseInt(state, 16) === timeWait ? "gone" : Number(user);
   }
   return isTable ? "gone" : "unknown";
 }
 
-/** How the table writes an address and a port, also as one of IPv6: in words of the processor's byte order. */
+/** An address and a port as the table writes them, for IPv4 and IPv6: in words of the processor's byte order. */
 function ends(address: string, port: number): string[] {
   const word = hex(new Uint32Array(addressBytes(address).buffer)[0] ?? 0, 8);
   const end = `${word}:${hex(port, 4)}`;

@@ -1,4 +1,4 @@
-// The grammar by which the recogniser listens: everything that the engine can act on, in the language of its user.
+// Builds the grammar by which the recogniser listens: everything that the engine can act on, in the language of its user.
 // A second grammar, any sequence of a few sounds, is the measure of how well the first one fits.
 
 import type { Language } from "../base/language.ts";
@@ -6,7 +6,7 @@ import { phrases } from "../base/phrases.ts";
 import { grammarWords, type Pronouncer } from "./pronunciation.ts";
 
 export interface Grammar {
-  /** The phrases, and any sounds at all, as JSGF; and the words of both with their phones. */
+  /** Two grammars as JSGF, the phrases and any sounds at all, and a dictionary of the words of both. */
   known: string;
   anything: string;
   dictionary: string;
@@ -19,11 +19,11 @@ export interface Vocabulary {
   voice: string;
   wakeWords: string[];
   actionPhrases: string[];
-  /** What can be asked, as it would be said. */
+  /** The questions, as one would say them. */
   requests: string[];
 }
 
-/** Sounds of every kind, but few: what is none of the phrases fits them better, what is one of them does not. */
+/** A few sounds of every kind. They fit an utterance better than the phrases do when it is none of those. */
 const broadPhones = ["AA", "IY", "UW", "EH", "OW", "S", "SH", "T", "K", "N", "M", "L", "R"];
 const soundWords = broadPhones.map((phone) => `zz${phone.toLowerCase()}`);
 
@@ -77,7 +77,7 @@ export async function buildGrammar(vocabulary: Vocabulary, pronouncer: Pronounce
   };
 }
 
-/** Finds the phrases again of which a recognised text is made, the longest first. */
+/** Finds the phrases that a recognised text is made of, the longest first, and gives them their spelling again. */
 function spell(recognised: string, spelling: Map<string, string>): string | undefined {
   const words = recognised.trim().split(/\s+/).filter((word) => word !== "");
   if (words.length === 0) return undefined;

@@ -1,6 +1,6 @@
-// Phonetic letters, written with the phones of the acoustic model.
+// Writes phonetic letters with the phones of the acoustic model.
 
-/** Phonetic letters (IPA) to the phones of the American English model, longer ones first when they are looked up. */
+/** The phones of the American English model for phonetic letters (IPA). Pairs of letters are looked up first. */
 const phones: Record<string, string> = {
   p: "P", b: "B", t: "T", d: "D", k: "K", ɡ: "G", g: "G", f: "F", v: "V", s: "S", z: "Z", θ: "TH", ð: "DH",
   ʃ: "SH", ʒ: "ZH", tʃ: "CH", dʒ: "JH", m: "M", n: "N", ɲ: "N Y", ŋ: "NG", l: "L", ɫ: "L", ʎ: "L Y", w: "W", j: "Y",
@@ -10,7 +10,7 @@ const phones: Record<string, string> = {
 };
 const nasal = "\u0303";
 
-/** Phones of a word written in phonetic letters; undefined when none of them is known. */
+/** Gives the phones of a word in phonetic letters, or undefined when none of its letters is known. */
 export function phonesOf(ipa: string): string | undefined {
   const found: string[] = [];
   let isNasal = false;

@@ -1,6 +1,6 @@
-// How words sound, for the grammar of the recogniser: its own dictionary where it has the word (English), else what
-// `espeak-ng` makes of it, its phonetic letters written with the phones of the acoustic model. Languages that the model
-// was not trained on are understood by their nearest English sounds, which is enough to tell a few phrases apart.
+// Tells the recogniser's grammar how words sound. English words are looked up in the recogniser's own dictionary; for all
+// others `espeak-ng` gives phonetic letters, which are written with the phones of the acoustic model. A language that the
+// model was not trained on is understood by its nearest English sounds, which is enough to tell a few phrases apart.
 
 import { plainWords } from "../base/words.ts";
 import type { Children } from "../machine/children.ts";
@@ -12,11 +12,11 @@ const maxOutput = 1 << 20;
 export class Pronouncer {
   constructor(
     private readonly children: Children,
-    /** The recogniser's dictionary: a word, a blank and its phones a line. */
+    /** The path of the recogniser's dictionary. Each of its lines is a word, a blank and the phones. */
     private readonly dictionary: string | undefined,
   ) {}
 
-  /** How each word of these phrases may be said by this voice; words for which nothing is known are left out. */
+  /** Gives the ways in which this voice may say each word of these phrases. Unknown words are left out. */
   async pronounce(phrases: string[], voice: string): Promise<Map<string, Set<string>>> {
     const said = new Map<string, Set<string>>();
     const learn = (word: string, sound: string | undefined): void => {
@@ -56,11 +56,11 @@ export class Pronouncer {
     return found;
   }
 
-  /** The phonetic letters of each phrase; nothing at all when the synthesiser does not answer line by line. */
+  /** Gives the phonetic letters of each phrase, or nothing at all when the synthesiser does not answer line by line. */
   async #ask(texts: string[], voice: string): Promise<string[]> {
     if (texts.length === 0) return [];
     const outcome = await this.children.run(["espeak-ng", "-b", "1", "-q", "--ipa", "--sep=_", "-v", voice, "--stdin"], {
-      // A sentence each, so that none sounds as it would before the next.
+      // Each phrase is a sentence of its own, so that it does not sound as it would before the next.
       input: texts.map((text) => `${text}.\n\n`).join(""),
       timeoutMs,
       maxOutput,

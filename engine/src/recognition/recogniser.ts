@@ -1,11 +1,11 @@
 // Turns an utterance into words.
 
 export type Recognition =
-  /** What was said. `isUnderstood` is false when it is none of what the recogniser knows. */
+  /** The words that were said. `isUnderstood` is false when the recogniser does not know them. */
   | { kind: "text"; text: string; isUnderstood: boolean }
   /** No recogniser is installed. */
   | { kind: "none" }
-  /** The recogniser did not give an answer: why, for the log. */
+  /** The recogniser did not give an answer. `problem` tells the log why. */
   | { kind: "failed"; problem: string };
 
 export interface Recogniser {
@@ -13,7 +13,7 @@ export interface Recogniser {
   recognise(samples: Int16Array, signal: AbortSignal): Promise<Recognition>;
 }
 
-/** Asks each in turn until one answers. */
+/** Asks one recogniser after another until one answers. */
 export class FirstOf implements Recogniser {
   constructor(private readonly recognisers: () => Recogniser[]) {}
 

@@ -1,6 +1,6 @@
-// Recognition by `pocketsphinx` (Debian's pocketsphinx and pocketsphinx-en-us) against the grammar of what the engine
-// can act on. Each utterance is decoded twice, side by side: by the phrases and by any sounds at all. Where the sounds
-// explain it much better than the phrases do, it was none of them (a likelihood ratio test for keyword rejection:
+// Recognises by `pocketsphinx` (Debian's pocketsphinx and pocketsphinx-en-us), with a grammar of the phrases that the
+// engine can act on. Each utterance is decoded twice, side by side: by the phrases and by any sounds at all. It was none
+// of the phrases when the sounds explain it much better (a likelihood ratio test for keyword rejection:
 // Rose and Paul, "A hidden Markov model based keyword recognition system", ICASSP 1990).
 
 import { existsSync, mkdirSync, rmSync } from "node:fs";
@@ -17,13 +17,13 @@ const sphinxProgram = "pocketsphinx_batch";
 const modelFolders = ["/usr/share/pocketsphinx/model/en-us", "/usr/local/share/pocketsphinx/model/en-us"];
 const maxOutput = 64 * 1024;
 /**
- * By how much the sounds may fit a 10 ms frame better than the phrases do; found by trial with several voices. The
- * phrases of a language that the model does not know fit it less well.
+ * The sounds may fit a 10 ms frame better than the phrases do by this much; found by trial with several voices. The
+ * phrases of a language that the model was not trained on fit less well.
  */
 const mostAdvantage: Record<Language, number> = { en: 15.5, pt: 21 };
 /** The decoder's arithmetic needs some noise where a microphone gives none. */
 const ditherPeak = 60;
-/** Silence kept after the last sound; the utterance comes with more. */
+/** The silence that is kept after the last sound; an utterance comes with more. */
 const tailMs = 300;
 const pruning = ["-beam", "1e-100", "-pbeam", "1e-100", "-wbeam", "1e-80", "-lw", "2"];
 
@@ -33,7 +33,7 @@ export class SphinxRecogniser implements Recogniser {
 
   constructor(
     private readonly children: Children,
-    /** Where the grammars are kept for the program to read. */
+    /** The program reads the grammars from this folder. */
     private readonly folder: string,
     private readonly vocabulary: () => Vocabulary,
     private readonly endSilenceMs: () => number,
@@ -74,11 +74,11 @@ export class SphinxRecogniser implements Recogniser {
     return { kind: "text", text, isUnderstood: advantage <= mostAdvantage[this.vocabulary().language] };
   }
 
-  /** What was decoded with its score, or what went wrong. */
+  /** Gives the decoded text with its score, or a text that says what went wrong. */
   async #decode(model: string, name: string, audio: Int16Array, signal: AbortSignal): Promise<Decoded | string> {
     const at = (file: string): string => join(this.folder, file);
     const files = ["-hmm", join(model, "en-us"), "-jsgf", at(`${name}.jsgf`), "-dict", at("words.dict")];
-    // It takes a list of files, "stdin" in the folder /dev being the only one.
+    // The program takes a list of files; the only one is "stdin" in the folder /dev.
     const input = ["-ctl", at("inputs"), "-cepdir", "/dev", "-cepext", "", "-adcin", "yes"];
     const result = at(`${name}.result`);
     const output = ["-hyp", result, "-logfn", "/dev/null"];
@@ -117,7 +117,7 @@ interface Decoded {
   score: number;
 }
 
-/** Noise that is the same for the same samples, so that they are always understood alike. */
+/** Adds noise. It is the same for the same samples, so that they are always understood alike. */
 function dithered(samples: Int16Array): Int16Array {
   let seed = 1;
   return samples.map((sample) => {

@@ -1,4 +1,4 @@
-// Recognition by `whisper-cli` with one of the models that the user has.
+// Recognises by `whisper-cli`, with one of the models that the user has.
 
 import { mkdirSync, rmSync } from "node:fs";
 import { join } from "node:path";
@@ -19,7 +19,7 @@ export class WhisperRecogniser implements Recogniser {
     private readonly language: Language,
     /** The model file in use; undefined when there is none. */
     private readonly model: () => string | undefined,
-    /** Names that it would not know how to spell. */
+    /** Names that the model would not know how to spell. */
     private readonly names: () => string[],
     private readonly timeoutMs = 30_000,
   ) {}
@@ -49,7 +49,7 @@ export class WhisperRecogniser implements Recogniser {
   }
 }
 
-/** Without what it writes for sounds that are no words, as [MUSIC] or (laughs). */
+/** Leaves out the remarks on sounds that are no words, such as [MUSIC] or (laughs). */
 function readText(output: string): string {
   const text = output.replace(/\[[^\]]*\]|\([^)]*\)|\*[^*]*\*/g, " ").replace(/\s+/g, " ").trim();
   return /[\p{L}\p{N}]/u.test(text) ? cut(text, longestText) : "";

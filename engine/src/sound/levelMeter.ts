@@ -1,4 +1,4 @@
-// Live levels for the front end's meters: seldom, rounded, and only while they change.
+// Sends live levels to the front end's meters: seldom, rounded, and only while they change.
 
 import type { Clock } from "../base/clock.ts";
 
@@ -15,7 +15,7 @@ export class LevelMeter {
     private readonly send: (level: number) => void,
   ) {}
 
-  /** Takes a level from 0 to 1. What comes faster than the meter is sent as the highest of it. */
+  /** Takes a level from 0 to 1. Of levels that come faster than the meter sends, it sends the highest. */
   show(level: number): void {
     this.#highest = Math.max(this.#highest, level);
     const now = this.clock.now();
@@ -24,7 +24,7 @@ export class LevelMeter {
     this.#highest = 0;
   }
 
-  /** Nothing is to be heard any more. */
+  /** Falls to zero at once: nothing is to be heard any more. */
   clear(): void {
     this.#highest = 0;
     this.#put(0, this.clock.now());

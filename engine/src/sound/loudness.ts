@@ -1,6 +1,6 @@
-// How loud samples are, and how that shows on a meter.
+// The loudness of samples, in decibels and as a meter shows it.
 
-/** Full scale at `dbfs` 0; what is below -50 dBFS counts as silence. */
+/** The level on a meter, from 0 to 1; anything below -50 dBFS counts as silence. */
 export function levelOf(dbfs: number): number {
   return Math.min(1, Math.max(0, (dbfs + 50) / 60));
 }

@@ -13,8 +13,8 @@ export interface Clip {
 export const envelopeStepMs = 50;
 
 /**
- * Reads a WAV file that was written to a pipe, whose header therefore holds no true lengths, and gives it those.
- * Undefined when it is not 16-bit mono PCM or holds no sample.
+ * Reads a WAV file and writes the true lengths into its header, which a program that writes to a pipe cannot know.
+ * Gives undefined when the file is not 16-bit mono PCM or holds no sample.
  */
 export function readClip(file: Uint8Array): Clip | undefined {
   if (file.length < 44 || tag(file, 0) !== "RIFF" || tag(file, 8) !== "WAVE") return undefined;
@@ -42,7 +42,7 @@ export function readClip(file: Uint8Array): Clip | undefined {
   return undefined;
 }
 
-/** A WAV file of these samples. */
+/** Makes a WAV file of these samples. */
 export function writeWav(samples: Int16Array, rate: number): Uint8Array {
   const file = new Uint8Array(44 + samples.byteLength);
   const view = new DataView(file.buffer);

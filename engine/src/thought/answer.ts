@@ -12,7 +12,7 @@ export interface Request {
 
 /** The answer as it comes. */
 export interface Answering {
-  /** Gives `spoken` where this piece is to be read aloud otherwise than it is written. */
+  /** Gives `spoken` when this piece is to be read aloud in other words than it is written. */
   text(piece: string, spoken?: string): void;
   tool(text: string): void;
 }

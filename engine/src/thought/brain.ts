@@ -1,4 +1,4 @@
-// Who answers a request: the `claude` tool where there is one, else what the engine knows by itself.
+// Answers a request by the `claude` tool, or by what the engine knows itself where there is none.
 
 import type { Clock } from "../base/clock.ts";
 import type { Locale } from "../base/language.ts";
@@ -20,7 +20,7 @@ export class EngineBrain implements Brain {
     private readonly log: Log,
   ) {}
 
-  /** Looks for the `claude` tools; until then, and where there is none, the built-in answers are given. */
+  /** Looks for the `claude` tools. Answers are the built-in ones until a tool is found. */
   async prepare(): Promise<void> {
     await this.choices.claudeTools();
   }
@@ -41,7 +41,7 @@ export class EngineBrain implements Brain {
     };
     let { problem, ...answer } = await this.claude.answer(path, request, watched, signal);
     if (problem !== undefined && request.session !== undefined && !hasAnswered && !signal.aborted) {
-      // The tool may have forgotten the session.
+      // The tool may have forgotten the session: the request begins a new one.
       ({ problem, ...answer } = await this.claude.answer(path, { ...request, session: undefined }, watched, signal));
     }
     if (problem !== undefined && !signal.aborted) {

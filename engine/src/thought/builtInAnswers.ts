@@ -1,11 +1,11 @@
-// What the engine answers by itself, without a language model: the questions it knows, each with the phrasings that
-// the grammar of the recogniser is made of.
+// Answers without a language model: the questions that the engine knows, each with the phrasings that the grammar of the
+// recogniser is made of.
 
 import type { Language, Locale } from "../base/language.ts";
 import { cut } from "../base/text.ts";
 import { plainWords } from "../base/words.ts";
 
-/** None of the questions is longer; and nobody wants more than that read back, in characters. */
+/** A longer text is none of the questions; and no more of a request is read back. Both are in characters. */
 const longestQuestion = 1_000;
 const longestRequest = 20_000;
 
@@ -17,9 +17,9 @@ export interface AnswerContext {
 }
 
 interface Question {
-  /** Whole requests; the first words are those that one would say. */
+  /** Whole requests. */
   phrases: Record<Language, string[]>;
-  /** What a request must hold, in plain words, to be this question in other words. */
+  /** A request whose plain words match is this question in other words. */
   pattern: RegExp;
   answer: Record<Language, (context: AnswerContext) => string>;
 }
@@ -96,19 +96,19 @@ const questions: Question[] = [
   },
 ];
 
-/** Everything that can be asked, as it would be said. */
+/** All questions, as one would say them. */
 export function knownPhrases(language: Language): string[] {
   return questions.flatMap((question) => question.phrases[language]);
 }
 
-/** The answer to a request of one sentence, or undefined when it is none of the questions above. */
+/** Answers a request of one sentence; gives undefined when it is none of the questions. */
 export function knownAnswer(request: string, context: AnswerContext): string | undefined {
   if (request.length > longestQuestion) return undefined;
   const plain = plainWords(request).join(" ");
   return questions.find((question) => question.pattern.test(plain))?.answer[context.locale.language](context);
 }
 
-/** Answers every sentence of a request; what is not understood is read back. */
+/** Answers every sentence of a request, and reads back the sentences that are none of the questions. */
 export function builtInAnswer(request: string, context: AnswerContext): string {
   const sentences = cut(request, longestRequest).split(/(?<=[.!?;])\s+|\n+/).filter((sentence) => plainWords(sentence).length > 0);
   const answers = sentences.map((sentence) => knownAnswer(sentence, context) ?? readBack(sentence, context));

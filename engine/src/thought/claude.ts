@@ -1,4 +1,4 @@
-// Answers by the `claude` command-line tool: one run a request, continuing the conversation's session.
+// Answers by the `claude` command-line tool. Each request is one run, which continues the conversation's session.
 
 import { homedir } from "node:os";
 import type { Clock } from "../base/clock.ts";
@@ -17,13 +17,13 @@ export type ClaudeAnswer = Answer & { problem?: string };
 const longestRunMs = 15 * 60_000;
 const maxOutput = 256 << 20;
 const consent = "Yes, you may.";
-/** Things that are asked for at once. */
+/** No more things than this are asked for at once. */
 const mostAsked = 5;
 /** A longer text is no plain yes or no. */
 const longestReply = 100;
 
 export class Claude {
-  /** What the last answer asked leave for, as rules, and in which session. */
+  /** The rules that the last answer asked leave for, and its session. */
   #asked: { session: string; rules: string[] } | undefined;
 
   constructor(
@@ -34,7 +34,7 @@ export class Claude {
     private readonly stallMs = 120_000,
   ) {}
 
-  /** The answer's `problem` says what went wrong; what came before that was handed on. */
+  /** The answer's `problem` says what went wrong. The text that came before it was handed on. */
   async answer(path: string, request: Request, answering: Answering, signal: AbortSignal): Promise<ClaudeAnswer> {
     const asked = this.#asked;
     this.#asked = undefined;
@@ -108,7 +108,7 @@ export class Claude {
     return { ...answer, problem: `terminou com ${outcome.code}${complaint === "" ? "" : `: ${complaint}`}` };
   }
 
-  /** Asks for what a yes can allow, and says what it cannot. */
+  /** Asks for the things that a yes can allow, and names those that it cannot. */
   #ask(denied: DeniedTool[], session: string, answering: Answering): void {
     const asked = new Map<string, Leave>();
     const refused = new Set<string>();
@@ -125,7 +125,7 @@ export class Claude {
   }
 }
 
-/** What may be done is told by the settings; what was just allowed holds for this one run. */
+/** The settings tell what the tool may do. The rules in `allowed` hold for this one run. */
 function commandLine(request: Request, present: string[], allowed: string[], phrases: Phrases): string[] {
   const { brainModel, confirmActions, folders, voiceName } = request.settings;
   const free = actions.filter(({ id }) => !confirmActions.includes(id)).flatMap(({ tools }) => [...tools]);

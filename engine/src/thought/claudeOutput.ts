@@ -1,4 +1,4 @@
-// Reads what the `claude` tool prints with its streamed JSON output: one JSON object a line.
+// Reads the output of the `claude` tool: one JSON object a line.
 
 import { isRecord, parseJson } from "../base/json.ts";
 import { cut } from "../base/text.ts";
@@ -9,16 +9,16 @@ export type ClaudeEvent =
   | { kind: "tool"; name: string; detail: string }
   | { kind: "result"; text: string; isError: boolean; costUsd: number; session: string | undefined; denied: DeniedTool[] };
 
-/** A tool that was not allowed to do what the model wanted. */
+/** A tool that the model wanted to use, and was not allowed to. */
 export interface DeniedTool {
   name: string;
-  /** What it would have been used on, as it was given. */
+  /** The tool's input, as the model gave it. */
   input: Record<string, unknown>;
-  /** The same in one short line, to be shown. */
+  /** The input in one short line, to be shown. */
   detail: string;
 }
 
-/** A longer line holds a tool's output; it is let go. */
+/** A longer line holds a tool's output; it is skipped. */
 const longestLine = 4 << 20;
 const longestDetail = 200;
 
@@ -52,7 +52,7 @@ export class LineReader {
   }
 }
 
-/** The events of one line; none for a line that is not understood. */
+/** Gives the events of one line, none for a line that is not understood. */
 export function readClaudeLine(line: string): ClaudeEvent[] {
   const value = parseJson(line);
   if (!isRecord(value)) return [];
@@ -95,7 +95,7 @@ function readDenial(denial: unknown): DeniedTool[] {
   return [{ name: denial.tool_name, input, detail: detailOf(input) }];
 }
 
-/** What a tool is used on, in one line. */
+/** Names in one line what a tool is used on. */
 function detailOf(input: unknown): string {
   if (!isRecord(input)) return "";
   for (const key of ["command", "file_path", "notebook_path", "pattern", "path", "url", "query", "description"]) {

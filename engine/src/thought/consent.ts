@@ -1,23 +1,23 @@
-// What a "yes" can allow the `claude` tool: for each thing that it was denied, a rule that allows this and nothing else,
-// and the words that ask for it. Without such a rule there is nothing to ask for.
+// Finds, for a thing that the `claude` tool was denied, a rule that allows this and nothing else, and the words that ask
+// for a "yes" to it. A thing for which there is no such rule is not asked for.
 
 import type { Phrases } from "../base/phrases.ts";
 import type { DeniedTool } from "./claudeOutput.ts";
 
 export interface Leave {
-  /** For `--allowedTools`. */
+  /** The rule, for `--allowedTools`. */
   rule: string;
-  /** Names all that the rule allows, as it is written and as it is read aloud. */
+  /** Words that name all that the rule allows, as they are written and as they are read aloud. */
   written: string;
   spoken: string;
 }
 
-/** What is longer nobody listens to before saying yes. */
+/** Nobody listens to more than this before saying yes, in characters. */
 const longest = 200;
-/** Read aloud, these would be left out. */
+/** A synthesiser leaves these out when it reads aloud. */
 const marks = /[!-/:-@[-`{-~]/g;
 
-/** Undefined for what no rule allows to the letter. */
+/** Gives undefined for a thing that no rule allows to the letter. */
 export function leaveFor({ name, input }: DeniedTool, phrases: Phrases): Leave | undefined {
   const { leave } = phrases;
   switch (name) {
@@ -27,7 +27,7 @@ export function leaveFor({ name, input }: DeniedTool, phrases: Phrases): Leave |
     case "MultiEdit":
     case "Write":
     case "NotebookEdit":
-      // Rules for changing files are those of Edit, whatever changes them.
+      // The rules of Edit hold for every tool that changes files.
       return fileLeave("Edit", input.notebook_path ?? input.file_path, leave.change, phrases);
     case "Read":
       return fileLeave("Read", input.file_path, leave.read, phrases);
@@ -49,7 +49,7 @@ function commandLeave(command: string, phrases: Phrases): Leave | undefined {
 }
 
 function fileLeave(tool: string, path: unknown, words: (path: string) => string, phrases: Phrases): Leave | undefined {
-  // Paths in rules are patterns; two slashes begin one from the root.
+  // Paths in rules are patterns. A pattern with two slashes at its beginning starts at the root.
   const isOne = isExact(path) && path === path.trim() && /^(\/[^/?[\]{}!#\n]+)+$/.test(path) && !/\/\.\.?(\/|$)/.test(path);
   return isOne ? { rule: `${tool}(/${path})`, written: words(path), spoken: words(readAloud(path, phrases)) } : undefined;
 }
@@ -62,8 +62,8 @@ function siteLeave(url: unknown, phrases: Phrases): Leave | undefined {
 }
 
 /**
- * Rules stand in a list with commas, in parentheses, a star stands for anything, and a backslash is read with what
- * follows. What does not show, or looks like one blank where there are more, cannot be asked for either.
+ * Commas, parentheses, stars and backslashes have a meaning of their own in a list of rules. Characters that do not show,
+ * and blanks that look like one where there are more, cannot be asked for either.
  */
 function isExact(text: unknown): text is string {
   if (typeof text !== "string" || text.length > longest || !text.isWellFormed()) return false;

@@ -2,10 +2,10 @@
 
 import { cut } from "../base/text.ts";
 
-/** The synthesiser is given no more than this at a time, in characters. */
+/** The longest sentence that the synthesiser is given, in characters. */
 const longestSentence = 300;
 
-/** What is left of a text when marks that nobody reads aloud are taken out. */
+/** Takes out the marks that nobody reads aloud. */
 function speakable(text: string): string {
   return text
     .replace(/```[\s\S]*?(```|$)/g, " ")

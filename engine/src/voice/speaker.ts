@@ -1,5 +1,5 @@
 // The agent's voice: takes sentences in order, has each made into a clip, hands the clips to the front end, and knows
-// which is being heard. A sentence without a clip (no front end, no synthesiser) stays for as long as it takes to read.
+// which one is being heard. A sentence without a clip (no front end, no synthesiser) is shown as long as it takes to read.
 
 import type { Clock } from "../base/clock.ts";
 import type { Settings } from "../base/protocol.ts";
@@ -8,7 +8,7 @@ import { envelopeStepMs, type Clip } from "../sound/wav.ts";
 import type { Synthesiser } from "./synthesiser.ts";
 
 export interface SpeakerOutput {
-  /** Whether clips would be played by somebody. */
+  /** Somebody is there to play clips. */
   readonly isConnected: boolean;
   play(id: number, clip: Clip): void;
   silence(): void;
@@ -29,9 +29,9 @@ interface Line {
   state: "waiting" | "making" | "made" | "sent";
 }
 
-/** Clips that are made and not yet heard. */
+/** At most this many sentences are made into clips and sent before they are heard. */
 const mostAhead = 3;
-/** A clip that is not reported this long after it should have ended never will be. */
+/** A clip is given up when it is not reported this long after it should have ended. */
 const reportGraceMs = 4_000;
 
 export class Speaker {
@@ -81,13 +81,13 @@ export class Speaker {
     this.#settle();
   }
 
-  /** The front end has played this clip, or gave it up. Other ids are none of ours. */
+  /** The front end has played this clip, or has given it up. Ids of other clips are ignored. */
   played(id: number): void {
     const line = this.#lines.find((candidate) => candidate.id === id && candidate.state === "sent");
     if (line) this.#end(line);
   }
 
-  /** The front end is gone: what it was to play is not waited for. */
+  /** The front end is gone: the clips that it was to play are dropped. */
   disconnected(): void {
     this.#lines = this.#lines.filter((line) => line.state !== "sent");
     this.#settle();
@@ -124,7 +124,7 @@ export class Speaker {
     for (const line of ahead) {
       if (line.state === "sent") continue;
       if (line.state !== "made") break;
-      // A line that is only shown must not overtake, nor be overtaken by, what sounds.
+      // A line that is only shown must neither overtake one that sounds, nor be overtaken by it.
       const isPlayed = line.clip !== undefined && this.output.isConnected;
       if (!isPlayed && line !== this.#lines[0]) break;
       if (isPlayed && this.#lines[0]?.state === "sent" && this.#lines[0].clip === undefined) break;
@@ -174,8 +174,8 @@ export class Speaker {
 }
 
 /**
- * The front end goes on playing clips of an engine that has ended, and reports their ends to the next: no two engines
- * count in the same place. An integer of 48 bits, which every reader of JSON holds exactly.
+ * The front end goes on playing clips of an engine that has ended, and reports their ends to the next engine: two engines
+ * must not count in the same place. The id is an integer of 48 bits, which every reader of JSON holds exactly.
  */
 function firstId(): number {
   const [random = 0] = crypto.getRandomValues(new Uint32Array(1));

@@ -1,4 +1,4 @@
-// Speech by `espeak-ng`: one sentence in, one WAV clip out.
+// Makes speech by `espeak-ng`: a WAV clip of each sentence.
 
 import type { Log } from "../base/log.ts";
 import type { Settings } from "../base/protocol.ts";
@@ -6,7 +6,7 @@ import type { Children } from "../machine/children.ts";
 import { readClip, type Clip } from "../sound/wav.ts";
 
 export interface Synthesiser {
-  /** Undefined when there is no speech to be had, or when `signal` was raised. */
+  /** Gives undefined when no speech can be made, or when `signal` was raised. */
   speak(sentence: string, settings: Settings, signal: AbortSignal): Promise<Clip | undefined>;
 }
 

@@ -37,7 +37,7 @@ describe("a text that is cut", () => {
   }
 });
 
-/** The places of a document that hold no well-formed text. */
+/** Finds the places of a document that hold a malformed text. */
 function malformed(value: unknown, path = ""): string[] {
   if (typeof value === "string") return value.isWellFormed() ? [] : [path];
   if (typeof value !== "object" || value === null) return [];

@@ -1,13 +1,13 @@
 import { describe, expect, test } from "bun:test";
 import { InterruptionDetector } from "../../src/hearing/interruptionDetector.ts";
 
-/** Feeds levels of 10 ms each; how many it took to decide, or undefined. */
+/** Feeds levels of 10 ms each, and gives how many it took to decide, or undefined. */
 function decide(detector: InterruptionDetector, levels: number[], floor = -70): number | undefined {
   const at = levels.findIndex((level) => detector.take(level, floor));
   return at < 0 ? undefined : at + 1;
 }
 
-/** Residue of speech as it comes out of a canceller: its level varies, with short louder bursts. */
+/** The residue of speech as a canceller leaves it: its level varies, with short louder bursts. */
 function residue(seconds: number, level: number, burstLevel: number): number[] {
   let seed = 3;
   const random = (): number => (seed = (seed * 16_807) % 2_147_483_647) / 2_147_483_647;

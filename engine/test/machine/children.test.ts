@@ -6,7 +6,7 @@ import { gone, isAlive } from "../support/processes.ts";
 
 const environment = { PATH: "/usr/bin:/bin" };
 
-/** Runs a script that prints the process ids that it starts, and gives them when there are so many. */
+/** Runs a script that prints the ids of its processes, and gives them when there are `count` of them. */
 async function started(children: Children, script: string, count: number, signal?: AbortSignal, timeoutMs = 60_000) {
   const path = join(program("tool", script), "tool");
   let text = "";

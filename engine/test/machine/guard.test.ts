@@ -6,7 +6,7 @@ import { gone, isAlive } from "../support/processes.ts";
 const environment = { PATH: "/usr/bin:/bin" };
 
 describe("an engine that is killed", () => {
-  /** Kills one in this way, waits for the end of its children, and gives one that it has and guards no more. */
+  /** Kills an engine in this way, waits for the end of its children, and gives a child that it has ceased to guard. */
   async function killed(how: (id: number) => unknown): Promise<number> {
     const tool = join(program("tool", "sleep 600 & echo $!; echo $$; wait"), "tool");
     const script = `

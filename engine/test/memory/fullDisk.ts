@@ -1,5 +1,5 @@
-// Run by store.test.ts with a small file system mounted on the folder that it is given: fills it, and says what became
-// of the store.
+// store.test.ts runs this with a small file system mounted on the folder in the argument. It fills the file system, and
+// prints what became of the store.
 
 import { rmSync, writeFileSync } from "node:fs";
 import { join } from "node:path";

@@ -62,7 +62,7 @@ export function connect({ engine }: Bench, device = "Desk microphone"): FakeSock
 
 const chunk = 341;
 
-/** Lets the microphone hear a tone of this level for so long; by default, the noise of a quiet room. */
+/** Lets the microphone hear a tone of this level for so long, by default as soft as the noise of a quiet room. */
 export async function hear(bench: Bench, socket: FakeSocket, ms: number, dbfs = -75): Promise<void> {
   const samples = tone(ms, dbfs);
   for (let at = 0; at < samples.length; at += chunk) {

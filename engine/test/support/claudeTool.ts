@@ -1,4 +1,4 @@
-// A `claude` of the tests' own, a brain that asks it, and requests to that brain.
+// A fake `claude`, a brain that asks it, and requests to that brain.
 
 import { readFileSync } from "node:fs";
 import { join } from "node:path";
@@ -19,7 +19,7 @@ export const init = '{"type":"system","subtype":"init","session_id":"s1","model"
 export const result = '{"type":"result","subtype":"success","is_error":false,"result":"Done.","total_cost_usd":0.02,"session_id":"s1"}';
 export const text = (words: string): string => `{"type":"assistant","message":{"content":[{"type":"text","text":"${words}"}]}}`;
 
-/** A `claude` that notes how it was called, then does this. */
+/** Makes a `claude` that notes how it was called, and then runs this script. */
 export function tool(script: string): string {
   const folder = program("claude", `[ "$1" = --version ] && echo 2.1.0 && exit\nprintf '%s\\n' "$@" > ${"$0"}.args; pwd > $0.cwd; cat > $0.input; ${script}`);
   return join(folder, "claude");

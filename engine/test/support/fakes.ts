@@ -20,7 +20,7 @@ export class FakeSynthesiser implements Synthesiser {
   }
 }
 
-/** Gives what it is told to, an utterance after the other; at once, or when it is told to. */
+/** Gives the answers that it was told, one for each utterance: at once, or when it is released. */
 export class FakeRecogniser implements Recogniser {
   answers: Recognition[] = [];
   heard: Int16Array[] = [];
@@ -43,7 +43,7 @@ export class FakeRecogniser implements Recogniser {
   }
 }
 
-/** Answers at once, or when it is told to. */
+/** Gives the built-in answers: at once, or when it is released. */
 export class FakeBrain implements Brain {
   requests: Request[] = [];
   isSlow = false;

@@ -1,4 +1,4 @@
-// Folders that are removed when all files have been tested, and programs in them.
+// Temporary folders, and programs in them.
 
 import { mkdtempSync, rmSync, writeFileSync } from "node:fs";
 import { tmpdir } from "node:os";
@@ -12,12 +12,12 @@ export function temporaryFolder(): string {
   return folder;
 }
 
-/** What clear.ts does at the end. */
+/** clear.ts calls this when all files have been tested. */
 export function removeTemporaryFolders(): void {
   for (const folder of folders.splice(0)) rmSync(folder, { recursive: true, force: true });
 }
 
-/** An executable shell script of this name, alone in a folder; gives the folder. */
+/** Writes an executable shell script of this name, in a folder of its own, and gives the folder. */
 export function program(name: string, script: string, folder = temporaryFolder()): string {
   writeFileSync(join(folder, name), `#!/bin/sh\n${script}\n`, { mode: 0o755 });
   return folder;

@@ -20,7 +20,7 @@ export async function serving(port: number): Promise<void> {
   }
 }
 
-/** Whether it still runs; one that has ended may stand in the process table until somebody collects it. */
+/** The process still runs. A process that has ended may stand in the process table until its parent collects it. */
 export function isAlive(pid: number): boolean {
   try {
     return !/^\d+ \(.*\) [ZX]/.test(readFileSync(`/proc/${pid}/stat`, "utf8"));

@@ -1,4 +1,4 @@
-// What the tests of the recognisers share.
+// The tests of the recognisers share the programs that are installed, and ways to fail.
 
 import { existsSync } from "node:fs";
 import { Children } from "../../src/machine/children.ts";
@@ -9,10 +9,10 @@ export const hasSphinx =
   installed.find("pocketsphinx_batch") !== undefined &&
   installed.find("espeak-ng") !== undefined &&
   existsSync("/usr/share/pocketsphinx/model/en-us/en-us/mdef");
-/** For what is to end by itself, however busy the machine is. */
+/** A time limit for programs that end by themselves, however busy the machine is. */
 export const patient = 60_000;
 
-/** What a program does instead of its work, as a script; what is then said; how long it is waited for. */
+/** A script that a program runs instead of its work, the problem that is then reported, and the time limit. */
 export type Failure = [does: string, script: string, problem: RegExp, timeoutMs?: number];
 
 export const failures: Failure[] = [

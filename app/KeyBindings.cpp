@@ -33,13 +33,12 @@ int toolkitKey(char16_t character) {
 KeyBindings::KeyBindings(const Parts &parts)
     : m_parts(parts) {
     m_parts.shortcuts.onChange = [this] { registerShortcuts(); };
-    m_parts.layout.onChange = [this] { registerShortcuts(); };
+    connect(&m_parts.layout, &KeyboardLayout::changed, this, &KeyBindings::nameKeys);
     connect(&m_parts.hotKeys, &HotKeys::refused, this, &KeyBindings::reportRefusal);
 }
 
 KeyBindings::~KeyBindings() {
     m_parts.shortcuts.onChange = [] {};
-    m_parts.layout.onChange = nullptr;
 }
 
 void KeyBindings::start() {
@@ -76,8 +75,14 @@ void KeyBindings::registerShortcuts() {
     // Whether the stop key was granted is deliberately not looked at: only the listen key's problem is shown.
     if (!shortcuts.isPaused() && m_isStopNeeded && stop)
         hotKeys.registerHotKey(stopId, stop->keyCode, stop->carbonModifiers(), [&model] { model.stop(); });
+    nameKeys();
+}
 
-    m_parts.showInMenu(keySequence(listen, m_parts.layout), keySequence(stop, m_parts.layout));
+void KeyBindings::nameKeys() {
+    m_parts.showInMenu(keySequence(m_parts.shortcuts.listen(), m_parts.layout),
+                       keySequence(m_parts.shortcuts.stop(), m_parts.layout));
+    if (m_parts.model.hotKeyProblem())
+        reportRefusal(listenId);
 }
 
 void KeyBindings::reportRefusal(quint32 id) {

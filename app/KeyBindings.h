@@ -14,7 +14,8 @@ namespace palomet {
 class PalometModel;
 
 /// Keeps the global hot keys, and the keys that the menu shows, as the user's shortcuts are: registers them anew
-/// whenever a shortcut, the pause or the need for the stop key changes. Main thread.
+/// whenever a shortcut, the pause or the need for the stop key changes. Another keyboard layout only gives them other
+/// names: they stay held, and what was refused is not asked for again. Main thread.
 class KeyBindings final : public QObject {
     Q_OBJECT
 
@@ -43,6 +44,8 @@ public:
 
 private:
     void registerShortcuts();
+    /// Says the keys' names, which another layout changes: in the menu, and where the listen key was refused.
+    void nameKeys();
     void reportRefusal(quint32 id);
 
     Parts m_parts;

@@ -37,10 +37,21 @@ std::optional<QString> X11KeyboardLayout::character(quint32 keyCode) const {
 void X11KeyboardLayout::received(const xcb_generic_event_t &event) {
     if ((event.response_type & 0x7FU) != m_connection.keyboardEvent())
         return;
-    // A change of the keyboard comes as a burst.
-    if (event.pad0 != XCB_XKB_NEW_KEYBOARD_NOTIFY && event.pad0 != XCB_XKB_MAP_NOTIFY &&
-        event.pad0 != XCB_XKB_STATE_NOTIFY)
+    if (event.pad0 == XCB_XKB_STATE_NOTIFY)
+        activate(reinterpret_cast<const xcb_xkb_state_notify_event_t &>(event).group);
+    else if (event.pad0 == XCB_XKB_NEW_KEYBOARD_NOTIFY || event.pad0 == XCB_XKB_MAP_NOTIFY)
+        readLater();
+}
+
+void X11KeyboardLayout::activate(quint32 group) {
+    if (group == m_group)
         return;
+    m_group = group;
+    Q_EMIT changed();
+}
+
+void X11KeyboardLayout::readLater() {
+    // A change of the keyboard comes as a burst.
     if (m_isReadPending)
         return;
     m_isReadPending = true;
@@ -49,8 +60,7 @@ void X11KeyboardLayout::received(const xcb_generic_event_t &event) {
         [this] {
             m_isReadPending = false;
             readAgain();
-            if (onChange)
-                onChange();
+            Q_EMIT changed();
         },
         Qt::QueuedConnection);
 }

@@ -3,8 +3,6 @@
 #include "platform/x11/XkbKeymap.h"
 #include "shortcuts/KeyboardLayout.h"
 
-#include <QObject>
-
 #include <xcb/xcb.h>
 
 namespace palomet {
@@ -12,7 +10,7 @@ namespace palomet {
 class X11Connection;
 
 /// The layout that the X server's keyboard has now, also after it changes.
-class X11KeyboardLayout final : public QObject, public KeyboardLayout {
+class X11KeyboardLayout final : public KeyboardLayout {
     Q_OBJECT
 
 public:
@@ -23,6 +21,8 @@ public:
 
 private:
     void received(const xcb_generic_event_t &event);
+    void activate(quint32 group);
+    void readLater();
     void readAgain();
 
     X11Connection &m_connection;

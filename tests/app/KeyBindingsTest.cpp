@@ -138,3 +138,29 @@ TEST_F(KeyBindingsTest, ShowsEveryKindOfKeyInTheMenu) {
     EXPECT_EQ(shown(76, Shortcut::control), QKeySequence(Qt::CTRL | Qt::Key_Enter));
     EXPECT_EQ(shown(10, Shortcut::control), QKeySequence());
 }
+
+TEST_F(KeyBindingsTest, KeepsItsKeysAndNamesThemAnewWhenAnotherLayoutIsActive) {
+    shortcuts.setListen(Shortcut::ctrlOpt(40));
+    bindings.start();
+    bindings.setStopNeeded(true);
+    const int grabs = grabber->grabs;
+    const int releases = grabber->releases;
+    layout.become({{40, QStringLiteral("л")}});
+    EXPECT_EQ(listenKey, QKeySequence(QStringLiteral("Ctrl+Alt+Л")));
+    EXPECT_TRUE(holds(1, {40, 0x1800}));
+    EXPECT_TRUE(holds(2, escape));
+    EXPECT_EQ(grabber->grabs, grabs) << "a press between giving back and taking anew would be lost";
+    EXPECT_EQ(grabber->releases, releases);
+}
+
+TEST_F(KeyBindingsTest, NamesTheKeyThatWasRefusedAnewAndDoesNotTakeItWhenAnotherLayoutIsActive) {
+    shortcuts.setListen(Shortcut::ctrlOpt(40));
+    grabber->refuses = true;
+    bindings.start();
+    EXPECT_EQ(model.hotKeyProblem(), L("shortcut.taken", QStringLiteral("⌃⌥K")));
+    // Whoever holds it lets go of it for a moment, to take it anew under the new layout.
+    grabber->refuses = false;
+    layout.become({{40, QStringLiteral("л")}});
+    EXPECT_TRUE(grabber->held.empty());
+    EXPECT_EQ(model.hotKeyProblem(), L("shortcut.taken", QStringLiteral("⌃⌥Л")));
+}

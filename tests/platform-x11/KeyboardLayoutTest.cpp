@@ -69,7 +69,7 @@ TEST(KeyboardLayout, OfTheXServerFollowsItsChanges) {
     ASSERT_NE(connection, nullptr);
     X11KeyboardLayout layout(*connection);
     int changes = 0;
-    layout.onChange = [&] { ++changes; };
+    QObject::connect(&layout, &KeyboardLayout::changed, &layout, [&] { ++changes; });
     EXPECT_EQ(layout.character(keyA), some("a"));
     display.run(QStringLiteral("setxkbmap"), {QStringLiteral("fr")});
     EXPECT_TRUE(test::eventually([&] { return layout.character(keyA) == some("q"); }));
@@ -79,4 +79,23 @@ TEST(KeyboardLayout, OfTheXServerFollowsItsChanges) {
     EXPECT_TRUE(test::eventually([&] { return layout.character(keyA) == some("a"); }));
     test::FakeKeyboard(display.name()).activateGroup(1);
     EXPECT_TRUE(test::eventually([&] { return layout.character(keyA) == some("ф"); }));
+}
+
+TEST(KeyboardLayout, OfTheXServerAsksNothingWhenAnotherOfItsLayoutsBecomesActive) {
+    const test::PrivateDisplay display;
+    display.run(QStringLiteral("setxkbmap"), {QStringLiteral("us,ru")});
+    const auto connection = X11Connection::open(display.name());
+    ASSERT_NE(connection, nullptr);
+    X11KeyboardLayout layout(*connection);
+    test::FakeKeyboard keyboard(display.name());
+    // Each request has the next number.
+    const auto requests = [&] { return xcb_no_operation(connection->get()).sequence; };
+    const auto before = requests();
+    for (int round = 0; round < 3; ++round) {
+        keyboard.activateGroup(1);
+        EXPECT_TRUE(test::eventually([&] { return layout.character(keyA) == some("ф"); }));
+        keyboard.activateGroup(0);
+        EXPECT_TRUE(test::eventually([&] { return layout.character(keyA) == some("a"); }));
+    }
+    EXPECT_EQ(requests(), before + 1);
 }

@@ -17,6 +17,12 @@ public:
         return found == m_characters.end() ? std::nullopt : std::optional(found->second);
     }
 
+    /// Another layout becomes the active one.
+    void become(std::map<quint32, QString> characters) {
+        m_characters = std::move(characters);
+        Q_EMIT changed();
+    }
+
 private:
     std::map<quint32, QString> m_characters;
 };

@@ -20,14 +20,20 @@ public:
         if (refuses)
             return false;
         held[id] = {keyCode, modifiers};
+        ++grabs;
         return true;
     }
-    void release(quint32 id) override { held.erase(id); }
+    void release(quint32 id) override {
+        held.erase(id);
+        ++releases;
+    }
     void offer(const std::vector<HotKeyOffer> &offers) override { offered = offers; }
 
     std::map<quint32, Held> held;
     std::vector<HotKeyOffer> offered;
     bool refuses = false;
+    int grabs = 0;
+    int releases = 0;
 };
 
 } // namespace palomet::test

@@ -42,7 +42,8 @@ public:
         return {};
     }
 
-    /// Gives it back. Everything is given back when the program ends, however it ends.
+    /// Gives it back, at the latest when the event loop turns. Until then the same combination can be grabbed again and
+    /// was held without a gap. Everything is given back when the program ends, however it ends.
     virtual void release(quint32 id) = 0;
 
     /// A combination was pressed, once however long it is held. Called from the event loop.

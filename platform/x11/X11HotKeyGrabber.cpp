@@ -29,8 +29,8 @@ X11HotKeyGrabber::X11HotKeyGrabber(X11Connection &connection)
 }
 
 X11HotKeyGrabber::~X11HotKeyGrabber() {
-    for (const auto &[id, combination] : m_grabs)
-        give(combination);
+    m_combinations.clear();
+    giveRest();
 }
 
 bool X11HotKeyGrabber::grab(quint32 id, quint32 keyCode, quint32 modifiers) {
@@ -39,53 +39,79 @@ bool X11HotKeyGrabber::grab(quint32 id, quint32 keyCode, quint32 modifiers) {
     if (!evdev || *evdev + offset > 255)
         return false;
     const Combination combination{static_cast<quint8>(*evdev + offset), modifiers};
-    rememberHeld(combination.keycode);
     if (!take(combination))
         return false;
-    m_grabs.insert_or_assign(id, combination);
+    m_combinations.insert_or_assign(id, combination);
     return true;
 }
 
 void X11HotKeyGrabber::release(quint32 id) {
-    const auto found = m_grabs.find(id);
-    if (found == m_grabs.end())
+    if (m_combinations.erase(id) == 0 || m_isRestPending)
         return;
-    give(found->second);
-    m_grabs.erase(found);
+    m_isRestPending = true;
+    // Whoever gives a combination back to take it anew at once keeps it all the while: a press in between is not lost.
+    QMetaObject::invokeMethod(this, &X11HotKeyGrabber::giveRest, Qt::QueuedConnection);
+}
+
+std::set<X11HotKeyGrabber::Grab> X11HotKeyGrabber::grabsFor(const Combination &combination) const {
+    const auto mask = m_mapping.mask(combination.modifiers);
+    std::set<Grab> grabs;
+    for (const auto lock : m_mapping.lockVariants())
+        grabs.emplace(combination.keycode, static_cast<quint16>(mask | lock));
+    return grabs;
 }
 
 bool X11HotKeyGrabber::take(const Combination &combination) {
     auto *connection = m_connection.get();
-    const auto mask = m_mapping.mask(combination.modifiers);
+    auto missing = grabsFor(combination);
+    std::erase_if(missing, [this](const auto &grab) { return m_grabs.contains(grab); });
+    if (missing.empty())
+        return xcb_connection_has_error(connection) == 0;
+    rememberHeld(combination.keycode);
     std::vector<xcb_void_cookie_t> cookies;
-    for (const auto lock : m_mapping.lockVariants())
-        cookies.push_back(xcb_grab_key_checked(connection, 1, m_connection.root(), mask | lock, combination.keycode,
+    for (const auto &[keycode, modifiers] : missing)
+        cookies.push_back(xcb_grab_key_checked(connection, 1, m_connection.root(), modifiers, keycode,
                                                XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC));
     bool isTaken = true;
     for (const auto cookie : cookies) {
         const XcbReply<xcb_generic_error_t> error(xcb_request_check(connection, cookie));
         isTaken = isTaken && !error;
     }
-    if (!isTaken)
-        give(combination);
+    if (isTaken)
+        m_grabs.merge(missing);
+    else
+        give(missing);
     m_connection.deliverLater();
     return isTaken && xcb_connection_has_error(connection) == 0;
 }
 
-void X11HotKeyGrabber::give(const Combination &combination) {
-    const auto mask = m_mapping.mask(combination.modifiers);
-    for (const auto lock : m_mapping.lockVariants())
-        xcb_ungrab_key(m_connection.get(), combination.keycode, m_connection.root(), mask | lock);
+void X11HotKeyGrabber::give(const std::set<Grab> &grabs) {
+    for (const auto &[keycode, modifiers] : grabs)
+        xcb_ungrab_key(m_connection.get(), keycode, m_connection.root(), modifiers);
     xcb_flush(m_connection.get());
+}
+
+void X11HotKeyGrabber::giveRest() {
+    m_isRestPending = false;
+    auto rest = m_grabs;
+    for (const auto &[id, combination] : m_combinations) {
+        for (const auto &grab : grabsFor(combination))
+            rest.erase(grab);
+    }
+    give(rest);
+    std::erase_if(m_grabs, [&](const auto &grab) { return rest.contains(grab); });
 }
 
 void X11HotKeyGrabber::rememberHeld(quint8 keycode) {
     const auto cookie = xcb_query_keymap(m_connection.get());
     const XcbReply<xcb_query_keymap_reply_t> keys(xcb_query_keymap_reply(m_connection.get(), cookie, nullptr));
     m_connection.deliverLater();
-    if (!isDown(keys, keycode))
-        return;
-    m_heldBefore.insert_or_assign(keycode, cookie.sequence);
+    if (isDown(keys, keycode))
+        awaitRelease(keycode, cookie.sequence);
+}
+
+void X11HotKeyGrabber::awaitRelease(quint8 keycode, quint32 since) {
+    m_heldBefore.insert_or_assign(keycode, since);
     m_glance.start();
 }
 
@@ -98,31 +124,45 @@ void X11HotKeyGrabber::forgetReleased() {
         m_glance.stop();
 }
 
+void X11HotKeyGrabber::pressed(const xcb_key_press_event_t &press, quint32 sequence) {
+    if (m_down.empty())
+        m_first = press.detail;
+    if (!m_down.insert(press.detail).second)
+        return;
+    // A press that was on its way by then was one.
+    const auto before = m_heldBefore.find(press.detail);
+    if (before != m_heldBefore.end() && static_cast<qint32>(sequence - before->second) >= 0)
+        return;
+    // The upper bits say which layout is active, and the lock keys make no difference.
+    constexpr quint16 modifiers = 0xFF;
+    quint16 locks = XCB_MOD_MASK_LOCK;
+    locks |= m_mapping.numLock | m_mapping.scrollLock;
+    const auto held = static_cast<quint16>(press.state & modifiers & ~locks);
+    for (const auto &[id, combination] : m_combinations) {
+        if (combination.keycode == press.detail && m_mapping.mask(combination.modifiers) == held) {
+            onPressed(id);
+            return;
+        }
+    }
+}
+
+void X11HotKeyGrabber::released(quint8 keycode, quint32 sequence) {
+    m_down.erase(keycode);
+    m_heldBefore.erase(keycode);
+    if (keycode != m_first)
+        return;
+    // The keyboard is everybody's again: who else is still down is released elsewhere.
+    for (const auto other : m_down)
+        awaitRelease(other, sequence);
+    m_down.clear();
+}
+
 void X11HotKeyGrabber::received(const xcb_generic_event_t &event) {
     const quint8 type = event.response_type & 0x7FU;
     if (type == XCB_KEY_PRESS) {
-        const auto &press = reinterpret_cast<const xcb_key_press_event_t &>(event);
-        if (!m_down.insert(press.detail).second)
-            return;
-        // A press that was on its way by then was one.
-        const auto before = m_heldBefore.find(press.detail);
-        if (before != m_heldBefore.end() && static_cast<qint32>(event.full_sequence - before->second) >= 0)
-            return;
-        // The upper bits say which layout is active, and the lock keys make no difference.
-        constexpr quint16 modifiers = 0xFF;
-        quint16 locks = XCB_MOD_MASK_LOCK;
-        locks |= m_mapping.numLock | m_mapping.scrollLock;
-        const auto held = static_cast<quint16>(press.state & modifiers & ~locks);
-        for (const auto &[id, combination] : m_grabs) {
-            if (combination.keycode == press.detail && m_mapping.mask(combination.modifiers) == held) {
-                onPressed(id);
-                return;
-            }
-        }
+        pressed(reinterpret_cast<const xcb_key_press_event_t &>(event), event.full_sequence);
     } else if (type == XCB_KEY_RELEASE) {
-        const auto keycode = reinterpret_cast<const xcb_key_release_event_t &>(event).detail;
-        m_down.erase(keycode);
-        m_heldBefore.erase(keycode);
+        released(reinterpret_cast<const xcb_key_release_event_t &>(event).detail, event.full_sequence);
     } else if (type == XCB_MAPPING_NOTIFY) {
         if (reinterpret_cast<const xcb_mapping_notify_event_t &>(event).request != XCB_MAPPING_POINTER)
             regrabLater();
@@ -147,19 +187,18 @@ void X11HotKeyGrabber::regrab() {
     m_connection.deliverLater();
     if (mapping == m_mapping)
         return;
-    for (const auto &[id, combination] : m_grabs)
-        give(combination);
     m_mapping = mapping;
-    m_down.clear();
     std::vector<quint32> refused;
-    for (const auto &[id, combination] : m_grabs) {
+    for (const auto &[id, combination] : m_combinations) {
         if (!take(combination))
             refused.push_back(id);
     }
-    for (const auto id : refused) {
-        m_grabs.erase(id);
+    for (const auto id : refused)
+        m_combinations.erase(id);
+    // What both mappings have in common was held all the while.
+    giveRest();
+    for (const auto id : refused)
         onRefused(id);
-    }
 }
 
 } // namespace palomet

@@ -20,6 +20,7 @@ public:
     [[nodiscard]] bool take(quint32 keyCode, quint32 modifiers) { return m_grabber.grab(1, keyCode, modifiers); }
     void give() {
         m_grabber.release(1);
+        QCoreApplication::sendPostedEvents(&m_grabber);
         // The answer to a question behind it says that it is done: whoever takes the key next uses another connection.
         auto *connection = m_connection->get();
         const XcbReply<xcb_get_input_focus_reply_t> answer(

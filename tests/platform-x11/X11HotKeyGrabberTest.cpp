@@ -151,6 +151,48 @@ TEST_F(X11HotKeyGrabberTest, GivesAKeyBack) {
     EXPECT_TRUE(pressed.empty());
 }
 
+TEST_F(X11HotKeyGrabberTest, HearsAKeyThatIsPressedWhileItIsGivenBackToBeTakenAnew) {
+    ASSERT_TRUE(grabber->grab(1, space, option));
+    test::FakeKeyboard keyboard(display.name());
+    std::vector<quint32> expected;
+    for (int round = 0; round < 10; ++round) {
+        grabber->release(1);
+        keyboard.strike({test::FakeKeyboard::alt, test::FakeKeyboard::space});
+        // The answer to a question behind it says that the key was pressed.
+        static_cast<void>(keyboard.activeGroup());
+        ASSERT_TRUE(grabber->grab(1, space, option));
+        expected.push_back(1);
+        ASSERT_TRUE(test::eventually([&] { return pressed == expected; }));
+    }
+}
+
+TEST_F(X11HotKeyGrabberTest, GivesBackWhatWasGivenForAnotherKey) {
+    ASSERT_TRUE(grabber->grab(1, space, option));
+    grabber->release(1);
+    ASSERT_TRUE(grabber->grab(1, escape, 0));
+    const auto otherConnection = X11Connection::open(display.name());
+    X11HotKeyGrabber other(*otherConnection);
+    EXPECT_TRUE(test::eventually([&] { return other.grab(1, space, option); }));
+    EXPECT_FALSE(other.grab(2, escape, 0));
+}
+
+TEST_F(X11HotKeyGrabberTest, HearsAKeyWhoseReleaseWentToAnotherProgram) {
+    ASSERT_TRUE(grabber->grab(1, space, option));
+    ASSERT_TRUE(grabber->grab(2, escape, 0));
+    test::FakeKeyboard keyboard(display.name());
+    // The server sends every key here while the first is held, and no longer.
+    keyboard.press(test::FakeKeyboard::escape);
+    keyboard.press(test::FakeKeyboard::alt);
+    keyboard.press(test::FakeKeyboard::space);
+    ASSERT_TRUE(test::eventually([&] { return pressed == std::vector<quint32>({2, 1}); }));
+    keyboard.release(test::FakeKeyboard::escape);
+    keyboard.release(test::FakeKeyboard::space);
+    keyboard.release(test::FakeKeyboard::alt);
+    pressAndSettle(QStringLiteral("F9"));
+    keyboard.strike({test::FakeKeyboard::alt, test::FakeKeyboard::space});
+    EXPECT_TRUE(test::eventually([&] { return pressed == std::vector<quint32>({2, 1, 1}); }));
+}
+
 TEST_F(X11HotKeyGrabberTest, ItsKeysAreFreeAgainWhenItsConnectionEnds) {
     {
         const auto otherConnection = X11Connection::open(display.name());
@@ -170,6 +212,26 @@ TEST_F(X11HotKeyGrabberTest, TakesItsKeysAnewWhenTheKeyboardIsMappedAnew) {
         display.key(QStringLiteral("alt+space"));
         return !pressed.empty();
     }));
+    EXPECT_TRUE(refused.empty());
+}
+
+TEST_F(X11HotKeyGrabberTest, LeavesAKeyToTheProgramThatHoldsItWhenTheKeyboardIsMappedAnew) {
+    const auto otherConnection = X11Connection::open(display.name());
+    X11HotKeyGrabber other(*otherConnection);
+    std::vector<quint32> heard;
+    other.onPressed = [&](quint32 id) { heard.push_back(id); };
+    ASSERT_TRUE(other.grab(7, space, option));
+    ASSERT_FALSE(grabber->grab(1, space, option));
+    for (const auto *mapping : {"ru", "fr", "us,ru", "us"}) {
+        display.run(QStringLiteral("setxkbmap"), {QLatin1StringView(mapping)});
+        heard.clear();
+        // Through every layout there is a press that the other hears, and nobody else.
+        EXPECT_TRUE(test::eventually([&] {
+            display.key(QStringLiteral("alt+space"));
+            return !heard.empty();
+        }));
+    }
+    EXPECT_TRUE(pressed.empty());
     EXPECT_TRUE(refused.empty());
 }
 

@@ -35,6 +35,7 @@ KeyBindings::KeyBindings(const Parts &parts)
     m_parts.shortcuts.onChange = [this] { registerShortcuts(); };
     connect(&m_parts.layout, &KeyboardLayout::changed, this, &KeyBindings::nameKeys);
     connect(&m_parts.hotKeys, &HotKeys::refused, this, &KeyBindings::reportRefusal);
+    connect(&m_parts.hotKeys, &HotKeys::granted, this, &KeyBindings::registerShortcuts);
 }
 
 KeyBindings::~KeyBindings() {

@@ -51,6 +51,9 @@ public:
 
     /// A combination that seemed taken was refused after all.
     std::function<void(quint32 id)> onRefused = [](quint32) {};
+
+    /// The desktop's user has chosen keys for a hot key that is not held, perhaps after a refusal: it can be grabbed.
+    std::function<void(quint32 id)> onGranted = [](quint32) {};
 };
 
 /// Where a desktop has no way: everything is refused, and the command line is left.

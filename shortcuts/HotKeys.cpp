@@ -11,6 +11,7 @@ HotKeys::HotKeys(std::unique_ptr<HotKeyGrabber> grabber)
         if (m_actions.erase(id) != 0)
             Q_EMIT refused(id);
     };
+    m_grabber->onGranted = [this](quint32 id) { Q_EMIT granted(id); };
 }
 
 HotKeys::~HotKeys() = default;

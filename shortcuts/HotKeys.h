@@ -38,6 +38,9 @@ Q_SIGNALS:
     /// The desktop refused a hot key after it had seemed registered; it no longer is.
     void refused(quint32 id);
 
+    /// The desktop would grant a hot key that is not registered, perhaps one that it had refused.
+    void granted(quint32 id);
+
 private:
     void pressed(quint32 id);
 

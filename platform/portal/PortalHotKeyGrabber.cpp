@@ -1,14 +1,15 @@
 #include "platform/portal/PortalHotKeyGrabber.h"
 
+#include "platform/portal/preferredTrigger.h"
+
 #include <QDBusMetaType>
 #include <QDBusObjectPath>
 #include <QDBusPendingCallWatcher>
 #include <QDBusServiceWatcher>
 
-#include <xkbcommon/xkbcommon.h>
-
 #include <algorithm>
-#include <array>
+#include <iterator>
+#include <utility>
 
 namespace palomet {
 
@@ -33,43 +34,6 @@ const auto portalPath = QStringLiteral("/org/freedesktop/portal/desktop");
 const auto shortcutsInterface = QStringLiteral("org.freedesktop.portal.GlobalShortcuts");
 const auto requestInterface = QStringLiteral("org.freedesktop.portal.Request");
 const auto sessionInterface = QStringLiteral("org.freedesktop.portal.Session");
-
-struct NamedKey {
-    quint32 keyCode;
-    xkb_keysym_t keysym;
-};
-
-// Keys that type no character, and F1 to F20.
-constexpr std::array namedKeys{
-    NamedKey{49, XKB_KEY_space},    NamedKey{36, XKB_KEY_Return},     NamedKey{76, XKB_KEY_KP_Enter},
-    NamedKey{48, XKB_KEY_Tab},      NamedKey{51, XKB_KEY_BackSpace},  NamedKey{117, XKB_KEY_Delete},
-    NamedKey{53, XKB_KEY_Escape},   NamedKey{115, XKB_KEY_Home},      NamedKey{119, XKB_KEY_End},
-    NamedKey{116, XKB_KEY_Page_Up}, NamedKey{121, XKB_KEY_Page_Down}, NamedKey{123, XKB_KEY_Left},
-    NamedKey{124, XKB_KEY_Right},   NamedKey{126, XKB_KEY_Up},        NamedKey{125, XKB_KEY_Down},
-    NamedKey{114, XKB_KEY_Insert},  NamedKey{110, XKB_KEY_Menu},      NamedKey{122, XKB_KEY_F1},
-    NamedKey{120, XKB_KEY_F2},      NamedKey{99, XKB_KEY_F3},         NamedKey{118, XKB_KEY_F4},
-    NamedKey{96, XKB_KEY_F5},       NamedKey{97, XKB_KEY_F6},         NamedKey{98, XKB_KEY_F7},
-    NamedKey{100, XKB_KEY_F8},      NamedKey{101, XKB_KEY_F9},        NamedKey{109, XKB_KEY_F10},
-    NamedKey{103, XKB_KEY_F11},     NamedKey{111, XKB_KEY_F12},       NamedKey{105, XKB_KEY_F13},
-    NamedKey{107, XKB_KEY_F14},     NamedKey{113, XKB_KEY_F15},       NamedKey{106, XKB_KEY_F16},
-    NamedKey{64, XKB_KEY_F17},      NamedKey{79, XKB_KEY_F18},        NamedKey{80, XKB_KEY_F19},
-    NamedKey{90, XKB_KEY_F20},
-};
-
-QString keysymName(quint32 keyCode, const KeyboardLayout &layout) {
-    const auto *named =
-        std::find_if(namedKeys.begin(), namedKeys.end(), [=](auto key) { return key.keyCode == keyCode; });
-    auto keysym = named == namedKeys.end() ? static_cast<xkb_keysym_t>(XKB_KEY_NoSymbol) : named->keysym;
-    if (keysym == XKB_KEY_NoSymbol) {
-        const auto character = layout.character(keyCode).value_or(QString()).toUcs4();
-        if (character.size() != 1)
-            return {};
-        keysym = xkb_utf32_to_keysym(character.front());
-    }
-    std::array<char, 64> name{};
-    const auto length = xkb_keysym_get_name(keysym, name.data(), name.size());
-    return length > 0 ? QString::fromLatin1(name.data(), std::min<qsizetype>(length, name.size() - 1)) : QString();
-}
 
 } // namespace
 
@@ -117,20 +81,6 @@ void PortalHotKeyGrabber::release(quint32 id) {
 QString PortalHotKeyGrabber::trigger(quint32 id) const {
     const auto found = m_triggers.find(id);
     return found == m_triggers.end() ? QString() : found->second;
-}
-
-QString PortalHotKeyGrabber::preferredTrigger(const HotKeyOffer &offer, const KeyboardLayout &layout) {
-    const auto key = keysymName(offer.keyCode, layout);
-    QString trigger;
-    if ((offer.modifiers & 0x1000U) != 0)
-        trigger += QStringLiteral("CTRL+");
-    if ((offer.modifiers & 0x800U) != 0)
-        trigger += QStringLiteral("ALT+");
-    if ((offer.modifiers & 0x200U) != 0)
-        trigger += QStringLiteral("SHIFT+");
-    if ((offer.modifiers & 0x100U) != 0)
-        trigger += QStringLiteral("LOGO+");
-    return key.isEmpty() || trigger.isEmpty() ? QString() : trigger + key;
 }
 
 QList<PortalShortcut> PortalHotKeyGrabber::shortcuts() const {
@@ -226,42 +176,61 @@ void PortalHotKeyGrabber::responded(uint code, const QVariantMap &results, const
     } else if (m_state == State::Binding) {
         m_state = State::Bound;
         keepTriggers(results[QStringLiteral("shortcuts")]);
-        std::set<quint32> missing;
-        for (const auto id : m_held) {
-            if (!m_triggers.contains(id))
-                missing.insert(id);
-        }
-        refuse(missing);
     }
 }
 
 void PortalHotKeyGrabber::keepTriggers(const QVariant &shortcuts) {
-    m_triggers.clear();
+    const auto before = std::exchange(m_triggers, {});
     const auto list = qdbus_cast<QList<PortalShortcut>>(shortcuts);
     for (const auto &shortcut : list) {
-        bool isNumber = false;
-        const auto id = shortcut.id.toUInt(&isNumber);
-        const bool isOffered =
-            std::any_of(m_offers.begin(), m_offers.end(), [=](const auto &offer) { return offer.id == id; });
-        if (isNumber && isOffered)
-            m_triggers[id] = shortcut.properties[QStringLiteral("trigger_description")].toString();
+        const auto id = offeredId(shortcut.id);
+        const auto trigger = shortcut.properties.value(QStringLiteral("trigger_description"));
+        // One that has no keys is in the list all the same.
+        const bool hasNoKeys = trigger.isValid() && trigger.toString().isEmpty();
+        if (id && !hasNoKeys)
+            m_triggers[*id] = trigger.toString();
     }
+    std::set<quint32> missing;
+    std::copy_if(m_held.begin(), m_held.end(), std::inserter(missing, missing.end()),
+                 [this](auto id) { return !m_triggers.contains(id); });
+    refuse(missing);
+    for (const auto &[id, trigger] : std::map(m_triggers)) {
+        if (!before.contains(id) && !m_held.contains(id))
+            onGranted(id);
+    }
+}
+
+std::optional<quint32> PortalHotKeyGrabber::offeredId(const QString &text) const {
+    bool isNumber = false;
+    const auto id = text.toUInt(&isNumber);
+    const bool isOffered =
+        std::any_of(m_offers.begin(), m_offers.end(), [=](const auto &offer) { return offer.id == id; });
+    return isNumber && isOffered ? std::optional(id) : std::nullopt;
 }
 
 void PortalHotKeyGrabber::activated(const QDBusMessage &message) {
     const auto arguments = message.arguments();
     if (m_session.isEmpty() || arguments.size() < 2 || arguments[0].value<QDBusObjectPath>().path() != m_session)
         return;
-    bool isNumber = false;
-    const auto id = arguments[1].toString().toUInt(&isNumber);
-    if (isNumber && m_held.contains(id))
-        onPressed(id);
+    const auto id = offeredId(arguments[1].toString());
+    if (!id)
+        return;
+    // Whatever was said of it, it has keys.
+    if (m_state == State::Bound && m_triggers.try_emplace(*id).second)
+        onGranted(*id);
+    if (m_held.contains(*id))
+        onPressed(*id);
 }
 
 void PortalHotKeyGrabber::shortcutsChanged(const QDBusMessage &message) {
     const auto arguments = message.arguments();
-    if (m_state == State::Bound && arguments.size() >= 2 && arguments[0].value<QDBusObjectPath>().path() == m_session)
-        keepTriggers(arguments[1]);
+    if (m_session.isEmpty() || arguments.size() < 2 || arguments[0].value<QDBusObjectPath>().path() != m_session)
+        return;
+    // Before the answer to our own question this is no news. After it, keys can also come to a session that has none.
+    if (m_state != State::Bound && m_state != State::Refused)
+        return;
+    m_state = State::Bound;
+    keepTriggers(arguments[1]);
 }
 
 void PortalHotKeyGrabber::sessionClosed(const QDBusMessage &message) {

@@ -10,6 +10,7 @@
 #include <QVariantMap>
 
 #include <map>
+#include <optional>
 #include <set>
 
 class QDBusServiceWatcher;
@@ -41,10 +42,6 @@ public:
     [[nodiscard]] QString trigger(quint32 id) const override;
     void release(quint32 id) override;
 
-    /// "CTRL+ALT+space", as a trigger is proposed; empty for a key without a modifier, which nobody should lose
-    /// everywhere.
-    [[nodiscard]] static QString preferredTrigger(const HotKeyOffer &offer, const KeyboardLayout &layout);
-
 private:
     enum class State { Idle, Creating, Binding, Bound, Refused };
 
@@ -58,7 +55,9 @@ private:
     /// Subscribes to the answer of a request before it is made, and gives the token to make it with.
     QString expectResponse();
     void call(const QString &method, const QVariantList &arguments);
+    /// Keeps what the desktop's user has decided, and tells of what is gone and what has come.
     void keepTriggers(const QVariant &shortcuts);
+    [[nodiscard]] std::optional<quint32> offeredId(const QString &text) const;
     [[nodiscard]] QList<PortalShortcut> shortcuts() const;
 
 private Q_SLOTS:

@@ -164,3 +164,16 @@ TEST_F(KeyBindingsTest, NamesTheKeyThatWasRefusedAnewAndDoesNotTakeItWhenAnother
     EXPECT_TRUE(grabber->held.empty());
     EXPECT_EQ(model.hotKeyProblem(), L("shortcut.taken", QStringLiteral("⌃⌥Л")));
 }
+
+TEST_F(KeyBindingsTest, TakesARefusedKeyThatTheDesktopsUserGrantsLater) {
+    grabber->refuses = true;
+    bindings.start();
+    EXPECT_NE(model.hotKeyProblem(), std::nullopt);
+    grabber->refuses = false;
+    grabber->onGranted(1);
+    EXPECT_TRUE(holds(1, optionSpace));
+    EXPECT_EQ(model.hotKeyProblem(), std::nullopt);
+    shortcuts.setPaused(true);
+    grabber->onGranted(1);
+    EXPECT_TRUE(grabber->held.empty()) << "not while paused";
+}

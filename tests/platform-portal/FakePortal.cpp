@@ -95,6 +95,15 @@ void FakePortal::activate(const QString &id, const QString &inSession) {
     m_bus.send(signal);
 }
 
+void FakePortal::change(const QMap<QString, QString> &triggers) {
+    QList<PortalShortcut> shortcuts;
+    for (auto trigger = triggers.begin(); trigger != triggers.end(); ++trigger)
+        shortcuts.append({trigger.key(), {{QStringLiteral("trigger_description"), trigger.value()}}});
+    auto signal = QDBusMessage::createSignal(path, interface, QStringLiteral("ShortcutsChanged"));
+    signal.setArguments({QVariant::fromValue(QDBusObjectPath(session)), QVariant::fromValue(shortcuts)});
+    m_bus.send(signal);
+}
+
 void FakePortal::closeSession() {
     m_bus.send(QDBusMessage::createSignal(session, QStringLiteral("org.freedesktop.portal.Session"),
                                           QStringLiteral("Closed")));

@@ -33,6 +33,8 @@ public:
     std::optional<std::pair<QString, QVariantMap>> pending; ///< With `Nothing`: the request to answer later.
 
     void activate(const QString &id, const QString &inSession = {});
+    /// The user has changed the session's shortcuts: now these ids have these triggers.
+    void change(const QMap<QString, QString> &triggers);
     void closeSession();
     void respond(const QString &request, uint code, const QVariantMap &results);
 

@@ -1,5 +1,6 @@
 #include "platform/portal/PortalHotKeyGrabber.h"
 
+#include "platform/portal/preferredTrigger.h"
 #include "tests/platform-portal/FakePortal.h"
 #include "tests/shortcuts/FixedKeyboardLayout.h"
 #include "tests/support/Eventually.h"
@@ -25,6 +26,7 @@ protected:
         grabber = std::make_unique<PortalHotKeyGrabber>(bus.connect(), QStringLiteral("org.palomet.Palomet"), layout);
         grabber->onPressed = [this](quint32 id) { pressed.push_back(id); };
         grabber->onRefused = [this](quint32 id) { refused.push_back(id); };
+        grabber->onGranted = [this](quint32 id) { granted.push_back(id); };
         grabber->offer(offers);
         isTaken = grabber->grab(1, 49, option);
     }
@@ -39,6 +41,7 @@ protected:
     std::unique_ptr<PortalHotKeyGrabber> grabber;
     std::vector<quint32> pressed;
     std::vector<quint32> refused;
+    std::vector<quint32> granted;
     bool isTaken = false;
 };
 
@@ -66,9 +69,9 @@ TEST_F(PortalHotKeyGrabberTest, NeverProposesAKeyWithoutAModifier) {
     begin();
     ASSERT_TRUE(isBound());
     EXPECT_FALSE(portal.bound[1].properties.contains(QStringLiteral("preferred_trigger")));
-    EXPECT_EQ(PortalHotKeyGrabber::preferredTrigger({1, {}, 40, 0x1000 | option | 0x200 | 0x100}, layout),
+    EXPECT_EQ(preferredTrigger({1, {}, 40, 0x1000 | option | 0x200 | 0x100}, layout),
               QStringLiteral("CTRL+ALT+SHIFT+LOGO+k"));
-    EXPECT_EQ(PortalHotKeyGrabber::preferredTrigger({1, {}, 10, option}, layout), QString());
+    EXPECT_EQ(preferredTrigger({1, {}, 10, option}, layout), QString());
 }
 
 TEST_F(PortalHotKeyGrabberTest, TellsOfAnActivationOfARegisteredKeyOnly) {
@@ -167,4 +170,46 @@ TEST_F(PortalHotKeyGrabberTest, BindsAnewOnlyWhenWhatIsOfferedChanged) {
     EXPECT_EQ(portal.calls.count(QStringLiteral("CreateSession")), 2);
     EXPECT_EQ(portal.calls.count(QStringLiteral("Close")), 1);
     EXPECT_EQ(portal.bound[0].properties[QStringLiteral("preferred_trigger")], QStringLiteral("ALT+k"));
+}
+
+TEST_F(PortalHotKeyGrabberTest, ReportsAKeyThatTheUserTakesAwayAndOneThatIsGivenLater) {
+    portal.appear();
+    begin();
+    ASSERT_TRUE(isBound());
+    granted.clear();
+    portal.change({{QStringLiteral("2"), QStringLiteral("Meta+2")}});
+    EXPECT_TRUE(test::eventually([&] { return refused == std::vector<quint32>({1}); }));
+    EXPECT_FALSE(grabber->grab(1, 49, option));
+    portal.activate(QStringLiteral("2"));
+    portal.change({{QStringLiteral("1"), QStringLiteral("Meta+3")}, {QStringLiteral("2"), QStringLiteral("Meta+2")}});
+    EXPECT_TRUE(test::eventually([&] { return granted == std::vector<quint32>({1}); }));
+    EXPECT_TRUE(grabber->grab(1, 49, option));
+    EXPECT_EQ(grabber->trigger(1), QStringLiteral("Meta+3"));
+    portal.activate(QStringLiteral("1"));
+    EXPECT_TRUE(test::eventually([&] { return pressed == std::vector<quint32>({1}); }));
+    EXPECT_EQ(refused, std::vector<quint32>({1}));
+}
+
+TEST_F(PortalHotKeyGrabberTest, ReportsAKeyThatIsLeftWithoutKeysUntilItIsActivatedAfterAll) {
+    portal.appear();
+    begin();
+    ASSERT_TRUE(isBound());
+    granted.clear();
+    portal.change({{QStringLiteral("1"), QString()}, {QStringLiteral("2"), QStringLiteral("Meta+2")}});
+    EXPECT_TRUE(test::eventually([&] { return refused == std::vector<quint32>({1}); }));
+    grabber->onGranted = [this](quint32 id) { isTaken = grabber->grab(id, 49, option); };
+    isTaken = false;
+    portal.activate(QStringLiteral("1"));
+    EXPECT_TRUE(test::eventually([&] { return pressed == std::vector<quint32>({1}); }));
+    EXPECT_TRUE(isTaken);
+}
+
+TEST_F(PortalHotKeyGrabberTest, TakesTheKeysThatTheUserChoosesAfterARefusal) {
+    portal.answer = FakePortal::Answer::RefuseBinding;
+    portal.appear();
+    begin();
+    ASSERT_TRUE(test::eventually([&] { return refused == std::vector<quint32>({1}); }));
+    portal.change({{QStringLiteral("1"), QStringLiteral("Meta+3")}});
+    EXPECT_TRUE(test::eventually([&] { return granted == std::vector<quint32>({1}); }));
+    EXPECT_TRUE(grabber->grab(1, 49, option));
 }

@@ -3,12 +3,13 @@
 #include "platform/x11/X11Connection.h"
 #include "platform/x11/XcbReply.h"
 
-#include <QByteArrayView>
+#include <QByteArray>
 
 #include <xcb/xcb.h>
 
 #include <algorithm>
 #include <array>
+#include <optional>
 #include <vector>
 
 namespace palomet {
@@ -22,11 +23,20 @@ constexpr quint32 mostValues = 4096;
 enum Strut { Left, Right, Top, Bottom, LeftFrom, LeftTo, RightFrom, RightTo, TopFrom, TopTo, BottomFrom, BottomTo };
 using Struts = std::array<quint32, BottomTo + 1>;
 
+/// How many pixels a screen can be smaller than it is in truth, its size being rounded to points.
+constexpr int rounding = 4;
+
 struct Atoms {
     xcb_atom_t clients;
     xcb_atom_t partial;
     xcb_atom_t whole;
+    xcb_atom_t desktop;
+    xcb_atom_t area;
 };
+
+xcb_intern_atom_cookie_t askForAtom(xcb_connection_t *connection, const QByteArray &name) {
+    return xcb_intern_atom(connection, 1, static_cast<quint16>(name.size()), name.constData());
+}
 
 xcb_atom_t atom(xcb_connection_t *connection, xcb_intern_atom_cookie_t cookie) {
     const XcbReply<xcb_intern_atom_reply_t> reply{xcb_intern_atom_reply(connection, cookie, nullptr)};
@@ -34,13 +44,14 @@ xcb_atom_t atom(xcb_connection_t *connection, xcb_intern_atom_cookie_t cookie) {
 }
 
 Atoms atoms(xcb_connection_t *connection) {
-    const auto ask = [&](QByteArrayView name) {
-        return xcb_intern_atom(connection, 1, static_cast<quint16>(name.size()), name.data());
-    };
+    const auto ask = [&](const char *name) { return askForAtom(connection, name); };
     const auto clients = ask("_NET_CLIENT_LIST");
     const auto partial = ask("_NET_WM_STRUT_PARTIAL");
     const auto whole = ask("_NET_WM_STRUT");
-    return {atom(connection, clients), atom(connection, partial), atom(connection, whole)};
+    const auto desktop = ask("_NET_CURRENT_DESKTOP");
+    const auto area = ask("_NET_WORKAREA");
+    return {atom(connection, clients), atom(connection, partial), atom(connection, whole), atom(connection, desktop),
+            atom(connection, area)};
 }
 
 xcb_get_property_cookie_t ask(xcb_connection_t *connection, xcb_window_t window, xcb_atom_t property) {
@@ -99,19 +110,60 @@ QRect without(QRect screen, const QRect &taken, Strut edge) {
     return left.isValid() ? left : screen;
 }
 
+/// A list of rectangles, four numbers each. None is larger than a display can be.
+std::vector<QRect> rectangles(const std::vector<quint32> &values) {
+    std::vector<QRect> found;
+    for (std::size_t i = 0; i + 4 <= values.size(); i += 4) {
+        const auto number = [&](std::size_t at) { return static_cast<int>(std::min(values[i + at], 0xFFFFU)); };
+        found.emplace_back(number(0), number(1), number(2), number(3));
+    }
+    return found;
+}
+
+/// What both leave of a screen. What would leave nothing is out of date.
+QRect within(const QRect &left, const QRect &area) {
+    const auto both = left & area;
+    return both.isEmpty() ? left : both;
+}
+
+qint64 size(const QRect &area) {
+    return qint64{area.width()} * area.height();
+}
+
+/// What the window manager itself leaves of a screen; nothing where it does not say so.
+std::optional<QRect> areaOf(const X11Connection &x11, const Atoms &atoms, const QRect &screen, QSize display) {
+    auto *connection = x11.get();
+    const auto current = ask(connection, x11.root(), atoms.desktop);
+    const auto whole = ask(connection, x11.root(), atoms.area);
+    const auto desktops = values(connection, current);
+    const auto desktop = desktops.empty() ? 0 : desktops.front();
+    const auto name = atom(connection, askForAtom(connection, "_GTK_WORKAREAS_D" + QByteArray::number(desktop)));
+    const auto monitors = rectangles(values(connection, ask(connection, x11.root(), name)));
+    const auto areas = rectangles(values(connection, whole));
+
+    const auto nearest = std::ranges::max_element(
+        monitors, {}, [&](const QRect &area) { return (area & screen).isEmpty() ? qint64{0} : size(area & screen); });
+    if (nearest != monitors.end() && nearest->intersects(screen))
+        return *nearest;
+    const bool isAlone = screen.adjusted(-rounding, -rounding, rounding, rounding).contains(QRect({}, display));
+    if (!isAlone || areas.empty())
+        return std::nullopt;
+    return areas[desktop < areas.size() ? desktop : 0];
+}
+
 } // namespace
 
 QRect X11WorkArea::usable(const QRect &screen) const {
     auto *connection = m_connection.get();
-    const auto [clients, partial, whole] = atoms(connection);
+    const auto known = atoms(connection);
     const XcbReply<xcb_get_geometry_reply_t> root{
         xcb_get_geometry_reply(connection, xcb_get_geometry(connection, m_connection.root()), nullptr)};
     m_connection.deliverLater();
-    if (!root || clients == XCB_ATOM_NONE)
+    if (!root)
         return screen;
     const QSize display(root->width, root->height);
 
-    const auto windows = values(connection, ask(connection, m_connection.root(), clients));
+    const auto windows = values(connection, ask(connection, m_connection.root(), known.clients));
     struct Question {
         xcb_get_property_cookie_t partial;
         xcb_get_property_cookie_t whole;
@@ -119,7 +171,7 @@ QRect X11WorkArea::usable(const QRect &screen) const {
     std::vector<Question> questions;
     questions.reserve(windows.size());
     for (const auto window : windows)
-        questions.push_back({ask(connection, window, partial), ask(connection, window, whole)});
+        questions.push_back({ask(connection, window, known.partial), ask(connection, window, known.whole)});
 
     auto left = screen;
     for (const auto &question : questions) {
@@ -133,7 +185,8 @@ QRect X11WorkArea::usable(const QRect &screen) const {
         for (const auto edge : {Left, Right, Top, Bottom})
             left = without(left, taken(reserved, edge, display), edge);
     }
-    return left;
+    const auto area = areaOf(m_connection, known, screen, display);
+    return area ? within(left, *area) : left;
 }
 
 } // namespace palomet

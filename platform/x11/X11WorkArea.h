@@ -7,8 +7,9 @@ namespace palomet {
 class X11Connection;
 
 /// What the panels and docks of the desktop reserve for themselves at the edges of the screens, each as its window says
-/// it (`_NET_WM_STRUT_PARTIAL`, else `_NET_WM_STRUT`). The window manager's own sum, `_NET_WORKAREA`, is one rectangle
-/// for all screens together and so of no use where there are several.
+/// it (`_NET_WM_STRUT_PARTIAL`, else `_NET_WM_STRUT`), and what the window manager reserves for panels that are no
+/// windows of their own: one rectangle a monitor (`_GTK_WORKAREAS_D0` and so on) where it says so, else
+/// `_NET_WORKAREA`, which is one for all monitors together and so of use only where there is one.
 class X11WorkArea final : public WorkArea {
 public:
     /// The connection outlives this.

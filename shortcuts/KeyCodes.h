@@ -70,8 +70,7 @@ inline constexpr std::array all{
     Pair{47, 52},
     Pair{44, 53},
     // The key beside the left Shift of ISO boards; yen, ro, keypad comma, eisu and kana of Japanese ones. Brazilian
-    // boards
-    // have the ro key and the keypad comma too.
+    // boards have the ro key and the keypad comma too.
     Pair{10, 86},
     Pair{93, 124},
     Pair{94, 89},

@@ -3,8 +3,8 @@
 #include "ui/localization/Localization.h"
 
 #include <QHash>
-#include <QJsonDocument>
-#include <QJsonObject>
+
+#include <simdjson.h>
 
 #include <algorithm>
 #include <array>
@@ -76,15 +76,16 @@ quint32 checkedKeyCode(qint64 code) {
 }
 
 /// A whole number from 0 to `limit`; a number written with a fraction of nothing is one.
-std::optional<quint64> wholeNumber(const QJsonValue &value, quint64 limit) {
-    if (!value.isDouble())
-        return std::nullopt;
-    const auto number = value.toDouble();
-    if (!(number >= 0) || number != std::floor(number) || number >= 18446744073709551616.0)
-        return std::nullopt;
-    const auto exact = value.toInteger(-1);
-    const auto whole = exact >= 0 ? static_cast<quint64>(exact) : static_cast<quint64>(number);
-    return whole <= limit ? std::optional(whole) : std::nullopt;
+std::optional<quint64> wholeNumber(simdjson::dom::element value, quint64 limit) {
+    std::uint64_t whole = 0;
+    if (value.get(whole) != simdjson::SUCCESS) {
+        double number = -1;
+        if (value.get(number) != simdjson::SUCCESS || !(number >= 0) || number != std::floor(number) ||
+            number >= 18446744073709551616.0)
+            return std::nullopt;
+        whole = static_cast<std::uint64_t>(number);
+    }
+    return whole <= limit ? std::optional<quint64>(whole) : std::nullopt;
 }
 
 } // namespace
@@ -158,9 +159,20 @@ QByteArray Shortcut::toJson() const {
 }
 
 std::optional<Shortcut> Shortcut::fromJson(const QByteArray &json) {
-    const auto object = QJsonDocument::fromJson(json).object();
-    const auto keyCode = wholeNumber(object[QStringLiteral("keyCode")], std::numeric_limits<quint32>::max());
-    const auto flags = wholeNumber(object[QStringLiteral("flags")], std::numeric_limits<quint64>::max());
+    // Qt's own parser rounds what is beyond 63 bits.
+    simdjson::dom::parser parser;
+    simdjson::dom::object object;
+    if (parser.parse(json.constData(), static_cast<std::size_t>(json.size())).get(object) != simdjson::SUCCESS)
+        return std::nullopt;
+    std::optional<quint64> keyCode;
+    std::optional<quint64> flags;
+    // Of a key that is there twice, the last counts.
+    for (const auto [key, value] : object) {
+        if (key == "keyCode")
+            keyCode = wholeNumber(value, std::numeric_limits<quint32>::max());
+        else if (key == "flags")
+            flags = wholeNumber(value, std::numeric_limits<quint64>::max());
+    }
     if (!keyCode || !flags)
         return std::nullopt;
     Shortcut shortcut;

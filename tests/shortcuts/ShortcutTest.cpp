@@ -1,9 +1,12 @@
 #include "shortcuts/Shortcut.h"
 
+#include "shortcuts/KeyCodes.h"
 #include "tests/shortcuts/FixedKeyboardLayout.h"
 #include "ui/localization/Localization.h"
 
 #include <gtest/gtest.h>
+
+#include <vector>
 
 using namespace palomet;
 
@@ -69,11 +72,62 @@ TEST_F(ShortcutTest, OfReturnAndKeypadEnterSharesTheCapButNotTheGlyph) {
     EXPECT_EQ(keypad.menuKey(layout), QStringLiteral("\x03"));
 }
 
-TEST_F(ShortcutTest, NamesTheFunctionKeysByTheirNumber) {
-    EXPECT_EQ(Shortcut(122, 0).keyName(layout), QStringLiteral("F1"));
-    EXPECT_EQ(Shortcut(90, 0).keyName(layout), QStringLiteral("F20"));
-    EXPECT_EQ(Shortcut(122, 0).menuKey(layout), QString(QChar(0xF704)));
-    EXPECT_EQ(Shortcut(90, 0).menuKey(layout), QString(QChar(0xF717)));
+TEST_F(ShortcutTest, OfASpecialKeyHasItsSignItsCapItsMenuKeyAndItsPlaceOnTheKeyboard) {
+    struct Row {
+        quint32 keyCode;
+        quint16 evdev;
+        QString name;
+        QString cap;
+        char16_t menuKey;
+    };
+    // Left, right, up, down; Return, keypad Enter; Backspace, Delete, Tab, Space, Escape; Home, End, Page Up and Down.
+    const std::vector<Row> rows{
+        {123, 105, QStringLiteral("←"), QStringLiteral("icon:arrow-left"), 0xF702},
+        {124, 106, QStringLiteral("→"), QStringLiteral("icon:arrow-right"), 0xF703},
+        {126, 103, QStringLiteral("↑"), QStringLiteral("icon:arrow-up"), 0xF700},
+        {125, 108, QStringLiteral("↓"), QStringLiteral("icon:arrow-down"), 0xF701},
+        {36, 28, QStringLiteral("↩"), QStringLiteral("icon:corner-down-left"), 0x000D},
+        {76, 96, QStringLiteral("⌤"), QStringLiteral("icon:corner-down-left"), 0x0003},
+        {51, 14, QStringLiteral("⌫"), QStringLiteral("icon:backspace"), 0x0008},
+        {117, 111, QStringLiteral("⌦"), QStringLiteral("⌦"), 0xF728},
+        {48, 15, QStringLiteral("⇥"), QStringLiteral("⇥"), 0x0009},
+        {49, 57, QStringLiteral("Space"), QStringLiteral("Space"), 0x0020},
+        {53, 1, QStringLiteral("⎋"), QStringLiteral("⎋"), 0x001B},
+        {115, 102, QStringLiteral("↖"), QStringLiteral("↖"), 0xF729},
+        {119, 107, QStringLiteral("↘"), QStringLiteral("↘"), 0xF72B},
+        {116, 104, QStringLiteral("⇞"), QStringLiteral("⇞"), 0xF72C},
+        {121, 109, QStringLiteral("⇟"), QStringLiteral("⇟"), 0xF72D},
+    };
+    for (const auto &row : rows) {
+        const Shortcut shortcut(row.keyCode, 0);
+        EXPECT_EQ(shortcut.keyName(layout), row.name) << row.keyCode;
+        EXPECT_EQ(shortcut.caps(layout), QStringList(row.cap)) << row.keyCode;
+        EXPECT_EQ(shortcut.menuKey(layout), QString(QChar(row.menuKey))) << row.keyCode;
+        EXPECT_EQ(KeyCodes::toEvdev(row.keyCode), row.evdev) << row.keyCode;
+        EXPECT_FALSE(shortcut.isUsable()) << row.keyCode;
+    }
+}
+
+TEST_F(ShortcutTest, OfAFunctionKeyHasItsNumberItsMenuKeyAndItsPlaceOnTheKeyboard) {
+    struct Row {
+        quint32 keyCode;
+        quint16 evdev;
+    };
+    // F1 to F20, in order.
+    const std::vector<Row> rows{{122, 59},  {120, 60},  {99, 61},  {118, 62}, {96, 63},  {97, 64},   {98, 65},
+                                {100, 66},  {101, 67},  {109, 68}, {103, 87}, {111, 88}, {105, 183}, {107, 184},
+                                {113, 185}, {106, 186}, {64, 187}, {79, 188}, {80, 189}, {90, 190}};
+    int number = 0;
+    for (const auto &row : rows) {
+        ++number;
+        const Shortcut shortcut(row.keyCode, 0);
+        EXPECT_EQ(shortcut.functionKey(), number) << row.keyCode;
+        EXPECT_EQ(shortcut.keyName(layout), u'F' + QString::number(number)) << row.keyCode;
+        EXPECT_EQ(shortcut.caps(layout), QStringList(u'F' + QString::number(number))) << row.keyCode;
+        EXPECT_EQ(shortcut.menuKey(layout), QString(QChar(0xF703 + number))) << row.keyCode;
+        EXPECT_EQ(KeyCodes::toEvdev(row.keyCode), row.evdev) << row.keyCode;
+        EXPECT_TRUE(shortcut.isUsable()) << row.keyCode;
+    }
 }
 
 TEST_F(ShortcutTest, ShowsACharacterUpperCasedAndTakesItLowerCasedInAMenu) {
@@ -106,6 +160,23 @@ TEST_F(ShortcutTest, KeepsStoredFlagsBeyondTheMask) {
     const auto shortcut = Shortcut::fromJson(R"({"keyCode":49,"flags":4294967295,"more":1})");
     ASSERT_TRUE(shortcut);
     EXPECT_EQ(shortcut->flags, 0xFFFFFFFFU);
+}
+
+TEST_F(ShortcutTest, KeepsEveryBitOfStoredFlags) {
+    for (const quint64 flags : {0x7FFF'FFFF'FFFF'FFFFU, 0x8000'0000'0000'0001U, 0xFFFF'FFFF'FFFF'FFFFU}) {
+        Shortcut shortcut(49, 0);
+        shortcut.flags = flags;
+        EXPECT_EQ(Shortcut::fromJson(shortcut.toJson()), shortcut) << flags;
+    }
+}
+
+TEST_F(ShortcutTest, IsTheLastOneWhereItIsStoredTwice) {
+    EXPECT_EQ(Shortcut::fromJson(R"({"keyCode":1,"flags":0,"keyCode":49})"), Shortcut(49, 0));
+    EXPECT_EQ(Shortcut::fromJson(R"({"keyCode":49,"flags":0,"flags":"none"})"), std::nullopt);
+}
+
+TEST_F(ShortcutTest, MayBeStoredWithFractionsOfNothingAndWithWhatNobodyReads) {
+    EXPECT_EQ(Shortcut::fromJson(R"( {"keyCode":49.0,"flags":5.24288e5,"more":{"keyCode":[1]}} )"), Shortcut::opt(49));
 }
 
 TEST_F(ShortcutTest, EndsTheProcessForAKeyCodeThatCannotBe) {

@@ -115,6 +115,24 @@ TEST_F(ShortcutsTest, SetToWhatTheyAreAreStillSavedAndReportedOnce) {
     EXPECT_EQ(stored("listenShortcut"), optionSpace);
 }
 
+TEST_F(ShortcutsTest, AreAnnouncedThenSavedThenReported) {
+    open();
+    QStringList order;
+    const auto note = [&](const QString &what, const char *key) {
+        order.append(what + (stored(key) == QStringLiteral("none") ? QStringLiteral(": saved") : QString()));
+    };
+    QObject::connect(shortcuts.get(), &Shortcuts::listenChanged,
+                     [&] { note(QStringLiteral("listen announced"), "listenShortcut"); });
+    QObject::connect(shortcuts.get(), &Shortcuts::stopChanged,
+                     [&] { note(QStringLiteral("stop announced"), "stopShortcut"); });
+    shortcuts->onChange = [&] { note(QStringLiteral("listen reported"), "listenShortcut"); };
+    shortcuts->setListen(std::nullopt);
+    shortcuts->onChange = [&] { note(QStringLiteral("stop reported"), "stopShortcut"); };
+    shortcuts->setStop(std::nullopt);
+    EXPECT_EQ(order, QStringList({QStringLiteral("listen announced"), QStringLiteral("listen reported: saved"),
+                                  QStringLiteral("stop announced"), QStringLiteral("stop reported: saved")}));
+}
+
 TEST_F(ShortcutsTest, WorkWithASettingsFileThatCannotBeWritten) {
     ASSERT_TRUE(QDir().mkpath(path)); // A folder stands in its place.
     open();

@@ -95,6 +95,22 @@ QString signatureOf(const QString &text) {
     return signature;
 }
 
+/// The keys that a source looks up: in C++ the first argument of `L`, in QML whatever is written in `Words.t`.
+QStringList keysIn(const QString &source) {
+    static const QRegularExpression inCpp(QStringLiteral(R"rx(\bL\(\s*u?"([a-z][A-Za-z.]*)")rx"));
+    static const QRegularExpression inQml(QStringLiteral(R"rx(\bWords\.t\(([^()]*)\))rx"));
+    static const QRegularExpression literal(QStringLiteral(R"rx("([^"]*)")rx"));
+    QStringList found;
+    const auto addAll = [&found](const QRegularExpression &expression, const QString &text) {
+        for (auto matches = expression.globalMatch(text); matches.hasNext();)
+            found.append(matches.next().captured(1));
+    };
+    addAll(inCpp, source);
+    for (auto calls = inQml.globalMatch(source); calls.hasNext();)
+        addAll(literal, calls.next().captured(1));
+    return found;
+}
+
 class ShippedTables : public ::testing::TestWithParam<const char *> {
 protected:
     void SetUp() override {
@@ -159,17 +175,16 @@ TEST_P(ShippedTables, HoldBothFormsOfEachPlural) {
 }
 
 TEST_P(ShippedTables, HoldEveryKeyThatIsWrittenInTheCode) {
-    static const QRegularExpression lookUp(QStringLiteral(R"rx(\bL\(\s*u?"([a-z][A-Za-z.]*)")rx"));
     const auto present = m_table.keys();
+    int found = 0;
     for (const char *folder : {"app", "audio", "model", "shortcuts", "ui"}) {
         QDirIterator files(QStringLiteral(PALOMET_SOURCE_DIR "/") + QString::fromUtf8(folder),
                            {u"*.cpp"_s, u"*.h"_s, u"*.qml"_s}, QDir::Files, QDirIterator::Subdirectories);
         while (files.hasNext()) {
             QFile file(files.next());
             ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-            auto matches = lookUp.globalMatch(QString::fromUtf8(file.readAll()));
-            while (matches.hasNext()) {
-                const auto key = matches.next().captured(1);
+            for (const auto &key : keysIn(QString::fromUtf8(file.readAll()))) {
+                ++found;
                 // A key that ends with a point is completed where it is used; a plural's form too.
                 const auto isStem = key.endsWith(u'.');
                 EXPECT_TRUE(isStem ? present.filter(key).size() > 0
@@ -178,6 +193,7 @@ TEST_P(ShippedTables, HoldEveryKeyThatIsWrittenInTheCode) {
             }
         }
     }
+    EXPECT_GT(found, 100) << "they are written in another way now";
 }
 
 INSTANTIATE_TEST_SUITE_P(Languages, ShippedTables, ::testing::Values("en", "pt-BR"), [](const auto &parameter) {

@@ -20,7 +20,10 @@ StripWindow::StripWindow(UiEngine &engine, StripView &view, const WorkArea *work
     , m_pointer(pointer) {
     connect(&m_view, &StripView::changed, this, &StripWindow::announce);
     // Queued, or the screen would still be among the others.
-    connect(qGuiApp, &QGuiApplication::screenRemoved, this, &StripWindow::keepOnScreen, Qt::QueuedConnection);
+    connect(qGuiApp, &QGuiApplication::screenRemoved, this, &StripWindow::followScreens, Qt::QueuedConnection);
+    connect(qGuiApp, &QGuiApplication::screenAdded, this, &StripWindow::follow);
+    for (const auto *screen : QGuiApplication::screens())
+        follow(screen);
 }
 
 StripWindow::~StripWindow() {
@@ -63,13 +66,20 @@ std::optional<QPoint> StripWindow::pointer() const {
     return m_pointer == Pointer::Known ? std::optional(QCursor::pos()) : std::nullopt;
 }
 
-void StripWindow::keepOnScreen() {
+void StripWindow::follow(const QScreen *screen) {
+    // Queued, for a change of the screens comes as a burst.
+    connect(screen, &QScreen::geometryChanged, this, &StripWindow::followScreens, Qt::QueuedConnection);
+    connect(screen, &QScreen::availableGeometryChanged, this, &StripWindow::followScreens, Qt::QueuedConnection);
+}
+
+void StripWindow::followScreens() {
     if (!isVisible())
         return;
     const auto areas = screens();
-    const bool isOnScreen = std::any_of(
-        areas.begin(), areas.end(), [this](const auto &area) { return area.frame.contains(QRect(m_origin, size)); });
-    orderFront(isOnScreen ? m_origin : stripOrigin(areas, pointer()));
+    const auto middle = QRect(m_origin, size).center();
+    const bool isOnScreen =
+        std::any_of(areas.begin(), areas.end(), [&](const auto &area) { return area.frame.contains(middle); });
+    orderFront(stripOrigin(areas, isOnScreen ? middle : pointer()));
 }
 
 void StripWindow::make() {

@@ -42,8 +42,9 @@ public:
 
 private:
     [[nodiscard]] QRect usable(const QScreen &screen) const;
-    /// Moves onto a screen that is there, if it no longer stands on one.
-    void keepOnScreen();
+    void follow(const QScreen *screen);
+    /// Moves to its place on the screen that it stands on, or on another if that one is gone.
+    void followScreens();
     void make();
     /// Tells a screen reader of a new state, once.
     void announce();

@@ -94,6 +94,26 @@ TEST_F(StripOnDesktopTest, StandsAboveAWindowThatFillsTheScreen) {
     EXPECT_TRUE(eventually([] { return colorAt({1280 - 218, 1024 - 48 - 38}) == dark; }));
 }
 
+TEST_F(StripOnDesktopTest, FollowsTheSizeOfItsScreen) {
+    setState("thinking");
+    awaitAt({1280 - 220, 1024 - 48 - 40});
+    run("xrandr --newmode small 60 1024 1048 1184 1344 768 771 777 806");
+    run("xrandr --addmode screen small");
+    run("xrandr --output screen --mode small");
+    awaitAt({512 - 220, 768 - 48 - 40});
+    run("xrandr --output screen --mode 2560x1024");
+    awaitAt({1280 - 220, 1024 - 48 - 40});
+    run("xrandr --delmode screen small");
+    run("xrandr --rmmode small");
+}
+
+TEST_F(StripOnDesktopTest, MakesWayForAPanelThatComesWhileItStands) {
+    setState("thinking");
+    awaitAt({1280 - 220, 1024 - 48 - 40});
+    const auto dock = showDock(60, 0, 2559);
+    awaitAt({1280 - 220, 1024 - 60 - 48 - 40});
+}
+
 TEST_F(StripOnDesktopTest, StandsAboveWhatADockReserves) {
     const auto dock = showDock(60, 0, 2559);
     setState("thinking");

@@ -109,7 +109,8 @@ void MacWindow::restoreFrame() {
         setFramePosition(frame.topLeft());
     else
         setPosition(frame.topLeft());
-    if (m_settings && m_settings->value(maximizedKey).toBool())
+    // As it is written; every other word would be true, too.
+    if (m_settings && m_settings->value(maximizedKey).toString() == QLatin1StringView("true"))
         setWindowStates(Qt::WindowMaximized);
 }
 

@@ -296,6 +296,16 @@ TEST_F(MacWindowTest, IgnoresASavedFrameThatIsNone) {
     EXPECT_GE(m_window->height(), MacWindow::minimumContentSize.height());
 }
 
+TEST_F(MacWindowTest, IsMaximizedOnlyIfThatIsWhatWasSaved) {
+    for (const auto &[written, isMaximized] : {std::pair(u"banana"_s, false), std::pair(u"1"_s, false),
+                                               std::pair(u"false"_s, false), std::pair(u"true"_s, true)}) {
+        m_window.reset();
+        m_settings.setValue(u"PalometWindowMaximized"_s, written);
+        open();
+        EXPECT_EQ(m_window->windowStates().testFlag(Qt::WindowMaximized), isMaximized) << written.toStdString();
+    }
+}
+
 TEST_F(MacWindowTest, ShowsMarkupAsItIsWritten) {
     setFull([](Snapshot &snapshot) {
         snapshot.device = u"<b>Bold</b> <img src='http://127.0.0.1:1/x.png'>"_s;

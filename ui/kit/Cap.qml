@@ -1,23 +1,14 @@
 import QtQuick
 import Palomet.Kit
+import "signs.js" as Signs
 
-// One key cap. A text that begins with "icon:" names an icon; the signs that the typeface lacks are drawn with icons of
-// the same set.
+// One key cap. A text that begins with "icon:" names an icon; the signs that the typeface lacks are drawn with icons, too.
 ZenBox {
     id: root
 
     property string cap
 
-    readonly property var signs: ({
-            "⎋": "circle-arrow-up-left",
-            "⇥": "arrow-bar-to-right",
-            "⌦": "forward-delete",
-            "↖": "arrow-up-left",
-            "↘": "arrow-down-right",
-            "⇞": "chevrons-up",
-            "⇟": "chevrons-down"
-        })
-    readonly property string icon: signs[cap] ?? (cap.startsWith("icon:") ? cap.slice(5) : "")
+    readonly property string icon: Signs.icons[cap] ?? (cap.startsWith("icon:") ? cap.slice(5) : "")
 
     implicitWidth: Math.max(Zen.cap, icon || cap.length < 2 ? 0 : words.implicitWidth + 2 * Zen.space2 + 2)
     implicitHeight: Zen.cap

@@ -89,13 +89,12 @@ Column {
             }
         }
     }
-    ZenText {
+    SignText {
         width: parent.width
-        text: root.message || root.hint
+        words: root.message || root.hint
         size: 11
         box: 16
         color: root.message ? Zen.alarmInk : Zen.noteInk
-        wrapMode: Text.Wrap
         Accessible.ignored: true
     }
 }

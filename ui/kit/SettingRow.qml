@@ -29,10 +29,12 @@ ZenRow {
             maximumLineCount: elide === Text.ElideNone ? 100 : 1
             font.weight: Zen.bold
         }
-        ZenNote {
+        SignText {
             width: parent.width
-            visible: text !== ""
-            text: root.hint
+            visible: root.hint !== ""
+            words: root.hint
+            box: 21
+            color: Zen.gray5
             Accessible.ignored: true
         }
     }

@@ -24,10 +24,16 @@ status.micOn status.micOff
 sidebar.version
 group.conversation group.settings
 strip.listening strip.say strip.drafted.one strip.drafted.other strip.needsMicrophone strip.mutedInMenu
-recorder.none recorder.type recorder.hint recorder.hint.keyAlone recorder.needsModifier recorder.duplicate
+recorder.none recorder.type recorder.hint recorder.hint.keyAlone recorder.needsModifier
+recorder.unknownKey recorder.duplicate
 recorder.help.idle recorder.help.recording
 shortcut.taken
-key.space
+key.space key.left key.right key.up key.down key.volumeUp key.volumeDown key.mute
+sign.hyphen sign.equals sign.leftBracket sign.rightBracket sign.semicolon sign.apostrophe sign.grave sign.backslash
+sign.comma sign.period sign.slash sign.lessThan sign.greaterThan sign.plus sign.asterisk sign.number sign.acute
+sign.tilde sign.circumflex sign.diaeresis sign.exclamation sign.question sign.colon sign.quotation sign.ampersand
+sign.leftParenthesis sign.rightParenthesis sign.underscore sign.dollar sign.percent sign.at sign.leftBrace
+sign.rightBrace sign.bar sign.section sign.degree
 note.cost.one note.cost.other note.drafting note.microphone note.session note.session.reopening note.waiting
 note.interrupt note.offline note.mutedInMenu note.noNameNeeded note.openSettings
 now.state now.session now.microphone now.model now.model.note now.voice now.voice.note now.untilHeard

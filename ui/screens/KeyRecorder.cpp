@@ -2,6 +2,7 @@
 
 #include "shortcuts/KeyCodes.h"
 #include "ui/localization/Localization.h"
+#include "ui/screens/KeyWords.h"
 
 #include <QCoreApplication>
 #include <QKeyEvent>
@@ -39,9 +40,6 @@ bool isModifier(int key) {
     case Qt::Key_Super_R:
     case Qt::Key_Hyper_L:
     case Qt::Key_Hyper_R:
-    case Qt::Key_CapsLock:
-    case Qt::Key_NumLock:
-    case Qt::Key_ScrollLock:
     case Qt::Key_Mode_switch:
         return true;
     default:
@@ -49,38 +47,21 @@ bool isModifier(int key) {
     }
 }
 
+/// A key that does its own work in every program: no shortcut either.
+bool isLock(int key) {
+    return key == Qt::Key_CapsLock || key == Qt::Key_NumLock || key == Qt::Key_ScrollLock;
+}
+
+/// Leads to what is next, or before, and so away from here.
+bool isTab(const QKeyEvent &event) {
+    const bool isPlain = (event.modifiers() & ~Qt::ShiftModifier) == Qt::NoModifier;
+    return isPlain && (event.key() == Qt::Key_Tab || event.key() == Qt::Key_Backtab);
+}
+
 /// The position of the key on the keyboard. X numbers the keys as the kernel does, plus eight.
 std::optional<quint32> keyCodeOf(const QKeyEvent &event) {
     const auto scanCode = event.nativeScanCode();
     return scanCode < 8 ? std::nullopt : KeyCodes::fromEvdev(static_cast<quint16>(scanCode - 8));
-}
-
-/// What is printed on the key, where the shortcut's own name for it is a sign.
-QString keyWord(const Shortcut &shortcut, const KeyboardLayout &layout) {
-    switch (shortcut.keyCode) {
-    case 36:
-        return QStringLiteral("Return");
-    case 76:
-        return QStringLiteral("Enter");
-    case 48:
-        return QStringLiteral("Tab");
-    case deleteCode:
-        return QStringLiteral("Backspace");
-    case forwardDeleteCode:
-        return QStringLiteral("Delete");
-    case escapeCode:
-        return QStringLiteral("Esc");
-    case 115:
-        return QStringLiteral("Home");
-    case 119:
-        return QStringLiteral("End");
-    case 116:
-        return QStringLiteral("Page Up");
-    case 121:
-        return QStringLiteral("Page Down");
-    default:
-        return shortcut.keyName(layout);
-    }
 }
 
 } // namespace
@@ -91,6 +72,7 @@ KeyRecorder::KeyRecorder(Role role, Shortcuts &shortcuts, const KeyboardLayout &
     , m_layout(layout) {
     connect(&m_shortcuts, role == Role::Listen ? &Shortcuts::listenChanged : &Shortcuts::stopChanged, this,
             &KeyRecorder::changed);
+    connect(&m_layout, &KeyboardLayout::changed, this, &KeyRecorder::changed);
 }
 
 KeyRecorder::~KeyRecorder() {
@@ -112,19 +94,7 @@ QStringList KeyRecorder::caps() const {
 }
 
 QString KeyRecorder::spoken() const {
-    if (!shortcut())
-        return {};
-    QStringList words;
-    if (shortcut()->flags & Shortcut::control)
-        words.append(QStringLiteral("Ctrl"));
-    if (shortcut()->flags & Shortcut::option)
-        words.append(QStringLiteral("Alt"));
-    if (shortcut()->flags & Shortcut::shift)
-        words.append(QStringLiteral("Shift"));
-    if (shortcut()->flags & Shortcut::command)
-        words.append(QStringLiteral("Super"));
-    words.append(keyWord(*shortcut(), m_layout));
-    return words.join(QStringLiteral(" + "));
+    return shortcut() ? spokenShortcut(*shortcut(), m_layout) : QString();
 }
 
 QString KeyRecorder::hint() const {
@@ -164,7 +134,7 @@ void KeyRecorder::start() {
     if (m_isRecording)
         return;
     Q_EMIT started();
-    m_message.clear();
+    m_refusal = {};
     m_isRecording = true;
     m_shortcuts.setPaused(true);
     QCoreApplication::instance()->installEventFilter(this);
@@ -182,12 +152,12 @@ void KeyRecorder::stop() {
 
 void KeyRecorder::disappear() {
     stop();
-    m_message.clear();
+    m_refusal = {};
     Q_EMIT changed();
 }
 
-void KeyRecorder::refuse(const QString &message) {
-    m_message = message;
+void KeyRecorder::refuse(std::function<QString()> message) {
+    m_refusal = std::move(message);
     Q_EMIT changed();
 }
 
@@ -203,14 +173,16 @@ void KeyRecorder::handle(quint32 keyCode, quint64 flags) {
         return;
     }
     if (!allowsKeyAlone() && !candidate.isUsable()) {
-        refuse(L("recorder.needsModifier"));
+        refuse([] { return L("recorder.needsModifier"); });
         return;
     }
     stop();
     const auto &other = allowsKeyAlone() ? m_shortcuts.listen() : m_shortcuts.stop();
     if (other == candidate) {
-        refuse(
-            L("recorder.duplicate", {candidate.text(m_layout), allowsKeyAlone() ? L("menu.listen") : L("menu.stop")}));
+        refuse([=, this] {
+            return L("recorder.duplicate",
+                     {candidate.text(m_layout), allowsKeyAlone() ? L("menu.listen") : L("menu.stop")});
+        });
         return;
     }
     store(candidate);
@@ -224,10 +196,17 @@ bool KeyRecorder::eventFilter(QObject *, QEvent *event) {
     auto *key = static_cast<QKeyEvent *>(event);
     key->accept();
     // A key that is held down, perhaps the one that began the recording, counts once.
-    if (event->type() == QEvent::KeyPress && !key->isAutoRepeat() && !isModifier(key->key())) {
-        if (const auto keyCode = keyCodeOf(*key))
-            handle(*keyCode, flagsOf(key->modifiers()));
+    if (event->type() == QEvent::ShortcutOverride || key->isAutoRepeat() || isModifier(key->key()))
+        return true;
+    if (isTab(*key)) {
+        stop();
+        return false;
     }
+    const auto keyCode = isLock(key->key()) ? std::nullopt : keyCodeOf(*key);
+    if (keyCode)
+        handle(*keyCode, flagsOf(key->modifiers()));
+    else
+        refuse([] { return L("recorder.unknownKey"); });
     return true;
 }
 

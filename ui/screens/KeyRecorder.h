@@ -5,12 +5,15 @@
 #include <QObject>
 #include <QtQml/qqml.h>
 
+#include <functional>
+
 class QKeyEvent;
 
 namespace palomet {
 
 /// The control that records a shortcut: press it, press the new combination, done. While it records, the store's hot
-/// keys are paused and every key pressed in this program's windows comes here and goes nowhere else. Main thread only.
+/// keys are paused and every key pressed in this program's windows comes here and goes nowhere else, but for Tab, which
+/// ends the recording and leads away. Main thread only.
 class KeyRecorder final : public QObject {
     Q_OBJECT
     QML_ELEMENT
@@ -41,17 +44,17 @@ public:
     [[nodiscard]] bool isRecording() const { return m_isRecording; }
     [[nodiscard]] QString hint() const;
     /// The last refusal; empty when there is none.
-    [[nodiscard]] QString message() const { return m_message; }
+    [[nodiscard]] QString message() const { return m_refusal ? m_refusal() : QString(); }
     [[nodiscard]] QString help() const;
 
     void setProblem(const std::optional<QString> &problem);
 
-    /// Starts to record, or ends it without a change.
+    /// Starts to record, or ends it without a change. The control has the focus meanwhile: when it loses it, `stop`.
     Q_INVOKABLE void toggle();
     /// The control disappears: ends the recording without a change, as `stop` does, and forgets the last refusal.
     Q_INVOKABLE void disappear();
     void start();
-    void stop();
+    Q_INVOKABLE void stop();
 
     /// One key pressed while recording: its virtual key code and the modifier bits held with it.
     void handle(quint32 keyCode, quint64 flags);
@@ -66,13 +69,14 @@ private:
     [[nodiscard]] bool allowsKeyAlone() const { return m_role == Role::Stop; }
     [[nodiscard]] const std::optional<Shortcut> &shortcut() const;
     void store(std::optional<Shortcut> shortcut);
-    void refuse(const QString &message);
+    /// Keeps how to say it: a key is called otherwise under another layout.
+    void refuse(std::function<QString()> message);
 
     const Role m_role;
     Shortcuts &m_shortcuts;
     const KeyboardLayout &m_layout;
     bool m_isRecording = false;
-    QString m_message;
+    std::function<QString()> m_refusal;
     std::optional<QString> m_problem;
 };
 

@@ -13,6 +13,8 @@ SettingRow {
     Component.onDestruction: recorder.disappear()
 
     RecorderButton {
+        id: control
+
         caps: root.recorder.caps
         spoken: root.recorder.spoken
         isRecording: root.recorder.isRecording
@@ -23,6 +25,18 @@ SettingRow {
         toolTip: root.recorder.isRecording || !root.recorder.spoken ? root.recorder.help : `${root.recorder.spoken}\n${root.recorder.help}`
         noneText: Words.t("recorder.none")
         typeText: Words.t("recorder.type")
-        onClicked: root.recorder.toggle()
+        onClicked: {
+            // Also when a screen reader pressed it: what records has the focus.
+            button.forceActiveFocus(Qt.OtherFocusReason);
+            root.recorder.toggle();
+        }
+    }
+    Connections {
+        target: control.button
+
+        function onActiveFocusChanged(): void {
+            if (!control.button.activeFocus)
+                root.recorder.stop();
+        }
     }
 }

@@ -225,6 +225,86 @@ TEST_F(KeyRecorderTest, SwallowsAKeyThatNoShortcutCanName) {
     EXPECT_EQ(shortcuts.stop(), Shortcuts::defaultStop);
 }
 
+TEST_F(KeyRecorderTest, SaysThatAKeyCannotBeTakenAndGoesOnRecording) {
+    Listener listener;
+    // Print, Pause, and what locks.
+    for (const auto &[key, evdev] : std::initializer_list<std::pair<Qt::Key, quint16>>{{Qt::Key_Print, 99},
+                                                                                       {Qt::Key_Pause, 119},
+                                                                                       {Qt::Key_ScrollLock, 70},
+                                                                                       {Qt::Key_NumLock, 69},
+                                                                                       {Qt::Key_CapsLock, 58}}) {
+        for (auto *recorder : {&listen, &stop}) {
+            recorder->toggle();
+            QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier, evdev + 8u, 0, 0);
+            QCoreApplication::sendEvent(&listener, &press);
+            EXPECT_EQ(recorder->message(), L("recorder.unknownKey")) << key;
+            EXPECT_TRUE(recorder->isRecording()) << key;
+            recorder->toggle();
+        }
+    }
+    EXPECT_EQ(listener.heard, 0);
+    EXPECT_EQ(shortcuts.listen(), Shortcuts::defaultListen);
+    EXPECT_EQ(shortcuts.stop(), Shortcuts::defaultStop);
+}
+
+TEST_F(KeyRecorderTest, IsLeftWithoutAChangeByTabWhichGoesOnToTheWindow) {
+    for (auto *recorder : {&listen, &stop}) {
+        for (const auto &[key, modifiers] :
+             {std::pair(Qt::Key_Tab, Qt::NoModifier), std::pair(Qt::Key_Backtab, Qt::ShiftModifier)}) {
+            Listener listener;
+            recorder->toggle();
+            QKeyEvent tab(QEvent::KeyPress, key, modifiers, 15 + 8, 0, 0);
+            QCoreApplication::sendEvent(&listener, &tab);
+            EXPECT_FALSE(recorder->isRecording());
+            EXPECT_EQ(listener.heard, 1);
+        }
+    }
+    EXPECT_EQ(shortcuts.listen(), Shortcuts::defaultListen);
+    EXPECT_EQ(shortcuts.stop(), Shortcuts::defaultStop);
+    listen.toggle();
+    QKeyEvent tab(QEvent::KeyPress, Qt::Key_Tab, Qt::ControlModifier, 15 + 8, 0, 0);
+    QCoreApplication::sendEvent(qApp, &tab);
+    EXPECT_EQ(shortcuts.listen(), Shortcut(48, Shortcut::control)) << "with another modifier it is a key like others";
+}
+
+TEST_F(KeyRecorderTest, CallsItsKeyAsTheLayoutThatIsActiveDoes) {
+    shortcuts.setListen(Shortcut(keyK, Shortcut::control));
+    stop.toggle();
+    stop.handle(keyK, Shortcut::control);
+    int changed = 0;
+    QObject::connect(&listen, &KeyRecorder::changed, [&] { ++changed; });
+    layout.become({{keyK, QStringLiteral("л")}});
+    EXPECT_EQ(changed, 1);
+    EXPECT_EQ(listen.caps(), QStringList({QStringLiteral("icon:chevron-up"), QStringLiteral("Л")}));
+    EXPECT_EQ(listen.spoken(), QStringLiteral("Ctrl + Л"));
+    EXPECT_EQ(stop.message(), QStringLiteral("⌃Л already does “Listen”."));
+}
+
+TEST_F(KeyRecorderTest, SaysInWordsWhatIsASignOnTheCap) {
+    const auto spoken = [&](quint32 key) {
+        shortcuts.setListen(Shortcut(key, Shortcut::option));
+        return listen.spoken();
+    };
+    EXPECT_EQ(spoken(123), QStringLiteral("Alt + Left arrow"));
+    EXPECT_EQ(spoken(124), QStringLiteral("Alt + Right arrow"));
+    EXPECT_EQ(spoken(126), QStringLiteral("Alt + Up arrow"));
+    EXPECT_EQ(spoken(125), QStringLiteral("Alt + Down arrow"));
+    EXPECT_EQ(spoken(74), QStringLiteral("Alt + Mute"));
+    EXPECT_EQ(spoken(114), QStringLiteral("Alt + Insert"));
+    EXPECT_EQ(spoken(keyA), QStringLiteral("Alt + A"));
+    EXPECT_EQ(spoken(10), QStringLiteral("Alt + #10")) << "of which nobody knows more";
+    // Whatever is neither a letter nor a digit has a word, in each language.
+    for (const char *language : {"pt-BR", "en"}) {
+        Localization::load(QStringLiteral(PALOMET_SOURCE_DIR "/resources"), {QString::fromLatin1(language)});
+        for (const auto &sign : QStringLiteral("-=[];'`\\,./<>+*#´~^¨!?:\"&()_$%@{}|§°")) {
+            layout.become({{keyK, QString(sign)}});
+            const auto word = spoken(keyK).section(QStringLiteral(" + "), 1);
+            EXPECT_GT(word.size(), 1) << QString(sign).toStdString();
+            EXPECT_FALSE(word.contains(u'.')) << word.toStdString() << " has no text in " << language;
+        }
+    }
+}
+
 TEST_F(KeyRecorderTest, SaysItsShortcutInCapsAndInWords) {
     EXPECT_EQ(listen.caps(), Shortcuts::defaultListen.caps(layout));
     EXPECT_EQ(listen.spoken(), QStringLiteral("Alt + Space"));

@@ -1,5 +1,8 @@
 #include "tests/ui/screens/WindowTest.h"
 
+#include <array>
+#include <functional>
+
 using namespace palomet;
 using namespace palomet::test;
 
@@ -210,6 +213,36 @@ TEST_F(KeyboardTest, RecordsAShortcutThatTheKeyboardBegan) {
     QCoreApplication::sendEvent(window.get(), &f6);
     EXPECT_FALSE(app.listening()->stopShortcut()->isRecording());
     EXPECT_EQ(shortcuts.stop(), Shortcut(97, 0));
+}
+
+TEST_F(KeyboardTest, StopsRecordingWithoutAChangeWhenTheRecorderLosesTheFocus) {
+    setFull();
+    open(Pane::Listening);
+    const std::array<std::function<void()>, 4> ways{
+        [&] { key(Qt::Key_Tab); },
+        [&] { key(Qt::Key_Backtab, Qt::ShiftModifier); },
+        [&] { press(named("MacSidebarItem", QStringLiteral("Listening"))); },
+        [&] {
+            QWindow other;
+            other.show();
+            other.requestActivate();
+            EXPECT_TRUE(QTest::qWaitForWindowActive(&other));
+            window->requestActivate();
+            EXPECT_TRUE(QTest::qWaitForWindowActive(window.get()));
+        },
+    };
+    for (const auto *name : {"Listen", "Stop"}) {
+        for (const auto &leave : ways) {
+            pressInView(named("Pressable", QString::fromLatin1(name)));
+            ASSERT_TRUE(shortcuts.isPaused());
+            leave();
+            EXPECT_FALSE(shortcuts.isPaused()) << name;
+            QKeyEvent b(QEvent::KeyPress, Qt::Key_B, Qt::ControlModifier, 48 + 8, 0, 0);
+            QCoreApplication::sendEvent(window.get(), &b);
+        }
+    }
+    EXPECT_EQ(shortcuts.listen(), Shortcuts::defaultListen);
+    EXPECT_EQ(shortcuts.stop(), Shortcuts::defaultStop);
 }
 
 TEST_F(KeyboardTest, StopsRecordingWhenTheWindowIsClosed) {

@@ -3,6 +3,7 @@
 #include "tests/palomet/BackendAtItsPort.h"
 #include "tests/palomet/OtherProgram.h"
 #include "tests/palomet/ProgramTest.h"
+#include "tests/palomet/WindowManager.h"
 #include "tests/support/FakeKeyboard.h"
 #include "tests/support/FakeMicrophonePermission.h"
 #include "tests/support/ManualScheduler.h"
@@ -25,24 +26,7 @@ constexpr quint8 numLock = 0x10;
 /// The program under an X server with a window manager.
 class HotKeyTest : public test::ProgramTest {
 protected:
-    ~HotKeyTest() override {
-        windowManager.terminate();
-        windowManager.waitForFinished();
-    }
-
-    void startWindowManager(const char *keys = "") {
-        const auto path = desktop.home.filePath(u"window-manager.xml"_s);
-        QFile settings(path);
-        ASSERT_TRUE(settings.open(QFile::WriteOnly));
-        settings.write(QByteArray("<?xml version=\"1.0\"?><openbox_config xmlns=\"http://openbox.org/3.4/rc\">") +
-                       "<keyboard>" + keys + "</keyboard></openbox_config>");
-        settings.close();
-        windowManager.setProcessEnvironment(desktop.environment());
-        // It holds its keys before it does what is asked for at its startup.
-        const auto isUp = desktop.home.filePath(u"window-manager-is-up"_s);
-        windowManager.start(u"openbox"_s, {u"--config-file"_s, path, u"--startup"_s, u"touch "_s + isUp});
-        ASSERT_TRUE(eventually([&] { return QFile::exists(isUp); }));
-    }
+    void startWindowManager(const char *keys = "") { windowManager.start(desktop, keys); }
 
     void startAndFollow() {
         start();
@@ -70,7 +54,7 @@ protected:
 
     test::BackendAtItsPort backend;
     FakeKeyboard keyboard{desktop.display.name()};
-    QProcess windowManager;
+    test::WindowManager windowManager;
 };
 
 class HotKeyOfAnEndingProgram : public HotKeyTest, public ::testing::WithParamInterface<int> {};

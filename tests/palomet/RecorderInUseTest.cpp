@@ -90,3 +90,18 @@ TEST_F(RecorderInUse, KeepsWhatItRecordedInTheNextRun) {
     open("listening");
     EXPECT_TRUE(says("Listen", u"Super + L"_s));
 }
+
+TEST_F(RecorderInUse, IsLeftWithoutAChangeByTabWithEitherRecorder) {
+    record("Listen", "Tab", u"Alt + Space. "_s);
+    record("Stop", "Tab", u"Esc. "_s);
+    key("alt+space");
+    EXPECT_TRUE(isListening());
+}
+
+TEST_F(RecorderInUse, CallsItsKeyAsTheLayoutThatIsActiveDoes) {
+    record("Listen", "ctrl+alt+q", u"Ctrl + Alt + Q. "_s);
+    desktop.display.run(u"setxkbmap"_s, {u"fr"_s});
+    EXPECT_TRUE(says("Listen", u"Ctrl + Alt + A. "_s));
+    key("ctrl+alt+a");
+    EXPECT_TRUE(isListening()) << "it is the same key";
+}

@@ -43,7 +43,7 @@ WindowInUse::WindowInUse() {
     set("XDG_STATE_HOME", desktop.home.filePath(u"state"_s));
     set("QT_LINUX_ACCESSIBILITY_ALWAYS_ON", u"1"_s);
     desktop.tray.appear();
-    startWindowManager();
+    windowManager.start(desktop);
     program.setProcessEnvironment(environment);
     program.start(QStringLiteral(PALOMET_EXECUTABLE));
     EXPECT_TRUE(eventually([this] { return !state().isEmpty(); })) << "no engine";
@@ -53,18 +53,6 @@ WindowInUse::WindowInUse() {
 WindowInUse::~WindowInUse() {
     program.terminate();
     eventually([this] { return program.state() == QProcess::NotRunning; });
-    windowManager.terminate();
-    windowManager.waitForFinished();
-}
-
-void WindowInUse::startWindowManager() {
-    // It keeps no key to itself.
-    QFile settings(desktop.home.filePath(u"window-manager.xml"_s));
-    ASSERT_TRUE(settings.open(QFile::WriteOnly));
-    settings.write("<?xml version=\"1.0\"?><openbox_config xmlns=\"http://openbox.org/3.4/rc\"><keyboard/>"
-                   "</openbox_config>");
-    windowManager.setProcessEnvironment(environment);
-    windowManager.start(u"openbox"_s, {u"--config-file"_s, settings.fileName()});
 }
 
 void WindowInUse::installScript(const QString &name, const QByteArray &commands) const {
@@ -132,8 +120,13 @@ void WindowInUse::turn(const QString &name, const char *key) {
 
 void WindowInUse::focus(const Node &node) {
     EXPECT_TRUE(tree.focus(node));
-    EXPECT_TRUE(eventually([&] { return tree.isFocused(node) && tree.isShowing(node); }))
+    EXPECT_TRUE(eventually([&] { return tree.isFocused(node) && tree.isShowing(node) && hasKeyboard(); }))
         << qPrintable(tree.name(node));
+}
+
+bool WindowInUse::hasKeyboard() const {
+    const auto owner = desktop.display.run(u"xdotool"_s, {u"getwindowfocus"_s, u"getwindowpid"_s});
+    return owner.trimmed() == QByteArray::number(program.processId());
 }
 
 void WindowInUse::hear(const char *words) {

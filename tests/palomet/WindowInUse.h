@@ -2,6 +2,7 @@
 
 #include "tests/palomet/AccessibleTree.h"
 #include "tests/palomet/Desktop.h"
+#include "tests/palomet/WindowManager.h"
 #include "tests/support/PrivateSoundServer.h"
 
 #include <QFile>
@@ -49,12 +50,13 @@ protected:
     Desktop desktop;
     PrivateSoundServer sound{PrivateSoundServer::Kind::PulseAudio};
     QProcessEnvironment environment = desktop.environment();
-    QProcess windowManager;
+    WindowManager windowManager;
     QProcess program;
     AccessibleTree tree{desktop.bus, environment};
 
 private:
-    void startWindowManager();
+    /// Whether the display sends the keys to one of its windows: a node has the focus before its window has it.
+    [[nodiscard]] bool hasKeyboard() const;
     void installScript(const QString &name, const QByteArray &commands) const;
     void installTools();
 

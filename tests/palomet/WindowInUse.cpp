@@ -120,8 +120,10 @@ void WindowInUse::turn(const QString &name, const char *key) {
 
 void WindowInUse::focus(const Node &node) {
     EXPECT_TRUE(tree.focus(node));
-    EXPECT_TRUE(eventually([&] { return tree.isFocused(node) && tree.isShowing(node) && hasKeyboard(); }))
-        << qPrintable(tree.name(node));
+    const auto name = tree.name(node).toStdString();
+    EXPECT_TRUE(eventually([&] { return tree.isFocused(node); })) << name << " has no focus";
+    EXPECT_TRUE(eventually([&] { return tree.isShowing(node); })) << name << " is not in view";
+    EXPECT_TRUE(eventually([&] { return hasKeyboard(); })) << name << " is in a window without the keyboard";
 }
 
 bool WindowInUse::hasKeyboard() const {

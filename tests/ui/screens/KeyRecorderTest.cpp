@@ -280,31 +280,6 @@ TEST_F(KeyRecorderTest, CallsItsKeyAsTheLayoutThatIsActiveDoes) {
     EXPECT_EQ(stop.message(), QStringLiteral("⌃Л already does “Listen”."));
 }
 
-TEST_F(KeyRecorderTest, SaysInWordsWhatIsASignOnTheCap) {
-    const auto spoken = [&](quint32 key) {
-        shortcuts.setListen(Shortcut(key, Shortcut::option));
-        return listen.spoken();
-    };
-    EXPECT_EQ(spoken(123), QStringLiteral("Alt + Left arrow"));
-    EXPECT_EQ(spoken(124), QStringLiteral("Alt + Right arrow"));
-    EXPECT_EQ(spoken(126), QStringLiteral("Alt + Up arrow"));
-    EXPECT_EQ(spoken(125), QStringLiteral("Alt + Down arrow"));
-    EXPECT_EQ(spoken(74), QStringLiteral("Alt + Mute"));
-    EXPECT_EQ(spoken(114), QStringLiteral("Alt + Insert"));
-    EXPECT_EQ(spoken(keyA), QStringLiteral("Alt + A"));
-    EXPECT_EQ(spoken(10), QStringLiteral("Alt + #10")) << "of which nobody knows more";
-    // Whatever is neither a letter nor a digit has a word, in each language.
-    for (const char *language : {"pt-BR", "en"}) {
-        Localization::load(QStringLiteral(PALOMET_SOURCE_DIR "/resources"), {QString::fromLatin1(language)});
-        for (const auto &sign : QStringLiteral("-=[];'`\\,./<>+*#´~^¨!?:\"&()_$%@{}|§°")) {
-            layout.become({{keyK, QString(sign)}});
-            const auto word = spoken(keyK).section(QStringLiteral(" + "), 1);
-            EXPECT_GT(word.size(), 1) << QString(sign).toStdString();
-            EXPECT_FALSE(word.contains(u'.')) << word.toStdString() << " has no text in " << language;
-        }
-    }
-}
-
 TEST_F(KeyRecorderTest, SaysItsShortcutInCapsAndInWords) {
     EXPECT_EQ(listen.caps(), Shortcuts::defaultListen.caps(layout));
     EXPECT_EQ(listen.spoken(), QStringLiteral("Alt + Space"));

@@ -69,6 +69,7 @@ bool X11HotKeyGrabber::take(const Combination &combination) {
         return xcb_connection_has_error(connection) == 0;
     rememberHeld(combination.keycode);
     std::vector<xcb_void_cookie_t> cookies;
+    cookies.reserve(missing.size());
     for (const auto &[keycode, modifiers] : missing)
         cookies.push_back(xcb_grab_key_checked(connection, 1, m_connection.root(), modifiers, keycode,
                                                XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC));

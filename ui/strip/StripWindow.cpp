@@ -66,7 +66,7 @@ std::optional<QPoint> StripWindow::pointer() const {
     return m_pointer == Pointer::Known ? std::optional(QCursor::pos()) : std::nullopt;
 }
 
-void StripWindow::follow(const QScreen *screen) {
+void StripWindow::follow(const QScreen *screen) const {
     // Queued, for a change of the screens comes as a burst.
     connect(screen, &QScreen::geometryChanged, this, &StripWindow::followScreens, Qt::QueuedConnection);
     connect(screen, &QScreen::availableGeometryChanged, this, &StripWindow::followScreens, Qt::QueuedConnection);

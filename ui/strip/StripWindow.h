@@ -42,7 +42,7 @@ public:
 
 private:
     [[nodiscard]] QRect usable(const QScreen &screen) const;
-    void follow(const QScreen *screen);
+    void follow(const QScreen *screen) const;
     /// Moves to its place on the screen that it stands on, or on another if that one is gone.
     void followScreens();
     void make();

@@ -34,7 +34,7 @@ ZenRow {
             visible: root.hint !== ""
             words: root.hint
             box: 21
-            color: Zen.gray5
+            color: Zen.noteInk
             Accessible.ignored: true
         }
     }

@@ -12,6 +12,8 @@ Item {
     property bool isLast: false
     // The first cell of a row stands flush left.
     property bool isFlush: false
+    // Scrolled away in part, it is of no use.
+    readonly property bool isWhole: true
     default property alias value: slot.data
 
     implicitHeight: words.y + words.height + Zen.space2

@@ -1,7 +1,7 @@
 import QtQuick
 
 // A row to read: a label column, a value that takes what is left, a detail at the right edge.
-ZenRow {
+SelectableRow {
     id: root
 
     property string label
@@ -11,14 +11,11 @@ ZenRow {
     // The smaller texts stand on the value's line.
     readonly property int smallY: rule + Zen.baseline(13, 44) - Zen.baseline(12, 44)
 
+    prose: words
     implicitHeight: 44
 
-    // Kept by its view for later use, it is not there for a screen reader either.
-    ListView.onPooled: visible = false
-    ListView.onReused: visible = true
-
     Accessible.role: Accessible.ListItem
-    Accessible.name: `${value} ${label} ${trailing}`
+    Accessible.name: `${Zen.head(value)} ${label} ${trailing}`
 
     ZenData {
         y: root.smallY
@@ -29,13 +26,27 @@ ZenRow {
         color: Zen.noteInk
         Accessible.ignored: true
     }
-    ElidedText {
+    Prose {
+        id: words
+
         x: root.labelWidth
         y: root.rule
         width: root.width - x - (detail.visible ? detail.width + Zen.space5 : 0)
         text: root.value
+        selectionStart: root.selectionStart
+        selectionEnd: root.selectionEnd
         box: 44
-        Accessible.ignored: true
+        isElided: true
+
+        HoverHandler {
+            id: pointer
+
+            enabled: words.truncated
+        }
+        ToolTip {
+            text: Zen.head(words.text)
+            isWanted: pointer.hovered && words.truncated
+        }
     }
     ZenData {
         id: detail

@@ -13,6 +13,8 @@ Item {
     property int grain: 1
     // How wide the strip is that the thumb stands in.
     property alias reach: thumb.width
+    // How much of the view's top something else stands over.
+    property real covered: 0
     readonly property real first: flickable.originY - flickable.topMargin
     readonly property real last: Math.max(first, flickable.originY + flickable.contentHeight + flickable.bottomMargin - flickable.height)
     readonly property bool isScrolled: flickable.contentY > first
@@ -47,7 +49,7 @@ Item {
 
     // What a key asks of the view; false where the key means nothing to it.
     function handle(key: int): bool {
-        const page = flickable.height - step;
+        const page = flickable.height - covered - step;
         switch (key) {
         case Qt.Key_Down: scrollBy(step); return true;
         case Qt.Key_Up: scrollBy(-step); return true;
@@ -65,13 +67,22 @@ Item {
         for (let ancestor = item; ancestor !== flickable.contentItem; ancestor = ancestor.parent) {
             if (!ancestor)
                 return;
-            if (ancestor instanceof ZenRow && ancestor.height + 2 * margin <= flickable.height)
+            if (ancestor instanceof ZenRow && ancestor.height + 2 * margin <= flickable.height - covered)
                 whole = ancestor;
         }
-        const top = whole.mapToItem(flickable.contentItem, 0, 0).y - margin;
-        const bottom = top + whole.height + 2 * margin;
-        if (top < flickable.contentY)
-            bringTo(top);
+        const top = whole.mapToItem(flickable.contentItem, 0, 0).y;
+        const bottom = top + whole.height;
+        // What is larger than the view is seen as much of as can be.
+        if (whole.height + 2 * margin < flickable.height - covered)
+            show(top - margin, bottom + margin);
+        else if (bottom < flickable.contentY + covered || top > flickable.contentY + flickable.height)
+            show(top - margin, top + margin);
+    }
+
+    // Scrolls as little as brings a part of the content into view.
+    function show(top: real, bottom: real): void {
+        if (top < flickable.contentY + covered)
+            bringTo(top - covered);
         else if (bottom > flickable.contentY + flickable.height)
             bringTo(bottom - flickable.height);
     }

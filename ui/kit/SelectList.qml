@@ -86,7 +86,7 @@ ZenBox {
                 x: Zen.space2
                 anchors.verticalCenter: parent.verticalCenter
                 width: mark.x - x - Zen.space2
-                text: choice.modelData.title
+                text: Zen.head(choice.modelData.title)
                 elide: root.titleElide
                 tipBeside: root
                 Accessible.ignored: true

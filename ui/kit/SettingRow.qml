@@ -23,7 +23,7 @@ ZenRow {
 
         ElidedText {
             width: parent.width
-            text: root.title
+            text: Zen.head(root.title)
             elide: root.titleElide
             wrapMode: elide === Text.ElideNone ? Text.Wrap : Text.NoWrap
             maximumLineCount: elide === Text.ElideNone ? 100 : 1

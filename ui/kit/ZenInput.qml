@@ -8,6 +8,8 @@ TextInput {
     property string placeholder
     property string name
     property string description
+    // What its keys are for first.
+    property Item menu: null
 
     leftPadding: Zen.space3
     rightPadding: Zen.space3
@@ -21,6 +23,8 @@ TextInput {
     font.family: Zen.family
     font.pixelSize: 13
     font.weight: Zen.medium
+
+    Keys.forwardTo: menu ? [menu] : []
 
     cursorDelegate: Item {
         id: caret

@@ -23,7 +23,7 @@ SoftBox {
         x: Zen.space3
         y: Zen.space2
         width: chevron.x - x - Zen.space2
-        text: root.shownValue
+        text: Zen.head(root.shownValue)
         color: root.isBusy ? Zen.noteInk : Zen.gray9
         elide: root.valueElide
         Accessible.ignored: true

@@ -11,6 +11,8 @@ Item {
     property string description
     // The text as it is being typed.
     property alias draft: input.text
+    readonly property alias input: input
+    property alias menu: input.menu
     property alias isPointed: look.isPointed
     property alias isFocused: look.isFocused
     property bool isEditing: false

@@ -2,6 +2,7 @@
 
 #include "model/Format.h"
 #include "ui/localization/Localization.h"
+#include "ui/screens/Pieces.h"
 
 #include <algorithm>
 
@@ -23,6 +24,58 @@ QString kind(const QString &role) {
     return role == u"user" || role == u"tool" ? role : QStringLiteral("agent");
 }
 
+bool isLong(const QString &text) {
+    return text.size() > longestPiece;
+}
+
+/// What a row that goes on with a text has of the one that begins it, beside its piece.
+Snapshot::Row continued(const Snapshot::Row &row) {
+    Snapshot::Row next;
+    next.role = row.role;
+    return next;
+}
+Snapshot::DraftEntry continued(const Snapshot::DraftEntry & /*entry*/) {
+    return {};
+}
+Snapshot::Heard continued(const Snapshot::Heard &heard) {
+    return {.at = 0, .text = {}, .action = heard.action, .reason = {}};
+}
+
+/// The rows, long texts in pieces.
+template <typename Row>
+std::vector<Row> inPieces(std::vector<Row> rows) {
+    if (std::none_of(rows.begin(), rows.end(), [](const auto &row) { return isLong(row.text); }))
+        return rows;
+    std::vector<Row> cut;
+    for (auto &row : rows) {
+        if (!isLong(row.text)) {
+            cut.push_back(std::move(row));
+            continue;
+        }
+        const auto first = cut.size();
+        for (auto &piece : pieces(row.text)) {
+            cut.push_back(cut.size() == first ? row : continued(row));
+            cut.back().text = std::move(piece.text);
+            if (cut.size() - 1 > first)
+                cut.back().at = piece.isAfterBreak ? continuedAfterBreak : continuedInLine;
+        }
+        if constexpr (requires { row.reason; }) {
+            // It stands under the text.
+            std::swap(cut[first].reason, cut.back().reason);
+        }
+    }
+    return cut;
+}
+
+/// As it is laid out: there, two characters that end a line would be one.
+QString words(const QString &text) {
+    return text.contains(u'\r') ? QString(text).replace(QStringLiteral("\r\n"), QStringLiteral("\n")) : text;
+}
+
+QString clock(double at) {
+    return isContinued(at) ? QString() : Format::clock(at);
+}
+
 QString duration(const Snapshot::Row &row) {
     if (row.isOpen.value_or(false))
         return L("row.running");
@@ -36,11 +89,12 @@ void ConversationRows::show(const std::shared_ptr<const Snapshot> &snapshot) {
         return assign(List());
     const auto &rows = snapshot->conversation.rows;
     const auto isDone = [](const auto &row) { return !row.isOpen.value_or(false); };
-    if (std::is_partitioned(rows.begin(), rows.end(), isDone))
+    const bool isShort = std::none_of(rows.begin(), rows.end(), [](const auto &row) { return isLong(row.text); });
+    if (isShort && std::is_partitioned(rows.begin(), rows.end(), isDone))
         return assign(std::shared_ptr<const List>(snapshot, &rows));
     auto sorted = rows;
     std::stable_partition(sorted.begin(), sorted.end(), isDone);
-    assign(std::move(sorted));
+    assign(inPieces(std::move(sorted)));
 }
 
 QVariant ConversationRows::data(const QModelIndex &index, int role) const {
@@ -49,40 +103,50 @@ QVariant ConversationRows::data(const QModelIndex &index, int role) const {
     case Kind:
         return kind(turn.role);
     case Label:
-        return label(turn.role);
+        return isContinued(turn.at) ? QString() : label(turn.role);
     case Words:
-        return turn.text;
+        return words(turn.text);
     case Clock:
-        return Format::clock(turn.at);
+        return clock(turn.at);
     case Duration:
         return duration(turn);
+    case IsContinued:
+        return isContinued(turn.at);
+    case Joint:
+        return joint(turn.at);
     default:
         return {};
     }
 }
 
 QHash<int, QByteArray> ConversationRows::roleNames() const {
-    return {{Kind, "kind"}, {Label, "label"}, {Words, "words"}, {Clock, "clock"}, {Duration, "duration"}};
+    return {{Kind, "kind"},   {Label, "label"},       {Words, "words"},
+            {Clock, "clock"}, {Duration, "duration"}, {IsContinued, "isContinued"},
+            {Joint, "joint"}};
 }
 
 void DraftRows::show(const Snapshot *snapshot) {
-    assign(snapshot ? snapshot->draft.value_or(std::vector<Snapshot::DraftEntry>())
-                    : std::vector<Snapshot::DraftEntry>());
+    assign(inPieces(snapshot ? snapshot->draft.value_or(std::vector<Snapshot::DraftEntry>())
+                             : std::vector<Snapshot::DraftEntry>()));
 }
 
 QVariant DraftRows::data(const QModelIndex &index, int role) const {
     switch (role) {
     case Clock:
-        return Format::clock(row(index).at);
+        return clock(row(index).at);
     case Words:
-        return row(index).text;
+        return words(row(index).text);
+    case IsContinued:
+        return isContinued(row(index).at);
+    case Joint:
+        return joint(row(index).at);
     default:
         return {};
     }
 }
 
 QHash<int, QByteArray> DraftRows::roleNames() const {
-    return {{Clock, "clock"}, {Words, "words"}};
+    return {{Clock, "clock"}, {Words, "words"}, {IsContinued, "isContinued"}, {Joint, "joint"}};
 }
 
 void HeardRows::show(const Snapshot *snapshot, double now) {
@@ -90,7 +154,7 @@ void HeardRows::show(const Snapshot *snapshot, double now) {
     if (snapshot && snapshot->heard)
         std::copy_if(snapshot->heard->begin(), snapshot->heard->end(), std::back_inserter(recent),
                      [now](const auto &heard) { return now - heard.at < recentMs; });
-    assign(std::move(recent));
+    assign(inPieces(std::move(recent)));
 }
 
 QString HeardRows::action(const QString &code) {
@@ -103,22 +167,28 @@ QVariant HeardRows::data(const QModelIndex &index, int role) const {
     const auto &heard = row(index);
     switch (role) {
     case Clock:
-        return Format::clock(heard.at);
+        return clock(heard.at);
     case Words:
-        return heard.text;
+        return words(heard.text);
     case Reason:
-        return heard.reason.value_or(QString());
+        return pieces(heard.reason.value_or(QString())).front().text;
     case Action:
-        return action(heard.action);
+        return isContinued(heard.at) ? QString() : action(heard.action);
     case IsAccepted:
         return heard.action == u"accepted";
+    case IsContinued:
+        return isContinued(heard.at);
+    case Joint:
+        return joint(heard.at);
     default:
         return {};
     }
 }
 
 QHash<int, QByteArray> HeardRows::roleNames() const {
-    return {{Clock, "clock"}, {Words, "words"}, {Reason, "reason"}, {Action, "action"}, {IsAccepted, "isAccepted"}};
+    return {{Clock, "clock"},   {Words, "words"},           {Reason, "reason"},
+            {Action, "action"}, {IsAccepted, "isAccepted"}, {IsContinued, "isContinued"},
+            {Joint, "joint"}};
 }
 
 } // namespace palomet

@@ -5,12 +5,13 @@
 
 namespace palomet {
 
-/// The turns of the current conversation, the one that is still being produced last.
+/// The turns of the current conversation, the one that is still being produced last. As in the lists below, a long text
+/// comes in several rows, of which the later ones say that they continue.
 class ConversationRows final : public RowModel<Snapshot::Row> {
     Q_OBJECT
 
 public:
-    enum Role { Kind = Qt::UserRole, Label, Words, Clock, Duration };
+    enum Role { Kind = Qt::UserRole, Label, Words, Clock, Duration, IsContinued, Joint };
 
     /// Null: no conversation.
     void show(const std::shared_ptr<const Snapshot> &snapshot);
@@ -24,7 +25,7 @@ class DraftRows final : public RowModel<Snapshot::DraftEntry> {
     Q_OBJECT
 
 public:
-    enum Role { Clock = Qt::UserRole, Words };
+    enum Role { Clock = Qt::UserRole, Words, IsContinued, Joint };
 
     void show(const Snapshot *snapshot);
 
@@ -37,7 +38,7 @@ class HeardRows final : public RowModel<Snapshot::Heard> {
     Q_OBJECT
 
 public:
-    enum Role { Clock = Qt::UserRole, Words, Reason, Action, IsAccepted };
+    enum Role { Clock = Qt::UserRole, Words, Reason, Action, IsAccepted, IsContinued, Joint };
 
     /// `now` in milliseconds since the Unix epoch.
     void show(const Snapshot *snapshot, double now);

@@ -1,3 +1,4 @@
+pragma ComponentBehavior: Bound
 import QtQuick
 import Palomet.Kit
 import Palomet.Ui
@@ -7,7 +8,7 @@ Column {
     id: root
 
     required property NowScreen screen
-    required property Flickable view
+    required property ScreenPage page
     required property real position
 
     width: parent ? parent.width : 0
@@ -28,14 +29,17 @@ Column {
         id: rows
 
         width: root.width
-        view: root.view
+        page: root.page
         position: root.position + y
+        name: Words.t("draft.title")
         model: root.screen.draftRows
 
         delegate: EntryRow {
             required property int index
 
             isFirst: index === 0
+            selectionStart: rows.words.startIn(index, rows.words.revision)
+            selectionEnd: rows.words.endIn(index, rows.words.revision)
         }
     }
     Item {

@@ -2,7 +2,7 @@ import QtQuick
 import Palomet.Kit
 
 // Something said at some time, and what came of it.
-ZenRow {
+SelectableRow {
     id: root
 
     required property string clock
@@ -11,17 +11,16 @@ ZenRow {
     property string action
     property bool isQuiet: false
 
-    readonly property int line: rule + Zen.space3
+    // Whether this is more of the text of the row before.
+    required property bool isContinued
+    readonly property int line: isContinued ? 0 : rule + Zen.space3
     readonly property color ink: isQuiet ? Zen.noteInk : Zen.gray9
 
-    implicitHeight: said.y + said.height + Zen.space3
-
-    // Kept by its view for later use, it is not there for a screen reader either.
-    ListView.onPooled: visible = false
-    ListView.onReused: visible = true
+    prose: text
+    implicitHeight: text.y + text.height + (reason ? why.height : 0) + Zen.space3
 
     Accessible.role: Accessible.ListItem
-    Accessible.name: `${clock} ${action} ${words} ${reason}`
+    Accessible.name: isContinued ? `${words} ${reason}` : `${clock} ${action} ${words} ${reason}`
 
     ZenData {
         y: root.line + Zen.baseline(13, 21) - Zen.baseline(12, 20)
@@ -30,31 +29,30 @@ ZenRow {
         color: Zen.noteInk
         Accessible.ignored: true
     }
-    Column {
-        id: said
+    Prose {
+        id: text
 
         x: Zen.roleColumn
         y: root.line
         width: root.width - x - (result.visible ? result.width + Zen.space5 : 0)
+        text: root.words
+        selectionStart: root.selectionStart
+        selectionEnd: root.selectionEnd
+        color: root.ink
+    }
+    ZenText {
+        id: why
 
-        ZenText {
-            width: parent.width
-            text: root.words
-            box: 21
-            color: root.ink
-            wrapMode: Text.Wrap
-            Accessible.ignored: true
-        }
-        ZenText {
-            width: parent.width
-            visible: text !== ""
-            text: root.reason
-            size: 12
-            box: 21
-            color: Zen.noteInk
-            wrapMode: Text.Wrap
-            Accessible.ignored: true
-        }
+        x: text.x
+        y: text.y + text.height
+        width: text.width
+        visible: root.reason !== ""
+        text: root.reason
+        size: 12
+        box: 21
+        color: Zen.noteInk
+        wrapMode: Text.Wrap
+        Accessible.ignored: true
     }
     ZenData {
         id: result

@@ -1,3 +1,4 @@
+pragma ComponentBehavior: Bound
 import QtQuick
 import Palomet.Kit
 import Palomet.Ui
@@ -7,7 +8,7 @@ Column {
     id: root
 
     required property NowScreen screen
-    required property Flickable view
+    required property ScreenPage page
     required property real position
 
     width: parent ? parent.width : 0
@@ -28,8 +29,9 @@ Column {
         id: rows
 
         width: root.width
-        view: root.view
+        page: root.page
         position: root.position + y
+        name: Words.t("heard.title")
         model: root.screen.heardRows
 
         delegate: EntryRow {
@@ -39,6 +41,8 @@ Column {
             required reason
 
             isFirst: index === 0
+            selectionStart: rows.words.startIn(index, rows.words.revision)
+            selectionEnd: rows.words.endIn(index, rows.words.revision)
             isQuiet: !isAccepted
         }
     }

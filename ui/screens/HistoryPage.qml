@@ -11,6 +11,7 @@ ListPage {
 
     model: screen.rows
     listName: Words.t("history.title")
+    textRole: "question"
     head: [
         BlockLabel {
             text: Words.t("history.title")
@@ -36,6 +37,8 @@ ListPage {
         label: day
         value: question
         trailing: detail
+        selectionStart: root.words.startIn(index, root.words.revision)
+        selectionEnd: root.words.endIn(index, root.words.revision)
     }
     foot: [
         Item {
@@ -57,20 +60,4 @@ ListPage {
             text: Words.t("history.note")
         }
     ]
-
-    // There is nothing to press here, and yet the keyboard must get here to scroll.
-    Pressable {
-        id: ground
-
-        anchors.fill: parent
-        z: -1
-        Accessible.role: Accessible.Pane
-        Accessible.name: Words.t("history.title")
-
-        FocusRing {
-            isInside: true
-            corner: 0
-            visible: ground.isReached
-        }
-    }
 }

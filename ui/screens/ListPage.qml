@@ -12,7 +12,9 @@ ScreenPage {
     property alias foot: foot.data
     // What the rows are, for whoever does not see their heading.
     property string listName
+    property alias textRole: area.textRole
     readonly property alias rows: list
+    readonly property alias words: area.selection
     readonly property alias footY: foot.y
     // Where the last row ends, in the view's content.
     readonly property real rowsEnd: list.originY + list.contentHeight
@@ -46,6 +48,17 @@ ScreenPage {
             y: list.originY - height
             width: root.columnWidth
             topPadding: Zen.space2
+        }
+        SelectionArea {
+            id: area
+
+            parent: list.contentItem
+            x: Zen.space7
+            width: root.columnWidth
+            list: list
+            page: root
+            model: list.model
+            name: root.listName
         }
         Column {
             id: foot

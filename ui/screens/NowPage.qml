@@ -35,8 +35,13 @@ ListPage {
     onFootYChanged: settling.restart()
     onHeightChanged: settling.restart()
 
+    scroller.covered: state.visible ? state.height : 0
+
     head: [
         StateCells {
+            id: cells
+
+            isStateShown: !state.visible
             width: root.columnWidth
             screen: root.screen
         },
@@ -62,6 +67,8 @@ ListPage {
         x: Zen.space7
         width: root.columnWidth
         isFirst: index === 0
+        selectionStart: root.words.startIn(index, root.words.revision)
+        selectionEnd: root.words.endIn(index, root.words.revision)
     }
     foot: [
         Item {
@@ -101,17 +108,27 @@ ListPage {
 
             width: root.columnWidth
             screen: root.screen
-            view: root.view
+            page: root
             position: root.footY + y
         },
         HeardBlock {
             width: root.columnWidth
             screen: root.screen
-            view: root.view
+            page: root
             position: root.footY + y
         }
     ]
 
+    // Where the state's cell is scrolled away, even in part, the state stands here.
+    StateLine {
+        id: state
+
+        z: 1
+        width: root.width
+        visible: root.view.contentY - root.scroller.first > Zen.space2 + Zen.space3
+        column: root.columnWidth
+        screen: root.screen
+    }
     // A moment later, for scrolling makes rows, whose heights change where the newest turn ends.
     Timer {
         id: settling

@@ -24,9 +24,15 @@ Row {
             text: root.screen.draft
             placeholder: Words.t("now.typeInstead")
             name: placeholder
+            menu: menu
             onTextEdited: root.screen.draft = text
             onAccepted: root.screen.send()
             Keys.onEscapePressed: root.forceActiveFocus()
+        }
+        FieldMenu {
+            id: menu
+
+            input: input
         }
         HoverHandler {
             id: pointer

@@ -7,6 +7,8 @@ Column {
     id: root
 
     required property NowScreen screen
+    // Whether the state's glyph is there to be seen.
+    property bool isStateShown: true
 
     width: parent ? parent.width : 0
 
@@ -30,6 +32,7 @@ Column {
 
                 StateGlyph {
                     anchors.verticalCenter: parent.verticalCenter
+                    visible: root.isStateShown
                     loopState: root.screen.loopState
                     level: root.screen.level
                 }

@@ -13,6 +13,8 @@ SettingRow {
     hint: setting.hint
 
     ZenTextField {
+        id: field
+
         width: root.boxWidth
         name: root.setting.title
         description: root.setting.hint
@@ -20,6 +22,13 @@ SettingRow {
         value: root.setting.text
         isBusy: root.setting.isBusy
         busyText: Words.t("select.applying")
+        menu: menu
         onCommitted: text => root.setting.commit(text)
+
+        FieldMenu {
+            id: menu
+
+            input: field.input
+        }
     }
 }

@@ -11,7 +11,7 @@ Cell {
 
     ElidedDisplay {
         width: parent.width
-        text: root.text || "—"
+        text: Zen.head(root.text) || "—"
         color: root.text ? Zen.gray9 : Zen.noteInk
     }
 }

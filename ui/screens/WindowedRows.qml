@@ -6,11 +6,13 @@ import Palomet.Kit
 Item {
     id: root
 
-    required property Flickable view
+    required property ScreenPage page
     required property real position
     property alias model: list.model
     property alias delegate: list.delegate
     property alias count: list.count
+    property alias name: area.name
+    readonly property alias words: area.selection
 
     implicitHeight: 1 + list.contentHeight
     onPositionChanged: settling.restart()
@@ -23,13 +25,13 @@ Item {
         id: list
 
         function place(): void {
-            const hidden = Math.max(0, Math.min(contentHeight - height, root.view.contentY - root.position - 1));
+            const hidden = Math.max(0, Math.min(contentHeight - height, root.page.view.contentY - root.position - 1));
             y = 1 + hidden;
             contentY = originY + hidden;
         }
 
         width: root.width
-        height: Math.min(root.view.height, contentHeight)
+        height: Math.min(root.page.view.height, contentHeight)
         // Later, for placing it makes rows, and their heights change what the place depends on.
         onHeightChanged: settling.restart()
         onContentHeightChanged: settling.restart()
@@ -43,6 +45,16 @@ Item {
         ReadingOrder {
             of: list.contentItem
         }
+        SelectionArea {
+            id: area
+
+            parent: list.contentItem
+            width: list.width
+            list: list
+            page: root.page
+            model: list.model
+            name: ""
+        }
     }
     Timer {
         id: settling
@@ -51,7 +63,7 @@ Item {
         onTriggered: list.place()
     }
     Connections {
-        target: root.view
+        target: root.page.view
 
         function onContentYChanged(): void {
             list.place();

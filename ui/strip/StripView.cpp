@@ -29,7 +29,12 @@ void StripView::setShown(bool isShown) {
 }
 
 QString StripView::line() const {
-    return Format::oneLine(stripLine(m_model.state(), m_model.snapshot().get(), m_model.spokenLine()));
+    // Of a long one more than it can show: laying out all of it takes seconds.
+    constexpr qsizetype most = 500;
+    const auto line = stripLine(m_model.state(), m_model.snapshot().get(), m_model.spokenLine());
+    if (line.size() <= most)
+        return Format::oneLine(line);
+    return Format::oneLine(line.first(most)) + u'\u2026';
 }
 
 bool StripView::isStoppable() const {

@@ -157,7 +157,7 @@ TEST(CellRow, StandsInFourColumnsWhereThereIsRoomAndElseInTwoWhateverItWasBefore
 TEST(DataRow, StandsOnOneLine) {
     Scene scene(R"(DataRow { width: 640; label: "Today 14:44"; value: "Why?"; trailing: "1 answer" })");
     const auto baseline = [](QQuickItem *text) { return text->y() + text->baselineOffset(); };
-    const auto texts = Scene::all(scene.root(), "ZenData") + Scene::all(scene.root(), "ElidedText");
+    const auto texts = Scene::all(scene.root(), "ZenData") + Scene::all(scene.root(), "Prose");
     ASSERT_EQ(texts.size(), 3);
     EXPECT_EQ(std::round(baseline(texts[0])), std::round(baseline(texts[2])));
     EXPECT_EQ(std::round(baseline(texts[1])), std::round(baseline(texts[2])));

@@ -241,7 +241,8 @@ TEST_F(AccessibilityTest, StandsStillWithReducedMotion) {
     setState("thinking");
     Wishes::of(engine).setMotionReduced(true);
     open(Pane::Now);
-    auto *steps = first("Steps");
+    auto *steps = Scene::all(first("StateCells"), "Steps").value(0);
+    ASSERT_TRUE(steps);
     EXPECT_EQ(steps->property("current"), 1);
     const auto running = [](const QObject *of) {
         int count = 0;

@@ -99,7 +99,7 @@ TEST_F(ScrollingTest, FollowsTheNewestTurnWhileItGrows) {
     open(Pane::Now);
     settle();
     for (int i = 0; i < 20; ++i) {
-        rows.back().text += QStringLiteral("and another line that makes it longer than it was before ").repeated(3);
+        rows.back().text += QStringLiteral("and another line that makes it longer ").repeated(2);
         rows.back().isOpen = true;
         show(rows);
         settle();

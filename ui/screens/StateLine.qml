@@ -1,0 +1,52 @@
+import QtQuick
+import Palomet.Kit
+import Palomet.Ui
+
+// The state and its note in one line under the page's header, which it goes on.
+Rectangle {
+    id: root
+
+    required property NowScreen screen
+    required property int column
+
+    height: note.height + Zen.space3 + 1
+    color: Zen.gray0
+    Accessible.ignored: true
+
+    // Its cell, scrolled away, is still what a screen reader finds.
+    Item {
+        id: mark
+
+        x: Zen.space7
+        width: 20
+        height: 21
+
+        StateGlyph {
+            anchors.verticalCenter: parent.verticalCenter
+            loopState: root.screen.loopState
+            level: root.screen.level
+            isCompact: true
+        }
+    }
+    ZenText {
+        id: word
+
+        x: mark.x + mark.width + Zen.space1
+        text: root.screen.stateWord
+        box: 21
+        font.weight: Zen.bold
+        Accessible.ignored: true
+    }
+    ZenNote {
+        id: note
+
+        x: word.x + word.width + Zen.space3
+        width: Zen.space7 + root.column - x
+        text: root.screen.stateNote
+        Accessible.ignored: true
+    }
+    HairLine {
+        y: root.height - 1
+        width: root.width
+    }
+}

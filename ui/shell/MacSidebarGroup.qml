@@ -7,6 +7,7 @@ Column {
 
     property string title
     default property alias content: items.data
+    readonly property var panes: Array.from(items.children)
 
     width: parent ? parent.width : 0
 

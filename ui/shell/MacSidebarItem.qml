@@ -10,8 +10,14 @@ Pressable {
     property string badge
     property bool isActive: false
 
+    // The arrows ask for the pane above or below.
+    signal walked(step: int)
+
     width: parent ? parent.width : 0
     height: Zen.control
+
+    Keys.onUpPressed: walked(-1)
+    Keys.onDownPressed: walked(1)
 
     Accessible.role: Accessible.PageTab
     Accessible.name: title

@@ -3,7 +3,9 @@
 #include "ui/shell/WindowFrame.h"
 
 #include <QGuiApplication>
+#include <QKeyEvent>
 #include <QQmlEngine>
+#include <QQuickItem>
 #include <QScreen>
 #include <QSettings>
 
@@ -96,6 +98,39 @@ bool MacWindow::event(QEvent *event) {
         break;
     }
     return QQuickView::event(event);
+}
+
+void MacWindow::keyPressEvent(QKeyEvent *event) {
+    // Without an item that has the focus, it would stay as it came.
+    if (!activeFocusItem())
+        event->ignore();
+    QQuickView::keyPressEvent(event);
+    if (!event->isAccepted())
+        event->setAccepted(handleKey(*event));
+}
+
+bool MacWindow::handleKey(const QKeyEvent &event) {
+    const auto modifiers = event.modifiers() & ~Qt::KeypadModifier;
+    const auto pane = static_cast<std::size_t>(event.key() - Qt::Key_1);
+    if (modifiers == Qt::ControlModifier && event.key() >= Qt::Key_1 && pane < allPanes.size()) {
+        m_app.navigation()->setPane(allPanes.at(pane));
+        return true;
+    }
+    if (event.matches(QKeySequence::Close)) {
+        close();
+        return true;
+    }
+    if (!rootObject())
+        return false;
+    if (event.matches(QKeySequence::Copy)) {
+        bool isCopied = false;
+        QMetaObject::invokeMethod(rootObject(), "copy", Q_RETURN_ARG(bool, isCopied));
+        return isCopied;
+    }
+    bool isTaken = false;
+    if (modifiers == Qt::NoModifier)
+        QMetaObject::invokeMethod(rootObject(), "scroll", Q_RETURN_ARG(bool, isTaken), Q_ARG(int, event.key()));
+    return isTaken;
 }
 
 void MacWindow::restoreFrame() {

@@ -28,6 +28,8 @@ public:
 
 protected:
     bool event(QEvent *event) override;
+    /// What nothing in the window has a use for, the window has: it chooses a pane, scrolls its page, or closes.
+    void keyPressEvent(QKeyEvent *event) override;
 
 private:
     void restoreFrame();
@@ -36,6 +38,7 @@ private:
     void saveFrame();
     void saveSoon();
     void updateShown();
+    [[nodiscard]] bool handleKey(const QKeyEvent &event);
 
     AppView &m_app;
     Scheduler &m_scheduler;

@@ -10,6 +10,33 @@ MacShellView {
     required property AppView app
     readonly property int pane: app.pane
 
+    // The page that shows; null while another is made.
+    function shownPage(): ScreenPage {
+        return page.screens.find(screen => screen instanceof ScreenPage) ?? null;
+    }
+
+    // Goes on from a pane of the sidebar to the one above or below it, which is shown then.
+    function walk(from: int, step: int): void {
+        const items = [];
+        for (let i = 0; i < groups.count; ++i)
+            items.push(...(groups.itemAt(i) as MacSidebarGroup).panes);
+        const to = items.find(item => item instanceof MacSidebarItem && item["modelData"].pane === from + step);
+        if (!to)
+            return;
+        to.forceActiveFocus(Qt.TabFocusReason);
+        to.clicked();
+    }
+
+    // Whether the page had a use for a key that nothing else had one for.
+    function scroll(key: int): bool {
+        return shownPage()?.scroller.handle(key) ?? false;
+    }
+
+    // Copies what is selected on the page, wherever the focus is; false where nothing is.
+    function copy(): bool {
+        return shownPage()?.selection?.copy() ?? false;
+    }
+
     sidebar: MacSidebar {
         anchors.fill: parent
         app: "Palomet"
@@ -17,6 +44,8 @@ MacShellView {
         Accessible.role: Accessible.PageTabList
 
         Repeater {
+            id: groups
+
             model: root.app.groups
 
             MacSidebarGroup {
@@ -37,6 +66,7 @@ MacShellView {
                         badge: modelData.pane === Navigation.History ? root.app.historyBadge : ""
                         isActive: modelData.pane === root.pane
                         onClicked: root.app.navigation.pane = modelData.pane
+                        onWalked: step => root.walk(modelData.pane, step)
                     }
                 }
             }
@@ -90,7 +120,7 @@ MacShellView {
 
             NowPage {
                 screen: root.app.now
-                onIsScrolledChanged: page.isScrolled = isScrolled
+                onIsRuledChanged: page.isScrolled = isRuled
             }
         }
         When {
@@ -98,7 +128,7 @@ MacShellView {
 
             HistoryPage {
                 screen: root.app.history
-                onIsScrolledChanged: page.isScrolled = isScrolled
+                onIsRuledChanged: page.isScrolled = isRuled
             }
         }
         When {
@@ -106,7 +136,7 @@ MacShellView {
 
             ListeningPage {
                 screen: root.app.listening
-                onIsScrolledChanged: page.isScrolled = isScrolled
+                onIsRuledChanged: page.isScrolled = isRuled
             }
         }
         When {
@@ -114,7 +144,7 @@ MacShellView {
 
             VoicePage {
                 screen: root.app.voice
-                onIsScrolledChanged: page.isScrolled = isScrolled
+                onIsRuledChanged: page.isScrolled = isRuled
             }
         }
         When {
@@ -122,7 +152,7 @@ MacShellView {
 
             BrainPage {
                 screen: root.app.brain
-                onIsScrolledChanged: page.isScrolled = isScrolled
+                onIsRuledChanged: page.isScrolled = isRuled
             }
         }
     }

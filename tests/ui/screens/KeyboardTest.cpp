@@ -41,17 +41,19 @@ protected:
     }
     [[nodiscard]] bool isInView(QQuickItem *item) {
         const auto place = item->mapRectToScene(QRectF(QPointF(), item->size()));
-        return QRectF(QPointF(), window->size()).contains(place);
+        // Of a list, what fits.
+        const QRectF page(0, 0, window->width(), window->height());
+        return page.contains(place) || (place.height() > 400 && page.intersects(place));
     }
     /// Reading order: further down, or further right on the same line. Places are the page's, whatever is scrolled.
     [[nodiscard]] static bool isInReadingOrder(const QList<QQuickItem *> &items) {
         const auto place = [](QQuickItem *item) {
-            auto *content = item;
-            while (content->parentItem() && !content->inherits("QQuickFlickable"))
-                content = content->parentItem();
-            if (!content->inherits("QQuickFlickable"))
+            QQuickItem *view = nullptr;
+            for (auto *above = item; above; above = above->parentItem())
+                view = above->inherits("QQuickFlickable") ? above : view;
+            if (!view)
                 return item->mapToScene({}) - QPointF(0, 10'000);
-            return item->mapToItem(content->property("contentItem").value<QQuickItem *>(), {});
+            return item->mapToItem(view->property("contentItem").value<QQuickItem *>(), {});
         };
         return std::is_sorted(items.begin(), items.end(), [&](auto *one, auto *other) {
             const auto a = place(one);
@@ -68,8 +70,9 @@ TEST_F(KeyboardTest, ReachesEverythingOnTheNowPaneInReadingOrder) {
     open(Pane::Now);
     const auto reached = stops();
     EXPECT_EQ(names(reached).join(u'|'),
-              QStringLiteral("New conversation|Stop|Listen|Type a request instead|Send|Clear|Run now"));
-    EXPECT_TRUE(isInReadingOrder(reached));
+              QStringLiteral("New conversation|Stop|Listen|Conversation|Type a request instead|Send|"
+                             "Draft|Clear|Run now"));
+    EXPECT_TRUE(isInReadingOrder(reached)) << names(reached).join(u'|').toStdString();
 }
 
 TEST_F(KeyboardTest, ReachesTheListOnTheHistoryPaneAndScrollsIt) {
@@ -104,7 +107,7 @@ TEST_F(KeyboardTest, ReachesEverythingOnTheListeningPaneInReadingOrder) {
               QStringLiteral("Echo cancellation|Microphone|Transcription model|Only when spoken to|"
                              "Dictate before acting|Action phrase|A draft lasts|Names|Listen|Stop|End of speech|"
                              "Follow-up|After the name|Echo guard"));
-    EXPECT_TRUE(isInReadingOrder(reached));
+    EXPECT_TRUE(isInReadingOrder(reached)) << names(reached).join(u'|').toStdString();
 }
 
 TEST_F(KeyboardTest, ReachesEverythingOnTheVoicePaneInReadingOrder) {
@@ -113,7 +116,7 @@ TEST_F(KeyboardTest, ReachesEverythingOnTheVoicePaneInReadingOrder) {
     open(Pane::Voice);
     const auto reached = stops();
     EXPECT_EQ(names(reached).join(u'|'), QStringLiteral("Play sample|Voice|Name|Speed|Speech model|System voice"));
-    EXPECT_TRUE(isInReadingOrder(reached));
+    EXPECT_TRUE(isInReadingOrder(reached)) << names(reached).join(u'|').toStdString();
 }
 
 TEST_F(KeyboardTest, ReachesEverythingOnTheBrainPaneInReadingOrder) {
@@ -125,7 +128,7 @@ TEST_F(KeyboardTest, ReachesEverythingOnTheBrainPaneInReadingOrder) {
     for (const auto &action : model().options()->confirmActions)
         expected += action.label + u'|';
     EXPECT_EQ(names(reached).join(u'|'), expected + QStringLiteral("Remove /code|Remove /code/website|Add folder"));
-    EXPECT_TRUE(isInReadingOrder(reached));
+    EXPECT_TRUE(isInReadingOrder(reached)) << names(reached).join(u'|').toStdString();
 }
 
 TEST_F(KeyboardTest, ChoosesPanesFromTheSidebar) {
@@ -136,6 +139,82 @@ TEST_F(KeyboardTest, ChoosesPanesFromTheSidebar) {
     EXPECT_EQ(navigation.pane(), Pane::Voice);
     EXPECT_EQ(all("VoicePage").size(), 1);
     EXPECT_TRUE(eventually([&] { return all("NowPage").isEmpty(); }));
+}
+
+TEST_F(KeyboardTest, WalksTheSidebarWithTheArrows) {
+    setFull();
+    open(Pane::Now);
+    named("MacSidebarItem", QStringLiteral("Now"))->forceActiveFocus(Qt::TabFocusReason);
+    for (const auto pane : {Pane::History, Pane::Listening, Pane::Voice, Pane::Brain, Pane::Brain}) {
+        key(Qt::Key_Down);
+        EXPECT_EQ(navigation.pane(), pane);
+        EXPECT_EQ(name(focused()), title(pane));
+        EXPECT_TRUE(showsFocus(focused()));
+    }
+    key(Qt::Key_Up);
+    EXPECT_EQ(navigation.pane(), Pane::Voice);
+    EXPECT_EQ(name(focused()), title(Pane::Voice));
+}
+
+TEST_F(KeyboardTest, ChoosesAPaneByItsNumberWhereverTheFocusIs) {
+    setFull();
+    open(Pane::Now);
+    named("ZenInput", QStringLiteral("Type a request instead"))->forceActiveFocus(Qt::TabFocusReason);
+    for (const auto &[digit, pane] : {std::pair{Qt::Key_2, Pane::History},
+                                      {Qt::Key_3, Pane::Listening},
+                                      {Qt::Key_4, Pane::Voice},
+                                      {Qt::Key_5, Pane::Brain},
+                                      {Qt::Key_1, Pane::Now}}) {
+        key(digit, Qt::ControlModifier);
+        EXPECT_EQ(navigation.pane(), pane);
+    }
+    key(Qt::Key_6, Qt::ControlModifier);
+    key(Qt::Key_2);
+    EXPECT_EQ(navigation.pane(), Pane::Now);
+}
+
+TEST_F(KeyboardTest, RecordsAShortcutThatWouldElseChooseAPane) {
+    setFull();
+    open(Pane::Listening);
+    auto *recorder = named("Pressable", QStringLiteral("Listen"));
+    recorder->forceActiveFocus(Qt::TabFocusReason);
+    key(Qt::Key_Return);
+    QKeyEvent control2(QEvent::KeyPress, Qt::Key_2, Qt::ControlModifier, 11 + 8, 0, 0);
+    QCoreApplication::sendEvent(window.get(), &control2);
+    EXPECT_EQ(navigation.pane(), Pane::Listening);
+}
+
+TEST_F(KeyboardTest, ClosesTheWindowWithControlAndW) {
+    setFull();
+    open(Pane::Brain);
+    key(Qt::Key_W, Qt::ControlModifier);
+    EXPECT_FALSE(window->isVisible());
+    EXPECT_EQ(navigation.pane(), Pane::Brain);
+}
+
+TEST_F(KeyboardTest, ScrollsThePageWithKeysThatNothingElseTakes) {
+    setFull();
+    offer();
+    open(Pane::Now);
+    press(named("MacSidebarItem", QStringLiteral("Listening")));
+    auto *view = first("ListeningPage")->property("view").value<QQuickItem *>();
+    const auto at = [&] { return view->property("contentY").toReal(); };
+    ASSERT_EQ(at(), 0);
+    key(Qt::Key_PageDown);
+    const auto page = at();
+    EXPECT_GT(page, 300) << "right after the sidebar chose the pane";
+    key(Qt::Key_End);
+    const auto end = at();
+    EXPECT_GE(end, page);
+    key(Qt::Key_PageUp);
+    EXPECT_LT(at(), end);
+    key(Qt::Key_Home);
+    EXPECT_EQ(at(), 0);
+    key(Qt::Key_5, Qt::ControlModifier);
+    view = first("BrainPage")->property("view").value<QQuickItem *>();
+    key(Qt::Key_End);
+    EXPECT_GT(at(), 0) << "with the focus nowhere";
+    key(Qt::Key_End, Qt::ControlModifier);
 }
 
 TEST_F(KeyboardTest, OpensAListMovesInItPicksAndClosesItWithEscape) {

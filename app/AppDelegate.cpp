@@ -2,6 +2,7 @@
 
 #include "app/LogFile.h"
 #include "app/StatusIcon.h"
+#include "ui/localization/Localization.h"
 #include "ui/shell/FolderDialog.h"
 
 #include <utility>
@@ -135,15 +136,23 @@ void AppDelegate::setUpWindow() {
     const Outside outside{
         .openLog = [this] { m_surroundings.openFile(LogFile::pathBelow(m_surroundings.home)); },
         .openMicrophoneSettings = m_surroundings.openMicrophoneSettings,
-        .pickFolders =
-            [this](auto &&picked) {
-                askForFolders(m_window.get(), m_surroundings.home, std::forward<decltype(picked)>(picked));
-            },
+        .pickFolders = [this](const auto &picked) { pickFolders(picked); },
     };
     m_appView = std::make_unique<AppView>(m_model, m_nav, m_shortcuts, *m_surroundings.keyboardLayout,
                                           AppView::Details{m_surroundings.version, m_surroundings.home}, outside);
     m_window = std::make_unique<MacWindow>(m_uiEngine.get(), *m_appView, *m_surroundings.scheduler,
                                            m_surroundings.settings.get());
+}
+
+void AppDelegate::pickFolders(const std::function<void(const QStringList &)> &picked) {
+    const auto askByToolkit = [this, picked] { askForFolders(m_window.get(), m_surroundings.home, picked); };
+    if (!m_surroundings.folderChooser)
+        return askByToolkit();
+    m_surroundings.folderChooser->ask({.title = L("brain.addFolder.title"),
+                                       .acceptLabel = L("brain.addFolder.prompt"),
+                                       .home = m_surroundings.home,
+                                       .owner = m_window->winId()},
+                                      picked, askByToolkit);
 }
 
 void AppDelegate::startBackend() {

@@ -15,6 +15,7 @@
 #include "model/MicrophonePermission.h"
 #include "model/PalometModel.h"
 #include "ui/UiEngine.h"
+#include "ui/shell/FolderChooser.h"
 #include "ui/shell/MacWindow.h"
 #include "ui/strip/StripController.h"
 #include "ui/strip/StripWindow.h"
@@ -50,6 +51,7 @@ public:
         std::unique_ptr<DesktopContrast> contrast;
         std::unique_ptr<WorkArea> workArea; ///< Null: the toolkit's word is taken.
         StripWindow::Pointer pointer = StripWindow::Pointer::Known;
+        std::unique_ptr<FolderChooser> folderChooser; ///< Null: the toolkit's own dialog is taken.
         std::unique_ptr<KeyboardLayout> keyboardLayout;
         std::unique_ptr<HotKeyGrabber> hotKeyGrabber;
         std::unique_ptr<RemoteService> remote;
@@ -95,6 +97,7 @@ private:
     void setUpMenuBar();
     void setUpStrip();
     void setUpWindow();
+    void pickFolders(const std::function<void(const QStringList &)> &picked);
     void startBackend();
     void trayHostChanged();
     void noteStranger();

@@ -17,6 +17,7 @@
 #include "platform/desktop/PortalMotion.h"
 #include "platform/desktop/SoundSettings.h"
 #include "platform/desktop/StatusNotifierHost.h"
+#include "platform/portal/PortalFolderChooser.h"
 #include "platform/portal/PortalHotKeyGrabber.h"
 #include "platform/posix/EventWakeup.h"
 #include "platform/posix/GroupGuard.h"
@@ -33,6 +34,7 @@
 #include "platform/x11/X11WorkArea.h"
 #include "ui/localization/Localization.h"
 #include "ui/preview/Preview.h"
+#include "ui/shell/ToolkitWords.h"
 
 #include <QDesktopServices>
 #include <QDir>
@@ -122,6 +124,7 @@ AppDelegate::Surroundings surroundings(std::unique_ptr<RemoteService> remote, X1
         .workArea = x11 != nullptr ? std::make_unique<X11WorkArea>(*x11) : nullptr,
         // There, only our own windows see the pointer.
         .pointer = isWayland() ? StripWindow::Pointer::Unknown : StripWindow::Pointer::Known,
+        .folderChooser = std::make_unique<PortalFolderChooser>(bus, QGuiApplication::platformName() == "xcb"_L1),
         .keyboardLayout = std::move(layout),
         .hotKeyGrabber = std::move(grabber),
         .remote = std::move(remote),
@@ -161,6 +164,7 @@ int run(int argumentCount, char **arguments) {
     const auto x11 = X11Connection::open();
     auto around = surroundings(std::move(remote), x11.get());
     Localization::load(around.resources.value_or(QString()), Localization::preferredLanguages());
+    translateToolkit(application, Localization::language());
     AppDelegate delegate(std::move(around));
     QObject::connect(&application, &Application::quitRequested, &delegate, &AppDelegate::applicationShouldTerminate);
     // From the event loop: it may be asked before that has begun.
@@ -182,6 +186,7 @@ int preview(const QStringList &arguments, int argumentCount, char **rawArguments
     Application application(argumentCount, rawArguments);
     const auto resources = resourceFolder(QCoreApplication::applicationDirPath()).value_or(QString());
     Localization::load(resources, Localization::preferredLanguages());
+    translateToolkit(application, Localization::language());
     QtScheduler scheduler;
     PreviewMode mode({scheduler, resources, QDir::homePath(), version}, arguments);
     const auto end = [](int exitCode) { QCoreApplication::exit(exitCode); };

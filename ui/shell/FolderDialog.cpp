@@ -11,6 +11,7 @@ namespace palomet {
 
 void askForFolders(QWindow *owner, const QString &home, std::function<void(const QStringList &)> picked) {
     auto *dialog = new QFileDialog;
+    dialog->setWindowTitle(L("brain.addFolder.title"));
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setFileMode(QFileDialog::Directory);
     dialog->setOption(QFileDialog::ShowDirsOnly);

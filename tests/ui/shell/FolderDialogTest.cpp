@@ -1,12 +1,14 @@
 #include "ui/shell/FolderDialog.h"
 
 #include "tests/support/Eventually.h"
+#include "ui/shell/ToolkitWords.h"
 
 #include <QApplication>
 #include <QDir>
 #include <QFileDialog>
 #include <QPointer>
 #include <QTemporaryDir>
+#include <QTranslator>
 
 #include <gtest/gtest.h>
 
@@ -39,6 +41,14 @@ TEST_F(FolderDialogTest, BeginsInTheFolderThatItIsGivenAndShowsFoldersOnly) {
     EXPECT_EQ(m_dialog->directory(), QDir(m_folder.path()));
     EXPECT_EQ(m_dialog->fileMode(), QFileDialog::Directory);
     EXPECT_TRUE(m_dialog->testOption(QFileDialog::ShowDirsOnly));
+}
+
+TEST(ToolkitWords, AreThoseOfTheUsersLanguage) {
+    translateToolkit(*QCoreApplication::instance(), u"pt-BR"_s);
+    EXPECT_EQ(QFileDialog::tr("&New Folder"), u"&Nova Pasta"_s);
+    qDeleteAll(QCoreApplication::instance()->findChildren<QTranslator *>());
+    translateToolkit(*QCoreApplication::instance(), u"en"_s);
+    EXPECT_EQ(QFileDialog::tr("&New Folder"), u"&New Folder"_s);
 }
 
 TEST_F(FolderDialogTest, GivesSeveralFoldersOn) {

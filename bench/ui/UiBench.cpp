@@ -91,6 +91,26 @@ bench::Sample measureRefreshes(Desk &desk, int rows, bool isChanging) {
     return sample;
 }
 
+/// Ten turns, the first of which is as long as that: of words, or without a blank.
+std::shared_ptr<const Snapshot> longSnapshot(int words, bool isBlank, int turn) {
+    auto made = std::make_shared<Snapshot>(*snapshot("waiting", 10));
+    made->conversation.rows.front().text =
+        (isBlank ? QStringLiteral("word ") : QStringLiteral("words")).repeated(words);
+    // In sight, and another each time.
+    made->conversation.rows.push_back(made->conversation.rows.front());
+    made->conversation.rows.back().text.prepend(QString::number(turn));
+    return made;
+}
+
+bench::Sample measureLongTexts(Desk &desk, int words, bool isBlank) {
+    constexpr int rounds = 10;
+    bench::Sample sample;
+    desk.model.setSnapshot(snapshot("waiting", 10));
+    for (int i = 0; i < rounds; ++i)
+        sample.add(refresh(desk, longSnapshot(words, isBlank, i)));
+    return sample;
+}
+
 /// The share of a core that thirty level events a second cost, in per cent.
 double measureLevels(Desk &desk, const char *state) {
     desk.model.setSnapshot(snapshot(state, 12));
@@ -136,6 +156,11 @@ int main(int argc, char **argv) {
                  measureRefreshes(desk, 10'000, false), {});
     printRefresh("window: a refresh with one row more of 10,000, less drawing, p50",
                  measureRefreshes(desk, 10'000, true), 4);
+
+    constexpr int megabyte = 200'000;
+    bench::print({"window: a text of 1 MB without a blank comes, p50", "one of 10 KB, of words",
+                  measureLongTexts(desk, megabyte / 100, true).percentile(0.5),
+                  measureLongTexts(desk, megabyte, false).percentile(0.5), 50});
 
     const auto shown = measureLevels(desk, "hearing");
     const auto unmoved = measureLevels(desk, "waiting");

@@ -32,7 +32,7 @@ FocusScope {
         covered: scroller.covered
     }
     // No line is cut by the page's edges: what shows in part only waits behind these.
-    Rectangle {
+    Cover {
         z: 1
         x: Zen.space3
         y: scroller.covered
@@ -43,7 +43,7 @@ FocusScope {
             anchors.fill: parent
         }
     }
-    Rectangle {
+    Cover {
         z: 1
         x: Zen.space3
         y: root.height - height

@@ -3,14 +3,13 @@ import Palomet.Kit
 import Palomet.Ui
 
 // The state and its note in one line under the page's header, which it goes on.
-Rectangle {
+Cover {
     id: root
 
     required property NowScreen screen
     required property int column
 
     height: note.height + Zen.space3 + 1
-    color: Zen.gray0
     Accessible.ignored: true
 
     // Its cell, scrolled away, is still what a screen reader finds.
@@ -48,5 +47,7 @@ Rectangle {
     HairLine {
         y: root.height - 1
         width: root.width
+        // Not quite opaque, as the cover is not: a row's rule may come to lie under it.
+        color: Qt.alpha(Zen.gray3, 0.99)
     }
 }

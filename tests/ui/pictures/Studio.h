@@ -34,9 +34,15 @@ private:
     void takePanes(const QString &language);
     /// The panes once more, as a desktop wants them that asks for more contrast.
     void takeRaised(const QString &language);
+    /// The now pane with conversations of several lengths, in windows of several sizes, as it opens and scrolled
+    /// halfway.
+    void takeConversations(const QString &language);
+    void takeSelection(const QString &language);
+    void takeFolderDialog(const QString &language);
     void takeRecorder(const QString &language);
     void takeStrip(const QString &language);
     void fill();
+    void converse(int rows);
     void empty();
     void take(QQuickWindow &window, const QString &name);
 

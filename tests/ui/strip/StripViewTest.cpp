@@ -35,6 +35,17 @@ TEST_F(StripViewTest, SaysTheStateInAWord) {
     EXPECT_EQ(m_view.loopState(), u"offline");
 }
 
+TEST_F(StripViewTest, ShowsTheBeginningOfATextThatIsFarTooLong) {
+    const auto show = [this](const QString &text) {
+        setState("thinking",
+                 [&](Snapshot &snapshot) { snapshot.conversation.rows.push_back(test::row("user", text)); });
+    };
+    show(u"what\nis it"_s);
+    EXPECT_EQ(m_view.line(), u"what is it");
+    show(QString(10'000'000, u'x'));
+    EXPECT_EQ(m_view.line(), QString(500, u'x') + u'\u2026');
+}
+
 TEST_F(StripViewTest, NamesTheStopKeyOnlyWhileThereIsSomethingToStop) {
     for (const auto *state : {"waiting", "listening", "hearing", "drafting", "muted"}) {
         setState(state);

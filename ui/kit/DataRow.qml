@@ -36,16 +36,27 @@ SelectableRow {
         selectionStart: root.selectionStart
         selectionEnd: root.selectionEnd
         box: 44
-        isElided: true
+        isLine: true
+        shown: cut.elidedText
 
+        TextMetrics {
+            id: cut
+
+            font.family: Zen.family
+            font.pixelSize: words.size
+            font.weight: Zen.medium
+            elide: Text.ElideRight
+            elideWidth: words.width
+            text: Zen.head(words.text)
+        }
         HoverHandler {
             id: pointer
 
-            enabled: words.truncated
+            enabled: words.isElided
         }
         ToolTip {
             text: Zen.head(words.text)
-            isWanted: pointer.hovered && words.truncated
+            isWanted: pointer.hovered && words.isElided
         }
     }
     ZenData {

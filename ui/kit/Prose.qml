@@ -10,12 +10,13 @@ Item {
     property int size: 13
     property int box: 21
     property color color: Zen.gray9
-    // Whether it is one line, cut where it does not fit; then a position at the cut stands for the end of the text.
-    property bool isElided: false
+    // What shows of the text, where that is one line that was cut; a position at the cut stands for the end of the text.
+    property string shown: text
+    readonly property bool isElided: shown !== text
+    property bool isLine: false
     property int selectionStart: 0
     property int selectionEnd: 0
     property bool isSelecting: false
-    readonly property bool truncated: isElided && cut.elidedText !== text
     property alias lineCount: edit.lineCount
 
     // The position in the text that is nearest to a point.
@@ -23,7 +24,7 @@ Item {
         // The middle of its line: a little above the letters is not yet the line, to the text.
         const line = Math.floor(Math.max(0, Math.min(height - 1, y)) / box);
         const position = edit.positionAt(Math.max(0, Math.min(width - 1, x)), (line + 0.5) * box - edit.y);
-        return truncated && position >= edit.length - 1 ? text.length : position;
+        return isElided && position >= edit.length - 1 ? text.length : position;
     }
 
     // Where a caret at a position stands.
@@ -56,8 +57,8 @@ Item {
         enabled: false
         readOnly: true
         textFormat: TextEdit.PlainText
-        text: root.isElided ? cut.elidedText : root.text
-        wrapMode: root.isElided ? TextEdit.NoWrap : TextEdit.Wrap
+        text: root.shown
+        wrapMode: root.isLine ? TextEdit.NoWrap : TextEdit.Wrap
         color: root.color
         selectionColor: Zen.gray3
         selectedTextColor: root.color
@@ -75,13 +76,5 @@ Item {
 
         document: edit.textDocument
         box: root.box
-    }
-    TextMetrics {
-        id: cut
-
-        font: edit.font
-        elide: Text.ElideRight
-        elideWidth: root.isElided ? root.width : 0
-        text: root.isElided ? Zen.head(root.text) : ""
     }
 }

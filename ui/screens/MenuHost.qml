@@ -7,8 +7,8 @@ import Palomet.Ui
 Item {
     id: root
 
-    // Asked as the menu opens.
-    property var entries: []
+    // Gives the menu's entries; asked only while it is open, for some of what it asks is another program's to answer.
+    property var entries: () => []
     property bool isOpen: false
     property point at
 
@@ -45,7 +45,7 @@ Item {
                 id: menu
 
                 parent: root.Window.contentItem
-                entries: root.entries
+                entries: root.entries()
                 at: root.at
                 isReached: root.isByKey
                 name: Words.t("text.menu")

@@ -20,25 +20,28 @@ struct Span {
 
 constexpr qreal tallestControl = 64;
 
-/// The line of a text, the control, or whatever else says that it is to be seen as a whole, that lies across a height
-/// of the view; of several, any.
-std::optional<Span> across(QQuickItem *item, const QQuickItem *view, qreal y) {
-    if (!item->isVisible())
-        return {};
-    const auto top = item->mapToItem(view, QPointF()).y();
+/// The line of a text, the control, or whatever else says that it is to be seen as a whole, that lies across a height of
+/// the view; of several, any. `top` is the item's, in the view.
+std::optional<Span> across(const QQuickItem *item, qreal top, qreal y) {
+    const auto end = top + item->height();
     const auto isAcross = [y](qreal from, qreal to) { return from < y - 0.5 && to > y + 0.5; };
-    const bool isControl = qobject_cast<Pressable *>(item) || qobject_cast<ZenBox *>(item);
+    const bool isControl = qobject_cast<const Pressable *>(item) || qobject_cast<const ZenBox *>(item);
     if ((isControl && item->height() <= tallestControl) || item->property("isWhole").toBool())
-        return isAcross(top, top + item->height()) ? std::optional(Span{top, top + item->height()}) : std::nullopt;
+        return isAcross(top, end) ? std::optional(Span{top, end}) : std::nullopt;
     // A text of the kit says how high its lines are.
     const auto box = item->property("box");
     if (box.isValid() && item->property("text").isValid()) {
         const auto line = top + std::floor((y - top) / box.toReal()) * box.toReal();
-        const bool isIn = y > top && y < top + item->height() && isAcross(line, line + box.toReal());
+        const bool isIn = y > top && y < end && isAcross(line, line + box.toReal());
         return isIn ? std::optional(Span{line, line + box.toReal()}) : std::nullopt;
     }
-    for (auto *child : item->childItems()) {
-        if (const auto found = across(child, view, y))
+    for (const auto *child : item->childItems()) {
+        const auto childTop = top + child->y();
+        // What is elsewhere is most of it; what has no height of its own may have children that have.
+        const bool isElsewhere = child->height() > 0 && (childTop > y || childTop + child->height() < y);
+        if (isElsewhere || !child->isVisible())
+            continue;
+        if (const auto found = across(child, childTop, y))
             return found;
     }
     return {};
@@ -64,14 +67,14 @@ void WholeLines::measure() {
     constexpr int mostLooks = 8;
     auto top = m_covered;
     for (int look = 0; look < mostLooks; ++look) {
-        const auto cut = across(content, m_view, top);
+        const auto cut = across(content, content->y(), top);
         if (!cut)
             break;
         top = cut->end;
     }
     auto bottom = m_view->height();
     for (int look = 0; look < mostLooks; ++look) {
-        const auto cut = across(content, m_view, bottom);
+        const auto cut = across(content, content->y(), bottom);
         if (!cut)
             break;
         bottom = cut->top;

@@ -45,7 +45,7 @@ TEST_F(FolderDialogTest, BeginsInTheFolderThatItIsGivenAndShowsFoldersOnly) {
 
 TEST(ToolkitWords, AreThoseOfTheUsersLanguage) {
     translateToolkit(*QCoreApplication::instance(), u"pt-BR"_s);
-    EXPECT_EQ(QFileDialog::tr("&New Folder"), u"&Nova Pasta"_s);
+    EXPECT_EQ(QFileDialog::tr("&New Folder"), u"&Nova pasta"_s);
     qDeleteAll(QCoreApplication::instance()->findChildren<QTranslator *>());
     translateToolkit(*QCoreApplication::instance(), u"en"_s);
     EXPECT_EQ(QFileDialog::tr("&New Folder"), u"&New Folder"_s);

@@ -23,7 +23,7 @@ MouseArea {
     MenuHost {
         id: menu
 
-        entries: () => [
+        onOpening: entries = [
             {id: "undo", title: Words.t("text.undo"), keys: Words.t("text.undo.keys"), isOn: root.input.canUndo},
             {id: "redo", title: Words.t("text.redo"), keys: Words.t("text.redo.keys"), isOn: root.input.canRedo},
             {id: "cut", title: Words.t("text.cut"), keys: Words.t("text.cut.keys"), isOn: root.input.selectedText !== ""},

@@ -7,11 +7,12 @@ import Palomet.Ui
 Item {
     id: root
 
-    // Gives the menu's entries; asked only while it is open, for some of what it asks is another program's to answer.
-    property var entries: () => []
+    property var entries: []
     property bool isOpen: false
     property point at
 
+    // The entries are to be set; not before, for some of what they depend on is another program's to answer.
+    signal opening
     signal picked(id: string)
     // A key asks for it.
     signal wanted
@@ -24,6 +25,7 @@ Item {
     function open(item: Item, x: real, y: real, isByKey: bool): void {
         root.isByKey = isByKey;
         at = item.mapToItem(Window.contentItem, x, y);
+        opening();
         isOpen = true;
     }
 
@@ -45,7 +47,7 @@ Item {
                 id: menu
 
                 parent: root.Window.contentItem
-                entries: root.entries()
+                entries: root.entries
                 at: root.at
                 isReached: root.isByKey
                 name: Words.t("text.menu")

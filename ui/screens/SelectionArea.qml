@@ -159,7 +159,7 @@ Pressable {
     MenuHost {
         id: menu
 
-        entries: () => [
+        onOpening: entries = [
             {id: "copy", title: Words.t("text.copy"), keys: Words.t("text.copy.keys"), isOn: !words.isEmpty},
             {id: "all", title: Words.t("text.selectAll"), keys: Words.t("text.selectAll.keys"), isOn: true}
         ]

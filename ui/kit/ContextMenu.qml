@@ -126,7 +126,7 @@ Item {
                         x: Zen.space2
                         anchors.verticalCenter: parent.verticalCenter
                         text: entry.modelData.title
-                        color: entry.enabled ? Zen.gray9 : Zen.gray4
+                        color: entry.enabled ? Zen.gray9 : Zen.disabledInk
                         Accessible.ignored: true
                     }
                     ZenData {
@@ -134,7 +134,7 @@ Item {
                         anchors.verticalCenter: parent.verticalCenter
                         text: entry.modelData.keys
                         size: 12
-                        color: entry.enabled ? Zen.gray5 : Zen.gray4
+                        color: entry.enabled ? Zen.bodyInk : Zen.disabledInk
                         Accessible.ignored: true
                     }
                     FocusRing {

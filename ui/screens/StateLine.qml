@@ -48,6 +48,6 @@ Cover {
         y: root.height - 1
         width: root.width
         // Not quite opaque, as the cover is not: a row's rule may come to lie under it.
-        color: Qt.alpha(Zen.gray3, 0.99)
+        color: Qt.alpha(Zen.rule, 0.99)
     }
 }

@@ -71,6 +71,20 @@ private:
 const QByteArray missingHost =
     "bandeja: falta um painel com StatusNotifierHost; o ícone do Palomet aparece assim que houver um\n";
 
+/// A desktop that has a dialog for folders, or none.
+class FakeFolderChooser final : public FolderChooser {
+public:
+    void ask(const Request &request, std::function<void(const QStringList &)> /*picked*/,
+             std::function<void()> missing) override {
+        asked.push_back(request);
+        if (isMissing)
+            missing();
+    }
+
+    std::vector<Request> asked;
+    bool isMissing = false;
+};
+
 class AppDelegateTest : public ::testing::Test {
 protected:
     AppDelegateTest() {
@@ -90,6 +104,8 @@ protected:
         auto ownedGrabber = std::make_unique<test::FakeHotKeyGrabber>();
         auto ownedContrast = std::make_unique<FakeContrast>();
         contrast = ownedContrast.get();
+        auto ownedChooser = std::make_unique<FakeFolderChooser>();
+        chooser = ownedChooser.get();
         auto ownedRemote = std::make_unique<test::FakeRemoteService>();
         grabber = ownedGrabber.get();
         remote = ownedRemote.get();
@@ -112,6 +128,7 @@ protected:
             .motion = std::make_unique<FakeMotion>(),
             .contrast = std::move(ownedContrast),
             .workArea = nullptr,
+            .folderChooser = std::move(ownedChooser),
             .keyboardLayout = std::make_unique<NoKeyboardLayout>(),
             .hotKeyGrabber = std::move(ownedGrabber),
             .remote = std::move(ownedRemote),
@@ -188,6 +205,7 @@ protected:
     FakeContrast *contrast = nullptr;
     test::FakeHotKeyGrabber *grabber = nullptr;
     test::FakeRemoteService *remote = nullptr;
+    FakeFolderChooser *chooser = nullptr;
 };
 
 class AppDelegateWithPermission : public AppDelegateTest, public ::testing::WithParamInterface<MicrophoneStatus> {};
@@ -544,6 +562,29 @@ TEST_F(AppDelegateTest, OpensItsLogFromTheBrainPane) {
     ASSERT_TRUE(app);
     app->openLog();
     EXPECT_EQ(opened, QStringList{LogFile::pathBelow(folder.path())});
+}
+
+TEST_F(AppDelegateTest, AsksForFoldersInTheDesktopsDialogAndInItsOwnWhereThereIsNone) {
+    create();
+    delegate->openWindow(Pane::Brain);
+    auto *app = delegate->window()->rootObject()->property("app").value<AppView *>();
+    ASSERT_TRUE(app);
+    app->brain()->addFolder();
+    ASSERT_EQ(chooser->asked.size(), 1);
+    EXPECT_EQ(chooser->asked.front().owner, delegate->window()->winId());
+    EXPECT_EQ(chooser->asked.front().home, folder.path());
+    const auto dialogs = [] {
+        const auto widgets = QApplication::topLevelWidgets();
+        return std::count_if(widgets.begin(), widgets.end(),
+                             [](auto *widget) { return widget->inherits("QFileDialog"); });
+    };
+    EXPECT_EQ(dialogs(), 0);
+    chooser->isMissing = true;
+    app->brain()->addFolder();
+    EXPECT_EQ(dialogs(), 1);
+    for (auto *widget : QApplication::topLevelWidgets())
+        widget->close();
+    EXPECT_TRUE(eventually([&] { return dialogs() == 0; }));
 }
 
 TEST_F(AppDelegateTest, OpensNothingAnyMoreOnceItQuits) {

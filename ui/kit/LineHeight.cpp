@@ -13,7 +13,6 @@ void LineHeight::setDocument(QQuickTextDocument *document) {
     // There is nothing to undo in what is only read, and no memory to spend on it.
     if (m_document)
         m_document->textDocument()->setUndoRedoEnabled(false);
-    apply();
     Q_EMIT changed();
 }
 
@@ -21,7 +20,8 @@ void LineHeight::setBox(int box) {
     if (m_box == box)
         return;
     m_box = box;
-    apply();
+    if (m_isApplied)
+        apply();
     Q_EMIT changed();
 }
 
@@ -41,6 +41,7 @@ void LineHeight::apply() {
     all.select(QTextCursor::Document);
     all.setBlockFormat(format);
     m_isApplying = false;
+    m_isApplied = true;
 }
 
 } // namespace palomet

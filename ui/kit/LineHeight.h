@@ -27,7 +27,7 @@ public:
     void setBox(int box);
     [[nodiscard]] qreal baseline() const;
 
-    /// To be called when the document's text has become another.
+    /// To be called once the document is there, and when its text has become another.
     Q_INVOKABLE void apply();
 
 Q_SIGNALS:
@@ -37,6 +37,7 @@ private:
     QPointer<QQuickTextDocument> m_document;
     int m_box = 0;
     bool m_isApplying = false;
+    bool m_isApplied = false;
 };
 
 } // namespace palomet

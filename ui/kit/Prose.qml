@@ -17,6 +17,8 @@ Item {
     property int selectionStart: 0
     property int selectionEnd: 0
     property bool isSelecting: false
+    // Laid out once, when all is known.
+    property bool isReady: false
     property alias lineCount: edit.lineCount
 
     // The position in the text that is nearest to a point.
@@ -44,10 +46,19 @@ Item {
         isSelecting = false;
     }
 
+    function format(): void {
+        lines.apply();
+        select();
+    }
+
     implicitHeight: edit.lineCount * box
     baselineOffset: Zen.baseline(size, box)
-    onSelectionStartChanged: select()
-    onSelectionEndChanged: select()
+    onSelectionStartChanged: if (isReady) select()
+    onSelectionEndChanged: if (isReady) select()
+    Component.onCompleted: {
+        isReady = true;
+        format();
+    }
 
     TextEdit {
         id: edit
@@ -65,10 +76,7 @@ Item {
         font.family: Zen.family
         font.pixelSize: root.size
         font.weight: Zen.medium
-        onTextChanged: {
-            lines.apply();
-            root.select();
-        }
+        onTextChanged: if (root.isReady) root.format()
         Accessible.ignored: true
     }
     LineHeight {

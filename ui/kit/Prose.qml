@@ -72,7 +72,7 @@ Item {
         wrapMode: root.isLine ? TextEdit.NoWrap : TextEdit.Wrap
         color: root.color
         selectionColor: Zen.gray3
-        selectedTextColor: root.color
+        selectedTextColor: Zen.gray9
         font.family: Zen.family
         font.pixelSize: root.size
         font.weight: Zen.medium

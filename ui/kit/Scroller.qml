@@ -72,7 +72,7 @@ Item {
         }
         const top = whole.mapToItem(flickable.contentItem, 0, 0).y;
         const bottom = top + whole.height;
-        // What is larger than the view is seen as much of as can be.
+        // Of what is larger than the view, some is enough.
         if (whole.height + 2 * margin < flickable.height - covered)
             show(top - margin, bottom + margin);
         else if (bottom < flickable.contentY + covered || top > flickable.contentY + flickable.height)

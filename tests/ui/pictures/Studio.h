@@ -41,6 +41,8 @@ private:
     void takeFolderDialog(const QString &language);
     void takeRecorder(const QString &language);
     void takeStrip(const QString &language);
+    /// Everything that was set in motion comes to rest: fades are over, rows are made, texts are laid out.
+    static void settle();
     void fill();
     void converse(int rows);
     void empty();

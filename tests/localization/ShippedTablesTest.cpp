@@ -55,10 +55,12 @@ voice.voice voice.voice.hint voice.voice.placeholder voice.name voice.name.hint 
 voice.model voice.model.hint voice.offlineBlock voice.macVoice voice.macVoice.hint
 brain.sessionBlock brain.model brain.model.hint brain.claude.hint brain.whenDown brain.whenDown.hint
 brain.whenDown.value brain.confirmBlock brain.confirm.on brain.confirm.off brain.foldersBlock
-brain.workingFolder.hint brain.always brain.addFolder.prompt brain.note
+brain.workingFolder.hint brain.always brain.addFolder.prompt brain.addFolder.title brain.note
 button.newConversation button.addFolder button.remove button.clear button.run button.sample button.openLog
 switch.on switch.off
 select.applying
+text.menu text.undo text.redo text.cut text.copy text.paste text.selectAll
+text.undo.keys text.redo.keys text.cut.keys text.copy.keys text.paste.keys text.selectAll.keys
 since.now since.minutes since.hours
 day.today day.yesterday
 device.systemDefault

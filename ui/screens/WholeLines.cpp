@@ -20,8 +20,8 @@ struct Span {
 
 constexpr qreal tallestControl = 64;
 
-/// The line of a text, the control, or whatever else says that it is to be seen as a whole, that lies across a height of
-/// the view; of several, any. `top` is the item's, in the view.
+/// The line of a text, the control, or whatever else says that it is to be seen as a whole, that lies across a height
+/// of the view; of several, any. `top` is the item's, in the view.
 std::optional<Span> across(const QQuickItem *item, qreal top, qreal y) {
     const auto end = top + item->height();
     const auto isAcross = [y](qreal from, qreal to) { return from < y - 0.5 && to > y + 0.5; };

@@ -1,6 +1,6 @@
 // A language model's tool that thinks until it is told what to say: what the bundled engine knows by itself takes no thinking.
 
-import { chmodSync, writeFileSync } from "node:fs";
+import { chmodSync, mkdirSync, rmSync, writeFileSync } from "node:fs";
 import { join } from "node:path";
 import { run } from "./process";
 import { check, type Stage } from "./stage";
@@ -24,9 +24,11 @@ export class Thinker {
         private readonly path: string,
     ) {}
 
-    /** Sets it up, and has it asked from now on. */
+    /** Sets it up where a user's own tools are, for the engine runs none that it does not find, and has it asked from now on. */
     static async hire(stage: Stage): Promise<Thinker> {
-        const path = join(stage.folder, "claude");
+        const folder = join(stage.environment.HOME!, ".local/bin");
+        const path = join(folder, "claude");
+        mkdirSync(folder, { recursive: true });
         writeFileSync(path, script);
         chmodSync(path, 0o755);
         await run(["mkfifo", `${path}.words`], stage.environment);
@@ -41,5 +43,7 @@ export class Thinker {
 
     async dismiss(): Promise<void> {
         await this.stage.watcher.post("settings", { claudePath: null, brainModel: "built-in" });
+        rmSync(this.path);
+        rmSync(`${this.path}.words`);
     }
 }

@@ -4,6 +4,7 @@
 #include "model/PalometModel.h"
 
 #include <array>
+#include <functional>
 
 namespace palomet {
 
@@ -46,7 +47,7 @@ RemoteDoor::~RemoteDoor() {
 RemoteOutcome RemoteDoor::perform(const RemoteCommand &command) {
     for (const auto &action : actions) {
         if (command.action == action.name)
-            return post([&] { (m_model.*action.perform)(); });
+            return post(std::bind_front(action.perform, &m_model));
     }
     if (command.action == QStringLiteral("say")) {
         // Another program than ours may have sent it.

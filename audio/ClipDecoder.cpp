@@ -9,7 +9,6 @@
 #include <array>
 #include <cmath>
 #include <cstdio>
-#include <cstring>
 #include <memory>
 #include <new>
 #include <optional>
@@ -84,7 +83,7 @@ private:
 
     sf_count_t read(void *to, sf_count_t count) {
         count = std::clamp<sf_count_t>(count, 0, size() - m_position);
-        std::memcpy(to, m_data.data() + m_position, static_cast<std::size_t>(count));
+        std::copy_n(m_data.begin() + m_position, count, static_cast<char *>(to));
         m_position += count;
         return count;
     }

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <map>
 #include <set>
 
 using namespace palomet;
@@ -44,4 +45,13 @@ TEST(KeyCodes, GiveNothingForAKeyThatIsNotThere) {
 
 TEST(KeyCodes, OfTheSpaceBarAreTheKnownOnes) {
     EXPECT_EQ(KeyCodes::toEvdev(0x31), 57);
+}
+
+TEST(KeyCodes, OfTheKeypadAreTheKnownOnes) {
+    // Decimal, multiply, plus, clear, divide, Enter, minus, equals; then 0 to 9.
+    const std::map<quint32, quint16> keypad{{65, 83}, {67, 55},  {69, 78}, {71, 69}, {75, 98}, {76, 96},
+                                            {78, 74}, {81, 117}, {82, 82}, {83, 79}, {84, 80}, {85, 81},
+                                            {86, 75}, {87, 76},  {88, 77}, {89, 71}, {91, 72}, {92, 73}};
+    for (const auto &[keyCode, evdev] : keypad)
+        EXPECT_EQ(KeyCodes::toEvdev(keyCode), evdev) << "key code " << keyCode;
 }

@@ -179,6 +179,11 @@ TEST_F(ShortcutTest, MayBeStoredWithFractionsOfNothingAndWithWhatNobodyReads) {
     EXPECT_EQ(Shortcut::fromJson(R"( {"keyCode":49.0,"flags":5.24288e5,"more":{"keyCode":[1]}} )"), Shortcut::opt(49));
 }
 
+TEST_F(ShortcutTest, MayHaveTheFirstAndTheLastKeyCodeThatThereCanBe) {
+    EXPECT_EQ(Shortcut::opt(0).keyCode, 0U);
+    EXPECT_EQ(Shortcut::opt(0xFFFF'FFFF).keyCode, 0xFFFF'FFFFU);
+}
+
 TEST_F(ShortcutTest, EndsTheProcessForAKeyCodeThatCannotBe) {
     EXPECT_DEATH(Shortcut::opt(-1), "32 bits");
     EXPECT_DEATH(Shortcut::ctrlOpt(0x1'0000'0000), "32 bits");

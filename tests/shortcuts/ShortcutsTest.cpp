@@ -49,6 +49,14 @@ TEST_F(ShortcutsTest, AreOptionSpaceAndEscapeAtFirstAndWrittenAtOnce) {
     EXPECT_EQ(stored("stopShortcut"), escape);
 }
 
+TEST_F(ShortcutsTest, AreInTheFileAsSoonAsTheyAreSet) {
+    open();
+    shortcuts->setListen(Shortcut::opt(11));
+    QFile file(path);
+    ASSERT_TRUE(file.open(QFile::ReadOnly));
+    EXPECT_TRUE(file.readAll().contains("11"));
+}
+
 TEST_F(ShortcutsTest, ThatWereClearedReturnAtTheNextStart) {
     open();
     shortcuts->setListen(std::nullopt);

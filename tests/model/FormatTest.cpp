@@ -76,6 +76,17 @@ using FormatModel = Format_;
 using FormatDevice = Format_;
 using FormatRegion = Format_;
 
+/// Of New York in 2026: an hour is left out in spring, and one comes twice in autumn.
+void expectTheChangesOfTheHour() {
+    const double spring = at("2026-03-08T06:59:00", u"UTC"_s);
+    EXPECT_EQ(Format::clock(spring), u"01:59"_s);
+    EXPECT_EQ(Format::clock(spring + 60'000), u"03:00"_s);
+    const double autumn = at("2026-11-01T05:59:00", u"UTC"_s);
+    EXPECT_EQ(Format::clock(autumn), u"01:59"_s);
+    EXPECT_EQ(Format::clock(autumn + 60'000), u"01:00"_s);
+    EXPECT_EQ(Format::clock(autumn + 3'660'000), u"02:00"_s);
+}
+
 } // namespace
 
 TEST_F(FormatNumber, HasTheSeparatorsOfItsRegion) {
@@ -238,12 +249,7 @@ TEST_F(FormatClock, IsThatOfItsTimeZone) {
 
 TEST_F(FormatClock, GoesOverTheHourThatIsLeftOutOrDoneTwice) {
     load(u"en-US"_s, newYork);
-    const double spring = at("2026-03-08T06:59:00", u"UTC"_s);
-    EXPECT_EQ(Format::clock(spring), u"01:59"_s);
-    EXPECT_EQ(Format::clock(spring + 60'000), u"03:00"_s);
-    const double autumn = at("2026-11-01T05:59:00", u"UTC"_s);
-    EXPECT_EQ(Format::clock(autumn), u"01:59"_s);
-    EXPECT_EQ(Format::clock(autumn + 60'000), u"01:00"_s);
+    expectTheChangesOfTheHour();
 }
 
 TEST_F(FormatClock, ShowsInstantsBefore1970AndFractions) {
@@ -475,13 +481,7 @@ TEST_F(FormatRegion, FollowsTheSystemsTimeZone) {
 TEST_F(FormatRegion, OfTheSystemGoesOverTheHourThatIsLeftOutOrDoneTwice) {
     const EnvironmentVariable zone("TZ", "America/New_York");
     Format::load({.numbers = u"en-US"_s, .dates = u"en-US"_s, .timeZone = {}});
-    const double spring = at("2026-03-08T06:59:00", u"UTC"_s);
-    EXPECT_EQ(Format::clock(spring), u"01:59"_s);
-    EXPECT_EQ(Format::clock(spring + 60'000), u"03:00"_s);
-    const double autumn = at("2026-11-01T05:59:00", u"UTC"_s);
-    EXPECT_EQ(Format::clock(autumn), u"01:59"_s);
-    EXPECT_EQ(Format::clock(autumn + 60'000), u"01:00"_s);
-    EXPECT_EQ(Format::clock(autumn + 3'660'000), u"02:00"_s);
+    expectTheChangesOfTheHour();
     EXPECT_FALSE(Format::day(8.64e15).isEmpty());
     EXPECT_FALSE(Format::day(-8.64e15).isEmpty());
 }

@@ -1,3 +1,4 @@
+#include "bench/hot-keys/Surroundings.h"
 #include "bench/support/Row.h"
 #include "tests/palomet/Desktop.h"
 #include "tests/support/FakeKeyboard.h"
@@ -105,11 +106,7 @@ int main(int argc, char **argv) {
     const int rounds = std::max(1, QCoreApplication::arguments().value(1, u"200"_s).toInt());
 
     test::Desktop desktop;
-    auto environment = desktop.environment();
-    const QDir resources(desktop.home.filePath(u"resources"_s));
-    resources.mkpath(u"engine"_s);
-    QFile::link(QStringLiteral(PALOMET_FAKE_BACKEND), resources.filePath(u"bun"_s));
-    environment.insert(u"PALOMET_RESOURCES"_s, resources.path());
+    const auto environment = bench::surroundingsOn(desktop);
 
     test::ScriptedBackend backend(4780);
     std::atomic<int> commands{0};

@@ -1,3 +1,4 @@
+#include "bench/hot-keys/Surroundings.h"
 #include "tests/palomet/BackendAtItsPort.h"
 #include "tests/palomet/Desktop.h"
 #include "tests/support/FakeKeyboard.h"
@@ -100,11 +101,7 @@ int main(int argc, char **argv) {
     const auto seed = arguments.value(2, u"1"_s).toUInt();
 
     test::Desktop desktop;
-    auto environment = desktop.environment();
-    const QDir resources(desktop.home.filePath(u"resources"_s));
-    resources.mkpath(u"engine"_s);
-    QFile::link(QStringLiteral(PALOMET_FAKE_BACKEND), resources.filePath(u"bun"_s));
-    environment.insert(u"PALOMET_RESOURCES"_s, resources.path());
+    const auto environment = bench::surroundingsOn(desktop);
     desktop.display.run(u"setxkbmap"_s, {u"us,ru"_s});
 
     test::BackendAtItsPort backend;

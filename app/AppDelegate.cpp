@@ -2,7 +2,7 @@
 
 #include "app/LogFile.h"
 #include "app/StatusIcon.h"
-#include "ui/localization/Localization.h"
+#include "localization/Localization.h"
 #include "ui/shell/FolderDialog.h"
 
 #include <utility>

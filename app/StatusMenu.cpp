@@ -1,7 +1,7 @@
 #include "app/StatusMenu.h"
 
+#include "localization/Localization.h"
 #include "model/PalometModel.h"
-#include "ui/localization/Localization.h"
 
 namespace palomet {
 

@@ -6,6 +6,7 @@
 #include "app/Resources.h"
 #include "audio/EchoCanceller.h"
 #include "base/QtScheduler.h"
+#include "localization/Localization.h"
 #include "platform/dbus/DBusRemoteClient.h"
 #include "platform/desktop/DesktopMicrophonePermission.h"
 #include "platform/desktop/StatusNotifierHost.h"
@@ -17,7 +18,6 @@
 #include "platform/x11/X11Connection.h"
 #include "platform/x11/X11HotKeyGrabber.h"
 #include "platform/x11/X11KeyboardLayout.h"
-#include "ui/localization/Localization.h"
 
 #include <QCoreApplication>
 #include <QDir>

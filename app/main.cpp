@@ -7,6 +7,7 @@
 #include "app/Resources.h"
 #include "app/doctorMain.h"
 #include "base/QtScheduler.h"
+#include "localization/Localization.h"
 #include "platform/dbus/DBusRemoteClient.h"
 #include "platform/dbus/DBusRemoteService.h"
 #include "platform/dbus/SessionBus.h"
@@ -32,7 +33,6 @@
 #include "platform/x11/X11HotKeyGrabber.h"
 #include "platform/x11/X11KeyboardLayout.h"
 #include "platform/x11/X11WorkArea.h"
-#include "ui/localization/Localization.h"
 #include "ui/preview/Preview.h"
 #include "ui/shell/ToolkitWords.h"
 

@@ -1,6 +1,6 @@
 #include "audio/AudioIO.h"
 
-#include "ui/localization/Localization.h"
+#include "localization/Localization.h"
 
 #include <QFile>
 #include <QPointer>

@@ -1,8 +1,8 @@
 #include "model/Format.h"
 
+#include "localization/Languages.h"
+#include "localization/Localization.h"
 #include "model/RegionFormatters.h"
-#include "ui/localization/Languages.h"
-#include "ui/localization/Localization.h"
 
 #include <algorithm>
 #include <cmath>

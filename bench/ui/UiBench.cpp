@@ -1,10 +1,10 @@
 #include "bench/support/Row.h"
+#include "localization/Localization.h"
 #include "model/Format.h"
 #include "tests/support/ManualScheduler.h"
 #include "tests/support/ScriptedBackend.h"
 #include "ui/Ui.h"
 #include "ui/kit/Kit.h"
-#include "ui/localization/Localization.h"
 #include "ui/shell/MacWindow.h"
 
 #include <QApplication>

@@ -1,5 +1,6 @@
 #include "app/KeyBindings.h"
 
+#include "localization/Localization.h"
 #include "model/PalometModel.h"
 #include "tests/shortcuts/FixedKeyboardLayout.h"
 #include "tests/support/Eventually.h"
@@ -7,7 +8,6 @@
 #include "tests/support/FakeMicrophonePermission.h"
 #include "tests/support/ManualScheduler.h"
 #include "tests/support/ScriptedBackend.h"
-#include "ui/localization/Localization.h"
 
 #include <QSettings>
 #include <QTemporaryDir>

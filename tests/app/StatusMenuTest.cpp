@@ -1,11 +1,11 @@
 #include "app/StatusMenu.h"
 
+#include "localization/Localization.h"
 #include "model/PalometModel.h"
 #include "tests/support/Eventually.h"
 #include "tests/support/FakeMicrophonePermission.h"
 #include "tests/support/ManualScheduler.h"
 #include "tests/support/ScriptedBackend.h"
-#include "ui/localization/Localization.h"
 
 #include <gtest/gtest.h>
 

@@ -16,24 +16,24 @@ namespace fs = std::filesystem;
 
 const std::map<std::string, std::set<std::string>> allowed{
     {"base", {}},
-    {"ui/localization", {"base"}},
-    {"model", {"base", "ui/localization"}},
-    {"audio", {"base", "ui/localization"}},
-    {"shortcuts", {"base", "ui/localization"}},
-    {"ui", {"base", "ui/localization", "model", "shortcuts", "audio"}},
-    {"app", {"base", "ui/localization", "model", "shortcuts", "audio", "ui", "platform"}},
+    {"localization", {"base"}},
+    {"model", {"base", "localization"}},
+    {"audio", {"base", "localization"}},
+    {"shortcuts", {"base", "localization"}},
+    {"ui", {"base", "localization", "model", "shortcuts"}},
+    {"app", {"base", "localization", "model", "shortcuts", "audio", "ui", "platform"}},
 };
 
 const fs::path source{PALOMET_SOURCE_DIR};
 
 /// The library that a path relative to the source belongs to: "platform/x11/Grab.h" is platform/x11, "ui/kit/Zen.qml"
-/// ui.
+/// is ui.
 std::string folderOf(const fs::path &relative) {
     auto part = relative.begin();
     const auto first = part->string();
     if (++part == relative.end())
         return first;
-    if (first == "platform" || (first == "ui" && *part == "localization"))
+    if (first == "platform")
         return first + "/" + part->string();
     return first;
 }

@@ -1,12 +1,12 @@
 #include "audio/AudioIO.h"
 
+#include "localization/Localization.h"
 #include "tests/support/Eventually.h"
 #include "tests/support/FakeEchoCanceller.h"
 #include "tests/support/FakeSoundServer.h"
 #include "tests/support/ManualScheduler.h"
 #include "tests/support/QueuedWakeup.h"
 #include "tests/support/Speakers.h"
-#include "ui/localization/Localization.h"
 
 #include <QTemporaryDir>
 

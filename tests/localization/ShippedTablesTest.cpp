@@ -1,5 +1,5 @@
-#include "ui/localization/StringTable.h"
-#include "ui/localization/TextFormat.h"
+#include "localization/StringTable.h"
+#include "localization/TextFormat.h"
 
 #include <QDirIterator>
 #include <QFile>

@@ -1,4 +1,4 @@
-#include "ui/localization/TextFormat.h"
+#include "localization/TextFormat.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 #include "model/Format.h"
 
+#include "localization/Localization.h"
 #include "tests/support/Processes.h"
-#include "ui/localization/Localization.h"
 
 #include <QDateTime>
 #include <QLocale>

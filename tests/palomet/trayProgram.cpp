@@ -4,10 +4,10 @@
 #include "app/StatusIcon.h"
 #include "app/StatusMenu.h"
 #include "base/QtScheduler.h"
+#include "localization/Localization.h"
 #include "model/PalometModel.h"
 #include "platform/desktop/StatusNotifierHost.h"
 #include "tests/support/FakeMicrophonePermission.h"
-#include "ui/localization/Localization.h"
 
 #include <QApplication>
 

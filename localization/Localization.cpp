@@ -1,8 +1,8 @@
-#include "ui/localization/Localization.h"
+#include "localization/Localization.h"
 
-#include "ui/localization/Languages.h"
-#include "ui/localization/StringTable.h"
-#include "ui/localization/TextFormat.h"
+#include "localization/Languages.h"
+#include "localization/StringTable.h"
+#include "localization/TextFormat.h"
 
 #include <QDebug>
 #include <QDir>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ui/localization/Localization.h"
+#include "localization/Localization.h"
 
 #include <QLocale>
 #include <QString>

@@ -3,7 +3,7 @@
 #include "bench/audio-link/Peer.h"
 #include "bench/audio-link/SpokenClip.h"
 #include "bench/support/Row.h"
-#include "platform/posix/EventWakeup.h"
+#include "platform/linux/EventWakeup.h"
 #include "tests/support/FakeEchoCanceller.h"
 #include "tests/support/FakeSoundServer.h"
 

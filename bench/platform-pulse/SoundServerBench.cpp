@@ -1,7 +1,7 @@
 #include "base/QtScheduler.h"
 #include "bench/support/Row.h"
 #include "platform/pulse/PulseSoundServer.h"
-#include "tests/platform-pulse/SoundProbe.h"
+#include "tests/platform/pulse/SoundProbe.h"
 #include "tests/support/Eventually.h"
 #include "tests/support/PrivateSoundServer.h"
 #include "tests/support/SoundRecorder.h"

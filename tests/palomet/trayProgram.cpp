@@ -6,7 +6,7 @@
 #include "base/QtScheduler.h"
 #include "localization/Localization.h"
 #include "model/PalometModel.h"
-#include "platform/desktop/StatusNotifierHost.h"
+#include "platform/dbus/StatusNotifierHost.h"
 #include "tests/support/FakeMicrophonePermission.h"
 
 #include <QApplication>

@@ -49,20 +49,20 @@ AppDelegate::AppDelegate(Surroundings surroundings)
           .layout = *m_surroundings.keyboardLayout,
           .showInMenu = [this](const auto &listen, const auto &stop) { m_statusMenu.setKeys(listen, stop); },
       })
-    , m_remoteDoor(*m_surroundings.remote, m_model)
+    , m_remoteControl(*m_surroundings.remote, m_model)
     , m_uiEngine(m_surroundings.resources.value_or(QString()))
     , m_stripView(m_model, [this] { openWindow(Pane::Now); })
     , m_stripWindow(m_uiEngine, m_stripView, m_surroundings.workArea.get(), m_surroundings.pointer) {
-    m_remoteDoor.onOpen = [this](const auto &name) {
+    m_remoteControl.onOpen = [this](const auto &name) {
         const auto pane = name ? paneFrom(*name) : std::nullopt;
         if (name && !pane)
             return false;
         openWindow(pane);
         return true;
     };
-    m_remoteDoor.onQuit = [this] { applicationShouldTerminate(); };
+    m_remoteControl.onQuit = [this] { applicationShouldTerminate(); };
     // One microphone has one front end.
-    m_remoteDoor.onReplaced = [this] {
+    m_remoteControl.onReplaced = [this] {
         m_backend.note(u"sessão: outro Palomet já responde por ela"_s);
         applicationShouldTerminate();
     };

@@ -5,12 +5,12 @@
 #include "app/DesktopContrast.h"
 #include "app/DesktopMotion.h"
 #include "app/KeyBindings.h"
-#include "app/RemoteDoor.h"
+#include "app/RemoteControl.h"
 #include "app/StatusMenu.h"
-#include "app/TrayHost.h"
 #include "audio/AudioLink.h"
 #include "base/PeerCheck.h"
 #include "base/Scheduler.h"
+#include "base/TrayHost.h"
 #include "base/Wakeup.h"
 #include "model/MicrophonePermission.h"
 #include "model/PalometModel.h"
@@ -113,7 +113,7 @@ private:
     Shortcuts m_shortcuts;
     StatusMenu m_statusMenu;
     KeyBindings m_keyBindings;
-    RemoteDoor m_remoteDoor;
+    RemoteControl m_remoteControl;
     UiEngine m_uiEngine;
     StripView m_stripView;
     StripWindow m_stripWindow;

@@ -2,6 +2,7 @@
 
 #include "audio/AudioIO.h"
 #include "audio/LinkSocket.h"
+#include "base/BackendPort.h"
 
 #include <QThread>
 
@@ -12,7 +13,7 @@ namespace palomet {
 /// microphone and reports of played clips reach without passing the main one.
 class AudioLink {
 public:
-    static QUrl defaultUrl() { return QUrl(QStringLiteral("ws://127.0.0.1:4780/audio")); }
+    static QUrl defaultUrl() { return QUrl(QStringLiteral("ws://127.0.0.1:%1/audio").arg(backendPort)); }
 
     struct Parts {
         std::unique_ptr<AudioIO> io;

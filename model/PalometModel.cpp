@@ -1,5 +1,6 @@
 #include "model/PalometModel.h"
 
+#include "base/BackendPort.h"
 #include "model/CommandBody.h"
 
 #include <algorithm>
@@ -34,7 +35,7 @@ double levelFrom(QByteArrayView data) {
 } // namespace
 
 QUrl hudBase() {
-    static const QUrl base(QStringLiteral("http://127.0.0.1:4780"));
+    static const QUrl base(QStringLiteral("http://127.0.0.1:%1").arg(backendPort));
     return base;
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/TrayHost.h"
+#include "base/TrayHost.h"
 #include "platform/dbus/DBusQuestion.h"
 
 #include <QDBusServiceWatcher>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/PortHolder.h"
+#include "doctor/PortHolder.h"
 
 namespace palomet {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/Autostart.h"
+#include "command/Autostart.h"
 
 #include <QByteArray>
 #include <QString>

@@ -1,4 +1,4 @@
-#include "app/Diagnosis.h"
+#include "doctor/Diagnosis.h"
 
 #include <gtest/gtest.h>
 

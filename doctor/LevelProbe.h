@@ -1,7 +1,7 @@
 #pragma once
 
-#include "app/Diagnosis.h"
 #include "audio/SoundServer.h"
+#include "doctor/Diagnosis.h"
 
 #include <atomic>
 

@@ -1,4 +1,6 @@
-#include "app/Diagnosis.h"
+#include "doctor/Diagnosis.h"
+
+#include "base/BackendPort.h"
 
 #include <algorithm>
 #include <cmath>
@@ -57,7 +59,7 @@ Finding engine(const Examination &found) {
 }
 
 Finding port(const Examination &found) {
-    const auto subject = u"port 4780"_s;
+    const auto subject = u"port %1"_s.arg(backendPort);
     if (!found.port) {
         return found.instance == Instance::Running
                    ? fails(subject, u"nobody listens, though Palomet runs; the end of %1 says why"_s.arg(found.log))

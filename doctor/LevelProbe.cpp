@@ -1,4 +1,4 @@
-#include "app/LevelProbe.h"
+#include "doctor/LevelProbe.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/RemoteControl.h"
+#include "command/RemoteStatus.h"
 
 #include <QJsonDocument>
 #include <QJsonObject>

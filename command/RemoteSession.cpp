@@ -1,6 +1,7 @@
-#include "app/RemoteSession.h"
+#include "command/RemoteSession.h"
 
-#include "app/RemoteStatusJson.h"
+#include "command/RemoteStatusJson.h"
+#include "command/fail.h"
 
 #include <QCoreApplication>
 #include <QFile>
@@ -12,11 +13,6 @@ namespace palomet {
 namespace {
 
 using namespace std::chrono_literals;
-
-int fail(const QString &reason, int exitCode) {
-    std::fprintf(stderr, "palomet: %s\n", reason.toLocal8Bit().constData());
-    return exitCode;
-}
 
 /// At once, also into a pipe: whoever follows reads line by line. Whether it could be written.
 [[nodiscard]] bool print(const QString &line) {

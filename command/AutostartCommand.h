@@ -1,7 +1,7 @@
 #pragma once
 
-#include "app/Autostart.h"
-#include "app/CommandLine.h"
+#include "command/Autostart.h"
+#include "command/CommandLine.h"
 
 namespace palomet {
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "app/CommandLine.h"
-#include "app/RemoteControl.h"
+#include "command/CommandLine.h"
+#include "command/RemoteClient.h"
 
 namespace palomet {
 

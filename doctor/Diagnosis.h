@@ -1,10 +1,10 @@
 #pragma once
 
-#include "app/PortHolder.h"
-#include "app/RemoteControl.h"
-#include "app/TrayHost.h"
 #include "audio/SoundServer.h"
 #include "base/SocketOwner.h"
+#include "base/TrayHost.h"
+#include "command/RemoteStatus.h"
+#include "doctor/PortHolder.h"
 #include "model/MicrophonePermission.h"
 
 #include <QString>

@@ -1,4 +1,4 @@
-#include "app/AutostartCommand.h"
+#include "command/AutostartCommand.h"
 
 #include <QString>
 

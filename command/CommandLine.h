@@ -1,6 +1,7 @@
 #pragma once
 
-#include "app/RemoteControl.h"
+#include "base/Result.h"
+#include "command/RemoteCommand.h"
 
 #include <QString>
 #include <QStringList>

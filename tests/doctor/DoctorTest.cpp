@@ -1,4 +1,4 @@
-#include "app/Doctor.h"
+#include "doctor/Doctor.h"
 
 #include "tests/support/FakeMicrophonePermission.h"
 #include "tests/support/FakeSoundServer.h"

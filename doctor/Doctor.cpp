@@ -1,4 +1,4 @@
-#include "app/Doctor.h"
+#include "doctor/Doctor.h"
 
 #include <utility>
 

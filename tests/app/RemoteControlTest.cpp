@@ -1,4 +1,4 @@
-#include "app/RemoteDoor.h"
+#include "app/RemoteControl.h"
 
 #include "model/PalometModel.h"
 #include "tests/support/Eventually.h"
@@ -15,7 +15,7 @@ using namespace std::chrono_literals;
 
 namespace {
 
-class RemoteDoorTest : public testing::Test {
+class RemoteControlTest : public testing::Test {
 protected:
     RemoteOutcome tell(const char *action, std::optional<QString> text = std::nullopt) {
         return service.onCommand({QString::fromUtf8(action), std::move(text)});
@@ -26,12 +26,12 @@ protected:
     test::ScriptedBackend backend;
     PalometModel model{scheduler, permission, backend.base()};
     test::FakeRemoteService service;
-    RemoteDoor door{service, model};
+    RemoteControl control{service, model};
 };
 
 } // namespace
 
-TEST_F(RemoteDoorTest, PostsEachCommandAsTheMenuAndTheWindowDo) {
+TEST_F(RemoteControlTest, PostsEachCommandAsTheMenuAndTheWindowDo) {
     const std::pair<const char *, const char *> commands[] = {{"listen", "/listen"}, {"stop", "/stop"},
                                                               {"mute", "/mute"},     {"new", "/new"},
                                                               {"act", "/act"},       {"clear-draft", "/draft/clear"}};
@@ -43,13 +43,13 @@ TEST_F(RemoteDoorTest, PostsEachCommandAsTheMenuAndTheWindowDo) {
     }
 }
 
-TEST_F(RemoteDoorTest, SaysATextWithoutTheBlanksAroundIt) {
+TEST_F(RemoteControlTest, SaysATextWithoutTheBlanksAroundIt) {
     EXPECT_EQ(tell("say", QStringLiteral(" olá \n")), RemoteOutcome::Done);
     EXPECT_TRUE(test::eventually([&] { return backend.count("/say") == 1; }));
     EXPECT_EQ(backend.last("/say")->body(), QStringLiteral("{\"text\":\"olá\"}").toUtf8());
 }
 
-TEST_F(RemoteDoorTest, RefusesWhatIsTooMuchUntilTheBackendHasAnswered) {
+TEST_F(RemoteControlTest, RefusesWhatIsTooMuchUntilTheBackendHasAnswered) {
     backend.hang("/listen");
     int sent = 0;
     while (tell("listen") == RemoteOutcome::Done)
@@ -64,7 +64,7 @@ TEST_F(RemoteDoorTest, RefusesWhatIsTooMuchUntilTheBackendHasAnswered) {
     EXPECT_EQ(backend.count("/listen"), sent);
 }
 
-TEST_F(RemoteDoorTest, RefusesWhatItDoesNotKnow) {
+TEST_F(RemoteControlTest, RefusesWhatItDoesNotKnow) {
     EXPECT_EQ(tell("dance"), RemoteOutcome::Unknown);
     EXPECT_EQ(tell("say"), RemoteOutcome::Unknown);
     EXPECT_EQ(tell("say", QStringLiteral("  ")), RemoteOutcome::Unknown);
@@ -73,14 +73,14 @@ TEST_F(RemoteDoorTest, RefusesWhatItDoesNotKnow) {
     EXPECT_TRUE(backend.exchanges().empty());
 }
 
-TEST_F(RemoteDoorTest, OpensAndQuitsAsItIsTold) {
+TEST_F(RemoteControlTest, OpensAndQuitsAsItIsTold) {
     std::optional<QString> opened = QStringLiteral("nothing");
     int quits = 0;
-    door.onOpen = [&](const auto &pane) {
+    control.onOpen = [&](const auto &pane) {
         opened = pane;
         return true;
     };
-    door.onQuit = [&] { ++quits; };
+    control.onQuit = [&] { ++quits; };
     EXPECT_EQ(tell("open", QStringLiteral("voice")), RemoteOutcome::Done);
     EXPECT_EQ(opened, QStringLiteral("voice"));
     service.onActivate();
@@ -89,7 +89,7 @@ TEST_F(RemoteDoorTest, OpensAndQuitsAsItIsTold) {
     EXPECT_EQ(quits, 1);
 }
 
-TEST_F(RemoteDoorTest, TellsTheStateAsItIs) {
+TEST_F(RemoteControlTest, TellsTheStateAsItIs) {
     EXPECT_EQ(service.published, (RemoteStatus{QStringLiteral("offline"), {}, false, true}));
     backend.serve("/state", test::fixture("state/bare.json"));
     model.refresh();
@@ -101,7 +101,7 @@ TEST_F(RemoteDoorTest, TellsTheStateAsItIs) {
     EXPECT_FALSE(service.published.isMicrophoneOn);
 }
 
-TEST_F(RemoteDoorTest, TellsWhyTheListenKeyDoesNothing) {
+TEST_F(RemoteControlTest, TellsWhyTheListenKeyDoesNothing) {
     model.setHotKeyProblem(QStringLiteral("taken"));
     EXPECT_EQ(service.published.hotKeyProblem, QStringLiteral("taken"));
     model.setHotKeyProblem(std::nullopt);

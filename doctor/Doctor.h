@@ -1,10 +1,10 @@
 #pragma once
 
-#include "app/Diagnosis.h"
-#include "app/LevelProbe.h"
-#include "app/TrayHost.h"
 #include "audio/SoundServer.h"
 #include "base/Scheduler.h"
+#include "base/TrayHost.h"
+#include "doctor/Diagnosis.h"
+#include "doctor/LevelProbe.h"
 #include "model/MicrophonePermission.h"
 
 #include <functional>

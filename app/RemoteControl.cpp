@@ -1,6 +1,6 @@
-#include "app/RemoteDoor.h"
+#include "app/RemoteControl.h"
 
-#include "app/CommandLine.h"
+#include "command/CommandLine.h"
 #include "model/PalometModel.h"
 
 #include <array>
@@ -26,25 +26,25 @@ constexpr std::array actions{
 
 } // namespace
 
-RemoteDoor::RemoteDoor(RemoteService &service, PalometModel &model)
+RemoteControl::RemoteControl(RemoteService &service, PalometModel &model)
     : m_service(service)
     , m_model(model) {
     m_service.onCommand = [this](const RemoteCommand &command) { return perform(command); };
     m_service.onActivate = [this] { onOpen(std::nullopt); };
     m_service.onReplaced = [this] { onReplaced(); };
-    connect(&m_model, &PalometModel::snapshotChanged, this, &RemoteDoor::publish);
-    connect(&m_model, &PalometModel::isMicAuthorizedChanged, this, &RemoteDoor::publish);
-    connect(&m_model, &PalometModel::hotKeyProblemChanged, this, &RemoteDoor::publish);
+    connect(&m_model, &PalometModel::snapshotChanged, this, &RemoteControl::publish);
+    connect(&m_model, &PalometModel::isMicAuthorizedChanged, this, &RemoteControl::publish);
+    connect(&m_model, &PalometModel::hotKeyProblemChanged, this, &RemoteControl::publish);
     publish();
 }
 
-RemoteDoor::~RemoteDoor() {
+RemoteControl::~RemoteControl() {
     m_service.onCommand = nullptr;
     m_service.onActivate = nullptr;
     m_service.onReplaced = nullptr;
 }
 
-RemoteOutcome RemoteDoor::perform(const RemoteCommand &command) {
+RemoteOutcome RemoteControl::perform(const RemoteCommand &command) {
     for (const auto &action : actions) {
         if (command.action == action.name)
             return post(std::bind_front(action.perform, &m_model));
@@ -63,14 +63,14 @@ RemoteOutcome RemoteDoor::perform(const RemoteCommand &command) {
     return RemoteOutcome::Unknown;
 }
 
-RemoteOutcome RemoteDoor::post(const std::function<void()> &command) {
+RemoteOutcome RemoteControl::post(const std::function<void()> &command) {
     if (m_model.isBusy())
         return RemoteOutcome::Busy;
     command();
     return RemoteOutcome::Done;
 }
 
-void RemoteDoor::publish() {
+void RemoteControl::publish() {
     const auto &snapshot = m_model.snapshot();
     m_service.publish({rawValue(m_model.state()), snapshot ? snapshot->device : QString(),
                        snapshot && snapshot->isMuted, m_model.isMicOn(), m_model.hotKeyProblem().value_or(QString())});

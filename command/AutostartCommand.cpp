@@ -1,4 +1,6 @@
-#include "app/AutostartCommand.h"
+#include "command/AutostartCommand.h"
+
+#include "command/fail.h"
 
 #include <cstdio>
 
@@ -6,13 +8,8 @@ namespace palomet {
 
 namespace {
 
-int fail(const QString &reason) {
-    std::fprintf(stderr, "palomet: %s\n", reason.toLocal8Bit().constData());
-    return 1;
-}
-
 int done(const std::optional<Failure> &problem) {
-    return problem ? fail(problem->reason) : 0;
+    return problem ? fail(problem->reason, 1) : 0;
 }
 
 } // namespace
@@ -28,7 +25,7 @@ int runAutostartCommand(CommandLine::Autostart wanted, Autostart &autostart) {
     }
     const auto isOn = autostart.isOn();
     if (!isOn)
-        return fail(isOn.reason());
+        return fail(isOn.reason(), 1);
     std::puts(*isOn ? "on" : "off");
     return 0;
 }

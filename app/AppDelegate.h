@@ -7,7 +7,7 @@
 #include "app/KeyBindings.h"
 #include "app/RemoteControl.h"
 #include "app/StatusMenu.h"
-#include "audio/AudioLink.h"
+#include "audio/link/AudioLink.h"
 #include "base/PeerCheck.h"
 #include "base/Scheduler.h"
 #include "base/TrayHost.h"

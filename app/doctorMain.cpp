@@ -4,7 +4,7 @@
 #include "app/LogFile.h"
 #include "app/Resources.h"
 #include "app/Session.h"
-#include "audio/EchoCanceller.h"
+#include "audio/echo/EchoCanceller.h"
 #include "base/BackendPort.h"
 #include "base/QtScheduler.h"
 #include "doctor/Doctor.h"

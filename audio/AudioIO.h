@@ -2,7 +2,7 @@
 
 #include "audio/SoundEngine.h"
 #include "audio/SoundServer.h"
-#include "audio/SpeechPlayer.h"
+#include "audio/speech/SpeechPlayer.h"
 #include "base/Scheduler.h"
 #include "base/Wakeup.h"
 

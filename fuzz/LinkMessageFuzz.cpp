@@ -1,4 +1,4 @@
-#include "audio/LinkMessageReader.h"
+#include "audio/link/LinkMessageReader.h"
 
 #include <algorithm>
 #include <cstdint>

@@ -1,4 +1,4 @@
-#include "audio/WebSocketReader.h"
+#include "audio/link/WebSocketReader.h"
 
 #include <algorithm>
 #include <cstdint>

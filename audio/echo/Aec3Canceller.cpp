@@ -1,4 +1,4 @@
-#include "audio/EchoCanceller.h"
+#include "audio/echo/EchoCanceller.h"
 #include "audio/echo/LinearOutputGate.h"
 #include "audio/echo/RestingCanceller.h"
 #include "audio/echo/Samples.h"

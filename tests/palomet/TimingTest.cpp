@@ -1,6 +1,6 @@
-#include "tests/audio-dsp/ClipFiles.h"
 #include "tests/palomet/BackendAtItsPort.h"
 #include "tests/palomet/ProgramTest.h"
+#include "tests/support/ClipFiles.h"
 #include "tests/support/Control.h"
 #include "tests/support/PrivateSoundServer.h"
 #include "tests/support/SoundRecorder.h"

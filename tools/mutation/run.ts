@@ -10,7 +10,7 @@ import { type Mutant, mutantsOf } from "./mutants.ts";
 const programs: Record<string, string[]> = {
     model: ["model/model-tests", "model/model-network-tests"],
     shortcuts: ["shortcuts/shortcuts-tests"],
-    audio: ["audio/audio-threads-tests", "audio/audio-tests", "audio-dsp/audio-dsp-tests"],
+    audio: ["audio/audio-threads-tests", "audio/audio-tests", "audio/audio-dsp-tests"],
     app: ["app/app-tests"],
 };
 

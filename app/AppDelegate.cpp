@@ -72,9 +72,7 @@ AppDelegate::AppDelegate(Surroundings surroundings)
 
 AppDelegate::~AppDelegate() {
     m_surroundings.trayHost->onChange = [] {};
-    m_surroundings.colors->onChange = [] {};
-    m_surroundings.motion->onChange = [] {};
-    m_surroundings.contrast->onChange = [] {};
+    m_surroundings.look->onChange = [] {};
 }
 
 AdmitPeer AppDelegate::admitPeer() {
@@ -103,17 +101,13 @@ void AppDelegate::applicationDidFinishLaunching() {
 }
 
 void AppDelegate::setUpMenuBar() {
-    m_surroundings.colors->onChange = [this] { updateIcon(); };
+    m_surroundings.look->onChange = [this] { lookChanged(); };
     m_surroundings.trayHost->onChange = [this] { trayHostChanged(); };
-    updateIcon();
+    lookChanged();
     trayHostChanged();
 }
 
 void AppDelegate::setUpStrip() {
-    m_surroundings.motion->onChange = [this] { m_uiEngine.setMotionReduced(m_surroundings.motion->isReduced()); };
-    m_surroundings.motion->onChange();
-    m_surroundings.contrast->onChange = [this] { m_uiEngine.setContrastRaised(m_surroundings.contrast->isRaised()); };
-    m_surroundings.contrast->onChange();
     m_stripWindow.isStateSaidElsewhere = [this] { return m_appView && m_appView->now()->isActive(); };
     m_strip.emplace(m_model, m_stripWindow, *m_surroundings.scheduler);
     m_strip->onEscapeNeeded = [this](bool isNeeded) { m_keyBindings.setStopNeeded(isNeeded); };
@@ -187,8 +181,11 @@ void AppDelegate::noteStranger() {
             m_surroundings.backend.port()));
 }
 
-void AppDelegate::updateIcon() {
-    m_statusMenu.setIcon(statusIcon(m_surroundings.resources, m_surroundings.colors->panelScheme()));
+void AppDelegate::lookChanged() {
+    const auto &look = *m_surroundings.look;
+    m_statusMenu.setIcon(statusIcon(m_surroundings.resources, look.panelScheme()));
+    m_uiEngine.setMotionReduced(look.isMotionReduced());
+    m_uiEngine.setContrastRaised(look.isContrastRaised());
 }
 
 void AppDelegate::applicationShouldTerminate() {

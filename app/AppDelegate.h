@@ -1,9 +1,7 @@
 #pragma once
 
 #include "app/Backend.h"
-#include "app/DesktopColors.h"
-#include "app/DesktopContrast.h"
-#include "app/DesktopMotion.h"
+#include "app/DesktopLook.h"
 #include "app/KeyBindings.h"
 #include "app/RemoteControl.h"
 #include "app/StatusMenu.h"
@@ -46,9 +44,7 @@ public:
         std::unique_ptr<MicrophonePermission> microphonePermission;
         std::unique_ptr<SoundServer> soundServer;
         std::unique_ptr<TrayHost> trayHost;
-        std::unique_ptr<DesktopColors> colors;
-        std::unique_ptr<DesktopMotion> motion;
-        std::unique_ptr<DesktopContrast> contrast;
+        std::unique_ptr<DesktopLook> look;
         std::unique_ptr<WorkArea> workArea; ///< Null: the toolkit's word is taken.
         StripWindow::Pointer pointer = StripWindow::Pointer::Known;
         std::unique_ptr<FolderChooser> folderChooser; ///< Null: the toolkit's own dialog is taken.
@@ -101,7 +97,7 @@ private:
     void startBackend();
     void trayHostChanged();
     void noteStranger();
-    void updateIcon();
+    void lookChanged();
 
     Surroundings m_surroundings;
     PeerCheck m_peerCheck;

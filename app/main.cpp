@@ -12,11 +12,9 @@
 #include "localization/Localization.h"
 #include "platform/dbus/DBusRemoteClient.h"
 #include "platform/dbus/DBusRemoteService.h"
-#include "platform/dbus/PortalColors.h"
-#include "platform/dbus/PortalContrast.h"
 #include "platform/dbus/PortalFolderChooser.h"
 #include "platform/dbus/PortalHotKeyGrabber.h"
-#include "platform/dbus/PortalMotion.h"
+#include "platform/dbus/PortalLook.h"
 #include "platform/dbus/SessionBus.h"
 #include "platform/dbus/StatusNotifierHost.h"
 #include "platform/linux/EventWakeup.h"
@@ -102,9 +100,7 @@ AppDelegate::Surroundings surroundings(std::unique_ptr<RemoteService> remote, co
         .microphonePermission = std::move(sound.permission),
         .soundServer = std::move(sound.server),
         .trayHost = std::make_unique<StatusNotifierHost>(bus),
-        .colors = std::make_unique<PortalColors>(bus, desktop),
-        .motion = std::make_unique<PortalMotion>(bus),
-        .contrast = std::make_unique<PortalContrast>(bus),
+        .look = std::make_unique<PortalLook>(bus, desktop),
         .workArea = session.x11() != nullptr ? std::make_unique<X11WorkArea>(*session.x11()) : nullptr,
         // There, only our own windows see the pointer.
         .pointer = Session::isWayland() ? StripWindow::Pointer::Unknown : StripWindow::Pointer::Known,

@@ -1,5 +1,7 @@
 #include "platform/dbus/PortalFolderChooser.h"
 
+#include "platform/dbus/PortalNames.h"
+
 #include <QDBusPendingCallWatcher>
 #include <QDBusVariant>
 #include <QFile>
@@ -13,11 +15,6 @@ namespace palomet {
 using namespace Qt::StringLiterals;
 
 namespace {
-
-const auto service = u"org.freedesktop.portal.Desktop"_s;
-const auto path = u"/org/freedesktop/portal/desktop"_s;
-const auto chooserInterface = u"org.freedesktop.portal.FileChooser"_s;
-const auto requestInterface = u"org.freedesktop.portal.Request"_s;
 
 /// The first that knows of folders.
 constexpr uint firstWithFolders = 3;
@@ -41,14 +38,14 @@ QStringList foldersOf(const QVariant &uris) {
 PortalFolderChooser::PortalFolderChooser(const QDBusConnection &bus, bool isX11)
     : m_bus(bus)
     , m_isX11(isX11)
-    , m_watcher(service, bus, QDBusServiceWatcher::WatchForUnregistration) {
+    , m_watcher(portal::service, bus, QDBusServiceWatcher::WatchForUnregistration) {
     // A portal that ends takes its dialog with it.
     connect(&m_watcher, &QDBusServiceWatcher::serviceUnregistered, this, &PortalFolderChooser::end);
 }
 
 PortalFolderChooser::~PortalFolderChooser() {
     if (!m_path.isEmpty())
-        m_bus.send(QDBusMessage::createMethodCall(service, m_path, requestInterface, u"Close"_s));
+        m_bus.send(QDBusMessage::createMethodCall(portal::service, m_path, portal::request, u"Close"_s));
 }
 
 void PortalFolderChooser::ask(const Request &request, std::function<void(const QStringList &)> picked,
@@ -61,8 +58,9 @@ void PortalFolderChooser::ask(const Request &request, std::function<void(const Q
     m_picked = std::move(picked);
     m_missing = std::move(missing);
     ++m_count;
-    auto version = QDBusMessage::createMethodCall(service, path, u"org.freedesktop.DBus.Properties"_s, u"Get"_s);
-    version.setArguments({chooserInterface, u"version"_s});
+    auto version =
+        QDBusMessage::createMethodCall(portal::service, portal::path, u"org.freedesktop.DBus.Properties"_s, u"Get"_s);
+    version.setArguments({portal::fileChooser, u"version"_s});
     call(version, versionWithin, [this](const QDBusMessage &reply) {
         if (reply.arguments().value(0).value<QDBusVariant>().variant().toUInt() >= firstWithFolders)
             open();
@@ -75,12 +73,12 @@ void PortalFolderChooser::open() {
     const auto token = u"palometFolders%1"_s.arg(m_count);
     const auto sender = m_bus.baseService().mid(1).replace(u'.', u'_');
     // Before it is made, or the answer might come first.
-    m_path = u"%1/request/%2/%3"_s.arg(path, sender, token);
-    m_bus.connect({}, m_path, requestInterface, u"Response"_s, this, SLOT(responded(uint, QVariantMap)));
+    m_path = u"%1/request/%2/%3"_s.arg(portal::path, sender, token);
+    m_bus.connect({}, m_path, portal::request, u"Response"_s, this, SLOT(responded(uint, QVariantMap)));
     const auto owner = m_isX11 && m_request.owner != 0 ? u"x11:"_s + QString::number(m_request.owner, 16) : QString();
     // A file's name is bytes, and ends with a null.
     const auto home = QFile::encodeName(m_request.home) + '\0';
-    auto message = QDBusMessage::createMethodCall(service, path, chooserInterface, u"OpenFile"_s);
+    auto message = QDBusMessage::createMethodCall(portal::service, portal::path, portal::fileChooser, u"OpenFile"_s);
     message.setArguments({owner, m_request.title,
                           QVariantMap{{u"handle_token"_s, token},
                                       {u"accept_label"_s, m_request.acceptLabel},
@@ -127,7 +125,7 @@ void PortalFolderChooser::fail() {
 
 void PortalFolderChooser::end() {
     if (!m_path.isEmpty())
-        m_bus.disconnect({}, m_path, requestInterface, u"Response"_s, this, SLOT(responded(uint, QVariantMap)));
+        m_bus.disconnect({}, m_path, portal::request, u"Response"_s, this, SLOT(responded(uint, QVariantMap)));
     m_path.clear();
     m_picked = {};
     m_missing = {};

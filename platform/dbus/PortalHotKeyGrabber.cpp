@@ -1,5 +1,6 @@
 #include "platform/dbus/PortalHotKeyGrabber.h"
 
+#include "platform/dbus/PortalNames.h"
 #include "platform/dbus/preferredTrigger.h"
 
 #include <QDBusMetaType>
@@ -27,28 +28,19 @@ const QDBusArgument &operator>>(const QDBusArgument &argument, PortalShortcut &s
     return argument;
 }
 
-namespace {
-
-const auto portalService = QStringLiteral("org.freedesktop.portal.Desktop");
-const auto portalPath = QStringLiteral("/org/freedesktop/portal/desktop");
-const auto shortcutsInterface = QStringLiteral("org.freedesktop.portal.GlobalShortcuts");
-const auto requestInterface = QStringLiteral("org.freedesktop.portal.Request");
-const auto sessionInterface = QStringLiteral("org.freedesktop.portal.Session");
-
-} // namespace
-
 PortalHotKeyGrabber::PortalHotKeyGrabber(const QDBusConnection &bus, QString applicationId,
                                          const KeyboardLayout &layout)
     : m_bus(bus)
     , m_applicationId(std::move(applicationId))
     , m_layout(layout)
-    , m_watcher(new QDBusServiceWatcher(portalService, bus, QDBusServiceWatcher::WatchForOwnerChange, this)) {
+    , m_watcher(new QDBusServiceWatcher(portal::service, bus, QDBusServiceWatcher::WatchForOwnerChange, this)) {
     qDBusRegisterMetaType<PortalShortcut>();
     qDBusRegisterMetaType<QList<PortalShortcut>>();
     connect(m_watcher, &QDBusServiceWatcher::serviceOwnerChanged, this, &PortalHotKeyGrabber::serviceOwnerChanged);
     // No sender is named: that would ask the bus who it is, and wait for the answer.
-    m_bus.connect({}, portalPath, shortcutsInterface, QStringLiteral("Activated"), this, SLOT(activated(QDBusMessage)));
-    m_bus.connect({}, portalPath, shortcutsInterface, QStringLiteral("ShortcutsChanged"), this,
+    m_bus.connect({}, portal::path, portal::globalShortcuts, QStringLiteral("Activated"), this,
+                  SLOT(activated(QDBusMessage)));
+    m_bus.connect({}, portal::path, portal::globalShortcuts, QStringLiteral("ShortcutsChanged"), this,
                   SLOT(shortcutsChanged(QDBusMessage)));
 }
 
@@ -102,7 +94,7 @@ void PortalHotKeyGrabber::begin() {
     if (!m_isRegistered) {
         // Newer portals want to be told who asks, before anything else is asked; older ones do not know the question.
         m_isRegistered = true;
-        auto message = QDBusMessage::createMethodCall(portalService, portalPath,
+        auto message = QDBusMessage::createMethodCall(portal::service, portal::path,
                                                       QStringLiteral("org.freedesktop.host.portal.Registry"),
                                                       QStringLiteral("Register"));
         message.setArguments({m_applicationId, QVariantMap()});
@@ -131,18 +123,18 @@ void PortalHotKeyGrabber::bindShortcuts() {
 
 QString PortalHotKeyGrabber::expectResponse() {
     if (!m_request.isEmpty())
-        m_bus.disconnect({}, m_request, requestInterface, QStringLiteral("Response"), this,
+        m_bus.disconnect({}, m_request, portal::request, QStringLiteral("Response"), this,
                          SLOT(responded(uint, QVariantMap, QDBusMessage)));
     auto token = QStringLiteral("palomet%1").arg(++m_tokens);
     const auto sender = m_bus.baseService().mid(1).replace(u'.', u'_');
-    m_request = QStringLiteral("/org/freedesktop/portal/desktop/request/%1/%2").arg(sender, token);
-    m_bus.connect({}, m_request, requestInterface, QStringLiteral("Response"), this,
+    m_request = QStringLiteral("%1/request/%2/%3").arg(portal::path, sender, token);
+    m_bus.connect({}, m_request, portal::request, QStringLiteral("Response"), this,
                   SLOT(responded(uint, QVariantMap, QDBusMessage)));
     return token;
 }
 
 void PortalHotKeyGrabber::call(const QString &method, const QVariantList &arguments) {
-    auto message = QDBusMessage::createMethodCall(portalService, portalPath, shortcutsInterface, method);
+    auto message = QDBusMessage::createMethodCall(portal::service, portal::path, portal::globalShortcuts, method);
     message.setArguments(arguments);
     auto *watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(message), this);
     connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher, attempt = ++m_attempt] {
@@ -170,7 +162,7 @@ void PortalHotKeyGrabber::responded(uint code, const QVariantMap &results, const
             refuseAll();
             return;
         }
-        m_bus.connect({}, m_session, sessionInterface, QStringLiteral("Closed"), this,
+        m_bus.connect({}, m_session, portal::session, QStringLiteral("Closed"), this,
                       SLOT(sessionClosed(QDBusMessage)));
         bindShortcuts();
     } else if (m_state == State::Binding) {
@@ -259,9 +251,8 @@ void PortalHotKeyGrabber::closeSession() {
     m_state = State::Idle;
     if (m_session.isEmpty())
         return;
-    m_bus.disconnect({}, m_session, sessionInterface, QStringLiteral("Closed"), this,
-                     SLOT(sessionClosed(QDBusMessage)));
-    m_bus.send(QDBusMessage::createMethodCall(portalService, m_session, sessionInterface, QStringLiteral("Close")));
+    m_bus.disconnect({}, m_session, portal::session, QStringLiteral("Closed"), this, SLOT(sessionClosed(QDBusMessage)));
+    m_bus.send(QDBusMessage::createMethodCall(portal::service, m_session, portal::session, QStringLiteral("Close")));
     m_session.clear();
 }
 

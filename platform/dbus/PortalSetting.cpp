@@ -1,5 +1,7 @@
 #include "platform/dbus/PortalSetting.h"
 
+#include "platform/dbus/PortalNames.h"
+
 #include <QDBusArgument>
 #include <QDBusVariant>
 #include <QMap>
@@ -11,12 +13,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const auto service = u"org.freedesktop.portal.Desktop"_s;
-const auto path = u"/org/freedesktop/portal/desktop"_s;
-const auto interface = u"org.freedesktop.portal.Settings"_s;
-
 QDBusMessage question(const QString &group) {
-    auto call = QDBusMessage::createMethodCall(service, path, interface, u"ReadAll"_s);
+    auto call = QDBusMessage::createMethodCall(portal::service, portal::path, portal::settings, u"ReadAll"_s);
     call.setArguments({QStringList{group}});
     return call;
 }
@@ -27,10 +25,11 @@ PortalSetting::PortalSetting(const QDBusConnection &bus, QString group, QString 
     : m_group(std::move(group))
     , m_key(std::move(key))
     , m_question(bus, question(m_group), [this](const QDBusMessage &reply) { answered(reply); })
-    , m_watcher(service, bus, QDBusServiceWatcher::WatchForRegistration) {
+    , m_watcher(portal::service, bus, QDBusServiceWatcher::WatchForRegistration) {
     connect(&m_watcher, &QDBusServiceWatcher::serviceRegistered, this, [this] { m_question.ask(); });
     auto listening = bus;
-    listening.connect(service, path, interface, u"SettingChanged"_s, this, SLOT(settingChanged(QDBusMessage)));
+    listening.connect(portal::service, portal::path, portal::settings, u"SettingChanged"_s, this,
+                      SLOT(settingChanged(QDBusMessage)));
     m_question.ask();
 }
 

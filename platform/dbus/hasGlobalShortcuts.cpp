@@ -1,5 +1,7 @@
 #include "platform/dbus/hasGlobalShortcuts.h"
 
+#include "platform/dbus/PortalNames.h"
+
 #include <QDBusMessage>
 
 namespace palomet {
@@ -10,9 +12,8 @@ bool hasGlobalShortcuts(const QDBusConnection &bus) {
     if (!bus.isConnected())
         return false;
     auto question =
-        QDBusMessage::createMethodCall(u"org.freedesktop.portal.Desktop"_s, u"/org/freedesktop/portal/desktop"_s,
-                                       u"org.freedesktop.DBus.Properties"_s, u"Get"_s);
-    question.setArguments({u"org.freedesktop.portal.GlobalShortcuts"_s, u"version"_s});
+        QDBusMessage::createMethodCall(portal::service, portal::path, u"org.freedesktop.DBus.Properties"_s, u"Get"_s);
+    question.setArguments({portal::globalShortcuts, u"version"_s});
     constexpr int limit = 2000;
     return bus.call(question, QDBus::Block, limit).type() == QDBusMessage::ReplyMessage;
 }

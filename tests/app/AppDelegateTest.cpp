@@ -46,26 +46,18 @@ private:
     Status m_status = Status::NotDetermined;
 };
 
-class FakeColors final : public DesktopColors {
+class FakeLook final : public DesktopLook {
 public:
     [[nodiscard]] Scheme panelScheme() const override { return Scheme::Light; }
-};
-
-class FakeMotion final : public DesktopMotion {
-public:
-    [[nodiscard]] bool isReduced() const override { return false; }
-};
-
-class FakeContrast final : public DesktopContrast {
-public:
-    [[nodiscard]] bool isRaised() const override { return m_isRaised; }
-    void become(bool isRaised) {
-        m_isRaised = isRaised;
+    [[nodiscard]] bool isMotionReduced() const override { return false; }
+    [[nodiscard]] bool isContrastRaised() const override { return m_isContrastRaised; }
+    void raiseContrast(bool isRaised) {
+        m_isContrastRaised = isRaised;
         onChange();
     }
 
 private:
-    bool m_isRaised = false;
+    bool m_isContrastRaised = false;
 };
 
 const QByteArray missingHost =
@@ -102,8 +94,8 @@ protected:
         sound = ownedSound.get();
         host = ownedHost.get();
         auto ownedGrabber = std::make_unique<test::FakeHotKeyGrabber>();
-        auto ownedContrast = std::make_unique<FakeContrast>();
-        contrast = ownedContrast.get();
+        auto ownedLook = std::make_unique<FakeLook>();
+        look = ownedLook.get();
         auto ownedChooser = std::make_unique<FakeFolderChooser>();
         chooser = ownedChooser.get();
         auto ownedRemote = std::make_unique<test::FakeRemoteService>();
@@ -124,9 +116,7 @@ protected:
             .microphonePermission = std::move(ownedPermission),
             .soundServer = std::move(ownedSound),
             .trayHost = std::move(ownedHost),
-            .colors = std::make_unique<FakeColors>(),
-            .motion = std::make_unique<FakeMotion>(),
-            .contrast = std::move(ownedContrast),
+            .look = std::move(ownedLook),
             .workArea = nullptr,
             .folderChooser = std::move(ownedChooser),
             .keyboardLayout = std::make_unique<NoKeyboardLayout>(),
@@ -202,7 +192,7 @@ protected:
     test::FakeMicrophonePermission *permission = nullptr;
     test::FakeSoundServer *sound = nullptr;
     FakeTrayHost *host = nullptr;
-    FakeContrast *contrast = nullptr;
+    FakeLook *look = nullptr;
     test::FakeHotKeyGrabber *grabber = nullptr;
     test::FakeRemoteService *remote = nullptr;
     FakeFolderChooser *chooser = nullptr;
@@ -461,14 +451,14 @@ TEST_F(AppDelegateTest, MakesOneWindowHoweverOftenItIsOpenedAndLoadsHistoryAndOp
 
 TEST_F(AppDelegateTest, ShowsEverythingWithTheContrastThatTheDesktopAsksForNowAndLater) {
     create();
-    contrast->become(true);
+    look->raiseContrast(true);
     delegate->applicationDidFinishLaunching();
     delegate->openWindow();
     auto &wishes = Wishes::of(*delegate->window()->engine());
     EXPECT_TRUE(wishes.isContrastRaised());
-    contrast->become(false);
+    look->raiseContrast(false);
     EXPECT_FALSE(wishes.isContrastRaised());
-    contrast->become(true);
+    look->raiseContrast(true);
     EXPECT_TRUE(wishes.isContrastRaised());
 }
 

@@ -13,7 +13,7 @@
 
 using namespace palomet;
 using namespace Qt::StringLiterals;
-using Scheme = DesktopColors::Scheme;
+using Scheme = DesktopLook::Scheme;
 
 namespace {
 

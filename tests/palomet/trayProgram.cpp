@@ -28,7 +28,7 @@ int main(int argc, char **argv) {
     model.setSnapshot(std::move(snapshot));
 
     StatusMenu status(model);
-    status.setIcon(statusIcon(resources, DesktopColors::Scheme::Light));
+    status.setIcon(statusIcon(resources, DesktopLook::Scheme::Light));
     QObject::connect(&status, &StatusMenu::quitRequested, &application, [] { QCoreApplication::exit(0); });
     StatusNotifierHost host(QDBusConnection::sessionBus());
     const auto showWhenThere = [&] {

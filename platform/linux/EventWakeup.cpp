@@ -13,17 +13,17 @@
 namespace palomet {
 
 std::unique_ptr<Wakeup> EventWakeup::make(std::function<void()> onRaised) {
-    const int descriptor = eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK);
-    if (descriptor < 0)
+    Descriptor descriptor(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK));
+    if (!descriptor.isOpen())
         qFatal("eventfd: %s", std::strerror(errno));
-    return std::unique_ptr<Wakeup>(new EventWakeup(descriptor, std::move(onRaised)));
+    return std::unique_ptr<Wakeup>(new EventWakeup(std::move(descriptor), std::move(onRaised)));
 }
 
-EventWakeup::EventWakeup(int descriptor, std::function<void()> onRaised)
-    : m_descriptor(descriptor)
-    , m_notifier(descriptor, QSocketNotifier::Read) {
+EventWakeup::EventWakeup(Descriptor descriptor, std::function<void()> onRaised)
+    : m_descriptor(std::move(descriptor))
+    , m_notifier(m_descriptor.get(), QSocketNotifier::Read) {
     QObject::connect(&m_notifier, &QSocketNotifier::activated, &m_notifier,
-                     [descriptor, onRaised = std::move(onRaised)] {
+                     [descriptor = m_descriptor.get(), onRaised = std::move(onRaised)] {
                          // Cleared first: a ring that comes while the receiver works is heard as another one.
                          std::uint64_t rings = 0;
                          if (read(descriptor, &rings, sizeof rings) != sizeof rings)
@@ -34,15 +34,10 @@ EventWakeup::EventWakeup(int descriptor, std::function<void()> onRaised)
                      });
 }
 
-EventWakeup::~EventWakeup() {
-    m_notifier.setEnabled(false);
-    close(m_descriptor);
-}
-
 void EventWakeup::raise() noexcept {
     const std::uint64_t ring = 1;
     // It fails only when the counter is full, which is a bell that rings already.
-    [[maybe_unused]] const auto written = write(m_descriptor, &ring, sizeof ring);
+    [[maybe_unused]] const auto written = write(m_descriptor.get(), &ring, sizeof ring);
 }
 
 } // namespace palomet

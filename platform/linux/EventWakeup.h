@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/Wakeup.h"
+#include "platform/linux/Descriptor.h"
 
 #include <QSocketNotifier>
 
@@ -13,14 +14,12 @@ public:
     /// A `WakeupFactory`. Without a file descriptor left the program cannot go on: fatal, as for Qt's own event loop.
     static std::unique_ptr<Wakeup> make(std::function<void()> onRaised);
 
-    ~EventWakeup() override;
-
     void raise() noexcept override;
 
 private:
-    EventWakeup(int descriptor, std::function<void()> onRaised);
+    EventWakeup(Descriptor descriptor, std::function<void()> onRaised);
 
-    int m_descriptor;
+    Descriptor m_descriptor;
     QSocketNotifier m_notifier;
 };
 

@@ -45,12 +45,13 @@ bool isIgnored(int number) {
 } // namespace
 
 TerminationSignals::TerminationSignals(std::function<void()> onRequest)
-    : m_onRequest(std::move(onRequest)) {
-    bell = eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK);
-    m_notifier = std::make_unique<QSocketNotifier>(bell, QSocketNotifier::Read);
+    : m_onRequest(std::move(onRequest))
+    , m_bell(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK))
+    , m_notifier(std::make_unique<QSocketNotifier>(m_bell.get(), QSocketNotifier::Read)) {
+    bell = m_bell.get();
     QObject::connect(m_notifier.get(), &QSocketNotifier::activated, m_notifier.get(), [this] {
         std::uint64_t rings = 0;
-        if (read(bell, &rings, sizeof rings) == sizeof rings)
+        if (read(m_bell.get(), &rings, sizeof rings) == sizeof rings)
             m_onRequest();
     });
     handle(SIGPIPE, SIG_IGN);
@@ -69,8 +70,7 @@ TerminationSignals::~TerminationSignals() {
         if (!isIgnored(number))
             handle(number, SIG_DFL);
     }
-    m_notifier.reset();
-    close(bell.exchange(-1));
+    bell = -1;
 }
 
 } // namespace palomet

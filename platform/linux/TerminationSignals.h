@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/linux/Descriptor.h"
+
 #include <functional>
 #include <memory>
 
@@ -23,6 +25,7 @@ public:
 
 private:
     std::function<void()> m_onRequest;
+    Descriptor m_bell;
     std::unique_ptr<QSocketNotifier> m_notifier;
 };
 

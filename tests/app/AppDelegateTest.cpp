@@ -1,7 +1,7 @@
 #include "app/AppDelegate.h"
 
 #include "platform/linux/EventWakeup.h"
-#include "platform/linux/PosixChildProcess.h"
+#include "platform/linux/startChildProcess.h"
 #include "tests/support/Eventually.h"
 #include "tests/support/FakeHotKeyGrabber.h"
 #include "tests/support/FakeMicrophonePermission.h"

@@ -1,7 +1,7 @@
 #include "app/Backend.h"
 
 #include "localization/Localization.h"
-#include "platform/linux/PosixChildProcess.h"
+#include "platform/linux/startChildProcess.h"
 #include "tests/support/Eventually.h"
 #include "tests/support/ManualScheduler.h"
 #include "tests/support/Processes.h"

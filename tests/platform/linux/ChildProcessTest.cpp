@@ -1,5 +1,5 @@
 #include "platform/linux/GroupGuard.h"
-#include "platform/linux/PosixChildProcess.h"
+#include "platform/linux/startChildProcess.h"
 #include "tests/support/Eventually.h"
 #include "tests/support/Processes.h"
 

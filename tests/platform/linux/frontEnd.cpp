@@ -2,7 +2,7 @@
 // second, and waits. It ends when it could not. A third argument names a guard.
 
 #include "platform/linux/GroupGuard.h"
-#include "platform/linux/PosixChildProcess.h"
+#include "platform/linux/startChildProcess.h"
 
 #include <QCoreApplication>
 #include <QFile>

@@ -1,25 +1,21 @@
-#include "platform/linux/PosixChildProcess.h"
+#include "platform/linux/startChildProcess.h"
 
 #include "platform/linux/Descriptor.h"
 #include "platform/linux/GroupGuard.h"
+#include "platform/linux/LinuxChildProcess.h"
 
 #include <QByteArray>
 #include <QFile>
-#include <QSocketNotifier>
 
 #include <fcntl.h>
 #include <linux/close_range.h>
-#include <poll.h>
 #include <signal.h>
-#include <spawn.h>
 #include <sys/prctl.h>
-#include <sys/wait.h>
 
 #include <algorithm>
 #include <array>
 #include <cerrno>
 #include <optional>
-#include <string>
 #include <system_error>
 #include <type_traits>
 
@@ -151,97 +147,6 @@ pid_t forkInto(const Preparation &prepared) {
     return child;
 }
 
-/// Takes the ended child out of the process table; whether there was something to take.
-bool reap(pid_t child, int flags) {
-    siginfo_t info{};
-    int result;
-    do {
-        result = waitid(P_PID, static_cast<id_t>(child), &info, WEXITED | flags);
-    } while (result != 0 && errno == EINTR);
-    // Somebody else's reaping counts as well: the child is gone.
-    return result != 0 || info.si_pid == child;
-}
-
-bool hasEnded(const Descriptor &handle, int milliseconds = 0) {
-    pollfd state{handle.get(), POLLIN, 0};
-    return poll(&state, 1, milliseconds) == 1;
-}
-
-class PosixChildProcess final : public ChildProcess {
-public:
-    PosixChildProcess(pid_t child, Descriptor handle, std::shared_ptr<GroupGuard> guard, std::function<void()> onExit)
-        : m_child(child)
-        , m_guard(std::move(guard))
-        , m_handle(std::move(handle))
-        , m_notifier(new QSocketNotifier(m_handle.get(), QSocketNotifier::Read))
-        , m_onExit(std::move(onExit)) {
-        QObject::connect(m_notifier, &QSocketNotifier::activated, m_notifier, [this] { handleExit(); });
-    }
-
-    ~PosixChildProcess() override {
-        releaseNotifier();
-        if (m_isReaped)
-            return;
-        kill(-m_child, SIGKILL);
-        // A moment is enough for whatever can be killed at all; the system reaps the rest after us.
-        if (hasEnded(m_handle, 1000))
-            reap(m_child, WNOHANG);
-        dismissGuard();
-    }
-
-    [[nodiscard]] qint64 processId() const override { return m_child; }
-    [[nodiscard]] bool isRunning() const override { return !hasEnded(m_handle); }
-    void terminate() override { pidfd_send_signal(m_handle.get(), SIGTERM, nullptr, 0); }
-
-    void killWithChildren() override {
-        std::string tool = "pkill";
-        std::string option = "-KILL";
-        std::string byParent = "-P";
-        std::string parent = std::to_string(m_child);
-        std::array arguments{tool.data(), option.data(), byParent.data(), parent.data(), static_cast<char *>(nullptr)};
-        pid_t killer = 0;
-        if (posix_spawn(&killer, "/usr/bin/pkill", nullptr, nullptr, arguments.data(), environ) == 0)
-            reap(killer, 0);
-        pidfd_send_signal(m_handle.get(), SIGKILL, nullptr, 0);
-    }
-
-private:
-    void handleExit() {
-        // Left in the process table for the moment: as long as it stands there, the number of its group is nobody
-        // else's.
-        if (!reap(m_child, WNOHANG | WNOWAIT))
-            return;
-        releaseNotifier();
-        kill(-m_child, SIGKILL);
-        reap(m_child, WNOHANG);
-        m_isReaped = true;
-        dismissGuard();
-        // It may destroy this object.
-        const auto onExit = std::move(m_onExit);
-        onExit();
-    }
-
-    void dismissGuard() {
-        if (m_guard)
-            m_guard->forget();
-    }
-
-    void releaseNotifier() {
-        if (m_notifier == nullptr)
-            return;
-        m_notifier->setEnabled(false);
-        // Later: it may be the one that is calling.
-        std::exchange(m_notifier, nullptr)->deleteLater();
-    }
-
-    const pid_t m_child;
-    std::shared_ptr<GroupGuard> m_guard;
-    Descriptor m_handle;
-    QSocketNotifier *m_notifier;
-    std::function<void()> m_onExit;
-    bool m_isReaped = false;
-};
-
 /// The same file above the three standard descriptors, which the child is going to replace.
 Descriptor aboveStandard(const Descriptor &descriptor) {
     return Descriptor(fcntl(descriptor.get(), F_DUPFD_CLOEXEC, STDERR_FILENO + 1));
@@ -302,7 +207,7 @@ startChildProcess(const ChildProcess::Launch &launch, std::function<void()> onEx
     if (guard)
         guard->keep(child);
     return std::unique_ptr<ChildProcess>(
-        std::make_unique<PosixChildProcess>(child, std::move(handle), std::move(guard), std::move(onExit)));
+        std::make_unique<LinuxChildProcess>(child, std::move(handle), std::move(guard), std::move(onExit)));
 }
 
 } // namespace palomet

@@ -85,6 +85,7 @@ std::unique_ptr<AudioIO> AppDelegate::makeAudioIO() {
         .scheduler = *m_surroundings.scheduler,
         .makeWakeup = m_surroundings.makeWakeup,
         .chimeFile = m_surroundings.resources.value_or(QString()) + u"/sounds/chime.aiff"_s,
+        .defaultInputName = L(u"device.systemDefault"),
     });
 }
 

@@ -1,0 +1,46 @@
+#include "tests/architecture/Sources.h"
+
+#include <gtest/gtest.h>
+
+#include <set>
+
+// The shape of the sources, as CONTRIBUTING.md asks for it.
+
+using namespace palomet;
+using test::filesBelow;
+using test::sourceFolder;
+using test::fs::path;
+
+namespace {
+
+const std::vector<std::string> folders{"app",          "audio", "base",     "command",   "doctor",
+                                       "localization", "model", "platform", "shortcuts", "ui"};
+
+/// What is seen of the whole program, or of several folders at once, has no folder to mirror.
+const std::set<std::string> ofTheWhole{"architecture", "palomet", "soak", "support", "ears"};
+const std::set<path> ofTheWindow{"ui/desktop", "ui/gallery", "ui/pictures", "ui/support"};
+
+void expectToMirror(const std::string &folder, const std::string &ending) {
+    for (const auto &file : filesBelow(folder, {ending})) {
+        const auto mirrored = file.parent_path().lexically_relative(folder);
+        if (!ofTheWhole.contains(mirrored.begin()->string()) && !ofTheWindow.contains(mirrored))
+            EXPECT_TRUE(exists(sourceFolder / mirrored)) << file << " mirrors no folder";
+    }
+}
+
+} // namespace
+
+TEST(Shape, TestsAndBenchesStandInTheFolderOfWhatTheyTry) {
+    expectToMirror("tests", "Test.cpp");
+    expectToMirror("bench", "Bench.cpp");
+}
+
+TEST(Shape, NoSourceIsLongerThanThreeHundredLines) {
+    for (const auto &folder : folders) {
+        for (const auto &file : filesBelow(folder, {".h", ".cpp", ".qml"})) {
+            std::ifstream stream(sourceFolder / file);
+            const auto lines = std::count(std::istreambuf_iterator<char>(stream), {}, '\n');
+            EXPECT_LE(lines, 300) << file;
+        }
+    }
+}

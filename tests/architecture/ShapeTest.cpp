@@ -23,8 +23,9 @@ const std::set<path> ofTheWindow{"ui/desktop", "ui/gallery", "ui/pictures", "ui/
 void expectToMirror(const std::string &folder, const std::string &ending) {
     for (const auto &file : filesBelow(folder, {ending})) {
         const auto mirrored = file.parent_path().lexically_relative(folder);
-        if (!ofTheWhole.contains(mirrored.begin()->string()) && !ofTheWindow.contains(mirrored))
-            EXPECT_TRUE(exists(sourceFolder / mirrored)) << file << " mirrors no folder";
+        EXPECT_TRUE(ofTheWhole.contains(mirrored.begin()->string()) || ofTheWindow.contains(mirrored) ||
+                    exists(sourceFolder / mirrored))
+            << file << " mirrors no folder";
     }
 }
 
@@ -33,6 +34,32 @@ void expectToMirror(const std::string &folder, const std::string &ending) {
 TEST(Shape, TestsAndBenchesStandInTheFolderOfWhatTheyTry) {
     expectToMirror("tests", "Test.cpp");
     expectToMirror("bench", "Bench.cpp");
+}
+
+TEST(Shape, EveryPathThatADocumentNamesIsThere) {
+    static const std::regex pattern(R"(`([a-z]+/[A-Za-z0-9_./-]+)`)");
+    const auto isThere = [](const std::string &named) {
+        for (const auto *ending : {"", ".h", ".cpp", ".qml", ".ts"}) {
+            if (exists(sourceFolder / (named + ending)))
+                return true;
+        }
+        return false;
+    };
+    for (const auto &place : {".", "docs"}) {
+        for (const auto &entry : test::fs::directory_iterator(sourceFolder / place)) {
+            if (entry.path().extension() != ".md")
+                continue;
+            std::ifstream stream(entry.path());
+            const std::string text(std::istreambuf_iterator<char>(stream), {});
+            for (auto found = std::sregex_iterator(text.begin(), text.end(), pattern); found != std::sregex_iterator();
+                 ++found) {
+                const auto named = (*found)[1].str();
+                const auto folder = named.substr(0, named.find('/'));
+                EXPECT_TRUE(folder == "build" || !exists(sourceFolder / folder) || isThere(named))
+                    << entry.path().filename() << " names " << named;
+            }
+        }
+    }
 }
 
 TEST(Shape, NoSourceIsLongerThanThreeHundredLines) {

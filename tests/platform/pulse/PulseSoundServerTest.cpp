@@ -184,9 +184,9 @@ TEST_P(SoundServerTest, PlaysWhatItIsGivenAndTellsWhenItWasHeard) {
         ASSERT_TRUE(eventually([&] { return recorder.count() > told + 2 * toneFrames; }));
         const auto first = recorder.firstLoud(0.1F, from);
         const auto last = recorder.lastLoud(0.1F, from);
-        ASSERT_TRUE(first && last);
-        whole += *last - *first + 1 == toneFrames ? 1 : 0;
-        difference = m_probe.toneHeardAt() - recorder.timeOf(*last);
+        const bool isThere = first && last;
+        whole += isThere && *last - *first + 1 == toneFrames ? 1 : 0;
+        difference = isThere ? m_probe.toneHeardAt() - recorder.timeOf(*last) : std::chrono::microseconds::max();
     }
     // Two milliseconds late with PulseAudio and five early with PipeWire on a quiet machine. On a busy one a single
     // tone may come too late for the server; most must not.

@@ -182,7 +182,7 @@ TEST_P(MisbehavingBackend, NeitherStallsTheWindowNorFillsTheMemoryAndIsSeenToRec
         pass(3s);
         clock.stop();
         longest = probe.end();
-        EXPECT_GT(probe.answers(), 50);
+        EXPECT_GT(probe.answers(), 10);
 
         const auto truth = round % 2 == 0 ? u"speaking"_s : u"listening"_s;
         const test::SleepingControl control(3s);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/Result.h"
+#include "command/OptionHelp.h"
 #include "command/RemoteCommand.h"
 
 #include <QString>
@@ -10,20 +11,6 @@
 #include <vector>
 
 namespace palomet {
-
-/// One option as a reader meets it.
-struct OptionHelp {
-    QString name;     ///< "--say"
-    QString argument; ///< "TEXT", "[PANE]"; empty without one.
-    QString meaning;
-
-    [[nodiscard]] QString usage() const { return argument.isEmpty() ? name : name + u' ' + argument; }
-};
-
-struct OptionGroup {
-    QString title;
-    std::vector<OptionHelp> options;
-};
 
 /// What the program was started for.
 struct CommandLine {

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "audio/SoundServer.h"
-#include "doctor/Diagnosis.h"
+#include "doctor/Examination.h"
 
 #include <atomic>
 

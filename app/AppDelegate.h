@@ -33,7 +33,7 @@ class AppDelegate final : public QObject {
     Q_OBJECT
 
 public:
-    /// What the program meets outside of itself.
+    /// Everything that the program is made of and has from outside.
     struct Surroundings {
         std::optional<QString> resources; ///< The resource folder.
         QString home;                     ///< The user's home.

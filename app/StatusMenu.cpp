@@ -40,7 +40,7 @@ void StatusMenu::showItem() {
     m_item = std::make_unique<QSystemTrayIcon>(m_icon);
     m_item->setToolTip(u"Palomet"_s);
     m_item->setContextMenu(&m_menu);
-    // Where the panel keeps the menu for the other button.
+    // A panel may keep the menu for the other button.
     connect(m_item.get(), &QSystemTrayIcon::activated, this, [this](QSystemTrayIcon::ActivationReason reason) {
         if (reason == QSystemTrayIcon::Trigger)
             Q_EMIT openRequested();

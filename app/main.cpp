@@ -53,10 +53,10 @@ bool hasXDisplay() {
     return isThere;
 }
 
-/// Without one, or with one that has gone, the toolkit would end the program as if it had crashed.
+/// The toolkit ends the program as if it had crashed when there is no display, or none any more.
 bool hasDisplay() {
     const auto platform = qEnvironmentVariable("QT_QPA_PLATFORM");
-    // What the user has chosen is the toolkit's business.
+    // The user has chosen: leave it to the toolkit.
     if (!platform.isEmpty() && !platform.startsWith("xcb"_L1))
         return true;
     return hasXDisplay() || (platform.isEmpty() && hasWaylandDisplay());
@@ -131,7 +131,7 @@ int run(int argumentCount, char **arguments) {
     UiEngine::chooseRenderer();
     Application application(argumentCount, arguments);
     const SpareMemory spareMemory;
-    // What is started from here decides for itself.
+    // Programs that are started from here decide for themselves.
     if (isPlatformOurs)
         qunsetenv("QT_QPA_PLATFORM");
 

@@ -17,7 +17,7 @@ struct Option {
     const char *meaning;
 };
 
-// What the running instance is told; the option's name without its dashes is the action's.
+// Commands to the running instance; the option's name without its dashes is the action's.
 constexpr std::array commands{
     Option{QLatin1StringView("--listen"), Argument::None, "start listening"},
     Option{QLatin1StringView("--stop"), Argument::None, "stop listening, thinking or speaking"},

@@ -12,7 +12,7 @@
 
 namespace palomet {
 
-/// What the program was started for.
+/// The program's arguments, understood.
 struct CommandLine {
     enum class Mode {
         Run,       ///< Start, or open the window of the instance that runs.

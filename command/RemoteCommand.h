@@ -6,7 +6,7 @@
 
 namespace palomet {
 
-/// What a running Palomet is told from outside: the name of an action, and the text that goes with it, if any. The
+/// A command to a running Palomet from outside: the name of an action, and the text that goes with it, if any. The
 /// names are those of the command line's options: "listen", "say", "open" and so on.
 struct RemoteCommand {
     QString action;
@@ -15,7 +15,7 @@ struct RemoteCommand {
     bool operator==(const RemoteCommand &) const = default;
 };
 
-/// What became of a command.
+/// The outcome of a command.
 enum class RemoteOutcome {
     Done,
     Unknown, ///< There is no such action, or its text is not right.

@@ -61,7 +61,7 @@ int follow(const CommandLine &line, RemoteClient &client) {
     QString last;
     const auto changed = [&](const RemoteStatus &status) {
         const auto now = shown(line, status);
-        // Whoever read has gone: later, for there may be no event loop to leave yet.
+        // The reader has gone. Leave later: there may be no event loop to leave yet.
         if (now != last && !print(now))
             QMetaObject::invokeMethod(
                 QCoreApplication::instance(), [] { QCoreApplication::exit(0); }, Qt::QueuedConnection);

@@ -4,7 +4,7 @@
 
 namespace palomet {
 
-/// What a running Palomet tells of itself. No word of a conversation is in it.
+/// The status that a running Palomet tells of itself. No word of a conversation is in it.
 struct RemoteStatus {
     QString state;  ///< The loop state's raw word, "waiting".
     QString device; ///< The microphone in use; empty while nothing is known of it.

@@ -21,10 +21,10 @@ struct Finding {
     [[nodiscard]] QString line() const;
 };
 
-/// What follows from it, in the order in which a reader is told. No word of a conversation is in it.
+/// The findings that follow from it, in the order in which a reader is told. No word of a conversation is in them.
 [[nodiscard]] std::vector<Finding> diagnose(const Examination &examination);
 
-/// What follows from listening to the microphone for a while; none: it could not be listened to.
+/// The finding that follows from listening to the microphone for a while; none: it could not be listened to.
 [[nodiscard]] Finding diagnoseLevel(const std::optional<SoundLevel> &level);
 
 /// In decibels of full scale; silence is -120.

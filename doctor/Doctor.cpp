@@ -42,7 +42,7 @@ void Doctor::lookAgain() {
     const auto permission = m_parts.permission.status();
     if (permission == MicrophoneStatus::NotDetermined || m_parts.tray.status() == TrayHost::Status::NotDetermined)
         return;
-    // Who is not allowed to hear does not try.
+    // No permission: do not open the microphone.
     if (m_capture == Capture::NotAsked && permission == MicrophoneStatus::Authorized)
         openMicrophone();
     const bool isMicrophoneKnown =

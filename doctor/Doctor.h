@@ -21,7 +21,7 @@ public:
         SoundServer &sound;
         MicrophonePermission &permission;
         TrayHost &tray;
-        /// What is known without waiting; the rest is added.
+        /// Everything that is known without waiting; the rest is added.
         Examination known;
         /// The runtime's version, once it has told it.
         std::function<QString()> runtimeVersion;

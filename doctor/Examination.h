@@ -21,7 +21,7 @@ struct SoundLevel {
     double mean = 0; ///< Root mean square.
 };
 
-/// What was found out about the program, this machine and this session.
+/// The facts that were found out about the program, this machine and this session.
 struct Examination {
     enum class Instance {
         Absent,

@@ -8,7 +8,7 @@
 
 namespace palomet {
 
-/// Who listens on a port of this machine.
+/// The process that listens on a port of this machine.
 struct PortHolder {
     qint64 processId = 0; ///< 0 when it is not for us to know: the process of another user.
     QStringList lineage;  ///< Names of the process, of its parent, and so on.

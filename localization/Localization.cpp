@@ -17,7 +17,7 @@ struct Tables {
     StringTable english;
 };
 
-/// What `load` read, which alone writes here.
+/// The tables as `load` read them; nothing else writes here.
 Tables &tables() {
     static Tables loaded;
     return loaded;

@@ -11,7 +11,7 @@
 
 namespace palomet {
 
-/// What a text asks for in one place: `%@` a text, `%d` (`%ld`, `%i`, `%u`) an integer, `%f` or `%.2f` a number with so
+/// A placeholder in a text: `%@` a text, `%d` (`%ld`, `%i`, `%u`) an integer, `%f` or `%.2f` a number with so
 /// many decimals, `%%` a percent sign. `%2$@` asks for the second argument; without a number each asks for the next
 /// one.
 struct Directive {

@@ -227,7 +227,7 @@ void PalometModel::set(const QString &key, const QJsonValue &value) {
     const bool isSent =
         m_settingsHttp.post(QStringLiteral("settings"), commandBody(key, value), settingTimeout, [this, key] {
             change<std::optional<QString>>(m_applying, std::nullopt, &PalometModel::applyingChanged);
-            // Where there is no backend, no state follows.
+            // No state follows when there is no backend.
             if (!m_hasBackend) {
                 Q_EMIT changeSettled(key);
                 return;

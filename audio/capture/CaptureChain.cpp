@@ -17,7 +17,7 @@ CaptureChain::CaptureChain(std::unique_ptr<EchoCanceller> canceller, std::functi
 void CaptureChain::captured(std::span<const float> samples, std::chrono::microseconds delay,
                             EchoReference &reference) noexcept {
     if (m_isFresh) {
-        // What was played while nobody listened is no reference for what is heard from here on.
+        // Samples that were played while nobody listened are no reference for what is heard from here on.
         reference.clear();
         m_isFresh = false;
     }

@@ -18,7 +18,7 @@ class EchoReference;
 /// One chunk of the microphone as the backend gets it: 16 kHz mono.
 using PcmSamples = std::span<const std::int16_t>;
 
-/// What happens to the microphone's samples between the sound server and the backend, for one configuration: they are
+/// The way of the microphone's samples from the sound server to the backend, for one configuration: they are
 /// cut into frames of 10 ms, the program's own speech is taken out of them, and every 1024 samples one chunk of 16 kHz
 /// samples goes to `onPcm`. A frame whose reference is late waits for it, with those behind it, for up to 100 ms. Made
 /// on the main thread, then used on the real-time thread only.

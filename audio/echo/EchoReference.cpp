@@ -49,7 +49,7 @@ std::chrono::microseconds EchoReference::follow(std::size_t samples, std::size_t
     const double delaySamples = Samples(delay).count();
     const double age = static_cast<double>(backlog() - static_cast<std::int64_t>(unmatched));
     const auto lead = std::chrono::duration_cast<std::chrono::microseconds>(Samples(delaySamples - age));
-    // Without speakers there is nothing to lead.
+    // No speakers: nothing leads.
     if (!m_isPlayed)
         return lead;
 

@@ -11,9 +11,9 @@
 
 namespace palomet {
 
-/// What was handed to the speakers and not yet compared with the microphone, oldest sample first. The two streams run
-/// on callbacks of their own sizes, and perhaps on clocks of their own; an echo canceller lives on a steady time from
-/// reference to echo, and each jump of it is a room to be learned anew. So samples are counted, not timed.
+/// The samples that were handed to the speakers and not yet compared with the microphone, oldest first. The two streams
+/// run on callbacks of their own sizes, and perhaps on clocks of their own; an echo canceller lives on a steady time
+/// from reference to echo, and each jump of it is a room to be learned anew. So samples are counted, not timed.
 ///
 /// For the first two seconds a frame that is not there yet is silence and makes the reference older. Then its lead, the
 /// time by which it comes before its echo, is set once and for all: to half of what the streams take together, and to

@@ -9,7 +9,7 @@
 
 namespace palomet {
 
-/// What the backend asks of the front end's sound.
+/// A request of the backend to the front end's sound.
 namespace link {
 
 /// Play this encoded clip.

@@ -63,7 +63,7 @@ void LinkSocket::greet() {
     m_isGreeted = true;
     ++m_connection;
     m_reader = LinkMessageReader(m_maximumFile);
-    // What was said before anybody listened is too late now.
+    // Chunks from before the connection are too late now.
     for (Chunk chunk; m_chunks.pop(chunk);) {
     }
     send({{QStringLiteral("type"), QStringLiteral("hello")}, {QStringLiteral("device"), m_deviceName}});

@@ -60,7 +60,7 @@ public:
     [[nodiscard]] bool isConnected() const { return m_isGreeted; }
     /// Of the connection that there is, or was last.
     [[nodiscard]] quint64 connection() const { return m_connection; }
-    /// What was sent and the system has not taken yet, because the backend does not read.
+    /// Bytes that were sent and that the system has not taken yet, because the backend does not read.
     [[nodiscard]] qint64 waitingBytes() const { return m_socket ? m_socket->waitingBytes() : 0; }
 
 private:

@@ -37,7 +37,7 @@ QByteArray acceptance(const QByteArray &key) {
 WebSocket::WebSocket() {
     m_socket.setProxy(QNetworkProxy::NoProxy);
     m_socket.setReadBufferSize(pieceBytes);
-    // What was read may end the connection, and what lies behind it is then void.
+    // A message may end the connection; the bytes behind it are then void.
     m_reader.onText = [this](QByteArrayView piece) {
         if (m_state == State::Open)
             onText(piece);

@@ -44,7 +44,7 @@ public:
     [[nodiscard]] quint16 localPort() const { return m_socket.localPort(); }
     [[nodiscard]] quint16 peerPort() const { return m_socket.peerPort(); }
 
-    /// What was sent and the system has not taken yet.
+    /// Bytes that were sent and that the system has not taken yet.
     [[nodiscard]] qint64 waitingBytes() const { return m_socket.bytesToWrite(); }
 
 private:

@@ -21,7 +21,7 @@ constexpr int clipRate = 48000;
 constexpr sf_count_t maximumClipFrames = maximumClipBytes / sizeof(float);
 /// Beyond any converter there is; a header that claims more would make the resampler's filter huge.
 constexpr int maximumRate = 768000;
-/// What is decoded at a time, all channels together.
+/// Samples decoded at a time, all channels together.
 constexpr std::size_t pieceSize = 16384;
 
 /// Which data an extension promises, in the decoder's terms. A subtype of 0 is any.
@@ -136,7 +136,8 @@ public:
         return true;
     }
 
-    /// What the resampler still holds, then cut to `frames`: the resampler rounds the length to the nearest.
+    /// Appends the samples that the resampler still holds, and cuts to `frames`: the resampler rounds the length to the
+    /// nearest.
     [[nodiscard]] std::optional<ClipSamples> finish(std::size_t frames) {
         while (m_resampler && m_samples.size() < frames) {
             const auto before = m_samples.size();

@@ -29,7 +29,7 @@ std::unique_ptr<SpeechClip> SpeechMixer::takeFinished() {
 
 void SpeechMixer::fill(std::span<float> samples) noexcept {
     const auto generation = m_generation.load(std::memory_order_acquire);
-    // What is silenced is decided clip by clip: a clip from after a stop that is not seen here yet may be inside.
+    // Clips are silenced one by one: a clip from after a stop that is not seen here yet may be inside.
     while (m_writtenCount > 0 && m_written[m_firstWritten].clip->generation < generation)
         finishFirstWritten();
     std::size_t filled = 0;
@@ -60,7 +60,7 @@ void SpeechMixer::heard(std::int64_t frames) noexcept {
 }
 
 void SpeechMixer::playbackOpened() noexcept {
-    // What the last stream had not played out yet, it never will.
+    // The last stream never plays what it had not played out.
     while (m_writtenCount > 0)
         finishFirstWritten();
     m_position = 0;

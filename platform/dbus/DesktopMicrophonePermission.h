@@ -9,7 +9,7 @@
 
 namespace palomet {
 
-/// What a Linux desktop has instead of one authority: the privacy switch for all microphones (restricted), the store of
+/// A Linux desktop has no single authority, but the privacy switch for all microphones (restricted), the store of
 /// the users' answers by application and the sound server, which may refuse (denied). Where none of them objects the
 /// microphone is authorised. Who has not answered within a second has no objection until it answers.
 class DesktopMicrophonePermission final : public MicrophonePermission {

@@ -9,7 +9,7 @@
 
 namespace palomet {
 
-/// What the desktop's permission store says of one device, by application.
+/// The desktop's permissions for one device, by application.
 class PermissionStore final : public QObject {
     Q_OBJECT
 

@@ -109,7 +109,7 @@ void PortalHotKeyGrabber::createSession() {
     call(QStringLiteral("CreateSession"),
          {QVariantMap{{QStringLiteral("handle_token"), token},
                       {QStringLiteral("session_handle_token"), token},
-                      // Where binding is done by this call alone.
+                      // Some portals bind by this call alone.
                       {QStringLiteral("shortcuts"), QVariant::fromValue(shortcuts())}}});
 }
 
@@ -207,7 +207,7 @@ void PortalHotKeyGrabber::activated(const QDBusMessage &message) {
     const auto id = offeredId(arguments[1].toString());
     if (!id)
         return;
-    // Whatever was said of it, it has keys.
+    // A shortcut that was pressed has keys, whatever the portal said of it.
     if (m_state == State::Bound && m_triggers.try_emplace(*id).second)
         onGranted(*id);
     if (m_held.contains(*id))
@@ -258,7 +258,7 @@ void PortalHotKeyGrabber::closeSession() {
 
 void PortalHotKeyGrabber::serviceOwnerChanged(const QString &, const QString &oldOwner, const QString &newOwner) {
     if (!oldOwner.isEmpty()) {
-        // What was bound is gone with the portal; what is registered stays so, and is bound anew when it returns.
+        // Bindings are gone with the portal; the registered keys stay so, and are bound anew when it returns.
         ++m_attempt;
         m_session.clear();
         m_triggers.clear();

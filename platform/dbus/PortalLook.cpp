@@ -9,7 +9,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 const auto appearance = u"org.freedesktop.appearance"_s;
-// What the settings of that group say when they do not say "no preference".
+// The values of that group's settings beside "no preference".
 constexpr uint preferDark = 1;
 constexpr uint reduceMotion = 1;
 constexpr uint raiseContrast = 1;

@@ -5,7 +5,7 @@
 
 namespace palomet {
 
-/// What the user wants, as the portal tells it. The panel of one desktop is dark in every scheme; where motion has no
+/// The user's wishes as the portal tells them. The panel of one desktop is dark in every scheme; where motion has no
 /// setting of its own yet, GNOME's switch for animations stands for it.
 class PortalLook final : public DesktopLook {
 public:

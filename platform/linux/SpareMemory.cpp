@@ -26,7 +26,7 @@ void keepNoLargeBlocks() {
     // Above this size a block is a mapping of its own, which ends with it. Setting it ends its growing, too.
     mallopt(M_MMAP_THRESHOLD, mebibyte);
     mallopt(M_TRIM_THRESHOLD, mebibyte);
-    // What one thread has freed serves the others.
+    // Memory that one thread has freed serves the others.
     mallopt(M_ARENA_MAX, 2);
 }
 void trim() {
@@ -37,7 +37,7 @@ void keepNoLargeBlocks() {}
 void trim() {}
 #endif
 
-/// What the process has in memory; 0 where nobody says so.
+/// The memory that the process holds; 0 where the system does not say.
 std::size_t residentBytes() {
     QFile file(QStringLiteral("/proc/self/statm"));
     if (!file.open(QFile::ReadOnly))

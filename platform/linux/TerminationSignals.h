@@ -9,7 +9,7 @@ class QSocketNotifier;
 
 namespace palomet {
 
-/// What a program that lives on a desktop does with signals. One object at a time, on the main thread, made once the
+/// Handles signals as a program that lives on a desktop should. One object at a time, on the main thread, made once the
 /// application object exists.
 ///
 /// SIGTERM, SIGINT and SIGHUP are requests to quit, reported from the event loop (several that come close together may

@@ -38,7 +38,7 @@ struct Status {
     bool isAlive = false;
 };
 
-/// What the system tells of a process; one that is not there is not alive.
+/// A process as the system tells of it; one that is not there is not alive.
 Status statusOf(pid_t id) {
     std::array<char, 32> path{};
     std::snprintf(path.data(), path.size(), "/proc/%d/stat", id);
@@ -156,7 +156,7 @@ void end() {
         poll(nullptr, 0, glance);
         family.grow();
     }
-    // Who stands still starts nobody any more.
+    // A stopped process starts no other.
     for (int round = 0; round < rounds; ++round) {
         family.send(SIGSTOP);
         if (!family.grow())
@@ -183,7 +183,7 @@ bool readInput(void *into, std::size_t size) {
 } // namespace
 
 int main() {
-    // What ends the one that looks after the program must not end this before it has done its work.
+    // A signal that ends the front end must not end the guard before it has done its work.
     for (const int number : {SIGTERM, SIGINT, SIGHUP, SIGQUIT, SIGPIPE})
         signal(number, SIG_IGN);
     // Nobody's child: it is no business of whoever looks at the children of the one that started it.

@@ -30,7 +30,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// What the child says through the pipe when it could not become the program.
+/// The child's message through the pipe when it could not become the program.
 struct Refusal {
     enum class Step { EnterFolder, RunProgram };
     Step step;

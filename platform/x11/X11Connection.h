@@ -27,7 +27,7 @@ public:
 
     [[nodiscard]] xcb_connection_t *get() const { return m_connection.get(); }
     [[nodiscard]] quint32 root() const { return m_root; }
-    /// What the keyboard extension's events begin with.
+    /// The first byte of the keyboard extension's events.
     [[nodiscard]] quint8 keyboardEvent() const { return m_keyboardEvent; }
 
     /// To be called after a request was answered: events may have come in with the answer, and nothing else would wake

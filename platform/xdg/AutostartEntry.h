@@ -18,7 +18,7 @@ public:
     [[nodiscard]] std::optional<Failure> turnOn() override;
     [[nodiscard]] std::optional<Failure> turnOff() override;
 
-    /// What the entry says.
+    /// The entry's content.
     [[nodiscard]] static QByteArray entryFor(const QString &program);
 
 private:

@@ -73,7 +73,7 @@ export function mutantsOf(file: string, text: string): Mutant[] {
     for (const match of code.matchAll(/(?<=[ (!]\w[\w:.\->]*\()([\w.:\->]+), ([\w.:\->]+)(?=[,)])/g)) {
         const line = code.slice(code.lastIndexOf("\n", match.index) + 1, code.indexOf("\n", match.index));
         const [pair, first, second] = match;
-        // What begins in the first column declares a function.
+        // A line that begins in the first column declares a function.
         if (first !== second && line.startsWith(" ")) add("arguments", match.index, pair.length, `${second}, ${first}`);
     }
     return found.sort((one, other) => one.offset - other.offset);

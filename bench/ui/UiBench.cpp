@@ -3,6 +3,7 @@
 #include "model/Format.h"
 #include "tests/support/ManualScheduler.h"
 #include "tests/support/ScriptedBackend.h"
+#include "tests/support/noScreen.h"
 #include "ui/Ui.h"
 #include "ui/kit/Kit.h"
 #include "ui/shell/MacWindow.h"
@@ -135,9 +136,7 @@ double measureLevels(Desk &desk, const char *state) {
 } // namespace
 
 int main(int argc, char **argv) {
-    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
+    test::useNoScreen();
     QApplication application(argc, argv);
     const auto resources = QStringLiteral(PALOMET_BINARY_DIR "/resources");
     Kit::registerFonts(resources);

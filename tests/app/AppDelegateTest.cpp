@@ -7,6 +7,7 @@
 #include "tests/support/FakeMicrophonePermission.h"
 #include "tests/support/FakeRemoteService.h"
 #include "tests/support/FakeSoundServer.h"
+#include "tests/support/Farewell.h"
 #include "tests/support/Fixture.h"
 #include "tests/support/ManualScheduler.h"
 #include "tests/support/Processes.h"
@@ -169,15 +170,7 @@ protected:
 
     QByteArray log() const { return test::contentOf(LogFile::pathBelow(folder.path())); }
 
-    /// The lines of the end.
-    QByteArrayList farewell() const {
-        QByteArrayList found;
-        for (const auto &line : log().split('\n')) {
-            if (line.startsWith("saindo: "))
-                found.append(line);
-        }
-        return found;
-    }
+    QByteArrayList farewell() const { return test::farewellIn(log()); }
 
     /// Where nobody answers, unless a test has somebody there.
     QUrl audio{u"ws://127.0.0.1:1/audio"_s};

@@ -12,6 +12,8 @@
 /// What the system tells of processes, and of this one's own environment.
 namespace palomet::test {
 
+inline constexpr qint64 mebibyte = 1024 * 1024;
+
 inline QByteArray contentOf(const QString &path) {
     QFile file(path);
     return file.open(QFile::ReadOnly) ? file.readAll() : QByteArray();

@@ -14,7 +14,7 @@
 #include <cstdio>
 #include <cstdlib>
 
-// What the whole program costs beside the least that shows an item in the tray, on a desktop of the bench's own with
+// The cost of the whole program beside the least that shows an item in the tray, on a desktop of the bench's own with
 // a sound server, a microphone and the bundled engine, which takes the engine's port.
 
 using namespace palomet;
@@ -38,7 +38,7 @@ double milliseconds(const QElapsedTimer &timer) {
     return static_cast<double>(timer.nsecsElapsed()) / 1e6;
 }
 
-/// What is the process's own and its part of what it shares.
+/// The memory that is the process's own, with its part of what it shares.
 double megabytes(qint64 process) {
     const auto rollup = processFile(process, u"smaps_rollup"_s);
     const auto begin = rollup.indexOf("\nPss:") + 5;

@@ -7,7 +7,7 @@
 
 namespace palomet::bench {
 
-/// What the program finds on this desktop, with a backend process that does nothing.
+/// The environment of the program on this desktop, with a backend process that does nothing.
 inline QProcessEnvironment surroundingsOn(const test::Desktop &desktop) {
     auto environment = desktop.environment();
     const QDir resources(desktop.home.filePath(QStringLiteral("resources")));

@@ -16,7 +16,7 @@
 #include <ctime>
 #include <random>
 
-// What the window costs the main thread: a refresh that brings one row more, and level events. Each figure stands
+// The window's cost for the main thread: a refresh that brings one row more, and level events. Each figure stands
 // beside its floor, taken in the same run. The window is drawn by the processor into memory.
 
 using namespace palomet;

@@ -142,7 +142,7 @@ protected:
         EXPECT_TRUE(eventually([this] { return terminations > 0; }));
     }
 
-    /// What may happen in the first second.
+    /// An event of the first second.
     enum class Happening { HostAppears, UserAnswers, WindowIsAskedFor, UserQuits };
     void happen(Happening happening) {
         switch (happening) {
@@ -172,7 +172,7 @@ protected:
 
     QByteArrayList farewell() const { return test::farewellIn(log()); }
 
-    /// Where nobody answers, unless a test has somebody there.
+    /// Nobody answers there, unless a test has somebody.
     QUrl audio{u"ws://127.0.0.1:1/audio"_s};
     QTemporaryDir folder;
     test::ScriptedBackend server;

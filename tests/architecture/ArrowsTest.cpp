@@ -48,7 +48,7 @@ const std::map<std::string, std::map<std::string, Folders>> rooms{
      }},
 };
 
-/// What every room of a folder may include of the folder itself.
+/// Headers of the folder itself that every room of it may include.
 const std::set<std::string> sharedByRooms{"audio/SoundServer.h"};
 
 /// The ports that each system implements, with the types that they speak of. Nothing else of the program is known

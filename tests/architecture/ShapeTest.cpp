@@ -16,7 +16,7 @@ namespace {
 const std::vector<std::string> folders{"app",          "audio", "base",     "command",   "doctor",
                                        "localization", "model", "platform", "shortcuts", "ui"};
 
-/// What is seen of the whole program, or of several folders at once, has no folder to mirror.
+/// Tests of the whole program, or of several folders at once, have no folder to mirror.
 const std::set<std::string> ofTheWhole{"architecture", "palomet", "soak", "support", "ears"};
 const std::set<path> ofTheWindow{"ui/desktop", "ui/gallery", "ui/pictures", "ui/support"};
 

@@ -45,7 +45,7 @@ Finding failure(const Examination &found) {
     return failures.empty() ? Finding{Verdict::Works, {}, {}} : failures.front();
 }
 
-/// What is said of a subject where all of it works.
+/// The line of a subject when everything works.
 QString text(const Examination &found, const QString &subject) {
     for (const auto &finding : diagnose(found)) {
         EXPECT_EQ(finding.verdict, Verdict::Works) << qPrintable(finding.line());

@@ -15,7 +15,7 @@ using test::eventually;
 
 namespace {
 
-/// What the program keeps of what a backend sends.
+/// The memory that the program keeps of a backend's messages.
 class MemoryTest : public test::ProgramTest {
 protected:
     void SetUp() override {
@@ -41,7 +41,7 @@ protected:
 
     /// Sends a clip that is none, which the program throws away as it reports it.
     bool sendNonsense(int id) {
-        // What the allocator does with it depends on its size, before and after it was decoded.
+        // The allocator treats it by its size, before and after it was decoded.
         constexpr std::array sizes{40, 30, 12};
         const auto &mebibytes = sizes[static_cast<std::size_t>(id) % sizes.size()];
         const QString letters(mebibytes * test::mebibyte, u'A');

@@ -37,7 +37,7 @@ protected:
         ASSERT_TRUE(program.waitForStarted());
     }
 
-    /// What a command said, and how it ended.
+    /// A command's output, and how it ended.
     struct Outcome {
         int exitCode = -1;
         QByteArray output;

@@ -117,7 +117,7 @@ TEST_F(TimingTest, ClipsAreReportedInOrderWhenTheyWereHeard) {
     play(3, 0.5, 0.1F);
     ASSERT_TRUE(eventually([this] { return backend.audio.played().size() == 3; }));
     EXPECT_EQ(backend.audio.played(), (std::vector<qint64>{1, 2, 3}));
-    // What was written down last is at most a piece old.
+    // The newest samples are at most a piece old.
     const auto count = recorder.count();
     ASSERT_TRUE(eventually([&] { return recorder.count() > count + 4'800; }));
     const auto first = recorder.firstLoud(0.05F);

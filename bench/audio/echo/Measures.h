@@ -13,7 +13,7 @@ inline constexpr int heardRate = 16000;
 /// The signal as the resampler brings it down to that rate.
 Signal asHeard(const Signal &signal);
 
-/// What goes up to the backend.
+/// The signal that goes up to the backend.
 struct Processed {
     Signal samples;
     double microsecondsAFrame = 0; ///< Mean over all frames of 10 ms, render and capture together.

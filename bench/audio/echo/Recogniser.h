@@ -9,7 +9,7 @@
 
 namespace palomet::bench {
 
-/// What the recogniser is given: one sentence at 16 kHz, and what it was.
+/// One sentence for the recogniser, at 16 kHz, with its words.
 struct Utterance {
     Signal samples;
     QString sentence;

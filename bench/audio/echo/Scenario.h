@@ -28,7 +28,7 @@ struct Scenario {
     [[nodiscard]] double jumpAt() const { return farAlone / 4; }
 };
 
-/// What is known of it, all of one length.
+/// The signals that are known of it, all of one length.
 struct Recording {
     Signal reference;                             ///< What was handed to the speakers.
     Signal microphone;                            ///< Near end, echo and noise.

@@ -40,7 +40,7 @@ private:
     std::map<std::pair<QString, QString>, Signal> m_said;
 };
 
-/// What the program says, and what the user says: all that the recogniser's grammar knows.
+/// The sentences of the program and of the user: all that the recogniser's grammar knows.
 std::vector<QString> programSentences();
 std::vector<QString> userSentences();
 

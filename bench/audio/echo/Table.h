@@ -9,7 +9,7 @@
 
 namespace palomet::bench {
 
-/// What came of one scenario.
+/// The result of one scenario.
 struct Outcome {
     Scenario scenario;
     Measures measures;

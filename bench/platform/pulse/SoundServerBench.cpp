@@ -17,7 +17,7 @@
 #include <optional>
 #include <string>
 
-// What the sound server's client costs and how long sound takes through a server of each kind, on speakers and a
+// The cost of the sound server's client, and the time that sound takes through a server of each kind, on speakers and a
 // microphone that are made of nothing. The floor of the cost is the same connection without a stream.
 
 using namespace palomet;

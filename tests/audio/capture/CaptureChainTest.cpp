@@ -123,7 +123,7 @@ TEST_F(CaptureChainTest, GivesChunksOf682And684BytesSixteenThousandSamplesASecon
     EXPECT_EQ(chunks[0].size(), 342U);
     EXPECT_EQ(chunks[1].size(), 341U);
     EXPECT_EQ(chunks[2].size(), 341U);
-    // What is not a whole tap buffer yet is still inside.
+    // Less than a whole tap buffer is still inside.
     EXPECT_EQ(samples, (15 * 48000 / 1024 * 1024 + 2) / 3);
 }
 
@@ -180,7 +180,7 @@ TEST_F(CaptureChainTest, AFrameWaitsForItsReferenceForATenthOfASecond) {
         play(0.25F);
         capture(480, 480);
     }
-    // Whatever was left over has been used up.
+    // The rest has been used up.
     while (calls.references.size() > 200 && reference.backlog() >= 480)
         capture(480, 480);
     const auto matched = calls.references.size();

@@ -13,7 +13,7 @@ using testing::IsEmpty;
 
 namespace {
 
-/// What a stream says when it comes in pieces of one size: "text", "ping:…", and "end" where the reader gave it up.
+/// The messages of a stream that comes in pieces of one size: "text", "ping:…", and "end" where the reader gave it up.
 std::vector<std::string> readInPieces(const std::string &stream, std::size_t size) {
     std::vector<std::string> events;
     std::string text;

@@ -35,7 +35,7 @@ struct WebSocketTest : testing::Test {
     bool hasEnded() {
         return test::eventually([&] { return ends == 1; });
     }
-    /// What the server gets until it has this much.
+    /// The bytes that the server gets until it has this many.
     QByteArray received(qsizetype size) {
         test::eventually([&] { return server.received.size() >= size; });
         return std::exchange(server.received, {});

@@ -85,7 +85,7 @@ TEST_F(MicrophonePermissionTest, IsDeterminedAfterASecondWhenNobodyAnswers) {
     EXPECT_EQ(permission->status(), MicrophoneStatus::Authorized);
     EXPECT_EQ(answers, 2);
 
-    // Whoever comes late is heard all the same, and nobody is told twice.
+    // A late answer counts all the same, and nobody is told twice.
     desktop.settings[privacy][key] = true;
     desktop.manner = FakeDesktop::Manner::Answer;
     desktop.answerNow();

@@ -71,7 +71,7 @@ TEST_F(PortalFolderChooserTest, GivesNothingOnWhenTheUserCancels) {
     ask();
     ASSERT_TRUE(isOpen());
     portal.respond(1);
-    // What is asked next comes through, so the answer before it has come.
+    // The next question comes through, so the answer before it has come.
     ASSERT_TRUE(eventually([&] {
         ask();
         return portal.opened == 2;

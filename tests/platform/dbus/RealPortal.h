@@ -17,7 +17,7 @@ class RealPortal final : public QDBusVirtualObject {
 public:
     [[nodiscard]] static bool isInstalled();
 
-    /// What the user decides.
+    /// The user's decision.
     enum class Answer { Bind, BindFirstOnly, RefuseSession, RefuseBinding };
     /// Whether this desktop has somebody for GlobalShortcuts at all.
     enum class Desktop { HoldsKeys, HoldsNone };

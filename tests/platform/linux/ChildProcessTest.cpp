@@ -273,7 +273,7 @@ TEST_F(ChildProcessTest, EndsWhatIsLeftOfItsGroupWhenItHasEnded) {
     start([&] { hasExited = true; });
     EXPECT_TRUE(eventually([&] { return hasExited && children().size() == 2; }));
     EXPECT_TRUE(eventually([this] { return hasEnded(children()[0]); }));
-    // Who has left the group is nobody of ours any more.
+    // A process that has left the group is not looked after any more.
     EXPECT_FALSE(hasEnded(children()[1]));
     kill(static_cast<pid_t>(children()[1]), SIGKILL);
 }

@@ -85,7 +85,7 @@ TEST(X11WorkArea, HoldsBackNoKeyThatIsPressedWhileItAsks) {
     int pressed = 0;
     grabber.onPressed = [&](quint32) { ++pressed; };
     ASSERT_TRUE(grabber.grab(1, spaceKey, 0));
-    // Whatever is still under way from the grab.
+    // Events of the grab that are still under way.
     QCoreApplication::processEvents();
     test::FakeKeyboard keyboard(display.name());
     keyboard.press(test::FakeKeyboard::space);

@@ -36,7 +36,7 @@ protected:
         file.write("[Desktop Entry]\nType=Application\nName=Microphone\nExec=gnome-control-center microphone\n");
     }
 
-    /// What is started on a desktop of that name; nothing when nothing is.
+    /// The program that is started on a desktop of that name; nothing when none is.
     [[nodiscard]] QString opened(const QString &desktop) const {
         QFile::remove(called);
         if (!openFirst(microphoneSettings(desktop)))

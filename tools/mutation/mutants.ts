@@ -39,7 +39,7 @@ function constant(literal: string): string {
     if (literal === "false") return "true";
     if (/[.]/.test(literal)) return `(2 * ${literal})`;
     const [, digits = "", suffix = ""] = /^([0-9']+)(.*)$/.exec(literal) ?? [];
-    return `${Number(digits.replaceAll("'", "")) + 1}${suffix}`;
+    return `${BigInt(digits.replaceAll("'", "")) + 1n}${suffix}`;
 }
 
 /** Every mutant of a source, in the order of the text. */
@@ -65,7 +65,7 @@ export function mutantsOf(file: string, text: string): Mutant[] {
         if (end > 0 && !/^\((?:const|auto|static) |[^=!<>]=[^=]|;/.test(condition)) add("condition", begin, end - begin, `(!${text.slice(begin, end)})`);
     }
     // A statement is a call or an assignment that begins its line; a declaration has a blank before its name.
-    for (const match of code.matchAll(/^ +(?!return\b|throw\b|co_|static_assert\b|if\b|for\b|while\b|switch\b)((?:\+\+|--)?[\w:\->.\[\]]+(?:\(|;| [-+*/|&^]?= )[^{};]*;)$/gm)) {
+    for (const match of code.matchAll(/^ +(?!return\b|throw\b|co_|static_assert\b|if\b|for\b|while\b|switch\b)((?:\+\+|--)?[\w:\->.\[\]]+(?:(?:\(| [-+*/|&^]?= )[^{};]*)?;)$/gm)) {
         const statement = match[1] ?? "";
         const depth = (statement.match(/\(/g)?.length ?? 0) - (statement.match(/\)/g)?.length ?? 0);
         if (depth === 0) add("statement", match.index + match[0].length - statement.length, statement.length, "{}");

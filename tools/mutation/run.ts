@@ -20,7 +20,7 @@ type Outcome = "killed" | "survived" | "endless" | "not compiled" | "same";
 interface Result extends Mutant {
     line: number;
     outcome: Outcome;
-    /** The first test that noticed. */
+    /** The first test that noticed, or why none could. */
     by?: string;
 }
 
@@ -109,6 +109,7 @@ function failedTest(text: string): string {
 function judge(mutant: Mutant, unchanged: Original, earlier: Iterable<Result>): Pick<Result, "outcome" | "by"> {
     // A program that the change does not reach cannot notice it.
     const reached = unchanged.programs.filter(({ path, fingerprint }) => fingerprintOf(path) !== fingerprint);
+    if (reached.length === 0) return { outcome: "survived", by: "none of the folder's test programs contains it" };
     const noticed = [...earlier].filter(({ file, outcome, by }) => file === mutant.file && outcome === "killed" && by?.includes("."));
     const likely = [...new Set([`${parse(mutant.file).name}*`, ...noticed.map(({ by }) => `${by?.replace(/\.[^.]*$/, "")}.*`)])].join(":");
     for (const filter of [likely, `-${likely}`]) {
@@ -141,7 +142,7 @@ const isJudged = ({ outcome }: Result) => outcome !== "not compiled" && outcome 
 
 const nameOf = (mutant: Mutant) => `${mutant.file}:${mutant.offset}:${mutant.was}:${mutant.becomes}`;
 const oneLine = (text: string) => text.replace(/\s+/g, " ");
-const described = (result: Result) => `${result.file}:${result.line} ${oneLine(result.was)} → ${oneLine(result.becomes)}`;
+const described = ({ file, line, was, becomes, by }: Result) => `${file}:${line} ${oneLine(was)} → ${oneLine(becomes)}${by ? ` (${by})` : ""}`;
 
 /** What was found out before about sources that are still the same. */
 function known(): Map<string, Result> {
@@ -167,7 +168,7 @@ function tryFolder(folder: string, earlier: Map<string, Result>): Result[] {
         earlier.set(nameOf(mutant), result);
         appendFileSync(resultsPath, JSON.stringify(result) + "\n");
         const minutes = ((performance.now() - begin) / ++tried) * (sample - judged - 1) / 60_000;
-        console.log(`[${folder} ${judged + Number(isJudged(result))}/${sample}, about ${minutes.toFixed(0)} min left] ${result.outcome}: ${described(result)}${result.by ? ` (${result.by})` : ""}`);
+        console.log(`[${folder} ${judged + Number(isJudged(result))}/${sample}, about ${minutes.toFixed(0)} min left] ${result.outcome}: ${described(result)}`);
     }
     return results;
 }

@@ -67,11 +67,14 @@ function shuffled<T>(items: T[], seed: number): T[] {
     return order;
 }
 
-/** Every source of a folder, and the headers that hold code of their own; not what only wires, which the whole program's tests run. */
+/** What the tests of the whole program run, and those of its folder do not. */
+const ofTheWholeProgram = /(main|RemoteSession)\.cpp$/i;
+
+/** Every source of a folder that its tests are about, and the headers that hold code of their own. */
 function sourcesOf(folder: string): string[] {
     const below = readdirSync(join(sources, folder), { recursive: true, encoding: "utf8" }).map((name) => join(folder, name));
     const isOwnHeader = (file: string) => file.endsWith(".h") && !below.includes(file.replace(/h$/, "cpp"));
-    return below.filter((file) => (file.endsWith(".cpp") && !/main\.cpp$/i.test(file)) || isOwnHeader(file)).sort();
+    return below.filter((file) => (file.endsWith(".cpp") && !ofTheWholeProgram.test(file)) || isOwnHeader(file)).sort();
 }
 
 const fingerprintOf = (path: string) => Bun.hash(readFileSync(path));

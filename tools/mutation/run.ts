@@ -156,7 +156,9 @@ function known(): Map<string, Result> {
 
 function tryFolder(folder: string, earlier: Map<string, Result>): Result[] {
     const unchanged = original(folder);
-    const all = shuffled(sourcesOf(folder).flatMap((file) => mutantsOf(file, readFileSync(join(sources, file), "utf8"))), Number(values.seed));
+    const possible = sourcesOf(folder).flatMap((file) => mutantsOf(file, readFileSync(join(sources, file), "utf8")));
+    const wasTried = (mutant: Mutant) => Number(earlier.has(nameOf(mutant)));
+    const all = shuffled(possible, Number(values.seed)).sort((one, other) => wasTried(other) - wasTried(one));
     const sample = Math.min(Number(values.sample ?? all.length), all.length);
     const results: Result[] = [];
     const begin = performance.now();

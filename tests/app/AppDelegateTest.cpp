@@ -50,14 +50,19 @@ private:
 class FakeLook final : public DesktopLook {
 public:
     [[nodiscard]] Scheme panelScheme() const override { return Scheme::Light; }
-    [[nodiscard]] bool isMotionReduced() const override { return false; }
+    [[nodiscard]] bool isMotionReduced() const override { return m_isMotionReduced; }
     [[nodiscard]] bool isContrastRaised() const override { return m_isContrastRaised; }
+    void reduceMotion(bool isReduced) {
+        m_isMotionReduced = isReduced;
+        onChange();
+    }
     void raiseContrast(bool isRaised) {
         m_isContrastRaised = isRaised;
         onChange();
     }
 
 private:
+    bool m_isMotionReduced = false;
     bool m_isContrastRaised = false;
 };
 
@@ -453,6 +458,19 @@ TEST_F(AppDelegateTest, ShowsEverythingWithTheContrastThatTheDesktopAsksForNowAn
     EXPECT_FALSE(wishes.isContrastRaised());
     look->raiseContrast(true);
     EXPECT_TRUE(wishes.isContrastRaised());
+}
+
+TEST_F(AppDelegateTest, ShowsEverythingWithTheMotionThatTheDesktopAsksForNowAndLater) {
+    create();
+    look->reduceMotion(true);
+    delegate->applicationDidFinishLaunching();
+    delegate->openWindow();
+    auto &wishes = Wishes::of(*delegate->window()->engine());
+    EXPECT_TRUE(wishes.isMotionReduced());
+    look->reduceMotion(false);
+    EXPECT_FALSE(wishes.isMotionReduced());
+    look->reduceMotion(true);
+    EXPECT_TRUE(wishes.isMotionReduced());
 }
 
 TEST_F(AppDelegateTest, OpensItsWindowFromTheMenuOnThePaneThatItHad) {

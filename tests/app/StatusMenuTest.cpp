@@ -93,6 +93,18 @@ TEST_F(StatusMenuTest, ShowsTheStateAndTheDeviceOfEverySnapshot) {
     EXPECT_EQ(stateLine(), u"Offline · "_s);
 }
 
+TEST_F(StatusMenuTest, MarksWhatTheDesktopWouldTakeForAMnemonic) {
+    const std::pair<QString, QString> titles[] = {
+        {u"Desk"_s, u"Desk"_s},    {u"USB_2_A"_s, u"USB__2__A"_s},    {u"&Q"_s, u"&&Q"_s},
+        {u"Q & A"_s, u"Q && A"_s}, {u"A & B & C"_s, u"A && B & C"_s}, {u"Q &"_s, u"Q &"_s},
+        {u"_&_"_s, u"__&&__"_s},
+    };
+    for (const auto &[text, title] : titles) {
+        publish(u"waiting"_s, text);
+        EXPECT_EQ(stateLine(), L("state.waiting") + u" · "_s + title);
+    }
+}
+
 TEST_F(StatusMenuTest, ShowsTheOfflineWordAloneWithoutASnapshot) {
     publish(u"waiting"_s, u"Headset"_s, true);
     model.setSnapshot(nullptr);

@@ -123,6 +123,36 @@ TEST_F(DoctorTest, WaitsLessWhereItHasWaitedForAPalometThatHangs) {
     EXPECT_EQ(exitCode, 1);
 }
 
+TEST_F(DoctorTest, SaysNothingBeforeItKnowsWhetherItMayHearAndWhetherThereIsATray) {
+    permission.answer(MicrophoneStatus::NotDetermined);
+    start();
+    pass(500ms);
+    EXPECT_EQ(sound.captureOpenings, 0);
+    permission.answer(MicrophoneStatus::Authorized);
+    tray.now = TrayHost::Status::NotDetermined;
+    pass(500ms);
+    EXPECT_TRUE(lines.isEmpty());
+    tray.now = TrayHost::Status::Present;
+    pass(100ms);
+    EXPECT_TRUE(line(u"microphone"_s).startsWith(u"ok"_s));
+    EXPECT_TRUE(line(u"tray"_s).startsWith(u"ok"_s));
+}
+
+TEST_F(DoctorTest, ASoundServerIsThereWhenItPlaysWithoutAMicrophoneAndWhenItHasMicrophonesAndDoesNotPlay) {
+    sound.devices.clear();
+    sound.captureFailure = Failure{u"there is none"_s};
+    start();
+    pass(200ms);
+    EXPECT_TRUE(line(u"sound server"_s).startsWith(u"ok"_s));
+    EXPECT_TRUE(line(u"microphone"_s).startsWith(u"!!"_s));
+
+    lines.clear();
+    sound.devices = {{u"mic.a"_s, u"Mic A"_s}};
+    start();
+    scheduler.advance(4s);
+    EXPECT_TRUE(line(u"sound server"_s).startsWith(u"ok"_s));
+}
+
 TEST_F(DoctorTest, DoesNotListenWhereItIsNotAllowedTo) {
     permission.answer(MicrophoneStatus::Denied);
     start();
@@ -136,7 +166,9 @@ TEST_F(DoctorTest, DoesNotListenWhereItIsNotAllowedTo) {
 TEST_F(DoctorTest, TellsAMicrophoneThatDoesNotOpenInTime) {
     sound.opensAtOnce = false;
     start();
-    pass(4s);
+    pass(3900ms);
+    EXPECT_TRUE(lines.isEmpty());
+    pass(100ms);
     EXPECT_EQ(exitCode, 1);
     EXPECT_EQ(line(u"microphone"_s),
               u"!!  microphone: Mic A cannot be opened; see whether another program holds it alone"_s);

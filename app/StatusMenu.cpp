@@ -29,8 +29,6 @@ void StatusMenu::setUpMenuBar() {
     m_menu.addSeparator();
     auto *quitItem = m_menu.addAction(plainTitle(L("menu.quit")), this, &StatusMenu::quitRequested);
     quitItem->setShortcut(QKeySequence(u"Ctrl+Q"_s));
-    // On some systems the toolkit would move it by its title.
-    quitItem->setMenuRole(QAction::NoRole);
     updateMenu();
 }
 

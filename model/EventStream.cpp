@@ -22,7 +22,6 @@ EventStream::EventStream(HttpClient &http, Scheduler &scheduler, EventStreamPars
     , m_onEvent(std::move(onEvent))
     , m_onGap(std::move(onGap)) {
     m_readMore.setSingleShot(true);
-    m_readMore.setInterval(0);
     m_readMore.callOnTimeout(&m_context, [this] { read(); });
 }
 
@@ -58,7 +57,6 @@ void EventStream::read() {
 void EventStream::end() {
     if (m_reply->error() == QNetworkReply::NoError)
         m_parser.finish(m_onEvent);
-    QObject::disconnect(m_reply.get(), nullptr, &m_context, nullptr);
     // A refusal comes from a live backend: nothing was missed.
     const bool isGap = !isRefused();
     m_reply.reset();

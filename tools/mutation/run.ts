@@ -12,6 +12,8 @@ const programs: Record<string, string[]> = {
     shortcuts: ["shortcuts/shortcuts-tests"],
     audio: ["audio/audio-threads-tests", "audio/audio-tests", "audio/audio-dsp-tests"],
     app: ["app/app-tests"],
+    command: ["command/command-tests"],
+    doctor: ["doctor/doctor-tests"],
 };
 
 /** The same: the compiler makes of it what it makes of the source as it is. */

@@ -7,6 +7,14 @@
 #include <cmath>
 
 namespace palomet {
+namespace {
+
+void clean(EchoCanceller::Frame &frame) noexcept {
+    std::transform(frame.begin(), frame.end(), frame.begin(),
+                   [](float sample) { return std::isfinite(sample) ? std::clamp(sample, -1.0F, 1.0F) : 0.0F; });
+}
+
+} // namespace
 
 CaptureChain::CaptureChain(std::unique_ptr<EchoCanceller> canceller, std::function<void(PcmSamples)> onPcm)
     : m_canceller(std::move(canceller))
@@ -29,10 +37,7 @@ void CaptureChain::captured(std::span<const float> samples, std::chrono::microse
     while (!samples.empty()) {
         auto &frame = m_frames[(m_firstWaiting + m_waitingCount) % m_frames.size()];
         const auto count = std::min(samples.size(), frame.size() - m_fill);
-        // One sample that is no number would stay in the canceller's filters for good.
-        std::transform(samples.begin(), samples.begin() + static_cast<std::ptrdiff_t>(count),
-                       frame.begin() + static_cast<std::ptrdiff_t>(m_fill),
-                       [](float sample) { return std::isfinite(sample) ? sample : 0.0F; });
+        std::copy_n(samples.begin(), count, frame.begin() + static_cast<std::ptrdiff_t>(m_fill));
         samples = samples.subspan(count);
         m_fill += count;
         if (m_fill < frame.size())
@@ -50,6 +55,8 @@ void CaptureChain::captured(std::span<const float> samples, std::chrono::microse
 void CaptureChain::cancelEcho(EchoCanceller::Frame &frame, int delayHintMs, EchoReference &reference) noexcept {
     EchoCanceller::Frame played;
     reference.read(played);
+    clean(played);
+    clean(frame);
     m_canceller->render(played);
     m_canceller->capture(frame, delayHintMs, frame);
     appendToTap(frame);

@@ -22,6 +22,9 @@ using PcmSamples = std::span<const std::int16_t>;
 /// cut into frames of 10 ms, the program's own speech is taken out of them, and every 1024 samples one chunk of 16 kHz
 /// samples goes to `onPcm`. A frame whose reference is late waits for it, with those behind it, for up to 100 ms. Made
 /// on the main thread, then used on the real-time thread only.
+///
+/// Samples are cleaned here and nowhere else, those of the microphone and those of the reference, with which both meet
+/// the canceller: what is not a number is silence, what is beyond full scale is cut.
 class CaptureChain {
 public:
     static constexpr int tapSize = 1024;

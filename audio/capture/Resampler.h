@@ -8,7 +8,8 @@ namespace palomet {
 
 /// Brings the microphone's float samples down to 16-bit samples at the rate that the backend expects, by linear
 /// interpolation without a filter. It lags one input sample, always, so consecutive buffers join without a click. One
-/// instance serves one capture configuration and is fed every buffer in order, on one thread.
+/// instance serves one capture configuration and is fed every buffer in order, on one thread. In the capture chain
+/// every sample is finite; one that is not a number would become the greatest.
 class Resampler {
 public:
     Resampler(double from, double to);

@@ -33,15 +33,15 @@ public:
     }
 
     void render(std::span<const float, frameSize> reference) noexcept override {
-        auto frame = echo::clean(reference);
+        Frame frame;
+        std::copy(reference.begin(), reference.end(), frame.begin());
         float *channel = frame.data();
         m_processing->ProcessReverseStream(&channel, m_stream, m_stream, &channel);
     }
 
     void capture(std::span<const float, frameSize> in, int delayHintMs,
                  std::span<float, frameSize> out) noexcept override {
-        auto frame = echo::clean(in);
-        m_offset.apply(frame);
+        auto frame = m_offset.apply(in);
         float *channel = frame.data();
         m_processing->set_stream_delay_ms(std::clamp(delayHintMs, 0, maximumDelayMs - ownDelayMs) + ownDelayMs);
         m_processing->ProcessStream(&channel, m_stream, m_stream, &channel);

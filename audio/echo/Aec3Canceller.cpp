@@ -75,7 +75,8 @@ public:
     }
 
     void render(std::span<const float, frameSize> reference) noexcept override {
-        auto frame = echo::clean(reference);
+        Frame frame;
+        std::copy(reference.begin(), reference.end(), frame.begin());
         m_referencePower = echo::meanSquare(frame);
         float *channel = frame.data();
         m_processing->ProcessReverseStream(&channel, m_stream, m_stream, &channel);
@@ -83,8 +84,7 @@ public:
 
     void capture(std::span<const float, frameSize> in, int delayHintMs,
                  std::span<float, frameSize> out) noexcept override {
-        auto frame = echo::clean(in);
-        m_offset.apply(frame);
+        auto frame = m_offset.apply(in);
         const float microphonePower = echo::meanSquare(frame);
         float *channel = frame.data();
         m_processing->set_stream_delay_ms(delayHintMs);

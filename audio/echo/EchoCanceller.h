@@ -23,6 +23,9 @@ struct EchoCancellerState {
 /// Takes the program's own speech out of what the microphone hears: 48 kHz mono in frames of 10 ms. Not thread-safe:
 /// one thread calls `render`, `capture` and `reset`; `state` may be called from any thread. No call after creation
 /// allocates memory of ours, locks or logs. The same input gives the same output, always.
+///
+/// Every sample given is finite and within full scale, -1 to 1: one that is not a number would stay in the filters for
+/// good. `CaptureChain` sees to that. Every sample that comes out is finite, then.
 class EchoCanceller {
 public:
     static constexpr int frameSize = 480;

@@ -20,6 +20,8 @@ namespace palomet {
 /// 20 ms, or all that they take, where half is less. From there on the microphone waits for a frame that is late, and
 /// only what comes later still is silence, and passed over: it was not played in time either.
 ///
+/// Samples come out as they were written, whatever they hold.
+///
 /// Clocks that run apart change the lead slowly. Where it has gone astray by more than five milliseconds the reference
 /// is read so much faster or slower, by parts of a sample, that it comes back. Real-time thread only.
 class EchoReference {

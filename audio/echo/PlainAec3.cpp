@@ -26,15 +26,15 @@ public:
     }
 
     void render(std::span<const float, frameSize> reference) noexcept override {
-        auto frame = clean(reference);
+        Frame frame;
+        std::copy(reference.begin(), reference.end(), frame.begin());
         float *channel = frame.data();
         m_processing->ProcessReverseStream(&channel, m_stream, m_stream, &channel);
     }
 
     void capture(std::span<const float, frameSize> in, int delayHintMs,
                  std::span<float, frameSize> out) noexcept override {
-        auto frame = clean(in);
-        m_offset.apply(frame);
+        auto frame = m_offset.apply(in);
         float *channel = frame.data();
         m_processing->set_stream_delay_ms(delayHintMs);
         m_processing->ProcessStream(&channel, m_stream, m_stream, &channel);

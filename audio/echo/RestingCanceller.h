@@ -38,7 +38,7 @@ private:
     public:
         explicit Bypass(int delay)
             : m_delay(static_cast<std::size_t>(delay)) {}
-        void process(Frame &frame) noexcept;
+        Frame process(FrameView samples) noexcept;
 
     private:
         std::size_t m_delay;

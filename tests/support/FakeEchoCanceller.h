@@ -21,6 +21,7 @@ public:
 /// The calls that an echo canceller got.
 struct EchoCancellerCalls {
     std::vector<std::vector<float>> references;
+    std::vector<std::vector<float>> microphones;
     std::vector<int> delayHints;
     int created = 0;
     int alive = 0;
@@ -41,6 +42,7 @@ public:
     }
     void capture(std::span<const float, frameSize> in, int delayHintMs,
                  std::span<float, frameSize> out) noexcept override {
+        m_calls.microphones.emplace_back(in.begin(), in.end());
         m_calls.delayHints.push_back(delayHintMs);
         PassingEchoCanceller::capture(in, delayHintMs, out);
         m_hasHeard = true;

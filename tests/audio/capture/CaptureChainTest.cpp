@@ -4,13 +4,16 @@
 #include "audio/echo/Interpolator.h"
 #include "tests/support/FakeEchoCanceller.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <cmath>
 #include <limits>
+#include <numeric>
 
 using namespace palomet;
 using namespace std::chrono_literals;
+using testing::Each;
 
 namespace {
 
@@ -33,6 +36,13 @@ struct CaptureChainTest : testing::Test {
 private:
     std::size_t m_time = 0;
 };
+
+constexpr auto infinity = std::numeric_limits<float>::infinity();
+constexpr auto notANumber = std::numeric_limits<float>::quiet_NaN();
+
+double addSquare(double sum, float sample) {
+    return sum + static_cast<double>(sample) * static_cast<double>(sample);
+}
 
 /// Noise, the same every time.
 std::vector<float> recorded(std::size_t count, std::uint32_t seed) {
@@ -201,11 +211,58 @@ TEST_F(CaptureChainTest, AFrameWaitsForItsReferenceForATenthOfASecond) {
 }
 
 TEST_F(CaptureChainTest, DoesNotLetASampleThatIsNoNumberIntoTheCanceller) {
-    std::vector<float> samples(1024 + 480, std::numeric_limits<float>::quiet_NaN());
-    samples[5] = std::numeric_limits<float>::infinity();
+    std::vector<float> samples(1024 + 480, notANumber);
+    samples[5] = infinity;
     chain.captured(samples, 0us, reference);
     ASSERT_EQ(chunks.size(), 1U);
     EXPECT_EQ(chunks[0], std::vector<std::int16_t>(342, 0));
+    EXPECT_THAT(calls.microphones, Each(std::vector<float>(480, 0)));
+}
+
+TEST_F(CaptureChainTest, CleansTheReferenceAsItDoesTheMicrophone) {
+    capture(480, 480);
+    const auto badFrame = [](float first) {
+        std::vector<float> frame(480, first);
+        std::copy_n(std::array{1.5F, -1e38F, infinity, -infinity, notANumber, 1.0F, -1.0F, 0.25F}.begin(), 8,
+                    frame.begin());
+        return frame;
+    };
+    const auto cleanFrame = [](float first) {
+        std::vector<float> frame(480, first);
+        std::copy_n(std::array{1.0F, -1.0F, 0.0F, 0.0F, 0.0F, 1.0F, -1.0F, 0.25F}.begin(), 8, frame.begin());
+        return frame;
+    };
+    reference.write(badFrame(0.5F));
+    chain.captured(badFrame(0.75F), 0us, reference);
+    EXPECT_EQ(calls.references.at(1), cleanFrame(0.5F));
+    EXPECT_EQ(calls.microphones.at(1), cleanFrame(0.75F));
+}
+
+TEST_F(CaptureChainTest, WhatIsNotANumberNeverComesOutAndTheCancellerRecovers) {
+    auto played = syllables(7 * 48000);
+    std::vector<float> microphone(played.size());
+    std::transform(played.begin(), played.end() - 1920, microphone.begin() + 1920, [](float echo) { return echo / 2; });
+    const auto echo = std::accumulate(microphone.end() - 2 * 48000, microphone.end(), 0.0, addSquare);
+    for (std::size_t i = 2 * 48000; i < 2.5 * 48000; ++i) {
+        played[i] = i % 2 == 0 ? notANumber : infinity;
+        microphone[i] = i % 3 == 0 ? notANumber : i % 3 == 1 ? 1e38F : -infinity;
+    }
+    const auto output = freed(played, 480, microphone, 480);
+    EXPECT_LT(*std::max_element(output.begin(), output.end()), 32767); // A sample that is not a number would be that.
+    const auto left = 3 * std::accumulate(output.end() - 2 * 16000, output.end(), 0.0,
+                                          [](double sum, float sample) { return addSquare(sum, sample / 32768); });
+    EXPECT_GT(10 * std::log10(echo / left), 20);
+}
+
+TEST_F(CaptureChainTest, WhatIsNotANumberIsForgottenAlsoWhileNothingIsPlayed) {
+    std::vector<float> microphone(4 * 48000, notANumber);
+    const auto heard = recorded(microphone.size(), 2);
+    std::copy(heard.begin(), heard.begin() + 3 * 48000, microphone.begin());
+    std::copy(heard.end() - 48000 / 2, heard.end(), microphone.end() - 48000 / 2);
+    const auto output = freed({}, 480, microphone, 480);
+    const auto last = std::span(output).last(4800);
+    EXPECT_LT(*std::max_element(last.begin(), last.end()), 32767);
+    EXPECT_GT(*std::max_element(last.begin(), last.end()), 1000);
 }
 
 TEST_F(CaptureChainTest, ARecordedPairOfReferenceAndMicrophoneGivesTheSameSamplesEveryTime) {

@@ -116,7 +116,7 @@ int nesting(QByteArrayView json) {
 
 /// A decoder must make of a document what another library's parser makes of it, which looks at every byte.
 template <typename Document>
-void look(QByteArrayView json, Result<Document> (*decode)(QByteArrayView)) {
+void look(QByteArrayView json, Result<Document> (*decode)(const JsonText &)) {
     const auto document = decode(json);
     try {
         Document expected{};

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/JsonText.h"
 #include "base/Result.h"
 #include "model/HttpClient.h"
 
@@ -17,7 +18,7 @@ namespace palomet {
 template <typename Document>
 class DocumentFetcher {
 public:
-    using Decode = Result<Document> (*)(QByteArrayView);
+    using Decode = Result<Document> (*)(const JsonText &);
     using Publish = std::function<void(Result<Document>)>;
 
     /// `http` and `decoder` outlive this, and `decoder` has one thread and no task of this left when this ends.

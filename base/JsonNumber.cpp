@@ -1,4 +1,4 @@
-#include "model/JsonNumber.h"
+#include "base/JsonNumber.h"
 
 #include <algorithm>
 #include <charconv>

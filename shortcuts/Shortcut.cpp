@@ -1,14 +1,13 @@
 #include "shortcuts/Shortcut.h"
 
+#include "base/JsonNumber.h"
+#include "base/JsonReader.h"
 #include "localization/Localization.h"
 
 #include <QHash>
 
-#include <simdjson.h>
-
 #include <algorithm>
 #include <array>
-#include <cmath>
 #include <limits>
 
 namespace palomet {
@@ -73,19 +72,6 @@ quint32 checkedKeyCode(qint64 code) {
     if (code < 0 || code > std::numeric_limits<quint32>::max())
         qFatal("a key code must fit in 32 bits: %lld", static_cast<long long>(code));
     return static_cast<quint32>(code);
-}
-
-/// A whole number from 0 to `limit`; a number written with a fraction of nothing is one.
-std::optional<quint64> wholeNumber(simdjson::dom::element value, quint64 limit) {
-    std::uint64_t whole = 0;
-    if (value.get(whole) != simdjson::SUCCESS) {
-        double number = -1;
-        if (value.get(number) != simdjson::SUCCESS || !(number >= 0) || number != std::floor(number) ||
-            number >= 18446744073709551616.0)
-            return std::nullopt;
-        whole = static_cast<std::uint64_t>(number);
-    }
-    return whole <= limit ? std::optional<quint64>(whole) : std::nullopt;
 }
 
 } // namespace
@@ -160,23 +146,21 @@ QByteArray Shortcut::toJson() const {
 
 std::optional<Shortcut> Shortcut::fromJson(const QByteArray &json) {
     // Qt's own parser rounds what is beyond 63 bits.
-    simdjson::dom::parser parser;
-    simdjson::dom::object object;
-    if (parser.parse(json.constData(), static_cast<std::size_t>(json.size())).get(object) != simdjson::SUCCESS)
-        return std::nullopt;
-    std::optional<quint64> keyCode;
+    JsonReader reader;
+    std::optional<quint32> keyCode;
     std::optional<quint64> flags;
     // Of a key that is there twice, the last counts.
-    for (const auto [key, value] : object) {
+    const auto readField = [&](std::string_view key, JsonReader::Value value) {
         if (key == "keyCode")
-            keyCode = wholeNumber(value, std::numeric_limits<quint32>::max());
+            keyCode = wholeNumber<quint32>(JsonReader::tokenOf(value));
         else if (key == "flags")
-            flags = wholeNumber(value, std::numeric_limits<quint64>::max());
-    }
-    if (!keyCode || !flags)
+            flags = wholeNumber<quint64>(JsonReader::tokenOf(value));
+        return reader.skip(value);
+    };
+    if (!reader.readObject(json, readField) || !keyCode || !flags)
         return std::nullopt;
     Shortcut shortcut;
-    shortcut.keyCode = static_cast<quint32>(*keyCode);
+    shortcut.keyCode = *keyCode;
     shortcut.flags = *flags;
     return shortcut;
 }

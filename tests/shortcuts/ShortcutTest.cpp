@@ -177,6 +177,7 @@ TEST_F(ShortcutTest, IsTheLastOneWhereItIsStoredTwice) {
 
 TEST_F(ShortcutTest, MayBeStoredWithFractionsOfNothingAndWithWhatNobodyReads) {
     EXPECT_EQ(Shortcut::fromJson(R"( {"keyCode":49.0,"flags":5.24288e5,"more":{"keyCode":[1]}} )"), Shortcut::opt(49));
+    EXPECT_EQ(Shortcut::fromJson(R"({"keyCode":49,"flags":524288,"more":1e400})"), Shortcut::opt(49));
 }
 
 TEST_F(ShortcutTest, MayHaveTheFirstAndTheLastKeyCodeThatThereCanBe) {

@@ -1,11 +1,9 @@
 #include "audio/link/LinkMessage.h"
 
 #include "audio/link/Base64Stream.h"
+#include "base/JsonNumber.h"
+#include "base/JsonReader.h"
 
-#include <simdjson.h>
-
-#include <cmath>
-#include <cstdint>
 #include <string_view>
 #include <utility>
 
@@ -13,45 +11,59 @@ namespace palomet::link {
 
 namespace {
 
-using Element = simdjson::dom::element;
-using Object = simdjson::dom::object;
+using simdjson::ondemand::json_type;
 
-constexpr std::size_t maximumDepth = 512;
+/// The values that are read of a message. Of a key that is there twice the last counts; a value that is not of its type
+/// is none.
+struct Fields {
+    std::optional<std::string_view> type;
+    std::optional<qint64> id;
+    std::optional<std::string_view> data;
+    std::optional<std::string_view> format;
+    std::optional<bool> isOn;
+    std::optional<std::string_view> device;
+};
 
-/// The value of a key; of one that is there twice, the last.
-simdjson::simdjson_result<Element> valueAt(const Object &object, std::string_view key) {
-    auto last = simdjson::simdjson_result<Element>(simdjson::NO_SUCH_FIELD);
-    for (const auto field : object) {
-        if (field.key == key)
-            last = simdjson::simdjson_result<Element>(Element(field.value));
-    }
-    return last;
+bool isOf(json_type type, JsonReader::Value value) {
+    json_type found{};
+    return !value.type().get(found) && found == type;
 }
 
-std::optional<std::string_view> stringAt(const Object &object, std::string_view key) {
-    std::string_view text;
-    if (valueAt(object, key).get(text) != simdjson::SUCCESS)
-        return {};
-    return text;
+// Each reads one value and says whether what comes behind it can be read.
+
+bool read(JsonReader &json, JsonReader::Value value, std::optional<std::string_view> &into) {
+    into.reset();
+    return isOf(json_type::string, value) ? !value.get_string().get(into.emplace()) : json.skip(value);
+}
+
+bool read(JsonReader &json, JsonReader::Value value, std::optional<bool> &into) {
+    into.reset();
+    return isOf(json_type::boolean, value) ? !value.get_bool().get(into.emplace()) : json.skip(value);
+}
+
+bool read(JsonReader &json, JsonReader::Value value, std::optional<qint64> &into) {
+    into = wholeNumber<qint64>(JsonReader::tokenOf(value));
+    return json.skip(value);
+}
+
+bool readField(JsonReader &json, std::string_view key, JsonReader::Value value, Fields &into) {
+    if (key == "type")
+        return read(json, value, into.type);
+    if (key == "id")
+        return read(json, value, into.id);
+    if (key == "data")
+        return read(json, value, into.data);
+    if (key == "format")
+        return read(json, value, into.format);
+    if (key == "on")
+        return read(json, value, into.isOn);
+    if (key == "device")
+        return read(json, value, into.device);
+    return json.skip(value);
 }
 
 QString toText(std::string_view utf8) {
     return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
-}
-
-std::optional<qint64> integerAt(const Object &object, std::string_view key) {
-    std::int64_t integer = 0;
-    if (valueAt(object, key).get(integer) == simdjson::SUCCESS)
-        return integer;
-    // 5.0 is an integer, as any whole number is that fits.
-    constexpr double limit = 9223372036854775808.0;
-    double number = 0;
-    Element element;
-    if (valueAt(object, key).get(element) != simdjson::SUCCESS || !element.is_double())
-        return {};
-    if (element.get(number) != simdjson::SUCCESS || std::trunc(number) != number || number < -limit || number >= limit)
-        return {};
-    return static_cast<qint64>(number);
 }
 
 std::optional<QByteArray> decodeBase64(std::string_view text) {
@@ -62,47 +74,35 @@ std::optional<QByteArray> decodeBase64(std::string_view text) {
     return data;
 }
 
-std::optional<Message> parsePlay(const Object &object) {
-    const auto id = integerAt(object, "id");
-    const auto text = stringAt(object, "data");
-    if (!id || !text)
+std::optional<Message> makePlay(const Fields &fields) {
+    if (!fields.id || !fields.data)
         return {};
-    auto data = decodeBase64(*text);
+    auto data = decodeBase64(*fields.data);
     if (!data)
         return {};
-    return Play{*id, std::move(*data), toText(stringAt(object, "format").value_or("mp3"))};
-}
-
-Enable parseEnable(const Object &object) {
-    bool isOn = true;
-    const auto error = valueAt(object, "on").get(isOn);
-    return {error != simdjson::SUCCESS || isOn};
-}
-
-Input parseInput(const Object &object) {
-    const auto device = stringAt(object, "device");
-    return {device ? std::optional(toText(*device)) : std::nullopt};
+    return Play{*fields.id, std::move(*data), toText(fields.format.value_or("mp3"))};
 }
 
 } // namespace
 
 std::optional<Message> parse(QByteArrayView utf8) {
-    simdjson::dom::parser parser;
-    Object object;
-    if (utf8.isEmpty() || parser.allocate(static_cast<std::size_t>(utf8.size()), maximumDepth) != simdjson::SUCCESS ||
-        parser.parse(utf8.data(), static_cast<std::size_t>(utf8.size())).get(object) != simdjson::SUCCESS)
+    JsonReader json;
+    Fields fields;
+    const auto readInto = [&](std::string_view key, JsonReader::Value value) {
+        return readField(json, key, value, fields);
+    };
+    if (!json.readObject(utf8, readInto))
         return {};
-    const auto type = stringAt(object, "type");
-    if (type == "play")
-        return parsePlay(object);
-    if (type == "stop")
+    if (fields.type == "play")
+        return makePlay(fields);
+    if (fields.type == "stop")
         return Stop{};
-    if (type == "enable")
-        return parseEnable(object);
-    if (type == "chime")
+    if (fields.type == "enable")
+        return Enable{fields.isOn.value_or(true)};
+    if (fields.type == "chime")
         return Chime{};
-    if (type == "input")
-        return parseInput(object);
+    if (fields.type == "input")
+        return Input{fields.device ? std::optional(toText(*fields.device)) : std::nullopt};
     return {};
 }
 

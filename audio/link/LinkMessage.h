@@ -46,7 +46,8 @@ struct Input {
 using Message = std::variant<Play, OversizedClip, Stop, Enable, Chime, Input>;
 
 /// The message that a text holds, which is no `OversizedClip`; nothing when it is none, or one that is to be ignored.
-/// Base64 is taken strictly: the standard alphabet, padded, nothing else. Pure; any thread.
+/// The text must be JSON to the letter; of a key that is there twice the last counts. A number that is too large does
+/// harm only as a clip's id. Base64 is taken strictly: the standard alphabet, padded, nothing else. Pure; any thread.
 std::optional<Message> parse(QByteArrayView utf8);
 
 } // namespace link

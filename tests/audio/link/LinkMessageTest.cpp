@@ -110,6 +110,27 @@ TEST(LinkMessage, IgnoresAClipWhoseIdIsNoInteger) {
     EXPECT_EQ(parsed(R"({"type":"play","data":""})"), std::nullopt);
 }
 
+TEST(LinkMessage, ANumberThatIsTooLargeDoesNoHarmWhereNobodyReadsIt) {
+    for (const QByteArray number :
+         {"1e400", "-1e400", "123456789012345678901234567890", "-18446744073709551616", "[1e400]", R"({"a":1e400})"}) {
+        EXPECT_EQ(parsed(R"({"type":"stop","more":)" + number + "}"), link::Message(link::Stop{}))
+            << number.toStdString();
+        EXPECT_EQ(parsed(R"({"id":)" + number + R"(,"type":"chime"})"), link::Message(link::Chime{}));
+        EXPECT_EQ(parsed(R"({"type":"enable","on":)" + number + "}"), link::Message(link::Enable{true}));
+        EXPECT_EQ(parsed(R"({"type":"input","device":)" + number + "}"), link::Message(link::Input{}));
+        EXPECT_EQ(parsed(R"({"type":"play","data":"QUJD","id":)" + number + R"(,"id":1})"),
+                  link::Message(link::Play{1, "ABC", QStringLiteral("mp3")}));
+        EXPECT_EQ(idOf(number), std::nullopt);
+    }
+}
+
+TEST(LinkMessage, IsStrictJsonAlsoInWhatNobodyReads) {
+    for (const char *value : {"01", "1.", ".5", "+1", "1e", "--1", "NaN", "tru", "nulll", "'a'", "[1,]", "[1}",
+                              "{\"a\"}", "{\"a\":1,}", "\"\\x\"", "\"\t\"", "1 2", ""})
+        for (const char *key : {"more", "id", "on", "device"})
+            EXPECT_EQ(parsed(R"({"type":"stop",")" + QByteArray(key) + "\":" + value + "}"), std::nullopt) << value;
+}
+
 TEST(LinkMessage, DecodesBase64Strictly) {
     EXPECT_EQ(dataOf(""), QByteArray());
     EXPECT_EQ(dataOf("QQ=="), QByteArray("A"));

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "base/JsonText.h"
 #include "base/Result.h"
 #include "model/HttpClient.h"
 
@@ -36,12 +35,12 @@ public:
         const auto number = ++m_lastRequest;
         if (m_requests.size() > 1)
             m_requests.erase(std::prev(m_requests.end()));
-        m_requests[number] = m_http.get(m_path, m_timeout, [this, number](std::optional<QByteArrayList> body) {
+        m_requests[number] = m_http.get(m_path, m_timeout, [this, number](std::optional<JsonText> body) {
             m_requests.erase(number);
             if (!body)
                 return publish(number, Failure{QStringLiteral("no reply")});
             m_decoder.start([this, number, body = std::move(*body)] {
-                QMetaObject::invokeMethod(&m_context, [this, number, result = m_decode(body.join())]() mutable {
+                QMetaObject::invokeMethod(&m_context, [this, number, result = m_decode(body)]() mutable {
                     publish(number, std::move(result));
                 });
             });

@@ -116,7 +116,7 @@ bool HttpClient::post(const QString &path, const std::optional<QByteArray> &json
     auto body = std::make_unique<UnrepeatableBody>(json.value_or(QByteArray()), [this] { return isAdmitted(); });
     auto reply = guarded([&] { return manager->post(command, body.get()); });
     body.release()->setParent(reply.get());
-    const auto ended = [this, number, done = std::move(done)](const std::optional<QByteArrayList> &) {
+    const auto ended = [this, number, done = std::move(done)](const std::optional<JsonText> &) {
         end(number);
         done();
     };

@@ -130,6 +130,26 @@ TEST_F(DocumentFetchTest, AStateThatDripsForTwoSecondsIsOffline) {
     EXPECT_TRUE(eventually([&] { return !dripping->isOpen(); }));
 }
 
+TEST_F(DocumentFetchTest, AStateMayComeInAnyNumberOfPiecesAndWithoutItsSize) {
+    const auto document = fixture("state/full.json");
+    const auto expected = decodeSnapshot(document);
+    ASSERT_TRUE(expected);
+    for (const auto &size : {QByteArray(), "content-length: " + QByteArray::number(document.size()) + "\r\n"}) {
+        for (const qsizetype pieceSize : {1, 50, 100'000}) {
+            m_model.setSnapshot(nullptr);
+            const auto exchange = fetchState();
+            exchange->write("HTTP/1.1 200 OK\r\n" + size + "connection: close\r\n\r\n");
+            for (qsizetype at = 0; at < document.size(); at += pieceSize) {
+                exchange->write(document.mid(at, pieceSize));
+                QCoreApplication::processEvents();
+            }
+            exchange->close();
+            ASSERT_TRUE(eventually([&] { return m_model.snapshot() != nullptr; })) << pieceSize;
+            EXPECT_EQ(*m_model.snapshot(), *expected);
+        }
+    }
+}
+
 TEST_F(DocumentFetchTest, AStateThatIsNotReadableIsOffline) {
     fetchState()->reply(stateDocument("waiting"));
     ASSERT_TRUE(becomes(LoopState::Waiting));

@@ -1,5 +1,6 @@
 #include "audio/echo/EchoCanceller.h"
 #include "audio/echo/LinearOutputGate.h"
+#include "audio/echo/ProcessingStream.h"
 #include "audio/echo/RestingCanceller.h"
 #include "audio/echo/Samples.h"
 #include "audio/echo/SharedState.h"
@@ -69,29 +70,21 @@ AudioProcessing::Config processingConfig() {
 class Aec3Canceller final : public EchoCanceller {
 public:
     explicit Aec3Canceller(rtc::scoped_refptr<AudioProcessing> processing)
-        : m_processing(std::move(processing)) {
-        // Told the format now, the library allocates nothing when the first frame comes.
-        m_processing->Initialize({{m_stream, m_stream, m_stream, m_stream}});
-    }
+        : m_stream(std::move(processing)) {}
 
     void render(std::span<const float, frameSize> reference) noexcept override {
-        Frame frame;
-        std::copy(reference.begin(), reference.end(), frame.begin());
-        m_referencePower = echo::meanSquare(frame);
-        float *channel = frame.data();
-        m_processing->ProcessReverseStream(&channel, m_stream, m_stream, &channel);
+        m_referencePower = echo::meanSquare(reference);
+        m_stream.render(reference);
     }
 
     void capture(std::span<const float, frameSize> in, int delayHintMs,
                  std::span<float, frameSize> out) noexcept override {
         auto frame = m_offset.apply(in);
         const float microphonePower = echo::meanSquare(frame);
-        float *channel = frame.data();
-        m_processing->set_stream_delay_ms(delayHintMs);
-        m_processing->ProcessStream(&channel, m_stream, m_stream, &channel);
+        m_stream.capture(frame, delayHintMs);
 
         std::array<std::array<float, TripleRate::inputSize>, 1> linearAt16kHz{};
-        m_processing->GetLinearAecOutput(linearAt16kHz);
+        m_stream.processing().GetLinearAecOutput(linearAt16kHz);
         m_tripleRate.push(linearAt16kHz.front());
 
         const bool isLinearBetter = m_gate.isLinearBetter(
@@ -105,13 +98,13 @@ public:
         }
         std::copy(frame.begin(), frame.end(), out.begin());
         // Asked here every time: the library keeps the oldest answer that nobody has fetched.
-        const auto statistics = m_processing->GetStatistics();
+        const auto statistics = m_stream.processing().GetStatistics();
         m_state.set(m_gate.residual() < convergedResidual, echo::toStandard(statistics.delay_ms),
                     echo::toStandard(statistics.echo_return_loss_enhancement));
     }
 
     void reset() noexcept override {
-        m_processing->Initialize();
+        m_stream.processing().Initialize();
         m_offset = {};
         m_tripleRate = TripleRate(linearLead - TripleRate::filterDelay);
         m_gate = {};
@@ -127,8 +120,7 @@ public:
 private:
     using TripleRate = echo::TripleRate;
 
-    rtc::scoped_refptr<AudioProcessing> m_processing;
-    webrtc::StreamConfig m_stream{48000, 1};
+    echo::ProcessingStream<rtc::scoped_refptr<AudioProcessing>, webrtc::StreamConfig> m_stream;
     echo::OffsetFilter m_offset;
     TripleRate m_tripleRate{linearLead - TripleRate::filterDelay};
     echo::LinearOutputGate m_gate;

@@ -26,8 +26,6 @@ public:
     /// Makes it at the first call.
     [[nodiscard]] QQmlEngine &get();
 
-    [[nodiscard]] bool isMade() const { return m_engine != nullptr; }
-
     /// Whether the desktop asks for stillness.
     void setMotionReduced(bool isReduced);
 

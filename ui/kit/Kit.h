@@ -2,16 +2,15 @@
 
 #include <QIcon>
 #include <QString>
-#include <QStringList>
 
 class QQmlEngine;
 
 /// The visual kit, made ready for use.
 namespace palomet::Kit {
 
-/// Registers the typeface of the resource folder with the application. Returns the faces that could not be read, by
-/// their file names; the interface then shows in the system's typeface.
-QStringList registerFonts(const QString &resources);
+/// Registers the typeface of the resource folder with the application. Where a face cannot be read, the interface shows
+/// in the system's typeface.
+void registerFonts(const QString &resources);
 
 /// The program's own icon, for the lists of windows that desktops show; null where the resource folder has none.
 [[nodiscard]] QIcon programIcon(const QString &resources);

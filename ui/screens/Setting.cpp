@@ -13,17 +13,11 @@ QString Setting::title() const {
 }
 
 QString Setting::hint() const {
-    if (m_hintText)
-        return *m_hintText;
     return *m_hintKey == '\0' ? QString() : L(m_hintKey);
 }
 
 void Setting::setHintKey(const char *key) {
     assign(m_hintKey, key);
-}
-
-void Setting::setHintText(std::optional<QString> text) {
-    assign(m_hintText, std::move(text));
 }
 
 void ChoiceSetting::offer(std::vector<Choice> choices) {

@@ -27,8 +27,6 @@ public:
 
     /// Another hint for now.
     void setHintKey(const char *key);
-    /// Words in the hint's place; none brings it back.
-    void setHintText(std::optional<QString> text);
 
 Q_SIGNALS:
     void changed();
@@ -45,7 +43,6 @@ protected:
 private:
     const char *m_titleKey;
     const char *m_hintKey;
-    std::optional<QString> m_hintText;
 };
 
 // Their base is named in full, for that is how the type descriptions that the lint reads name it.

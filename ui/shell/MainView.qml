@@ -4,7 +4,7 @@ import Palomet.Kit
 import Palomet.Ui
 
 // All of the window.
-MacShellView {
+TwoColumns {
     id: root
 
     required property AppView app
@@ -19,8 +19,8 @@ MacShellView {
     function walk(from: int, step: int): void {
         const items = [];
         for (let i = 0; i < groups.count; ++i)
-            items.push(...(groups.itemAt(i) as MacSidebarGroup).panes);
-        const to = items.find(item => item instanceof MacSidebarItem && item["modelData"].pane === from + step);
+            items.push(...(groups.itemAt(i) as SidebarGroup).panes);
+        const to = items.find(item => item instanceof SidebarItem && item["modelData"].pane === from + step);
         if (!to)
             return;
         to.forceActiveFocus(Qt.TabFocusReason);
@@ -37,7 +37,7 @@ MacShellView {
         return shownPage()?.selection?.copy() ?? false;
     }
 
-    sidebar: MacSidebar {
+    sidebar: Sidebar {
         anchors.fill: parent
         app: "Palomet"
         version: root.app.version
@@ -48,7 +48,7 @@ MacShellView {
 
             model: root.app.groups
 
-            MacSidebarGroup {
+            SidebarGroup {
                 id: group
 
                 required property var modelData
@@ -58,7 +58,7 @@ MacShellView {
                 Repeater {
                     model: group.modelData.panes
 
-                    MacSidebarItem {
+                    SidebarItem {
                         required property var modelData
 
                         icon: modelData.icon
@@ -71,7 +71,7 @@ MacShellView {
                 }
             }
         }
-        status: MacStatusLine {
+        status: MicrophoneLine {
             isOn: root.app.isMicOn
             textOn: Words.t("status.micOn")
             textOff: Words.t("status.micOff")
@@ -79,7 +79,7 @@ MacShellView {
         }
     }
 
-    MacPage {
+    PageFrame {
         id: page
 
         column: root.pane === Navigation.Now ? Zen.board : Zen.column

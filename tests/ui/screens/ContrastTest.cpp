@@ -23,7 +23,7 @@ protected:
     }
     /// Everything that can be pressed, pointed at or held.
     void touchAll(bool isPointed, bool isHeld) {
-        for (const auto *type : {"Pressable", "ZenButton", "ZenSelect", "ZenSwitch", "MacSidebarItem", "MacStatusLine"})
+        for (const auto *type : {"Pressable", "ZenButton", "ZenSelect", "ZenSwitch", "SidebarItem", "MicrophoneLine"})
             for (auto *item : all(type)) {
                 item->setProperty("isPointed", isPointed);
                 item->setProperty("isHeld", isHeld);

@@ -12,7 +12,7 @@ class KeyboardTest : public WindowTest {
 protected:
     /// Where Tab leads, beginning behind the sidebar's last pane, until it is back in the sidebar.
     [[nodiscard]] QList<QQuickItem *> stops() {
-        named("MacSidebarItem", QStringLiteral("Brain"))->forceActiveFocus(Qt::TabFocusReason);
+        named("SidebarItem", QStringLiteral("Brain"))->forceActiveFocus(Qt::TabFocusReason);
         QList<QQuickItem *> stops;
         for (;;) {
             key(Qt::Key_Tab);
@@ -134,7 +134,7 @@ TEST_F(KeyboardTest, ReachesEverythingOnTheBrainPaneInReadingOrder) {
 TEST_F(KeyboardTest, ChoosesPanesFromTheSidebar) {
     setFull();
     open(Pane::Now);
-    named("MacSidebarItem", QStringLiteral("Voice"))->forceActiveFocus(Qt::TabFocusReason);
+    named("SidebarItem", QStringLiteral("Voice"))->forceActiveFocus(Qt::TabFocusReason);
     key(Qt::Key_Return);
     EXPECT_EQ(navigation.pane(), Pane::Voice);
     EXPECT_EQ(all("VoicePage").size(), 1);
@@ -144,7 +144,7 @@ TEST_F(KeyboardTest, ChoosesPanesFromTheSidebar) {
 TEST_F(KeyboardTest, WalksTheSidebarWithTheArrows) {
     setFull();
     open(Pane::Now);
-    named("MacSidebarItem", QStringLiteral("Now"))->forceActiveFocus(Qt::TabFocusReason);
+    named("SidebarItem", QStringLiteral("Now"))->forceActiveFocus(Qt::TabFocusReason);
     for (const auto pane : {Pane::History, Pane::Listening, Pane::Voice, Pane::Brain, Pane::Brain}) {
         key(Qt::Key_Down);
         EXPECT_EQ(navigation.pane(), pane);
@@ -239,7 +239,7 @@ TEST_F(KeyboardTest, StopsRecordingWithoutAChangeWhenTheRecorderLosesTheFocus) {
     const std::array<std::function<void()>, 4> ways{
         [&] { key(Qt::Key_Tab); },
         [&] { key(Qt::Key_Backtab, Qt::ShiftModifier); },
-        [&] { press(named("MacSidebarItem", QStringLiteral("Listening"))); },
+        [&] { press(named("SidebarItem", QStringLiteral("Listening"))); },
         [&] {
             QWindow other;
             other.show();
@@ -278,7 +278,7 @@ TEST_F(KeyboardTest, StopsRecordingWhenAnotherPaneIsChosen) {
     open(Pane::Listening);
     pressInView(named("Pressable", QStringLiteral("Listen")));
     ASSERT_TRUE(shortcuts.isPaused());
-    press(named("MacSidebarItem", QStringLiteral("Voice")));
+    press(named("SidebarItem", QStringLiteral("Voice")));
     EXPECT_FALSE(shortcuts.isPaused());
 }
 
@@ -289,8 +289,8 @@ TEST_F(KeyboardTest, ForgetsARefusedShortcutWithThePane) {
     QKeyEvent shiftA(QEvent::KeyPress, Qt::Key_A, Qt::ShiftModifier, 30 + 8, 0, 0);
     QCoreApplication::sendEvent(window.get(), &shiftA);
     EXPECT_NE(app.listening()->listenShortcut()->message(), QString());
-    press(named("MacSidebarItem", QStringLiteral("Voice")));
-    press(named("MacSidebarItem", QStringLiteral("Listening")));
+    press(named("SidebarItem", QStringLiteral("Voice")));
+    press(named("SidebarItem", QStringLiteral("Listening")));
     EXPECT_EQ(app.listening()->listenShortcut()->message(), QString());
 }
 

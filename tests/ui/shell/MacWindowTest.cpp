@@ -51,20 +51,20 @@ protected:
 
     /// What the header says.
     [[nodiscard]] QStringList header() const {
-        const auto *header = all("MacPageHeader").value(0);
+        const auto *header = all("PageHeader").value(0);
         return {header->property("crumb").toString(), header->property("title").toString(),
                 header->property("subtitle").toString()};
     }
     /// The header's buttons, from left to right, the primary one marked.
     [[nodiscard]] QStringList actions() const {
         QStringList found;
-        for (const auto *button : Scene::all(all("MacPageHeader").value(0), "ZenButton"))
+        for (const auto *button : Scene::all(all("PageHeader").value(0), "ZenButton"))
             found.append(button->property("title").toString() + (button->property("kind") == 0 ? u"!"_s : u""_s));
         return found;
     }
     [[nodiscard]] QStringList activeItems() const {
         QStringList found;
-        for (const auto *item : all("MacSidebarItem")) {
+        for (const auto *item : all("SidebarItem")) {
             if (item->property("isActive").toBool())
                 found.append(item->property("title").toString());
         }
@@ -102,7 +102,7 @@ TEST_F(MacWindowTest, HighlightsExactlyThePaneThatIsShown) {
     open();
     EXPECT_EQ(activeItems(), QStringList{u"Now"_s});
     for (const auto pane : allPanes) {
-        press(titled("MacSidebarItem", title(pane)));
+        press(titled("SidebarItem", title(pane)));
         EXPECT_EQ(m_navigation.pane(), pane);
         EXPECT_EQ(activeItems(), QStringList{title(pane)});
         EXPECT_EQ(header(), (QStringList{u"Palomet"_s, title(pane), subtitle(pane)}));
@@ -154,7 +154,7 @@ TEST_F(MacWindowTest, CountsTheHistoryInTheSidebarAndShowsNoZero) {
     open();
     const auto badges = [this] {
         QStringList found;
-        for (const auto *item : all("MacSidebarItem"))
+        for (const auto *item : all("SidebarItem"))
             found.append(item->property("badge").toString());
         return found;
     };
@@ -165,7 +165,7 @@ TEST_F(MacWindowTest, CountsTheHistoryInTheSidebarAndShowsNoZero) {
 
 TEST_F(MacWindowTest, OpensTheMicrophonesSettingsFromItsStatusLineOnlyWhileItIsOff) {
     open();
-    auto *line = all("MacStatusLine").value(0);
+    auto *line = all("MicrophoneLine").value(0);
     ASSERT_TRUE(line);
     EXPECT_EQ(line->property("words"), u"Microphone on"_s);
     press(line);
@@ -183,8 +183,8 @@ TEST_F(MacWindowTest, NeverLaysItsActionsOverTheTitle) {
     m_window->resize(MacWindow::minimumContentSize);
     for (const auto pane : allPanes) {
         m_navigation.setPane(pane);
-        const auto *header = all("MacPageHeader").value(0);
-        for (const auto *button : Scene::all(all("MacPageHeader").value(0), "ZenButton")) {
+        const auto *header = all("PageHeader").value(0);
+        for (const auto *button : Scene::all(all("PageHeader").value(0), "ZenButton")) {
             EXPECT_GE(button->mapToItem(header, QPointF()).x(), header->property("titleWidth").toReal());
             EXPECT_LE(button->mapToScene(QPointF(button->width(), 0)).x(), m_window->width());
         }
@@ -203,7 +203,7 @@ TEST_F(MacWindowTest, IsUsedByKeyboardAloneInReadingOrder) {
     }
     EXPECT_EQ(reached, (QStringList{u"Now"_s, u"History"_s, u"Listening"_s, u"Voice"_s, u"Brain"_s,
                                     u"New conversation"_s, u"Stop"_s, u"Listen"_s}));
-    auto *brain = titled("MacSidebarItem", u"Brain"_s);
+    auto *brain = titled("SidebarItem", u"Brain"_s);
     brain->forceActiveFocus(Qt::TabFocusReason);
     EXPECT_TRUE(brain->property("isReached").toBool());
     key(Qt::Key_Space);
@@ -228,17 +228,17 @@ TEST_F(MacWindowTest, TellsAScreenReaderWhatEverythingIs) {
     model().setHistory(std::vector<ConversationSummary>(3));
     open();
     const auto interface = [](QQuickItem *item) { return QAccessible::queryAccessibleInterface(item); };
-    auto *history = interface(titled("MacSidebarItem", u"History"_s));
+    auto *history = interface(titled("SidebarItem", u"History"_s));
     ASSERT_TRUE(history);
     EXPECT_EQ(history->role(), QAccessible::PageTab);
     EXPECT_EQ(history->text(QAccessible::Name), u"History");
     EXPECT_EQ(history->text(QAccessible::Description), u"3");
     EXPECT_FALSE(history->state().selected);
-    EXPECT_TRUE(interface(titled("MacSidebarItem", u"Now"_s))->state().selected);
+    EXPECT_TRUE(interface(titled("SidebarItem", u"Now"_s))->state().selected);
     auto *stop = interface(titled("ZenButton", u"Stop"_s));
     EXPECT_EQ(stop->role(), QAccessible::Button);
     EXPECT_EQ(stop->text(QAccessible::Name), u"Stop");
-    auto *status = interface(all("MacStatusLine").value(0));
+    auto *status = interface(all("MicrophoneLine").value(0));
     EXPECT_EQ(status->role(), QAccessible::StaticText);
     model().setMicAuthorized(false);
     EXPECT_EQ(status->role(), QAccessible::Button);

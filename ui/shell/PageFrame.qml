@@ -20,7 +20,7 @@ Item {
         width: root.width
         height: Zen.header
     }
-    MacPageHeader {
+    PageHeader {
         id: header
 
         x: Zen.space7

@@ -135,8 +135,8 @@ void AppDelegate::setUpWindow() {
     };
     m_appView = std::make_unique<AppView>(m_model, m_nav, m_shortcuts, *m_surroundings.keyboardLayout,
                                           AppView::Details{m_surroundings.version, m_surroundings.home}, outside);
-    m_window = std::make_unique<MacWindow>(m_uiEngine.get(), *m_appView, *m_surroundings.scheduler,
-                                           m_surroundings.settings.get());
+    m_window = std::make_unique<SettingsWindow>(m_uiEngine.get(), *m_appView, *m_surroundings.scheduler,
+                                                m_surroundings.settings.get());
 }
 
 void AppDelegate::pickFolders(const std::function<void(const QStringList &)> &picked) {

@@ -14,7 +14,7 @@
 #include "model/PalometModel.h"
 #include "ui/UiEngine.h"
 #include "ui/shell/FolderChooser.h"
-#include "ui/shell/MacWindow.h"
+#include "ui/shell/SettingsWindow.h"
 #include "ui/strip/StripController.h"
 #include "ui/strip/StripWindow.h"
 
@@ -77,7 +77,7 @@ public:
     [[nodiscard]] Navigation &navigation() { return m_nav; }
     [[nodiscard]] StatusMenu &statusMenu() { return m_statusMenu; }
     /// Null until it was opened.
-    [[nodiscard]] MacWindow *window() const { return m_window.get(); }
+    [[nodiscard]] SettingsWindow *window() const { return m_window.get(); }
     [[nodiscard]] StripWindow &strip() { return m_stripWindow; }
 
 Q_SIGNALS:
@@ -115,7 +115,7 @@ private:
     StripWindow m_stripWindow;
     std::optional<StripController> m_strip;
     std::unique_ptr<AppView> m_appView;
-    std::unique_ptr<MacWindow> m_window;
+    std::unique_ptr<SettingsWindow> m_window;
     Stage m_stage = Stage::Launching;
     bool m_isStrangerUnnoted = false;
     bool m_isTrayHostSettled = false; ///< There was one, or it was said that there is none.

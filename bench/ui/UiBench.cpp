@@ -6,7 +6,7 @@
 #include "tests/support/noScreen.h"
 #include "ui/Ui.h"
 #include "ui/kit/Kit.h"
-#include "ui/shell/MacWindow.h"
+#include "ui/shell/SettingsWindow.h"
 
 #include <QApplication>
 #include <QQmlEngine>
@@ -36,7 +36,7 @@ struct Desk {
     Desk() {
         backend.on("/events", [](auto exchange) { exchange->beginEvents(); });
         Ui::install(engine, QStringLiteral(PALOMET_BINARY_DIR "/resources"));
-        window = std::make_unique<MacWindow>(engine, app, scheduler, nullptr);
+        window = std::make_unique<SettingsWindow>(engine, app, scheduler, nullptr);
         window->bringToFront();
     }
 
@@ -51,7 +51,7 @@ struct Desk {
     Navigation navigation;
     AppView app{model, navigation, shortcuts, layout, {.version = {}, .home = {}}, {}};
     QQmlEngine engine;
-    std::unique_ptr<MacWindow> window;
+    std::unique_ptr<SettingsWindow> window;
 };
 
 std::shared_ptr<const Snapshot> snapshot(const char *state, int rows) {

@@ -110,7 +110,7 @@ TEST_F(ScrollingTest, BeginsAtTheTopWhenEverythingFits) {
 TEST_F(ScrollingTest, BeginsAtTheTopOfASmallWindowWithoutATurn) {
     setState("waiting");
     open(Pane::Now);
-    window->resize(MacWindow::minimumContentSize);
+    window->resize(SettingsWindow::minimumContentSize);
     settle();
     EXPECT_FALSE(first("NowPage")->property("isScrolled").toBool());
     show(turns(2));

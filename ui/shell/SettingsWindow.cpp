@@ -1,4 +1,4 @@
-#include "ui/shell/MacWindow.h"
+#include "ui/shell/SettingsWindow.h"
 
 #include "ui/shell/WindowFrame.h"
 
@@ -33,7 +33,7 @@ std::vector<QRect> usableScreens() {
 
 } // namespace
 
-MacWindow::MacWindow(QQmlEngine &engine, AppView &app, Scheduler &scheduler, QSettings *settings)
+SettingsWindow::SettingsWindow(QQmlEngine &engine, AppView &app, Scheduler &scheduler, QSettings *settings)
     : QQuickView(&engine, nullptr)
     , m_app(app)
     , m_scheduler(scheduler)
@@ -43,7 +43,7 @@ MacWindow::MacWindow(QQmlEngine &engine, AppView &app, Scheduler &scheduler, QSe
     setMinimumSize(minimumContentSize);
     setResizeMode(SizeRootObjectToView);
     restoreFrame();
-    connect(this, &QWindow::visibilityChanged, this, &MacWindow::updateShown);
+    connect(this, &QWindow::visibilityChanged, this, &SettingsWindow::updateShown);
     // The screen is up to date before it is made.
     m_app.setShown(true);
     // It is laid out once, in the size in which it is shown.
@@ -54,7 +54,7 @@ MacWindow::MacWindow(QQmlEngine &engine, AppView &app, Scheduler &scheduler, QSe
     updateShown();
 }
 
-MacWindow::~MacWindow() {
+SettingsWindow::~SettingsWindow() {
     // A window that is shown is hidden by the last of its destructors, when nothing of this class is left.
     disconnect(this, &QWindow::visibilityChanged, this, nullptr);
     if (m_saving)
@@ -62,7 +62,7 @@ MacWindow::~MacWindow() {
     m_app.setShown(false);
 }
 
-void MacWindow::bringToFront() {
+void SettingsWindow::bringToFront() {
     m_app.setShown(true);
     if (windowStates().testFlag(Qt::WindowMinimized))
         setWindowStates(windowStates() & ~Qt::WindowMinimized);
@@ -72,11 +72,11 @@ void MacWindow::bringToFront() {
     requestActivate();
 }
 
-void MacWindow::updateShown() {
+void SettingsWindow::updateShown() {
     m_app.setShown(isVisible() && visibility() != Minimized);
 }
 
-bool MacWindow::event(QEvent *event) {
+bool SettingsWindow::event(QEvent *event) {
     switch (event->type()) {
     case QEvent::Move:
     case QEvent::Resize:
@@ -100,7 +100,7 @@ bool MacWindow::event(QEvent *event) {
     return QQuickView::event(event);
 }
 
-void MacWindow::keyPressEvent(QKeyEvent *event) {
+void SettingsWindow::keyPressEvent(QKeyEvent *event) {
     // Without an item that has the focus, it would stay as it came.
     if (!activeFocusItem())
         event->ignore();
@@ -109,7 +109,7 @@ void MacWindow::keyPressEvent(QKeyEvent *event) {
         event->setAccepted(handleKey(*event));
 }
 
-bool MacWindow::handleKey(const QKeyEvent &event) {
+bool SettingsWindow::handleKey(const QKeyEvent &event) {
     const auto modifiers = event.modifiers() & ~Qt::KeypadModifier;
     const auto pane = static_cast<std::size_t>(event.key() - Qt::Key_1);
     if (modifiers == Qt::ControlModifier && event.key() >= Qt::Key_1 && pane < allPanes.size()) {
@@ -133,7 +133,7 @@ bool MacWindow::handleKey(const QKeyEvent &event) {
     return isTaken;
 }
 
-void MacWindow::restoreFrame() {
+void SettingsWindow::restoreFrame() {
     const auto stored = m_settings ? m_settings->value(frameKey) : QVariant();
     const auto saved = stored.canConvert<QRect>() ? std::optional(stored.toRect()) : std::nullopt;
     const auto frame = openingFrame(saved, usableScreens(), openingSize, minimumContentSize);
@@ -149,7 +149,7 @@ void MacWindow::restoreFrame() {
         setWindowStates(Qt::WindowMaximized);
 }
 
-void MacWindow::keepFrameOnScreen() {
+void SettingsWindow::keepFrameOnScreen() {
     // What remembers nothing is of its own size on every screen.
     if (!m_settings || visibility() != Windowed)
         return;
@@ -161,12 +161,12 @@ void MacWindow::keepFrameOnScreen() {
     setFramePosition(frame.topLeft());
 }
 
-void MacWindow::saveSoon() {
+void SettingsWindow::saveSoon() {
     if (m_settings && isVisible() && !m_saving)
         m_saving = m_scheduler.after(saveDelay, [this] { saveFrame(); });
 }
 
-void MacWindow::saveFrame() {
+void SettingsWindow::saveFrame() {
     m_saving.reset();
     const bool isMaximized = windowStates() & (Qt::WindowMaximized | Qt::WindowFullScreen);
     m_settings->setValue(maximizedKey, isMaximized);

@@ -1,4 +1,4 @@
-#include "ui/shell/MacWindow.h"
+#include "ui/shell/SettingsWindow.h"
 
 #include "localization/Localization.h"
 #include "tests/ui/support/Scene.h"
@@ -17,9 +17,9 @@ using test::Scene;
 
 namespace {
 
-class MacWindowTest : public test::UiTest {
+class SettingsWindowTest : public test::UiTest {
 protected:
-    MacWindowTest() {
+    SettingsWindowTest() {
         QObject::connect(&m_ui.get(), &QQmlEngine::warnings, &m_ui.get(), [](const QList<QQmlError> &errors) {
             for (const auto &error : errors)
                 ADD_FAILURE() << error.toString().toStdString();
@@ -28,7 +28,7 @@ protected:
 
     void open() {
         if (!m_window)
-            m_window = std::make_unique<MacWindow>(m_ui.get(), m_app, scheduler(), &m_settings);
+            m_window = std::make_unique<SettingsWindow>(m_ui.get(), m_app, scheduler(), &m_settings);
         m_window->bringToFront();
         ASSERT_TRUE(QTest::qWaitForWindowActive(m_window.get()));
     }
@@ -86,19 +86,19 @@ protected:
                    .openMicrophoneSettings = [this] { m_calls.append(u"microphone"_s); },
                    .pickFolders = [](auto &&) {}}};
     UiEngine m_ui{QStringLiteral(PALOMET_BINARY_DIR "/resources")};
-    std::unique_ptr<MacWindow> m_window;
+    std::unique_ptr<SettingsWindow> m_window;
 };
 
 } // namespace
 
-TEST_F(MacWindowTest, IsCalledPalometAndCannotBeTooSmall) {
+TEST_F(SettingsWindowTest, IsCalledPalometAndCannotBeTooSmall) {
     open();
     EXPECT_EQ(m_window->title(), u"Palomet");
     EXPECT_EQ(m_window->minimumSize(), QSize(960, 640));
     EXPECT_EQ(m_window->color(), QColor(Qt::white));
 }
 
-TEST_F(MacWindowTest, HighlightsExactlyThePaneThatIsShown) {
+TEST_F(SettingsWindowTest, HighlightsExactlyThePaneThatIsShown) {
     open();
     EXPECT_EQ(activeItems(), QStringList{u"Now"_s});
     for (const auto pane : allPanes) {
@@ -111,7 +111,7 @@ TEST_F(MacWindowTest, HighlightsExactlyThePaneThatIsShown) {
     EXPECT_EQ(activeItems(), QStringList{u"History"_s});
 }
 
-TEST_F(MacWindowTest, HasTheActionsOfEachPaneInItsHeader) {
+TEST_F(SettingsWindowTest, HasTheActionsOfEachPaneInItsHeader) {
     open();
     EXPECT_EQ(actions(), (QStringList{u"New conversation"_s, u"Stop"_s, u"Listen!"_s}));
     m_navigation.setPane(Pane::History);
@@ -124,7 +124,7 @@ TEST_F(MacWindowTest, HasTheActionsOfEachPaneInItsHeader) {
     EXPECT_EQ(actions(), QStringList{u"Open log"_s});
 }
 
-TEST_F(MacWindowTest, SendsWhatTheButtonsOfItsHeaderSay) {
+TEST_F(SettingsWindowTest, SendsWhatTheButtonsOfItsHeaderSay) {
     open();
     press(titled("ZenButton", u"New conversation"_s));
     EXPECT_EQ(told("/new"), "");
@@ -140,7 +140,7 @@ TEST_F(MacWindowTest, SendsWhatTheButtonsOfItsHeaderSay) {
     EXPECT_EQ(m_calls, QStringList{u"log"_s});
 }
 
-TEST_F(MacWindowTest, MakesAPanesScreenAfreshAndKeepsNoOther) {
+TEST_F(SettingsWindowTest, MakesAPanesScreenAfreshAndKeepsNoOther) {
     open();
     const QList<const char *> pages{"NowPage", "HistoryPage", "ListeningPage", "VoicePage", "BrainPage"};
     for (qsizetype at = 0; at < pages.size(); ++at) {
@@ -150,7 +150,7 @@ TEST_F(MacWindowTest, MakesAPanesScreenAfreshAndKeepsNoOther) {
     }
 }
 
-TEST_F(MacWindowTest, CountsTheHistoryInTheSidebarAndShowsNoZero) {
+TEST_F(SettingsWindowTest, CountsTheHistoryInTheSidebarAndShowsNoZero) {
     open();
     const auto badges = [this] {
         QStringList found;
@@ -163,7 +163,7 @@ TEST_F(MacWindowTest, CountsTheHistoryInTheSidebarAndShowsNoZero) {
     EXPECT_EQ(badges(), (QStringList{u""_s, u"3"_s, u""_s, u""_s, u""_s}));
 }
 
-TEST_F(MacWindowTest, OpensTheMicrophonesSettingsFromItsStatusLineOnlyWhileItIsOff) {
+TEST_F(SettingsWindowTest, OpensTheMicrophonesSettingsFromItsStatusLineOnlyWhileItIsOff) {
     open();
     auto *line = all("MicrophoneLine").value(0);
     ASSERT_TRUE(line);
@@ -177,10 +177,10 @@ TEST_F(MacWindowTest, OpensTheMicrophonesSettingsFromItsStatusLineOnlyWhileItIsO
     EXPECT_EQ(m_calls, QStringList{u"microphone"_s});
 }
 
-TEST_F(MacWindowTest, NeverLaysItsActionsOverTheTitle) {
+TEST_F(SettingsWindowTest, NeverLaysItsActionsOverTheTitle) {
     Localization::load(QStringLiteral(PALOMET_SOURCE_DIR "/resources"), {u"pt-BR"_s});
     open();
-    m_window->resize(MacWindow::minimumContentSize);
+    m_window->resize(SettingsWindow::minimumContentSize);
     for (const auto pane : allPanes) {
         m_navigation.setPane(pane);
         const auto *header = all("PageHeader").value(0);
@@ -193,7 +193,7 @@ TEST_F(MacWindowTest, NeverLaysItsActionsOverTheTitle) {
     Localization::load(QStringLiteral(PALOMET_SOURCE_DIR "/resources"), {u"en"_s});
 }
 
-TEST_F(MacWindowTest, IsUsedByKeyboardAloneInReadingOrder) {
+TEST_F(SettingsWindowTest, IsUsedByKeyboardAloneInReadingOrder) {
     open();
     QStringList reached;
     for (int press = 0; press < 8; ++press) {
@@ -210,7 +210,7 @@ TEST_F(MacWindowTest, IsUsedByKeyboardAloneInReadingOrder) {
     EXPECT_EQ(m_navigation.pane(), Pane::Brain);
 }
 
-TEST_F(MacWindowTest, ClosesAnOpenListWithEscapeAndStaysOpenItself) {
+TEST_F(SettingsWindowTest, ClosesAnOpenListWithEscapeAndStaysOpenItself) {
     setFull();
     m_navigation.setPane(Pane::Voice);
     open();
@@ -224,7 +224,7 @@ TEST_F(MacWindowTest, ClosesAnOpenListWithEscapeAndStaysOpenItself) {
     EXPECT_TRUE(m_window->isVisible());
 }
 
-TEST_F(MacWindowTest, TellsAScreenReaderWhatEverythingIs) {
+TEST_F(SettingsWindowTest, TellsAScreenReaderWhatEverythingIs) {
     model().setHistory(std::vector<ConversationSummary>(3));
     open();
     const auto interface = [](QQuickItem *item) { return QAccessible::queryAccessibleInterface(item); };
@@ -245,7 +245,7 @@ TEST_F(MacWindowTest, TellsAScreenReaderWhatEverythingIs) {
     EXPECT_EQ(status->text(QAccessible::Name), u"Microphone off. Allow access");
 }
 
-TEST_F(MacWindowTest, IsHiddenWhenItIsClosedAndShownAgainAsItWas) {
+TEST_F(SettingsWindowTest, IsHiddenWhenItIsClosedAndShownAgainAsItWas) {
     open();
     m_navigation.setPane(Pane::Voice);
     const auto *root = m_window->rootObject();
@@ -260,7 +260,7 @@ TEST_F(MacWindowTest, IsHiddenWhenItIsClosedAndShownAgainAsItWas) {
     EXPECT_TRUE(m_app.brain()->isActive());
 }
 
-TEST_F(MacWindowTest, CanBeClosedWhileAListIsOpen) {
+TEST_F(SettingsWindowTest, CanBeClosedWhileAListIsOpen) {
     setFull();
     m_navigation.setPane(Pane::Voice);
     open();
@@ -273,7 +273,7 @@ TEST_F(MacWindowTest, CanBeClosedWhileAListIsOpen) {
     EXPECT_TRUE(m_window->isVisible());
 }
 
-TEST_F(MacWindowTest, SavesItsFrameWhenItWasMovedOrResized) {
+TEST_F(SettingsWindowTest, SavesItsFrameWhenItWasMovedOrResized) {
     open();
     m_window->resize(1000, 700);
     EXPECT_FALSE(m_settings.contains(u"PalometWindow"_s));
@@ -281,7 +281,7 @@ TEST_F(MacWindowTest, SavesItsFrameWhenItWasMovedOrResized) {
     EXPECT_EQ(m_settings.value(u"PalometWindow"_s).toRect().size(), QSize(1000, 700));
 }
 
-TEST_F(MacWindowTest, SavesItsFrameAtOnceWhenItIsClosed) {
+TEST_F(SettingsWindowTest, SavesItsFrameAtOnceWhenItIsClosed) {
     open();
     m_window->resize(1000, 700);
     m_window->close();
@@ -289,14 +289,14 @@ TEST_F(MacWindowTest, SavesItsFrameAtOnceWhenItIsClosed) {
     EXPECT_EQ(scheduler().pendingCount(), 0U);
 }
 
-TEST_F(MacWindowTest, IgnoresASavedFrameThatIsNone) {
+TEST_F(SettingsWindowTest, IgnoresASavedFrameThatIsNone) {
     m_settings.setValue(u"PalometWindow"_s, u"rubbish"_s);
     open();
-    EXPECT_GE(m_window->width(), MacWindow::minimumContentSize.width());
-    EXPECT_GE(m_window->height(), MacWindow::minimumContentSize.height());
+    EXPECT_GE(m_window->width(), SettingsWindow::minimumContentSize.width());
+    EXPECT_GE(m_window->height(), SettingsWindow::minimumContentSize.height());
 }
 
-TEST_F(MacWindowTest, IsMaximizedOnlyIfThatIsWhatWasSaved) {
+TEST_F(SettingsWindowTest, IsMaximizedOnlyIfThatIsWhatWasSaved) {
     for (const auto &[written, isMaximized] : {std::pair(u"banana"_s, false), std::pair(u"1"_s, false),
                                                std::pair(u"false"_s, false), std::pair(u"true"_s, true)}) {
         m_window.reset();
@@ -306,7 +306,7 @@ TEST_F(MacWindowTest, IsMaximizedOnlyIfThatIsWhatWasSaved) {
     }
 }
 
-TEST_F(MacWindowTest, ShowsMarkupAsItIsWritten) {
+TEST_F(SettingsWindowTest, ShowsMarkupAsItIsWritten) {
     setFull([](Snapshot &snapshot) {
         snapshot.device = u"<b>Bold</b> <img src='http://127.0.0.1:1/x.png'>"_s;
         snapshot.conversation.rows = {test::row("user", u"<h1>Hello</h1> &amp; <a href='x'>y</a>"_s)};

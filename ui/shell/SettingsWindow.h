@@ -11,7 +11,7 @@ namespace palomet {
 
 /// The settings window, made on first open and kept: closing hides it. It remembers where it stood, also from one run
 /// of the program to the next. Main thread only.
-class MacWindow final : public QQuickView {
+class SettingsWindow final : public QQuickView {
     Q_OBJECT
 
 public:
@@ -20,8 +20,8 @@ public:
 
     /// `engine` has the kit and the module of the window; it and everything else handed in outlive the window. Without
     /// `settings` nothing is remembered.
-    MacWindow(QQmlEngine &engine, AppView &app, Scheduler &scheduler, QSettings *settings);
-    ~MacWindow() override;
+    SettingsWindow(QQmlEngine &engine, AppView &app, Scheduler &scheduler, QSettings *settings);
+    ~SettingsWindow() override;
 
     /// Shows it in front of the others, with the focus.
     void bringToFront();

@@ -37,8 +37,7 @@ Item {
         ZenLabel {
             text: root.label
         }
-        Item {
-            width: 1
+        Gap {
             height: Zen.space1
         }
         Row {
@@ -48,8 +47,7 @@ Item {
             height: 28
             spacing: Zen.space2
         }
-        Item {
-            width: 1
+        Gap {
             height: Zen.space1
         }
         ZenNote {

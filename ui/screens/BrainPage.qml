@@ -103,8 +103,7 @@ ColumnPage {
         }
 
         after: [
-            Item {
-                width: 1
+            Gap {
                 height: Zen.space3
             },
             ZenButton {
@@ -112,8 +111,7 @@ ColumnPage {
                 icon: "folder-plus"
                 onClicked: root.screen.addFolder()
             },
-            Item {
-                width: 1
+            Gap {
                 height: Zen.space5
             },
             ZenNote {

@@ -14,15 +14,13 @@ Column {
     width: parent ? parent.width : 0
     visible: rows.count > 0
 
-    Item {
-        width: 1
+    Gap {
         height: Zen.space6
     }
     BlockLabel {
         text: Words.t("draft.title")
     }
-    Item {
-        width: 1
+    Gap {
         height: Zen.space2
     }
     WindowedRows {
@@ -42,8 +40,7 @@ Column {
             selectionEnd: rows.words.endIn(index, rows.words.revision)
         }
     }
-    Item {
-        width: 1
+    Gap {
         height: Zen.space2
     }
     Row {
@@ -61,8 +58,7 @@ Column {
             onClicked: root.screen.act()
         }
     }
-    Item {
-        width: 1
+    Gap {
         height: Zen.space1
     }
     ZenNote {

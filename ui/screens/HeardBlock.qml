@@ -14,15 +14,13 @@ Column {
     width: parent ? parent.width : 0
     visible: rows.count > 0
 
-    Item {
-        width: 1
+    Gap {
         height: Zen.space6
     }
     BlockLabel {
         text: Words.t("heard.title")
     }
-    Item {
-        width: 1
+    Gap {
         height: Zen.space2
     }
     WindowedRows {

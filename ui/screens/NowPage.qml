@@ -45,15 +45,13 @@ ListPage {
             width: root.columnWidth
             screen: root.screen
         },
-        Item {
-            width: 1
+        Gap {
             height: Zen.space6
         },
         BlockLabel {
             text: Words.t("now.lastAnswer")
         },
-        Item {
-            width: 1
+        Gap {
             height: Zen.space2
         },
         HairLine {
@@ -71,8 +69,7 @@ ListPage {
         selectionEnd: root.words.endIn(index, root.words.revision)
     }
     foot: [
-        Item {
-            width: 1
+        Gap {
             height: Zen.space5
             visible: root.rows.count === 0
         },
@@ -81,8 +78,7 @@ ListPage {
             visible: root.rows.count === 0
             text: root.screen.emptyText
         },
-        Item {
-            width: 1
+        Gap {
             height: Zen.space3
             visible: remembered.visible
         },
@@ -93,8 +89,7 @@ ListPage {
             visible: root.rows.count === 0 && text !== ""
             text: root.screen.rememberedText
         },
-        Item {
-            width: 1
+        Gap {
             height: Zen.space4
         },
         RequestField {

@@ -14,8 +14,7 @@ Column {
     BlockLabel {
         text: root.title
     }
-    Item {
-        width: 1
+    Gap {
         height: Zen.space2
     }
     SettingRows {

@@ -15,8 +15,7 @@ Column {
         x: Zen.space3
         text: root.title
     }
-    Item {
-        width: 1
+    Gap {
         height: Zen.space2
     }
     Column {

@@ -72,8 +72,8 @@ RemoteOutcome RemoteControl::post(const std::function<void()> &command) {
 
 void RemoteControl::publish() {
     const auto &snapshot = m_model.snapshot();
-    m_service.publish({rawValue(m_model.state()), snapshot ? snapshot->device : QString(),
-                       snapshot && snapshot->isMuted, m_model.isMicOn(), m_model.hotKeyProblem().value_or(QString())});
+    m_service.publish({rawValue(m_model.state()), snapshot ? snapshot->device : QString(), m_model.isMutedByUser(),
+                       m_model.isMicOn(), m_model.hotKeyProblem().value_or(QString())});
 }
 
 } // namespace palomet

@@ -66,7 +66,7 @@ void StatusMenu::updateMenu() {
     const auto snapshot = m_model.snapshot();
     const auto state = word(m_model.state());
     m_stateItem->setText(plainTitle(snapshot ? state + u" · "_s + snapshot->device : state));
-    m_muteItem->setText(plainTitle(snapshot && snapshot->isMuted ? L("menu.unmute") : L("menu.mute")));
+    m_muteItem->setText(plainTitle(m_model.isMutedByUser() ? L("menu.unmute") : L("menu.mute")));
 }
 
 QString StatusMenu::plainTitle(const QString &text) {

@@ -148,6 +148,14 @@ LoopState PalometModel::state() const {
     return m_snapshot ? loopStateFrom(m_snapshot->state).value_or(LoopState::Offline) : LoopState::Offline;
 }
 
+bool PalometModel::isStoppable() const {
+    return state() == LoopState::Thinking || state() == LoopState::Speaking;
+}
+
+bool PalometModel::isMutedByUser() const {
+    return m_snapshot && m_snapshot->isMuted;
+}
+
 bool PalometModel::isMicOn() const {
     return m_isMicAuthorized && !(m_snapshot && m_snapshot->isMicDead);
 }

@@ -70,6 +70,10 @@ public:
     // Derived from both; it changes with the snapshot and the authorisation.
 
     [[nodiscard]] LoopState state() const;
+    /// Whether the agent is at something that `stop` would end: it thinks or speaks.
+    [[nodiscard]] bool isStoppable() const;
+    /// Whether the user muted it. In the state `Muted` without that, the backend lacks the microphone.
+    [[nodiscard]] bool isMutedByUser() const;
     /// The microphone counts as on while there is no snapshot: only a backend that hears nothing turns it off.
     [[nodiscard]] bool isMicOn() const;
 

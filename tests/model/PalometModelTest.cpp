@@ -202,6 +202,19 @@ TEST_F(ModelTest, TheMutedPhaseComesFromThePhaseAlone) {
     EXPECT_EQ(m_model.state(), LoopState::Waiting);
 }
 
+TEST_F(ModelTest, TheUserMutedItWhenTheBackendSaysSoWhateverThePhase) {
+    EXPECT_FALSE(m_model.isMutedByUser());
+    auto snapshot = *decodeSnapshot(fixture("state/full.json"));
+    for (const auto *phase : {"muted", "waiting"}) {
+        snapshot.state = QString::fromLatin1(phase);
+        for (const bool isMuted : {true, false}) {
+            snapshot.isMuted = isMuted;
+            m_model.setSnapshot(std::make_shared<const Snapshot>(snapshot));
+            EXPECT_EQ(m_model.isMutedByUser(), isMuted) << phase;
+        }
+    }
+}
+
 TEST_F(ModelTest, TheMicrophoneIsOnUnlessRefusedOrDead) {
     EXPECT_TRUE(m_model.isMicOn());
     auto snapshot = *decodeSnapshot(fixture("state/full.json"));

@@ -100,8 +100,7 @@ QString NowScreen::noteOf(LoopState state) const {
     case LoopState::Speaking:
         return L("note.interrupt");
     case LoopState::Muted:
-        // Muted by itself, the backend lacks the microphone.
-        return snapshot() && snapshot()->isMuted ? L("note.mutedInMenu") : L("note.openSettings");
+        return model().isMutedByUser() ? L("note.mutedInMenu") : L("note.openSettings");
     case LoopState::Offline:
         return L("note.offline");
     }

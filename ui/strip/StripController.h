@@ -25,8 +25,8 @@ public:
     void update();
 
 private:
-    [[nodiscard]] bool isShowing(LoopState state) const;
-    void show(LoopState state);
+    [[nodiscard]] bool isShowing() const;
+    void show();
     void hide();
 
     PalometModel &m_model;

@@ -31,7 +31,7 @@ public:
     [[nodiscard]] QString word() const { return palomet::word(m_model.state()); }
     [[nodiscard]] QString line() const;
     /// Whether the key that stops is of use now.
-    [[nodiscard]] bool isStoppable() const;
+    [[nodiscard]] bool isStoppable() const { return m_model.isStoppable(); }
     /// The output's level while speaking, the input's otherwise.
     [[nodiscard]] double level() const;
 

@@ -63,6 +63,6 @@ Column {
     }
     ZenNote {
         width: root.width
-        text: root.screen.draftNote
+        text: root.screen.shown.draftNote
     }
 }

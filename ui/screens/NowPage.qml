@@ -76,7 +76,7 @@ ListPage {
         ZenBody {
             width: root.columnWidth
             visible: root.rows.count === 0
-            text: root.screen.emptyText
+            text: root.screen.shown.emptyText
         },
         Gap {
             height: Zen.space3
@@ -87,7 +87,7 @@ ListPage {
 
             width: root.columnWidth
             visible: root.rows.count === 0 && text !== ""
-            text: root.screen.rememberedText
+            text: root.screen.shown.rememberedText
         },
         Gap {
             height: Zen.space4

@@ -65,7 +65,7 @@ void NowScreen::updateAll() {
 }
 
 void NowScreen::updateShown() {
-    auto now = shown();
+    auto now = gathered();
     if (now == m_shown)
         return;
     m_shown = std::move(now);
@@ -107,10 +107,10 @@ QString NowScreen::noteOf(LoopState state) const {
     return {};
 }
 
-NowScreen::Shown NowScreen::shown() const {
+NowShown NowScreen::gathered() const {
     const auto *now = snapshot();
     const auto state = model().state();
-    Shown shown;
+    NowShown shown;
     shown.loopState = rawValue(state);
     shown.stateWord = word(state);
     shown.stateNote = noteOf(state);
@@ -135,7 +135,7 @@ NowScreen::Shown NowScreen::shown() const {
     return shown;
 }
 
-void NowScreen::showTimings(Shown &shown) const {
+void NowScreen::showTimings(NowShown &shown) const {
     const auto *timings = snapshot() && snapshot()->timings ? &*snapshot()->timings : nullptr;
     const bool isSpoken = !timings || timings->isSpoken;
     if (timings) {

@@ -22,7 +22,7 @@ Cover {
 
         StateGlyph {
             anchors.verticalCenter: parent.verticalCenter
-            loopState: root.screen.loopState
+            loopState: root.screen.shown.loopState
             level: root.screen.level
             isCompact: true
         }
@@ -31,7 +31,7 @@ Cover {
         id: word
 
         x: mark.x + mark.width + Zen.space1
-        text: root.screen.stateWord
+        text: root.screen.shown.stateWord
         box: 21
         font.weight: Zen.bold
         Accessible.ignored: true
@@ -41,7 +41,7 @@ Cover {
 
         x: word.x + word.width + Zen.space3
         width: Zen.space7 + root.column - x
-        text: root.screen.stateNote
+        text: root.screen.shown.stateNote
         Accessible.ignored: true
     }
     HairLine {

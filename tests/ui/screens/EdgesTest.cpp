@@ -51,8 +51,10 @@ TEST_F(EdgesTest, ShowsTheStateAndItsNoteWhereverThePageIsScrolled) {
             window->resize(size);
             settle();
             for (int position = 0; position < 12; ++position) {
-                EXPECT_TRUE(isSaidInView(app.now()->stateWord())) << size.height() << ' ' << count << ' ' << position;
-                EXPECT_TRUE(isSaidInView(app.now()->stateNote())) << size.height() << ' ' << count << ' ' << position;
+                EXPECT_TRUE(isSaidInView(app.now()->shown().stateWord))
+                    << size.height() << ' ' << count << ' ' << position;
+                EXPECT_TRUE(isSaidInView(app.now()->shown().stateNote))
+                    << size.height() << ' ' << count << ' ' << position;
                 wheel(1);
             }
         }

@@ -561,7 +561,7 @@ TEST_F(AppDelegateTest, OpensItsLogFromTheBrainPane) {
     delegate->openWindow(Pane::Brain);
     auto *app = delegate->window()->rootObject()->property("app").value<AppView *>();
     ASSERT_TRUE(app);
-    app->openLog();
+    app->brain()->openLog();
     EXPECT_EQ(opened, QStringList{LogFile::pathBelow(folder.path())});
 }
 

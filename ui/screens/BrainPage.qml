@@ -9,6 +9,12 @@ ColumnPage {
 
     required property BrainScreen screen
 
+    actions: ZenButton {
+        title: Words.t("button.openLog")
+        icon: "file-text"
+        onClicked: root.screen.openLog()
+    }
+
     SettingsBlock {
         title: Words.t("brain.sessionBlock")
 

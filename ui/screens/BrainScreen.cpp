@@ -66,10 +66,11 @@ QHash<int, QByteArray> FolderRows::roleNames() const {
     return {{Folder, "folder"}, {Title, "title"}};
 }
 
-BrainScreen::BrainScreen(PalometModel &model, QString home, FolderPicker pickFolders)
+BrainScreen::BrainScreen(PalometModel &model, QString home, FolderPicker pickFolders, std::function<void()> openLog)
     : Screen(model)
     , m_home(std::move(home))
     , m_pickFolders(std::move(pickFolders))
+    , m_openLog(std::move(openLog))
     , m_folders(m_home) {
     follow(&PalometModel::snapshotChanged, [this] { updateSettings(); });
     follow(&PalometModel::applyingChanged, [this] { updateSettings(); });

@@ -52,8 +52,8 @@ class BrainScreen final : public Screen {
     Q_PROPERTY(QString workingFolder READ workingFolder NOTIFY workingFolderChanged FINAL)
 
 public:
-    /// `home` is the user's home folder.
-    BrainScreen(PalometModel &model, QString home, FolderPicker pickFolders);
+    /// `home` is the user's home folder; `openLog` shows the backend's log file.
+    BrainScreen(PalometModel &model, QString home, FolderPicker pickFolders, std::function<void()> openLog);
 
     [[nodiscard]] ChoiceSetting *brainModel() { return &m_brainModel; }
     [[nodiscard]] ChoiceSetting *claude() { return &m_claude; }
@@ -64,6 +64,7 @@ public:
     Q_INVOKABLE void setConfirmed(const QString &id, bool isConfirmed);
     Q_INVOKABLE void removeFolder(const QString &folder);
     Q_INVOKABLE void addFolder();
+    Q_INVOKABLE void openLog() { m_openLog(); }
 
     /// The path with the user's home folder, when it lies in it, as "~".
     [[nodiscard]] static QString abbreviated(const QString &path, const QString &home);
@@ -81,6 +82,7 @@ private:
 
     const QString m_home;
     const FolderPicker m_pickFolders;
+    const std::function<void()> m_openLog;
     ChoiceSetting m_brainModel{"brain.model", "brain.model.hint"};
     ChoiceSetting m_claude{"Claude Code", "brain.claude.hint"};
     ConfirmActions m_confirmActions;

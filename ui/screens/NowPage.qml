@@ -23,6 +23,24 @@ ListPage {
     }
 
     column: Zen.board
+    actions: [
+        ZenButton {
+            title: Words.t("button.newConversation")
+            icon: "message-plus"
+            onClicked: root.screen.newConversation()
+        },
+        ZenButton {
+            title: Words.t("menu.stop")
+            icon: "player-stop"
+            onClicked: root.screen.stop()
+        },
+        ZenButton {
+            title: Words.t("menu.listen")
+            icon: "microphone"
+            kind: ZenButtonStyle.Primary
+            onClicked: root.screen.listen()
+        }
+    ]
     model: screen.rows
     listName: Words.t("now.conversation")
     scroller.onScrolled: {

@@ -39,6 +39,9 @@ public:
 
     /// Sends the typed text and empties the field; blank text stays where it is, and all of it while the model is busy.
     Q_INVOKABLE void send();
+    Q_INVOKABLE void newConversation() { model().newConversation(); }
+    Q_INVOKABLE void stop() { model().stop(); }
+    Q_INVOKABLE void listen() { model().listen(); }
     Q_INVOKABLE void act() { model().act(); }
     Q_INVOKABLE void clearDraft() { model().clearDraft(); }
 

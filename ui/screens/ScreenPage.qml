@@ -16,9 +16,10 @@ FocusScope {
     property alias scroller: scroller
     // What is selected on the page, if anything was.
     property TextSelection selection: null
+    // The buttons that stand beside its title, in the header.
+    property list<Item> actions
 
     anchors.fill: parent
-    Component.onCompleted: isRuledChanged()
     Keys.onPressed: event => event.accepted = scroller.handle(event.key)
 
     // Not the page itself: a scope would give the focus back to what had it.

@@ -1,4 +1,5 @@
 import QtQuick
+import Palomet.Kit
 import Palomet.Ui
 
 // How it speaks.
@@ -6,6 +7,13 @@ ColumnPage {
     id: root
 
     required property VoiceScreen screen
+
+    actions: ZenButton {
+        title: Words.t("button.sample")
+        icon: "player-play"
+        kind: ZenButtonStyle.Primary
+        onClicked: root.screen.sample()
+    }
 
     SettingsBlock {
         title: "Fish Audio"

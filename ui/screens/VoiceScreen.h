@@ -25,6 +25,9 @@ public:
     [[nodiscard]] ChoiceSetting *fishModel() { return &m_fishModel; }
     [[nodiscard]] ChoiceSetting *systemVoice() { return &m_systemVoice; }
 
+    /// Has the voice say something, as it is set.
+    Q_INVOKABLE void sample() { model().sample(); }
+
 protected:
     void updateAll() override;
 

@@ -68,11 +68,6 @@ public:
     [[nodiscard]] VoiceScreen *voice() { return &m_voice; }
     [[nodiscard]] BrainScreen *brain() { return &m_brain; }
 
-    Q_INVOKABLE void newConversation() { m_model.newConversation(); }
-    Q_INVOKABLE void stop() { m_model.stop(); }
-    Q_INVOKABLE void listen() { m_model.listen(); }
-    Q_INVOKABLE void sample() { m_model.sample(); }
-    Q_INVOKABLE void openLog() { m_outside.openLog(); }
     /// What a press on the status line does: with the microphone on, nothing.
     Q_INVOKABLE void fixMicrophone();
 

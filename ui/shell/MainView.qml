@@ -9,11 +9,8 @@ TwoColumns {
 
     required property AppView app
     readonly property int pane: app.pane
-
-    // The page that shows; null while another is made.
-    function shownPage(): ScreenPage {
-        return page.screens.find(screen => screen instanceof ScreenPage) ?? null;
-    }
+    // The page that shows; null while another is being made.
+    readonly property ScreenPage page: [now, history, listening, voice, brain].find(when => when.count > 0)?.itemAt(0) as ScreenPage ?? null
 
     // Goes on from a pane of the sidebar to the one above or below it, which is shown then.
     function walk(from: int, step: int): void {
@@ -29,12 +26,12 @@ TwoColumns {
 
     // Whether the page had a use for a key that nothing else had one for.
     function scroll(key: int): bool {
-        return shownPage()?.scroller.handle(key) ?? false;
+        return page?.scroller.handle(key) ?? false;
     }
 
     // Copies what is selected on the page, wherever the focus is; false where nothing is.
     function copy(): bool {
-        return shownPage()?.selection?.copy() ?? false;
+        return page?.selection?.copy() ?? false;
     }
 
     sidebar: Sidebar {
@@ -80,79 +77,56 @@ TwoColumns {
     }
 
     PageFrame {
-        id: page
-
-        column: root.pane === Navigation.Now ? Zen.board : Zen.column
+        column: root.page?.column ?? Zen.column
+        isScrolled: root.page?.isRuled ?? false
         crumb: "Palomet"
         title: root.app.title
         subtitle: root.app.subtitle
-        actions: [
-            When {
-                holds: root.pane === Navigation.Now
-
-                NowActions {
-                    app: root.app
-                }
-            },
-            When {
-                holds: root.pane === Navigation.Voice
-
-                ZenButton {
-                    title: Words.t("button.sample")
-                    icon: "player-play"
-                    kind: ZenButtonStyle.Primary
-                    onClicked: root.app.sample()
-                }
-            },
-            When {
-                holds: root.pane === Navigation.Brain
-
-                ZenButton {
-                    title: Words.t("button.openLog")
-                    icon: "file-text"
-                    onClicked: root.app.openLog()
-                }
-            }
-        ]
+        actions: root.page?.actions ?? []
 
         When {
+            id: now
+
             holds: root.pane === Navigation.Now
 
             NowPage {
                 screen: root.app.now
-                onIsRuledChanged: page.isScrolled = isRuled
             }
         }
         When {
+            id: history
+
             holds: root.pane === Navigation.History
 
             HistoryPage {
                 screen: root.app.history
-                onIsRuledChanged: page.isScrolled = isRuled
             }
         }
         When {
+            id: listening
+
             holds: root.pane === Navigation.Listening
 
             ListeningPage {
                 screen: root.app.listening
-                onIsRuledChanged: page.isScrolled = isRuled
             }
         }
         When {
+            id: voice
+
             holds: root.pane === Navigation.Voice
 
             VoicePage {
                 screen: root.app.voice
-                onIsRuledChanged: page.isScrolled = isRuled
             }
         }
         When {
+            id: brain
+
             holds: root.pane === Navigation.Brain
 
             BrainPage {
                 screen: root.app.brain
-                onIsRuledChanged: page.isScrolled = isRuled
             }
         }
     }

@@ -12,7 +12,6 @@ Item {
     property alias subtitle: header.subtitle
     property alias actions: header.actions
     default property alias content: screen.data
-    readonly property var screens: Array.from(screen.children)
 
     anchors.fill: parent
 

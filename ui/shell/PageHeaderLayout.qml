@@ -6,7 +6,7 @@ Item {
     id: root
 
     default property alias titleBlock: block.data
-    property alias actions: row.data
+    property alias actions: row.children
     property real titleWidth
 
     Item {

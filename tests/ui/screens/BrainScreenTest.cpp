@@ -35,12 +35,14 @@ protected:
     std::function<void(const QStringList &)> later;
     bool isLater = false;
     std::unique_ptr<BrainScreen> screen = std::make_unique<BrainScreen>(
-        model(), QStringLiteral("/home/ana"), [this](std::function<void(const QStringList &)> answer) {
+        model(), QStringLiteral("/home/ana"),
+        [this](std::function<void(const QStringList &)> answer) {
             if (isLater)
                 later = std::move(answer);
             else if (!picked.isEmpty())
                 answer(picked);
-        });
+        },
+        [] {});
 };
 
 } // namespace

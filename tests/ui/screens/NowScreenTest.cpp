@@ -194,6 +194,14 @@ TEST_F(NowScreenTest, KeepsWhatIsBeingTypedThroughSnapshotsAndOtherPanes) {
     EXPECT_EQ(screen.draft(), QStringLiteral("half a requ"));
 }
 
+TEST_F(NowScreenTest, SendsWhatTheHeadersButtonsSay) {
+    screen.newConversation();
+    screen.stop();
+    screen.listen();
+    for (const auto *target : {"/new", "/stop", "/listen"})
+        EXPECT_EQ(told(target), "") << target;
+}
+
 TEST_F(NowScreenTest, RunsAndClearsTheDraft) {
     screen.act();
     EXPECT_EQ(told("/act"), "");

@@ -85,6 +85,11 @@ TEST_F(VoiceScreenTest, SendsTheSpeedAsANumberAndOneAndAHalfForWhatIsNone) {
     }
 }
 
+TEST_F(VoiceScreenTest, AsksForASampleOfTheVoice) {
+    screen.sample();
+    EXPECT_EQ(told("/sample"), "");
+}
+
 TEST_F(VoiceScreenTest, SendsTextsAndChoicesAsTheyAre) {
     screen.voice()->commit(QStringLiteral("abc"));
     EXPECT_EQ(toldSetting(), R"({"voiceId":"abc"})");

@@ -51,6 +51,8 @@ public:
 
     /// Null while the backend is unreachable or unreadable. Whoever holds it may keep it: it never changes.
     [[nodiscard]] const SnapshotPointer &snapshot() const { return m_snapshot; }
+    /// What the backend is set to; null without a snapshot.
+    [[nodiscard]] const Snapshot::Settings *settings() const { return m_snapshot ? &m_snapshot->settings : nullptr; }
     [[nodiscard]] const std::vector<ConversationSummary> &history() const { return m_history; }
     [[nodiscard]] const std::optional<Options> &options() const { return m_options; }
     /// The setting whose change is on its way to the backend.

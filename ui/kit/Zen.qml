@@ -58,6 +58,8 @@ QtObject {
     readonly property int column: 640
     readonly property int controlColumn: 320
     readonly property int roleColumn: 110
+    // A setting's box by its content: a number, a name, a long name, a line of text, a path.
+    readonly property list<int> boxWidths: [160, 200, 240, controlColumn, controlColumn]
 
     readonly property int iconSidebar: 18
     readonly property int icon: 16

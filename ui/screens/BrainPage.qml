@@ -3,7 +3,7 @@ import QtQuick
 import Palomet.Kit
 import Palomet.Ui
 
-// How it thinks, and what it may do.
+// The brain pane: how it thinks, and what it may do.
 ColumnPage {
     id: root
 
@@ -16,16 +16,8 @@ ColumnPage {
     }
 
     SettingsBlock {
-        title: Words.t("brain.sessionBlock")
+        group: root.screen.session
 
-        ChoiceRow {
-            setting: root.screen.brainModel
-        }
-        ChoiceRow {
-            setting: root.screen.claude
-            boxWidth: 320
-            valueElide: Text.ElideMiddle
-        }
         SettingRow {
             id: whenDown
 

@@ -2,7 +2,7 @@ import QtQuick
 import Palomet.Kit
 import Palomet.Ui
 
-// How it speaks.
+// The voice pane: how it speaks.
 ColumnPage {
     id: root
 
@@ -16,28 +16,9 @@ ColumnPage {
     }
 
     SettingsBlock {
-        title: "Fish Audio"
-
-        TextRow {
-            setting: root.screen.voice
-            boxWidth: 320
-        }
-        TextRow {
-            setting: root.screen.name
-        }
-        ChoiceRow {
-            setting: root.screen.speed
-            boxWidth: 160
-        }
-        ChoiceRow {
-            setting: root.screen.fishModel
-        }
+        group: root.screen.online
     }
     SettingsBlock {
-        title: Words.t("voice.offlineBlock")
-
-        ChoiceRow {
-            setting: root.screen.systemVoice
-        }
+        group: root.screen.offline
     }
 }

@@ -18,8 +18,8 @@ QtObject {
     readonly property color red6: "#FA5252"
     readonly property color red7: "#F03E3E"
 
-    // What is written and drawn, by its part. Text has 4.5 to 1 against its ground, and 7 to 1 where the desktop asks for more
-    // contrast; what a control is known by has 3 to 1. What is disabled, and rules, may have less.
+    // Colours by their use. Text has a contrast of 4.5 to 1, or 7 to 1 where the desktop asks for more; the edge or fill by
+    // which a control is recognised has 3 to 1. Rules and disabled controls may have less.
     readonly property bool isContrastRaised: Wishes.isContrastRaised
     readonly property color bodyInk: isContrastRaised ? gray7 : gray6
     readonly property color noteInk: isContrastRaised ? gray6 : gray5
@@ -58,12 +58,28 @@ QtObject {
     readonly property int column: 640
     readonly property int controlColumn: 320
     readonly property int roleColumn: 110
-    // A setting's box by its content: a number, a name, a long name, a line of text, a path.
+    readonly property int timeColumn: 48
+    readonly property int durationColumn: 64
+    // Of what holds a number, a name, a long name, a line of text, a path.
     readonly property list<int> boxWidths: [160, 200, 240, controlColumn, controlColumn]
+
+    // The baselines that the sidebar and the page's header share: the wordmark's and the crumb's, the first group's and the
+    // title's. The subtitle's is the page's alone.
+    readonly property int crumbLine: 35
+    readonly property int titleLine: 82
+    readonly property int subtitleLine: 113
+
+    // The strip: its margins, its stop key, and the space between that key's edge and its word.
+    readonly property int stripMargin: 14
+    readonly property int stopKey: 20
+    readonly property int stopInset: 6
 
     readonly property int iconSidebar: 18
     readonly property int icon: 16
     readonly property int iconSmall: 14
+    // As wide as the widest glyph of a state, so that the word beside it stays where it is.
+    readonly property int glyphSlot: 23
+    readonly property int glyphSlotCompact: 20
 
     // Milliseconds. Everything that moves asks isMotionReduced first.
     readonly property int hoverTime: 90

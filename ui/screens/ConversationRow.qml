@@ -32,7 +32,7 @@ SelectableRow {
 
         x: Zen.roleColumn
         y: root.line
-        width: root.width - x - Zen.space5 - 48 - 64
+        width: root.width - x - Zen.space5 - Zen.timeColumn - Zen.durationColumn
         text: root.words
         selectionStart: root.selectionStart
         selectionEnd: root.selectionEnd
@@ -40,7 +40,7 @@ SelectableRow {
         color: root.kind === "user" ? Zen.gray9 : root.isTool ? Zen.noteInk : Zen.gray8
     }
     ZenData {
-        x: root.width - 64 - 48
+        x: root.width - Zen.durationColumn - Zen.timeColumn
         y: root.line + Zen.baseline(13, 21) - Zen.baseline(12, 20)
         text: root.clock
         size: 12

@@ -25,9 +25,8 @@ Column {
             note: root.screen.shown.stateNote
             spoken: root.screen.shown.stateWord
 
-            // As wide as the widest glyph: the word stays where it is.
             Item {
-                width: 23
+                width: Zen.glyphSlot
                 height: parent.height
 
                 StateGlyph {

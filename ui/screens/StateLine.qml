@@ -17,8 +17,8 @@ Cover {
         id: mark
 
         x: Zen.space7
-        width: 20
-        height: 21
+        width: Zen.glyphSlotCompact
+        height: word.box
 
         StateGlyph {
             anchors.verticalCenter: parent.verticalCenter

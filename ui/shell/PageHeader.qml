@@ -13,13 +13,13 @@ PageHeaderLayout {
     implicitHeight: Zen.header
 
     ZenLabel {
-        y: Zen.space5
+        y: Zen.crumbLine - Zen.baseline(10, 16)
         text: root.crumb
     }
     ZenDisplay {
         id: heading
 
-        y: 44
+        y: Zen.titleLine - Zen.baseline(40, 48)
         text: root.title
         size: 40
         box: 48
@@ -28,7 +28,7 @@ PageHeaderLayout {
         Accessible.name: text
     }
     ZenBody {
-        y: 96
+        y: Zen.subtitleLine - Zen.baseline(15, 24)
         text: root.subtitle
         color: Zen.bodyInk
         wrapMode: Text.NoWrap

@@ -17,13 +17,13 @@ Item {
         id: wordmark
 
         x: Zen.space4 + Zen.space3
-        y: 14
+        y: Zen.crumbLine - Zen.baseline(22, 28)
         text: root.app
         isHung: true
     }
     ZenData {
         x: root.width - 1 - Zen.space4 - Zen.space3 - width
-        y: wordmark.y + Zen.baseline(22, 28) - Zen.baseline(12, 20)
+        y: Zen.crumbLine - Zen.baseline(12, 20)
         text: root.version
         size: 12
         color: Zen.noteInk
@@ -32,7 +32,7 @@ Item {
         id: groups
 
         x: Zen.space4
-        y: 71
+        y: Zen.titleLine - Zen.baseline(10, 16)
         width: root.width - 1 - 2 * Zen.space4
         spacing: Zen.space5
     }

@@ -88,6 +88,7 @@ void StripWindow::make() {
                        Qt::BypassWindowManagerHint);
     m_window->setTitle(QStringLiteral("Palomet"));
     m_window->resize(size);
+    m_window->setResizeMode(QQuickView::SizeRootObjectToView);
     m_window->setInitialProperties({{QStringLiteral("strip"), QVariant::fromValue(&m_view)}});
     m_window->setSource(QUrl(QStringLiteral("qrc:/qt/qml/Palomet/Ui/StripContent.qml")));
     // What is not painted yet has the same colour.

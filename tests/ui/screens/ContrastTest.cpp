@@ -3,6 +3,7 @@
 #include "tests/ui/screens/WindowTest.h"
 #include "ui/kit/Wishes.h"
 #include "ui/preview/Preview.h"
+#include "ui/strip/StripPanel.h"
 #include "ui/strip/StripView.h"
 
 using namespace palomet;
@@ -86,6 +87,8 @@ TEST_P(ContrastOnScreenTest, IsEnoughOnTheStripInEveryState) {
     StripView strip(model(), [] {});
     QQuickView view(&engine, nullptr);
     view.setInitialProperties({{QStringLiteral("strip"), QVariant::fromValue(&strip)}});
+    view.resize(StripPanel::size);
+    view.setResizeMode(QQuickView::SizeRootObjectToView);
     view.setSource(QUrl(QStringLiteral("qrc:/qt/qml/Palomet/Ui/StripContent.qml")));
     strip.setShown(true);
     view.show();

@@ -1,95 +1,11 @@
-#include "ui/shell/SettingsWindow.h"
+#include "tests/ui/shell/SettingsWindowTest.h"
 
 #include "localization/Localization.h"
-#include "tests/ui/support/Scene.h"
-#include "tests/ui/support/UiTest.h"
-#include "ui/UiEngine.h"
-
-#include <QAccessible>
-#include <QSettings>
-#include <QTemporaryDir>
 
 using namespace palomet;
 using namespace Qt::StringLiterals;
-using namespace std::chrono_literals;
-using test::eventually;
 using test::Scene;
-
-namespace {
-
-class SettingsWindowTest : public test::UiTest {
-protected:
-    SettingsWindowTest() {
-        QObject::connect(&m_ui.get(), &QQmlEngine::warnings, &m_ui.get(), [](const QList<QQmlError> &errors) {
-            for (const auto &error : errors)
-                ADD_FAILURE() << error.toString().toStdString();
-        });
-    }
-
-    void open() {
-        if (!m_window)
-            m_window = std::make_unique<SettingsWindow>(m_ui.get(), m_app, scheduler(), &m_settings);
-        m_window->bringToFront();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(m_window.get()));
-    }
-
-    [[nodiscard]] QList<QQuickItem *> all(const char *type) const { return Scene::all(m_window->contentItem(), type); }
-    [[nodiscard]] QQuickItem *titled(const char *type, const QString &title) const {
-        for (auto *item : all(type)) {
-            if (item->property("title") == title)
-                return item;
-        }
-        ADD_FAILURE() << "no " << type << ' ' << title.toStdString();
-        return nullptr;
-    }
-    void press(QQuickItem *item) {
-        ASSERT_TRUE(item);
-        QTest::mouseClick(m_window.get(), Qt::LeftButton, {},
-                          item->mapToScene(item->boundingRect().center()).toPoint());
-    }
-    void key(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) { QTest::keyClick(m_window.get(), key, modifiers); }
-
-    /// What the header says.
-    [[nodiscard]] QStringList header() const {
-        const auto *header = all("PageHeader").value(0);
-        return {header->property("crumb").toString(), header->property("title").toString(),
-                header->property("subtitle").toString()};
-    }
-    /// The header's buttons, from left to right, the primary one marked.
-    [[nodiscard]] QStringList actions() const {
-        QStringList found;
-        for (const auto *button : Scene::all(all("PageHeader").value(0), "ZenButton"))
-            found.append(button->property("title").toString() + (button->property("kind") == 0 ? u"!"_s : u""_s));
-        return found;
-    }
-    [[nodiscard]] QStringList activeItems() const {
-        QStringList found;
-        for (const auto *item : all("SidebarItem")) {
-            if (item->property("isActive").toBool())
-                found.append(item->property("title").toString());
-        }
-        return found;
-    }
-
-    QTemporaryDir m_folder;
-    QSettings m_settings{m_folder.filePath(u"palomet.conf"_s), QSettings::IniFormat};
-    Shortcuts m_shortcuts{m_settings};
-    NoKeyboardLayout m_layout;
-    Navigation m_navigation;
-    QStringList m_calls;
-    AppView m_app{model(),
-                  m_navigation,
-                  m_shortcuts,
-                  m_layout,
-                  {u"1.2.3"_s, u"/home/user"_s},
-                  {.openLog = [this] { m_calls.append(u"log"_s); },
-                   .openMicrophoneSettings = [this] { m_calls.append(u"microphone"_s); },
-                   .pickFolders = [](auto &&) {}}};
-    UiEngine m_ui{QStringLiteral(PALOMET_BINARY_DIR "/resources")};
-    std::unique_ptr<SettingsWindow> m_window;
-};
-
-} // namespace
+using test::SettingsWindowTest;
 
 TEST_F(SettingsWindowTest, IsCalledPalometAndCannotBeTooSmall) {
     open();
@@ -271,39 +187,6 @@ TEST_F(SettingsWindowTest, CanBeClosedWhileAListIsOpen) {
     m_window->close();
     open();
     EXPECT_TRUE(m_window->isVisible());
-}
-
-TEST_F(SettingsWindowTest, SavesItsFrameWhenItWasMovedOrResized) {
-    open();
-    m_window->resize(1000, 700);
-    EXPECT_FALSE(m_settings.contains(u"PalometWindow"_s));
-    scheduler().advance(1s);
-    EXPECT_EQ(m_settings.value(u"PalometWindow"_s).toRect().size(), QSize(1000, 700));
-}
-
-TEST_F(SettingsWindowTest, SavesItsFrameAtOnceWhenItIsClosed) {
-    open();
-    m_window->resize(1000, 700);
-    m_window->close();
-    EXPECT_EQ(m_settings.value(u"PalometWindow"_s).toRect().size(), QSize(1000, 700));
-    EXPECT_EQ(scheduler().pendingCount(), 0U);
-}
-
-TEST_F(SettingsWindowTest, IgnoresASavedFrameThatIsNone) {
-    m_settings.setValue(u"PalometWindow"_s, u"rubbish"_s);
-    open();
-    EXPECT_GE(m_window->width(), SettingsWindow::minimumContentSize.width());
-    EXPECT_GE(m_window->height(), SettingsWindow::minimumContentSize.height());
-}
-
-TEST_F(SettingsWindowTest, IsMaximizedOnlyIfThatIsWhatWasSaved) {
-    for (const auto &[written, isMaximized] : {std::pair(u"banana"_s, false), std::pair(u"1"_s, false),
-                                               std::pair(u"false"_s, false), std::pair(u"true"_s, true)}) {
-        m_window.reset();
-        m_settings.setValue(u"PalometWindowMaximized"_s, written);
-        open();
-        EXPECT_EQ(m_window->windowStates().testFlag(Qt::WindowMaximized), isMaximized) << written.toStdString();
-    }
 }
 
 TEST_F(SettingsWindowTest, ShowsMarkupAsItIsWritten) {

@@ -1,6 +1,6 @@
 import QtQuick
 
-// A labelled value with a note under it. Its row of cells places it.
+// A labelled value with a note under it. CellRow places it.
 Item {
     id: root
 
@@ -12,7 +12,7 @@ Item {
     property bool isLast: false
     // The first cell of a row stands flush left.
     property bool isFlush: false
-    // Scrolled away in part, it is of no use.
+    // WholeLines hides it where it is scrolled away in part.
     readonly property bool isWhole: true
     default property alias value: slot.data
 

@@ -1,6 +1,6 @@
 import QtQuick
 
-// A big value that is cut where it does not fit.
+// A big value, cut where it does not fit.
 ElidedText {
     size: 22
     box: 28

@@ -8,7 +8,7 @@
 #include <QQmlEngine>
 #include <QSvgRenderer>
 
-// Made by the build for the module; naming it keeps it in the program.
+// The build makes it for the module; naming it here keeps the linker from dropping it.
 extern void qml_register_types_Palomet_Kit();
 
 namespace palomet::Kit {

@@ -18,10 +18,10 @@ void registerFonts(const QString &resources);
 /// Makes the module `Palomet.Kit` importable in this engine, its icons coming from the resource folder.
 void install(QQmlEngine &engine, const QString &resources);
 
-/// Whether the desktop asks for stillness: everything that moves in this engine then stands.
+/// Whether the desktop asks for reduced motion: nothing in this engine moves then.
 void setMotionReduced(QQmlEngine &engine, bool isReduced);
 
-/// Whether the desktop asks for more contrast: inks and edges in this engine are then stronger.
+/// Whether the desktop asks for more contrast: text and edges in this engine are stronger then.
 void setContrastRaised(QQmlEngine &engine, bool isRaised);
 
 } // namespace palomet::Kit

@@ -60,7 +60,7 @@ QtObject {
     readonly property int roleColumn: 110
     readonly property int timeColumn: 48
     readonly property int durationColumn: 64
-    // Of what holds a number, a name, a long name, a line of text, a path.
+    // A setting's box by its content: a number, a name, a long name, a line of text, a path.
     readonly property list<int> boxWidths: [160, 200, 240, controlColumn, controlColumn]
 
     // The baselines that the sidebar and the page's header share: the wordmark's and the crumb's, the first group's and the
@@ -88,7 +88,7 @@ QtObject {
     readonly property int fallTime: 180
     readonly property int stepTime: 400
     readonly property int tipTime: 600
-    // How long what is typed in a row belongs together.
+    // Letters typed within this time form one text.
     readonly property int typingTime: 1000
     readonly property bool isMotionReduced: Wishes.isMotionReduced
 
@@ -103,19 +103,19 @@ QtObject {
     // The static shape of every level meter, tallest in the middle.
     readonly property list<real> levelShape: [0.55, 0.85, 1.0, 0.75, 0.5]
 
-    // As much of a text as one line can show, and far more: laying out all of a long one takes seconds.
-    // It is not said to be a text: at a call of a text's own function qmllint 6.4 now and then crashes.
+    // The beginning of a text, more than any line can show: laying out all of a long one takes seconds.
+    // The text is declared var: qmllint 6.4 sometimes crashes where a string's own function is called.
     function head(text: var): string {
         return text.length > 500 ? text.slice(0, 500) + "…" : text;
     }
 
-    // Where Montserrat's ascent ends, in the sixty-fourths of a pixel that the font engine counts in.
+    // Montserrat's ascent, rounded to the sixty-fourths of a pixel that the font engine counts in.
     function ascent(size: int): real {
         return Math.round(size * 0.968 * 64) / 64;
     }
 
-    // The baseline of a line of text in a line box, from the box's top: the leading is split above and below, and the
-    // line comes to stand on a whole pixel.
+    // The baseline of a line of text, from the top of its line box. The leading is split above and below; the baseline is a
+    // whole pixel.
     function baseline(size: int, box: int): int {
         const above = Math.round(size * 0.968);
         const below = Math.round(size * 0.251);

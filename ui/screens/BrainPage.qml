@@ -33,7 +33,7 @@ ColumnPage {
     }
     SettingsBlock {
         title: Words.t("brain.confirmBlock")
-        // A heading over nothing would say that something is missing.
+        // Without actions, a heading would suggest that something is missing.
         visible: actions.count > 0
 
         Repeater {

@@ -12,7 +12,7 @@ SelectableRow {
     required property string duration
 
     readonly property bool isTool: kind === "tool"
-    // Whether this is more of the text of the row before.
+    // Whether it continues the text of the row before.
     required property bool isContinued
     readonly property int line: isContinued ? 0 : rule + Zen.space3
 

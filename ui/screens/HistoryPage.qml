@@ -3,7 +3,7 @@ import QtQuick
 import Palomet.Kit
 import Palomet.Ui
 
-// Past conversations, one line each.
+// The history pane: past conversations, one line each.
 ListPage {
     id: root
 

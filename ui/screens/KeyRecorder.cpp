@@ -28,7 +28,7 @@ quint64 flagsOf(Qt::KeyboardModifiers modifiers) {
     return flags;
 }
 
-/// A key that is only held: no combination by itself.
+/// A key that is only held is no combination by itself.
 bool isModifier(int key) {
     switch (key) {
     case Qt::Key_Shift:
@@ -47,12 +47,12 @@ bool isModifier(int key) {
     }
 }
 
-/// A key that does its own work in every program: no shortcut either.
+/// A key that locks works by itself in every program, and is no shortcut either.
 bool isLock(int key) {
     return key == Qt::Key_CapsLock || key == Qt::Key_NumLock || key == Qt::Key_ScrollLock;
 }
 
-/// Leads to what is next, or before, and so away from here.
+/// Tab leads to the next control or the one before.
 bool isTab(const QKeyEvent &event) {
     const bool isPlain = (event.modifiers() & ~Qt::ShiftModifier) == Qt::NoModifier;
     return isPlain && (event.key() == Qt::Key_Tab || event.key() == Qt::Key_Backtab);
@@ -189,13 +189,13 @@ void KeyRecorder::handle(quint32 keyCode, quint64 flags) {
 }
 
 bool KeyRecorder::eventFilter(QObject *, QEvent *event) {
-    // A key goes first to its window: taken there, it reaches nothing else. ShortcutOverride asks whether to treat the
-    // key as a shortcut of the window; that is answered by taking it too.
+    // A key goes to its window first; taken there, it reaches nothing else. ShortcutOverride asks whether an item wants
+    // a key that may be a shortcut of the window: accepting it says yes.
     if (event->type() != QEvent::KeyPress && event->type() != QEvent::ShortcutOverride)
         return false;
     auto *key = static_cast<QKeyEvent *>(event);
     key->accept();
-    // A key that is held down, perhaps the one that began the recording, counts once.
+    // A held key, perhaps the one that began the recording, counts once.
     if (event->type() == QEvent::ShortcutOverride || key->isAutoRepeat() || isModifier(key->key()))
         return true;
     if (isTab(*key)) {

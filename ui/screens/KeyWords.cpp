@@ -36,7 +36,7 @@ constexpr std::array picturedKeys{
     PicturedKey{74, "key.mute"_L1},
 };
 
-/// What a key types that is no letter and no digit, each with the text that names it.
+/// The signs that keys type, neither letters nor digits, each with the text that names it.
 struct Sign {
     char16_t character;
     QLatin1StringView text;

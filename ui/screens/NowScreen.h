@@ -10,8 +10,8 @@
 
 namespace palomet {
 
-/// The live view of the voice loop: what the now pane shows, and the request that is typed there, the one thing that it
-/// holds itself.
+/// The now pane, the live view of the voice loop: what it shows, and the request that is being typed there, the only
+/// state of its own.
 class NowScreen final : public Screen {
     Q_OBJECT
     QML_ELEMENT
@@ -20,7 +20,7 @@ class NowScreen final : public Screen {
     Q_PROPERTY(QAbstractItemModel *rows READ rows CONSTANT FINAL)
     Q_PROPERTY(QAbstractItemModel *draftRows READ draftRows CONSTANT FINAL)
     Q_PROPERTY(QAbstractItemModel *heardRows READ heardRows CONSTANT FINAL)
-    /// The input's level while hearing, the output's while speaking, as long as the screen can be seen.
+    /// The input's level while hearing, the output's while speaking. It changes only while the screen is active.
     Q_PROPERTY(double level READ level NOTIFY levelChanged FINAL)
     Q_PROPERTY(QString draft READ draft WRITE setDraft NOTIFY draftChanged FINAL)
 
@@ -37,7 +37,8 @@ public:
     [[nodiscard]] const QString &draft() const { return m_draft; }
     void setDraft(const QString &draft);
 
-    /// Sends the typed text and empties the field; blank text stays where it is, and all of it while the model is busy.
+    /// Sends the typed text and empties the field. A blank text is not sent, and none while the model is busy; it
+    /// stays.
     Q_INVOKABLE void send();
     Q_INVOKABLE void newConversation() { model().newConversation(); }
     Q_INVOKABLE void stop() { model().stop(); }
@@ -59,7 +60,7 @@ private:
     [[nodiscard]] QString noteOf(LoopState state) const;
     void updateShown();
     void updateHeard();
-    /// In another time zone, every hour is another.
+    /// Shows all times anew after a change of the time zone.
     void updateClocks();
 
     NowShown m_shown;

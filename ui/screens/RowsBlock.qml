@@ -1,7 +1,7 @@
 import QtQuick
 import Palomet.Kit
 
-// A heading over rows inside a page that scrolls, there only while there are any; and what stands under them. `position`
+// A heading over rows inside a page that scrolls, and the items under them. It shows only while there are rows. `position`
 // is where it begins in the page's content.
 Column {
     id: root

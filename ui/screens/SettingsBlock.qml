@@ -2,7 +2,7 @@ import QtQuick
 import Palomet.Kit
 import Palomet.Ui
 
-// A label over a stack of setting rows: those of a group, then others; and what stands under them.
+// A label over setting rows, those of a group before all others, and the items under them.
 Column {
     id: root
 

@@ -7,7 +7,7 @@ Column {
     id: root
 
     required property NowScreen screen
-    // Whether the state's glyph is there to be seen.
+    // Whether the state's glyph shows.
     property bool isStateShown: true
 
     width: parent ? parent.width : 0

@@ -2,7 +2,7 @@ import QtQuick
 import Palomet.Kit
 import Palomet.Ui
 
-// The state and its note in one line under the page's header, which it goes on.
+// The state and its note in one line, which continues the page's header.
 Cover {
     id: root
 
@@ -12,7 +12,7 @@ Cover {
     height: note.height + Zen.space3 + 1
     Accessible.ignored: true
 
-    // Its cell, scrolled away, is still what a screen reader finds.
+    // A screen reader still finds the cell that is scrolled away.
     Item {
         id: mark
 
@@ -47,7 +47,7 @@ Cover {
     HairLine {
         y: root.height - 1
         width: root.width
-        // Not quite opaque, as the cover is not: a row's rule may come to lie under it.
+        // Not quite opaque, for the same reason as the cover: a row's rule may come to lie under it.
         color: Qt.alpha(Zen.rule, 0.99)
     }
 }

@@ -12,7 +12,7 @@ TwoColumns {
     // The page that shows; null while another is being made.
     readonly property ScreenPage page: [now, history, listening, voice, brain].find(when => when.count > 0)?.itemAt(0) as ScreenPage ?? null
 
-    // Goes on from a pane of the sidebar to the one above or below it, which is shown then.
+    // Goes from a pane of the sidebar to the one above or below it, and shows that.
     function walk(from: int, step: int): void {
         const items = [];
         for (let i = 0; i < groups.count; ++i)
@@ -24,7 +24,7 @@ TwoColumns {
         to.clicked();
     }
 
-    // Whether the page had a use for a key that nothing else had one for.
+    // Gives the page a key that nothing else has taken; false where the page does not take it either.
     function scroll(key: int): bool {
         return page?.scroller.handle(key) ?? false;
     }

@@ -1,7 +1,7 @@
 import QtQuick
 import Palomet.Kit
 
-// Whether the microphone is on; when it is off, a press asks to mend that.
+// Says whether the microphone is on. While it is off, a press asks to mend that.
 Pressable {
     id: root
 
@@ -43,7 +43,7 @@ Pressable {
         color: root.ink
         Accessible.ignored: true
     }
-    // Nothing to press then.
+    // While the microphone is on, there is nothing to press.
     Ground {
         anchors.fill: parent
         visible: root.isOn

@@ -44,9 +44,9 @@ SettingsWindow::SettingsWindow(QQmlEngine &engine, AppView &app, Scheduler &sche
     setResizeMode(SizeRootObjectToView);
     restoreFrame();
     connect(this, &QWindow::visibilityChanged, this, &SettingsWindow::updateShown);
-    // The screen is up to date before it is made.
+    // The screen is up to date before its page is made.
     m_app.setShown(true);
-    // It is laid out once, in the size in which it is shown.
+    // With its final size it is laid out only once.
     setInitialProperties({{QStringLiteral("app"), QVariant::fromValue(&m_app)},
                           {QStringLiteral("width"), width()},
                           {QStringLiteral("height"), height()}});
@@ -55,7 +55,7 @@ SettingsWindow::SettingsWindow(QQmlEngine &engine, AppView &app, Scheduler &sche
 }
 
 SettingsWindow::~SettingsWindow() {
-    // A window that is shown is hidden by the last of its destructors, when nothing of this class is left.
+    // The base destructor hides the window, when this object's slots must no longer be called.
     disconnect(this, &QWindow::visibilityChanged, this, nullptr);
     if (m_saving)
         saveFrame();
@@ -66,7 +66,7 @@ void SettingsWindow::bringToFront() {
     m_app.setShown(true);
     if (windowStates().testFlag(Qt::WindowMinimized))
         setWindowStates(windowStates() & ~Qt::WindowMinimized);
-    // Not show(), which would end the maximized state.
+    // show() would end the maximised state.
     setVisible(true);
     raise();
     requestActivate();
@@ -88,7 +88,7 @@ bool SettingsWindow::event(QEvent *event) {
             keepFrameOnScreen();
         break;
     case QEvent::Close:
-        // Hidden rather than closed: it is kept, with everything in it.
+        // The window is hidden rather than closed, and keeps everything in it.
         if (m_saving)
             saveFrame();
         hide();
@@ -101,7 +101,7 @@ bool SettingsWindow::event(QEvent *event) {
 }
 
 void SettingsWindow::keyPressEvent(QKeyEvent *event) {
-    // Without an item that has the focus, it would stay as it came.
+    // No item has the focus: nothing would ignore the event, as the fallback below expects.
     if (!activeFocusItem())
         event->ignore();
     QQuickView::keyPressEvent(event);
@@ -137,20 +137,20 @@ void SettingsWindow::restoreFrame() {
     const auto stored = m_settings ? m_settings->value(frameKey) : QVariant();
     const auto saved = stored.canConvert<QRect>() ? std::optional(stored.toRect()) : std::nullopt;
     const auto frame = openingFrame(saved, usableScreens(), openingSize, minimumContentSize);
-    // What remembers nothing is of its own size on every screen.
+    // A window that remembers nothing has the same size on every screen.
     resize(m_settings ? frame.size() : openingSize);
-    // What stands in the middle is the content: how much goes around it is not known before it shows.
+    // The content is centred, because the width of the frame is not known before the window shows.
     if (saved)
         setFramePosition(frame.topLeft());
     else
         setPosition(frame.topLeft());
-    // As it is written; every other word would be true, too.
+    // toBool() would take every word but "false" and "0" for true.
     if (m_settings && m_settings->value(maximizedKey).toString() == QLatin1StringView("true"))
         setWindowStates(Qt::WindowMaximized);
 }
 
 void SettingsWindow::keepFrameOnScreen() {
-    // What remembers nothing is of its own size on every screen.
+    // A window that remembers nothing has the same size on every screen.
     if (!m_settings || visibility() != Windowed)
         return;
     const auto around = frameMargins();
@@ -170,11 +170,11 @@ void SettingsWindow::saveFrame() {
     m_saving.reset();
     const bool isMaximized = windowStates() & (Qt::WindowMaximized | Qt::WindowFullScreen);
     m_settings->setValue(maximizedKey, isMaximized);
-    // What it is to come back to is where it stood before.
+    // The frame to come back to is the one before it was maximised.
     if (isMaximized)
         return;
     const QRect frame(framePosition(), size());
-    // Between two pixels a frame becomes another by a point, which would add up from one run to the next.
+    // At a fractional scale a frame moves by a point when it is restored, which would add up from run to run.
     const auto saved = m_settings->value(frameKey).toRect();
     if (frame.size() != saved.size() || (frame.topLeft() - saved.topLeft()).manhattanLength() > 2)
         m_settings->setValue(frameKey, frame);

@@ -9,8 +9,8 @@ class QSettings;
 
 namespace palomet {
 
-/// The settings window, made on first open and kept: closing hides it. It remembers where it stood, also from one run
-/// of the program to the next. Main thread only.
+/// The settings window, made when it is first opened, and kept: closing hides it. It remembers its frame, also from one
+/// run of the program to the next. Main thread only.
 class SettingsWindow final : public QQuickView {
     Q_OBJECT
 
@@ -18,8 +18,7 @@ public:
     static constexpr QSize openingSize{1120, 760};
     static constexpr QSize minimumContentSize{960, 640};
 
-    /// `engine` has the kit and the module of the window; it and everything else handed in outlive the window. Without
-    /// `settings` nothing is remembered.
+    /// `engine` has both QML modules. All arguments outlive the window. Without `settings` it remembers nothing.
     SettingsWindow(QQmlEngine &engine, AppView &app, Scheduler &scheduler, QSettings *settings);
     ~SettingsWindow() override;
 
@@ -28,12 +27,12 @@ public:
 
 protected:
     bool event(QEvent *event) override;
-    /// What nothing in the window has a use for, the window has: it chooses a pane, scrolls its page, or closes.
+    /// Handles the keys that no item takes: they choose a pane, scroll the page, copy, or close the window.
     void keyPressEvent(QKeyEvent *event) override;
 
 private:
     void restoreFrame();
-    /// With what the window manager puts around it, which is not known before it shows.
+    /// Counts in the window manager's frame, which is not known before the window shows.
     void keepFrameOnScreen();
     void saveFrame();
     void saveSoon();

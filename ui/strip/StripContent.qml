@@ -10,7 +10,7 @@ Rectangle {
 
     color: Zen.gray9
 
-    // Not the strip itself, which shows also when nothing is to be read out.
+    // An item of its own: the strip also shows when nothing is to be read out.
     Announcement {
         anchors.fill: parent
         Accessible.role: Accessible.Notification

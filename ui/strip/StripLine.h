@@ -6,10 +6,10 @@
 
 namespace palomet {
 
-/// What the strip says beside the word of the state.
+/// The strip's line, beside the word of the state.
 [[nodiscard]] QString stripLine(const PalometModel &model);
 
-/// The phrase that carries out a draft: the first that the backend knows, else the one that the program would suggest.
+/// The phrase that carries out a draft: the backend's first, else the one that the program suggests.
 /// `snapshot` may be null.
 [[nodiscard]] QString actionPhrase(const Snapshot *snapshot);
 

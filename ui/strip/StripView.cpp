@@ -29,7 +29,7 @@ void StripView::setShown(bool isShown) {
 }
 
 QString StripView::line() const {
-    // Of a long one more than it can show: laying out all of it takes seconds.
+    // More than the strip can show: laying out all of a long line takes seconds.
     constexpr qsizetype most = 500;
     const auto line = stripLine(m_model);
     if (line.size() <= most)

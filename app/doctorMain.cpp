@@ -133,8 +133,8 @@ int runDoctor(int argumentCount, char **arguments) {
     lookAtKeys(found, session);
     found.port = procPortHolder(backendPort);
     found.portOwner = KernelSocketOwner()(backendPort, 0);
-    if (const auto canceller = EchoCanceller::create())
-        found.echoCanceller = (*canceller)->state().library;
+    if (EchoCanceller::create())
+        found.echoCanceller = EchoCanceller::library();
 
     QtScheduler scheduler;
     const auto sound = session.makeSound(scheduler);

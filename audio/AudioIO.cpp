@@ -61,10 +61,6 @@ void AudioIO::stopReporting() {
     m_bell.reset();
 }
 
-std::optional<EchoCancellerState> AudioIO::echoCancellerState() const {
-    return m_server.isCaptureOpen() ? m_engine.echoCancellerState() : std::nullopt;
-}
-
 void AudioIO::serverLost() {
     m_player.stop();
     m_microphone.serverLost();

@@ -37,9 +37,6 @@ public:
     /// The server delivered `samples`; `delay` as `SoundStreams::captured` has it.
     void captured(std::span<const float> samples, std::chrono::microseconds delay, EchoReference &reference) noexcept;
 
-    /// Any thread.
-    [[nodiscard]] EchoCancellerState echoCancellerState() const { return m_canceller->state(); }
-
 private:
     void cancelEcho(EchoCanceller::Frame &frame, int delayHintMs, EchoReference &reference) noexcept;
     void appendToTap(std::span<const float> samples) noexcept;

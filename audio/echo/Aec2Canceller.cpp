@@ -1,7 +1,6 @@
 #include "audio/echo/EchoCanceller.h"
 #include "audio/echo/ProcessingStream.h"
 #include "audio/echo/Samples.h"
-#include "audio/echo/SharedState.h"
 
 #include <webrtc/common.h>
 #include <webrtc/modules/audio_processing/include/audio_processing.h>
@@ -16,9 +15,6 @@ using webrtc::AudioProcessing;
 /// The library's own buffers add this to the delay.
 constexpr int ownDelayMs = 40;
 constexpr int maximumDelayMs = 500;
-/// Of the echo return loss enhancement, from which on the path counts as found.
-constexpr int convergedDb = 6;
-
 class Aec2Canceller final : public EchoCanceller {
 public:
     explicit Aec2Canceller(std::unique_ptr<AudioProcessing> processing)
@@ -31,34 +27,16 @@ public:
         auto frame = m_offset.apply(in);
         m_stream.capture(frame, std::clamp(delayHintMs, 0, maximumDelayMs - ownDelayMs) + ownDelayMs);
         std::copy(frame.begin(), frame.end(), out.begin());
-        readState();
     }
 
     void reset() noexcept override {
         m_stream.processing().Initialize();
         m_offset = {};
-        m_state.set(false, std::nullopt, std::nullopt);
     }
-
-    [[nodiscard]] EchoCancellerState state() const override { return m_state.read(QStringLiteral("AEC2")); }
 
 private:
-    static constexpr int unmeasuredDb = -100;
-
-    /// The delay is not told: what the library measures is what is left of it after its own buffers.
-    void readState() noexcept {
-        auto *canceller = m_stream.processing().echo_cancellation();
-        std::optional<double> enhancement;
-        webrtc::EchoCancellation::Metrics metrics{};
-        if (canceller->GetMetrics(&metrics) == AudioProcessing::kNoError &&
-            metrics.echo_return_loss_enhancement.instant > unmeasuredDb)
-            enhancement = metrics.echo_return_loss_enhancement.instant;
-        m_state.set(enhancement.value_or(0) > convergedDb, std::nullopt, enhancement);
-    }
-
     echo::ProcessingStream<std::unique_ptr<AudioProcessing>, webrtc::StreamConfig> m_stream;
     echo::OffsetFilter m_offset;
-    echo::SharedState m_state;
 };
 
 } // namespace
@@ -73,10 +51,13 @@ Result<std::unique_ptr<EchoCanceller>> EchoCanceller::create() {
     auto *canceller = processing->echo_cancellation();
     canceller->enable_drift_compensation(false);
     canceller->set_suppression_level(webrtc::EchoCancellation::kModerateSuppression);
-    canceller->enable_metrics(true);
     canceller->Enable(true);
     processing->high_pass_filter()->Enable(true);
     return std::unique_ptr<EchoCanceller>(std::make_unique<Aec2Canceller>(std::move(processing)));
+}
+
+QString EchoCanceller::library() {
+    return QStringLiteral("AEC2");
 }
 
 } // namespace palomet

@@ -3,7 +3,6 @@
 #include "audio/echo/ProcessingStream.h"
 #include "audio/echo/RestingCanceller.h"
 #include "audio/echo/Samples.h"
-#include "audio/echo/SharedState.h"
 #include "audio/echo/TripleRate.h"
 
 #include <api/audio/echo_canceller3_factory.h>
@@ -21,10 +20,6 @@ using webrtc::EchoCanceller3Config;
 /// How many samples at 16 kHz the linear output leads the suppressed one: the block that the suppressor works in, and
 /// the bands that are put together again behind it.
 constexpr int linearLead = 72;
-
-/// The linear filter leaves this of the microphone's power once it has found the path, clocks that drift apart
-/// included.
-constexpr float convergedResidual = 0.5F;
 
 EchoCanceller3Config tunedConfig() {
     EchoCanceller3Config config;
@@ -97,10 +92,6 @@ public:
             echo::crossFade(frame, linear, from, m_linearShare);
         }
         std::copy(frame.begin(), frame.end(), out.begin());
-        // Asked here every time: the library keeps the oldest answer that nobody has fetched.
-        const auto statistics = m_stream.processing().GetStatistics();
-        m_state.set(m_gate.residual() < convergedResidual, echo::toStandard(statistics.delay_ms),
-                    echo::toStandard(statistics.echo_return_loss_enhancement));
     }
 
     void reset() noexcept override {
@@ -110,11 +101,6 @@ public:
         m_gate = {};
         m_referencePower = 0;
         m_linearShare = 0;
-        m_state.set(false, std::nullopt, std::nullopt);
-    }
-
-    [[nodiscard]] EchoCancellerState state() const override {
-        return m_state.read(QStringLiteral("AEC3, tuned, with its linear output"));
     }
 
 private:
@@ -126,7 +112,6 @@ private:
     echo::LinearOutputGate m_gate;
     float m_referencePower = 0;
     float m_linearShare = 0; ///< Of the linear output at the end of the last frame.
-    echo::SharedState m_state;
 };
 
 } // namespace
@@ -145,6 +130,10 @@ Result<std::unique_ptr<EchoCanceller>> EchoCanceller::create() {
     auto canceller = std::make_unique<Aec3Canceller>(std::move(processing));
     return std::unique_ptr<EchoCanceller>(
         std::make_unique<echo::RestingCanceller>(std::move(canceller), echo::aec3Delay));
+}
+
+QString EchoCanceller::library() {
+    return QStringLiteral("AEC3, tuned, with its linear output");
 }
 
 } // namespace palomet

@@ -4,25 +4,13 @@
 
 #include <array>
 #include <memory>
-#include <optional>
 #include <span>
 
 namespace palomet {
 
-/// What the canceller says of itself, for diagnosis only.
-struct EchoCancellerState {
-    QString library;            ///< Which implementation this build has, in words.
-    bool isConverged = false;   ///< It has found the echo path.
-    std::optional<int> delayMs; ///< Estimated delay from reference to echo.
-    std::optional<double> echoReturnLossEnhancementDb;
-
-    /// All of it in one line, for whoever looks for a fault.
-    [[nodiscard]] QString inWords() const;
-};
-
 /// Takes the program's own speech out of what the microphone hears: 48 kHz mono in frames of 10 ms. Not thread-safe:
-/// one thread calls `render`, `capture` and `reset`; `state` may be called from any thread. No call after creation
-/// allocates memory of ours, locks or logs. The same input gives the same output, always.
+/// one thread calls `render`, `capture` and `reset`. No call after creation allocates memory of ours, locks or logs.
+/// The same input gives the same output, always.
 ///
 /// Every sample given is finite and within full scale, -1 to 1: one that is not a number would stay in the filters for
 /// good. `CaptureChain` sees to that. Every sample that comes out is finite, then.
@@ -33,6 +21,9 @@ public:
 
     /// Made by the library that was chosen at build time.
     static Result<std::unique_ptr<EchoCanceller>> create();
+
+    /// Which library that is, in words.
+    [[nodiscard]] static QString library();
 
     EchoCanceller() = default;
     EchoCanceller(const EchoCanceller &) = delete;
@@ -50,8 +41,6 @@ public:
 
     /// Forgets the room: another device, another server.
     virtual void reset() noexcept = 0;
-
-    [[nodiscard]] virtual EchoCancellerState state() const = 0;
 };
 
 } // namespace palomet

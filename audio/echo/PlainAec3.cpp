@@ -2,7 +2,6 @@
 
 #include "audio/echo/ProcessingStream.h"
 #include "audio/echo/Samples.h"
-#include "audio/echo/SharedState.h"
 
 #include <modules/audio_processing/include/audio_processing.h>
 
@@ -10,9 +9,6 @@ namespace palomet::echo {
 namespace {
 
 using webrtc::AudioProcessing;
-
-/// Of the echo return loss enhancement, from which on the path counts as found.
-constexpr double convergedDb = 6;
 
 class PlainAec3 final : public EchoCanceller {
 public:
@@ -26,25 +22,16 @@ public:
         auto frame = m_offset.apply(in);
         m_stream.capture(frame, delayHintMs);
         std::copy(frame.begin(), frame.end(), out.begin());
-
-        // Asked here every time: the library keeps the oldest answer that nobody has fetched.
-        const auto statistics = m_stream.processing().GetStatistics();
-        const auto enhancement = toStandard(statistics.echo_return_loss_enhancement);
-        m_state.set(enhancement.value_or(0) > convergedDb, toStandard(statistics.delay_ms), enhancement);
     }
 
     void reset() noexcept override {
         m_stream.processing().Initialize();
         m_offset = {};
-        m_state.set(false, std::nullopt, std::nullopt);
     }
-
-    [[nodiscard]] EchoCancellerState state() const override { return m_state.read(QStringLiteral("AEC3")); }
 
 private:
     ProcessingStream<rtc::scoped_refptr<AudioProcessing>, webrtc::StreamConfig> m_stream;
     OffsetFilter m_offset;
-    SharedState m_state;
 };
 
 } // namespace

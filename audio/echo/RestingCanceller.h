@@ -30,7 +30,6 @@ public:
     void capture(std::span<const float, frameSize> in, int delayHintMs,
                  std::span<float, frameSize> out) noexcept override;
     void reset() noexcept override;
-    [[nodiscard]] EchoCancellerState state() const override { return m_canceller->state(); }
 
 private:
     /// The microphone's other way: late by `delay`, without an offset and what is below a voice.

@@ -29,11 +29,6 @@ public:
         std::copy(frame.begin(), frame.end(), out.begin());
     }
 
-    void reset() noexcept override {
-        m_stream.processing().Initialize();
-        m_offset = {};
-    }
-
 private:
     echo::ProcessingStream<std::unique_ptr<AudioProcessing>, webrtc::StreamConfig> m_stream;
     echo::OffsetFilter m_offset;

@@ -94,15 +94,6 @@ public:
         std::copy(frame.begin(), frame.end(), out.begin());
     }
 
-    void reset() noexcept override {
-        m_stream.processing().Initialize();
-        m_offset = {};
-        m_tripleRate = TripleRate(linearLead - TripleRate::filterDelay);
-        m_gate = {};
-        m_referencePower = 0;
-        m_linearShare = 0;
-    }
-
 private:
     using TripleRate = echo::TripleRate;
 

@@ -9,8 +9,8 @@
 namespace palomet {
 
 /// Takes the program's own speech out of what the microphone hears: 48 kHz mono in frames of 10 ms. Not thread-safe:
-/// one thread calls `render`, `capture` and `reset`. No call after creation allocates memory of ours, locks or logs.
-/// The same input gives the same output, always.
+/// one thread calls `render` and `capture`. No call after creation allocates memory of ours, locks or logs. The same
+/// input gives the same output, always. It never forgets the room: another device or server gets a new canceller.
 ///
 /// Every sample given is finite and within full scale, -1 to 1: one that is not a number would stay in the filters for
 /// good. `CaptureChain` sees to that. Every sample that comes out is finite, then.
@@ -38,9 +38,6 @@ public:
     /// `in` and `out` may be the same.
     virtual void capture(std::span<const float, frameSize> in, int delayHintMs,
                          std::span<float, frameSize> out) noexcept = 0;
-
-    /// Forgets the room: another device, another server.
-    virtual void reset() noexcept = 0;
 };
 
 } // namespace palomet

@@ -24,11 +24,6 @@ public:
         std::copy(frame.begin(), frame.end(), out.begin());
     }
 
-    void reset() noexcept override {
-        m_stream.processing().Initialize();
-        m_offset = {};
-    }
-
 private:
     ProcessingStream<rtc::scoped_refptr<AudioProcessing>, webrtc::StreamConfig> m_stream;
     OffsetFilter m_offset;

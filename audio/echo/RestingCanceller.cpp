@@ -31,7 +31,6 @@ EchoCanceller::Frame RestingCanceller::Bypass::process(FrameView samples) noexce
 
 RestingCanceller::RestingCanceller(std::unique_ptr<EchoCanceller> canceller, int delay)
     : m_canceller(std::move(canceller))
-    , m_delay(delay)
     , m_bypass(delay) {
     assert(delay >= 0 && delay <= maximumDelay);
 }
@@ -62,14 +61,6 @@ void RestingCanceller::capture(std::span<const float, frameSize> in, int delayHi
     if (from > 0 || isBypassed)
         crossFade(frame, direct, from, m_bypassShare);
     std::copy(frame.begin(), frame.end(), out.begin());
-}
-
-void RestingCanceller::reset() noexcept {
-    m_canceller->reset();
-    m_bypass = Bypass(m_delay);
-    m_silentFrames = 0;
-    m_wakingFrames = 0;
-    m_bypassShare = 0;
 }
 
 } // namespace palomet::echo

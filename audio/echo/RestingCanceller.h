@@ -29,7 +29,6 @@ public:
     void render(std::span<const float, frameSize> reference) noexcept override;
     void capture(std::span<const float, frameSize> in, int delayHintMs,
                  std::span<float, frameSize> out) noexcept override;
-    void reset() noexcept override;
 
 private:
     /// The microphone's other way: late by `delay`, without an offset and what is below a voice.
@@ -50,7 +49,6 @@ private:
     [[nodiscard]] bool isResting() const { return m_silentFrames > restAfter; }
 
     std::unique_ptr<EchoCanceller> m_canceller;
-    int m_delay;
     Bypass m_bypass;
     int m_silentFrames = 0;  ///< Of the reference, in a row.
     int m_wakingFrames = 0;  ///< For which the canceller is not listened to yet.

@@ -14,7 +14,6 @@ public:
     void capture(std::span<const float, frameSize> in, int, std::span<float, frameSize> out) noexcept override {
         std::copy(in.begin(), in.end(), out.begin());
     }
-    void reset() noexcept override {}
 };
 
 /// The calls that an echo canceller got.

@@ -134,17 +134,6 @@ TEST(EchoCanceller, InputAndOutputMayBeTheSameFrame) {
     }
 }
 
-TEST(EchoCanceller, ResetForgetsEverything) {
-    const auto reference = speechLike(3, 6, 1);
-    const auto microphone = sum(echoOf(reference), speechLike(3, 7, 0.3F));
-    const auto fresh = make();
-    const auto expected = run(*fresh, reference, microphone);
-    const auto used = make();
-    run(*used, speechLike(4, 8, 1), sum(echoOf(speechLike(4, 8, 1)), speechLike(4, 9, 0.5F)));
-    used->reset();
-    EXPECT_EQ(run(*used, reference, microphone), expected);
-}
-
 TEST(EchoCanceller, FullScaleNoiseDoesNoHarmAndItRecovers) {
     const auto reference = speechLike(8, 11, 1);
     const auto echo = echoOf(reference);

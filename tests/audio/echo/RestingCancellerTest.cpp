@@ -24,7 +24,6 @@ public:
     struct Calls {
         int rendered = 0;
         int captured = 0;
-        int resets = 0;
     };
 
     explicit NothingToCancel(Calls &calls)
@@ -38,7 +37,6 @@ public:
         std::copy(in.begin(), in.end(), m_samples.end() - frameSize);
         std::copy_n(m_samples.end() - frameSize - delay, frameSize, out.begin());
     }
-    void reset() noexcept override { ++m_calls.resets; }
 
 private:
     Calls &m_calls;
@@ -132,15 +130,6 @@ TEST_F(Resting, WhatIsHeardGoesOnWithoutAJumpWhenItRestsAndWakes) {
     // And the tone's own steepest step is 0.0654.
     for (std::size_t i = 48001; i < output.size(); ++i)
         ASSERT_LT(std::abs(output[i] - output[i - 1]), 0.068F) << i;
-}
-
-TEST_F(Resting, AfterAResetItIsAwake) {
-    run(1000, 0);
-    canceller.reset();
-    EXPECT_EQ(calls.resets, 1);
-    const auto before = calls;
-    run(100, 0);
-    EXPECT_EQ(calls.captured, before.captured + 100);
 }
 
 TEST(EchoCanceller, CancelsAfterALongSilenceAsItDidBefore) {

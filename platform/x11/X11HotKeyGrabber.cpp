@@ -3,7 +3,7 @@
 #include "platform/x11/X11Connection.h"
 #include "platform/x11/XcbKeyboard.h"
 #include "platform/x11/XcbReply.h"
-#include "shortcuts/KeyCodes.h"
+#include "shortcuts/Keys.h"
 
 #include <xcb/xcb.h>
 
@@ -34,11 +34,10 @@ X11HotKeyGrabber::~X11HotKeyGrabber() {
 }
 
 bool X11HotKeyGrabber::grab(quint32 id, quint32 keyCode, quint32 modifiers) {
-    const auto evdev = KeyCodes::toEvdev(keyCode);
-    constexpr int offset = 8;
-    if (!evdev || *evdev + offset > 255)
+    const auto *key = findKey(keyCode);
+    if (key == nullptr)
         return false;
-    const Combination combination{static_cast<quint8>(*evdev + offset), modifiers};
+    const Combination combination{static_cast<quint8>(toXKeycode(*key)), modifiers};
     if (!take(combination))
         return false;
     m_combinations.insert_or_assign(id, combination);

@@ -1,7 +1,7 @@
 #include "platform/x11/XkbKeymap.h"
 
 #include "platform/x11/X11Connection.h"
-#include "shortcuts/KeyCodes.h"
+#include "shortcuts/Keys.h"
 
 #include <xkbcommon/xkbcommon-x11.h>
 #include <xkbcommon/xkbcommon.h>
@@ -71,10 +71,10 @@ XkbKeymap XkbKeymap::of(const X11Connection &connection) {
 }
 
 std::optional<QString> XkbKeymap::character(quint32 keyCode, quint32 group) const {
-    const auto evdev = KeyCodes::toEvdev(keyCode);
-    if (!m_keymap || !evdev)
+    const auto *key = findKey(keyCode);
+    if (!m_keymap || key == nullptr)
         return std::nullopt;
-    const auto keycode = static_cast<xkb_keycode_t>(*evdev + 8);
+    const xkb_keycode_t keycode = toXKeycode(*key);
     const auto groups = xkb_keymap_num_layouts_for_key(m_keymap.get(), keycode);
     if (groups == 0)
         return std::nullopt;

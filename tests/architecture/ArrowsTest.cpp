@@ -56,11 +56,11 @@ const std::set<std::string> sharedByRooms{"audio/SoundServer.h"};
 const std::map<std::string, std::set<std::string>> ports{
     {"dbus",
      {"app/DesktopLook.h", "base/TrayHost.h", "command/RemoteClient.h", "command/RemoteService.h",
-      "command/RemoteStatusJson.h", "model/MicrophonePermission.h", "shortcuts/HotKeyGrabber.h", "shortcuts/KeyCodes.h",
+      "command/RemoteStatusJson.h", "model/MicrophonePermission.h", "shortcuts/HotKeyGrabber.h", "shortcuts/Keys.h",
       "shortcuts/KeyboardLayout.h", "ui/shell/FolderChooser.h"}},
     {"linux", {"app/ChildProcess.h", "doctor/PortHolder.h"}},
     {"pulse", {"audio/SoundServer.h"}},
-    {"x11", {"shortcuts/HotKeyGrabber.h", "shortcuts/KeyCodes.h", "shortcuts/KeyboardLayout.h", "ui/strip/WorkArea.h"}},
+    {"x11", {"shortcuts/HotKeyGrabber.h", "shortcuts/Keys.h", "shortcuts/KeyboardLayout.h", "ui/strip/WorkArea.h"}},
     {"xdg", {"command/Autostart.h"}},
 };
 

@@ -1,7 +1,7 @@
 #include "shortcuts/Shortcut.h"
 
 #include "localization/Localization.h"
-#include "shortcuts/KeyCodes.h"
+#include "shortcuts/Keys.h"
 #include "tests/shortcuts/FixedKeyboardLayout.h"
 
 #include <gtest/gtest.h>
@@ -103,7 +103,7 @@ TEST_F(ShortcutTest, OfASpecialKeyHasItsSignItsCapItsMenuKeyAndItsPlaceOnTheKeyb
         EXPECT_EQ(shortcut.keyName(layout), row.name) << row.keyCode;
         EXPECT_EQ(shortcut.caps(layout), QStringList(row.cap)) << row.keyCode;
         EXPECT_EQ(shortcut.menuKey(layout), QString(QChar(row.menuKey))) << row.keyCode;
-        EXPECT_EQ(KeyCodes::toEvdev(row.keyCode), row.evdev) << row.keyCode;
+        EXPECT_EQ(findKey(row.keyCode)->evdev, row.evdev) << row.keyCode;
         EXPECT_FALSE(shortcut.isUsable()) << row.keyCode;
     }
 }
@@ -125,7 +125,7 @@ TEST_F(ShortcutTest, OfAFunctionKeyHasItsNumberItsMenuKeyAndItsPlaceOnTheKeyboar
         EXPECT_EQ(shortcut.keyName(layout), u'F' + QString::number(number)) << row.keyCode;
         EXPECT_EQ(shortcut.caps(layout), QStringList(u'F' + QString::number(number))) << row.keyCode;
         EXPECT_EQ(shortcut.menuKey(layout), QString(QChar(0xF703 + number))) << row.keyCode;
-        EXPECT_EQ(KeyCodes::toEvdev(row.keyCode), row.evdev) << row.keyCode;
+        EXPECT_EQ(findKey(row.keyCode)->evdev, row.evdev) << row.keyCode;
         EXPECT_TRUE(shortcut.isUsable()) << row.keyCode;
     }
 }

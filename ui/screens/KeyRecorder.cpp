@@ -1,7 +1,7 @@
 #include "ui/screens/KeyRecorder.h"
 
 #include "localization/Localization.h"
-#include "shortcuts/KeyCodes.h"
+#include "shortcuts/Keys.h"
 #include "ui/screens/KeyWords.h"
 
 #include <QCoreApplication>
@@ -10,10 +10,6 @@
 namespace palomet {
 
 namespace {
-
-constexpr quint32 escapeCode = 53;
-constexpr quint32 deleteCode = 51;
-constexpr quint32 forwardDeleteCode = 117;
 
 quint64 flagsOf(Qt::KeyboardModifiers modifiers) {
     quint64 flags = 0;
@@ -56,12 +52,6 @@ bool isLock(int key) {
 bool isTab(const QKeyEvent &event) {
     const bool isPlain = (event.modifiers() & ~Qt::ShiftModifier) == Qt::NoModifier;
     return isPlain && (event.key() == Qt::Key_Tab || event.key() == Qt::Key_Backtab);
-}
-
-/// The position of the key on the keyboard. X numbers the keys as the kernel does, plus eight.
-std::optional<quint32> keyCodeOf(const QKeyEvent &event) {
-    const auto scanCode = event.nativeScanCode();
-    return scanCode < 8 ? std::nullopt : KeyCodes::fromEvdev(static_cast<quint16>(scanCode - 8));
 }
 
 } // namespace
@@ -163,12 +153,12 @@ void KeyRecorder::refuse(std::function<QString()> message) {
 
 void KeyRecorder::handle(quint32 keyCode, quint64 flags) {
     const Shortcut candidate(keyCode, flags);
-    if ((keyCode == deleteCode || keyCode == forwardDeleteCode) && candidate.flags == 0) {
+    if ((keyCode == Key::Backspace || keyCode == Key::Delete) && candidate.flags == 0) {
         stop();
         store(std::nullopt);
         return;
     }
-    if (!allowsKeyAlone() && keyCode == escapeCode && candidate.flags == 0) {
+    if (!allowsKeyAlone() && keyCode == Key::Escape && candidate.flags == 0) {
         stop();
         return;
     }
@@ -202,9 +192,9 @@ bool KeyRecorder::eventFilter(QObject *, QEvent *event) {
         stop();
         return false;
     }
-    const auto keyCode = isLock(key->key()) ? std::nullopt : keyCodeOf(*key);
-    if (keyCode)
-        handle(*keyCode, flagsOf(key->modifiers()));
+    const auto *position = isLock(key->key()) ? nullptr : findXKeycode(key->nativeScanCode());
+    if (position != nullptr)
+        handle(position->code, flagsOf(key->modifiers()));
     else
         refuse([] { return L("recorder.unknownKey"); });
     return true;

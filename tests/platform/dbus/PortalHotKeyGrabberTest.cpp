@@ -74,6 +74,16 @@ TEST_F(PortalHotKeyGrabberTest, NeverProposesAKeyWithoutAModifier) {
     EXPECT_EQ(preferredTrigger({1, {}, 10, option}, layout), QString());
 }
 
+TEST_F(PortalHotKeyGrabberTest, ProposesAKeyThatTypesNoCharacterByTheNameThatXHasForIt) {
+    const auto proposed = [this](quint32 keyCode) { return preferredTrigger({1, {}, keyCode, option}, layout); };
+    EXPECT_EQ(proposed(36), QStringLiteral("ALT+Return"));
+    EXPECT_EQ(proposed(76), QStringLiteral("ALT+KP_Enter"));
+    EXPECT_EQ(proposed(116), QStringLiteral("ALT+Prior"));
+    EXPECT_EQ(proposed(121), QStringLiteral("ALT+Next"));
+    EXPECT_EQ(proposed(110), QStringLiteral("ALT+Menu"));
+    EXPECT_EQ(proposed(90), QStringLiteral("ALT+F20"));
+}
+
 TEST_F(PortalHotKeyGrabberTest, TellsOfAnActivationOfARegisteredKeyOnly) {
     portal.appear();
     begin();

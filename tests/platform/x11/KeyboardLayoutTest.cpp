@@ -1,10 +1,12 @@
 #include "platform/x11/X11Connection.h"
 #include "platform/x11/X11KeyboardLayout.h"
+#include "shortcuts/Keys.h"
 #include "tests/support/Eventually.h"
 #include "tests/support/FakeKeyboard.h"
 #include "tests/support/PrivateDisplay.h"
 
 #include <gtest/gtest.h>
+#include <xkbcommon/xkbcommon.h>
 
 using namespace palomet;
 
@@ -98,4 +100,12 @@ TEST(KeyboardLayout, OfTheXServerAsksNothingWhenAnotherOfItsLayoutsBecomesActive
         EXPECT_TRUE(test::eventually([&] { return layout.character(keyA) == some("a"); }));
     }
     EXPECT_EQ(requests(), before + 1);
+}
+
+TEST(Keys, ThatTypeNoCharacterHaveANameThatXKnows) {
+    for (const auto &key : allKeys) {
+        if (key.xName == nullptr)
+            continue;
+        EXPECT_NE(xkb_keysym_from_name(key.xName, XKB_KEYSYM_NO_FLAGS), XKB_KEY_NoSymbol) << key.xName;
+    }
 }

@@ -1,7 +1,7 @@
 #include "ui/screens/KeyRecorder.h"
 
 #include "localization/Localization.h"
-#include "shortcuts/KeyCodes.h"
+#include "shortcuts/Keys.h"
 #include "tests/shortcuts/FixedKeyboardLayout.h"
 
 #include <QCoreApplication>

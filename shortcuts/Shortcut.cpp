@@ -3,6 +3,7 @@
 #include "base/JsonNumber.h"
 #include "base/JsonReader.h"
 #include "localization/Localization.h"
+#include "shortcuts/HotKeyGrabber.h"
 #include "shortcuts/Keys.h"
 
 #include <QHash>
@@ -15,19 +16,19 @@ namespace palomet {
 
 namespace {
 
-struct Modifier {
+struct ModifierKey {
     quint64 flag;
-    quint32 carbon;
+    HotKeyGrabber::Modifier bit;
     char16_t glyph;
     const char *cap;
 };
 
 // In the order in which they are written: control, option, shift, command.
 constexpr std::array modifiers{
-    Modifier{Shortcut::control, 0x1000, u'\u2303', "icon:chevron-up"},
-    Modifier{Shortcut::option, 0x800, u'\u2325', "icon:option"},
-    Modifier{Shortcut::shift, 0x200, u'\u21E7', "icon:arrow-big-up"},
-    Modifier{Shortcut::command, 0x100, u'\u2318', "icon:command"},
+    ModifierKey{Shortcut::control, HotKeyGrabber::Control, u'\u2303', "icon:chevron-up"},
+    ModifierKey{Shortcut::option, HotKeyGrabber::Option, u'\u2325', "icon:option"},
+    ModifierKey{Shortcut::shift, HotKeyGrabber::Shift, u'\u21E7', "icon:arrow-big-up"},
+    ModifierKey{Shortcut::command, HotKeyGrabber::Command, u'\u2318', "icon:command"},
 };
 
 quint32 checkedKeyCode(qint64 code) {
@@ -48,8 +49,10 @@ Shortcut Shortcut::opt(qint64 code) {
 
 quint32 Shortcut::carbonModifiers() const {
     quint32 bits = 0;
-    for (const auto &modifier : modifiers)
-        bits |= (flags & modifier.flag) != 0 ? modifier.carbon : 0;
+    for (const auto &modifier : modifiers) {
+        if ((flags & modifier.flag) != 0)
+            bits |= modifier.bit;
+    }
     return bits;
 }
 

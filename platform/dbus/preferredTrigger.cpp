@@ -27,13 +27,13 @@ QString keysymName(quint32 keyCode, const KeyboardLayout &layout) {
 QString preferredTrigger(const HotKeyOffer &offer, const KeyboardLayout &layout) {
     const auto key = keysymName(offer.keyCode, layout);
     QString trigger;
-    if ((offer.modifiers & 0x1000U) != 0)
+    if ((offer.modifiers & HotKeyGrabber::Control) != 0)
         trigger += QStringLiteral("CTRL+");
-    if ((offer.modifiers & 0x800U) != 0)
+    if ((offer.modifiers & HotKeyGrabber::Option) != 0)
         trigger += QStringLiteral("ALT+");
-    if ((offer.modifiers & 0x200U) != 0)
+    if ((offer.modifiers & HotKeyGrabber::Shift) != 0)
         trigger += QStringLiteral("SHIFT+");
-    if ((offer.modifiers & 0x100U) != 0)
+    if ((offer.modifiers & HotKeyGrabber::Command) != 0)
         trigger += QStringLiteral("LOGO+");
     return key.isEmpty() || trigger.isEmpty() ? QString() : trigger + key;
 }

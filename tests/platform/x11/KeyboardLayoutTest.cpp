@@ -1,6 +1,7 @@
 #include "platform/x11/X11Connection.h"
 #include "platform/x11/X11KeyboardLayout.h"
 #include "shortcuts/Keys.h"
+#include "tests/platform/x11/NamedKeyboardLayout.h"
 #include "tests/support/Eventually.h"
 #include "tests/support/FakeKeyboard.h"
 #include "tests/support/PrivateDisplay.h"
@@ -9,6 +10,7 @@
 #include <xkbcommon/xkbcommon.h>
 
 using namespace palomet;
+using test::NamedKeyboardLayout;
 
 namespace {
 

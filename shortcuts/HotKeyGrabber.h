@@ -57,6 +57,9 @@ public:
 
     /// The desktop's user has chosen keys for a hot key that is not held, perhaps after a refusal: it can be grabbed.
     std::function<void(quint32 id)> onGranted = [](quint32) {};
+
+    /// The desktop's user has chosen other keys, or they are not known any more: `trigger` tells.
+    std::function<void()> onTriggersChanged = [] {};
 };
 
 /// Where a desktop has no way: everything is refused, and the command line is left.

@@ -46,6 +46,14 @@ void Shortcuts::setPaused(bool isPaused) {
     onChange();
 }
 
+void Shortcuts::setGranted(const QString &listen, const QString &stop) {
+    if (m_grantedListen == listen && m_grantedStop == stop)
+        return;
+    m_grantedListen = listen;
+    m_grantedStop = stop;
+    Q_EMIT grantedChanged();
+}
+
 void Shortcuts::save(const QString &key, const std::optional<Shortcut> &shortcut) {
     m_settings.setValue(key, shortcut ? QString::fromLatin1(shortcut->toJson()) : QStringLiteral("none"));
     // At once, and by the file's replacement as a whole: a crash keeps either the old value or the new one.

@@ -190,6 +190,8 @@ void PortalHotKeyGrabber::keepTriggers(const QVariant &shortcuts) {
         if (!before.contains(id) && !m_held.contains(id))
             onGranted(id);
     }
+    if (m_triggers != before)
+        onTriggersChanged();
 }
 
 std::optional<quint32> PortalHotKeyGrabber::offeredId(const QString &text) const {
@@ -243,6 +245,7 @@ void PortalHotKeyGrabber::refuseAll() {
     m_state = State::Refused;
     m_triggers.clear();
     refuse(std::set<quint32>(m_held));
+    onTriggersChanged();
 }
 
 void PortalHotKeyGrabber::closeSession() {
@@ -264,6 +267,7 @@ void PortalHotKeyGrabber::serviceOwnerChanged(const QString &, const QString &ol
         m_triggers.clear();
         m_isRegistered = false;
         m_state = State::Creating;
+        onTriggersChanged();
     }
     // The first owner may be the answer to our own first call, which is under way then.
     const bool isUnderWay = oldOwner.isEmpty() && (m_state == State::Creating || m_state == State::Binding) &&

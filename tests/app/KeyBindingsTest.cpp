@@ -177,3 +177,16 @@ TEST_F(KeyBindingsTest, TakesARefusedKeyThatTheDesktopsUserGrantsLater) {
     grabber->onGranted(1);
     EXPECT_TRUE(grabber->held.empty()) << "not while paused";
 }
+
+TEST_F(KeyBindingsTest, TellsTheKeysThatTheDesktopGrantedWhereTheyAreNotTheWishedOnes) {
+    bindings.start();
+    EXPECT_EQ(shortcuts.grantedListen(), QString());
+    grabber->triggers = {{1, QStringLiteral("Meta+1")}, {2, QStringLiteral("Esc")}};
+    grabber->onTriggersChanged();
+    EXPECT_EQ(shortcuts.grantedListen(), QStringLiteral("Meta+1"));
+    EXPECT_EQ(shortcuts.grantedStop(), QString());
+    grabber->triggers = {{1, QStringLiteral("Alt+Space")}, {2, QStringLiteral("the key at the top left")}};
+    grabber->onTriggersChanged();
+    EXPECT_EQ(shortcuts.grantedListen(), QString());
+    EXPECT_EQ(shortcuts.grantedStop(), QStringLiteral("the key at the top left"));
+}

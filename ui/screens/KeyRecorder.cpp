@@ -62,6 +62,7 @@ KeyRecorder::KeyRecorder(Role role, Shortcuts &shortcuts, const KeyboardLayout &
     , m_layout(layout) {
     connect(&m_shortcuts, role == Role::Listen ? &Shortcuts::listenChanged : &Shortcuts::stopChanged, this,
             &KeyRecorder::changed);
+    connect(&m_shortcuts, &Shortcuts::grantedChanged, this, &KeyRecorder::changed);
     connect(&m_layout, &KeyboardLayout::changed, this, &KeyRecorder::changed);
 }
 
@@ -80,10 +81,14 @@ QString KeyRecorder::description() const {
 }
 
 QStringList KeyRecorder::caps() const {
+    if (!granted().isEmpty())
+        return {granted()};
     return shortcut() ? shortcut()->caps(m_layout) : QStringList();
 }
 
 QString KeyRecorder::spoken() const {
+    if (!granted().isEmpty())
+        return granted();
     return shortcut() ? spokenShortcut(*shortcut(), m_layout) : QString();
 }
 
@@ -97,6 +102,10 @@ QString KeyRecorder::help() const {
 
 const std::optional<Shortcut> &KeyRecorder::shortcut() const {
     return m_role == Role::Listen ? m_shortcuts.listen() : m_shortcuts.stop();
+}
+
+const QString &KeyRecorder::granted() const {
+    return m_role == Role::Listen ? m_shortcuts.grantedListen() : m_shortcuts.grantedStop();
 }
 
 void KeyRecorder::store(std::optional<Shortcut> shortcut) {

@@ -38,6 +38,7 @@ public:
     [[nodiscard]] QString title() const;
     /// Says what the shortcut does, or why it does not work.
     [[nodiscard]] QString description() const;
+    /// The keys that work: those that the desktop granted, in its words, or the stored ones.
     [[nodiscard]] QStringList caps() const;
     /// The shortcut in words, for a screen reader.
     [[nodiscard]] QString spoken() const;
@@ -69,6 +70,7 @@ Q_SIGNALS:
 private:
     [[nodiscard]] bool allowsKeyAlone() const { return m_role == Role::Stop; }
     [[nodiscard]] const std::optional<Shortcut> &shortcut() const;
+    [[nodiscard]] const QString &granted() const;
     void store(std::optional<Shortcut> shortcut);
     /// Keeps the function rather than the text, because a key has another name in another layout.
     void refuse(std::function<QString()> message);

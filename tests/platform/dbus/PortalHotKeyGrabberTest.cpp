@@ -223,3 +223,16 @@ TEST_F(PortalHotKeyGrabberTest, TakesTheKeysThatTheUserChoosesAfterARefusal) {
     EXPECT_TRUE(test::eventually([&] { return granted == std::vector<quint32>({1}); }));
     EXPECT_TRUE(grabber->grab(1, 49, option));
 }
+
+TEST_F(PortalHotKeyGrabberTest, TellsWhenTheUserHasChosenOtherKeysForAKeyThatIsHeld) {
+    portal.appear();
+    begin();
+    ASSERT_TRUE(isBound());
+    QString told;
+    grabber->onTriggersChanged = [&] { told = grabber->trigger(1); };
+    portal.change({{QStringLiteral("1"), QStringLiteral("Ctrl+F1")}, {QStringLiteral("2"), QStringLiteral("Meta+2")}});
+    EXPECT_TRUE(test::eventually([&] { return told == QStringLiteral("Ctrl+F1"); }));
+    told = QStringLiteral("nothing");
+    portal.vanish();
+    EXPECT_TRUE(test::eventually([&] { return told.isEmpty(); }));
+}

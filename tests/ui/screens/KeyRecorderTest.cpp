@@ -294,3 +294,15 @@ TEST_F(KeyRecorderTest, TellsWhatAPressDoesNow) {
     EXPECT_EQ(listen.help(), L("recorder.help.recording"));
     listen.toggle();
 }
+
+TEST_F(KeyRecorderTest, ShowsTheKeysThatTheDesktopGrantedInPlaceOfTheStoredOnes) {
+    int announcements = 0;
+    QObject::connect(&listen, &KeyRecorder::changed, [&] { ++announcements; });
+    shortcuts.setGranted(QStringLiteral("Meta+1"), {});
+    EXPECT_EQ(announcements, 1);
+    EXPECT_EQ(listen.caps(), QStringList(QStringLiteral("Meta+1")));
+    EXPECT_EQ(listen.spoken(), QStringLiteral("Meta+1"));
+    EXPECT_EQ(stop.caps(), Shortcuts::defaultStop.caps(layout));
+    shortcuts.setGranted({}, {});
+    EXPECT_EQ(listen.caps(), Shortcuts::defaultListen.caps(layout));
+}

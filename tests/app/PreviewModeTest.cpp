@@ -86,7 +86,7 @@ TEST_F(PreviewModeTest, KeepsItsSampleWhateverIsPressed) {
     ASSERT_NE(app, nullptr);
     const QString microphone = app->now()->shown().microphone;
     EXPECT_FALSE(microphone.isEmpty());
-    app->listen();
+    app->now()->listen();
     EXPECT_TRUE(eventually([&] {
         m_scheduler.advance(10ms);
         return m_scheduler.pendingCount() == 0;

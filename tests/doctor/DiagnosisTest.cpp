@@ -198,6 +198,8 @@ TEST(Diagnosis, MeasuresInDecibelsOfFullScale) {
 TEST(Diagnosis, TakesAQuietRoomForAMicrophoneThatWorksAndPureSilenceForOneThatDoesNot) {
     EXPECT_EQ(diagnoseLevel(SoundLevel{0.1, 0.01}).line(), u"ok  level: peak -20 dB, mean -40 dB"_s);
     EXPECT_EQ(diagnoseLevel(SoundLevel{0.0001, 0.00005}).verdict, Verdict::Works);
+    EXPECT_EQ(diagnoseLevel(SoundLevel{3.1623e-5, 1e-5}).line(), u"ok  level: peak -90 dB, mean -100 dB"_s);
+    EXPECT_EQ(diagnoseLevel(SoundLevel{2.8184e-5, 1e-5}).verdict, Verdict::Fails);
     EXPECT_EQ(diagnoseLevel(SoundLevel{0, 0}).verdict, Verdict::Fails);
     EXPECT_EQ(diagnoseLevel(std::nullopt).verdict, Verdict::Fails);
 }

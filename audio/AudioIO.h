@@ -104,11 +104,6 @@ public:
 
     /// The name of the input device in use, or of the one that is being opened, or `defaultInputName`.
     [[nodiscard]] const QString &deviceName() const { return m_microphone.deviceName(); }
-    [[nodiscard]] bool isShutDown() const { return m_microphone.isShutDown(); }
-    /// The server's name of the default input that there was before the first change.
-    [[nodiscard]] const std::optional<QString> &originalDefaultInput() const {
-        return m_microphone.originalDefaultInput();
-    }
 
 private:
     void serverLost();

@@ -6,8 +6,6 @@
 #include "shortcuts/HotKeyGrabber.h"
 #include "shortcuts/Keys.h"
 
-#include <QHash>
-
 #include <algorithm>
 #include <array>
 #include <limits>
@@ -31,21 +29,7 @@ constexpr std::array modifiers{
     ModifierKey{Shortcut::command, HotKeyGrabber::Command, u'\u2318', "icon:command"},
 };
 
-quint32 checkedKeyCode(qint64 code) {
-    if (code < 0 || code > std::numeric_limits<quint32>::max())
-        qFatal("a key code must fit in 32 bits: %lld", static_cast<long long>(code));
-    return static_cast<quint32>(code);
-}
-
 } // namespace
-
-Shortcut Shortcut::ctrlOpt(qint64 code) {
-    return {checkedKeyCode(code), control | option};
-}
-
-Shortcut Shortcut::opt(qint64 code) {
-    return {checkedKeyCode(code), option};
-}
 
 quint32 Shortcut::carbonModifiers() const {
     quint32 bits = 0;
@@ -132,10 +116,6 @@ std::optional<Shortcut> Shortcut::fromJson(const QByteArray &json) {
     shortcut.keyCode = *keyCode;
     shortcut.flags = *flags;
     return shortcut;
-}
-
-size_t qHash(const Shortcut &shortcut, size_t seed) noexcept {
-    return qHashMulti(seed, shortcut.keyCode, shortcut.flags);
 }
 
 } // namespace palomet

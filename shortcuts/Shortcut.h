@@ -30,10 +30,6 @@ struct Shortcut {
         : keyCode(code)
         , flags(modifiers & relevant) {}
 
-    /// With control and option, or with option. A key code outside 32 bits ends the process: it is never user input.
-    static Shortcut ctrlOpt(qint64 code);
-    static Shortcut opt(qint64 code);
-
     /// The modifiers as bits of `HotKeyGrabber::Modifier`.
     [[nodiscard]] quint32 carbonModifiers() const;
 
@@ -62,7 +58,5 @@ struct Shortcut {
 
     bool operator==(const Shortcut &) const = default;
 };
-
-size_t qHash(const Shortcut &shortcut, size_t seed = 0) noexcept;
 
 } // namespace palomet

@@ -42,7 +42,6 @@ void Shortcuts::setStop(std::optional<Shortcut> shortcut) {
 
 void Shortcuts::setPaused(bool isPaused) {
     m_isPaused = isPaused;
-    Q_EMIT isPausedChanged();
     onChange();
 }
 

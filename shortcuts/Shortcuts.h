@@ -34,7 +34,7 @@ public:
     void setListen(std::optional<Shortcut> shortcut);
     void setStop(std::optional<Shortcut> shortcut);
 
-    /// While paused, no hot key of this store may be registered. Announced and reported, never saved.
+    /// While paused, no hot key of this store may be registered. Reported, never saved.
     void setPaused(bool isPaused);
 
     /// What the desktop calls the keys that its user granted in place of the stored ones; empty where those hold.
@@ -49,7 +49,6 @@ public:
 Q_SIGNALS:
     void listenChanged();
     void stopChanged();
-    void isPausedChanged();
     void grantedChanged();
 
 private:

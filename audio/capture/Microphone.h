@@ -79,9 +79,6 @@ public:
     [[nodiscard]] const QString &deviceName() const { return m_deviceName; }
     /// An attempt is under way.
     [[nodiscard]] bool isOpening() const { return m_running.isWanted; }
-    [[nodiscard]] bool isShutDown() const { return m_isShutDown; }
-    /// The server's name of the default input that there was before the first change.
-    [[nodiscard]] const std::optional<QString> &originalDefaultInput() const { return m_originalDefaultInput; }
 
 private:
     enum class Asker { Retry, Once };
@@ -105,8 +102,8 @@ private:
     void nameDevice(const QString &name);
 
     const Parts m_parts;
-    std::optional<QString> m_wantedDevice; ///< None is the desktop's default.
-    std::optional<QString> m_originalDefaultInput;
+    std::optional<QString> m_wantedDevice;         ///< None is the desktop's default.
+    std::optional<QString> m_originalDefaultInput; ///< From before the first change, as the server names it.
     QString m_deviceName;
     bool m_isStarted = false;
     bool m_isShutDown = false;

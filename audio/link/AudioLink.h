@@ -37,8 +37,6 @@ public:
 
     void restoreDefaultInput() { m_io->restoreDefaultInput(); }
 
-    [[nodiscard]] AudioIO &io() { return *m_io; }
-
 private:
     void connectOnce();
     void handle(link::Message message, quint64 connection);

@@ -18,6 +18,8 @@ using namespace palomet;
 
 namespace {
 
+constexpr quint64 controlOption = Shortcut::control | Shortcut::option;
+
 using Held = test::FakeHotKeyGrabber::Held;
 const Held optionSpace{49, 0x800};
 const Held escape{53, 0};
@@ -77,7 +79,7 @@ TEST_F(KeyBindingsTest, TakesNothingWhilePausedButShowsTheKeysInTheMenu) {
     bindings.start();
     shortcuts.setPaused(true);
     EXPECT_TRUE(grabber->held.empty());
-    shortcuts.setListen(Shortcut::ctrlOpt(40));
+    shortcuts.setListen(Shortcut(40, controlOption));
     EXPECT_TRUE(grabber->held.empty());
     EXPECT_EQ(listenKey, QKeySequence(QStringLiteral("Ctrl+Alt+K")));
     bindings.setStopNeeded(true);
@@ -91,10 +93,10 @@ TEST_F(KeyBindingsTest, TakesNothingWhilePausedButShowsTheKeysInTheMenu) {
 TEST_F(KeyBindingsTest, ShowsARefusedListenKeyAsAProblemAndKeepsItInTheMenu) {
     grabber->refuses = true;
     bindings.start();
-    EXPECT_EQ(model.hotKeyProblem(), L("shortcut.taken", Shortcut::opt(49).text(layout)));
+    EXPECT_EQ(model.hotKeyProblem(), L("shortcut.taken", Shortcut(49, Shortcut::option).text(layout)));
     EXPECT_EQ(listenKey, QKeySequence(QStringLiteral("Alt+Space")));
     grabber->refuses = false;
-    shortcuts.setListen(Shortcut::ctrlOpt(40));
+    shortcuts.setListen(Shortcut(40, controlOption));
     EXPECT_EQ(model.hotKeyProblem(), std::nullopt);
 }
 
@@ -140,7 +142,7 @@ TEST_F(KeyBindingsTest, ShowsEveryKindOfKeyInTheMenu) {
 }
 
 TEST_F(KeyBindingsTest, KeepsItsKeysAndNamesThemAnewWhenAnotherLayoutIsActive) {
-    shortcuts.setListen(Shortcut::ctrlOpt(40));
+    shortcuts.setListen(Shortcut(40, controlOption));
     bindings.start();
     bindings.setStopNeeded(true);
     const int grabs = grabber->grabs;
@@ -154,7 +156,7 @@ TEST_F(KeyBindingsTest, KeepsItsKeysAndNamesThemAnewWhenAnotherLayoutIsActive) {
 }
 
 TEST_F(KeyBindingsTest, NamesTheKeyThatWasRefusedAnewAndDoesNotTakeItWhenAnotherLayoutIsActive) {
-    shortcuts.setListen(Shortcut::ctrlOpt(40));
+    shortcuts.setListen(Shortcut(40, controlOption));
     grabber->refuses = true;
     bindings.start();
     EXPECT_EQ(model.hotKeyProblem(), L("shortcut.taken", QStringLiteral("⌃⌥K")));

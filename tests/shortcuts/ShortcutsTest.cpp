@@ -15,6 +15,8 @@ using namespace palomet;
 
 namespace {
 
+constexpr quint64 controlOption = Shortcut::control | Shortcut::option;
+
 class ShortcutsTest : public testing::Test {
 protected:
     /// The stored text, read by another reader.
@@ -42,7 +44,7 @@ protected:
 
 TEST_F(ShortcutsTest, AreOptionSpaceAndEscapeAtFirstAndWrittenAtOnce) {
     open();
-    EXPECT_EQ(shortcuts->listen(), Shortcut::opt(49));
+    EXPECT_EQ(shortcuts->listen(), Shortcut(49, Shortcut::option));
     EXPECT_EQ(shortcuts->stop(), Shortcut(53, 0));
     EXPECT_FALSE(shortcuts->isPaused());
     EXPECT_EQ(stored("listenShortcut"), optionSpace);
@@ -51,7 +53,7 @@ TEST_F(ShortcutsTest, AreOptionSpaceAndEscapeAtFirstAndWrittenAtOnce) {
 
 TEST_F(ShortcutsTest, AreInTheFileAsSoonAsTheyAreSet) {
     open();
-    shortcuts->setListen(Shortcut::opt(11));
+    shortcuts->setListen(Shortcut(11, Shortcut::option));
     QFile file(path);
     ASSERT_TRUE(file.open(QFile::ReadOnly));
     EXPECT_TRUE(file.readAll().contains("11"));
@@ -63,7 +65,7 @@ TEST_F(ShortcutsTest, ThatWereClearedReturnAtTheNextStart) {
     EXPECT_EQ(stored("listenShortcut"), QStringLiteral("none"));
     EXPECT_EQ(shortcuts->listen(), std::nullopt);
     open();
-    EXPECT_EQ(shortcuts->listen(), Shortcut::opt(49));
+    EXPECT_EQ(shortcuts->listen(), Shortcut(49, Shortcut::option));
     EXPECT_EQ(stored("listenShortcut"), optionSpace);
 }
 
@@ -73,17 +75,17 @@ TEST_F(ShortcutsTest, StoredAsGarbageAreReplacedByTheDefaultAtOnce) {
                                 QStringLiteral("{\"keyCode\":\"49\",\"flags\":0}")}) {
         store("listenShortcut", garbage);
         open();
-        EXPECT_EQ(shortcuts->listen(), Shortcut::opt(49));
+        EXPECT_EQ(shortcuts->listen(), Shortcut(49, Shortcut::option));
         EXPECT_EQ(stored("listenShortcut"), optionSpace);
     }
 }
 
 TEST_F(ShortcutsTest, AreReadBackAsTheyWereSet) {
     open();
-    shortcuts->setListen(Shortcut::ctrlOpt(40));
+    shortcuts->setListen(Shortcut(40, controlOption));
     shortcuts->setStop(Shortcut(96, 0));
     open();
-    EXPECT_EQ(shortcuts->listen(), Shortcut::ctrlOpt(40));
+    EXPECT_EQ(shortcuts->listen(), Shortcut(40, controlOption));
     EXPECT_EQ(shortcuts->stop(), Shortcut(96, 0));
 }
 
@@ -144,9 +146,9 @@ TEST_F(ShortcutsTest, AreAnnouncedThenSavedThenReported) {
 TEST_F(ShortcutsTest, WorkWithASettingsFileThatCannotBeWritten) {
     ASSERT_TRUE(QDir().mkpath(path)); // A folder stands in its place.
     open();
-    EXPECT_EQ(shortcuts->listen(), Shortcut::opt(49));
-    shortcuts->setListen(Shortcut::ctrlOpt(40));
-    EXPECT_EQ(shortcuts->listen(), Shortcut::ctrlOpt(40));
+    EXPECT_EQ(shortcuts->listen(), Shortcut(49, Shortcut::option));
+    shortcuts->setListen(Shortcut(40, controlOption));
+    EXPECT_EQ(shortcuts->listen(), Shortcut(40, controlOption));
     EXPECT_TRUE(QDir(path).exists());
 }
 
@@ -166,9 +168,9 @@ TEST_F(ShortcutsTest, OfAFileThatIsNoneAreTheDefault) {
     file.write(nonsense);
     file.close();
     open();
-    EXPECT_EQ(shortcuts->listen(), Shortcut::opt(49));
-    shortcuts->setListen(Shortcut::ctrlOpt(40));
-    EXPECT_EQ(shortcuts->listen(), Shortcut::ctrlOpt(40));
+    EXPECT_EQ(shortcuts->listen(), Shortcut(49, Shortcut::option));
+    shortcuts->setListen(Shortcut(40, controlOption));
+    EXPECT_EQ(shortcuts->listen(), Shortcut(40, controlOption));
 }
 
 TEST_F(ShortcutsTest, OfAFileThatMayOnlyBeReadAreReadAndTheFileStaysAsItIs) {
@@ -189,8 +191,8 @@ TEST_F(ShortcutsTest, OfAFileThatMayOnlyBeReadAreReadAndTheFileStaysAsItIs) {
             exit(2);
         open();
         const bool isRead = shortcuts->listen() == Shortcut(40, Shortcut::control);
-        shortcuts->setListen(Shortcut::ctrlOpt(41));
-        exit(isRead && shortcuts->listen() == Shortcut::ctrlOpt(41) ? 0 : 1);
+        shortcuts->setListen(Shortcut(41, controlOption));
+        exit(isRead && shortcuts->listen() == Shortcut(41, controlOption) ? 0 : 1);
     };
     EXPECT_EXIT(openAsNobody(), ::testing::ExitedWithCode(0), "");
     EXPECT_EQ(content(), before);

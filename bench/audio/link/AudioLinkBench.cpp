@@ -189,13 +189,14 @@ void measureAll(const QByteArray &clip, int rounds) {
             .makeEchoCanceller =
                 [] { return Result(std::unique_ptr<EchoCanceller>(std::make_unique<test::PassingEchoCanceller>())); },
             .chimeFile = {}});
+        auto &onPCM = io->onPCM;
         link = std::make_unique<AudioLink>(AudioLink::Parts{.io = std::move(io),
                                                             .scheduler = *scheduler,
                                                             .makeWakeup = makeWakeup,
                                                             .note = [](const QString &) {},
                                                             .url = peer.url()});
-        const auto send = link->io().onPCM;
-        link->io().onPCM = [&chunkBegan, send](PcmSamples samples) {
+        const auto send = onPCM;
+        onPCM = [&chunkBegan, send](PcmSamples samples) {
             chunkBegan = Clock::now();
             send(samples);
         };

@@ -204,7 +204,7 @@ TEST_F(AudioLinkTest, FramesAndReportsReachTheBackendWhileTheMainThreadIsBusy) {
     make(url);
     link->start();
     ASSERT_TRUE(test::eventually([&] { return greetings == 1; }));
-    link->io().play({1, 1}, "1000", QStringLiteral("mp3"));
+    audio->play({1, 1}, "1000", QStringLiteral("mp3"));
     ASSERT_TRUE(speakers.playUntilSound());
     std::thread realTime([&] {
         speakers.pull(4800);

@@ -29,6 +29,7 @@ struct AudioLinkTest : testing::Test {
     QStringList notes;
     std::mutex formatsMutex;
     QStringList formats;
+    AudioIO *audio = nullptr; ///< The link's.
     std::unique_ptr<AudioLink> link;
 
     void make(const QUrl &url) {
@@ -40,6 +41,7 @@ struct AudioLinkTest : testing::Test {
                 [this] { return Result(std::unique_ptr<EchoCanceller>(std::make_unique<FakeEchoCanceller>(calls))); },
             .decode = [this](const QByteArray &data, const QString &format) { return decode(data, format); },
             .chimeFile = folder.filePath(QStringLiteral("chime.aiff"))});
+        audio = io.get();
         link = std::make_unique<AudioLink>(
             AudioLink::Parts{.io = std::move(io),
                              .scheduler = scheduler,

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "base/OnThread.h"
+
 #include <atomic>
 #include <cstddef>
 #include <memory>
@@ -9,7 +11,8 @@
 namespace palomet {
 
 /// A fixed queue between exactly one producing and one consuming thread. Neither side locks, allocates or waits: what
-/// does not fit is not taken, what is not there is not given. Positions only grow; each thread writes its own.
+/// does not fit is not taken, what is not there is not given. Positions only grow; each thread writes its own. Where
+/// assertions are on, a third thread is caught.
 template <typename Item>
 class SpscRing {
     static_assert(std::is_trivially_copyable_v<Item>, "items are copied between threads as bytes");
@@ -28,6 +31,7 @@ public:
 
     /// Producer. Takes all of `items`, or none when they do not fit.
     bool push(std::span<const Item> items) noexcept {
+        m_producer.check();
         const auto written = m_written.load(std::memory_order_relaxed);
         if (items.size() > capacity() - (written - m_read.load(std::memory_order_acquire)))
             return false;
@@ -40,6 +44,7 @@ public:
 
     /// Consumer. Gives up to `items.size()` items and returns how many.
     std::size_t pop(std::span<Item> items) noexcept {
+        m_consumer.check();
         const auto read = m_read.load(std::memory_order_relaxed);
         const auto available = m_written.load(std::memory_order_acquire) - read;
         const auto count = items.size() < available ? items.size() : available;
@@ -50,14 +55,17 @@ public:
     }
     bool pop(Item &item) noexcept { return pop(std::span<Item>(&item, 1)) == 1; }
 
-    /// Either side; a moment later it may be more (seen by the consumer) or less (seen by the producer).
-    [[nodiscard]] std::size_t size() const noexcept {
-        return m_written.load(std::memory_order_acquire) - m_read.load(std::memory_order_acquire);
+    /// Both threads have done with it, and others may follow.
+    void handOver() noexcept {
+        m_producer.release();
+        m_consumer.release();
     }
 
 private:
     std::unique_ptr<Item[]> m_items;
     std::size_t m_mask = 0;
+    [[no_unique_address]] OnThread m_producer;
+    [[no_unique_address]] OnThread m_consumer;
     // On cache lines of their own, so that the two threads do not take turns at one.
     alignas(64) std::atomic<std::size_t> m_written{0};
     alignas(64) std::atomic<std::size_t> m_read{0};

@@ -7,6 +7,8 @@
 namespace palomet {
 
 SpeechMixer::~SpeechMixer() {
+    m_submitted.handOver();
+    m_finished.handOver();
     while (m_writtenCount > 0)
         finishFirstWritten();
     while (takeFinished()) {

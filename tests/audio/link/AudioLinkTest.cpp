@@ -1,5 +1,6 @@
 #include "tests/audio/link/AudioLinkTest.h"
 
+#include <atomic>
 #include <semaphore>
 #include <thread>
 
@@ -205,8 +206,10 @@ TEST_F(AudioLinkTest, FramesAndReportsReachTheBackendWhileTheMainThreadIsBusy) {
     link->start();
     ASSERT_TRUE(test::eventually([&] { return greetings == 1; }));
     audio->play({1, 1}, "1000", QStringLiteral("mp3"));
-    ASSERT_TRUE(speakers.playUntilSound());
+    std::atomic<bool> isOver = false;
     std::thread realTime([&] {
+        while (!speakers.isSounding() && !isOver)
+            std::this_thread::yield();
         speakers.pull(4800);
         speakers.hearAll();
         for (int i = 0; i < 50; ++i) {
@@ -217,6 +220,7 @@ TEST_F(AudioLinkTest, FramesAndReportsReachTheBackendWhileTheMainThreadIsBusy) {
     });
     // This thread runs no event loop here.
     EXPECT_TRUE(hasHeardEnough.try_acquire_for(20s));
+    isOver = true;
     realTime.join();
 
     QMetaObject::invokeMethod(

@@ -70,10 +70,7 @@ AppDelegate::AppDelegate(Surroundings surroundings)
     connect(&m_statusMenu, &StatusMenu::quitRequested, this, &AppDelegate::applicationShouldTerminate);
 }
 
-AppDelegate::~AppDelegate() {
-    m_surroundings.trayHost->onChange = [] {};
-    m_surroundings.look->onChange = [] {};
-}
+AppDelegate::~AppDelegate() = default;
 
 AdmitPeer AppDelegate::admitPeer() {
     return [this](quint16 port, quint16 from) { return m_peerCheck.admits(port, from); };
@@ -102,8 +99,10 @@ void AppDelegate::applicationDidFinishLaunching() {
 }
 
 void AppDelegate::setUpMenuBar() {
-    m_surroundings.look->onChange = [this] { lookChanged(); };
-    m_surroundings.trayHost->onChange = [this] { trayHostChanged(); };
+    m_connections = {
+        m_surroundings.look->onChange.connect([this] { lookChanged(); }),
+        m_surroundings.trayHost->onChange.connect([this] { trayHostChanged(); }),
+    };
     lookChanged();
     trayHostChanged();
 }

@@ -22,6 +22,7 @@
 #include <QSettings>
 #include <QUrl>
 
+#include <array>
 #include <memory>
 #include <optional>
 
@@ -118,7 +119,8 @@ private:
     std::unique_ptr<SettingsWindow> m_window;
     Stage m_stage = Stage::Launching;
     bool m_isStrangerUnnoted = false;
-    bool m_isTrayHostSettled = false; ///< There was one, or it was said that there is none.
+    bool m_isTrayHostSettled = false;        ///< There was one, or it was said that there is none.
+    std::array<Connection, 2> m_connections; ///< Last: nothing is called once an end has begun.
 };
 
 } // namespace palomet

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <functional>
+#include "base/Callback.h"
 
 namespace palomet {
 
@@ -20,7 +20,7 @@ public:
     [[nodiscard]] virtual bool isContrastRaised() const = 0;
 
     /// Any of it is otherwise now. From the event loop.
-    std::function<void()> onChange = [] {};
+    Callback<void()> onChange;
 };
 
 } // namespace palomet

@@ -32,15 +32,11 @@ int toolkitKey(char16_t character) {
 
 KeyBindings::KeyBindings(const Parts &parts)
     : m_parts(parts) {
-    m_parts.shortcuts.onChange = [this] { registerShortcuts(); };
+    m_shortcutsChange = m_parts.shortcuts.onChange.connect([this] { registerShortcuts(); });
     connect(&m_parts.layout, &KeyboardLayout::changed, this, &KeyBindings::nameKeys);
     connect(&m_parts.hotKeys, &HotKeys::refused, this, &KeyBindings::reportRefusal);
     connect(&m_parts.hotKeys, &HotKeys::granted, this, &KeyBindings::registerShortcuts);
     connect(&m_parts.hotKeys, &HotKeys::triggersChanged, this, &KeyBindings::nameKeys);
-}
-
-KeyBindings::~KeyBindings() {
-    m_parts.shortcuts.onChange = [] {};
 }
 
 void KeyBindings::start() {

@@ -31,7 +31,6 @@ public:
 
     /// Nothing is registered before `start`. All parts outlive this.
     explicit KeyBindings(const Parts &parts);
-    ~KeyBindings() override;
 
     void start();
 
@@ -52,6 +51,7 @@ private:
     void reportRefusal(quint32 id);
 
     Parts m_parts;
+    Connection m_shortcutsChange;
     bool m_isStopNeeded = false;
 };
 

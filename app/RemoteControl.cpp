@@ -29,19 +29,15 @@ constexpr std::array actions{
 RemoteControl::RemoteControl(RemoteService &service, PalometModel &model)
     : m_service(service)
     , m_model(model) {
-    m_service.onCommand = [this](const RemoteCommand &command) { return perform(command); };
-    m_service.onActivate = [this] { onOpen(std::nullopt); };
-    m_service.onReplaced = [this] { onReplaced(); };
+    m_connections = {
+        m_service.onCommand.connect([this](const RemoteCommand &command) { return perform(command); }),
+        m_service.onActivate.connect([this] { onOpen(std::nullopt); }),
+        m_service.onReplaced.connect([this] { onReplaced(); }),
+    };
     connect(&m_model, &PalometModel::snapshotChanged, this, &RemoteControl::publish);
     connect(&m_model, &PalometModel::isMicAuthorizedChanged, this, &RemoteControl::publish);
     connect(&m_model, &PalometModel::hotKeyProblemChanged, this, &RemoteControl::publish);
     publish();
-}
-
-RemoteControl::~RemoteControl() {
-    m_service.onCommand = nullptr;
-    m_service.onActivate = nullptr;
-    m_service.onReplaced = nullptr;
 }
 
 RemoteOutcome RemoteControl::perform(const RemoteCommand &command) {

@@ -1,9 +1,11 @@
 #pragma once
 
+#include "base/Callback.h"
 #include "command/RemoteService.h"
 
 #include <QObject>
 
+#include <array>
 #include <functional>
 
 namespace palomet {
@@ -17,13 +19,12 @@ class RemoteControl final : public QObject {
 public:
     /// `service` and `model` outlive this.
     RemoteControl(RemoteService &service, PalometModel &model);
-    ~RemoteControl() override;
 
     /// Opens the window, on a pane if one is named; whether there is such a window.
-    std::function<bool(const std::optional<QString> &pane)> onOpen = [](const auto &) { return false; };
-    std::function<void()> onQuit = [] {};
+    Callback<bool(const std::optional<QString> &pane)> onOpen;
+    Callback<void()> onQuit;
     /// Another instance is the one that runs now.
-    std::function<void()> onReplaced = [] {};
+    Callback<void()> onReplaced;
 
 private:
     RemoteOutcome perform(const RemoteCommand &command);
@@ -32,6 +33,7 @@ private:
 
     RemoteService &m_service;
     PalometModel &m_model;
+    std::array<Connection, 3> m_connections;
 };
 
 } // namespace palomet

@@ -32,9 +32,11 @@ AudioIO::AudioIO(Parts parts)
     m_speechWatch.onNote = [this](const QString &line) { onNote(line); };
     m_speechWatch.onEnd = [this] { updatePlayback(); };
 
-    m_server.onDevicesTold = [this] { m_microphone.devicesTold(); };
-    m_server.onConfigurationChange = [this] { m_microphone.configurationChanged(); };
-    m_server.onServerLost = [this] { serverLost(); };
+    m_connections = {
+        m_server.onDevicesTold.connect([this] { m_microphone.devicesTold(); }),
+        m_server.onConfigurationChange.connect([this] { m_microphone.configurationChanged(); }),
+        m_server.onServerLost.connect([this] { serverLost(); }),
+    };
     m_server.start(m_engine);
 }
 
@@ -43,9 +45,7 @@ AudioIO::~AudioIO() {
 }
 
 void AudioIO::close() {
-    m_server.onDevicesTold = {};
-    m_server.onConfigurationChange = {};
-    m_server.onServerLost = {};
+    m_connections = {};
     m_speechWatch.end();
     m_microphone.close();
     m_server.closePlayback();

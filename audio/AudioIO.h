@@ -5,11 +5,13 @@
 #include "audio/capture/Microphone.h"
 #include "audio/speech/SpeechPlayer.h"
 #include "audio/speech/SpeechWatch.h"
+#include "base/Callback.h"
 #include "base/Scheduler.h"
 #include "base/Wakeup.h"
 
 #include <QObject>
 
+#include <array>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -49,13 +51,13 @@ public:
     /// no waiting.
     std::function<void(PcmSamples)> onPCM = [](PcmSamples) {};
     /// A clip was heard to its end (on the thread of `startReporting`), was stopped or failed (main thread).
-    std::function<void(ClipId id)> onPlayed = [](ClipId) {};
+    Callback<void(ClipId id)> onPlayed;
     /// A line for the log.
-    std::function<void(const QString &line)> onNote = [](const QString &) {};
+    Callback<void(const QString &line)> onNote;
     /// The microphone was opened; the name of the input device in use.
-    std::function<void(const QString &deviceName)> onConfigured = [](const QString &) {};
+    Callback<void(const QString &deviceName)> onConfigured;
     /// `deviceName` is another.
-    std::function<void(const QString &deviceName)> onDeviceName = [](const QString &) {};
+    Callback<void(const QString &deviceName)> onDeviceName;
 
     /// Whether the desktop's default input may be changed to the wanted device.
     bool selectsDevice = true;
@@ -110,6 +112,7 @@ private:
     void updatePlayback();
 
     SoundServer &m_server;
+    std::array<Connection, 3> m_connections; ///< To the server, until `close`.
     const WakeupFactory m_makeWakeup;
     const QString m_chimeFile;
     Microphone m_microphone;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/Callback.h"
 #include "base/Result.h"
 
 #include <QString>
@@ -89,20 +90,20 @@ public:
 
     /// The devices are known, after the server was reached and before what was asked for meanwhile is opened. Set
     /// before `start`.
-    std::function<void()> onDevicesTold;
+    Callback<void()> onDevicesTold;
 
     /// The input devices or the default input changed from outside, the open microphone was moved, speech comes out of
     /// other speakers than before, or the server came back. A flood of events is one call. Set before `start`.
-    std::function<void()> onConfigurationChange;
+    Callback<void()> onConfigurationChange;
 
     /// The server is gone, and with it both streams and every sample that they held. Set before `start`.
-    std::function<void()> onServerLost;
+    Callback<void()> onServerLost;
 
     /// Access to the microphone was refused by the server. Set before `start`.
-    std::function<void()> onAccessDenied;
+    Callback<void()> onAccessDenied;
 
     /// The microphone was opened, after access to it had been refused. Set before `start`.
-    std::function<void()> onAccessGranted;
+    Callback<void()> onAccessGranted;
 };
 
 } // namespace palomet

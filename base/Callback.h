@@ -48,7 +48,7 @@ public:
     }
 
     Outcome operator()(Arguments... arguments) const {
-        if (const auto receiver = m_receiver.lock())
+        if (const auto receiver = m_receiver.lock(); receiver && *receiver)
             return (*receiver)(std::forward<Arguments>(arguments)...);
         return Outcome();
     }

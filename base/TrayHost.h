@@ -1,6 +1,6 @@
 #pragma once
 
-#include <functional>
+#include "base/Callback.h"
 
 namespace palomet {
 
@@ -22,7 +22,7 @@ public:
     [[nodiscard]] virtual Status status() const = 0;
 
     /// The status is another. From the event loop.
-    std::function<void()> onChange = [] {};
+    Callback<void()> onChange;
 };
 
 } // namespace palomet

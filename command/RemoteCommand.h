@@ -17,9 +17,9 @@ struct RemoteCommand {
 
 /// The outcome of a command.
 enum class RemoteOutcome {
-    Done,
     Unknown, ///< There is no such action, or its text is not right.
-    Busy,    ///< Too many commands are on their way to the backend.
+    Done,
+    Busy, ///< Too many commands are on their way to the backend.
 };
 
 } // namespace palomet

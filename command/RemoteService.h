@@ -1,9 +1,8 @@
 #pragma once
 
+#include "base/Callback.h"
 #include "command/RemoteCommand.h"
 #include "command/RemoteStatus.h"
-
-#include <functional>
 
 namespace palomet {
 
@@ -28,14 +27,14 @@ public:
     virtual void publish(const RemoteStatus &status) = 0;
 
     /// Carries a command out. Set before `claim`.
-    std::function<RemoteOutcome(const RemoteCommand &)> onCommand;
+    Callback<RemoteOutcome(const RemoteCommand &)> onCommand;
 
     /// Somebody wants to see the program. Set before `claim`.
-    std::function<void()> onActivate;
+    Callback<void()> onActivate;
 
     /// The bus has ended, another one has come, and on that one another instance was there first: that is the one
     /// running instance now. Set before `claim`.
-    std::function<void()> onReplaced;
+    Callback<void()> onReplaced;
 };
 
 } // namespace palomet

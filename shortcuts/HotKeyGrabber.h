@@ -1,9 +1,10 @@
 #pragma once
 
+#include "base/Callback.h"
+
 #include <QString>
 #include <QtGlobal>
 
-#include <functional>
 #include <vector>
 
 namespace palomet {
@@ -50,16 +51,16 @@ public:
     virtual void release(quint32 id) = 0;
 
     /// A combination was pressed, once however long it is held. Called from the event loop.
-    std::function<void(quint32 id)> onPressed = [](quint32) {};
+    Callback<void(quint32 id)> onPressed;
 
     /// A combination that seemed taken was refused after all.
-    std::function<void(quint32 id)> onRefused = [](quint32) {};
+    Callback<void(quint32 id)> onRefused;
 
     /// The desktop's user has chosen keys for a hot key that is not held, perhaps after a refusal: it can be grabbed.
-    std::function<void(quint32 id)> onGranted = [](quint32) {};
+    Callback<void(quint32 id)> onGranted;
 
     /// The desktop's user has chosen other keys, or they are not known any more: `trigger` tells.
-    std::function<void()> onTriggersChanged = [] {};
+    Callback<void()> onTriggersChanged;
 };
 
 /// Where a desktop has no way: everything is refused, and the command line is left.

@@ -1,10 +1,10 @@
 #pragma once
 
+#include "base/Callback.h"
 #include "shortcuts/Shortcut.h"
 
 #include <QObject>
 
-#include <functional>
 #include <optional>
 
 class QSettings;
@@ -44,7 +44,7 @@ public:
     void setGranted(const QString &listen, const QString &stop);
 
     /// The owner's, called after every change of any of the three.
-    std::function<void()> onChange = [] {};
+    Callback<void()> onChange;
 
 Q_SIGNALS:
     void listenChanged();

@@ -2,6 +2,7 @@
 
 #include "audio/SoundServer.h"
 #include "audio/echo/EchoCanceller.h"
+#include "base/Callback.h"
 #include "base/Scheduler.h"
 
 #include <QObject>
@@ -36,17 +37,17 @@ public:
 
     // Set before anything else is called.
     /// The samples that follow go through this canceller; none: no samples follow. While the microphone is closed.
-    std::function<void(std::unique_ptr<EchoCanceller> canceller)> onCanceller;
+    Callback<void(std::unique_ptr<EchoCanceller> canceller)> onCanceller;
     /// An attempt has ended or the microphone was released, and nobody else was told yet.
-    std::function<void()> onChange;
+    Callback<void()> onChange;
     /// A line for the log.
-    std::function<void(const QString &line)> onNote;
+    Callback<void(const QString &line)> onNote;
     /// The microphone was opened; the name of the input device in use.
-    std::function<void(const QString &deviceName)> onConfigured;
+    Callback<void(const QString &deviceName)> onConfigured;
     /// `deviceName` is another.
-    std::function<void(const QString &deviceName)> onDeviceName;
+    Callback<void(const QString &deviceName)> onDeviceName;
     /// Whether the desktop's default input may be changed to the wanted device.
-    std::function<bool()> selectsDevice;
+    Callback<bool()> selectsDevice;
 
     /// Opens the microphone, trying every two seconds until it is open, and from then on follows the desktop's changes.
     /// `firstAttemptEnded` is called once.

@@ -4,6 +4,7 @@
 #include "audio/link/LinkMessageReader.h"
 #include "audio/link/WebSocket.h"
 #include "audio/speech/ClipId.h"
+#include "base/Callback.h"
 #include "base/PeerCheck.h"
 #include "base/SpscRing.h"
 #include "base/Wakeup.h"
@@ -15,7 +16,6 @@
 
 #include <array>
 #include <chrono>
-#include <functional>
 #include <memory>
 
 namespace palomet {
@@ -42,7 +42,7 @@ public:
                AdmitPeer admit = admitEverybody);
 
     /// Set before `prepare`. Called on the object's thread; `connection` is never the same for two of them.
-    std::function<void(link::Message, quint64 connection)> onMessage;
+    Callback<void(link::Message, quint64 connection)> onMessage;
 
     /// The real-time thread, from `prepare` until `close`: one chunk of the microphone.
     void offer(PcmSamples samples) noexcept;

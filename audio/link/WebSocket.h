@@ -1,13 +1,12 @@
 #pragma once
 
 #include "audio/link/WebSocketReader.h"
+#include "base/Callback.h"
 
 #include <QByteArray>
 #include <QObject>
 #include <QTcpSocket>
 #include <QUrl>
-
-#include <functional>
 
 namespace palomet {
 
@@ -22,11 +21,11 @@ public:
     static constexpr qint64 maximumWaitingBytes = qint64{4} * 1024 * 1024;
 
     /// Set before `open`. None is called from within `open`.
-    std::function<void()> onOpen;
-    std::function<void(QByteArrayView piece)> onText; ///< More of a text message; binary ones are passed over.
-    std::function<void()> onTextEnd;                  ///< The message is complete.
+    Callback<void()> onOpen;
+    Callback<void(QByteArrayView piece)> onText; ///< More of a text message; binary ones are passed over.
+    Callback<void()> onTextEnd;                  ///< The message is complete.
     /// Refused, closed or broken; called once. It may be this object that calls: delete it later.
-    std::function<void()> onEnd;
+    Callback<void()> onEnd;
 
     WebSocket();
     ~WebSocket() override;

@@ -1,9 +1,10 @@
 #pragma once
 
+#include "base/Callback.h"
+
 #include <QByteArrayView>
 
 #include <array>
-#include <functional>
 
 namespace palomet {
 
@@ -12,9 +13,9 @@ namespace palomet {
 class WebSocketReader {
 public:
     /// Called from within `read`. Set before.
-    std::function<void(QByteArrayView piece)> onText = [](QByteArrayView) {}; ///< More of a text message.
-    std::function<void()> onTextEnd = [] {};                                  ///< The message is complete.
-    std::function<void(QByteArrayView payload)> onPing = [](QByteArrayView) {};
+    Callback<void(QByteArrayView piece)> onText; ///< More of a text message.
+    Callback<void()> onTextEnd;                  ///< The message is complete.
+    Callback<void(QByteArrayView payload)> onPing;
 
     /// The next bytes of the stream. False when the server has closed it, or breaks the protocol: there is nothing
     /// more to read then, and messages that were not complete are void.

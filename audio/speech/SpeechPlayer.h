@@ -3,8 +3,8 @@
 #include "audio/speech/ClipId.h"
 #include "audio/speech/SpeechDecoder.h"
 #include "audio/speech/SpeechMixer.h"
+#include "base/Callback.h"
 
-#include <functional>
 #include <mutex>
 #include <set>
 
@@ -22,11 +22,11 @@ public:
     /// The callbacks are set before the first clip, and never called with the lock held.
     /// A clip is over. From `stop` on the main thread, from `collect` on its thread; never for a negative
     /// number.
-    std::function<void(ClipId id)> onPlayed;
+    Callback<void(ClipId id)> onPlayed;
     /// A clip is not going to sound, for this reason, and is over with that. On the decoding thread, or from `play`.
-    std::function<void(ClipId id, const QString &reason)> onFailed;
+    Callback<void(ClipId id, const QString &reason)> onFailed;
     /// No clip is inside the mixer any more. From `collect`.
-    std::function<void()> onQuiet;
+    Callback<void()> onQuiet;
 
     void play(ClipId id, QByteArray data, QString extension);
     void stop();

@@ -1,11 +1,11 @@
 #pragma once
 
+#include "base/Callback.h"
 #include "base/Scheduler.h"
 
 #include <QString>
 
 #include <cstdint>
-#include <functional>
 
 namespace palomet {
 
@@ -24,9 +24,9 @@ public:
 
     // Set before `begin`.
     /// A line for the log.
-    std::function<void(const QString &line)> onNote;
+    Callback<void(const QString &line)> onNote;
     /// Nothing is pending any more: it was played, or was given up.
-    std::function<void()> onEnd;
+    Callback<void()> onEnd;
 
     /// Watches until nothing is pending. While it does so already, this changes nothing.
     void begin();

@@ -94,7 +94,7 @@ void DBusRemoteService::lookForBus() {
         return;
     m_retry.stop();
     m_bus = *bus;
-    if (takeName() == Claim::Taken && onReplaced)
+    if (takeName() == Claim::Taken)
         onReplaced();
 }
 
@@ -136,9 +136,8 @@ bool DBusRemoteService::handleApplication(const QDBusMessage &message) {
     // There are no documents to open: whoever asks for one sees the window.
     if (message.member() == QStringLiteral("Activate") || message.member() == QStringLiteral("Open")) {
         m_bus.send(message.createReply());
-        if (onActivate)
-            QMetaObject::invokeMethod(
-                this, [this] { onActivate(); }, Qt::QueuedConnection);
+        QMetaObject::invokeMethod(
+            this, [this] { onActivate(); }, Qt::QueuedConnection);
         return true;
     }
     if (message.member() != QStringLiteral("ActivateAction"))
@@ -159,10 +158,7 @@ bool DBusRemoteService::handleApplication(const QDBusMessage &message) {
 void DBusRemoteService::answerLater(const QDBusMessage &message, const RemoteCommand &command) {
     // From the event loop: a command may end the program, or open a window that runs the loop itself.
     QMetaObject::invokeMethod(
-        this,
-        [this, message, command] {
-            m_bus.send(answer(message, command.action, onCommand ? onCommand(command) : RemoteOutcome::Unknown));
-        },
+        this, [this, message, command] { m_bus.send(answer(message, command.action, onCommand(command))); },
         Qt::QueuedConnection);
 }
 

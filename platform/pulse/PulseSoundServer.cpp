@@ -95,7 +95,7 @@ void PulseSoundServer::connectionEnded(int error) {
         finishOpening(isRefused ? accessRefused() : noServer());
     if (isRefused)
         reportRefusal();
-    if (isLost && onServerLost)
+    if (isLost)
         onServerLost();
 }
 
@@ -145,14 +145,13 @@ void PulseSoundServer::devicesTold(const std::optional<PulseDevices> &devices) {
     if (m_link == Link::Connecting) {
         m_link = Link::Ready;
         isChanged = std::exchange(m_wasAway, false);
-        if (onDevicesTold)
-            onDevicesTold();
+        onDevicesTold();
         if (m_isPlaybackWanted)
             startPlayback();
         if (m_opening)
             startCapture();
     }
-    if (isChanged && onConfigurationChange)
+    if (isChanged)
         onConfigurationChange();
 }
 
@@ -169,7 +168,7 @@ void PulseSoundServer::setDefaultInput(const QString &id) {
     m_default.expect(id);
     lookAtDevices();
     m_settling = m_scheduler.after(ownDefaultLimit, [this] {
-        if (m_default.settle() && onConfigurationChange)
+        if (m_default.settle())
             onConfigurationChange();
     });
 }
@@ -219,14 +218,13 @@ void PulseSoundServer::startCapture() {
 
 void PulseSoundServer::captureOpened() {
     finishOpening(std::nullopt);
-    if (std::exchange(m_isRefused, false) && onAccessGranted)
+    if (std::exchange(m_isRefused, false))
         onAccessGranted();
 }
 
 void PulseSoundServer::reportRefusal() {
     m_isRefused = true;
-    if (onAccessDenied)
-        onAccessDenied();
+    onAccessDenied();
 }
 
 void PulseSoundServer::captureEnded(PulseCapture::Ending ending, int error) {

@@ -104,8 +104,7 @@ public:
         isAlive = false;
         m_isPlaybackOpen = false;
         m_isCaptureOpen = false;
-        if (onServerLost)
-            onServerLost();
+        onServerLost();
         finishOpening(Failure{QStringLiteral("no server")});
     }
 
@@ -114,10 +113,7 @@ public:
         change();
     }
 
-    void change() {
-        if (onConfigurationChange)
-            onConfigurationChange();
-    }
+    void change() { onConfigurationChange(); }
 
 private:
     SoundStreams *m_streams = nullptr;

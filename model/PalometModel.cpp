@@ -189,6 +189,7 @@ void PalometModel::setHotKeyProblem(std::optional<QString> problem) {
 
 template <typename Value>
 void PalometModel::change(Value &field, Value value, void (PalometModel::*changed)()) {
+    m_mainThread.check();
     if (field == value)
         return;
     field = std::move(value);
@@ -228,6 +229,7 @@ void PalometModel::clearDraft() {
 }
 
 void PalometModel::post(const QString &path, const std::optional<QByteArray> &body) {
+    m_mainThread.check();
     m_http.post(path, body, commandTimeout, [this] { refresh(); });
 }
 

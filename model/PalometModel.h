@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/OnThread.h"
 #include "model/DocumentFetcher.h"
 #include "model/Documents.h"
 #include "model/EventStream.h"
@@ -132,6 +133,7 @@ private:
     void change(Value &field, Value value, void (PalometModel::*changed)());
 
     const bool m_hasBackend;
+    [[no_unique_address]] OnThread m_mainThread;
     Scheduler &m_scheduler;
     const MicrophonePermission &m_permission;
 

@@ -18,6 +18,7 @@ HotKeys::HotKeys(std::unique_ptr<HotKeyGrabber> grabber)
 HotKeys::~HotKeys() = default;
 
 bool HotKeys::registerHotKey(quint32 id, qint64 keyCode, qint64 modifiers, std::function<void()> action) {
+    m_mainThread.check();
     if (m_actions.contains(id))
         return true;
     constexpr qint64 limit = std::numeric_limits<quint32>::max();
@@ -30,11 +31,13 @@ bool HotKeys::registerHotKey(quint32 id, qint64 keyCode, qint64 modifiers, std::
 }
 
 void HotKeys::unregisterHotKey(quint32 id) {
+    m_mainThread.check();
     if (m_actions.erase(id) != 0)
         m_grabber->release(id);
 }
 
 void HotKeys::pressed(quint32 id) {
+    m_mainThread.check();
     // Looked up when it runs, not now: what was unregistered in between must not run.
     QMetaObject::invokeMethod(
         this,

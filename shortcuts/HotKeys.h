@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/OnThread.h"
 #include "shortcuts/HotKeyGrabber.h"
 
 #include <QObject>
@@ -47,6 +48,7 @@ Q_SIGNALS:
 private:
     void pressed(quint32 id);
 
+    [[no_unique_address]] OnThread m_mainThread;
     std::unique_ptr<HotKeyGrabber> m_grabber;
     std::map<quint32, std::function<void()>> m_actions;
 };

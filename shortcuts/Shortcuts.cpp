@@ -41,6 +41,7 @@ void Shortcuts::setStop(std::optional<Shortcut> shortcut) {
 }
 
 void Shortcuts::setPaused(bool isPaused) {
+    m_mainThread.check();
     m_isPaused = isPaused;
     onChange();
 }
@@ -54,6 +55,7 @@ void Shortcuts::setGranted(const QString &listen, const QString &stop) {
 }
 
 void Shortcuts::save(const QString &key, const std::optional<Shortcut> &shortcut) {
+    m_mainThread.check();
     m_settings.setValue(key, shortcut ? QString::fromLatin1(shortcut->toJson()) : QStringLiteral("none"));
     // At once, and by the file's replacement as a whole: a crash keeps either the old value or the new one.
     m_settings.sync();

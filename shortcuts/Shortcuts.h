@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/Callback.h"
+#include "base/OnThread.h"
 #include "shortcuts/Shortcut.h"
 
 #include <QObject>
@@ -55,6 +56,7 @@ private:
     void save(const QString &key, const std::optional<Shortcut> &shortcut);
     [[nodiscard]] static std::optional<Shortcut> load(const QSettings &settings, const QString &key);
 
+    [[no_unique_address]] OnThread m_mainThread;
     QSettings &m_settings;
     std::optional<Shortcut> m_listen;
     std::optional<Shortcut> m_stop;

@@ -27,6 +27,7 @@ void Microphone::use(std::optional<QString> device, Ended ended) {
 }
 
 void Microphone::shutdown() {
+    m_mainThread.check();
     m_isShutDown = true;
     const auto abandoned = abandonAttempts();
     m_parts.server.closeCapture();
@@ -56,6 +57,7 @@ void Microphone::startWithRetry(Ended ended) {
 }
 
 void Microphone::configure(Asker asker, Ended ended) {
+    m_mainThread.check();
     if (m_isShutDown) {
         if (ended)
             ended();
@@ -88,6 +90,7 @@ void Microphone::beginAttempt() {
 }
 
 void Microphone::endAttempt(quint64 number, const std::optional<Failure> &failure) {
+    m_mainThread.check();
     if (!m_running.isWanted || number != m_attemptNumber)
         return;
     const auto attempt = std::exchange(m_running, {});

@@ -3,6 +3,7 @@
 #include "audio/SoundServer.h"
 #include "audio/echo/EchoCanceller.h"
 #include "base/Callback.h"
+#include "base/OnThread.h"
 #include "base/Scheduler.h"
 
 #include <QObject>
@@ -102,6 +103,7 @@ private:
     [[nodiscard]] QString defaultInputName() const;
     void nameDevice(const QString &name);
 
+    [[no_unique_address]] OnThread m_mainThread;
     const Parts m_parts;
     std::optional<QString> m_wantedDevice;         ///< None is the desktop's default.
     std::optional<QString> m_originalDefaultInput; ///< From before the first change, as the server names it.

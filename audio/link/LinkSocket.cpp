@@ -28,10 +28,12 @@ void LinkSocket::offer(PcmSamples samples) noexcept {
 }
 
 void LinkSocket::prepare(const WakeupFactory &makeWakeup) {
+    m_linkThread.check();
     m_bell = makeWakeup([this] { sendChunks(); });
 }
 
 void LinkSocket::connectToBackend() {
+    m_linkThread.check();
     if (!m_admit(static_cast<quint16>(m_url.port()), 0)) {
         m_reconnect.start(m_timing.reconnectAfter);
         return;
@@ -46,6 +48,7 @@ void LinkSocket::connectToBackend() {
 }
 
 void LinkSocket::close() {
+    m_linkThread.check();
     m_reconnect.stop();
     m_handshake.stop();
     m_isGreeted = false;
@@ -70,6 +73,7 @@ void LinkSocket::greet() {
 }
 
 void LinkSocket::fail() {
+    m_linkThread.check();
     m_handshake.stop();
     m_isGreeted = false;
     // It may be the socket itself that calls.
@@ -93,12 +97,14 @@ void LinkSocket::sendPlayed(ClipId id) {
 }
 
 void LinkSocket::send(const QJsonObject &event) {
+    m_linkThread.check();
     if (!m_isGreeted)
         return;
     m_socket->sendText(QJsonDocument(event).toJson(QJsonDocument::Compact));
 }
 
 void LinkSocket::sendChunks() {
+    m_linkThread.check();
     for (Chunk chunk; m_chunks.pop(chunk);) {
         if (!m_isGreeted || waitingBytes() > maximumWaitingBytes)
             continue;

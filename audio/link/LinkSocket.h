@@ -5,6 +5,7 @@
 #include "audio/link/WebSocket.h"
 #include "audio/speech/ClipId.h"
 #include "base/Callback.h"
+#include "base/OnThread.h"
 #include "base/PeerCheck.h"
 #include "base/SpscRing.h"
 #include "base/Wakeup.h"
@@ -75,6 +76,7 @@ private:
     void send(const QJsonObject &event);
     void sendChunks();
 
+    [[no_unique_address]] OnThread m_linkThread;
     const QUrl m_url;
     const Timing m_timing;
     QString m_deviceName;

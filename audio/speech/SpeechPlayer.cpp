@@ -11,6 +11,7 @@ SpeechPlayer::SpeechPlayer(SpeechMixer &mixer, SpeechDecoder::Decode decode)
           [this](const SpeechDecoder::Job &job, const QString &reason) { fail(job.id, job.generation, reason); }) {}
 
 void SpeechPlayer::play(ClipId id, QByteArray data, QString extension) {
+    m_mainThread.check();
     quint64 generation = 0;
     {
         const std::lock_guard guard(m_lock);
@@ -22,6 +23,7 @@ void SpeechPlayer::play(ClipId id, QByteArray data, QString extension) {
 }
 
 void SpeechPlayer::stop() {
+    m_mainThread.check();
     std::multiset<ClipId> ids;
     quint64 generation = 0;
     {
@@ -38,6 +40,7 @@ void SpeechPlayer::stop() {
 }
 
 void SpeechPlayer::collect() {
+    m_collectingThread.check();
     bool isQuietNow = false;
     while (auto clip = m_mixer.takeFinished()) {
         const auto id = clip->id;

@@ -4,6 +4,7 @@
 #include "audio/speech/SpeechDecoder.h"
 #include "audio/speech/SpeechMixer.h"
 #include "base/Callback.h"
+#include "base/OnThread.h"
 
 #include <mutex>
 #include <set>
@@ -41,6 +42,8 @@ public:
 private:
     void fail(ClipId id, quint64 generation, const QString &reason);
 
+    [[no_unique_address]] OnThread m_mainThread;
+    [[no_unique_address]] OnThread m_collectingThread;
     SpeechMixer &m_mixer;
 
     mutable std::mutex m_lock;

@@ -18,9 +18,9 @@ constexpr auto backendEndsWithin = 2s;
 
 } // namespace
 
-AppDelegate::AppDelegate(Surroundings surroundings)
-    : m_surroundings(std::move(surroundings))
-    , m_peerCheck(m_surroundings.findSocketOwner,
+AppDelegate::AppDelegate(Parts parts)
+    : m_parts(std::move(parts))
+    , m_peerCheck(m_parts.findSocketOwner,
                   [this] {
                       // From the link's thread, too.
                       const auto tell = [this] {
@@ -29,30 +29,30 @@ AppDelegate::AppDelegate(Surroundings surroundings)
                       };
                       QMetaObject::invokeMethod(this, tell, Qt::QueuedConnection);
                   })
-    , m_model(*m_surroundings.scheduler, *m_surroundings.microphonePermission, m_surroundings.backend, admitPeer())
-    , m_backend(m_surroundings.startProcess, *m_surroundings.scheduler, m_surroundings.resources, m_surroundings.home)
+    , m_model(*m_parts.scheduler, *m_parts.microphonePermission, m_parts.backend, admitPeer())
+    , m_backend(m_parts.startProcess, *m_parts.scheduler, m_parts.resources, m_parts.home)
     , m_audioLink({
           .io = makeAudioIO(),
-          .scheduler = *m_surroundings.scheduler,
-          .makeWakeup = m_surroundings.makeWakeup,
+          .scheduler = *m_parts.scheduler,
+          .makeWakeup = m_parts.makeWakeup,
           .note = [this](const QString &line) { m_backend.note(line); },
-          .url = m_surroundings.audio,
+          .url = m_parts.audio,
           .admit = admitPeer(),
       })
-    , m_hotKeys(std::move(m_surroundings.hotKeyGrabber))
-    , m_shortcuts(*m_surroundings.settings)
+    , m_hotKeys(std::move(m_parts.hotKeyGrabber))
+    , m_shortcuts(*m_parts.settings)
     , m_statusMenu(m_model)
     , m_keyBindings({
           .model = m_model,
           .hotKeys = m_hotKeys,
           .shortcuts = m_shortcuts,
-          .layout = *m_surroundings.keyboardLayout,
+          .layout = *m_parts.keyboardLayout,
           .showInMenu = [this](const auto &listen, const auto &stop) { m_statusMenu.setKeys(listen, stop); },
       })
-    , m_remoteControl(*m_surroundings.remote, m_model)
-    , m_uiEngine(m_surroundings.resources.value_or(QString()))
+    , m_remoteControl(*m_parts.remote, m_model)
+    , m_uiEngine(m_parts.resources.value_or(QString()))
     , m_stripView(m_model, [this] { openWindow(Pane::Now); })
-    , m_stripWindow(m_uiEngine, m_stripView, m_surroundings.workArea.get(), m_surroundings.pointer) {
+    , m_stripWindow(m_uiEngine, m_stripView, m_parts.workArea.get(), m_parts.pointer) {
     m_remoteControl.onOpen = [this](const auto &name) {
         const auto pane = name ? paneFrom(*name) : std::nullopt;
         if (name && !pane)
@@ -78,10 +78,10 @@ AdmitPeer AppDelegate::admitPeer() {
 
 std::unique_ptr<AudioIO> AppDelegate::makeAudioIO() {
     return std::make_unique<AudioIO>(AudioIO::Parts{
-        .server = *m_surroundings.soundServer,
-        .scheduler = *m_surroundings.scheduler,
-        .makeWakeup = m_surroundings.makeWakeup,
-        .chimeFile = m_surroundings.resources.value_or(QString()) + u"/sounds/chime.aiff"_s,
+        .server = *m_parts.soundServer,
+        .scheduler = *m_parts.scheduler,
+        .makeWakeup = m_parts.makeWakeup,
+        .chimeFile = m_parts.resources.value_or(QString()) + u"/sounds/chime.aiff"_s,
         .defaultInputName = L(u"device.systemDefault"),
     });
 }
@@ -91,7 +91,7 @@ void AppDelegate::applicationDidFinishLaunching() {
     setUpStrip();
     m_keyBindings.start();
     m_model.start();
-    auto &permission = *m_surroundings.microphonePermission;
+    auto &permission = *m_parts.microphonePermission;
     if (permission.status() == MicrophoneStatus::NotDetermined)
         permission.request([this] { startBackend(); });
     else
@@ -100,8 +100,8 @@ void AppDelegate::applicationDidFinishLaunching() {
 
 void AppDelegate::setUpMenuBar() {
     m_connections = {
-        m_surroundings.look->onChange.connect([this] { lookChanged(); }),
-        m_surroundings.trayHost->onChange.connect([this] { trayHostChanged(); }),
+        m_parts.look->onChange.connect([this] { lookChanged(); }),
+        m_parts.trayHost->onChange.connect([this] { trayHostChanged(); }),
     };
     lookChanged();
     trayHostChanged();
@@ -109,7 +109,7 @@ void AppDelegate::setUpMenuBar() {
 
 void AppDelegate::setUpStrip() {
     m_stripWindow.isStateSaidElsewhere = [this] { return m_appView && m_appView->now()->isActive(); };
-    m_strip.emplace(m_model, m_stripWindow, *m_surroundings.scheduler);
+    m_strip.emplace(m_model, m_stripWindow, *m_parts.scheduler);
     m_strip->onEscapeNeeded = [this](bool isNeeded) { m_keyBindings.setStopNeeded(isNeeded); };
     m_strip->update();
 }
@@ -128,25 +128,25 @@ void AppDelegate::openWindow(std::optional<Pane> pane) {
 
 void AppDelegate::setUpWindow() {
     const Outside outside{
-        .openLog = [this] { m_surroundings.openFile(LogFile::pathBelow(m_surroundings.home)); },
-        .openMicrophoneSettings = m_surroundings.openMicrophoneSettings,
+        .openLog = [this] { m_parts.openFile(LogFile::pathBelow(m_parts.home)); },
+        .openMicrophoneSettings = m_parts.openMicrophoneSettings,
         .pickFolders = [this](const auto &picked) { pickFolders(picked); },
     };
-    m_appView = std::make_unique<AppView>(m_model, m_nav, m_shortcuts, *m_surroundings.keyboardLayout,
-                                          AppView::Details{m_surroundings.version, m_surroundings.home}, outside);
-    m_window = std::make_unique<SettingsWindow>(m_uiEngine.get(), *m_appView, *m_surroundings.scheduler,
-                                                m_surroundings.settings.get());
+    m_appView = std::make_unique<AppView>(m_model, m_nav, m_shortcuts, *m_parts.keyboardLayout,
+                                          AppView::Details{m_parts.version, m_parts.home}, outside);
+    m_window =
+        std::make_unique<SettingsWindow>(m_uiEngine.get(), *m_appView, *m_parts.scheduler, m_parts.settings.get());
 }
 
 void AppDelegate::pickFolders(const std::function<void(const QStringList &)> &picked) {
-    const auto askByToolkit = [this, picked] { askForFolders(m_window.get(), m_surroundings.home, picked); };
-    if (!m_surroundings.folderChooser)
+    const auto askByToolkit = [this, picked] { askForFolders(m_window.get(), m_parts.home, picked); };
+    if (!m_parts.folderChooser)
         return askByToolkit();
-    m_surroundings.folderChooser->ask({.title = L("brain.addFolder.title"),
-                                       .acceptLabel = L("brain.addFolder.prompt"),
-                                       .home = m_surroundings.home,
-                                       .owner = m_window->winId()},
-                                      picked, askByToolkit);
+    m_parts.folderChooser->ask({.title = L("brain.addFolder.title"),
+                                .acceptLabel = L("brain.addFolder.prompt"),
+                                .home = m_parts.home,
+                                .owner = m_window->winId()},
+                               picked, askByToolkit);
 }
 
 void AppDelegate::startBackend() {
@@ -160,7 +160,7 @@ void AppDelegate::startBackend() {
 }
 
 void AppDelegate::trayHostChanged() {
-    const auto status = m_surroundings.trayHost->status();
+    const auto status = m_parts.trayHost->status();
     if (status == TrayHost::Status::Present) {
         m_statusMenu.showItem();
         // One that was there and goes is being restarted: no reason to open a window in the user's face.
@@ -178,12 +178,12 @@ void AppDelegate::noteStranger() {
     // The log exists once the backend was started.
     if (m_stage == Stage::Running && std::exchange(m_isStrangerUnnoted, false))
         m_backend.note(u"rede: a porta %1 é de um programa de outro usuário; o Palomet não fala com ele"_s.arg(
-            m_surroundings.backend.port()));
+            m_parts.backend.port()));
 }
 
 void AppDelegate::lookChanged() {
-    const auto &look = *m_surroundings.look;
-    m_statusMenu.setIcon(statusIcon(m_surroundings.resources, look.panelScheme()));
+    const auto &look = *m_parts.look;
+    m_statusMenu.setIcon(statusIcon(m_parts.resources, look.panelScheme()));
     m_uiEngine.setMotionReduced(look.isMotionReduced());
     m_uiEngine.setContrastRaised(look.isContrastRaised());
 }

@@ -35,7 +35,7 @@ class AppDelegate final : public QObject {
 
 public:
     /// Everything that the program is made of and has from outside.
-    struct Surroundings {
+    struct Parts {
         std::optional<QString> resources; ///< The resource folder.
         QString home;                     ///< The user's home.
         QString version;                  ///< The program's; empty in a build that has none.
@@ -60,8 +60,8 @@ public:
         QUrl audio = AudioLink::defaultUrl();
     };
 
-    /// Every member of `surroundings` is there, unless it says otherwise.
-    explicit AppDelegate(Surroundings surroundings);
+    /// Every member of `parts` is there, unless it says otherwise.
+    explicit AppDelegate(Parts parts);
     ~AppDelegate() override;
 
     /// Starts everything. Once.
@@ -100,7 +100,7 @@ private:
     void noteStranger();
     void lookChanged();
 
-    Surroundings m_surroundings;
+    Parts m_parts;
     PeerCheck m_peerCheck;
     PalometModel m_model;
     Navigation m_nav;

@@ -74,7 +74,7 @@ void Backend::start() {
 }
 
 ChildProcess::Launch Backend::launch(const QString &program, int output) const {
-    const auto languages = QStringList{Localization::language()} + Localization::preferredLanguages();
+    const auto languages = QStringList{localization::language()} + localization::preferredLanguages();
     return {
         .program = program,
         .arguments = {u"src/main.ts"_s},

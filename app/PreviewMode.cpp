@@ -23,7 +23,7 @@ public:
 
 PreviewMode::PreviewMode(const Parts &parts, const QStringList &arguments)
     : m_scheduler(parts.scheduler)
-    , m_capturePath(Preview::capturePath(arguments))
+    , m_capturePath(preview::capturePath(arguments))
     , m_permission(std::make_unique<Allowed>())
     // No address: what is sent reaches nobody.
     , m_model(m_scheduler, *m_permission, QUrl())
@@ -31,8 +31,8 @@ PreviewMode::PreviewMode(const Parts &parts, const QStringList &arguments)
     , m_shortcuts(m_settings)
     , m_uiEngine(parts.resources)
     , m_appView(m_model, m_nav, m_shortcuts, m_layout, AppView::Details{parts.version, parts.home}, {}) {
-    Preview::fill(m_model);
-    m_nav.setPane(Preview::pane(arguments).value_or(Pane::Now));
+    preview::fill(m_model);
+    m_nav.setPane(preview::pane(arguments).value_or(Pane::Now));
     m_window = std::make_unique<SettingsWindow>(m_uiEngine.get(), m_appView, m_scheduler, nullptr);
     connect(m_window.get(), &QWindow::visibleChanged, this, [this](bool isVisible) {
         if (!isVisible)
@@ -53,7 +53,7 @@ void PreviewMode::start() {
 }
 
 void PreviewMode::capture() {
-    const auto picture = Preview::capture(*m_window, *m_capturePath);
+    const auto picture = preview::capture(*m_window, *m_capturePath);
     if (!picture)
         std::fprintf(stderr, "palomet: %s\n", picture.reason().toLocal8Bit().constData());
     Q_EMIT finished(picture ? 0 : 1);

@@ -8,6 +8,8 @@
 
 namespace palomet {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 struct Action {
@@ -16,12 +18,9 @@ struct Action {
 };
 
 constexpr std::array actions{
-    Action{QLatin1StringView("listen"), &PalometModel::listen},
-    Action{QLatin1StringView("stop"), &PalometModel::stop},
-    Action{QLatin1StringView("mute"), &PalometModel::toggleMute},
-    Action{QLatin1StringView("new"), &PalometModel::newConversation},
-    Action{QLatin1StringView("act"), &PalometModel::act},
-    Action{QLatin1StringView("clear-draft"), &PalometModel::clearDraft},
+    Action{"listen"_L1, &PalometModel::listen},   Action{"stop"_L1, &PalometModel::stop},
+    Action{"mute"_L1, &PalometModel::toggleMute}, Action{"new"_L1, &PalometModel::newConversation},
+    Action{"act"_L1, &PalometModel::act},         Action{"clear-draft"_L1, &PalometModel::clearDraft},
 };
 
 } // namespace
@@ -45,14 +44,14 @@ RemoteOutcome RemoteControl::perform(const RemoteCommand &command) {
         if (command.action == action.name)
             return post(std::bind_front(action.perform, &m_model));
     }
-    if (command.action == QStringLiteral("say")) {
+    if (command.action == u"say"_s) {
         // Another program than ours may have sent it.
         const auto text = CommandLine::checkedText(command.text.value_or(QString()).toUtf8());
         return text ? post([&] { m_model.say(*text); }) : RemoteOutcome::Unknown;
     }
-    if (command.action == QStringLiteral("open"))
+    if (command.action == u"open"_s)
         return onOpen(command.text) ? RemoteOutcome::Done : RemoteOutcome::Unknown;
-    if (command.action == QStringLiteral("quit")) {
+    if (command.action == u"quit"_s) {
         onQuit();
         return RemoteOutcome::Done;
     }

@@ -85,9 +85,9 @@ void lookAtFiles(Examination &found) {
     found.hasEngine = isThere(u"/engine/src/main.ts"_s);
     found.log = LogFile::pathBelow(QDir::homePath());
     found.isLogWritable = isWritable(found.log);
-    found.wantedLanguages = Localization::preferredLanguages();
-    Localization::load(found.resources.value_or(QString()), found.wantedLanguages);
-    found.language = Localization::language();
+    found.wantedLanguages = localization::preferredLanguages();
+    localization::load(found.resources.value_or(QString()), found.wantedLanguages);
+    found.language = localization::language();
 }
 
 /// Tries the listen key only where no running instance can hold it.

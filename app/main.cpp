@@ -81,7 +81,7 @@ std::unique_ptr<HotKeyGrabber> hotKeyGrabber(const Session &session, const Keybo
 }
 
 /// `session` outlives what is made of it.
-AppDelegate::Surroundings surroundings(std::unique_ptr<RemoteService> remote, const Session &session) {
+AppDelegate::Parts makeParts(std::unique_ptr<RemoteService> remote, const Session &session) {
     const auto &bus = session.bus();
     const auto desktop = qEnvironmentVariable("XDG_CURRENT_DESKTOP");
     auto layout = session.makeKeyboardLayout();
@@ -141,10 +141,10 @@ int run(int argumentCount, char **arguments) {
     // Until the very end: a second request must not interrupt what the first has begun.
     const TerminationSignals signals([&application] { Q_EMIT application.quitRequested(); });
     const Session session;
-    auto around = surroundings(std::move(remote), session);
-    Localization::load(around.resources.value_or(QString()), Localization::preferredLanguages());
-    translateToolkit(application, Localization::language());
-    AppDelegate delegate(std::move(around));
+    auto parts = makeParts(std::move(remote), session);
+    localization::load(parts.resources.value_or(QString()), localization::preferredLanguages());
+    translateToolkit(application, localization::language());
+    AppDelegate delegate(std::move(parts));
     QObject::connect(&application, &Application::quitRequested, &delegate, &AppDelegate::applicationShouldTerminate);
     // From the event loop: it may be asked before that has begun.
     QObject::connect(
@@ -154,9 +154,9 @@ int run(int argumentCount, char **arguments) {
 }
 
 /// `arguments` are those that follow the program's name.
-int preview(const QStringList &arguments, int argumentCount, char **rawArguments) {
+int runPreview(const QStringList &arguments, int argumentCount, char **rawArguments) {
     // A picture needs no display, and is the same on every one.
-    if (Preview::capturePath(arguments) && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+    if (preview::capturePath(arguments) && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
     preferXWayland();
     QGuiApplication::setApplicationDisplayName(u"Palomet"_s);
@@ -164,14 +164,14 @@ int preview(const QStringList &arguments, int argumentCount, char **rawArguments
     UiEngine::chooseRenderer();
     Application application(argumentCount, rawArguments);
     const auto resources = resourceFolder(QCoreApplication::applicationDirPath()).value_or(QString());
-    Localization::load(resources, Localization::preferredLanguages());
-    translateToolkit(application, Localization::language());
+    localization::load(resources, localization::preferredLanguages());
+    translateToolkit(application, localization::language());
     QtScheduler scheduler;
     PreviewMode mode({scheduler, resources, QDir::homePath(), Session::version()}, arguments);
     const auto end = [](int exitCode) { QCoreApplication::exit(exitCode); };
     QObject::connect(&mode, &PreviewMode::finished, &application, end, Qt::QueuedConnection);
     // A picture that was asked for is missing then.
-    const int exitCode = Preview::capturePath(arguments) ? 1 : 0;
+    const int exitCode = preview::capturePath(arguments) ? 1 : 0;
     QObject::connect(
         &application, &Application::quitRequested, &application, [=] { end(exitCode); }, Qt::QueuedConnection);
     // Killed, it would leave its folder behind.
@@ -228,7 +228,8 @@ int main(int argc, char **argv) {
     case CommandLine::Mode::Doctor:
         return runDoctor(argc, argv);
     case CommandLine::Mode::Preview:
-        return hasDisplay() || Preview::capturePath(arguments) ? preview(arguments, argc, argv) : failWithoutDisplay();
+        return hasDisplay() || preview::capturePath(arguments) ? runPreview(arguments, argc, argv)
+                                                               : failWithoutDisplay();
     case CommandLine::Mode::Invalid:
         break;
     }

@@ -4,6 +4,8 @@
 
 namespace palomet {
 
+using namespace Qt::StringLiterals;
+
 AudioIO::AudioIO(Parts parts)
     : m_server(parts.server)
     , m_makeWakeup(std::move(parts.makeWakeup))
@@ -75,11 +77,11 @@ void AudioIO::play(ClipId id, QByteArray data, QString extension) {
 void AudioIO::chime() {
     QFile file(m_chimeFile);
     if (file.open(QIODevice::ReadOnly))
-        play({-1}, file.readAll(), QStringLiteral("aiff"));
+        play({-1}, file.readAll(), u"aiff"_s);
 }
 
 void AudioIO::refuse(ClipId id, const QString &reason) {
-    onNote(QStringLiteral("áudio: não consegui tocar a fala %1 (%2)").arg(QString::number(id.number), reason));
+    onNote(u"áudio: não consegui tocar a fala %1 (%2)"_s.arg(QString::number(id.number), reason));
     onPlayed(id);
     updatePlayback();
 }

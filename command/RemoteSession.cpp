@@ -13,6 +13,7 @@ namespace palomet {
 namespace {
 
 using namespace std::chrono_literals;
+using namespace Qt::StringLiterals;
 
 /// At once, also into a pipe: whoever follows reads line by line. Whether it could be written.
 [[nodiscard]] bool print(const QString &line) {
@@ -45,8 +46,8 @@ int command(const CommandLine &line, RemoteClient &client) {
     if (const auto problem = client.send(command))
         return fail(problem->reason, 1);
     // Quitting is done when it has quit; the backend has two seconds of that.
-    if (command.action == QStringLiteral("quit") && !client.waitUntilGone(10s))
-        return fail(QStringLiteral("Palomet does not end"), 1);
+    if (command.action == u"quit"_s && !client.waitUntilGone(10s))
+        return fail(u"Palomet does not end"_s, 1);
     return 0;
 }
 
@@ -83,7 +84,7 @@ int runRemoteCommand(const CommandLine &line, RemoteClient &client) {
     if (!status)
         return fail(status.reason(), 1);
     if (!print(shown(line, *status)))
-        return fail(QStringLiteral("the status cannot be written"), 1);
+        return fail(u"the status cannot be written"_s, 1);
     return 0;
 }
 

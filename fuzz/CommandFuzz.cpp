@@ -9,6 +9,7 @@
 #include <cstdlib>
 
 using namespace palomet;
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -31,7 +32,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     if (!text)
         return 0;
     require(text->toUtf8().size() <= CommandLine::maximumTextBytes);
-    const auto body = commandBody(QStringLiteral("text"), *text);
+    const auto body = commandBody(u"text"_s, *text);
     simdjson::dom::parser parser;
     std::string_view said;
     require(!parser.parse(body.data(), static_cast<std::size_t>(body.size()))["text"].get(said));

@@ -18,22 +18,22 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     const auto name = QString::fromUtf8(reinterpret_cast<const char *>(data + sizeof numbers),
                                         static_cast<qsizetype>(size - sizeof numbers));
     static const bool isLoaded = [] {
-        Format::load({.numbers = u"ar-EG"_s, .dates = u"fa-IR-u-ca-persian"_s, .timeZone = u"Africa/Cairo"_s});
+        format::load({.numbers = u"ar-EG"_s, .dates = u"fa-IR-u-ca-persian"_s, .timeZone = u"Africa/Cairo"_s});
         return true;
     }();
     (void)isLoaded;
 
     for (const double number : numbers) {
-        for (const auto &text : {Format::seconds(number), Format::usd(number), Format::speed(number)}) {
+        for (const auto &text : {format::seconds(number), format::usd(number), format::speed(number)}) {
             if (text.isEmpty() || text.size() > 500)
                 std::abort();
         }
-        if (Format::clock(number).isEmpty() != Format::day(number).isEmpty())
+        if (format::clock(number).isEmpty() != format::day(number).isEmpty())
             std::abort();
     }
     const auto seconds = std::chrono::seconds(std::abs(numbers[1]) < 9e9 ? static_cast<std::int64_t>(numbers[1]) : 0);
-    (void)Format::since(numbers[0], std::chrono::system_clock::time_point(seconds));
-    if (Format::model(name).size() > 3 * name.size() || Format::device(name).size() > name.size())
+    (void)format::since(numbers[0], std::chrono::system_clock::time_point(seconds));
+    if (format::model(name).size() > 3 * name.size() || format::device(name).size() > name.size())
         std::abort();
     return 0;
 }

@@ -5,6 +5,7 @@
 #include <cstdlib>
 
 using namespace palomet;
+using namespace Qt::StringLiterals;
 
 // A stored text is a shortcut or none. One that is read has a name, and is read again as it is written.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size) {
@@ -12,7 +13,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
         Shortcut::fromJson(QByteArray(reinterpret_cast<const char *>(data), static_cast<qsizetype>(size)));
     if (!shortcut)
         return 0;
-    static const test::FixedKeyboardLayout layout({{0, QStringLiteral("a")}, {41, QStringLiteral("ß")}});
+    static const test::FixedKeyboardLayout layout({{0, u"a"_s}, {41, u"ß"_s}});
     if (shortcut->text(layout).isEmpty() || shortcut->caps(layout).isEmpty())
         std::abort();
     (void)shortcut->menuKey(layout);

@@ -6,11 +6,12 @@
 #include <cstdlib>
 
 using namespace palomet;
+using namespace Qt::StringLiterals;
 
 // The bytes as a string table, whose texts are then formatted, and as the languages of an environment.
 extern "C" int LLVMFuzzerTestOneInput(const unsigned char *data, std::size_t size) {
     const QByteArrayView bytes(data, static_cast<qsizetype>(size));
-    static const QStringList available{QStringLiteral("en"), QStringLiteral("pt-BR")};
+    static const QStringList available{u"en"_s, u"pt-BR"_s};
     const auto language = bestLanguage(languageTags(QString::fromUtf8(bytes)), available);
     if (!language.isEmpty() && !available.contains(language))
         std::abort();
@@ -18,7 +19,7 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char *data, std::size_t siz
     const auto table = StringTable::parse(bytes);
     if (!table)
         return 0;
-    const std::array<FormatArgument, 3> arguments{QStringLiteral("%1$@ %d"), 12'345, 2.5};
+    const std::array<FormatArgument, 3> arguments{u"%1$@ %d"_s, 12'345, 2.5};
     for (const auto &key : (*table).keys()) {
         const auto text = (*table).text(key);
         if (!text)

@@ -8,27 +8,29 @@
 
 namespace palomet {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// Of the modifiers behind the "@" only a script says which language is read; "euro" and the like do not.
 QString scriptOf(QStringView modifier) {
     if (modifier == u"latin")
-        return QStringLiteral("-Latn");
+        return u"-Latn"_s;
     if (modifier == u"cyrillic")
-        return QStringLiteral("-Cyrl");
+        return u"-Cyrl"_s;
     if (modifier == u"devanagari")
-        return QStringLiteral("-Deva");
+        return u"-Deva"_s;
     return {};
 }
 
 QString languageTag(const QString &localeName) {
     // language, script, territory, codeset, modifier
     static const QRegularExpression pattern(
-        QStringLiteral(R"(\A([a-z]{2,3})(?:[_-]([a-z]{4}))?(?:[_-]([a-z]{2}|[0-9]{3}))?(?:\.[^@]*)?(?:@(.*))?\z)"),
+        uR"(\A([a-z]{2,3})(?:[_-]([a-z]{4}))?(?:[_-]([a-z]{2}|[0-9]{3}))?(?:\.[^@]*)?(?:@(.*))?\z)"_s,
         QRegularExpression::CaseInsensitiveOption);
-    static const QRegularExpression none(QStringLiteral(R"(\A(?:C|POSIX)(?:[.@].*)?\z)"));
+    static const QRegularExpression none(uR"(\A(?:C|POSIX)(?:[.@].*)?\z)"_s);
     if (none.match(localeName).hasMatch())
-        return QStringLiteral("en");
+        return u"en"_s;
     const auto match = pattern.match(localeName);
     if (!match.hasMatch())
         return {};

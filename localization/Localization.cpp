@@ -9,10 +9,12 @@
 
 namespace palomet {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 struct Tables {
-    QString language = QStringLiteral("en");
+    QString language = u"en"_s;
     StringTable own;
     StringTable english;
 };
@@ -26,7 +28,7 @@ Tables &tables() {
 constexpr QLatin1StringView folderSuffix(".lproj");
 
 StringTable readTable(const QDir &resources, const QString &language) {
-    const auto path = resources.filePath(language + folderSuffix + QLatin1StringView("/strings.json"));
+    const auto path = resources.filePath(language + folderSuffix + "/strings.json"_L1);
     auto table = StringTable::read(path);
     if (table)
         return *table;
@@ -45,7 +47,7 @@ FormatArgument::FormatArgument(qint64 number)
 FormatArgument::FormatArgument(double number)
     : m_value(number) {}
 
-void Localization::load(const QString &resources, const QStringList &preferredLanguages) {
+void localization::load(const QString &resources, const QStringList &preferredLanguages) {
     const QDir folder(resources);
     auto languages = folder.entryList({u'*' + folderSuffix}, QDir::Dirs, QDir::Name);
     for (auto &language : languages)
@@ -65,7 +67,7 @@ void Localization::load(const QString &resources, const QStringList &preferredLa
     tables() = std::move(loaded);
 }
 
-QStringList Localization::preferredLanguages() {
+QStringList localization::preferredLanguages() {
     for (const char *variable : {"LANGUAGE", "LC_ALL", "LC_MESSAGES", "LANG"}) {
         auto tags = languageTags(qEnvironmentVariable(variable));
         if (!tags.isEmpty())
@@ -74,26 +76,26 @@ QStringList Localization::preferredLanguages() {
     return {};
 }
 
-QString Localization::string(QAnyStringView key) {
+QString localization::string(QAnyStringView key) {
     if (const auto text = tables().own.text(key))
         return *text;
     return tables().english.text(key).value_or(key.toString());
 }
 
-QString Localization::language() {
+QString localization::language() {
     return tables().language;
 }
 
-bool Localization::isPortuguese() {
-    return tables().language.startsWith(QStringLiteral("pt"), Qt::CaseInsensitive);
+bool localization::isPortuguese() {
+    return tables().language.startsWith(u"pt"_s, Qt::CaseInsensitive);
 }
 
 QString L(QAnyStringView key) {
-    return Localization::string(key);
+    return localization::string(key);
 }
 
 QString L(QAnyStringView key, std::initializer_list<FormatArgument> arguments) {
-    const auto text = Localization::string(key);
+    const auto text = localization::string(key);
     return arguments.size() == 0 ? text : formatted(text, arguments, QLocale());
 }
 
@@ -102,7 +104,7 @@ QString L(QAnyStringView key, const FormatArgument &argument) {
 }
 
 QString L(QAnyStringView key, Count count) {
-    const auto form = count.value == 1 ? QStringLiteral(".one") : QStringLiteral(".other");
+    const auto form = count.value == 1 ? u".one"_s : u".other"_s;
     return L(key.toString() + form, {count.value});
 }
 

@@ -32,7 +32,7 @@ struct Count {
 
 /// Every text that a user sees is written in code as a key and turned into words when it is shown. The tables are read
 /// once, at start, before any other thread; after that they only answer.
-namespace Localization {
+namespace localization {
 
 /// Reads the string tables of the resource folder: the best match for the user's languages (language tags, most wanted
 /// first) among the `.lproj` folders that exist, and English to fall back on. Missing or unreadable tables are empty.
@@ -51,7 +51,7 @@ QString language();
 /// Whether that language is any Portuguese.
 bool isPortuguese();
 
-} // namespace Localization
+} // namespace localization
 
 /// The text of a key as it stands; a "%" in it is left alone.
 QString L(QAnyStringView key);

@@ -7,15 +7,17 @@
 
 namespace palomet {
 
+using namespace Qt::StringLiterals;
+
 Result<StringTable> StringTable::parse(QByteArrayView json) {
     if (json.size() > maximumSize)
-        return Failure{QStringLiteral("larger than %1 bytes").arg(maximumSize)};
+        return Failure{u"larger than %1 bytes"_s.arg(maximumSize)};
     QJsonParseError error;
     const auto document = QJsonDocument::fromJson(json.toByteArray(), &error);
     if (error.error != QJsonParseError::NoError)
-        return Failure{QStringLiteral("%1 at byte %2").arg(error.errorString()).arg(error.offset)};
+        return Failure{u"%1 at byte %2"_s.arg(error.errorString()).arg(error.offset)};
     if (!document.isObject())
-        return Failure{QStringLiteral("not an object of keys and texts")};
+        return Failure{u"not an object of keys and texts"_s};
 
     StringTable table;
     const auto object = document.object();
@@ -32,7 +34,7 @@ Result<StringTable> StringTable::read(const QString &path) {
     QFile file(path);
     // Opening a pipe would wait for its writer.
     if (!QFileInfo(path).isFile())
-        return Failure{QStringLiteral("no such file")};
+        return Failure{u"no such file"_s};
     if (!file.open(QIODevice::ReadOnly))
         return Failure{file.errorString()};
     return parse(file.read(maximumSize + 1));

@@ -4,6 +4,8 @@
 
 namespace palomet {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// Reads a text from its left to its right, one UTF-16 unit after the other.
@@ -167,7 +169,7 @@ QString formatted(const QString &text, std::span<const FormatArgument> arguments
         if (!isPercent && index >= arguments.size())
             continue;
         result += QStringView(text).sliced(copied, directive.begin - copied);
-        result += isPercent ? QStringLiteral("%") : written(arguments[index], directive, locale);
+        result += isPercent ? u"%"_s : written(arguments[index], directive, locale);
         copied = directive.begin + directive.length;
     }
     return result += QStringView(text).sliced(copied);

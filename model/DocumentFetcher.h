@@ -10,6 +10,8 @@
 
 namespace palomet {
 
+using namespace Qt::StringLiterals;
+
 /// Fetches one of the backend's documents, whenever it is asked to, and decodes it on another thread. What is
 /// published is never older than what was published before it: when fetches overlap, a late reply to an early request
 /// is forgotten. Of fetches that overlap, the first and the last are kept: the first, so that a slow backend gets
@@ -38,7 +40,7 @@ public:
         m_requests[number] = m_http.get(m_path, m_timeout, [this, number](std::optional<JsonText> body) {
             m_requests.erase(number);
             if (!body)
-                return publish(number, Failure{QStringLiteral("no reply")});
+                return publish(number, Failure{u"no reply"_s});
             m_decoder.start([this, number, body = std::move(*body)] {
                 QMetaObject::invokeMethod(&m_context, [this, number, result = m_decode(body)]() mutable {
                     publish(number, std::move(result));

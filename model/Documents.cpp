@@ -10,6 +10,8 @@
 
 namespace palomet {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 template <typename T>
@@ -46,8 +48,8 @@ public:
 private:
     [[nodiscard]] Failure failure() const {
         if (m_field.empty())
-            return {QStringLiteral("not a document")};
-        return {QStringLiteral("missing or not of its type: %1").arg(QString::fromUtf8(m_field))};
+            return {u"not a document"_s};
+        return {u"missing or not of its type: %1"_s.arg(QString::fromUtf8(m_field))};
     }
 
     bool read(JsonReader::Value value, QString &into) {

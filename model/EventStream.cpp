@@ -7,6 +7,7 @@ namespace palomet {
 namespace {
 
 using namespace std::chrono_literals;
+using namespace Qt::StringLiterals;
 
 constexpr auto reopenDelay = 1s;
 constexpr qint64 bufferSize = qint64{64} * 1024;
@@ -31,7 +32,7 @@ void EventStream::start() {
 
 void EventStream::open() {
     m_parser = {};
-    m_reply = m_http.stream(QStringLiteral("events"), bufferSize);
+    m_reply = m_http.stream(u"events"_s, bufferSize);
     // Only starts the timer, so that a burst of signals is one read.
     const auto readSoon = [this] {
         if (!m_readMore.isActive())

@@ -21,7 +21,7 @@ std::optional<RegionFormatters> &loaded() {
 
 RegionFormatters &formatters() {
     if (!loaded())
-        Format::load(Format::systemRegion());
+        format::load(format::systemRegion());
     return *loaded();
 }
 
@@ -36,19 +36,19 @@ QString localeOf(const char *category) {
 
 } // namespace
 
-Format::Region Format::systemRegion() {
+format::Region format::systemRegion() {
     return {.numbers = localeOf("LC_NUMERIC"), .dates = localeOf("LC_TIME"), .timeZone = {}};
 }
 
-void Format::load(Region region) {
+void format::load(Region region) {
     loaded().emplace(std::move(region));
 }
 
-QString Format::number(double value, Digits digits) {
+QString format::number(double value, Digits digits) {
     return formatters().number(value, digits);
 }
 
-QString Format::seconds(double ms) {
+QString format::seconds(double ms) {
     constexpr double wholeFrom = 10;
     const double seconds = ms / 1000;
     const bool isWhole = seconds >= wholeFrom || seconds == std::trunc(seconds);
@@ -57,20 +57,20 @@ QString Format::seconds(double ms) {
     return amount + " s"_L1;
 }
 
-QString Format::usd(double value) {
+QString format::usd(double value) {
     const bool isBelowOneCent = value > 0 && value < 0.01;
     return "US$ "_L1 + number(value, {2, isBelowOneCent ? 3 : 2});
 }
 
-QString Format::speed(double value) {
+QString format::speed(double value) {
     return number(value, {0, 2}) + u'×';
 }
 
-QString Format::clock(double ms) {
+QString format::clock(double ms) {
     return formatters().clock(ms);
 }
 
-QString Format::day(double ms) {
+QString format::day(double ms) {
     auto &region = formatters();
     const auto daysAgo = region.daysAgo(ms);
     if (daysAgo == 0)
@@ -80,12 +80,12 @@ QString Format::day(double ms) {
     return region.dayAndHour(ms);
 }
 
-std::chrono::milliseconds Format::offset(std::chrono::system_clock::time_point instant) {
+std::chrono::milliseconds format::offset(std::chrono::system_clock::time_point instant) {
     const auto ms = std::chrono::duration_cast<std::chrono::milliseconds>(instant.time_since_epoch());
     return std::chrono::milliseconds(static_cast<qint64>(formatters().offset(static_cast<double>(ms.count()))));
 }
 
-QString Format::since(double ms, std::chrono::system_clock::time_point now) {
+QString format::since(double ms, std::chrono::system_clock::time_point now) {
     const double seconds = std::chrono::duration<double>(now.time_since_epoch()).count() - ms / 1000;
     // Also for what is no number.
     if (!(seconds >= 60))
@@ -97,7 +97,7 @@ QString Format::since(double ms, std::chrono::system_clock::time_point now) {
     return L("since.hours", static_cast<qint64>(std::min(seconds / 3600, mostHours)));
 }
 
-QString Format::model(QString id) {
+QString format::model(QString id) {
     auto pieces = id.remove("claude-"_L1).split(u'-', Qt::SkipEmptyParts);
     if (pieces.isEmpty())
         return {};
@@ -107,11 +107,11 @@ QString Format::model(QString id) {
     return pieces.isEmpty() ? name : name + u' ' + pieces.join(u'.');
 }
 
-QString Format::oneLine(const QString &text) {
+QString format::oneLine(const QString &text) {
     return text.simplified();
 }
 
-QString Format::device(QString name) {
+QString format::device(QString name) {
     constexpr auto ending = " Microphone"_L1;
     name.remove("Microfone do "_L1).remove("Microfone ("_L1).remove("Microphone ("_L1).remove(u')');
     if (name.size() > ending.size() && name.endsWith(ending))

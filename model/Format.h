@@ -10,7 +10,7 @@ namespace palomet {
 /// Turns the numbers and names of the backend's documents into the short texts that a user reads. Main thread only, as
 /// everything that shows them. Nothing here fails: what no formatter can write is shown as plainly as can be, and an
 /// instant that no calendar knows (not a number, or more than a hundred million days from 1970) is an empty text.
-namespace Format {
+namespace format {
 
 /// The region whose numbers, days and hours are shown.
 struct Region {
@@ -73,6 +73,6 @@ struct Digits {
 /// An input device without the words that say that it is a microphone: "Microphone (USB Audio)" is "USB Audio".
 [[nodiscard]] QString device(QString name);
 
-} // namespace Format
+} // namespace format
 
 } // namespace palomet

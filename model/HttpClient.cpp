@@ -10,6 +10,8 @@
 
 namespace palomet {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// A body that can be read once: the network manager, which would send a request again when its connection breaks
@@ -165,7 +167,7 @@ QNetworkRequest HttpClient::request(const QString &path, const QString &pool) co
     QUrl url = m_base;
     url.setPath(m_base.path() + u'/' + path);
     QNetworkRequest request(url);
-    request.setHeader(QNetworkRequest::UserAgentHeader, QStringLiteral("Palomet"));
+    request.setHeader(QNetworkRequest::UserAgentHeader, u"Palomet"_s);
     // The size limit is one of bytes received.
     request.setRawHeader("accept-encoding", "identity");
     request.setAttribute(QNetworkRequest::Http2AllowedAttribute, false);

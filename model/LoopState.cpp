@@ -4,6 +4,8 @@
 
 namespace palomet {
 
+using namespace Qt::StringLiterals;
+
 std::optional<LoopState> loopStateFrom(QStringView raw) {
     for (const auto state : allLoopStates) {
         if (rawValue(state) == raw)
@@ -15,27 +17,27 @@ std::optional<LoopState> loopStateFrom(QStringView raw) {
 QString rawValue(LoopState state) {
     switch (state) {
     case LoopState::Waiting:
-        return QStringLiteral("waiting");
+        return u"waiting"_s;
     case LoopState::Listening:
-        return QStringLiteral("listening");
+        return u"listening"_s;
     case LoopState::Hearing:
-        return QStringLiteral("hearing");
+        return u"hearing"_s;
     case LoopState::Drafting:
-        return QStringLiteral("drafting");
+        return u"drafting"_s;
     case LoopState::Thinking:
-        return QStringLiteral("thinking");
+        return u"thinking"_s;
     case LoopState::Speaking:
-        return QStringLiteral("speaking");
+        return u"speaking"_s;
     case LoopState::Muted:
-        return QStringLiteral("muted");
+        return u"muted"_s;
     case LoopState::Offline:
-        return QStringLiteral("offline");
+        return u"offline"_s;
     }
     Q_UNREACHABLE();
 }
 
 QString word(LoopState state) {
-    return L(QStringLiteral("state.") + rawValue(state));
+    return L(u"state."_s + rawValue(state));
 }
 
 } // namespace palomet

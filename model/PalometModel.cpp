@@ -13,6 +13,7 @@ namespace palomet {
 namespace {
 
 using namespace std::chrono_literals;
+using namespace Qt::StringLiterals;
 
 constexpr auto clockPeriod = 1s;
 /// Gathers the burst of events that comes with each change of phase.
@@ -35,7 +36,7 @@ double levelFrom(QByteArrayView data) {
 } // namespace
 
 QUrl hudBase() {
-    static const QUrl base(QStringLiteral("http://127.0.0.1:%1").arg(backendPort));
+    static const QUrl base(u"http://127.0.0.1:%1"_s.arg(backendPort));
     return base;
 }
 
@@ -51,17 +52,17 @@ PalometModel::PalometModel(Scheduler &scheduler, const MicrophonePermission &per
     , m_streamHttp(base, scheduler, admit)
     , m_events(
           m_streamHttp, scheduler, [this](auto event, auto data) { handle(event, data); }, [this] { streamHasGap(); })
-    , m_stateFetcher(m_http, m_decoder, QStringLiteral("state"), stateTimeout, decodeSnapshot,
+    , m_stateFetcher(m_http, m_decoder, u"state"_s, stateTimeout, decodeSnapshot,
                      [this](auto read) {
                          setSnapshot(read ? std::make_shared<const Snapshot>(std::move(*read)) : nullptr);
                          settleChanges();
                      })
-    , m_historyFetcher(m_http, m_decoder, QStringLiteral("history"), documentTimeout, decodeHistory,
+    , m_historyFetcher(m_http, m_decoder, u"history"_s, documentTimeout, decodeHistory,
                        [this](auto read) {
                            if (read)
                                setHistory(std::move(*read));
                        })
-    , m_optionsFetcher(m_http, m_decoder, QStringLiteral("options"), documentTimeout, decodeOptions, [this](auto read) {
+    , m_optionsFetcher(m_http, m_decoder, u"options"_s, documentTimeout, decodeOptions, [this](auto read) {
         if (read)
             setOptions(std::move(*read));
     }) {
@@ -197,35 +198,35 @@ void PalometModel::change(Value &field, Value value, void (PalometModel::*change
 }
 
 void PalometModel::listen() {
-    post(QStringLiteral("listen"));
+    post(u"listen"_s);
 }
 
 void PalometModel::stop() {
-    post(QStringLiteral("stop"));
+    post(u"stop"_s);
 }
 
 void PalometModel::toggleMute() {
-    post(QStringLiteral("mute"));
+    post(u"mute"_s);
 }
 
 void PalometModel::newConversation() {
-    post(QStringLiteral("new"));
+    post(u"new"_s);
 }
 
 void PalometModel::sample() {
-    post(QStringLiteral("sample"));
+    post(u"sample"_s);
 }
 
 void PalometModel::say(const QString &text) {
-    post(QStringLiteral("say"), commandBody(QStringLiteral("text"), text));
+    post(u"say"_s, commandBody(u"text"_s, text));
 }
 
 void PalometModel::act() {
-    post(QStringLiteral("act"));
+    post(u"act"_s);
 }
 
 void PalometModel::clearDraft() {
-    post(QStringLiteral("draft/clear"));
+    post(u"draft/clear"_s);
 }
 
 void PalometModel::post(const QString &path, const std::optional<QByteArray> &body) {
@@ -234,17 +235,16 @@ void PalometModel::post(const QString &path, const std::optional<QByteArray> &bo
 }
 
 void PalometModel::set(const QString &key, const QJsonValue &value) {
-    const bool isSent =
-        m_settingsHttp.post(QStringLiteral("settings"), commandBody(key, value), settingTimeout, [this, key] {
-            change<std::optional<QString>>(m_applying, std::nullopt, &PalometModel::applyingChanged);
-            // No state follows when there is no backend.
-            if (!m_hasBackend) {
-                Q_EMIT changeSettled(key);
-                return;
-            }
-            m_endedChanges.push_back({key, std::nullopt});
-            refresh();
-        });
+    const bool isSent = m_settingsHttp.post(u"settings"_s, commandBody(key, value), settingTimeout, [this, key] {
+        change<std::optional<QString>>(m_applying, std::nullopt, &PalometModel::applyingChanged);
+        // No state follows when there is no backend.
+        if (!m_hasBackend) {
+            Q_EMIT changeSettled(key);
+            return;
+        }
+        m_endedChanges.push_back({key, std::nullopt});
+        refresh();
+    });
     if (isSent)
         change<std::optional<QString>>(m_applying, key, &PalometModel::applyingChanged);
     else

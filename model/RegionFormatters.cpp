@@ -54,7 +54,7 @@ std::optional<QTimeZone> zoneOf(const QString &name) {
 
 } // namespace
 
-RegionFormatters::RegionFormatters(Format::Region region)
+RegionFormatters::RegionFormatters(format::Region region)
     : m_region(std::move(region))
     , m_zone(zoneOf(m_region.timeZone))
     , m_numberLocale(localeOf(m_region.numbers)) {
@@ -63,7 +63,7 @@ RegionFormatters::RegionFormatters(Format::Region region)
     m_dayAndHour = dateFormat(dayAndHourPattern(locale), locale);
 }
 
-QString RegionFormatters::number(double value, Format::Digits digits) {
+QString RegionFormatters::number(double value, format::Digits digits) {
     auto made = std::ranges::find(m_numbers, digits, [](const auto &each) { return each.first; });
     if (made == m_numbers.end()) {
         auto formatter = icu::number::NumberFormatter::withLocale(m_numberLocale)

@@ -18,9 +18,9 @@ namespace palomet {
 /// from UTC comes from the system's own zone files, for those that ICU brings are as old as it is.
 class RegionFormatters {
 public:
-    explicit RegionFormatters(Format::Region region);
+    explicit RegionFormatters(format::Region region);
 
-    [[nodiscard]] QString number(double value, Format::Digits digits);
+    [[nodiscard]] QString number(double value, format::Digits digits);
 
     /// "HH:mm"
     [[nodiscard]] QString clock(double ms) const;
@@ -39,10 +39,10 @@ private:
     /// The time that the zone's clocks show at an instant, as if it were UTC.
     [[nodiscard]] std::optional<double> localTime(double ms) const;
 
-    Format::Region m_region;
+    format::Region m_region;
     std::optional<QTimeZone> m_zone; ///< None for the one that the system is set to, whichever that is by now.
     icu::Locale m_numberLocale;
-    std::vector<std::pair<Format::Digits, icu::number::LocalizedNumberFormatter>> m_numbers;
+    std::vector<std::pair<format::Digits, icu::number::LocalizedNumberFormatter>> m_numbers;
     std::unique_ptr<icu::SimpleDateFormat> m_clock;
     std::unique_ptr<icu::SimpleDateFormat> m_dayAndHour;
 };

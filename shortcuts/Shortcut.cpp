@@ -12,6 +12,8 @@
 
 namespace palomet {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 struct ModifierKey {
@@ -80,8 +82,7 @@ QStringList Shortcut::caps(const KeyboardLayout &layout) const {
             caps += QLatin1StringView(modifier.cap);
     }
     const auto *key = findKey(keyCode);
-    caps += key != nullptr && key->icon != nullptr ? QStringLiteral("icon:") + QLatin1StringView(key->icon)
-                                                   : keyName(layout);
+    caps += key != nullptr && key->icon != nullptr ? u"icon:"_s + QLatin1StringView(key->icon) : keyName(layout);
     return caps;
 }
 

@@ -6,10 +6,12 @@
 
 namespace palomet {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-const auto listenKey = QStringLiteral("listenShortcut");
-const auto stopKey = QStringLiteral("stopShortcut");
+const auto listenKey = u"listenShortcut"_s;
+const auto stopKey = u"stopShortcut"_s;
 
 } // namespace
 
@@ -56,7 +58,7 @@ void Shortcuts::setGranted(const QString &listen, const QString &stop) {
 
 void Shortcuts::save(const QString &key, const std::optional<Shortcut> &shortcut) {
     m_mainThread.check();
-    m_settings.setValue(key, shortcut ? QString::fromLatin1(shortcut->toJson()) : QStringLiteral("none"));
+    m_settings.setValue(key, shortcut ? QString::fromLatin1(shortcut->toJson()) : u"none"_s);
     // At once, and by the file's replacement as a whole: a crash keeps either the old value or the new one.
     m_settings.sync();
 }

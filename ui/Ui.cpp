@@ -7,11 +7,11 @@
 // The build makes it for the module; naming it here keeps the linker from dropping it.
 extern void qml_register_types_Palomet_Ui();
 
-namespace palomet::Ui {
+namespace palomet::ui {
 
 void install(QQmlEngine &engine, const QString &resources) {
     [[maybe_unused]] static volatile auto registration = &qml_register_types_Palomet_Ui;
-    Kit::install(engine, resources);
+    kit::install(engine, resources);
 }
 
-} // namespace palomet::Ui
+} // namespace palomet::ui

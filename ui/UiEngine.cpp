@@ -28,25 +28,25 @@ UiEngine::~UiEngine() {
 QQmlEngine &UiEngine::get() {
     if (m_engine)
         return *m_engine;
-    Kit::registerFonts(m_resources);
-    QGuiApplication::setWindowIcon(Kit::programIcon(m_resources));
+    kit::registerFonts(m_resources);
+    QGuiApplication::setWindowIcon(kit::programIcon(m_resources));
     m_engine = std::make_unique<QQmlEngine>();
-    Ui::install(*m_engine, m_resources);
-    Kit::setMotionReduced(*m_engine, m_isMotionReduced);
-    Kit::setContrastRaised(*m_engine, m_isContrastRaised);
+    ui::install(*m_engine, m_resources);
+    kit::setMotionReduced(*m_engine, m_isMotionReduced);
+    kit::setContrastRaised(*m_engine, m_isContrastRaised);
     return *m_engine;
 }
 
 void UiEngine::setMotionReduced(bool isReduced) {
     m_isMotionReduced = isReduced;
     if (m_engine)
-        Kit::setMotionReduced(*m_engine, isReduced);
+        kit::setMotionReduced(*m_engine, isReduced);
 }
 
 void UiEngine::setContrastRaised(bool isRaised) {
     m_isContrastRaised = isRaised;
     if (m_engine)
-        Kit::setContrastRaised(*m_engine, isRaised);
+        kit::setContrastRaised(*m_engine, isRaised);
 }
 
 } // namespace palomet

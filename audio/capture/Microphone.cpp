@@ -5,6 +5,7 @@
 #include <algorithm>
 
 using namespace std::chrono_literals;
+using namespace Qt::StringLiterals;
 
 namespace palomet {
 
@@ -33,7 +34,7 @@ void Microphone::shutdown() {
     m_parts.server.closeCapture();
     onCanceller(nullptr);
     restoreDefaultInput();
-    onNote(QStringLiteral("áudio: cancelamento de eco desligado na tela Escuta"));
+    onNote(u"áudio: cancelamento de eco desligado na tela Escuta"_s);
     onChange();
     for (const auto &ended : abandoned)
         ended();
@@ -100,7 +101,7 @@ void Microphone::endAttempt(quint64 number, const std::optional<Failure> &failur
     if (!failure) {
         m_retry.reset();
         m_retryCount = 0;
-        onNote(QStringLiteral("áudio: microfone %1 com cancelamento de eco").arg(m_deviceName));
+        onNote(u"áudio: microfone %1 com cancelamento de eco"_s.arg(m_deviceName));
         onConfigured(m_deviceName);
     } else if (attempt.isRetry) {
         retryLater(failure->reason);
@@ -122,8 +123,7 @@ std::vector<Microphone::Ended> Microphone::abandonAttempts() {
 void Microphone::retryLater(const QString &reason) {
     ++m_retryCount;
     if (m_retryCount == 1 || m_retryCount % attemptsPerNote == 0)
-        onNote(QStringLiteral("áudio: não consegui abrir o microfone com cancelamento de eco (%1); tentando de novo")
-                   .arg(reason));
+        onNote(u"áudio: não consegui abrir o microfone com cancelamento de eco (%1); tentando de novo"_s.arg(reason));
     m_retry = m_parts.scheduler.after(retryPeriod, [this] { startWithRetry(); });
 }
 
@@ -153,8 +153,7 @@ std::optional<InputDevice> Microphone::switchDefaultInput() {
     if (!m_originalDefaultInput)
         m_originalDefaultInput = current;
     m_parts.server.setDefaultInput(device->id);
-    onNote(
-        QStringLiteral("áudio: entrada padrão do macOS agora é %1 (volta à anterior quando o app fecha)").arg(*name));
+    onNote(u"áudio: entrada padrão do macOS agora é %1 (volta à anterior quando o app fecha)"_s.arg(*name));
     return *device;
 }
 
@@ -188,13 +187,13 @@ void Microphone::devicesTold() {
 void Microphone::configurationChanged() {
     if (!m_isStarted)
         return;
-    onNote(QStringLiteral("áudio: dispositivos mudaram; reabrindo"));
+    onNote(u"áudio: dispositivos mudaram; reabrindo"_s);
     configure(Asker::Once);
     onChange();
 }
 
 void Microphone::serverLost() {
-    endAttempt(m_attemptNumber, Failure{QStringLiteral("o servidor de som caiu")});
+    endAttempt(m_attemptNumber, Failure{u"o servidor de som caiu"_s});
 }
 
 } // namespace palomet

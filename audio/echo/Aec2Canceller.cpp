@@ -8,6 +8,9 @@
 // The canceller before AEC3, for systems that have nothing newer: it looks for the delay around the hint.
 
 namespace palomet {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using webrtc::AudioProcessing;
@@ -42,7 +45,7 @@ Result<std::unique_ptr<EchoCanceller>> EchoCanceller::create() {
     config.Set<webrtc::DelayAgnostic>(new webrtc::DelayAgnostic(true));
     std::unique_ptr<AudioProcessing> processing(AudioProcessing::Create(config));
     if (!processing)
-        return Failure{QStringLiteral("AEC2 indisponível")};
+        return Failure{u"AEC2 indisponível"_s};
     auto *canceller = processing->echo_cancellation();
     canceller->enable_drift_compensation(false);
     canceller->set_suppression_level(webrtc::EchoCancellation::kModerateSuppression);
@@ -52,7 +55,7 @@ Result<std::unique_ptr<EchoCanceller>> EchoCanceller::create() {
 }
 
 QString EchoCanceller::library() {
-    return QStringLiteral("AEC2");
+    return u"AEC2"_s;
 }
 
 } // namespace palomet

@@ -12,6 +12,9 @@
 // AEC3 with its linear output beside the suppressed one, from the library that gives access to both its settings.
 
 namespace palomet {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using webrtc::AudioProcessing;
@@ -117,14 +120,14 @@ Result<std::unique_ptr<EchoCanceller>> EchoCanceller::create() {
                           .SetEchoControlFactory(std::make_unique<webrtc::EchoCanceller3Factory>(tunedConfig()))
                           .Create();
     if (!processing)
-        return Failure{QStringLiteral("AEC3 indisponível")};
+        return Failure{u"AEC3 indisponível"_s};
     auto canceller = std::make_unique<Aec3Canceller>(std::move(processing));
     return std::unique_ptr<EchoCanceller>(
         std::make_unique<echo::RestingCanceller>(std::move(canceller), echo::aec3Delay));
 }
 
 QString EchoCanceller::library() {
-    return QStringLiteral("AEC3, tuned, with its linear output");
+    return u"AEC3, tuned, with its linear output"_s;
 }
 
 } // namespace palomet

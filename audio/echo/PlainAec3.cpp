@@ -6,6 +6,9 @@
 #include <modules/audio_processing/include/audio_processing.h>
 
 namespace palomet::echo {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using webrtc::AudioProcessing;
@@ -34,7 +37,7 @@ private:
 Result<std::unique_ptr<EchoCanceller>> createPlainAec3() {
     rtc::scoped_refptr<AudioProcessing> processing(webrtc::AudioProcessingBuilder().Create());
     if (!processing)
-        return Failure{QStringLiteral("AEC3 indisponível")};
+        return Failure{u"AEC3 indisponível"_s};
     AudioProcessing::Config config;
     config.echo_canceller.enabled = true;
     config.high_pass_filter.enabled = true;

@@ -3,6 +3,8 @@
 
 namespace palomet {
 
+using namespace Qt::StringLiterals;
+
 Result<std::unique_ptr<EchoCanceller>> EchoCanceller::create() {
     auto canceller = echo::createPlainAec3();
     if (!canceller)
@@ -12,7 +14,7 @@ Result<std::unique_ptr<EchoCanceller>> EchoCanceller::create() {
 }
 
 QString EchoCanceller::library() {
-    return QStringLiteral("AEC3");
+    return u"AEC3"_s;
 }
 
 } // namespace palomet

@@ -1,6 +1,7 @@
 #include "audio/link/AudioLink.h"
 
 using namespace std::chrono_literals;
+using namespace Qt::StringLiterals;
 
 namespace palomet {
 
@@ -20,7 +21,7 @@ AudioLink::AudioLink(Parts parts)
     , m_scheduler(parts.scheduler)
     , m_makeWakeup(std::move(parts.makeWakeup))
     , m_socket(std::move(parts.url), parts.timing, parts.maximumFile, std::move(parts.admit)) {
-    m_thread.setObjectName(QStringLiteral("audio link"));
+    m_thread.setObjectName(u"audio link"_s);
     m_socket.moveToThread(&m_thread);
     m_socket.onMessage = [this](link::Message message, quint64 connection) {
         auto handleIt = [this, message = std::move(message), connection]() mutable {
@@ -79,7 +80,7 @@ void AudioLink::handle(link::Message message, quint64 connection) {
                        m_io->play({play.id, connection}, std::move(play.data), std::move(play.format));
                    },
                    [&](const link::OversizedClip &clip) {
-                       m_io->refuse({clip.id, connection}, QStringLiteral("o arquivo é grande demais"));
+                       m_io->refuse({clip.id, connection}, u"o arquivo é grande demais"_s);
                    },
                    [this](const link::Stop &) { m_io->stop(); },
                    [this](const link::Enable &enable) { enable.isOn ? m_io->resume() : m_io->shutdown(); },

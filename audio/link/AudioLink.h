@@ -8,12 +8,14 @@
 
 namespace palomet {
 
+using namespace Qt::StringLiterals;
+
 /// Joins the front end's sound to the voice backend: the microphone goes up, speech and orders come down, and what was
 /// heard is answered for. Lives on the main thread; its connection lives on a thread of its own, which frames of the
 /// microphone and reports of played clips reach without passing the main one.
 class AudioLink {
 public:
-    static QUrl defaultUrl() { return QUrl(QStringLiteral("ws://127.0.0.1:%1/audio").arg(backendPort)); }
+    static QUrl defaultUrl() { return QUrl(u"ws://127.0.0.1:%1/audio"_s.arg(backendPort)); }
 
     struct Parts {
         std::unique_ptr<AudioIO> io;

@@ -7,6 +7,8 @@
 
 namespace palomet {
 
+using namespace Qt::StringLiterals;
+
 LinkSocket::LinkSocket(QUrl url, Timing timing, qsizetype maximumFile, AdmitPeer admit)
     : m_url(std::move(url))
     , m_timing(timing)
@@ -69,7 +71,7 @@ void LinkSocket::greet() {
     // Chunks from before the connection are too late now.
     for (Chunk chunk; m_chunks.pop(chunk);) {
     }
-    send({{QStringLiteral("type"), QStringLiteral("hello")}, {QStringLiteral("device"), m_deviceName}});
+    send({{u"type"_s, u"hello"_s}, {u"device"_s, m_deviceName}});
 }
 
 void LinkSocket::fail() {
@@ -88,12 +90,12 @@ void LinkSocket::receive() {
 }
 
 void LinkSocket::sendDevice() {
-    send({{QStringLiteral("type"), QStringLiteral("device")}, {QStringLiteral("device"), m_deviceName}});
+    send({{u"type"_s, u"device"_s}, {u"device"_s, m_deviceName}});
 }
 
 void LinkSocket::sendPlayed(ClipId id) {
     if (id.connection == m_connection)
-        send({{QStringLiteral("type"), QStringLiteral("played")}, {QStringLiteral("id"), id.number}});
+        send({{u"type"_s, u"played"_s}, {u"id"_s, id.number}});
 }
 
 void LinkSocket::send(const QJsonObject &event) {

@@ -15,6 +15,9 @@
 #include <span>
 
 namespace palomet {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int clipRate = 48000;
@@ -31,18 +34,18 @@ struct Kind {
     int subtype = 0;
 };
 
-constexpr Kind mp3{QLatin1StringView{"mp3"}, SF_FORMAT_MPEG, SF_FORMAT_MPEG_LAYER_III};
+constexpr Kind mp3{"mp3"_L1, SF_FORMAT_MPEG, SF_FORMAT_MPEG_LAYER_III};
 
 constexpr std::array kinds{
     mp3,
-    Kind{QLatin1StringView{"wav"}, SF_FORMAT_WAV},
-    Kind{QLatin1StringView{"wav"}, SF_FORMAT_WAVEX},
-    Kind{QLatin1StringView{"wav"}, SF_FORMAT_RF64},
-    Kind{QLatin1StringView{"aiff"}, SF_FORMAT_AIFF},
-    Kind{QLatin1StringView{"aif"}, SF_FORMAT_AIFF},
-    Kind{QLatin1StringView{"flac"}, SF_FORMAT_FLAC},
-    Kind{QLatin1StringView{"ogg"}, SF_FORMAT_OGG},
-    Kind{QLatin1StringView{"opus"}, SF_FORMAT_OGG, SF_FORMAT_OPUS},
+    Kind{"wav"_L1, SF_FORMAT_WAV},
+    Kind{"wav"_L1, SF_FORMAT_WAVEX},
+    Kind{"wav"_L1, SF_FORMAT_RF64},
+    Kind{"aiff"_L1, SF_FORMAT_AIFF},
+    Kind{"aif"_L1, SF_FORMAT_AIFF},
+    Kind{"flac"_L1, SF_FORMAT_FLAC},
+    Kind{"ogg"_L1, SF_FORMAT_OGG},
+    Kind{"opus"_L1, SF_FORMAT_OGG, SF_FORMAT_OPUS},
 };
 
 bool isExtension(const QString &text) {
@@ -187,7 +190,7 @@ SoundFile open(MemoryFile &memory, SF_INFO &info) {
 }
 
 Failure tooLong() {
-    return {QStringLiteral("o som ocupa mais de 256 MiB")};
+    return {u"o som ocupa mais de 256 MiB"_s};
 }
 
 Result<ClipSamples> decode(SNDFILE *file, const SF_INFO &info) {
@@ -197,7 +200,7 @@ Result<ClipSamples> decode(SNDFILE *file, const SF_INFO &info) {
         return tooLong();
     auto writer = ClipWriter::atRate(info.samplerate);
     if (!writer)
-        return Failure{QStringLiteral("frequência de amostragem impossível: %1 Hz").arg(info.samplerate)};
+        return Failure{u"frequência de amostragem impossível: %1 Hz"_s.arg(info.samplerate)};
     if (isLengthKnown)
         writer->reserve(clipFrames(info.frames, info.samplerate));
 
@@ -212,13 +215,13 @@ Result<ClipSamples> decode(SNDFILE *file, const SF_INFO &info) {
         const auto read = static_cast<std::size_t>(count);
         averageChannels(std::span(piece).first(read * channels), channels);
         if (!writer->add(std::span(piece).first(read)))
-            return Failure{QStringLiteral("conversão impossível")};
+            return Failure{u"conversão impossível"_s};
     }
     if (frames == 0 && sf_error(file) != SF_ERR_NO_ERROR)
         return Failure{QString::fromUtf8(sf_strerror(file))};
     auto samples = writer->finish(clipFrames(frames, info.samplerate));
     if (!samples)
-        return Failure{QStringLiteral("conversão impossível")};
+        return Failure{u"conversão impossível"_s};
     return std::move(*samples);
 }
 
@@ -226,10 +229,10 @@ Result<ClipSamples> decode(SNDFILE *file, const SF_INFO &info) {
 
 Result<ClipSamples> decodeClip(const QByteArray &data, const QString &extension) {
     if (!isExtension(extension))
-        return Failure{QStringLiteral("formato inválido")};
+        return Failure{u"formato inválido"_s};
     const auto isNamed = [&](const Kind &kind) { return extension.compare(kind.extension, Qt::CaseInsensitive) == 0; };
     if (std::none_of(kinds.begin(), kinds.end(), isNamed))
-        return Failure{QStringLiteral("formato desconhecido: %1").arg(extension)};
+        return Failure{u"formato desconhecido: %1"_s.arg(extension)};
 
     MemoryFile memory(data);
     SF_INFO info;
@@ -245,14 +248,14 @@ Result<ClipSamples> decodeClip(const QByteArray &data, const QString &extension)
                (kind.subtype == 0 || (info.format & SF_FORMAT_SUBMASK) == kind.subtype);
     });
     if (!isAsPromised)
-        return Failure{QStringLiteral("os dados não são %1").arg(extension)};
+        return Failure{u"os dados não são %1"_s.arg(extension)};
     if (info.samplerate < 1 || info.samplerate > maximumRate)
-        return Failure{QStringLiteral("frequência de amostragem impossível: %1 Hz").arg(info.samplerate)};
+        return Failure{u"frequência de amostragem impossível: %1 Hz"_s.arg(info.samplerate)};
 
     try {
         return decode(file.get(), info);
     } catch (const std::bad_alloc &) {
-        return Failure{QStringLiteral("memória insuficiente")};
+        return Failure{u"memória insuficiente"_s};
     }
 }
 

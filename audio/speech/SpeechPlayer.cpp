@@ -4,6 +4,8 @@
 
 namespace palomet {
 
+using namespace Qt::StringLiterals;
+
 SpeechPlayer::SpeechPlayer(SpeechMixer &mixer, SpeechDecoder::Decode decode)
     : m_mixer(mixer)
     , m_decoder(
@@ -19,7 +21,7 @@ void SpeechPlayer::play(ClipId id, QByteArray data, QString extension) {
         generation = m_generation;
     }
     if (!m_decoder.add({id, generation, std::move(data), std::move(extension)}))
-        fail(id, generation, QStringLiteral("há falas demais à espera"));
+        fail(id, generation, u"há falas demais à espera"_s);
 }
 
 void SpeechPlayer::stop() {

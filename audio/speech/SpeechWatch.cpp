@@ -4,6 +4,7 @@
 #include "audio/speech/SpeechPlayer.h"
 
 using namespace std::chrono_literals;
+using namespace Qt::StringLiterals;
 
 namespace palomet {
 
@@ -29,7 +30,7 @@ void SpeechWatch::look() {
         return;
     end();
     if (m_player.hasPending()) {
-        onNote(QStringLiteral("áudio: o servidor de som não toca nada; falas abandonadas"));
+        onNote(u"áudio: o servidor de som não toca nada; falas abandonadas"_s);
         m_player.stop();
     }
     onEnd();

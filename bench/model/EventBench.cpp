@@ -16,6 +16,7 @@
 using namespace palomet;
 using namespace palomet::test;
 using namespace std::chrono_literals;
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -61,7 +62,7 @@ void bareRequest(benchmark::State &state) {
     backend.serve("/state", bench::stateDocument(static_cast<int>(state.range(0))));
     QNetworkAccessManager manager;
     auto url = backend.base();
-    url.setPath(QStringLiteral("/state"));
+    url.setPath(u"/state"_s);
     for (auto _ : state) {
         const auto begin = std::chrono::steady_clock::now();
         const std::unique_ptr<QNetworkReply> reply(manager.get(QNetworkRequest(url)));

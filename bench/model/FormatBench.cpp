@@ -18,11 +18,11 @@ namespace {
 constexpr double instant = 1'731'700'000'000;
 
 void load() {
-    Format::load({.numbers = u"pt-BR"_s, .dates = u"pt-BR"_s, .timeZone = u"America/Sao_Paulo"_s});
+    format::load({.numbers = u"pt-BR"_s, .dates = u"pt-BR"_s, .timeZone = u"America/Sao_Paulo"_s});
 }
 
 template <auto write>
-void format(benchmark::State &state) {
+void writing(benchmark::State &state) {
     load();
     for (auto _ : state)
         benchmark::DoNotOptimize(write());
@@ -58,13 +58,13 @@ void bareIcuDate(benchmark::State &state) {
 } // namespace
 
 BENCHMARK(bareIcuNumber);
-BENCHMARK(format<[] { return Format::number(1234.5678, {2, 2}); }>)->Name("format number");
-BENCHMARK(format<[] { return Format::seconds(2500); }>)->Name("format seconds");
-BENCHMARK(format<[] { return Format::usd(1234.5678); }>)->Name("format usd");
-BENCHMARK(format<[] { return Format::speed(1.25); }>)->Name("format speed");
+BENCHMARK(writing<[] { return format::number(1234.5678, {2, 2}); }>)->Name("format number");
+BENCHMARK(writing<[] { return format::seconds(2500); }>)->Name("format seconds");
+BENCHMARK(writing<[] { return format::usd(1234.5678); }>)->Name("format usd");
+BENCHMARK(writing<[] { return format::speed(1.25); }>)->Name("format speed");
 BENCHMARK(bareIcuDate);
-BENCHMARK(format<[] { return Format::clock(instant); }>)->Name("format clock");
-BENCHMARK(format<[] { return Format::day(instant); }>)->Name("format day");
-BENCHMARK(format<[] { return Format::since(instant, std::chrono::system_clock::now()); }>)->Name("format since");
-BENCHMARK(format<[] { return Format::model(u"claude-sonnet-4-5"_s); }>)->Name("format model");
-BENCHMARK(format<[] { return Format::device(u"Microphone (USB Audio)"_s); }>)->Name("format device");
+BENCHMARK(writing<[] { return format::clock(instant); }>)->Name("format clock");
+BENCHMARK(writing<[] { return format::day(instant); }>)->Name("format day");
+BENCHMARK(writing<[] { return format::since(instant, std::chrono::system_clock::now()); }>)->Name("format since");
+BENCHMARK(writing<[] { return format::model(u"claude-sonnet-4-5"_s); }>)->Name("format model");
+BENCHMARK(writing<[] { return format::device(u"Microphone (USB Audio)"_s); }>)->Name("format device");

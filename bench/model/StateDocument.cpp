@@ -8,24 +8,24 @@
 
 namespace palomet::bench {
 
+using namespace Qt::StringLiterals;
+
 QByteArray stateDocument(int rows) {
     auto state = QJsonDocument::fromJson(test::fixture("state/full.json")).object();
-    auto conversation = state[QStringLiteral("conversation")].toObject();
+    auto conversation = state[u"conversation"_s].toObject();
     QJsonArray all;
     for (int i = 0; i < rows; ++i) {
         all.append(QJsonObject{
-            {QStringLiteral("role"), i % 2 == 0 ? QStringLiteral("user") : QStringLiteral("assistant")},
-            {QStringLiteral("text"),
-             QStringLiteral("O \u00faltimo \"deploy\" passou h\u00e1 %1 minutos, sem erro nenhum, "
-                            "e o site\nj\u00e1 est\u00e1 no ar com o formul\u00e1rio novo.")
-                 .arg(i)},
-            {QStringLiteral("at"), 1'731'700'000'000.0 + 1000.25 * i},
-            {QStringLiteral("durationMs"), 1840.5 + i},
-            {QStringLiteral("isOpen"), false},
+            {u"role"_s, i % 2 == 0 ? u"user"_s : u"assistant"_s},
+            {u"text"_s, u"O \u00faltimo \"deploy\" passou h\u00e1 %1 minutos, sem erro nenhum, "
+                        "e o site\nj\u00e1 est\u00e1 no ar com o formul\u00e1rio novo."_s.arg(i)},
+            {u"at"_s, 1'731'700'000'000.0 + 1000.25 * i},
+            {u"durationMs"_s, 1840.5 + i},
+            {u"isOpen"_s, false},
         });
     }
-    conversation[QStringLiteral("rows")] = all;
-    state[QStringLiteral("conversation")] = conversation;
+    conversation[u"rows"_s] = all;
+    state[u"conversation"_s] = conversation;
     return QJsonDocument(state).toJson(QJsonDocument::Compact);
 }
 

@@ -13,13 +13,15 @@
 
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 int main(int argc, char **argv) {
     QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
     QApplication application(argc, argv);
     QPixmap picture(22, 22);
     picture.fill(Qt::black);
     QMenu menu;
-    menu.addAction(QStringLiteral("Quit"), &application, &QApplication::quit);
+    menu.addAction(u"Quit"_s, &application, &QApplication::quit);
     QSystemTrayIcon item{QIcon(picture)};
     item.setContextMenu(&menu);
     item.show();

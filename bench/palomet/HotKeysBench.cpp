@@ -119,14 +119,14 @@ int main(int argc, char **argv) {
 
     QProcess palomet;
     palomet.setProcessEnvironment(environment);
-    palomet.start(QStringLiteral(PALOMET_EXECUTABLE), {});
+    palomet.start(u"" PALOMET_EXECUTABLE ""_s, {});
     require(test::eventually([&] { return backend.count("/events") > 0; }), "the program does not come up");
 
     const std::unique_ptr<QThread> driver(QThread::create([&] {
         FakeKeyboard keyboard(desktop.display.name());
         const auto grab = measureBareGrab(desktop.display.name(), keyboard, rounds);
         const auto hotKey = measureHotKey(keyboard, commands, commandCame, rounds);
-        const QString executable = QStringLiteral(PALOMET_EXECUTABLE);
+        const QString executable = u"" PALOMET_EXECUTABLE ""_s;
         const auto call =
             measureProgram(environment, u"gdbus"_s,
                            {u"call"_s, u"--session"_s, u"--dest"_s, u"org.palomet.Palomet"_s, u"--object-path"_s,

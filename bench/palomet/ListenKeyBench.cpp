@@ -112,7 +112,7 @@ int main(int argc, char **argv) {
     });
     QProcess palomet;
     palomet.setProcessEnvironment(environment);
-    palomet.start(QStringLiteral(PALOMET_EXECUTABLE), {});
+    palomet.start(u"" PALOMET_EXECUTABLE ""_s, {});
     if (!backend.isFollowed()) {
         std::fprintf(stderr, "listen-key-bench: the program does not come up\n");
         return 1;

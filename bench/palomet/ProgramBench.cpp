@@ -24,8 +24,8 @@ using namespace std::chrono_literals;
 
 namespace {
 
-const QString bare = QStringLiteral(PALOMET_BARE_TRAY);
-const QString whole = QStringLiteral(PALOMET_EXECUTABLE);
+const QString bare = u"" PALOMET_BARE_TRAY ""_s;
+const QString whole = u"" PALOMET_EXECUTABLE ""_s;
 
 void require(bool holds, const char *what) {
     if (holds)

@@ -7,13 +7,15 @@
 
 namespace palomet::bench {
 
+using namespace Qt::StringLiterals;
+
 /// The environment of the program on this desktop, with a backend process that does nothing.
 inline QProcessEnvironment surroundingsOn(const test::Desktop &desktop) {
     auto environment = desktop.environment();
-    const QDir resources(desktop.home.filePath(QStringLiteral("resources")));
-    resources.mkpath(QStringLiteral("engine"));
-    QFile::link(QStringLiteral(PALOMET_FAKE_BACKEND), resources.filePath(QStringLiteral("bun")));
-    environment.insert(QStringLiteral("PALOMET_RESOURCES"), resources.path());
+    const QDir resources(desktop.home.filePath(u"resources"_s));
+    resources.mkpath(u"engine"_s);
+    QFile::link(u"" PALOMET_FAKE_BACKEND ""_s, resources.filePath(u"bun"_s));
+    environment.insert(u"PALOMET_RESOURCES"_s, resources.path());
     return environment;
 }
 

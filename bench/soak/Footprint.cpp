@@ -6,8 +6,10 @@
 
 namespace palomet::bench {
 
+using namespace Qt::StringLiterals;
+
 Footprint Footprint::of(qint64 process) {
-    const auto rollup = test::processFile(process, QStringLiteral("smaps_rollup"));
+    const auto rollup = test::processFile(process, u"smaps_rollup"_s);
     const auto begin = rollup.indexOf("\nAnonymous:") + 11;
     return {rollup.mid(begin, rollup.indexOf("kB", begin) - begin).trimmed().toDouble() * 1024 / 1e6,
             test::descriptorsOf(process).size(), test::statusOf(process, "Threads").toLongLong()};

@@ -31,9 +31,9 @@ void pass(std::chrono::milliseconds duration) {
 Stage::Stage() {
     const QDir resources(desktop.home.filePath(u"resources"_s));
     resources.mkpath(u"engine"_s);
-    QFile::link(QStringLiteral(PALOMET_FAKE_BACKEND), resources.filePath(u"bun"_s));
+    QFile::link(u"" PALOMET_FAKE_BACKEND ""_s, resources.filePath(u"bun"_s));
     for (const auto &part : {u"Icons"_s, u"en.lproj"_s, u"pt-BR.lproj"_s})
-        QFile::link(QStringLiteral(PALOMET_RESOURCES "/") + part, resources.filePath(part));
+        QFile::link(u"" PALOMET_RESOURCES "/"_s + part, resources.filePath(part));
     sound.start();
     addDevices();
     desktop.tray.appear();
@@ -52,7 +52,7 @@ void Stage::start() {
     environment.insert(u"PALOMET_RESOURCES"_s, desktop.home.filePath(u"resources"_s));
     m_program.setProcessEnvironment(environment);
     m_program.setProcessChannelMode(QProcess::ForwardedChannels);
-    m_program.start(QStringLiteral(PALOMET_EXECUTABLE), QStringList());
+    m_program.start(u"" PALOMET_EXECUTABLE ""_s, QStringList());
     require(eventually([this] { return isHeard() && backends().size() == 1; }), "it does not begin");
 }
 

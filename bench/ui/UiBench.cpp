@@ -22,6 +22,7 @@
 using namespace palomet;
 using namespace palomet::test;
 using namespace std::chrono_literals;
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -35,7 +36,7 @@ public:
 struct Desk {
     Desk() {
         backend.on("/events", [](auto exchange) { exchange->beginEvents(); });
-        Ui::install(engine, QStringLiteral(PALOMET_BINARY_DIR "/resources"));
+        ui::install(engine, u"" PALOMET_BINARY_DIR "/resources"_s);
         window = std::make_unique<SettingsWindow>(engine, app, scheduler, nullptr);
         window->bringToFront();
     }
@@ -45,7 +46,7 @@ struct Desk {
     ScriptedBackend backend;
     PalometModel model{scheduler, permission, backend.base()};
     QTemporaryDir folder;
-    QSettings file{folder.filePath(QStringLiteral("palomet.conf")), QSettings::IniFormat};
+    QSettings file{folder.filePath(u"palomet.conf"_s), QSettings::IniFormat};
     Shortcuts shortcuts{file};
     NoKeyboardLayout layout;
     Navigation navigation;
@@ -58,12 +59,11 @@ std::shared_ptr<const Snapshot> snapshot(const char *state, int rows) {
     auto made = std::make_shared<Snapshot>();
     made->state = QString::fromUtf8(state);
     for (int i = 0; i < rows; ++i)
-        made->conversation.rows.push_back(
-            {.role = i % 2 ? QStringLiteral("assistant") : QStringLiteral("user"),
-             .text = QStringLiteral("Turn %1, and what was said in it. ").arg(i).repeated(1 + i % 7),
-             .at = 1'800'000'000'000.0 + i,
-             .durationMs = 1'500.0,
-             .isOpen = {}});
+        made->conversation.rows.push_back({.role = i % 2 ? u"assistant"_s : u"user"_s,
+                                           .text = u"Turn %1, and what was said in it. "_s.arg(i).repeated(1 + i % 7),
+                                           .at = 1'800'000'000'000.0 + i,
+                                           .durationMs = 1'500.0,
+                                           .isOpen = {}});
     return made;
 }
 
@@ -95,8 +95,7 @@ bench::Sample measureRefreshes(Desk &desk, int rows, bool isChanging) {
 /// Ten turns, the first of which is as long as that: of words, or without a blank.
 std::shared_ptr<const Snapshot> longSnapshot(int words, bool isBlank, int turn) {
     auto made = std::make_shared<Snapshot>(*snapshot("waiting", 10));
-    made->conversation.rows.front().text =
-        (isBlank ? QStringLiteral("word ") : QStringLiteral("words")).repeated(words);
+    made->conversation.rows.front().text = (isBlank ? u"word "_s : u"words"_s).repeated(words);
     // In sight, and another each time.
     made->conversation.rows.push_back(made->conversation.rows.front());
     made->conversation.rows.back().text.prepend(QString::number(turn));
@@ -138,9 +137,9 @@ double measureLevels(Desk &desk, const char *state) {
 int main(int argc, char **argv) {
     test::useNoScreen();
     QApplication application(argc, argv);
-    const auto resources = QStringLiteral(PALOMET_BINARY_DIR "/resources");
-    Kit::registerFonts(resources);
-    Localization::load(resources, {QStringLiteral("en")});
+    const auto resources = u"" PALOMET_BINARY_DIR "/resources"_s;
+    kit::registerFonts(resources);
+    localization::load(resources, {u"en"_s});
     Desk desk;
     desk.model.start();
     while (!desk.backend.last("/events"))

@@ -11,6 +11,7 @@
 namespace palomet {
 
 using namespace remoteNames;
+using namespace Qt::StringLiterals;
 
 DBusRemoteClient::DBusRemoteClient(const QDBusConnection &bus)
     : m_bus(bus)
@@ -24,7 +25,7 @@ DBusRemoteClient::DBusRemoteClient(const QDBusConnection &bus)
 Result<QVariantList> DBusRemoteClient::call(const QString &interface, const QString &member,
                                             const QVariantList &arguments) {
     if (!m_bus.isConnected())
-        return Failure{QStringLiteral("there is no session bus")};
+        return Failure{u"there is no session bus"_s};
     auto message = QDBusMessage::createMethodCall(service, path, interface, member);
     message.setAutoStartService(false);
     message.setArguments(arguments);
@@ -32,21 +33,21 @@ Result<QVariantList> DBusRemoteClient::call(const QString &interface, const QStr
     const auto reply = m_bus.call(message, QDBus::Block, limit);
     if (reply.type() == QDBusMessage::ReplyMessage)
         return reply.arguments();
-    const bool isAbsent = reply.errorName() == QStringLiteral("org.freedesktop.DBus.Error.ServiceUnknown") ||
-                          reply.errorName() == QStringLiteral("org.freedesktop.DBus.Error.NameHasNoOwner");
-    return Failure{isAbsent ? QStringLiteral("Palomet is not running") : reply.errorMessage()};
+    const bool isAbsent = reply.errorName() == u"org.freedesktop.DBus.Error.ServiceUnknown"_s ||
+                          reply.errorName() == u"org.freedesktop.DBus.Error.NameHasNoOwner"_s;
+    return Failure{isAbsent ? u"Palomet is not running"_s : reply.errorMessage()};
 }
 
 std::optional<Failure> DBusRemoteClient::send(const RemoteCommand &command) {
     QVariantList parameters;
     if (command.text)
         parameters.append(*command.text);
-    const auto reply = call(application, QStringLiteral("ActivateAction"), {command.action, parameters, QVariantMap()});
+    const auto reply = call(application, u"ActivateAction"_s, {command.action, parameters, QVariantMap()});
     return reply ? std::nullopt : std::optional(Failure{reply.reason()});
 }
 
 Result<RemoteStatus> DBusRemoteClient::status() {
-    const auto reply = call(control, QStringLiteral("Status"), {});
+    const auto reply = call(control, u"Status"_s, {});
     if (!reply)
         return Failure{reply.reason()};
     return statusFromJson(reply->value(0).toString());
@@ -58,7 +59,7 @@ std::optional<Failure> DBusRemoteClient::follow(std::function<void(const RemoteS
     m_changed = std::move(changed);
     m_gone = std::move(gone);
     if (m_bus.isConnected())
-        m_bus.connect(service, path, control, QStringLiteral("StatusChanged"), this, SLOT(statusChanged(QString)));
+        m_bus.connect(service, path, control, u"StatusChanged"_s, this, SLOT(statusChanged(QString)));
     const auto now = status();
     if (!now)
         return Failure{now.reason()};

@@ -10,6 +10,7 @@
 namespace palomet {
 
 using namespace remoteNames;
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -18,10 +19,9 @@ QDBusMessage answer(const QDBusMessage &message, const QString &action, RemoteOu
     case RemoteOutcome::Done:
         return message.createReply();
     case RemoteOutcome::Unknown:
-        return message.createErrorReply(QDBusError::InvalidArgs, QStringLiteral("no such action: ") + action);
+        return message.createErrorReply(QDBusError::InvalidArgs, u"no such action: "_s + action);
     case RemoteOutcome::Busy:
-        return message.createErrorReply(QDBusError::LimitsExceeded,
-                                        QStringLiteral("too many commands are waiting for the backend"));
+        return message.createErrorReply(QDBusError::LimitsExceeded, u"too many commands are waiting for the backend"_s);
     }
     Q_UNREACHABLE();
 }
@@ -45,9 +45,8 @@ void DBusRemoteService::leave() {
         return;
     if (m_isPrimary) {
         // The answer is not waited for: a bus that hangs would not give it, and the name goes with the connection.
-        auto release = QDBusMessage::createMethodCall(
-            QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/org/freedesktop/DBus"),
-            QStringLiteral("org.freedesktop.DBus"), QStringLiteral("ReleaseName"));
+        auto release = QDBusMessage::createMethodCall(u"org.freedesktop.DBus"_s, u"/org/freedesktop/DBus"_s,
+                                                      u"org.freedesktop.DBus"_s, u"ReleaseName"_s);
         release.setArguments({service});
         m_bus.send(release);
     }
@@ -62,15 +61,14 @@ RemoteService::Claim DBusRemoteService::claim() {
     const auto claim = takeName();
     if (claim != Claim::Taken)
         return claim;
-    auto activate = QDBusMessage::createMethodCall(service, path, application, QStringLiteral("Activate"));
+    auto activate = QDBusMessage::createMethodCall(service, path, application, u"Activate"_s);
     activate.setArguments({QVariantMap()});
     m_bus.call(activate, QDBus::Block, 5000);
     return claim;
 }
 
 RemoteService::Claim DBusRemoteService::takeName() {
-    m_bus.connect(QString(), QStringLiteral("/org/freedesktop/DBus/Local"),
-                  QStringLiteral("org.freedesktop.DBus.Local"), QStringLiteral("Disconnected"), this,
+    m_bus.connect(QString(), u"/org/freedesktop/DBus/Local"_s, u"org.freedesktop.DBus.Local"_s, u"Disconnected"_s, this,
                   SLOT(busHasEnded()));
     // The object first: whoever sees the name may call at once.
     m_bus.registerVirtualObject(path, this);
@@ -104,13 +102,13 @@ void DBusRemoteService::publish(const RemoteStatus &status) {
     m_status = status;
     if (!m_bus.isConnected())
         return;
-    auto signal = QDBusMessage::createSignal(path, control, QStringLiteral("StatusChanged"));
+    auto signal = QDBusMessage::createSignal(path, control, u"StatusChanged"_s);
     signal.setArguments({toJson(status)});
     m_bus.send(signal);
 }
 
 QString DBusRemoteService::introspect(const QString &) const {
-    return QStringLiteral(R"(<interface name="org.freedesktop.Application">
+    return uR"(<interface name="org.freedesktop.Application">
   <method name="Activate"><arg type="a{sv}" name="platform_data" direction="in"/></method>
   <method name="Open"><arg type="as" name="uris" direction="in"/><arg type="a{sv}" name="platform_data" direction="in"/></method>
   <method name="ActivateAction"><arg type="s" name="action_name" direction="in"/><arg type="av" name="parameter" direction="in"/><arg type="a{sv}" name="platform_data" direction="in"/></method>
@@ -119,7 +117,7 @@ QString DBusRemoteService::introspect(const QString &) const {
   <method name="Status"><arg type="s" name="json" direction="out"/></method>
   <signal name="StatusChanged"><arg type="s" name="json"/></signal>
 </interface>
-)");
+)"_s;
 }
 
 bool DBusRemoteService::handleMessage(const QDBusMessage &message, const QDBusConnection &) {
@@ -127,20 +125,20 @@ bool DBusRemoteService::handleMessage(const QDBusMessage &message, const QDBusCo
         return false;
     if (message.interface() == application)
         return handleApplication(message);
-    if (message.interface() == control && message.member() == QStringLiteral("Status"))
+    if (message.interface() == control && message.member() == u"Status"_s)
         return m_bus.send(message.createReply(toJson(m_status)));
     return false;
 }
 
 bool DBusRemoteService::handleApplication(const QDBusMessage &message) {
     // There are no documents to open: whoever asks for one sees the window.
-    if (message.member() == QStringLiteral("Activate") || message.member() == QStringLiteral("Open")) {
+    if (message.member() == u"Activate"_s || message.member() == u"Open"_s) {
         m_bus.send(message.createReply());
         QMetaObject::invokeMethod(
             this, [this] { onActivate(); }, Qt::QueuedConnection);
         return true;
     }
-    if (message.member() != QStringLiteral("ActivateAction"))
+    if (message.member() != u"ActivateAction"_s)
         return false;
     const auto arguments = message.arguments();
     RemoteCommand command{arguments.value(0).toString(), std::nullopt};

@@ -14,6 +14,8 @@
 
 namespace palomet {
 
+using namespace Qt::StringLiterals;
+
 QDBusArgument &operator<<(QDBusArgument &argument, const PortalShortcut &shortcut) {
     argument.beginStructure();
     argument << shortcut.id << shortcut.properties;
@@ -38,9 +40,8 @@ PortalHotKeyGrabber::PortalHotKeyGrabber(const QDBusConnection &bus, QString app
     qDBusRegisterMetaType<QList<PortalShortcut>>();
     connect(m_watcher, &QDBusServiceWatcher::serviceOwnerChanged, this, &PortalHotKeyGrabber::serviceOwnerChanged);
     // No sender is named: that would ask the bus who it is, and wait for the answer.
-    m_bus.connect({}, portal::path, portal::globalShortcuts, QStringLiteral("Activated"), this,
-                  SLOT(activated(QDBusMessage)));
-    m_bus.connect({}, portal::path, portal::globalShortcuts, QStringLiteral("ShortcutsChanged"), this,
+    m_bus.connect({}, portal::path, portal::globalShortcuts, u"Activated"_s, this, SLOT(activated(QDBusMessage)));
+    m_bus.connect({}, portal::path, portal::globalShortcuts, u"ShortcutsChanged"_s, this,
                   SLOT(shortcutsChanged(QDBusMessage)));
 }
 
@@ -78,9 +79,9 @@ QString PortalHotKeyGrabber::trigger(quint32 id) const {
 QList<PortalShortcut> PortalHotKeyGrabber::shortcuts() const {
     QList<PortalShortcut> list;
     for (const auto &offer : m_offers) {
-        QVariantMap properties{{QStringLiteral("description"), offer.description}};
+        QVariantMap properties{{u"description"_s, offer.description}};
         if (const auto trigger = preferredTrigger(offer, m_layout); !trigger.isEmpty())
-            properties[QStringLiteral("preferred_trigger")] = trigger;
+            properties[u"preferred_trigger"_s] = trigger;
         list.append({QString::number(offer.id), properties});
     }
     return list;
@@ -95,8 +96,7 @@ void PortalHotKeyGrabber::begin() {
         // Newer portals want to be told who asks, before anything else is asked; older ones do not know the question.
         m_isRegistered = true;
         auto message = QDBusMessage::createMethodCall(portal::service, portal::path,
-                                                      QStringLiteral("org.freedesktop.host.portal.Registry"),
-                                                      QStringLiteral("Register"));
+                                                      u"org.freedesktop.host.portal.Registry"_s, u"Register"_s);
         message.setArguments({m_applicationId, QVariantMap()});
         m_bus.send(message);
     }
@@ -106,29 +106,27 @@ void PortalHotKeyGrabber::begin() {
 void PortalHotKeyGrabber::createSession() {
     m_state = State::Creating;
     const auto token = expectResponse();
-    call(QStringLiteral("CreateSession"),
-         {QVariantMap{{QStringLiteral("handle_token"), token},
-                      {QStringLiteral("session_handle_token"), token},
-                      // Some portals bind by this call alone.
-                      {QStringLiteral("shortcuts"), QVariant::fromValue(shortcuts())}}});
+    call(u"CreateSession"_s, {QVariantMap{{u"handle_token"_s, token},
+                                          {u"session_handle_token"_s, token},
+                                          // Some portals bind by this call alone.
+                                          {u"shortcuts"_s, QVariant::fromValue(shortcuts())}}});
 }
 
 void PortalHotKeyGrabber::bindShortcuts() {
     m_state = State::Binding;
     const auto token = expectResponse();
-    call(QStringLiteral("BindShortcuts"),
-         {QVariant::fromValue(QDBusObjectPath(m_session)), QVariant::fromValue(shortcuts()), QString(),
-          QVariantMap{{QStringLiteral("handle_token"), token}}});
+    call(u"BindShortcuts"_s, {QVariant::fromValue(QDBusObjectPath(m_session)), QVariant::fromValue(shortcuts()),
+                              QString(), QVariantMap{{u"handle_token"_s, token}}});
 }
 
 QString PortalHotKeyGrabber::expectResponse() {
     if (!m_request.isEmpty())
-        m_bus.disconnect({}, m_request, portal::request, QStringLiteral("Response"), this,
+        m_bus.disconnect({}, m_request, portal::request, u"Response"_s, this,
                          SLOT(responded(uint, QVariantMap, QDBusMessage)));
-    auto token = QStringLiteral("palomet%1").arg(++m_tokens);
+    auto token = u"palomet%1"_s.arg(++m_tokens);
     const auto sender = m_bus.baseService().mid(1).replace(u'.', u'_');
-    m_request = QStringLiteral("%1/request/%2/%3").arg(portal::path, sender, token);
-    m_bus.connect({}, m_request, portal::request, QStringLiteral("Response"), this,
+    m_request = u"%1/request/%2/%3"_s.arg(portal::path, sender, token);
+    m_bus.connect({}, m_request, portal::request, u"Response"_s, this,
                   SLOT(responded(uint, QVariantMap, QDBusMessage)));
     return token;
 }
@@ -153,7 +151,7 @@ void PortalHotKeyGrabber::responded(uint code, const QVariantMap &results, const
         return;
     }
     if (m_state == State::Creating) {
-        const auto handle = results[QStringLiteral("session_handle")];
+        const auto handle = results[u"session_handle"_s];
         m_session = handle.canConvert<QDBusObjectPath>() && handle.typeId() != QMetaType::QString
                         ? handle.value<QDBusObjectPath>().path()
                         : handle.toString();
@@ -162,12 +160,11 @@ void PortalHotKeyGrabber::responded(uint code, const QVariantMap &results, const
             refuseAll();
             return;
         }
-        m_bus.connect({}, m_session, portal::session, QStringLiteral("Closed"), this,
-                      SLOT(sessionClosed(QDBusMessage)));
+        m_bus.connect({}, m_session, portal::session, u"Closed"_s, this, SLOT(sessionClosed(QDBusMessage)));
         bindShortcuts();
     } else if (m_state == State::Binding) {
         m_state = State::Bound;
-        keepTriggers(results[QStringLiteral("shortcuts")]);
+        keepTriggers(results[u"shortcuts"_s]);
     }
 }
 
@@ -176,7 +173,7 @@ void PortalHotKeyGrabber::keepTriggers(const QVariant &shortcuts) {
     const auto list = qdbus_cast<QList<PortalShortcut>>(shortcuts);
     for (const auto &shortcut : list) {
         const auto id = offeredId(shortcut.id);
-        const auto trigger = shortcut.properties.value(QStringLiteral("trigger_description"));
+        const auto trigger = shortcut.properties.value(u"trigger_description"_s);
         // One that has no keys is in the list all the same.
         const bool hasNoKeys = trigger.isValid() && trigger.toString().isEmpty();
         if (id && !hasNoKeys)
@@ -254,8 +251,8 @@ void PortalHotKeyGrabber::closeSession() {
     m_state = State::Idle;
     if (m_session.isEmpty())
         return;
-    m_bus.disconnect({}, m_session, portal::session, QStringLiteral("Closed"), this, SLOT(sessionClosed(QDBusMessage)));
-    m_bus.send(QDBusMessage::createMethodCall(portal::service, m_session, portal::session, QStringLiteral("Close")));
+    m_bus.disconnect({}, m_session, portal::session, u"Closed"_s, this, SLOT(sessionClosed(QDBusMessage)));
+    m_bus.send(QDBusMessage::createMethodCall(portal::service, m_session, portal::session, u"Close"_s));
     m_session.clear();
 }
 

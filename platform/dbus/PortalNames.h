@@ -5,13 +5,15 @@
 /// The names on the session bus of the desktop's portal, and of the parts of it that the program asks.
 namespace palomet::portal {
 
-inline const auto service = QStringLiteral("org.freedesktop.portal.Desktop");
-inline const auto path = QStringLiteral("/org/freedesktop/portal/desktop");
+using namespace Qt::StringLiterals;
 
-inline const auto fileChooser = QStringLiteral("org.freedesktop.portal.FileChooser");
-inline const auto globalShortcuts = QStringLiteral("org.freedesktop.portal.GlobalShortcuts");
-inline const auto request = QStringLiteral("org.freedesktop.portal.Request");
-inline const auto session = QStringLiteral("org.freedesktop.portal.Session");
-inline const auto settings = QStringLiteral("org.freedesktop.portal.Settings");
+inline const auto service = u"org.freedesktop.portal.Desktop"_s;
+inline const auto path = u"/org/freedesktop/portal/desktop"_s;
+
+inline const auto fileChooser = u"org.freedesktop.portal.FileChooser"_s;
+inline const auto globalShortcuts = u"org.freedesktop.portal.GlobalShortcuts"_s;
+inline const auto request = u"org.freedesktop.portal.Request"_s;
+inline const auto session = u"org.freedesktop.portal.Session"_s;
+inline const auto settings = u"org.freedesktop.portal.Settings"_s;
 
 } // namespace palomet::portal

@@ -4,10 +4,12 @@
 
 namespace palomet::remoteNames {
 
+using namespace Qt::StringLiterals;
+
 /// The bus name is the application's id, which is its desktop file's name too; the path follows from it.
-inline const auto service = QStringLiteral("org.palomet.Palomet");
-inline const auto path = QStringLiteral("/org/palomet/Palomet");
-inline const auto application = QStringLiteral("org.freedesktop.Application");
-inline const auto control = QStringLiteral("org.palomet.Palomet.Control");
+inline const auto service = u"org.palomet.Palomet"_s;
+inline const auto path = u"/org/palomet/Palomet"_s;
+inline const auto application = u"org.freedesktop.Application"_s;
+inline const auto control = u"org.palomet.Palomet.Control"_s;
 
 } // namespace palomet::remoteNames

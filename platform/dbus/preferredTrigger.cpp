@@ -9,6 +9,8 @@
 
 namespace palomet {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QString keysymName(quint32 keyCode, const KeyboardLayout &layout) {
@@ -28,13 +30,13 @@ QString preferredTrigger(const HotKeyOffer &offer, const KeyboardLayout &layout)
     const auto key = keysymName(offer.keyCode, layout);
     QString trigger;
     if ((offer.modifiers & HotKeyGrabber::Control) != 0)
-        trigger += QStringLiteral("CTRL+");
+        trigger += u"CTRL+"_s;
     if ((offer.modifiers & HotKeyGrabber::Option) != 0)
-        trigger += QStringLiteral("ALT+");
+        trigger += u"ALT+"_s;
     if ((offer.modifiers & HotKeyGrabber::Shift) != 0)
-        trigger += QStringLiteral("SHIFT+");
+        trigger += u"SHIFT+"_s;
     if ((offer.modifiers & HotKeyGrabber::Command) != 0)
-        trigger += QStringLiteral("LOGO+");
+        trigger += u"LOGO+"_s;
     return key.isEmpty() || trigger.isEmpty() ? QString() : trigger + key;
 }
 

@@ -18,6 +18,8 @@
 
 namespace palomet {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 struct Question {
@@ -121,7 +123,7 @@ SocketOwner KernelSocketOwner::operator()(quint16 port, quint16 from) const {
 
 SocketOwner KernelSocketOwner::fromTable(quint16 port, quint16 from) const {
     auto listener = SocketOwner::Unknown;
-    for (const auto &name : {QStringLiteral("/net/tcp"), QStringLiteral("/net/tcp6")}) {
+    for (const auto &name : {u"/net/tcp"_s, u"/net/tcp6"_s}) {
         QFile table(m_proc + name);
         if (!table.open(QFile::ReadOnly))
             continue;

@@ -6,6 +6,8 @@
 
 namespace palomet {
 
+using namespace Qt::StringLiterals;
+
 /// A `FindSocketOwner`: asks the kernel who would get a packet for the port, and whose that socket is. A kernel that
 /// cannot be asked has a table of all sockets, which takes it milliseconds to write.
 class KernelSocketOwner {
@@ -15,7 +17,7 @@ public:
     /// By a question, if that can be asked here.
     KernelSocketOwner();
     /// `proc` has the tables.
-    explicit KernelSocketOwner(Way way, QString proc = QStringLiteral("/proc"));
+    explicit KernelSocketOwner(Way way, QString proc = u"/proc"_s);
 
     [[nodiscard]] SocketOwner operator()(quint16 port, quint16 from) const;
 

@@ -14,6 +14,7 @@
 namespace palomet {
 
 using namespace std::chrono_literals;
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -39,7 +40,7 @@ void trim() {}
 
 /// The memory that the process holds; 0 where the system does not say.
 std::size_t residentBytes() {
-    QFile file(QStringLiteral("/proc/self/statm"));
+    QFile file(u"/proc/self/statm"_s);
     if (!file.open(QFile::ReadOnly))
         return 0;
     return file.readAll().split(' ').value(1).toULongLong() * static_cast<std::size_t>(sysconf(_SC_PAGESIZE));

@@ -7,6 +7,8 @@
 
 namespace palomet {
 
+using namespace Qt::StringLiterals;
+
 std::optional<Failure> trialOfThreads(int count) {
     std::promise<void> end;
     const auto isOver = end.get_future().share();
@@ -16,8 +18,7 @@ std::optional<Failure> trialOfThreads(int count) {
         for (int index = 0; index < count; ++index)
             threads.emplace_back([isOver] { isOver.wait(); });
     } catch (const std::system_error &error) {
-        problem =
-            Failure{QStringLiteral("the system refuses a thread: ") + QString::fromStdString(error.code().message())};
+        problem = Failure{u"the system refuses a thread: "_s + QString::fromStdString(error.code().message())};
     }
     end.set_value();
     return problem;

@@ -13,11 +13,13 @@
 
 namespace palomet {
 
+using namespace Qt::StringLiterals;
+
 bool hasWaylandDisplay() {
     // An open connection that was handed down.
     if (!qEnvironmentVariableIsEmpty("WAYLAND_SOCKET"))
         return true;
-    const auto display = qEnvironmentVariable("WAYLAND_DISPLAY", QStringLiteral("wayland-0"));
+    const auto display = qEnvironmentVariable("WAYLAND_DISPLAY", u"wayland-0"_s);
     const auto path = QFile::encodeName(QDir(qEnvironmentVariable("XDG_RUNTIME_DIR")).absoluteFilePath(display));
     sockaddr_un address{};
     address.sun_family = AF_UNIX;

@@ -11,6 +11,7 @@ namespace palomet {
 namespace {
 
 using namespace std::chrono_literals;
+using namespace Qt::StringLiterals;
 
 constexpr auto reconnectDelay = 2s;
 constexpr auto openingLimit = 5s;
@@ -24,13 +25,13 @@ constexpr auto ownDefaultLimit = 2s;
 
 // The log is Portuguese.
 Failure noServer() {
-    return {QStringLiteral(u"sem servidor de som")};
+    return {u"sem servidor de som"_s};
 }
 Failure noMicrophone() {
-    return {QStringLiteral(u"sem microfone")};
+    return {u"sem microfone"_s};
 }
 Failure accessRefused() {
-    return {QStringLiteral(u"acesso ao microfone recusado")};
+    return {u"acesso ao microfone recusado"_s};
 }
 
 Failure failureOf(PulseCapture::Ending ending, int error) {
@@ -184,10 +185,10 @@ void PulseSoundServer::openCapture(Done done) {
         failOpening(0ms, noServer());
         break;
     case Link::Connecting:
-        failOpening(openingLimit, {QStringLiteral(u"o servidor de som não respondeu")});
+        failOpening(openingLimit, {u"o servidor de som não respondeu"_s});
         break;
     case Link::Ready:
-        failOpening(openingLimit, {QStringLiteral(u"o servidor de som não respondeu")});
+        failOpening(openingLimit, {u"o servidor de som não respondeu"_s});
         startCapture();
         break;
     }
@@ -196,7 +197,7 @@ void PulseSoundServer::openCapture(Done done) {
 void PulseSoundServer::closeCapture() {
     m_capture.reset();
     if (m_opening)
-        finishOpening(Failure{QStringLiteral(u"tentativa abandonada")});
+        finishOpening(Failure{u"tentativa abandonada"_s});
 }
 
 /// The attempt fails if nothing has come of it by then.

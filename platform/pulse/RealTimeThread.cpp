@@ -9,6 +9,8 @@
 
 namespace palomet {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// Below the sound server's own threads, which have 5 and more.
@@ -34,9 +36,8 @@ void askForRealTime(const QDBusConnection &systemBus, pid_t thread) {
     limit.rlim_cur = limit.rlim_max;
     if (setrlimit(RLIMIT_RTTIME, &limit) < 0)
         return;
-    auto message = QDBusMessage::createMethodCall(
-        QStringLiteral("org.freedesktop.RealtimeKit1"), QStringLiteral("/org/freedesktop/RealtimeKit1"),
-        QStringLiteral("org.freedesktop.RealtimeKit1"), QStringLiteral("MakeThreadRealtime"));
+    auto message = QDBusMessage::createMethodCall(u"org.freedesktop.RealtimeKit1"_s, u"/org/freedesktop/RealtimeKit1"_s,
+                                                  u"org.freedesktop.RealtimeKit1"_s, u"MakeThreadRealtime"_s);
     message << quint64(thread) << quint32(priority);
     systemBus.send(message);
 }

@@ -87,7 +87,7 @@ class AppDelegateTest : public ::testing::Test {
 protected:
     AppDelegateTest() {
         QDir(folder.path()).mkpath(u"resources/engine"_s);
-        EXPECT_TRUE(QFile::link(QStringLiteral(PALOMET_FAKE_BACKEND), folder.filePath(u"resources/bun"_s)));
+        EXPECT_TRUE(QFile::link(u"" PALOMET_FAKE_BACKEND ""_s, folder.filePath(u"resources/bun"_s)));
     }
 
     void create(MicrophoneStatus status = MicrophoneStatus::Authorized) {
@@ -107,7 +107,7 @@ protected:
         auto ownedRemote = std::make_unique<test::FakeRemoteService>();
         grabber = ownedGrabber.get();
         remote = ownedRemote.get();
-        delegate = std::make_unique<AppDelegate>(AppDelegate::Surroundings{
+        delegate = std::make_unique<AppDelegate>(AppDelegate::Parts{
             .resources = folder.filePath(u"resources"_s),
             .home = folder.path(),
             .version = u"1.2.3"_s,

@@ -51,7 +51,7 @@ protected:
     BackendTest() {
         scheduler.setNow(std::chrono::sys_days{std::chrono::year{2026} / 1 / 5} + 9h + 30min);
         QDir(folder.path()).mkpath(u"resources/engine"_s);
-        EXPECT_TRUE(QFile::link(QStringLiteral(PALOMET_FAKE_BACKEND), runtime()));
+        EXPECT_TRUE(QFile::link(u"" PALOMET_FAKE_BACKEND ""_s, runtime()));
         makeBackend();
     }
 
@@ -134,9 +134,9 @@ TEST_F(BackendTest, GivesTheBackendTheLanguageInUseAndThenThePreferredOnes) {
         ASSERT_TRUE(strings.open(QFile::WriteOnly));
         strings.write("{}");
     }
-    Localization::load(*resources, Localization::preferredLanguages());
+    localization::load(*resources, localization::preferredLanguages());
     EXPECT_EQ(variable(start(), "PALOMET_LANGUAGES"), "pt-BR,pt-BR,en-US");
-    Localization::load({}, {});
+    localization::load({}, {});
 }
 
 TEST_F(BackendTest, MarksEachStartInTheLog) {

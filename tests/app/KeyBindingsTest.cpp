@@ -15,6 +15,7 @@
 #include <gtest/gtest.h>
 
 using namespace palomet;
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -27,7 +28,7 @@ const Held escape{53, 0};
 class KeyBindingsTest : public testing::Test {
 protected:
     KeyBindingsTest() {
-        Localization::load(QStringLiteral(PALOMET_SOURCE_DIR "/resources"), {QStringLiteral("en")});
+        localization::load(u"" PALOMET_SOURCE_DIR "/resources"_s, {u"en"_s});
         backend.serve("/listen", {});
         backend.serve("/stop", {});
     }
@@ -44,9 +45,9 @@ protected:
     test::FakeHotKeyGrabber *grabber = new test::FakeHotKeyGrabber;
     HotKeys hotKeys{std::unique_ptr<HotKeyGrabber>(grabber)};
     QTemporaryDir folder;
-    QSettings settings{folder.filePath(QStringLiteral("palomet.conf")), QSettings::IniFormat};
+    QSettings settings{folder.filePath(u"palomet.conf"_s), QSettings::IniFormat};
     Shortcuts shortcuts{settings};
-    test::FixedKeyboardLayout layout{{{40, QStringLiteral("k")}}};
+    test::FixedKeyboardLayout layout{{{40, u"k"_s}}};
     QKeySequence listenKey;
     QKeySequence stopKey;
     KeyBindings bindings{{model, hotKeys, shortcuts, layout, [this](const auto &listen, const auto &stop) {
@@ -81,7 +82,7 @@ TEST_F(KeyBindingsTest, TakesNothingWhilePausedButShowsTheKeysInTheMenu) {
     EXPECT_TRUE(grabber->held.empty());
     shortcuts.setListen(Shortcut(40, controlOption));
     EXPECT_TRUE(grabber->held.empty());
-    EXPECT_EQ(listenKey, QKeySequence(QStringLiteral("Ctrl+Alt+K")));
+    EXPECT_EQ(listenKey, QKeySequence(u"Ctrl+Alt+K"_s));
     bindings.setStopNeeded(true);
     EXPECT_TRUE(grabber->held.empty());
     EXPECT_EQ(stopKey, QKeySequence(Qt::Key_Escape));
@@ -94,7 +95,7 @@ TEST_F(KeyBindingsTest, ShowsARefusedListenKeyAsAProblemAndKeepsItInTheMenu) {
     grabber->refuses = true;
     bindings.start();
     EXPECT_EQ(model.hotKeyProblem(), L("shortcut.taken", Shortcut(49, Shortcut::option).text(layout)));
-    EXPECT_EQ(listenKey, QKeySequence(QStringLiteral("Alt+Space")));
+    EXPECT_EQ(listenKey, QKeySequence(u"Alt+Space"_s));
     grabber->refuses = false;
     shortcuts.setListen(Shortcut(40, controlOption));
     EXPECT_EQ(model.hotKeyProblem(), std::nullopt);
@@ -147,8 +148,8 @@ TEST_F(KeyBindingsTest, KeepsItsKeysAndNamesThemAnewWhenAnotherLayoutIsActive) {
     bindings.setStopNeeded(true);
     const int grabs = grabber->grabs;
     const int releases = grabber->releases;
-    layout.become({{40, QStringLiteral("л")}});
-    EXPECT_EQ(listenKey, QKeySequence(QStringLiteral("Ctrl+Alt+Л")));
+    layout.become({{40, u"л"_s}});
+    EXPECT_EQ(listenKey, QKeySequence(u"Ctrl+Alt+Л"_s));
     EXPECT_TRUE(holds(1, {40, 0x1800}));
     EXPECT_TRUE(holds(2, escape));
     EXPECT_EQ(grabber->grabs, grabs) << "a press between giving back and taking anew would be lost";
@@ -159,12 +160,12 @@ TEST_F(KeyBindingsTest, NamesTheKeyThatWasRefusedAnewAndDoesNotTakeItWhenAnother
     shortcuts.setListen(Shortcut(40, controlOption));
     grabber->refuses = true;
     bindings.start();
-    EXPECT_EQ(model.hotKeyProblem(), L("shortcut.taken", QStringLiteral("⌃⌥K")));
+    EXPECT_EQ(model.hotKeyProblem(), L("shortcut.taken", u"⌃⌥K"_s));
     // The other program lets go of it for a moment, to take it anew under the new layout.
     grabber->refuses = false;
-    layout.become({{40, QStringLiteral("л")}});
+    layout.become({{40, u"л"_s}});
     EXPECT_TRUE(grabber->held.empty());
-    EXPECT_EQ(model.hotKeyProblem(), L("shortcut.taken", QStringLiteral("⌃⌥Л")));
+    EXPECT_EQ(model.hotKeyProblem(), L("shortcut.taken", u"⌃⌥Л"_s));
 }
 
 TEST_F(KeyBindingsTest, TakesARefusedKeyThatTheDesktopsUserGrantsLater) {
@@ -183,12 +184,12 @@ TEST_F(KeyBindingsTest, TakesARefusedKeyThatTheDesktopsUserGrantsLater) {
 TEST_F(KeyBindingsTest, TellsTheKeysThatTheDesktopGrantedWhereTheyAreNotTheWishedOnes) {
     bindings.start();
     EXPECT_EQ(shortcuts.grantedListen(), QString());
-    grabber->triggers = {{1, QStringLiteral("Meta+1")}, {2, QStringLiteral("Esc")}};
+    grabber->triggers = {{1, u"Meta+1"_s}, {2, u"Esc"_s}};
     grabber->onTriggersChanged();
-    EXPECT_EQ(shortcuts.grantedListen(), QStringLiteral("Meta+1"));
+    EXPECT_EQ(shortcuts.grantedListen(), u"Meta+1"_s);
     EXPECT_EQ(shortcuts.grantedStop(), QString());
-    grabber->triggers = {{1, QStringLiteral("Alt+Space")}, {2, QStringLiteral("the key at the top left")}};
+    grabber->triggers = {{1, u"Alt+Space"_s}, {2, u"the key at the top left"_s}};
     grabber->onTriggersChanged();
     EXPECT_EQ(shortcuts.grantedListen(), QString());
-    EXPECT_EQ(shortcuts.grantedStop(), QStringLiteral("the key at the top left"));
+    EXPECT_EQ(shortcuts.grantedStop(), u"the key at the top left"_s);
 }

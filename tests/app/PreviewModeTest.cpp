@@ -21,10 +21,9 @@ namespace {
 class PreviewModeTest : public ::testing::Test {
 protected:
     PreviewMode &create(const QStringList &arguments) {
-        m_mode = std::make_unique<PreviewMode>(PreviewMode::Parts{m_scheduler,
-                                                                  QStringLiteral(PALOMET_BINARY_DIR "/resources"),
-                                                                  m_folder.path(), u"1.2.3"_s},
-                                               arguments);
+        m_mode = std::make_unique<PreviewMode>(
+            PreviewMode::Parts{m_scheduler, u"" PALOMET_BINARY_DIR "/resources"_s, m_folder.path(), u"1.2.3"_s},
+            arguments);
         QObject::connect(m_mode.get(), &PreviewMode::finished, m_mode.get(),
                          [this](int exitCode) { m_exitCodes.append(exitCode); });
         m_mode->start();

@@ -12,6 +12,7 @@
 
 using namespace palomet;
 using namespace std::chrono_literals;
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -44,9 +45,9 @@ TEST_F(RemoteControlTest, PostsEachCommandAsTheMenuAndTheWindowDo) {
 }
 
 TEST_F(RemoteControlTest, SaysATextWithoutTheBlanksAroundIt) {
-    EXPECT_EQ(tell("say", QStringLiteral(" olá \n")), RemoteOutcome::Done);
+    EXPECT_EQ(tell("say", u" olá \n"_s), RemoteOutcome::Done);
     EXPECT_TRUE(test::eventually([&] { return backend.count("/say") == 1; }));
-    EXPECT_EQ(backend.last("/say")->body(), QStringLiteral("{\"text\":\"olá\"}").toUtf8());
+    EXPECT_EQ(backend.last("/say")->body(), u"{\"text\":\"olá\"}"_s.toUtf8());
 }
 
 TEST_F(RemoteControlTest, RefusesWhatIsTooMuchUntilTheBackendHasAnswered) {
@@ -55,7 +56,7 @@ TEST_F(RemoteControlTest, RefusesWhatIsTooMuchUntilTheBackendHasAnswered) {
     while (tell("listen") == RemoteOutcome::Done)
         ASSERT_LT(++sent, 1000);
     EXPECT_EQ(tell("stop"), RemoteOutcome::Busy);
-    EXPECT_EQ(tell("say", QStringLiteral("oi")), RemoteOutcome::Busy);
+    EXPECT_EQ(tell("say", u"oi"_s), RemoteOutcome::Busy);
     EXPECT_EQ(tell("dance"), RemoteOutcome::Unknown);
     ASSERT_TRUE(test::eventually([&] { return backend.count("/listen") == sent; }));
     backend.last("/listen")->reply("{}");
@@ -67,22 +68,22 @@ TEST_F(RemoteControlTest, RefusesWhatIsTooMuchUntilTheBackendHasAnswered) {
 TEST_F(RemoteControlTest, RefusesWhatItDoesNotKnow) {
     EXPECT_EQ(tell("dance"), RemoteOutcome::Unknown);
     EXPECT_EQ(tell("say"), RemoteOutcome::Unknown);
-    EXPECT_EQ(tell("say", QStringLiteral("  ")), RemoteOutcome::Unknown);
+    EXPECT_EQ(tell("say", u"  "_s), RemoteOutcome::Unknown);
     EXPECT_EQ(tell("say", QString(1024 * 1024 + 1, u'a')), RemoteOutcome::Unknown);
     EXPECT_EQ(tell("settings"), RemoteOutcome::Unknown);
     EXPECT_TRUE(backend.exchanges().empty());
 }
 
 TEST_F(RemoteControlTest, OpensAndQuitsAsItIsTold) {
-    std::optional<QString> opened = QStringLiteral("nothing");
+    std::optional<QString> opened = u"nothing"_s;
     int quits = 0;
     control.onOpen = [&](const auto &pane) {
         opened = pane;
         return true;
     };
     control.onQuit = [&] { ++quits; };
-    EXPECT_EQ(tell("open", QStringLiteral("voice")), RemoteOutcome::Done);
-    EXPECT_EQ(opened, QStringLiteral("voice"));
+    EXPECT_EQ(tell("open", u"voice"_s), RemoteOutcome::Done);
+    EXPECT_EQ(opened, u"voice"_s);
     service.onActivate();
     EXPECT_EQ(opened, std::nullopt);
     EXPECT_EQ(tell("quit"), RemoteOutcome::Done);
@@ -90,20 +91,20 @@ TEST_F(RemoteControlTest, OpensAndQuitsAsItIsTold) {
 }
 
 TEST_F(RemoteControlTest, TellsTheStateAsItIs) {
-    EXPECT_EQ(service.published, (RemoteStatus{QStringLiteral("offline"), {}, false, true}));
+    EXPECT_EQ(service.published, (RemoteStatus{u"offline"_s, {}, false, true}));
     backend.serve("/state", test::fixture("state/bare.json"));
     model.refresh();
     scheduler.advance(100ms);
     EXPECT_TRUE(test::eventually([&] { return model.snapshot() != nullptr; }));
-    EXPECT_EQ(service.published.state, QStringLiteral("waiting"));
+    EXPECT_EQ(service.published.state, u"waiting"_s);
     EXPECT_EQ(service.published.device, model.snapshot()->device);
     model.setMicAuthorized(false);
     EXPECT_FALSE(service.published.isMicrophoneOn);
 }
 
 TEST_F(RemoteControlTest, TellsWhyTheListenKeyDoesNothing) {
-    model.setHotKeyProblem(QStringLiteral("taken"));
-    EXPECT_EQ(service.published.hotKeyProblem, QStringLiteral("taken"));
+    model.setHotKeyProblem(u"taken"_s);
+    EXPECT_EQ(service.published.hotKeyProblem, u"taken"_s);
     model.setHotKeyProblem(std::nullopt);
     EXPECT_EQ(service.published.hotKeyProblem, QString());
 }

@@ -19,10 +19,10 @@ namespace {
 class StatusMenuTest : public ::testing::Test {
 protected:
     StatusMenuTest() {
-        Localization::load(QStringLiteral(PALOMET_SOURCE_DIR "/resources"), {u"en"_s});
+        localization::load(u"" PALOMET_SOURCE_DIR "/resources"_s, {u"en"_s});
         status.emplace(model);
     }
-    ~StatusMenuTest() override { Localization::load({}, {}); }
+    ~StatusMenuTest() override { localization::load({}, {}); }
 
     void publish(const QString &state, const QString &device, bool isMuted = false) {
         auto snapshot = std::make_shared<Snapshot>();
@@ -58,7 +58,7 @@ TEST_F(StatusMenuTest, HasItsItemsInOrder) {
 }
 
 TEST_F(StatusMenuTest, SpeaksTheUsersLanguage) {
-    Localization::load(QStringLiteral(PALOMET_SOURCE_DIR "/resources"), {u"pt-BR"_s});
+    localization::load(u"" PALOMET_SOURCE_DIR "/resources"_s, {u"pt-BR"_s});
     status.emplace(model);
     EXPECT_EQ(titles(), (QStringList{L("state.offline"), u"-"_s, L("menu.listen"), L("menu.stop"), L("menu.mute"),
                                      u"-"_s, L("menu.open"), u"-"_s, L("menu.quit")}));

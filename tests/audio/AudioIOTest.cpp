@@ -2,6 +2,7 @@
 
 using namespace palomet;
 using namespace std::chrono_literals;
+using namespace Qt::StringLiterals;
 using test::AudioIOTest;
 using testing::ElementsAre;
 using testing::IsEmpty;
@@ -21,17 +22,17 @@ TEST_F(AudioIOTest, TheSpeakersAreOpenAsLongAsTheMicrophoneIs) {
 
 TEST_F(AudioIOTest, TwoClipsAreHeardWithoutAGapAndReportedInOrder) {
     io.start({});
-    io.play({1}, "1000", QStringLiteral("mp3"));
-    io.play({2}, "1000", QStringLiteral("mp3"));
+    io.play({1}, "1000", u"mp3"_s);
+    io.play({2}, "1000", u"mp3"_s);
     EXPECT_TRUE(speakers.speakUntil([&] { return played.size() == 2; }));
     EXPECT_THAT(played, ElementsAre(1, 2));
 }
 
 TEST_F(AudioIOTest, SpeechPlaysWithoutAMicrophoneAndClosesTheSpeakersBehindIt) {
-    server.captureFailure = Failure{QStringLiteral("no microphone")};
+    server.captureFailure = Failure{u"no microphone"_s};
     io.start({});
     EXPECT_FALSE(server.isPlaybackOpen());
-    io.play({1}, "1000", QStringLiteral("mp3"));
+    io.play({1}, "1000", u"mp3"_s);
     EXPECT_TRUE(server.isPlaybackOpen());
     EXPECT_TRUE(speakers.speakUntil([&] { return !server.isPlaybackOpen(); }));
     EXPECT_THAT(played, ElementsAre(1));
@@ -40,7 +41,7 @@ TEST_F(AudioIOTest, SpeechPlaysWithoutAMicrophoneAndClosesTheSpeakersBehindIt) {
 
 TEST_F(AudioIOTest, SpeechGoesOnWhenTheMicrophoneIsReleased) {
     io.start({});
-    io.play({1}, "10000", QStringLiteral("mp3"));
+    io.play({1}, "10000", u"mp3"_s);
     EXPECT_TRUE(speakers.playUntilSound());
     io.shutdown();
     EXPECT_TRUE(server.isPlaybackOpen());
@@ -51,7 +52,7 @@ TEST_F(AudioIOTest, SpeechGoesOnWhenTheMicrophoneIsReleased) {
 
 TEST_F(AudioIOTest, SpeechGoesOnWhenTheMicrophoneIsReconfigured) {
     io.start({});
-    io.play({1}, "100000", QStringLiteral("mp3"));
+    io.play({1}, "100000", u"mp3"_s);
     EXPECT_TRUE(speakers.playUntilSound());
     server.change();
     EXPECT_TRUE(speakers.isSounding());
@@ -60,12 +61,12 @@ TEST_F(AudioIOTest, SpeechGoesOnWhenTheMicrophoneIsReconfigured) {
 
 TEST_F(AudioIOTest, TheSpeakersStayOpenWhenSpeechEndsWhileTheMicrophoneIsReconfigured) {
     io.start({});
-    io.play({1}, "1000", QStringLiteral("mp3"));
+    io.play({1}, "1000", u"mp3"_s);
     EXPECT_TRUE(speakers.playUntilSound());
     server.opensAtOnce = false;
     server.change();
     EXPECT_TRUE(speakers.speakUntil([&] { return !played.empty(); }));
-    io.play({2}, "nonsense", QStringLiteral("mp3")); // its end is told behind the other's
+    io.play({2}, "nonsense", u"mp3"_s); // its end is told behind the other's
     EXPECT_TRUE(test::eventually([&] { return played.size() == 2; }));
     EXPECT_TRUE(server.isPlaybackOpen());
     server.finishOpening({});
@@ -74,14 +75,14 @@ TEST_F(AudioIOTest, TheSpeakersStayOpenWhenSpeechEndsWhileTheMicrophoneIsReconfi
 
 TEST_F(AudioIOTest, AStopReportsEveryPendingClipOnce) {
     io.start({});
-    io.play({1}, "100000", QStringLiteral("mp3"));
-    io.play({2}, "100000", QStringLiteral("mp3"));
+    io.play({1}, "100000", u"mp3"_s);
+    io.play({2}, "100000", u"mp3"_s);
     EXPECT_TRUE(speakers.playUntilSound());
     io.stop();
     EXPECT_THAT(played, UnorderedElementsAre(1, 2));
     speakers.isSounding(); // the fade
     EXPECT_FALSE(speakers.isSounding());
-    io.play({3}, "10", QStringLiteral("mp3"));
+    io.play({3}, "10", u"mp3"_s);
     EXPECT_TRUE(speakers.speakUntil([&] { return played.size() == 3; }));
     EXPECT_THAT(played.back(), 3);
 }
@@ -89,10 +90,10 @@ TEST_F(AudioIOTest, AStopReportsEveryPendingClipOnce) {
 TEST_F(AudioIOTest, AClipThatCannotBePlayedIsNotedAndReportedAtOnce) {
     io.start({});
     notes.clear();
-    io.play({12}, "nonsense", QStringLiteral("../x"));
+    io.play({12}, "nonsense", u"../x"_s);
     EXPECT_TRUE(test::eventually([&] { return !played.empty(); }));
     EXPECT_THAT(played, ElementsAre(12));
-    EXPECT_THAT(notes, ElementsAre(QStringLiteral("áudio: não consegui tocar a fala 12 (no ../x)")));
+    EXPECT_THAT(notes, ElementsAre(u"áudio: não consegui tocar a fala 12 (no ../x)"_s));
 }
 
 TEST_F(AudioIOTest, TheChimeIsPlayedAndNotReported) {
@@ -103,7 +104,7 @@ TEST_F(AudioIOTest, TheChimeIsPlayedAndNotReported) {
     io.start({});
     io.chime();
     EXPECT_TRUE(speakers.playUntilSound());
-    io.play({1}, "10", QStringLiteral("mp3"));
+    io.play({1}, "10", u"mp3"_s);
     EXPECT_TRUE(speakers.speakUntil([&] { return !played.empty(); }));
     EXPECT_THAT(played, ElementsAre(1));
 }
@@ -124,13 +125,13 @@ TEST_F(AudioIOTest, AChimeThatCannotBePlayedIsReported) {
     io.chime();
     EXPECT_TRUE(test::eventually([&] { return !played.empty(); }));
     EXPECT_THAT(played, ElementsAre(-1));
-    EXPECT_THAT(notes, ElementsAre(QStringLiteral("áudio: não consegui tocar a fala -1 (no aiff)")));
+    EXPECT_THAT(notes, ElementsAre(u"áudio: não consegui tocar a fala -1 (no aiff)"_s));
 }
 
 TEST_F(AudioIOTest, ASoundServerThatDiesAbandonsThePendingClipsEachReportedOnce) {
     io.start({});
-    io.play({1}, "100000", QStringLiteral("mp3"));
-    io.play({2}, "100000", QStringLiteral("mp3"));
+    io.play({1}, "100000", u"mp3"_s);
+    io.play({2}, "100000", u"mp3"_s);
     EXPECT_TRUE(speakers.playUntilSound());
     server.die();
     EXPECT_THAT(played, UnorderedElementsAre(1, 2));
@@ -138,7 +139,7 @@ TEST_F(AudioIOTest, ASoundServerThatDiesAbandonsThePendingClipsEachReportedOnce)
     speakers.given.clear();
     EXPECT_TRUE(server.isPlaybackOpen());
     EXPECT_TRUE(speakers.speakUntil([&] { return !speakers.isSounding(); }));
-    io.play({3}, "1000", QStringLiteral("mp3"));
+    io.play({3}, "1000", u"mp3"_s);
     EXPECT_TRUE(speakers.speakUntil([&] { return played.size() == 3; }));
     EXPECT_THAT(played.back(), 3);
 }
@@ -147,7 +148,7 @@ TEST_F(AudioIOTest, AClipThatComesWhileTheSoundServerIsAwayPlaysWhenItIsBack) {
     io.start({});
     io.shutdown();
     server.die();
-    io.play({1}, "1000", QStringLiteral("mp3"));
+    io.play({1}, "1000", u"mp3"_s);
     scheduler.advance(2s);
     server.comeBack();
     EXPECT_TRUE(server.isPlaybackOpen());
@@ -158,7 +159,7 @@ TEST_F(AudioIOTest, AClipThatComesWhileTheSoundServerIsAwayPlaysWhenItIsBack) {
 TEST_F(AudioIOTest, WhatTheMicrophoneIsFreedOfIsExactlyWhatTheSpeakersGot) {
     io.start({});
     server.deliver(std::vector<float>(480, 0.0F));
-    io.play({1}, "1000", QStringLiteral("mp3"));
+    io.play({1}, "1000", u"mp3"_s);
     EXPECT_TRUE(test::eventually([&] {
         const bool isSounding = speakers.isSounding();
         server.deliver(std::vector<float>(480, 0.0F));
@@ -190,7 +191,7 @@ TEST_F(AudioIOTest, AnotherInputMeetsACancellerAndAReferenceThatKnowNothing) {
     io.start({});
     server.deliver(std::vector<float>(480, 0.0F));
     playUnheard();
-    io.use(QStringLiteral("Mic B"));
+    io.use(u"Mic B"_s);
     expectNewCanceller();
     expectSilentReference();
 }

@@ -15,13 +15,15 @@
 
 namespace palomet::test {
 
-inline const QString openA = QStringLiteral("áudio: microfone Mic A com cancelamento de eco");
-inline const QString openB = QStringLiteral("áudio: microfone Mic B com cancelamento de eco");
+using namespace Qt::StringLiterals;
+
+inline const QString openA = u"áudio: microfone Mic A com cancelamento de eco"_s;
+inline const QString openB = u"áudio: microfone Mic B com cancelamento de eco"_s;
 inline const QString switchedToB =
-    QStringLiteral("áudio: entrada padrão do macOS agora é Mic B (volta à anterior quando o app fecha)");
-inline const QString changed = QStringLiteral("áudio: dispositivos mudaram; reabrindo");
-inline const QString defaultInput = QStringLiteral("the usual microphone");
-inline const QString switchedOff = QStringLiteral("áudio: cancelamento de eco desligado na tela Escuta");
+    u"áudio: entrada padrão do macOS agora é Mic B (volta à anterior quando o app fecha)"_s;
+inline const QString changed = u"áudio: dispositivos mudaram; reabrindo"_s;
+inline const QString defaultInput = u"the usual microphone"_s;
+inline const QString switchedOff = u"áudio: cancelamento de eco desligado na tela Escuta"_s;
 
 /// The microphone and the speakers of a sound server that does what the test says.
 struct AudioIOTest : testing::Test {
@@ -31,7 +33,7 @@ struct AudioIOTest : testing::Test {
     EchoCancellerCalls calls;
     std::optional<Failure> cancellerFailure;
     QTemporaryDir folder;
-    QString chimeFile = folder.filePath(QStringLiteral("chime.aiff"));
+    QString chimeFile = folder.filePath(u"chime.aiff"_s);
 
     QStringList notes;
     QStringList configured;
@@ -73,7 +75,7 @@ struct AudioIOTest : testing::Test {
 
     /// Speech goes to the speakers that the microphone has not been compared with yet.
     void playUnheard() {
-        io.play({1}, "48000", QStringLiteral("mp3"));
+        io.play({1}, "48000", u"mp3"_s);
         EXPECT_TRUE(eventually([this] { return speakers.isSounding(); }));
         speakers.pull();
     }

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 using namespace palomet;
+using namespace Qt::StringLiterals;
 using Mode = CommandLine::Mode;
 
 namespace {
@@ -26,7 +27,7 @@ TEST(CommandLine, WithoutArgumentsRunsTheProgram) {
 
 TEST(CommandLine, NamesEachCommandByItsOption) {
     for (const auto *action : {"listen", "stop", "mute", "new", "act", "clear-draft", "open", "quit"}) {
-        const auto line = CommandLine::parse({QStringLiteral("--") + QString::fromUtf8(action)});
+        const auto line = CommandLine::parse({u"--"_s + QString::fromUtf8(action)});
         EXPECT_EQ(line.mode, Mode::Command) << action;
         EXPECT_EQ(line.command, command(action));
     }
@@ -35,10 +36,10 @@ TEST(CommandLine, NamesEachCommandByItsOption) {
 TEST(CommandLine, TakesATextToSayWithoutTheBlanksAroundIt) {
     const auto line = parse({"--say", "  olá, que horas são?\n"});
     EXPECT_EQ(line.mode, Mode::Command);
-    EXPECT_EQ(line.command->text, QStringLiteral("olá, que horas são?"));
+    EXPECT_EQ(line.command->text, u"olá, que horas são?"_s);
     EXPECT_FALSE(line.isTextOnInput);
     EXPECT_TRUE(parse({"--say", "-"}).isTextOnInput);
-    EXPECT_EQ(parse({"--say", "--stop"}).command->text, QStringLiteral("--stop"));
+    EXPECT_EQ(parse({"--say", "--stop"}).command->text, u"--stop"_s);
 }
 
 TEST(CommandLine, RefusesATextThatSaysNothing) {
@@ -54,10 +55,10 @@ TEST(CommandLine, TakesAMebibyteOfTextAndNoMore) {
 }
 
 TEST(CommandLine, OpensAPaneThatThereIs) {
-    EXPECT_EQ(parse({"--open", "voice"}).command->text, QStringLiteral("voice"));
+    EXPECT_EQ(parse({"--open", "voice"}).command->text, u"voice"_s);
     EXPECT_EQ(parse({"--open"}).command->text, std::nullopt);
-    EXPECT_EQ(parse({"--open", "kitchen"}).problem, QStringLiteral("no such pane: kitchen"));
-    EXPECT_EQ(parse({"--open", "voice", "brain"}).problem, QStringLiteral("unexpected argument: brain"));
+    EXPECT_EQ(parse({"--open", "kitchen"}).problem, u"no such pane: kitchen"_s);
+    EXPECT_EQ(parse({"--open", "voice", "brain"}).problem, u"unexpected argument: brain"_s);
 }
 
 TEST(CommandLine, AsksForTheStatusInEitherForm) {
@@ -95,9 +96,9 @@ TEST(CommandLine, IsStrictAboutEverythingElse) {
     EXPECT_EQ(parse({"--listen", "--stop"}).mode, Mode::Invalid);
     EXPECT_EQ(parse({"--version", "x"}).mode, Mode::Invalid);
     EXPECT_EQ(parse({""}).mode, Mode::Invalid);
-    EXPECT_EQ(parse({"--listn"}).problem, QStringLiteral("unknown argument: --listn"));
-    EXPECT_EQ(parse({"--listen", "now"}).problem, QStringLiteral("unexpected argument: now"));
-    EXPECT_EQ(parse({"--version", "x"}).problem, QStringLiteral("unexpected argument: x"));
+    EXPECT_EQ(parse({"--listn"}).problem, u"unknown argument: --listn"_s);
+    EXPECT_EQ(parse({"--listen", "now"}).problem, u"unexpected argument: now"_s);
+    EXPECT_EQ(parse({"--version", "x"}).problem, u"unexpected argument: x"_s);
 }
 
 TEST(CommandLine, LooksForAPreviewFirst) {

@@ -22,7 +22,7 @@ protected:
     void SetUp() override { QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates)); }
     void TearDown() override {
         QLocale::setDefault(QLocale::system());
-        Localization::load(QString(), {});
+        localization::load(QString(), {});
     }
 
     void write(const QString &language, QByteArrayView json) {
@@ -33,7 +33,7 @@ protected:
         file.write(json.data(), json.size());
     }
 
-    void load(const QStringList &preferred) { Localization::load(m_resources.path(), preferred); }
+    void load(const QStringList &preferred) { localization::load(m_resources.path(), preferred); }
 
     QTemporaryDir m_resources;
 };
@@ -95,7 +95,7 @@ TEST_F(LocalizationTest, GivesTheKeyWhereThereIsNoEnglishTable) {
     EXPECT_EQ(L("menu.stop"), u"menu.stop"_s);
     load({u"fr"_s});
     EXPECT_EQ(L("both"), u"both"_s);
-    EXPECT_EQ(Localization::language(), u"en"_s);
+    EXPECT_EQ(localization::language(), u"en"_s);
 }
 
 TEST_F(LocalizationTest, SpeaksEnglishToWhoeverIsNotServedOtherwise) {
@@ -103,7 +103,7 @@ TEST_F(LocalizationTest, SpeaksEnglishToWhoeverIsNotServedOtherwise) {
     write(u"pt-BR"_s, R"({"menu.stop": "Parar"})");
     for (const QStringList &preferred : {QStringList{}, QStringList{u"ja"_s}, QStringList{u""_s, u"?"_s}}) {
         load(preferred);
-        EXPECT_EQ(Localization::language(), u"en"_s);
+        EXPECT_EQ(localization::language(), u"en"_s);
         EXPECT_EQ(L("menu.stop"), u"Stop"_s);
     }
 }
@@ -112,7 +112,7 @@ TEST_F(LocalizationTest, TakesAnUnreadableTableAsAnEmptyOne) {
     write(u"en"_s, R"({"menu.stop": "Stop"})");
     write(u"pt-BR"_s, R"({"menu.stop": )");
     load({u"pt-BR"_s});
-    EXPECT_EQ(Localization::language(), u"pt-BR"_s);
+    EXPECT_EQ(localization::language(), u"pt-BR"_s);
     EXPECT_EQ(L("menu.stop"), u"Stop"_s);
 
     write(u"en"_s, "[]");
@@ -121,10 +121,10 @@ TEST_F(LocalizationTest, TakesAnUnreadableTableAsAnEmptyOne) {
 }
 
 TEST_F(LocalizationTest, StandsWithoutAResourceFolder) {
-    Localization::load(m_resources.filePath(u"none"_s), {u"pt-BR"_s});
+    localization::load(m_resources.filePath(u"none"_s), {u"pt-BR"_s});
     EXPECT_EQ(L("menu.stop"), u"menu.stop"_s);
-    EXPECT_EQ(Localization::language(), u"en"_s);
-    EXPECT_FALSE(Localization::isPortuguese());
+    EXPECT_EQ(localization::language(), u"en"_s);
+    EXPECT_FALSE(localization::isPortuguese());
 }
 
 TEST_F(LocalizationTest, NamesItsLanguageAsTheFolderDoes) {
@@ -133,13 +133,13 @@ TEST_F(LocalizationTest, NamesItsLanguageAsTheFolderDoes) {
         const auto language = QString::fromUtf8(folder);
         write(language, "{}");
         load({u"pt"_s});
-        EXPECT_EQ(Localization::language(), language);
-        EXPECT_TRUE(Localization::isPortuguese());
+        EXPECT_EQ(localization::language(), language);
+        EXPECT_TRUE(localization::isPortuguese());
         ASSERT_TRUE(QDir(m_resources.filePath(language + u".lproj"_s)).removeRecursively());
     }
     load({u"pt"_s});
-    EXPECT_EQ(Localization::language(), u"en"_s);
-    EXPECT_FALSE(Localization::isPortuguese());
+    EXPECT_EQ(localization::language(), u"en"_s);
+    EXPECT_FALSE(localization::isPortuguese());
 }
 
 TEST_F(LocalizationTest, ChoosesThePluralFormByOneAndEverythingElse) {
@@ -187,23 +187,23 @@ TEST_F(LocalizationTest, AnswersSeveralThreadsAtOnce) {
 TEST(PreferredLanguages, AreThoseOfTheFirstVariableThatNamesAny) {
     {
         const Environment environment{{"LANGUAGE", "pt_BR:en_US"}, {"LC_ALL", "fr_FR"}, {"LANG", "de_DE"}};
-        EXPECT_EQ(Localization::preferredLanguages(), QStringList({u"pt-BR"_s, u"en-US"_s}));
+        EXPECT_EQ(localization::preferredLanguages(), QStringList({u"pt-BR"_s, u"en-US"_s}));
     }
     {
         const Environment environment{{"LANGUAGE", ""}, {"LC_ALL", "fr_FR.UTF-8"}, {"LC_MESSAGES", "it_IT"}};
-        EXPECT_EQ(Localization::preferredLanguages(), QStringList({u"fr-FR"_s}));
+        EXPECT_EQ(localization::preferredLanguages(), QStringList({u"fr-FR"_s}));
     }
     {
         const Environment environment{{"LC_MESSAGES", "it_IT@euro"}, {"LANG", "de_DE"}};
-        EXPECT_EQ(Localization::preferredLanguages(), QStringList({u"it-IT"_s}));
+        EXPECT_EQ(localization::preferredLanguages(), QStringList({u"it-IT"_s}));
     }
     {
         const Environment environment{{"LANGUAGE", ":"}, {"LC_ALL", "nonsense"}, {"LANG", "C.UTF-8"}};
-        EXPECT_EQ(Localization::preferredLanguages(), QStringList({u"en"_s}));
+        EXPECT_EQ(localization::preferredLanguages(), QStringList({u"en"_s}));
     }
 }
 
 TEST(PreferredLanguages, AreNoneWhenTheEnvironmentNamesNone) {
     const Environment environment{};
-    EXPECT_EQ(Localization::preferredLanguages(), QStringList());
+    EXPECT_EQ(localization::preferredLanguages(), QStringList());
 }

@@ -15,7 +15,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 /// Every key of the program.
-const QString keys = QStringLiteral(R"(
+const QString keys = uR"(
 state.waiting state.listening state.hearing state.drafting state.thinking state.speaking state.muted state.offline
 pane.now pane.history pane.listening pane.voice pane.brain pane.now.subtitle pane.history.subtitle
 pane.listening.subtitle pane.voice.subtitle pane.brain.subtitle
@@ -65,7 +65,7 @@ since.now since.minutes since.hours
 day.today day.yesterday
 device.systemDefault
 default.actionPhrase
-)");
+)"_s;
 
 /// The arguments of the texts that have any, in order: "@" a text, "d" an integer.
 const QMap<QString, QString> argumentsOf{
@@ -85,7 +85,7 @@ QSet<QString> toSet(const QStringList &list) {
 }
 
 QString pathOf(const QString &language) {
-    return QStringLiteral(PALOMET_SOURCE_DIR "/resources/%1.lproj/strings.json").arg(language);
+    return u"" PALOMET_SOURCE_DIR "/resources/%1.lproj/strings.json"_s.arg(language);
 }
 
 /// What a text asks for, in the order of the arguments; u"?"_s where it passes one over.
@@ -105,9 +105,9 @@ QString signatureOf(const QString &text) {
 
 /// The keys that a source looks up: in C++ the first argument of `L`, in QML whatever is written in `Words.t`.
 QStringList keysIn(const QString &source) {
-    static const QRegularExpression inCpp(QStringLiteral(R"rx(\bL\(\s*u?"([a-z][A-Za-z.]*)")rx"));
-    static const QRegularExpression inQml(QStringLiteral(R"rx(\bWords\.t\(([^()]*)\))rx"));
-    static const QRegularExpression literal(QStringLiteral(R"rx("([^"]*)")rx"));
+    static const QRegularExpression inCpp(uR"rx(\bL\(\s*u?"([a-z][A-Za-z.]*)")rx"_s);
+    static const QRegularExpression inQml(uR"rx(\bWords\.t\(([^()]*)\))rx"_s);
+    static const QRegularExpression literal(uR"rx("([^"]*)")rx"_s);
     QStringList found;
     const auto addAll = [&found](const QRegularExpression &expression, const QString &text) {
         for (auto matches = expression.globalMatch(text); matches.hasNext();)
@@ -143,7 +143,7 @@ TEST_P(ShippedTables, HoldTheKeysOfTheProgramAndNoOthers) {
 TEST_P(ShippedTables, HoldEachKeyOnce) {
     QFile file(pathOf(language));
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    static const QRegularExpression key(QStringLiteral(R"rx(^\s*"([^"]+)":)rx"), QRegularExpression::MultilineOption);
+    static const QRegularExpression key(uR"rx(^\s*"([^"]+)":)rx"_s, QRegularExpression::MultilineOption);
     auto matches = key.globalMatch(QString::fromUtf8(file.readAll()));
     QSet<QString> seen;
     while (matches.hasNext()) {
@@ -186,8 +186,8 @@ TEST_P(ShippedTables, HoldEveryKeyThatIsWrittenInTheCode) {
     const auto present = m_table.keys();
     int found = 0;
     for (const char *folder : {"app", "audio", "model", "shortcuts", "ui"}) {
-        QDirIterator files(QStringLiteral(PALOMET_SOURCE_DIR "/") + QString::fromUtf8(folder),
-                           {u"*.cpp"_s, u"*.h"_s, u"*.qml"_s}, QDir::Files, QDirIterator::Subdirectories);
+        QDirIterator files(u"" PALOMET_SOURCE_DIR "/"_s + QString::fromUtf8(folder), {u"*.cpp"_s, u"*.h"_s, u"*.qml"_s},
+                           QDir::Files, QDirIterator::Subdirectories);
         while (files.hasNext()) {
             QFile file(files.next());
             ASSERT_TRUE(file.open(QIODevice::ReadOnly));
@@ -196,7 +196,7 @@ TEST_P(ShippedTables, HoldEveryKeyThatIsWrittenInTheCode) {
                 // A key that ends with a point is completed where it is used; a plural's form too.
                 const auto isStem = key.endsWith(u'.');
                 EXPECT_TRUE(isStem ? present.filter(key).size() > 0
-                                   : m_table.text(key) || m_table.text(QString(key + QLatin1StringView(".one"))))
+                                   : m_table.text(key) || m_table.text(QString(key + ".one"_L1)))
                     << key.toStdString() << " in " << file.fileName().toStdString();
             }
         }

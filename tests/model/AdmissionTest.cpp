@@ -7,6 +7,7 @@
 
 using namespace palomet;
 using namespace std::chrono_literals;
+using namespace Qt::StringLiterals;
 using test::eventually;
 
 namespace {
@@ -33,12 +34,12 @@ protected:
 
 TEST_F(AdmissionTest, WhoIsNotAdmittedIsNotEvenConnectedTo) {
     int answers = 0;
-    const auto get = http.get(QStringLiteral("state"), 1min, [&](const auto &body) {
+    const auto get = http.get(u"state"_s, 1min, [&](const auto &body) {
         EXPECT_EQ(body, std::nullopt);
         ++answers;
     });
-    http.post(QStringLiteral("say"), "{\"text\":\"secret\"}", 1min, [&] { ++answers; });
-    const auto stream = http.stream(QStringLiteral("events"), 1024);
+    http.post(u"say"_s, "{\"text\":\"secret\"}", 1min, [&] { ++answers; });
+    const auto stream = http.stream(u"events"_s, 1024);
     EXPECT_EQ(answers, 0) << "from the event loop only";
     EXPECT_TRUE(eventually([&] { return answers == 2 && stream->isFinished(); }));
     EXPECT_EQ(stream->error(), QNetworkReply::ConnectionRefusedError);
@@ -48,7 +49,7 @@ TEST_F(AdmissionTest, WhoIsNotAdmittedIsNotEvenConnectedTo) {
 TEST_F(AdmissionTest, WhoWasTheListenerBeforeTheConnectionOnlyIsNotGivenTheBodyOfACommand) {
     admissions = 1;
     bool isDone = false;
-    http.post(QStringLiteral("say"), "{\"text\":\"secret\"}", 1min, [&] { isDone = true; });
+    http.post(u"say"_s, "{\"text\":\"secret\"}", 1min, [&] { isDone = true; });
     EXPECT_TRUE(eventually([&] { return isDone; }));
     EXPECT_EQ(backend.connectionCount(), 1);
     EXPECT_EQ(backend.count("/say"), 0);
@@ -57,7 +58,7 @@ TEST_F(AdmissionTest, WhoWasTheListenerBeforeTheConnectionOnlyIsNotGivenTheBodyO
 TEST_F(AdmissionTest, WhoWasTheListenerBeforeTheConnectionOnlyIsNotBelieved) {
     admissions = 1;
     bool isAnswered = false;
-    const auto get = http.get(QStringLiteral("state"), 1min, [&](const auto &body) {
+    const auto get = http.get(u"state"_s, 1min, [&](const auto &body) {
         EXPECT_EQ(body, std::nullopt);
         isAnswered = true;
     });
@@ -68,12 +69,12 @@ TEST_F(AdmissionTest, WhoWasTheListenerBeforeTheConnectionOnlyIsNotBelieved) {
 TEST_F(AdmissionTest, WhoIsAdmittedIsToldAndBelieved) {
     admissions = 100;
     int answers = 0;
-    const auto get = http.get(QStringLiteral("state"), 1min, [&](const auto &body) {
+    const auto get = http.get(u"state"_s, 1min, [&](const auto &body) {
         ASSERT_TRUE(body);
         EXPECT_EQ(QByteArrayView(body->data(), body->size()), "{}");
         ++answers;
     });
-    http.post(QStringLiteral("say"), "{\"text\":\"hello\"}", 1min, [&] { ++answers; });
+    http.post(u"say"_s, "{\"text\":\"hello\"}", 1min, [&] { ++answers; });
     EXPECT_TRUE(eventually([&] { return answers == 2; }));
     EXPECT_EQ(backend.last("/say")->body(), "{\"text\":\"hello\"}");
 }

@@ -3,6 +3,7 @@
 using namespace palomet;
 using namespace palomet::test;
 using namespace std::chrono_literals;
+using namespace Qt::StringLiterals;
 
 TEST_F(ModelTest, WithTheBackendDownAndThenUpTheSnapshotIsBackWithinASecond) {
     m_backend.goDown();
@@ -67,7 +68,7 @@ TEST_F(ModelTest, ABackendThatAcceptsAndNeverAnswersIsOfflineAndAskedAgain) {
     for (int second = 0; second < 30; ++second) {
         m_scheduler.advance(1s);
         m_model.listen();
-        m_model.set(QStringLiteral("voiceSpeed"), second);
+        m_model.set(u"voiceSpeed"_s, second);
         ASSERT_TRUE(hasCome("/listen", second + 1));
     }
     EXPECT_EQ(m_model.state(), LoopState::Offline);
@@ -114,7 +115,7 @@ TEST_P(StrangerTest, IsOfflineAndNothingMore) {
     });
     m_model.start();
     m_model.listen();
-    m_model.set(QStringLiteral("voiceSpeed"), 1);
+    m_model.set(u"voiceSpeed"_s, 1);
     ASSERT_TRUE(eventually([&] { return !m_model.applying(); }));
     const auto start = m_scheduler.now();
     ASSERT_TRUE(runsUntil([&] { return m_scheduler.now() - start > 3s; }));

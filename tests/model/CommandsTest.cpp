@@ -8,6 +8,7 @@
 using namespace palomet;
 using namespace palomet::test;
 using namespace std::chrono_literals;
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -60,7 +61,7 @@ TEST_F(CommandsTest, ACommandWithoutABodyIsAPostWithoutAContentType) {
 }
 
 TEST_F(CommandsTest, SayPostsTheTextAsJson) {
-    m_model.say(QStringLiteral("oi"));
+    m_model.say(u"oi"_s);
     const auto exchange = commandTo("/say");
     EXPECT_EQ(exchange->method(), "POST");
     EXPECT_EQ(exchange->header("content-type"), "application/json");
@@ -69,7 +70,7 @@ TEST_F(CommandsTest, SayPostsTheTextAsJson) {
 }
 
 TEST_F(CommandsTest, SayPostsALongTextWhole) {
-    const QString text = QStringLiteral("Olá! ").repeated(200'000);
+    const QString text = u"Olá! "_s.repeated(200'000);
     m_model.say(text);
     EXPECT_EQ(commandTo("/say")->body(), "{\"text\":\"" + text.toUtf8() + "\"}");
 }
@@ -77,14 +78,14 @@ TEST_F(CommandsTest, SayPostsALongTextWhole) {
 TEST_F(CommandsTest, ASettingIsAppliedUntilItsReply) {
     m_backend.hang("/settings");
     const SignalCount changes(&m_model, &PalometModel::applyingChanged);
-    m_model.set(QStringLiteral("summonMs"), 8000);
-    EXPECT_EQ(m_model.applying(), QStringLiteral("summonMs"));
+    m_model.set(u"summonMs"_s, 8000);
+    EXPECT_EQ(m_model.applying(), u"summonMs"_s);
     ASSERT_TRUE(hasCome("/settings"));
     const auto exchange = m_backend.last("/settings");
     EXPECT_EQ(exchange->method(), "POST");
     EXPECT_EQ(exchange->header("content-type"), "application/json");
     EXPECT_EQ(exchange->body(), R"({"summonMs":8000})");
-    EXPECT_EQ(m_model.applying(), QStringLiteral("summonMs"));
+    EXPECT_EQ(m_model.applying(), u"summonMs"_s);
     EXPECT_EQ(m_backend.count("/state"), 0);
     exchange->reply("{}");
     EXPECT_TRUE(eventually([&] { return !m_model.applying(); }));
@@ -94,9 +95,9 @@ TEST_F(CommandsTest, ASettingIsAppliedUntilItsReply) {
 
 TEST_F(CommandsTest, TheFirstOfTwoSettingsToEndClearsWhatIsApplied) {
     m_backend.hang("/settings");
-    m_model.set(QStringLiteral("summonMs"), 8000);
-    m_model.set(QStringLiteral("folders"), QJsonArray{QStringLiteral("/code")});
-    EXPECT_EQ(m_model.applying(), QStringLiteral("folders"));
+    m_model.set(u"summonMs"_s, 8000);
+    m_model.set(u"folders"_s, QJsonArray{u"/code"_s});
+    EXPECT_EQ(m_model.applying(), u"folders"_s);
     ASSERT_TRUE(hasCome("/settings", 2));
     m_backend.exchanges("/settings").front()->reply("{}");
     EXPECT_TRUE(eventually([&] { return !m_model.applying(); }));
@@ -104,7 +105,7 @@ TEST_F(CommandsTest, TheFirstOfTwoSettingsToEndClearsWhatIsApplied) {
 
 TEST_F(CommandsTest, ASettingMayTakeAMinute) {
     m_backend.hang("/settings");
-    m_model.set(QStringLiteral("whisperModel"), QStringLiteral("large-v3-turbo"));
+    m_model.set(u"whisperModel"_s, u"large-v3-turbo"_s);
     ASSERT_TRUE(hasCome("/settings"));
     m_scheduler.advance(59'999ms);
     EXPECT_TRUE(m_model.applying());
@@ -114,7 +115,7 @@ TEST_F(CommandsTest, ASettingMayTakeAMinute) {
 }
 
 TEST_F(CommandsTest, AValueThatJsonCannotSayIsSentAsNoBody) {
-    m_model.set(QStringLiteral("voiceSpeed"), std::numeric_limits<double>::quiet_NaN());
+    m_model.set(u"voiceSpeed"_s, std::numeric_limits<double>::quiet_NaN());
     const auto exchange = commandTo("/settings");
     EXPECT_EQ(exchange->header("content-type"), "application/json");
     EXPECT_EQ(exchange->body(), QByteArray());
@@ -163,9 +164,9 @@ TEST_F(CommandsTest, ACommandIsNeverSentTwice) {
     m_backend.on("/act", [](const Exchange &exchange) { exchange->write("HTTP/1.1 200"), exchange->close(); });
     m_model.listen();
     m_model.stop();
-    m_model.say(QStringLiteral("oi"));
+    m_model.say(u"oi"_s);
     m_model.act();
-    m_model.set(QStringLiteral("voiceSpeed"), 1);
+    m_model.set(u"voiceSpeed"_s, 1);
     for (const auto *target : {"/listen", "/stop", "/say", "/settings", "/act"})
         ASSERT_TRUE(hasCome(target)) << target;
     ASSERT_TRUE(eventually([&] {
@@ -193,7 +194,7 @@ TEST_F(CommandsTest, ACommandGoesOutAtOnceBesideAnyNumberThatHang) {
         m_model.say(QString::number(i));
         m_model.loadHistory();
         m_model.loadOptions();
-        m_model.set(QStringLiteral("voiceSpeed"), i);
+        m_model.set(u"voiceSpeed"_s, i);
         m_model.refresh();
         m_scheduler.advance(100ms);
     }

@@ -6,6 +6,7 @@
 using namespace palomet;
 using namespace palomet::test;
 using namespace std::chrono_literals;
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -62,7 +63,7 @@ TEST_F(DocumentFetchTest, AReplyThatTakesLongToDecodeIsPublishedBeforeAShortOneT
     ASSERT_TRUE(eventually([&] { return m_scheduler.pendingCount() == 1; })) << "all of it has come";
     shorter->reply(stateDocument("thinking"));
     ASSERT_TRUE(becomes(LoopState::Thinking));
-    EXPECT_EQ(published, QStringList({QStringLiteral("speaking"), QStringLiteral("thinking")}));
+    EXPECT_EQ(published, QStringList({u"speaking"_s, u"thinking"_s}));
 }
 
 TEST_F(DocumentFetchTest, AnOlderFailureDoesNotTakeANewerReplyAway) {

@@ -12,6 +12,7 @@
 #include <set>
 
 using namespace palomet;
+using namespace Qt::StringLiterals;
 using test::fixture;
 
 namespace {
@@ -53,7 +54,7 @@ QJsonValue changedAt(const QJsonValue &root, const Path &path, const Change &cha
 /// Every field of a document that has them all, once for each kind of object.
 void collectFields(const QJsonValue &value, const Path &path, QList<Path> &fields) {
     if (value.isArray() && !value.toArray().isEmpty())
-        collectFields(value.toArray().first(), path + Path{QStringLiteral("0")}, fields);
+        collectFields(value.toArray().first(), path + Path{u"0"_s}, fields);
     const QJsonObject object = value.toObject();
     for (auto entry = object.begin(); entry != object.end(); ++entry) {
         const Path field = path + Path{entry.key()};
@@ -76,14 +77,11 @@ auto readableBy(Decode decode) {
 std::vector<Kind> kinds() {
     return {{"state/full.json",
              readableBy(decodeSnapshot),
-             {QStringLiteral("isEchoCancelled"), QStringLiteral("heard"), QStringLiteral("draft"),
-              QStringLiteral("timings"), QStringLiteral("memory"), QStringLiteral("conversation/rows/0/durationMs"),
-              QStringLiteral("conversation/rows/0/isOpen"), QStringLiteral("settings/inputDevice"),
-              QStringLiteral("settings/endSilenceMs"), QStringLiteral("settings/isDraftOn"),
-              QStringLiteral("settings/isEchoCancelOn"), QStringLiteral("settings/isDirectedOn"),
-              QStringLiteral("settings/actionPhrases"), QStringLiteral("settings/draftMaxAgeMs"),
-              QStringLiteral("settings/claudePath"), QStringLiteral("heard/0/reason"),
-              QStringLiteral("timings/transcribeMs")}},
+             {u"isEchoCancelled"_s, u"heard"_s, u"draft"_s, u"timings"_s, u"memory"_s,
+              u"conversation/rows/0/durationMs"_s, u"conversation/rows/0/isOpen"_s, u"settings/inputDevice"_s,
+              u"settings/endSilenceMs"_s, u"settings/isDraftOn"_s, u"settings/isEchoCancelOn"_s,
+              u"settings/isDirectedOn"_s, u"settings/actionPhrases"_s, u"settings/draftMaxAgeMs"_s,
+              u"settings/claudePath"_s, u"heard/0/reason"_s, u"timings/transcribeMs"_s}},
             {"history/three.json", readableBy(decodeHistory), {}},
             {"options/full.json", readableBy(decodeOptions), {}}};
 }
@@ -102,7 +100,7 @@ void forEachField(const std::function<void(const Kind &, const QJsonValue &, con
 }
 
 QJsonValue ofAnotherType(const QJsonValue &value) {
-    return value.isString() ? QJsonValue(1) : QJsonValue(QStringLiteral("1"));
+    return value.isString() ? QJsonValue(1) : QJsonValue(u"1"_s);
 }
 
 } // namespace
@@ -165,8 +163,8 @@ TEST(Documents, AHistoryIsReadInItsOrder) {
     const auto read = decodeHistory(fixture("history/three.json"));
     ASSERT_TRUE(read) << read.reason().toStdString();
     ASSERT_EQ(read->size(), 3U);
-    EXPECT_EQ(read->front(), (ConversationSummary{QStringLiteral("c-0003"), 1731700000000,
-                                                  QStringLiteral("How is the site's deploy going?"), 1, 0.0123}));
+    EXPECT_EQ(read->front(),
+              (ConversationSummary{u"c-0003"_s, 1731700000000, u"How is the site's deploy going?"_s, 1, 0.0123}));
     EXPECT_EQ(read->back().startedAt, 1731527200000.5);
     EXPECT_TRUE(decodeHistory(fixture("history/empty.json"))->empty());
 }
@@ -174,12 +172,10 @@ TEST(Documents, AHistoryIsReadInItsOrder) {
 TEST(Documents, OptionsAreReadWithAllOfTheirFields) {
     const auto read = decodeOptions(fixture("options/full.json"));
     ASSERT_TRUE(read) << read.reason().toStdString();
-    EXPECT_EQ(read->inputs, (std::vector{QStringLiteral("Microphone (USB Audio)"), QStringLiteral("Built-in Audio")}));
-    EXPECT_EQ(read->macVoices, (std::vector{QStringLiteral("Luciana"), QStringLiteral("Samantha")}));
-    EXPECT_EQ(read->claudePaths, (std::vector<Options::ClaudePath>{
-                                     {QStringLiteral("/home/ana/.local/bin/claude"), QStringLiteral("2.1.0")}}));
-    EXPECT_EQ(read->confirmActions.front(),
-              (Options::Action{QStringLiteral("message"), QStringLiteral("Mandar mensagem a alguém")}));
+    EXPECT_EQ(read->inputs, (std::vector{u"Microphone (USB Audio)"_s, u"Built-in Audio"_s}));
+    EXPECT_EQ(read->macVoices, (std::vector{u"Luciana"_s, u"Samantha"_s}));
+    EXPECT_EQ(read->claudePaths, (std::vector<Options::ClaudePath>{{u"/home/ana/.local/bin/claude"_s, u"2.1.0"_s}}));
+    EXPECT_EQ(read->confirmActions.front(), (Options::Action{u"message"_s, u"Mandar mensagem a alguém"_s}));
 }
 
 TEST(Documents, AStateWithoutItsOptionalFieldsHasThemEmpty) {
@@ -228,7 +224,7 @@ TEST(Documents, AnyFieldOfAnotherTypeFailsTheWhole) {
 TEST(Documents, AKeyThatNobodyKnowsIsIgnoredAnywhere) {
     forEachField([](const Kind &kind, const QJsonValue &root, const Path &path, bool) {
         const auto more = changedAt(root, path, [](QJsonObject &in, const QString &) {
-            in[QStringLiteral("extra")] = QJsonArray{1, 2.5};
+            in[u"extra"_s] = QJsonArray{1, 2.5};
         });
         EXPECT_TRUE(kind.isReadable(compact(more))) << kind.file << " " << path.join(u'/').toStdString();
     });
@@ -237,8 +233,8 @@ TEST(Documents, AKeyThatNobodyKnowsIsIgnoredAnywhere) {
 TEST(Documents, AFailureNamesTheField) {
     QByteArray json = fixture("state/full.json");
     EXPECT_EQ(decodeSnapshot(QByteArray(json).replace("\"workingFolder\"", "\"folder\"")).reason(),
-              QStringLiteral("missing or not of its type: workingFolder"));
-    EXPECT_EQ(decodeSnapshot("{").reason(), QStringLiteral("not a document"));
+              u"missing or not of its type: workingFolder"_s);
+    EXPECT_EQ(decodeSnapshot("{").reason(), u"not a document"_s);
 }
 
 TEST(Documents, ADocumentThatIsCutOffAnywhereIsUnreadable) {
@@ -364,7 +360,7 @@ TEST(Documents, OfAKeyThatIsThereTwiceTheLastOneCounts) {
     QByteArray json = fixture("options/full.json").trimmed().chopped(1);
     const auto read = decodeOptions(json + R"(,"inputs":["b"],"inputs":["c"]})");
     ASSERT_TRUE(read);
-    EXPECT_EQ(read->inputs, std::vector{QStringLiteral("c")});
+    EXPECT_EQ(read->inputs, std::vector{u"c"_s});
     EXPECT_FALSE(decodeOptions(json + R"(,"inputs":1})"));
 }
 
@@ -377,9 +373,9 @@ TEST(Documents, OfAKeyThatIsThereTwiceNothingIsLeftOfTheFirst) {
     ASSERT_TRUE(timings);
     EXPECT_EQ(timings->timings, (Snapshot::Timings{std::nullopt, 2, 2, 2, false}));
 
-    const auto settings = QJsonDocument::fromJson(fixture("state/bare.json"))[QLatin1String("settings")].toObject();
+    const auto settings = QJsonDocument::fromJson(fixture("state/bare.json"))["settings"_L1].toObject();
     auto first = settings;
-    first[QStringLiteral("inputDevice")] = QStringLiteral("USB Audio");
+    first[u"inputDevice"_s] = u"USB Audio"_s;
     const auto twice = with("\"settings\":" + compact(first) + ",\"settings\":" + compact(settings));
     ASSERT_TRUE(twice);
     EXPECT_EQ(twice->settings.inputDevice, std::nullopt);
@@ -446,8 +442,8 @@ TEST(Documents, ADocumentIsReadUpToItsLimitOfSize) {
 }
 
 TEST(Documents, ATextIsOneJsonStringAndNothingElse) {
-    EXPECT_EQ(*decodeText("\"Olá\""), QStringLiteral("Olá"));
-    EXPECT_EQ(*decodeText(R"( "\u00d3\"\n" )"), QStringLiteral("Ó\"\n"));
+    EXPECT_EQ(*decodeText("\"Olá\""), u"Olá"_s);
+    EXPECT_EQ(*decodeText(R"( "\u00d3\"\n" )"), u"Ó\"\n"_s);
     EXPECT_EQ(*decodeText("\"\""), QString());
     for (const auto *json : {"Olá", "", "\"", "\"a", "a\"", "\"a\"b", "\"a\" \"b\"", "\"a\",", "\"a\"]", "null", "1",
                              "[\"a\"]", "{\"a\":\"b\"}", "'a'", R"("\ud83d")", "\"\xc3\""})

@@ -12,6 +12,7 @@
 using namespace palomet;
 using namespace palomet::test;
 using namespace std::chrono_literals;
+using namespace Qt::StringLiterals;
 
 TEST_F(ModelTest, AStreamOneNameAndTwoDataLinesAreTwoEvents) {
     startAndSettle();
@@ -160,7 +161,7 @@ TEST_F(ModelTest, EventsAreReadWhateverCutsThemAndEndsTheirLines) {
     for (const char byte : QByteArray("event: spoken\r\ndata: \"Ol\xc3\xa1\"\r\n\r\nevent: level\rdata: 0.5\r"))
         m_backend.last("/events")->write(QByteArray(1, byte));
     EXPECT_TRUE(eventually([&] { return m_model.inLevel() == 0.5; }));
-    EXPECT_EQ(m_model.spokenLine(), QStringLiteral("Olá"));
+    EXPECT_EQ(m_model.spokenLine(), u"Olá"_s);
 }
 
 TEST_F(ModelTest, AnOpenStreamDelaysNoOtherRequest) {

@@ -8,6 +8,7 @@
 
 using namespace palomet;
 using namespace std::chrono_literals;
+using namespace Qt::StringLiterals;
 using test::eventually;
 
 namespace {
@@ -28,7 +29,7 @@ protected:
 
 TEST_F(HttpClientTest, WhatHasAnsweredInTimeDoesNotAnswerAgainWhenItsTimeIsOver) {
     int answers = 0;
-    const auto kept = http.get(QStringLiteral("state"), 2s, [&](const auto &body) {
+    const auto kept = http.get(u"state"_s, 2s, [&](const auto &body) {
         EXPECT_TRUE(body);
         ++answers;
     });
@@ -38,9 +39,9 @@ TEST_F(HttpClientTest, WhatHasAnsweredInTimeDoesNotAnswerAgainWhenItsTimeIsOver)
 }
 
 TEST_F(HttpClientTest, EveryRequestSaysThatItIsFromPalomet) {
-    const auto document = http.get(QStringLiteral("state"), 1min, [](const auto &) {});
-    const auto stream = http.stream(QStringLiteral("events"), 1024);
-    http.post(QStringLiteral("say"), "{}", 1min, [] {});
+    const auto document = http.get(u"state"_s, 1min, [](const auto &) {});
+    const auto stream = http.stream(u"events"_s, 1024);
+    http.post(u"say"_s, "{}", 1min, [] {});
     for (const auto *target : {"/state", "/events", "/say"}) {
         ASSERT_TRUE(eventually([&] { return backend.last(target) != nullptr; })) << target;
         EXPECT_EQ(backend.last(target)->header("user-agent"), "Palomet") << target;

@@ -7,9 +7,10 @@
 using namespace palomet;
 using namespace palomet::test;
 using namespace std::chrono_literals;
+using namespace Qt::StringLiterals;
 
 TEST_F(ModelTest, TheBackendIsLookedForOnTheLoopbackInterface) {
-    EXPECT_EQ(hudBase(), QUrl(QStringLiteral("http://127.0.0.1:4780")));
+    EXPECT_EQ(hudBase(), QUrl(u"http://127.0.0.1:4780"_s));
 }
 
 TEST_F(ModelTest, IsOfflineAndQuietBeforeItStarts) {
@@ -50,14 +51,14 @@ TEST_F(ModelTest, WithoutAnAddressItKeepsWhatItIsGivenWhateverIsAsked) {
     QStringList settled;
     QObject::connect(&alone, &PalometModel::changeSettled, [&](const QString &key) { settled.append(key); });
     alone.listen();
-    alone.say(QStringLiteral("oi"));
-    alone.set(QStringLiteral("voiceSpeed"), 1);
+    alone.say(u"oi"_s);
+    alone.set(u"voiceSpeed"_s, 1);
     alone.loadHistory();
     alone.loadOptions();
     alone.refresh();
     EXPECT_TRUE(eventually([&] { return applied.count() == 2; })) << "the setting has ended";
     ASSERT_TRUE(runsUntil([&] { return m_scheduler.pendingCount() == 0; }));
-    EXPECT_EQ(settled, QStringList{QStringLiteral("voiceSpeed")});
+    EXPECT_EQ(settled, QStringList{u"voiceSpeed"_s});
     EXPECT_EQ(alone.snapshot(), sample);
     EXPECT_EQ(alone.history().size(), 3U);
     EXPECT_TRUE(alone.options());
@@ -69,7 +70,7 @@ TEST_F(ModelTest, TellsOfAChangeAfterIt) {
     QObject::connect(&m_model, &PalometModel::snapshotChanged, &m_model,
                      [&] { heard = m_model.snapshot() ? m_model.snapshot()->device : QString(); });
     startAndSettle();
-    EXPECT_EQ(heard, QStringLiteral("Microphone (USB Audio)"));
+    EXPECT_EQ(heard, u"Microphone (USB Audio)"_s);
 }
 
 TEST_F(ModelTest, TheStateIsFetchedATenthOfASecondAfterItWasAskedFor) {
@@ -138,13 +139,13 @@ TEST_F(ModelTest, TheOutputHasItsOwnLevel) {
 TEST_F(ModelTest, ASpokenLineIsAJsonText) {
     startAndSettle();
     send("spoken", "\"Olá\"");
-    EXPECT_EQ(m_model.spokenLine(), QStringLiteral("Olá"));
+    EXPECT_EQ(m_model.spokenLine(), u"Olá"_s);
     send("spoken", "Olá!");
-    EXPECT_EQ(m_model.spokenLine(), QStringLiteral("Olá"));
+    EXPECT_EQ(m_model.spokenLine(), u"Olá"_s);
     send("spoken", R"("\ud83d")");
-    EXPECT_EQ(m_model.spokenLine(), QStringLiteral("Olá"));
+    EXPECT_EQ(m_model.spokenLine(), u"Olá"_s);
     send("spoken", R"("\"Sim\", disse.")");
-    EXPECT_EQ(m_model.spokenLine(), QStringLiteral("\"Sim\", disse."));
+    EXPECT_EQ(m_model.spokenLine(), u"\"Sim\", disse."_s);
 }
 
 TEST_F(ModelTest, EverySpokenEventIsToldOfAndCostsAFetch) {
@@ -192,11 +193,11 @@ TEST_F(ModelTest, AnUnknownPhaseIsOffline) {
 
 TEST_F(ModelTest, TheMutedPhaseComesFromThePhaseAlone) {
     auto snapshot = *decodeSnapshot(fixture("state/full.json"));
-    snapshot.state = QStringLiteral("muted");
+    snapshot.state = u"muted"_s;
     snapshot.isMuted = false;
     m_model.setSnapshot(std::make_shared<const Snapshot>(snapshot));
     EXPECT_EQ(m_model.state(), LoopState::Muted);
-    snapshot.state = QStringLiteral("waiting");
+    snapshot.state = u"waiting"_s;
     snapshot.isMuted = true;
     m_model.setSnapshot(std::make_shared<const Snapshot>(snapshot));
     EXPECT_EQ(m_model.state(), LoopState::Waiting);
@@ -260,9 +261,9 @@ TEST_F(ModelTest, KnowsThePermissionFromTheBeginning) {
 
 TEST_F(ModelTest, AHotKeyProblemIsToldOfWhenItComesAndGoes) {
     const SignalCount changes(&m_model, &PalometModel::hotKeyProblemChanged);
-    m_model.setHotKeyProblem(QStringLiteral("taken"));
-    m_model.setHotKeyProblem(QStringLiteral("taken"));
-    EXPECT_EQ(m_model.hotKeyProblem(), QStringLiteral("taken"));
+    m_model.setHotKeyProblem(u"taken"_s);
+    m_model.setHotKeyProblem(u"taken"_s);
+    EXPECT_EQ(m_model.hotKeyProblem(), u"taken"_s);
     m_model.setHotKeyProblem(std::nullopt);
     EXPECT_EQ(changes.count(), 2);
 }
@@ -288,7 +289,7 @@ TEST_F(ModelTest, MayEndInTheMiddleOfEverything) {
     model->start();
     m_scheduler.advance(100ms);
     model->listen();
-    model->set(QStringLiteral("voiceSpeed"), 1);
+    model->set(u"voiceSpeed"_s, 1);
     ASSERT_TRUE(hasCome("/state"));
     ASSERT_TRUE(hasCome("/listen"));
     ASSERT_TRUE(hasCome("/settings"));
@@ -306,7 +307,7 @@ namespace {
 class ProxyOfTheDesktop {
 public:
     explicit ProxyOfTheDesktop(quint16 port) {
-        QNetworkProxy::setApplicationProxy({QNetworkProxy::HttpProxy, QStringLiteral("127.0.0.1"), port});
+        QNetworkProxy::setApplicationProxy({QNetworkProxy::HttpProxy, u"127.0.0.1"_s, port});
     }
     ~ProxyOfTheDesktop() { QNetworkProxy::setApplicationProxy(QNetworkProxy::NoProxy); }
     ProxyOfTheDesktop(const ProxyOfTheDesktop &) = delete;
@@ -322,7 +323,7 @@ TEST_F(ModelTest, AsksNoProxy) {
     m_backend.serve("/listen", "{}");
     m_backend.serve("/settings", "{}");
     m_model.listen();
-    m_model.set(QStringLiteral("voiceSpeed"), 1);
+    m_model.set(u"voiceSpeed"_s, 1);
     EXPECT_TRUE(hasCome("/listen"));
     EXPECT_TRUE(hasCome("/settings"));
     EXPECT_EQ(proxy.connectionCount(), 0);
@@ -339,7 +340,7 @@ TEST_F(ModelTest, SettlesAChangeWithTheStateThatWasAskedForAfterItAndNotWithAnOl
     m_scheduler.advance(100ms);
     ASSERT_TRUE(hasCome("/state", 2));
     const auto older = m_backend.last("/state");
-    m_model.set(QStringLiteral("voiceSpeed"), 1);
+    m_model.set(u"voiceSpeed"_s, 1);
     ASSERT_TRUE(hasCome("/settings"));
     m_backend.last("/settings")->reply("{}");
     ASSERT_TRUE(eventually([&] { return !m_model.applying(); }));
@@ -352,7 +353,7 @@ TEST_F(ModelTest, SettlesAChangeWithTheStateThatWasAskedForAfterItAndNotWithAnOl
     m_backend.last("/state")->reply(fixture("state/full.json"));
     EXPECT_TRUE(eventually([&] { return !settled.isEmpty(); }));
     EXPECT_EQ(published.count(), 2);
-    EXPECT_EQ(settled, QStringList{QStringLiteral("voiceSpeed")});
+    EXPECT_EQ(settled, QStringList{u"voiceSpeed"_s});
 }
 
 TEST_F(ModelTest, KeepsNoCookieAndAsksForNoCompression) {
@@ -368,7 +369,7 @@ TEST_F(ModelTest, KeepsNoCookieAndAsksForNoCompression) {
     ASSERT_TRUE(hasCome("/listen"));
     m_model.listen();
     ASSERT_TRUE(hasCome("/listen", 2));
-    m_model.set(QStringLiteral("voiceSpeed"), 1);
+    m_model.set(u"voiceSpeed"_s, 1);
     ASSERT_TRUE(hasCome("/settings"));
     m_model.refresh();
     m_scheduler.advance(100ms);

@@ -8,6 +8,7 @@
 #include <random>
 
 using namespace palomet;
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -18,39 +19,37 @@ QString entryId(double at) {
 } // namespace
 
 TEST(Snapshot, ARowIsKeyedByItsTimeAndRole) {
-    EXPECT_EQ((Snapshot::Row{QStringLiteral("user"), {}, 5.0, {}, {}}.id()), QStringLiteral("5.0-user"));
-    EXPECT_EQ((Snapshot::Row{QStringLiteral("user"), {}, 1731700000123, {}, {}}.id()),
-              QStringLiteral("1731700000123.0-user"));
+    EXPECT_EQ((Snapshot::Row{u"user"_s, {}, 5.0, {}, {}}.id()), u"5.0-user"_s);
+    EXPECT_EQ((Snapshot::Row{u"user"_s, {}, 1731700000123, {}, {}}.id()), u"1731700000123.0-user"_s);
 }
 
 TEST(Snapshot, AnUtteranceIsKeyedByItsTimeAndText) {
-    EXPECT_EQ((Snapshot::Heard{1731700000123.25, QStringLiteral("olá - oi"), {}, {}}.id()),
-              QStringLiteral("1731700000123.25-olá - oi"));
+    EXPECT_EQ((Snapshot::Heard{1731700000123.25, u"olá - oi"_s, {}, {}}.id()), u"1731700000123.25-olá - oi"_s);
 }
 
 TEST(Snapshot, TwoDraftEntriesOfOneInstantShareTheirKey) {
-    const Snapshot::DraftEntry first{7.5, QStringLiteral("a")};
-    const Snapshot::DraftEntry second{7.5, QStringLiteral("b")};
+    const Snapshot::DraftEntry first{7.5, u"a"_s};
+    const Snapshot::DraftEntry second{7.5, u"b"_s};
     EXPECT_EQ(first.id(), second.id());
-    EXPECT_EQ(first.id(), QStringLiteral("7.5"));
+    EXPECT_EQ(first.id(), u"7.5"_s);
     EXPECT_NE(first, second);
 }
 
 TEST(Snapshot, AConversationIsKeyedByItsId) {
-    EXPECT_EQ((ConversationSummary{QStringLiteral("c-1"), 1, {}, 2, 3}.id()), QStringLiteral("c-1"));
+    EXPECT_EQ((ConversationSummary{u"c-1"_s, 1, {}, 2, 3}.id()), u"c-1"_s);
 }
 
 TEST(Snapshot, ATimeInAKeyAlwaysHasAPointOrAnExponent) {
-    EXPECT_EQ(entryId(0), QStringLiteral("0.0"));
-    EXPECT_EQ(entryId(-0.0), QStringLiteral("-0.0"));
-    EXPECT_EQ(entryId(100000), QStringLiteral("100000.0"));
-    EXPECT_EQ(entryId(0.0001), QStringLiteral("0.0001"));
-    EXPECT_EQ(entryId(0.00001), QStringLiteral("1e-05"));
-    EXPECT_EQ(entryId(9007199254740993), QStringLiteral("9007199254740992.0"));
-    EXPECT_EQ(entryId(1e16), QStringLiteral("10000000000000000.0"));
-    EXPECT_EQ(entryId(1e300), QStringLiteral("1e+300"));
-    EXPECT_EQ(entryId(-5e-324), QStringLiteral("-5e-324"));
-    EXPECT_EQ(entryId(0.1), QStringLiteral("0.1"));
+    EXPECT_EQ(entryId(0), u"0.0"_s);
+    EXPECT_EQ(entryId(-0.0), u"-0.0"_s);
+    EXPECT_EQ(entryId(100000), u"100000.0"_s);
+    EXPECT_EQ(entryId(0.0001), u"0.0001"_s);
+    EXPECT_EQ(entryId(0.00001), u"1e-05"_s);
+    EXPECT_EQ(entryId(9007199254740993), u"9007199254740992.0"_s);
+    EXPECT_EQ(entryId(1e16), u"10000000000000000.0"_s);
+    EXPECT_EQ(entryId(1e300), u"1e+300"_s);
+    EXPECT_EQ(entryId(-5e-324), u"-5e-324"_s);
+    EXPECT_EQ(entryId(0.1), u"0.1"_s);
 }
 
 TEST(Snapshot, ATimeInAKeyReadsBackAsTheSameNumber) {
@@ -63,7 +62,7 @@ TEST(Snapshot, ATimeInAKeyReadsBackAsTheSameNumber) {
 }
 
 TEST(Snapshot, ListsOfItsPartsCanBeCompared) {
-    const std::vector<Snapshot::Row> rows{{QStringLiteral("user"), QStringLiteral("a"), 1, {}, true}};
+    const std::vector<Snapshot::Row> rows{{u"user"_s, u"a"_s, 1, {}, true}};
     auto changed = rows;
     EXPECT_EQ(rows, changed);
     changed.front().isOpen.reset();

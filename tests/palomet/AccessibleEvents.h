@@ -7,6 +7,8 @@
 
 namespace palomet::test {
 
+using namespace Qt::StringLiterals;
+
 /// The texts that the program has a screen reader read out, from now on: the names of the notifications that begin to
 /// show.
 class AccessibleEvents final : public QObject {
@@ -16,13 +18,13 @@ public:
     explicit AccessibleEvents(AccessibleTree &tree)
         : m_tree(tree)
         , m_bus(tree.bus()) {
-        const auto registry = QStringLiteral("org.a11y.atspi.Registry");
-        auto listen = QDBusMessage::createMethodCall(registry, QStringLiteral("/org/a11y/atspi/registry"), registry,
-                                                     QStringLiteral("RegisterEvent"));
-        listen.setArguments({QStringLiteral("object:state-changed:showing"), QStringList(), QString()});
+        const auto registry = u"org.a11y.atspi.Registry"_s;
+        auto listen =
+            QDBusMessage::createMethodCall(registry, u"/org/a11y/atspi/registry"_s, registry, u"RegisterEvent"_s);
+        listen.setArguments({u"object:state-changed:showing"_s, QStringList(), QString()});
         m_bus.call(listen);
-        m_bus.connect(QString(), QString(), QStringLiteral("org.a11y.atspi.Event.Object"),
-                      QStringLiteral("StateChanged"), this, SLOT(stateChanged(QDBusMessage)));
+        m_bus.connect(QString(), QString(), u"org.a11y.atspi.Event.Object"_s, u"StateChanged"_s, this,
+                      SLOT(stateChanged(QDBusMessage)));
     }
 
     [[nodiscard]] const QStringList &readOut() const { return m_readOut; }
@@ -31,8 +33,7 @@ private Q_SLOTS:
     void stateChanged(const QDBusMessage &message) {
         const AccessibleTree::Node source{message.service(), message.path()};
         const auto arguments = message.arguments();
-        if (arguments.value(0) == QStringLiteral("showing") && arguments.value(1) == 1 &&
-            m_tree.role(source) == QStringLiteral("notification"))
+        if (arguments.value(0) == u"showing"_s && arguments.value(1) == 1 && m_tree.role(source) == u"notification"_s)
             m_readOut.append(m_tree.name(source));
     }
 

@@ -30,7 +30,7 @@ AccessibleTree::AccessibleTree(PrivateBus &bus, const QProcessEnvironment &envir
     : m_session(bus)
     , m_bus(QString()) {
     m_launcher.setProcessEnvironment(environment);
-    m_launcher.start(QStringLiteral("/usr/libexec/at-spi-bus-launcher"), {QStringLiteral("--launch-immediately")});
+    m_launcher.start(u"/usr/libexec/at-spi-bus-launcher"_s, {u"--launch-immediately"_s});
     m_bus = accessibilityBus();
 }
 

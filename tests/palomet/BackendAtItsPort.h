@@ -11,18 +11,18 @@
 
 namespace palomet::test {
 
+using namespace Qt::StringLiterals;
+
 /// A state that thinks, with a conversation without end: some forty megabytes.
 inline QByteArray endlessState() {
     auto document = QJsonDocument::fromJson(fixture("state/full.json")).object();
-    auto conversation = document[QStringLiteral("conversation")].toObject();
+    auto conversation = document[u"conversation"_s].toObject();
     QJsonArray rows;
     for (int row = 0; row < 250'000; ++row)
-        rows.append(QJsonObject{{QStringLiteral("role"), QStringLiteral("user")},
-                                {QStringLiteral("text"), QString(100, u'x')},
-                                {QStringLiteral("at"), 1.7e12 + row}});
-    conversation[QStringLiteral("rows")] = rows;
-    document[QStringLiteral("conversation")] = conversation;
-    document[QStringLiteral("state")] = QStringLiteral("thinking");
+        rows.append(QJsonObject{{u"role"_s, u"user"_s}, {u"text"_s, QString(100, u'x')}, {u"at"_s, 1.7e12 + row}});
+    conversation[u"rows"_s] = rows;
+    document[u"conversation"_s] = conversation;
+    document[u"state"_s] = u"thinking"_s;
     return QJsonDocument(document).toJson(QJsonDocument::Compact);
 }
 
@@ -35,7 +35,7 @@ public:
 
     /// Does everything as it should, until it is told otherwise.
     void behave() {
-        enter(QStringLiteral("waiting"));
+        enter(u"waiting"_s);
         http.serve("/history", fixture("history/empty.json"));
         http.serve("/options", fixture("options/empty.json"));
         for (const auto *command : {"/listen", "/stop", "/mute", "/new", "/say", "/act", "/draft/clear"})
@@ -47,7 +47,7 @@ public:
     /// From now on it is in this state; nobody is told.
     void enter(const QString &state) {
         auto document = QJsonDocument::fromJson(fixture("state/full.json")).object();
-        document[QStringLiteral("state")] = state;
+        document[u"state"_s] = state;
         http.serve("/state", QJsonDocument(document).toJson());
     }
 

@@ -43,7 +43,7 @@ TEST_F(BadSurroundingsTest, ARuntimeThatIsAFolderIsNoRuntime) {
 }
 
 TEST_F(BadSurroundingsTest, AResourceFolderThatIsAFileHasNothingInIt) {
-    setVariable("PALOMET_RESOURCES", QStringLiteral(PALOMET_EXECUTABLE));
+    setVariable("PALOMET_RESOURCES", u"" PALOMET_EXECUTABLE ""_s);
     desktop.tray.appear();
     start();
     expectToLive();

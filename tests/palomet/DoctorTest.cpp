@@ -31,7 +31,7 @@ class PalometDoctorTest : public ::testing::Test {
 protected:
     PalometDoctorTest()
         : environment(desktop.environment()) {
-        environment.insert(u"PALOMET_RESOURCES"_s, QStringLiteral(PALOMET_BINARY_DIR "/resources"));
+        environment.insert(u"PALOMET_RESOURCES"_s, u"" PALOMET_BINARY_DIR "/resources"_s);
     }
     ~PalometDoctorTest() override {
         palomet.kill();
@@ -42,7 +42,7 @@ protected:
     int examine() {
         QProcess doctor;
         doctor.setProcessEnvironment(environment);
-        doctor.start(QStringLiteral(PALOMET_EXECUTABLE), {u"--doctor"_s});
+        doctor.start(u"" PALOMET_EXECUTABLE ""_s, {u"--doctor"_s});
         EXPECT_TRUE(eventually([&] { return doctor.state() == QProcess::NotRunning; }));
         output = QString::fromUtf8(doctor.readAllStandardOutput());
         EXPECT_EQ(doctor.readAllStandardError(), "");
@@ -84,7 +84,7 @@ TEST_F(PalometDoctorTest, IsContentWhereAllWorksAndDoesNotDisturbThePalometThatR
         environment.insert(name, sound.environment().value(name));
     desktop.tray.appear();
     palomet.setProcessEnvironment(environment);
-    palomet.start(QStringLiteral(PALOMET_EXECUTABLE), QStringList{});
+    palomet.start(u"" PALOMET_EXECUTABLE ""_s, QStringList{});
     ASSERT_TRUE(eventually([this] { return !desktop.tray.menu().empty(); }));
     ASSERT_TRUE(eventually([this] { return desktop.tray.menu().front().title().contains(u"Desk microphone"_s); }));
 

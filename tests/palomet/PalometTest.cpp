@@ -19,7 +19,7 @@ protected:
     int startAgain(const QStringList &arguments = {}) const {
         QProcess again;
         again.setProcessEnvironment(environment);
-        again.start(QStringLiteral(PALOMET_EXECUTABLE), arguments);
+        again.start(u"" PALOMET_EXECUTABLE ""_s, arguments);
         EXPECT_TRUE(eventually([&] { return again.state() == QProcess::NotRunning; }));
         return again.exitStatus() == QProcess::NormalExit ? again.exitCode() : -1;
     }
@@ -215,7 +215,7 @@ TEST_F(PalometTest, PreviewsBesideARunningInstanceAndEndsAtOnceAndWithoutATraceW
     besideIt.insert(u"TMPDIR"_s, temporary.path());
     QProcess beside;
     beside.setProcessEnvironment(besideIt);
-    beside.start(QStringLiteral(PALOMET_EXECUTABLE), {u"--preview"_s, u"brain"_s});
+    beside.start(u"" PALOMET_EXECUTABLE ""_s, {u"--preview"_s, u"brain"_s});
     EXPECT_TRUE(eventually([this] { return windows() == 1; }));
     EXPECT_FALSE(QDir(temporary.path()).isEmpty());
     beside.terminate();

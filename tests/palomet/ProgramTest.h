@@ -12,15 +12,17 @@
 
 namespace palomet::test {
 
+using namespace Qt::StringLiterals;
+
 /// The program itself, on a desktop of its own, with a backend process that does as $FAKE_BACKEND says.
 class ProgramTest : public ::testing::Test {
 protected:
     ProgramTest() {
-        const QDir resources(desktop.home.filePath(QStringLiteral("resources")));
-        resources.mkpath(QStringLiteral("engine"));
-        EXPECT_TRUE(QFile::link(QStringLiteral(PALOMET_FAKE_BACKEND), resources.filePath(QStringLiteral("bun"))));
-        for (const auto &part : {QStringLiteral("Icons"), QStringLiteral("en.lproj"), QStringLiteral("pt-BR.lproj")})
-            EXPECT_TRUE(QFile::link(QStringLiteral(PALOMET_SOURCE_DIR "/resources/") + part, resources.filePath(part)));
+        const QDir resources(desktop.home.filePath(u"resources"_s));
+        resources.mkpath(u"engine"_s);
+        EXPECT_TRUE(QFile::link(u"" PALOMET_FAKE_BACKEND ""_s, resources.filePath(u"bun"_s)));
+        for (const auto &part : {u"Icons"_s, u"en.lproj"_s, u"pt-BR.lproj"_s})
+            EXPECT_TRUE(QFile::link(u"" PALOMET_SOURCE_DIR "/resources/"_s + part, resources.filePath(part)));
         environment = desktop.environment();
         setVariable("PALOMET_RESOURCES", resources.path());
     }
@@ -33,7 +35,7 @@ protected:
 
     void start(const QStringList &arguments = {}) {
         program.setProcessEnvironment(environment);
-        program.start(QStringLiteral(PALOMET_EXECUTABLE), arguments);
+        program.start(u"" PALOMET_EXECUTABLE ""_s, arguments);
         ASSERT_TRUE(program.waitForStarted());
     }
 
@@ -55,7 +57,7 @@ protected:
     [[nodiscard]] Outcome command(const QStringList &arguments, const QByteArray &input = {}) const {
         QProcess process;
         process.setProcessEnvironment(environment);
-        process.start(QStringLiteral(PALOMET_EXECUTABLE), arguments);
+        process.start(u"" PALOMET_EXECUTABLE ""_s, arguments);
         process.write(input);
         process.closeWriteChannel();
         if (!eventually([&] { return process.state() == QProcess::NotRunning; }) ||

@@ -85,7 +85,7 @@ TEST_F(RecorderInUse, KeepsWhatItRecordedInTheNextRun) {
     record("Listen", "super+l", u"Super + L"_s);
     program.terminate();
     ASSERT_TRUE(eventually([this] { return program.state() == QProcess::NotRunning; }));
-    program.start(QStringLiteral(PALOMET_EXECUTABLE));
+    program.start(u"" PALOMET_EXECUTABLE ""_s);
     ASSERT_TRUE(isWaiting());
     open("listening");
     EXPECT_TRUE(says("Listen", u"Super + L"_s));

@@ -175,7 +175,7 @@ TEST_F(RemoteCommandTest, FollowsTheStateALineAChangeUntilItIsInterrupted) {
     ASSERT_TRUE(eventually([this] { return !command({u"--status"_s}).output.startsWith("offline"); }));
     QProcess follower;
     follower.setProcessEnvironment(environment);
-    follower.start(QStringLiteral(PALOMET_EXECUTABLE), {u"--status"_s, u"--follow"_s});
+    follower.start(u"" PALOMET_EXECUTABLE ""_s, {u"--status"_s, u"--follow"_s});
     QByteArray lines;
     const auto hasSaid = [&](const QByteArray &expected) {
         return eventually([&] {
@@ -201,7 +201,7 @@ TEST_F(RemoteCommandTest, StopsFollowingWhenTheProgramEnds) {
     startAndFollow();
     QProcess follower;
     follower.setProcessEnvironment(environment);
-    follower.start(QStringLiteral(PALOMET_EXECUTABLE), {u"--status"_s, u"--follow"_s, u"--json"_s});
+    follower.start(u"" PALOMET_EXECUTABLE ""_s, {u"--status"_s, u"--follow"_s, u"--json"_s});
     ASSERT_TRUE(eventually([&] { return follower.bytesAvailable() > 0; }));
     EXPECT_EQ(command({u"--quit"_s}), (Outcome{0, "", ""}));
     EXPECT_TRUE(eventually([&] { return follower.state() == QProcess::NotRunning; }));
@@ -213,7 +213,7 @@ TEST_F(RemoteCommandTest, StopsFollowingWhenNobodyReadsAnyMore) {
     startAndFollow();
     QProcess reader;
     reader.setProcessEnvironment(environment);
-    reader.start(u"sh"_s, {u"-c"_s, QStringLiteral("\"" PALOMET_EXECUTABLE "\" --status --follow | head -n 1")});
+    reader.start(u"sh"_s, {u"-c"_s, u"\"" PALOMET_EXECUTABLE "\" --status --follow | head -n 1"_s});
     ASSERT_TRUE(eventually([&] { return reader.bytesAvailable() > 0; }));
     EXPECT_EQ(reader.state(), QProcess::Running);
     backend.enter(u"hearing"_s);
@@ -227,7 +227,7 @@ TEST_F(RemoteCommandTest, SaysThatTheStatusCannotBeWritten) {
     QProcess status;
     status.setProcessEnvironment(environment);
     status.setStandardOutputFile(u"/dev/full"_s);
-    status.start(QStringLiteral(PALOMET_EXECUTABLE), {u"--status"_s});
+    status.start(u"" PALOMET_EXECUTABLE ""_s, {u"--status"_s});
     ASSERT_TRUE(eventually([&] { return status.state() == QProcess::NotRunning; }));
     EXPECT_EQ(status.exitCode(), 1);
     EXPECT_EQ(status.readAllStandardError(), "palomet: the status cannot be written\n");

@@ -14,36 +14,37 @@ namespace palomet::test {
 namespace {
 
 using namespace std::chrono_literals;
+using namespace Qt::StringLiterals;
 
 /// How long threads were ready to run while others ran, in all; each by its folder below /proc.
 std::chrono::nanoseconds waited(const QStringList &threads) {
     std::chrono::nanoseconds sum{};
     for (const auto &thread : threads) {
-        const auto times = contentOf(QStringLiteral("/proc/%1/schedstat").arg(thread)).split(' ');
+        const auto times = contentOf(u"/proc/%1/schedstat"_s.arg(thread)).split(' ');
         sum += std::chrono::nanoseconds(times.value(1).toLongLong());
     }
     return sum;
 }
 
 QString mainThread(qint64 process) {
-    return QStringLiteral("%1/task/%1").arg(process);
+    return u"%1/task/%1"_s.arg(process);
 }
 
 /// The threads of a process that carry its messages to and from the bus.
 QStringList busThreads(const QString &process) {
     QStringList found;
-    const QDir tasks(QStringLiteral("/proc/%1/task").arg(process));
+    const QDir tasks(u"/proc/%1/task"_s.arg(process));
     for (const auto &thread : tasks.entryList(QDir::Dirs | QDir::NoDotAndDotDot)) {
-        if (contentOf(tasks.filePath(thread + QStringLiteral("/comm"))).startsWith("QDBus"))
-            found.append(process + QStringLiteral("/task/") + thread);
+        if (contentOf(tasks.filePath(thread + u"/comm"_s)).startsWith("QDBus"))
+            found.append(process + u"/task/"_s + thread);
     }
     return found;
 }
 
 /// Everybody who takes part in an answer: the main thread, the bus, the asking thread, and who carries between them.
 QStringList participants(const PrivateBus &bus, qint64 process) {
-    return QStringList{mainThread(process), mainThread(bus.processId()), QStringLiteral("thread-self")} +
-           busThreads(QString::number(process)) + busThreads(QStringLiteral("self"));
+    return QStringList{mainThread(process), mainThread(bus.processId()), u"thread-self"_s} +
+           busThreads(QString::number(process)) + busThreads(u"self"_s);
 }
 
 } // namespace
@@ -62,9 +63,8 @@ void StallProbe::ask(const QString &address, const QStringList &threads) {
     const auto name = QUuid::createUuid().toString();
     {
         const auto connection = QDBusConnection::connectToBus(address, name);
-        const auto question = QDBusMessage::createMethodCall(
-            QStringLiteral("org.palomet.Palomet"), QStringLiteral("/org/palomet/Palomet"),
-            QStringLiteral("org.palomet.Palomet.Control"), QStringLiteral("Status"));
+        const auto question = QDBusMessage::createMethodCall(u"org.palomet.Palomet"_s, u"/org/palomet/Palomet"_s,
+                                                             u"org.palomet.Palomet.Control"_s, u"Status"_s);
         while (!m_isEnding) {
             const auto waitedBefore = waited(threads);
             const auto begin = std::chrono::steady_clock::now();

@@ -20,7 +20,7 @@ protected:
     void start(const QString &device = u"Headset"_s) {
         program.setProcessEnvironment(desktop.environment());
         program.setProcessChannelMode(QProcess::ForwardedChannels);
-        program.start(QStringLiteral(PALOMET_TRAY_PROGRAM), {device});
+        program.start(u"" PALOMET_TRAY_PROGRAM ""_s, {device});
         ASSERT_TRUE(program.waitForStarted());
     }
 

@@ -87,7 +87,7 @@ protected:
     KilledBackend() {
         const auto runtime = desktop.home.filePath(u"resources/bun"_s);
         QFile::remove(runtime);
-        EXPECT_TRUE(QFile::link(QStringLiteral(PALOMET_BACKEND_PROGRAM), runtime));
+        EXPECT_TRUE(QFile::link(u"" PALOMET_BACKEND_PROGRAM ""_s, runtime));
         setVariable("BACKEND_STATE", state);
     }
 

@@ -38,14 +38,14 @@ WindowInUse::WindowInUse() {
     };
     set("PULSE_SERVER", QString::fromStdString(sound.address()));
     set("PULSE_COOKIE", sound.environment().value(u"PULSE_COOKIE"_s));
-    set("PALOMET_RESOURCES", QStringLiteral(PALOMET_BINARY_DIR "/resources"));
+    set("PALOMET_RESOURCES", u"" PALOMET_BINARY_DIR "/resources"_s);
     set("PALOMET_WHISPER_MODELS", desktop.home.filePath(u"models"_s));
     set("XDG_STATE_HOME", desktop.home.filePath(u"state"_s));
     set("QT_LINUX_ACCESSIBILITY_ALWAYS_ON", u"1"_s);
     desktop.tray.appear();
     windowManager.start(desktop);
     program.setProcessEnvironment(environment);
-    program.start(QStringLiteral(PALOMET_EXECUTABLE));
+    program.start(u"" PALOMET_EXECUTABLE ""_s);
     EXPECT_TRUE(eventually([this] { return !state().isEmpty(); })) << "no engine";
     EXPECT_TRUE(eventually([this] { return !command({u"--status"_s}).startsWith("offline"); }));
 }
@@ -88,7 +88,7 @@ bool WindowInUse::becomes(const char *key, const QJsonValue &value) const {
 QByteArray WindowInUse::command(const QStringList &arguments) const {
     QProcess process;
     process.setProcessEnvironment(environment);
-    process.start(QStringLiteral(PALOMET_EXECUTABLE), arguments);
+    process.start(u"" PALOMET_EXECUTABLE ""_s, arguments);
     EXPECT_TRUE(eventually([&] { return process.state() == QProcess::NotRunning; }));
     EXPECT_EQ(process.exitCode(), 0) << qPrintable(arguments.join(u' '));
     return process.readAllStandardOutput();

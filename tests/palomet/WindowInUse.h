@@ -14,6 +14,8 @@
 
 namespace palomet::test {
 
+using namespace Qt::StringLiterals;
+
 /// The program with its own engine on a desktop with a window manager and a sound server, used through what a screen
 /// reader sees and by the keyboard. Two speech models and two command-line tools are installed there; the recogniser
 /// hears whatever `hear` says.
@@ -32,7 +34,7 @@ protected:
     /// The output of a second start of the program with those arguments.
     QByteArray command(const QStringList &arguments) const;
     /// Shows that pane, as a second start of the program does.
-    void open(const char *pane) const { command({QStringLiteral("--open"), QString::fromLatin1(pane)}); }
+    void open(const char *pane) const { command({u"--open"_s, QString::fromLatin1(pane)}); }
     /// That node, once it is there.
     [[nodiscard]] Node node(const char *role, const QString &name);
     void press(const char *role, const QString &name);
@@ -40,9 +42,7 @@ protected:
     void turn(const QString &name, const char *key);
     /// Gives it the keyboard's focus and waits until it has it and shows.
     void focus(const Node &node);
-    void type(const QString &text) const {
-        desktop.display.run(QStringLiteral("xdotool"), {QStringLiteral("type"), text});
-    }
+    void type(const QString &text) const { desktop.display.run(u"xdotool"_s, {u"type"_s, text}); }
     void key(const char *keys) const { desktop.display.key(QString::fromLatin1(keys)); }
     /// Somebody says that into the microphone.
     void hear(const char *words);

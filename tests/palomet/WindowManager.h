@@ -8,6 +8,8 @@
 
 namespace palomet::test {
 
+using namespace Qt::StringLiterals;
+
 /// A window manager on the test's desktop, which it outlives; it ends with this object.
 class WindowManager {
 public:
@@ -21,7 +23,7 @@ public:
 
     /// Starts it and waits until it manages windows. It keeps to itself only these keys, as its settings have them.
     void start(const Desktop &desktop, const QByteArray &keys = {}) {
-        const auto path = desktop.home.filePath(QStringLiteral("window-manager.xml"));
+        const auto path = desktop.home.filePath(u"window-manager.xml"_s);
         QFile settings(path);
         ASSERT_TRUE(settings.open(QFile::WriteOnly));
         settings.write("<?xml version=\"1.0\"?><openbox_config xmlns=\"http://openbox.org/3.4/rc\"><keyboard>" + keys +
@@ -29,9 +31,8 @@ public:
         settings.close();
         m_process.setProcessEnvironment(desktop.environment());
         // It holds its keys before it does what is asked for at its startup.
-        const auto isUp = desktop.home.filePath(QStringLiteral("window-manager-is-up"));
-        m_process.start(QStringLiteral("openbox"), {QStringLiteral("--config-file"), path, QStringLiteral("--startup"),
-                                                    QStringLiteral("touch ") + isUp});
+        const auto isUp = desktop.home.filePath(u"window-manager-is-up"_s);
+        m_process.start(u"openbox"_s, {u"--config-file"_s, path, u"--startup"_s, u"touch "_s + isUp});
         ASSERT_TRUE(eventually([&] { return QFile::exists(isUp); }));
     }
 

@@ -16,8 +16,8 @@ using namespace Qt::StringLiterals;
 
 int main(int argc, char **argv) {
     QApplication application(argc, argv);
-    const auto resources = QStringLiteral(PALOMET_SOURCE_DIR "/resources");
-    Localization::load(resources, {u"en"_s});
+    const auto resources = u"" PALOMET_SOURCE_DIR "/resources"_s;
+    localization::load(resources, {u"en"_s});
 
     QtScheduler scheduler;
     const test::FakeMicrophonePermission permission;

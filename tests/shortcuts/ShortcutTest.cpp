@@ -9,6 +9,7 @@
 #include <vector>
 
 using namespace palomet;
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -16,11 +17,9 @@ constexpr quint64 controlOption = Shortcut::control | Shortcut::option;
 
 class ShortcutTest : public testing::Test {
 protected:
-    void SetUp() override {
-        Localization::load(QStringLiteral(PALOMET_SOURCE_DIR "/resources"), {QStringLiteral("en")});
-    }
+    void SetUp() override { localization::load(u"" PALOMET_SOURCE_DIR "/resources"_s, {u"en"_s}); }
 
-    test::FixedKeyboardLayout layout{{{40, QStringLiteral("k")}, {0, QStringLiteral("a")}, {41, QStringLiteral("ç")}}};
+    test::FixedKeyboardLayout layout{{{40, u"k"_s}, {0, u"a"_s}, {41, u"ç"_s}}};
 };
 
 } // namespace
@@ -33,20 +32,18 @@ TEST_F(ShortcutTest, KeepsOnlyTheFourRelevantModifiers) {
 
 TEST_F(ShortcutTest, OfControlOptionSpaceReadsWellEverywhere) {
     const auto shortcut = Shortcut(49, controlOption);
-    EXPECT_EQ(shortcut.text(layout), QStringLiteral("⌃⌥") + L("key.space"));
-    EXPECT_EQ(shortcut.caps(layout),
-              QStringList({QStringLiteral("icon:chevron-up"), QStringLiteral("icon:option"), L("key.space")}));
+    EXPECT_EQ(shortcut.text(layout), u"⌃⌥"_s + L("key.space"));
+    EXPECT_EQ(shortcut.caps(layout), QStringList({u"icon:chevron-up"_s, u"icon:option"_s, L("key.space")}));
     EXPECT_EQ(shortcut.carbonModifiers(), 0x1800U);
-    EXPECT_EQ(shortcut.menuKey(layout), QStringLiteral(" "));
+    EXPECT_EQ(shortcut.menuKey(layout), u" "_s);
 }
 
 TEST_F(ShortcutTest, TranslatesEveryModifier) {
     const Shortcut all(40, Shortcut::relevant);
     EXPECT_EQ(all.carbonModifiers(), 0x1B00U);
-    EXPECT_EQ(all.text(layout), QStringLiteral("⌃⌥⇧⌘K"));
+    EXPECT_EQ(all.text(layout), u"⌃⌥⇧⌘K"_s);
     EXPECT_EQ(all.caps(layout),
-              QStringList({QStringLiteral("icon:chevron-up"), QStringLiteral("icon:option"),
-                           QStringLiteral("icon:arrow-big-up"), QStringLiteral("icon:command"), QStringLiteral("K")}));
+              QStringList({u"icon:chevron-up"_s, u"icon:option"_s, u"icon:arrow-big-up"_s, u"icon:command"_s, u"K"_s}));
     EXPECT_EQ(Shortcut(40, 0).carbonModifiers(), 0U);
 }
 
@@ -60,7 +57,7 @@ TEST_F(ShortcutTest, IsUsableWithControlOptionOrCommandOrAFunctionKey) {
 }
 
 TEST_F(ShortcutTest, IsNamedByItsCodeWhenTheLayoutCannotTranslateIt) {
-    EXPECT_EQ(Shortcut(10, 0).keyName(layout), QStringLiteral("#10"));
+    EXPECT_EQ(Shortcut(10, 0).keyName(layout), u"#10"_s);
     EXPECT_EQ(Shortcut(10, 0).menuKey(layout), QString());
 }
 
@@ -68,10 +65,10 @@ TEST_F(ShortcutTest, OfReturnAndKeypadEnterSharesTheCapButNotTheGlyph) {
     const Shortcut enter(36, 0);
     const Shortcut keypad(76, 0);
     EXPECT_EQ(enter.caps(layout), keypad.caps(layout));
-    EXPECT_EQ(enter.caps(layout), QStringList(QStringLiteral("icon:corner-down-left")));
+    EXPECT_EQ(enter.caps(layout), QStringList(u"icon:corner-down-left"_s));
     EXPECT_NE(enter.keyName(layout), keypad.keyName(layout));
-    EXPECT_EQ(enter.menuKey(layout), QStringLiteral("\r"));
-    EXPECT_EQ(keypad.menuKey(layout), QStringLiteral("\x03"));
+    EXPECT_EQ(enter.menuKey(layout), u"\r"_s);
+    EXPECT_EQ(keypad.menuKey(layout), u"\x03"_s);
 }
 
 TEST_F(ShortcutTest, OfASpecialKeyHasItsSignItsCapItsMenuKeyAndItsPlaceOnTheKeyboard) {
@@ -84,21 +81,21 @@ TEST_F(ShortcutTest, OfASpecialKeyHasItsSignItsCapItsMenuKeyAndItsPlaceOnTheKeyb
     };
     // Left, right, up, down; Return, keypad Enter; Backspace, Delete, Tab, Space, Escape; Home, End, Page Up and Down.
     const std::vector<Row> rows{
-        {123, 105, QStringLiteral("←"), QStringLiteral("icon:arrow-left"), 0xF702},
-        {124, 106, QStringLiteral("→"), QStringLiteral("icon:arrow-right"), 0xF703},
-        {126, 103, QStringLiteral("↑"), QStringLiteral("icon:arrow-up"), 0xF700},
-        {125, 108, QStringLiteral("↓"), QStringLiteral("icon:arrow-down"), 0xF701},
-        {36, 28, QStringLiteral("↩"), QStringLiteral("icon:corner-down-left"), 0x000D},
-        {76, 96, QStringLiteral("⌤"), QStringLiteral("icon:corner-down-left"), 0x0003},
-        {51, 14, QStringLiteral("⌫"), QStringLiteral("icon:backspace"), 0x0008},
-        {117, 111, QStringLiteral("⌦"), QStringLiteral("⌦"), 0xF728},
-        {48, 15, QStringLiteral("⇥"), QStringLiteral("⇥"), 0x0009},
-        {49, 57, QStringLiteral("Space"), QStringLiteral("Space"), 0x0020},
-        {53, 1, QStringLiteral("⎋"), QStringLiteral("⎋"), 0x001B},
-        {115, 102, QStringLiteral("↖"), QStringLiteral("↖"), 0xF729},
-        {119, 107, QStringLiteral("↘"), QStringLiteral("↘"), 0xF72B},
-        {116, 104, QStringLiteral("⇞"), QStringLiteral("⇞"), 0xF72C},
-        {121, 109, QStringLiteral("⇟"), QStringLiteral("⇟"), 0xF72D},
+        {123, 105, u"←"_s, u"icon:arrow-left"_s, 0xF702},
+        {124, 106, u"→"_s, u"icon:arrow-right"_s, 0xF703},
+        {126, 103, u"↑"_s, u"icon:arrow-up"_s, 0xF700},
+        {125, 108, u"↓"_s, u"icon:arrow-down"_s, 0xF701},
+        {36, 28, u"↩"_s, u"icon:corner-down-left"_s, 0x000D},
+        {76, 96, u"⌤"_s, u"icon:corner-down-left"_s, 0x0003},
+        {51, 14, u"⌫"_s, u"icon:backspace"_s, 0x0008},
+        {117, 111, u"⌦"_s, u"⌦"_s, 0xF728},
+        {48, 15, u"⇥"_s, u"⇥"_s, 0x0009},
+        {49, 57, u"Space"_s, u"Space"_s, 0x0020},
+        {53, 1, u"⎋"_s, u"⎋"_s, 0x001B},
+        {115, 102, u"↖"_s, u"↖"_s, 0xF729},
+        {119, 107, u"↘"_s, u"↘"_s, 0xF72B},
+        {116, 104, u"⇞"_s, u"⇞"_s, 0xF72C},
+        {121, 109, u"⇟"_s, u"⇟"_s, 0xF72D},
     };
     for (const auto &row : rows) {
         const Shortcut shortcut(row.keyCode, 0);
@@ -133,13 +130,13 @@ TEST_F(ShortcutTest, OfAFunctionKeyHasItsNumberItsMenuKeyAndItsPlaceOnTheKeyboar
 }
 
 TEST_F(ShortcutTest, ShowsACharacterUpperCasedAndTakesItLowerCasedInAMenu) {
-    EXPECT_EQ(Shortcut(41, Shortcut::control).text(layout), QStringLiteral("⌃Ç"));
-    EXPECT_EQ(Shortcut(41, Shortcut::control).menuKey(layout), QStringLiteral("ç"));
+    EXPECT_EQ(Shortcut(41, Shortcut::control).text(layout), u"⌃Ç"_s);
+    EXPECT_EQ(Shortcut(41, Shortcut::control).menuKey(layout), u"ç"_s);
 }
 
 TEST_F(ShortcutTest, WithoutAnIconShowsItsGlyphOnTheCap) {
-    EXPECT_EQ(Shortcut(53, 0).caps(layout), QStringList(QStringLiteral("⎋")));
-    EXPECT_EQ(Shortcut(117, 0).caps(layout), QStringList(QStringLiteral("⌦")));
+    EXPECT_EQ(Shortcut(53, 0).caps(layout), QStringList(u"⎋"_s));
+    EXPECT_EQ(Shortcut(117, 0).caps(layout), QStringList(u"⌦"_s));
 }
 
 TEST_F(ShortcutTest, IsTheSameAfterItWasStored) {

@@ -12,6 +12,7 @@
 #include <memory>
 
 using namespace palomet;
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -33,11 +34,11 @@ protected:
     }
 
     QTemporaryDir folder;
-    QString path = folder.filePath(QStringLiteral("palomet.conf"));
+    QString path = folder.filePath(u"palomet.conf"_s);
     std::unique_ptr<QSettings> settings;
     std::unique_ptr<Shortcuts> shortcuts;
-    const QString optionSpace = QStringLiteral(R"({"keyCode":49,"flags":524288})");
-    const QString escape = QStringLiteral(R"({"keyCode":53,"flags":0})");
+    const QString optionSpace = uR"({"keyCode":49,"flags":524288})"_s;
+    const QString escape = uR"({"keyCode":53,"flags":0})"_s;
 };
 
 } // namespace
@@ -62,7 +63,7 @@ TEST_F(ShortcutsTest, AreInTheFileAsSoonAsTheyAreSet) {
 TEST_F(ShortcutsTest, ThatWereClearedReturnAtTheNextStart) {
     open();
     shortcuts->setListen(std::nullopt);
-    EXPECT_EQ(stored("listenShortcut"), QStringLiteral("none"));
+    EXPECT_EQ(stored("listenShortcut"), u"none"_s);
     EXPECT_EQ(shortcuts->listen(), std::nullopt);
     open();
     EXPECT_EQ(shortcuts->listen(), Shortcut(49, Shortcut::option));
@@ -70,9 +71,8 @@ TEST_F(ShortcutsTest, ThatWereClearedReturnAtTheNextStart) {
 }
 
 TEST_F(ShortcutsTest, StoredAsGarbageAreReplacedByTheDefaultAtOnce) {
-    for (const auto &garbage : {QStringLiteral("garbage"), QStringLiteral("{\"keyCode\":49}"), QString(1 << 20, u'x'),
-                                QStringLiteral("{\"keyCode\":1099511627776,\"flags\":0}"),
-                                QStringLiteral("{\"keyCode\":\"49\",\"flags\":0}")}) {
+    for (const auto &garbage : {u"garbage"_s, u"{\"keyCode\":49}"_s, QString(1 << 20, u'x'),
+                                u"{\"keyCode\":1099511627776,\"flags\":0}"_s, u"{\"keyCode\":\"49\",\"flags\":0}"_s}) {
         store("listenShortcut", garbage);
         open();
         EXPECT_EQ(shortcuts->listen(), Shortcut(49, Shortcut::option));
@@ -114,7 +114,7 @@ TEST_F(ShortcutsTest, PausedAndResumedReportTwiceAndWriteNothing) {
 
 TEST_F(ShortcutsTest, SetToWhatTheyAreAreStillSavedAndReportedOnce) {
     open();
-    store("listenShortcut", QStringLiteral("none"));
+    store("listenShortcut", u"none"_s);
     int changes = 0;
     int announcements = 0;
     shortcuts->onChange = [&] { ++changes; };
@@ -129,18 +129,17 @@ TEST_F(ShortcutsTest, AreAnnouncedThenSavedThenReported) {
     open();
     QStringList order;
     const auto note = [&](const QString &what, const char *key) {
-        order.append(what + (stored(key) == QStringLiteral("none") ? QStringLiteral(": saved") : QString()));
+        order.append(what + (stored(key) == u"none"_s ? u": saved"_s : QString()));
     };
     QObject::connect(shortcuts.get(), &Shortcuts::listenChanged,
-                     [&] { note(QStringLiteral("listen announced"), "listenShortcut"); });
-    QObject::connect(shortcuts.get(), &Shortcuts::stopChanged,
-                     [&] { note(QStringLiteral("stop announced"), "stopShortcut"); });
-    shortcuts->onChange = [&] { note(QStringLiteral("listen reported"), "listenShortcut"); };
+                     [&] { note(u"listen announced"_s, "listenShortcut"); });
+    QObject::connect(shortcuts.get(), &Shortcuts::stopChanged, [&] { note(u"stop announced"_s, "stopShortcut"); });
+    shortcuts->onChange = [&] { note(u"listen reported"_s, "listenShortcut"); };
     shortcuts->setListen(std::nullopt);
-    shortcuts->onChange = [&] { note(QStringLiteral("stop reported"), "stopShortcut"); };
+    shortcuts->onChange = [&] { note(u"stop reported"_s, "stopShortcut"); };
     shortcuts->setStop(std::nullopt);
-    EXPECT_EQ(order, QStringList({QStringLiteral("listen announced"), QStringLiteral("listen reported: saved"),
-                                  QStringLiteral("stop announced"), QStringLiteral("stop reported: saved")}));
+    EXPECT_EQ(order, QStringList({u"listen announced"_s, u"listen reported: saved"_s, u"stop announced"_s,
+                                  u"stop reported: saved"_s}));
 }
 
 TEST_F(ShortcutsTest, WorkWithASettingsFileThatCannotBeWritten) {
@@ -153,7 +152,7 @@ TEST_F(ShortcutsTest, WorkWithASettingsFileThatCannotBeWritten) {
 }
 
 TEST_F(ShortcutsTest, StoredWithFlagsBeyondTheMaskKeepThem) {
-    store("listenShortcut", QStringLiteral(R"({"keyCode":40,"flags":4294967295})"));
+    store("listenShortcut", uR"({"keyCode":40,"flags":4294967295})"_s);
     open();
     EXPECT_EQ(shortcuts->listen()->flags, 0xFFFFFFFFU);
     EXPECT_EQ(shortcuts->listen()->carbonModifiers(), 0x1B00U);
@@ -174,7 +173,7 @@ TEST_F(ShortcutsTest, OfAFileThatIsNoneAreTheDefault) {
 }
 
 TEST_F(ShortcutsTest, OfAFileThatMayOnlyBeReadAreReadAndTheFileStaysAsItIs) {
-    store("listenShortcut", QStringLiteral(R"({"keyCode":40,"flags":262144})"));
+    store("listenShortcut", uR"({"keyCode":40,"flags":262144})"_s);
     const auto content = [this] {
         QFile file(path);
         return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();

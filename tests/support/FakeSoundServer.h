@@ -9,14 +9,15 @@
 
 namespace palomet::test {
 
+using namespace Qt::StringLiterals;
+
 /// A sound server that does what the test says: which devices there are, whether the microphone opens, what it hears,
 /// when the speakers ask and what they have played. The test's thread is its real-time thread.
 class FakeSoundServer final : public SoundServer {
 public:
     // The devices that there are.
-    std::vector<InputDevice> devices{{QStringLiteral("mic.a"), QStringLiteral("Mic A")},
-                                     {QStringLiteral("mic.b"), QStringLiteral("Mic B")}};
-    std::optional<QString> defaultId = QStringLiteral("mic.a");
+    std::vector<InputDevice> devices{{u"mic.a"_s, u"Mic A"_s}, {u"mic.b"_s, u"Mic B"_s}};
+    std::optional<QString> defaultId = u"mic.a"_s;
     /// The answer of `openCapture`, at once; `opensAtOnce` off leaves it to `finishOpening`.
     std::optional<Failure> captureFailure;
     bool opensAtOnce = true;
@@ -47,13 +48,13 @@ public:
         closeCapture();
         m_opening = std::move(done);
         if (!isAlive)
-            finishOpening(Failure{QStringLiteral("no server")});
+            finishOpening(Failure{u"no server"_s});
         else if (opensAtOnce)
             finishOpening(captureFailure);
     }
     void closeCapture() override {
         m_isCaptureOpen = false;
-        finishOpening(Failure{QStringLiteral("abandoned")});
+        finishOpening(Failure{u"abandoned"_s});
     }
     [[nodiscard]] bool isCaptureOpen() const override { return m_isCaptureOpen; }
 
@@ -105,7 +106,7 @@ public:
         m_isPlaybackOpen = false;
         m_isCaptureOpen = false;
         onServerLost();
-        finishOpening(Failure{QStringLiteral("no server")});
+        finishOpening(Failure{u"no server"_s});
     }
 
     void comeBack() {

@@ -9,11 +9,12 @@
 
 namespace palomet::test {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // A session's bus but for one thing: it starts no service, whatever is installed on this machine. %1 is its socket.
-const QString settings = QStringLiteral(
-    R"(<!DOCTYPE busconfig PUBLIC "-//freedesktop//DTD D-Bus Bus Configuration 1.0//EN"
+const QString settings = uR"(<!DOCTYPE busconfig PUBLIC "-//freedesktop//DTD D-Bus Bus Configuration 1.0//EN"
  "http://www.freedesktop.org/standards/dbus/1.0/busconfig.dtd">
 <busconfig>
   <type>session</type>
@@ -24,22 +25,21 @@ const QString settings = QStringLiteral(
     <allow own="*"/>
   </policy>
 </busconfig>
-)");
+)"_s;
 
 } // namespace
 
 PrivateBus::PrivateBus() {
-    QFile file(m_folder.filePath(QStringLiteral("bus.conf")));
-    if (!file.open(QFile::WriteOnly) || file.write(settings.arg(m_folder.filePath(QStringLiteral("bus"))).toUtf8()) < 0)
+    QFile file(m_folder.filePath(u"bus.conf"_s));
+    if (!file.open(QFile::WriteOnly) || file.write(settings.arg(m_folder.filePath(u"bus"_s)).toUtf8()) < 0)
         return;
     file.close();
     begin();
 }
 
 void PrivateBus::begin() {
-    const QFile file(m_folder.filePath(QStringLiteral("bus.conf")));
-    m_daemon.start(QStringLiteral("dbus-daemon"), {QStringLiteral("--config-file=") + file.fileName(),
-                                                   QStringLiteral("--nofork"), QStringLiteral("--print-address=1")});
+    const QFile file(m_folder.filePath(u"bus.conf"_s));
+    m_daemon.start(u"dbus-daemon"_s, {u"--config-file="_s + file.fileName(), u"--nofork"_s, u"--print-address=1"_s});
     eventually([&] { return m_daemon.state() == QProcess::NotRunning || m_daemon.canReadLine(); });
     // As a session has it: leave out the number that tells this bus from the next one at the same place.
     m_address = QString::fromLatin1(m_daemon.readLine().trimmed()).section(u',', 0, 0);
@@ -60,7 +60,7 @@ void PrivateBus::end() {
 }
 
 void PrivateBus::beginAgain() {
-    QFile::remove(m_folder.filePath(QStringLiteral("bus")));
+    QFile::remove(m_folder.filePath(u"bus"_s));
     begin();
 }
 

@@ -6,13 +6,13 @@
 
 namespace palomet::test {
 
+using namespace Qt::StringLiterals;
+
 PrivateDisplay::PrivateDisplay(const QString &screen) {
     m_server.setProcessChannelMode(QProcess::SeparateChannels);
     // A client's settings, a layout for instance, would be lost when the last client ends.
-    m_server.start(QStringLiteral("Xvfb"),
-                   {QStringLiteral("-displayfd"), QStringLiteral("1"), QStringLiteral("-noreset"),
-                    QStringLiteral("-nolisten"), QStringLiteral("tcp"), QStringLiteral("-screen"), QStringLiteral("0"),
-                    screen});
+    m_server.start(u"Xvfb"_s,
+                   {u"-displayfd"_s, u"1"_s, u"-noreset"_s, u"-nolisten"_s, u"tcp"_s, u"-screen"_s, u"0"_s, screen});
     eventually([&] { return m_server.state() == QProcess::NotRunning || m_server.canReadLine(); });
     const auto number = m_server.readLine().trimmed();
     if (!number.isEmpty())
@@ -26,8 +26,8 @@ PrivateDisplay::~PrivateDisplay() {
 
 QProcessEnvironment PrivateDisplay::environment() const {
     auto environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("DISPLAY"), QString::fromLatin1(m_name));
-    environment.remove(QStringLiteral("WAYLAND_DISPLAY"));
+    environment.insert(u"DISPLAY"_s, QString::fromLatin1(m_name));
+    environment.remove(u"WAYLAND_DISPLAY"_s);
     return environment;
 }
 

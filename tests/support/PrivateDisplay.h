@@ -6,10 +6,12 @@
 
 namespace palomet::test {
 
+using namespace Qt::StringLiterals;
+
 /// An X server of the test's own, without a screen to look at; it ends with this object.
 class PrivateDisplay {
 public:
-    explicit PrivateDisplay(const QString &screen = QStringLiteral("1280x800x24"));
+    explicit PrivateDisplay(const QString &screen = u"1280x800x24"_s);
     ~PrivateDisplay();
 
     /// As `DISPLAY` has it, ":42"; empty when the server could not be started.
@@ -22,7 +24,7 @@ public:
     QByteArray run(const QString &program, const QStringList &arguments) const;
 
     /// Presses and releases keys as `xdotool key` takes them: "alt+space".
-    void key(const QString &keys) const { run(QStringLiteral("xdotool"), {QStringLiteral("key"), keys}); }
+    void key(const QString &keys) const { run(u"xdotool"_s, {u"key"_s, keys}); }
 
 private:
     QProcess m_server;

@@ -13,6 +13,8 @@
 
 namespace palomet::test {
 
+using namespace Qt::StringLiterals;
+
 /// Ends with its owner.
 struct EndProcess {
     void operator()(QProcess *process) const;
@@ -61,7 +63,7 @@ public:
     int addMicrophone(const QString &name, const QString &description, QStringView channels = stereo);
     /// Plays 48 kHz samples, interleaved, on a sink. They sound until they end, or until the returned player does.
     [[nodiscard]] OwnedProcess play(const QString &sink, const std::vector<float> &samples,
-                                    const QString &channels = QStringLiteral("mono")) const;
+                                    const QString &channels = u"mono"_s) const;
     int loadModule(const QStringList &arguments);
     void unloadModule(int module);
     /// Returns when it is in force.

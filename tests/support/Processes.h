@@ -12,6 +12,8 @@
 /// Facts that the system tells of processes, and of this one's own environment.
 namespace palomet::test {
 
+using namespace Qt::StringLiterals;
+
 inline constexpr qint64 mebibyte = 1024 * 1024;
 
 inline QByteArray contentOf(const QString &path) {
@@ -20,19 +22,19 @@ inline QByteArray contentOf(const QString &path) {
 }
 
 inline QByteArray processFile(qint64 process, const QString &name) {
-    return contentOf(QStringLiteral("/proc/%1/%2").arg(process).arg(name));
+    return contentOf(u"/proc/%1/%2"_s.arg(process).arg(name));
 }
 
 /// Ended, whether or not somebody has taken notice.
 inline bool hasEnded(qint64 process) {
-    const auto stat = processFile(process, QStringLiteral("stat"));
+    const auto stat = processFile(process, u"stat"_s);
     const auto name = stat.lastIndexOf(')');
     return name < 0 || stat.mid(name + 2, 1) == "Z" || stat.mid(name + 2, 1) == "X";
 }
 
 /// The value of a line such as "SigBlk:" of its status.
 inline QByteArray statusOf(qint64 process, const QByteArray &key) {
-    for (const auto &line : processFile(process, QStringLiteral("status")).split('\n')) {
+    for (const auto &line : processFile(process, u"status"_s).split('\n')) {
         if (line.startsWith(key + ':'))
             return line.mid(key.size() + 1).trimmed();
     }
@@ -46,10 +48,10 @@ inline qint64 residentBytes(qint64 process) {
 
 /// The open descriptors with what they stand for, as "1 -> /dev/null".
 inline QStringList descriptorsOf(qint64 process) {
-    const QDir folder(QStringLiteral("/proc/%1/fd").arg(process));
+    const QDir folder(u"/proc/%1/fd"_s.arg(process));
     QStringList found;
     for (const auto &name : folder.entryList(QDir::Files | QDir::System | QDir::NoDotAndDotDot))
-        found.append(name + QStringLiteral(" -> ") + QFile::symLinkTarget(folder.filePath(name)));
+        found.append(name + u" -> "_s + QFile::symLinkTarget(folder.filePath(name)));
     return found;
 }
 

@@ -11,6 +11,8 @@
 
 namespace palomet::test {
 
+using namespace Qt::StringLiterals;
+
 /// The backend's end of the audio link byte by byte: agrees to become a WebSocket, unless the test says otherwise, and
 /// leaves all that follows to the test.
 struct RawAudioBackend {
@@ -41,7 +43,7 @@ struct RawAudioBackend {
         });
     }
 
-    [[nodiscard]] QUrl url() const { return QUrl(QStringLiteral("ws://127.0.0.1:%1/audio").arg(server.serverPort())); }
+    [[nodiscard]] QUrl url() const { return QUrl(u"ws://127.0.0.1:%1/audio"_s.arg(server.serverPort())); }
 
     static QByteArray agreement(const QByteArray &request) {
         const auto key = request.mid(request.indexOf("Sec-WebSocket-Key: ") + 19, 24);

@@ -14,6 +14,8 @@
 
 namespace palomet::test {
 
+using namespace Qt::StringLiterals;
+
 /// The backend's end of the audio link, on a port of its own or on connections that it is given: writes down what comes
 /// and sends what the test says.
 class ScriptedAudioBackend {
@@ -24,12 +26,12 @@ public:
         QByteArray audio;   ///< Of a binary message.
         std::chrono::steady_clock::time_point arrived = std::chrono::steady_clock::now();
 
-        [[nodiscard]] QString type() const { return event.value(QStringLiteral("type")).toString(); }
+        [[nodiscard]] QString type() const { return event.value(u"type"_s).toString(); }
     };
 
     ScriptedAudioBackend() { listen(); }
 
-    [[nodiscard]] QUrl url() const { return QUrl(QStringLiteral("ws://127.0.0.1:%1/audio").arg(m_port)); }
+    [[nodiscard]] QUrl url() const { return QUrl(u"ws://127.0.0.1:%1/audio"_s.arg(m_port)); }
 
     std::vector<Received> received;
     int connections = 0;
@@ -46,14 +48,14 @@ public:
     }
     [[nodiscard]] std::vector<qint64> played() const {
         std::vector<qint64> ids;
-        for (const auto &event : events(QStringLiteral("played")))
-            ids.push_back(event.value(QStringLiteral("id")).toInteger());
+        for (const auto &event : events(u"played"_s))
+            ids.push_back(event.value(u"id"_s).toInteger());
         return ids;
     }
     [[nodiscard]] std::vector<QString> devices() const {
         std::vector<QString> names;
-        for (const auto &event : events(QStringLiteral("device")))
-            names.push_back(event.value(QStringLiteral("device")).toString());
+        for (const auto &event : events(u"device"_s))
+            names.push_back(event.value(u"device"_s).toString());
         return names;
     }
     [[nodiscard]] std::vector<QByteArray> audio() const {

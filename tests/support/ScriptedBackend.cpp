@@ -2,6 +2,8 @@
 
 namespace palomet::test {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 const QByteArray headEnd("\r\n\r\n");
@@ -84,7 +86,7 @@ ScriptedBackend::~ScriptedBackend() {
 }
 
 QUrl ScriptedBackend::base() const {
-    QUrl url(QStringLiteral("http://127.0.0.1"));
+    QUrl url(u"http://127.0.0.1"_s);
     url.setPort(m_port);
     return url;
 }

@@ -10,12 +10,14 @@
 
 namespace palomet::test {
 
+using namespace Qt::StringLiterals;
+
 /// A decoder that a test can see through: "250" is 250 frames of one half, anything that is no number fails.
 inline Result<ClipSamples> decodeNumber(const QByteArray &data, const QString &extension) {
     bool isNumber = false;
     const auto count = data.toULongLong(&isNumber);
     if (!isNumber)
-        return Failure{QStringLiteral("no %1").arg(extension)};
+        return Failure{u"no %1"_s.arg(extension)};
     return ClipSamples(count, 0.5F);
 }
 

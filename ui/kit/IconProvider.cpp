@@ -6,6 +6,8 @@
 
 namespace palomet {
 
+using namespace Qt::StringLiterals;
+
 IconProvider::IconProvider(const QString &folder)
     : QQuickImageProvider(Image)
     , m_folder(folder) {}
@@ -13,7 +15,7 @@ IconProvider::IconProvider(const QString &folder)
 QImage IconProvider::requestImage(const QString &id, QSize *size, const QSize &requestedSize) {
     const auto name = id.section(u'/', 0, 0);
     const QColor color(u'#' + id.section(u'/', 1));
-    QSvgRenderer picture(m_folder + u'/' + name + QStringLiteral(".svg"));
+    QSvgRenderer picture(m_folder + u'/' + name + u".svg"_s);
     if (!picture.isValid() || !color.isValid())
         return {};
     const auto wanted = requestedSize.isEmpty() ? picture.defaultSize() : requestedSize;

@@ -11,18 +11,20 @@
 // The build makes it for the module; naming it here keeps the linker from dropping it.
 extern void qml_register_types_Palomet_Kit();
 
-namespace palomet::Kit {
+namespace palomet::kit {
+
+using namespace Qt::StringLiterals;
 
 void registerFonts(const QString &resources) {
     for (const auto *face : {"400Regular", "500Medium", "700Bold", "800ExtraBold", "900Black"}) {
-        const auto file = QStringLiteral("Montserrat_%1.ttf").arg(QLatin1StringView(face));
-        QFontDatabase::addApplicationFont(resources + QStringLiteral("/fonts/") + file);
+        const auto file = u"Montserrat_%1.ttf"_s.arg(QLatin1StringView(face));
+        QFontDatabase::addApplicationFont(resources + u"/fonts/"_s + file);
     }
 }
 
 QIcon programIcon(const QString &resources) {
     QIcon icon;
-    QSvgRenderer drawing(resources + QStringLiteral("/Icons/palomet.svg"));
+    QSvgRenderer drawing(resources + u"/Icons/palomet.svg"_s);
     if (!drawing.isValid())
         return icon;
     for (const int size : {16, 22, 24, 32, 48, 64, 128}) {
@@ -38,8 +40,8 @@ QIcon programIcon(const QString &resources) {
 
 void install(QQmlEngine &engine, const QString &resources) {
     [[maybe_unused]] static volatile auto registration = &qml_register_types_Palomet_Kit;
-    engine.addImportPath(QStringLiteral("qrc:/qt/qml"));
-    engine.addImageProvider(QStringLiteral("icon"), new IconProvider(resources + QStringLiteral("/Icons")));
+    engine.addImportPath(u"qrc:/qt/qml"_s);
+    engine.addImageProvider(u"icon"_s, new IconProvider(resources + u"/Icons"_s));
 }
 
 void setMotionReduced(QQmlEngine &engine, bool isReduced) {
@@ -50,4 +52,4 @@ void setContrastRaised(QQmlEngine &engine, bool isRaised) {
     Wishes::of(engine).setContrastRaised(isRaised);
 }
 
-} // namespace palomet::Kit
+} // namespace palomet::kit

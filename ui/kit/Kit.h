@@ -6,7 +6,7 @@
 class QQmlEngine;
 
 /// The visual kit, made ready for use.
-namespace palomet::Kit {
+namespace palomet::kit {
 
 /// Registers the typeface of the resource folder with the application. Where a face cannot be read, the interface shows
 /// in the system's typeface.
@@ -24,4 +24,4 @@ void setMotionReduced(QQmlEngine &engine, bool isReduced);
 /// Whether the desktop asks for more contrast: text and edges in this engine are stronger then.
 void setContrastRaised(QQmlEngine &engine, bool isRaised);
 
-} // namespace palomet::Kit
+} // namespace palomet::kit

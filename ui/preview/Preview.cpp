@@ -6,7 +6,9 @@
 #include <QImageWriter>
 #include <QQuickWindow>
 
-namespace palomet::Preview {
+namespace palomet::preview {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -18,14 +20,14 @@ std::optional<Value> valueOf(Result<Value> decoded) {
 } // namespace
 
 std::optional<Pane> pane(const QStringList &arguments) {
-    const auto at = arguments.indexOf(QStringLiteral("--preview"));
+    const auto at = arguments.indexOf(u"--preview"_s);
     if (at < 0)
         return std::nullopt;
     return paneFrom(arguments.value(at + 1)).value_or(Pane::Now);
 }
 
 std::optional<QString> capturePath(const QStringList &arguments) {
-    const auto at = arguments.indexOf(QStringLiteral("--capture"));
+    const auto at = arguments.indexOf(u"--capture"_s);
     return at < 0 || at + 1 >= arguments.size() ? std::nullopt : std::optional(arguments.at(at + 1));
 }
 
@@ -43,11 +45,11 @@ void fill(PalometModel &model) {
 Result<QSize> capture(QQuickWindow &window, const QString &path) {
     const auto picture = window.grabWindow();
     if (picture.isNull())
-        return Failure{QStringLiteral("the window could not be drawn")};
+        return Failure{u"the window could not be drawn"_s};
     QImageWriter writer(path, "png");
     if (!writer.write(picture))
-        return Failure{path + QStringLiteral(": ") + writer.errorString()};
+        return Failure{path + u": "_s + writer.errorString()};
     return picture.size();
 }
 
-} // namespace palomet::Preview
+} // namespace palomet::preview

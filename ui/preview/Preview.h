@@ -12,7 +12,7 @@ class QQuickWindow;
 
 /// Preview mode: the window on a chosen pane, filled with fixed sample data instead of a live backend, and a picture of
 /// it in a file.
-namespace palomet::Preview {
+namespace palomet::preview {
 
 /// The pane that "--preview" asks for among the program's arguments; `Now` when it names none. None without it.
 [[nodiscard]] std::optional<Pane> pane(const QStringList &arguments);
@@ -35,4 +35,4 @@ struct Documents {
 /// file cannot be written.
 Result<QSize> capture(QQuickWindow &window, const QString &path);
 
-} // namespace palomet::Preview
+} // namespace palomet::preview

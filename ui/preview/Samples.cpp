@@ -8,7 +8,7 @@
 
 #include <array>
 
-namespace palomet::Preview {
+namespace palomet::preview {
 
 namespace {
 
@@ -17,7 +17,7 @@ constexpr double minute = 60 * second;
 
 /// The sample's words in the user's language.
 QString either(const char *english, const char *portuguese) {
-    return QString::fromUtf8(Localization::isPortuguese() ? portuguese : english);
+    return QString::fromUtf8(localization::isPortuguese() ? portuguese : english);
 }
 
 QString question() {
@@ -179,4 +179,4 @@ Documents documents(double clock) {
             .history = QJsonDocument(history(clock)).toJson(QJsonDocument::Compact)};
 }
 
-} // namespace palomet::Preview
+} // namespace palomet::preview

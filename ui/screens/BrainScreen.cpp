@@ -10,6 +10,8 @@
 
 namespace palomet {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// The version stands first, because a long path is cut in its middle.
@@ -17,7 +19,7 @@ QString claudeTitle(const Options::ClaudePath &claude) {
     if (claude.path.isEmpty())
         return claude.version.isEmpty() ? unknownValue : isolated(claude.version);
     return claude.version.isEmpty() ? isolated(claude.path)
-                                    : isolated(claude.version) + QStringLiteral(" \u00B7 ") + isolated(claude.path);
+                                    : isolated(claude.version) + u" \u00B7 "_s + isolated(claude.path);
 }
 
 QJsonArray list(const std::vector<QString> &values) {

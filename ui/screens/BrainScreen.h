@@ -83,7 +83,7 @@ private:
     const FolderPicker m_pickFolders;
     const std::function<void()> m_openLog;
     SettingGroup m_session{*this, "brain.sessionBlock"};
-    ChoiceSetting m_brainModel{m_session, "brain.model", names(&Settings::brainModel, &Options::models, &Format::model),
+    ChoiceSetting m_brainModel{m_session, "brain.model", names(&Settings::brainModel, &Options::models, &format::model),
                                Content::Name};
     ChoiceSetting m_claude{m_session, {"Claude Code", "brain.claude.hint"}, executables(), Content::Path};
     ConfirmActions m_confirmActions;

@@ -73,7 +73,7 @@ Choices durations(double Snapshot::Settings::*member, const std::vector<double> 
     const auto current = [member](const PalometModel &model) {
         return model.settings() ? std::optional(model.settings()->*member) : std::nullopt;
     };
-    return durations(settingKey(member), current, offered, &Format::seconds);
+    return durations(settingKey(member), current, offered, &format::seconds);
 }
 
 Choices durations(std::optional<double> Snapshot::Settings::*member, double fallback,

@@ -10,6 +10,8 @@
 
 namespace palomet {
 
+using namespace Qt::StringLiterals;
+
 /// What a setting is one out of: how it is read and sent, and what there is to choose from.
 struct Choices {
     QString key; ///< What the settings command calls the setting.
@@ -21,7 +23,7 @@ struct Choices {
 };
 
 /// What stands where nothing is known.
-inline const QString unknownValue = QStringLiteral("\u2014");
+inline const QString unknownValue = u"\u2014"_s;
 
 /// The default end of speech in milliseconds, which is also sent for a time that is no whole number.
 inline constexpr int defaultEndSilenceMs = 1'200;
@@ -41,6 +43,6 @@ inline constexpr int defaultEndSilenceMs = 1'200;
 /// Durations in milliseconds, shown as `title` has them; `fallback` is the setting's value where the backend leaves it
 /// out, and as long as nothing is known.
 [[nodiscard]] Choices durations(std::optional<double> Snapshot::Settings::*member, double fallback,
-                                const std::vector<double> &offered, QString (*title)(double ms) = &Format::seconds);
+                                const std::vector<double> &offered, QString (*title)(double ms) = &format::seconds);
 
 } // namespace palomet

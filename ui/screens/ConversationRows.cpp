@@ -8,6 +8,8 @@
 
 namespace palomet {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr double recentMs = 120'000;
@@ -17,11 +19,11 @@ QString label(const QString &role) {
         return L("row.you");
     if (role == u"tool")
         return L("row.tool");
-    return QStringLiteral("Palomet");
+    return u"Palomet"_s;
 }
 
 QString kind(const QString &role) {
-    return role == u"user" || role == u"tool" ? role : QStringLiteral("agent");
+    return role == u"user" || role == u"tool" ? role : u"agent"_s;
 }
 
 bool isLong(const QString &text) {
@@ -69,17 +71,17 @@ std::vector<Row> inPieces(std::vector<Row> rows) {
 
 /// The text as it is laid out, where a line end is one character: positions in it must agree.
 QString words(const QString &text) {
-    return text.contains(u'\r') ? QString(text).replace(QStringLiteral("\r\n"), QStringLiteral("\n")) : text;
+    return text.contains(u'\r') ? QString(text).replace(u"\r\n"_s, u"\n"_s) : text;
 }
 
 QString clock(double at) {
-    return isContinued(at) ? QString() : Format::clock(at);
+    return isContinued(at) ? QString() : format::clock(at);
 }
 
 QString duration(const Snapshot::Row &row) {
     if (row.isOpen.value_or(false))
         return L("row.running");
-    return row.durationMs ? Format::seconds(*row.durationMs) : QString();
+    return row.durationMs ? format::seconds(*row.durationMs) : QString();
 }
 
 } // namespace
@@ -158,7 +160,7 @@ void HeardRows::show(const Snapshot *snapshot, double now) {
 }
 
 QString HeardRows::action(const QString &code) {
-    const auto key = QStringLiteral("heard.action.") + code;
+    const auto key = u"heard.action."_s + code;
     const auto words = L(key);
     return words == key ? code : words;
 }

@@ -5,16 +5,17 @@
 
 namespace palomet {
 
+using namespace Qt::StringLiterals;
+
 QVariant HistoryRows::data(const QModelIndex &index, int role) const {
     const auto &summary = row(index);
     switch (role) {
     case Day:
-        return Format::day(summary.startedAt);
+        return format::day(summary.startedAt);
     case Question:
-        return Format::oneLine(summary.firstQuestion);
+        return format::oneLine(summary.firstQuestion);
     case Detail:
-        return QString(L("history.answers", Count{summary.answers}) + QStringLiteral(" \u00B7 ") +
-                       Format::usd(summary.costUsd));
+        return QString(L("history.answers", Count{summary.answers}) + u" \u00B7 "_s + format::usd(summary.costUsd));
     default:
         return {};
     }
@@ -36,7 +37,7 @@ void HistoryScreen::updateAll() {
 }
 
 void HistoryScreen::updateDay() {
-    const auto offset = Format::offset(model().now());
+    const auto offset = format::offset(model().now());
     const auto today = std::chrono::floor<std::chrono::days>(model().now() + offset);
     if (m_offset == offset && m_today == today)
         return;

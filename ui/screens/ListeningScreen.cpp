@@ -2,6 +2,8 @@
 
 namespace palomet {
 
+using namespace Qt::StringLiterals;
+
 ListeningScreen::ListeningScreen(PalometModel &model, Shortcuts &shortcuts, const KeyboardLayout &layout)
     : Screen(model)
     , m_listenShortcut(KeyRecorder::Role::Listen, shortcuts, layout)
@@ -17,7 +19,7 @@ ListeningScreen::ListeningScreen(PalometModel &model, Shortcuts &shortcuts, cons
 
 QString ListeningScreen::minutes(double ms) {
     constexpr double minute = 60'000;
-    return Format::number(ms / minute, {.least = 0, .most = 1}) + QStringLiteral(" min");
+    return format::number(ms / minute, {.least = 0, .most = 1}) + u" min"_s;
 }
 
 void ListeningScreen::updateAll() {

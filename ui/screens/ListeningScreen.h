@@ -51,7 +51,7 @@ private:
     SettingGroup m_hearing{*this, "listening.micBlock"};
     SwitchSetting m_echo{m_hearing, {"listening.echo", "listening.echo.off"}, &Settings::isEchoCancelOn};
     ChoiceSetting m_microphone{m_hearing, "listening.microphone",
-                               names(&Settings::inputDevice, "device.systemDefault", &Options::inputs, &Format::device),
+                               names(&Settings::inputDevice, "device.systemDefault", &Options::inputs, &format::device),
                                Content::LongName};
     ChoiceSetting m_transcription{m_hearing, "listening.transcription",
                                   names(&Settings::whisperModel, &Options::whisperModels), Content::LongName};

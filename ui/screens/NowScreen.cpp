@@ -6,6 +6,8 @@
 
 namespace palomet {
 
+using namespace Qt::StringLiterals;
+
 NowScreen::NowScreen(PalometModel &model)
     : Screen(model) {
     follow(&PalometModel::snapshotChanged, [this] { updateAll(); });
@@ -78,7 +80,7 @@ void NowScreen::updateHeard() {
 }
 
 void NowScreen::updateClocks() {
-    const auto offset = Format::offset(model().now());
+    const auto offset = format::offset(model().now());
     if (m_offset == offset)
         return;
     m_offset = offset;
@@ -115,20 +117,20 @@ NowShown NowScreen::gathered() const {
     shown.stateWord = word(state);
     shown.stateNote = noteOf(state);
     if (now) {
-        shown.microphone = Format::device(now->device);
+        shown.microphone = format::device(now->device);
         shown.microphoneNote = L("note.microphone");
-        shown.cost = Format::usd(now->conversation.costUsd);
+        shown.cost = format::usd(now->conversation.costUsd);
     }
     if (now && now->session.startedAt > 0) {
-        shown.session = Format::clock(now->session.startedAt);
-        shown.sessionNote = L("note.session", Format::since(now->session.startedAt, model().now()));
+        shown.session = format::clock(now->session.startedAt);
+        shown.sessionNote = L("note.session", format::since(now->session.startedAt, model().now()));
     } else {
         shown.sessionNote = L("note.session.reopening");
     }
     shown.costNote = L("note.cost", Count{now ? now->conversation.answers : 0});
     showTimings(shown);
     const bool isNamed = now && !now->settings.wakeWords.empty() && !now->settings.wakeWords.front().isEmpty();
-    shown.emptyText = L("now.empty", isNamed ? now->settings.wakeWords.front() : QStringLiteral("palomet"));
+    shown.emptyText = L("now.empty", isNamed ? now->settings.wakeWords.front() : u"palomet"_s);
     if (now && now->memory && now->memory->journalDays > 0)
         shown.rememberedText = L("now.empty.remembers");
     shown.draftNote = L("draft.note", actionPhrase(now));
@@ -140,10 +142,10 @@ void NowScreen::showTimings(NowShown &shown) const {
     const bool isSpoken = !timings || timings->isSpoken;
     if (timings) {
         if (timings->transcribeMs)
-            shown.transcription = Format::seconds(*timings->transcribeMs);
-        shown.brain = Format::seconds(timings->modelMs);
-        shown.voice = Format::seconds(timings->voiceMs);
-        shown.untilHeard = Format::seconds(timings->totalMs);
+            shown.transcription = format::seconds(*timings->transcribeMs);
+        shown.brain = format::seconds(timings->modelMs);
+        shown.voice = format::seconds(timings->voiceMs);
+        shown.untilHeard = format::seconds(timings->totalMs);
     }
     shown.transcriptionNote = isSpoken ? L("now.transcription.note") : L("now.transcription.typed");
     shown.untilHeardNote = isSpoken ? L("now.untilHeard.note") : L("now.untilHeard.typed");

@@ -7,6 +7,8 @@
 
 namespace palomet {
 
+using namespace Qt::StringLiterals;
+
 /// A part of a long text, laid out by itself: laying out all of the text at once takes too long.
 struct Piece {
     QString text;
@@ -31,7 +33,7 @@ inline constexpr double continuedInLine = std::numeric_limits<double>::lowest();
 
 /// The characters between the text of a row with that time and the text of the row before it.
 [[nodiscard]] inline QString joint(double at) {
-    return at == continuedInLine ? QString() : QStringLiteral("\n");
+    return at == continuedInLine ? QString() : u"\n"_s;
 }
 
 } // namespace palomet

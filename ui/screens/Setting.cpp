@@ -4,10 +4,12 @@
 
 namespace palomet {
 
+using namespace Qt::StringLiterals;
+
 Setting::Texts::Texts(const char *name)
     : title(QString::fromLatin1(name))
-    , hint(title + QStringLiteral(".hint"))
-    , placeholder(title + QStringLiteral(".placeholder")) {}
+    , hint(title + u".hint"_s)
+    , placeholder(title + u".placeholder"_s) {}
 
 Setting::Texts::Texts(const char *titleKey, const char *hintKey, const char *placeholderKey)
     : title(QString::fromLatin1(titleKey))

@@ -8,6 +8,8 @@
 
 namespace palomet {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 int length(const QString &text) {
@@ -172,7 +174,7 @@ QString TextSelection::text() const {
     const auto joint = role("joint");
     for (int row = first().row.row(); row <= last().row.row(); ++row) {
         if (row > first().row.row())
-            text += joint < 0 ? QStringLiteral("\n") : m_model->index(row, 0).data(joint).toString();
+            text += joint < 0 ? u"\n"_s : m_model->index(row, 0).data(joint).toString();
         const auto start = startIn(row);
         text += QStringView(textOf(row)).mid(start, endIn(row) - start);
     }

@@ -6,6 +6,8 @@
 
 namespace palomet {
 
+using namespace Qt::StringLiterals;
+
 /// The selection in the texts of a list: from one place to another, where a place is a row and a position in its text.
 /// The rows need not show. It stays with its rows as others come and go, and is lost with them. Main thread only; the
 /// model outlives it.
@@ -87,7 +89,7 @@ private:
     void announce();
 
     QAbstractItemModel *m_model = nullptr;
-    QString m_textRole = QStringLiteral("words");
+    QString m_textRole = u"words"_s;
     Place m_anchor;
     Place m_head;
     int m_revision = 0;

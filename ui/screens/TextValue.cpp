@@ -7,10 +7,12 @@
 
 namespace palomet {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QString joined(const std::vector<QString> &texts) {
-    return QStringList(texts.begin(), texts.end()).join(QStringLiteral(", "));
+    return QStringList(texts.begin(), texts.end()).join(u", "_s);
 }
 
 QJsonValue split(const QString &text) {

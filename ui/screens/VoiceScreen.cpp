@@ -6,6 +6,8 @@
 
 namespace palomet {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr double fallbackSpeed = 1.5;
@@ -14,8 +16,8 @@ constexpr double fallbackSpeed = 1.5;
 Choice choice(double speed) {
     auto id = QString::number(speed, 'f', QLocale::FloatingPointShortest);
     if (!id.contains(u'.'))
-        id += QStringLiteral(".0");
-    return {id, Format::speed(speed)};
+        id += u".0"_s;
+    return {id, format::speed(speed)};
 }
 
 } // namespace

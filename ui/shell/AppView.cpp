@@ -4,6 +4,8 @@
 
 namespace palomet {
 
+using namespace Qt::StringLiterals;
+
 AppView::AppView(PalometModel &model, Navigation &navigation, Shortcuts &shortcuts, const KeyboardLayout &layout,
                  Details details, Outside outside)
     : m_model(model)
@@ -52,21 +54,20 @@ void AppView::updateScreens() {
 }
 
 QString AppView::version() const {
-    return L("sidebar.version", m_details.version.isEmpty() ? QStringLiteral("dev") : m_details.version);
+    return L("sidebar.version", m_details.version.isEmpty() ? u"dev"_s : m_details.version);
 }
 
 QVariantList AppView::groups() const {
     QVariantList groups;
-    for (const auto &name : {QStringLiteral("conversation"), QStringLiteral("settings")}) {
+    for (const auto &name : {u"conversation"_s, u"settings"_s}) {
         QVariantList panes;
         for (const auto pane : allPanes) {
             if (palomet::group(pane) == name)
-                panes.append(QVariantMap{{QStringLiteral("pane"), QVariant::fromValue(pane)},
-                                         {QStringLiteral("title"), palomet::title(pane)},
-                                         {QStringLiteral("icon"), icon(pane)}});
+                panes.append(QVariantMap{{u"pane"_s, QVariant::fromValue(pane)},
+                                         {u"title"_s, palomet::title(pane)},
+                                         {u"icon"_s, icon(pane)}});
         }
-        groups.append(QVariantMap{{QStringLiteral("title"), L(QStringLiteral("group.") + name)},
-                                  {QStringLiteral("panes"), panes}});
+        groups.append(QVariantMap{{u"title"_s, L(u"group."_s + name)}, {u"panes"_s, panes}});
     }
     return groups;
 }

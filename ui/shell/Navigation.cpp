@@ -6,6 +6,8 @@
 
 namespace palomet {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 struct Description {
@@ -48,11 +50,11 @@ QString group(Pane pane) {
 }
 
 QString title(Pane pane) {
-    return L(QStringLiteral("pane.") + rawValue(pane));
+    return L(u"pane."_s + rawValue(pane));
 }
 
 QString subtitle(Pane pane) {
-    return L(QStringLiteral("pane.") + rawValue(pane) + QStringLiteral(".subtitle"));
+    return L(u"pane."_s + rawValue(pane) + u".subtitle"_s);
 }
 
 QString icon(Pane pane) {

@@ -13,10 +13,12 @@
 
 namespace palomet {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-const QString frameKey = QStringLiteral("PalometWindow");
-const QString maximizedKey = QStringLiteral("PalometWindowMaximized");
+const QString frameKey = u"PalometWindow"_s;
+const QString maximizedKey = u"PalometWindowMaximized"_s;
 constexpr std::chrono::milliseconds saveDelay{500};
 
 std::vector<QRect> usableScreens() {
@@ -38,7 +40,7 @@ SettingsWindow::SettingsWindow(QQmlEngine &engine, AppView &app, Scheduler &sche
     , m_app(app)
     , m_scheduler(scheduler)
     , m_settings(settings) {
-    setTitle(QStringLiteral("Palomet"));
+    setTitle(u"Palomet"_s);
     setColor(Qt::white);
     setMinimumSize(minimumContentSize);
     setResizeMode(SizeRootObjectToView);
@@ -47,10 +49,8 @@ SettingsWindow::SettingsWindow(QQmlEngine &engine, AppView &app, Scheduler &sche
     // The screen is up to date before its page is made.
     m_app.setShown(true);
     // With its final size it is laid out only once.
-    setInitialProperties({{QStringLiteral("app"), QVariant::fromValue(&m_app)},
-                          {QStringLiteral("width"), width()},
-                          {QStringLiteral("height"), height()}});
-    setSource(QUrl(QStringLiteral("qrc:/qt/qml/Palomet/Ui/MainView.qml")));
+    setInitialProperties({{u"app"_s, QVariant::fromValue(&m_app)}, {u"width"_s, width()}, {u"height"_s, height()}});
+    setSource(QUrl(u"qrc:/qt/qml/Palomet/Ui/MainView.qml"_s));
     updateShown();
 }
 
@@ -145,7 +145,7 @@ void SettingsWindow::restoreFrame() {
     else
         setPosition(frame.topLeft());
     // toBool() would take every word but "false" and "0" for true.
-    if (m_settings && m_settings->value(maximizedKey).toString() == QLatin1StringView("true"))
+    if (m_settings && m_settings->value(maximizedKey).toString() == "true"_L1)
         setWindowStates(Qt::WindowMaximized);
 }
 

@@ -9,10 +9,12 @@
 
 namespace palomet {
 
+using namespace Qt::StringLiterals;
+
 void translateToolkit(QCoreApplication &application, const QString &language) {
     auto words = std::make_unique<QTranslator>(&application);
     const auto folder = QLibraryInfo::path(QLibraryInfo::TranslationsPath);
-    if (words->load(QLocale(language), QStringLiteral("qtbase"), QStringLiteral("_"), folder))
+    if (words->load(QLocale(language), u"qtbase"_s, u"_"_s, folder))
         QCoreApplication::installTranslator(words.release());
 }
 

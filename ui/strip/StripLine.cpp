@@ -6,11 +6,13 @@
 
 namespace palomet {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QString drafted(const Snapshot &snapshot) {
     const auto count = snapshot.draft ? static_cast<qint64>(snapshot.draft->size()) : 0;
-    return L("strip.drafted", Count{count}) + QStringLiteral(" \u00B7 ") + L("strip.say", actionPhrase(&snapshot));
+    return L("strip.drafted", Count{count}) + u" \u00B7 "_s + L("strip.say", actionPhrase(&snapshot));
 }
 
 QString thought(const Snapshot &snapshot) {
@@ -36,7 +38,7 @@ QString stripLine(const PalometModel &model) {
     case LoopState::Listening:
         return L("strip.listening");
     case LoopState::Hearing:
-        return QStringLiteral("\u2026");
+        return u"\u2026"_s;
     case LoopState::Drafting:
         return drafted(*model.snapshot());
     case LoopState::Thinking:

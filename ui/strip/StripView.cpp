@@ -33,8 +33,8 @@ QString StripView::line() const {
     constexpr qsizetype most = 500;
     const auto line = stripLine(m_model);
     if (line.size() <= most)
-        return Format::oneLine(line);
-    return Format::oneLine(line.first(most)) + u'\u2026';
+        return format::oneLine(line);
+    return format::oneLine(line.first(most)) + u'\u2026';
 }
 
 double StripView::level() const {

@@ -13,6 +13,8 @@
 
 namespace palomet {
 
+using namespace Qt::StringLiterals;
+
 StripWindow::StripWindow(UiEngine &engine, StripView &view, const WorkArea *workArea, Pointer pointer)
     : m_engine(engine)
     , m_view(view)
@@ -86,11 +88,11 @@ void StripWindow::make() {
     m_window = std::make_unique<QQuickView>(&m_engine.get(), nullptr);
     m_window->setFlags(Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint | Qt::WindowDoesNotAcceptFocus |
                        Qt::BypassWindowManagerHint);
-    m_window->setTitle(QStringLiteral("Palomet"));
+    m_window->setTitle(u"Palomet"_s);
     m_window->resize(size);
     m_window->setResizeMode(QQuickView::SizeRootObjectToView);
-    m_window->setInitialProperties({{QStringLiteral("strip"), QVariant::fromValue(&m_view)}});
-    m_window->setSource(QUrl(QStringLiteral("qrc:/qt/qml/Palomet/Ui/StripContent.qml")));
+    m_window->setInitialProperties({{u"strip"_s, QVariant::fromValue(&m_view)}});
+    m_window->setSource(QUrl(u"qrc:/qt/qml/Palomet/Ui/StripContent.qml"_s));
     // The window has the strip's colour before the strip is painted.
     if (const auto *content = m_window->rootObject())
         m_window->setColor(content->property("color").value<QColor>());

@@ -12,10 +12,13 @@
 #include <algorithm>
 
 namespace palomet::bench {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
-const QString model = QStringLiteral("/usr/share/pocketsphinx/model/en-us");
-const QString program = QStringLiteral("pocketsphinx_batch");
+const QString model = u"/usr/share/pocketsphinx/model/en-us"_s;
+const QString program = u"pocketsphinx_batch"_s;
 
 bool write(const QString &path, const QByteArray &data) {
     QFile file(path);
@@ -26,7 +29,7 @@ QByteArray grammar() {
     QStringList sentences;
     for (const auto &sentence : userSentences())
         sentences.append(sentence);
-    return "#JSGF V1.0;\ngrammar user;\npublic <said> = (" + sentences.join(QStringLiteral(" | ")).toUtf8() + ");\n";
+    return "#JSGF V1.0;\ngrammar user;\npublic <said> = (" + sentences.join(u" | "_s).toUtf8() + ");\n";
 }
 
 QByteArray samplesOf(const Signal &signal) {
@@ -65,33 +68,30 @@ bool isRecogniserInstalled() {
 Result<std::vector<WordCount>> countWords(const std::vector<Utterance> &utterances) {
     const QTemporaryDir folder;
     QByteArray names;
-    bool isWritten = folder.isValid() && write(folder.filePath(QStringLiteral("grammar")), grammar());
+    bool isWritten = folder.isValid() && write(folder.filePath(u"grammar"_s), grammar());
     for (std::size_t i = 0; i < utterances.size(); ++i) {
         const auto name = QString::number(i);
         names += name.toUtf8() + '\n';
-        isWritten &= write(folder.filePath(name + QStringLiteral(".raw")), samplesOf(utterances[i].samples));
+        isWritten &= write(folder.filePath(name + u".raw"_s), samplesOf(utterances[i].samples));
     }
-    isWritten &= write(folder.filePath(QStringLiteral("names")), names);
+    isWritten &= write(folder.filePath(u"names"_s), names);
     if (!isWritten)
-        return Failure{QStringLiteral("cannot write to a temporary folder")};
+        return Failure{u"cannot write to a temporary folder"_s};
 
     QProcess recogniser;
     recogniser.setStandardErrorFile(QProcess::nullDevice());
-    recogniser.start(program,
-                     {QStringLiteral("-hmm"), model + QStringLiteral("/en-us"), QStringLiteral("-dict"),
-                      model + QStringLiteral("/cmudict-en-us.dict"), QStringLiteral("-jsgf"),
-                      folder.filePath(QStringLiteral("grammar")), QStringLiteral("-ctl"),
-                      folder.filePath(QStringLiteral("names")), QStringLiteral("-cepdir"), folder.path(),
-                      QStringLiteral("-cepext"), QStringLiteral(".raw"), QStringLiteral("-adcin"),
-                      QStringLiteral("yes"), QStringLiteral("-hyp"), folder.filePath(QStringLiteral("heard"))});
+    recogniser.start(program, {u"-hmm"_s, model + u"/en-us"_s, u"-dict"_s, model + u"/cmudict-en-us.dict"_s, u"-jsgf"_s,
+                               folder.filePath(u"grammar"_s), u"-ctl"_s, folder.filePath(u"names"_s), u"-cepdir"_s,
+                               folder.path(), u"-cepext"_s, u".raw"_s, u"-adcin"_s, u"yes"_s, u"-hyp"_s,
+                               folder.filePath(u"heard"_s)});
     if (!recogniser.waitForFinished(-1) || recogniser.exitCode() != 0)
-        return Failure{QStringLiteral("pocketsphinx: ") + recogniser.errorString()};
-    QFile heardFile(folder.filePath(QStringLiteral("heard")));
+        return Failure{u"pocketsphinx: "_s + recogniser.errorString()};
+    QFile heardFile(folder.filePath(u"heard"_s));
     if (!heardFile.open(QFile::ReadOnly))
         return Failure{heardFile.errorString()};
 
     // A line is what was heard, then the name and the score in parentheses.
-    static const QRegularExpression tail(QStringLiteral(R"(\s*\(\d+ -?\d+\)\s*$)"));
+    static const QRegularExpression tail(uR"(\s*\(\d+ -?\d+\)\s*$)"_s);
     std::vector<WordCount> counts;
     for (const auto &utterance : utterances) {
         const auto line = QString::fromUtf8(heardFile.readLine()).remove(tail);

@@ -13,6 +13,7 @@
 
 using namespace palomet;
 using namespace palomet::bench;
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -108,17 +109,15 @@ int fail(const QString &reason) {
 int main(int argc, char **argv) {
     const QCoreApplication application(argc, argv);
     QCommandLineParser arguments;
-    arguments.setApplicationDescription(QStringLiteral("Measures the echo canceller."));
+    arguments.setApplicationDescription(u"Measures the echo canceller."_s);
     arguments.addHelpOption();
-    const QCommandLineOption setOption(QStringLiteral("set"), QStringLiteral("Which rooms, sentences and voices."),
-                                       QStringLiteral("number"), QStringLiteral("1"));
-    const QCommandLineOption detailsOption(QStringLiteral("details"),
-                                           QStringLiteral("Every scenario's own figures too."));
+    const QCommandLineOption setOption(u"set"_s, u"Which rooms, sentences and voices."_s, u"number"_s, u"1"_s);
+    const QCommandLineOption detailsOption(u"details"_s, u"Every scenario's own figures too."_s);
     arguments.addOptions({setOption, detailsOption});
     arguments.process(application);
     const auto set = arguments.value(setOption).toUInt();
     if (set == 0)
-        return fail(QStringLiteral("sets are numbered from 1"));
+        return fail(u"sets are numbered from 1"_s);
 
     std::vector<Column> columns;
     std::vector<Utterance> nearEnd;

@@ -21,6 +21,7 @@
 
 using namespace palomet;
 using namespace std::chrono_literals;
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -40,7 +41,7 @@ bench::Sample measureHop(int rounds) {
         &onThread,
         [&] {
             socket = std::make_unique<QTcpSocket>();
-            socket->connectToHost(QStringLiteral("127.0.0.1"), peer.port());
+            socket->connectToHost(u"127.0.0.1"_s, peer.port());
             socket->waitForConnected();
             socket->setSocketOption(QAbstractSocket::LowDelayOption, 1);
             bell = makeWakeup([&] {
@@ -167,7 +168,7 @@ bench::Sample measureDecoding(const QByteArray &clip, int rounds) {
     bench::Sample sample;
     for (int round = 0; round < rounds; ++round) {
         const auto begin = Clock::now();
-        if (!decodeClip(clip, QStringLiteral("mp3")))
+        if (!decodeClip(clip, u"mp3"_s))
             std::exit(1);
         sample.add(Clock::now() - begin);
     }
@@ -223,7 +224,7 @@ void measureAll(const QByteArray &clip, int rounds) {
 /// Usage: audio-link-bench [ROUNDS], each some 150 ms
 int main(int argc, char **argv) {
     QCoreApplication application(argc, argv);
-    const int rounds = std::max(1, application.arguments().value(1, QStringLiteral("50")).toInt());
+    const int rounds = std::max(1, application.arguments().value(1, u"50"_s).toInt());
     const auto clip = bench::spokenClip(5);
     if (clip.isEmpty()) {
         std::fprintf(stderr, "no mp3 can be written here\n");

@@ -8,6 +8,8 @@
 
 namespace palomet::bench {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int patienceMs = 10000;
@@ -26,7 +28,7 @@ Peer::Peer() {
 }
 
 QUrl Peer::url() const {
-    return QUrl(QStringLiteral("ws://127.0.0.1:%1/audio").arg(port()));
+    return QUrl(u"ws://127.0.0.1:%1/audio"_s.arg(port()));
 }
 
 void Peer::accept(bool isWebSocket) {

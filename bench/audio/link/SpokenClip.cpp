@@ -11,6 +11,8 @@
 
 namespace palomet::bench {
 
+using namespace Qt::StringLiterals;
+
 QByteArray spokenClip(int seconds) {
     constexpr int rate = 24000;
     std::vector<float> samples(static_cast<std::size_t>(rate) * static_cast<std::size_t>(seconds));
@@ -24,7 +26,7 @@ QByteArray spokenClip(int seconds) {
         samples[i] = static_cast<float>(0.2 * (0.1 + syllable) * sample);
     }
     const QTemporaryDir folder;
-    const auto path = folder.filePath(QStringLiteral("clip.mp3"));
+    const auto path = folder.filePath(u"clip.mp3"_s);
     SF_INFO info{};
     info.samplerate = rate;
     info.channels = 1;

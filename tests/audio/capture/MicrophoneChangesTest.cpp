@@ -2,6 +2,7 @@
 
 using namespace palomet;
 using namespace std::chrono_literals;
+using namespace Qt::StringLiterals;
 using test::AudioIOTest;
 using test::changed;
 using test::openA;
@@ -15,7 +16,7 @@ using testing::IsEmpty;
 
 TEST_F(AudioIOTest, AConfigurationChangeIsNotedAndReopensTheMicrophoneOnce) {
     io.start({});
-    server.defaultId = QStringLiteral("mic.b");
+    server.defaultId = u"mic.b"_s;
     server.change();
     EXPECT_THAT(notes, ElementsAre(openA, changed, openB));
     EXPECT_EQ(server.captureOpenings, 2);
@@ -25,7 +26,7 @@ TEST_F(AudioIOTest, AConfigurationChangeIsNotedAndReopensTheMicrophoneOnce) {
 
 TEST_F(AudioIOTest, AConfigurationChangeWhoseReopeningFailsIsNotTriedAgain) {
     io.start({});
-    server.captureFailure = Failure{QStringLiteral("busy")};
+    server.captureFailure = Failure{u"busy"_s};
     server.change();
     scheduler.advance(1min);
     EXPECT_EQ(server.captureOpenings, 2);
@@ -42,15 +43,15 @@ TEST_F(AudioIOTest, AConfigurationChangeBeforeTheStartDoesNothing) {
 }
 
 TEST_F(AudioIOTest, TheMicrophoneIsBackAfterTheSoundServersDeath) {
-    io.start(QStringLiteral("Mic B"));
+    io.start(u"Mic B"_s);
     server.die();
     EXPECT_FALSE(server.isCaptureOpen());
-    server.defaultId = QStringLiteral("mic.a");
+    server.defaultId = u"mic.a"_s;
     server.comeBack();
     EXPECT_TRUE(server.isCaptureOpen());
     EXPECT_THAT(notes, ElementsAre(switchedToB, openB, changed, switchedToB, openB));
     io.restoreDefaultInput();
-    EXPECT_EQ(server.defaultId, QStringLiteral("mic.a"));
+    EXPECT_EQ(server.defaultId, u"mic.a"_s);
     EXPECT_TRUE(server.isPlaybackOpen());
 }
 
@@ -68,14 +69,14 @@ TEST_F(AudioIOTest, AnAttemptThatTheSoundServersDeathEndsIsAnsweredOnce) {
 TEST_F(AudioIOTest, TheMicrophoneIsFoundWhenItIsPluggedInWhileTryingAgain) {
     server.devices.clear();
     server.defaultId.reset();
-    server.captureFailure = Failure{QStringLiteral("no microphone")};
+    server.captureFailure = Failure{u"no microphone"_s};
     io.start({});
     scheduler.advance(10s);
-    server.devices = {{QStringLiteral("mic.b"), QStringLiteral("Mic B")}};
-    server.defaultId = QStringLiteral("mic.b");
+    server.devices = {{u"mic.b"_s, u"Mic B"_s}};
+    server.defaultId = u"mic.b"_s;
     server.captureFailure.reset();
     server.change();
-    EXPECT_EQ(io.deviceName(), QStringLiteral("Mic B"));
+    EXPECT_EQ(io.deviceName(), u"Mic B"_s);
     const int openings = server.captureOpenings;
     scheduler.advance(1min);
     EXPECT_EQ(server.captureOpenings, openings);
@@ -97,15 +98,15 @@ TEST_F(AudioIOTest, EachConfigurationBeginsWithAFreshResampler) {
 // Off and on again.
 
 TEST_F(AudioIOTest, ShuttingDownReleasesTheMicrophoneAndPutsTheDefaultBack) {
-    io.start(QStringLiteral("Mic B"));
+    io.start(u"Mic B"_s);
     notes.clear();
     io.shutdown();
     EXPECT_FALSE(server.isCaptureOpen());
     EXPECT_FALSE(server.isPlaybackOpen());
     EXPECT_EQ(calls.alive, 0);
-    EXPECT_EQ(server.defaultId, QStringLiteral("mic.a"));
+    EXPECT_EQ(server.defaultId, u"mic.a"_s);
     io.restoreDefaultInput();
-    EXPECT_THAT(server.defaultsSet, ElementsAre(QStringLiteral("mic.b"), QStringLiteral("mic.a")));
+    EXPECT_THAT(server.defaultsSet, ElementsAre(u"mic.b"_s, u"mic.a"_s));
     EXPECT_THAT(notes, ElementsAre(switchedOff));
 }
 
@@ -119,7 +120,7 @@ TEST_F(AudioIOTest, AConfigurationChangeWhileShutDownIsNotedButOpensNothing) {
 }
 
 TEST_F(AudioIOTest, ShuttingDownEndsTheTryingAgain) {
-    server.captureFailure = Failure{QStringLiteral("busy")};
+    server.captureFailure = Failure{u"busy"_s};
     io.start({});
     io.shutdown();
     scheduler.advance(1min);
@@ -129,7 +130,7 @@ TEST_F(AudioIOTest, ShuttingDownEndsTheTryingAgain) {
 TEST_F(AudioIOTest, ShuttingDownDuringAnAttemptAnswersWhoWaitsForIt) {
     server.opensAtOnce = false;
     io.start({}, counted());
-    io.use(QStringLiteral("Mic B"), counted());
+    io.use(u"Mic B"_s, counted());
     io.shutdown();
     EXPECT_EQ(ended, 2);
     server.finishOpening({});
@@ -140,18 +141,18 @@ TEST_F(AudioIOTest, ShuttingDownDuringAnAttemptAnswersWhoWaitsForIt) {
 TEST_F(AudioIOTest, WhileShutDownUseOnlyKeepsTheNameAndIsAnswered) {
     io.start({});
     io.shutdown();
-    io.use(QStringLiteral("Mic B"), counted());
+    io.use(u"Mic B"_s, counted());
     EXPECT_EQ(ended, 1);
     EXPECT_EQ(server.captureOpenings, 1);
     EXPECT_THAT(server.defaultsSet, IsEmpty());
     io.resume();
-    EXPECT_EQ(io.deviceName(), QStringLiteral("Mic B"));
+    EXPECT_EQ(io.deviceName(), u"Mic B"_s);
 }
 
 TEST_F(AudioIOTest, ResumingOpensTheMicrophoneAgainTryingUntilItIsOpen) {
     io.start({});
     io.shutdown();
-    server.captureFailure = Failure{QStringLiteral("busy")};
+    server.captureFailure = Failure{u"busy"_s};
     io.resume();
     server.captureFailure.reset();
     scheduler.advance(2s);

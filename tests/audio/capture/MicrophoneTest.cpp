@@ -2,6 +2,7 @@
 
 using namespace palomet;
 using namespace std::chrono_literals;
+using namespace Qt::StringLiterals;
 using test::AudioIOTest;
 using test::changed;
 using test::defaultInput;
@@ -17,8 +18,8 @@ TEST_F(AudioIOTest, OpensTheDefaultInputWithEchoCancellation) {
     io.start({}, counted());
     EXPECT_TRUE(server.isCaptureOpen());
     EXPECT_THAT(notes, ElementsAre(openA));
-    EXPECT_THAT(configured, ElementsAre(QStringLiteral("Mic A")));
-    EXPECT_EQ(io.deviceName(), QStringLiteral("Mic A"));
+    EXPECT_THAT(configured, ElementsAre(u"Mic A"_s));
+    EXPECT_EQ(io.deviceName(), u"Mic A"_s);
     EXPECT_THAT(server.defaultsSet, IsEmpty());
     EXPECT_EQ(ended, 1);
     server.deliver(std::vector<float>(2048, 0.1F));
@@ -36,18 +37,18 @@ TEST_F(AudioIOTest, SaysNothingBeforeTheMicrophoneIsOpen) {
 }
 
 TEST_F(AudioIOTest, SwitchesTheDefaultInputToTheWantedDevice) {
-    io.start(QStringLiteral("Mic B"));
-    EXPECT_THAT(server.defaultsSet, ElementsAre(QStringLiteral("mic.b")));
+    io.start(u"Mic B"_s);
+    EXPECT_THAT(server.defaultsSet, ElementsAre(u"mic.b"_s));
     EXPECT_THAT(notes, ElementsAre(switchedToB, openB));
 }
 
 TEST_F(AudioIOTest, NamesTheDeviceThatIsBeingOpened) {
     server.opensAtOnce = false;
     io.start({});
-    EXPECT_EQ(io.deviceName(), QStringLiteral("Mic A"));
+    EXPECT_EQ(io.deviceName(), u"Mic A"_s);
     server.finishOpening({});
-    io.use(QStringLiteral("Mic B"));
-    EXPECT_EQ(io.deviceName(), QStringLiteral("Mic B"));
+    io.use(u"Mic B"_s);
+    EXPECT_EQ(io.deviceName(), u"Mic B"_s);
 }
 
 TEST_F(AudioIOTest, NamesTheDeviceAsSoonAsTheServerHasToldItsDevices) {
@@ -56,20 +57,20 @@ TEST_F(AudioIOTest, NamesTheDeviceAsSoonAsTheServerHasToldItsDevices) {
     io.start({});
     EXPECT_THAT(names, ElementsAre(defaultInput));
     server.tellDevices();
-    EXPECT_EQ(io.deviceName(), QStringLiteral("Mic A"));
-    EXPECT_THAT(names, ElementsAre(defaultInput, QStringLiteral("Mic A")));
+    EXPECT_EQ(io.deviceName(), u"Mic A"_s);
+    EXPECT_THAT(names, ElementsAre(defaultInput, u"Mic A"_s));
     EXPECT_EQ(server.captureOpenings, 1);
 }
 
 TEST_F(AudioIOTest, SwitchesToTheWantedDeviceAsSoonAsTheServerHasToldItsDevices) {
     server.opensAtOnce = false;
     server.hasToldDevices = false;
-    io.start(QStringLiteral("Mic B"));
+    io.start(u"Mic B"_s);
     EXPECT_THAT(server.defaultsSet, IsEmpty());
     server.tellDevices();
-    EXPECT_EQ(io.deviceName(), QStringLiteral("Mic B"));
+    EXPECT_EQ(io.deviceName(), u"Mic B"_s);
     server.finishOpening({});
-    EXPECT_THAT(server.defaultsSet, ElementsAre(QStringLiteral("mic.b")));
+    EXPECT_THAT(server.defaultsSet, ElementsAre(u"mic.b"_s));
     EXPECT_THAT(notes, ElementsAre(switchedToB, openB));
 }
 
@@ -82,23 +83,23 @@ TEST_F(AudioIOTest, DevicesThatAreToldWhileNothingIsOpenedChangeNothing) {
 
 TEST_F(AudioIOTest, NamesTheDeviceItSwitchedToWhateverTheServerStillBelieves) {
     server.opensAtOnce = false;
-    io.start(QStringLiteral("Mic B"));
-    server.defaultId = QStringLiteral("mic.a");
+    io.start(u"Mic B"_s);
+    server.defaultId = u"mic.a"_s;
     server.finishOpening({});
-    EXPECT_EQ(io.deviceName(), QStringLiteral("Mic B"));
+    EXPECT_EQ(io.deviceName(), u"Mic B"_s);
 }
 
 TEST_F(AudioIOTest, NeverSwitchesTheDefaultInputWhenItMayNotSelect) {
     io.selectsDevice = false;
-    io.start(QStringLiteral("Mic B"));
+    io.start(u"Mic B"_s);
     EXPECT_THAT(server.defaultsSet, IsEmpty());
     EXPECT_THAT(notes, ElementsAre(openA));
-    io.use(QStringLiteral("Mic B"));
+    io.use(u"Mic B"_s);
     EXPECT_THAT(server.defaultsSet, IsEmpty());
 }
 
 TEST_F(AudioIOTest, AWantedDeviceThatIsTheDefaultAlreadyIsNeitherSwitchedToNorNoted) {
-    io.start(QStringLiteral("Mic A"));
+    io.start(u"Mic A"_s);
     EXPECT_THAT(server.defaultsSet, IsEmpty());
     EXPECT_THAT(notes, ElementsAre(openA));
     io.restoreDefaultInput();
@@ -106,60 +107,57 @@ TEST_F(AudioIOTest, AWantedDeviceThatIsTheDefaultAlreadyIsNeitherSwitchedToNorNo
 }
 
 TEST_F(AudioIOTest, AWantedDeviceThatIsNotPresentLeavesTheDefaultWithoutANote) {
-    io.start(QStringLiteral("Mic C"));
+    io.start(u"Mic C"_s);
     EXPECT_THAT(server.defaultsSet, IsEmpty());
     EXPECT_THAT(notes, ElementsAre(openA));
 }
 
 TEST_F(AudioIOTest, PicksADeviceByItsExactNameOnly) {
-    EXPECT_EQ(io.pickInput(QStringLiteral("Mic B")), QStringLiteral("Mic B"));
-    EXPECT_EQ(io.pickInput(QStringLiteral("mic b")), std::nullopt);
-    EXPECT_EQ(io.pickInput(QStringLiteral("Mic")), std::nullopt);
+    EXPECT_EQ(io.pickInput(u"Mic B"_s), u"Mic B"_s);
+    EXPECT_EQ(io.pickInput(u"mic b"_s), std::nullopt);
+    EXPECT_EQ(io.pickInput(u"Mic"_s), std::nullopt);
     EXPECT_EQ(io.pickInput(std::nullopt), std::nullopt);
 }
 
 TEST_F(AudioIOTest, TakesTheFirstOfTwoDevicesWithOneName) {
-    server.devices = {{QStringLiteral("mic.a"), QStringLiteral("Mic A")},
-                      {QStringLiteral("first"), QStringLiteral("USB")},
-                      {QStringLiteral("second"), QStringLiteral("USB")}};
-    io.start(QStringLiteral("USB"));
-    EXPECT_THAT(server.defaultsSet, ElementsAre(QStringLiteral("first")));
+    server.devices = {{u"mic.a"_s, u"Mic A"_s}, {u"first"_s, u"USB"_s}, {u"second"_s, u"USB"_s}};
+    io.start(u"USB"_s);
+    EXPECT_THAT(server.defaultsSet, ElementsAre(u"first"_s));
 }
 
 TEST_F(AudioIOTest, RemembersOnlyTheDefaultFromBeforeItsFirstChange) {
-    server.devices.push_back({QStringLiteral("mic.c"), QStringLiteral("Mic C")});
-    io.start(QStringLiteral("Mic B"));
-    io.use(QStringLiteral("Mic C"));
+    server.devices.push_back({u"mic.c"_s, u"Mic C"_s});
+    io.start(u"Mic B"_s);
+    io.use(u"Mic C"_s);
     io.restoreDefaultInput();
-    EXPECT_EQ(server.defaultId, QStringLiteral("mic.a"));
+    EXPECT_EQ(server.defaultId, u"mic.a"_s);
     io.restoreDefaultInput();
-    EXPECT_THAT(server.defaultsSet,
-                ElementsAre(QStringLiteral("mic.b"), QStringLiteral("mic.c"), QStringLiteral("mic.a")));
+    EXPECT_THAT(server.defaultsSet, ElementsAre(u"mic.b"_s, u"mic.c"_s, u"mic.a"_s));
 }
 
 TEST_F(AudioIOTest, LeavesTheDefaultAloneWhenTheOriginalOneHasGone) {
-    io.start(QStringLiteral("Mic B"));
+    io.start(u"Mic B"_s);
     server.devices.erase(server.devices.begin());
     io.restoreDefaultInput();
-    EXPECT_EQ(server.defaultId, QStringLiteral("mic.b"));
-    server.devices.push_back({QStringLiteral("mic.a"), QStringLiteral("Mic A")});
+    EXPECT_EQ(server.defaultId, u"mic.b"_s);
+    server.devices.push_back({u"mic.a"_s, u"Mic A"_s});
     io.restoreDefaultInput();
-    EXPECT_EQ(server.defaultId, QStringLiteral("mic.b"));
+    EXPECT_EQ(server.defaultId, u"mic.b"_s);
 }
 
 TEST_F(AudioIOTest, SwitchesFromNoDefaultAndHasNothingToPutBack) {
     server.defaultId.reset();
-    io.start(QStringLiteral("Mic B"));
-    EXPECT_THAT(server.defaultsSet, ElementsAre(QStringLiteral("mic.b")));
+    io.start(u"Mic B"_s);
+    EXPECT_THAT(server.defaultsSet, ElementsAre(u"mic.b"_s));
     io.restoreDefaultInput();
-    EXPECT_EQ(server.defaultId, QStringLiteral("mic.b"));
+    EXPECT_EQ(server.defaultId, u"mic.b"_s);
 }
 
 TEST_F(AudioIOTest, NamesADefaultThatCannotBeReadByTheLocalizedWords) {
     server.defaultId.reset();
     io.start({});
     EXPECT_EQ(io.deviceName(), defaultInput);
-    server.defaultId = QStringLiteral("nobody knows");
+    server.defaultId = u"nobody knows"_s;
     server.change();
     EXPECT_EQ(io.deviceName(), defaultInput);
 }
@@ -167,10 +165,10 @@ TEST_F(AudioIOTest, NamesADefaultThatCannotBeReadByTheLocalizedWords) {
 // Trying again.
 
 TEST_F(AudioIOTest, NotesAMicrophoneThatDoesNotOpenOnAttempts1And15And30And45Only) {
-    server.captureFailure = Failure{QStringLiteral("no microphone")};
+    server.captureFailure = Failure{u"no microphone"_s};
     io.start({}, counted());
-    const QString note = QStringLiteral(
-        "áudio: não consegui abrir o microfone com cancelamento de eco (no microphone); tentando de novo");
+    const QString note =
+        u"áudio: não consegui abrir o microfone com cancelamento de eco (no microphone); tentando de novo"_s;
     std::vector<int> noted;
     for (int attempt = 1; attempt <= 46; ++attempt) {
         EXPECT_EQ(server.captureOpenings, attempt);
@@ -189,7 +187,7 @@ TEST_F(AudioIOTest, NotesAMicrophoneThatDoesNotOpenOnAttempts1And15And30And45Onl
 }
 
 TEST_F(AudioIOTest, CountsAttemptsFromNothingAgainOnceOneWorked) {
-    server.captureFailure = Failure{QStringLiteral("busy")};
+    server.captureFailure = Failure{u"busy"_s};
     io.start({});
     scheduler.advance(4s);
     server.captureFailure.reset();
@@ -200,19 +198,19 @@ TEST_F(AudioIOTest, CountsAttemptsFromNothingAgainOnceOneWorked) {
     EXPECT_EQ(server.captureOpenings, 4);
     notes.clear();
     io.shutdown();
-    server.captureFailure = Failure{QStringLiteral("busy")};
+    server.captureFailure = Failure{u"busy"_s};
     io.resume();
     EXPECT_EQ(notes.size(), 2);
-    EXPECT_TRUE(notes.back().startsWith(QStringLiteral("áudio: não consegui abrir")));
+    EXPECT_TRUE(notes.back().startsWith(u"áudio: não consegui abrir"_s));
 }
 
 TEST_F(AudioIOTest, AnEchoCancellerThatCannotBeMadeIsAFailedAttempt) {
-    cancellerFailure = Failure{QStringLiteral("no canceller")};
+    cancellerFailure = Failure{u"no canceller"_s};
     io.start({}, counted());
     EXPECT_FALSE(server.isCaptureOpen());
     EXPECT_EQ(ended, 1);
-    EXPECT_THAT(notes, ElementsAre(QStringLiteral("áudio: não consegui abrir o microfone com cancelamento de eco (no "
-                                                  "canceller); tentando de novo")));
+    EXPECT_THAT(notes, ElementsAre(u"áudio: não consegui abrir o microfone com cancelamento de eco (no "
+                                   "canceller); tentando de novo"_s));
     cancellerFailure.reset();
     scheduler.advance(2s);
     EXPECT_TRUE(server.isCaptureOpen());
@@ -221,8 +219,8 @@ TEST_F(AudioIOTest, AnEchoCancellerThatCannotBeMadeIsAFailedAttempt) {
 TEST_F(AudioIOTest, UseDropsAnErrorWithoutANoteAndWithoutTryingAgain) {
     io.start({});
     notes.clear();
-    server.captureFailure = Failure{QStringLiteral("busy")};
-    io.use(QStringLiteral("Mic A"), counted());
+    server.captureFailure = Failure{u"busy"_s};
+    io.use(u"Mic A"_s, counted());
     EXPECT_EQ(ended, 1);
     EXPECT_THAT(notes, IsEmpty());
     scheduler.advance(1min);
@@ -230,20 +228,20 @@ TEST_F(AudioIOTest, UseDropsAnErrorWithoutANoteAndWithoutTryingAgain) {
 }
 
 TEST_F(AudioIOTest, AUseThatWorksEndsTheTryingAgain) {
-    server.captureFailure = Failure{QStringLiteral("busy")};
+    server.captureFailure = Failure{u"busy"_s};
     io.start({});
     server.captureFailure.reset();
-    io.use(QStringLiteral("Mic B"));
+    io.use(u"Mic B"_s);
     EXPECT_TRUE(server.isCaptureOpen());
     scheduler.advance(1min);
     EXPECT_EQ(server.captureOpenings, 2);
 }
 
 TEST_F(AudioIOTest, AUseThatFailsLeavesTheTryingAgainAsItIs) {
-    server.captureFailure = Failure{QStringLiteral("busy")};
+    server.captureFailure = Failure{u"busy"_s};
     io.start({});
     scheduler.advance(1s);
-    io.use(QStringLiteral("Mic A"));
+    io.use(u"Mic A"_s);
     EXPECT_EQ(server.captureOpenings, 2);
     scheduler.advance(1s);
     EXPECT_EQ(server.captureOpenings, 3);
@@ -254,8 +252,8 @@ TEST_F(AudioIOTest, AUseThatFailsLeavesTheTryingAgainAsItIs) {
 TEST_F(AudioIOTest, WhatIsAskedForDuringAnAttemptIsAnsweredByOneMoreBehindIt) {
     server.opensAtOnce = false;
     io.start({}, counted());
-    io.use(QStringLiteral("Mic A"), counted());
-    io.use(QStringLiteral("Mic B"), counted());
+    io.use(u"Mic A"_s, counted());
+    io.use(u"Mic B"_s, counted());
     server.change();
     EXPECT_EQ(server.captureOpenings, 1);
     server.finishOpening({});
@@ -270,9 +268,9 @@ TEST_F(AudioIOTest, WhatIsAskedForDuringAnAttemptIsAnsweredByOneMoreBehindIt) {
 TEST_F(AudioIOTest, AStartThatFailsWhileAUseWaitsIsStillTriedAgain) {
     server.opensAtOnce = false;
     io.start({});
-    io.use(QStringLiteral("Mic B"));
-    server.finishOpening(Failure{QStringLiteral("busy")});
-    server.finishOpening(Failure{QStringLiteral("busy")});
+    io.use(u"Mic B"_s);
+    server.finishOpening(Failure{u"busy"_s});
+    server.finishOpening(Failure{u"busy"_s});
     EXPECT_EQ(server.captureOpenings, 2);
     scheduler.advance(2s);
     EXPECT_EQ(server.captureOpenings, 3);

@@ -1,6 +1,7 @@
 #include "tests/audio/link/AudioLinkTest.h"
 
 using namespace palomet;
+using namespace Qt::StringLiterals;
 using test::AudioLinkTest;
 using testing::ElementsAre;
 using testing::UnorderedElementsAre;
@@ -8,10 +9,10 @@ using testing::UnorderedElementsAre;
 TEST_F(AudioLinkTest, PlaysAClipWithoutAFormatAsMp3) {
     ASSERT_TRUE(start());
     sendPlay(1, "100");
-    sendPlay(2, "100", QStringLiteral(R"(,"format":"ogg")"));
+    sendPlay(2, "100", uR"(,"format":"ogg")"_s);
     ASSERT_TRUE(speakers.speakUntil([&] { return backend.played().size() == 2; }));
     EXPECT_THAT(backend.played(), ElementsAre(1, 2));
-    EXPECT_EQ(formats, (QStringList{QStringLiteral("mp3"), QStringLiteral("ogg")}));
+    EXPECT_EQ(formats, (QStringList{u"mp3"_s, u"ogg"_s}));
 }
 
 TEST_F(AudioLinkTest, ReportsAClipOnlyWhenItWasHeard) {
@@ -35,7 +36,7 @@ TEST_F(AudioLinkTest, StopReportsEveryPendingClipOnce) {
     sendPlay(2, "100000");
     sendPlay(3, "100000");
     ASSERT_TRUE(speakers.playUntilSound());
-    backend.send(QStringLiteral(R"({"type":"stop"})"));
+    backend.send(uR"({"type":"stop"})"_s);
     ASSERT_TRUE(speakers.speakUntil([&] { return backend.played().size() == 3; }));
     EXPECT_THAT(backend.played(), UnorderedElementsAre(1, 2, 3));
     sendPlay(4, "100");
@@ -45,23 +46,23 @@ TEST_F(AudioLinkTest, StopReportsEveryPendingClipOnce) {
 
 TEST_F(AudioLinkTest, AFormatThatIsNoneIsAFailedClip) {
     ASSERT_TRUE(start());
-    sendPlay(5, "x", QStringLiteral(R"(,"format":"../x")"));
+    sendPlay(5, "x", uR"(,"format":"../x")"_s);
     ASSERT_TRUE(test::eventually([&] { return !backend.played().empty(); }));
     EXPECT_THAT(backend.played(), ElementsAre(5));
-    EXPECT_EQ(notes.back(), QStringLiteral("áudio: não consegui tocar a fala 5 (no ../x)"));
+    EXPECT_EQ(notes.back(), u"áudio: não consegui tocar a fala 5 (no ../x)"_s);
 }
 
 TEST_F(AudioLinkTest, TheChimeIsPlayedWithoutAReport) {
-    QFile file(folder.filePath(QStringLiteral("chime.aiff")));
+    QFile file(folder.filePath(u"chime.aiff"_s));
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     file.write("1000");
     file.close();
     ASSERT_TRUE(start());
-    backend.send(QStringLiteral(R"({"type":"chime"})"));
+    backend.send(uR"({"type":"chime"})"_s);
     sendPlay(1, "10");
     ASSERT_TRUE(speakers.speakUntil([&] { return !backend.played().empty(); }));
     EXPECT_THAT(backend.played(), ElementsAre(1));
-    EXPECT_EQ(formats, (QStringList{QStringLiteral("aiff"), QStringLiteral("mp3")}));
+    EXPECT_EQ(formats, (QStringList{u"aiff"_s, u"mp3"_s}));
 }
 
 TEST_F(AudioLinkTest, AClipThatPlaysWhenTheBackendIsKilledIsHeardToItsEndAndNotReportedToTheNext) {
@@ -69,7 +70,7 @@ TEST_F(AudioLinkTest, AClipThatPlaysWhenTheBackendIsKilledIsHeardToItsEndAndNotR
     sendPlay(1, "100000");
     ASSERT_TRUE(speakers.playUntilSound());
     backend.drop();
-    ASSERT_TRUE(test::eventually([&] { return backend.events(QStringLiteral("hello")).size() == 2; }));
+    ASSERT_TRUE(test::eventually([&] { return backend.events(u"hello"_s).size() == 2; }));
     EXPECT_TRUE(speakers.isSounding());
     sendPlay(2, "100");
     ASSERT_TRUE(speakers.speakUntil([&] { return !backend.played().empty(); }));
@@ -83,7 +84,7 @@ TEST_F(AudioLinkTest, AClipOfAnEarlierConnectionDoesNotReportANewOneOfTheSameId)
     speakers.pull(100);
     const auto endOfTheFirst = static_cast<std::int64_t>(speakers.given.size());
     backend.drop();
-    ASSERT_TRUE(test::eventually([&] { return backend.events(QStringLiteral("hello")).size() == 2; }));
+    ASSERT_TRUE(test::eventually([&] { return backend.events(u"hello"_s).size() == 2; }));
     sendPlay(1, "1000");
     ASSERT_TRUE(speakers.playUntilSound());
     server.hear(endOfTheFirst);
@@ -99,9 +100,9 @@ TEST_F(AudioLinkTest, AStopReportsWhatThisConnectionAskedForAndSilencesTheRestTo
     sendPlay(1, "100000");
     ASSERT_TRUE(speakers.playUntilSound());
     backend.drop();
-    ASSERT_TRUE(test::eventually([&] { return backend.events(QStringLiteral("hello")).size() == 2; }));
+    ASSERT_TRUE(test::eventually([&] { return backend.events(u"hello"_s).size() == 2; }));
     sendPlay(2, "100000");
-    backend.send(QStringLiteral(R"({"type":"stop"})"));
+    backend.send(uR"({"type":"stop"})"_s);
     ASSERT_TRUE(test::eventually([&] { return !backend.played().empty(); }));
     sendPlay(3, "100");
     ASSERT_TRUE(speakers.speakUntil([&] { return backend.played().size() == 2; }));
@@ -125,8 +126,8 @@ TEST_F(AudioLinkTest, AClipLargerThanAnyCanNeedToBeIsNotedAndReportedAndTheLinkG
     sendPlay(7, "100");
     ASSERT_TRUE(speakers.speakUntil([&] { return backend.played().size() == 3; }));
     EXPECT_THAT(backend.played(), UnorderedElementsAre(5, 6, 7));
-    EXPECT_TRUE(notes.contains(QStringLiteral("áudio: não consegui tocar a fala 5 (no mp3)")));
-    EXPECT_TRUE(notes.contains(QStringLiteral("áudio: não consegui tocar a fala 6 (o arquivo é grande demais)")));
+    EXPECT_TRUE(notes.contains(u"áudio: não consegui tocar a fala 5 (no mp3)"_s));
+    EXPECT_TRUE(notes.contains(u"áudio: não consegui tocar a fala 6 (o arquivo é grande demais)"_s));
     EXPECT_EQ(backend.connections, 1);
 }
 

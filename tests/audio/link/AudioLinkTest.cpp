@@ -6,14 +6,14 @@
 
 using namespace palomet;
 using namespace std::chrono_literals;
+using namespace Qt::StringLiterals;
 using test::AudioLinkTest;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
 TEST_F(AudioLinkTest, ABackendSeesHelloFirstAndThenTheMicrophone) {
     ASSERT_TRUE(start());
-    EXPECT_EQ(backend.received[0].event, (QJsonObject{{QStringLiteral("type"), QStringLiteral("hello")},
-                                                      {QStringLiteral("device"), QStringLiteral("Mic A")}}));
+    EXPECT_EQ(backend.received[0].event, (QJsonObject{{u"type"_s, u"hello"_s}, {u"device"_s, u"Mic A"_s}}));
     for (int i = 0; i < 100; ++i) {
         server.deliver(std::vector<float>(480, 0.25F));
         QCoreApplication::processEvents();
@@ -35,13 +35,13 @@ TEST_F(AudioLinkTest, ConnectsWhenTheFirstAttemptHasEndedSoThatHelloNamesTheDevi
     scheduler.advance(999ms);
     server.finishOpening({});
     ASSERT_TRUE(test::eventually([&] { return !backend.received.empty(); }));
-    EXPECT_EQ(backend.received[0].event.value(QStringLiteral("device")).toString(), QStringLiteral("Mic A"));
+    EXPECT_EQ(backend.received[0].event.value(u"device"_s).toString(), u"Mic A"_s);
 }
 
 TEST_F(AudioLinkTest, ConnectsAlsoWhenTheFirstAttemptFailed) {
-    server.captureFailure = Failure{QStringLiteral("busy")};
+    server.captureFailure = Failure{u"busy"_s};
     ASSERT_TRUE(start());
-    EXPECT_EQ(backend.received[0].event.value(QStringLiteral("device")).toString(), QStringLiteral("Mic A"));
+    EXPECT_EQ(backend.received[0].event.value(u"device"_s).toString(), u"Mic A"_s);
     EXPECT_EQ(notes.size(), 1);
 }
 
@@ -51,10 +51,10 @@ TEST_F(AudioLinkTest, ConnectsASecondAfterTheStartAtTheLatest) {
     link->start();
     scheduler.advance(1000ms);
     ASSERT_TRUE(test::eventually([&] { return !backend.received.empty(); }));
-    EXPECT_EQ(backend.received[0].event.value(QStringLiteral("device")).toString(), QStringLiteral("Mic A"));
+    EXPECT_EQ(backend.received[0].event.value(u"device"_s).toString(), u"Mic A"_s);
     server.finishOpening({});
     ASSERT_TRUE(test::eventually([&] { return backend.received.size() == 2; }));
-    EXPECT_THAT(backend.devices(), ElementsAre(QStringLiteral("Mic A")));
+    EXPECT_THAT(backend.devices(), ElementsAre(u"Mic A"_s));
     scheduler.advance(1min);
     EXPECT_EQ(backend.connections, 1);
 }
@@ -68,7 +68,7 @@ TEST_F(AudioLinkTest, HelloNamesTheDeviceThatTheServerToldWhileItOpensTheMicroph
     server.tellDevices();
     scheduler.advance(500ms);
     ASSERT_TRUE(test::eventually([&] { return !backend.received.empty(); }));
-    EXPECT_EQ(backend.received[0].event.value(QStringLiteral("device")).toString(), QStringLiteral("Mic A"));
+    EXPECT_EQ(backend.received[0].event.value(u"device"_s).toString(), u"Mic A"_s);
 }
 
 TEST_F(AudioLinkTest, StartsOnlyOnce) {
@@ -87,11 +87,11 @@ TEST_F(AudioLinkTest, ALinkThatWasNeverStartedEndsQuietly) {
 
 TEST_F(AudioLinkTest, EnableReleasesAndReopensTheMicrophone) {
     ASSERT_TRUE(start());
-    backend.send(QStringLiteral(R"({"type":"enable","on":true})"));
-    backend.send(QStringLiteral(R"({"type":"enable","on":false})"));
+    backend.send(uR"({"type":"enable","on":true})"_s);
+    backend.send(uR"({"type":"enable","on":false})"_s);
     ASSERT_TRUE(test::eventually([&] { return !server.isCaptureOpen(); }));
     EXPECT_EQ(server.captureOpenings, 1);
-    backend.send(QStringLiteral(R"({"type":"enable"})"));
+    backend.send(uR"({"type":"enable"})"_s);
     ASSERT_TRUE(test::eventually([&] { return server.isCaptureOpen(); }));
     EXPECT_EQ(server.captureOpenings, 2);
     ASSERT_TRUE(test::eventually([&] { return backend.devices().size() == 1; }));
@@ -99,57 +99,57 @@ TEST_F(AudioLinkTest, EnableReleasesAndReopensTheMicrophone) {
 
 TEST_F(AudioLinkTest, InputChoosesTheDeviceAndIsAnswered) {
     ASSERT_TRUE(start());
-    backend.send(QStringLiteral(R"({"type":"input","device":"Mic B"})"));
+    backend.send(uR"({"type":"input","device":"Mic B"})"_s);
     ASSERT_TRUE(test::eventually([&] { return backend.devices().size() == 2; }));
-    EXPECT_THAT(backend.devices(), ElementsAre(QStringLiteral("Mic B"), QStringLiteral("Mic B")));
-    EXPECT_EQ(server.defaultId, QStringLiteral("mic.b"));
+    EXPECT_THAT(backend.devices(), ElementsAre(u"Mic B"_s, u"Mic B"_s));
+    EXPECT_EQ(server.defaultId, u"mic.b"_s);
     link->restoreDefaultInput();
-    EXPECT_EQ(server.defaultId, QStringLiteral("mic.a"));
+    EXPECT_EQ(server.defaultId, u"mic.a"_s);
 }
 
 TEST_F(AudioLinkTest, InputIsAnsweredWhenItsConfigurationHasEnded) {
     ASSERT_TRUE(start());
     server.opensAtOnce = false;
-    backend.send(QStringLiteral(R"({"type":"input"})"));
+    backend.send(uR"({"type":"input"})"_s);
     ASSERT_TRUE(test::eventually([&] { return server.isOpening(); }));
     sendPlay(1, "nonsense");
     ASSERT_TRUE(test::eventually([&] { return !backend.played().empty(); }));
     EXPECT_THAT(backend.devices(), IsEmpty());
-    server.finishOpening(Failure{QStringLiteral("busy")});
+    server.finishOpening(Failure{u"busy"_s});
     ASSERT_TRUE(test::eventually([&] { return !backend.devices().empty(); }));
-    EXPECT_THAT(backend.devices(), ElementsAre(QStringLiteral("Mic A")));
+    EXPECT_THAT(backend.devices(), ElementsAre(u"Mic A"_s));
 }
 
 TEST_F(AudioLinkTest, InputOfADeviceThatIsNotPresentLeavesTheDefaultAndIsAnswered) {
     ASSERT_TRUE(start());
-    backend.send(QStringLiteral(R"({"type":"input","device":"Mic Z"})"));
+    backend.send(uR"({"type":"input","device":"Mic Z"})"_s);
     ASSERT_TRUE(test::eventually([&] { return backend.devices().size() == 2; }));
-    EXPECT_EQ(backend.devices().back(), QStringLiteral("Mic A"));
+    EXPECT_EQ(backend.devices().back(), u"Mic A"_s);
     EXPECT_THAT(server.defaultsSet, IsEmpty());
 }
 
 TEST_F(AudioLinkTest, InputWhileTheMicrophoneIsReleasedIsAnsweredAndKept) {
     ASSERT_TRUE(start());
-    backend.send(QStringLiteral(R"({"type":"enable","on":false})"));
-    backend.send(QStringLiteral(R"({"type":"input","device":"Mic B"})"));
+    backend.send(uR"({"type":"enable","on":false})"_s);
+    backend.send(uR"({"type":"input","device":"Mic B"})"_s);
     ASSERT_TRUE(test::eventually([&] { return backend.devices().size() == 1; }));
-    EXPECT_THAT(backend.devices(), ElementsAre(QStringLiteral("Mic A")));
+    EXPECT_THAT(backend.devices(), ElementsAre(u"Mic A"_s));
     EXPECT_FALSE(server.isCaptureOpen());
-    backend.send(QStringLiteral(R"({"type":"enable","on":true})"));
+    backend.send(uR"({"type":"enable","on":true})"_s);
     ASSERT_TRUE(test::eventually([&] { return backend.devices().size() == 2; }));
-    EXPECT_EQ(backend.devices().back(), QStringLiteral("Mic B"));
+    EXPECT_EQ(backend.devices().back(), u"Mic B"_s);
 }
 
 TEST_F(AudioLinkTest, AnUnpluggedDeviceIsNamedByTheNextHello) {
     ASSERT_TRUE(start());
-    server.defaultId = QStringLiteral("mic.b");
-    server.captureFailure = Failure{QStringLiteral("busy")};
+    server.defaultId = u"mic.b"_s;
+    server.captureFailure = Failure{u"busy"_s};
     server.change();
     backend.received.clear();
     backend.drop();
     ASSERT_TRUE(test::eventually([&] { return !backend.received.empty(); }));
-    EXPECT_EQ(backend.received[0].type(), QStringLiteral("hello"));
-    EXPECT_EQ(backend.received[0].event.value(QStringLiteral("device")).toString(), QStringLiteral("Mic B"));
+    EXPECT_EQ(backend.received[0].type(), u"hello"_s);
+    EXPECT_EQ(backend.received[0].event.value(u"device"_s).toString(), u"Mic B"_s);
 }
 
 TEST_F(AudioLinkTest, AKilledBackendIsFoundAgainAndGreeted) {
@@ -159,7 +159,7 @@ TEST_F(AudioLinkTest, AKilledBackendIsFoundAgainAndGreeted) {
     backend.received.clear();
     backend.listen();
     ASSERT_TRUE(test::eventually([&] { return !backend.received.empty(); }));
-    EXPECT_EQ(backend.received[0].type(), QStringLiteral("hello"));
+    EXPECT_EQ(backend.received[0].type(), u"hello"_s);
     server.deliver(std::vector<float>(1920, 0.25F));
     ASSERT_TRUE(test::eventually([&] { return !backend.audio().empty(); }));
 }
@@ -179,7 +179,7 @@ TEST_F(AudioLinkTest, FramesAndReportsReachTheBackendWhileTheMainThreadIsBusy) {
     const auto listen = [&] {
         listener = std::make_unique<QWebSocketServer>(QString(), QWebSocketServer::NonSecureMode);
         listener->listen(QHostAddress::LocalHost);
-        url = QUrl(QStringLiteral("ws://127.0.0.1:%1/audio").arg(listener->serverPort()));
+        url = QUrl(u"ws://127.0.0.1:%1/audio"_s.arg(listener->serverPort()));
         QObject::connect(listener.get(), &QWebSocketServer::newConnection, listener.get(), [&] {
             peer.reset(listener->nextPendingConnection());
             const auto check = [&] {
@@ -192,8 +192,8 @@ TEST_F(AudioLinkTest, FramesAndReportsReachTheBackendWhileTheMainThreadIsBusy) {
                                  check();
                              });
             QObject::connect(peer.get(), &QWebSocket::textMessageReceived, peer.get(), [&, check](const QString &text) {
-                greetings += text.contains(QStringLiteral("hello")) ? 1 : 0;
-                if (text.contains(QStringLiteral("played"))) {
+                greetings += text.contains(u"hello"_s) ? 1 : 0;
+                if (text.contains(u"played"_s)) {
                     isPlayed = true;
                     check();
                 }
@@ -205,7 +205,7 @@ TEST_F(AudioLinkTest, FramesAndReportsReachTheBackendWhileTheMainThreadIsBusy) {
     make(url);
     link->start();
     ASSERT_TRUE(test::eventually([&] { return greetings == 1; }));
-    audio->play({1, 1}, "1000", QStringLiteral("mp3"));
+    audio->play({1, 1}, "1000", u"mp3"_s);
     std::atomic<bool> isOver = false;
     std::thread realTime([&] {
         while (!speakers.isSounding() && !isOver)

@@ -18,6 +18,8 @@
 
 namespace palomet::test {
 
+using namespace Qt::StringLiterals;
+
 /// The link between a backend and a sound server that both do what the test says.
 struct AudioLinkTest : testing::Test {
     ScriptedAudioBackend backend;
@@ -40,7 +42,7 @@ struct AudioLinkTest : testing::Test {
             .makeEchoCanceller =
                 [this] { return Result(std::unique_ptr<EchoCanceller>(std::make_unique<FakeEchoCanceller>(calls))); },
             .decode = [this](const QByteArray &data, const QString &format) { return decode(data, format); },
-            .chimeFile = folder.filePath(QStringLiteral("chime.aiff"))});
+            .chimeFile = folder.filePath(u"chime.aiff"_s)});
         audio = io.get();
         link = std::make_unique<AudioLink>(
             AudioLink::Parts{.io = std::move(io),
@@ -67,8 +69,8 @@ struct AudioLinkTest : testing::Test {
     }
 
     void sendPlay(qint64 id, const QByteArray &data, const QString &more = {}) {
-        backend.send(QStringLiteral(R"({"type":"play","id":%1,"data":"%2"%3})")
-                         .arg(QString::number(id), QString::fromLatin1(data.toBase64()), more));
+        backend.send(uR"({"type":"play","id":%1,"data":"%2"%3})"_s.arg(QString::number(id),
+                                                                       QString::fromLatin1(data.toBase64()), more));
     }
 };
 

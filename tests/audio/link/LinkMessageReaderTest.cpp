@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 using namespace palomet;
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -13,7 +14,7 @@ std::optional<link::Message> read(QByteArrayView text, qsizetype maximumFile = L
 }
 
 link::Message play(const QByteArray &data) {
-    return link::Play{1, data, QStringLiteral("mp3")};
+    return link::Play{1, data, u"mp3"_s};
 }
 
 /// A message with a clip of so many megabytes of zeros, as the link gets it: in pieces.

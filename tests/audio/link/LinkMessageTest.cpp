@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 using namespace palomet;
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -40,31 +41,30 @@ std::optional<QByteArray> dataOf(const QByteArray &base64) {
 
 TEST(LinkMessage, ReadsEveryMessageOfTheTable) {
     EXPECT_EQ(parsed(R"({"type":"play","id":12,"data":"QUJD","format":"wav"})"),
-              link::Message(link::Play{12, "ABC", QStringLiteral("wav")}));
+              link::Message(link::Play{12, "ABC", u"wav"_s}));
     EXPECT_EQ(parsed(R"({"type":"stop"})"), link::Message(link::Stop{}));
     EXPECT_EQ(parsed(R"({"type":"chime"})"), link::Message(link::Chime{}));
     EXPECT_EQ(parsed(R"({"type":"enable","on":false})"), link::Message(link::Enable{false}));
     EXPECT_EQ(parsed(R"({"type":"enable","on":true})"), link::Message(link::Enable{true}));
     EXPECT_EQ(parsed(R"({"type":"input","device":"Microfone interno"})"),
-              link::Message(link::Input{QStringLiteral("Microfone interno")}));
+              link::Message(link::Input{u"Microfone interno"_s}));
 }
 
 TEST(LinkMessage, FillsInWhatMayBeMissing) {
-    EXPECT_EQ(parsed(R"({"type":"play","id":1,"data":""})"), link::Message(link::Play{1, "", QStringLiteral("mp3")}));
-    EXPECT_EQ(parsed(R"({"type":"play","id":1,"data":"","format":7})"),
-              link::Message(link::Play{1, "", QStringLiteral("mp3")}));
+    EXPECT_EQ(parsed(R"({"type":"play","id":1,"data":""})"), link::Message(link::Play{1, "", u"mp3"_s}));
+    EXPECT_EQ(parsed(R"({"type":"play","id":1,"data":"","format":7})"), link::Message(link::Play{1, "", u"mp3"_s}));
     EXPECT_EQ(parsed(R"({"type":"enable"})"), link::Message(link::Enable{true}));
     EXPECT_EQ(parsed(R"({"type":"enable","on":"no"})"), link::Message(link::Enable{true}));
     EXPECT_EQ(parsed(R"({"type":"input"})"), link::Message(link::Input{}));
     EXPECT_EQ(parsed(R"({"type":"input","device":null})"), link::Message(link::Input{}));
     EXPECT_EQ(parsed(R"({"type":"input","device":3})"), link::Message(link::Input{}));
-    EXPECT_EQ(parsed(R"({"type":"input","device":""})"), link::Message(link::Input{QStringLiteral("")}));
+    EXPECT_EQ(parsed(R"({"type":"input","device":""})"), link::Message(link::Input{u""_s}));
 }
 
 TEST(LinkMessage, OfAKeyThatIsThereTwiceTheLastOneCounts) {
     EXPECT_EQ(parsed(R"({"type":"stop","type":"chime"})"), link::Message(link::Chime{}));
     EXPECT_EQ(parsed(R"({"id":"a","type":"play","data":"QUJD","format":"wav","id":2,"data":"","format":"ogg"})"),
-              link::Message(link::Play{2, "", QStringLiteral("ogg")}));
+              link::Message(link::Play{2, "", u"ogg"_s}));
     EXPECT_EQ(parsed(R"({"type":"play","data":"","id":1,"id":"a"})"), std::nullopt);
     EXPECT_EQ(parsed(R"({"type":"enable","on":false,"on":null})"), link::Message(link::Enable{true}));
     EXPECT_EQ(parsed(R"({"type":"enable","on":true,"on":false})"), link::Message(link::Enable{false}));
@@ -119,7 +119,7 @@ TEST(LinkMessage, ANumberThatIsTooLargeDoesNoHarmWhereNobodyReadsIt) {
         EXPECT_EQ(parsed(R"({"type":"enable","on":)" + number + "}"), link::Message(link::Enable{true}));
         EXPECT_EQ(parsed(R"({"type":"input","device":)" + number + "}"), link::Message(link::Input{}));
         EXPECT_EQ(parsed(R"({"type":"play","data":"QUJD","id":)" + number + R"(,"id":1})"),
-                  link::Message(link::Play{1, "ABC", QStringLiteral("mp3")}));
+                  link::Message(link::Play{1, "ABC", u"mp3"_s}));
         EXPECT_EQ(idOf(number), std::nullopt);
     }
 }
@@ -151,7 +151,7 @@ TEST(LinkMessage, IgnoresAClipWithoutUsableData) {
 TEST(LinkMessage, HandsAStrangeFormatOnForItsNote) {
     const auto message = parsed(R"({"type":"play","id":1,"data":"","format":"../x"})");
     ASSERT_TRUE(message);
-    EXPECT_EQ(std::get<link::Play>(*message).format, QStringLiteral("../x"));
+    EXPECT_EQ(std::get<link::Play>(*message).format, u"../x"_s);
 }
 
 TEST(LinkMessage, SurvivesFortyMegabytesOfNonsense) {

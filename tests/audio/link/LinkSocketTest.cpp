@@ -15,6 +15,7 @@
 
 using namespace palomet;
 using namespace std::chrono_literals;
+using namespace Qt::StringLiterals;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -43,12 +44,12 @@ struct LinkSocketTest : testing::Test {
         socket = std::make_unique<LinkSocket>(url, timing, LinkMessageReader::maximumFileBytes, admit);
         socket->onMessage = [this](link::Message message, quint64) { messages.push_back(std::move(message)); };
         socket->prepare(makeWakeup);
-        socket->setDeviceName(QStringLiteral("Mic A"));
+        socket->setDeviceName(u"Mic A"_s);
         socket->connectToBackend();
     }
 
     bool isGreeted(std::size_t times = 1) {
-        return test::eventually([&] { return backend.events(QStringLiteral("hello")).size() == times; });
+        return test::eventually([&] { return backend.events(u"hello"_s).size() == times; });
     }
 
     void offer(std::size_t count, std::int16_t value = 1) { socket->offer(std::vector<std::int16_t>(count, value)); }
@@ -62,9 +63,8 @@ TEST_F(LinkSocketTest, BeginsWithHelloAndTheDevicesName) {
     ASSERT_TRUE(isGreeted());
     offer(342, 2);
     ASSERT_TRUE(test::eventually([&] { return backend.received.size() == 2; }));
-    EXPECT_EQ(backend.path, QStringLiteral("/audio"));
-    EXPECT_EQ(backend.received[0].event, (QJsonObject{{QStringLiteral("type"), QStringLiteral("hello")},
-                                                      {QStringLiteral("device"), QStringLiteral("Mic A")}}));
+    EXPECT_EQ(backend.path, u"/audio"_s);
+    EXPECT_EQ(backend.received[0].event, (QJsonObject{{u"type"_s, u"hello"_s}, {u"device"_s, u"Mic A"_s}}));
     EXPECT_EQ(backend.received[1].audio.size(), 684);
 }
 
@@ -96,11 +96,11 @@ TEST_F(LinkSocketTest, SendsTheEventsAsTheProtocolHasThem) {
     open(backend.url());
     ASSERT_TRUE(isGreeted());
     socket->sendPlayed({9007199254740993, socket->connection()});
-    socket->setDeviceName(QStringLiteral("Microfone \"é\""));
+    socket->setDeviceName(u"Microfone \"é\""_s);
     socket->sendDevice();
     ASSERT_TRUE(test::eventually([&] { return backend.received.size() == 3; }));
     EXPECT_THAT(backend.played(), ElementsAre(9007199254740993));
-    EXPECT_THAT(backend.devices(), ElementsAre(QStringLiteral("Microfone \"é\"")));
+    EXPECT_THAT(backend.devices(), ElementsAre(u"Microfone \"é\""_s));
 }
 
 TEST_F(LinkSocketTest, WhatIsSentWithoutAConnectionIsLostAndHelloNamesTheNewestDevice) {
@@ -114,14 +114,14 @@ TEST_F(LinkSocketTest, WhatIsSentWithoutAConnectionIsLostAndHelloNamesTheNewestD
         socket->sendPlayed({1, socket->connection()});
         return !socket->isConnected();
     }));
-    socket->setDeviceName(QStringLiteral("Mic B"));
+    socket->setDeviceName(u"Mic B"_s);
     socket->sendDevice();
     socket->sendPlayed({2, socket->connection()});
     offer(341);
     backend.received.clear();
     backend.listen();
     ASSERT_TRUE(isGreeted());
-    EXPECT_EQ(backend.received[0].event.value(QStringLiteral("device")).toString(), QStringLiteral("Mic B"));
+    EXPECT_EQ(backend.received[0].event.value(u"device"_s).toString(), u"Mic B"_s);
     socket->sendPlayed({3, socket->connection()});
     ASSERT_TRUE(test::eventually([&] { return backend.received.size() >= 2; }));
     EXPECT_THAT(backend.played(), ElementsAre(3));
@@ -155,7 +155,7 @@ TEST_F(LinkSocketTest, GivesUpOnAPeerThatTakesTheConnectionAndSaysNothing) {
     ASSERT_TRUE(mute.listen(QHostAddress::LocalHost));
     int connections = 0;
     QObject::connect(&mute, &QTcpServer::newConnection, &mute, [&] { ++connections; });
-    open(QUrl(QStringLiteral("ws://127.0.0.1:%1/audio").arg(mute.serverPort())), {1ms, 20ms});
+    open(QUrl(u"ws://127.0.0.1:%1/audio"_s.arg(mute.serverPort())), {1ms, 20ms});
     EXPECT_TRUE(test::eventually([&] { return connections >= 3; }));
 }
 
@@ -183,7 +183,7 @@ TEST_F(LinkSocketTest, GivesUpOnAPeerThatTalksSomethingElse) {
         peer->write(answers[connections % 5]);
         peer->disconnectFromHost();
     });
-    open(QUrl(QStringLiteral("ws://127.0.0.1:%1/audio").arg(stranger.serverPort())), {1ms, 5000ms});
+    open(QUrl(u"ws://127.0.0.1:%1/audio"_s.arg(stranger.serverPort())), {1ms, 5000ms});
     EXPECT_TRUE(test::eventually([&] { return connections >= 10; }));
 }
 
@@ -233,8 +233,8 @@ TEST_F(LinkSocketTest, TakesTenMinutesOfSpeechAsAWaveFile) {
     open(backend.url());
     ASSERT_TRUE(isGreeted());
     constexpr qsizetype bytes = 600 * 44100 * 2 + 44;
-    backend.send(QStringLiteral(R"({"type":"play","id":1,"data":"%1","format":"wav"})")
-                     .arg(QString::fromLatin1(QByteArray(bytes, '\0').toBase64())));
+    backend.send(uR"({"type":"play","id":1,"data":"%1","format":"wav"})"_s.arg(
+        QString::fromLatin1(QByteArray(bytes, '\0').toBase64())));
     ASSERT_TRUE(test::eventually([&] { return !messages.empty(); }));
     EXPECT_EQ(std::get<link::Play>(messages.front()).data.size(), bytes);
     EXPECT_EQ(backend.connections, 1);
@@ -247,8 +247,8 @@ TEST_F(LinkSocketTest, IgnoresBinaryMessagesAndWhatItDoesNotUnderstand) {
     for (const char *text :
          {"", "no json", "[]", "{\"type\":\"dance\"}", "{\"type\":\"play\",\"id\":1e30,\"data\":\"\"}"})
         backend.send(QString::fromLatin1(text));
-    backend.send(QStringLiteral(R"({"type":"play","id":1,"data":"%1"})").arg(QString(40 * 1024 * 1024, u'!')));
-    backend.send(QStringLiteral(R"({"type":"chime"})"));
+    backend.send(uR"({"type":"play","id":1,"data":"%1"})"_s.arg(QString(40 * 1024 * 1024, u'!')));
+    backend.send(uR"({"type":"chime"})"_s);
     ASSERT_TRUE(test::eventually([&] { return !messages.empty(); }));
     EXPECT_THAT(messages, ElementsAre(link::Message(link::Chime{})));
     EXPECT_EQ(backend.connections, 1);
@@ -260,7 +260,7 @@ TEST_F(LinkSocketTest, AMessageCutOffByTheEndOfItsConnectionIsForgotten) {
     backend.send(QString(20 * 1024 * 1024, u' '));
     backend.drop();
     ASSERT_TRUE(isGreeted(2));
-    backend.send(QStringLiteral(R"({"type":"stop"})"));
+    backend.send(uR"({"type":"stop"})"_s);
     ASSERT_TRUE(test::eventually([&] { return !messages.empty(); }));
     EXPECT_THAT(messages, ElementsAre(link::Message(link::Stop{})));
 }

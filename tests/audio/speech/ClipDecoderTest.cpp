@@ -14,6 +14,7 @@
 #include <numeric>
 
 using namespace palomet;
+using namespace Qt::StringLiterals;
 using test::Clip;
 using test::encode;
 using test::sine;
@@ -125,12 +126,12 @@ TEST(ClipDecoder, AClipWithoutFramesIsEmpty) {
 
 TEST(ClipDecoder, TheExtensionIsOneToEightLettersOrDigits) {
     const auto file = encode(sine(24000), wavPcm16);
-    EXPECT_TRUE(decodeClip(file, QStringLiteral("wav")).isOk());
-    EXPECT_TRUE(decodeClip(file, QStringLiteral("WAV")).isOk());
+    EXPECT_TRUE(decodeClip(file, u"wav"_s).isOk());
+    EXPECT_TRUE(decodeClip(file, u"WAV"_s).isOk());
     for (const auto *extension : {"", ".wav", "wav ", " wav", "wa/v", "../wav", "wavwavwav", "w\0v", "wàv", "wav\n"})
         EXPECT_FALSE(decodeClip(file, QString::fromUtf8(extension)).isOk()) << extension;
-    EXPECT_FALSE(decodeClip(file, QStringLiteral("ｗａｖ")).isOk());
-    EXPECT_FALSE(decodeClip(file, QStringLiteral("wav") + QChar(0)).isOk());
+    EXPECT_FALSE(decodeClip(file, u"ｗａｖ"_s).isOk());
+    EXPECT_FALSE(decodeClip(file, u"wav"_s + QChar(0)).isOk());
     EXPECT_FALSE(decodeClip(file, QString()).isOk());
 }
 
@@ -149,7 +150,7 @@ TEST(ClipDecoder, TheDataMustBeWhatTheExtensionSays) {
                 std::any_of(formats.begin(), formats.end(), [&, format = format](const auto &candidate) {
                     return candidate.format == format && named(candidate.extension) == named(other);
                 });
-            if (!isSame && !(named(extension) == QStringLiteral("aif") && named(other) == QStringLiteral("aiff")))
+            if (!isSame && !(named(extension) == u"aif"_s && named(other) == u"aiff"_s))
                 expectRefused(file, other);
         }
     }

@@ -11,6 +11,7 @@
 #include <sndfile.h>
 
 using namespace palomet;
+using namespace Qt::StringLiterals;
 using testing::ElementsAre;
 
 // Clips as they come from a backend, decoded by what the program decodes with.
@@ -59,10 +60,10 @@ struct RealClipTest : testing::Test {
 
 TEST_F(RealClipTest, TwoClipsSentBackToBackSoundWithoutAGapForExactlyTheirLength) {
     const auto clip = wav(std::vector<float>(24000, 0.25F));
-    io.play({1}, clip, QStringLiteral("wav"));
-    io.play({2}, clip, QStringLiteral("wav"));
+    io.play({1}, clip, u"wav"_s);
+    io.play({2}, clip, u"wav"_s);
     // These speakers are faster than any clip: they begin when all three were decoded.
-    io.play({3}, clip, QStringLiteral("mp3"));
+    io.play({3}, clip, u"mp3"_s);
     ASSERT_TRUE(test::eventually([&] { return !played.empty(); }));
     ASSERT_TRUE(speakUntilPlayed(3));
     EXPECT_THAT(played, ElementsAre(3, 1, 2));
@@ -85,22 +86,22 @@ TEST_F(RealClipTest, EveryKindOfFileIsPlayed) {
 
 TEST_F(RealClipTest, WhatIsNotWhatItSaysIsNotedAndReported) {
     const auto clip = wav(std::vector<float>(2400, 0.25F));
-    io.play({1}, clip, QStringLiteral("../x"));
-    io.play({2}, clip, QStringLiteral("mp3"));
-    io.play({3}, {}, QStringLiteral("mp3"));
-    io.play({4}, QByteArray(30 * 1024 * 1024, '\0'), QStringLiteral("mp3"));
+    io.play({1}, clip, u"../x"_s);
+    io.play({2}, clip, u"mp3"_s);
+    io.play({3}, {}, u"mp3"_s);
+    io.play({4}, QByteArray(30 * 1024 * 1024, '\0'), u"mp3"_s);
     ASSERT_TRUE(speakUntilPlayed(4));
     EXPECT_THAT(played, ElementsAre(1, 2, 3, 4));
     ASSERT_EQ(notes.size(), 4);
     for (qint64 id = 1; id <= 4; ++id) {
-        EXPECT_TRUE(notes[id - 1].startsWith(QStringLiteral("áudio: não consegui tocar a fala %1 (").arg(id)))
+        EXPECT_TRUE(notes[id - 1].startsWith(u"áudio: não consegui tocar a fala %1 ("_s.arg(id)))
             << notes[id - 1].toStdString();
     }
-    EXPECT_EQ(notes[0], QStringLiteral("áudio: não consegui tocar a fala 1 (formato inválido)"));
+    EXPECT_EQ(notes[0], u"áudio: não consegui tocar a fala 1 (formato inválido)"_s);
 }
 
 TEST_F(RealClipTest, AClipOfZeroFramesIsPlayedAtOnce) {
-    io.play({1}, wav({}), QStringLiteral("wav"));
+    io.play({1}, wav({}), u"wav"_s);
     ASSERT_TRUE(speakUntilPlayed(1));
     EXPECT_TRUE(notes.isEmpty());
 }

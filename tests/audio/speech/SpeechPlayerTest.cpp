@@ -9,6 +9,7 @@
 #include <semaphore>
 
 using namespace palomet;
+using namespace Qt::StringLiterals;
 using testing::AllOf;
 using testing::Contains;
 using testing::ElementsAre;
@@ -60,7 +61,7 @@ struct SpeechPlayerTest : testing::Test {
         return true;
     }
 
-    void play(qint64 id, const char *data) { player->play({id}, data, QStringLiteral("mp3")); }
+    void play(qint64 id, const char *data) { player->play({id}, data, u"mp3"_s); }
 
     std::size_t failureCount() {
         const std::lock_guard guard(failuresMutex);
@@ -176,8 +177,8 @@ TEST_F(SpeechPlayerTest, AStopReportsAnIdAsOftenAsItIsPending) {
 TEST_F(SpeechPlayerTest, ClipsOfTwoConnectionsWithOneNumberAreTwoClips) {
     std::vector<ClipId> ids;
     player->onPlayed = [&](ClipId id) { ids.push_back(id); };
-    player->play({7, 2}, "100", QStringLiteral("mp3"));
-    player->play({7, 1}, "100", QStringLiteral("mp3"));
+    player->play({7, 2}, "100", u"mp3"_s);
+    player->play({7, 1}, "100", u"mp3"_s);
     EXPECT_TRUE(speakUntil([&] { return player->isQuiet(); }));
     EXPECT_THAT(ids, ElementsAre(ClipId{7, 2}, ClipId{7, 1}));
 }
@@ -194,7 +195,7 @@ TEST_F(SpeechPlayerTest, TheLocalChimeIsNeverReportedWhenItEndsOrIsStopped) {
 TEST_F(SpeechPlayerTest, AClipThatCannotBeDecodedFailsAtOnceAndHoldsNobodyUp) {
     play(1, "nonsense");
     EXPECT_TRUE(speakUntil([&] { return failureCount() == 1; }));
-    EXPECT_EQ(failures.front(), std::pair(qint64{1}, QStringLiteral("no mp3")));
+    EXPECT_EQ(failures.front(), std::pair(qint64{1}, u"no mp3"_s));
     EXPECT_FALSE(player->hasPending());
     play(2, "10");
     EXPECT_TRUE(speakUntil([&] { return played.size() == 1; }));
@@ -279,7 +280,7 @@ TEST(SpeechThreads, NeverReportAClipTwiceOrNotAtAllWhileStopsAndEndsMeet) {
     });
     constexpr qint64 clips = 2000;
     for (qint64 id = 0; id < clips; ++id) {
-        player.play({id}, id % 7 == 0 ? "nonsense" : "333", QStringLiteral("mp3"));
+        player.play({id}, id % 7 == 0 ? "nonsense" : "333", u"mp3"_s);
         if (id % 13 == 0)
             player.stop();
     }

@@ -2,6 +2,7 @@
 
 using namespace palomet;
 using namespace std::chrono_literals;
+using namespace Qt::StringLiterals;
 using test::AudioIOTest;
 using testing::IsEmpty;
 using testing::UnorderedElementsAre;
@@ -10,18 +11,18 @@ TEST_F(AudioIOTest, SpeechThatNothingPlaysIsGivenUpAfterFiveSeconds) {
     server.isAlive = false;
     io.start({});
     notes.clear();
-    io.play({1}, "1000", QStringLiteral("mp3"));
-    io.play({2}, "1000", QStringLiteral("mp3"));
+    io.play({1}, "1000", u"mp3"_s);
+    io.play({2}, "1000", u"mp3"_s);
     scheduler.advance(4s);
     EXPECT_THAT(played, IsEmpty());
     scheduler.advance(1s);
     EXPECT_THAT(played, UnorderedElementsAre(1, 2));
-    EXPECT_TRUE(notes.contains(QStringLiteral("áudio: o servidor de som não toca nada; falas abandonadas")));
+    EXPECT_TRUE(notes.contains(u"áudio: o servidor de som não toca nada; falas abandonadas"_s));
 }
 
 TEST_F(AudioIOTest, ALongClipIsNotGivenUpWhileItPlays) {
     io.start({});
-    io.play({1}, "4800000", QStringLiteral("mp3"));
+    io.play({1}, "4800000", u"mp3"_s);
     EXPECT_TRUE(speakers.playUntilSound());
     for (int second = 0; second < 60; ++second) {
         speakers.pull(48000);
@@ -33,7 +34,7 @@ TEST_F(AudioIOTest, ALongClipIsNotGivenUpWhileItPlays) {
 
 TEST_F(AudioIOTest, NothingTicksWhenThereIsNothingToSay) {
     io.start({});
-    io.play({1}, "10", QStringLiteral("mp3"));
+    io.play({1}, "10", u"mp3"_s);
     EXPECT_EQ(scheduler.pendingCount(), 1U);
     EXPECT_TRUE(speakers.speakUntil([&] { return !played.empty(); }));
     scheduler.advance(1s);

@@ -16,6 +16,7 @@
 #include <vector>
 
 using namespace palomet;
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -25,9 +26,9 @@ protected:
         ASSERT_FALSE(bus.address().isEmpty());
         service.onCommand = [this](const RemoteCommand &command) {
             commands.push_back(command);
-            if (command.action == QStringLiteral("act"))
+            if (command.action == u"act"_s)
                 return RemoteOutcome::Busy;
-            return command.action == QStringLiteral("dance") ? RemoteOutcome::Unknown : RemoteOutcome::Done;
+            return command.action == u"dance"_s ? RemoteOutcome::Unknown : RemoteOutcome::Done;
         };
         service.onActivate = [this] { ++activations; };
     }
@@ -55,13 +56,13 @@ protected:
 
 TEST_F(DBusRemoteTest, CarriesACommandAndItsTextToTheRunningInstance) {
     ASSERT_EQ(service.claim(), RemoteService::Claim::Primary);
-    const RemoteCommand say{QStringLiteral("say"), QStringLiteral("“olá” & <b>tudo</b>")};
+    const RemoteCommand say{u"say"_s, u"“olá” & <b>tudo</b>"_s};
     asAnotherProgram([&] {
         DBusRemoteClient client(clientBus);
-        EXPECT_EQ(client.send({QStringLiteral("listen"), std::nullopt}), std::nullopt);
+        EXPECT_EQ(client.send({u"listen"_s, std::nullopt}), std::nullopt);
         EXPECT_EQ(client.send(say), std::nullopt);
     });
-    EXPECT_EQ(commands, std::vector<RemoteCommand>({{QStringLiteral("listen"), std::nullopt}, say}));
+    EXPECT_EQ(commands, std::vector<RemoteCommand>({{u"listen"_s, std::nullopt}, say}));
 }
 
 TEST_F(DBusRemoteTest, CarriesAMebibyteOfText) {
@@ -69,7 +70,7 @@ TEST_F(DBusRemoteTest, CarriesAMebibyteOfText) {
     const QString text(1024 * 1024, u'a');
     asAnotherProgram([&] {
         DBusRemoteClient client(clientBus);
-        EXPECT_EQ(client.send({QStringLiteral("say"), text}), std::nullopt);
+        EXPECT_EQ(client.send({u"say"_s, text}), std::nullopt);
     });
     ASSERT_EQ(commands.size(), 1U);
     EXPECT_EQ(commands[0].text, text);
@@ -79,30 +80,29 @@ TEST_F(DBusRemoteTest, SaysWhyACommandWasRefused) {
     ASSERT_EQ(service.claim(), RemoteService::Claim::Primary);
     asAnotherProgram([&] {
         DBusRemoteClient client(clientBus);
-        const auto problem = client.send({QStringLiteral("dance"), std::nullopt});
+        const auto problem = client.send({u"dance"_s, std::nullopt});
         ASSERT_TRUE(problem);
-        EXPECT_EQ(problem->reason, QStringLiteral("no such action: dance"));
-        const auto busy = client.send({QStringLiteral("act"), std::nullopt});
+        EXPECT_EQ(problem->reason, u"no such action: dance"_s);
+        const auto busy = client.send({u"act"_s, std::nullopt});
         ASSERT_TRUE(busy);
-        EXPECT_EQ(busy->reason, QStringLiteral("too many commands are waiting for the backend"));
+        EXPECT_EQ(busy->reason, u"too many commands are waiting for the backend"_s);
     });
 }
 
 TEST_F(DBusRemoteTest, SaysThatNoneRuns) {
     DBusRemoteClient client(clientBus);
-    EXPECT_EQ(client.send({QStringLiteral("listen"), std::nullopt})->reason, QStringLiteral("Palomet is not running"));
+    EXPECT_EQ(client.send({u"listen"_s, std::nullopt})->reason, u"Palomet is not running"_s);
     EXPECT_FALSE(client.status());
     EXPECT_TRUE(client.waitUntilGone(std::chrono::milliseconds{0}));
 }
 
 TEST_F(DBusRemoteTest, SaysThatThereIsNoBus) {
-    const auto nowhere =
-        QDBusConnection::connectToBus(QStringLiteral("unix:path=/nonexistent"), QStringLiteral("nowhere"));
+    const auto nowhere = QDBusConnection::connectToBus(u"unix:path=/nonexistent"_s, u"nowhere"_s);
     DBusRemoteClient client(nowhere);
-    EXPECT_EQ(client.send({QStringLiteral("listen"), std::nullopt})->reason, QStringLiteral("there is no session bus"));
+    EXPECT_EQ(client.send({u"listen"_s, std::nullopt})->reason, u"there is no session bus"_s);
     DBusRemoteService alone(nowhere);
     EXPECT_EQ(alone.claim(), RemoteService::Claim::Absent);
-    alone.publish({QStringLiteral("waiting"), {}, false, true});
+    alone.publish({u"waiting"_s, {}, false, true});
 }
 
 TEST_F(DBusRemoteTest, LetsOneInstanceRunAndShowsItInsteadOfASecond) {
@@ -116,8 +116,8 @@ TEST_F(DBusRemoteTest, LetsOneInstanceRunAndShowsItInsteadOfASecond) {
 
 TEST_F(DBusRemoteTest, TellsTheStatusAndItsChanges) {
     ASSERT_EQ(service.claim(), RemoteService::Claim::Primary);
-    const RemoteStatus waiting{QStringLiteral("waiting"), QStringLiteral("USB “Audio”"), false, true};
-    const RemoteStatus muted{QStringLiteral("muted"), QStringLiteral("USB “Audio”"), true, true};
+    const RemoteStatus waiting{u"waiting"_s, u"USB “Audio”"_s, false, true};
+    const RemoteStatus muted{u"muted"_s, u"USB “Audio”"_s, true, true};
     service.publish(waiting);
     asAnotherProgram([&] {
         DBusRemoteClient client(clientBus);
@@ -163,14 +163,14 @@ TEST_F(DBusRemoteTest, TakesItsPlaceOnTheNextBusWhenItsOwnHasEnded) {
     lasting.onActivate = [&] { ++activationsThere; };
     lasting.onReplaced = [] { ADD_FAILURE() << "there is no other one"; };
     ASSERT_EQ(lasting.claim(), RemoteService::Claim::Primary);
-    const RemoteStatus muted{QStringLiteral("muted"), {}, true, true};
+    const RemoteStatus muted{u"muted"_s, {}, true, true};
     lasting.publish(muted);
     for (int round = 0; round < 3; ++round) {
         bus.end();
         bus.beginAgain();
         const auto other = bus.connect();
-        ASSERT_TRUE(test::eventually(
-            [&] { return other.interface()->isServiceRegistered(QStringLiteral("org.palomet.Palomet")).value(); }));
+        ASSERT_TRUE(
+            test::eventually([&] { return other.interface()->isServiceRegistered(u"org.palomet.Palomet"_s).value(); }));
         asAnotherProgram([&] {
             DBusRemoteClient client(other);
             const auto status = client.status();

@@ -11,6 +11,8 @@
 
 namespace palomet::test {
 
+using namespace Qt::StringLiterals;
+
 /// The desktop's settings portal and permission store on a bus of the test's own, as far as this program asks them.
 class FakeDesktop final : public QDBusVirtualObject {
     Q_OBJECT
@@ -31,8 +33,7 @@ public:
     QStringList calls; ///< Members called, in order.
 
     void changeSetting(const QString &group, const QString &key, const QVariant &value);
-    void changePermissions(const QMap<QString, QStringList> &changed,
-                           const QString &device = QStringLiteral("microphone"));
+    void changePermissions(const QMap<QString, QStringList> &changed, const QString &device = u"microphone"_s);
     void deletePermissions();
     /// Answers the calls that were kept waiting.
     void answerNow();

@@ -5,15 +5,17 @@
 
 namespace palomet::test {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-const auto service = QStringLiteral("org.freedesktop.portal.Desktop");
-const auto path = QStringLiteral("/org/freedesktop/portal/desktop");
-const auto interface = QStringLiteral("org.freedesktop.portal.GlobalShortcuts");
+const auto service = u"org.freedesktop.portal.Desktop"_s;
+const auto path = u"/org/freedesktop/portal/desktop"_s;
+const auto interface = u"org.freedesktop.portal.GlobalShortcuts"_s;
 
 QString requestPath(const QDBusMessage &message, const QVariantMap &options) {
     const auto sender = message.service().mid(1).replace(u'.', u'_');
-    return path + QStringLiteral("/request/") + sender + u'/' + options[QStringLiteral("handle_token")].toString();
+    return path + u"/request/"_s + sender + u'/' + options[u"handle_token"_s].toString();
 }
 
 } // namespace
@@ -42,54 +44,51 @@ QString FakePortal::introspect(const QString &) const {
 bool FakePortal::handleMessage(const QDBusMessage &message, const QDBusConnection &) {
     const auto arguments = message.arguments();
     calls += message.member();
-    if (message.member() == QStringLiteral("CreateSession")) {
+    if (message.member() == u"CreateSession"_s) {
         if (answer == Answer::Error) {
-            m_bus.send(message.createErrorReply(QDBusError::UnknownMethod, QStringLiteral("no such interface")));
+            m_bus.send(message.createErrorReply(QDBusError::UnknownMethod, u"no such interface"_s));
             return true;
         }
         const auto options = qdbus_cast<QVariantMap>(arguments.value(0));
-        created = qdbus_cast<QList<PortalShortcut>>(options[QStringLiteral("shortcuts")]);
+        created = qdbus_cast<QList<PortalShortcut>>(options[u"shortcuts"_s]);
         const auto request = requestPath(message, options);
-        session = path + QStringLiteral("/session/x/") + options[QStringLiteral("session_handle_token")].toString();
+        session = path + u"/session/x/"_s + options[u"session_handle_token"_s].toString();
         m_bus.send(message.createReply(QVariant::fromValue(QDBusObjectPath(request))));
-        const QVariantMap results{{QStringLiteral("session_handle"), session}};
+        const QVariantMap results{{u"session_handle"_s, session}};
         if (answer == Answer::Nothing)
             pending = {request, results};
         else
             respond(request, answer == Answer::RefuseSession ? 1 : 0, results);
         return true;
     }
-    if (message.member() == QStringLiteral("BindShortcuts")) {
+    if (message.member() == u"BindShortcuts"_s) {
         bound = qdbus_cast<QList<PortalShortcut>>(arguments.value(1));
         const auto request = requestPath(message, qdbus_cast<QVariantMap>(arguments.value(3)));
         m_bus.send(message.createReply(QVariant::fromValue(QDBusObjectPath(request))));
         QList<PortalShortcut> granted;
         for (const auto &shortcut : bound) {
-            granted.append(
-                {shortcut.id, {{QStringLiteral("trigger_description"), QStringLiteral("Meta+") + shortcut.id}}});
+            granted.append({shortcut.id, {{u"trigger_description"_s, u"Meta+"_s + shortcut.id}}});
             if (answer == Answer::BindFirstOnly)
                 break;
         }
-        respond(request, answer == Answer::RefuseBinding ? 1 : 0,
-                {{QStringLiteral("shortcuts"), QVariant::fromValue(granted)}});
+        respond(request, answer == Answer::RefuseBinding ? 1 : 0, {{u"shortcuts"_s, QVariant::fromValue(granted)}});
         return true;
     }
-    if (message.member() == QStringLiteral("Register")) {
-        m_bus.send(message.createErrorReply(QDBusError::UnknownMethod, QStringLiteral("too old to know")));
+    if (message.member() == u"Register"_s) {
+        m_bus.send(message.createErrorReply(QDBusError::UnknownMethod, u"too old to know"_s));
         return true;
     }
-    return message.member() == QStringLiteral("Close") && m_bus.send(message.createReply());
+    return message.member() == u"Close"_s && m_bus.send(message.createReply());
 }
 
 void FakePortal::respond(const QString &request, uint code, const QVariantMap &results) {
-    auto signal = QDBusMessage::createSignal(request, QStringLiteral("org.freedesktop.portal.Request"),
-                                             QStringLiteral("Response"));
+    auto signal = QDBusMessage::createSignal(request, u"org.freedesktop.portal.Request"_s, u"Response"_s);
     signal.setArguments({code, results});
     m_bus.send(signal);
 }
 
 void FakePortal::activate(const QString &id, const QString &inSession) {
-    auto signal = QDBusMessage::createSignal(path, interface, QStringLiteral("Activated"));
+    auto signal = QDBusMessage::createSignal(path, interface, u"Activated"_s);
     signal.setArguments({QVariant::fromValue(QDBusObjectPath(inSession.isEmpty() ? session : inSession)), id,
                          qulonglong{1}, QVariantMap()});
     m_bus.send(signal);
@@ -98,15 +97,14 @@ void FakePortal::activate(const QString &id, const QString &inSession) {
 void FakePortal::change(const QMap<QString, QString> &triggers) {
     QList<PortalShortcut> shortcuts;
     for (auto trigger = triggers.begin(); trigger != triggers.end(); ++trigger)
-        shortcuts.append({trigger.key(), {{QStringLiteral("trigger_description"), trigger.value()}}});
-    auto signal = QDBusMessage::createSignal(path, interface, QStringLiteral("ShortcutsChanged"));
+        shortcuts.append({trigger.key(), {{u"trigger_description"_s, trigger.value()}}});
+    auto signal = QDBusMessage::createSignal(path, interface, u"ShortcutsChanged"_s);
     signal.setArguments({QVariant::fromValue(QDBusObjectPath(session)), QVariant::fromValue(shortcuts)});
     m_bus.send(signal);
 }
 
 void FakePortal::closeSession() {
-    m_bus.send(QDBusMessage::createSignal(session, QStringLiteral("org.freedesktop.portal.Session"),
-                                          QStringLiteral("Closed")));
+    m_bus.send(QDBusMessage::createSignal(session, u"org.freedesktop.portal.Session"_s, u"Closed"_s));
 }
 
 } // namespace palomet::test

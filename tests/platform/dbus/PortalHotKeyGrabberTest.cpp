@@ -11,6 +11,7 @@
 #include <vector>
 
 using namespace palomet;
+using namespace Qt::StringLiterals;
 using test::FakePortal;
 
 namespace {
@@ -23,7 +24,7 @@ protected:
 
     /// Starts the grabber with both hot keys, the first of them registered.
     void begin() {
-        grabber = std::make_unique<PortalHotKeyGrabber>(bus.connect(), QStringLiteral("org.palomet.Palomet"), layout);
+        grabber = std::make_unique<PortalHotKeyGrabber>(bus.connect(), u"org.palomet.Palomet"_s, layout);
         grabber->onPressed = [this](quint32 id) { pressed.push_back(id); };
         grabber->onRefused = [this](quint32 id) { refused.push_back(id); };
         grabber->onGranted = [this](quint32 id) { granted.push_back(id); };
@@ -31,13 +32,13 @@ protected:
         isTaken = grabber->grab(1, 49, option);
     }
     bool isBound() {
-        return test::eventually([&] { return grabber->trigger(1) == QStringLiteral("Meta+1"); });
+        return test::eventually([&] { return grabber->trigger(1) == u"Meta+1"_s; });
     }
 
     test::PrivateBus bus;
-    test::FixedKeyboardLayout layout{{{40, QStringLiteral("k")}}};
+    test::FixedKeyboardLayout layout{{{40, u"k"_s}}};
     FakePortal portal{bus.connect()};
-    std::vector<HotKeyOffer> offers{{1, QStringLiteral("Listen"), 49, option}, {2, QStringLiteral("Stop"), 53, 0}};
+    std::vector<HotKeyOffer> offers{{1, u"Listen"_s, 49, option}, {2, u"Stop"_s, 53, 0}};
     std::unique_ptr<PortalHotKeyGrabber> grabber;
     std::vector<quint32> pressed;
     std::vector<quint32> refused;
@@ -52,46 +53,44 @@ TEST_F(PortalHotKeyGrabberTest, BindsEveryOfferedKeyOnceInBothCalls) {
     begin();
     EXPECT_TRUE(isTaken);
     ASSERT_TRUE(isBound());
-    EXPECT_EQ(portal.calls, QStringList({QStringLiteral("Register"), QStringLiteral("CreateSession"),
-                                         QStringLiteral("BindShortcuts")}));
+    EXPECT_EQ(portal.calls, QStringList({u"Register"_s, u"CreateSession"_s, u"BindShortcuts"_s}));
     ASSERT_EQ(portal.created.size(), 2);
     ASSERT_EQ(portal.bound.size(), 2);
     EXPECT_EQ(portal.created[0].properties, portal.bound[0].properties);
-    EXPECT_EQ(portal.bound[0].properties[QStringLiteral("description")], QStringLiteral("Listen"));
-    EXPECT_EQ(portal.bound[0].properties[QStringLiteral("preferred_trigger")], QStringLiteral("ALT+space"));
+    EXPECT_EQ(portal.bound[0].properties[u"description"_s], u"Listen"_s);
+    EXPECT_EQ(portal.bound[0].properties[u"preferred_trigger"_s], u"ALT+space"_s);
     EXPECT_TRUE(grabber->grab(2, 53, 0));
     grabber->release(2);
-    EXPECT_EQ(portal.calls.count(QStringLiteral("BindShortcuts")), 1);
+    EXPECT_EQ(portal.calls.count(u"BindShortcuts"_s), 1);
 }
 
 TEST_F(PortalHotKeyGrabberTest, NeverProposesAKeyWithoutAModifier) {
     portal.appear();
     begin();
     ASSERT_TRUE(isBound());
-    EXPECT_FALSE(portal.bound[1].properties.contains(QStringLiteral("preferred_trigger")));
-    EXPECT_EQ(preferredTrigger({1, {}, 40, 0x1000 | option | 0x200 | 0x100}, layout),
-              QStringLiteral("CTRL+ALT+SHIFT+LOGO+k"));
+    EXPECT_FALSE(portal.bound[1].properties.contains(u"preferred_trigger"_s));
+    EXPECT_EQ(preferredTrigger({1, {}, 40, 0x1000 | option | 0x200 | 0x100}, layout), u"CTRL+ALT+SHIFT+LOGO+k"_s);
     EXPECT_EQ(preferredTrigger({1, {}, 10, option}, layout), QString());
 }
 
 TEST_F(PortalHotKeyGrabberTest, ProposesAKeyThatTypesNoCharacterByTheNameThatXHasForIt) {
     const auto proposed = [this](quint32 keyCode) { return preferredTrigger({1, {}, keyCode, option}, layout); };
-    EXPECT_EQ(proposed(36), QStringLiteral("ALT+Return"));
-    EXPECT_EQ(proposed(76), QStringLiteral("ALT+KP_Enter"));
-    EXPECT_EQ(proposed(116), QStringLiteral("ALT+Prior"));
-    EXPECT_EQ(proposed(121), QStringLiteral("ALT+Next"));
-    EXPECT_EQ(proposed(110), QStringLiteral("ALT+Menu"));
-    EXPECT_EQ(proposed(90), QStringLiteral("ALT+F20"));
+    EXPECT_EQ(proposed(36), u"ALT+Return"_s);
+    EXPECT_EQ(proposed(76), u"ALT+KP_Enter"_s);
+    EXPECT_EQ(proposed(116), u"ALT+Prior"_s);
+    EXPECT_EQ(proposed(121), u"ALT+Next"_s);
+    EXPECT_EQ(proposed(110), u"ALT+Menu"_s);
+    EXPECT_EQ(proposed(90), u"ALT+F20"_s);
 }
 
 TEST_F(PortalHotKeyGrabberTest, TellsOfAnActivationOfARegisteredKeyOnly) {
     portal.appear();
     begin();
     ASSERT_TRUE(isBound());
-    portal.activate(QStringLiteral("2"));
-    portal.activate(QStringLiteral("1"), QStringLiteral("/org/freedesktop/portal/desktop/session/x/other"));
-    portal.activate(QStringLiteral("nonsense"));
-    portal.activate(QStringLiteral("1"));
+    portal.activate(u"2"_s);
+    portal.activate(u"1"_s, u"/org/freedesktop/portal/desktop/session/x/other"_s);
+    portal.activate(u"nonsense"_s);
+    portal.activate(u"1"_s);
     EXPECT_TRUE(test::eventually([&] { return !pressed.empty(); }));
     EXPECT_EQ(pressed, std::vector<quint32>({1}));
 }
@@ -156,7 +155,7 @@ TEST_F(PortalHotKeyGrabberTest, BindsAnewWhenThePortalComesBack) {
     ASSERT_TRUE(test::eventually([&] { return grabber->trigger(1).isEmpty(); }));
     portal.appear();
     ASSERT_TRUE(isBound());
-    portal.activate(QStringLiteral("1"));
+    portal.activate(u"1"_s);
     EXPECT_TRUE(test::eventually([&] { return pressed == std::vector<quint32>({1}); }));
     EXPECT_TRUE(refused.empty());
 }
@@ -177,9 +176,9 @@ TEST_F(PortalHotKeyGrabberTest, BindsAnewOnlyWhenWhatIsOfferedChanged) {
     offers[0].keyCode = 40;
     grabber->offer(offers);
     ASSERT_TRUE(isBound());
-    EXPECT_EQ(portal.calls.count(QStringLiteral("CreateSession")), 2);
-    EXPECT_EQ(portal.calls.count(QStringLiteral("Close")), 1);
-    EXPECT_EQ(portal.bound[0].properties[QStringLiteral("preferred_trigger")], QStringLiteral("ALT+k"));
+    EXPECT_EQ(portal.calls.count(u"CreateSession"_s), 2);
+    EXPECT_EQ(portal.calls.count(u"Close"_s), 1);
+    EXPECT_EQ(portal.bound[0].properties[u"preferred_trigger"_s], u"ALT+k"_s);
 }
 
 TEST_F(PortalHotKeyGrabberTest, ReportsAKeyThatTheUserTakesAwayAndOneThatIsGivenLater) {
@@ -187,15 +186,15 @@ TEST_F(PortalHotKeyGrabberTest, ReportsAKeyThatTheUserTakesAwayAndOneThatIsGiven
     begin();
     ASSERT_TRUE(isBound());
     granted.clear();
-    portal.change({{QStringLiteral("2"), QStringLiteral("Meta+2")}});
+    portal.change({{u"2"_s, u"Meta+2"_s}});
     EXPECT_TRUE(test::eventually([&] { return refused == std::vector<quint32>({1}); }));
     EXPECT_FALSE(grabber->grab(1, 49, option));
-    portal.activate(QStringLiteral("2"));
-    portal.change({{QStringLiteral("1"), QStringLiteral("Meta+3")}, {QStringLiteral("2"), QStringLiteral("Meta+2")}});
+    portal.activate(u"2"_s);
+    portal.change({{u"1"_s, u"Meta+3"_s}, {u"2"_s, u"Meta+2"_s}});
     EXPECT_TRUE(test::eventually([&] { return granted == std::vector<quint32>({1}); }));
     EXPECT_TRUE(grabber->grab(1, 49, option));
-    EXPECT_EQ(grabber->trigger(1), QStringLiteral("Meta+3"));
-    portal.activate(QStringLiteral("1"));
+    EXPECT_EQ(grabber->trigger(1), u"Meta+3"_s);
+    portal.activate(u"1"_s);
     EXPECT_TRUE(test::eventually([&] { return pressed == std::vector<quint32>({1}); }));
     EXPECT_EQ(refused, std::vector<quint32>({1}));
 }
@@ -205,11 +204,11 @@ TEST_F(PortalHotKeyGrabberTest, ReportsAKeyThatIsLeftWithoutKeysUntilItIsActivat
     begin();
     ASSERT_TRUE(isBound());
     granted.clear();
-    portal.change({{QStringLiteral("1"), QString()}, {QStringLiteral("2"), QStringLiteral("Meta+2")}});
+    portal.change({{u"1"_s, QString()}, {u"2"_s, u"Meta+2"_s}});
     EXPECT_TRUE(test::eventually([&] { return refused == std::vector<quint32>({1}); }));
     grabber->onGranted = [this](quint32 id) { isTaken = grabber->grab(id, 49, option); };
     isTaken = false;
-    portal.activate(QStringLiteral("1"));
+    portal.activate(u"1"_s);
     EXPECT_TRUE(test::eventually([&] { return pressed == std::vector<quint32>({1}); }));
     EXPECT_TRUE(isTaken);
 }
@@ -219,7 +218,7 @@ TEST_F(PortalHotKeyGrabberTest, TakesTheKeysThatTheUserChoosesAfterARefusal) {
     portal.appear();
     begin();
     ASSERT_TRUE(test::eventually([&] { return refused == std::vector<quint32>({1}); }));
-    portal.change({{QStringLiteral("1"), QStringLiteral("Meta+3")}});
+    portal.change({{u"1"_s, u"Meta+3"_s}});
     EXPECT_TRUE(test::eventually([&] { return granted == std::vector<quint32>({1}); }));
     EXPECT_TRUE(grabber->grab(1, 49, option));
 }
@@ -230,9 +229,9 @@ TEST_F(PortalHotKeyGrabberTest, TellsWhenTheUserHasChosenOtherKeysForAKeyThatIsH
     ASSERT_TRUE(isBound());
     QString told;
     grabber->onTriggersChanged = [&] { told = grabber->trigger(1); };
-    portal.change({{QStringLiteral("1"), QStringLiteral("Ctrl+F1")}, {QStringLiteral("2"), QStringLiteral("Meta+2")}});
-    EXPECT_TRUE(test::eventually([&] { return told == QStringLiteral("Ctrl+F1"); }));
-    told = QStringLiteral("nothing");
+    portal.change({{u"1"_s, u"Ctrl+F1"_s}, {u"2"_s, u"Meta+2"_s}});
+    EXPECT_TRUE(test::eventually([&] { return told == u"Ctrl+F1"_s; }));
+    told = u"nothing"_s;
     portal.vanish();
     EXPECT_TRUE(test::eventually([&] { return told.isEmpty(); }));
 }

@@ -14,13 +14,15 @@
 
 namespace palomet::test {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-const auto portalProgram = QStringLiteral("/usr/libexec/xdg-desktop-portal");
-const auto portalService = QStringLiteral("org.freedesktop.portal.Desktop");
-const auto service = QStringLiteral("org.freedesktop.impl.portal.desktop.rehearsed");
-const auto path = QStringLiteral("/org/freedesktop/portal/desktop");
-const auto interface = QStringLiteral("org.freedesktop.impl.portal.GlobalShortcuts");
+const auto portalProgram = u"/usr/libexec/xdg-desktop-portal"_s;
+const auto portalService = u"org.freedesktop.portal.Desktop"_s;
+const auto service = u"org.freedesktop.impl.portal.desktop.rehearsed"_s;
+const auto path = u"/org/freedesktop/portal/desktop"_s;
+const auto interface = u"org.freedesktop.impl.portal.GlobalShortcuts"_s;
 
 QString pathIn(const QVariant &argument) {
     return argument.value<QDBusObjectPath>().path();
@@ -47,7 +49,7 @@ RealPortal::~RealPortal() {
 }
 
 bool RealPortal::start(Desktop desktop) {
-    QFile description(m_folder.filePath(QStringLiteral("rehearsed.portal")));
+    QFile description(m_folder.filePath(u"rehearsed.portal"_s));
     if (!description.open(QFile::WriteOnly))
         return false;
     description.write("[portal]\nDBusName=" + service.toUtf8() + "\nUseIn=rehearsed\nInterfaces=");
@@ -55,14 +57,14 @@ bool RealPortal::start(Desktop desktop) {
     description.write(";\n");
     description.close();
     auto environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), m_address);
-    environment.insert(QStringLiteral("XDG_DESKTOP_PORTAL_DIR"), m_folder.path());
-    environment.insert(QStringLiteral("XDG_CURRENT_DESKTOP"), QStringLiteral("rehearsed"));
+    environment.insert(u"DBUS_SESSION_BUS_ADDRESS"_s, m_address);
+    environment.insert(u"XDG_DESKTOP_PORTAL_DIR"_s, m_folder.path());
+    environment.insert(u"XDG_CURRENT_DESKTOP"_s, u"rehearsed"_s);
     for (const auto *home : {"HOME", "XDG_RUNTIME_DIR", "XDG_DATA_HOME", "XDG_CONFIG_HOME", "XDG_CACHE_HOME"})
         environment.insert(QString::fromLatin1(home), m_folder.path());
     m_portal.setProcessEnvironment(environment);
     m_portal.setProcessChannelMode(QProcess::MergedChannels);
-    m_portal.setStandardOutputFile(m_folder.filePath(QStringLiteral("log")));
+    m_portal.setStandardOutputFile(m_folder.filePath(u"log"_s));
     m_portal.setChildProcessModifier([] { prctl(PR_SET_PDEATHSIG, SIGKILL); });
     m_portal.start(portalProgram, {});
     // It asks this object about itself while it starts: the question must not wait for its answer here.
@@ -84,20 +86,19 @@ QString RealPortal::introspect(const QString &) const {
 bool RealPortal::handleMessage(const QDBusMessage &message, const QDBusConnection &) {
     const auto arguments = message.arguments();
     const auto member = message.member();
-    if (message.interface() == QStringLiteral("org.freedesktop.DBus.Properties")) {
-        const QVariantMap properties{{QStringLiteral("version"), 1U}};
-        return m_bus.send(member == QStringLiteral("GetAll")
-                              ? message.createReply(QVariant(properties))
-                              : message.createReply(QVariant::fromValue(QDBusVariant(1U))));
+    if (message.interface() == u"org.freedesktop.DBus.Properties"_s) {
+        const QVariantMap properties{{u"version"_s, 1U}};
+        return m_bus.send(member == u"GetAll"_s ? message.createReply(QVariant(properties))
+                                                : message.createReply(QVariant::fromValue(QDBusVariant(1U))));
     }
     calls += member;
-    if (member == QStringLiteral("CreateSession")) {
+    if (member == u"CreateSession"_s) {
         m_session = pathIn(arguments.value(1));
         return m_bus.send(message.createReply({answer == Answer::RefuseSession ? 1U : 0U, QVariantMap()}));
     }
-    if (member == QStringLiteral("BindShortcuts"))
+    if (member == u"BindShortcuts"_s)
         return m_bus.send(message.createReply({answer == Answer::RefuseBinding ? 1U : 0U, bind(arguments.value(2))}));
-    return member == QStringLiteral("Close") && m_bus.send(message.createReply());
+    return member == u"Close"_s && m_bus.send(message.createReply());
 }
 
 QVariantMap RealPortal::bind(const QVariant &shortcuts) {
@@ -105,23 +106,22 @@ QVariantMap RealPortal::bind(const QVariant &shortcuts) {
     QList<PortalShortcut> granted;
     for (const auto &shortcut : bound) {
         auto properties = shortcut.properties;
-        properties[QStringLiteral("trigger_description")] = QStringLiteral("Meta+") + shortcut.id;
+        properties[u"trigger_description"_s] = u"Meta+"_s + shortcut.id;
         granted.append({shortcut.id, properties});
         if (answer == Answer::BindFirstOnly)
             break;
     }
-    return {{QStringLiteral("shortcuts"), QVariant::fromValue(granted)}};
+    return {{u"shortcuts"_s, QVariant::fromValue(granted)}};
 }
 
 void RealPortal::activate(const QString &id) {
-    auto signal = QDBusMessage::createSignal(path, interface, QStringLiteral("Activated"));
+    auto signal = QDBusMessage::createSignal(path, interface, u"Activated"_s);
     signal.setArguments({QVariant::fromValue(QDBusObjectPath(m_session)), id, qulonglong{1}, QVariantMap()});
     m_bus.send(signal);
 }
 
 void RealPortal::closeSession() {
-    m_bus.send(QDBusMessage::createSignal(m_session, QStringLiteral("org.freedesktop.impl.portal.Session"),
-                                          QStringLiteral("Closed")));
+    m_bus.send(QDBusMessage::createSignal(m_session, u"org.freedesktop.impl.portal.Session"_s, u"Closed"_s));
 }
 
 } // namespace palomet::test

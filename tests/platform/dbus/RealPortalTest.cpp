@@ -9,6 +9,7 @@
 #include <vector>
 
 using namespace palomet;
+using namespace Qt::StringLiterals;
 using test::eventually;
 using test::RealPortal;
 
@@ -25,19 +26,19 @@ protected:
     }
 
     void begin() {
-        grabber = std::make_unique<PortalHotKeyGrabber>(bus.connect(), QStringLiteral("org.palomet.Palomet"), layout);
+        grabber = std::make_unique<PortalHotKeyGrabber>(bus.connect(), u"org.palomet.Palomet"_s, layout);
         grabber->onPressed = [this](quint32 id) { pressed.push_back(id); };
         grabber->onRefused = [this](quint32 id) { refused.push_back(id); };
-        grabber->offer({{1, QStringLiteral("Listen"), 49, option}, {2, QStringLiteral("Stop"), 53, 0}});
+        grabber->offer({{1, u"Listen"_s, 49, option}, {2, u"Stop"_s, 53, 0}});
         EXPECT_TRUE(grabber->grab(1, 49, option)) << "true while the answer is pending";
     }
     bool isBound() {
-        return eventually([&] { return grabber->trigger(1) == QStringLiteral("Meta+1"); });
+        return eventually([&] { return grabber->trigger(1) == u"Meta+1"_s; });
     }
 
     test::PrivateBus bus;
     RealPortal portal{bus.connect(), bus.address()};
-    test::FixedKeyboardLayout layout{{{40, QStringLiteral("k")}}};
+    test::FixedKeyboardLayout layout{{{40, u"k"_s}}};
     std::unique_ptr<PortalHotKeyGrabber> grabber;
     std::vector<quint32> pressed;
     std::vector<quint32> refused;
@@ -49,12 +50,12 @@ TEST_F(RealPortalTest, BindsBothKeysInOneSession) {
     ASSERT_TRUE(portal.start());
     begin();
     ASSERT_TRUE(isBound());
-    EXPECT_EQ(grabber->trigger(2), QStringLiteral("Meta+2"));
-    EXPECT_EQ(portal.calls, QStringList({QStringLiteral("CreateSession"), QStringLiteral("BindShortcuts")}));
+    EXPECT_EQ(grabber->trigger(2), u"Meta+2"_s);
+    EXPECT_EQ(portal.calls, QStringList({u"CreateSession"_s, u"BindShortcuts"_s}));
     ASSERT_EQ(portal.bound.size(), 2);
-    EXPECT_EQ(portal.bound[0].properties[QStringLiteral("description")], QStringLiteral("Listen"));
-    EXPECT_EQ(portal.bound[0].properties[QStringLiteral("preferred_trigger")], QStringLiteral("ALT+space"));
-    EXPECT_FALSE(portal.bound[1].properties.contains(QStringLiteral("preferred_trigger")));
+    EXPECT_EQ(portal.bound[0].properties[u"description"_s], u"Listen"_s);
+    EXPECT_EQ(portal.bound[0].properties[u"preferred_trigger"_s], u"ALT+space"_s);
+    EXPECT_FALSE(portal.bound[1].properties.contains(u"preferred_trigger"_s));
     EXPECT_TRUE(refused.empty());
 }
 
@@ -62,8 +63,8 @@ TEST_F(RealPortalTest, HearsOfARegisteredKeyOnly) {
     ASSERT_TRUE(portal.start());
     begin();
     ASSERT_TRUE(isBound());
-    portal.activate(QStringLiteral("2"));
-    portal.activate(QStringLiteral("1"));
+    portal.activate(u"2"_s);
+    portal.activate(u"1"_s);
     EXPECT_TRUE(eventually([&] { return !pressed.empty(); }));
     EXPECT_EQ(pressed, std::vector<quint32>({1}));
 }
@@ -122,7 +123,7 @@ TEST_F(RealPortalTest, BindsAnewWhenThePortalWasKilledAndIsBack) {
         ASSERT_TRUE(portal.start());
     }
     ASSERT_TRUE(isBound());
-    portal.activate(QStringLiteral("1"));
+    portal.activate(u"1"_s);
     EXPECT_TRUE(eventually([&] { return pressed == std::vector<quint32>({1}); }));
     EXPECT_TRUE(refused.empty());
 }

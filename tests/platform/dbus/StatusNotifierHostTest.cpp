@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 using namespace palomet;
+using namespace Qt::StringLiterals;
 using test::eventually;
 using Host = test::TrayHostDouble::Host;
 using Status = TrayHost::Status;
@@ -45,7 +46,7 @@ TEST_F(StatusNotifierHostTest, IsAbsentAtAWatcherWithoutAHost) {
 }
 
 TEST_F(StatusNotifierHostTest, IsAbsentWithoutABus) {
-    host.emplace(QDBusConnection::connectToBus(QStringLiteral("unix:path=/nowhere"), QStringLiteral("nowhere")));
+    host.emplace(QDBusConnection::connectToBus(u"unix:path=/nowhere"_s, u"nowhere"_s));
     EXPECT_TRUE(becomes(Status::Absent));
 }
 

@@ -23,8 +23,8 @@ using test::processFile;
 
 namespace {
 
-const QString fakeBackend = QStringLiteral(PALOMET_FAKE_BACKEND);
-const QString guardPath = QStringLiteral(PALOMET_GUARD);
+const QString fakeBackend = u"" PALOMET_FAKE_BACKEND ""_s;
+const QString guardPath = u"" PALOMET_GUARD ""_s;
 
 /// Makes this process the parent of all below it who have lost theirs, which a guard has from the start.
 class Foster {
@@ -85,7 +85,7 @@ protected:
     /// Starts a front end of its own, which starts the backend, and gives the backend's process once it is there.
     qint64 startFrontEnd(const QString &itsGuard) {
         QFile::resize(m_log.fileName(), 0);
-        frontEnd.start(QStringLiteral(PALOMET_FRONT_END), {fakeBackend, m_log.fileName(), itsGuard});
+        frontEnd.start(u"" PALOMET_FRONT_END ""_s, {fakeBackend, m_log.fileName(), itsGuard});
         EXPECT_TRUE(eventually([this] { return log().contains("pronto "); }));
         return test::processesNamed("pronto", log()).value(0, -1);
     }
@@ -137,8 +137,8 @@ TEST_F(ChildProcessTest, GivesItAnEmptyInputAndTheLogAndNoOtherDescriptor) {
 
 TEST_F(ChildProcessTest, StartsItEvenFromAProgramWithoutStandardDescriptors) {
     const auto path = folder.filePath(u"log"_s);
-    frontEnd.start(u"/bin/sh"_s, {u"-c"_s, u"exec \"$@\" <&- >&- 2>&-"_s, u"sh"_s, QStringLiteral(PALOMET_FRONT_END),
-                                  fakeBackend, path});
+    frontEnd.start(u"/bin/sh"_s,
+                   {u"-c"_s, u"exec \"$@\" <&- >&- 2>&-"_s, u"sh"_s, u"" PALOMET_FRONT_END ""_s, fakeBackend, path});
     ASSERT_TRUE(eventually([this] { return log().contains("pronto "); }));
     const auto backend = test::processesNamed("pronto", log()).constFirst();
     EXPECT_EQ(test::descriptorsOf(backend), (QStringList{u"0 -> /dev/null"_s, u"1 -> "_s + path, u"2 -> "_s + path}));

@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 
 using namespace palomet;
+using namespace Qt::StringLiterals;
 using Way = KernelSocketOwner::Way;
 
 namespace {
@@ -114,7 +115,7 @@ INSTANTIATE_TEST_SUITE_P(By, KernelSocketOwnerTest, testing::Values(Way::Questio
 
 TEST(KernelSocketTable, IsReadAsTheKernelWritesIt) {
     const QTemporaryDir proc;
-    QDir(proc.path()).mkpath(QStringLiteral("net"));
+    QDir(proc.path()).mkpath(u"net"_s);
     const auto write = [&](const QString &name, const QByteArrayList &lines) {
         QFile file(proc.filePath(name));
         ASSERT_TRUE(file.open(QFile::WriteOnly));
@@ -131,13 +132,13 @@ TEST(KernelSocketTable, IsReadAsTheKernelWritesIt) {
     EXPECT_EQ(ownerOf(4780, 0), SocketOwner::Unknown);
     const uid_t stranger = geteuid() + 1;
     // Another machine's address, another port, one that is left over of a connection that has ended.
-    write(QStringLiteral("net/tcp"), {row("0101A8C0:12AC", "00000000:0000", "0A", stranger, "1"),
-                                      row("0100007F:12AD", "00000000:0000", "0A", stranger, "2"),
-                                      row("0100007F:12AC", "0100007F:C350", "06", 0, "0"), "", ":12AC", "x"});
+    write(u"net/tcp"_s, {row("0101A8C0:12AC", "00000000:0000", "0A", stranger, "1"),
+                         row("0100007F:12AD", "00000000:0000", "0A", stranger, "2"),
+                         row("0100007F:12AC", "0100007F:C350", "06", 0, "0"), "", ":12AC", "x"});
     EXPECT_EQ(ownerOf(4780, 0), SocketOwner::Unknown);
     EXPECT_EQ(ownerOf(4780, 50000), SocketOwner::Unknown);
     // The listener is ours, the connection was taken by somebody else.
-    write(QStringLiteral("net/tcp6"),
+    write(u"net/tcp6"_s,
           {row("00000000000000000000000000000000:12AC", "00000000000000000000000000000000:0000", "0A", geteuid(), "3"),
            row("0000000000000000FFFF00000100007F:12AC", "0000000000000000FFFF00000100007F:C350", "01", stranger, "4")});
     EXPECT_EQ(ownerOf(4780, 0), SocketOwner::Ours);

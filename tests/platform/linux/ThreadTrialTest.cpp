@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 using namespace palomet;
+using namespace Qt::StringLiterals;
 
 TEST(ThreadTrial, FindsNothingWrongWhereThreadsMayRunAndLeavesNone) {
     EXPECT_FALSE(trialOfThreads(32));
@@ -20,10 +21,7 @@ TEST(ThreadTrial, SaysWhyAThreadMayNotRun) {
         const rlimit few{8, 8};
         setrlimit(RLIMIT_NPROC, &few);
         const auto problem = trialOfThreads(32);
-        _exit(problem &&
-                      problem->reason == QStringLiteral("the system refuses a thread: Resource temporarily unavailable")
-                  ? 0
-                  : 1);
+        _exit(problem && problem->reason == u"the system refuses a thread: Resource temporarily unavailable"_s ? 0 : 1);
     };
     if (geteuid() != 0)
         GTEST_SKIP() << "only the administrator can be somebody else";

@@ -10,6 +10,7 @@
 #include <xkbcommon/xkbcommon.h>
 
 using namespace palomet;
+using namespace Qt::StringLiterals;
 using test::NamedKeyboardLayout;
 
 namespace {
@@ -75,11 +76,11 @@ TEST(KeyboardLayout, OfTheXServerFollowsItsChanges) {
     int changes = 0;
     QObject::connect(&layout, &KeyboardLayout::changed, &layout, [&] { ++changes; });
     EXPECT_EQ(layout.character(keyA), some("a"));
-    display.run(QStringLiteral("setxkbmap"), {QStringLiteral("fr")});
+    display.run(u"setxkbmap"_s, {u"fr"_s});
     EXPECT_TRUE(test::eventually([&] { return layout.character(keyA) == some("q"); }));
     EXPECT_GT(changes, 0);
     // Two layouts; then the second one becomes the active one.
-    display.run(QStringLiteral("setxkbmap"), {QStringLiteral("us,ru")});
+    display.run(u"setxkbmap"_s, {u"us,ru"_s});
     EXPECT_TRUE(test::eventually([&] { return layout.character(keyA) == some("a"); }));
     test::FakeKeyboard(display.name()).activateGroup(1);
     EXPECT_TRUE(test::eventually([&] { return layout.character(keyA) == some("ф"); }));
@@ -87,7 +88,7 @@ TEST(KeyboardLayout, OfTheXServerFollowsItsChanges) {
 
 TEST(KeyboardLayout, OfTheXServerAsksNothingWhenAnotherOfItsLayoutsBecomesActive) {
     const test::PrivateDisplay display;
-    display.run(QStringLiteral("setxkbmap"), {QStringLiteral("us,ru")});
+    display.run(u"setxkbmap"_s, {u"us,ru"_s});
     const auto connection = X11Connection::open(display.name());
     ASSERT_NE(connection, nullptr);
     X11KeyboardLayout layout(*connection);

@@ -11,6 +11,7 @@
 #include <vector>
 
 using namespace palomet;
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -40,16 +41,13 @@ protected:
         return test::eventually([&] { return pressEvents >= before + 3; });
     }
 
-    void repeatSoon() {
-        display.run(QStringLiteral("xset"),
-                    {QStringLiteral("r"), QStringLiteral("rate"), QStringLiteral("100"), QStringLiteral("50")});
-    }
+    void repeatSoon() { display.run(u"xset"_s, {u"r"_s, u"rate"_s, u"100"_s, u"50"_s}); }
 
     /// Presses keys, then a key that is surely delivered, so that what has not come by then will not come.
     void pressAndSettle(const QString &keys) {
         display.key(keys);
         ASSERT_TRUE(grabber->grab(99, 96, 0)); // F5
-        display.key(QStringLiteral("F5"));
+        display.key(u"F5"_s);
         ASSERT_TRUE(test::eventually([&] { return !pressed.empty() && pressed.back() == 99; }));
         pressed.pop_back();
         grabber->release(99);
@@ -67,9 +65,9 @@ protected:
 
 TEST_F(X11HotKeyGrabberTest, IsToldOfAKeyPressedAnywhereOnceAPress) {
     ASSERT_TRUE(grabber->grab(1, space, option));
-    pressAndSettle(QStringLiteral("alt+space"));
+    pressAndSettle(u"alt+space"_s);
     EXPECT_EQ(pressed, std::vector<quint32>({1}));
-    pressAndSettle(QStringLiteral("alt+space"));
+    pressAndSettle(u"alt+space"_s);
     EXPECT_EQ(pressed, std::vector<quint32>({1, 1}));
 }
 
@@ -77,13 +75,13 @@ TEST_F(X11HotKeyGrabberTest, HearsTheKeyWhateverLockKeysAreOn) {
     ASSERT_TRUE(grabber->grab(1, space, option));
     for (const auto *locks : {"Num_Lock", "Caps_Lock", "Num_Lock"}) { // Num Lock; both; Caps Lock alone.
         display.key(QLatin1StringView(locks));
-        pressAndSettle(QStringLiteral("alt+space"));
+        pressAndSettle(u"alt+space"_s);
     }
     EXPECT_EQ(pressed, std::vector<quint32>({1, 1, 1}));
 }
 
 TEST_F(X11HotKeyGrabberTest, HearsTheKeyWithAnotherLayoutActive) {
-    display.run(QStringLiteral("setxkbmap"), {QStringLiteral("us,ru")});
+    display.run(u"setxkbmap"_s, {u"us,ru"_s});
     test::FakeKeyboard keyboard(display.name());
     keyboard.activateGroup(1);
     X11HotKeyGrabber fresh(*connection);
@@ -98,30 +96,30 @@ TEST_F(X11HotKeyGrabberTest, HearsTheKeyWithAnotherLayoutActive) {
 TEST_F(X11HotKeyGrabberTest, IgnoresAutoRepeat) {
     repeatSoon();
     ASSERT_TRUE(grabber->grab(1, space, option));
-    display.run(QStringLiteral("xdotool"), {QStringLiteral("keydown"), QStringLiteral("alt"), QStringLiteral("space")});
+    display.run(u"xdotool"_s, {u"keydown"_s, u"alt"_s, u"space"_s});
     ASSERT_TRUE(isRepeated());
-    display.run(QStringLiteral("xdotool"), {QStringLiteral("keyup"), QStringLiteral("space"), QStringLiteral("alt")});
-    pressAndSettle(QStringLiteral("F9"));
+    display.run(u"xdotool"_s, {u"keyup"_s, u"space"_s, u"alt"_s});
+    pressAndSettle(u"F9"_s);
     EXPECT_EQ(pressed, std::vector<quint32>({1}));
 }
 
 TEST_F(X11HotKeyGrabberTest, TakesNoPressFromAKeyThatWasHeldBeforeItWasGrabbedUntilItIsPressedAgain) {
     repeatSoon();
-    display.run(QStringLiteral("xdotool"), {QStringLiteral("keydown"), QStringLiteral("space")});
+    display.run(u"xdotool"_s, {u"keydown"_s, u"space"_s});
     ASSERT_TRUE(grabber->grab(1, space, 0));
     ASSERT_TRUE(isRepeated());
-    display.run(QStringLiteral("xdotool"), {QStringLiteral("keyup"), QStringLiteral("space")});
-    pressAndSettle(QStringLiteral("F9"));
+    display.run(u"xdotool"_s, {u"keyup"_s, u"space"_s});
+    pressAndSettle(u"F9"_s);
     EXPECT_TRUE(pressed.empty());
-    pressAndSettle(QStringLiteral("space"));
+    pressAndSettle(u"space"_s);
     EXPECT_EQ(pressed, std::vector<quint32>({1}));
 }
 
 TEST_F(X11HotKeyGrabberTest, HearsAKeyThatWasHeldBeforeItWasGrabbedAndReleasedBeforeItRepeated) {
-    display.run(QStringLiteral("xdotool"), {QStringLiteral("keydown"), QStringLiteral("space")});
+    display.run(u"xdotool"_s, {u"keydown"_s, u"space"_s});
     ASSERT_TRUE(grabber->grab(1, space, 0));
-    display.run(QStringLiteral("xdotool"), {QStringLiteral("keyup"), QStringLiteral("space")});
-    pressAndSettle(QStringLiteral("space"));
+    display.run(u"xdotool"_s, {u"keyup"_s, u"space"_s});
+    pressAndSettle(u"space"_s);
     EXPECT_EQ(pressed, std::vector<quint32>({1}));
 }
 
@@ -147,7 +145,7 @@ TEST_F(X11HotKeyGrabberTest, LeavesNothingTakenAfterAPartialRefusal) {
 TEST_F(X11HotKeyGrabberTest, GivesAKeyBack) {
     ASSERT_TRUE(grabber->grab(1, space, option));
     grabber->release(1);
-    pressAndSettle(QStringLiteral("alt+space"));
+    pressAndSettle(u"alt+space"_s);
     EXPECT_TRUE(pressed.empty());
 }
 
@@ -188,7 +186,7 @@ TEST_F(X11HotKeyGrabberTest, HearsAKeyWhoseReleaseWentToAnotherProgram) {
     keyboard.release(test::FakeKeyboard::escape);
     keyboard.release(test::FakeKeyboard::space);
     keyboard.release(test::FakeKeyboard::alt);
-    pressAndSettle(QStringLiteral("F9"));
+    pressAndSettle(u"F9"_s);
     keyboard.strike({test::FakeKeyboard::alt, test::FakeKeyboard::space});
     EXPECT_TRUE(test::eventually([&] { return pressed == std::vector<quint32>({2, 1, 1}); }));
 }
@@ -205,11 +203,10 @@ TEST_F(X11HotKeyGrabberTest, ItsKeysAreFreeAgainWhenItsConnectionEnds) {
 TEST_F(X11HotKeyGrabberTest, TakesItsKeysAnewWhenTheKeyboardIsMappedAnew) {
     ASSERT_TRUE(grabber->grab(1, space, option));
     // Alt becomes another modifier: the old grab alone would never match again.
-    display.run(QStringLiteral("xmodmap"),
-                {QStringLiteral("-e"), QStringLiteral("clear mod1"), QStringLiteral("-e"), QStringLiteral("clear mod3"),
-                 QStringLiteral("-e"), QStringLiteral("add mod3 = Alt_L Alt_R Meta_L")});
+    display.run(u"xmodmap"_s,
+                {u"-e"_s, u"clear mod1"_s, u"-e"_s, u"clear mod3"_s, u"-e"_s, u"add mod3 = Alt_L Alt_R Meta_L"_s});
     EXPECT_TRUE(test::eventually([&] {
-        display.key(QStringLiteral("alt+space"));
+        display.key(u"alt+space"_s);
         return !pressed.empty();
     }));
     EXPECT_TRUE(refused.empty());
@@ -223,11 +220,11 @@ TEST_F(X11HotKeyGrabberTest, LeavesAKeyToTheProgramThatHoldsItWhenTheKeyboardIsM
     ASSERT_TRUE(other.grab(7, space, option));
     ASSERT_FALSE(grabber->grab(1, space, option));
     for (const auto *mapping : {"ru", "fr", "us,ru", "us"}) {
-        display.run(QStringLiteral("setxkbmap"), {QLatin1StringView(mapping)});
+        display.run(u"setxkbmap"_s, {QLatin1StringView(mapping)});
         heard.clear();
         // Through every layout there is a press that the other hears, and nobody else.
         EXPECT_TRUE(test::eventually([&] {
-            display.key(QStringLiteral("alt+space"));
+            display.key(u"alt+space"_s);
             return !heard.empty();
         }));
     }
@@ -236,12 +233,12 @@ TEST_F(X11HotKeyGrabberTest, LeavesAKeyToTheProgramThatHoldsItWhenTheKeyboardIsM
 }
 
 TEST_F(X11HotKeyGrabberTest, WorksWithoutAModifierForNumLock) {
-    display.run(QStringLiteral("xmodmap"), {QStringLiteral("-e"), QStringLiteral("clear mod2")});
+    display.run(u"xmodmap"_s, {u"-e"_s, u"clear mod2"_s});
     X11HotKeyGrabber fresh(*connection);
     std::vector<quint32> heard;
     fresh.onPressed = [&](quint32 id) { heard.push_back(id); };
     ASSERT_TRUE(fresh.grab(1, space, option));
-    display.key(QStringLiteral("alt+space"));
+    display.key(u"alt+space"_s);
     EXPECT_TRUE(test::eventually([&] { return heard == std::vector<quint32>({1}); }));
 }
 

@@ -11,6 +11,7 @@
 #include <gtest/gtest.h>
 
 using namespace palomet;
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -19,9 +20,7 @@ class X11WorkAreaTest : public testing::Test {
 protected:
     void say(const char *property, const char *numbers) const {
         const auto name = QString::fromLatin1(property);
-        display.run(QStringLiteral("xprop"),
-                    {QStringLiteral("-root"), QStringLiteral("-f"), name, QStringLiteral("32c"), QStringLiteral("-set"),
-                     name, QString::fromLatin1(numbers)});
+        display.run(u"xprop"_s, {u"-root"_s, u"-f"_s, name, u"32c"_s, u"-set"_s, name, QString::fromLatin1(numbers)});
     }
 
     const test::PrivateDisplay display;
@@ -78,7 +77,7 @@ TEST(X11WorkArea, HoldsBackNoKeyThatIsPressedWhileItAsks) {
     constexpr quint32 spaceKey = 49;
     const test::PrivateDisplay display;
     // Its repetition would wake us.
-    display.run(QStringLiteral("xset"), {QStringLiteral("r"), QStringLiteral("off")});
+    display.run(u"xset"_s, {u"r"_s, u"off"_s});
     const auto connection = X11Connection::open(display.name());
     ASSERT_NE(connection, nullptr);
     X11HotKeyGrabber grabber(*connection);

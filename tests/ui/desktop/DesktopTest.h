@@ -16,6 +16,8 @@
 
 namespace palomet::test {
 
+using namespace Qt::StringLiterals;
+
 /// The strip's ground.
 inline const QColor dark(0x11, 0x18, 0x1C);
 
@@ -38,8 +40,7 @@ protected:
     DesktopTest() {
         // What the last one left behind.
         run("xprop -root -remove _NET_SUPPORTING_WM_CHECK");
-        m_windowManager.start(QStringLiteral("openbox"),
-                              {QStringLiteral("--config-file"), QStringLiteral("/dev/null")});
+        m_windowManager.start(u"openbox"_s, {u"--config-file"_s, u"/dev/null"_s});
         EXPECT_TRUE(eventually([] { return run("xprop -root _NET_SUPPORTING_WM_CHECK").contains("window id"); }));
         run("xdotool mousemove 100 100");
     }
@@ -134,7 +135,7 @@ protected:
     QProcess m_windowManager;
     std::unique_ptr<X11Connection> m_x11 = X11Connection::open();
     X11WorkArea m_workArea{*m_x11};
-    UiEngine m_ui{QStringLiteral(PALOMET_BINARY_DIR "/resources")};
+    UiEngine m_ui{u"" PALOMET_BINARY_DIR "/resources"_s};
 };
 
 } // namespace palomet::test

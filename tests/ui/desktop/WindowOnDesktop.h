@@ -8,6 +8,8 @@
 
 namespace palomet::test {
 
+using namespace Qt::StringLiterals;
+
 /// The window on a display with a window manager, as the program opens it, run after run.
 class WindowOnDesktop : public DesktopTest {
 protected:
@@ -20,12 +22,11 @@ protected:
     }
 
     QTemporaryDir m_folder;
-    QSettings m_settings{m_folder.filePath(QStringLiteral("palomet.conf")), QSettings::IniFormat};
+    QSettings m_settings{m_folder.filePath(u"palomet.conf"_s), QSettings::IniFormat};
     Shortcuts m_shortcuts{m_settings};
     NoKeyboardLayout m_layout;
     Navigation m_navigation;
-    AppView m_app{model(), m_navigation, m_shortcuts, m_layout, {QStringLiteral("1.2.3"), QStringLiteral("/home/user")},
-                  {}};
+    AppView m_app{model(), m_navigation, m_shortcuts, m_layout, {u"1.2.3"_s, u"/home/user"_s}, {}};
     std::unique_ptr<SettingsWindow> m_window;
 };
 

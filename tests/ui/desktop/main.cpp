@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 // The desktop is scaled as $PALOMET_TEST_SCALE says: 1.25 for instance, or "mixed", each of two screens in its own way.
 int main(int argc, char **argv) {
     const auto scale = qgetenv("PALOMET_TEST_SCALE");
@@ -18,7 +20,7 @@ int main(int argc, char **argv) {
     palomet::UiEngine::chooseRenderer();
     const QApplication application(argc, argv);
     QGuiApplication::setQuitOnLastWindowClosed(false);
-    palomet::Localization::load(QStringLiteral(PALOMET_SOURCE_DIR "/resources"), {QStringLiteral("en")});
+    palomet::localization::load(u"" PALOMET_SOURCE_DIR "/resources"_s, {u"en"_s});
     ::testing::InitGoogleTest(&argc, argv);
     return RUN_ALL_TESTS();
 }

@@ -8,15 +8,16 @@
 
 using namespace palomet;
 using namespace palomet::test;
+using namespace Qt::StringLiterals;
 
 namespace {
 
 class ContrastTest : public ::testing::TestWithParam<bool> {
 protected:
     ContrastTest() {
-        Kit::install(m_engine, QStringLiteral(PALOMET_BINARY_DIR "/resources"));
-        Kit::setContrastRaised(m_engine, GetParam());
-        Kit::setMotionReduced(m_engine, true);
+        kit::install(m_engine, u"" PALOMET_BINARY_DIR "/resources"_s);
+        kit::setContrastRaised(m_engine, GetParam());
+        kit::setMotionReduced(m_engine, true);
     }
 
     QQmlEngine m_engine;
@@ -26,10 +27,9 @@ protected:
 QStringList used(const Palette &palette) {
     QStringList used;
     const auto names = palette.names();
-    static const QRegularExpression name(QStringLiteral("\\bZen\\.(\\w+)"));
+    static const QRegularExpression name(u"\\bZen\\.(\\w+)"_s);
     for (const auto *folder : {"kit", "screens", "shell", "strip"}) {
-        QDirIterator files(QStringLiteral(PALOMET_SOURCE_DIR "/ui/") + QString::fromLatin1(folder),
-                           {QStringLiteral("*.qml")}, QDir::Files);
+        QDirIterator files(u"" PALOMET_SOURCE_DIR "/ui/"_s + QString::fromLatin1(folder), {u"*.qml"_s}, QDir::Files);
         while (files.hasNext()) {
             QFile file(files.next());
             EXPECT_TRUE(file.open(QFile::ReadOnly));
@@ -69,7 +69,7 @@ TEST_P(ContrastTest, IsCheckedForEveryColourThatIsUsed) {
 
 TEST_P(ContrastTest, IsEnoughInEveryStateOfEveryControl) {
     QQuickView view(&m_engine, nullptr);
-    view.setSource(QUrl::fromLocalFile(QStringLiteral(PALOMET_SOURCE_DIR "/tests/ui/gallery/Gallery.qml")));
+    view.setSource(QUrl::fromLocalFile(u"" PALOMET_SOURCE_DIR "/tests/ui/gallery/Gallery.qml"_s));
     view.show();
     ASSERT_TRUE(QTest::qWaitForWindowExposed(&view));
     expectContrast(view, Palette(m_engine), GetParam(), "gallery");

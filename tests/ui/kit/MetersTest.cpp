@@ -63,13 +63,13 @@ TEST(Steps, LightOneDotAfterTheOther) {
 
 TEST(Steps, StandStillWithTheMiddleDotLitWhenMotionIsReduced) {
     Scene scene(R"(Steps { objectName: "steps"; step: 2 })");
-    palomet::Kit::setMotionReduced(*scene.window().engine(), true);
+    palomet::kit::setMotionReduced(*scene.window().engine(), true);
     EXPECT_EQ(scene.value("steps", "current"), 1);
 }
 
 TEST(Bars, FollowTheLevelUnsmoothedWhenMotionIsReduced) {
     Scene scene(R"(Bars { objectName: "bars"; input: 0.1 })");
-    palomet::Kit::setMotionReduced(*scene.window().engine(), true);
+    palomet::kit::setMotionReduced(*scene.window().engine(), true);
     EXPECT_TRUE(eventually([&] { return scene.value("bars", "level") == 0.1; }));
     scene.item("bars")->setProperty("input", 0.4);
     EXPECT_EQ(scene.value("bars", "level"), 0.1);

@@ -7,6 +7,8 @@ using palomet::test::Scene;
 
 namespace {
 
+using namespace Qt::StringLiterals;
+
 /// Forty rows of a switch each, in a view of 480.
 constexpr auto page = R"(
     Item { id: page; width: 640; height: 480
@@ -85,7 +87,7 @@ TEST(Scroller, ShowsWhatWasReachedBeforeThePageWasLaidOut) {
     stack->forceActiveFocus(Qt::TabFocusReason);
     ASSERT_EQ(at(scene), 0);
     // What stands above it grows later.
-    scene.item("row0")->setProperty("hint", QStringLiteral("word ").repeated(60));
+    scene.item("row0")->setProperty("hint", u"word "_s.repeated(60));
     stack->setParentItem(scene.item("row0"));
     stack->setY(1'200);
     scene.item("row0")->setHeight(1'500);

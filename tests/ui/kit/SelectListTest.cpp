@@ -5,6 +5,7 @@
 #include <cmath>
 
 using namespace palomet::test;
+using namespace Qt::StringLiterals;
 
 TEST(SelectList, KeepsWhatTheKeyboardChoseWhileRowsSlideUnderAPointerAtRest) {
     Scene scene(twenty);
@@ -18,7 +19,7 @@ TEST(SelectList, KeepsWhatTheKeyboardChoseWhileRowsSlideUnderAPointerAtRest) {
     }
     EXPECT_EQ(current(scene), 13);
     scene.key(Qt::Key_Return);
-    EXPECT_EQ(picks(scene), QVariantList{QStringLiteral("13")});
+    EXPECT_EQ(picks(scene), QVariantList{u"13"_s});
 }
 
 TEST(SelectList, FollowsThePointerAgainOnceItMoves) {
@@ -43,7 +44,7 @@ TEST(SelectList, PicksByAPressOnTheCheckMarkOfAListThatScrolls) {
     for (auto *thumb : Scene::all(lists(scene).first(), "ScrollThumb"))
         EXPECT_LE(place.right(), thumb->mapRectToScene(thumb->boundingRect()).left());
     QTest::mouseClick(&scene.window(), Qt::LeftButton, {}, (place.center() + QPointF(7, 0)).toPoint());
-    EXPECT_EQ(picks(scene), QVariantList{QStringLiteral("1")});
+    EXPECT_EQ(picks(scene), QVariantList{u"1"_s});
 }
 
 TEST(SelectList, ScrollsByWholeRowsWithTheWheel) {
@@ -68,13 +69,9 @@ TEST(SelectList, KeepsItsPlaceAmongChoicesThatBecomeOthersWhileItIsOpen) {
     scene.press("select");
     draw(scene);
     ASSERT_EQ(current(scene), 1);
-    scene.item("select")->setProperty("choices",
-                                      QVariantList{QVariantMap{{QStringLiteral("id"), QStringLiteral("new")},
-                                                               {QStringLiteral("title"), QStringLiteral("New")}},
-                                                   QVariantMap{{QStringLiteral("id"), QStringLiteral("a")},
-                                                               {QStringLiteral("title"), QStringLiteral("Alpha")}},
-                                                   QVariantMap{{QStringLiteral("id"), QStringLiteral("b")},
-                                                               {QStringLiteral("title"), QStringLiteral("Beta")}}});
+    scene.item("select")->setProperty("choices", QVariantList{QVariantMap{{u"id"_s, u"new"_s}, {u"title"_s, u"New"_s}},
+                                                              QVariantMap{{u"id"_s, u"a"_s}, {u"title"_s, u"Alpha"_s}},
+                                                              QVariantMap{{u"id"_s, u"b"_s}, {u"title"_s, u"Beta"_s}}});
     draw(scene);
     EXPECT_EQ(current(scene), 2);
     EXPECT_EQ(lists(scene).first()->mapToScene({}).y(), 440 - 4 - (8 + 3 * 32));
@@ -155,7 +152,7 @@ TEST(SelectList, PicksWhatTheButtonIsReleasedOver) {
     EXPECT_EQ(current(scene), 2);
     QTest::mouseRelease(&scene.window(), Qt::LeftButton, {}, at);
     EXPECT_TRUE(isClosed(scene));
-    EXPECT_EQ(picks(scene), QVariantList{QStringLiteral("c")});
+    EXPECT_EQ(picks(scene), QVariantList{u"c"_s});
     // Released over nothing, it stays open and nothing is picked.
     QTest::mousePress(&scene.window(), Qt::LeftButton, {}, box);
     QTest::mouseMove(&scene.window(), {600, 20});

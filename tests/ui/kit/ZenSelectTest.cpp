@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 using namespace palomet::test;
+using namespace Qt::StringLiterals;
 
 TEST(ZenSelect, OpensAndClosesWithAPress) {
     Scene scene(three);
@@ -20,15 +21,15 @@ TEST(ZenSelect, PicksClosesAndLeavesTheValueToItsOwner) {
     scene.press("select");
     scene.press(choices(scene).at(2));
     EXPECT_TRUE(isClosed(scene));
-    EXPECT_EQ(picks(scene), QVariantList{QStringLiteral("c")});
-    EXPECT_EQ(scene.text("select", "value"), QStringLiteral("1×"));
+    EXPECT_EQ(picks(scene), QVariantList{u"c"_s});
+    EXPECT_EQ(scene.text("select", "value"), u"1×"_s);
 }
 
 TEST(ZenSelect, AsksAgainForTheChoiceThatIsSelectedAlready) {
     Scene scene(three);
     scene.press("select");
     scene.press(choices(scene).at(1));
-    EXPECT_EQ(picks(scene), QVariantList{QStringLiteral("b")});
+    EXPECT_EQ(picks(scene), QVariantList{u"b"_s});
 }
 
 TEST(ZenSelect, MarksOnlyTheSelectedChoice) {
@@ -36,7 +37,7 @@ TEST(ZenSelect, MarksOnlyTheSelectedChoice) {
     scene.press("select");
     for (auto *choice : choices(scene))
         EXPECT_EQ(choice->property("isSelected").toBool(), choice->property("index") == 1);
-    scene.item("select")->setProperty("selected", QStringLiteral("none of them"));
+    scene.item("select")->setProperty("selected", u"none of them"_s);
     for (auto *choice : choices(scene))
         EXPECT_FALSE(choice->property("isSelected").toBool());
 }
@@ -48,9 +49,9 @@ TEST(ZenSelect, StartsOpenWhenAskedTo) {
 
 TEST(ZenSelect, ShowsThatItIsBusyInTheValuesPlace) {
     Scene scene(R"(ZenSelect { objectName: "select"; value: "One"; isBusy: true; busyText: "Applying…" })");
-    EXPECT_EQ(Scene::all(scene.root(), "ZenSelectBox").first()->property("value"), QStringLiteral("Applying…"));
+    EXPECT_EQ(Scene::all(scene.root(), "ZenSelectBox").first()->property("value"), u"Applying…"_s);
     scene.item("select")->setProperty("isBusy", false);
-    EXPECT_EQ(Scene::all(scene.root(), "ZenSelectBox").first()->property("value"), QStringLiteral("One"));
+    EXPECT_EQ(Scene::all(scene.root(), "ZenSelectBox").first()->property("value"), u"One"_s);
 }
 
 TEST(ZenSelect, IsWorkedByKeysAlone) {
@@ -62,7 +63,7 @@ TEST(ZenSelect, IsWorkedByKeysAlone) {
     scene.key(Qt::Key_Down);
     scene.key(Qt::Key_Return);
     EXPECT_TRUE(isClosed(scene));
-    EXPECT_EQ(picks(scene), QVariantList{QStringLiteral("c")});
+    EXPECT_EQ(picks(scene), QVariantList{u"c"_s});
     EXPECT_TRUE(scene.item("select")->hasActiveFocus());
     EXPECT_TRUE(scene.value("select", "isReached").toBool());
 }
@@ -159,5 +160,5 @@ TEST(ZenSelect, ShowsADashWhereItsValueIsEmpty) {
     Scene scene(R"(ZenSelect { objectName: "select" })");
     const auto texts = Scene::all(scene.root(), "ElidedText");
     ASSERT_EQ(texts.size(), 1);
-    EXPECT_EQ(texts.first()->property("text"), QStringLiteral("\u2014"));
+    EXPECT_EQ(texts.first()->property("text"), u"\u2014"_s);
 }

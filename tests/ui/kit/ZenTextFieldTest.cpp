@@ -6,6 +6,8 @@ using palomet::test::Scene;
 
 namespace {
 
+using namespace Qt::StringLiterals;
+
 constexpr auto field = R"(
     Item { width: 640; height: 480
         property var commits: []
@@ -28,9 +30,9 @@ void replace(Scene &scene, const char *text) {
 TEST(ZenTextField, CommitsTheTrimmedTextWithReturnAndDropsTheFocus) {
     Scene scene(field);
     replace(scene, "  Bruna ");
-    EXPECT_EQ(scene.text("field", "draft"), QStringLiteral("  Bruna "));
+    EXPECT_EQ(scene.text("field", "draft"), u"  Bruna "_s);
     scene.key(Qt::Key_Return);
-    EXPECT_EQ(commits(scene), QVariantList{QStringLiteral("Bruna")});
+    EXPECT_EQ(commits(scene), QVariantList{u"Bruna"_s});
     EXPECT_FALSE(scene.value("field", "isEditing").toBool());
 }
 
@@ -39,7 +41,7 @@ TEST(ZenTextField, CommitsNothingThatIsBlank) {
     replace(scene, "   ");
     scene.key(Qt::Key_Return);
     EXPECT_TRUE(commits(scene).isEmpty());
-    EXPECT_EQ(scene.text("field", "draft"), QStringLiteral("Alma"));
+    EXPECT_EQ(scene.text("field", "draft"), u"Alma"_s);
 }
 
 TEST(ZenTextField, CommitsNothingThatIsUnchanged) {
@@ -54,7 +56,7 @@ TEST(ZenTextField, PutsBackTheOldValueWhenItIsLeft) {
     Scene scene(field);
     replace(scene, "Bruna");
     scene.press("other");
-    EXPECT_EQ(scene.text("field", "draft"), QStringLiteral("Alma"));
+    EXPECT_EQ(scene.text("field", "draft"), u"Alma"_s);
     EXPECT_TRUE(commits(scene).isEmpty());
 }
 
@@ -62,23 +64,23 @@ TEST(ZenTextField, PutsBackTheOldValueWithEscape) {
     Scene scene(field);
     replace(scene, "Bruna");
     scene.key(Qt::Key_Escape);
-    EXPECT_EQ(scene.text("field", "draft"), QStringLiteral("Alma"));
+    EXPECT_EQ(scene.text("field", "draft"), u"Alma"_s);
     EXPECT_TRUE(commits(scene).isEmpty());
 }
 
 TEST(ZenTextField, FollowsItsValueWhileItIsNotEdited) {
     Scene scene(field);
-    scene.item("field")->setProperty("value", QStringLiteral("Carla"));
-    EXPECT_EQ(scene.text("field", "draft"), QStringLiteral("Carla"));
+    scene.item("field")->setProperty("value", u"Carla"_s);
+    EXPECT_EQ(scene.text("field", "draft"), u"Carla"_s);
 }
 
 TEST(ZenTextField, IsNotDisturbedByAChangeFromOutsideWhileItIsEdited) {
     Scene scene(field);
     replace(scene, "Bru");
-    scene.item("field")->setProperty("value", QStringLiteral("Carla"));
-    EXPECT_EQ(scene.text("field", "draft"), QStringLiteral("Bru"));
+    scene.item("field")->setProperty("value", u"Carla"_s);
+    EXPECT_EQ(scene.text("field", "draft"), u"Bru"_s);
     scene.press("other");
-    EXPECT_EQ(scene.text("field", "draft"), QStringLiteral("Carla"));
+    EXPECT_EQ(scene.text("field", "draft"), u"Carla"_s);
 }
 
 TEST(ZenTextField, KeepsWhatWasTypedWhileAnotherWindowIsLookedAt) {
@@ -88,12 +90,12 @@ TEST(ZenTextField, KeepsWhatWasTypedWhileAnotherWindowIsLookedAt) {
     elsewhere.show();
     elsewhere.requestActivate();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&elsewhere));
-    scene.item("field")->setProperty("value", QStringLiteral("Carla"));
-    EXPECT_EQ(scene.text("field", "draft"), QStringLiteral("Bru"));
+    scene.item("field")->setProperty("value", u"Carla"_s);
+    EXPECT_EQ(scene.text("field", "draft"), u"Bru"_s);
     scene.window().requestActivate();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&scene.window()));
     scene.type("na");
-    EXPECT_EQ(scene.text("field", "draft"), QStringLiteral("Bruna"));
+    EXPECT_EQ(scene.text("field", "draft"), u"Bruna"_s);
 }
 
 TEST(ZenTextField, GoesOnFromItsPlaceWithTabAfterReturn) {

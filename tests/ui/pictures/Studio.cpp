@@ -62,17 +62,17 @@ QString Studio::path(const QString &name) const {
 void Studio::take(QQuickWindow &window, const QString &name) {
     settle();
     QDir().mkpath(QFileInfo(path(name)).path());
-    const auto taken = Preview::capture(window, path(name));
+    const auto taken = preview::capture(window, path(name));
     if (!taken)
         std::fprintf(stderr, "%s\n", taken.reason().toLocal8Bit().constData());
 }
 
 void Studio::fill() {
-    Preview::fill(*m_model);
+    preview::fill(*m_model);
 }
 
 void Studio::empty() {
-    auto document = QJsonDocument::fromJson(Preview::documents(0).state).object();
+    auto document = QJsonDocument::fromJson(preview::documents(0).state).object();
     auto conversation = document[u"conversation"_s].toObject();
     conversation[u"rows"_s] = QJsonArray();
     conversation[u"costUsd"_s] = 0;
@@ -93,8 +93,8 @@ void Studio::empty() {
 }
 
 void Studio::takeAll(const QString &language) {
-    Localization::load(m_resources, {language});
-    Format::load({.numbers = language, .dates = language, .timeZone = {}, .clock = &hour});
+    localization::load(m_resources, {language});
+    format::load({.numbers = language, .dates = language, .timeZone = {}, .clock = &hour});
     takePanes(language);
     takeRaised(language);
     takeConversations(language);
@@ -194,7 +194,7 @@ void Studio::takeStrip(const QString &language) {
     StripWindow strip(m_ui, view, nullptr, StripWindow::Pointer::Unknown);
     strip.orderFront(QPoint(0, 0));
     const auto picture = [&](const QString &state, const QString &name, bool isMuted = false) {
-        auto document = QJsonDocument::fromJson(Preview::documents(0).state).object();
+        auto document = QJsonDocument::fromJson(preview::documents(0).state).object();
         document[u"state"_s] = state;
         document[u"isMuted"_s] = isMuted;
         if (auto snapshot = decodeSnapshot(QJsonDocument(document).toJson()))
@@ -205,7 +205,7 @@ void Studio::takeStrip(const QString &language) {
     const auto events = backend.last("/events");
     events->event("level", "0.3");
     events->event("outLevel", "0.3");
-    const auto sample = QJsonDocument::fromJson(Preview::documents(0).state);
+    const auto sample = QJsonDocument::fromJson(preview::documents(0).state);
     const auto answer = sample[u"conversation"_s][u"rows"_s].toArray().last()[u"text"_s].toString();
     events->event("spoken", '"' + answer.toUtf8() + '"');
     for (const auto &state : {u"listening"_s, u"hearing"_s, u"drafting"_s, u"thinking"_s, u"speaking"_s})
@@ -221,7 +221,7 @@ bool Studio::takeFile(const QString &qml, const QString &path) {
     view.setSource(QUrl::fromLocalFile(qml));
     view.show();
     settle();
-    const auto taken = Preview::capture(view, path);
+    const auto taken = preview::capture(view, path);
     if (!taken)
         std::fprintf(stderr, "%s\n", taken.reason().toLocal8Bit().constData());
     return taken.isOk();

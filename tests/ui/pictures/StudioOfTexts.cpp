@@ -18,7 +18,7 @@ namespace palomet::test {
 using namespace Qt::StringLiterals;
 
 void Studio::converse(int rows) {
-    auto document = QJsonDocument::fromJson(Preview::documents(0).state).object();
+    auto document = QJsonDocument::fromJson(preview::documents(0).state).object();
     auto conversation = document[u"conversation"_s].toObject();
     const auto sample = conversation[u"rows"_s].toArray();
     QJsonArray turns;

@@ -7,6 +7,8 @@
 
 #include <cstdio>
 
+using namespace Qt::StringLiterals;
+
 // palomet-pictures FOLDER           every picture of the window, the strip, the recorder and the gallery
 // palomet-pictures FILE.qml PICTURE one of a QML file
 // At the scale of QT_SCALE_FACTOR; resources from PALOMET_RESOURCES.
@@ -15,8 +17,7 @@ int main(int argc, char **argv) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
     palomet::UiEngine::chooseRenderer();
     const QApplication application(argc, argv);
-    const QString resources =
-        qEnvironmentVariable("PALOMET_RESOURCES", QStringLiteral(PALOMET_BINARY_DIR "/resources"));
+    const QString resources = qEnvironmentVariable("PALOMET_RESOURCES", u"" PALOMET_BINARY_DIR "/resources"_s);
     const auto arguments = QCoreApplication::arguments();
     palomet::test::Studio studio(resources, arguments.value(1));
     if (arguments.size() == 3)
@@ -25,10 +26,7 @@ int main(int argc, char **argv) {
         std::fputs("usage: palomet-pictures FOLDER | FILE.qml PICTURE\n", stderr);
         return 2;
     }
-    for (const auto &language : {QStringLiteral("en"), QStringLiteral("pt-BR")})
+    for (const auto &language : {u"en"_s, u"pt-BR"_s})
         studio.takeAll(language);
-    return studio.takeFile(QStringLiteral(PALOMET_SOURCE_DIR "/tests/ui/gallery/Gallery.qml"),
-                           studio.path(QStringLiteral("gallery")))
-               ? 0
-               : 1;
+    return studio.takeFile(u"" PALOMET_SOURCE_DIR "/tests/ui/gallery/Gallery.qml"_s, studio.path(u"gallery"_s)) ? 0 : 1;
 }

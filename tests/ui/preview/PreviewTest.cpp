@@ -18,7 +18,7 @@ protected:
     ~PreviewTest() override { speak(u"en"_s); }
 
     static void speak(const QString &language) {
-        Localization::load(QStringLiteral(PALOMET_SOURCE_DIR "/resources"), {language});
+        localization::load(u"" PALOMET_SOURCE_DIR "/resources"_s, {language});
     }
 
     [[nodiscard]] QStringList rows() const {
@@ -28,30 +28,30 @@ protected:
         return found;
     }
     [[nodiscard]] const PalometModel &model() const { return const_cast<PreviewTest *>(this)->UiTest::model(); }
-    void fill() { Preview::fill(UiTest::model()); }
+    void fill() { preview::fill(UiTest::model()); }
 };
 
 } // namespace
 
 TEST_F(PreviewTest, IsAskedForByItsArgumentAndOpensThePaneThatFollows) {
-    EXPECT_EQ(Preview::pane({}), std::nullopt);
-    EXPECT_EQ(Preview::pane({u"--capture"_s, u"x"_s}), std::nullopt);
+    EXPECT_EQ(preview::pane({}), std::nullopt);
+    EXPECT_EQ(preview::pane({u"--capture"_s, u"x"_s}), std::nullopt);
     for (const auto pane : allPanes)
-        EXPECT_EQ(Preview::pane({u"--preview"_s, rawValue(pane)}), pane);
-    EXPECT_EQ(Preview::pane({u"a"_s, u"--preview"_s, u"voice"_s, u"--preview"_s, u"brain"_s}), Pane::Voice);
+        EXPECT_EQ(preview::pane({u"--preview"_s, rawValue(pane)}), pane);
+    EXPECT_EQ(preview::pane({u"a"_s, u"--preview"_s, u"voice"_s, u"--preview"_s, u"brain"_s}), Pane::Voice);
 }
 
 TEST_F(PreviewTest, OpensTheNowPaneWhenNoneIsNamed) {
-    EXPECT_EQ(Preview::pane({u"--preview"_s}), Pane::Now);
-    EXPECT_EQ(Preview::pane({u"--preview"_s, u"cellar"_s}), Pane::Now);
-    EXPECT_EQ(Preview::pane({u"--preview"_s, u"Voice"_s}), Pane::Now);
-    EXPECT_EQ(Preview::pane({u"--preview"_s, u"--capture"_s, u"x"_s}), Pane::Now);
+    EXPECT_EQ(preview::pane({u"--preview"_s}), Pane::Now);
+    EXPECT_EQ(preview::pane({u"--preview"_s, u"cellar"_s}), Pane::Now);
+    EXPECT_EQ(preview::pane({u"--preview"_s, u"Voice"_s}), Pane::Now);
+    EXPECT_EQ(preview::pane({u"--preview"_s, u"--capture"_s, u"x"_s}), Pane::Now);
 }
 
 TEST_F(PreviewTest, WritesToThePathThatFollowsTheFirstCapture) {
-    EXPECT_EQ(Preview::capturePath({}), std::nullopt);
-    EXPECT_EQ(Preview::capturePath({u"--preview"_s, u"--capture"_s}), std::nullopt);
-    EXPECT_EQ(Preview::capturePath({u"--capture"_s, u"/a.png"_s, u"--capture"_s, u"/b.png"_s}), u"/a.png"_s);
+    EXPECT_EQ(preview::capturePath({}), std::nullopt);
+    EXPECT_EQ(preview::capturePath({u"--preview"_s, u"--capture"_s}), std::nullopt);
+    EXPECT_EQ(preview::capturePath({u"--capture"_s, u"/a.png"_s, u"--capture"_s, u"/b.png"_s}), u"/a.png"_s);
 }
 
 TEST_F(PreviewTest, FillsTheModelWithSamplesInEnglish) {
@@ -112,7 +112,7 @@ TEST_F(PreviewTest, HasItsHistoryBehindItAtEveryHourOfTheDay) {
     constexpr double hour = 3'600'000;
     for (int hours = 0; hours < 24; ++hours) {
         double newer = 1'789'000'000'000 + hours * hour;
-        const auto history = decodeHistory(Preview::documents(newer).history);
+        const auto history = decodeHistory(preview::documents(newer).history);
         ASSERT_TRUE(history);
         for (const auto &entry : *history) {
             EXPECT_LT(entry.startedAt, newer) << hours;
@@ -122,8 +122,8 @@ TEST_F(PreviewTest, HasItsHistoryBehindItAtEveryHourOfTheDay) {
 }
 
 TEST_F(PreviewTest, IsTheSameForTheSameClock) {
-    const auto first = Preview::documents(1'789'000'000'000);
-    const auto second = Preview::documents(1'789'000'000'000);
+    const auto first = preview::documents(1'789'000'000'000);
+    const auto second = preview::documents(1'789'000'000'000);
     EXPECT_EQ(first.state, second.state);
     EXPECT_EQ(first.options, second.options);
     EXPECT_EQ(first.history, second.history);
@@ -136,7 +136,7 @@ TEST_F(PreviewTest, WritesAPictureOfTheWholeWindow) {
     window.setColor(Qt::white);
     window.show();
     const auto path = folder.filePath(u"picture.without-suffix"_s);
-    const auto size = Preview::capture(window, path);
+    const auto size = preview::capture(window, path);
     ASSERT_TRUE(size) << size.reason().toStdString();
     EXPECT_EQ(*size, QSize(320, 200));
     QImageReader reader(path);
@@ -150,7 +150,7 @@ TEST_F(PreviewTest, SaysWhyAPictureCannotBeWritten) {
     window.resize(320, 200);
     window.show();
     const auto path = folder.filePath(u"missing/picture.png"_s);
-    const auto failed = Preview::capture(window, path);
+    const auto failed = preview::capture(window, path);
     ASSERT_FALSE(failed);
     EXPECT_TRUE(failed.reason().startsWith(path)) << failed.reason().toStdString();
 }
@@ -158,7 +158,7 @@ TEST_F(PreviewTest, SaysWhyAPictureCannotBeWritten) {
 TEST_F(PreviewTest, SaysTheSameMinutesWhateverTheFractionOfTheMillisecond) {
     for (int step = 0; step < 1000; ++step) {
         const auto clock = 1'800'000'000'000.0 + step * 1.037;
-        const auto snapshot = decodeSnapshot(Preview::documents(clock).state);
+        const auto snapshot = decodeSnapshot(preview::documents(clock).state);
         ASSERT_TRUE(snapshot);
         const auto minutes = (clock - snapshot->session.startedAt) / 60'000;
         ASSERT_GT(minutes, 42.01);

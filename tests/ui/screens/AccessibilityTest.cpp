@@ -6,6 +6,7 @@
 
 using namespace palomet;
 using namespace palomet::test;
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -43,7 +44,7 @@ protected:
         if (!from || from->state().invisible)
             return;
         if (!from->text(QAccessible::Name).isEmpty())
-            lines.append(QString::fromUtf8(qAccessibleRoleString(from->role())) + QStringLiteral(": ") +
+            lines.append(QString::fromUtf8(qAccessibleRoleString(from->role())) + u": "_s +
                          from->text(QAccessible::Name));
         for (int i = 0; i < from->childCount(); ++i)
             describe(from->child(i), lines);
@@ -65,11 +66,11 @@ TEST_F(AccessibilityTest, NamesEveryControlOfEveryPaneAndItsRole) {
     setFull();
     offer();
     open(Pane::Now);
-    const std::map<QString, QAccessible::Role> roles{{QStringLiteral("ZenButton"), QAccessible::Button},
-                                                     {QStringLiteral("ZenSwitch"), QAccessible::CheckBox},
-                                                     {QStringLiteral("ZenSelect"), QAccessible::ComboBox},
-                                                     {QStringLiteral("ZenInput"), QAccessible::EditableText},
-                                                     {QStringLiteral("SidebarItem"), QAccessible::PageTab}};
+    const std::map<QString, QAccessible::Role> roles{{u"ZenButton"_s, QAccessible::Button},
+                                                     {u"ZenSwitch"_s, QAccessible::CheckBox},
+                                                     {u"ZenSelect"_s, QAccessible::ComboBox},
+                                                     {u"ZenInput"_s, QAccessible::EditableText},
+                                                     {u"SidebarItem"_s, QAccessible::PageTab}};
     std::set<QString> found;
     for (const auto pane : allPanes) {
         navigation.setPane(pane);
@@ -110,13 +111,13 @@ TEST_F(AccessibilityTest, SaysTheRowsOfALongConversationInTheirOrderAlsoAfterScr
     setFull([](Snapshot &snapshot) {
         snapshot.conversation.rows.clear();
         for (int turn = 0; turn < 400; ++turn)
-            snapshot.conversation.rows.push_back(row("user", QStringLiteral("turn %1").arg(turn)));
+            snapshot.conversation.rows.push_back(row("user", u"turn %1"_s.arg(turn)));
     });
     open(Pane::Now);
     const auto turns = [this] {
         std::vector<int> numbers;
         for (const auto &line : tree()) {
-            if (line.startsWith(QStringLiteral("ListItem: You: turn ")))
+            if (line.startsWith(u"ListItem: You: turn "_s))
                 numbers.push_back(line.section(u' ', 3, 3).toInt());
         }
         return numbers;
@@ -140,19 +141,17 @@ TEST_F(AccessibilityTest, SaysTheNotesAndTheValuesThatCannotBeChanged) {
     offer();
     open(Pane::Brain);
     const auto lines = tree();
-    EXPECT_TRUE(lines.contains(QStringLiteral("StaticText: ") + L("brain.note"))) << lines.join(u'\n').toStdString();
-    EXPECT_TRUE(lines.contains(QStringLiteral("StaticText: ") + L("brain.whenDown") + QStringLiteral(": ") +
-                               L("brain.whenDown.value")));
-    EXPECT_TRUE(lines.contains(QStringLiteral("StaticText: /code: ") + L("brain.always")))
-        << lines.join(u'\n').toStdString();
+    EXPECT_TRUE(lines.contains(u"StaticText: "_s + L("brain.note"))) << lines.join(u'\n').toStdString();
+    EXPECT_TRUE(lines.contains(u"StaticText: "_s + L("brain.whenDown") + u": "_s + L("brain.whenDown.value")));
+    EXPECT_TRUE(lines.contains(u"StaticText: /code: "_s + L("brain.always"))) << lines.join(u'\n').toStdString();
     navigation.setPane(Pane::History);
-    EXPECT_TRUE(tree().contains(QStringLiteral("StaticText: ") + L("history.note")));
+    EXPECT_TRUE(tree().contains(u"StaticText: "_s + L("history.note")));
 }
 
 TEST_F(AccessibilityTest, HasAHeadingForTheActionsOnlyWhereThereAreAny) {
     setFull();
     open(Pane::Brain);
-    const auto heading = QStringLiteral("Heading: ") + L("brain.confirmBlock");
+    const auto heading = u"Heading: "_s + L("brain.confirmBlock");
     EXPECT_FALSE(tree().contains(heading));
     offer();
     EXPECT_TRUE(tree().contains(heading));
@@ -161,30 +160,29 @@ TEST_F(AccessibilityTest, HasAHeadingForTheActionsOnlyWhereThereAreAny) {
 TEST_F(AccessibilityTest, SaysWhereASwitchStandsAndTurnsIt) {
     setFull();
     open(Pane::Listening);
-    auto *echo = named("ZenSwitch", QStringLiteral("Echo cancellation"));
+    auto *echo = named("ZenSwitch", u"Echo cancellation"_s);
     EXPECT_TRUE(state(echo).checkable);
     EXPECT_TRUE(state(echo).checked);
-    EXPECT_TRUE(description(echo).startsWith(QStringLiteral("On. ")));
+    EXPECT_TRUE(description(echo).startsWith(u"On. "_s));
     act(echo, QAccessibleActionInterface::toggleAction());
     EXPECT_EQ(toldSetting(), R"({"isEchoCancelOn":false})");
     setFull([](Snapshot &snapshot) { snapshot.settings.isEchoCancelOn = false; });
     EXPECT_FALSE(state(echo).checked);
-    EXPECT_TRUE(description(echo).startsWith(QStringLiteral("Off. ")));
+    EXPECT_TRUE(description(echo).startsWith(u"Off. "_s));
 }
 
 TEST_F(AccessibilityTest, SaysWhetherAnActionIsConfirmed) {
     setFull();
     offer();
     open(Pane::Brain);
-    EXPECT_EQ(description(named("ZenSwitch", model().options()->confirmActions[0].label)),
-              QStringLiteral("Asks first"));
+    EXPECT_EQ(description(named("ZenSwitch", model().options()->confirmActions[0].label)), u"Asks first"_s);
 }
 
 TEST_F(AccessibilityTest, SaysTheValueOfASelectAndMarksTheChoiceInItsList) {
     setFull([](Snapshot &snapshot) { snapshot.settings.voiceSpeed = 1.25; });
     open(Pane::Voice);
-    auto *speed = named("ZenSelect", QStringLiteral("Speed"));
-    EXPECT_EQ(description(speed), QStringLiteral("1.25×"));
+    auto *speed = named("ZenSelect", u"Speed"_s);
+    EXPECT_EQ(description(speed), u"1.25×"_s);
     act(speed, QAccessibleActionInterface::pressAction());
     ASSERT_EQ(all("SelectList").size(), 1);
     EXPECT_EQ(role(all("SelectList").first()), QAccessible::List);
@@ -192,7 +190,7 @@ TEST_F(AccessibilityTest, SaysTheValueOfASelectAndMarksTheChoiceInItsList) {
     for (auto *choice : Scene::all(all("SelectList").first(), "Pressable")) {
         EXPECT_EQ(role(choice), QAccessible::ListItem);
         selected += state(choice).selected ? 1 : 0;
-        EXPECT_EQ(state(choice).selected, name(choice) == QStringLiteral("1.25×"));
+        EXPECT_EQ(state(choice).selected, name(choice) == u"1.25×"_s);
     }
     EXPECT_EQ(selected, 1);
 }
@@ -201,15 +199,15 @@ TEST_F(AccessibilityTest, SaysThatASettingIsBeingApplied) {
     backend().hang("/settings");
     setFull();
     open(Pane::Listening);
-    app.listening()->microphone()->pick(QStringLiteral("USB Audio"));
-    EXPECT_TRUE(description(named("ZenSelect", QStringLiteral("Microphone"))).startsWith(QStringLiteral("Applying…")));
+    app.listening()->microphone()->pick(u"USB Audio"_s);
+    EXPECT_TRUE(description(named("ZenSelect", u"Microphone"_s)).startsWith(u"Applying…"_s));
 }
 
 TEST_F(AccessibilityTest, SaysTheShortcutInWordsAndThatItIsRecorded) {
     setFull();
     open(Pane::Listening);
-    auto *recorder = named("Pressable", QStringLiteral("Listen"));
-    EXPECT_TRUE(description(recorder).startsWith(QStringLiteral("Alt + Space. ")));
+    auto *recorder = named("Pressable", u"Listen"_s);
+    EXPECT_TRUE(description(recorder).startsWith(u"Alt + Space. "_s));
     act(recorder, QAccessibleActionInterface::pressAction());
     EXPECT_TRUE(description(recorder).startsWith(L("recorder.type")));
     app.listening()->listenShortcut()->handle(0, 0);
@@ -218,8 +216,8 @@ TEST_F(AccessibilityTest, SaysTheShortcutInWordsAndThatItIsRecorded) {
 
 TEST_F(AccessibilityTest, SaysWhichPaneIsChosen) {
     open(Pane::Voice);
-    EXPECT_TRUE(state(named("SidebarItem", QStringLiteral("Voice"))).selected);
-    EXPECT_FALSE(state(named("SidebarItem", QStringLiteral("Now"))).selected);
+    EXPECT_TRUE(state(named("SidebarItem", u"Voice"_s)).selected);
+    EXPECT_FALSE(state(named("SidebarItem", u"Now"_s)).selected);
 }
 
 TEST_F(AccessibilityTest, RaisesAnAlertForEveryStateAndForNothingElse) {
@@ -231,9 +229,9 @@ TEST_F(AccessibilityTest, RaisesAnAlertForEveryStateAndForNothingElse) {
     setState("thinking");
     model().setSnapshot(nullptr);
     ASSERT_EQ(alerts.size(), 3) << alerts.join(u'|').toStdString();
-    EXPECT_TRUE(alerts[0].startsWith(QStringLiteral("Listening")));
-    EXPECT_TRUE(alerts[1].startsWith(QStringLiteral("Thinking")));
-    EXPECT_TRUE(alerts[2].startsWith(QStringLiteral("Offline")));
+    EXPECT_TRUE(alerts[0].startsWith(u"Listening"_s));
+    EXPECT_TRUE(alerts[1].startsWith(u"Thinking"_s));
+    EXPECT_TRUE(alerts[2].startsWith(u"Offline"_s));
     EXPECT_EQ(notifications, alerts);
 }
 

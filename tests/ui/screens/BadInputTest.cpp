@@ -6,6 +6,7 @@
 
 using namespace palomet;
 using namespace palomet::test;
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -52,9 +53,8 @@ Snapshot::Row turn(const char *role, const QString &text, double at) {
 
 TEST_F(BadInputTest, ShowsRowsThatShareAnId) {
     setState("waiting", [](Snapshot &snapshot) {
-        snapshot.conversation.rows = {turn("user", QStringLiteral("one"), 5), turn("user", QStringLiteral("two"), 5),
-                                      turn("user", QStringLiteral("one"), 5)};
-        snapshot.draft = {{.at = 5, .text = QStringLiteral("a")}, {.at = 5, .text = QStringLiteral("a")}};
+        snapshot.conversation.rows = {turn("user", u"one"_s, 5), turn("user", u"two"_s, 5), turn("user", u"one"_s, 5)};
+        snapshot.draft = {{.at = 5, .text = u"a"_s}, {.at = 5, .text = u"a"_s}};
     });
     open(Pane::Now);
     settle();
@@ -67,7 +67,7 @@ TEST_F(BadInputTest, ShowsEmptyListsAndABareSnapshot) {
     model().setOptions(Options());
     openAll();
     navigation.setPane(Pane::Voice);
-    press(named("ZenSelect", QStringLiteral("Speech model")));
+    press(named("ZenSelect", u"Speech model"_s));
     settle();
     for (auto *list : all("SelectList"))
         EXPECT_TRUE(Scene::all(list, "Pressable").isEmpty());
@@ -113,27 +113,24 @@ TEST_F(BadInputTest, ShowsTimesOf1970AndOfTheYear3000) {
 }
 
 TEST_F(BadInputTest, ShowsARoleThatNobodyKnowsAsPalomets) {
-    setState("waiting", [](Snapshot &snapshot) {
-        snapshot.conversation.rows = {turn("<b>spirit</b>", QStringLiteral("boo"), 5)};
-    });
+    setState("waiting", [](Snapshot &snapshot) { snapshot.conversation.rows = {turn("<b>spirit</b>", u"boo"_s, 5)}; });
     open(Pane::Now);
-    EXPECT_EQ(first("ConversationRow")->property("label"), QStringLiteral("Palomet"));
+    EXPECT_EQ(first("ConversationRow")->property("label"), u"Palomet"_s);
 }
 
 TEST_F(BadInputTest, ShowsASettingThatIsNotAmongItsOptionsWithoutAMark) {
-    setFull([](Snapshot &snapshot) { snapshot.settings.fishModel = QStringLiteral("gone"); });
+    setFull([](Snapshot &snapshot) { snapshot.settings.fishModel = u"gone"_s; });
     offer();
     open(Pane::Voice);
-    auto *select = named("ZenSelect", QStringLiteral("Speech model"));
-    EXPECT_EQ(select->property("value"), QStringLiteral("gone"));
+    auto *select = named("ZenSelect", u"Speech model"_s);
+    EXPECT_EQ(select->property("value"), u"gone"_s);
     press(select);
     for (auto *choice : Scene::all(first("SelectList"), "Pressable"))
         EXPECT_FALSE(choice->property("isSelected").toBool());
 }
 
 TEST_F(BadInputTest, ShowsMarkupAsItIsWritten) {
-    const auto markup =
-        QStringLiteral("<img src=\"http://127.0.0.1:1/x.png\"><b>bold</b> &amp; <a href=\"x\">link</a>");
+    const auto markup = u"<img src=\"http://127.0.0.1:1/x.png\"><b>bold</b> &amp; <a href=\"x\">link</a>"_s;
     setFull([&](Snapshot &snapshot) {
         snapshot.device = markup;
         snapshot.conversation.rows = {turn("user", markup, 5)};
@@ -173,32 +170,29 @@ TEST_F(BadInputTest, ShowsMarkupAsItIsWritten) {
 
 TEST_F(BadInputTest, ShowsLongAndForeignTexts) {
     setFull([](Snapshot &snapshot) {
-        const auto device = QStringLiteral("Very Long Device ").repeated(12);
+        const auto device = u"Very Long Device "_s.repeated(12);
         snapshot.device = device;
         snapshot.settings.inputDevice = device;
-        snapshot.settings.workingFolder = QStringLiteral("/a/very/long/path").repeated(20);
+        snapshot.settings.workingFolder = u"/a/very/long/path"_s.repeated(20);
         snapshot.settings.folders = {snapshot.settings.workingFolder, QString(300, u'x')};
         snapshot.conversation.rows = {
-            turn("user", QStringLiteral("question ").repeated(1'100), 5), turn("user", QString(10'000, u'w'), 6),
+            turn("user", u"question "_s.repeated(1'100), 5), turn("user", QString(10'000, u'w'), 6),
             turn("assistant",
-                 QStringLiteral(
-                     "مرحبا بالعالم، كيف حالك اليوم؟ 👋🏽👨‍👩‍👧‍👦"),
-                 7)};
+                 u"مرحبا بالعالم، كيف حالك اليوم؟ 👋🏽👨‍👩‍👧‍👦"_s, 7)};
         snapshot.conversation.costUsd = 12'345.678;
         snapshot.heard = {{.at = 1'800'000'000'000,
                            .text = QString(500, u'w'),
-                           .action = QStringLiteral("an action without words of its own"),
+                           .action = u"an action without words of its own"_s,
                            .reason = QString(500, u'w')}};
         snapshot.draft = {{.at = 5, .text = QString(500, u'w')}};
     });
     ConversationSummary summary;
-    summary.firstQuestion = QStringLiteral("question ").repeated(1'100);
+    summary.firstQuestion = u"question "_s.repeated(1'100);
     summary.costUsd = 12'345.678;
     model().setHistory({summary});
     Options options;
-    options.confirmActions = {
-        {.id = QStringLiteral("long"), .label = QStringLiteral("A label without an end ").repeated(20)}};
-    options.claudePaths = {{.path = QStringLiteral("/p").repeated(200), .version = QStringLiteral("1.0")}};
+    options.confirmActions = {{.id = u"long"_s, .label = u"A label without an end "_s.repeated(20)}};
+    options.claudePaths = {{.path = u"/p"_s.repeated(200), .version = u"1.0"_s}};
     model().setOptions(options);
     openAll();
     window->resize(960, 640);

@@ -5,6 +5,7 @@
 
 using namespace palomet;
 using namespace palomet::test;
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -14,11 +15,10 @@ protected:
 
     void offer() {
         Options options;
-        options.models = {QStringLiteral("claude-haiku-5-5"), QStringLiteral("claude-sonnet-5-5")};
-        options.claudePaths = {
-            {.path = QStringLiteral("/home/ana/.local/bin/claude"), .version = QStringLiteral("2.1.0")}};
-        options.confirmActions = {{.id = QStringLiteral("message"), .label = QStringLiteral("Send a message")},
-                                  {.id = QStringLiteral("delete"), .label = QStringLiteral("Delete files")}};
+        options.models = {u"claude-haiku-5-5"_s, u"claude-sonnet-5-5"_s};
+        options.claudePaths = {{.path = u"/home/ana/.local/bin/claude"_s, .version = u"2.1.0"_s}};
+        options.confirmActions = {{.id = u"message"_s, .label = u"Send a message"_s},
+                                  {.id = u"delete"_s, .label = u"Delete files"_s}};
         model().setOptions(options);
     }
     [[nodiscard]] QStringList titlesOf(QAbstractItemModel *rows, int role) {
@@ -35,7 +35,7 @@ protected:
     std::function<void(const QStringList &)> later;
     bool isLater = false;
     std::unique_ptr<BrainScreen> screen = std::make_unique<BrainScreen>(
-        model(), QStringLiteral("/home/ana"),
+        model(), u"/home/ana"_s,
         [this](std::function<void(const QStringList &)> answer) {
             if (isLater)
                 later = std::move(answer);
@@ -52,18 +52,18 @@ protected:
 TEST_F(BrainScreenTest, ShowsTheSettings) {
     setFull();
     offer();
-    EXPECT_EQ(brainModel->value(), QStringLiteral("Haiku 5.5"));
-    EXPECT_EQ(brainModel->selected(), QStringLiteral("claude-haiku-5-5"));
+    EXPECT_EQ(brainModel->value(), u"Haiku 5.5"_s);
+    EXPECT_EQ(brainModel->selected(), u"claude-haiku-5-5"_s);
     EXPECT_EQ(ids(*brainModel), words("claude-haiku-5-5 claude-sonnet-5-5"));
-    EXPECT_EQ(titles(*brainModel), (QStringList{QStringLiteral("Haiku 5.5"), QStringLiteral("Sonnet 5.5")}));
-    EXPECT_EQ(claude->title(), QStringLiteral("Claude Code"));
-    EXPECT_EQ(claude->value(), QStringLiteral("2.1.0 · /home/ana/.local/bin/claude"));
-    EXPECT_EQ(claude->selected(), QStringLiteral("/home/ana/.local/bin/claude"));
-    EXPECT_EQ(titles(*claude), QStringList{QStringLiteral("2.1.0 · /home/ana/.local/bin/claude")});
-    EXPECT_EQ(screen->workingFolder(), QStringLiteral("/code"));
+    EXPECT_EQ(titles(*brainModel), (QStringList{u"Haiku 5.5"_s, u"Sonnet 5.5"_s}));
+    EXPECT_EQ(claude->title(), u"Claude Code"_s);
+    EXPECT_EQ(claude->value(), u"2.1.0 · /home/ana/.local/bin/claude"_s);
+    EXPECT_EQ(claude->selected(), u"/home/ana/.local/bin/claude"_s);
+    EXPECT_EQ(titles(*claude), QStringList{u"2.1.0 · /home/ana/.local/bin/claude"_s});
+    EXPECT_EQ(screen->workingFolder(), u"/code"_s);
     EXPECT_EQ(titlesOf(screen->folders(), FolderRows::Title), words("/code /code/website"));
     EXPECT_EQ(titlesOf(screen->confirmActions(), ConfirmActions::Label),
-              (QStringList{QStringLiteral("Send a message"), QStringLiteral("Delete files")}));
+              (QStringList{u"Send a message"_s, u"Delete files"_s}));
     EXPECT_TRUE(isConfirmed(0));
     EXPECT_FALSE(isConfirmed(1));
 }
@@ -71,7 +71,7 @@ TEST_F(BrainScreenTest, ShowsTheSettings) {
 TEST_F(BrainScreenTest, HasNoExecutablesToChooseFromWithoutAny) {
     setFull();
     EXPECT_TRUE(claude->choices().isEmpty());
-    EXPECT_EQ(claude->value(), QStringLiteral("/home/ana/.local/bin/claude"));
+    EXPECT_EQ(claude->value(), u"/home/ana/.local/bin/claude"_s);
     model().setOptions(Options());
     EXPECT_TRUE(claude->choices().isEmpty());
     EXPECT_TRUE(brainModel->choices().isEmpty());
@@ -80,7 +80,7 @@ TEST_F(BrainScreenTest, HasNoExecutablesToChooseFromWithoutAny) {
 
 TEST_F(BrainScreenTest, ShowsTheExecutableInUseWhileTheBackendChooses) {
     setFull([](Snapshot &snapshot) { snapshot.settings.claudePath.reset(); });
-    EXPECT_EQ(claude->value(), QStringLiteral("2.1.0 · /home/ana/.local/bin/claude"));
+    EXPECT_EQ(claude->value(), u"2.1.0 · /home/ana/.local/bin/claude"_s);
     EXPECT_EQ(claude->selected(), QString());
 }
 
@@ -90,52 +90,49 @@ TEST_F(BrainScreenTest, ShowsADashWhileTheBackendUsesNoExecutable) {
         snapshot.session.claudePath.clear();
         snapshot.session.claudeVersion.clear();
     });
-    EXPECT_EQ(claude->value(), QStringLiteral("—"));
+    EXPECT_EQ(claude->value(), u"—"_s);
 }
 
 TEST_F(BrainScreenTest, ShowsDashesWithoutASnapshot) {
     offer();
-    EXPECT_EQ(brainModel->value(), QStringLiteral("—"));
-    EXPECT_EQ(claude->value(), QStringLiteral("—"));
-    EXPECT_EQ(screen->workingFolder(), QStringLiteral("—"));
+    EXPECT_EQ(brainModel->value(), u"—"_s);
+    EXPECT_EQ(claude->value(), u"—"_s);
+    EXPECT_EQ(screen->workingFolder(), u"—"_s);
     EXPECT_EQ(screen->folders()->rowCount(), 0);
     EXPECT_FALSE(isConfirmed(0));
 }
 
 TEST_F(BrainScreenTest, SendsWhatIsPicked) {
-    brainModel->pick(QStringLiteral("claude-sonnet-5-5"));
+    brainModel->pick(u"claude-sonnet-5-5"_s);
     EXPECT_EQ(toldSetting(), R"({"brainModel":"claude-sonnet-5-5"})");
-    claude->pick(QStringLiteral("/usr/bin/claude"));
+    claude->pick(u"/usr/bin/claude"_s);
     EXPECT_EQ(toldSetting(), R"({"claudePath":"/usr/bin/claude"})");
 }
 
 TEST_F(BrainScreenTest, IsBusyWhileTheModelIsBeingApplied) {
     backend().hang("/settings");
     setFull();
-    brainModel->pick(QStringLiteral("claude-sonnet-5-5"));
+    brainModel->pick(u"claude-sonnet-5-5"_s);
     EXPECT_TRUE(brainModel->isBusy());
     EXPECT_FALSE(claude->isBusy());
-    EXPECT_EQ(brainModel->value(), QStringLiteral("Haiku 5.5"));
+    EXPECT_EQ(brainModel->value(), u"Haiku 5.5"_s);
 }
 
 TEST_F(BrainScreenTest, AppendsAConfirmationThatIsSwitchedOn) {
     setFull();
-    screen->setConfirmed(QStringLiteral("delete"), true);
+    screen->setConfirmed(u"delete"_s, true);
     EXPECT_EQ(toldSetting(), R"({"confirmActions":["message","purchase","delete"]})");
 }
 
 TEST_F(BrainScreenTest, RemovesAConfirmationThatIsSwitchedOffWhereverItStands) {
-    setFull([](Snapshot &snapshot) {
-        snapshot.settings.confirmActions = {QStringLiteral("message"), QStringLiteral("purchase"),
-                                            QStringLiteral("message")};
-    });
-    screen->setConfirmed(QStringLiteral("message"), false);
+    setFull([](Snapshot &snapshot) { snapshot.settings.confirmActions = {u"message"_s, u"purchase"_s, u"message"_s}; });
+    screen->setConfirmed(u"message"_s, false);
     EXPECT_EQ(toldSetting(), R"({"confirmActions":["purchase"]})");
 }
 
 TEST_F(BrainScreenTest, RemovesAFolder) {
     setFull();
-    screen->removeFolder(QStringLiteral("/code/website"));
+    screen->removeFolder(u"/code/website"_s);
     EXPECT_EQ(toldSetting(), R"({"folders":["/code"]})");
 }
 
@@ -159,8 +156,8 @@ TEST_F(BrainScreenTest, SendsNothingWhenNothingIsPickedOrNothingIsKnown) {
     model().setSnapshot(nullptr);
     picked = words("/a");
     screen->addFolder();
-    screen->removeFolder(QStringLiteral("/code"));
-    screen->setConfirmed(QStringLiteral("message"), true);
+    screen->removeFolder(u"/code"_s);
+    screen->setConfirmed(u"message"_s, true);
     EXPECT_EQ(model().applying(), std::nullopt);
     EXPECT_EQ(backend().count("/settings"), 0);
 }
@@ -169,7 +166,7 @@ TEST_F(BrainScreenTest, AddsToTheFoldersThatThereAreWhenThePickerIsAnswered) {
     setFull();
     isLater = true;
     screen->addFolder();
-    setFull([](Snapshot &snapshot) { snapshot.settings.folders = {QStringLiteral("/new")}; });
+    setFull([](Snapshot &snapshot) { snapshot.settings.folders = {u"/new"_s}; });
     later(words("/a"));
     EXPECT_EQ(toldSetting(), R"({"folders":["/new","/a"]})");
 }
@@ -184,28 +181,27 @@ TEST_F(BrainScreenTest, IgnoresAPickerThatIsAnsweredAfterItsEnd) {
 }
 
 TEST_F(BrainScreenTest, AbbreviatesTheHomeFolderAndNothingElse) {
-    const auto home = QStringLiteral("/home/ana");
+    const auto home = u"/home/ana"_s;
     const auto abbreviated = [&](const char *path) { return BrainScreen::abbreviated(QString::fromUtf8(path), home); };
-    EXPECT_EQ(abbreviated("/home/ana/code"), QStringLiteral("~/code"));
-    EXPECT_EQ(abbreviated("/home/ana"), QStringLiteral("~"));
-    EXPECT_EQ(abbreviated("/code"), QStringLiteral("/code"));
-    EXPECT_EQ(abbreviated("/home/anabela/code"), QStringLiteral("/home/anabela/code"));
-    EXPECT_EQ(BrainScreen::abbreviated(QStringLiteral("/code"), QString()), QStringLiteral("/code"));
+    EXPECT_EQ(abbreviated("/home/ana/code"), u"~/code"_s);
+    EXPECT_EQ(abbreviated("/home/ana"), u"~"_s);
+    EXPECT_EQ(abbreviated("/code"), u"/code"_s);
+    EXPECT_EQ(abbreviated("/home/anabela/code"), u"/home/anabela/code"_s);
+    EXPECT_EQ(BrainScreen::abbreviated(u"/code"_s, QString()), u"/code"_s);
     setFull([](Snapshot &snapshot) {
-        snapshot.settings.workingFolder = QStringLiteral("/home/ana/code");
-        snapshot.settings.folders = {QStringLiteral("/home/ana/site"), QStringLiteral("/srv")};
+        snapshot.settings.workingFolder = u"/home/ana/code"_s;
+        snapshot.settings.folders = {u"/home/ana/site"_s, u"/srv"_s};
     });
-    EXPECT_EQ(screen->workingFolder(), QStringLiteral("~/code"));
+    EXPECT_EQ(screen->workingFolder(), u"~/code"_s);
     EXPECT_EQ(titlesOf(screen->folders(), FolderRows::Title), words("~/site /srv"));
     EXPECT_EQ(titlesOf(screen->folders(), FolderRows::Folder), words("/home/ana/site /srv"));
 }
 
 TEST_F(BrainScreenTest, NamesWhatItKnowsOfAnExecutableWithoutAVersionOrAPath) {
     Options options;
-    options.claudePaths = {{.path = QStringLiteral("/usr/bin/claude"), .version = {}},
-                           {.path = {}, .version = QStringLiteral("2.1.0")}};
+    options.claudePaths = {{.path = u"/usr/bin/claude"_s, .version = {}}, {.path = {}, .version = u"2.1.0"_s}};
     model().setOptions(options);
-    setFull([](Snapshot &snapshot) { snapshot.settings.claudePath = QStringLiteral("/usr/bin/claude"); });
-    EXPECT_EQ(titles(*claude), (QStringList{QStringLiteral("/usr/bin/claude"), QStringLiteral("2.1.0")}));
-    EXPECT_EQ(claude->value(), QStringLiteral("/usr/bin/claude"));
+    setFull([](Snapshot &snapshot) { snapshot.settings.claudePath = u"/usr/bin/claude"_s; });
+    EXPECT_EQ(titles(*claude), (QStringList{u"/usr/bin/claude"_s, u"2.1.0"_s}));
+    EXPECT_EQ(claude->value(), u"/usr/bin/claude"_s);
 }

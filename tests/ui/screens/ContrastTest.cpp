@@ -8,6 +8,7 @@
 
 using namespace palomet;
 using namespace palomet::test;
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -41,7 +42,7 @@ TEST_P(ContrastOnScreenTest, IsEnoughOnEveryPaneWhateverIsPointedAtOrHeld) {
     window->resize(1120, 1500);
     for (const auto *content : {"filled", "without a microphone", "offline"}) {
         if (content == std::string("filled"))
-            Preview::fill(model());
+            preview::fill(model());
         else if (content == std::string("offline"))
             model().setSnapshot(nullptr);
         else
@@ -59,7 +60,7 @@ TEST_P(ContrastOnScreenTest, IsEnoughOnEveryPaneWhateverIsPointedAtOrHeld) {
 }
 
 TEST_P(ContrastOnScreenTest, IsEnoughInARecorderInEachOfItsStates) {
-    Preview::fill(model());
+    preview::fill(model());
     open(Pane::Listening);
     window->resize(1120, 1500);
     auto &recorder = *app.listening()->listenShortcut();
@@ -75,9 +76,9 @@ TEST_P(ContrastOnScreenTest, IsEnoughInARecorderInEachOfItsStates) {
 }
 
 TEST_P(ContrastOnScreenTest, IsEnoughInAnOpenList) {
-    Preview::fill(model());
+    preview::fill(model());
     open(Pane::Listening);
-    press(named("ZenSelect", QStringLiteral("Transcription model")));
+    press(named("ZenSelect", u"Transcription model"_s));
     expectContrastIn("list");
     key(Qt::Key_Down);
     expectContrastIn("list by keys");
@@ -86,10 +87,10 @@ TEST_P(ContrastOnScreenTest, IsEnoughInAnOpenList) {
 TEST_P(ContrastOnScreenTest, IsEnoughOnTheStripInEveryState) {
     StripView strip(model(), [] {});
     QQuickView view(&engine, nullptr);
-    view.setInitialProperties({{QStringLiteral("strip"), QVariant::fromValue(&strip)}});
+    view.setInitialProperties({{u"strip"_s, QVariant::fromValue(&strip)}});
     view.resize(StripPanel::size);
     view.setResizeMode(QQuickView::SizeRootObjectToView);
-    view.setSource(QUrl(QStringLiteral("qrc:/qt/qml/Palomet/Ui/StripContent.qml")));
+    view.setSource(QUrl(u"qrc:/qt/qml/Palomet/Ui/StripContent.qml"_s));
     strip.setShown(true);
     view.show();
     ASSERT_TRUE(QTest::qWaitForWindowExposed(&view));

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 using namespace palomet;
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -27,45 +28,44 @@ constexpr double now = 1'800'000'000'000;
 } // namespace
 
 TEST(HeardRows, ShowWhatIsLessThanTwoMinutesOld) {
-    const auto snapshot = heard({{.at = now - 120'000, .text = QStringLiteral("exactly"), .action = {}, .reason = {}},
-                                 {.at = now - 119'999, .text = QStringLiteral("just"), .action = {}, .reason = {}},
-                                 {.at = now, .text = QStringLiteral("now"), .action = {}, .reason = {}},
-                                 {.at = now + 5'000, .text = QStringLiteral("ahead"), .action = {}, .reason = {}}});
+    const auto snapshot = heard({{.at = now - 120'000, .text = u"exactly"_s, .action = {}, .reason = {}},
+                                 {.at = now - 119'999, .text = u"just"_s, .action = {}, .reason = {}},
+                                 {.at = now, .text = u"now"_s, .action = {}, .reason = {}},
+                                 {.at = now + 5'000, .text = u"ahead"_s, .action = {}, .reason = {}}});
     HeardRows rows;
     rows.show(&snapshot, now);
     ASSERT_EQ(rows.rowCount(), 3);
-    EXPECT_EQ(shown(rows, 0, HeardRows::Words), QStringLiteral("just"));
-    EXPECT_EQ(shown(rows, 1, HeardRows::Words), QStringLiteral("now"));
-    EXPECT_EQ(shown(rows, 2, HeardRows::Words), QStringLiteral("ahead"));
+    EXPECT_EQ(shown(rows, 0, HeardRows::Words), u"just"_s);
+    EXPECT_EQ(shown(rows, 1, HeardRows::Words), u"now"_s);
+    EXPECT_EQ(shown(rows, 2, HeardRows::Words), u"ahead"_s);
 }
 
 TEST(HeardRows, StayInTheBackendsOrder) {
-    const auto snapshot = heard({{.at = now - 1, .text = QStringLiteral("newer"), .action = {}, .reason = {}},
-                                 {.at = now - 2, .text = QStringLiteral("older"), .action = {}, .reason = {}}});
+    const auto snapshot = heard({{.at = now - 1, .text = u"newer"_s, .action = {}, .reason = {}},
+                                 {.at = now - 2, .text = u"older"_s, .action = {}, .reason = {}}});
     HeardRows rows;
     rows.show(&snapshot, now);
-    EXPECT_EQ(shown(rows, 0, HeardRows::Words), QStringLiteral("newer"));
-    EXPECT_EQ(shown(rows, 1, HeardRows::Words), QStringLiteral("older"));
+    EXPECT_EQ(shown(rows, 0, HeardRows::Words), u"newer"_s);
+    EXPECT_EQ(shown(rows, 1, HeardRows::Words), u"older"_s);
 }
 
 TEST(HeardRows, SayAnActionInWordsAndOneThatHasNoneAsItsCode) {
-    EXPECT_EQ(HeardRows::action(QStringLiteral("accepted")), QStringLiteral("Accepted"));
-    EXPECT_EQ(HeardRows::action(QStringLiteral("ignored")), QStringLiteral("Ignored"));
-    EXPECT_EQ(HeardRows::action(QStringLiteral("foo")), QStringLiteral("foo"));
+    EXPECT_EQ(HeardRows::action(u"accepted"_s), u"Accepted"_s);
+    EXPECT_EQ(HeardRows::action(u"ignored"_s), u"Ignored"_s);
+    EXPECT_EQ(HeardRows::action(u"foo"_s), u"foo"_s);
     EXPECT_EQ(HeardRows::action(QString()), QString());
 }
 
 TEST(HeardRows, ShowTheReasonWhenThereIsOneAndOnlyWhatWasAcceptedInInk) {
-    const auto snapshot =
-        heard({{.at = now, .text = {}, .action = QStringLiteral("accepted"), .reason = {}},
-               {.at = now, .text = {}, .action = QStringLiteral("ignored"), .reason = QStringLiteral("quiet")}});
+    const auto snapshot = heard({{.at = now, .text = {}, .action = u"accepted"_s, .reason = {}},
+                                 {.at = now, .text = {}, .action = u"ignored"_s, .reason = u"quiet"_s}});
     HeardRows rows;
     rows.show(&snapshot, now);
     EXPECT_EQ(shown(rows, 0, HeardRows::IsAccepted), true);
     EXPECT_EQ(shown(rows, 0, HeardRows::Reason), QString());
     EXPECT_EQ(shown(rows, 1, HeardRows::IsAccepted), false);
-    EXPECT_EQ(shown(rows, 1, HeardRows::Reason), QStringLiteral("quiet"));
-    EXPECT_EQ(shown(rows, 1, HeardRows::Clock), QStringLiteral("08:00"));
+    EXPECT_EQ(shown(rows, 1, HeardRows::Reason), u"quiet"_s);
+    EXPECT_EQ(shown(rows, 1, HeardRows::Clock), u"08:00"_s);
 }
 
 TEST(HeardRows, AreNoneWithoutASnapshotOrWithoutTheList) {
@@ -78,38 +78,33 @@ TEST(HeardRows, AreNoneWithoutASnapshotOrWithoutTheList) {
 }
 
 TEST(ConversationRows, AreLabelledYouToolAndPalometForEverybodyElse) {
-    const auto snapshot =
-        turns({{.role = QStringLiteral("user"), .text = {}, .at = 0, .durationMs = {}, .isOpen = {}},
-               {.role = QStringLiteral("tool"), .text = {}, .at = 0, .durationMs = {}, .isOpen = {}},
-               {.role = QStringLiteral("assistant"), .text = {}, .at = 0, .durationMs = {}, .isOpen = {}},
-               {.role = QStringLiteral("User"), .text = {}, .at = 0, .durationMs = {}, .isOpen = {}},
-               {.role = QString(), .text = {}, .at = 0, .durationMs = {}, .isOpen = {}}});
+    const auto snapshot = turns({{.role = u"user"_s, .text = {}, .at = 0, .durationMs = {}, .isOpen = {}},
+                                 {.role = u"tool"_s, .text = {}, .at = 0, .durationMs = {}, .isOpen = {}},
+                                 {.role = u"assistant"_s, .text = {}, .at = 0, .durationMs = {}, .isOpen = {}},
+                                 {.role = u"User"_s, .text = {}, .at = 0, .durationMs = {}, .isOpen = {}},
+                                 {.role = QString(), .text = {}, .at = 0, .durationMs = {}, .isOpen = {}}});
     ConversationRows rows;
     rows.show(snapshot);
-    EXPECT_EQ(shown(rows, 0, ConversationRows::Label), QStringLiteral("You"));
-    EXPECT_EQ(shown(rows, 1, ConversationRows::Label), QStringLiteral("Tool"));
+    EXPECT_EQ(shown(rows, 0, ConversationRows::Label), u"You"_s);
+    EXPECT_EQ(shown(rows, 1, ConversationRows::Label), u"Tool"_s);
     for (int row = 2; row < 5; ++row) {
-        EXPECT_EQ(shown(rows, row, ConversationRows::Label), QStringLiteral("Palomet"));
-        EXPECT_EQ(shown(rows, row, ConversationRows::Kind), QStringLiteral("agent"));
+        EXPECT_EQ(shown(rows, row, ConversationRows::Label), u"Palomet"_s);
+        EXPECT_EQ(shown(rows, row, ConversationRows::Kind), u"agent"_s);
     }
 }
 
 TEST(ConversationRows, PutTheOpenOneLastAndSayThatItRuns) {
-    const auto snapshot = turns(
-        {{.role = QStringLiteral("assistant"),
-          .text = QStringLiteral("live"),
-          .at = 0,
-          .durationMs = 5'000,
-          .isOpen = true},
-         {.role = QStringLiteral("user"), .text = QStringLiteral("a"), .at = 0, .durationMs = 2'500, .isOpen = {}},
-         {.role = QStringLiteral("tool"), .text = QStringLiteral("b"), .at = 0, .durationMs = {}, .isOpen = false}});
+    const auto snapshot =
+        turns({{.role = u"assistant"_s, .text = u"live"_s, .at = 0, .durationMs = 5'000, .isOpen = true},
+               {.role = u"user"_s, .text = u"a"_s, .at = 0, .durationMs = 2'500, .isOpen = {}},
+               {.role = u"tool"_s, .text = u"b"_s, .at = 0, .durationMs = {}, .isOpen = false}});
     ConversationRows rows;
     rows.show(snapshot);
-    EXPECT_EQ(shown(rows, 0, ConversationRows::Words), QStringLiteral("a"));
-    EXPECT_EQ(shown(rows, 0, ConversationRows::Duration), QStringLiteral("2.5 s"));
+    EXPECT_EQ(shown(rows, 0, ConversationRows::Words), u"a"_s);
+    EXPECT_EQ(shown(rows, 0, ConversationRows::Duration), u"2.5 s"_s);
     EXPECT_EQ(shown(rows, 1, ConversationRows::Duration), QString());
-    EXPECT_EQ(shown(rows, 2, ConversationRows::Words), QStringLiteral("live"));
-    EXPECT_EQ(shown(rows, 2, ConversationRows::Duration), QStringLiteral("running"));
+    EXPECT_EQ(shown(rows, 2, ConversationRows::Words), u"live"_s);
+    EXPECT_EQ(shown(rows, 2, ConversationRows::Duration), u"running"_s);
 }
 
 TEST(ConversationRows, ShowTimesOf1970AndOfTheYear3000) {
@@ -117,8 +112,8 @@ TEST(ConversationRows, ShowTimesOf1970AndOfTheYear3000) {
                                  {.role = {}, .text = {}, .at = 32'503'680'060'000, .durationMs = {}, .isOpen = {}}});
     ConversationRows rows;
     rows.show(snapshot);
-    EXPECT_EQ(shown(rows, 0, ConversationRows::Clock), QStringLiteral("00:00"));
-    EXPECT_EQ(shown(rows, 1, ConversationRows::Clock), QStringLiteral("00:01"));
+    EXPECT_EQ(shown(rows, 0, ConversationRows::Clock), u"00:00"_s);
+    EXPECT_EQ(shown(rows, 1, ConversationRows::Clock), u"00:01"_s);
 }
 
 TEST(ConversationRows, AreNotCopiedHoweverMany) {
@@ -130,13 +125,13 @@ TEST(ConversationRows, AreNotCopiedHoweverMany) {
 
 TEST(DraftRows, ShowEveryEntryAlsoThoseOfTheSameTime) {
     Snapshot snapshot;
-    snapshot.draft = {{.at = now, .text = QStringLiteral("one")}, {.at = now, .text = QStringLiteral("two")}};
+    snapshot.draft = {{.at = now, .text = u"one"_s}, {.at = now, .text = u"two"_s}};
     DraftRows rows;
     rows.show(&snapshot);
     ASSERT_EQ(rows.rowCount(), 2);
-    EXPECT_EQ(shown(rows, 0, DraftRows::Words), QStringLiteral("one"));
-    EXPECT_EQ(shown(rows, 1, DraftRows::Words), QStringLiteral("two"));
-    EXPECT_EQ(shown(rows, 1, DraftRows::Clock), QStringLiteral("08:00"));
+    EXPECT_EQ(shown(rows, 0, DraftRows::Words), u"one"_s);
+    EXPECT_EQ(shown(rows, 1, DraftRows::Words), u"two"_s);
+    EXPECT_EQ(shown(rows, 1, DraftRows::Clock), u"08:00"_s);
     rows.show(nullptr);
     EXPECT_EQ(rows.rowCount(), 0);
 }

@@ -4,12 +4,14 @@
 
 namespace palomet::test {
 
+using namespace Qt::StringLiterals;
+
 inline constexpr double now = 1'800'000'000'000;
 
 /// A turn of that number, its words so many times.
 [[nodiscard]] inline Snapshot::Row turn(int number, int words = 3) {
-    return {.role = number % 2 == 0 ? QStringLiteral("user") : QStringLiteral("assistant"),
-            .text = QStringLiteral("turn %1 ").arg(number).repeated(words),
+    return {.role = number % 2 == 0 ? u"user"_s : u"assistant"_s,
+            .text = u"turn %1 "_s.arg(number).repeated(words),
             .at = now - 1'000'000 + number,
             .durationMs = 1'000,
             .isOpen = {}};

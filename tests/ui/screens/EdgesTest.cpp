@@ -2,6 +2,7 @@
 
 using namespace palomet;
 using namespace palomet::test;
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -104,7 +105,7 @@ TEST_F(EdgesTest, KeepsTheRequestFieldAndTheEndOfTheNewestTurnInViewTogether) {
         open(Pane::Now);
         window->resize(SettingsWindow::minimumContentSize);
         settle();
-        auto *field = named("ZenInput", QStringLiteral("Type a request instead"));
+        auto *field = named("ZenInput", u"Type a request instead"_s);
         field->forceActiveFocus(Qt::TabFocusReason);
         settle();
         EXPECT_LE(field->mapToScene({0, field->height()}).y(), window->height());

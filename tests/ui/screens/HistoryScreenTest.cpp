@@ -4,6 +4,7 @@
 
 using namespace palomet;
 using namespace palomet::test;
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -20,9 +21,9 @@ protected:
 };
 
 ConversationSummary summary(qint64 answers, double costUsd, double startedAt = 1'800'000'000'000) {
-    return {.conversationId = QStringLiteral("id"),
+    return {.conversationId = u"id"_s,
             .startedAt = startedAt,
-            .firstQuestion = QStringLiteral("What?"),
+            .firstQuestion = u"What?"_s,
             .answers = answers,
             .costUsd = costUsd};
 }
@@ -31,25 +32,25 @@ ConversationSummary summary(qint64 answers, double costUsd, double startedAt = 1
 
 TEST_F(HistoryScreenTest, ShowsTheConversationsInTheBackendsOrder) {
     auto later = summary(1, 0.03);
-    later.firstQuestion = QStringLiteral("Later?");
+    later.firstQuestion = u"Later?"_s;
     set({summary(1, 0.03, 1'700'000'000'000), later});
     ASSERT_EQ(screen.rows()->rowCount(), 2);
-    EXPECT_EQ(shown(0, HistoryRows::Question), QStringLiteral("What?"));
-    EXPECT_EQ(shown(1, HistoryRows::Question), QStringLiteral("Later?"));
-    EXPECT_EQ(shown(1, HistoryRows::Day), QStringLiteral("Today 08:00"));
+    EXPECT_EQ(shown(0, HistoryRows::Question), u"What?"_s);
+    EXPECT_EQ(shown(1, HistoryRows::Question), u"Later?"_s);
+    EXPECT_EQ(shown(1, HistoryRows::Day), u"Today 08:00"_s);
 }
 
 TEST_F(HistoryScreenTest, CountsOneAnswerInTheSingularAndEveryOtherCountInThePlural) {
     set({summary(1, 0.03), summary(0, 1.5), summary(11, 0.004)});
-    EXPECT_EQ(shown(0, HistoryRows::Detail), QStringLiteral("1 answer · US$ 0.03"));
-    EXPECT_EQ(shown(1, HistoryRows::Detail), QStringLiteral("0 answers · US$ 1.50"));
-    EXPECT_EQ(shown(2, HistoryRows::Detail), QStringLiteral("11 answers · US$ 0.004"));
+    EXPECT_EQ(shown(0, HistoryRows::Detail), u"1 answer · US$ 0.03"_s);
+    EXPECT_EQ(shown(1, HistoryRows::Detail), u"0 answers · US$ 1.50"_s);
+    EXPECT_EQ(shown(2, HistoryRows::Detail), u"11 answers · US$ 0.004"_s);
 }
 
 TEST_F(HistoryScreenTest, ShowsACostOfNothingAndAGreatOne) {
     set({summary(2, 0), summary(2, 12'345.678)});
-    EXPECT_EQ(shown(0, HistoryRows::Detail), QStringLiteral("2 answers · US$ 0.00"));
-    EXPECT_EQ(shown(1, HistoryRows::Detail), QStringLiteral("2 answers · US$ 12,345.68"));
+    EXPECT_EQ(shown(0, HistoryRows::Detail), u"2 answers · US$ 0.00"_s);
+    EXPECT_EQ(shown(1, HistoryRows::Detail), u"2 answers · US$ 12,345.68"_s);
 }
 
 TEST_F(HistoryScreenTest, ShowsConversationsThatShareAnId) {
@@ -59,9 +60,9 @@ TEST_F(HistoryScreenTest, ShowsConversationsThatShareAnId) {
 
 TEST_F(HistoryScreenTest, ShowsAQuestionOfSeveralLinesAsOne) {
     auto folded = summary(1, 0);
-    folded.firstQuestion = QStringLiteral("What is\n\n  this,\r\nand that?\n");
+    folded.firstQuestion = u"What is\n\n  this,\r\nand that?\n"_s;
     set({folded});
-    EXPECT_EQ(shown(0, HistoryRows::Question), QStringLiteral("What is this, and that?"));
+    EXPECT_EQ(shown(0, HistoryRows::Question), u"What is this, and that?"_s);
 }
 
 TEST_F(HistoryScreenTest, TellsTheHoursOfTheZoneThatATravellerHasComeTo) {
@@ -74,17 +75,16 @@ TEST_F(HistoryScreenTest, TellsTheHoursOfTheZoneThatATravellerHasComeTo) {
     model().start();
     scheduler().advance(std::chrono::seconds{1});
     EXPECT_EQ(changes, 0);
-    const Journey journey(QStringLiteral("Asia/Kolkata"));
+    const Journey journey(u"Asia/Kolkata"_s);
     scheduler().advance(std::chrono::seconds{1});
     EXPECT_EQ(changes, 1);
-    EXPECT_TRUE(shown(0, HistoryRows::Day).endsWith(QStringLiteral("13:30")))
-        << shown(0, HistoryRows::Day).toStdString();
+    EXPECT_TRUE(shown(0, HistoryRows::Day).endsWith(u"13:30"_s)) << shown(0, HistoryRows::Day).toStdString();
 }
 
 TEST_F(HistoryScreenTest, ShowsDaysOf1970AndOfTheYear3000) {
     set({summary(1, 0, 0), summary(1, 0, 32'503'680'000'000)});
-    EXPECT_EQ(shown(0, HistoryRows::Day), QStringLiteral("01/01, 00:00"));
-    EXPECT_EQ(shown(1, HistoryRows::Day), QStringLiteral("01/01, 00:00"));
+    EXPECT_EQ(shown(0, HistoryRows::Day), u"01/01, 00:00"_s);
+    EXPECT_EQ(shown(1, HistoryRows::Day), u"01/01, 00:00"_s);
 }
 
 TEST_F(HistoryScreenTest, AnnouncesOneConversationMoreAmongTenThousandAsOneRow) {

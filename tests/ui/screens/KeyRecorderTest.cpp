@@ -13,6 +13,7 @@
 
 using namespace palomet;
 using namespace palomet::test;
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -42,9 +43,9 @@ protected:
     }
 
     QTemporaryDir folder;
-    QSettings file{folder.filePath(QStringLiteral("palomet.conf")), QSettings::IniFormat};
+    QSettings file{folder.filePath(u"palomet.conf"_s), QSettings::IniFormat};
     Shortcuts shortcuts{file};
-    FixedKeyboardLayout layout{{{keyA, QStringLiteral("a")}, {keyK, QStringLiteral("k")}}};
+    FixedKeyboardLayout layout{{{keyA, u"a"_s}, {keyK, u"k"_s}}};
     KeyRecorder listen{KeyRecorder::Role::Listen, shortcuts, layout};
     KeyRecorder stop{KeyRecorder::Role::Stop, shortcuts, layout};
     int changes = 0;
@@ -112,7 +113,7 @@ TEST_F(KeyRecorderTest, RefusesForListeningWhatStopsAlready) {
     shortcuts.setStop(Shortcut(keyK, Shortcut::control | Shortcut::option));
     listen.toggle();
     listen.handle(keyK, Shortcut::control | Shortcut::option);
-    EXPECT_EQ(listen.message(), QStringLiteral("⌃⌥K already does “Stop”."));
+    EXPECT_EQ(listen.message(), u"⌃⌥K already does “Stop”."_s);
     EXPECT_EQ(shortcuts.listen(), Shortcuts::defaultListen);
     EXPECT_FALSE(listen.isRecording());
     EXPECT_FALSE(shortcuts.isPaused());
@@ -121,7 +122,7 @@ TEST_F(KeyRecorderTest, RefusesForListeningWhatStopsAlready) {
 TEST_F(KeyRecorderTest, RefusesForStoppingWhatListensAlready) {
     stop.toggle();
     stop.handle(space, Shortcut::option);
-    EXPECT_EQ(stop.message(), QStringLiteral("⌥Space already does “Listen”."));
+    EXPECT_EQ(stop.message(), u"⌥Space already does “Listen”."_s);
     EXPECT_EQ(shortcuts.stop(), Shortcuts::defaultStop);
 }
 
@@ -273,19 +274,19 @@ TEST_F(KeyRecorderTest, CallsItsKeyAsTheLayoutThatIsActiveDoes) {
     stop.handle(keyK, Shortcut::control);
     int changed = 0;
     QObject::connect(&listen, &KeyRecorder::changed, [&] { ++changed; });
-    layout.become({{keyK, QStringLiteral("л")}});
+    layout.become({{keyK, u"л"_s}});
     EXPECT_EQ(changed, 1);
-    EXPECT_EQ(listen.caps(), QStringList({QStringLiteral("icon:chevron-up"), QStringLiteral("Л")}));
-    EXPECT_EQ(listen.spoken(), QStringLiteral("Ctrl + Л"));
-    EXPECT_EQ(stop.message(), QStringLiteral("⌃Л already does “Listen”."));
+    EXPECT_EQ(listen.caps(), QStringList({u"icon:chevron-up"_s, u"Л"_s}));
+    EXPECT_EQ(listen.spoken(), u"Ctrl + Л"_s);
+    EXPECT_EQ(stop.message(), u"⌃Л already does “Listen”."_s);
 }
 
 TEST_F(KeyRecorderTest, SaysItsShortcutInCapsAndInWords) {
     EXPECT_EQ(listen.caps(), Shortcuts::defaultListen.caps(layout));
-    EXPECT_EQ(listen.spoken(), QStringLiteral("Alt + Space"));
-    EXPECT_EQ(stop.spoken(), QStringLiteral("Esc"));
+    EXPECT_EQ(listen.spoken(), u"Alt + Space"_s);
+    EXPECT_EQ(stop.spoken(), u"Esc"_s);
     shortcuts.setListen(Shortcut(keyK, Shortcut::relevant));
-    EXPECT_EQ(listen.spoken(), QStringLiteral("Ctrl + Alt + Shift + Super + K"));
+    EXPECT_EQ(listen.spoken(), u"Ctrl + Alt + Shift + Super + K"_s);
 }
 
 TEST_F(KeyRecorderTest, TellsWhatAPressDoesNow) {
@@ -298,10 +299,10 @@ TEST_F(KeyRecorderTest, TellsWhatAPressDoesNow) {
 TEST_F(KeyRecorderTest, ShowsTheKeysThatTheDesktopGrantedInPlaceOfTheStoredOnes) {
     int announcements = 0;
     QObject::connect(&listen, &KeyRecorder::changed, [&] { ++announcements; });
-    shortcuts.setGranted(QStringLiteral("Meta+1"), {});
+    shortcuts.setGranted(u"Meta+1"_s, {});
     EXPECT_EQ(announcements, 1);
-    EXPECT_EQ(listen.caps(), QStringList(QStringLiteral("Meta+1")));
-    EXPECT_EQ(listen.spoken(), QStringLiteral("Meta+1"));
+    EXPECT_EQ(listen.caps(), QStringList(u"Meta+1"_s));
+    EXPECT_EQ(listen.spoken(), u"Meta+1"_s);
     EXPECT_EQ(stop.caps(), Shortcuts::defaultStop.caps(layout));
     shortcuts.setGranted({}, {});
     EXPECT_EQ(listen.caps(), Shortcuts::defaultListen.caps(layout));

@@ -16,9 +16,7 @@ class KeyWordsTest : public ::testing::Test {
 protected:
     ~KeyWordsTest() override { load(u"en"_s); }
 
-    static void load(const QString &language) {
-        Localization::load(QStringLiteral(PALOMET_SOURCE_DIR "/resources"), {language});
-    }
+    static void load(const QString &language) { localization::load(u"" PALOMET_SOURCE_DIR "/resources"_s, {language}); }
     [[nodiscard]] QString word(quint32 key) const { return spokenShortcut(Shortcut(key, 0), layout); }
 
     test::FixedKeyboardLayout layout{{{keyK, u"k"_s}}};

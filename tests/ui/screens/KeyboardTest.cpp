@@ -2,6 +2,7 @@
 
 using namespace palomet;
 using namespace palomet::test;
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -9,7 +10,7 @@ class KeyboardTest : public WindowTest {
 protected:
     /// Where Tab leads, beginning behind the sidebar's last pane, until it is back in the sidebar.
     [[nodiscard]] QList<QQuickItem *> stops() {
-        named("SidebarItem", QStringLiteral("Brain"))->forceActiveFocus(Qt::TabFocusReason);
+        named("SidebarItem", u"Brain"_s)->forceActiveFocus(Qt::TabFocusReason);
         QList<QQuickItem *> stops;
         for (;;) {
             key(Qt::Key_Tab);
@@ -66,9 +67,8 @@ TEST_F(KeyboardTest, ReachesEverythingOnTheNowPaneInReadingOrder) {
     setFull();
     open(Pane::Now);
     const auto reached = stops();
-    EXPECT_EQ(names(reached).join(u'|'),
-              QStringLiteral("New conversation|Stop|Listen|Conversation|Type a request instead|Send|"
-                             "Draft|Clear|Run now"));
+    EXPECT_EQ(names(reached).join(u'|'), u"New conversation|Stop|Listen|Conversation|Type a request instead|Send|"
+                                         "Draft|Clear|Run now"_s);
     EXPECT_TRUE(isInReadingOrder(reached)) << names(reached).join(u'|').toStdString();
 }
 
@@ -77,7 +77,7 @@ TEST_F(KeyboardTest, ReachesTheListOnTheHistoryPaneAndScrollsIt) {
     model().setHistory(history);
     open(Pane::History);
     const auto reached = stops();
-    EXPECT_EQ(names(reached).join(u'|'), QStringLiteral("Conversations"));
+    EXPECT_EQ(names(reached).join(u'|'), u"Conversations"_s);
     auto *list = Scene::all(window->contentItem(), "HistoryPage").first()->property("view").value<QQuickItem *>();
     const auto at = [&] { return list->property("contentY").toReal(); };
     reached.first()->forceActiveFocus(Qt::TabFocusReason);
@@ -101,9 +101,9 @@ TEST_F(KeyboardTest, ReachesEverythingOnTheListeningPaneInReadingOrder) {
     open(Pane::Listening);
     const auto reached = stops();
     EXPECT_EQ(names(reached).join(u'|'),
-              QStringLiteral("Echo cancellation|Microphone|Transcription model|Only when spoken to|"
-                             "Dictate before acting|Action phrase|A draft lasts|Names|Listen|Stop|End of speech|"
-                             "Follow-up|After the name|Echo guard"));
+              u"Echo cancellation|Microphone|Transcription model|Only when spoken to|"
+              "Dictate before acting|Action phrase|A draft lasts|Names|Listen|Stop|End of speech|"
+              "Follow-up|After the name|Echo guard"_s);
     EXPECT_TRUE(isInReadingOrder(reached)) << names(reached).join(u'|').toStdString();
 }
 
@@ -112,7 +112,7 @@ TEST_F(KeyboardTest, ReachesEverythingOnTheVoicePaneInReadingOrder) {
     offer();
     open(Pane::Voice);
     const auto reached = stops();
-    EXPECT_EQ(names(reached).join(u'|'), QStringLiteral("Play sample|Voice|Name|Speed|Speech model|System voice"));
+    EXPECT_EQ(names(reached).join(u'|'), u"Play sample|Voice|Name|Speed|Speech model|System voice"_s);
     EXPECT_TRUE(isInReadingOrder(reached)) << names(reached).join(u'|').toStdString();
 }
 
@@ -121,17 +121,17 @@ TEST_F(KeyboardTest, ReachesEverythingOnTheBrainPaneInReadingOrder) {
     offer();
     open(Pane::Brain);
     const auto reached = stops();
-    auto expected = QStringLiteral("Open log|Model|Claude Code|");
+    auto expected = u"Open log|Model|Claude Code|"_s;
     for (const auto &action : model().options()->confirmActions)
         expected += action.label + u'|';
-    EXPECT_EQ(names(reached).join(u'|'), expected + QStringLiteral("Remove /code|Remove /code/website|Add folder"));
+    EXPECT_EQ(names(reached).join(u'|'), expected + u"Remove /code|Remove /code/website|Add folder"_s);
     EXPECT_TRUE(isInReadingOrder(reached)) << names(reached).join(u'|').toStdString();
 }
 
 TEST_F(KeyboardTest, ChoosesPanesFromTheSidebar) {
     setFull();
     open(Pane::Now);
-    named("SidebarItem", QStringLiteral("Voice"))->forceActiveFocus(Qt::TabFocusReason);
+    named("SidebarItem", u"Voice"_s)->forceActiveFocus(Qt::TabFocusReason);
     key(Qt::Key_Return);
     EXPECT_EQ(navigation.pane(), Pane::Voice);
     EXPECT_EQ(all("VoicePage").size(), 1);
@@ -141,7 +141,7 @@ TEST_F(KeyboardTest, ChoosesPanesFromTheSidebar) {
 TEST_F(KeyboardTest, WalksTheSidebarWithTheArrows) {
     setFull();
     open(Pane::Now);
-    named("SidebarItem", QStringLiteral("Now"))->forceActiveFocus(Qt::TabFocusReason);
+    named("SidebarItem", u"Now"_s)->forceActiveFocus(Qt::TabFocusReason);
     for (const auto pane : {Pane::History, Pane::Listening, Pane::Voice, Pane::Brain, Pane::Brain}) {
         key(Qt::Key_Down);
         EXPECT_EQ(navigation.pane(), pane);
@@ -157,7 +157,7 @@ TEST_F(KeyboardTest, OpensAListMovesInItPicksAndClosesItWithEscape) {
     setFull();
     offer();
     open(Pane::Voice);
-    auto *select = named("ZenSelect", QStringLiteral("Speed"));
+    auto *select = named("ZenSelect", u"Speed"_s);
     select->forceActiveFocus(Qt::TabFocusReason);
     key(Qt::Key_Space);
     EXPECT_EQ(all("SelectList").size(), 1);
@@ -176,7 +176,7 @@ TEST_F(KeyboardTest, OpensAListMovesInItPicksAndClosesItWithEscape) {
 TEST_F(KeyboardTest, TurnsASwitchWithSpace) {
     setFull();
     open(Pane::Listening);
-    named("ZenSwitch", QStringLiteral("Echo cancellation"))->forceActiveFocus(Qt::TabFocusReason);
+    named("ZenSwitch", u"Echo cancellation"_s)->forceActiveFocus(Qt::TabFocusReason);
     key(Qt::Key_Space);
     EXPECT_EQ(toldSetting(), R"({"isEchoCancelOn":false})");
 }
@@ -184,17 +184,17 @@ TEST_F(KeyboardTest, TurnsASwitchWithSpace) {
 TEST_F(KeyboardTest, CommitsATextOnlyWithReturnAndOnlyWhenItChanged) {
     setFull();
     open(Pane::Voice);
-    auto *field = named("ZenInput", QStringLiteral("Voice"));
+    auto *field = named("ZenInput", u"Voice"_s);
     field->forceActiveFocus(Qt::TabFocusReason);
     key(Qt::Key_Return);
     field->forceActiveFocus(Qt::TabFocusReason);
     key(Qt::Key_A, Qt::ControlModifier);
-    type(QStringLiteral("other"));
+    type(u"other"_s);
     key(Qt::Key_Escape);
-    EXPECT_EQ(field->property("text"), QStringLiteral("a1b2c3d4"));
+    EXPECT_EQ(field->property("text"), u"a1b2c3d4"_s);
     field->forceActiveFocus(Qt::TabFocusReason);
     key(Qt::Key_A, Qt::ControlModifier);
-    type(QStringLiteral(" other "));
+    type(u" other "_s);
     key(Qt::Key_Return);
     EXPECT_EQ(toldSetting(), R"({"voiceId":"other"})");
     EXPECT_EQ(backend().count("/settings"), 1);
@@ -203,17 +203,17 @@ TEST_F(KeyboardTest, CommitsATextOnlyWithReturnAndOnlyWhenItChanged) {
 TEST_F(KeyboardTest, SendsATypedRequestWithReturn) {
     setFull();
     open(Pane::Now);
-    auto *field = named("ZenInput", QStringLiteral("Type a request instead"));
+    auto *field = named("ZenInput", u"Type a request instead"_s);
     field->forceActiveFocus(Qt::TabFocusReason);
-    type(QStringLiteral("  "));
+    type(u"  "_s);
     key(Qt::Key_Return);
-    EXPECT_EQ(field->property("text"), QStringLiteral("  "));
-    type(QStringLiteral("run the tests "));
+    EXPECT_EQ(field->property("text"), u"  "_s);
+    type(u"run the tests "_s);
     key(Qt::Key_Return);
     EXPECT_EQ(told("/say"), R"({"text":"run the tests"})");
     EXPECT_EQ(field->property("text"), QString());
-    type(QStringLiteral("again"));
-    press(named("ZenButton", QStringLiteral("Send")));
+    type(u"again"_s);
+    press(named("ZenButton", u"Send"_s));
     EXPECT_EQ(told("/say"), R"({"text":"again"})");
 }
 
@@ -221,7 +221,7 @@ TEST_F(KeyboardTest, ClosesAnOpenListWithTheWindow) {
     setFull();
     offer();
     open(Pane::Voice);
-    press(named("ZenSelect", QStringLiteral("Speed")));
+    press(named("ZenSelect", u"Speed"_s));
     ASSERT_EQ(all("SelectList").size(), 1);
     window->close();
     EXPECT_TRUE(eventually([&] { return all("SelectList").isEmpty(); }));

@@ -10,6 +10,7 @@
 
 using namespace palomet;
 using namespace palomet::test;
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -18,7 +19,7 @@ protected:
     ListeningScreenTest() { screen.setActive(true); }
 
     QTemporaryDir folder;
-    QSettings file{folder.filePath(QStringLiteral("palomet.conf")), QSettings::IniFormat};
+    QSettings file{folder.filePath(u"palomet.conf"_s), QSettings::IniFormat};
     Shortcuts shortcuts{file};
     FixedKeyboardLayout layout;
     ListeningScreen screen{model(), shortcuts, layout};
@@ -41,20 +42,20 @@ protected:
 TEST_F(ListeningScreenTest, ShowsTheSettings) {
     setFull();
     EXPECT_TRUE(echo->isOn());
-    EXPECT_EQ(microphone->value(), QStringLiteral("USB Audio"));
-    EXPECT_EQ(microphone->selected(), QStringLiteral("USB Audio"));
-    EXPECT_EQ(transcription->value(), QStringLiteral("large-v3-turbo"));
+    EXPECT_EQ(microphone->value(), u"USB Audio"_s);
+    EXPECT_EQ(microphone->selected(), u"USB Audio"_s);
+    EXPECT_EQ(transcription->value(), u"large-v3-turbo"_s);
     EXPECT_FALSE(directed->isOn());
     EXPECT_TRUE(draft->isOn());
-    EXPECT_EQ(actionPhrase->text(), QStringLiteral("pode fazer, go ahead"));
-    EXPECT_EQ(draftAge->value(), QStringLiteral("15 min"));
-    EXPECT_EQ(draftAge->selected(), QStringLiteral("900000"));
-    EXPECT_EQ(names->text(), QStringLiteral("palomet, paloma"));
-    EXPECT_EQ(endSilence->value(), QStringLiteral("0.9 s"));
-    EXPECT_EQ(endSilence->selected(), QStringLiteral("900"));
-    EXPECT_EQ(followUp->value(), QStringLiteral("8 s"));
-    EXPECT_EQ(summon->selected(), QStringLiteral("8000"));
-    EXPECT_EQ(echoGuard->value(), QStringLiteral("0.4 s"));
+    EXPECT_EQ(actionPhrase->text(), u"pode fazer, go ahead"_s);
+    EXPECT_EQ(draftAge->value(), u"15 min"_s);
+    EXPECT_EQ(draftAge->selected(), u"900000"_s);
+    EXPECT_EQ(names->text(), u"palomet, paloma"_s);
+    EXPECT_EQ(endSilence->value(), u"0.9 s"_s);
+    EXPECT_EQ(endSilence->selected(), u"900"_s);
+    EXPECT_EQ(followUp->value(), u"8 s"_s);
+    EXPECT_EQ(summon->selected(), u"8000"_s);
+    EXPECT_EQ(echoGuard->value(), u"0.4 s"_s);
 }
 
 TEST_F(ListeningScreenTest, FallsBackWithoutASnapshot) {
@@ -63,12 +64,12 @@ TEST_F(ListeningScreenTest, FallsBackWithoutASnapshot) {
     EXPECT_FALSE(draft->isOn());
     EXPECT_EQ(actionPhrase->text(), QString());
     EXPECT_EQ(names->text(), QString());
-    EXPECT_EQ(endSilence->value(), QStringLiteral("1.2 s"));
-    EXPECT_EQ(endSilence->selected(), QStringLiteral("1200"));
-    EXPECT_EQ(draftAge->value(), QStringLiteral("10 min"));
-    EXPECT_EQ(draftAge->selected(), QStringLiteral("600000"));
-    EXPECT_EQ(followUp->value(), QStringLiteral("—"));
-    EXPECT_EQ(microphone->value(), QStringLiteral("—"));
+    EXPECT_EQ(endSilence->value(), u"1.2 s"_s);
+    EXPECT_EQ(endSilence->selected(), u"1200"_s);
+    EXPECT_EQ(draftAge->value(), u"10 min"_s);
+    EXPECT_EQ(draftAge->selected(), u"600000"_s);
+    EXPECT_EQ(followUp->value(), u"—"_s);
+    EXPECT_EQ(microphone->value(), u"—"_s);
 }
 
 TEST_F(ListeningScreenTest, FallsBackForWhatTheBackendLeavesOut) {
@@ -78,12 +79,12 @@ TEST_F(ListeningScreenTest, FallsBackForWhatTheBackendLeavesOut) {
         snapshot.settings.inputDevice.reset();
         snapshot.settings.actionPhrases.reset();
     });
-    EXPECT_EQ(endSilence->value(), QStringLiteral("1.2 s"));
-    EXPECT_EQ(draftAge->value(), QStringLiteral("10 min"));
-    EXPECT_EQ(microphone->value(), QStringLiteral("System default"));
+    EXPECT_EQ(endSilence->value(), u"1.2 s"_s);
+    EXPECT_EQ(draftAge->value(), u"10 min"_s);
+    EXPECT_EQ(microphone->value(), u"System default"_s);
     EXPECT_EQ(microphone->selected(), QString());
     EXPECT_EQ(actionPhrase->text(), QString());
-    EXPECT_EQ(actionPhrase->placeholder(), QStringLiteral("go ahead"));
+    EXPECT_EQ(actionPhrase->placeholder(), u"go ahead"_s);
 }
 
 TEST_F(ListeningScreenTest, ShowsTheEchoSwitchOffWithItsHintWhileTheSettingIsAbsentAndAsksForOn) {
@@ -109,25 +110,25 @@ TEST_F(ListeningScreenTest, ShowsANewPositionOnlyWhenTheBackendHasIt) {
 
 TEST_F(ListeningScreenTest, OffersTheTimesAsTheyAreListed) {
     EXPECT_EQ(ids(*endSilence), words("800 1200 1600 2000 2500"));
-    EXPECT_EQ(titles(*endSilence), QString::fromUtf8("0.8 s,1.2 s,1.6 s,2 s,2.5 s").split(u','));
+    EXPECT_EQ(titles(*endSilence), u"0.8 s,1.2 s,1.6 s,2 s,2.5 s"_s.split(u','));
     EXPECT_EQ(ids(*followUp), words("15000 30000 45000 60000 90000 120000"));
     EXPECT_EQ(ids(*summon), words("4000 6000 8000 10000 15000 20000"));
     EXPECT_EQ(ids(*echoGuard), words("0 500 800 1200 1500 2000"));
-    EXPECT_EQ(titles(*echoGuard).first(), QStringLiteral("0 s"));
+    EXPECT_EQ(titles(*echoGuard).first(), u"0 s"_s);
     EXPECT_EQ(ids(*draftAge), words("300000 600000 1200000 1800000 3600000"));
-    EXPECT_EQ(titles(*draftAge), QString::fromUtf8("5 min,10 min,20 min,30 min,60 min").split(u','));
+    EXPECT_EQ(titles(*draftAge), u"5 min,10 min,20 min,30 min,60 min"_s.split(u','));
 }
 
 TEST_F(ListeningScreenTest, SendsAPickedTimeAsAWholeNumberAlsoNought) {
-    echoGuard->pick(QStringLiteral("0"));
+    echoGuard->pick(u"0"_s);
     EXPECT_EQ(toldSetting(), R"({"echoGuardMs":0})");
-    endSilence->pick(QStringLiteral("1600"));
+    endSilence->pick(u"1600"_s);
     EXPECT_EQ(toldSetting(), R"({"endSilenceMs":1600})");
-    followUp->pick(QStringLiteral("90000"));
+    followUp->pick(u"90000"_s);
     EXPECT_EQ(toldSetting(), R"({"followUpMs":90000})");
-    summon->pick(QStringLiteral("4000"));
+    summon->pick(u"4000"_s);
     EXPECT_EQ(toldSetting(), R"({"summonMs":4000})");
-    draftAge->pick(QStringLiteral("300000"));
+    draftAge->pick(u"300000"_s);
     EXPECT_EQ(toldSetting(), R"({"draftMaxAgeMs":300000})");
 }
 
@@ -139,38 +140,38 @@ TEST_F(ListeningScreenTest, SendsTheDefaultEndOfSpeechForATimeThatIsNone) {
 }
 
 TEST_F(ListeningScreenTest, SendsTheTrimmedWordsOfAListAndNoEmptyOnes) {
-    names->commit(QStringLiteral("hey, , there"));
+    names->commit(u"hey, , there"_s);
     EXPECT_EQ(toldSetting(), R"({"wakeWords":["hey","there"]})");
-    names->commit(QStringLiteral("  palomet ,, hey palomet  ,"));
+    names->commit(u"  palomet ,, hey palomet  ,"_s);
     EXPECT_EQ(toldSetting(), R"({"wakeWords":["palomet","hey palomet"]})");
-    actionPhrase->commit(QStringLiteral("go ahead"));
+    actionPhrase->commit(u"go ahead"_s);
     EXPECT_EQ(toldSetting(), R"({"actionPhrases":["go ahead"]})");
-    actionPhrase->commit(QStringLiteral(","));
+    actionPhrase->commit(u","_s);
     EXPECT_EQ(toldSetting(), R"({"actionPhrases":[]})");
 }
 
 TEST_F(ListeningScreenTest, OffersInputsByTheirNamesAndSendsThemAsTheyCame) {
     Options options;
-    options.inputs = {QStringLiteral("Microphone (USB Audio)"), QStringLiteral("Built-in Audio")};
-    options.whisperModels = {QStringLiteral("base")};
+    options.inputs = {u"Microphone (USB Audio)"_s, u"Built-in Audio"_s};
+    options.whisperModels = {u"base"_s};
     model().setOptions(options);
     EXPECT_EQ(ids(*microphone), (QStringList{options.inputs[0], options.inputs[1]}));
-    EXPECT_EQ(titles(*microphone), (QStringList{QStringLiteral("USB Audio"), QStringLiteral("Built-in Audio")}));
+    EXPECT_EQ(titles(*microphone), (QStringList{u"USB Audio"_s, u"Built-in Audio"_s}));
     EXPECT_EQ(ids(*transcription), words("base"));
     microphone->pick(options.inputs[0]);
     EXPECT_EQ(toldSetting(), "{\"inputDevice\":\"Microphone (USB Audio)\"}");
-    transcription->pick(QStringLiteral("base"));
+    transcription->pick(u"base"_s);
     EXPECT_EQ(toldSetting(), R"({"whisperModel":"base"})");
 }
 
 TEST_F(ListeningScreenTest, IsBusyOnlyWhereTheSettingIsBeingApplied) {
     backend().hang("/settings");
     setFull();
-    microphone->pick(QStringLiteral("USB Audio"));
+    microphone->pick(u"USB Audio"_s);
     EXPECT_TRUE(microphone->isBusy());
     for (auto *other : {transcription, draftAge, endSilence, followUp, summon, echoGuard})
         EXPECT_FALSE(other->isBusy()) << other->title().toStdString();
-    transcription->pick(QStringLiteral("base"));
+    transcription->pick(u"base"_s);
     EXPECT_FALSE(microphone->isBusy());
     EXPECT_TRUE(transcription->isBusy());
 }
@@ -178,7 +179,7 @@ TEST_F(ListeningScreenTest, IsBusyOnlyWhereTheSettingIsBeingApplied) {
 TEST_F(ListeningScreenTest, IsBusyAlsoWhileNothingIsKnown) {
     backend().hang("/settings");
     for (auto *row : {microphone, transcription, draftAge, endSilence, followUp, summon, echoGuard}) {
-        row->pick(QStringLiteral("8000"));
+        row->pick(u"8000"_s);
         EXPECT_TRUE(row->isBusy()) << row->title().toStdString();
     }
 }
@@ -187,7 +188,7 @@ TEST_F(ListeningScreenTest, StaysBusyUntilALateAnswerComes) {
     ScriptedBackend::ExchangePointer waiting;
     backend().on("/settings", [&](auto exchange) { waiting = std::move(exchange); });
     setFull();
-    microphone->pick(QStringLiteral("USB Audio"));
+    microphone->pick(u"USB Audio"_s);
     ASSERT_TRUE(eventually([&] { return waiting != nullptr; }));
     // Snapshots that come meanwhile change nothing about it.
     setFull();
@@ -199,17 +200,17 @@ TEST_F(ListeningScreenTest, StaysBusyUntilALateAnswerComes) {
 TEST_F(ListeningScreenTest, IsNoLongerBusyWhenTheAnswerNeverComesAndTheConnectionEnds) {
     ScriptedBackend::ExchangePointer waiting;
     backend().on("/settings", [&](auto exchange) { waiting = std::move(exchange); });
-    microphone->pick(QStringLiteral("USB Audio"));
+    microphone->pick(u"USB Audio"_s);
     ASSERT_TRUE(eventually([&] { return waiting != nullptr; }));
     waiting->abort();
     EXPECT_TRUE(eventually([&] { return !microphone->isBusy(); }));
 }
 
 TEST_F(ListeningScreenTest, SaysWhyTheListenKeyDoesNotWorkInPlaceOfItsHint) {
-    EXPECT_EQ(screen.listenShortcut()->title(), QStringLiteral("Listen"));
+    EXPECT_EQ(screen.listenShortcut()->title(), u"Listen"_s);
     EXPECT_EQ(screen.listenShortcut()->description(), L("listening.listenShortcut.hint"));
-    model().setHotKeyProblem(QStringLiteral("Taken."));
-    EXPECT_EQ(screen.listenShortcut()->description(), QStringLiteral("Taken."));
+    model().setHotKeyProblem(u"Taken."_s);
+    EXPECT_EQ(screen.listenShortcut()->description(), u"Taken."_s);
     EXPECT_EQ(screen.stopShortcut()->description(), L("listening.stopShortcut.hint"));
     model().setHotKeyProblem(std::nullopt);
     EXPECT_EQ(screen.listenShortcut()->description(), L("listening.listenShortcut.hint"));

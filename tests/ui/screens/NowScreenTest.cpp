@@ -9,6 +9,7 @@
 
 using namespace palomet;
 using namespace palomet::test;
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -31,12 +32,12 @@ TEST_F(NowScreenTest, SaysWhatToDoInEachState) {
     EXPECT_EQ(note("waiting"), L("note.waiting"));
     EXPECT_EQ(note("listening"), L("note.noNameNeeded"));
     EXPECT_EQ(note("hearing"), L("note.noNameNeeded"));
-    EXPECT_EQ(note("drafting"), QStringLiteral("Say “go ahead”"));
+    EXPECT_EQ(note("drafting"), u"Say “go ahead”"_s);
     EXPECT_EQ(note("thinking"), L("note.interrupt"));
     EXPECT_EQ(note("speaking"), L("note.interrupt"));
     EXPECT_EQ(note("offline"), L("note.offline"));
     EXPECT_EQ(note("unheard of"), L("note.offline"));
-    EXPECT_EQ(screen.shown().stateWord, QStringLiteral("Offline"));
+    EXPECT_EQ(screen.shown().stateWord, u"Offline"_s);
     model().setSnapshot(nullptr);
     EXPECT_EQ(screen.shown().stateNote, L("note.offline"));
 }
@@ -49,39 +50,37 @@ TEST_F(NowScreenTest, TellsTheUsersMutingFromAMissingMicrophone) {
 }
 
 TEST_F(NowScreenTest, NamesTheFirstActionPhrase) {
-    setState("drafting", [](Snapshot &snapshot) {
-        snapshot.settings.actionPhrases = {QStringLiteral("pode fazer"), QStringLiteral("go")};
-    });
-    EXPECT_EQ(screen.shown().stateNote, QStringLiteral("Say “pode fazer”"));
-    EXPECT_EQ(screen.shown().draftNote, QStringLiteral("Say “pode fazer” and it acts on all of it."));
+    setState("drafting", [](Snapshot &snapshot) { snapshot.settings.actionPhrases = {u"pode fazer"_s, u"go"_s}; });
+    EXPECT_EQ(screen.shown().stateNote, u"Say “pode fazer”"_s);
+    EXPECT_EQ(screen.shown().draftNote, u"Say “pode fazer” and it acts on all of it."_s);
     setState("drafting", [](Snapshot &snapshot) { snapshot.settings.actionPhrases = std::vector<QString>(); });
-    EXPECT_EQ(screen.shown().draftNote, QStringLiteral("Say “go ahead” and it acts on all of it."));
+    EXPECT_EQ(screen.shown().draftNote, u"Say “go ahead” and it acts on all of it."_s);
     setState("drafting");
-    EXPECT_EQ(screen.shown().draftNote, QStringLiteral("Say “go ahead” and it acts on all of it."));
+    EXPECT_EQ(screen.shown().draftNote, u"Say “go ahead” and it acts on all of it."_s);
 }
 
 TEST_F(NowScreenTest, ShowsMicrophoneSessionConversationAndTimings) {
     setFull([](Snapshot &snapshot) { snapshot.session.startedAt = 1'800'000'000'000 - 42 * 60'000.0; });
-    EXPECT_EQ(screen.shown().microphone, QStringLiteral("USB Audio"));
+    EXPECT_EQ(screen.shown().microphone, u"USB Audio"_s);
     EXPECT_EQ(screen.shown().microphoneNote, L("note.microphone"));
-    EXPECT_EQ(screen.shown().session, QStringLiteral("07:18"));
-    EXPECT_EQ(screen.shown().sessionNote, QStringLiteral("Open for 42 min"));
-    EXPECT_EQ(screen.shown().cost, QStringLiteral("US$ 0.01"));
-    EXPECT_EQ(screen.shown().costNote, QStringLiteral("in 1 answer"));
-    EXPECT_EQ(screen.shown().transcription, QStringLiteral("0.3 s"));
-    EXPECT_EQ(screen.shown().brain, QStringLiteral("1.2 s"));
-    EXPECT_EQ(screen.shown().voice, QStringLiteral("0.5 s"));
-    EXPECT_EQ(screen.shown().untilHeard, QStringLiteral("2.0 s"));
+    EXPECT_EQ(screen.shown().session, u"07:18"_s);
+    EXPECT_EQ(screen.shown().sessionNote, u"Open for 42 min"_s);
+    EXPECT_EQ(screen.shown().cost, u"US$ 0.01"_s);
+    EXPECT_EQ(screen.shown().costNote, u"in 1 answer"_s);
+    EXPECT_EQ(screen.shown().transcription, u"0.3 s"_s);
+    EXPECT_EQ(screen.shown().brain, u"1.2 s"_s);
+    EXPECT_EQ(screen.shown().voice, u"0.5 s"_s);
+    EXPECT_EQ(screen.shown().untilHeard, u"2.0 s"_s);
 }
 
 TEST_F(NowScreenTest, LeavesOpenWhatIsNotKnown) {
-    EXPECT_EQ(screen.shown().loopState, QStringLiteral("offline"));
+    EXPECT_EQ(screen.shown().loopState, u"offline"_s);
     EXPECT_EQ(screen.shown().microphone, QString());
     EXPECT_EQ(screen.shown().microphoneNote, QString());
     EXPECT_EQ(screen.shown().session, QString());
     EXPECT_EQ(screen.shown().sessionNote, L("note.session.reopening"));
     EXPECT_EQ(screen.shown().cost, QString());
-    EXPECT_EQ(screen.shown().costNote, QStringLiteral("in 0 answers"));
+    EXPECT_EQ(screen.shown().costNote, u"in 0 answers"_s);
     EXPECT_EQ(screen.shown().transcription, QString());
     EXPECT_EQ(screen.shown().brain, QString());
     setFull([](Snapshot &snapshot) {
@@ -90,7 +89,7 @@ TEST_F(NowScreenTest, LeavesOpenWhatIsNotKnown) {
     });
     EXPECT_EQ(screen.shown().sessionNote, L("note.session.reopening"));
     EXPECT_EQ(screen.shown().transcription, QString());
-    EXPECT_EQ(screen.shown().brain, QStringLiteral("1.2 s"));
+    EXPECT_EQ(screen.shown().brain, u"1.2 s"_s);
 }
 
 TEST_F(NowScreenTest, NotesWhetherTheLastRequestWasSpokenOrTyped) {
@@ -116,9 +115,9 @@ TEST_F(NowScreenTest, MovesOnWithTheClock) {
         });
     };
     after(std::chrono::seconds{59});
-    EXPECT_EQ(screen.shown().sessionNote, QStringLiteral("Open for a moment"));
+    EXPECT_EQ(screen.shown().sessionNote, u"Open for a moment"_s);
     after(std::chrono::seconds{1});
-    EXPECT_EQ(screen.shown().sessionNote, QStringLiteral("Open for 1 min"));
+    EXPECT_EQ(screen.shown().sessionNote, u"Open for 1 min"_s);
     after(std::chrono::seconds{59});
     EXPECT_EQ(screen.heardRows()->rowCount(), 1);
     after(std::chrono::seconds{1});
@@ -134,15 +133,13 @@ TEST_F(NowScreenTest, AnnouncesNothingWhileASecondChangesNothingThatIsShown) {
 }
 
 TEST_F(NowScreenTest, AsksForSomethingByTheFirstName) {
-    EXPECT_EQ(screen.shown().emptyText, QStringLiteral("Say “palomet”, then ask for something."));
-    setState("waiting", [](Snapshot &snapshot) {
-        snapshot.settings.wakeWords = {QStringLiteral("alma"), QStringLiteral("palomet")};
-    });
-    EXPECT_EQ(screen.shown().emptyText, QStringLiteral("Say “alma”, then ask for something."));
+    EXPECT_EQ(screen.shown().emptyText, u"Say “palomet”, then ask for something."_s);
+    setState("waiting", [](Snapshot &snapshot) { snapshot.settings.wakeWords = {u"alma"_s, u"palomet"_s}; });
+    EXPECT_EQ(screen.shown().emptyText, u"Say “alma”, then ask for something."_s);
     setState("waiting");
-    EXPECT_EQ(screen.shown().emptyText, QStringLiteral("Say “palomet”, then ask for something."));
+    EXPECT_EQ(screen.shown().emptyText, u"Say “palomet”, then ask for something."_s);
     setState("waiting", [](Snapshot &snapshot) { snapshot.settings.wakeWords = {QString()}; });
-    EXPECT_EQ(screen.shown().emptyText, QStringLiteral("Say “palomet”, then ask for something."));
+    EXPECT_EQ(screen.shown().emptyText, u"Say “palomet”, then ask for something."_s);
 }
 
 TEST_F(NowScreenTest, SaysThatItRemembersWhenThereIsSomething) {
@@ -155,19 +152,19 @@ TEST_F(NowScreenTest, SaysThatItRemembersWhenThereIsSomething) {
 }
 
 TEST_F(NowScreenTest, SendsATypedRequestWithoutTheBlanksAroundItAndEmptiesTheField) {
-    screen.setDraft(QStringLiteral("  run the tests \n "));
+    screen.setDraft(u"  run the tests \n "_s);
     screen.send();
     EXPECT_EQ(told("/say"), R"({"text":"run the tests"})");
     EXPECT_EQ(screen.draft(), QString());
 }
 
 TEST_F(NowScreenTest, IgnoresABlankRequestAndLeavesItInPlace) {
-    screen.setDraft(QStringLiteral(" \t\n "));
+    screen.setDraft(u" \t\n "_s);
     screen.send();
-    EXPECT_EQ(screen.draft(), QStringLiteral(" \t\n "));
+    EXPECT_EQ(screen.draft(), u" \t\n "_s);
     screen.setDraft({});
     screen.send();
-    screen.setDraft(QStringLiteral("x"));
+    screen.setDraft(u"x"_s);
     screen.send();
     EXPECT_EQ(told("/say"), R"({"text":"x"})");
     EXPECT_EQ(backend().count("/say"), 1);
@@ -176,22 +173,22 @@ TEST_F(NowScreenTest, IgnoresABlankRequestAndLeavesItInPlace) {
 TEST_F(NowScreenTest, KeepsARequestThatCannotBeSentYet) {
     backend().hang("/say");
     while (!model().isBusy())
-        model().say(QStringLiteral("again"));
-    screen.setDraft(QStringLiteral("run the tests"));
+        model().say(u"again"_s);
+    screen.setDraft(u"run the tests"_s);
     screen.send();
-    EXPECT_EQ(screen.draft(), QStringLiteral("run the tests"));
+    EXPECT_EQ(screen.draft(), u"run the tests"_s);
     scheduler().advance(std::chrono::seconds{3});
     screen.send();
     EXPECT_EQ(screen.draft(), QString());
 }
 
 TEST_F(NowScreenTest, KeepsWhatIsBeingTypedThroughSnapshotsAndOtherPanes) {
-    screen.setDraft(QStringLiteral("half a requ"));
+    screen.setDraft(u"half a requ"_s);
     setFull();
     screen.setActive(false);
     screen.setActive(true);
     model().setSnapshot(nullptr);
-    EXPECT_EQ(screen.draft(), QStringLiteral("half a requ"));
+    EXPECT_EQ(screen.draft(), u"half a requ"_s);
 }
 
 TEST_F(NowScreenTest, SendsWhatTheHeadersButtonsSay) {
@@ -246,10 +243,10 @@ TEST_F(NowScreenTest, TellsTheHoursOfTheZoneThatATravellerHasComeTo) {
         QObject::connect(rows, &QAbstractItemModel::dataChanged, &screen, [&changed, rows] { changed.insert(rows); });
     }
     const auto clock = [&] { return screen.rows()->index(0, 0).data(ConversationRows::Clock).toString(); };
-    EXPECT_EQ(clock(), QStringLiteral("19:46"));
-    const Journey journey(QStringLiteral("Asia/Kolkata"));
+    EXPECT_EQ(clock(), u"19:46"_s);
+    const Journey journey(u"Asia/Kolkata"_s);
     scheduler().advance(std::chrono::seconds{1});
-    EXPECT_EQ(clock(), QStringLiteral("01:16"));
+    EXPECT_EQ(clock(), u"01:16"_s);
     EXPECT_TRUE(changed.contains(screen.rows()));
     EXPECT_TRUE(changed.contains(screen.draftRows()));
 }

@@ -3,13 +3,14 @@
 #include <gtest/gtest.h>
 
 using namespace palomet;
+using namespace Qt::StringLiterals;
 
 namespace {
 
 QString joined(const std::vector<Piece> &pieces) {
     QString text;
     for (const auto &piece : pieces)
-        text += (piece.isAfterBreak ? QStringLiteral("\n") : QString()) + piece.text;
+        text += (piece.isAfterBreak ? u"\n"_s : QString()) + piece.text;
     return text;
 }
 
@@ -23,11 +24,10 @@ TEST(Pieces, LeaveAShortTextWhole) {
 }
 
 TEST(Pieces, AreTheWholeTextTogetherAndNoneIsTooLong) {
-    const QString line = QStringLiteral("Some words of a line that goes on and on. ");
+    const QString line = u"Some words of a line that goes on and on. "_s;
     for (const auto &text :
          {QString(1'000'000, u'x'), QString(line.repeated(30) + u'\n').repeated(900), line.repeated(20'000),
-          QStringLiteral("\n").repeated(50'000), QStringLiteral("\U0001F600").repeated(30'000),
-          QStringLiteral("e\u0301").repeated(9'001)}) {
+          u"\n"_s.repeated(50'000), u"\U0001F600"_s.repeated(30'000), u"e\u0301"_s.repeated(9'001)}) {
         const auto cut = pieces(text);
         EXPECT_EQ(joined(cut), text);
         for (const auto &piece : cut)
@@ -39,20 +39,20 @@ TEST(Pieces, EndWithALineIfTheyCanAndElseWithAWord) {
     const auto lines = pieces((QString(999, u'a') + u'\n').repeated(5));
     EXPECT_EQ(lines.front().text, QString(999, u'a') + u'\n' + QString(999, u'a'));
     EXPECT_TRUE(lines.at(1).isAfterBreak);
-    const auto words = pieces(QStringLiteral("word ").repeated(1'001));
-    EXPECT_TRUE(words.front().text.endsWith(QStringLiteral("word ")));
+    const auto words = pieces(u"word "_s.repeated(1'001));
+    EXPECT_TRUE(words.front().text.endsWith(u"word "_s));
     EXPECT_FALSE(words.at(1).isAfterBreak);
 }
 
 TEST(Pieces, KeepCharactersAndTheirAccentsTogether) {
-    for (const auto &piece : pieces(u'a' + QStringLiteral("\U0001F600").repeated(5'000)))
+    for (const auto &piece : pieces(u'a' + u"\U0001F600"_s.repeated(5'000)))
         EXPECT_FALSE(piece.text.front().isLowSurrogate());
-    for (const auto &piece : pieces(u'a' + QStringLiteral("e\u0301").repeated(5'000)))
+    for (const auto &piece : pieces(u'a' + u"e\u0301"_s.repeated(5'000)))
         EXPECT_FALSE(piece.text.front().isMark());
 }
 
 TEST(Pieces, AreCutInTheSamePlacesWhileTheTextGrows) {
-    const auto text = QStringLiteral("Some words and more words. ").repeated(1'000);
+    const auto text = u"Some words and more words. "_s.repeated(1'000);
     const auto before = pieces(text.first(20'000));
     const auto after = pieces(text);
     for (std::size_t i = 0; i + 1 < before.size(); ++i)

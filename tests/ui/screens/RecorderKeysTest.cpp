@@ -5,6 +5,7 @@
 
 using namespace palomet;
 using namespace palomet::test;
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -16,7 +17,7 @@ class RecorderKeysTest : public WindowTest {};
 TEST_F(RecorderKeysTest, RecordsAShortcutThatTheKeyboardBegan) {
     setFull();
     open(Pane::Listening);
-    auto *recorder = named("Pressable", QStringLiteral("Stop"));
+    auto *recorder = named("Pressable", u"Stop"_s);
     recorder->forceActiveFocus(Qt::TabFocusReason);
     key(Qt::Key_Return);
     EXPECT_TRUE(app.listening()->stopShortcut()->isRecording());
@@ -32,7 +33,7 @@ TEST_F(RecorderKeysTest, StopsRecordingWithoutAChangeWhenTheRecorderLosesTheFocu
     const std::array<std::function<void()>, 4> ways{
         [&] { key(Qt::Key_Tab); },
         [&] { key(Qt::Key_Backtab, Qt::ShiftModifier); },
-        [&] { press(named("SidebarItem", QStringLiteral("Listening"))); },
+        [&] { press(named("SidebarItem", u"Listening"_s)); },
         [&] {
             QWindow other;
             other.show();
@@ -59,7 +60,7 @@ TEST_F(RecorderKeysTest, StopsRecordingWithoutAChangeWhenTheRecorderLosesTheFocu
 TEST_F(RecorderKeysTest, StopsRecordingWhenTheWindowIsClosed) {
     setFull();
     open(Pane::Listening);
-    pressInView(named("Pressable", QStringLiteral("Listen")));
+    pressInView(named("Pressable", u"Listen"_s));
     ASSERT_TRUE(shortcuts.isPaused());
     window->close();
     EXPECT_FALSE(shortcuts.isPaused());
@@ -69,20 +70,20 @@ TEST_F(RecorderKeysTest, StopsRecordingWhenTheWindowIsClosed) {
 TEST_F(RecorderKeysTest, StopsRecordingWhenAnotherPaneIsChosen) {
     setFull();
     open(Pane::Listening);
-    pressInView(named("Pressable", QStringLiteral("Listen")));
+    pressInView(named("Pressable", u"Listen"_s));
     ASSERT_TRUE(shortcuts.isPaused());
-    press(named("SidebarItem", QStringLiteral("Voice")));
+    press(named("SidebarItem", u"Voice"_s));
     EXPECT_FALSE(shortcuts.isPaused());
 }
 
 TEST_F(RecorderKeysTest, ForgetsARefusedShortcutWithThePane) {
     setFull();
     open(Pane::Listening);
-    pressInView(named("Pressable", QStringLiteral("Listen")));
+    pressInView(named("Pressable", u"Listen"_s));
     QKeyEvent shiftA(QEvent::KeyPress, Qt::Key_A, Qt::ShiftModifier, 30 + 8, 0, 0);
     QCoreApplication::sendEvent(window.get(), &shiftA);
     EXPECT_NE(app.listening()->listenShortcut()->message(), QString());
-    press(named("SidebarItem", QStringLiteral("Voice")));
-    press(named("SidebarItem", QStringLiteral("Listening")));
+    press(named("SidebarItem", u"Voice"_s));
+    press(named("SidebarItem", u"Listening"_s));
     EXPECT_EQ(app.listening()->listenShortcut()->message(), QString());
 }

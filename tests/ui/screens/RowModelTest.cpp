@@ -10,6 +10,7 @@
 #include <random>
 
 using namespace palomet;
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -37,7 +38,7 @@ public:
 
 private:
     void note(const char *what, int first, int last) {
-        m_notes.append(QStringLiteral("%1 %2-%3").arg(QString::fromUtf8(what)).arg(first).arg(last));
+        m_notes.append(u"%1 %2-%3"_s.arg(QString::fromUtf8(what)).arg(first).arg(last));
     }
 
     QObject m_context;
@@ -67,10 +68,10 @@ TEST(RowModel, AnnouncesOneRowMoreAmongTenThousand) {
     auto rows = many(10'000);
     rows.push_back(10'000);
     model.assign(rows);
-    EXPECT_EQ(announced.take(), QStringList{QStringLiteral("inserted 10000-10000")});
+    EXPECT_EQ(announced.take(), QStringList{u"inserted 10000-10000"_s});
     rows.insert(rows.begin(), -1);
     model.assign(rows);
-    EXPECT_EQ(announced.take(), QStringList{QStringLiteral("inserted 0-0")});
+    EXPECT_EQ(announced.take(), QStringList{u"inserted 0-0"_s});
     EXPECT_EQ(model.rows(), rows);
 }
 
@@ -83,7 +84,7 @@ TEST(RowModel, AnnouncesEveryRowThatBecameAnotherAndNoneBetweenThem) {
     rows[4] = -4;
     rows[9'999] = -5;
     model.assign(rows);
-    EXPECT_EQ(announced.take(), (QStringList{QStringLiteral("changed 9999-9999"), QStringLiteral("changed 3-4")}));
+    EXPECT_EQ(announced.take(), (QStringList{u"changed 9999-9999"_s, u"changed 3-4"_s}));
     EXPECT_EQ(model.rows(), rows);
 }
 
@@ -94,7 +95,7 @@ TEST(RowModel, AnnouncesAWindowThatMovesOnAsOneRowGoneAndOneRowCome) {
     auto rows = many(1'001);
     rows.erase(rows.begin());
     model.assign(rows);
-    EXPECT_EQ(announced.take(), (QStringList{QStringLiteral("inserted 1000-1000"), QStringLiteral("removed 0-0")}));
+    EXPECT_EQ(announced.take(), (QStringList{u"inserted 1000-1000"_s, u"removed 0-0"_s}));
     EXPECT_EQ(model.rows(), rows);
 }
 
@@ -103,9 +104,9 @@ TEST(RowModel, TellsRowsApartThatAreAlike) {
     model.assign({7, 7, 7, 7});
     Announced announced(model);
     model.assign({7, 7, 7});
-    EXPECT_EQ(announced.take(), QStringList{QStringLiteral("removed 3-3")});
+    EXPECT_EQ(announced.take(), QStringList{u"removed 3-3"_s});
     model.assign({7, 8, 7});
-    EXPECT_EQ(announced.take(), QStringList{QStringLiteral("changed 1-1")});
+    EXPECT_EQ(announced.take(), QStringList{u"changed 1-1"_s});
     EXPECT_EQ(model.rows(), (std::vector{7, 8, 7}));
 }
 
@@ -115,10 +116,10 @@ TEST(RowModel, TakesAListThatIsAnotherAltogether) {
     Announced announced(model);
     std::vector<int> rows(5'000, -1);
     model.assign(rows);
-    EXPECT_EQ(announced.take(), (QStringList{QStringLiteral("removed 5000-9999"), QStringLiteral("changed 0-4999")}));
+    EXPECT_EQ(announced.take(), (QStringList{u"removed 5000-9999"_s, u"changed 0-4999"_s}));
     EXPECT_EQ(model.rows(), rows);
     model.assign(std::vector<int>());
-    EXPECT_EQ(announced.take(), QStringList{QStringLiteral("removed 0-4999")});
+    EXPECT_EQ(announced.take(), QStringList{u"removed 0-4999"_s});
 }
 
 TEST(RowModel, ArrivesAtTheNewListByWhatItAnnounces) {

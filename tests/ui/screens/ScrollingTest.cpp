@@ -2,6 +2,7 @@
 
 using namespace palomet;
 using namespace palomet::test;
+using namespace Qt::StringLiterals;
 
 using ScrollingTest = ConversationWindowTest;
 
@@ -40,7 +41,7 @@ TEST_F(ScrollingTest, FollowsTheNewestTurnWhileItGrows) {
     open(Pane::Now);
     settle();
     for (int i = 0; i < 20; ++i) {
-        rows.back().text += QStringLiteral("and another line that makes it longer ").repeated(2);
+        rows.back().text += u"and another line that makes it longer "_s.repeated(2);
         rows.back().isOpen = true;
         show(rows);
         settle();
@@ -139,7 +140,7 @@ TEST_F(ScrollingTest, SaysThatThereIsNothingOnceAllConversationsAreGone) {
 TEST_F(ScrollingTest, HasRowsOnlyForWhatShowsOfTenThousandConversations) {
     std::vector<ConversationSummary> history(10'000);
     for (std::size_t i = 0; i < history.size(); ++i)
-        history[i].firstQuestion = QStringLiteral("question %1").arg(i);
+        history[i].firstQuestion = u"question %1"_s.arg(i);
     model().setHistory(history);
     open(Pane::History);
     settle();
@@ -158,8 +159,8 @@ TEST_F(ScrollingTest, HasRowsOnlyForWhatShowsOfTenThousandConversations) {
 
 TEST_F(ScrollingTest, HasRowsOnlyForWhatShowsOfAThousandHeardLines) {
     setState("waiting", [](Snapshot &snapshot) {
-        snapshot.heard = std::vector<Snapshot::Heard>(
-            1'000, {.at = now, .text = QStringLiteral("heard"), .action = QStringLiteral("ignored"), .reason = {}});
+        snapshot.heard =
+            std::vector<Snapshot::Heard>(1'000, {.at = now, .text = u"heard"_s, .action = u"ignored"_s, .reason = {}});
     });
     open(Pane::Now);
     settle();
@@ -189,7 +190,7 @@ TEST_F(ScrollingTest, ShowsATextOfAMegabyteInPiecesAndReachesItsEnd) {
     key(Qt::Key_Home);
     settle();
     EXPECT_EQ(first("StateCells")->mapToScene({}).y(), 152);
-    EXPECT_EQ(seen("ConversationRow").value(1)->property("label"), QStringLiteral("Palomet"));
+    EXPECT_EQ(seen("ConversationRow").value(1)->property("label"), u"Palomet"_s);
     EXPECT_EQ(seen("ConversationRow").value(1)->property("words").toString().size(), 2'000);
 }
 

@@ -4,6 +4,7 @@
 
 using namespace palomet;
 using namespace palomet::test;
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -37,7 +38,7 @@ protected:
         QTest::mouseRelease(window.get(), Qt::LeftButton, {}, to);
     }
     [[nodiscard]] QString copied() {
-        QGuiApplication::clipboard()->setText(QStringLiteral("nothing"));
+        QGuiApplication::clipboard()->setText(u"nothing"_s);
         key(Qt::Key_C, Qt::ControlModifier);
         return QGuiApplication::clipboard()->text();
     }
@@ -59,8 +60,8 @@ protected:
         }
     }
 
-    const QString question = QStringLiteral("How is the site's deploy going?");
-    const QString answer = QStringLiteral("It passed ten minutes ago.");
+    const QString question = u"How is the site's deploy going?"_s;
+    const QString answer = u"It passed ten minutes ago."_s;
 };
 
 } // namespace
@@ -69,20 +70,20 @@ TEST_F(SelectionTest, SelectsPartOfOneTextByDragging) {
     show({question, answer});
     open(Pane::Now);
     drag(at(question, 4), at(question, 10));
-    EXPECT_EQ(copied(), QStringLiteral("is the"));
-    press(named("SidebarItem", QStringLiteral("Now")));
-    EXPECT_EQ(copied(), QStringLiteral("is the")) << "wherever the focus is";
+    EXPECT_EQ(copied(), u"is the"_s);
+    press(named("SidebarItem", u"Now"_s));
+    EXPECT_EQ(copied(), u"is the"_s) << "wherever the focus is";
     QTest::mouseClick(window.get(), Qt::LeftButton, {}, at(question, 2));
-    EXPECT_EQ(copied(), QStringLiteral("nothing"));
+    EXPECT_EQ(copied(), u"nothing"_s);
 }
 
 TEST_F(SelectionTest, SelectsFromOneTextIntoAnotherAndFurtherWithShift) {
-    show({question, answer, QStringLiteral("Thanks")});
+    show({question, answer, u"Thanks"_s});
     open(Pane::Now);
     drag(at(answer, 9), at(question, 25));
-    EXPECT_EQ(copied(), QStringLiteral("going?\nIt passed"));
-    QTest::mouseClick(window.get(), Qt::LeftButton, Qt::ShiftModifier, at(QStringLiteral("Thanks"), 6));
-    EXPECT_EQ(copied(), QStringLiteral(" ten minutes ago.\nThanks"));
+    EXPECT_EQ(copied(), u"going?\nIt passed"_s);
+    QTest::mouseClick(window.get(), Qt::LeftButton, Qt::ShiftModifier, at(u"Thanks"_s, 6));
+    EXPECT_EQ(copied(), u" ten minutes ago.\nThanks"_s);
 }
 
 TEST_F(SelectionTest, SelectsAWordByTwoClicksAndATextByThree) {
@@ -91,7 +92,7 @@ TEST_F(SelectionTest, SelectsAWordByTwoClicksAndATextByThree) {
     const auto there = at(answer, 5);
     QTest::mouseClick(window.get(), Qt::LeftButton, {}, there);
     QTest::mouseDClick(window.get(), Qt::LeftButton, {}, there);
-    EXPECT_EQ(copied(), QStringLiteral("passed"));
+    EXPECT_EQ(copied(), u"passed"_s);
     QTest::mouseClick(window.get(), Qt::LeftButton, {}, there);
     EXPECT_EQ(copied(), answer);
 }
@@ -99,23 +100,23 @@ TEST_F(SelectionTest, SelectsAWordByTwoClicksAndATextByThree) {
 TEST_F(SelectionTest, SelectsByKeysFromTheFirstLineThatShows) {
     show({question, answer});
     open(Pane::Now);
-    named("SelectionArea", QStringLiteral("Conversation"))->forceActiveFocus(Qt::TabFocusReason);
+    named("SelectionArea", u"Conversation"_s)->forceActiveFocus(Qt::TabFocusReason);
     for (int i = 0; i < 3; ++i)
         key(Qt::Key_Right, Qt::ShiftModifier);
-    EXPECT_EQ(copied(), QStringLiteral("How"));
+    EXPECT_EQ(copied(), u"How"_s);
     key(Qt::Key_Right, Qt::ShiftModifier | Qt::ControlModifier);
-    EXPECT_EQ(copied(), QStringLiteral("How "));
+    EXPECT_EQ(copied(), u"How "_s);
     key(Qt::Key_End, Qt::ShiftModifier);
     EXPECT_EQ(copied(), question);
     key(Qt::Key_Down, Qt::ShiftModifier);
     EXPECT_EQ(copied(), question + u'\n' + answer);
     key(Qt::Key_Up, Qt::ShiftModifier);
     key(Qt::Key_Home, Qt::ShiftModifier);
-    EXPECT_EQ(copied(), QStringLiteral("nothing"));
+    EXPECT_EQ(copied(), u"nothing"_s);
     key(Qt::Key_End, Qt::ShiftModifier | Qt::ControlModifier);
     EXPECT_EQ(copied(), question + u'\n' + answer);
     key(Qt::Key_Escape);
-    EXPECT_EQ(copied(), QStringLiteral("nothing"));
+    EXPECT_EQ(copied(), u"nothing"_s);
     key(Qt::Key_A, Qt::ControlModifier);
     EXPECT_EQ(copied(), question + u'\n' + answer);
     EXPECT_TRUE(window->isVisible());
@@ -126,11 +127,11 @@ TEST_F(SelectionTest, CopiesFromAMenuAndSelectsAllInIt) {
     open(Pane::Now);
     drag(at(question, 0), at(question, 3));
     QTest::mouseClick(window.get(), Qt::RightButton, {}, at(question, 1));
-    press(entry(QStringLiteral("Copy")));
-    EXPECT_EQ(QGuiApplication::clipboard()->text(), QStringLiteral("How"));
+    press(entry(u"Copy"_s));
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), u"How"_s);
     EXPECT_TRUE(eventually([&] { return all("ContextMenu").isEmpty(); }));
     QTest::mouseClick(window.get(), Qt::RightButton, {}, at(answer, 1));
-    EXPECT_FALSE(entry(QStringLiteral("Copy"))->isEnabled());
+    EXPECT_FALSE(entry(u"Copy"_s)->isEnabled());
     // By keys as well: the first that can be had is the other.
     key(Qt::Key_Down);
     key(Qt::Key_Return);
@@ -146,18 +147,18 @@ TEST_F(SelectionTest, CopiesFromAMenuAndSelectsAllInIt) {
 TEST_F(SelectionTest, SelectsWhatWasHeardAndOneListAtATime) {
     setState("waiting", [&](Snapshot &snapshot) {
         snapshot.conversation.rows.push_back(row("user", question));
-        snapshot.heard = {{.at = 1'800'000'000'000, .text = answer, .action = QStringLiteral("ignored"), .reason = {}}};
+        snapshot.heard = {{.at = 1'800'000'000'000, .text = answer, .action = u"ignored"_s, .reason = {}}};
     });
     open(Pane::Now);
     drag(at(question, 0), at(question, 3));
     drag(at(answer, 3), at(answer, 9));
-    EXPECT_EQ(copied(), QStringLiteral("passed"));
+    EXPECT_EQ(copied(), u"passed"_s);
     key(Qt::Key_Escape);
-    EXPECT_EQ(copied(), QStringLiteral("nothing"));
+    EXPECT_EQ(copied(), u"nothing"_s);
 }
 
 TEST_F(SelectionTest, CopiesAQuestionOfTheHistoryWholeThoughItIsCut) {
-    const auto longQuestion = QStringLiteral("And then what about everything else? ").repeated(200).trimmed();
+    const auto longQuestion = u"And then what about everything else? "_s.repeated(200).trimmed();
     std::vector<ConversationSummary> history(2);
     history[0].firstQuestion = longQuestion;
     history[1].firstQuestion = answer;
@@ -166,39 +167,39 @@ TEST_F(SelectionTest, CopiesAQuestionOfTheHistoryWholeThoughItIsCut) {
     const auto there = at(longQuestion, 3);
     QTest::mouseClick(window.get(), Qt::LeftButton, {}, there);
     QTest::mouseDClick(window.get(), Qt::LeftButton, {}, there);
-    EXPECT_EQ(copied(), QStringLiteral("And"));
+    EXPECT_EQ(copied(), u"And"_s);
     QTest::mouseClick(window.get(), Qt::LeftButton, {}, there);
     EXPECT_EQ(copied(), longQuestion);
     drag(at(answer, 0), at(answer, 9));
-    EXPECT_EQ(copied(), QStringLiteral("It passed"));
+    EXPECT_EQ(copied(), u"It passed"_s);
 }
 
 TEST_F(SelectionTest, FollowsNewTurnsWhileSomethingIsSelected) {
     QStringList texts;
     for (int i = 0; i < 200; ++i)
-        texts.append(QStringLiteral("turn %1").arg(i));
+        texts.append(u"turn %1"_s.arg(i));
     show(texts);
     open(Pane::Now);
     settle();
     const auto newest = texts.last();
     drag(at(newest, 0), at(newest, 4));
     for (int i = 200; i < 230; ++i) {
-        texts.append(QStringLiteral("turn %1").arg(i));
+        texts.append(u"turn %1"_s.arg(i));
         show(texts);
         settle();
         const auto *shown = prose(texts.last());
         ASSERT_TRUE(shown);
         EXPECT_LT(shown->mapToScene({}).y(), window->height());
     }
-    EXPECT_EQ(copied(), QStringLiteral("turn")) << "also once its row is far away";
+    EXPECT_EQ(copied(), u"turn"_s) << "also once its row is far away";
 }
 
 TEST_F(SelectionTest, OffersAFieldsOwnActionsInAMenu) {
     show({});
     open(Pane::Now);
-    auto *field = named("ZenInput", QStringLiteral("Type a request instead"));
+    auto *field = named("ZenInput", u"Type a request instead"_s);
     press(field);
-    type(QStringLiteral("run"));
+    type(u"run"_s);
     const auto there = middle(field);
     const auto pick = [&](const QString &title) {
         QTest::mouseClick(window.get(), Qt::RightButton, {}, there);
@@ -206,16 +207,16 @@ TEST_F(SelectionTest, OffersAFieldsOwnActionsInAMenu) {
         EXPECT_TRUE(eventually([&] { return all("ContextMenu").isEmpty(); }));
         EXPECT_EQ(focused(), field);
     };
-    pick(QStringLiteral("Select all"));
-    EXPECT_EQ(field->property("selectedText"), QStringLiteral("run"));
-    pick(QStringLiteral("Cut"));
+    pick(u"Select all"_s);
+    EXPECT_EQ(field->property("selectedText"), u"run"_s);
+    pick(u"Cut"_s);
     EXPECT_EQ(field->property("text"), QString());
     EXPECT_EQ(app.now()->draft(), QString());
-    pick(QStringLiteral("Undo"));
-    EXPECT_EQ(field->property("text"), QStringLiteral("run"));
-    pick(QStringLiteral("Redo"));
-    pick(QStringLiteral("Paste"));
-    EXPECT_EQ(app.now()->draft(), QStringLiteral("run"));
+    pick(u"Undo"_s);
+    EXPECT_EQ(field->property("text"), u"run"_s);
+    pick(u"Redo"_s);
+    pick(u"Paste"_s);
+    EXPECT_EQ(app.now()->draft(), u"run"_s);
     key(Qt::Key_F10, Qt::ShiftModifier);
     EXPECT_EQ(all("ContextMenu").size(), 1);
     key(Qt::Key_Return);
@@ -226,12 +227,12 @@ TEST_F(SelectionTest, OffersAFieldsOwnActionsInAMenu) {
 TEST_F(SelectionTest, KeepsWhatIsBeingTypedInASettingWhileItsMenuIsOpen) {
     setFull();
     open(Pane::Voice);
-    auto *field = named("ZenInput", QStringLiteral("Voice"));
+    auto *field = named("ZenInput", u"Voice"_s);
     press(field);
     key(Qt::Key_A, Qt::ControlModifier);
-    type(QStringLiteral("new"));
-    QGuiApplication::clipboard()->setText(QStringLiteral("er"));
+    type(u"new"_s);
+    QGuiApplication::clipboard()->setText(u"er"_s);
     QTest::mouseClick(window.get(), Qt::RightButton, {}, middle(field));
-    press(entry(QStringLiteral("Paste")));
+    press(entry(u"Paste"_s));
     EXPECT_EQ(field->property("text").toString().toStdString(), "newer");
 }

@@ -5,6 +5,7 @@
 
 using namespace palomet;
 using namespace palomet::test;
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -44,44 +45,44 @@ protected:
 
 TEST_F(VoiceScreenTest, ShowsTheSettings) {
     setFull();
-    EXPECT_EQ(voice->text(), QStringLiteral("a1b2c3d4"));
-    EXPECT_EQ(name->text(), QStringLiteral("Palomet"));
-    EXPECT_EQ(speed->value(), QStringLiteral("1.05×"));
-    EXPECT_EQ(fishModel->value(), QStringLiteral("s1"));
-    EXPECT_EQ(fishModel->selected(), QStringLiteral("s1"));
-    EXPECT_EQ(systemVoice->value(), QStringLiteral("Luciana"));
+    EXPECT_EQ(voice->text(), u"a1b2c3d4"_s);
+    EXPECT_EQ(name->text(), u"Palomet"_s);
+    EXPECT_EQ(speed->value(), u"1.05×"_s);
+    EXPECT_EQ(fishModel->value(), u"s1"_s);
+    EXPECT_EQ(fishModel->selected(), u"s1"_s);
+    EXPECT_EQ(systemVoice->value(), u"Luciana"_s);
 }
 
 TEST_F(VoiceScreenTest, NamesItsRows) {
-    EXPECT_EQ(voice->title(), QStringLiteral("Voice"));
-    EXPECT_EQ(voice->placeholder(), QStringLiteral("Paste a voice id"));
-    EXPECT_EQ(name->placeholder(), QStringLiteral("Give it a name"));
-    EXPECT_EQ(speed->title(), QStringLiteral("Speed"));
+    EXPECT_EQ(voice->title(), u"Voice"_s);
+    EXPECT_EQ(voice->placeholder(), u"Paste a voice id"_s);
+    EXPECT_EQ(name->placeholder(), u"Give it a name"_s);
+    EXPECT_EQ(speed->title(), u"Speed"_s);
     EXPECT_EQ(speed->hint(), QString());
-    EXPECT_EQ(fishModel->title(), QStringLiteral("Speech model"));
-    EXPECT_EQ(systemVoice->title(), QStringLiteral("System voice"));
+    EXPECT_EQ(fishModel->title(), u"Speech model"_s);
+    EXPECT_EQ(systemVoice->title(), u"System voice"_s);
 }
 
 TEST_F(VoiceScreenTest, ShowsADashForTheSpeedWithoutASnapshot) {
-    EXPECT_EQ(speed->value(), QStringLiteral("—"));
+    EXPECT_EQ(speed->value(), u"—"_s);
     EXPECT_EQ(speed->selected(), QString());
     EXPECT_EQ(voice->text(), QString());
     setFull();
     model().setSnapshot(nullptr);
-    EXPECT_EQ(speed->value(), QStringLiteral("—"));
+    EXPECT_EQ(speed->value(), u"—"_s);
 }
 
 TEST_F(VoiceScreenTest, OffersFiveSpeedsNoneSlowerThanNormal) {
     EXPECT_EQ(ids(*speed), words("1.0 1.25 1.5 1.75 2.0"));
     EXPECT_EQ(titles(*speed), words("1× 1.25× 1.5× 1.75× 2×"));
     setFull([](Snapshot &snapshot) { snapshot.settings.voiceSpeed = 2; });
-    EXPECT_EQ(speed->selected(), QStringLiteral("2.0"));
+    EXPECT_EQ(speed->selected(), u"2.0"_s);
 }
 
 TEST_F(VoiceScreenTest, SendsTheSpeedAsANumberAndOneAndAHalfForWhatIsNone) {
-    speed->pick(QStringLiteral("1.25"));
+    speed->pick(u"1.25"_s);
     EXPECT_EQ(toldSetting(), R"({"voiceSpeed":1.25})");
-    speed->pick(QStringLiteral("2.0"));
+    speed->pick(u"2.0"_s);
     EXPECT_EQ(toldSetting(), R"({"voiceSpeed":2})");
     for (const auto *strange : {"fast", "", "inf", "nan", "1e999"}) {
         speed->pick(QString::fromUtf8(strange));
@@ -95,37 +96,37 @@ TEST_F(VoiceScreenTest, AsksForASampleOfTheVoice) {
 }
 
 TEST_F(VoiceScreenTest, SendsTextsAndChoicesAsTheyAre) {
-    voice->commit(QStringLiteral("abc"));
+    voice->commit(u"abc"_s);
     EXPECT_EQ(toldSetting(), R"({"voiceId":"abc"})");
-    name->commit(QStringLiteral("Alma"));
+    name->commit(u"Alma"_s);
     EXPECT_EQ(toldSetting(), R"({"voiceName":"Alma"})");
-    fishModel->pick(QStringLiteral("s1-mini"));
+    fishModel->pick(u"s1-mini"_s);
     EXPECT_EQ(toldSetting(), R"({"fishModel":"s1-mini"})");
-    systemVoice->pick(QStringLiteral("Luciana"));
+    systemVoice->pick(u"Luciana"_s);
     EXPECT_EQ(toldSetting(), R"({"fallbackVoice":"Luciana"})");
 }
 
 TEST_F(VoiceScreenTest, ShowsTheCurrentSettingAlsoWhenItIsNotAmongTheChoices) {
     setFull();
     EXPECT_TRUE(fishModel->choices().isEmpty());
-    EXPECT_EQ(fishModel->value(), QStringLiteral("s1"));
+    EXPECT_EQ(fishModel->value(), u"s1"_s);
     Options options;
-    options.fishModels = {QStringLiteral("other")};
+    options.fishModels = {u"other"_s};
     model().setOptions(options);
-    EXPECT_EQ(ids(*fishModel), QStringList{QStringLiteral("other")});
-    EXPECT_EQ(titles(*fishModel), QStringList{QStringLiteral("other")});
-    EXPECT_EQ(fishModel->value(), QStringLiteral("s1"));
-    EXPECT_EQ(fishModel->selected(), QStringLiteral("s1"));
+    EXPECT_EQ(ids(*fishModel), QStringList{u"other"_s});
+    EXPECT_EQ(titles(*fishModel), QStringList{u"other"_s});
+    EXPECT_EQ(fishModel->value(), u"s1"_s);
+    EXPECT_EQ(fishModel->selected(), u"s1"_s);
 }
 
 TEST_F(VoiceScreenTest, ShowsACommittedTextAsApplyingUntilTheBackendHasIt) {
     setFull();
     backend().hang("/settings");
-    voice->commit(QStringLiteral("new"));
+    voice->commit(u"new"_s);
     EXPECT_TRUE(becomes("new", true));
     EXPECT_EQ(toldSetting(), R"({"voiceId":"new"})");
     // What else happens meanwhile is of no account.
-    setFull([](Snapshot &snapshot) { snapshot.settings.voiceName = QStringLiteral("Bruna"); });
+    setFull([](Snapshot &snapshot) { snapshot.settings.voiceName = u"Bruna"_s; });
     EXPECT_TRUE(becomes("new", true));
     EXPECT_FALSE(name->isBusy());
     hasVoice("new");
@@ -138,7 +139,7 @@ TEST_F(VoiceScreenTest, ShowsTheOldTextAgainWhenTheBackendDidNotTakeTheNewOne) {
     setFull();
     hasVoice("a1b2c3d4");
     backend().serve("/settings", "{}", 400);
-    voice->commit(QStringLiteral("new"));
+    voice->commit(u"new"_s);
     EXPECT_EQ(toldSetting(), R"({"voiceId":"new"})");
     EXPECT_TRUE(becomes("new", true));
     fetch();
@@ -148,7 +149,7 @@ TEST_F(VoiceScreenTest, ShowsTheOldTextAgainWhenTheBackendDidNotTakeTheNewOne) {
 
 TEST_F(VoiceScreenTest, ShowsWhateverTheBackendMadeOfACommittedText) {
     setFull();
-    voice->commit(QStringLiteral("new"));
+    voice->commit(u"new"_s);
     EXPECT_TRUE(becomes("new", true));
     hasVoice("NEW");
     fetch();
@@ -166,7 +167,7 @@ TEST_F(VoiceScreenTest, KeepsACommittedTextWhileTheBackendIsAwayAndSendsItWhenIt
         scheduler().advance(100ms);
         return !model().snapshot();
     }));
-    voice->commit(QStringLiteral("new"));
+    voice->commit(u"new"_s);
     EXPECT_TRUE(becomes("new", true));
     for (int seconds = 0; seconds < 5; ++seconds) {
         scheduler().advance(1s);
@@ -191,7 +192,7 @@ TEST_F(VoiceScreenTest, SendsATextThatWasKeptOnceAndNoMore) {
     setFull();
     hasVoice("a1b2c3d4");
     backend().goDown();
-    voice->commit(QStringLiteral("new"));
+    voice->commit(u"new"_s);
     EXPECT_TRUE(eventually([&] {
         scheduler().advance(100ms);
         return !model().snapshot();
@@ -207,6 +208,6 @@ TEST_F(VoiceScreenTest, SendsATextThatWasKeptOnceAndNoMore) {
         scheduler().advance(100ms);
         return !voice->isBusy();
     }));
-    EXPECT_EQ(voice->text(), QStringLiteral("a1b2c3d4"));
+    EXPECT_EQ(voice->text(), u"a1b2c3d4"_s);
     EXPECT_EQ(backend().count("/settings"), 1);
 }

@@ -2,6 +2,7 @@
 
 using namespace palomet;
 using namespace palomet::test;
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -13,7 +14,7 @@ class WindowKeysTest : public WindowTest {};
 TEST_F(WindowKeysTest, ChoosesAPaneByItsNumberWhereverTheFocusIs) {
     setFull();
     open(Pane::Now);
-    named("ZenInput", QStringLiteral("Type a request instead"))->forceActiveFocus(Qt::TabFocusReason);
+    named("ZenInput", u"Type a request instead"_s)->forceActiveFocus(Qt::TabFocusReason);
     for (const auto &[digit, pane] : {std::pair{Qt::Key_2, Pane::History},
                                       {Qt::Key_3, Pane::Listening},
                                       {Qt::Key_4, Pane::Voice},
@@ -30,7 +31,7 @@ TEST_F(WindowKeysTest, ChoosesAPaneByItsNumberWhereverTheFocusIs) {
 TEST_F(WindowKeysTest, RecordsAShortcutThatWouldElseChooseAPane) {
     setFull();
     open(Pane::Listening);
-    auto *recorder = named("Pressable", QStringLiteral("Listen"));
+    auto *recorder = named("Pressable", u"Listen"_s);
     recorder->forceActiveFocus(Qt::TabFocusReason);
     key(Qt::Key_Return);
     QKeyEvent control2(QEvent::KeyPress, Qt::Key_2, Qt::ControlModifier, 11 + 8, 0, 0);
@@ -50,7 +51,7 @@ TEST_F(WindowKeysTest, ScrollsThePageWithKeysThatNothingElseTakes) {
     setFull();
     offer();
     open(Pane::Now);
-    press(named("SidebarItem", QStringLiteral("Listening")));
+    press(named("SidebarItem", u"Listening"_s));
     auto *view = first("ListeningPage")->property("view").value<QQuickItem *>();
     const auto at = [&] { return view->property("contentY").toReal(); };
     ASSERT_EQ(at(), 0);

@@ -18,6 +18,8 @@
 
 namespace palomet::test {
 
+using namespace Qt::StringLiterals;
+
 /// The whole window on the offscreen platform, in front and active, with a model that the test fills. A warning of the
 /// QML engine fails the test.
 class WindowTest : public UiTest {
@@ -29,7 +31,7 @@ protected:
             for (const auto &error : errors)
                 ADD_FAILURE() << error.toString().toStdString();
         });
-        Ui::install(engine, QStringLiteral(PALOMET_BINARY_DIR "/resources"));
+        ui::install(engine, u"" PALOMET_BINARY_DIR "/resources"_s);
     }
 
     ~WindowTest() override {
@@ -96,7 +98,7 @@ protected:
     [[nodiscard]] QQuickItem *focused() { return window->activeFocusItem(); }
 
     QTemporaryDir folder;
-    QSettings file{folder.filePath(QStringLiteral("palomet.conf")), QSettings::IniFormat};
+    QSettings file{folder.filePath(u"palomet.conf"_s), QSettings::IniFormat};
     Shortcuts shortcuts{file};
     FixedKeyboardLayout layout;
     Navigation navigation;
@@ -105,7 +107,7 @@ protected:
                 navigation,
                 shortcuts,
                 layout,
-                {.version = QStringLiteral("2.1.0"), .home = QStringLiteral("/home/ana")},
+                {.version = u"2.1.0"_s, .home = u"/home/ana"_s},
                 {.openLog = [] {},
                  .openMicrophoneSettings = [] {},
                  .pickFolders = [this](const std::function<void(const QStringList &)> &answer) { answer(picked); }}};

@@ -8,13 +8,15 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 int main(int argc, char **argv) {
     palomet::test::useNoScreen();
     QApplication application(argc, argv);
-    const auto resources = QStringLiteral(PALOMET_BINARY_DIR "/resources");
-    palomet::Kit::registerFonts(resources);
-    palomet::Localization::load(resources, {QStringLiteral("en")});
-    palomet::Format::load(palomet::test::regionOf(QStringLiteral("UTC")));
+    const auto resources = u"" PALOMET_BINARY_DIR "/resources"_s;
+    palomet::kit::registerFonts(resources);
+    palomet::localization::load(resources, {u"en"_s});
+    palomet::format::load(palomet::test::regionOf(u"UTC"_s));
     ::testing::InitGoogleTest(&argc, argv);
     return RUN_ALL_TESTS();
 }

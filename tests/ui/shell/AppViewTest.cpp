@@ -95,9 +95,9 @@ TEST_F(AppViewTest, SaysTheVersionInTheWordsOfTheTable) {
     ASSERT_TRUE(table.open(QFile::WriteOnly));
     table.write(R"({"sidebar.version": "version %@"})");
     table.close();
-    Localization::load(m_folder.path(), {u"en"_s});
+    localization::load(m_folder.path(), {u"en"_s});
     EXPECT_EQ(m_app.version(), u"version 1.2.3");
-    Localization::load(QStringLiteral(PALOMET_SOURCE_DIR "/resources"), {u"en"_s});
+    localization::load(u"" PALOMET_SOURCE_DIR "/resources"_s, {u"en"_s});
 }
 
 TEST_F(AppViewTest, KeepsOnlyTheScreenThatCanBeSeenUpToDate) {

@@ -94,7 +94,7 @@ TEST_F(SettingsWindowTest, OpensTheMicrophonesSettingsFromItsStatusLineOnlyWhile
 }
 
 TEST_F(SettingsWindowTest, NeverLaysItsActionsOverTheTitle) {
-    Localization::load(QStringLiteral(PALOMET_SOURCE_DIR "/resources"), {u"pt-BR"_s});
+    localization::load(u"" PALOMET_SOURCE_DIR "/resources"_s, {u"pt-BR"_s});
     open();
     m_window->resize(SettingsWindow::minimumContentSize);
     for (const auto pane : allPanes) {
@@ -106,7 +106,7 @@ TEST_F(SettingsWindowTest, NeverLaysItsActionsOverTheTitle) {
         }
     }
     m_window.reset();
-    Localization::load(QStringLiteral(PALOMET_SOURCE_DIR "/resources"), {u"en"_s});
+    localization::load(u"" PALOMET_SOURCE_DIR "/resources"_s, {u"en"_s});
 }
 
 TEST_F(SettingsWindowTest, IsUsedByKeyboardAloneInReadingOrder) {

@@ -11,6 +11,8 @@
 
 namespace palomet::test {
 
+using namespace Qt::StringLiterals;
+
 /// The whole window, with a model that the test fills and settings that it remembers its frame in. A warning of the QML
 /// engine fails the test.
 class SettingsWindowTest : public UiTest {
@@ -55,8 +57,7 @@ protected:
     [[nodiscard]] QStringList actions() const {
         QStringList found;
         for (const auto *button : Scene::all(all("PageHeader").value(0), "ZenButton"))
-            found.append(button->property("title").toString() +
-                         (button->property("kind") == 0 ? QStringLiteral("!") : QStringLiteral("")));
+            found.append(button->property("title").toString() + (button->property("kind") == 0 ? u"!"_s : u""_s));
         return found;
     }
     [[nodiscard]] QStringList activeItems() const {
@@ -69,7 +70,7 @@ protected:
     }
 
     QTemporaryDir m_folder;
-    QSettings m_settings{m_folder.filePath(QStringLiteral("palomet.conf")), QSettings::IniFormat};
+    QSettings m_settings{m_folder.filePath(u"palomet.conf"_s), QSettings::IniFormat};
     Shortcuts m_shortcuts{m_settings};
     NoKeyboardLayout m_layout;
     Navigation m_navigation;
@@ -78,11 +79,11 @@ protected:
                   m_navigation,
                   m_shortcuts,
                   m_layout,
-                  {QStringLiteral("1.2.3"), QStringLiteral("/home/user")},
-                  {.openLog = [this] { m_calls.append(QStringLiteral("log")); },
-                   .openMicrophoneSettings = [this] { m_calls.append(QStringLiteral("microphone")); },
+                  {u"1.2.3"_s, u"/home/user"_s},
+                  {.openLog = [this] { m_calls.append(u"log"_s); },
+                   .openMicrophoneSettings = [this] { m_calls.append(u"microphone"_s); },
                    .pickFolders = [](auto &&) {}}};
-    UiEngine m_ui{QStringLiteral(PALOMET_BINARY_DIR "/resources")};
+    UiEngine m_ui{u"" PALOMET_BINARY_DIR "/resources"_s};
     std::unique_ptr<SettingsWindow> m_window;
 };
 

@@ -64,7 +64,7 @@ protected:
     }
 
     int m_opened = 0;
-    UiEngine m_ui{QStringLiteral(PALOMET_BINARY_DIR "/resources")};
+    UiEngine m_ui{u"" PALOMET_BINARY_DIR "/resources"_s};
     StripView m_view{model(), [this] { ++m_opened; }};
     StripWindow m_strip{m_ui, m_view, nullptr, StripWindow::Pointer::Known};
 };

@@ -15,6 +15,8 @@
 
 namespace palomet::test {
 
+using namespace Qt::StringLiterals;
+
 /// The contrast of two colours as the guidelines for accessible content define it, 1 to 21.
 [[nodiscard]] inline double contrast(const QColor &one, const QColor &other) {
     const auto luminance = [](const QColor &color) {
@@ -53,7 +55,7 @@ public:
     explicit Palette(QQmlEngine &engine) {
         QQmlComponent component(&engine);
         component.setData("import QtQuick\nimport Palomet.Kit\nQtObject { readonly property var zen: Zen }",
-                          QUrl(QStringLiteral("qrc:/Palette.qml")));
+                          QUrl(u"qrc:/Palette.qml"_s));
         m_holder.reset(component.create());
         EXPECT_TRUE(m_holder) << component.errorString().toStdString();
         m_zen = m_holder->property("zen").value<QObject *>();
@@ -110,7 +112,7 @@ inline constexpr const char *unread[] = {"disabledInk", "rule", "darkEdge", "gra
     std::vector<Pair> pairs;
     for (const auto &[ink, colors] : meetings) {
         const auto text = QString::fromLatin1(colors);
-        for (const auto &ground : text.section(QStringLiteral(" on "), 1).split(u' '))
+        for (const auto &ground : text.section(u" on "_s, 1).split(u' '))
             pairs.push_back({ink, palette[text.section(u' ', 0, 0)], palette[ground], text});
     }
     return pairs;
@@ -129,11 +131,11 @@ public:
 
 private:
     static QString typeOf(const QQuickItem *item) {
-        return QString::fromUtf8(item->metaObject()->className()).section(QStringLiteral("_QML"), 0, 0);
+        return QString::fromUtf8(item->metaObject()->className()).section(u"_QML"_s, 0, 0);
     }
     static bool isA(const QQuickItem *item, const char *type) {
         for (const auto *meta = item->metaObject(); meta; meta = meta->superClass())
-            if (QString::fromUtf8(meta->className()).section(QStringLiteral("_QML"), 0, 0) == QString::fromUtf8(type))
+            if (QString::fromUtf8(meta->className()).section(u"_QML"_s, 0, 0) == QString::fromUtf8(type))
                 return true;
         return false;
     }
@@ -163,8 +165,7 @@ private:
         if (const auto ground = around(place))
             m_pairs.push_back({ink, color, *ground,
                                typeOf(item) + u' ' + item->property("text").toString() +
-                                   item->property("name").toString() +
-                                   QStringLiteral(" at %1, %2").arg(place.x()).arg(place.y())});
+                                   item->property("name").toString() + u" at %1, %2"_s.arg(place.x()).arg(place.y())});
     }
 
     void look(QQuickItem *item) {

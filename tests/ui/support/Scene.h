@@ -13,16 +13,18 @@
 
 namespace palomet::test {
 
+using namespace Qt::StringLiterals;
+
 /// A small window on the offscreen platform that shows one piece of QML, and the hands that use it.
 class Scene {
 public:
     explicit Scene(const QByteArray &qml, QSize size = {640, 480}) {
-        Kit::install(*m_view.engine(), QStringLiteral(PALOMET_BINARY_DIR "/resources"));
+        kit::install(*m_view.engine(), u"" PALOMET_BINARY_DIR "/resources"_s);
         QObject::connect(m_view.engine(), &QQmlEngine::warnings, m_view.engine(), [](const QList<QQmlError> &errors) {
             for (const auto &error : errors)
                 ADD_FAILURE() << error.toString().toStdString();
         });
-        m_component.setData("import QtQuick\nimport Palomet.Kit\n" + qml, QUrl(QStringLiteral("qrc:/Scene.qml")));
+        m_component.setData("import QtQuick\nimport Palomet.Kit\n" + qml, QUrl(u"qrc:/Scene.qml"_s));
         if (m_component.isError())
             ADD_FAILURE() << m_component.errorString().toStdString();
         m_view.setContent(m_component.url(), &m_component, m_component.create());

@@ -15,6 +15,8 @@
 
 namespace palomet::test {
 
+using namespace Qt::StringLiterals;
+
 class Allowed final : public MicrophonePermission {
 public:
     [[nodiscard]] MicrophoneStatus status() const override { return MicrophoneStatus::Authorized; }
@@ -31,8 +33,8 @@ public:
 
 /// Whose numbers and hours the tests of the screens show, at the hour of ManualScheduler's clock: 2027-01-15, 08:00
 /// UTC.
-[[nodiscard]] inline Format::Region regionOf(const QString &timeZone) {
-    return {.numbers = QStringLiteral("en"), .dates = QStringLiteral("en"), .timeZone = timeZone, .clock = [] {
+[[nodiscard]] inline format::Region regionOf(const QString &timeZone) {
+    return {.numbers = u"en"_s, .dates = u"en"_s, .timeZone = timeZone, .clock = [] {
                 return std::chrono::system_clock::time_point(std::chrono::seconds{1'800'000'000});
             }};
 }
@@ -40,8 +42,8 @@ public:
 /// While this lives, the user is in another time zone than UTC.
 class Journey {
 public:
-    explicit Journey(const QString &timeZone) { Format::load(regionOf(timeZone)); }
-    ~Journey() { Format::load(regionOf(QStringLiteral("UTC"))); }
+    explicit Journey(const QString &timeZone) { format::load(regionOf(timeZone)); }
+    ~Journey() { format::load(regionOf(u"UTC"_s)); }
     Journey(const Journey &) = delete;
     Journey &operator=(const Journey &) = delete;
 };

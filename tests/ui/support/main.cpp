@@ -6,10 +6,12 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 int main(int argc, char **argv) {
     palomet::test::useNoScreen();
     QGuiApplication application(argc, argv);
-    palomet::Kit::registerFonts(QStringLiteral(PALOMET_BINARY_DIR "/resources"));
+    palomet::kit::registerFonts(u"" PALOMET_BINARY_DIR "/resources"_s);
     ::testing::InitGoogleTest(&argc, argv);
     return RUN_ALL_TESTS();
 }

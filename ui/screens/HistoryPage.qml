@@ -13,15 +13,9 @@ ListPage {
     listName: Words.t("history.title")
     textRole: "question"
     head: [
-        BlockLabel {
-            text: Words.t("history.title")
-        },
-        Gap {
-            height: Zen.space2
-        },
-        HairLine {
+        ListHead {
             width: root.columnWidth
-            color: Zen.gray9
+            text: Words.t("history.title")
         }
     ]
     delegate: DataRow {
@@ -40,11 +34,7 @@ ListPage {
         selectionEnd: root.words.endIn(index, root.words.revision)
     }
     foot: [
-        Gap {
-            height: Zen.space5
-            visible: root.rows.count === 0
-        },
-        ZenBody {
+        EmptyListText {
             width: root.columnWidth
             visible: root.rows.count === 0
             text: Words.t("history.empty")

@@ -66,15 +66,9 @@ ListPage {
         Gap {
             height: Zen.space6
         },
-        BlockLabel {
-            text: Words.t("now.lastAnswer")
-        },
-        Gap {
-            height: Zen.space2
-        },
-        HairLine {
+        ListHead {
             width: root.columnWidth
-            color: Zen.gray9
+            text: Words.t("now.lastAnswer")
         }
     ]
     delegate: ConversationRow {
@@ -87,11 +81,7 @@ ListPage {
         selectionEnd: root.words.endIn(index, root.words.revision)
     }
     foot: [
-        Gap {
-            height: Zen.space5
-            visible: root.rows.count === 0
-        },
-        ZenBody {
+        EmptyListText {
             width: root.columnWidth
             visible: root.rows.count === 0
             text: root.screen.shown.emptyText

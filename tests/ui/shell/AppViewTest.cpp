@@ -1,35 +1,18 @@
 #include "ui/shell/AppView.h"
 
 #include "localization/Localization.h"
-#include "tests/ui/support/UiTest.h"
+#include "tests/ui/support/AppViewFixture.h"
 
 #include <QDir>
 #include <QFile>
-#include <QSettings>
 #include <QSignalSpy>
-#include <QTemporaryDir>
 
 using namespace palomet;
 using namespace Qt::StringLiterals;
 
 namespace {
 
-class AppViewTest : public test::UiTest {
-protected:
-    [[nodiscard]] static Outside noting(QStringList &calls) {
-        return {.openLog = [&calls] { calls.append(u"log"_s); },
-                .openMicrophoneSettings = [&calls] { calls.append(u"microphone"_s); },
-                .pickFolders = [](auto &&) {}};
-    }
-
-    QTemporaryDir m_folder;
-    QSettings m_settings{m_folder.filePath(u"palomet.conf"_s), QSettings::IniFormat};
-    Shortcuts m_shortcuts{m_settings};
-    NoKeyboardLayout m_layout;
-    Navigation m_navigation;
-    QStringList m_calls;
-    AppView m_app{model(), m_navigation, m_shortcuts, m_layout, {u"1.2.3"_s, u"/home/user"_s}, noting(m_calls)};
-};
+class AppViewTest : public test::AppViewFixture {};
 
 } // namespace
 

@@ -1,13 +1,11 @@
 #pragma once
 
+#include "tests/ui/support/AppViewFixture.h"
 #include "tests/ui/support/Scene.h"
-#include "tests/ui/support/UiTest.h"
 #include "ui/UiEngine.h"
 #include "ui/shell/SettingsWindow.h"
 
 #include <QAccessible>
-#include <QSettings>
-#include <QTemporaryDir>
 
 namespace palomet::test {
 
@@ -15,7 +13,7 @@ using namespace Qt::StringLiterals;
 
 /// The whole window, with a model that the test fills and settings that it remembers its frame in. A warning of the QML
 /// engine fails the test.
-class SettingsWindowTest : public UiTest {
+class SettingsWindowTest : public AppViewFixture {
 protected:
     SettingsWindowTest() {
         QObject::connect(&m_ui.get(), &QQmlEngine::warnings, &m_ui.get(), [](const QList<QQmlError> &errors) {
@@ -69,20 +67,6 @@ protected:
         return found;
     }
 
-    QTemporaryDir m_folder;
-    QSettings m_settings{m_folder.filePath(u"palomet.conf"_s), QSettings::IniFormat};
-    Shortcuts m_shortcuts{m_settings};
-    NoKeyboardLayout m_layout;
-    Navigation m_navigation;
-    QStringList m_calls;
-    AppView m_app{model(),
-                  m_navigation,
-                  m_shortcuts,
-                  m_layout,
-                  {u"1.2.3"_s, u"/home/user"_s},
-                  {.openLog = [this] { m_calls.append(u"log"_s); },
-                   .openMicrophoneSettings = [this] { m_calls.append(u"microphone"_s); },
-                   .pickFolders = [](auto &&) {}}};
     UiEngine m_ui{u"" PALOMET_BINARY_DIR "/resources"_s};
     std::unique_ptr<SettingsWindow> m_window;
 };

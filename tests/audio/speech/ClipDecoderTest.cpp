@@ -212,6 +212,14 @@ TEST(ClipDecoder, AFileCutOffAnywhereNeverDoesHarm) {
     }
 }
 
+TEST(ClipDecoder, AFileThatBreaksBeforeItsFirstSampleIsRefused) {
+    auto file = encode(sine(24000), SF_FORMAT_FLAC | SF_FORMAT_PCM_16);
+    const auto sound = file.indexOf("\xff\xf8"); // The mark of a frame.
+    ASSERT_GT(sound, 0);
+    file.replace(sound, file.size() - sound, QByteArray(file.size() - sound, 'x'));
+    expectRefused(file, "flac");
+}
+
 TEST(ClipDecoder, TenMinutesOfSpeechFit) {
     // At one frame a second a short file stands for a long one.
     const Clip clip{1, 1, std::vector<float>(600, 0.5F)};

@@ -207,9 +207,15 @@ int PrivateSoundServer::addMicrophone(const QString &name, const QString &descri
 }
 
 void PrivateSoundServer::setDefaultInput(const QString &source) {
-    // PipeWire refuses until its session manager is up, and takes its time afterwards.
+    // PipeWire refuses until its session manager is up, takes its time afterwards, and now and then misses a wish. The
+    // same wish is no news to it: ask for what is the default in between.
     const bool isSet = eventually([&] {
-        return tryToControl({u"set-default-source"_s, source}) && defaultInput() == source;
+        if (!tryToControl({u"set-default-source"_s, source}))
+            return false;
+        if (eventually([&] { return defaultInput() == source; }, std::chrono::seconds{2}))
+            return true;
+        (void)tryToControl({u"set-default-source"_s, defaultInput()});
+        return false;
     });
     if (!isSet)
         throw std::runtime_error("the default input cannot be set: " + said());

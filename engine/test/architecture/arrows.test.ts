@@ -57,6 +57,15 @@ test("no circle of imports is to be found, of folders or of files", () => {
   expect(circles(between.map(([file, target]) => [folderOf(file), folderOf(target)]))).toEqual([]);
 });
 
-test("the engine depends on nothing but bun", () => {
-  expect(imports.map(([, target]) => target).filter((target) => !/^(\.|node:|bun(:|$))/.test(target))).toEqual([]);
+test("the engine imports nothing but bun, and the types of the runtime that it is shipped with", () => {
+  const others = imports.filter(([, target]) => !/^(\.|node:|bun(:|$))/.test(target));
+  expect(others.filter(([, target]) => target !== "onnxruntime-common")).toEqual([]);
+});
+
+test("the shipped runtime is loaded from where it lies: by name only its types are imported", async () => {
+  for (const file of files) {
+    const text = await Bun.file(join(root, file)).text();
+    const lines = text.split("\n").filter((line) => line.includes('"onnxruntime-common"'));
+    expect(lines.filter((line) => !/^import type |typeof import\(/.test(line))).toEqual([]);
+  }
 });

@@ -41,7 +41,8 @@ export class FrameReader {
       if (this.#held.length < end) break;
       const head = parseJson(new TextDecoder().decode(this.#held.subarray(prefix, headEnd)));
       if (!isRecord(head)) throw new Error("a frame has no head");
-      frames.push({ head, body: this.#held.slice(headEnd, end) });
+      // A copy begins where samples of any size may begin.
+      frames.push({ head, body: new Uint8Array(this.#held.subarray(headEnd, end)) });
       this.#held = this.#held.subarray(end);
     }
     return frames;

@@ -2,6 +2,9 @@
 
 /** The answers that need no language model. */
 export const builtInModel = "built-in";
+/** The recognisers that the engine's package brings. They know English and nothing else. */
+export const moonshineBase = "moonshine-base";
+export const moonshineTiny = "moonshine-tiny";
 /** The recogniser that listens by a grammar. */
 export const grammarModel = "pocketsphinx";
 /** The synthesiser. */

@@ -5,9 +5,10 @@ import { homedir } from "node:os";
 import { join } from "node:path";
 import { isRecord, parseJson } from "../base/json.ts";
 import type { Locale } from "../base/language.ts";
-import { builtInModel, grammarModel, speechModel } from "../base/models.ts";
+import { builtInModel, grammarModel, moonshineBase, moonshineTiny, speechModel } from "../base/models.ts";
 import type { Options } from "../base/protocol.ts";
 import type { Children } from "./children.ts";
+import { shipped, type Shipped } from "./shipped.ts";
 
 const lookMs = 3_000;
 const maxListing = 1 << 20;
@@ -26,6 +27,7 @@ export class Choices {
   constructor(
     readonly children: Children,
     private readonly locale: Locale,
+    private readonly brought: Readonly<Shipped> = shipped,
   ) {}
 
   async options(currentDevice: string): Promise<Options> {
@@ -45,7 +47,11 @@ export class Choices {
 
   /** The recogniser models that can be used now, the best first. */
   recogniserModels(): string[] {
+    const { runtime, vocabulary, base, tiny } = this.brought;
+    const isEnglishKnown = this.locale.language === "en" && runtime !== undefined && vocabulary !== undefined;
     const models = this.whisperFiles().map(({ name }) => name);
+    if (isEnglishKnown && tiny) models.unshift(moonshineTiny);
+    if (isEnglishKnown && base) models.unshift(moonshineBase);
     if (this.children.find("pocketsphinx_batch")) models.push(grammarModel);
     return models;
   }
@@ -68,7 +74,9 @@ export class Choices {
       if (!folder) continue;
       for (const file of entries(folder)) {
         const name = /^ggml-([\w.-]+)\.bin$/.exec(file)?.[1];
-        if (name && !found.has(name) && !name.startsWith("for-tests")) found.set(name, join(folder, file));
+        // A model of English alone hears English words in every language.
+        const isOurs = this.locale.language === "en" || !name?.includes(".en");
+        if (name && isOurs && !found.has(name) && !name.startsWith("for-tests")) found.set(name, join(folder, file));
       }
     }
     const order = ["tiny", "base", "small", "medium", "large"];

@@ -4,10 +4,13 @@ import { join } from "node:path";
 import { chooseLocale } from "../../src/base/language.ts";
 import { Children } from "../../src/machine/children.ts";
 import { Choices } from "../../src/machine/choices.ts";
+import { findShipped } from "../../src/machine/shipped.ts";
 import { bench } from "../support/bench.ts";
 import { program, temporaryFolder } from "../support/folders.ts";
 
 const tool = join(program("claude", "echo 2.1.0"), "claude");
+
+const nothing = findShipped([]);
 
 test("the recogniser models are those that are installed, the largest first", async () => {
   const home = temporaryFolder();
@@ -18,11 +21,27 @@ test("the recogniser models are those that are installed, the largest first", as
   for (const name of ["ggml-tiny.bin", "ggml-large-v3-turbo.bin", "notes.txt", "for-tests-ggml-base.bin"]) {
     await Bun.write(join(models, name), "");
   }
-  const choices = new Choices(new Children({ PATH: tools, HOME: home }), chooseLocale({}));
+  const choices = new Choices(new Children({ PATH: tools, HOME: home }), chooseLocale({}), nothing);
   expect(choices.recogniserModels()).toEqual(["large-v3-turbo", "tiny", "pocketsphinx"]);
   chmodSync(models, 0o000);
-  expect(new Choices(new Children({ PATH: "" }), chooseLocale({})).recogniserModels()).toEqual([]);
+  expect(new Choices(new Children({ PATH: "" }), chooseLocale({}), nothing).recogniserModels()).toEqual([]);
   chmodSync(models, 0o700);
+});
+
+test("what the package brings comes first for English, and is not offered for other languages, which it does not know", async () => {
+  const home = temporaryFolder();
+  const tools = program("whisper-cli", "exit 0");
+  const models = join(home, "whisper.cpp/models");
+  mkdirSync(models, { recursive: true });
+  for (const name of ["ggml-small.bin", "ggml-base.en.bin"]) await Bun.write(join(models, name), "");
+  const model = { encoder: "e", decoder: "d" };
+  const brought = { ...nothing, runtime: "r", vocabulary: "v", base: model, tiny: model };
+  const modelsFor = (languages: string, have: typeof brought | typeof nothing): string[] =>
+    new Choices(new Children({ PATH: tools, HOME: home }), chooseLocale({ PALOMET_LANGUAGES: languages }), have).recogniserModels();
+  expect(modelsFor("en", brought)).toEqual(["moonshine-base", "moonshine-tiny", "small", "base.en"]);
+  expect(modelsFor("en", { ...brought, base: undefined })).toEqual(["moonshine-tiny", "small", "base.en"]);
+  expect(modelsFor("en", { ...brought, runtime: undefined })).toEqual(["small", "base.en"]);
+  expect(modelsFor("pt", brought)).toEqual(["small"]);
 });
 
 test("the options name every claude tool that tells its version", async () => {

@@ -22,7 +22,7 @@ import { WhisperRecogniser } from "./recognition/whisper.ts";
 import { EngineBrain } from "./thought/brain.ts";
 import { knownPhrases } from "./thought/builtInAnswers.ts";
 import { Claude } from "./thought/claude.ts";
-import { EspeakSynthesiser } from "./voice/synthesiser.ts";
+import { ProgramSynthesiser } from "./voice/synthesiser.ts";
 
 const portCheckMs = 1_000;
 /** An engine that has lived for this long has started. */
@@ -50,7 +50,7 @@ async function main(): Promise<void> {
     locale,
     folder,
     choices,
-    synthesiser: new EspeakSynthesiser(children, log),
+    synthesiser: new ProgramSynthesiser(children, () => choices.voices(), join(folder, "voice"), log),
     recogniser: (settings) => recogniserFor(settings, children, choices, locale, join(folder, "recogniser")),
     brain,
     microphone: (onSamples) => new Microphone(children, systemClock, log, onSamples),
@@ -81,7 +81,7 @@ async function main(): Promise<void> {
   log(`servindo em http://127.0.0.1:${port}`);
   log("  documentos: GET state, history, options; eventos: GET events; áudio: WebSocket /audio");
   log("  comandos: POST listen, stop, mute, new, sample, say, act, draft/clear, settings");
-  if (!children.find("espeak-ng")) log("o espeak-ng não está instalado; respondo por escrito");
+  if (choices.voices().length === 0) log("não há voz instalada (espeak-ng, flite ou RHVoice); respondo por escrito");
 }
 
 /** The recogniser that is set; the other one is asked where it fails. */

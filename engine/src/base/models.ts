@@ -4,5 +4,3 @@
 export const builtInModel = "built-in";
 /** The recogniser that listens by a grammar. */
 export const grammarModel = "pocketsphinx";
-/** The synthesiser. */
-export const speechModel = "espeak-ng";

@@ -5,7 +5,7 @@ import { homedir } from "node:os";
 import { join } from "node:path";
 import { isRecord, parseJson } from "../base/json.ts";
 import type { Locale } from "../base/language.ts";
-import { builtInModel, grammarModel } from "../base/models.ts";
+import { builtInModel, fetchedModels, grammarModel } from "../base/models.ts";
 import type { Options } from "../base/protocol.ts";
 import { bestFirst, speechPrograms, type Voice } from "../base/voices.ts";
 import type { Children } from "./children.ts";
@@ -65,6 +65,7 @@ export class Choices {
     const data = this.children.environment.XDG_DATA_HOME ?? join(home, ".local/share");
     const folders = [
       this.children.environment.PALOMET_WHISPER_MODELS,
+      fetchedModels(this.children.environment),
       join(data, "whisper"),
       join(data, "whisper.cpp/models"),
       join(home, "whisper.cpp/models"),

@@ -15,11 +15,12 @@ test("the recogniser models are those that are installed, the largest first", as
   program("pocketsphinx_batch", "exit 0", tools);
   const models = join(home, "whisper.cpp/models");
   mkdirSync(models, { recursive: true });
+  await Bun.write(join(home, ".local/share/palomet/models/ggml-small-q5_1.bin"), "");
   for (const name of ["ggml-tiny.bin", "ggml-large-v3-turbo.bin", "notes.txt", "for-tests-ggml-base.bin"]) {
     await Bun.write(join(models, name), "");
   }
   const choices = new Choices(new Children({ PATH: tools, HOME: home }), chooseLocale({}));
-  expect(choices.recogniserModels()).toEqual(["large-v3-turbo", "tiny", "pocketsphinx"]);
+  expect(choices.recogniserModels()).toEqual(["large-v3-turbo", "small-q5_1", "tiny", "pocketsphinx"]);
   chmodSync(models, 0o000);
   expect(new Choices(new Children({ PATH: "" }), chooseLocale({})).recogniserModels()).toEqual([]);
   chmodSync(models, 0o700);

@@ -22,7 +22,7 @@ import { installedRecognisers } from "./recognition/installed.ts";
 import { EngineBrain } from "./thought/brain.ts";
 import { knownPhrases } from "./thought/builtInAnswers.ts";
 import { Claude } from "./thought/claude.ts";
-import { EspeakSynthesiser } from "./voice/synthesiser.ts";
+import { ProgramSynthesiser } from "./voice/synthesiser.ts";
 
 /** Words are shown while they are spoken when more processors than these are idle. */
 const leastSpareCores = 2;
@@ -54,7 +54,7 @@ async function main(): Promise<void> {
     locale,
     folder,
     choices,
-    synthesiser: new EspeakSynthesiser(children, log),
+    synthesiser: new ProgramSynthesiser(children, () => choices.voices(), join(folder, "voice"), log),
     recogniser: (settings) =>
       installedRecognisers({ children, clock: systemClock, log, choices, locale, settings, requests, folder: join(folder, "recogniser") }),
     ...speechDetectorFor(children),
@@ -88,7 +88,7 @@ async function main(): Promise<void> {
   log(`servindo em http://127.0.0.1:${port}`);
   log("  documentos: GET state, history, options; eventos: GET events; áudio: WebSocket /audio");
   log("  comandos: POST listen, stop, mute, new, sample, say, act, draft/clear, settings");
-  if (!children.find("espeak-ng")) log("o espeak-ng não está instalado; respondo por escrito");
+  if (choices.voices().length === 0) log("não há voz instalada (espeak-ng, flite ou RHVoice); respondo por escrito");
 }
 
 function speechDetectorFor(children: Children): { speechDetector?: Listener } {

@@ -12,8 +12,7 @@ await serve(async () => {
   const model = await SpeechModel.load(loaded, { encoder, decoder });
   const hearer = new Hearer(model, new Vocabulary(await Bun.file(vocabulary).json()));
   return async ({ head, body }, signal) => {
-    // The body may begin at an odd address, where no samples can be.
-    const samples = new Int16Array(new Uint8Array(body).buffer, 0, body.byteLength >> 1);
+    const samples = new Int16Array(body.buffer, 0, body.byteLength >> 1);
     const text = await hearer.recognise(samples, { names: texts(head.names), calls: texts(head.calls) }, signal);
     return text === undefined ? undefined : { text };
   };

@@ -1,7 +1,7 @@
 import { describe, expect, test } from "bun:test";
 import { Hearing, type Utterance } from "../../src/hearing/hearing.ts";
 import { FakeSpeechDetector } from "../support/fakeSpeechDetector.ts";
-import { tone } from "../support/sounds.ts";
+import { hiss as noise, tone } from "../support/sounds.ts";
 
 function listen(speech?: FakeSpeechDetector) {
   const told: string[] = [];
@@ -26,16 +26,6 @@ function listen(speech?: FakeSpeechDetector) {
     for (let at = 0; at < samples.length; at += 341) hearing.take(samples.subarray(at, at + 341));
   };
   return { hearing, told, pauses, paused, utterances, take };
-}
-
-/** White noise at this level, the same every time. */
-function noise(ms: number, dbfs: number): Int16Array {
-  let seed = 7;
-  const peak = 32_768 * Math.sqrt(3) * 10 ** (dbfs / 20);
-  return Int16Array.from({ length: ms * 16 }, () => {
-    seed = (seed * 1_103_515_245 + 12_345) % 2_147_483_648;
-    return Math.round((seed / 1_073_741_824 - 1) * peak);
-  });
 }
 
 describe("an utterance", () => {

@@ -8,8 +8,8 @@ import { Children } from "../../src/machine/children.ts";
 import { shipped } from "../../src/machine/shipped.ts";
 import { ManualClock } from "../support/clock.ts";
 import { gone } from "../support/processes.ts";
-import { tone } from "../support/sounds.ts";
-import { hasSpeech, hiss, spoken } from "../support/speech.ts";
+import { hiss, tone } from "../support/sounds.ts";
+import { hasVoice, said } from "../support/speech.ts";
 
 const { runtime, speechDetector } = shipped;
 const children = new Children({ PATH: process.env.PATH });
@@ -59,13 +59,13 @@ function bench(clock: Clock = systemClock, files = { runtime: runtime ?? "", mod
 
 const likely = (verdicts: Verdict[]): Verdict[] => verdicts.filter(({ probability }) => probability > 0.5);
 
-describe.skipIf(!runtime || !speechDetector || !hasSpeech)("the listener", () => {
+describe.skipIf(!runtime || !speechDetector || !hasVoice)("the listener", () => {
   test("tells speech from noise, window after window", async () => {
     const { listener, verdicts, hear, log } = bench();
     await hear(hiss(3_000, -25));
     expect(likely(verdicts)).toEqual([]);
     const before = verdicts.length;
-    await hear(await spoken("Good morning, how are you today?"));
+    await hear(await said("Good morning, how are you today?", "en-us"));
     expect(likely(verdicts.slice(before)).length).toBeGreaterThan(20);
     await hear(hiss(1_000, -68), false);
     expect(likely(verdicts.slice(-10))).toEqual([]);
@@ -76,7 +76,7 @@ describe.skipIf(!runtime || !speechDetector || !hasSpeech)("the listener", () =>
   });
 
   test("forgets what was no speech after two seconds: what is said later is judged alike", async () => {
-    const speech = await spoken("Yes.");
+    const speech = await said("Yes.", "en-us");
     const judgements = await Promise.all(
       [hiss(4_000, -75), hiss(4_000, -12)].map(async (before) => {
         const { verdicts, hear } = bench();
@@ -101,7 +101,7 @@ describe.skipIf(!runtime || !speechDetector || !hasSpeech)("the listener", () =>
     while (listener.isAnswering) await Bun.sleep(1);
     take(hiss(500, -60));
     const resumedAt = place();
-    take(await spoken("Good morning, how are you today?"));
+    take(await said("Good morning, how are you today?", "en-us"));
     await judged(place() - 600);
     expect<boolean>(listener.isAnswering).toBe(true);
     expect(log).toEqual(["o detector de fala parou (SIGKILL)"]);
@@ -145,7 +145,7 @@ describe.skipIf(!runtime || !speechDetector || !hasSpeech)("the listener", () =>
   });
 });
 
-describe.skipIf(!runtime || !speechDetector || !hasSpeech)("hearing with the listener", () => {
+describe.skipIf(!runtime || !speechDetector || !hasVoice)("hearing with the listener", () => {
   /** Gives samples at the pace at which they are judged, and notes what is told. */
   function hearing() {
     const { listener } = bench();
@@ -195,7 +195,7 @@ describe.skipIf(!runtime || !speechDetector || !hasSpeech)("hearing with the lis
       const { told, hear } = hearing();
       await hear(change(hiss(1_500, -68)));
       told.length = 0;
-      await hear(change(await spoken("Good morning, how are you today?")));
+      await hear(change(await said("Good morning, how are you today?", "en-us")));
       await hear(change(hiss(1_000, -68)));
       expect(told).toEqual(["began", expect.stringMatching(/^[23]\.\d s$/)]);
     });
@@ -213,7 +213,7 @@ describe.skipIf(!runtime || !speechDetector || !hasSpeech)("hearing with the lis
     }
     await hear(hiss(2_500, -68));
     expect(told).toEqual([]);
-    await hear(await spoken("Yes."));
+    await hear(await said("Yes.", "en-us"));
     await hear(hiss(1_000, -68));
     expect(told).toEqual(["began", expect.stringMatching(/ s$/)]);
   });

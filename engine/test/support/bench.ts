@@ -7,6 +7,7 @@ import { Microphone } from "../../src/hearing/microphone.ts";
 import type { SpeechDetector } from "../../src/hearing/speechDetector.ts";
 import { Children } from "../../src/machine/children.ts";
 import { Choices } from "../../src/machine/choices.ts";
+import { findShipped } from "../../src/machine/shipped.ts";
 import { ManualClock, settle } from "./clock.ts";
 import { FakeBrain, FakeRecogniser, FakeSocket, FakeSynthesiser } from "./fakes.ts";
 import { temporaryFolder } from "./folders.ts";
@@ -43,7 +44,7 @@ export function bench(folder = temporaryFolder(), clock = new ManualClock(), pat
     log: (line) => log.push(line),
     locale,
     folder,
-    choices: new Choices(children, locale),
+    choices: new Choices(children, locale, findShipped([])),
     synthesiser,
     recogniser: (_settings: () => Settings) => recogniser,
     ...(options.speechDetector ? { speechDetector: options.speechDetector } : {}),

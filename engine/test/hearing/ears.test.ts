@@ -123,7 +123,10 @@ describe("somebody who speaks", () => {
     it.recogniser.will("Palomet, what time is it?");
     await hear(it, socket, 600, -22);
     await hear(it, socket, 400);
-    await hear(it, socket, 600, -22);
+    expect(it.recogniser.signals[0]?.aborted).toBe(false);
+    await hear(it, socket, 150, -22);
+    expect(it.recogniser.signals[0]?.aborted).toBe(true);
+    await hear(it, socket, 450, -22);
     await hear(it, socket, 1_000);
     expect(it.engine.state.heard).toMatchObject([{ text: "Palomet, what time is it?" }]);
     expect(it.recogniser.heard[1]!.length).toBeGreaterThan(it.recogniser.heard[0]!.length + 12_000);
@@ -135,6 +138,7 @@ describe("somebody who speaks", () => {
     await hear(it, socket, 600, -22);
     await hear(it, socket, 300);
     it.engine.loop.toggleMute();
+    expect(it.recogniser.signals[0]?.aborted).toBe(true);
     await hear(it, socket, 1_000);
     expect(it.engine.state).toMatchObject({ state: "muted", heard: [] });
     it.engine.loop.toggleMute();
@@ -190,5 +194,24 @@ describe("somebody who speaks", () => {
     it.recogniser.glimpse = "Palomet what";
     await hear(it, socket, 3_000, -22);
     expect(it.engine.state.heard).toEqual([]);
+  });
+
+  test("is not shown before the end over the agent's own voice, nor by the words of somebody before", async () => {
+    const { it, socket } = await listening({ speechDetector: new FakeSpeechDetector(), isCaptioning: true });
+    it.recogniser.glimpse = "mumbled";
+    it.engine.loop.ears.ownVoice(true);
+    await hear(it, socket, 1_500, -22);
+    expect(it.engine.state).toMatchObject({ state: "hearing", heard: [] });
+    await hear(it, socket, 1_000);
+    it.engine.loop.stop();
+    it.engine.loop.ears.ownVoice(false);
+    await hear(it, socket, 1_500);
+    const before = it.engine.state.heard.length;
+    await hear(it, socket, 1_500, -22);
+    expect(it.engine.state.heard).toHaveLength(before + 1);
+    it.engine.loop.stop();
+    await hear(it, socket, 500, -22);
+    expect(it.engine.state.state).toBe("hearing");
+    expect(it.engine.state.heard).toHaveLength(before);
   });
 });

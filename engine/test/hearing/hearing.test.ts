@@ -153,11 +153,35 @@ describe("with a speech detector", () => {
   });
 
   test("what is speech for a moment begins, and is dropped", () => {
-    const { told, utterances, take } = listen(new FakeSpeechDetector());
+    const { told, pauses, utterances, take } = listen(new FakeSpeechDetector());
     take(noise(500, -70));
     take(tone(64, -20));
     take(noise(1_500, -70));
-    expect([told, utterances]).toEqual([["began", "dropped"], []]);
+    expect([told, pauses, utterances]).toEqual([["began", "dropped"], [], []]);
+  });
+
+  test("an utterance holds nothing of the one before it", () => {
+    const { hearing, utterances, take } = listen(new FakeSpeechDetector());
+    hearing.endSilenceMs = 200;
+    take(noise(500, -70));
+    take(tone(600, -25));
+    take(noise(260, -70));
+    take(tone(600, -25));
+    take(noise(500, -70));
+    expect(utterances).toHaveLength(2);
+    expect(Math.abs(utterances[1]!.samples[0]!)).toBeLessThan(100);
+  });
+
+  test("a silence that is not judged yet does not end an utterance", () => {
+    const speech = new FakeSpeechDetector();
+    const { told, take } = listen(speech);
+    take(noise(500, -70));
+    take(tone(600, -25));
+    speech.isPrompt = false;
+    take(noise(1_000, -70));
+    expect(told).toEqual(["began"]);
+    speech.judge();
+    expect(told).toEqual(["began", "ended"]);
   });
 
   test("soft speech is heard where the energy says nothing", () => {

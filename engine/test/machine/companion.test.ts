@@ -148,7 +148,7 @@ describe("a companion", () => {
     await clock.advance(600_000);
     expect(isAlive(first)).toBe(true);
     ending.abort();
-    await open;
+    expect(await open).toEqual({ kind: "stopped" });
     await clock.advance(120_000);
     await gone([first]);
     expect(clock.pending).toBe(0);
@@ -202,6 +202,15 @@ describe("a companion that fails", () => {
     await ends(1);
     await gone([before]);
     expect(log).toEqual(["o ajudante parou (não lê o que recebe)"]);
+    companion.stop();
+  });
+
+  test("is none that has been given much and has read it", async () => {
+    const { companion, log } = await bench(honest, { mostWaiting: 1 << 20 });
+    for (let time = 0; time < 20; time++) {
+      expect(await ask(companion, {}, new Uint8Array(200_000))).toMatchObject({ kind: "answer", answer: { sum: 0 } });
+    }
+    expect(log).toEqual([]);
     companion.stop();
   });
 

@@ -24,6 +24,7 @@ export class FakeSynthesiser implements Synthesiser {
 export class FakeRecogniser implements Recogniser {
   answers: Recognition[] = [];
   heard: Int16Array[] = [];
+  signals: AbortSignal[] = [];
   isSlow = false;
   /** Somebody has begun to speak so often. */
   prepared = 0;
@@ -39,6 +40,7 @@ export class FakeRecogniser implements Recogniser {
     if (signal.aborted) return { kind: "none" };
     if (isPartial) return { kind: "text", text: this.glimpse, isUnderstood: this.glimpse !== "" };
     this.heard.push(samples);
+    this.signals.push(signal);
     const answer = this.answers.shift() ?? { kind: "none" };
     if (this.isSlow) await new Promise<void>((resolve) => this.#release.push(resolve));
     return answer;

@@ -1,7 +1,7 @@
 #include "app/KeyBindings.h"
 
+#include "localization/Localization.h"
 #include "model/PalometModel.h"
-#include "ui/localization/Localization.h"
 
 #include <QHash>
 
@@ -36,6 +36,7 @@ KeyBindings::KeyBindings(const Parts &parts)
     connect(&m_parts.layout, &KeyboardLayout::changed, this, &KeyBindings::nameKeys);
     connect(&m_parts.hotKeys, &HotKeys::refused, this, &KeyBindings::reportRefusal);
     connect(&m_parts.hotKeys, &HotKeys::granted, this, &KeyBindings::registerShortcuts);
+    connect(&m_parts.hotKeys, &HotKeys::triggersChanged, this, &KeyBindings::nameKeys);
 }
 
 KeyBindings::~KeyBindings() {
@@ -82,8 +83,16 @@ void KeyBindings::registerShortcuts() {
 void KeyBindings::nameKeys() {
     m_parts.showInMenu(keySequence(m_parts.shortcuts.listen(), m_parts.layout),
                        keySequence(m_parts.shortcuts.stop(), m_parts.layout));
+    m_parts.shortcuts.setGranted(granted(listenId, m_parts.shortcuts.listen()),
+                                 granted(stopId, m_parts.shortcuts.stop()));
     if (m_parts.model.hotKeyProblem())
         reportRefusal(listenId);
+}
+
+QString KeyBindings::granted(quint32 id, const std::optional<Shortcut> &shortcut) const {
+    auto trigger = m_parts.hotKeys.trigger(id);
+    const bool isAsWished = QKeySequence(trigger, QKeySequence::NativeText) == keySequence(shortcut, m_parts.layout);
+    return isAsWished ? QString() : trigger;
 }
 
 void KeyBindings::reportRefusal(quint32 id) {

@@ -44,8 +44,11 @@ public:
 
 private:
     void registerShortcuts();
-    /// Says the keys' names, which another layout changes: in the menu, and where the listen key was refused.
+    /// Says the keys' names, which another layout changes: in the menu, where the desktop granted others, and where the
+    /// listen key was refused.
     void nameKeys();
+    /// What the desktop calls the keys that it granted in place of a shortcut; empty where they are the same.
+    [[nodiscard]] QString granted(quint32 id, const std::optional<Shortcut> &shortcut) const;
     void reportRefusal(quint32 id);
 
     Parts m_parts;

@@ -33,7 +33,7 @@ PreviewMode::PreviewMode(const Parts &parts, const QStringList &arguments)
     , m_appView(m_model, m_nav, m_shortcuts, m_layout, AppView::Details{parts.version, parts.home}, {}) {
     Preview::fill(m_model);
     m_nav.setPane(Preview::pane(arguments).value_or(Pane::Now));
-    m_window = std::make_unique<MacWindow>(m_uiEngine.get(), m_appView, m_scheduler, nullptr);
+    m_window = std::make_unique<SettingsWindow>(m_uiEngine.get(), m_appView, m_scheduler, nullptr);
     connect(m_window.get(), &QWindow::visibleChanged, this, [this](bool isVisible) {
         if (!isVisible)
             Q_EMIT finished(0);
@@ -47,7 +47,7 @@ PreviewMode::~PreviewMode() {
 void PreviewMode::start() {
     if (!m_capturePath)
         return m_window->bringToFront();
-    // What shows no windows complains of being asked for the front one.
+    // A platform that shows no windows complains when it is asked for the front one.
     m_window->show();
     m_pendingCapture = m_scheduler.after(drawnWithin, [this] { capture(); });
 }

@@ -4,7 +4,7 @@
 #include "model/PalometModel.h"
 #include "shortcuts/Shortcuts.h"
 #include "ui/UiEngine.h"
-#include "ui/shell/MacWindow.h"
+#include "ui/shell/SettingsWindow.h"
 
 #include <QObject>
 #include <QSettings>
@@ -37,7 +37,7 @@ public:
     /// out and drawn.
     void start();
 
-    [[nodiscard]] MacWindow &window() { return *m_window; }
+    [[nodiscard]] SettingsWindow &window() { return *m_window; }
 
 Q_SIGNALS:
     /// The program may end, with that exit code: the picture was written, or could not be, or the window was closed.
@@ -59,7 +59,7 @@ private:
     NoKeyboardLayout m_layout;
     UiEngine m_uiEngine;
     AppView m_appView;
-    std::unique_ptr<MacWindow> m_window;
+    std::unique_ptr<SettingsWindow> m_window;
     Scheduler::Handle m_pendingCapture;
 };
 

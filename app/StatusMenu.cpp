@@ -1,7 +1,7 @@
 #include "app/StatusMenu.h"
 
+#include "localization/Localization.h"
 #include "model/PalometModel.h"
-#include "ui/localization/Localization.h"
 
 namespace palomet {
 
@@ -29,8 +29,6 @@ void StatusMenu::setUpMenuBar() {
     m_menu.addSeparator();
     auto *quitItem = m_menu.addAction(plainTitle(L("menu.quit")), this, &StatusMenu::quitRequested);
     quitItem->setShortcut(QKeySequence(u"Ctrl+Q"_s));
-    // On some systems the toolkit would move it by its title.
-    quitItem->setMenuRole(QAction::NoRole);
     updateMenu();
 }
 
@@ -40,7 +38,7 @@ void StatusMenu::showItem() {
     m_item = std::make_unique<QSystemTrayIcon>(m_icon);
     m_item->setToolTip(u"Palomet"_s);
     m_item->setContextMenu(&m_menu);
-    // Where the panel keeps the menu for the other button.
+    // A panel may keep the menu for the other button.
     connect(m_item.get(), &QSystemTrayIcon::activated, this, [this](QSystemTrayIcon::ActivationReason reason) {
         if (reason == QSystemTrayIcon::Trigger)
             Q_EMIT openRequested();
@@ -68,7 +66,7 @@ void StatusMenu::updateMenu() {
     const auto snapshot = m_model.snapshot();
     const auto state = word(m_model.state());
     m_stateItem->setText(plainTitle(snapshot ? state + u" · "_s + snapshot->device : state));
-    m_muteItem->setText(plainTitle(snapshot && snapshot->isMuted ? L("menu.unmute") : L("menu.mute")));
+    m_muteItem->setText(plainTitle(m_model.isMutedByUser() ? L("menu.unmute") : L("menu.mute")));
 }
 
 QString StatusMenu::plainTitle(const QString &text) {

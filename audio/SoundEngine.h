@@ -1,12 +1,11 @@
 #pragma once
 
-#include "audio/CaptureChain.h"
-#include "audio/EchoReference.h"
 #include "audio/SoundServer.h"
-#include "audio/SpeechMixer.h"
+#include "audio/capture/CaptureChain.h"
+#include "audio/echo/EchoReference.h"
+#include "audio/speech/SpeechMixer.h"
 
 #include <memory>
-#include <optional>
 
 namespace palomet {
 
@@ -17,11 +16,6 @@ public:
     /// The configuration that the microphone's samples go through, or none. Main thread, while the microphone is
     /// closed.
     void setCapture(std::unique_ptr<CaptureChain> capture) { m_capture = std::move(capture); }
-
-    /// What the canceller of that configuration says of itself. Main thread.
-    [[nodiscard]] std::optional<EchoCancellerState> echoCancellerState() const {
-        return m_capture ? std::optional(m_capture->echoCancellerState()) : std::nullopt;
-    }
 
     [[nodiscard]] SpeechMixer &mixer() { return m_mixer; }
 

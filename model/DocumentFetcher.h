@@ -17,7 +17,7 @@ namespace palomet {
 template <typename Document>
 class DocumentFetcher {
 public:
-    using Decode = Result<Document> (*)(QByteArrayView);
+    using Decode = Result<Document> (*)(const JsonText &);
     using Publish = std::function<void(Result<Document>)>;
 
     /// `http` and `decoder` outlive this, and `decoder` has one thread and no task of this left when this ends.
@@ -35,12 +35,12 @@ public:
         const auto number = ++m_lastRequest;
         if (m_requests.size() > 1)
             m_requests.erase(std::prev(m_requests.end()));
-        m_requests[number] = m_http.get(m_path, m_timeout, [this, number](std::optional<QByteArrayList> body) {
+        m_requests[number] = m_http.get(m_path, m_timeout, [this, number](std::optional<JsonText> body) {
             m_requests.erase(number);
             if (!body)
                 return publish(number, Failure{QStringLiteral("no reply")});
             m_decoder.start([this, number, body = std::move(*body)] {
-                QMetaObject::invokeMethod(&m_context, [this, number, result = m_decode(body.join())]() mutable {
+                QMetaObject::invokeMethod(&m_context, [this, number, result = m_decode(body)]() mutable {
                     publish(number, std::move(result));
                 });
             });

@@ -1,11 +1,10 @@
 #pragma once
 
+#include "base/JsonText.h"
 #include "base/Result.h"
 #include "model/ConversationSummary.h"
 #include "model/Options.h"
 #include "model/Snapshot.h"
-
-#include <QByteArrayView>
 
 #include <vector>
 
@@ -20,13 +19,12 @@
 namespace palomet {
 
 inline constexpr qsizetype maximumDocumentSize = qsizetype{64} * 1024 * 1024;
-inline constexpr int maximumNesting = 512;
 
-Result<Snapshot> decodeSnapshot(QByteArrayView json);
-Result<std::vector<ConversationSummary>> decodeHistory(QByteArrayView json);
-Result<Options> decodeOptions(QByteArrayView json);
+Result<Snapshot> decodeSnapshot(const JsonText &json);
+Result<std::vector<ConversationSummary>> decodeHistory(const JsonText &json);
+Result<Options> decodeOptions(const JsonText &json);
 
 /// A JSON text of nothing but one string, as events carry it.
-Result<QString> decodeText(QByteArrayView json);
+Result<QString> decodeText(const JsonText &json);
 
 } // namespace palomet

@@ -48,7 +48,7 @@ private:
     qint64 m_read = 0;
 };
 
-/// What a request comes to that is not sent at all.
+/// The outcome of a request that is not sent at all.
 class RefusedReply final : public QNetworkReply {
 public:
     RefusedReply() {
@@ -74,7 +74,7 @@ void setUp(QNetworkAccessManager &manager) {
     manager.setRedirectPolicy(QNetworkRequest::ManualRedirectPolicy);
 }
 
-/// What has a connection of its own is kept by the manager for minutes after its end, connection and all. So a manager
+/// The manager keeps a request with a connection of its own for minutes after its end, connection and all. So a manager
 /// goes when it has sent so many.
 constexpr quint64 commandsOfAManager = 16;
 
@@ -116,7 +116,7 @@ bool HttpClient::post(const QString &path, const std::optional<QByteArray> &json
     auto body = std::make_unique<UnrepeatableBody>(json.value_or(QByteArray()), [this] { return isAdmitted(); });
     auto reply = guarded([&] { return manager->post(command, body.get()); });
     body.release()->setParent(reply.get());
-    const auto ended = [this, number, done = std::move(done)](const std::optional<QByteArrayList> &) {
+    const auto ended = [this, number, done = std::move(done)](const std::optional<JsonText> &) {
         end(number);
         done();
     };

@@ -43,16 +43,17 @@ HttpExchange::HttpExchange(ReplyOwner reply, Body body, Scheduler &scheduler, st
 }
 
 bool HttpExchange::take() {
-    // What says that it is too large need not come first.
-    if (m_kind == Body::Keep &&
-        m_reply->header(QNetworkRequest::ContentLengthHeader).toLongLong() > maximumDocumentSize)
-        return false;
-    auto piece = m_reply->readAll();
-    if (m_kind == Body::Discard)
+    if (m_kind == Body::Discard) {
+        m_reply->skip(m_reply->bytesAvailable());
         return true;
-    m_size += piece.size();
-    m_body.append(std::move(piece));
-    return m_size <= maximumDocumentSize;
+    }
+    // The header that says the size need not come first.
+    const auto size = m_reply->header(QNetworkRequest::ContentLengthHeader).toLongLong();
+    if (size > maximumDocumentSize)
+        return false;
+    m_body.reserve(size);
+    m_body.append(*m_reply);
+    return m_body.size() <= maximumDocumentSize;
 }
 
 void HttpExchange::receive() {
@@ -65,7 +66,7 @@ void HttpExchange::end() {
     answer(isGood ? std::optional(std::move(m_body)) : std::nullopt);
 }
 
-void HttpExchange::answer(std::optional<QByteArrayList> body) {
+void HttpExchange::answer(std::optional<JsonText> body) {
     m_timeout.reset();
     QObject::disconnect(m_reply.get(), nullptr, &m_context, nullptr);
     m_reply.reset();

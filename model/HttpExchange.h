@@ -1,8 +1,8 @@
 #pragma once
 
+#include "base/JsonText.h"
 #include "base/Scheduler.h"
 
-#include <QByteArrayList>
 #include <QNetworkReply>
 
 #include <chrono>
@@ -21,10 +21,10 @@ using ReplyOwner = std::unique_ptr<QNetworkReply, ReplyDeleter>;
 /// A request on its way; destroying it abandons it, and its answer is then not given. Main thread only.
 class HttpExchange {
 public:
-    /// The whole body, whatever the status of the reply, in the pieces in which it came: to join what may be many
-    /// megabytes is not for the main thread. None when there is no whole reply: the backend could not be
-    /// reached, broke off, took too long, or sent more than a document may hold.
-    using Answer = std::function<void(std::optional<QByteArrayList>)>;
+    /// The whole body, whatever the status of the reply, put together as it came, so that nobody has to copy what may
+    /// be many megabytes. None when there is no whole reply: the backend could not be reached, broke off, took too
+    /// long, or sent more than a document may hold.
+    using Answer = std::function<void(std::optional<JsonText>)>;
 
     enum class Body { Keep, Discard };
 
@@ -36,11 +36,10 @@ private:
     [[nodiscard]] bool take();
     void receive();
     void end();
-    void answer(std::optional<QByteArrayList> body);
+    void answer(std::optional<JsonText> body);
 
     Body m_kind;
-    QByteArrayList m_body;
-    qsizetype m_size = 0;
+    JsonText m_body;
     Answer m_answer;
     Scheduler::Handle m_timeout;
     ReplyOwner m_reply;

@@ -13,7 +13,7 @@ struct HotKeyOffer {
     quint32 id;
     QString description;
     quint32 keyCode;
-    quint32 modifiers;
+    quint32 modifiers; ///< Bits of `HotKeyGrabber::Modifier`.
 
     bool operator==(const HotKeyOffer &) const = default;
 };
@@ -21,6 +21,9 @@ struct HotKeyOffer {
 /// Port: the desktop's way to be told of a key that is pressed in whatever application. Main thread only.
 class HotKeyGrabber {
 public:
+    /// Bits of a combination's modifiers.
+    enum Modifier : quint32 { Command = 0x100, Shift = 0x200, Option = 0x800, Control = 0x1000 };
+
     HotKeyGrabber() = default;
     HotKeyGrabber(const HotKeyGrabber &) = delete;
     HotKeyGrabber &operator=(const HotKeyGrabber &) = delete;
@@ -30,9 +33,9 @@ public:
     /// desktop whose user decides is asked once, for all of them; elsewhere nothing happens.
     virtual void offer(const std::vector<HotKeyOffer> &offers) { static_cast<void>(offers); }
 
-    /// Takes a combination: a virtual key code and modifier bits (shift 0x200, control 0x1000, option 0x800, command
-    /// 0x100). False when it is refused, another program holding it for instance. Where the desktop answers later, true
-    /// while the answer is pending; a refusal is then told by `onRefused`.
+    /// Takes a combination: a virtual key code and bits of `Modifier`. False when it is refused, another program
+    /// holding it for instance. Where the desktop answers later, true while the answer is pending; a refusal is then
+    /// told by `onRefused`.
     [[nodiscard]] virtual bool grab(quint32 id, quint32 keyCode, quint32 modifiers) = 0;
 
     /// What the desktop calls the keys that its user chose for a hot key; empty where the combination is what was asked
@@ -54,6 +57,9 @@ public:
 
     /// The desktop's user has chosen keys for a hot key that is not held, perhaps after a refusal: it can be grabbed.
     std::function<void(quint32 id)> onGranted = [](quint32) {};
+
+    /// The desktop's user has chosen other keys, or they are not known any more: `trigger` tells.
+    std::function<void()> onTriggersChanged = [] {};
 };
 
 /// Where a desktop has no way: everything is refused, and the command line is left.

@@ -12,6 +12,7 @@ HotKeys::HotKeys(std::unique_ptr<HotKeyGrabber> grabber)
             Q_EMIT refused(id);
     };
     m_grabber->onGranted = [this](quint32 id) { Q_EMIT granted(id); };
+    m_grabber->onTriggersChanged = [this] { Q_EMIT triggersChanged(); };
 }
 
 HotKeys::~HotKeys() = default;

@@ -41,6 +41,9 @@ Q_SIGNALS:
     /// The desktop would grant a hot key that is not registered, perhaps one that it had refused.
     void granted(quint32 id);
 
+    /// `trigger` tells other keys than before.
+    void triggersChanged();
+
 private:
     void pressed(quint32 id);
 

@@ -1,91 +1,40 @@
 #include "shortcuts/Shortcut.h"
 
-#include "ui/localization/Localization.h"
+#include "base/JsonNumber.h"
+#include "base/JsonReader.h"
+#include "localization/Localization.h"
+#include "shortcuts/HotKeyGrabber.h"
+#include "shortcuts/Keys.h"
 
 #include <QHash>
 
-#include <simdjson.h>
-
 #include <algorithm>
 #include <array>
-#include <cmath>
 #include <limits>
 
 namespace palomet {
 
 namespace {
 
-struct Modifier {
+struct ModifierKey {
     quint64 flag;
-    quint32 carbon;
+    HotKeyGrabber::Modifier bit;
     char16_t glyph;
     const char *cap;
 };
 
 // In the order in which they are written: control, option, shift, command.
 constexpr std::array modifiers{
-    Modifier{Shortcut::control, 0x1000, u'\u2303', "icon:chevron-up"},
-    Modifier{Shortcut::option, 0x800, u'\u2325', "icon:option"},
-    Modifier{Shortcut::shift, 0x200, u'\u21E7', "icon:arrow-big-up"},
-    Modifier{Shortcut::command, 0x100, u'\u2318', "icon:command"},
+    ModifierKey{Shortcut::control, HotKeyGrabber::Control, u'\u2303', "icon:chevron-up"},
+    ModifierKey{Shortcut::option, HotKeyGrabber::Option, u'\u2325', "icon:option"},
+    ModifierKey{Shortcut::shift, HotKeyGrabber::Shift, u'\u21E7', "icon:arrow-big-up"},
+    ModifierKey{Shortcut::command, HotKeyGrabber::Command, u'\u2318', "icon:command"},
 };
-
-struct SpecialKey {
-    quint32 keyCode;
-    char16_t glyph;   ///< 0: the word for the Space bar.
-    const char *icon; ///< Null: the cap shows the glyph.
-    char16_t menuKey;
-};
-
-constexpr std::array specialKeys{
-    SpecialKey{123, u'\u2190', "arrow-left", u'\uF702'},
-    SpecialKey{124, u'\u2192', "arrow-right", u'\uF703'},
-    SpecialKey{126, u'\u2191', "arrow-up", u'\uF700'},
-    SpecialKey{125, u'\u2193', "arrow-down", u'\uF701'},
-    SpecialKey{36, u'\u21A9', "corner-down-left", u'\u000D'},
-    SpecialKey{76, u'\u2324', "corner-down-left", u'\u0003'},
-    SpecialKey{51, u'\u232B', "backspace", u'\u0008'},
-    SpecialKey{117, u'\u2326', nullptr, u'\uF728'},
-    SpecialKey{48, u'\u21E5', nullptr, u'\u0009'},
-    SpecialKey{49, 0, nullptr, u'\u0020'},
-    SpecialKey{53, u'\u238B', nullptr, u'\u001B'},
-    SpecialKey{115, u'\u2196', nullptr, u'\uF729'},
-    SpecialKey{119, u'\u2198', nullptr, u'\uF72B'},
-    SpecialKey{116, u'\u21DE', nullptr, u'\uF72C'},
-    SpecialKey{121, u'\u21DF', nullptr, u'\uF72D'},
-};
-
-// The key codes of F1 to F20, in order.
-constexpr std::array<quint32, 20> functionKeys{122, 120, 99,  118, 96,  97,  98, 100, 101, 109,
-                                               103, 111, 105, 107, 113, 106, 64, 79,  80,  90};
-
-const SpecialKey *special(quint32 keyCode) {
-    const auto *found =
-        std::find_if(specialKeys.begin(), specialKeys.end(), [=](auto &key) { return key.keyCode == keyCode; });
-    return found == specialKeys.end() ? nullptr : found;
-}
-
-QString glyph(const SpecialKey &key) {
-    return key.glyph == 0 ? L("key.space") : QString(QChar(key.glyph));
-}
 
 quint32 checkedKeyCode(qint64 code) {
     if (code < 0 || code > std::numeric_limits<quint32>::max())
         qFatal("a key code must fit in 32 bits: %lld", static_cast<long long>(code));
     return static_cast<quint32>(code);
-}
-
-/// A whole number from 0 to `limit`; a number written with a fraction of nothing is one.
-std::optional<quint64> wholeNumber(simdjson::dom::element value, quint64 limit) {
-    std::uint64_t whole = 0;
-    if (value.get(whole) != simdjson::SUCCESS) {
-        double number = -1;
-        if (value.get(number) != simdjson::SUCCESS || !(number >= 0) || number != std::floor(number) ||
-            number >= 18446744073709551616.0)
-            return std::nullopt;
-        whole = static_cast<std::uint64_t>(number);
-    }
-    return whole <= limit ? std::optional<quint64>(whole) : std::nullopt;
 }
 
 } // namespace
@@ -100,8 +49,10 @@ Shortcut Shortcut::opt(qint64 code) {
 
 quint32 Shortcut::carbonModifiers() const {
     quint32 bits = 0;
-    for (const auto &modifier : modifiers)
-        bits |= (flags & modifier.flag) != 0 ? modifier.carbon : 0;
+    for (const auto &modifier : modifiers) {
+        if ((flags & modifier.flag) != 0)
+            bits |= modifier.bit;
+    }
     return bits;
 }
 
@@ -110,14 +61,18 @@ bool Shortcut::isUsable() const {
 }
 
 std::optional<int> Shortcut::functionKey() const {
-    const auto *found = std::find(functionKeys.begin(), functionKeys.end(), keyCode);
-    return found == functionKeys.end() ? std::nullopt
-                                       : std::optional(static_cast<int>(found - functionKeys.begin()) + 1);
+    const auto *key = findKey(keyCode);
+    const auto *first = findKey(Key::F1);
+    const auto *last = findKey(Key::F20);
+    return key == nullptr || key < first || key > last ? std::nullopt
+                                                       : std::optional(static_cast<int>(key - first) + 1);
 }
 
 QString Shortcut::keyName(const KeyboardLayout &layout) const {
-    if (const auto *key = special(keyCode))
-        return glyph(*key);
+    if (const auto *key = findKey(keyCode); key != nullptr && key->glyph != 0)
+        return QChar(key->glyph);
+    if (keyCode == Key::Space)
+        return L("key.space");
     if (const auto number = functionKey())
         return u'F' + QString::number(*number);
     if (const auto character = layout.character(keyCode))
@@ -140,14 +95,14 @@ QStringList Shortcut::caps(const KeyboardLayout &layout) const {
         if ((flags & modifier.flag) != 0)
             caps += QLatin1StringView(modifier.cap);
     }
-    const auto *key = special(keyCode);
+    const auto *key = findKey(keyCode);
     caps += key != nullptr && key->icon != nullptr ? QStringLiteral("icon:") + QLatin1StringView(key->icon)
                                                    : keyName(layout);
     return caps;
 }
 
 QString Shortcut::menuKey(const KeyboardLayout &layout) const {
-    if (const auto *key = special(keyCode))
+    if (const auto *key = findKey(keyCode); key != nullptr && key->menuKey != 0)
         return QChar(key->menuKey);
     if (const auto number = functionKey())
         return QChar(static_cast<char16_t>(u'\uF703' + *number));
@@ -160,23 +115,21 @@ QByteArray Shortcut::toJson() const {
 
 std::optional<Shortcut> Shortcut::fromJson(const QByteArray &json) {
     // Qt's own parser rounds what is beyond 63 bits.
-    simdjson::dom::parser parser;
-    simdjson::dom::object object;
-    if (parser.parse(json.constData(), static_cast<std::size_t>(json.size())).get(object) != simdjson::SUCCESS)
-        return std::nullopt;
-    std::optional<quint64> keyCode;
+    JsonReader reader;
+    std::optional<quint32> keyCode;
     std::optional<quint64> flags;
     // Of a key that is there twice, the last counts.
-    for (const auto [key, value] : object) {
+    const auto readField = [&](std::string_view key, JsonReader::Value value) {
         if (key == "keyCode")
-            keyCode = wholeNumber(value, std::numeric_limits<quint32>::max());
+            keyCode = wholeNumber<quint32>(JsonReader::tokenOf(value));
         else if (key == "flags")
-            flags = wholeNumber(value, std::numeric_limits<quint64>::max());
-    }
-    if (!keyCode || !flags)
+            flags = wholeNumber<quint64>(JsonReader::tokenOf(value));
+        return reader.skip(value);
+    };
+    if (!reader.readObject(json, readField) || !keyCode || !flags)
         return std::nullopt;
     Shortcut shortcut;
-    shortcut.keyCode = static_cast<quint32>(*keyCode);
+    shortcut.keyCode = *keyCode;
     shortcut.flags = *flags;
     return shortcut;
 }

@@ -34,7 +34,7 @@ struct Shortcut {
     static Shortcut ctrlOpt(qint64 code);
     static Shortcut opt(qint64 code);
 
-    /// The modifiers as the hot-key interface takes them.
+    /// The modifiers as bits of `HotKeyGrabber::Modifier`.
     [[nodiscard]] quint32 carbonModifiers() const;
 
     /// Whether it may be a global hot key by itself: control, option or command is held, or it is a function key.

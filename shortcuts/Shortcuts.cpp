@@ -1,5 +1,7 @@
 #include "shortcuts/Shortcuts.h"
 
+#include "shortcuts/Key.h"
+
 #include <QSettings>
 
 namespace palomet {
@@ -11,8 +13,8 @@ const auto stopKey = QStringLiteral("stopShortcut");
 
 } // namespace
 
-const Shortcut Shortcuts::defaultListen{49, Shortcut::option};
-const Shortcut Shortcuts::defaultStop{53, 0};
+const Shortcut Shortcuts::defaultListen{Key::Space, Shortcut::option};
+const Shortcut Shortcuts::defaultStop{Key::Escape, 0};
 
 Shortcuts::Shortcuts(QSettings &settings)
     : m_settings(settings) {
@@ -42,6 +44,14 @@ void Shortcuts::setPaused(bool isPaused) {
     m_isPaused = isPaused;
     Q_EMIT isPausedChanged();
     onChange();
+}
+
+void Shortcuts::setGranted(const QString &listen, const QString &stop) {
+    if (m_grantedListen == listen && m_grantedStop == stop)
+        return;
+    m_grantedListen = listen;
+    m_grantedStop = stop;
+    Q_EMIT grantedChanged();
 }
 
 void Shortcuts::save(const QString &key, const std::optional<Shortcut> &shortcut) {

@@ -37,6 +37,12 @@ public:
     /// While paused, no hot key of this store may be registered. Announced and reported, never saved.
     void setPaused(bool isPaused);
 
+    /// What the desktop calls the keys that its user granted in place of the stored ones; empty where those hold.
+    [[nodiscard]] const QString &grantedListen() const { return m_grantedListen; }
+    [[nodiscard]] const QString &grantedStop() const { return m_grantedStop; }
+    /// Announced where it is another; never saved, nor reported.
+    void setGranted(const QString &listen, const QString &stop);
+
     /// The owner's, called after every change of any of the three.
     std::function<void()> onChange = [] {};
 
@@ -44,6 +50,7 @@ Q_SIGNALS:
     void listenChanged();
     void stopChanged();
     void isPausedChanged();
+    void grantedChanged();
 
 private:
     void save(const QString &key, const std::optional<Shortcut> &shortcut);
@@ -52,6 +59,8 @@ private:
     QSettings &m_settings;
     std::optional<Shortcut> m_listen;
     std::optional<Shortcut> m_stop;
+    QString m_grantedListen;
+    QString m_grantedStop;
     bool m_isPaused = false;
 };
 

@@ -4,7 +4,7 @@
 
 #include <QQmlEngine>
 
-// Made by the build for the module; naming it keeps it in the program.
+// The build makes it for the module; naming it here keeps the linker from dropping it.
 extern void qml_register_types_Palomet_Ui();
 
 namespace palomet::Ui {

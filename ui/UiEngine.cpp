@@ -20,7 +20,7 @@ UiEngine::UiEngine(QString resources)
     : m_resources(std::move(resources)) {}
 
 UiEngine::~UiEngine() {
-    // What was removed from a scene is deleted later, and must not be left without its engine.
+    // Items removed from a scene wait for deletion, which has to come before the engine's.
     if (m_engine)
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }

@@ -8,12 +8,12 @@ class QQmlEngine;
 
 namespace palomet {
 
-/// The one engine that runs the QML of the strip and of the window. It is most of what the program weighs, and so it,
-/// the typeface and the modules are loaded when something is first to be shown. Main thread only.
+/// The one engine that runs the QML of the strip and of the window. The engine, the typeface and the modules are most
+/// of the program's memory, so they are loaded when something is first shown. Main thread only.
 class UiEngine {
 public:
-    /// Everything is drawn by the processor, unless `$QT_QUICK_BACKEND` says otherwise: a graphics driver would cost
-    /// more than everything else together. To be called once, before anything is shown.
+    /// Has the processor draw everything, unless `$QT_QUICK_BACKEND` says otherwise: a graphics driver would take more
+    /// memory than everything else together. To be called once, before anything is shown.
     static void chooseRenderer();
 
     /// `resources` is the resource folder.
@@ -26,9 +26,7 @@ public:
     /// Makes it at the first call.
     [[nodiscard]] QQmlEngine &get();
 
-    [[nodiscard]] bool isMade() const { return m_engine != nullptr; }
-
-    /// Whether the desktop asks for stillness.
+    /// Whether the desktop asks for reduced motion.
     void setMotionReduced(bool isReduced);
 
     /// Whether the desktop asks for more contrast.

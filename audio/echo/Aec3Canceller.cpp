@@ -1,8 +1,8 @@
-#include "audio/EchoCanceller.h"
+#include "audio/echo/EchoCanceller.h"
 #include "audio/echo/LinearOutputGate.h"
+#include "audio/echo/ProcessingStream.h"
 #include "audio/echo/RestingCanceller.h"
 #include "audio/echo/Samples.h"
-#include "audio/echo/SharedState.h"
 #include "audio/echo/TripleRate.h"
 
 #include <api/audio/echo_canceller3_factory.h>
@@ -20,10 +20,6 @@ using webrtc::EchoCanceller3Config;
 /// How many samples at 16 kHz the linear output leads the suppressed one: the block that the suppressor works in, and
 /// the bands that are put together again behind it.
 constexpr int linearLead = 72;
-
-/// What the linear filter leaves of the microphone's power once it has found the path, clocks that drift apart
-/// included.
-constexpr float convergedResidual = 0.5F;
 
 EchoCanceller3Config tunedConfig() {
     EchoCanceller3Config config;
@@ -69,29 +65,21 @@ AudioProcessing::Config processingConfig() {
 class Aec3Canceller final : public EchoCanceller {
 public:
     explicit Aec3Canceller(rtc::scoped_refptr<AudioProcessing> processing)
-        : m_processing(std::move(processing)) {
-        // Told the format now, the library allocates nothing when the first frame comes.
-        m_processing->Initialize({{m_stream, m_stream, m_stream, m_stream}});
-    }
+        : m_stream(std::move(processing)) {}
 
     void render(std::span<const float, frameSize> reference) noexcept override {
-        auto frame = echo::clean(reference);
-        m_referencePower = echo::meanSquare(frame);
-        float *channel = frame.data();
-        m_processing->ProcessReverseStream(&channel, m_stream, m_stream, &channel);
+        m_referencePower = echo::meanSquare(reference);
+        m_stream.render(reference);
     }
 
     void capture(std::span<const float, frameSize> in, int delayHintMs,
                  std::span<float, frameSize> out) noexcept override {
-        auto frame = echo::clean(in);
-        m_offset.apply(frame);
+        auto frame = m_offset.apply(in);
         const float microphonePower = echo::meanSquare(frame);
-        float *channel = frame.data();
-        m_processing->set_stream_delay_ms(delayHintMs);
-        m_processing->ProcessStream(&channel, m_stream, m_stream, &channel);
+        m_stream.capture(frame, delayHintMs);
 
         std::array<std::array<float, TripleRate::inputSize>, 1> linearAt16kHz{};
-        m_processing->GetLinearAecOutput(linearAt16kHz);
+        m_stream.processing().GetLinearAecOutput(linearAt16kHz);
         m_tripleRate.push(linearAt16kHz.front());
 
         const bool isLinearBetter = m_gate.isLinearBetter(
@@ -104,37 +92,17 @@ public:
             echo::crossFade(frame, linear, from, m_linearShare);
         }
         std::copy(frame.begin(), frame.end(), out.begin());
-        // Asked here every time: the library keeps the oldest answer that nobody has fetched.
-        const auto statistics = m_processing->GetStatistics();
-        m_state.set(m_gate.residual() < convergedResidual, echo::toStandard(statistics.delay_ms),
-                    echo::toStandard(statistics.echo_return_loss_enhancement));
-    }
-
-    void reset() noexcept override {
-        m_processing->Initialize();
-        m_offset = {};
-        m_tripleRate = TripleRate(linearLead - TripleRate::filterDelay);
-        m_gate = {};
-        m_referencePower = 0;
-        m_linearShare = 0;
-        m_state.set(false, std::nullopt, std::nullopt);
-    }
-
-    [[nodiscard]] EchoCancellerState state() const override {
-        return m_state.read(QStringLiteral("AEC3, tuned, with its linear output"));
     }
 
 private:
     using TripleRate = echo::TripleRate;
 
-    rtc::scoped_refptr<AudioProcessing> m_processing;
-    webrtc::StreamConfig m_stream{48000, 1};
+    echo::ProcessingStream<rtc::scoped_refptr<AudioProcessing>, webrtc::StreamConfig> m_stream;
     echo::OffsetFilter m_offset;
     TripleRate m_tripleRate{linearLead - TripleRate::filterDelay};
     echo::LinearOutputGate m_gate;
     float m_referencePower = 0;
     float m_linearShare = 0; ///< Of the linear output at the end of the last frame.
-    echo::SharedState m_state;
 };
 
 } // namespace
@@ -153,6 +121,10 @@ Result<std::unique_ptr<EchoCanceller>> EchoCanceller::create() {
     auto canceller = std::make_unique<Aec3Canceller>(std::move(processing));
     return std::unique_ptr<EchoCanceller>(
         std::make_unique<echo::RestingCanceller>(std::move(canceller), echo::aec3Delay));
+}
+
+QString EchoCanceller::library() {
+    return QStringLiteral("AEC3, tuned, with its linear output");
 }
 
 } // namespace palomet

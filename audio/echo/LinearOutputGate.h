@@ -22,12 +22,10 @@ public:
     /// True when this frame is to be the linear output.
     [[nodiscard]] bool isLinearBetter(const Powers &powers) noexcept;
 
-    /// The part of the microphone that the linear filter leaves while only the far end talks; 1 before it was measured.
-    [[nodiscard]] float residual() const { return m_residual; }
-
 private:
     Powers m_smoothed;
     float m_reference = 0; ///< Envelope of the far end.
+    /// The part of the microphone that the linear filter leaves while only the far end talks; 1 before it was measured.
     float m_residual = 1;
     int m_nearEndFrames = 0; ///< In which the near end was heard, in a row.
     int m_heldFrames = 0;    ///< For which it counts as heard still.

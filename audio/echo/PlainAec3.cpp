@@ -1,7 +1,7 @@
 #include "audio/echo/PlainAec3.h"
 
+#include "audio/echo/ProcessingStream.h"
 #include "audio/echo/Samples.h"
-#include "audio/echo/SharedState.h"
 
 #include <modules/audio_processing/include/audio_processing.h>
 
@@ -10,55 +10,23 @@ namespace {
 
 using webrtc::AudioProcessing;
 
-/// Of the echo return loss enhancement, from which on the path counts as found.
-constexpr double convergedDb = 6;
-
 class PlainAec3 final : public EchoCanceller {
 public:
     explicit PlainAec3(rtc::scoped_refptr<AudioProcessing> processing)
-        : m_processing(std::move(processing)) {
-        AudioProcessing::Config config;
-        config.echo_canceller.enabled = true;
-        config.high_pass_filter.enabled = true;
-        m_processing->ApplyConfig(config);
-        // Told the format now, the library allocates nothing when the first frame comes.
-        m_processing->Initialize({{m_stream, m_stream, m_stream, m_stream}});
-    }
+        : m_stream(std::move(processing)) {}
 
-    void render(std::span<const float, frameSize> reference) noexcept override {
-        auto frame = clean(reference);
-        float *channel = frame.data();
-        m_processing->ProcessReverseStream(&channel, m_stream, m_stream, &channel);
-    }
+    void render(std::span<const float, frameSize> reference) noexcept override { m_stream.render(reference); }
 
     void capture(std::span<const float, frameSize> in, int delayHintMs,
                  std::span<float, frameSize> out) noexcept override {
-        auto frame = clean(in);
-        m_offset.apply(frame);
-        float *channel = frame.data();
-        m_processing->set_stream_delay_ms(delayHintMs);
-        m_processing->ProcessStream(&channel, m_stream, m_stream, &channel);
+        auto frame = m_offset.apply(in);
+        m_stream.capture(frame, delayHintMs);
         std::copy(frame.begin(), frame.end(), out.begin());
-
-        // Asked here every time: the library keeps the oldest answer that nobody has fetched.
-        const auto statistics = m_processing->GetStatistics();
-        const auto enhancement = toStandard(statistics.echo_return_loss_enhancement);
-        m_state.set(enhancement.value_or(0) > convergedDb, toStandard(statistics.delay_ms), enhancement);
     }
-
-    void reset() noexcept override {
-        m_processing->Initialize();
-        m_offset = {};
-        m_state.set(false, std::nullopt, std::nullopt);
-    }
-
-    [[nodiscard]] EchoCancellerState state() const override { return m_state.read(QStringLiteral("AEC3")); }
 
 private:
-    rtc::scoped_refptr<AudioProcessing> m_processing;
-    webrtc::StreamConfig m_stream{48000, 1};
+    ProcessingStream<rtc::scoped_refptr<AudioProcessing>, webrtc::StreamConfig> m_stream;
     OffsetFilter m_offset;
-    SharedState m_state;
 };
 
 } // namespace
@@ -67,6 +35,10 @@ Result<std::unique_ptr<EchoCanceller>> createPlainAec3() {
     rtc::scoped_refptr<AudioProcessing> processing(webrtc::AudioProcessingBuilder().Create());
     if (!processing)
         return Failure{QStringLiteral("AEC3 indisponível")};
+    AudioProcessing::Config config;
+    config.echo_canceller.enabled = true;
+    config.high_pass_filter.enabled = true;
+    processing->ApplyConfig(config);
     return std::unique_ptr<EchoCanceller>(std::make_unique<PlainAec3>(std::move(processing)));
 }
 

@@ -11,4 +11,8 @@ Result<std::unique_ptr<EchoCanceller>> EchoCanceller::create() {
         std::make_unique<echo::RestingCanceller>(std::move(*canceller), echo::aec3Delay));
 }
 
+QString EchoCanceller::library() {
+    return QStringLiteral("AEC3");
+}
+
 } // namespace palomet

@@ -16,9 +16,8 @@ constexpr auto feedbackTwo = static_cast<float>((1 - alpha) / (1 + alpha));
 
 } // namespace
 
-void RestingCanceller::Bypass::process(Frame &frame) noexcept {
-    frame = clean(frame);
-    m_offset.apply(frame);
+EchoCanceller::Frame RestingCanceller::Bypass::process(FrameView samples) noexcept {
+    auto frame = m_offset.apply(samples);
     std::copy(m_samples.begin() + frameSize, m_samples.end(), m_samples.begin());
     std::transform(frame.begin(), frame.end(), m_samples.begin() + maximumDelay, [this](float sample) {
         const float passed = edge * sample + m_first;
@@ -27,11 +26,11 @@ void RestingCanceller::Bypass::process(Frame &frame) noexcept {
         return passed;
     });
     std::copy_n(m_samples.begin() + static_cast<std::ptrdiff_t>(maximumDelay - m_delay), frameSize, frame.begin());
+    return frame;
 }
 
 RestingCanceller::RestingCanceller(std::unique_ptr<EchoCanceller> canceller, int delay)
     : m_canceller(std::move(canceller))
-    , m_delay(delay)
     , m_bypass(delay) {
     assert(delay >= 0 && delay <= maximumDelay);
 }
@@ -47,9 +46,7 @@ void RestingCanceller::render(std::span<const float, frameSize> reference) noexc
 
 void RestingCanceller::capture(std::span<const float, frameSize> in, int delayHintMs,
                                std::span<float, frameSize> out) noexcept {
-    Frame direct;
-    std::copy(in.begin(), in.end(), direct.begin());
-    m_bypass.process(direct);
+    const Frame direct = m_bypass.process(in);
     if (isResting()) {
         std::copy(direct.begin(), direct.end(), out.begin());
         return;
@@ -64,14 +61,6 @@ void RestingCanceller::capture(std::span<const float, frameSize> in, int delayHi
     if (from > 0 || isBypassed)
         crossFade(frame, direct, from, m_bypassShare);
     std::copy(frame.begin(), frame.end(), out.begin());
-}
-
-void RestingCanceller::reset() noexcept {
-    m_canceller->reset();
-    m_bypass = Bypass(m_delay);
-    m_silentFrames = 0;
-    m_wakingFrames = 0;
-    m_bypassShare = 0;
 }
 
 } // namespace palomet::echo

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "audio/EchoCanceller.h"
+#include "audio/echo/EchoCanceller.h"
 #include "audio/echo/Samples.h"
 
 #include <array>
@@ -29,8 +29,6 @@ public:
     void render(std::span<const float, frameSize> reference) noexcept override;
     void capture(std::span<const float, frameSize> in, int delayHintMs,
                  std::span<float, frameSize> out) noexcept override;
-    void reset() noexcept override;
-    [[nodiscard]] EchoCancellerState state() const override { return m_canceller->state(); }
 
 private:
     /// The microphone's other way: late by `delay`, without an offset and what is below a voice.
@@ -38,7 +36,7 @@ private:
     public:
         explicit Bypass(int delay)
             : m_delay(static_cast<std::size_t>(delay)) {}
-        void process(Frame &frame) noexcept;
+        Frame process(FrameView samples) noexcept;
 
     private:
         std::size_t m_delay;
@@ -51,7 +49,6 @@ private:
     [[nodiscard]] bool isResting() const { return m_silentFrames > restAfter; }
 
     std::unique_ptr<EchoCanceller> m_canceller;
-    int m_delay;
     Bypass m_bypass;
     int m_silentFrames = 0;  ///< Of the reference, in a row.
     int m_wakingFrames = 0;  ///< For which the canceller is not listened to yet.

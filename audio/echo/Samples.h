@@ -1,34 +1,26 @@
 #pragma once
 
-#include "audio/EchoCanceller.h"
+#include "audio/echo/EchoCanceller.h"
 
 #include <algorithm>
-#include <cmath>
 #include <span>
 
 namespace palomet::echo {
 
 using FrameView = std::span<const float, EchoCanceller::frameSize>;
 
-/// A frame as every canceller can take it: within full scale, and silence for what is not a number. One bad sample
-/// would otherwise stay in the filters for good.
-inline EchoCanceller::Frame clean(FrameView samples) noexcept {
-    EchoCanceller::Frame frame;
-    std::transform(samples.begin(), samples.end(), frame.begin(),
-                   [](float sample) { return std::isfinite(sample) ? std::clamp(sample, -1.0F, 1.0F) : 0.0F; });
-    return frame;
-}
-
 /// Takes a constant offset out of the microphone, a high pass of the first order at 10 Hz. The libraries' own high pass
 /// lets up to a fiftieth of an offset through, which their suppressor then chops into noise.
 class OffsetFilter {
 public:
-    void apply(EchoCanceller::Frame &frame) noexcept {
-        for (float &sample : frame) {
+    EchoCanceller::Frame apply(FrameView samples) noexcept {
+        EchoCanceller::Frame frame;
+        std::transform(samples.begin(), samples.end(), frame.begin(), [this](float sample) {
             m_output = sample - m_input + decay * m_output;
             m_input = sample;
-            sample = m_output;
-        }
+            return m_output;
+        });
+        return frame;
     }
 
 private:

@@ -11,7 +11,7 @@ using namespace palomet;
 namespace {
 
 void decodeState(benchmark::State &state) {
-    const auto json = bench::stateDocument(static_cast<int>(state.range(0)));
+    const JsonText json = bench::stateDocument(static_cast<int>(state.range(0)));
     for (auto _ : state) {
         const auto snapshot = decodeSnapshot(json);
         if (!snapshot)

@@ -1,11 +1,12 @@
 #include "bench/support/Row.h"
+#include "localization/Localization.h"
 #include "model/Format.h"
 #include "tests/support/ManualScheduler.h"
 #include "tests/support/ScriptedBackend.h"
+#include "tests/support/noScreen.h"
 #include "ui/Ui.h"
 #include "ui/kit/Kit.h"
-#include "ui/localization/Localization.h"
-#include "ui/shell/MacWindow.h"
+#include "ui/shell/SettingsWindow.h"
 
 #include <QApplication>
 #include <QQmlEngine>
@@ -15,7 +16,7 @@
 #include <ctime>
 #include <random>
 
-// What the window costs the main thread: a refresh that brings one row more, and level events. Each figure stands
+// The window's cost for the main thread: a refresh that brings one row more, and level events. Each figure stands
 // beside its floor, taken in the same run. The window is drawn by the processor into memory.
 
 using namespace palomet;
@@ -35,7 +36,7 @@ struct Desk {
     Desk() {
         backend.on("/events", [](auto exchange) { exchange->beginEvents(); });
         Ui::install(engine, QStringLiteral(PALOMET_BINARY_DIR "/resources"));
-        window = std::make_unique<MacWindow>(engine, app, scheduler, nullptr);
+        window = std::make_unique<SettingsWindow>(engine, app, scheduler, nullptr);
         window->bringToFront();
     }
 
@@ -50,7 +51,7 @@ struct Desk {
     Navigation navigation;
     AppView app{model, navigation, shortcuts, layout, {.version = {}, .home = {}}, {}};
     QQmlEngine engine;
-    std::unique_ptr<MacWindow> window;
+    std::unique_ptr<SettingsWindow> window;
 };
 
 std::shared_ptr<const Snapshot> snapshot(const char *state, int rows) {
@@ -135,9 +136,7 @@ double measureLevels(Desk &desk, const char *state) {
 } // namespace
 
 int main(int argc, char **argv) {
-    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
+    test::useNoScreen();
     QApplication application(argc, argv);
     const auto resources = QStringLiteral(PALOMET_BINARY_DIR "/resources");
     Kit::registerFonts(resources);

@@ -3,7 +3,7 @@
 #include "platform/x11/X11Connection.h"
 #include "platform/x11/XcbKeyboard.h"
 #include "platform/x11/XcbReply.h"
-#include "shortcuts/KeyCodes.h"
+#include "shortcuts/Keys.h"
 
 #include <xcb/xcb.h>
 
@@ -34,11 +34,10 @@ X11HotKeyGrabber::~X11HotKeyGrabber() {
 }
 
 bool X11HotKeyGrabber::grab(quint32 id, quint32 keyCode, quint32 modifiers) {
-    const auto evdev = KeyCodes::toEvdev(keyCode);
-    constexpr int offset = 8;
-    if (!evdev || *evdev + offset > 255)
+    const auto *key = findKey(keyCode);
+    if (key == nullptr)
         return false;
-    const Combination combination{static_cast<quint8>(*evdev + offset), modifiers};
+    const Combination combination{static_cast<quint8>(toXKeycode(*key)), modifiers};
     if (!take(combination))
         return false;
     m_combinations.insert_or_assign(id, combination);
@@ -49,7 +48,7 @@ void X11HotKeyGrabber::release(quint32 id) {
     if (m_combinations.erase(id) == 0 || m_isRestPending)
         return;
     m_isRestPending = true;
-    // Whoever gives a combination back to take it anew at once keeps it all the while: a press in between is not lost.
+    // A combination that is given back and taken anew at once stays held all the while: a press in between is not lost.
     QMetaObject::invokeMethod(this, &X11HotKeyGrabber::giveRest, Qt::QueuedConnection);
 }
 
@@ -196,7 +195,7 @@ void X11HotKeyGrabber::regrab() {
     }
     for (const auto id : refused)
         m_combinations.erase(id);
-    // What both mappings have in common was held all the while.
+    // Combinations of both mappings were held all the while.
     giveRest();
     for (const auto id : refused)
         onRefused(id);

@@ -31,18 +31,4 @@ private:
     bool m_isReadPending = false;
 };
 
-/// One given layout, for where there is no display to ask.
-class NamedKeyboardLayout final : public KeyboardLayout {
-public:
-    explicit NamedKeyboardLayout(const char *layout, const char *variant = "")
-        : m_keymap(XkbKeymap::named(layout, variant)) {}
-
-    [[nodiscard]] std::optional<QString> character(quint32 keyCode) const override {
-        return m_keymap.character(keyCode, 0);
-    }
-
-private:
-    XkbKeymap m_keymap;
-};
-
 } // namespace palomet

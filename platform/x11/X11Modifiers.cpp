@@ -2,6 +2,7 @@
 
 #include "platform/x11/X11Connection.h"
 #include "platform/x11/XcbReply.h"
+#include "shortcuts/HotKeyGrabber.h"
 
 #include <xcb/xcb.h>
 #include <xkbcommon/xkbcommon-keysyms.h>
@@ -16,7 +17,7 @@ namespace {
 
 constexpr int modifierCount = 8;
 
-/// What every keycode types, in rows of equal length.
+/// The symbols that every keycode types, in rows of equal length.
 struct KeyboardMapping {
     explicit KeyboardMapping(xcb_connection_t *connection) {
         const auto *setup = xcb_get_setup(connection);
@@ -77,13 +78,13 @@ X11Modifiers X11Modifiers::read(const X11Connection &connection) {
 
 quint16 X11Modifiers::mask(quint32 modifiers) const {
     quint16 mask = 0;
-    if ((modifiers & 0x200U) != 0)
+    if ((modifiers & HotKeyGrabber::Shift) != 0)
         mask |= XCB_MOD_MASK_SHIFT;
-    if ((modifiers & 0x1000U) != 0)
+    if ((modifiers & HotKeyGrabber::Control) != 0)
         mask |= XCB_MOD_MASK_CONTROL;
-    if ((modifiers & 0x800U) != 0)
+    if ((modifiers & HotKeyGrabber::Option) != 0)
         mask |= option;
-    if ((modifiers & 0x100U) != 0)
+    if ((modifiers & HotKeyGrabber::Command) != 0)
         mask |= command;
     return mask;
 }

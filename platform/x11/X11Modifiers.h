@@ -17,7 +17,7 @@ struct X11Modifiers {
 
     static X11Modifiers read(const X11Connection &connection);
 
-    /// The X modifiers of a combination given in the hot-key interface's bits.
+    /// The X modifiers of a combination given in bits of `HotKeyGrabber::Modifier`.
     [[nodiscard]] quint16 mask(quint32 modifiers) const;
 
     /// Every combination of the lock keys, none first, each once: a grab is exact, and these must make no difference.

@@ -1,7 +1,7 @@
 #include "platform/x11/XkbKeymap.h"
 
 #include "platform/x11/X11Connection.h"
-#include "shortcuts/KeyCodes.h"
+#include "shortcuts/Keys.h"
 
 #include <xkbcommon/xkbcommon-x11.h>
 #include <xkbcommon/xkbcommon.h>
@@ -47,34 +47,28 @@ void XkbKeymap::Unref::operator()(xkb_keymap *keymap) const {
     xkb_keymap_unref(keymap);
 }
 
-XkbKeymap XkbKeymap::named(const char *layout, const char *variant) {
-    XkbKeymap map;
-    map.m_context.reset(xkb_context_new(XKB_CONTEXT_NO_FLAGS));
-    if (map.m_context) {
-        xkb_context_set_log_level(map.m_context.get(), XKB_LOG_LEVEL_CRITICAL);
-        const xkb_rule_names names{"evdev", "pc105", layout, variant, ""};
-        map.m_keymap.reset(xkb_keymap_new_from_names(map.m_context.get(), &names, XKB_KEYMAP_COMPILE_NO_FLAGS));
-    }
-    return map;
+XkbKeymap::XkbKeymap(const std::function<xkb_keymap *(xkb_context *)> &make) {
+    const std::unique_ptr<xkb_context, Unref> context(xkb_context_new(XKB_CONTEXT_NO_FLAGS));
+    if (!context)
+        return;
+    xkb_context_set_log_level(context.get(), XKB_LOG_LEVEL_CRITICAL);
+    m_keymap.reset(make(context.get()));
 }
 
 XkbKeymap XkbKeymap::of(const X11Connection &connection) {
-    XkbKeymap map;
-    map.m_context.reset(xkb_context_new(XKB_CONTEXT_NO_FLAGS));
-    const auto device = xkb_x11_get_core_keyboard_device_id(connection.get());
-    if (map.m_context && device != -1) {
-        xkb_context_set_log_level(map.m_context.get(), XKB_LOG_LEVEL_CRITICAL);
-        map.m_keymap.reset(
-            xkb_x11_keymap_new_from_device(map.m_context.get(), connection.get(), device, XKB_KEYMAP_COMPILE_NO_FLAGS));
-    }
-    return map;
+    return XkbKeymap([&](xkb_context *context) -> xkb_keymap * {
+        const auto device = xkb_x11_get_core_keyboard_device_id(connection.get());
+        if (device == -1)
+            return nullptr;
+        return xkb_x11_keymap_new_from_device(context, connection.get(), device, XKB_KEYMAP_COMPILE_NO_FLAGS);
+    });
 }
 
 std::optional<QString> XkbKeymap::character(quint32 keyCode, quint32 group) const {
-    const auto evdev = KeyCodes::toEvdev(keyCode);
-    if (!m_keymap || !evdev)
+    const auto *key = findKey(keyCode);
+    if (!m_keymap || key == nullptr)
         return std::nullopt;
-    const auto keycode = static_cast<xkb_keycode_t>(*evdev + 8);
+    const xkb_keycode_t keycode = toXKeycode(*key);
     const auto groups = xkb_keymap_num_layouts_for_key(m_keymap.get(), keycode);
     if (groups == 0)
         return std::nullopt;

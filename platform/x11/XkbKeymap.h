@@ -2,6 +2,7 @@
 
 #include <QString>
 
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -15,15 +16,15 @@ class X11Connection;
 /// A keyboard's keymap, and what its keys type.
 class XkbKeymap {
 public:
-    /// A keymap by the names of its layout and variant, as `setxkbmap` takes them; empty when there is no such layout.
-    static XkbKeymap named(const char *layout, const char *variant = "");
+    /// Types nothing.
+    XkbKeymap() = default;
+    /// The keymap that `make` makes in the context that it is given; null will do, and types nothing.
+    explicit XkbKeymap(const std::function<xkb_keymap *(xkb_context *)> &make);
     /// That of the X server's keyboard.
     static XkbKeymap of(const X11Connection &connection);
 
-    [[nodiscard]] bool isEmpty() const { return m_keymap == nullptr; }
-
-    /// What a virtual key code types with no modifier in one of the keymap's layouts (groups). A dead key types its
-    /// accent, standing alone; a keypad key its digit, whatever Num Lock says.
+    /// The text that a virtual key code types with no modifier in one of the keymap's layouts (groups). A dead key
+    /// types its accent, standing alone; a keypad key its digit, whatever Num Lock says.
     [[nodiscard]] std::optional<QString> character(quint32 keyCode, quint32 group) const;
 
 private:
@@ -32,7 +33,6 @@ private:
         void operator()(xkb_keymap *keymap) const;
     };
 
-    std::unique_ptr<xkb_context, Unref> m_context;
     std::unique_ptr<xkb_keymap, Unref> m_keymap;
 };
 

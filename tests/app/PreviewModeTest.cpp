@@ -84,12 +84,12 @@ TEST_F(PreviewModeTest, WritesNothingIntoTheUsersHome) {
 TEST_F(PreviewModeTest, KeepsItsSampleWhateverIsPressed) {
     auto *app = create({u"--preview"_s}).window().rootObject()->property("app").value<AppView *>();
     ASSERT_NE(app, nullptr);
-    const QString microphone = app->now()->microphone();
+    const QString microphone = app->now()->shown().microphone;
     EXPECT_FALSE(microphone.isEmpty());
-    app->listen();
+    app->now()->listen();
     EXPECT_TRUE(eventually([&] {
         m_scheduler.advance(10ms);
         return m_scheduler.pendingCount() == 0;
     })) << "what was sent has ended";
-    EXPECT_EQ(app->now()->microphone(), microphone);
+    EXPECT_EQ(app->now()->shown().microphone, microphone);
 }

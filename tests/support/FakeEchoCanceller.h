@@ -1,6 +1,6 @@
 #pragma once
 
-#include "audio/EchoCanceller.h"
+#include "audio/echo/EchoCanceller.h"
 
 #include <algorithm>
 #include <vector>
@@ -14,13 +14,12 @@ public:
     void capture(std::span<const float, frameSize> in, int, std::span<float, frameSize> out) noexcept override {
         std::copy(in.begin(), in.end(), out.begin());
     }
-    void reset() noexcept override {}
-    [[nodiscard]] EchoCancellerState state() const override { return {QStringLiteral("none"), false, {}, {}}; }
 };
 
-/// What an echo canceller was given.
+/// The calls that an echo canceller got.
 struct EchoCancellerCalls {
     std::vector<std::vector<float>> references;
+    std::vector<std::vector<float>> microphones;
     std::vector<int> delayHints;
     int created = 0;
     int alive = 0;
@@ -41,16 +40,13 @@ public:
     }
     void capture(std::span<const float, frameSize> in, int delayHintMs,
                  std::span<float, frameSize> out) noexcept override {
+        m_calls.microphones.emplace_back(in.begin(), in.end());
         m_calls.delayHints.push_back(delayHintMs);
         PassingEchoCanceller::capture(in, delayHintMs, out);
-        m_hasHeard = true;
     }
-    /// Converged from its first frame on.
-    [[nodiscard]] EchoCancellerState state() const override { return {QStringLiteral("fake"), m_hasHeard, {}, {}}; }
 
 private:
     EchoCancellerCalls &m_calls;
-    bool m_hasHeard = false;
 };
 
 } // namespace palomet::test

@@ -29,7 +29,13 @@ public:
     }
     void offer(const std::vector<HotKeyOffer> &offers) override { offered = offers; }
 
+    [[nodiscard]] QString trigger(quint32 id) const override {
+        const auto found = triggers.find(id);
+        return found == triggers.end() ? QString() : found->second;
+    }
+
     std::map<quint32, Held> held;
+    std::map<quint32, QString> triggers; ///< What this desktop calls the keys that it granted.
     std::vector<HotKeyOffer> offered;
     bool refuses = false;
     int grabs = 0;

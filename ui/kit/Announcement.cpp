@@ -6,7 +6,7 @@ namespace palomet {
 
 Announcement::Announcement(QQuickItem *parent)
     : QQuickItem(parent) {
-    // It begins to show with its first words.
+    // It shows from its first words on.
     setVisible(false);
 }
 
@@ -14,9 +14,9 @@ void Announcement::setText(const QString &text) {
     if (m_text == text)
         return;
     m_text = text;
-    // The name first: it is what the alert says.
+    // First, because the alert says the accessible name.
     Q_EMIT textChanged();
-    // What it says when it is made is no change.
+    // The words that it is made with are no change.
     if (!m_text.isEmpty() && isComponentComplete())
         raise();
 }
@@ -24,7 +24,7 @@ void Announcement::setText(const QString &text) {
 void Announcement::raise() {
     QAccessibleEvent alert(this, QAccessible::Alert);
     QAccessible::updateAccessibility(&alert);
-    // The toolkit does not pass an alert on to the accessibility bus. What is read out there is a notification that
+    // The toolkit does not pass alerts on to the accessibility bus. A screen reader there reads out a notification that
     // begins to show.
     if (!isVisible()) {
         setVisible(true);

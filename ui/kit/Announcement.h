@@ -4,9 +4,8 @@
 
 namespace palomet {
 
-/// Words for a screen reader: whenever they become others, and are any, an alert is raised, so that they are read out
-/// wherever the user is. It shows nothing; its accessible role is a notification, its accessible name the words. Main
-/// thread only.
+/// Words for a screen reader. When they change and are not empty, an alert has them read out, wherever the user is. The
+/// item itself shows nothing; its accessible role is a notification, its accessible name the words. Main thread only.
 class Announcement : public QQuickItem {
     Q_OBJECT
     QML_ELEMENT
@@ -18,7 +17,7 @@ public:
     [[nodiscard]] QString text() const { return m_text; }
     void setText(const QString &text);
 
-    /// Has its accessible name read out, whether or not the words became others.
+    /// Has its accessible name read out, also when the words have not changed.
     void raise();
 
 Q_SIGNALS:

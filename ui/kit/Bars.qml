@@ -5,7 +5,7 @@ import Palomet.Kit
 BarsPicture {
     id: root
 
-    // 0 to 1; what is beyond is clipped.
+    // From 0 to 1; other values are clipped.
     property real input: 0
 
     level: Zen.isMotionReduced ? sampler.value : input

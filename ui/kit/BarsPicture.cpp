@@ -19,7 +19,7 @@ BarsPicture::BarsPicture(QQuickItem *parent)
 }
 
 qreal BarsPicture::gain(qreal level) {
-    // Also turns what is no number into silence.
+    // The comparison turns NaN into silence.
     return level > 0 ? std::min(level * 2.2, 1.0) : 0.0;
 }
 

@@ -6,15 +6,15 @@
 
 namespace palomet {
 
-/// The bars of a level meter, painted as one small picture, so that a level event costs next to nothing. The look of
-/// `Bars` and `MicMeter`; what smooths the level is theirs.
+/// The bars of a level meter, painted as one small picture, so that a level event costs next to nothing. `Bars` and
+/// `MicMeter` smooth the level.
 class BarsPicture : public QQuickPaintedItem {
     Q_OBJECT
     QML_ELEMENT
-    /// 0 is silence, 1 full scale. Anything else is clipped to that; what is no number is silence.
+    /// 0 is silence, 1 full scale. Other values are clipped; NaN is silence.
     Q_PROPERTY(qreal level READ level WRITE setLevel NOTIFY levelChanged FINAL)
     Q_PROPERTY(QColor color MEMBER m_color NOTIFY lookChanged FINAL)
-    /// One bar an entry, each the share of `maxHeight` that the bar may grow by.
+    /// One entry a bar: the share of `maxHeight` that the bar may grow by.
     Q_PROPERTY(QList<qreal> shape MEMBER m_shape NOTIFY lookChanged FINAL)
     Q_PROPERTY(qreal maxHeight MEMBER m_maxHeight NOTIFY lookChanged FINAL)
     /// The height of a bar at silence.
@@ -27,7 +27,7 @@ public:
     [[nodiscard]] qreal level() const { return m_level; }
     void setLevel(qreal level);
 
-    /// How far a level drives the bars, 0 to 1: ordinary speech, about 0.45 of full scale, already fills them.
+    /// How far a level drives the bars, from 0 to 1. Ordinary speech, about 0.45 of full scale, fills them.
     [[nodiscard]] static qreal gain(qreal level);
     /// The heights of the bars as they stand, in points.
     [[nodiscard]] QList<qreal> heights() const;

@@ -2,7 +2,7 @@ import QtQuick
 import Palomet.Kit
 import "signs.js" as Signs
 
-// One key cap. A text that begins with "icon:" names an icon; the signs that the typeface lacks are drawn with icons, too.
+// One key cap. A text that begins with "icon:" names an icon; a sign that the typeface lacks is drawn with one, too.
 ZenBox {
     id: root
 

@@ -1,6 +1,6 @@
 import QtQuick
 
-// A labelled value with a note under it. Its row of cells places it.
+// A labelled value with a note under it. CellRow places it.
 Item {
     id: root
 
@@ -12,7 +12,7 @@ Item {
     property bool isLast: false
     // The first cell of a row stands flush left.
     property bool isFlush: false
-    // Scrolled away in part, it is of no use.
+    // WholeLines hides it where it is scrolled away in part.
     readonly property bool isWhole: true
     default property alias value: slot.data
 
@@ -37,8 +37,7 @@ Item {
         ZenLabel {
             text: root.label
         }
-        Item {
-            width: 1
+        Gap {
             height: Zen.space1
         }
         Row {
@@ -48,8 +47,7 @@ Item {
             height: 28
             spacing: Zen.space2
         }
-        Item {
-            width: 1
+        Gap {
             height: Zen.space1
         }
         ZenNote {

@@ -52,7 +52,7 @@ Item {
             required property real modelData
 
             y: modelData
-            // Its width follows the row by an anchor: a binding to it is lost while the rules change in the same breath.
+            // Anchors, not a binding of the width, which would be lost when the rules change at the same moment.
             anchors.left: parent?.left
             anchors.right: parent?.right
             color: index === 0 ? root.ruleColor : Zen.rule

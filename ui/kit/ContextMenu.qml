@@ -2,18 +2,18 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Palomet.Kit
 
-// The menu of an item, at a point of its window, above everything else. It never has the focus, which stays with what it is
-// for: the owner hands its keys to `handle`.
+// The menu of an item, at a point of its window, above everything else. The focus stays with that item, whose owner hands
+// the keys to `handle`.
 Item {
     id: root
 
-    // Each with an `id`, a `title`, the words for its `keys`, and whether it `isOn`.
+    // Each has an `id`, a `title`, the words for its `keys`, and says whether it `isOn`.
     required property var entries
-    // In the window.
+    // In the window's points.
     required property point at
     required property string name
     property int current: -1
-    // Whether the keyboard is used, which opened it or moves in it.
+    // Whether the keyboard opened the menu or moves in it.
     property bool isReached: false
     property bool isPlaced: false
 
@@ -28,7 +28,7 @@ Item {
         dismissed();
     }
 
-    // To the next entry that can be picked, from one end to the other.
+    // Moves to the next entry that can be picked; from the last one to the first, and back.
     function move(step: int): void {
         isReached = true;
         for (let tried = 0; tried < entries.length; ++tried) {

@@ -1,7 +1,7 @@
 import QtQuick
 
-// Hides a part of what is scrolled. Its corners are round, where nothing is: of what comes to lie wholly under an opaque
-// rectangle, the renderer leaves behind what it drew before.
+// Hides a part of the scrolled content. Its round corners, where nothing lies, keep it from being opaque: when an item comes
+// to lie wholly under an opaque rectangle, the renderer does not erase what it drew of it before.
 Rectangle {
     color: Zen.gray0
     radius: 1

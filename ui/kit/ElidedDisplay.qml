@@ -1,19 +1,9 @@
 import QtQuick
 
-// A big value that is cut where it does not fit.
-ZenDisplay {
-    id: root
-
-    elide: Text.ElideRight
-    maximumLineCount: 1
-
-    HoverHandler {
-        id: pointer
-
-        enabled: root.truncated
-    }
-    ToolTip {
-        text: root.text
-        isWanted: pointer.hovered && root.truncated
-    }
+// A big value, cut where it does not fit.
+ElidedText {
+    size: 22
+    box: 28
+    font.weight: Zen.black
+    font.letterSpacing: -0.04 * size
 }

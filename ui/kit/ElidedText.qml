@@ -1,10 +1,10 @@
 import QtQuick
 
-// One line of data that is cut where it does not fit.
+// One line of data, cut where it does not fit; a tip then shows all of it.
 ZenText {
     id: root
 
-    // What its tip must not cover; without one, it stands under the text.
+    // The item that the tip must not cover; without one, the tip stands under the text.
     property Item tipBeside: null
 
     elide: Text.ElideRight

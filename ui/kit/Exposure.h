@@ -7,8 +7,8 @@
 
 namespace palomet {
 
-/// Attached to an item: whether it can be seen now, that is, whether it and its window are on the screen. Everything
-/// that moves or ticks asks here first, so that nothing runs in what is hidden.
+/// Attached to an item: says whether the item and its window are on the screen now. Everything that moves or ticks asks
+/// here first, so that nothing runs in hidden items.
 class Exposure : public QObject {
     Q_OBJECT
     QML_ELEMENT

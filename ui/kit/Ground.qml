@@ -1,6 +1,6 @@
 import QtQuick
 
-// Where there is nothing: a press there takes the focus from what is being edited.
+// Empty ground: a press on it takes the focus from the field that is being edited.
 MouseArea {
     onPressed: forceActiveFocus(Qt.MouseFocusReason)
 }

@@ -1,20 +1,19 @@
 import QtQuick
 
-// A line one point thick, of whole pixels of the screen: what is left over of a point is left out, as at the edges of
-// controls.
+// A line one point thick, rounded down to whole pixels of the screen, as the edges of controls are.
 Item {
     id: root
 
     property color color: Zen.rule
     property bool isUpright: false
-    // Its thickness in points.
+    // In points.
     readonly property real thickness: Math.max(1, Math.floor(Screen.devicePixelRatio + 0.01)) / Math.max(1, Screen.devicePixelRatio)
 
     implicitWidth: 1
     implicitHeight: 1
 
-    // Made thin by a transformation: a rectangle that ends between two points is drawn up to the next one, and that is
-    // a pixel or two of the screen, as it falls.
+    // A transformation makes it thin: a rectangle that ends between two points would be drawn up to the next point, which
+    // is one pixel or two.
     Rectangle {
         width: root.isUpright ? 1 : root.width
         height: root.isUpright ? root.height : 1

@@ -21,7 +21,7 @@ QImage IconProvider::requestImage(const QString &id, QSize *size, const QSize &r
     image.fill(Qt::transparent);
     QPainter painter(&image);
     picture.render(&painter);
-    // The strokes are black as they come; only where they are counts.
+    // The drawing's strokes are black; only their shape is used.
     painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
     painter.fillRect(image.rect(), color);
     if (size)

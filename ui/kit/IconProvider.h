@@ -5,7 +5,7 @@
 namespace palomet {
 
 /// Serves `image://icon/NAME/RRGGBB`: the outline icon NAME of the resource folder, drawn in that colour at exactly the
-/// size asked for. An icon that is not there is a null image, which the scene reports by its name.
+/// requested size. A missing icon is a null image, which the scene reports by its name.
 class IconProvider final : public QQuickImageProvider {
 public:
     explicit IconProvider(const QString &folder);

@@ -8,19 +8,16 @@
 #include <QQmlEngine>
 #include <QSvgRenderer>
 
-// Made by the build for the module; naming it keeps it in the program.
+// The build makes it for the module; naming it here keeps the linker from dropping it.
 extern void qml_register_types_Palomet_Kit();
 
 namespace palomet::Kit {
 
-QStringList registerFonts(const QString &resources) {
-    QStringList missing;
+void registerFonts(const QString &resources) {
     for (const auto *face : {"400Regular", "500Medium", "700Bold", "800ExtraBold", "900Black"}) {
         const auto file = QStringLiteral("Montserrat_%1.ttf").arg(QLatin1StringView(face));
-        if (QFontDatabase::addApplicationFont(resources + QStringLiteral("/fonts/") + file) < 0)
-            missing.append(file);
+        QFontDatabase::addApplicationFont(resources + QStringLiteral("/fonts/") + file);
     }
-    return missing;
 }
 
 QIcon programIcon(const QString &resources) {

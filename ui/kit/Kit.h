@@ -2,16 +2,15 @@
 
 #include <QIcon>
 #include <QString>
-#include <QStringList>
 
 class QQmlEngine;
 
 /// The visual kit, made ready for use.
 namespace palomet::Kit {
 
-/// Registers the typeface of the resource folder with the application. Returns the faces that could not be read, by
-/// their file names; the interface then shows in the system's typeface.
-QStringList registerFonts(const QString &resources);
+/// Registers the typeface of the resource folder with the application. Where a face cannot be read, the interface shows
+/// in the system's typeface.
+void registerFonts(const QString &resources);
 
 /// The program's own icon, for the lists of windows that desktops show; null where the resource folder has none.
 [[nodiscard]] QIcon programIcon(const QString &resources);
@@ -19,10 +18,10 @@ QStringList registerFonts(const QString &resources);
 /// Makes the module `Palomet.Kit` importable in this engine, its icons coming from the resource folder.
 void install(QQmlEngine &engine, const QString &resources);
 
-/// Whether the desktop asks for stillness: everything that moves in this engine then stands.
+/// Whether the desktop asks for reduced motion: nothing in this engine moves then.
 void setMotionReduced(QQmlEngine &engine, bool isReduced);
 
-/// Whether the desktop asks for more contrast: inks and edges in this engine are then stronger.
+/// Whether the desktop asks for more contrast: text and edges in this engine are stronger then.
 void setContrastRaised(QQmlEngine &engine, bool isRaised);
 
 } // namespace palomet::Kit

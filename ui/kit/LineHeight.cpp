@@ -10,7 +10,7 @@ void LineHeight::setDocument(QQuickTextDocument *document) {
     if (m_document == document)
         return;
     m_document = document;
-    // There is nothing to undo in what is only read, and no memory to spend on it.
+    // A text that is only read needs no memory for undoing.
     if (m_document)
         m_document->textDocument()->setUndoRedoEnabled(false);
     Q_EMIT changed();
@@ -26,12 +26,12 @@ void LineHeight::setBox(int box) {
 }
 
 qreal LineHeight::baseline() const {
-    // Four fifths of a line of a fixed height lie above it, in the sixty-fourths of a pixel that texts are laid out in.
+    // Four fifths of a fixed line height lie above the baseline, in the sixty-fourths of a pixel of the text layout.
     return (m_box * 64 * 4 / 5) / 64.0;
 }
 
 void LineHeight::apply() {
-    // To a document, another format is another content.
+    // A change of the format reports a change of the text, which calls this again.
     if (!m_document || m_box == 0 || m_isApplying)
         return;
     m_isApplying = true;

@@ -7,15 +7,15 @@
 
 namespace palomet {
 
-/// Gives all lines of a document that is shown the same height, which a text that can be edited or selected does not
-/// offer by itself. Main thread only.
+/// Gives all lines of a shown document the same height, which the toolkit's text editor does not offer. Main thread
+/// only.
 class LineHeight : public QObject {
     Q_OBJECT
     QML_ELEMENT
     Q_PROPERTY(QQuickTextDocument *document READ document WRITE setDocument NOTIFY changed FINAL REQUIRED)
     /// In points.
     Q_PROPERTY(int box READ box WRITE setBox NOTIFY changed FINAL REQUIRED)
-    /// How far below a line's top its baseline is.
+    /// The distance from a line's top to its baseline.
     Q_PROPERTY(qreal baseline READ baseline NOTIFY changed FINAL)
 
 public:
@@ -27,7 +27,7 @@ public:
     void setBox(int box);
     [[nodiscard]] qreal baseline() const;
 
-    /// To be called once the document is there, and when its text has become another.
+    /// To be called once the document is there, and when its text has changed.
     Q_INVOKABLE void apply();
 
 Q_SIGNALS:

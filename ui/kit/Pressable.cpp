@@ -14,7 +14,7 @@ bool broughtByKeyboard(Qt::FocusReason reason) {
     return reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason || reason == Qt::ShortcutFocusReason;
 }
 
-/// What slides under a pointer at rest is entered, too.
+/// An item that slides under a pointer at rest is entered, too.
 bool isMove(const QHoverEvent &event) {
     return event.oldPosF() != event.position();
 }
@@ -123,7 +123,7 @@ void Pressable::keyReleaseEvent(QKeyEvent *event) {
 
 void Pressable::focusInEvent(QFocusEvent *event) {
     QQuickItem::focusInEvent(event);
-    // Coming back to the window leaves things as they were.
+    // Coming back to the window changes nothing.
     if (event->reason() != Qt::ActiveWindowFocusReason)
         setReached(broughtByKeyboard(event->reason()));
 }

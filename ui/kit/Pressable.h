@@ -4,14 +4,15 @@
 
 namespace palomet {
 
-/// What everything that is pressed has in common, without a look: the pointer over it, the press, the click by mouse,
-/// touch, Space or Return, and whether the keyboard brought the focus here. The three can also be set, to show a state.
+/// The base of all controls that are pressed, without a look: the pointer over it, the press, the click by mouse,
+/// touch, Space or Return, and whether the keyboard brought the focus here. These three states can also be set, to show
+/// them.
 class Pressable : public QQuickItem {
     Q_OBJECT
     QML_ELEMENT
     Q_PROPERTY(bool isPointed READ isPointed WRITE setPointed NOTIFY isPointedChanged FINAL)
     Q_PROPERTY(bool isHeld READ isHeld WRITE setHeld NOTIFY isHeldChanged FINAL)
-    /// True while it has the focus and the keyboard brought it, which is when a ring is drawn.
+    /// True while it has the focus and the keyboard brought it; a ring is drawn then.
     Q_PROPERTY(bool isReached READ isReached WRITE setReached NOTIFY isReachedChanged FINAL)
 
 public:
@@ -26,13 +27,13 @@ public:
 
 Q_SIGNALS:
     void clicked();
-    /// The mouse's button went down on it. Not by touch, which may be the beginning of a scroll.
+    /// The mouse's button went down on it. A touch does not count, because it may begin a scroll.
     void pressed();
-    /// The pointer moved, or came up, anywhere, after the button had gone down here; where, in this item's points. A
-    /// click comes first.
+    /// After the button went down here, the pointer moved or the button came up, anywhere, at a position in this item's
+    /// points. `clicked` comes before `released`.
     void dragged(QPointF position);
     void released(QPointF position);
-    /// The pointer moved over it, rather than it under a pointer at rest.
+    /// The pointer moved over the item; the item did not slide under a pointer at rest.
     void pointerMoved();
     void isPointedChanged();
     void isHeldChanged();

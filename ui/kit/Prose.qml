@@ -1,8 +1,8 @@
 import QtQuick
 import Palomet.Kit
 
-// Words that can be selected, in lines of a fixed height, as they are written: markup is never interpreted. What is
-// selected is said from outside, for it may go on in others.
+// Plain text that can be selected, in lines of a fixed height. Its owner says what is selected, because a selection may go
+// on in other texts.
 Item {
     id: root
 
@@ -10,26 +10,26 @@ Item {
     property int size: 13
     property int box: 21
     property color color: Zen.gray9
-    // What shows of the text, where that is one line that was cut; a position at the cut stands for the end of the text.
+    // The part of the text that shows, where it is one line that is cut. A position at the cut stands for the text's end.
     property string shown: text
     readonly property bool isElided: shown !== text
     property bool isLine: false
     property int selectionStart: 0
     property int selectionEnd: 0
     property bool isSelecting: false
-    // Laid out once, when all is known.
+    // Whether all properties are set: the text is laid out once, then.
     property bool isReady: false
     property alias lineCount: edit.lineCount
 
     // The position in the text that is nearest to a point.
     function positionAt(x: real, y: real): int {
-        // The middle of its line: a little above the letters is not yet the line, to the text.
+        // In the middle of the line: the text does not count the space above the letters as the line.
         const line = Math.floor(Math.max(0, Math.min(height - 1, y)) / box);
         const position = edit.positionAt(Math.max(0, Math.min(width - 1, x)), (line + 0.5) * box - edit.y);
         return isElided && position >= edit.length - 1 ? text.length : position;
     }
 
-    // Where a caret at a position stands.
+    // The place of a caret at a position.
     function caretAt(position: int): rect {
         const caret = edit.positionToRectangle(Math.min(position, edit.length));
         return Qt.rect(edit.x + caret.x, Math.floor((caret.y + 1) / box) * box, 1, box);
@@ -38,7 +38,7 @@ Item {
     function select(): void {
         const end = Math.min(selectionEnd, edit.length);
         const start = Math.min(selectionStart, end);
-        // Selecting counts as a change of the text.
+        // Selecting reports a change of the text.
         if (isSelecting || (edit.selectionStart === start && edit.selectionEnd === end))
             return;
         isSelecting = true;

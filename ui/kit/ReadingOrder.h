@@ -6,10 +6,9 @@
 
 namespace palomet {
 
-/// Keeps the children of an item in the order in which they are read, from the top down. A screen reader goes through
-/// them as they are stacked, and a view that makes its rows when they are needed, and uses them again, stacks them by
-/// chance. Nothing is done without a screen reader. The children must not overlap, for the stack is also the order in
-/// which they are drawn. Main thread only.
+/// Keeps the children of an item in reading order, from the top down. A screen reader follows the stacking order, and a
+/// view that makes its rows when they are needed, and reuses them, stacks them by chance. Without a screen reader it
+/// does nothing. The children must not overlap, because the stacking order is also the drawing order. Main thread only.
 class ReadingOrder : public QObject, private QAccessible::ActivationObserver {
     Q_OBJECT
     QML_ELEMENT
@@ -28,7 +27,7 @@ Q_SIGNALS:
 private:
     void accessibilityActiveChanged(bool isActive) override;
     void watchChildren();
-    /// A little later, for rows come and go several at a time.
+    /// Sorts a little later, because rows come and go several at a time.
     void sortLater();
     void sort();
 

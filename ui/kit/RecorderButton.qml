@@ -7,7 +7,7 @@ Column {
 
     property var caps: []
     property bool isRecording: false
-    // What stands in the capsule without a shortcut, and while recording.
+    // The capsule's words without a shortcut, and while recording.
     property string noneText
     property string typeText
     property string hint

@@ -1,10 +1,10 @@
 import QtQuick
 
-// The strip at a view's right edge with its thumb, which can be dragged; a press beside the thumb brings it there.
+// The strip at a view's right edge, with a thumb that can be dragged. A press beside the thumb brings it there.
 MouseArea {
     id: root
 
-    // How far the view can be scrolled, how far it has been, and how much of it shows.
+    // How far the view can be scrolled, how far it is scrolled, and how much of it shows.
     required property real way
     required property real travelled
     required property real view

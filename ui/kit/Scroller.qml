@@ -1,32 +1,32 @@
 import QtQuick
 import Palomet.Kit
 
-// Scrolls a view that does not scroll by itself: by wheel, by touch, by keys, and so that what has the focus can be seen,
-// with its whole row; and draws the thumb, when there is more than fits. It keeps the view within its content.
+// Scrolls a view that is not interactive: by wheel, touch and keys, and so that the item with the focus shows with its whole
+// row. It keeps the view within its content, and draws the thumb when there is more than fits.
 Item {
     id: root
 
     required property Flickable flickable
-    // How far a notch of the wheel and an arrow key go.
+    // The distance of one notch of the wheel, and of an arrow key.
     property int step: 3 * 21
-    // The view comes to rest only so many points apart.
+    // The view comes to rest only at multiples of this.
     property int grain: 1
-    // How wide the strip is that the thumb stands in.
+    // The width of the strip that the thumb stands in.
     property alias reach: thumb.width
-    // How much of the view's top something else stands over.
+    // The height at the view's top that something else covers.
     property real covered: 0
     readonly property real first: flickable.originY - flickable.topMargin
     readonly property real last: Math.max(first, flickable.originY + flickable.contentHeight + flickable.bottomMargin - flickable.height)
     readonly property bool isScrolled: flickable.contentY > first
 
-    // Whether the user last scrolled to the end, as far as it was known then.
+    // Whether the user last scrolled to what was the end then.
     property bool isEndWanted: false
-    // Where the view would stand if it could anywhere: what a touchpad gives bit by bit adds up.
+    // The place without rounding, so that a touchpad's small steps add up.
     property real wanted: 0
-    // What has the focus and is kept in view until the user scrolls: the page may be laid out after it was reached.
+    // The item with the focus. It is kept in view until the user scrolls, because the page may be laid out again.
     property Item reached: null
 
-    // The user scrolled, or what has the focus was brought into view.
+    // The user scrolled, or the item with the focus was brought into view.
     signal scrolled
 
     function scrollTo(y: real): void {
@@ -47,7 +47,7 @@ Item {
         bringTo((isAtWanted ? wanted : flickable.contentY) + distance);
     }
 
-    // What a key asks of the view; false where the key means nothing to it.
+    // Scrolls by a key; false for a key that scrolls nothing.
     function handle(key: int): bool {
         const page = flickable.height - covered - step;
         switch (key) {
@@ -72,14 +72,14 @@ Item {
         }
         const top = whole.mapToItem(flickable.contentItem, 0, 0).y;
         const bottom = top + whole.height;
-        // Of what is larger than the view, some is enough.
+        // Of an item larger than the view, a part is enough.
         if (whole.height + 2 * margin < flickable.height - covered)
             show(top - margin, bottom + margin);
         else if (bottom < flickable.contentY + covered || top > flickable.contentY + flickable.height)
             show(top - margin, top + margin);
     }
 
-    // Scrolls as little as brings a part of the content into view.
+    // Scrolls no further than it takes to bring a part of the content into view.
     function show(top: real, bottom: real): void {
         if (top < flickable.contentY + covered)
             bringTo(top - covered);
@@ -88,7 +88,7 @@ Item {
     }
 
     anchors.fill: flickable
-    // Later, for scrolling a list makes rows, and their heights change where its content ends.
+    // Later: scrolling a list makes rows, whose heights move the end of its content.
     onFirstChanged: settling.restart()
     onLastChanged: settling.restart()
     Window.onActiveFocusItemChanged: {

@@ -9,7 +9,7 @@ ZenBox {
     property var choices: []
     property string selected
     property int current: -1
-    // What is chosen there: it is known also when the choices have become others.
+    // The id of the current choice, by which it is found again among other choices.
     property var currentId
     // Whether the keyboard brought the current choice.
     property bool isReached: false
@@ -107,7 +107,7 @@ ZenBox {
         }
     }
     Scroller {
-        // Its strip ends with the box and begins behind the check marks.
+        // Its strip lies between the check marks and the box's edge.
         anchors.rightMargin: -Zen.space1
         reach: 2 * Zen.space1 + 1
         flickable: list

@@ -1,8 +1,8 @@
 import QtQuick
 import Palomet.Kit
 
-// The list of an open select, above everything else in its window: under its box, or over it where there is no room. It
-// is dismissed with Escape or a press elsewhere, passed with Tab, and lost with its place or the focus.
+// The list of an open select, above everything else in its window: under its box, or over it where there is no room below.
+// Escape or a press elsewhere dismisses it, Tab passes it; it is lost when its place or the focus changes.
 FocusScope {
     id: root
 
@@ -14,7 +14,7 @@ FocusScope {
     // Whether the keyboard opened it.
     property bool isReached: false
     property bool isPlaced: false
-    // What was typed in a row, to find a choice by.
+    // The letters typed within the typing time, which find a choice.
     property string typed
 
     signal picked(id: string, reason: int)
@@ -36,9 +36,8 @@ FocusScope {
         picked(choices[index].id, list.isReached ? Qt.TabFocusReason : Qt.MouseFocusReason);
     }
 
-    // Moves to the next choice that begins with a text, at the earliest so many behind the current one; whether there is
-    // one. What is a text is not said to be one: at a call of a text's own function qmllint 6.4 looks at what it has not
-    // set, and now and then crashes.
+    // Moves to the next choice that begins with a text, `from` places behind the current one or later; false without one.
+    // The text is declared var: qmllint 6.4 sometimes crashes where a string's own function is called.
     function find(text: var, from: int): bool {
         for (let step = from; step < from + choices.length; ++step) {
             const index = (list.current + step + choices.length) % choices.length;
@@ -50,7 +49,7 @@ FocusScope {
         return false;
     }
 
-    // What is typed in a row belongs together, unless it is one letter again and again: that goes from choice to choice.
+    // Letters typed quickly form one text. One letter again and again goes from choice to choice instead.
     function type(text: var): void {
         const letter = text.toLocaleLowerCase();
         const before = typed;
@@ -60,7 +59,7 @@ FocusScope {
             find(letter, 1);
     }
 
-    // The choice that is there, in the box's points.
+    // Points at the choice at a position, in the box's points, and returns it; -1 without one.
     function pointAt(position: point): int {
         const index = list.indexAt(box.mapToItem(list, position.x, position.y));
         if (index >= 0)
@@ -72,7 +71,7 @@ FocusScope {
         return Array.from(choices).findIndex(choice => choice.id === selected);
     }
 
-    // Choices that become others while they show: the one that was current stays it, wherever it stands now.
+    // The choices have changed while they show: the current one stays current, wherever it stands now.
     function keepPlace(): void {
         const index = Array.from(choices).findIndex(choice => choice.id === list.currentId);
         list.current = index >= 0 ? index : selectedIndex();
@@ -157,7 +156,7 @@ FocusScope {
         interval: Zen.typingTime
         onTriggered: root.typed = ""
     }
-    // The button that opened it may pick at once, where it comes up.
+    // The press that opened the list picks the choice on which it is released.
     Connections {
         target: root.box
 
@@ -180,7 +179,7 @@ FocusScope {
     SelectList {
         id: list
 
-        // The box may go first.
+        // The box may be destroyed first.
         width: root.box?.width ?? 0
         height: implicitHeight
         onImplicitHeightChanged: if (root.isPlaced) root.place()

@@ -1,13 +1,13 @@
 import QtQuick
 
-// A row of a list with words that can be selected.
+// A row of a list whose words can be selected.
 ZenRow {
     required property Prose prose
-    // What is selected of them.
+    // The selected part of the words.
     property int selectionStart: 0
     property int selectionEnd: 0
 
-    // Kept by its view for later use, it is not there for a screen reader either.
+    // A row that the view keeps for later use is hidden from a screen reader, too.
     ListView.onPooled: visible = false
     ListView.onReused: visible = true
 }

@@ -1,13 +1,13 @@
 import QtQuick
 import Palomet.Kit
 
-// One setting: its title and hint on the left, its control on the right, every control beginning on the same line.
+// One setting: its title and hint on the left, its control on the right. All controls begin at the same x.
 ZenRow {
     id: root
 
     property string title
     property string hint
-    // Where a title is cut that is data, a path; other titles wrap.
+    // Where a title is cut that is a path. Other titles wrap.
     property int titleElide: Text.ElideNone
     // The control that a press on the words presses.
     property Pressable buddy: null

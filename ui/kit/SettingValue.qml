@@ -5,7 +5,7 @@ Item {
     id: root
 
     property string text
-    // What has this value, and what there is to say about it.
+    // The setting's title and hint, for a screen reader.
     property string name
     property string description
 

@@ -3,7 +3,7 @@ import QtQuick
 import Palomet.Kit
 import "signs.js" as Signs
 
-// Text with the signs of keys in it, "⌃⌥K", each sign drawn as on a cap. It wraps between words.
+// Text with the signs of keys in it, "⌃⌥K". Each sign is drawn as on a cap; lines wrap between words.
 Item {
     id: root
 
@@ -60,7 +60,7 @@ Item {
                         required property string modelData
                         readonly property string icon: Signs.icons[modelData] ?? ""
 
-                        // Whole, so that every picture lies on whole pixels.
+                        // A whole number, so that every icon lies on whole pixels.
                         width: icon ? sign.width : Math.ceil(letters.implicitWidth)
                         height: root.box
 

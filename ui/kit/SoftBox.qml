@@ -1,7 +1,7 @@
 import QtQuick
 import Palomet.Kit
 
-// A box whose colours become others softly, as it is pointed at, held or reached.
+// A box whose colours change softly, as it is pointed at, held or reached.
 ZenBox {
     id: root
 

@@ -1,16 +1,16 @@
 import QtQuick
 import Palomet.Kit
 
-// The box of a tool tip, under its host, or over it at the window's end, or beside what it must not cover; without a host,
-// where it is put.
+// The box of a tool tip. It stands under its host, over it where there is no room below, or beside the item that it must not
+// cover. Without a host it stays where it is put.
 ZenBox {
     id: root
 
     property Item host: null
-    // What it must not cover.
+    // The item that it must not cover.
     property Item beside: null
     required property string text
-    // How wide its lines may be.
+    // The greatest width of its lines.
     property real limit: 480
 
     function placeUnder(): void {

@@ -12,7 +12,7 @@ Window {
     width: box.width
     height: box.height
     flags: Qt.ToolTip | Qt.WindowDoesNotAcceptFocus
-    // Not the program's name, which is what its other windows are called.
+    // Not the program's name, which is the title of its other windows.
     title: text
     color: Zen.gray0
     visible: true

@@ -2,15 +2,15 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Palomet.Kit
 
-// Words that appear beside the pointer when it rests on an item: the parent. Plain text, whatever it says.
+// Plain text that appears when the pointer rests on the parent.
 Item {
     id: root
 
     property string text
     property bool isWanted: false
-    // Whether the parent's own window has no room for it.
+    // Whether it needs a window of its own, because the parent's has no room for it.
     property bool isOutside: false
-    // What must not be covered by it.
+    // The item that it must not cover.
     property Item beside: null
     property bool isOpen: false
     readonly property bool isDue: isWanted && Exposure.isShown && text !== ""

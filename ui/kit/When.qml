@@ -1,6 +1,6 @@
 import QtQuick
 
-// Makes its content while a condition holds, and only then: a pane, an open list, a tool tip.
+// Has its content only while a condition holds: a pane, an open list, a tool tip.
 Repeater {
     property bool holds: false
 

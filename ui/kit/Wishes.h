@@ -8,8 +8,8 @@ class QQmlEngine;
 
 namespace palomet {
 
-/// What the desktop asks of everything that is shown; one an engine. Everything that moves asks here first whether it
-/// may, and the palette whether its inks have to be stronger.
+/// What the desktop asks of the interface; one an engine. Everything that moves asks here first whether it may, and the
+/// palette whether its colours have to be stronger.
 class Wishes : public QObject {
     Q_OBJECT
     QML_ELEMENT

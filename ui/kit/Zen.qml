@@ -18,8 +18,8 @@ QtObject {
     readonly property color red6: "#FA5252"
     readonly property color red7: "#F03E3E"
 
-    // What is written and drawn, by its part. Text has 4.5 to 1 against its ground, and 7 to 1 where the desktop asks for more
-    // contrast; what a control is known by has 3 to 1. What is disabled, and rules, may have less.
+    // Colours by their use. Text has a contrast of 4.5 to 1, or 7 to 1 where the desktop asks for more; the edge or fill by
+    // which a control is recognised has 3 to 1. Rules and disabled controls may have less.
     readonly property bool isContrastRaised: Wishes.isContrastRaised
     readonly property color bodyInk: isContrastRaised ? gray7 : gray6
     readonly property color noteInk: isContrastRaised ? gray6 : gray5
@@ -58,10 +58,28 @@ QtObject {
     readonly property int column: 640
     readonly property int controlColumn: 320
     readonly property int roleColumn: 110
+    readonly property int timeColumn: 48
+    readonly property int durationColumn: 64
+    // A setting's box by its content: a number, a name, a long name, a line of text, a path.
+    readonly property list<int> boxWidths: [160, 200, 240, controlColumn, controlColumn]
+
+    // The baselines that the sidebar and the page's header share: the wordmark's and the crumb's, the first group's and the
+    // title's. The subtitle's is the page's alone.
+    readonly property int crumbLine: 35
+    readonly property int titleLine: 82
+    readonly property int subtitleLine: 113
+
+    // The strip: its margins, its stop key, and the space between that key's edge and its word.
+    readonly property int stripMargin: 14
+    readonly property int stopKey: 20
+    readonly property int stopInset: 6
 
     readonly property int iconSidebar: 18
     readonly property int icon: 16
     readonly property int iconSmall: 14
+    // As wide as the widest glyph of a state, so that the word beside it stays where it is.
+    readonly property int glyphSlot: 23
+    readonly property int glyphSlotCompact: 20
 
     // Milliseconds. Everything that moves asks isMotionReduced first.
     readonly property int hoverTime: 90
@@ -70,7 +88,7 @@ QtObject {
     readonly property int fallTime: 180
     readonly property int stepTime: 400
     readonly property int tipTime: 600
-    // How long what is typed in a row belongs together.
+    // Letters typed within this time form one text.
     readonly property int typingTime: 1000
     readonly property bool isMotionReduced: Wishes.isMotionReduced
 
@@ -85,19 +103,19 @@ QtObject {
     // The static shape of every level meter, tallest in the middle.
     readonly property list<real> levelShape: [0.55, 0.85, 1.0, 0.75, 0.5]
 
-    // As much of a text as one line can show, and far more: laying out all of a long one takes seconds.
-    // It is not said to be a text: at a call of a text's own function qmllint 6.4 now and then crashes.
+    // The beginning of a text, more than any line can show: laying out all of a long one takes seconds.
+    // The text is declared var: qmllint 6.4 sometimes crashes where a string's own function is called.
     function head(text: var): string {
         return text.length > 500 ? text.slice(0, 500) + "…" : text;
     }
 
-    // Where Montserrat's ascent ends, in the sixty-fourths of a pixel that the font engine counts in.
+    // Montserrat's ascent, rounded to the sixty-fourths of a pixel that the font engine counts in.
     function ascent(size: int): real {
         return Math.round(size * 0.968 * 64) / 64;
     }
 
-    // The baseline of a line of text in a line box, from the box's top: the leading is split above and below, and the
-    // line comes to stand on a whole pixel.
+    // The baseline of a line of text, from the top of its line box. The leading is split above and below; the baseline is a
+    // whole pixel.
     function baseline(size: int, box: int): int {
         const above = Math.round(size * 0.968);
         const below = Math.round(size * 0.251);

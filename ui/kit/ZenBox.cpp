@@ -57,7 +57,7 @@ void ZenBox::paint(QPainter *painter) {
     ring.addRoundedRect(outer, radius, radius);
     // Two windings make the inside a hole, without the cost of subtracting paths.
     ring.addPath(inside);
-    // The fill ends under the middle of the edge, so that neither border shines through the other.
+    // The fill ends under the middle of the edge, so that no background shines through between them.
     const qreal middle = line / 2;
     painter->setBrush(m_color);
     painter->drawRoundedRect(outer.adjusted(middle, middle, -middle, -middle), radius - middle, radius - middle);

@@ -17,7 +17,7 @@ class ZenBox : public QQuickPaintedItem {
     Q_PROPERTY(Line line READ line WRITE setLine NOTIFY changed FINAL)
 
 public:
-    /// How an edge meets the pixels: straight edges are whole pixels wide, a ring is as wide as it says.
+    /// Whole: the edge is rounded to whole pixels, for straight lines. Exact: it is as wide as it says, for rings.
     enum class Line { Whole, Exact };
     Q_ENUM(Line)
 

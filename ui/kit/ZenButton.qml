@@ -1,7 +1,7 @@
 import QtQuick
 import Palomet.Kit
 
-// A button: the dark one is what the page is for, the light ones are everything else.
+// A button: dark for the page's main action, light for all others.
 Pressable {
     id: root
 

@@ -1,7 +1,7 @@
 import QtQuick
 
-// Tight headings and the big values of cells. A line hangs by its own left bearing, so that its ink begins on the margin
-// whatever its first letter is; `isHung` turns that off where something stands before it.
+// Tight headings and the big values of cells. Hung, a line begins with its ink, not its left bearing, on the margin,
+// whatever its first letter is.
 ZenText {
     id: root
 

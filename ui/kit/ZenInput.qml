@@ -1,14 +1,14 @@
 pragma ComponentBehavior: Bound
 import QtQuick
 
-// A line that can be typed in, with what it asks for in light letters while it is empty.
+// A line to type in, with a placeholder while it is empty.
 TextInput {
     id: root
 
     property string placeholder
     property string name
     property string description
-    // What its keys are for first.
+    // Gets the keys before the line does.
     property Item menu: null
 
     leftPadding: Zen.space3

@@ -1,6 +1,6 @@
 import QtQuick
 
-// What every row has in common: its width, and the rule that parts it from the row above.
+// The base of every row: it sets the width, and draws the rule under the row above.
 Item {
     // In a column, the first row is the one at the top.
     property bool isFirst: y === 0

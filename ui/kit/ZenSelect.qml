@@ -2,18 +2,18 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Palomet.Kit
 
-// One choice out of several: the box shows the current one, a press opens the list of all, if there are any. Picking asks
-// for the choice; the box changes when its owner says so.
+// One choice out of several. The box shows the current one; a press opens the list, if there are choices. Picking one only
+// asks for it: the box changes when its owner says so.
 Pressable {
     id: root
 
     // The current choice in words; it need not be among the choices.
     property string value
-    // What may be chosen, each with an `id` and a `title`.
+    // Each has an `id` and a `title`.
     property var choices: []
     property string selected
     property bool isBusy: false
-    // What stands in the box while a choice is being applied.
+    // Stands in the box while a choice is being applied.
     property string busyText
     property bool startOpen: false
     property bool isOpen: false
@@ -22,7 +22,7 @@ Pressable {
     property bool isPressOpening: false
     property string name
     property string description
-    // Where a value or a title is too long: at its right, or in the middle for paths.
+    // Where a long value or title is cut: at its right, or, for a path, in the middle.
     property int valueElide: Text.ElideRight
 
     signal picked(id: string)

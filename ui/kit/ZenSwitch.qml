@@ -1,7 +1,7 @@
 import QtQuick
 import Palomet.Kit
 
-// An on/off switch. It has no state of its own: a press asks for the other position, and the switch moves when its owner
+// An on/off switch without a state of its own: a press asks for the other position, and the switch moves when its owner
 // says so.
 Pressable {
     id: root

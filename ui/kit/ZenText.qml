@@ -1,7 +1,6 @@
 import QtQuick
 
-// Text in a line box of a fixed height, its baseline where Zen.baseline has it. What is written is what is shown:
-// markup is never interpreted.
+// Plain text in a line box of a fixed height, its baseline where Zen.baseline has it.
 Text {
     property int size: 13
     property int box: 20
@@ -13,7 +12,7 @@ Text {
     font.weight: Zen.medium
     lineHeightMode: Text.FixedHeight
     lineHeight: box
-    // The leading stands below the line otherwise.
+    // Without it, all of the leading would stand below the line.
     topPadding: Zen.baseline(size, box) - Zen.ascent(size)
     bottomPadding: -topPadding
 }

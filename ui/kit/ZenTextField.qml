@@ -1,7 +1,7 @@
 import QtQuick
 
-// A line of text that is edited and then committed with Return: trimmed, not empty, and changed. Leaving it any other way
-// puts back what was there; looking at another window is not leaving it.
+// A line of text to edit. Return commits it, trimmed, where it is not empty and has changed. Leaving it any other way
+// restores its value; switching to another window does not leave it.
 Item {
     id: root
 
@@ -16,7 +16,7 @@ Item {
     property alias isPointed: look.isPointed
     property alias isFocused: look.isFocused
     property bool isEditing: false
-    // What was committed is being applied; what says so stands at the end.
+    // A committed text is being applied; `busyText` says so at the end of the line.
     property bool isBusy: false
     property string busyText
 
@@ -29,7 +29,7 @@ Item {
         leave();
     }
 
-    // The focus stays at this place, so that Tab goes on from here.
+    // The focus stays here, so that Tab goes on from this field.
     function leave(): void {
         forceActiveFocus();
     }

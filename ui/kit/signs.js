@@ -1,6 +1,6 @@
 .pragma library
 
-// The signs of keys. The typeface has none of them: each is drawn with an icon of the set, on caps and in texts alike.
+// The signs of keys, each with the icon that draws it, on caps and in texts: the typeface has none of them.
 const icons = {
     "⌃": "chevron-up",
     "⌥": "option",

@@ -23,7 +23,7 @@ namespace palomet::Preview {
 /// Fills the model with sample data in the user's language, a few minutes before the model's clock.
 void fill(PalometModel &model);
 
-/// What is filled in, as a backend would send it, for a clock in milliseconds since the Unix epoch.
+/// The sample documents, as a backend would send them, for a clock in milliseconds since the Unix epoch.
 struct Documents {
     QByteArray state;
     QByteArray options;
@@ -31,8 +31,8 @@ struct Documents {
 };
 [[nodiscard]] Documents documents(double clock);
 
-/// Writes what the window shows to a PNG file, in the pixels of its screen. Fails when the window cannot be drawn or
-/// the file cannot be written.
+/// Writes the window's content to a PNG file, in the pixels of its screen. Fails when the window cannot be drawn or the
+/// file cannot be written.
 Result<QSize> capture(QQuickWindow &window, const QString &path);
 
 } // namespace palomet::Preview

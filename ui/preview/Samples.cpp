@@ -1,4 +1,4 @@
-#include "ui/localization/Localization.h"
+#include "localization/Localization.h"
 #include "ui/preview/Preview.h"
 
 #include <QDateTime>
@@ -100,7 +100,7 @@ QJsonObject state(double clock) {
             {u"session"_qs, QJsonObject{{u"model"_qs, u"claude-haiku-5-5"_qs},
                                         {u"claudePath"_qs, u"/home/user/.local/bin/claude"_qs},
                                         {u"claudeVersion"_qs, u"2.1.0"_qs},
-                                        // A little more: whole minutes are counted, and a fraction is soon lost.
+                                        // A little more than 42 minutes: the display counts whole ones, rounded down.
                                         {u"startedAt"_qs, clock - 42 * minute - 5 * second},
                                         {u"isReady"_qs, true}}},
             {u"heard"_qs, heard},

@@ -3,23 +3,21 @@ import QtQuick
 import Palomet.Kit
 import Palomet.Ui
 
-// How it thinks, and what it may do.
+// The brain pane: how it thinks, and what it may do.
 ColumnPage {
     id: root
 
     required property BrainScreen screen
 
-    SettingsBlock {
-        title: Words.t("brain.sessionBlock")
+    actions: ZenButton {
+        title: Words.t("button.openLog")
+        icon: "file-text"
+        onClicked: root.screen.openLog()
+    }
 
-        ChoiceRow {
-            setting: root.screen.brainModel
-        }
-        ChoiceRow {
-            setting: root.screen.claude
-            boxWidth: 320
-            valueElide: Text.ElideMiddle
-        }
+    SettingsBlock {
+        group: root.screen.session
+
         SettingRow {
             id: whenDown
 
@@ -35,7 +33,7 @@ ColumnPage {
     }
     SettingsBlock {
         title: Words.t("brain.confirmBlock")
-        // A heading over nothing would say that something is missing.
+        // Without actions, a heading would suggest that something is missing.
         visible: actions.count > 0
 
         Repeater {
@@ -103,8 +101,7 @@ ColumnPage {
         }
 
         after: [
-            Item {
-                width: 1
+            Gap {
                 height: Zen.space3
             },
             ZenButton {
@@ -112,8 +109,7 @@ ColumnPage {
                 icon: "folder-plus"
                 onClicked: root.screen.addFolder()
             },
-            Item {
-                width: 1
+            Gap {
                 height: Zen.space5
             },
             ZenNote {

@@ -1,8 +1,7 @@
 #include "ui/screens/BrainScreen.h"
 
-#include "model/Format.h"
-#include "ui/localization/Localization.h"
-#include "ui/localization/TextFormat.h"
+#include "localization/TextFormat.h"
+#include "model/SettingKey.h"
 
 #include <QJsonArray>
 #include <QPointer>
@@ -13,13 +12,10 @@ namespace palomet {
 
 namespace {
 
-/// What stands where nothing is known.
-const QString absent = QStringLiteral("\u2014");
-
-/// The version first: a path that is too long is cut in its middle.
+/// The version stands first, because a long path is cut in its middle.
 QString claudeTitle(const Options::ClaudePath &claude) {
     if (claude.path.isEmpty())
-        return claude.version.isEmpty() ? absent : isolated(claude.version);
+        return claude.version.isEmpty() ? unknownValue : isolated(claude.version);
     return claude.version.isEmpty() ? isolated(claude.path)
                                     : isolated(claude.version) + QStringLiteral(" \u00B7 ") + isolated(claude.path);
 }
@@ -66,20 +62,40 @@ QHash<int, QByteArray> FolderRows::roleNames() const {
     return {{Folder, "folder"}, {Title, "title"}};
 }
 
-BrainScreen::BrainScreen(PalometModel &model, QString home, FolderPicker pickFolders)
+BrainScreen::BrainScreen(PalometModel &model, QString home, FolderPicker pickFolders, std::function<void()> openLog)
     : Screen(model)
     , m_home(std::move(home))
     , m_pickFolders(std::move(pickFolders))
+    , m_openLog(std::move(openLog))
     , m_folders(m_home) {
-    follow(&PalometModel::snapshotChanged, [this] { updateSettings(); });
-    follow(&PalometModel::applyingChanged, [this] { updateSettings(); });
+    follow(&PalometModel::snapshotChanged, [this] { updateAll(); });
     follow(&PalometModel::optionsChanged, [this] { updateAll(); });
-    const auto pick = [this](ChoiceSetting &setting, const char *key) {
-        connect(&setting, &ChoiceSetting::asked, this,
-                [this, key](const QString &id) { this->model().set(QString::fromLatin1(key), id); });
+}
+
+Choices BrainScreen::executables() {
+    const auto current = [](const PalometModel &model) -> std::optional<Choice> {
+        if (!model.settings())
+            return {};
+        const auto path = model.settings()->claudePath.value_or(QString());
+        // Left to the backend: shows the executable of its session.
+        if (path.isEmpty())
+            return Choice{path,
+                          claudeTitle({model.snapshot()->session.claudePath, model.snapshot()->session.claudeVersion})};
+        if (!model.options())
+            return Choice{path, path};
+        const auto &all = model.options()->claudePaths;
+        const auto known = std::find_if(all.begin(), all.end(), [&](const auto &entry) { return entry.path == path; });
+        return Choice{path, known == all.end() ? path : claudeTitle(*known)};
     };
-    pick(m_brainModel, "brainModel");
-    pick(m_claude, "claudePath");
+    const auto offered = [](const PalometModel &model) {
+        std::vector<Choice> choices;
+        if (!model.options())
+            return choices;
+        for (const auto &claude : model.options()->claudePaths)
+            choices.push_back({claude.path, claudeTitle(claude)});
+        return choices;
+    };
+    return {.key = settingKey(&Settings::claudePath), .current = current, .offered = offered};
 }
 
 QString BrainScreen::abbreviated(const QString &path, const QString &home) {
@@ -89,81 +105,45 @@ QString BrainScreen::abbreviated(const QString &path, const QString &home) {
 }
 
 void BrainScreen::setConfirmed(const QString &id, bool isConfirmed) {
-    if (!settings())
+    if (!model().settings())
         return;
-    auto actions = settings()->confirmActions;
+    auto actions = model().settings()->confirmActions;
     if (isConfirmed)
         actions.push_back(id);
     else
         std::erase(actions, id);
-    model().set(QStringLiteral("confirmActions"), list(actions));
+    model().set(settingKey(&Settings::confirmActions), list(actions));
 }
 
 void BrainScreen::removeFolder(const QString &folder) {
-    if (!settings())
+    if (!model().settings())
         return;
-    auto folders = settings()->folders;
+    auto folders = model().settings()->folders;
     std::erase(folders, folder);
-    model().set(QStringLiteral("folders"), list(folders));
+    model().set(settingKey(&Settings::folders), list(folders));
 }
 
 void BrainScreen::addFolder() {
     m_pickFolders([self = QPointer(this)](const QStringList &picked) {
-        // The answer may come after the window's end; and without a snapshot there is nothing to add to.
-        if (self && self->settings())
+        // The answer may come after this screen's end. Without a snapshot there is no list to add to.
+        if (self && self->model().settings())
             self->addFolders(picked);
     });
 }
 
 void BrainScreen::addFolders(const QStringList &picked) {
-    auto folders = settings()->folders;
+    auto folders = model().settings()->folders;
     for (const auto &folder : picked) {
         if (std::find(folders.begin(), folders.end(), folder) == folders.end())
             folders.push_back(folder);
     }
-    model().set(QStringLiteral("folders"), list(folders));
+    model().set(settingKey(&Settings::folders), list(folders));
 }
 
 void BrainScreen::updateAll() {
-    updateChoices();
-    updateSettings();
-}
-
-void BrainScreen::updateChoices() {
-    std::vector<Choice> models;
-    std::vector<Choice> claudes;
-    if (const auto &options = model().options()) {
-        for (const auto &id : options->models)
-            models.push_back({id, Format::model(id)});
-        for (const auto &claude : options->claudePaths)
-            claudes.push_back({claude.path, claudeTitle(claude)});
-    }
-    m_brainModel.offer(std::move(models));
-    m_claude.offer(std::move(claudes));
-}
-
-void BrainScreen::updateSettings() {
-    const auto *now = settings();
-    m_brainModel.show({.value = now ? Format::model(now->brainModel) : absent,
-                       .selected = now ? now->brainModel : QString(),
-                       .isBusy = isApplying(u"brainModel")});
-
-    const auto path = now ? now->claudePath.value_or(QString()) : QString();
-    const auto &options = model().options();
-    ChoiceSetting::Shown claude{.value = path, .selected = path, .isBusy = isApplying(u"claudePath")};
-    if (options) {
-        const auto &all = options->claudePaths;
-        const auto known = std::find_if(all.begin(), all.end(), [&](const auto &entry) { return entry.path == path; });
-        if (known != all.end())
-            claude.value = claudeTitle(*known);
-    }
-    // Left to the backend: the one that it took.
-    if (path.isEmpty())
-        claude.value = now ? claudeTitle({snapshot()->session.claudePath, snapshot()->session.claudeVersion}) : absent;
-    m_claude.show(std::move(claude));
-
+    const auto *now = model().settings();
     std::vector<std::tuple<QString, QString, bool>> actions;
-    if (options) {
+    if (const auto &options = model().options()) {
         for (const auto &action : options->confirmActions) {
             const bool isOn = now && std::find(now->confirmActions.begin(), now->confirmActions.end(), action.id) !=
                                          now->confirmActions.end();
@@ -173,7 +153,7 @@ void BrainScreen::updateSettings() {
     m_confirmActions.assign(std::move(actions));
     m_folders.assign(now ? now->folders : std::vector<QString>());
 
-    const auto folder = now ? abbreviated(now->workingFolder, m_home) : absent;
+    const auto folder = now ? abbreviated(now->workingFolder, m_home) : unknownValue;
     if (m_workingFolder != folder) {
         m_workingFolder = folder;
         Q_EMIT workingFolderChanged();

@@ -1,8 +1,7 @@
 #pragma once
 
+#include "ui/screens/ChoiceSetting.h"
 #include "ui/screens/RowModel.h"
-#include "ui/screens/Screen.h"
-#include "ui/screens/Setting.h"
 
 #include <QStringList>
 
@@ -40,23 +39,21 @@ private:
 /// Asks the user for folders and calls `picked` with them, at once or later; not at all when the user cancels.
 using FolderPicker = std::function<void(std::function<void(const QStringList &folders)> picked)>;
 
-/// The reasoning side: what the brain pane shows and what it sends.
+/// The brain pane: what it shows and what it sends.
 class BrainScreen final : public Screen {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("Screens come from the window.")
-    Q_PROPERTY(palomet::ChoiceSetting *brainModel READ brainModel CONSTANT FINAL)
-    Q_PROPERTY(palomet::ChoiceSetting *claude READ claude CONSTANT FINAL)
+    Q_PROPERTY(palomet::SettingGroup *session READ session CONSTANT FINAL)
     Q_PROPERTY(QAbstractItemModel *confirmActions READ confirmActions CONSTANT FINAL)
     Q_PROPERTY(QAbstractItemModel *folders READ folders CONSTANT FINAL)
     Q_PROPERTY(QString workingFolder READ workingFolder NOTIFY workingFolderChanged FINAL)
 
 public:
-    /// `home` is the user's home folder.
-    BrainScreen(PalometModel &model, QString home, FolderPicker pickFolders);
+    /// `home` is the user's home folder; `openLog` shows the backend's log file.
+    BrainScreen(PalometModel &model, QString home, FolderPicker pickFolders, std::function<void()> openLog);
 
-    [[nodiscard]] ChoiceSetting *brainModel() { return &m_brainModel; }
-    [[nodiscard]] ChoiceSetting *claude() { return &m_claude; }
+    [[nodiscard]] SettingGroup *session() { return &m_session; }
     [[nodiscard]] QAbstractItemModel *confirmActions() { return &m_confirmActions; }
     [[nodiscard]] QAbstractItemModel *folders() { return &m_folders; }
     [[nodiscard]] QString workingFolder() const { return m_workingFolder; }
@@ -64,8 +61,9 @@ public:
     Q_INVOKABLE void setConfirmed(const QString &id, bool isConfirmed);
     Q_INVOKABLE void removeFolder(const QString &folder);
     Q_INVOKABLE void addFolder();
+    Q_INVOKABLE void openLog() { m_openLog(); }
 
-    /// The path with the user's home folder, when it lies in it, as "~".
+    /// The path with "~" for the user's home folder, if it lies in it.
     [[nodiscard]] static QString abbreviated(const QString &path, const QString &home);
 
 Q_SIGNALS:
@@ -75,14 +73,19 @@ protected:
     void updateAll() override;
 
 private:
+    using Settings = Snapshot::Settings;
+    using Content = Setting::Content;
+
+    [[nodiscard]] static Choices executables();
     void addFolders(const QStringList &picked);
-    void updateChoices();
-    void updateSettings();
 
     const QString m_home;
     const FolderPicker m_pickFolders;
-    ChoiceSetting m_brainModel{"brain.model", "brain.model.hint"};
-    ChoiceSetting m_claude{"Claude Code", "brain.claude.hint"};
+    const std::function<void()> m_openLog;
+    SettingGroup m_session{*this, "brain.sessionBlock"};
+    ChoiceSetting m_brainModel{m_session, "brain.model", names(&Settings::brainModel, &Options::models, &Format::model),
+                               Content::Name};
+    ChoiceSetting m_claude{m_session, {"Claude Code", "brain.claude.hint"}, executables(), Content::Path};
     ConfirmActions m_confirmActions;
     FolderRows m_folders;
     QString m_workingFolder;

@@ -2,10 +2,6 @@
 
 #include <QObject>
 #include <QString>
-#include <QVariant>
-
-#include <span>
-#include <vector>
 
 namespace palomet {
 
@@ -21,14 +17,5 @@ public:
 
     bool operator==(const Choice &) const = default;
 };
-
-/// Choices that are called what they are.
-[[nodiscard]] std::vector<Choice> plainChoices(const std::vector<QString> &names);
-
-/// Durations to choose from: each is sent as whole milliseconds.
-[[nodiscard]] std::vector<Choice> secondsChoices(std::span<const double> seconds);
-
-/// The milliseconds that a choice stands for; the default end of speech when it is no number.
-[[nodiscard]] int millisecondsFrom(const QString &id);
 
 } // namespace palomet

@@ -12,7 +12,7 @@ SelectableRow {
     required property string duration
 
     readonly property bool isTool: kind === "tool"
-    // Whether this is more of the text of the row before.
+    // Whether it continues the text of the row before.
     required property bool isContinued
     readonly property int line: isContinued ? 0 : rule + Zen.space3
 
@@ -32,7 +32,7 @@ SelectableRow {
 
         x: Zen.roleColumn
         y: root.line
-        width: root.width - x - Zen.space5 - 48 - 64
+        width: root.width - x - Zen.space5 - Zen.timeColumn - Zen.durationColumn
         text: root.words
         selectionStart: root.selectionStart
         selectionEnd: root.selectionEnd
@@ -40,7 +40,7 @@ SelectableRow {
         color: root.kind === "user" ? Zen.gray9 : root.isTool ? Zen.noteInk : Zen.gray8
     }
     ZenData {
-        x: root.width - 64 - 48
+        x: root.width - Zen.durationColumn - Zen.timeColumn
         y: root.line + Zen.baseline(13, 21) - Zen.baseline(12, 20)
         text: root.clock
         size: 12

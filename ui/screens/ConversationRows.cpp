@@ -1,7 +1,7 @@
 #include "ui/screens/ConversationRows.h"
 
+#include "localization/Localization.h"
 #include "model/Format.h"
-#include "ui/localization/Localization.h"
 #include "ui/screens/Pieces.h"
 
 #include <algorithm>
@@ -28,7 +28,7 @@ bool isLong(const QString &text) {
     return text.size() > longestPiece;
 }
 
-/// What a row that goes on with a text has of the one that begins it, beside its piece.
+/// A continuing row for a text that begins in `row`, without its piece of the text.
 Snapshot::Row continued(const Snapshot::Row &row) {
     Snapshot::Row next;
     next.role = row.role;
@@ -41,7 +41,7 @@ Snapshot::Heard continued(const Snapshot::Heard &heard) {
     return {.at = 0, .text = {}, .action = heard.action, .reason = {}};
 }
 
-/// The rows, long texts in pieces.
+/// The rows, with long texts cut in pieces.
 template <typename Row>
 std::vector<Row> inPieces(std::vector<Row> rows) {
     if (std::none_of(rows.begin(), rows.end(), [](const auto &row) { return isLong(row.text); }))
@@ -60,14 +60,14 @@ std::vector<Row> inPieces(std::vector<Row> rows) {
                 cut.back().at = piece.isAfterBreak ? continuedAfterBreak : continuedInLine;
         }
         if constexpr (requires { row.reason; }) {
-            // It stands under the text.
+            // The reason stands under the whole text.
             std::swap(cut[first].reason, cut.back().reason);
         }
     }
     return cut;
 }
 
-/// As it is laid out: there, two characters that end a line would be one.
+/// The text as it is laid out, where a line end is one character: positions in it must agree.
 QString words(const QString &text) {
     return text.contains(u'\r') ? QString(text).replace(QStringLiteral("\r\n"), QStringLiteral("\n")) : text;
 }

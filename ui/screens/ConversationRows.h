@@ -5,15 +5,15 @@
 
 namespace palomet {
 
-/// The turns of the current conversation, the one that is still being produced last. As in the lists below, a long text
-/// comes in several rows, of which the later ones say that they continue.
+/// The turns of the current conversation; the one that is still being produced is last. In all lists here, a long text
+/// takes several rows, and the later ones say that they continue it.
 class ConversationRows final : public RowModel<Snapshot::Row> {
     Q_OBJECT
 
 public:
     enum Role { Kind = Qt::UserRole, Label, Words, Clock, Duration, IsContinued, Joint };
 
-    /// Null: no conversation.
+    /// Null for no conversation.
     void show(const std::shared_ptr<const Snapshot> &snapshot);
 
     [[nodiscard]] QVariant data(const QModelIndex &index, int role) const override;
@@ -43,7 +43,7 @@ public:
     /// `now` in milliseconds since the Unix epoch.
     void show(const Snapshot *snapshot, double now);
 
-    /// What the backend did with an utterance, in words; a code that has none is shown as it is.
+    /// The words for what the backend did with an utterance; a code without words is shown as it is.
     [[nodiscard]] static QString action(const QString &code);
 
     [[nodiscard]] QVariant data(const QModelIndex &index, int role) const override;

@@ -4,46 +4,22 @@ import Palomet.Kit
 import Palomet.Ui
 
 // What was dictated so far, and what can be done with it.
-Column {
+RowsBlock {
     id: root
 
     required property NowScreen screen
-    required property ScreenPage page
-    required property real position
 
-    width: parent ? parent.width : 0
-    visible: rows.count > 0
+    title: Words.t("draft.title")
+    model: screen.draftRows
+    delegate: EntryRow {
+        required property int index
 
-    Item {
-        width: 1
-        height: Zen.space6
+        isFirst: index === 0
+        selectionStart: root.words.startIn(index, root.words.revision)
+        selectionEnd: root.words.endIn(index, root.words.revision)
     }
-    BlockLabel {
-        text: Words.t("draft.title")
-    }
-    Item {
-        width: 1
-        height: Zen.space2
-    }
-    WindowedRows {
-        id: rows
 
-        width: root.width
-        page: root.page
-        position: root.position + y
-        name: Words.t("draft.title")
-        model: root.screen.draftRows
-
-        delegate: EntryRow {
-            required property int index
-
-            isFirst: index === 0
-            selectionStart: rows.words.startIn(index, rows.words.revision)
-            selectionEnd: rows.words.endIn(index, rows.words.revision)
-        }
-    }
-    Item {
-        width: 1
+    Gap {
         height: Zen.space2
     }
     Row {
@@ -61,12 +37,11 @@ Column {
             onClicked: root.screen.act()
         }
     }
-    Item {
-        width: 1
+    Gap {
         height: Zen.space1
     }
     ZenNote {
         width: root.width
-        text: root.screen.draftNote
+        text: root.screen.shown.draftNote
     }
 }

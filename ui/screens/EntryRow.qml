@@ -1,7 +1,7 @@
 import QtQuick
 import Palomet.Kit
 
-// Something said at some time, and what came of it.
+// An utterance: its time, its words, and what became of it.
 SelectableRow {
     id: root
 
@@ -11,7 +11,7 @@ SelectableRow {
     property string action
     property bool isQuiet: false
 
-    // Whether this is more of the text of the row before.
+    // Whether it continues the text of the row before.
     required property bool isContinued
     readonly property int line: isContinued ? 0 : rule + Zen.space3
     readonly property color ink: isQuiet ? Zen.noteInk : Zen.gray9

@@ -2,8 +2,8 @@ import QtQuick
 import Palomet.Kit
 import Palomet.Ui
 
-// The menu of a field that is typed in: lies over the field, and takes of it the right button and the keys, which the field
-// hands to its `menu` first.
+// The menu of a field. It lies over the field and takes the right button there, and the keys that the field forwards to its
+// `menu` first.
 MouseArea {
     id: root
 

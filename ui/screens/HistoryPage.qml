@@ -3,7 +3,7 @@ import QtQuick
 import Palomet.Kit
 import Palomet.Ui
 
-// Past conversations, one line each.
+// The history pane: past conversations, one line each.
 ListPage {
     id: root
 
@@ -16,8 +16,7 @@ ListPage {
         BlockLabel {
             text: Words.t("history.title")
         },
-        Item {
-            width: 1
+        Gap {
             height: Zen.space2
         },
         HairLine {
@@ -41,8 +40,7 @@ ListPage {
         selectionEnd: root.words.endIn(index, root.words.revision)
     }
     foot: [
-        Item {
-            width: 1
+        Gap {
             height: Zen.space5
             visible: root.rows.count === 0
         },
@@ -51,8 +49,7 @@ ListPage {
             visible: root.rows.count === 0
             text: Words.t("history.empty")
         },
-        Item {
-            width: 1
+        Gap {
             height: Zen.space3
         },
         ZenNote {

@@ -1,7 +1,7 @@
 #include "ui/screens/HistoryScreen.h"
 
+#include "localization/Localization.h"
 #include "model/Format.h"
-#include "ui/localization/Localization.h"
 
 namespace palomet {
 
@@ -42,7 +42,7 @@ void HistoryScreen::updateDay() {
         return;
     m_offset = offset;
     m_today = today;
-    // At midnight, today becomes yesterday; in another time zone, every hour another.
+    // The days change at midnight, the hours with the time zone.
     m_rows.touch({HistoryRows::Day});
 }
 

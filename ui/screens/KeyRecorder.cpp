@@ -1,7 +1,7 @@
 #include "ui/screens/KeyRecorder.h"
 
-#include "shortcuts/KeyCodes.h"
-#include "ui/localization/Localization.h"
+#include "localization/Localization.h"
+#include "shortcuts/Keys.h"
 #include "ui/screens/KeyWords.h"
 
 #include <QCoreApplication>
@@ -10,10 +10,6 @@
 namespace palomet {
 
 namespace {
-
-constexpr quint32 escapeCode = 53;
-constexpr quint32 deleteCode = 51;
-constexpr quint32 forwardDeleteCode = 117;
 
 quint64 flagsOf(Qt::KeyboardModifiers modifiers) {
     quint64 flags = 0;
@@ -28,7 +24,7 @@ quint64 flagsOf(Qt::KeyboardModifiers modifiers) {
     return flags;
 }
 
-/// A key that is only held: no combination by itself.
+/// A key that is only held is no combination by itself.
 bool isModifier(int key) {
     switch (key) {
     case Qt::Key_Shift:
@@ -47,21 +43,15 @@ bool isModifier(int key) {
     }
 }
 
-/// A key that does its own work in every program: no shortcut either.
+/// A key that locks works by itself in every program, and is no shortcut either.
 bool isLock(int key) {
     return key == Qt::Key_CapsLock || key == Qt::Key_NumLock || key == Qt::Key_ScrollLock;
 }
 
-/// Leads to what is next, or before, and so away from here.
+/// Tab leads to the next control or the one before.
 bool isTab(const QKeyEvent &event) {
     const bool isPlain = (event.modifiers() & ~Qt::ShiftModifier) == Qt::NoModifier;
     return isPlain && (event.key() == Qt::Key_Tab || event.key() == Qt::Key_Backtab);
-}
-
-/// The position of the key on the keyboard. X numbers the keys as the kernel does, plus eight.
-std::optional<quint32> keyCodeOf(const QKeyEvent &event) {
-    const auto scanCode = event.nativeScanCode();
-    return scanCode < 8 ? std::nullopt : KeyCodes::fromEvdev(static_cast<quint16>(scanCode - 8));
 }
 
 } // namespace
@@ -72,6 +62,7 @@ KeyRecorder::KeyRecorder(Role role, Shortcuts &shortcuts, const KeyboardLayout &
     , m_layout(layout) {
     connect(&m_shortcuts, role == Role::Listen ? &Shortcuts::listenChanged : &Shortcuts::stopChanged, this,
             &KeyRecorder::changed);
+    connect(&m_shortcuts, &Shortcuts::grantedChanged, this, &KeyRecorder::changed);
     connect(&m_layout, &KeyboardLayout::changed, this, &KeyRecorder::changed);
 }
 
@@ -90,10 +81,14 @@ QString KeyRecorder::description() const {
 }
 
 QStringList KeyRecorder::caps() const {
+    if (!granted().isEmpty())
+        return {granted()};
     return shortcut() ? shortcut()->caps(m_layout) : QStringList();
 }
 
 QString KeyRecorder::spoken() const {
+    if (!granted().isEmpty())
+        return granted();
     return shortcut() ? spokenShortcut(*shortcut(), m_layout) : QString();
 }
 
@@ -107,6 +102,10 @@ QString KeyRecorder::help() const {
 
 const std::optional<Shortcut> &KeyRecorder::shortcut() const {
     return m_role == Role::Listen ? m_shortcuts.listen() : m_shortcuts.stop();
+}
+
+const QString &KeyRecorder::granted() const {
+    return m_role == Role::Listen ? m_shortcuts.grantedListen() : m_shortcuts.grantedStop();
 }
 
 void KeyRecorder::store(std::optional<Shortcut> shortcut) {
@@ -163,12 +162,12 @@ void KeyRecorder::refuse(std::function<QString()> message) {
 
 void KeyRecorder::handle(quint32 keyCode, quint64 flags) {
     const Shortcut candidate(keyCode, flags);
-    if ((keyCode == deleteCode || keyCode == forwardDeleteCode) && candidate.flags == 0) {
+    if ((keyCode == Key::Backspace || keyCode == Key::Delete) && candidate.flags == 0) {
         stop();
         store(std::nullopt);
         return;
     }
-    if (!allowsKeyAlone() && keyCode == escapeCode && candidate.flags == 0) {
+    if (!allowsKeyAlone() && keyCode == Key::Escape && candidate.flags == 0) {
         stop();
         return;
     }
@@ -189,22 +188,22 @@ void KeyRecorder::handle(quint32 keyCode, quint64 flags) {
 }
 
 bool KeyRecorder::eventFilter(QObject *, QEvent *event) {
-    // A key goes first to its window: taken there, it reaches nothing else. ShortcutOverride asks whether to treat the
-    // key as a shortcut of the window; that is answered by taking it too.
+    // A key goes to its window first; taken there, it reaches nothing else. ShortcutOverride asks whether an item wants
+    // a key that may be a shortcut of the window: accepting it says yes.
     if (event->type() != QEvent::KeyPress && event->type() != QEvent::ShortcutOverride)
         return false;
     auto *key = static_cast<QKeyEvent *>(event);
     key->accept();
-    // A key that is held down, perhaps the one that began the recording, counts once.
+    // A held key, perhaps the one that began the recording, counts once.
     if (event->type() == QEvent::ShortcutOverride || key->isAutoRepeat() || isModifier(key->key()))
         return true;
     if (isTab(*key)) {
         stop();
         return false;
     }
-    const auto keyCode = isLock(key->key()) ? std::nullopt : keyCodeOf(*key);
-    if (keyCode)
-        handle(*keyCode, flagsOf(key->modifiers()));
+    const auto *position = isLock(key->key()) ? nullptr : findXKeycode(key->nativeScanCode());
+    if (position != nullptr)
+        handle(position->code, flagsOf(key->modifiers()));
     else
         refuse([] { return L("recorder.unknownKey"); });
     return true;

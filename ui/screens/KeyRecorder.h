@@ -11,9 +11,9 @@ class QKeyEvent;
 
 namespace palomet {
 
-/// The control that records a shortcut: press it, press the new combination, done. While it records, the store's hot
-/// keys are paused and every key pressed in this program's windows comes here and goes nowhere else, but for Tab, which
-/// ends the recording and leads away. Main thread only.
+/// Records a shortcut: press the control, then the new combination. While it records, the store's hot keys are paused,
+/// and every key pressed in this program's windows comes here and goes nowhere else. Only Tab ends the recording and
+/// goes on to the next control. Main thread only.
 class KeyRecorder final : public QObject {
     Q_OBJECT
     QML_ELEMENT
@@ -28,7 +28,7 @@ class KeyRecorder final : public QObject {
     Q_PROPERTY(QString help READ help NOTIFY changed FINAL)
 
 public:
-    /// Which of the two shortcuts it records. A key alone will do for the one that stops.
+    /// The shortcut that it records. For Stop, a key alone will do.
     enum class Role { Listen, Stop };
 
     /// The store and the layout outlive it.
@@ -36,10 +36,11 @@ public:
     ~KeyRecorder() override;
 
     [[nodiscard]] QString title() const;
-    /// What the shortcut does, or why it does not work.
+    /// Says what the shortcut does, or why it does not work.
     [[nodiscard]] QString description() const;
+    /// The keys that work: those that the desktop granted, in its words, or the stored ones.
     [[nodiscard]] QStringList caps() const;
-    /// The shortcut in words, for whoever does not see the caps.
+    /// The shortcut in words, for a screen reader.
     [[nodiscard]] QString spoken() const;
     [[nodiscard]] bool isRecording() const { return m_isRecording; }
     [[nodiscard]] QString hint() const;
@@ -49,14 +50,15 @@ public:
 
     void setProblem(const std::optional<QString> &problem);
 
-    /// Starts to record, or ends it without a change. The control has the focus meanwhile: when it loses it, `stop`.
+    /// Starts to record, or ends the recording without a change. The control has the focus meanwhile, and calls `stop`
+    /// when it loses it.
     Q_INVOKABLE void toggle();
-    /// The control disappears: ends the recording without a change, as `stop` does, and forgets the last refusal.
+    /// To be called when the control disappears: stops, and forgets the last refusal.
     Q_INVOKABLE void disappear();
     void start();
     Q_INVOKABLE void stop();
 
-    /// One key pressed while recording: its virtual key code and the modifier bits held with it.
+    /// Takes one key pressed while recording: its virtual key code and the modifier bits held with it.
     void handle(quint32 keyCode, quint64 flags);
 
     bool eventFilter(QObject *object, QEvent *event) override;
@@ -68,8 +70,9 @@ Q_SIGNALS:
 private:
     [[nodiscard]] bool allowsKeyAlone() const { return m_role == Role::Stop; }
     [[nodiscard]] const std::optional<Shortcut> &shortcut() const;
+    [[nodiscard]] const QString &granted() const;
     void store(std::optional<Shortcut> shortcut);
-    /// Keeps how to say it: a key is called otherwise under another layout.
+    /// Keeps the function rather than the text, because a key has another name in another layout.
     void refuse(std::function<QString()> message);
 
     const Role m_role;

@@ -1,6 +1,7 @@
 #include "ui/screens/KeyWords.h"
 
-#include "ui/localization/Localization.h"
+#include "localization/Localization.h"
+#include "shortcuts/Keys.h"
 
 #include <algorithm>
 #include <array>
@@ -11,32 +12,7 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-/// Keys with a word printed on them, where the shortcut's own name is a sign or a number.
-struct PrintedKey {
-    quint32 keyCode;
-    QLatin1StringView word;
-};
-
-constexpr std::array printedKeys{
-    PrintedKey{36, "Return"_L1},     PrintedKey{76, "Enter"_L1},   PrintedKey{48, "Tab"_L1},
-    PrintedKey{51, "Backspace"_L1},  PrintedKey{117, "Delete"_L1}, PrintedKey{53, "Esc"_L1},
-    PrintedKey{115, "Home"_L1},      PrintedKey{119, "End"_L1},    PrintedKey{116, "Page Up"_L1},
-    PrintedKey{121, "Page Down"_L1}, PrintedKey{114, "Insert"_L1}, PrintedKey{110, "Menu"_L1},
-};
-
-/// Keys with a picture on them, each with the text that names it.
-struct PicturedKey {
-    quint32 keyCode;
-    QLatin1StringView text;
-};
-
-constexpr std::array picturedKeys{
-    PicturedKey{123, "key.left"_L1}, PicturedKey{124, "key.right"_L1},   PicturedKey{126, "key.up"_L1},
-    PicturedKey{125, "key.down"_L1}, PicturedKey{72, "key.volumeUp"_L1}, PicturedKey{73, "key.volumeDown"_L1},
-    PicturedKey{74, "key.mute"_L1},
-};
-
-/// What a key types that is no letter and no digit, each with the text that names it.
+/// The signs that keys type, neither letters nor digits, each with the text that names it.
 struct Sign {
     char16_t character;
     QLatin1StringView text;
@@ -82,11 +58,11 @@ constexpr std::array signs{
 };
 
 QString spokenKey(const Shortcut &shortcut, const KeyboardLayout &layout) {
-    const auto isIt = [&](const auto &key) { return key.keyCode == shortcut.keyCode; };
-    if (const auto *printed = std::ranges::find_if(printedKeys, isIt); printed != printedKeys.end())
-        return printed->word;
-    if (const auto *pictured = std::ranges::find_if(picturedKeys, isIt); pictured != picturedKeys.end())
-        return L(pictured->text);
+    const auto *key = findKey(shortcut.keyCode);
+    if (key != nullptr && key->word != nullptr)
+        return QString::fromLatin1(key->word);
+    if (key != nullptr && key->text != nullptr)
+        return L(key->text);
     const auto name = shortcut.keyName(layout);
     const auto *sign = std::ranges::find_if(
         signs, [&](const auto &candidate) { return name.size() == 1 && name.front() == QChar(candidate.character); });

@@ -4,8 +4,8 @@
 
 namespace palomet {
 
-/// A shortcut in words, "Ctrl + Alt + Comma", for whoever hears it: signs are not read out, or not understood. Keys
-/// that have a word printed on them keep it in every language.
+/// A shortcut in words, "Ctrl + Alt + Comma", for a screen reader, which skips signs or reads them unintelligibly. A
+/// word that is printed on a key is the same in every language.
 [[nodiscard]] QString spokenShortcut(const Shortcut &shortcut, const KeyboardLayout &layout);
 
 } // namespace palomet

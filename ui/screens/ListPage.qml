@@ -2,7 +2,7 @@ import QtQuick
 import Palomet.Kit
 import Palomet.Ui
 
-// A pane whose rows may be very many: only those that show exist. What stands above and below them scrolls with them.
+// A pane with a list that may be very long: only the rows that show exist. The items above and below scroll with them.
 ScreenPage {
     id: root
 
@@ -10,13 +10,13 @@ ScreenPage {
     property alias delegate: list.delegate
     property alias head: head.data
     property alias foot: foot.data
-    // What the rows are, for whoever does not see their heading.
+    // The list's name for a screen reader.
     property string listName
     property alias textRole: area.textRole
     readonly property alias rows: list
     readonly property alias words: area.selection
     readonly property alias footY: foot.y
-    // Where the last row ends, in the view's content.
+    // The end of the last row, in the view's content.
     readonly property real rowsEnd: list.originY + list.contentHeight
 
     view: ListView {
@@ -39,7 +39,7 @@ ScreenPage {
             of: list.contentItem
         }
 
-        // Not the view's own header and footer: those are made apart from the page and cannot see it.
+        // Not the view's own header and footer, which are made outside the page and cannot refer to it.
         Column {
             id: head
 

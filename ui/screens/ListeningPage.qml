@@ -1,53 +1,33 @@
+pragma ComponentBehavior: Bound
 import QtQuick
 import Palomet.Kit
 import Palomet.Ui
 
-// How it listens.
+// The listening pane: how it listens.
 ColumnPage {
     id: root
 
     required property ListeningScreen screen
 
     SettingsBlock {
-        title: Words.t("listening.micBlock")
+        group: root.screen.hearing
+        row: SettingLine {
+            id: line
 
-        SwitchRow {
-            setting: root.screen.echo
-        }
-        ChoiceRow {
-            setting: root.screen.microphone
-            boxWidth: 240
+            When {
+                holds: line.modelData === root.screen.microphone
 
-            MicMeter {
-                anchors.verticalCenter: parent.verticalCenter
-                input: root.screen.level
+                MicMeter {
+                    anchors.verticalCenter: parent?.verticalCenter
+                    // The page may go first.
+                    input: root?.screen.level ?? 0
+                }
             }
-        }
-        ChoiceRow {
-            setting: root.screen.transcription
-            boxWidth: 240
         }
     }
     SettingsBlock {
-        title: Words.t("listening.callBlock")
+        group: root.screen.calling
 
-        SwitchRow {
-            setting: root.screen.directed
-        }
-        SwitchRow {
-            setting: root.screen.draft
-        }
-        TextRow {
-            setting: root.screen.actionPhrase
-        }
-        ChoiceRow {
-            setting: root.screen.draftAge
-            boxWidth: 160
-        }
-        TextRow {
-            setting: root.screen.names
-            boxWidth: 320
-        }
         RecorderRow {
             recorder: root.screen.listenShortcut
         }
@@ -56,23 +36,6 @@ ColumnPage {
         }
     }
     SettingsBlock {
-        title: Words.t("listening.timesBlock")
-
-        ChoiceRow {
-            setting: root.screen.endSilence
-            boxWidth: 160
-        }
-        ChoiceRow {
-            setting: root.screen.followUp
-            boxWidth: 160
-        }
-        ChoiceRow {
-            setting: root.screen.summon
-            boxWidth: 160
-        }
-        ChoiceRow {
-            setting: root.screen.echoGuard
-            boxWidth: 160
-        }
+        group: root.screen.times
     }
 }

@@ -1,8 +1,9 @@
 #pragma once
 
+#include "ui/screens/ChoiceSetting.h"
 #include "ui/screens/KeyRecorder.h"
-#include "ui/screens/Screen.h"
-#include "ui/screens/Setting.h"
+#include "ui/screens/SwitchSetting.h"
+#include "ui/screens/TextSetting.h"
 
 namespace palomet {
 
@@ -12,20 +13,12 @@ class ListeningScreen final : public Screen {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("Screens come from the window.")
-    Q_PROPERTY(palomet::SwitchSetting *echo READ echo CONSTANT FINAL)
+    Q_PROPERTY(palomet::SettingGroup *hearing READ hearing CONSTANT FINAL)
+    Q_PROPERTY(palomet::SettingGroup *calling READ calling CONSTANT FINAL)
+    Q_PROPERTY(palomet::SettingGroup *times READ times CONSTANT FINAL)
     Q_PROPERTY(palomet::ChoiceSetting *microphone READ microphone CONSTANT FINAL)
-    Q_PROPERTY(palomet::ChoiceSetting *transcription READ transcription CONSTANT FINAL)
-    Q_PROPERTY(palomet::SwitchSetting *directed READ directed CONSTANT FINAL)
-    Q_PROPERTY(palomet::SwitchSetting *draft READ draft CONSTANT FINAL)
-    Q_PROPERTY(palomet::TextSetting *actionPhrase READ actionPhrase CONSTANT FINAL)
-    Q_PROPERTY(palomet::ChoiceSetting *draftAge READ draftAge CONSTANT FINAL)
-    Q_PROPERTY(palomet::TextSetting *names READ names CONSTANT FINAL)
     Q_PROPERTY(palomet::KeyRecorder *listenShortcut READ listenShortcut CONSTANT FINAL)
     Q_PROPERTY(palomet::KeyRecorder *stopShortcut READ stopShortcut CONSTANT FINAL)
-    Q_PROPERTY(palomet::ChoiceSetting *endSilence READ endSilence CONSTANT FINAL)
-    Q_PROPERTY(palomet::ChoiceSetting *followUp READ followUp CONSTANT FINAL)
-    Q_PROPERTY(palomet::ChoiceSetting *summon READ summon CONSTANT FINAL)
-    Q_PROPERTY(palomet::ChoiceSetting *echoGuard READ echoGuard CONSTANT FINAL)
     /// The microphone's level, while the screen can be seen.
     Q_PROPERTY(double level READ level NOTIFY levelChanged FINAL)
 
@@ -33,20 +26,12 @@ public:
     /// The store and the layout outlive the screen.
     ListeningScreen(PalometModel &model, Shortcuts &shortcuts, const KeyboardLayout &layout);
 
-    [[nodiscard]] SwitchSetting *echo() { return &m_echo; }
+    [[nodiscard]] SettingGroup *hearing() { return &m_hearing; }
+    [[nodiscard]] SettingGroup *calling() { return &m_calling; }
+    [[nodiscard]] SettingGroup *times() { return &m_times; }
     [[nodiscard]] ChoiceSetting *microphone() { return &m_microphone; }
-    [[nodiscard]] ChoiceSetting *transcription() { return &m_transcription; }
-    [[nodiscard]] SwitchSetting *directed() { return &m_directed; }
-    [[nodiscard]] SwitchSetting *draft() { return &m_draft; }
-    [[nodiscard]] TextSetting *actionPhrase() { return &m_actionPhrase; }
-    [[nodiscard]] ChoiceSetting *draftAge() { return &m_draftAge; }
-    [[nodiscard]] TextSetting *names() { return &m_names; }
     [[nodiscard]] KeyRecorder *listenShortcut() { return &m_listenShortcut; }
     [[nodiscard]] KeyRecorder *stopShortcut() { return &m_stopShortcut; }
-    [[nodiscard]] ChoiceSetting *endSilence() { return &m_endSilence; }
-    [[nodiscard]] ChoiceSetting *followUp() { return &m_followUp; }
-    [[nodiscard]] ChoiceSetting *summon() { return &m_summon; }
-    [[nodiscard]] ChoiceSetting *echoGuard() { return &m_echoGuard; }
     [[nodiscard]] double level() const { return model().inLevel(); }
 
 Q_SIGNALS:
@@ -57,27 +42,48 @@ protected:
     void becameInactive() override;
 
 private:
-    void updateOptions();
-    void updateSettings();
+    using Settings = Snapshot::Settings;
+    using Content = Setting::Content;
+
+    [[nodiscard]] static QString minutes(double ms);
     void updateProblem();
 
-    SwitchSetting m_echo{"listening.echo", "listening.echo.off"};
-    ChoiceSetting m_microphone{"listening.microphone", "listening.microphone.hint"};
-    ChoiceSetting m_transcription{"listening.transcription", "listening.transcription.hint"};
-    SwitchSetting m_directed{"listening.directed", "listening.directed.hint"};
-    SwitchSetting m_draft{"listening.draft", "listening.draft.hint"};
-    TextSetting m_actionPhrase{"listening.actionPhrase", "listening.actionPhrase.hint", "default.actionPhrase"};
-    ChoiceSetting m_draftAge{"listening.draftAge", "listening.draftAge.hint"};
-    TextSetting m_names{"listening.name", "listening.name.hint", "listening.name.placeholder"};
+    SettingGroup m_hearing{*this, "listening.micBlock"};
+    SwitchSetting m_echo{m_hearing, {"listening.echo", "listening.echo.off"}, &Settings::isEchoCancelOn};
+    ChoiceSetting m_microphone{m_hearing, "listening.microphone",
+                               names(&Settings::inputDevice, "device.systemDefault", &Options::inputs, &Format::device),
+                               Content::LongName};
+    ChoiceSetting m_transcription{m_hearing, "listening.transcription",
+                                  names(&Settings::whisperModel, &Options::whisperModels), Content::LongName};
+
+    SettingGroup m_calling{*this, "listening.callBlock"};
+    SwitchSetting m_directed{m_calling, "listening.directed", &Settings::isDirectedOn};
+    SwitchSetting m_draft{m_calling, "listening.draft", &Settings::isDraftOn};
+    TextSetting m_actionPhrase{m_calling,
+                               {"listening.actionPhrase", "listening.actionPhrase.hint", "default.actionPhrase"},
+                               textList(&Settings::actionPhrases),
+                               Content::LongName};
+    ChoiceSetting m_draftAge{
+        m_calling, "listening.draftAge",
+        durations(&Settings::draftMaxAgeMs, 600'000, {300'000, 600'000, 1'200'000, 1'800'000, 3'600'000}, &minutes),
+        Content::Number};
+    TextSetting m_names{m_calling, "listening.name", textList(&Settings::wakeWords), Content::Line};
     KeyRecorder m_listenShortcut;
     KeyRecorder m_stopShortcut;
-    ChoiceSetting m_endSilence{"listening.endSilence", "listening.endSilence.hint"};
-    ChoiceSetting m_followUp{"listening.followUp", "listening.followUp.hint"};
-    ChoiceSetting m_summon{"listening.summon", "listening.summon.hint"};
-    ChoiceSetting m_echoGuard{"listening.echoGuard", "listening.echoGuard.hint"};
-};
 
-/// The words of a list that was typed with commas between them; empty pieces are none.
-[[nodiscard]] QStringList wordsFrom(const QString &text);
+    // Deliberately few, and uneven: each is a choice that somebody would make.
+    SettingGroup m_times{*this, "listening.timesBlock"};
+    ChoiceSetting m_endSilence{
+        m_times, "listening.endSilence",
+        durations(&Settings::endSilenceMs, defaultEndSilenceMs, {800, 1'200, 1'600, 2'000, 2'500}), Content::Number};
+    ChoiceSetting m_followUp{m_times, "listening.followUp",
+                             durations(&Settings::followUpMs, {15'000, 30'000, 45'000, 60'000, 90'000, 120'000}),
+                             Content::Number};
+    ChoiceSetting m_summon{m_times, "listening.summon",
+                           durations(&Settings::summonMs, {4'000, 6'000, 8'000, 10'000, 15'000, 20'000}),
+                           Content::Number};
+    ChoiceSetting m_echoGuard{m_times, "listening.echoGuard",
+                              durations(&Settings::echoGuardMs, {0, 500, 800, 1'200, 1'500, 2'000}), Content::Number};
+};
 
 } // namespace palomet

@@ -3,7 +3,7 @@ import QtQuick
 import Palomet.Kit
 import Palomet.Ui
 
-// Opens the menu of what can be done with a text. While it is open, the keys of the text come here first.
+// Opens the menu of a text. While it is open, the text's keys come here first.
 Item {
     id: root
 
@@ -11,17 +11,17 @@ Item {
     property bool isOpen: false
     property point at
 
-    // The entries are to be set; not before, for some of what they depend on is another program's to answer.
+    // Time to set the entries, and not before: another program decides whether there is something to paste.
     signal opening
     signal picked(id: string)
-    // A key asks for it.
+    // A key asks for the menu.
     signal wanted
-    // A key for the menu itself.
+    // A key for the open menu.
     signal pressed(key: int)
 
     property bool isByKey: false
 
-    // At a point of an item.
+    // Opens it at a point of an item.
     function open(item: Item, x: real, y: real, isByKey: bool): void {
         root.isByKey = isByKey;
         at = item.mapToItem(Window.contentItem, x, y);

@@ -3,26 +3,44 @@ import QtQuick
 import Palomet.Kit
 import Palomet.Ui
 
-// The loop as it is now: its state, the conversation, a request to type, the draft and what was heard.
+// The now pane: the state of the loop, the conversation, a request to type, the draft and what was heard.
 ListPage {
     id: root
 
     required property NowScreen screen
-    // Whether the newest turn is kept in view: as long as the user has not scrolled it out of it.
+    // Whether the newest turn is kept in view. It is until the user scrolls it out of view.
     property bool isFollowing: true
     property bool isMoved: false
 
     function follow(): void {
-        // Scrolled there from the top, the view would make every row on the way.
+        // Scrolling there from the top would make every row on the way.
         if (isFollowing && rows.count > 0 && !rows.itemAtIndex(rows.count - 1))
             rows.positionViewAtEnd();
         const target = rows.count === 0 ? scroller.first : footY + request.y + request.height + Zen.space4 - view.height;
-        // What the user brought into view below the newest turn stays where it is.
+        // Content below the newest turn that the user has scrolled to stays where it is.
         if (isFollowing && (!isMoved || target > view.contentY))
             scroller.scrollTo(target);
     }
 
     column: Zen.board
+    actions: [
+        ZenButton {
+            title: Words.t("button.newConversation")
+            icon: "message-plus"
+            onClicked: root.screen.newConversation()
+        },
+        ZenButton {
+            title: Words.t("menu.stop")
+            icon: "player-stop"
+            onClicked: root.screen.stop()
+        },
+        ZenButton {
+            title: Words.t("menu.listen")
+            icon: "microphone"
+            kind: ZenButtonStyle.Primary
+            onClicked: root.screen.listen()
+        }
+    ]
     model: screen.rows
     listName: Words.t("now.conversation")
     scroller.onScrolled: {
@@ -45,15 +63,13 @@ ListPage {
             width: root.columnWidth
             screen: root.screen
         },
-        Item {
-            width: 1
+        Gap {
             height: Zen.space6
         },
         BlockLabel {
             text: Words.t("now.lastAnswer")
         },
-        Item {
-            width: 1
+        Gap {
             height: Zen.space2
         },
         HairLine {
@@ -71,18 +87,16 @@ ListPage {
         selectionEnd: root.words.endIn(index, root.words.revision)
     }
     foot: [
-        Item {
-            width: 1
+        Gap {
             height: Zen.space5
             visible: root.rows.count === 0
         },
         ZenBody {
             width: root.columnWidth
             visible: root.rows.count === 0
-            text: root.screen.emptyText
+            text: root.screen.shown.emptyText
         },
-        Item {
-            width: 1
+        Gap {
             height: Zen.space3
             visible: remembered.visible
         },
@@ -91,10 +105,9 @@ ListPage {
 
             width: root.columnWidth
             visible: root.rows.count === 0 && text !== ""
-            text: root.screen.rememberedText
+            text: root.screen.shown.rememberedText
         },
-        Item {
-            width: 1
+        Gap {
             height: Zen.space4
         },
         RequestField {
@@ -119,7 +132,7 @@ ListPage {
         }
     ]
 
-    // Where the state's cell is scrolled away, even in part, the state stands here.
+    // Shows the state while its cell is scrolled away, even in part.
     StateLine {
         id: state
 
@@ -129,7 +142,7 @@ ListPage {
         column: root.columnWidth
         screen: root.screen
     }
-    // A moment later, for scrolling makes rows, whose heights change where the newest turn ends.
+    // Later: scrolling makes rows, whose heights move the end of the newest turn.
     Timer {
         id: settling
 

@@ -1,7 +1,7 @@
 #include "ui/screens/NowScreen.h"
 
+#include "localization/Localization.h"
 #include "model/Format.h"
-#include "ui/localization/Localization.h"
 #include "ui/strip/StripLine.h"
 
 namespace palomet {
@@ -65,7 +65,7 @@ void NowScreen::updateAll() {
 }
 
 void NowScreen::updateShown() {
-    auto now = shown();
+    auto now = gathered();
     if (now == m_shown)
         return;
     m_shown = std::move(now);
@@ -100,18 +100,17 @@ QString NowScreen::noteOf(LoopState state) const {
     case LoopState::Speaking:
         return L("note.interrupt");
     case LoopState::Muted:
-        // Muted by itself, the backend lacks the microphone.
-        return snapshot() && snapshot()->isMuted ? L("note.mutedInMenu") : L("note.openSettings");
+        return model().isMutedByUser() ? L("note.mutedInMenu") : L("note.openSettings");
     case LoopState::Offline:
         return L("note.offline");
     }
     return {};
 }
 
-NowScreen::Shown NowScreen::shown() const {
+NowShown NowScreen::gathered() const {
     const auto *now = snapshot();
     const auto state = model().state();
-    Shown shown;
+    NowShown shown;
     shown.loopState = rawValue(state);
     shown.stateWord = word(state);
     shown.stateNote = noteOf(state);
@@ -136,7 +135,7 @@ NowScreen::Shown NowScreen::shown() const {
     return shown;
 }
 
-void NowScreen::showTimings(Shown &shown) const {
+void NowScreen::showTimings(NowShown &shown) const {
     const auto *timings = snapshot() && snapshot()->timings ? &*snapshot()->timings : nullptr;
     const bool isSpoken = !timings || timings->isSpoken;
     if (timings) {

@@ -4,7 +4,7 @@ namespace palomet {
 
 namespace {
 
-/// The end of the first piece of a text that is longer than one.
+/// The end of the first piece of a text that is longer than a piece.
 qsizetype endOfPiece(QStringView text) {
     const auto window = text.first(longestPiece);
     const auto least = longestPiece / 2;
@@ -14,7 +14,7 @@ qsizetype endOfPiece(QStringView text) {
         if (text[end - 1].isSpace())
             return end;
     }
-    // Not between the halves of a character, or a letter and its accents.
+    // Does not part the halves of a character, or a letter and its accents.
     auto end = longestPiece;
     while (end > least && (text[end].isLowSurrogate() || text[end].isMark()))
         --end;

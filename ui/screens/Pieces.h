@@ -7,21 +7,21 @@
 
 namespace palomet {
 
-/// A part of a long text, which is laid out by itself: laying out a text in one takes longer than anybody waits.
+/// A part of a long text, laid out by itself: laying out all of the text at once takes too long.
 struct Piece {
     QString text;
-    bool isAfterBreak = false; ///< Whether a line break stood before it, which no piece holds.
+    bool isAfterBreak = false; ///< Whether a line break stood before it; no piece contains that.
 };
 
-/// No piece is longer.
+/// The greatest length of a piece.
 inline constexpr qsizetype longestPiece = 2'000;
 
-/// The text in pieces, cut where a line ends if that can be, else between two words. A text that grows at its end is
-/// cut in the same places.
+/// Cuts the text in pieces: where a line ends if possible, else between two words. A text that grows at its end is cut
+/// in the same places.
 [[nodiscard]] std::vector<Piece> pieces(const QString &text);
 
-/// The times of rows that go on with the row before: after a line break, and within a line. No row has one of them
-/// otherwise.
+/// The times that mark rows which continue the row before: after a line break, and within a line. No other row has
+/// them.
 inline constexpr double continuedAfterBreak = -std::numeric_limits<double>::infinity();
 inline constexpr double continuedInLine = std::numeric_limits<double>::lowest();
 
@@ -29,7 +29,7 @@ inline constexpr double continuedInLine = std::numeric_limits<double>::lowest();
     return at <= continuedInLine;
 }
 
-/// What stands between the text of a row of that time and the text of the row before it.
+/// The characters between the text of a row with that time and the text of the row before it.
 [[nodiscard]] inline QString joint(double at) {
     return at == continuedInLine ? QString() : QStringLiteral("\n");
 }

@@ -26,7 +26,7 @@ SettingRow {
         noneText: Words.t("recorder.none")
         typeText: Words.t("recorder.type")
         onClicked: {
-            // Also when a screen reader pressed it: what records has the focus.
+            // A recording button has the focus, also when a screen reader pressed it.
             button.forceActiveFocus(Qt.OtherFocusReason);
             root.recorder.toggle();
         }

@@ -7,21 +7,21 @@
 
 namespace palomet {
 
-/// One place where a list of rows differs from what it was in the document before: of the list before, `removed` rows
-/// from `before` on went, and of the list after, `inserted` rows from `after` on came in their stead.
+/// One difference between two versions of a list: `removed` rows from `before` on, in the old list, are replaced by
+/// `inserted` rows from `after` on, in the new one.
 struct RowChange {
     qsizetype before = 0;
     qsizetype after = 0;
     qsizetype removed = 0;
     qsizetype inserted = 0;
 
-    /// So many of them stand in the same place: rows with other contents rather than other rows.
+    /// How many of them count as the same rows with other contents.
     [[nodiscard]] qsizetype changed() const { return std::min(removed, inserted); }
 
-    /// Everything that became of a list, from its beginning to its end. Rows are compared as a whole, for two may have
-    /// the same identity. Where the lists part, the nearest place at which they agree again is looked for, a few rows
-    /// ahead; after many such places, or when there is none, the rest is compared place by place. So the time grows
-    /// with the length of the lists and never with its square.
+    /// All differences, from the beginning of the lists to their end. Rows are compared as a whole, because two may
+    /// have the same identity. Where the lists part, the search looks a few rows ahead for the nearest place at which
+    /// they agree again. After many such places, or where there is none, the rest is compared row by row. So the time
+    /// grows with the length of the lists and never with its square.
     template <typename Row>
     static std::vector<RowChange> between(const std::vector<Row> &before, const std::vector<Row> &after) {
         const auto endBefore = static_cast<qsizetype>(before.size());
@@ -36,7 +36,7 @@ struct RowChange {
                 changes.push_back({i, j, removed, inserted});
             }
         };
-        // Whether the lists agree after so many rows more.
+        // Whether row i of the old list equals row j of the new one.
         const auto agree = [&](qsizetype i, qsizetype j) {
             return i < endBefore && j < endAfter &&
                    before[static_cast<std::size_t>(i)] == after[static_cast<std::size_t>(j)];

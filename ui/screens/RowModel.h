@@ -10,9 +10,9 @@
 
 namespace palomet {
 
-/// A list of values as views take it. `assign` announces only what changed, so that a view keeps its place and touches
-/// only the rows that are others now. Rows need no identity of their own: two may be alike. A list is kept as it was
-/// given and never copied, however long it is. Main thread only.
+/// A list of values as an item model. `assign` announces only the differences, so that a view keeps its place and
+/// touches only rows that have changed. Rows need no identity: two may be equal. The list is kept as it is given and
+/// never copied, however long it is. Main thread only.
 template <typename Row>
 class RowModel : public QAbstractListModel {
 public:
@@ -26,13 +26,13 @@ public:
 
     [[nodiscard]] const List &rows() const { return *m_rows; }
 
-    /// The list does not change any more.
+    /// The list must not change any more.
     void assign(std::shared_ptr<const List> rows) {
         const auto changes = RowChange::between(*m_rows, *rows);
         m_before = std::exchange(m_rows, std::move(rows));
         m_kept = m_before->size();
         m_given = m_rows->size();
-        // From the end, so that the places before it hold.
+        // From the end, so that the indexes before each change stay valid.
         for (auto change = changes.rbegin(); change != changes.rend(); ++change)
             apply(*change);
         m_kept = 0;
@@ -41,7 +41,7 @@ public:
     }
     void assign(List rows) { assign(std::make_shared<const List>(std::move(rows))); }
 
-    /// What is derived from the rows and something else became another.
+    /// Announces that values have changed that depend on more than the rows.
     void touch(const QList<int> &roles) {
         if (!m_rows->empty())
             Q_EMIT dataChanged(index(0), index(rowCount() - 1), roles);
@@ -76,7 +76,8 @@ private:
         }
     }
 
-    /// So many rows are still those of the list before, and of the new list those from there on are shown.
+    /// While changes are announced, the model has the first `kept` rows of the old list, then the new list's from
+    /// `given` on.
     void divide(qsizetype kept, qsizetype given) {
         m_kept = static_cast<std::size_t>(kept);
         m_given = static_cast<std::size_t>(given);

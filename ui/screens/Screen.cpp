@@ -9,14 +9,10 @@ void Screen::setActive(bool isActive) {
     if (m_isActive == isActive)
         return;
     m_isActive = isActive;
-    if (isActive)
-        updateAll();
-    else
-        becameInactive();
-}
-
-const Snapshot::Settings *Screen::settings() const {
-    return snapshot() ? &snapshot()->settings : nullptr;
+    if (!isActive)
+        return becameInactive();
+    Q_EMIT activated();
+    updateAll();
 }
 
 } // namespace palomet

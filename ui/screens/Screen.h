@@ -6,24 +6,26 @@
 
 namespace palomet {
 
-/// What the screens of all panes have in common: they show the model while they can be seen, and cost nothing
-/// otherwise. Main thread only; the model outlives them.
+/// The base of all panes' screens. It shows the model while the pane can be seen, and costs nothing otherwise. Main
+/// thread only; the model outlives it.
 class Screen : public QObject {
     Q_OBJECT
 
 public:
     explicit Screen(PalometModel &model);
 
-    /// Whether the screen is the one that can be seen. Becoming so, it takes over all that happened meanwhile.
+    /// Whether its pane can be seen. On becoming active it takes over everything that has happened meanwhile.
     void setActive(bool isActive);
     [[nodiscard]] bool isActive() const { return m_isActive; }
+    [[nodiscard]] PalometModel &model() const { return m_model; }
+
+Q_SIGNALS:
+    /// The screen became active.
+    void activated();
 
 protected:
-    [[nodiscard]] PalometModel &model() const { return m_model; }
     /// Null without a snapshot.
     [[nodiscard]] const Snapshot *snapshot() const { return m_model.snapshot().get(); }
-    [[nodiscard]] const Snapshot::Settings *settings() const;
-    [[nodiscard]] bool isApplying(QStringView key) const { return m_model.applying() == key; }
 
     /// Calls `update` at that signal, while active.
     template <typename Update>
@@ -34,8 +36,8 @@ protected:
         });
     }
 
-    /// Takes over everything from the model.
-    virtual void updateAll() = 0;
+    /// Takes over everything from the model that its settings do not take over themselves.
+    virtual void updateAll() {}
     virtual void becameInactive() {}
 
 private:

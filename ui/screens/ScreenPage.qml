@@ -2,8 +2,8 @@ import QtQuick
 import Palomet.Kit
 import Palomet.Ui
 
-// What all panes have in common: they fill the page and scroll under its header. The ground between what is on it can have
-// the focus, so that keys scroll it.
+// The base of all panes: it fills the page and scrolls under its header. Its empty ground can have the focus, so that keys
+// scroll the page.
 FocusScope {
     id: root
 
@@ -11,17 +11,18 @@ FocusScope {
     property int column: Zen.column
     readonly property int columnWidth: Math.min(column, width - 2 * Zen.space7)
     readonly property bool isScrolled: scroller.isScrolled
-    // Whether the header is parted from what is scrolled beneath it, and by itself.
+    // Whether the header draws a rule under itself. It does not where something else goes on from it.
     readonly property bool isRuled: isScrolled && scroller.covered === 0
     property alias scroller: scroller
-    // What is selected on the page, if anything was.
+    // The page's last selection, if there was one.
     property TextSelection selection: null
+    // The buttons beside the title in the header.
+    property list<Item> actions
 
     anchors.fill: parent
-    Component.onCompleted: isRuledChanged()
     Keys.onPressed: event => event.accepted = scroller.handle(event.key)
 
-    // Not the page itself: a scope would give the focus back to what had it.
+    // Not the page itself: a focus scope would give the focus back to the item that had it.
     Ground {
         anchors.fill: parent
     }
@@ -31,7 +32,7 @@ FocusScope {
         view: root.view
         covered: scroller.covered
     }
-    // No line is cut by the page's edges: what shows in part only waits behind these.
+    // Hide the lines that the page's edges would cut.
     Cover {
         z: 1
         x: Zen.space3

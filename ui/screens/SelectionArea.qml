@@ -2,8 +2,8 @@ import QtQuick
 import Palomet.Kit
 import Palomet.Ui
 
-// Lies over the rows of a list and selects their words, by pointer and by keys. The rows have a `prose`, and are given what
-// is selected of it.
+// Lies over the rows of a list and selects their words, by pointer and by keys. Each row has a `prose`, and binds its
+// selection to this one's.
 Pressable {
     id: root
 
@@ -32,7 +32,7 @@ Pressable {
         return {row, position: prose.positionAt(point.x, point.y), isOnText: prose.contains(point)};
     }
 
-    // Where the first line that shows begins.
+    // The beginning of the first line that shows.
     function firstPlace(): var {
         const top = page.view.mapToItem(root, 0, scroller.covered + Zen.space5).y;
         return placeAt(Zen.roleColumn, Math.max(1, top));
@@ -51,7 +51,7 @@ Pressable {
         scroller.show(top, top + caret.height);
     }
 
-    // What can be seen of the rows, while the page and the list are scrolled so far.
+    // The visible part of the rows. Bindings pass the positions of the page and the list, on which it depends.
     function shownPart(_page: real, _list: real): rect {
         const top = page.view.mapToItem(root, 0, scroller.covered).y;
         const from = Math.max(0, top);
@@ -65,7 +65,7 @@ Pressable {
         page.selection = words;
     }
 
-    // Into the line above or below, at the same distance from the margin.
+    // Moves into the line above or below, at the same distance from the margin.
     function moveLine(step: int, isExtending: bool): void {
         let row = words.caretRow;
         let prose = proseOf(row);
@@ -98,7 +98,7 @@ Pressable {
             words.begin(row, position);
     }
 
-    // What a key does with the selection; false where it means nothing to it.
+    // Does what a key asks of the selection; false for a key that asks nothing.
     function handle(event: var): bool {
         const isExtending = (event.modifiers & Qt.ShiftModifier) !== 0;
         const isByWord = (event.modifiers & Qt.ControlModifier) !== 0;
@@ -220,7 +220,7 @@ Pressable {
             words.selectWord(place.row, place.position);
         }
         onPositionChanged: event => {
-            // A press that trembles is a press.
+            // The pointer may tremble during a press.
             if (Math.abs(event.x - pointer.x) + Math.abs(event.y - pointer.y) < 3 && !dragging.running)
                 return;
             pointer = Qt.point(event.x, event.y);
@@ -235,7 +235,7 @@ Pressable {
         }
         onCanceled: dragging.stop()
     }
-    // What is dragged beyond the page's edge scrolls it.
+    // Dragging beyond the page's edge scrolls the page.
     Timer {
         id: dragging
 
@@ -263,7 +263,7 @@ Pressable {
         color: Zen.gray9
     }
     Item {
-        // Around what shows of the rows.
+        // The visible part of the rows, which the ring surrounds.
         readonly property rect shown: root.shownPart(root.page.view.contentY, root.list.contentY)
 
         x: -Zen.space2

@@ -1,68 +1,40 @@
 #include "ui/screens/Setting.h"
 
-#include "ui/localization/Localization.h"
+#include "localization/Localization.h"
 
 namespace palomet {
 
-Setting::Setting(const char *titleKey, const char *hintKey)
-    : m_titleKey(titleKey)
-    , m_hintKey(hintKey) {}
+Setting::Texts::Texts(const char *name)
+    : title(QString::fromLatin1(name))
+    , hint(title + QStringLiteral(".hint"))
+    , placeholder(title + QStringLiteral(".placeholder")) {}
+
+Setting::Texts::Texts(const char *titleKey, const char *hintKey, const char *placeholderKey)
+    : title(QString::fromLatin1(titleKey))
+    , hint(QString::fromLatin1(hintKey))
+    , placeholder(QString::fromLatin1(placeholderKey)) {}
+
+Setting::Setting(SettingGroup &group, QString key, Texts texts, Content content)
+    : QObject(&group)
+    , m_screen(group.screen())
+    , m_key(std::move(key))
+    , m_texts(std::move(texts))
+    , m_content(content) {
+    connect(&m_screen, &Screen::activated, this, [this] { update(); });
+    follow(&PalometModel::snapshotChanged, [this] { update(); });
+    follow(&PalometModel::applyingChanged, [this] { update(); });
+}
 
 QString Setting::title() const {
-    return L(m_titleKey);
+    return L(m_texts.title);
 }
 
 QString Setting::hint() const {
-    if (m_hintText)
-        return *m_hintText;
-    return *m_hintKey == '\0' ? QString() : L(m_hintKey);
+    return m_texts.hint.isEmpty() ? QString() : L(m_texts.hint);
 }
 
 void Setting::setHintKey(const char *key) {
-    assign(m_hintKey, key);
-}
-
-void Setting::setHintText(std::optional<QString> text) {
-    assign(m_hintText, std::move(text));
-}
-
-void ChoiceSetting::offer(std::vector<Choice> choices) {
-    if (m_choices == choices)
-        return;
-    m_choices = std::move(choices);
-    m_list.clear();
-    m_list.reserve(static_cast<qsizetype>(m_choices.size()));
-    for (const auto &choice : m_choices)
-        m_list.append(QVariant::fromValue(choice));
-    Q_EMIT choicesChanged();
-}
-
-TextSetting::TextSetting(const char *titleKey, const char *hintKey, const char *placeholderKey)
-    : Setting(titleKey, hintKey)
-    , m_placeholderKey(placeholderKey) {}
-
-QString TextSetting::placeholder() const {
-    return L(m_placeholderKey);
-}
-
-void TextSetting::show(std::optional<QString> value) {
-    // Not known is nobody's answer.
-    const bool isNews = value && (value == m_committed || (m_value && value != m_value));
-    if (m_committed && !value)
-        return;
-    if (!m_committed || !isNews)
-        return assign(m_value, std::move(value));
-    m_value = std::move(value);
-    settle();
-}
-
-void TextSetting::settle() {
-    assign(m_committed, std::optional<QString>());
-}
-
-void TextSetting::commit(const QString &text) {
-    assign(m_committed, std::optional(text));
-    Q_EMIT asked(text);
+    assign(m_texts.hint, QString::fromLatin1(key));
 }
 
 } // namespace palomet

@@ -1,11 +1,14 @@
 import QtQuick
 import Palomet.Kit
+import Palomet.Ui
 
-// A label over a stack of setting rows, and what stands under them.
+// A label over setting rows, those of a group before all others, and the items under them.
 Column {
     id: root
 
-    property string title
+    property SettingGroup group: null
+    property string title: group?.title ?? ""
+    property alias row: repeater.delegate
     default property alias settings: rows.content
     property alias after: extra.data
 
@@ -14,14 +17,20 @@ Column {
     BlockLabel {
         text: root.title
     }
-    Item {
-        width: 1
+    Gap {
         height: Zen.space2
     }
     SettingRows {
         id: rows
 
         width: root.width
+
+        Repeater {
+            id: repeater
+
+            model: root.group?.settings ?? []
+            delegate: SettingLine {}
+        }
     }
     Column {
         id: extra

@@ -7,13 +7,13 @@ Column {
     id: root
 
     required property NowScreen screen
-    // Whether the state's glyph is there to be seen.
+    // Whether the state's glyph shows.
     property bool isStateShown: true
 
     width: parent ? parent.width : 0
 
     Announcement {
-        text: `${root.screen.stateWord}. ${root.screen.stateNote}`
+        text: `${root.screen.shown.stateWord}. ${root.screen.shown.stateNote}`
         Accessible.role: Accessible.Notification
         Accessible.name: text
     }
@@ -22,39 +22,38 @@ Column {
 
         Cell {
             label: Words.t("now.state")
-            note: root.screen.stateNote
-            spoken: root.screen.stateWord
+            note: root.screen.shown.stateNote
+            spoken: root.screen.shown.stateWord
 
-            // As wide as the widest glyph: the word stays where it is.
             Item {
-                width: 23
+                width: Zen.glyphSlot
                 height: parent.height
 
                 StateGlyph {
                     anchors.verticalCenter: parent.verticalCenter
                     visible: root.isStateShown
-                    loopState: root.screen.loopState
+                    loopState: root.screen.shown.loopState
                     level: root.screen.level
                 }
             }
             ZenDisplay {
-                text: root.screen.stateWord
+                text: root.screen.shown.stateWord
             }
         }
         ValueCell {
             label: Words.t("now.microphone")
-            note: root.screen.microphoneNote
-            text: root.screen.microphone
+            note: root.screen.shown.microphoneNote
+            text: root.screen.shown.microphone
         }
         ValueCell {
             label: Words.t("now.session")
-            note: root.screen.sessionNote
-            text: root.screen.session
+            note: root.screen.shown.sessionNote
+            text: root.screen.shown.session
         }
         ValueCell {
             label: Words.t("now.thisConversation")
-            note: root.screen.costNote
-            text: root.screen.cost
+            note: root.screen.shown.costNote
+            text: root.screen.shown.cost
         }
     }
     CellRow {
@@ -63,23 +62,23 @@ Column {
 
         ValueCell {
             label: Words.t("now.transcription")
-            note: root.screen.transcriptionNote
-            text: root.screen.transcription
+            note: root.screen.shown.transcriptionNote
+            text: root.screen.shown.transcription
         }
         ValueCell {
             label: Words.t("now.model")
             note: Words.t("now.model.note")
-            text: root.screen.brain
+            text: root.screen.shown.brain
         }
         ValueCell {
             label: Words.t("now.voice")
             note: Words.t("now.voice.note")
-            text: root.screen.voice
+            text: root.screen.shown.voice
         }
         ValueCell {
             label: Words.t("now.untilHeard")
-            note: root.screen.untilHeardNote
-            text: root.screen.untilHeard
+            note: root.screen.shown.untilHeardNote
+            text: root.screen.shown.untilHeard
         }
     }
 }

@@ -2,7 +2,7 @@ import QtQuick
 import Palomet.Kit
 import Palomet.Ui
 
-// The state and its note in one line under the page's header, which it goes on.
+// The state and its note in one line, which continues the page's header.
 Cover {
     id: root
 
@@ -12,17 +12,17 @@ Cover {
     height: note.height + Zen.space3 + 1
     Accessible.ignored: true
 
-    // Its cell, scrolled away, is still what a screen reader finds.
+    // A screen reader still finds the cell that is scrolled away.
     Item {
         id: mark
 
         x: Zen.space7
-        width: 20
-        height: 21
+        width: Zen.glyphSlotCompact
+        height: word.box
 
         StateGlyph {
             anchors.verticalCenter: parent.verticalCenter
-            loopState: root.screen.loopState
+            loopState: root.screen.shown.loopState
             level: root.screen.level
             isCompact: true
         }
@@ -31,7 +31,7 @@ Cover {
         id: word
 
         x: mark.x + mark.width + Zen.space1
-        text: root.screen.stateWord
+        text: root.screen.shown.stateWord
         box: 21
         font.weight: Zen.bold
         Accessible.ignored: true
@@ -41,13 +41,13 @@ Cover {
 
         x: word.x + word.width + Zen.space3
         width: Zen.space7 + root.column - x
-        text: root.screen.stateNote
+        text: root.screen.shown.stateNote
         Accessible.ignored: true
     }
     HairLine {
         y: root.height - 1
         width: root.width
-        // Not quite opaque, as the cover is not: a row's rule may come to lie under it.
+        // Not quite opaque, for the same reason as the cover: a row's rule may come to lie under it.
         color: Qt.alpha(Zen.rule, 0.99)
     }
 }

@@ -14,7 +14,7 @@ int length(const QString &text) {
     return static_cast<int>(text.size());
 }
 
-/// The next end of a character or of a word's beginning; -1 where the text ends.
+/// The next boundary of a character, or beginning of a word; -1 where the text ends.
 int next(const QString &text, int position, TextSelection::Step step, bool isForward) {
     const bool isByWord = step == TextSelection::Step::Word;
     QTextBoundaryFinder finder(isByWord ? QTextBoundaryFinder::Word : QTextBoundaryFinder::Grapheme, text);
@@ -37,7 +37,7 @@ void TextSelection::setModel(QAbstractItemModel *model) {
     m_model = model;
     clear();
     if (m_model) {
-        // A caret whose row is gone is none; one whose text got shorter stays within it.
+        // A caret whose row is removed is gone; one whose text has got shorter stays within the text.
         for (const auto signal : {&QAbstractItemModel::rowsInserted, &QAbstractItemModel::rowsRemoved})
             connect(m_model, signal, this, &TextSelection::announce);
         connect(m_model, &QAbstractItemModel::dataChanged, this, &TextSelection::announce);
@@ -97,7 +97,7 @@ void TextSelection::extendTo(int row, int position) {
 void TextSelection::selectWord(int row, int position) {
     const auto text = textOf(row);
     position = std::clamp(position, 0, length(text));
-    // Right behind a word, that word is meant.
+    // A place right behind a word means that word.
     if (position > 0 && (position == text.size() || text[position].isSpace()))
         --position;
     QTextBoundaryFinder finder(QTextBoundaryFinder::Word, text);
@@ -134,7 +134,7 @@ void TextSelection::move(Step step, bool isForward, bool isExtending) {
     if (!hasCaret())
         return;
     if (!isExtending && !isEmpty() && step == Step::Character) {
-        // As in every text field: to the selection's end.
+        // As in every text field, it goes to the selection's end.
         const auto to = isForward ? last() : first();
         return begin(to.row.row(), to.position);
     }

@@ -6,9 +6,9 @@
 
 namespace palomet {
 
-/// What is selected of the texts of a list: from a place in one row to a place in the same or another, whether or not
-/// these rows are shown. It stays with its rows as others come and go, and is lost with them. A place is a row and a
-/// position in its text. Main thread only; the model outlives it.
+/// The selection in the texts of a list: from one place to another, where a place is a row and a position in its text.
+/// The rows need not show. It stays with its rows as others come and go, and is lost with them. Main thread only; the
+/// model outlives it.
 class TextSelection : public QObject {
     Q_OBJECT
     QML_ELEMENT
@@ -16,12 +16,12 @@ class TextSelection : public QObject {
     /// The role that has a row's text.
     Q_PROPERTY(QString textRole READ textRole WRITE setTextRole NOTIFY modelChanged FINAL)
     Q_PROPERTY(bool isEmpty READ isEmpty NOTIFY changed FINAL)
-    /// Whether there is a place to go on from, be anything selected or not.
+    /// Whether there is a caret, with or without a selection.
     Q_PROPERTY(bool hasCaret READ hasCaret NOTIFY changed FINAL)
     /// The place where the selection was last extended to; -1 without one.
     Q_PROPERTY(int caretRow READ caretRow NOTIFY changed FINAL)
     Q_PROPERTY(int caretPosition READ caretPosition NOTIFY changed FINAL)
-    /// Becomes another with every change.
+    /// Another number after every change.
     Q_PROPERTY(int revision READ revision NOTIFY changed FINAL)
 
 public:
@@ -47,7 +47,7 @@ public:
     Q_INVOKABLE void selectWord(int row, int position);
     Q_INVOKABLE void selectRow(int row);
     Q_INVOKABLE void selectAll();
-    /// False where there was nothing to clear.
+    /// False if there was nothing to clear.
     Q_INVOKABLE bool clear();
     /// Moves the caret by a character or a word, also into the next row or the one before.
     Q_INVOKABLE void move(palomet::TextSelection::Step step, bool isForward, bool isExtending);
@@ -61,7 +61,7 @@ public:
     [[nodiscard]] QString text() const;
     /// Puts it on the clipboard; false where nothing is selected.
     Q_INVOKABLE bool copy() const;
-    /// Gives it to whoever pastes with the middle button, where that is known.
+    /// Offers it for pasting with the middle button, where the desktop has that.
     Q_INVOKABLE void offer() const;
 
 Q_SIGNALS:

@@ -25,7 +25,7 @@ void TextSending::send() {
 }
 
 void TextSending::changeSettled(const QString &key) {
-    // Of several the last decides.
+    // Of several texts under way, the last one decides.
     if (key != m_key || m_underWay == 0 || --m_underWay > 0 || !m_setting.isBusy())
         return;
     if (m_model.snapshot())
@@ -37,7 +37,7 @@ void TextSending::changeSettled(const QString &key) {
 void TextSending::snapshotCame() {
     if (!m_model.snapshot() || !std::exchange(m_isLost, false) || !m_setting.isBusy())
         return;
-    // A backend that goes away over it again is not given it a third time.
+    // A backend that has gone away twice over a text does not get it a third time.
     if (std::exchange(m_wasSentAgain, true))
         m_setting.settle();
     else

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "model/PalometModel.h"
-#include "ui/screens/Setting.h"
+#include "ui/screens/TextSetting.h"
 
 #include <QJsonValue>
 #include <QObject>
@@ -10,16 +10,16 @@
 
 namespace palomet {
 
-/// Sends what is committed to a line of text, and settles it once the backend has answered with its state: then its
-/// value is what shows. While the backend is away nothing is settled: what was committed stays, and is sent once more
-/// when the backend is back. Main thread only; the model and the setting outlive it.
+/// Sends each committed text of a setting, and settles it once the backend has answered with its state. While the
+/// backend is away nothing is settled: the text stays, and is sent once more when the backend is back. Main thread
+/// only; the model and the setting outlive it.
 class TextSending final : public QObject {
     Q_OBJECT
 
 public:
     using Encode = std::function<QJsonValue(const QString &text)>;
 
-    /// `key` is the setting's name, `encode` makes its value of a text.
+    /// `key` is the setting's name in the settings command; `encode` makes its value from a text.
     TextSending(PalometModel &model, TextSetting &setting, QString key, Encode encode, QObject *parent);
 
 private:

@@ -1,35 +1,24 @@
 import QtQuick
+import Palomet.Kit
 import Palomet.Ui
 
-// How it speaks.
+// The voice pane: how it speaks.
 ColumnPage {
     id: root
 
     required property VoiceScreen screen
 
-    SettingsBlock {
-        title: "Fish Audio"
+    actions: ZenButton {
+        title: Words.t("button.sample")
+        icon: "player-play"
+        kind: ZenButtonStyle.Primary
+        onClicked: root.screen.sample()
+    }
 
-        TextRow {
-            setting: root.screen.voice
-            boxWidth: 320
-        }
-        TextRow {
-            setting: root.screen.name
-        }
-        ChoiceRow {
-            setting: root.screen.speed
-            boxWidth: 160
-        }
-        ChoiceRow {
-            setting: root.screen.fishModel
-        }
+    SettingsBlock {
+        group: root.screen.online
     }
     SettingsBlock {
-        title: Words.t("voice.offlineBlock")
-
-        ChoiceRow {
-            setting: root.screen.systemVoice
-        }
+        group: root.screen.offline
     }
 }

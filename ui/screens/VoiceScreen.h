@@ -1,7 +1,7 @@
 #pragma once
 
-#include "ui/screens/Screen.h"
-#include "ui/screens/Setting.h"
+#include "ui/screens/ChoiceSetting.h"
+#include "ui/screens/TextSetting.h"
 
 namespace palomet {
 
@@ -10,33 +10,34 @@ class VoiceScreen final : public Screen {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("Screens come from the window.")
-    Q_PROPERTY(palomet::TextSetting *voice READ voice CONSTANT FINAL)
-    Q_PROPERTY(palomet::TextSetting *name READ name CONSTANT FINAL)
-    Q_PROPERTY(palomet::ChoiceSetting *speed READ speed CONSTANT FINAL)
-    Q_PROPERTY(palomet::ChoiceSetting *fishModel READ fishModel CONSTANT FINAL)
-    Q_PROPERTY(palomet::ChoiceSetting *systemVoice READ systemVoice CONSTANT FINAL)
+    Q_PROPERTY(palomet::SettingGroup *online READ online CONSTANT FINAL)
+    Q_PROPERTY(palomet::SettingGroup *offline READ offline CONSTANT FINAL)
 
 public:
     explicit VoiceScreen(PalometModel &model);
 
-    [[nodiscard]] TextSetting *voice() { return &m_voice; }
-    [[nodiscard]] TextSetting *name() { return &m_name; }
-    [[nodiscard]] ChoiceSetting *speed() { return &m_speed; }
-    [[nodiscard]] ChoiceSetting *fishModel() { return &m_fishModel; }
-    [[nodiscard]] ChoiceSetting *systemVoice() { return &m_systemVoice; }
+    [[nodiscard]] SettingGroup *online() { return &m_online; }
+    [[nodiscard]] SettingGroup *offline() { return &m_offline; }
 
-protected:
-    void updateAll() override;
+    /// Has the voice say something, as it is set.
+    Q_INVOKABLE void sample() { model().sample(); }
 
 private:
-    void updateOptions();
-    void updateSettings();
+    using Settings = Snapshot::Settings;
+    using Content = Setting::Content;
 
-    TextSetting m_voice{"voice.voice", "voice.voice.hint", "voice.voice.placeholder"};
-    TextSetting m_name{"voice.name", "voice.name.hint", "voice.name.placeholder"};
-    ChoiceSetting m_speed{"voice.speed", ""};
-    ChoiceSetting m_fishModel{"voice.model", "voice.model.hint"};
-    ChoiceSetting m_systemVoice{"voice.macVoice", "voice.macVoice.hint"};
+    [[nodiscard]] static Choices speeds();
+
+    SettingGroup m_online{*this, "Fish Audio"};
+    TextSetting m_voice{m_online, "voice.voice", plainText(&Settings::voiceId), Content::Line};
+    TextSetting m_name{m_online, "voice.name", plainText(&Settings::voiceName), Content::LongName};
+    ChoiceSetting m_speed{m_online, {"voice.speed", ""}, speeds(), Content::Number};
+    ChoiceSetting m_fishModel{m_online, "voice.model", names(&Settings::fishModel, &Options::fishModels),
+                              Content::Name};
+
+    SettingGroup m_offline{*this, "voice.offlineBlock"};
+    ChoiceSetting m_systemVoice{m_offline, "voice.macVoice", names(&Settings::fallbackVoice, &Options::macVoices),
+                                Content::Name};
 };
 
 } // namespace palomet

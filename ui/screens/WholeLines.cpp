@@ -12,7 +12,7 @@ namespace palomet {
 
 namespace {
 
-/// From the top of what must not be cut to its end, in the view.
+/// An item or a line of text that must not be cut, in the view's points.
 struct Span {
     qreal top = 0;
     qreal end = 0;
@@ -20,15 +20,15 @@ struct Span {
 
 constexpr qreal tallestControl = 64;
 
-/// The line of a text, the control, or whatever else says that it is to be seen as a whole, that lies across a height
-/// of the view; of several, any. `top` is the item's, in the view.
+/// A line of text, a control or an item with `isWhole` below `item` that lies across a height of the view; any of
+/// several. `top` is the item's top in the view.
 std::optional<Span> across(const QQuickItem *item, qreal top, qreal y) {
     const auto end = top + item->height();
     const auto isAcross = [y](qreal from, qreal to) { return from < y - 0.5 && to > y + 0.5; };
     const bool isControl = qobject_cast<const Pressable *>(item) || qobject_cast<const ZenBox *>(item);
     if ((isControl && item->height() <= tallestControl) || item->property("isWhole").toBool())
         return isAcross(top, end) ? std::optional(Span{top, end}) : std::nullopt;
-    // A text of the kit says how high its lines are.
+    // The kit's texts have the height of their lines as `box`.
     const auto box = item->property("box");
     if (box.isValid() && item->property("text").isValid()) {
         const auto line = top + std::floor((y - top) / box.toReal()) * box.toReal();
@@ -37,7 +37,7 @@ std::optional<Span> across(const QQuickItem *item, qreal top, qreal y) {
     }
     for (const auto *child : item->childItems()) {
         const auto childTop = top + child->y();
-        // What is elsewhere is most of it; what has no height of its own may have children that have.
+        // Most children lie elsewhere. One without a height may have children that have one.
         const bool isElsewhere = child->height() > 0 && (childTop > y || childTop + child->height() < y);
         if (isElsewhere || !child->isVisible())
             continue;
@@ -54,7 +54,7 @@ void WholeLines::itemChange(ItemChange change, const ItemChangeData &value) {
     if (change != ItemSceneChange)
         return;
     disconnect(m_frames);
-    // Everything is laid out then, and nothing drawn yet.
+    // At this signal everything is laid out and nothing drawn yet.
     if (value.window)
         m_frames = connect(value.window, &QQuickWindow::afterAnimating, this, &WholeLines::measure);
 }
@@ -63,7 +63,7 @@ void WholeLines::measure() {
     auto *content = m_view ? m_view->property("contentItem").value<QQuickItem *>() : nullptr;
     if (!content)
         return;
-    // What is hidden for one line may cut another beside it.
+    // Hiding one line may cut another one beside it.
     constexpr int mostLooks = 8;
     auto top = m_covered;
     for (int look = 0; look < mostLooks; ++look) {

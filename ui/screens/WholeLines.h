@@ -5,14 +5,14 @@
 
 namespace palomet {
 
-/// How much of a view's content has to be hidden at its upper and its lower edge so that no line of text, and no
-/// control, is cut there. It is known anew with every frame that is drawn. Main thread only.
+/// Measures, before each frame, how much of a view has to be hidden at its upper and its lower edge so that these cut
+/// no line of text and no control. Main thread only.
 class WholeLines : public QQuickItem {
     Q_OBJECT
     QML_ELEMENT
     /// A view whose content lies in its `contentItem`.
     Q_PROPERTY(QQuickItem *view MEMBER m_view REQUIRED)
-    /// How much of its top something else stands over.
+    /// The height at the view's top that something else covers.
     Q_PROPERTY(qreal covered MEMBER m_covered)
     Q_PROPERTY(qreal above READ above NOTIFY changed FINAL)
     Q_PROPERTY(qreal below READ below NOTIFY changed FINAL)

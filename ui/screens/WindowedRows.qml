@@ -1,8 +1,7 @@
 import QtQuick
 import Palomet.Kit
 
-// Rows inside a page that scrolls, of which only those exist that show. `position` is where they begin in the page's
-// content.
+// Rows inside a page that scrolls; only those that show exist. `position` is where they begin in the page's content.
 Item {
     id: root
 
@@ -32,7 +31,7 @@ Item {
 
         width: root.width
         height: Math.min(root.page.view.height, contentHeight)
-        // Later, for placing it makes rows, and their heights change what the place depends on.
+        // Later: placing the list makes rows, whose heights the place depends on.
         onHeightChanged: settling.restart()
         onContentHeightChanged: settling.restart()
         onOriginYChanged: settling.restart()

@@ -1,6 +1,6 @@
 #include "ui/shell/AppView.h"
 
-#include "ui/localization/Localization.h"
+#include "localization/Localization.h"
 
 namespace palomet {
 
@@ -14,7 +14,7 @@ AppView::AppView(PalometModel &model, Navigation &navigation, Shortcuts &shortcu
     , m_history(model)
     , m_listening(model, shortcuts, layout)
     , m_voice(model)
-    , m_brain(model, m_details.home, m_outside.pickFolders) {
+    , m_brain(model, m_details.home, m_outside.pickFolders, m_outside.openLog) {
     connect(&m_navigation, &Navigation::paneChanged, this, [this] {
         // The screen is up to date before it is shown.
         updateScreens();

@@ -18,14 +18,14 @@ struct Outside {
     FolderPicker pickFolders = [](auto &&) {};
 };
 
-/// Everything that the window shows: the sidebar, the header of the pane that is selected, and its screen. Main thread
-/// only; what is handed in outlives it.
+/// Everything that the window shows: the sidebar, the header of the selected pane, and its screen. Main thread only;
+/// all arguments outlive it.
 class AppView final : public QObject {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("There is one, the window's.")
     Q_PROPERTY(palomet::Navigation *navigation READ navigation CONSTANT FINAL)
-    /// The pane that is shown, once its screen is up to date: `navigation` announces its own to QML before that.
+    /// The pane that shows. It changes after its screen is up to date; `navigation.pane` changes before.
     Q_PROPERTY(palomet::Navigation::Pane pane READ pane NOTIFY paneChanged FINAL)
     Q_PROPERTY(QString version READ version CONSTANT FINAL)
     Q_PROPERTY(QVariantList groups READ groups CONSTANT FINAL)
@@ -53,7 +53,7 @@ public:
 
     [[nodiscard]] Navigation *navigation() const { return &m_navigation; }
     [[nodiscard]] Pane pane() const { return m_navigation.pane(); }
-    /// In the words of the sidebar; "dev" in a build that has none.
+    /// As the sidebar says it; "dev" in a build that has none.
     [[nodiscard]] QString version() const;
     /// The sidebar's groups: each a title and the panes in it, with title and icon.
     [[nodiscard]] QVariantList groups() const;
@@ -68,12 +68,7 @@ public:
     [[nodiscard]] VoiceScreen *voice() { return &m_voice; }
     [[nodiscard]] BrainScreen *brain() { return &m_brain; }
 
-    Q_INVOKABLE void newConversation() { m_model.newConversation(); }
-    Q_INVOKABLE void stop() { m_model.stop(); }
-    Q_INVOKABLE void listen() { m_model.listen(); }
-    Q_INVOKABLE void sample() { m_model.sample(); }
-    Q_INVOKABLE void openLog() { m_outside.openLog(); }
-    /// What a press on the status line does: with the microphone on, nothing.
+    /// Opens the desktop's microphone settings, unless the microphone is on.
     Q_INVOKABLE void fixMicrophone();
 
 Q_SIGNALS:

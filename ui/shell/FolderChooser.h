@@ -12,16 +12,16 @@ class FolderChooser {
 public:
     struct Request {
         QString title;
-        QString acceptLabel; ///< What its button says.
-        QString home;        ///< Where it begins.
-        quintptr owner = 0;  ///< The window that it stands in front of, as the toolkit names it; 0 without one.
+        QString acceptLabel; ///< The text of its button.
+        QString home;        ///< The folder that it begins in.
+        quintptr owner = 0;  ///< The toolkit's id of the window that it stands in front of; 0 without one.
     };
 
     virtual ~FolderChooser() = default;
 
-    /// Shows the dialog. `picked` gets the folders, those that exist, once the user has chosen some; `missing` is
-    /// called, now or later, when the desktop has no such dialog. One of them is called at most, and none when the user
-    /// cancels. While a dialog is open, another request is ignored.
+    /// Shows the dialog. `picked` gets the existing folders that the user has chosen; `missing` is called, at once or
+    /// later, when the desktop has no such dialog. At most one of them is called, and none when the user cancels. While
+    /// a dialog is open, another request is ignored.
     virtual void ask(const Request &request, std::function<void(const QStringList &folders)> picked,
                      std::function<void()> missing) = 0;
 };

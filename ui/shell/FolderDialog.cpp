@@ -1,6 +1,6 @@
 #include "ui/shell/FolderDialog.h"
 
-#include "ui/localization/Localization.h"
+#include "localization/Localization.h"
 
 #include <QAbstractItemView>
 #include <QFileDialog>
@@ -29,7 +29,7 @@ void askForFolders(QWindow *owner, const QString &home, std::function<void(const
             picked(folders);
     });
     dialog->setWindowModality(Qt::ApplicationModal);
-    // Made now, so that it can be told whose it is.
+    // Creates the window now, so that its owner can be set.
     dialog->winId();
     if (owner)
         dialog->windowHandle()->setTransientParent(owner);

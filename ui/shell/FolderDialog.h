@@ -6,9 +6,8 @@ class QWindow;
 
 namespace palomet {
 
-/// The toolkit's window for picking folders, for where the desktop has none: several at once, beginning in the user's
-/// home. `owner` may be null; the
-/// dialog stands in front of it. A folder that is no longer there when it is picked is not given on.
+/// Opens the toolkit's dialog for picking folders, several at once, where the desktop has no such dialog. It begins in
+/// the user's home and stands in front of `owner`, which may be null. `picked` gets only folders that still exist.
 void askForFolders(QWindow *owner, const QString &home, std::function<void(const QStringList &)> picked);
 
 } // namespace palomet

@@ -4,40 +4,37 @@ import Palomet.Kit
 import Palomet.Ui
 
 // All of the window.
-MacShellView {
+TwoColumns {
     id: root
 
     required property AppView app
     readonly property int pane: app.pane
+    // The page that shows; null while another is being made.
+    readonly property ScreenPage page: [now, history, listening, voice, brain].find(when => when.count > 0)?.itemAt(0) as ScreenPage ?? null
 
-    // The page that shows; null while another is made.
-    function shownPage(): ScreenPage {
-        return page.screens.find(screen => screen instanceof ScreenPage) ?? null;
-    }
-
-    // Goes on from a pane of the sidebar to the one above or below it, which is shown then.
+    // Goes from a pane of the sidebar to the one above or below it, and shows that.
     function walk(from: int, step: int): void {
         const items = [];
         for (let i = 0; i < groups.count; ++i)
-            items.push(...(groups.itemAt(i) as MacSidebarGroup).panes);
-        const to = items.find(item => item instanceof MacSidebarItem && item["modelData"].pane === from + step);
+            items.push(...(groups.itemAt(i) as SidebarGroup).panes);
+        const to = items.find(item => item instanceof SidebarItem && item["modelData"].pane === from + step);
         if (!to)
             return;
         to.forceActiveFocus(Qt.TabFocusReason);
         to.clicked();
     }
 
-    // Whether the page had a use for a key that nothing else had one for.
+    // Gives the page a key that nothing else has taken; false where the page does not take it either.
     function scroll(key: int): bool {
-        return shownPage()?.scroller.handle(key) ?? false;
+        return page?.scroller.handle(key) ?? false;
     }
 
     // Copies what is selected on the page, wherever the focus is; false where nothing is.
     function copy(): bool {
-        return shownPage()?.selection?.copy() ?? false;
+        return page?.selection?.copy() ?? false;
     }
 
-    sidebar: MacSidebar {
+    sidebar: Sidebar {
         anchors.fill: parent
         app: "Palomet"
         version: root.app.version
@@ -48,7 +45,7 @@ MacShellView {
 
             model: root.app.groups
 
-            MacSidebarGroup {
+            SidebarGroup {
                 id: group
 
                 required property var modelData
@@ -58,7 +55,7 @@ MacShellView {
                 Repeater {
                     model: group.modelData.panes
 
-                    MacSidebarItem {
+                    SidebarItem {
                         required property var modelData
 
                         icon: modelData.icon
@@ -71,7 +68,7 @@ MacShellView {
                 }
             }
         }
-        status: MacStatusLine {
+        status: MicrophoneLine {
             isOn: root.app.isMicOn
             textOn: Words.t("status.micOn")
             textOff: Words.t("status.micOff")
@@ -79,80 +76,57 @@ MacShellView {
         }
     }
 
-    MacPage {
-        id: page
-
-        column: root.pane === Navigation.Now ? Zen.board : Zen.column
+    PageFrame {
+        column: root.page?.column ?? Zen.column
+        isScrolled: root.page?.isRuled ?? false
         crumb: "Palomet"
         title: root.app.title
         subtitle: root.app.subtitle
-        actions: [
-            When {
-                holds: root.pane === Navigation.Now
-
-                NowActions {
-                    app: root.app
-                }
-            },
-            When {
-                holds: root.pane === Navigation.Voice
-
-                ZenButton {
-                    title: Words.t("button.sample")
-                    icon: "player-play"
-                    kind: ZenButtonStyle.Primary
-                    onClicked: root.app.sample()
-                }
-            },
-            When {
-                holds: root.pane === Navigation.Brain
-
-                ZenButton {
-                    title: Words.t("button.openLog")
-                    icon: "file-text"
-                    onClicked: root.app.openLog()
-                }
-            }
-        ]
+        actions: root.page?.actions ?? []
 
         When {
+            id: now
+
             holds: root.pane === Navigation.Now
 
             NowPage {
                 screen: root.app.now
-                onIsRuledChanged: page.isScrolled = isRuled
             }
         }
         When {
+            id: history
+
             holds: root.pane === Navigation.History
 
             HistoryPage {
                 screen: root.app.history
-                onIsRuledChanged: page.isScrolled = isRuled
             }
         }
         When {
+            id: listening
+
             holds: root.pane === Navigation.Listening
 
             ListeningPage {
                 screen: root.app.listening
-                onIsRuledChanged: page.isScrolled = isRuled
             }
         }
         When {
+            id: voice
+
             holds: root.pane === Navigation.Voice
 
             VoicePage {
                 screen: root.app.voice
-                onIsRuledChanged: page.isScrolled = isRuled
             }
         }
         When {
+            id: brain
+
             holds: root.pane === Navigation.Brain
 
             BrainPage {
                 screen: root.app.brain
-                onIsRuledChanged: page.isScrolled = isRuled
             }
         }
     }

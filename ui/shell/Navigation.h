@@ -8,7 +8,7 @@
 
 namespace palomet {
 
-/// Which of the five panes the window shows. One, shared by the window and whatever opens it. Main thread only.
+/// The pane that the window shows. The window and everything that opens it share one object. Main thread only.
 class Navigation : public QObject {
     Q_OBJECT
     QML_ELEMENT
@@ -37,7 +37,7 @@ inline constexpr std::array allPanes{Pane::Now, Pane::History, Pane::Listening, 
 /// The pane of exactly that raw value, "now"; none for any other word.
 [[nodiscard]] std::optional<Pane> paneFrom(QStringView rawValue);
 [[nodiscard]] QString rawValue(Pane pane);
-/// The sidebar's group that it stands in, "conversation" or "settings".
+/// Its group in the sidebar, "conversation" or "settings".
 [[nodiscard]] QString group(Pane pane);
 [[nodiscard]] QString title(Pane pane);
 [[nodiscard]] QString subtitle(Pane pane);

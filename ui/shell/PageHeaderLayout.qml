@@ -6,7 +6,7 @@ Item {
     id: root
 
     default property alias titleBlock: block.data
-    property alias actions: row.data
+    property alias actions: row.children
     property real titleWidth
 
     Item {
@@ -19,7 +19,8 @@ Item {
         id: row
 
         x: Math.max(root.width - width, root.titleWidth + Zen.space5)
-        y: 50
+        // In the middle of the title's capitals.
+        y: Math.round(Zen.titleLine - 0.35 * 40 - Zen.control / 2)
         spacing: Zen.space2
     }
 }

@@ -5,8 +5,8 @@ class QString;
 
 namespace palomet {
 
-/// Has the toolkit's own dialogs speak a language, given as a language tag. Where its translations are not installed,
-/// they stay English. To be called once, before anything is shown.
+/// Translates the toolkit's own dialogs into a language, given as a language tag. They stay English where its
+/// translations are not installed. To be called once, before anything is shown.
 void translateToolkit(QCoreApplication &application, const QString &language);
 
 } // namespace palomet

@@ -10,7 +10,7 @@ qint64 area(const QRect &rect) {
     return rect.isEmpty() ? 0 : qint64{rect.width()} * rect.height();
 }
 
-/// Onto the screen, and no larger than it where the window can be smaller.
+/// The frame moved onto the screen, and made no larger than the screen where the minimum size allows that.
 QRect fitted(QRect frame, const QRect &screen, QSize minimumSize) {
     frame.setSize(frame.size().boundedTo(screen.size()).expandedTo(minimumSize));
     frame.moveLeft(std::max(screen.left(), std::min(frame.left(), screen.left() + screen.width() - frame.width())));

@@ -16,9 +16,9 @@ struct WindowFrame {
     bool operator==(const WindowFrame &) const = default;
 };
 
-/// Where a window is to open. What was saved is taken when it can be seen on the screens that are there now, moved onto
-/// the screen that it overlaps most, and made small enough for it; without one, the window stands in the middle of the
-/// first screen. `screens` are the usable parts, the main screen's first.
+/// The frame to open a window with. A saved frame that overlaps one of the present screens is moved onto the screen
+/// that it overlaps most, and made small enough for it; otherwise the window stands in the middle of the first screen.
+/// `screens` are their usable parts, the main screen's first.
 [[nodiscard]] QRect openingFrame(const std::optional<QRect> &saved, const std::vector<QRect> &screens, QSize size,
                                  QSize minimumSize);
 

@@ -5,7 +5,7 @@
 
 namespace palomet {
 
-/// The texts of the program, for QML: looked up where they are shown and never kept.
+/// The texts of the program for QML, looked up each time they are shown.
 class Words : public QObject {
     Q_OBJECT
     QML_ELEMENT

@@ -8,11 +8,9 @@ Rectangle {
 
     required property StripView strip
 
-    width: 440
-    height: 40
     color: Zen.gray9
 
-    // Not the strip itself, which shows also when nothing is to be read out.
+    // An item of its own: the strip also shows when nothing is to be read out.
     Announcement {
         anchors.fill: parent
         Accessible.role: Accessible.Notification
@@ -23,9 +21,11 @@ Rectangle {
         onTapped: root.strip.open()
     }
     Item {
-        x: 14
-        width: 20
-        height: parent.height
+        id: mark
+
+        x: Zen.stripMargin
+        width: Zen.glyphSlotCompact
+        height: root.height
 
         StateGlyph {
             anchors.centerIn: parent
@@ -38,7 +38,7 @@ Rectangle {
     ZenLabel {
         id: word
 
-        x: 46
+        x: mark.x + mark.width + Zen.space3
         anchors.verticalCenter: parent.verticalCenter
         text: root.strip.word
         color: Zen.gray0
@@ -49,7 +49,7 @@ Rectangle {
 
         x: word.x + word.width + Zen.space3
         anchors.verticalCenter: parent.verticalCenter
-        width: (stopKey.visible ? stopKey.x - Zen.space3 : root.width - 14) - x
+        width: (stopKey.visible ? stopKey.x - Zen.space3 : root.width - Zen.stripMargin) - x
         text: root.strip.line
         size: 12
         box: 16
@@ -70,10 +70,10 @@ Rectangle {
     ZenBox {
         id: stopKey
 
-        x: root.width - width - 14
+        x: root.width - width - Zen.stripMargin
         anchors.verticalCenter: parent.verticalCenter
-        width: key.implicitWidth + 6 + 4.5 + 2
-        height: 20
+        width: key.implicitWidth - key.font.letterSpacing + 2 * key.x
+        height: Zen.stopKey
         visible: root.strip.isStoppable
         radius: Zen.radiusFull
         edge: Zen.darkEdge
@@ -82,8 +82,8 @@ Rectangle {
         ZenText {
             id: key
 
-            x: 7
-            y: 3
+            x: stopKey.edgeWidth + Zen.stopInset
+            anchors.verticalCenter: parent.verticalCenter
             text: "esc"
             size: 10
             box: 14

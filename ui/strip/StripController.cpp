@@ -15,15 +15,14 @@ StripController::StripController(PalometModel &model, StripPanel &panel, Schedul
 }
 
 void StripController::update() {
-    const auto state = m_model.state();
-    if (isShowing(state))
-        show(state);
+    if (isShowing())
+        show();
     else
         hide();
 }
 
-bool StripController::isShowing(LoopState state) const {
-    switch (state) {
+bool StripController::isShowing() const {
+    switch (m_model.state()) {
     case LoopState::Listening:
     case LoopState::Hearing:
     case LoopState::Drafting:
@@ -31,8 +30,7 @@ bool StripController::isShowing(LoopState state) const {
     case LoopState::Speaking:
         return true;
     case LoopState::Muted:
-        // Muted for another reason than the user's wish, such as a missing microphone.
-        return m_model.snapshot() && !m_model.snapshot()->isMuted;
+        return !m_model.isMutedByUser();
     case LoopState::Waiting:
     case LoopState::Offline:
         return false;
@@ -40,8 +38,8 @@ bool StripController::isShowing(LoopState state) const {
     return false;
 }
 
-void StripController::show(LoopState state) {
-    onEscapeNeeded(state == LoopState::Thinking || state == LoopState::Speaking);
+void StripController::show() {
+    onEscapeNeeded(m_model.isStoppable());
     m_hideWork.reset();
     if (!m_panel.isVisible())
         m_panel.orderFront(stripOrigin(m_panel.screens(), m_panel.pointer()));

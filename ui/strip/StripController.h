@@ -10,23 +10,23 @@
 
 namespace palomet {
 
-/// Shows the strip while the voice loop is busy, and hides it five seconds after it no longer is, so that a short gap
-/// does not make it blink and the last words can still be read. Main thread only; what is handed in outlives it.
+/// Shows the strip while the voice loop is busy, and hides it five seconds later, so that a short gap does not make it
+/// blink and the last words can still be read. Main thread only; all arguments outlive it.
 class StripController final : public QObject {
     Q_OBJECT
 
 public:
     StripController(PalometModel &model, StripPanel &panel, Scheduler &scheduler);
 
-    /// Told at every update whether a key that stops is of use now.
+    /// Called at every update: says whether the stop key is of use now.
     std::function<void(bool isNeeded)> onEscapeNeeded = [](bool) {};
 
-    /// Decides again. Called by itself whenever the model's snapshot or the microphone's authorisation changes.
+    /// Decides again. Changes of the snapshot and of the microphone's authorisation call it.
     void update();
 
 private:
-    [[nodiscard]] bool isShowing(LoopState state) const;
-    void show(LoopState state);
+    [[nodiscard]] bool isShowing() const;
+    void show();
     void hide();
 
     PalometModel &m_model;

@@ -1,6 +1,6 @@
 #include "ui/strip/StripLine.h"
 
-#include "ui/localization/Localization.h"
+#include "localization/Localization.h"
 
 #include <algorithm>
 
@@ -8,15 +8,15 @@ namespace palomet {
 
 namespace {
 
-QString drafted(const Snapshot *snapshot) {
-    const auto count = snapshot && snapshot->draft ? static_cast<qint64>(snapshot->draft->size()) : 0;
-    return L("strip.drafted", Count{count}) + QStringLiteral(" \u00B7 ") + L("strip.say", actionPhrase(snapshot));
+QString drafted(const Snapshot &snapshot) {
+    const auto count = snapshot.draft ? static_cast<qint64>(snapshot.draft->size()) : 0;
+    return L("strip.drafted", Count{count}) + QStringLiteral(" \u00B7 ") + L("strip.say", actionPhrase(&snapshot));
 }
 
-QString thought(const Snapshot *snapshot) {
-    if (!snapshot || snapshot->conversation.rows.empty())
+QString thought(const Snapshot &snapshot) {
+    const auto &rows = snapshot.conversation.rows;
+    if (rows.empty())
         return {};
-    const auto &rows = snapshot->conversation.rows;
     if (rows.back().role == u"tool")
         return rows.back().text;
     const auto asked = std::find_if(rows.rbegin(), rows.rend(), [](const auto &row) { return row.role == u"user"; });
@@ -31,20 +31,20 @@ QString actionPhrase(const Snapshot *snapshot) {
     return L("default.actionPhrase");
 }
 
-QString stripLine(LoopState state, const Snapshot *snapshot, const QString &spokenLine) {
-    switch (state) {
+QString stripLine(const PalometModel &model) {
+    switch (model.state()) {
     case LoopState::Listening:
         return L("strip.listening");
     case LoopState::Hearing:
         return QStringLiteral("\u2026");
     case LoopState::Drafting:
-        return drafted(snapshot);
+        return drafted(*model.snapshot());
     case LoopState::Thinking:
-        return thought(snapshot);
+        return thought(*model.snapshot());
     case LoopState::Speaking:
-        return spokenLine;
+        return model.spokenLine();
     case LoopState::Muted:
-        return snapshot && snapshot->isMuted ? L("strip.mutedInMenu") : L("strip.needsMicrophone");
+        return model.isMutedByUser() ? L("strip.mutedInMenu") : L("strip.needsMicrophone");
     case LoopState::Waiting:
     case LoopState::Offline:
         return {};

@@ -1,17 +1,16 @@
 #pragma once
 
-#include "model/LoopState.h"
-#include "model/Snapshot.h"
+#include "model/PalometModel.h"
 
 #include <QString>
 
 namespace palomet {
 
-/// What the strip says beside the word of the state. `snapshot` may be null; `spokenLine` is what is being said.
-[[nodiscard]] QString stripLine(LoopState state, const Snapshot *snapshot, const QString &spokenLine);
+/// The strip's line, beside the word of the state.
+[[nodiscard]] QString stripLine(const PalometModel &model);
 
-/// The phrase that carries out a draft: the first that the backend knows, else the one that the
-/// program would suggest.
+/// The phrase that carries out a draft: the backend's first, else the one that the program suggests.
+/// `snapshot` may be null.
 [[nodiscard]] QString actionPhrase(const Snapshot *snapshot);
 
 } // namespace palomet

@@ -31,13 +31,13 @@ public:
     /// None where the pointer cannot be known.
     [[nodiscard]] virtual std::optional<QPoint> pointer() const = 0;
 
-    /// Shows the panel above everything else without taking the focus; none leaves it where it was.
+    /// Shows the panel above everything else without taking the focus. Without an origin it stays where it was.
     virtual void orderFront(std::optional<QPoint> origin) = 0;
     virtual void orderOut() = 0;
 };
 
-/// Where the panel's top left corner goes: centred, 48 points above the end of what is usable of the screen with the
-/// pointer, else of the main screen. None when there is no screen to speak of.
+/// The panel's top left corner: centred, 48 points above the bottom of the usable part of the pointer's screen, else of
+/// the main screen. None without a screen.
 [[nodiscard]] std::optional<QPoint> stripOrigin(const std::vector<ScreenArea> &screens, std::optional<QPoint> pointer);
 
 } // namespace palomet

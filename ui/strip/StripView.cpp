@@ -29,16 +29,12 @@ void StripView::setShown(bool isShown) {
 }
 
 QString StripView::line() const {
-    // Of a long one more than it can show: laying out all of it takes seconds.
+    // More than the strip can show: laying out all of a long line takes seconds.
     constexpr qsizetype most = 500;
-    const auto line = stripLine(m_model.state(), m_model.snapshot().get(), m_model.spokenLine());
+    const auto line = stripLine(m_model);
     if (line.size() <= most)
         return Format::oneLine(line);
     return Format::oneLine(line.first(most)) + u'\u2026';
-}
-
-bool StripView::isStoppable() const {
-    return m_model.state() == LoopState::Thinking || m_model.state() == LoopState::Speaking;
 }
 
 double StripView::level() const {

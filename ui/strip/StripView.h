@@ -22,7 +22,7 @@ class StripView final : public QObject {
     Q_PROPERTY(double level READ level NOTIFY levelChanged FINAL)
 
 public:
-    /// `open` is what a click does.
+    /// A click calls `open`.
     StripView(PalometModel &model, std::function<void()> open);
 
     void setShown(bool isShown);
@@ -30,8 +30,8 @@ public:
     [[nodiscard]] QString loopState() const { return rawValue(m_model.state()); }
     [[nodiscard]] QString word() const { return palomet::word(m_model.state()); }
     [[nodiscard]] QString line() const;
-    /// Whether the key that stops is of use now.
-    [[nodiscard]] bool isStoppable() const;
+    /// Whether the stop key is of use now.
+    [[nodiscard]] bool isStoppable() const { return m_model.isStoppable(); }
     /// The output's level while speaking, the input's otherwise.
     [[nodiscard]] double level() const;
 

@@ -19,7 +19,7 @@ StripWindow::StripWindow(UiEngine &engine, StripView &view, const WorkArea *work
     , m_workArea(workArea)
     , m_pointer(pointer) {
     connect(&m_view, &StripView::changed, this, &StripWindow::announce);
-    // Queued, or the screen would still be among the others.
+    // Queued: at the signal the screen is still among the others.
     connect(qGuiApp, &QGuiApplication::screenRemoved, this, &StripWindow::followScreens, Qt::QueuedConnection);
     connect(qGuiApp, &QGuiApplication::screenAdded, this, &StripWindow::follow);
     for (const auto *screen : QGuiApplication::screens())
@@ -37,15 +37,15 @@ bool StripWindow::isVisible() const {
 QRect StripWindow::usable(const QScreen &screen) const {
     if (!m_workArea)
         return screen.availableGeometry();
-    // A screen begins where the display server has it, and only its size is scaled. That is rounded to points: of the
-    // sizes that it can come from the smallest is taken, which does not reach into the next screen.
+    // The toolkit keeps a screen's corner in the display server's pixels and scales only its size, rounded to points.
+    // Of the sizes in pixels that may have been rounded so, the smallest does not reach into the next screen.
     const auto scale = screen.devicePixelRatio();
     const auto frame = screen.geometry();
     const auto pixels = [scale](int points) { return static_cast<int>(std::ceil((points - 0.5) * scale)); };
     const QRect native(frame.topLeft(), QSize(pixels(frame.width()), pixels(frame.height())));
     const auto left = m_workArea->usable(native);
     const auto points = [scale](int from, int to) { return qRound((to - from) / scale); };
-    // An end from which nothing was taken stays where it is exactly.
+    // An edge that no panel takes from stays exactly where it is.
     auto usable = frame;
     usable.setTopLeft(frame.topLeft() + QPoint(points(native.left(), left.left()), points(native.top(), left.top())));
     if (left.right() != native.right())
@@ -67,7 +67,7 @@ std::optional<QPoint> StripWindow::pointer() const {
 }
 
 void StripWindow::follow(const QScreen *screen) const {
-    // Queued, for a change of the screens comes as a burst.
+    // Queued, because a change of the screens comes in several signals.
     connect(screen, &QScreen::geometryChanged, this, &StripWindow::followScreens, Qt::QueuedConnection);
     connect(screen, &QScreen::availableGeometryChanged, this, &StripWindow::followScreens, Qt::QueuedConnection);
 }
@@ -88,9 +88,10 @@ void StripWindow::make() {
                        Qt::BypassWindowManagerHint);
     m_window->setTitle(QStringLiteral("Palomet"));
     m_window->resize(size);
+    m_window->setResizeMode(QQuickView::SizeRootObjectToView);
     m_window->setInitialProperties({{QStringLiteral("strip"), QVariant::fromValue(&m_view)}});
     m_window->setSource(QUrl(QStringLiteral("qrc:/qt/qml/Palomet/Ui/StripContent.qml")));
-    // What is not painted yet has the same colour.
+    // The window has the strip's colour before the strip is painted.
     if (const auto *content = m_window->rootObject())
         m_window->setColor(content->property("color").value<QColor>());
 }

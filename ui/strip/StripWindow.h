@@ -24,7 +24,7 @@ public:
     /// Whether the pointer's place is known: not in a session where only our own windows see it.
     enum class Pointer { Known, Unknown };
 
-    /// `workArea` may be null: the toolkit's word is taken. All of them outlive the panel.
+    /// Without `workArea`, the toolkit says what panels leave of a screen. All arguments outlive the panel.
     StripWindow(UiEngine &engine, StripView &view, const WorkArea *workArea, Pointer pointer);
     ~StripWindow() override;
 
@@ -34,7 +34,7 @@ public:
     void orderFront(std::optional<QPoint> origin) override;
     void orderOut() override;
 
-    /// Whether a screen reader is told of a new state by somebody else.
+    /// Whether something else tells a screen reader of a new state.
     std::function<bool()> isStateSaidElsewhere = [] { return false; };
 
     /// Null until it was first shown.
@@ -43,7 +43,7 @@ public:
 private:
     [[nodiscard]] QRect usable(const QScreen &screen) const;
     void follow(const QScreen *screen) const;
-    /// Moves to its place on the screen that it stands on, or on another if that one is gone.
+    /// Moves to its place on its screen, or on another one if that is gone.
     void followScreens();
     void make();
     /// Tells a screen reader of a new state, once.
@@ -54,7 +54,7 @@ private:
     const WorkArea *m_workArea;
     const Pointer m_pointer;
     std::unique_ptr<QQuickView> m_window;
-    QPoint m_origin; ///< Where it was put: the toolkit moves the windows of a screen that goes.
+    QPoint m_origin; ///< Its place; the toolkit moves the windows of a screen that is removed.
     QString m_announced;
 };
 

@@ -12,7 +12,7 @@ public:
     WorkArea &operator=(const WorkArea &) = delete;
     virtual ~WorkArea() = default;
 
-    /// The usable part of a screen; the whole of it where nobody says anything.
+    /// The usable part of a screen; all of it where nothing else is known.
     [[nodiscard]] virtual QRect usable(const QRect &screen) const = 0;
 };
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "tests/ui/desktop/DesktopTest.h"
-#include "ui/shell/MacWindow.h"
+#include "ui/shell/SettingsWindow.h"
 
 #include <QSettings>
 #include <QTemporaryDir>
@@ -14,7 +14,7 @@ protected:
     /// A window as a new run of the program would make it.
     void open() {
         m_window.reset();
-        m_window = std::make_unique<MacWindow>(m_ui.get(), m_app, scheduler(), &m_settings);
+        m_window = std::make_unique<SettingsWindow>(m_ui.get(), m_app, scheduler(), &m_settings);
         m_window->bringToFront();
         EXPECT_TRUE(eventually([this] { return focusedWindow() == m_window->winId(); }));
     }
@@ -26,7 +26,7 @@ protected:
     Navigation m_navigation;
     AppView m_app{model(), m_navigation, m_shortcuts, m_layout, {QStringLiteral("1.2.3"), QStringLiteral("/home/user")},
                   {}};
-    std::unique_ptr<MacWindow> m_window;
+    std::unique_ptr<SettingsWindow> m_window;
 };
 
 } // namespace palomet::test

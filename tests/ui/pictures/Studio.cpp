@@ -1,8 +1,8 @@
 #include "tests/ui/pictures/Studio.h"
 
+#include "localization/Localization.h"
 #include "model/Format.h"
 #include "tests/support/ScriptedBackend.h"
-#include "ui/localization/Localization.h"
 #include "ui/preview/Preview.h"
 #include "ui/strip/StripWindow.h"
 
@@ -114,13 +114,13 @@ void Studio::takePanes(const QString &language) {
         } else {
             m_model->setSnapshot(nullptr);
         }
-        MacWindow window(m_ui.get(), app, m_scheduler, nullptr);
+        SettingsWindow window(m_ui.get(), app, m_scheduler, nullptr);
         window.bringToFront();
         for (const auto pane : allPanes) {
             m_navigation.setPane(pane);
             take(window, rawValue(pane) + u'-' + content + u'-' + language);
         }
-        window.resize(MacWindow::minimumContentSize);
+        window.resize(SettingsWindow::minimumContentSize);
         for (const auto pane : allPanes) {
             m_navigation.setPane(pane);
             take(window, rawValue(pane) + u"-small-"_s + content + u'-' + language);
@@ -134,7 +134,7 @@ void Studio::takeRaised(const QString &language) {
     AppView app(*m_model, m_navigation, m_shortcuts, m_layout, {u"2.1.0"_s, u"/home/user"_s}, {});
     m_ui.setContrastRaised(true);
     {
-        MacWindow window(m_ui.get(), app, m_scheduler, nullptr);
+        SettingsWindow window(m_ui.get(), app, m_scheduler, nullptr);
         window.bringToFront();
         for (const auto pane : allPanes) {
             m_navigation.setPane(pane);
@@ -152,7 +152,7 @@ void Studio::takeRecorder(const QString &language) {
     fill();
     AppView app(*m_model, m_navigation, m_shortcuts, m_layout, {u"2.1.0"_s, u"/home/user"_s}, {});
     m_navigation.setPane(Pane::Listening);
-    MacWindow window(m_ui.get(), app, m_scheduler, nullptr);
+    SettingsWindow window(m_ui.get(), app, m_scheduler, nullptr);
     window.resize(1120, 1500);
     window.bringToFront();
     auto &recorder = *app.listening()->listenShortcut();

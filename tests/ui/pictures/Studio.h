@@ -5,7 +5,7 @@
 #include "tests/support/FakeMicrophonePermission.h"
 #include "tests/support/ManualScheduler.h"
 #include "ui/UiEngine.h"
-#include "ui/shell/MacWindow.h"
+#include "ui/shell/SettingsWindow.h"
 
 #include <QSettings>
 #include <QTemporaryDir>

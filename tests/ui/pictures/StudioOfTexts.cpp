@@ -38,7 +38,7 @@ void Studio::takeConversations(const QString &language) {
     for (const auto size : {QSize(960, 640), QSize(1120, 760), QSize(1600, 1000)}) {
         for (const int rows : {0, 3, 8, 200}) {
             converse(rows);
-            MacWindow window(m_ui.get(), app, m_scheduler, nullptr);
+            SettingsWindow window(m_ui.get(), app, m_scheduler, nullptr);
             window.resize(size);
             window.bringToFront();
             const auto name = u"conversation-%1x%2-%3"_s.arg(QString::number(size.width()),
@@ -56,7 +56,7 @@ void Studio::takeConversations(const QString &language) {
 void Studio::takeSelection(const QString &language) {
     converse(8);
     AppView app(*m_model, m_navigation, m_shortcuts, m_layout, {u"2.1.0"_s, u"/home/user"_s}, {});
-    MacWindow window(m_ui.get(), app, m_scheduler, nullptr);
+    SettingsWindow window(m_ui.get(), app, m_scheduler, nullptr);
     window.bringToFront();
     settle();
     const auto mouse = [&](QEvent::Type type, QPointF at, Qt::MouseButton button, Qt::MouseButtons buttons) {

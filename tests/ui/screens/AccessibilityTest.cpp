@@ -1,6 +1,6 @@
+#include "localization/Localization.h"
 #include "tests/ui/screens/WindowTest.h"
 #include "ui/kit/Wishes.h"
-#include "ui/localization/Localization.h"
 
 #include <set>
 
@@ -69,7 +69,7 @@ TEST_F(AccessibilityTest, NamesEveryControlOfEveryPaneAndItsRole) {
                                                      {QStringLiteral("ZenSwitch"), QAccessible::CheckBox},
                                                      {QStringLiteral("ZenSelect"), QAccessible::ComboBox},
                                                      {QStringLiteral("ZenInput"), QAccessible::EditableText},
-                                                     {QStringLiteral("MacSidebarItem"), QAccessible::PageTab}};
+                                                     {QStringLiteral("SidebarItem"), QAccessible::PageTab}};
     std::set<QString> found;
     for (const auto pane : allPanes) {
         navigation.setPane(pane);
@@ -218,8 +218,8 @@ TEST_F(AccessibilityTest, SaysTheShortcutInWordsAndThatItIsRecorded) {
 
 TEST_F(AccessibilityTest, SaysWhichPaneIsChosen) {
     open(Pane::Voice);
-    EXPECT_TRUE(state(named("MacSidebarItem", QStringLiteral("Voice"))).selected);
-    EXPECT_FALSE(state(named("MacSidebarItem", QStringLiteral("Now"))).selected);
+    EXPECT_TRUE(state(named("SidebarItem", QStringLiteral("Voice"))).selected);
+    EXPECT_FALSE(state(named("SidebarItem", QStringLiteral("Now"))).selected);
 }
 
 TEST_F(AccessibilityTest, RaisesAnAlertForEveryStateAndForNothingElse) {

@@ -35,12 +35,16 @@ protected:
     std::function<void(const QStringList &)> later;
     bool isLater = false;
     std::unique_ptr<BrainScreen> screen = std::make_unique<BrainScreen>(
-        model(), QStringLiteral("/home/ana"), [this](std::function<void(const QStringList &)> answer) {
+        model(), QStringLiteral("/home/ana"),
+        [this](std::function<void(const QStringList &)> answer) {
             if (isLater)
                 later = std::move(answer);
             else if (!picked.isEmpty())
                 answer(picked);
-        });
+        },
+        [] {});
+    ChoiceSetting *brainModel = setting<ChoiceSetting>(*screen, "brain.model");
+    ChoiceSetting *claude = setting<ChoiceSetting>(*screen, "Claude Code");
 };
 
 } // namespace
@@ -48,14 +52,14 @@ protected:
 TEST_F(BrainScreenTest, ShowsTheSettings) {
     setFull();
     offer();
-    EXPECT_EQ(screen->brainModel()->value(), QStringLiteral("Haiku 5.5"));
-    EXPECT_EQ(screen->brainModel()->selected(), QStringLiteral("claude-haiku-5-5"));
-    EXPECT_EQ(ids(*screen->brainModel()), words("claude-haiku-5-5 claude-sonnet-5-5"));
-    EXPECT_EQ(titles(*screen->brainModel()), (QStringList{QStringLiteral("Haiku 5.5"), QStringLiteral("Sonnet 5.5")}));
-    EXPECT_EQ(screen->claude()->title(), QStringLiteral("Claude Code"));
-    EXPECT_EQ(screen->claude()->value(), QStringLiteral("2.1.0 · /home/ana/.local/bin/claude"));
-    EXPECT_EQ(screen->claude()->selected(), QStringLiteral("/home/ana/.local/bin/claude"));
-    EXPECT_EQ(titles(*screen->claude()), QStringList{QStringLiteral("2.1.0 · /home/ana/.local/bin/claude")});
+    EXPECT_EQ(brainModel->value(), QStringLiteral("Haiku 5.5"));
+    EXPECT_EQ(brainModel->selected(), QStringLiteral("claude-haiku-5-5"));
+    EXPECT_EQ(ids(*brainModel), words("claude-haiku-5-5 claude-sonnet-5-5"));
+    EXPECT_EQ(titles(*brainModel), (QStringList{QStringLiteral("Haiku 5.5"), QStringLiteral("Sonnet 5.5")}));
+    EXPECT_EQ(claude->title(), QStringLiteral("Claude Code"));
+    EXPECT_EQ(claude->value(), QStringLiteral("2.1.0 · /home/ana/.local/bin/claude"));
+    EXPECT_EQ(claude->selected(), QStringLiteral("/home/ana/.local/bin/claude"));
+    EXPECT_EQ(titles(*claude), QStringList{QStringLiteral("2.1.0 · /home/ana/.local/bin/claude")});
     EXPECT_EQ(screen->workingFolder(), QStringLiteral("/code"));
     EXPECT_EQ(titlesOf(screen->folders(), FolderRows::Title), words("/code /code/website"));
     EXPECT_EQ(titlesOf(screen->confirmActions(), ConfirmActions::Label),
@@ -66,18 +70,18 @@ TEST_F(BrainScreenTest, ShowsTheSettings) {
 
 TEST_F(BrainScreenTest, HasNoExecutablesToChooseFromWithoutAny) {
     setFull();
-    EXPECT_TRUE(screen->claude()->choices().isEmpty());
-    EXPECT_EQ(screen->claude()->value(), QStringLiteral("/home/ana/.local/bin/claude"));
+    EXPECT_TRUE(claude->choices().isEmpty());
+    EXPECT_EQ(claude->value(), QStringLiteral("/home/ana/.local/bin/claude"));
     model().setOptions(Options());
-    EXPECT_TRUE(screen->claude()->choices().isEmpty());
-    EXPECT_TRUE(screen->brainModel()->choices().isEmpty());
+    EXPECT_TRUE(claude->choices().isEmpty());
+    EXPECT_TRUE(brainModel->choices().isEmpty());
     EXPECT_EQ(screen->confirmActions()->rowCount(), 0);
 }
 
 TEST_F(BrainScreenTest, ShowsTheExecutableInUseWhileTheBackendChooses) {
     setFull([](Snapshot &snapshot) { snapshot.settings.claudePath.reset(); });
-    EXPECT_EQ(screen->claude()->value(), QStringLiteral("2.1.0 · /home/ana/.local/bin/claude"));
-    EXPECT_EQ(screen->claude()->selected(), QString());
+    EXPECT_EQ(claude->value(), QStringLiteral("2.1.0 · /home/ana/.local/bin/claude"));
+    EXPECT_EQ(claude->selected(), QString());
 }
 
 TEST_F(BrainScreenTest, ShowsADashWhileTheBackendUsesNoExecutable) {
@@ -86,32 +90,32 @@ TEST_F(BrainScreenTest, ShowsADashWhileTheBackendUsesNoExecutable) {
         snapshot.session.claudePath.clear();
         snapshot.session.claudeVersion.clear();
     });
-    EXPECT_EQ(screen->claude()->value(), QStringLiteral("—"));
+    EXPECT_EQ(claude->value(), QStringLiteral("—"));
 }
 
 TEST_F(BrainScreenTest, ShowsDashesWithoutASnapshot) {
     offer();
-    EXPECT_EQ(screen->brainModel()->value(), QStringLiteral("—"));
-    EXPECT_EQ(screen->claude()->value(), QStringLiteral("—"));
+    EXPECT_EQ(brainModel->value(), QStringLiteral("—"));
+    EXPECT_EQ(claude->value(), QStringLiteral("—"));
     EXPECT_EQ(screen->workingFolder(), QStringLiteral("—"));
     EXPECT_EQ(screen->folders()->rowCount(), 0);
     EXPECT_FALSE(isConfirmed(0));
 }
 
 TEST_F(BrainScreenTest, SendsWhatIsPicked) {
-    screen->brainModel()->pick(QStringLiteral("claude-sonnet-5-5"));
+    brainModel->pick(QStringLiteral("claude-sonnet-5-5"));
     EXPECT_EQ(toldSetting(), R"({"brainModel":"claude-sonnet-5-5"})");
-    screen->claude()->pick(QStringLiteral("/usr/bin/claude"));
+    claude->pick(QStringLiteral("/usr/bin/claude"));
     EXPECT_EQ(toldSetting(), R"({"claudePath":"/usr/bin/claude"})");
 }
 
 TEST_F(BrainScreenTest, IsBusyWhileTheModelIsBeingApplied) {
     backend().hang("/settings");
     setFull();
-    screen->brainModel()->pick(QStringLiteral("claude-sonnet-5-5"));
-    EXPECT_TRUE(screen->brainModel()->isBusy());
-    EXPECT_FALSE(screen->claude()->isBusy());
-    EXPECT_EQ(screen->brainModel()->value(), QStringLiteral("Haiku 5.5"));
+    brainModel->pick(QStringLiteral("claude-sonnet-5-5"));
+    EXPECT_TRUE(brainModel->isBusy());
+    EXPECT_FALSE(claude->isBusy());
+    EXPECT_EQ(brainModel->value(), QStringLiteral("Haiku 5.5"));
 }
 
 TEST_F(BrainScreenTest, AppendsAConfirmationThatIsSwitchedOn) {
@@ -202,6 +206,6 @@ TEST_F(BrainScreenTest, NamesWhatItKnowsOfAnExecutableWithoutAVersionOrAPath) {
                            {.path = {}, .version = QStringLiteral("2.1.0")}};
     model().setOptions(options);
     setFull([](Snapshot &snapshot) { snapshot.settings.claudePath = QStringLiteral("/usr/bin/claude"); });
-    EXPECT_EQ(titles(*screen->claude()), (QStringList{QStringLiteral("/usr/bin/claude"), QStringLiteral("2.1.0")}));
-    EXPECT_EQ(screen->claude()->value(), QStringLiteral("/usr/bin/claude"));
+    EXPECT_EQ(titles(*claude), (QStringList{QStringLiteral("/usr/bin/claude"), QStringLiteral("2.1.0")}));
+    EXPECT_EQ(claude->value(), QStringLiteral("/usr/bin/claude"));
 }

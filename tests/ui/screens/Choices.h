@@ -1,10 +1,24 @@
 #pragma once
 
-#include "ui/screens/Setting.h"
+#include "localization/Localization.h"
+#include "ui/screens/ChoiceSetting.h"
 
 #include <QStringList>
 
+#include <gtest/gtest.h>
+
 namespace palomet::test {
+
+/// The setting of a screen that has that title, given by its key.
+template <typename Kind>
+[[nodiscard]] Kind *setting(Screen &screen, const char *titleKey) {
+    for (auto *setting : screen.findChildren<Kind *>()) {
+        if (setting->title() == L(titleKey))
+            return setting;
+    }
+    ADD_FAILURE() << "There is no setting " << titleKey << ".";
+    return nullptr;
+}
 
 [[nodiscard]] inline QStringList ids(const ChoiceSetting &setting) {
     QStringList ids;

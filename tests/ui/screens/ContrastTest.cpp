@@ -3,6 +3,7 @@
 #include "tests/ui/screens/WindowTest.h"
 #include "ui/kit/Wishes.h"
 #include "ui/preview/Preview.h"
+#include "ui/strip/StripPanel.h"
 #include "ui/strip/StripView.h"
 
 using namespace palomet;
@@ -23,7 +24,7 @@ protected:
     }
     /// Everything that can be pressed, pointed at or held.
     void touchAll(bool isPointed, bool isHeld) {
-        for (const auto *type : {"Pressable", "ZenButton", "ZenSelect", "ZenSwitch", "MacSidebarItem", "MacStatusLine"})
+        for (const auto *type : {"Pressable", "ZenButton", "ZenSelect", "ZenSwitch", "SidebarItem", "MicrophoneLine"})
             for (auto *item : all(type)) {
                 item->setProperty("isPointed", isPointed);
                 item->setProperty("isHeld", isHeld);
@@ -86,6 +87,8 @@ TEST_P(ContrastOnScreenTest, IsEnoughOnTheStripInEveryState) {
     StripView strip(model(), [] {});
     QQuickView view(&engine, nullptr);
     view.setInitialProperties({{QStringLiteral("strip"), QVariant::fromValue(&strip)}});
+    view.resize(StripPanel::size);
+    view.setResizeMode(QQuickView::SizeRootObjectToView);
     view.setSource(QUrl(QStringLiteral("qrc:/qt/qml/Palomet/Ui/StripContent.qml")));
     strip.setShown(true);
     view.show();

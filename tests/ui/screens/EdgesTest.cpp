@@ -44,15 +44,17 @@ protected:
 } // namespace
 
 TEST_F(EdgesTest, ShowsTheStateAndItsNoteWhereverThePageIsScrolled) {
-    for (const auto size : {MacWindow::minimumContentSize, MacWindow::openingSize, QSize(1600, 1000)}) {
+    for (const auto size : {SettingsWindow::minimumContentSize, SettingsWindow::openingSize, QSize(1600, 1000)}) {
         for (const int count : {0, 3, 8, 200}) {
             show(turns(count));
             open(Pane::Now);
             window->resize(size);
             settle();
             for (int position = 0; position < 12; ++position) {
-                EXPECT_TRUE(isSaidInView(app.now()->stateWord())) << size.height() << ' ' << count << ' ' << position;
-                EXPECT_TRUE(isSaidInView(app.now()->stateNote())) << size.height() << ' ' << count << ' ' << position;
+                EXPECT_TRUE(isSaidInView(app.now()->shown().stateWord))
+                    << size.height() << ' ' << count << ' ' << position;
+                EXPECT_TRUE(isSaidInView(app.now()->shown().stateNote))
+                    << size.height() << ' ' << count << ' ' << position;
                 wheel(1);
             }
         }
@@ -61,7 +63,7 @@ TEST_F(EdgesTest, ShowsTheStateAndItsNoteWhereverThePageIsScrolled) {
 
 TEST_F(EdgesTest, CutsNoLineAndNoControlWhereverItRests) {
     setFull([](Snapshot &snapshot) { snapshot.conversation.rows = turns(40); });
-    for (const auto size : {MacWindow::minimumContentSize, QSize(1120, 771)}) {
+    for (const auto size : {SettingsWindow::minimumContentSize, QSize(1120, 771)}) {
         for (const auto pane : {Pane::Now, Pane::Listening, Pane::Brain}) {
             open(pane);
             window->resize(size);
@@ -100,7 +102,7 @@ TEST_F(EdgesTest, KeepsTheRequestFieldAndTheEndOfTheNewestTurnInViewTogether) {
     for (const int count : {1, 3, 8, 200}) {
         show(turns(count));
         open(Pane::Now);
-        window->resize(MacWindow::minimumContentSize);
+        window->resize(SettingsWindow::minimumContentSize);
         settle();
         auto *field = named("ZenInput", QStringLiteral("Type a request instead"));
         field->forceActiveFocus(Qt::TabFocusReason);

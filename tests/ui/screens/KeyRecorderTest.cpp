@@ -1,8 +1,8 @@
 #include "ui/screens/KeyRecorder.h"
 
-#include "shortcuts/KeyCodes.h"
+#include "localization/Localization.h"
+#include "shortcuts/Keys.h"
 #include "tests/shortcuts/FixedKeyboardLayout.h"
-#include "ui/localization/Localization.h"
 
 #include <QCoreApplication>
 #include <QKeyEvent>
@@ -293,4 +293,16 @@ TEST_F(KeyRecorderTest, TellsWhatAPressDoesNow) {
     listen.toggle();
     EXPECT_EQ(listen.help(), L("recorder.help.recording"));
     listen.toggle();
+}
+
+TEST_F(KeyRecorderTest, ShowsTheKeysThatTheDesktopGrantedInPlaceOfTheStoredOnes) {
+    int announcements = 0;
+    QObject::connect(&listen, &KeyRecorder::changed, [&] { ++announcements; });
+    shortcuts.setGranted(QStringLiteral("Meta+1"), {});
+    EXPECT_EQ(announcements, 1);
+    EXPECT_EQ(listen.caps(), QStringList(QStringLiteral("Meta+1")));
+    EXPECT_EQ(listen.spoken(), QStringLiteral("Meta+1"));
+    EXPECT_EQ(stop.caps(), Shortcuts::defaultStop.caps(layout));
+    shortcuts.setGranted({}, {});
+    EXPECT_EQ(listen.caps(), Shortcuts::defaultListen.caps(layout));
 }

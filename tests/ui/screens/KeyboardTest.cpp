@@ -1,8 +1,5 @@
 #include "tests/ui/screens/WindowTest.h"
 
-#include <array>
-#include <functional>
-
 using namespace palomet;
 using namespace palomet::test;
 
@@ -12,7 +9,7 @@ class KeyboardTest : public WindowTest {
 protected:
     /// Where Tab leads, beginning behind the sidebar's last pane, until it is back in the sidebar.
     [[nodiscard]] QList<QQuickItem *> stops() {
-        named("MacSidebarItem", QStringLiteral("Brain"))->forceActiveFocus(Qt::TabFocusReason);
+        named("SidebarItem", QStringLiteral("Brain"))->forceActiveFocus(Qt::TabFocusReason);
         QList<QQuickItem *> stops;
         for (;;) {
             key(Qt::Key_Tab);
@@ -134,7 +131,7 @@ TEST_F(KeyboardTest, ReachesEverythingOnTheBrainPaneInReadingOrder) {
 TEST_F(KeyboardTest, ChoosesPanesFromTheSidebar) {
     setFull();
     open(Pane::Now);
-    named("MacSidebarItem", QStringLiteral("Voice"))->forceActiveFocus(Qt::TabFocusReason);
+    named("SidebarItem", QStringLiteral("Voice"))->forceActiveFocus(Qt::TabFocusReason);
     key(Qt::Key_Return);
     EXPECT_EQ(navigation.pane(), Pane::Voice);
     EXPECT_EQ(all("VoicePage").size(), 1);
@@ -144,7 +141,7 @@ TEST_F(KeyboardTest, ChoosesPanesFromTheSidebar) {
 TEST_F(KeyboardTest, WalksTheSidebarWithTheArrows) {
     setFull();
     open(Pane::Now);
-    named("MacSidebarItem", QStringLiteral("Now"))->forceActiveFocus(Qt::TabFocusReason);
+    named("SidebarItem", QStringLiteral("Now"))->forceActiveFocus(Qt::TabFocusReason);
     for (const auto pane : {Pane::History, Pane::Listening, Pane::Voice, Pane::Brain, Pane::Brain}) {
         key(Qt::Key_Down);
         EXPECT_EQ(navigation.pane(), pane);
@@ -218,80 +215,6 @@ TEST_F(KeyboardTest, SendsATypedRequestWithReturn) {
     type(QStringLiteral("again"));
     press(named("ZenButton", QStringLiteral("Send")));
     EXPECT_EQ(told("/say"), R"({"text":"again"})");
-}
-
-TEST_F(KeyboardTest, RecordsAShortcutThatTheKeyboardBegan) {
-    setFull();
-    open(Pane::Listening);
-    auto *recorder = named("Pressable", QStringLiteral("Stop"));
-    recorder->forceActiveFocus(Qt::TabFocusReason);
-    key(Qt::Key_Return);
-    EXPECT_TRUE(app.listening()->stopShortcut()->isRecording());
-    QKeyEvent f6(QEvent::KeyPress, Qt::Key_F6, Qt::NoModifier, 64 + 8, 0, 0);
-    QCoreApplication::sendEvent(window.get(), &f6);
-    EXPECT_FALSE(app.listening()->stopShortcut()->isRecording());
-    EXPECT_EQ(shortcuts.stop(), Shortcut(97, 0));
-}
-
-TEST_F(KeyboardTest, StopsRecordingWithoutAChangeWhenTheRecorderLosesTheFocus) {
-    setFull();
-    open(Pane::Listening);
-    const std::array<std::function<void()>, 4> ways{
-        [&] { key(Qt::Key_Tab); },
-        [&] { key(Qt::Key_Backtab, Qt::ShiftModifier); },
-        [&] { press(named("MacSidebarItem", QStringLiteral("Listening"))); },
-        [&] {
-            QWindow other;
-            other.show();
-            other.requestActivate();
-            EXPECT_TRUE(QTest::qWaitForWindowActive(&other));
-            window->requestActivate();
-            EXPECT_TRUE(QTest::qWaitForWindowActive(window.get()));
-        },
-    };
-    for (const auto *name : {"Listen", "Stop"}) {
-        for (const auto &leave : ways) {
-            pressInView(named("Pressable", QString::fromLatin1(name)));
-            ASSERT_TRUE(shortcuts.isPaused());
-            leave();
-            EXPECT_FALSE(shortcuts.isPaused()) << name;
-            QKeyEvent b(QEvent::KeyPress, Qt::Key_B, Qt::ControlModifier, 48 + 8, 0, 0);
-            QCoreApplication::sendEvent(window.get(), &b);
-        }
-    }
-    EXPECT_EQ(shortcuts.listen(), Shortcuts::defaultListen);
-    EXPECT_EQ(shortcuts.stop(), Shortcuts::defaultStop);
-}
-
-TEST_F(KeyboardTest, StopsRecordingWhenTheWindowIsClosed) {
-    setFull();
-    open(Pane::Listening);
-    pressInView(named("Pressable", QStringLiteral("Listen")));
-    ASSERT_TRUE(shortcuts.isPaused());
-    window->close();
-    EXPECT_FALSE(shortcuts.isPaused());
-    EXPECT_FALSE(app.listening()->listenShortcut()->isRecording());
-}
-
-TEST_F(KeyboardTest, StopsRecordingWhenAnotherPaneIsChosen) {
-    setFull();
-    open(Pane::Listening);
-    pressInView(named("Pressable", QStringLiteral("Listen")));
-    ASSERT_TRUE(shortcuts.isPaused());
-    press(named("MacSidebarItem", QStringLiteral("Voice")));
-    EXPECT_FALSE(shortcuts.isPaused());
-}
-
-TEST_F(KeyboardTest, ForgetsARefusedShortcutWithThePane) {
-    setFull();
-    open(Pane::Listening);
-    pressInView(named("Pressable", QStringLiteral("Listen")));
-    QKeyEvent shiftA(QEvent::KeyPress, Qt::Key_A, Qt::ShiftModifier, 30 + 8, 0, 0);
-    QCoreApplication::sendEvent(window.get(), &shiftA);
-    EXPECT_NE(app.listening()->listenShortcut()->message(), QString());
-    press(named("MacSidebarItem", QStringLiteral("Voice")));
-    press(named("MacSidebarItem", QStringLiteral("Listening")));
-    EXPECT_EQ(app.listening()->listenShortcut()->message(), QString());
 }
 
 TEST_F(KeyboardTest, ClosesAnOpenListWithTheWindow) {

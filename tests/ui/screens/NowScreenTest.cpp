@@ -1,7 +1,7 @@
 #include "ui/screens/NowScreen.h"
 
+#include "localization/Localization.h"
 #include "tests/ui/support/UiTest.h"
-#include "ui/localization/Localization.h"
 
 #include <QSignalSpy>
 
@@ -26,7 +26,7 @@ protected:
 TEST_F(NowScreenTest, SaysWhatToDoInEachState) {
     const auto note = [this](const char *state) {
         setState(state);
-        return screen.stateNote();
+        return screen.shown().stateNote;
     };
     EXPECT_EQ(note("waiting"), L("note.waiting"));
     EXPECT_EQ(note("listening"), L("note.noNameNeeded"));
@@ -36,73 +36,73 @@ TEST_F(NowScreenTest, SaysWhatToDoInEachState) {
     EXPECT_EQ(note("speaking"), L("note.interrupt"));
     EXPECT_EQ(note("offline"), L("note.offline"));
     EXPECT_EQ(note("unheard of"), L("note.offline"));
-    EXPECT_EQ(screen.stateWord(), QStringLiteral("Offline"));
+    EXPECT_EQ(screen.shown().stateWord, QStringLiteral("Offline"));
     model().setSnapshot(nullptr);
-    EXPECT_EQ(screen.stateNote(), L("note.offline"));
+    EXPECT_EQ(screen.shown().stateNote, L("note.offline"));
 }
 
 TEST_F(NowScreenTest, TellsTheUsersMutingFromAMissingMicrophone) {
     setState("muted", [](Snapshot &snapshot) { snapshot.isMuted = true; });
-    EXPECT_EQ(screen.stateNote(), L("note.mutedInMenu"));
+    EXPECT_EQ(screen.shown().stateNote, L("note.mutedInMenu"));
     setState("muted");
-    EXPECT_EQ(screen.stateNote(), L("note.openSettings"));
+    EXPECT_EQ(screen.shown().stateNote, L("note.openSettings"));
 }
 
 TEST_F(NowScreenTest, NamesTheFirstActionPhrase) {
     setState("drafting", [](Snapshot &snapshot) {
         snapshot.settings.actionPhrases = {QStringLiteral("pode fazer"), QStringLiteral("go")};
     });
-    EXPECT_EQ(screen.stateNote(), QStringLiteral("Say “pode fazer”"));
-    EXPECT_EQ(screen.draftNote(), QStringLiteral("Say “pode fazer” and it acts on all of it."));
+    EXPECT_EQ(screen.shown().stateNote, QStringLiteral("Say “pode fazer”"));
+    EXPECT_EQ(screen.shown().draftNote, QStringLiteral("Say “pode fazer” and it acts on all of it."));
     setState("drafting", [](Snapshot &snapshot) { snapshot.settings.actionPhrases = std::vector<QString>(); });
-    EXPECT_EQ(screen.draftNote(), QStringLiteral("Say “go ahead” and it acts on all of it."));
+    EXPECT_EQ(screen.shown().draftNote, QStringLiteral("Say “go ahead” and it acts on all of it."));
     setState("drafting");
-    EXPECT_EQ(screen.draftNote(), QStringLiteral("Say “go ahead” and it acts on all of it."));
+    EXPECT_EQ(screen.shown().draftNote, QStringLiteral("Say “go ahead” and it acts on all of it."));
 }
 
 TEST_F(NowScreenTest, ShowsMicrophoneSessionConversationAndTimings) {
     setFull([](Snapshot &snapshot) { snapshot.session.startedAt = 1'800'000'000'000 - 42 * 60'000.0; });
-    EXPECT_EQ(screen.microphone(), QStringLiteral("USB Audio"));
-    EXPECT_EQ(screen.microphoneNote(), L("note.microphone"));
-    EXPECT_EQ(screen.session(), QStringLiteral("07:18"));
-    EXPECT_EQ(screen.sessionNote(), QStringLiteral("Open for 42 min"));
-    EXPECT_EQ(screen.cost(), QStringLiteral("US$ 0.01"));
-    EXPECT_EQ(screen.costNote(), QStringLiteral("in 1 answer"));
-    EXPECT_EQ(screen.transcription(), QStringLiteral("0.3 s"));
-    EXPECT_EQ(screen.brain(), QStringLiteral("1.2 s"));
-    EXPECT_EQ(screen.voice(), QStringLiteral("0.5 s"));
-    EXPECT_EQ(screen.untilHeard(), QStringLiteral("2.0 s"));
+    EXPECT_EQ(screen.shown().microphone, QStringLiteral("USB Audio"));
+    EXPECT_EQ(screen.shown().microphoneNote, L("note.microphone"));
+    EXPECT_EQ(screen.shown().session, QStringLiteral("07:18"));
+    EXPECT_EQ(screen.shown().sessionNote, QStringLiteral("Open for 42 min"));
+    EXPECT_EQ(screen.shown().cost, QStringLiteral("US$ 0.01"));
+    EXPECT_EQ(screen.shown().costNote, QStringLiteral("in 1 answer"));
+    EXPECT_EQ(screen.shown().transcription, QStringLiteral("0.3 s"));
+    EXPECT_EQ(screen.shown().brain, QStringLiteral("1.2 s"));
+    EXPECT_EQ(screen.shown().voice, QStringLiteral("0.5 s"));
+    EXPECT_EQ(screen.shown().untilHeard, QStringLiteral("2.0 s"));
 }
 
 TEST_F(NowScreenTest, LeavesOpenWhatIsNotKnown) {
-    EXPECT_EQ(screen.loopState(), QStringLiteral("offline"));
-    EXPECT_EQ(screen.microphone(), QString());
-    EXPECT_EQ(screen.microphoneNote(), QString());
-    EXPECT_EQ(screen.session(), QString());
-    EXPECT_EQ(screen.sessionNote(), L("note.session.reopening"));
-    EXPECT_EQ(screen.cost(), QString());
-    EXPECT_EQ(screen.costNote(), QStringLiteral("in 0 answers"));
-    EXPECT_EQ(screen.transcription(), QString());
-    EXPECT_EQ(screen.brain(), QString());
+    EXPECT_EQ(screen.shown().loopState, QStringLiteral("offline"));
+    EXPECT_EQ(screen.shown().microphone, QString());
+    EXPECT_EQ(screen.shown().microphoneNote, QString());
+    EXPECT_EQ(screen.shown().session, QString());
+    EXPECT_EQ(screen.shown().sessionNote, L("note.session.reopening"));
+    EXPECT_EQ(screen.shown().cost, QString());
+    EXPECT_EQ(screen.shown().costNote, QStringLiteral("in 0 answers"));
+    EXPECT_EQ(screen.shown().transcription, QString());
+    EXPECT_EQ(screen.shown().brain, QString());
     setFull([](Snapshot &snapshot) {
         snapshot.session.startedAt = 0;
         snapshot.timings->transcribeMs.reset();
     });
-    EXPECT_EQ(screen.sessionNote(), L("note.session.reopening"));
-    EXPECT_EQ(screen.transcription(), QString());
-    EXPECT_EQ(screen.brain(), QStringLiteral("1.2 s"));
+    EXPECT_EQ(screen.shown().sessionNote, L("note.session.reopening"));
+    EXPECT_EQ(screen.shown().transcription, QString());
+    EXPECT_EQ(screen.shown().brain, QStringLiteral("1.2 s"));
 }
 
 TEST_F(NowScreenTest, NotesWhetherTheLastRequestWasSpokenOrTyped) {
     setFull();
-    EXPECT_EQ(screen.transcriptionNote(), L("now.transcription.note"));
-    EXPECT_EQ(screen.untilHeardNote(), L("now.untilHeard.note"));
+    EXPECT_EQ(screen.shown().transcriptionNote, L("now.transcription.note"));
+    EXPECT_EQ(screen.shown().untilHeardNote, L("now.untilHeard.note"));
     setFull([](Snapshot &snapshot) { snapshot.timings->isSpoken = false; });
-    EXPECT_EQ(screen.transcriptionNote(), L("now.transcription.typed"));
-    EXPECT_EQ(screen.untilHeardNote(), L("now.untilHeard.typed"));
+    EXPECT_EQ(screen.shown().transcriptionNote, L("now.transcription.typed"));
+    EXPECT_EQ(screen.shown().untilHeardNote, L("now.untilHeard.typed"));
     setFull([](Snapshot &snapshot) { snapshot.timings.reset(); });
-    EXPECT_EQ(screen.transcriptionNote(), L("now.transcription.note"));
-    EXPECT_EQ(screen.untilHeardNote(), L("now.untilHeard.note"));
+    EXPECT_EQ(screen.shown().transcriptionNote, L("now.transcription.note"));
+    EXPECT_EQ(screen.shown().untilHeardNote, L("now.untilHeard.note"));
 }
 
 TEST_F(NowScreenTest, MovesOnWithTheClock) {
@@ -116,9 +116,9 @@ TEST_F(NowScreenTest, MovesOnWithTheClock) {
         });
     };
     after(std::chrono::seconds{59});
-    EXPECT_EQ(screen.sessionNote(), QStringLiteral("Open for a moment"));
+    EXPECT_EQ(screen.shown().sessionNote, QStringLiteral("Open for a moment"));
     after(std::chrono::seconds{1});
-    EXPECT_EQ(screen.sessionNote(), QStringLiteral("Open for 1 min"));
+    EXPECT_EQ(screen.shown().sessionNote, QStringLiteral("Open for 1 min"));
     after(std::chrono::seconds{59});
     EXPECT_EQ(screen.heardRows()->rowCount(), 1);
     after(std::chrono::seconds{1});
@@ -134,24 +134,24 @@ TEST_F(NowScreenTest, AnnouncesNothingWhileASecondChangesNothingThatIsShown) {
 }
 
 TEST_F(NowScreenTest, AsksForSomethingByTheFirstName) {
-    EXPECT_EQ(screen.emptyText(), QStringLiteral("Say “palomet”, then ask for something."));
+    EXPECT_EQ(screen.shown().emptyText, QStringLiteral("Say “palomet”, then ask for something."));
     setState("waiting", [](Snapshot &snapshot) {
         snapshot.settings.wakeWords = {QStringLiteral("alma"), QStringLiteral("palomet")};
     });
-    EXPECT_EQ(screen.emptyText(), QStringLiteral("Say “alma”, then ask for something."));
+    EXPECT_EQ(screen.shown().emptyText, QStringLiteral("Say “alma”, then ask for something."));
     setState("waiting");
-    EXPECT_EQ(screen.emptyText(), QStringLiteral("Say “palomet”, then ask for something."));
+    EXPECT_EQ(screen.shown().emptyText, QStringLiteral("Say “palomet”, then ask for something."));
     setState("waiting", [](Snapshot &snapshot) { snapshot.settings.wakeWords = {QString()}; });
-    EXPECT_EQ(screen.emptyText(), QStringLiteral("Say “palomet”, then ask for something."));
+    EXPECT_EQ(screen.shown().emptyText, QStringLiteral("Say “palomet”, then ask for something."));
 }
 
 TEST_F(NowScreenTest, SaysThatItRemembersWhenThereIsSomething) {
     setState("waiting", [](Snapshot &snapshot) { snapshot.memory = {.isResumed = true, .journalDays = 1}; });
-    EXPECT_EQ(screen.rememberedText(), L("now.empty.remembers"));
+    EXPECT_EQ(screen.shown().rememberedText, L("now.empty.remembers"));
     setState("waiting", [](Snapshot &snapshot) { snapshot.memory = {.isResumed = true, .journalDays = 0}; });
-    EXPECT_EQ(screen.rememberedText(), QString());
+    EXPECT_EQ(screen.shown().rememberedText, QString());
     setState("waiting");
-    EXPECT_EQ(screen.rememberedText(), QString());
+    EXPECT_EQ(screen.shown().rememberedText, QString());
 }
 
 TEST_F(NowScreenTest, SendsATypedRequestWithoutTheBlanksAroundItAndEmptiesTheField) {
@@ -192,6 +192,14 @@ TEST_F(NowScreenTest, KeepsWhatIsBeingTypedThroughSnapshotsAndOtherPanes) {
     screen.setActive(true);
     model().setSnapshot(nullptr);
     EXPECT_EQ(screen.draft(), QStringLiteral("half a requ"));
+}
+
+TEST_F(NowScreenTest, SendsWhatTheHeadersButtonsSay) {
+    screen.newConversation();
+    screen.stop();
+    screen.listen();
+    for (const auto *target : {"/new", "/stop", "/listen"})
+        EXPECT_EQ(told(target), "") << target;
 }
 
 TEST_F(NowScreenTest, RunsAndClearsTheDraft) {

@@ -110,7 +110,7 @@ TEST_F(ScrollingTest, BeginsAtTheTopWhenEverythingFits) {
 TEST_F(ScrollingTest, BeginsAtTheTopOfASmallWindowWithoutATurn) {
     setState("waiting");
     open(Pane::Now);
-    window->resize(MacWindow::minimumContentSize);
+    window->resize(SettingsWindow::minimumContentSize);
     settle();
     EXPECT_FALSE(first("NowPage")->property("isScrolled").toBool());
     show(turns(2));
@@ -202,8 +202,8 @@ TEST_F(ScrollingTest, SaysWhatItRemembersALittleBelowTheEmptyState) {
             std::find_if(texts.begin(), texts.end(), [&](const auto *text) { return text->property("text") == words; });
         return found == texts.end() ? nullptr : *found;
     };
-    const auto *empty = saying(all("ZenBody"), app.now()->emptyText());
-    const auto *remembered = saying(all("ZenNote"), app.now()->rememberedText());
+    const auto *empty = saying(all("ZenBody"), app.now()->shown().emptyText);
+    const auto *remembered = saying(all("ZenNote"), app.now()->shown().rememberedText);
     ASSERT_TRUE(empty && remembered);
     EXPECT_EQ(remembered->y(), empty->y() + empty->height() + 12);
 }

@@ -70,7 +70,7 @@ TEST_F(SelectionTest, SelectsPartOfOneTextByDragging) {
     open(Pane::Now);
     drag(at(question, 4), at(question, 10));
     EXPECT_EQ(copied(), QStringLiteral("is the"));
-    press(named("MacSidebarItem", QStringLiteral("Now")));
+    press(named("SidebarItem", QStringLiteral("Now")));
     EXPECT_EQ(copied(), QStringLiteral("is the")) << "wherever the focus is";
     QTest::mouseClick(window.get(), Qt::LeftButton, {}, at(question, 2));
     EXPECT_EQ(copied(), QStringLiteral("nothing"));

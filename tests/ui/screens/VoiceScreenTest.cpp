@@ -29,96 +29,105 @@ protected:
         }));
     }
     [[nodiscard]] bool becomes(const char *text, bool isBusy) {
-        return eventually(
-            [&] { return screen.voice()->text() == QString::fromUtf8(text) && screen.voice()->isBusy() == isBusy; });
+        return eventually([&] { return voice->text() == QString::fromUtf8(text) && voice->isBusy() == isBusy; });
     }
 
     VoiceScreen screen{model()};
+    TextSetting *voice = setting<TextSetting>(screen, "voice.voice");
+    TextSetting *name = setting<TextSetting>(screen, "voice.name");
+    ChoiceSetting *speed = setting<ChoiceSetting>(screen, "voice.speed");
+    ChoiceSetting *fishModel = setting<ChoiceSetting>(screen, "voice.model");
+    ChoiceSetting *systemVoice = setting<ChoiceSetting>(screen, "voice.macVoice");
 };
 
 } // namespace
 
 TEST_F(VoiceScreenTest, ShowsTheSettings) {
     setFull();
-    EXPECT_EQ(screen.voice()->text(), QStringLiteral("a1b2c3d4"));
-    EXPECT_EQ(screen.name()->text(), QStringLiteral("Palomet"));
-    EXPECT_EQ(screen.speed()->value(), QStringLiteral("1.05×"));
-    EXPECT_EQ(screen.fishModel()->value(), QStringLiteral("s1"));
-    EXPECT_EQ(screen.fishModel()->selected(), QStringLiteral("s1"));
-    EXPECT_EQ(screen.systemVoice()->value(), QStringLiteral("Luciana"));
+    EXPECT_EQ(voice->text(), QStringLiteral("a1b2c3d4"));
+    EXPECT_EQ(name->text(), QStringLiteral("Palomet"));
+    EXPECT_EQ(speed->value(), QStringLiteral("1.05×"));
+    EXPECT_EQ(fishModel->value(), QStringLiteral("s1"));
+    EXPECT_EQ(fishModel->selected(), QStringLiteral("s1"));
+    EXPECT_EQ(systemVoice->value(), QStringLiteral("Luciana"));
 }
 
 TEST_F(VoiceScreenTest, NamesItsRows) {
-    EXPECT_EQ(screen.voice()->title(), QStringLiteral("Voice"));
-    EXPECT_EQ(screen.voice()->placeholder(), QStringLiteral("Paste a voice id"));
-    EXPECT_EQ(screen.name()->placeholder(), QStringLiteral("Give it a name"));
-    EXPECT_EQ(screen.speed()->title(), QStringLiteral("Speed"));
-    EXPECT_EQ(screen.speed()->hint(), QString());
-    EXPECT_EQ(screen.fishModel()->title(), QStringLiteral("Speech model"));
-    EXPECT_EQ(screen.systemVoice()->title(), QStringLiteral("System voice"));
+    EXPECT_EQ(voice->title(), QStringLiteral("Voice"));
+    EXPECT_EQ(voice->placeholder(), QStringLiteral("Paste a voice id"));
+    EXPECT_EQ(name->placeholder(), QStringLiteral("Give it a name"));
+    EXPECT_EQ(speed->title(), QStringLiteral("Speed"));
+    EXPECT_EQ(speed->hint(), QString());
+    EXPECT_EQ(fishModel->title(), QStringLiteral("Speech model"));
+    EXPECT_EQ(systemVoice->title(), QStringLiteral("System voice"));
 }
 
 TEST_F(VoiceScreenTest, ShowsADashForTheSpeedWithoutASnapshot) {
-    EXPECT_EQ(screen.speed()->value(), QStringLiteral("—"));
-    EXPECT_EQ(screen.speed()->selected(), QString());
-    EXPECT_EQ(screen.voice()->text(), QString());
+    EXPECT_EQ(speed->value(), QStringLiteral("—"));
+    EXPECT_EQ(speed->selected(), QString());
+    EXPECT_EQ(voice->text(), QString());
     setFull();
     model().setSnapshot(nullptr);
-    EXPECT_EQ(screen.speed()->value(), QStringLiteral("—"));
+    EXPECT_EQ(speed->value(), QStringLiteral("—"));
 }
 
 TEST_F(VoiceScreenTest, OffersFiveSpeedsNoneSlowerThanNormal) {
-    EXPECT_EQ(ids(*screen.speed()), words("1.0 1.25 1.5 1.75 2.0"));
-    EXPECT_EQ(titles(*screen.speed()), words("1× 1.25× 1.5× 1.75× 2×"));
+    EXPECT_EQ(ids(*speed), words("1.0 1.25 1.5 1.75 2.0"));
+    EXPECT_EQ(titles(*speed), words("1× 1.25× 1.5× 1.75× 2×"));
     setFull([](Snapshot &snapshot) { snapshot.settings.voiceSpeed = 2; });
-    EXPECT_EQ(screen.speed()->selected(), QStringLiteral("2.0"));
+    EXPECT_EQ(speed->selected(), QStringLiteral("2.0"));
 }
 
 TEST_F(VoiceScreenTest, SendsTheSpeedAsANumberAndOneAndAHalfForWhatIsNone) {
-    screen.speed()->pick(QStringLiteral("1.25"));
+    speed->pick(QStringLiteral("1.25"));
     EXPECT_EQ(toldSetting(), R"({"voiceSpeed":1.25})");
-    screen.speed()->pick(QStringLiteral("2.0"));
+    speed->pick(QStringLiteral("2.0"));
     EXPECT_EQ(toldSetting(), R"({"voiceSpeed":2})");
     for (const auto *strange : {"fast", "", "inf", "nan", "1e999"}) {
-        screen.speed()->pick(QString::fromUtf8(strange));
+        speed->pick(QString::fromUtf8(strange));
         EXPECT_EQ(toldSetting(), R"({"voiceSpeed":1.5})") << strange;
     }
 }
 
+TEST_F(VoiceScreenTest, AsksForASampleOfTheVoice) {
+    screen.sample();
+    EXPECT_EQ(told("/sample"), "");
+}
+
 TEST_F(VoiceScreenTest, SendsTextsAndChoicesAsTheyAre) {
-    screen.voice()->commit(QStringLiteral("abc"));
+    voice->commit(QStringLiteral("abc"));
     EXPECT_EQ(toldSetting(), R"({"voiceId":"abc"})");
-    screen.name()->commit(QStringLiteral("Alma"));
+    name->commit(QStringLiteral("Alma"));
     EXPECT_EQ(toldSetting(), R"({"voiceName":"Alma"})");
-    screen.fishModel()->pick(QStringLiteral("s1-mini"));
+    fishModel->pick(QStringLiteral("s1-mini"));
     EXPECT_EQ(toldSetting(), R"({"fishModel":"s1-mini"})");
-    screen.systemVoice()->pick(QStringLiteral("Luciana"));
+    systemVoice->pick(QStringLiteral("Luciana"));
     EXPECT_EQ(toldSetting(), R"({"fallbackVoice":"Luciana"})");
 }
 
 TEST_F(VoiceScreenTest, ShowsTheCurrentSettingAlsoWhenItIsNotAmongTheChoices) {
     setFull();
-    EXPECT_TRUE(screen.fishModel()->choices().isEmpty());
-    EXPECT_EQ(screen.fishModel()->value(), QStringLiteral("s1"));
+    EXPECT_TRUE(fishModel->choices().isEmpty());
+    EXPECT_EQ(fishModel->value(), QStringLiteral("s1"));
     Options options;
     options.fishModels = {QStringLiteral("other")};
     model().setOptions(options);
-    EXPECT_EQ(ids(*screen.fishModel()), QStringList{QStringLiteral("other")});
-    EXPECT_EQ(titles(*screen.fishModel()), QStringList{QStringLiteral("other")});
-    EXPECT_EQ(screen.fishModel()->value(), QStringLiteral("s1"));
-    EXPECT_EQ(screen.fishModel()->selected(), QStringLiteral("s1"));
+    EXPECT_EQ(ids(*fishModel), QStringList{QStringLiteral("other")});
+    EXPECT_EQ(titles(*fishModel), QStringList{QStringLiteral("other")});
+    EXPECT_EQ(fishModel->value(), QStringLiteral("s1"));
+    EXPECT_EQ(fishModel->selected(), QStringLiteral("s1"));
 }
 
 TEST_F(VoiceScreenTest, ShowsACommittedTextAsApplyingUntilTheBackendHasIt) {
     setFull();
     backend().hang("/settings");
-    screen.voice()->commit(QStringLiteral("new"));
+    voice->commit(QStringLiteral("new"));
     EXPECT_TRUE(becomes("new", true));
     EXPECT_EQ(toldSetting(), R"({"voiceId":"new"})");
     // What else happens meanwhile is of no account.
     setFull([](Snapshot &snapshot) { snapshot.settings.voiceName = QStringLiteral("Bruna"); });
     EXPECT_TRUE(becomes("new", true));
-    EXPECT_FALSE(screen.name()->isBusy());
+    EXPECT_FALSE(name->isBusy());
     hasVoice("new");
     backend().last("/settings")->reply("{}");
     fetch();
@@ -129,7 +138,7 @@ TEST_F(VoiceScreenTest, ShowsTheOldTextAgainWhenTheBackendDidNotTakeTheNewOne) {
     setFull();
     hasVoice("a1b2c3d4");
     backend().serve("/settings", "{}", 400);
-    screen.voice()->commit(QStringLiteral("new"));
+    voice->commit(QStringLiteral("new"));
     EXPECT_EQ(toldSetting(), R"({"voiceId":"new"})");
     EXPECT_TRUE(becomes("new", true));
     fetch();
@@ -139,7 +148,7 @@ TEST_F(VoiceScreenTest, ShowsTheOldTextAgainWhenTheBackendDidNotTakeTheNewOne) {
 
 TEST_F(VoiceScreenTest, ShowsWhateverTheBackendMadeOfACommittedText) {
     setFull();
-    screen.voice()->commit(QStringLiteral("new"));
+    voice->commit(QStringLiteral("new"));
     EXPECT_TRUE(becomes("new", true));
     hasVoice("NEW");
     fetch();
@@ -157,7 +166,7 @@ TEST_F(VoiceScreenTest, KeepsACommittedTextWhileTheBackendIsAwayAndSendsItWhenIt
         scheduler().advance(100ms);
         return !model().snapshot();
     }));
-    screen.voice()->commit(QStringLiteral("new"));
+    voice->commit(QStringLiteral("new"));
     EXPECT_TRUE(becomes("new", true));
     for (int seconds = 0; seconds < 5; ++seconds) {
         scheduler().advance(1s);
@@ -182,7 +191,7 @@ TEST_F(VoiceScreenTest, SendsATextThatWasKeptOnceAndNoMore) {
     setFull();
     hasVoice("a1b2c3d4");
     backend().goDown();
-    screen.voice()->commit(QStringLiteral("new"));
+    voice->commit(QStringLiteral("new"));
     EXPECT_TRUE(eventually([&] {
         scheduler().advance(100ms);
         return !model().snapshot();
@@ -196,8 +205,8 @@ TEST_F(VoiceScreenTest, SendsATextThatWasKeptOnceAndNoMore) {
     }));
     EXPECT_TRUE(eventually([&] {
         scheduler().advance(100ms);
-        return !screen.voice()->isBusy();
+        return !voice->isBusy();
     }));
-    EXPECT_EQ(screen.voice()->text(), QStringLiteral("a1b2c3d4"));
+    EXPECT_EQ(voice->text(), QStringLiteral("a1b2c3d4"));
     EXPECT_EQ(backend().count("/settings"), 1);
 }

@@ -50,7 +50,7 @@ TEST_F(WindowKeysTest, ScrollsThePageWithKeysThatNothingElseTakes) {
     setFull();
     offer();
     open(Pane::Now);
-    press(named("MacSidebarItem", QStringLiteral("Listening")));
+    press(named("SidebarItem", QStringLiteral("Listening")));
     auto *view = first("ListeningPage")->property("view").value<QQuickItem *>();
     const auto at = [&] { return view->property("contentY").toReal(); };
     ASSERT_EQ(at(), 0);

@@ -4,7 +4,7 @@
 #include "tests/ui/support/Scene.h"
 #include "tests/ui/support/UiTest.h"
 #include "ui/Ui.h"
-#include "ui/shell/MacWindow.h"
+#include "ui/shell/SettingsWindow.h"
 
 #include <QAccessible>
 #include <QQmlEngine>
@@ -40,7 +40,7 @@ protected:
 
     void open(Pane pane) {
         navigation.setPane(pane);
-        window = std::make_unique<MacWindow>(engine, app, scheduler(), nullptr);
+        window = std::make_unique<SettingsWindow>(engine, app, scheduler(), nullptr);
         window->bringToFront();
         ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
         // Rows are made, and the page finds its place, as the first frames are drawn.
@@ -110,7 +110,7 @@ protected:
                  .openMicrophoneSettings = [] {},
                  .pickFolders = [this](const std::function<void(const QStringList &)> &answer) { answer(picked); }}};
     QQmlEngine engine;
-    std::unique_ptr<MacWindow> window;
+    std::unique_ptr<SettingsWindow> window;
 };
 
 } // namespace palomet::test

@@ -1,7 +1,7 @@
 #include "ui/shell/AppView.h"
 
+#include "localization/Localization.h"
 #include "tests/ui/support/UiTest.h"
-#include "ui/localization/Localization.h"
 
 #include <QDir>
 #include <QFile>
@@ -78,18 +78,9 @@ TEST_F(AppViewTest, OpensTheMicrophonesSettingsOnlyWhileItIsOff) {
     EXPECT_EQ(m_calls.size(), 2);
 }
 
-TEST_F(AppViewTest, OpensTheLog) {
-    m_app.openLog();
+TEST_F(AppViewTest, OpensTheLogForTheBrainPane) {
+    m_app.brain()->openLog();
     EXPECT_EQ(m_calls, QStringList{u"log"_s});
-}
-
-TEST_F(AppViewTest, SendsWhatTheHeadersButtonsSay) {
-    m_app.newConversation();
-    m_app.stop();
-    m_app.listen();
-    m_app.sample();
-    for (const auto *target : {"/new", "/stop", "/listen", "/sample"})
-        EXPECT_EQ(told(target), "") << target;
 }
 
 TEST_F(AppViewTest, HasTheVersionOfItsBuild) {

@@ -2,33 +2,38 @@
 
 #include "tests/ui/support/UiTest.h"
 
-#include <gtest/gtest.h>
-
 using namespace palomet;
 
 namespace {
 
-QString line(LoopState state, const Snapshot &snapshot) {
-    return stripLine(state, &snapshot, u"Hello."_qs);
-}
+class StripLineTest : public test::UiTest {
+protected:
+    [[nodiscard]] QString line(LoopState state, Snapshot snapshot) {
+        snapshot.state = rawValue(state);
+        setSnapshot(std::move(snapshot));
+        return stripLine(model());
+    }
+};
 
 } // namespace
 
-TEST(StripLine, HasNothingToSayAtRest) {
+TEST_F(StripLineTest, HasNothingToSayAtRest) {
     const Snapshot snapshot;
     EXPECT_EQ(line(LoopState::Waiting, snapshot), QString());
     EXPECT_EQ(line(LoopState::Offline, snapshot), QString());
+    model().setSnapshot(nullptr);
+    EXPECT_EQ(stripLine(model()), QString());
 }
 
-TEST(StripLine, SaysThatNoNameIsNeededWhileListening) {
+TEST_F(StripLineTest, SaysThatNoNameIsNeededWhileListening) {
     EXPECT_EQ(line(LoopState::Listening, {}), u"Go ahead, no name needed");
 }
 
-TEST(StripLine, IsAnEllipsisWhileHearing) {
+TEST_F(StripLineTest, IsAnEllipsisWhileHearing) {
     EXPECT_EQ(line(LoopState::Hearing, {}), u"…");
 }
 
-TEST(StripLine, CountsThePartsOfADraftAndNamesThePhraseThatCarriesItOut) {
+TEST_F(StripLineTest, CountsThePartsOfADraftAndNamesThePhraseThatCarriesItOut) {
     Snapshot snapshot;
     snapshot.settings.actionPhrases = {{u"do it"_qs, u"go"_qs}};
     EXPECT_EQ(line(LoopState::Drafting, snapshot), u"0 parts · say “do it”");
@@ -38,44 +43,46 @@ TEST(StripLine, CountsThePartsOfADraftAndNamesThePhraseThatCarriesItOut) {
     EXPECT_EQ(line(LoopState::Drafting, snapshot), u"2 parts · say “do it”");
 }
 
-TEST(StripLine, NamesTheDefaultPhraseWhereThereIsNone) {
+TEST_F(StripLineTest, NamesTheDefaultPhraseWhereThereIsNone) {
     Snapshot snapshot;
     EXPECT_EQ(line(LoopState::Drafting, snapshot), u"0 parts · say “go ahead”");
     snapshot.settings.actionPhrases.emplace();
     EXPECT_EQ(line(LoopState::Drafting, snapshot), u"0 parts · say “go ahead”");
-    EXPECT_EQ(stripLine(LoopState::Drafting, nullptr, {}), u"0 parts · say “go ahead”");
 }
 
-TEST(StripLine, ShowsTheToolAtWorkWhileThinking) {
+TEST_F(StripLineTest, ShowsTheToolAtWorkWhileThinking) {
     Snapshot snapshot;
     snapshot.conversation.rows = {test::row("user", u"How is it?"_qs), test::row("tool", u"Bash: ls"_qs)};
     EXPECT_EQ(line(LoopState::Thinking, snapshot), u"Bash: ls");
 }
 
-TEST(StripLine, ShowsTheLastQuestionWhileThinkingWithoutATool) {
+TEST_F(StripLineTest, ShowsTheLastQuestionWhileThinkingWithoutATool) {
     Snapshot snapshot;
     snapshot.conversation.rows = {test::row("user", u"First"_qs), test::row("user", u"Second"_qs),
                                   test::row("tool", u"Bash: ls"_qs), test::row("agent", u"Done."_qs)};
     EXPECT_EQ(line(LoopState::Thinking, snapshot), u"Second");
 }
 
-TEST(StripLine, IsEmptyWhileThinkingAboutNothingThatWasAsked) {
+TEST_F(StripLineTest, IsEmptyWhileThinkingAboutNothingThatWasAsked) {
     Snapshot snapshot;
     EXPECT_EQ(line(LoopState::Thinking, snapshot), QString());
     snapshot.conversation.rows = {test::row("agent", u"Hello."_qs)};
     EXPECT_EQ(line(LoopState::Thinking, snapshot), QString());
-    EXPECT_EQ(stripLine(LoopState::Thinking, nullptr, {}), QString());
 }
 
-TEST(StripLine, IsWhatIsBeingSaidWhileSpeaking) {
+TEST_F(StripLineTest, IsWhatIsBeingSaidWhileSpeaking) {
+    backend().on("/events", [](auto exchange) { exchange->beginEvents(); });
+    model().start();
+    ASSERT_TRUE(test::eventually([this] { return backend().last("/events") != nullptr; }));
+    backend().last("/events")->event("spoken", R"("Hello.")");
+    ASSERT_TRUE(test::eventually([this] { return !model().spokenLine().isEmpty(); }));
     EXPECT_EQ(line(LoopState::Speaking, {}), u"Hello.");
 }
 
-TEST(StripLine, TellsWhyItIsMuted) {
+TEST_F(StripLineTest, TellsWhyItIsMuted) {
     Snapshot snapshot;
     snapshot.isMuted = true;
     EXPECT_EQ(line(LoopState::Muted, snapshot), u"Muted in the menu");
     snapshot.isMuted = false;
     EXPECT_EQ(line(LoopState::Muted, snapshot), u"Palomet needs the microphone");
-    EXPECT_EQ(stripLine(LoopState::Muted, nullptr, {}), u"Palomet needs the microphone");
 }

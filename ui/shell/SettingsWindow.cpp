@@ -1,0 +1,183 @@
+#include "ui/shell/SettingsWindow.h"
+
+#include "ui/shell/WindowFrame.h"
+
+#include <QGuiApplication>
+#include <QKeyEvent>
+#include <QQmlEngine>
+#include <QQuickItem>
+#include <QScreen>
+#include <QSettings>
+
+#include <utility>
+
+namespace palomet {
+
+namespace {
+
+const QString frameKey = QStringLiteral("PalometWindow");
+const QString maximizedKey = QStringLiteral("PalometWindowMaximized");
+constexpr std::chrono::milliseconds saveDelay{500};
+
+std::vector<QRect> usableScreens() {
+    std::vector<QRect> usable;
+    const auto *primary = QGuiApplication::primaryScreen();
+    if (primary)
+        usable.push_back(primary->availableGeometry());
+    for (const auto *screen : QGuiApplication::screens()) {
+        if (screen != primary)
+            usable.push_back(screen->availableGeometry());
+    }
+    return usable;
+}
+
+} // namespace
+
+SettingsWindow::SettingsWindow(QQmlEngine &engine, AppView &app, Scheduler &scheduler, QSettings *settings)
+    : QQuickView(&engine, nullptr)
+    , m_app(app)
+    , m_scheduler(scheduler)
+    , m_settings(settings) {
+    setTitle(QStringLiteral("Palomet"));
+    setColor(Qt::white);
+    setMinimumSize(minimumContentSize);
+    setResizeMode(SizeRootObjectToView);
+    restoreFrame();
+    connect(this, &QWindow::visibilityChanged, this, &SettingsWindow::updateShown);
+    // The screen is up to date before its page is made.
+    m_app.setShown(true);
+    // With its final size it is laid out only once.
+    setInitialProperties({{QStringLiteral("app"), QVariant::fromValue(&m_app)},
+                          {QStringLiteral("width"), width()},
+                          {QStringLiteral("height"), height()}});
+    setSource(QUrl(QStringLiteral("qrc:/qt/qml/Palomet/Ui/MainView.qml")));
+    updateShown();
+}
+
+SettingsWindow::~SettingsWindow() {
+    // The base destructor hides the window, when this object's slots must no longer be called.
+    disconnect(this, &QWindow::visibilityChanged, this, nullptr);
+    if (m_saving)
+        saveFrame();
+    m_app.setShown(false);
+}
+
+void SettingsWindow::bringToFront() {
+    m_app.setShown(true);
+    if (windowStates().testFlag(Qt::WindowMinimized))
+        setWindowStates(windowStates() & ~Qt::WindowMinimized);
+    // show() would end the maximised state.
+    setVisible(true);
+    raise();
+    requestActivate();
+}
+
+void SettingsWindow::updateShown() {
+    m_app.setShown(isVisible() && visibility() != Minimized);
+}
+
+bool SettingsWindow::event(QEvent *event) {
+    switch (event->type()) {
+    case QEvent::Move:
+    case QEvent::Resize:
+    case QEvent::WindowStateChange:
+        saveSoon();
+        break;
+    case QEvent::Expose:
+        if (isExposed() && !std::exchange(m_wasExposed, true))
+            keepFrameOnScreen();
+        break;
+    case QEvent::Close:
+        // The window is hidden rather than closed, and keeps everything in it.
+        if (m_saving)
+            saveFrame();
+        hide();
+        event->ignore();
+        return true;
+    default:
+        break;
+    }
+    return QQuickView::event(event);
+}
+
+void SettingsWindow::keyPressEvent(QKeyEvent *event) {
+    // No item has the focus: nothing would ignore the event, as the fallback below expects.
+    if (!activeFocusItem())
+        event->ignore();
+    QQuickView::keyPressEvent(event);
+    if (!event->isAccepted())
+        event->setAccepted(handleKey(*event));
+}
+
+bool SettingsWindow::handleKey(const QKeyEvent &event) {
+    const auto modifiers = event.modifiers() & ~Qt::KeypadModifier;
+    const auto pane = static_cast<std::size_t>(event.key() - Qt::Key_1);
+    if (modifiers == Qt::ControlModifier && event.key() >= Qt::Key_1 && pane < allPanes.size()) {
+        m_app.navigation()->setPane(allPanes.at(pane));
+        return true;
+    }
+    if (event.matches(QKeySequence::Close)) {
+        close();
+        return true;
+    }
+    if (!rootObject())
+        return false;
+    if (event.matches(QKeySequence::Copy)) {
+        bool isCopied = false;
+        QMetaObject::invokeMethod(rootObject(), "copy", Q_RETURN_ARG(bool, isCopied));
+        return isCopied;
+    }
+    bool isTaken = false;
+    if (modifiers == Qt::NoModifier)
+        QMetaObject::invokeMethod(rootObject(), "scroll", Q_RETURN_ARG(bool, isTaken), Q_ARG(int, event.key()));
+    return isTaken;
+}
+
+void SettingsWindow::restoreFrame() {
+    const auto stored = m_settings ? m_settings->value(frameKey) : QVariant();
+    const auto saved = stored.canConvert<QRect>() ? std::optional(stored.toRect()) : std::nullopt;
+    const auto frame = openingFrame(saved, usableScreens(), openingSize, minimumContentSize);
+    // A window that remembers nothing has the same size on every screen.
+    resize(m_settings ? frame.size() : openingSize);
+    // The content is centred, because the width of the frame is not known before the window shows.
+    if (saved)
+        setFramePosition(frame.topLeft());
+    else
+        setPosition(frame.topLeft());
+    // toBool() would take every word but "false" and "0" for true.
+    if (m_settings && m_settings->value(maximizedKey).toString() == QLatin1StringView("true"))
+        setWindowStates(Qt::WindowMaximized);
+}
+
+void SettingsWindow::keepFrameOnScreen() {
+    // A window that remembers nothing has the same size on every screen.
+    if (!m_settings || visibility() != Windowed)
+        return;
+    const auto around = frameMargins();
+    const auto frame = openingFrame(frameGeometry(), usableScreens(), openingSize, minimumSize().grownBy(around));
+    if (frame == frameGeometry())
+        return;
+    resize(frame.size().shrunkBy(around));
+    setFramePosition(frame.topLeft());
+}
+
+void SettingsWindow::saveSoon() {
+    if (m_settings && isVisible() && !m_saving)
+        m_saving = m_scheduler.after(saveDelay, [this] { saveFrame(); });
+}
+
+void SettingsWindow::saveFrame() {
+    m_saving.reset();
+    const bool isMaximized = windowStates() & (Qt::WindowMaximized | Qt::WindowFullScreen);
+    m_settings->setValue(maximizedKey, isMaximized);
+    // The frame to come back to is the one before it was maximised.
+    if (isMaximized)
+        return;
+    const QRect frame(framePosition(), size());
+    // At a fractional scale a frame moves by a point when it is restored, which would add up from run to run.
+    const auto saved = m_settings->value(frameKey).toRect();
+    if (frame.size() != saved.size() || (frame.topLeft() - saved.topLeft()).manhattanLength() > 2)
+        m_settings->setValue(frameKey, frame);
+}
+
+} // namespace palomet

@@ -1,0 +1,47 @@
+import QtQuick
+import Palomet.Kit
+
+// The program's name, the groups of panes, and the microphone's state at the foot.
+Item {
+    id: root
+
+    property string app
+    property string version
+    default property alias menu: groups.data
+    property alias status: foot.data
+
+    Ground {
+        anchors.fill: parent
+    }
+    ZenDisplay {
+        id: wordmark
+
+        x: Zen.space4 + Zen.space3
+        y: Zen.crumbLine - Zen.baseline(22, 28)
+        text: root.app
+        isHung: true
+    }
+    ZenData {
+        x: root.width - 1 - Zen.space4 - Zen.space3 - width
+        y: Zen.crumbLine - Zen.baseline(12, 20)
+        text: root.version
+        size: 12
+        color: Zen.noteInk
+    }
+    Column {
+        id: groups
+
+        x: Zen.space4
+        y: Zen.titleLine - Zen.baseline(10, 16)
+        width: root.width - 1 - 2 * Zen.space4
+        spacing: Zen.space5
+    }
+    Item {
+        id: foot
+
+        x: Zen.space4
+        y: root.height - height - Zen.space4
+        width: groups.width
+        height: Zen.control
+    }
+}

@@ -1,32 +1,8 @@
 import { describe, expect, test } from "bun:test";
-import { Hearing, type Utterance } from "../../src/hearing/hearing.ts";
+import type { Utterance } from "../../src/hearing/hearing.ts";
 import { FakeSpeechDetector } from "../support/fakeSpeechDetector.ts";
+import { listen } from "../support/hearing.ts";
 import { hiss as noise, tone } from "../support/sounds.ts";
-
-function listen(speech?: FakeSpeechDetector) {
-  const told: string[] = [];
-  const pauses: string[] = [];
-  const paused: Int16Array[] = [];
-  const utterances: Utterance[] = [];
-  const events = {
-    began: () => told.push("began"),
-    ended: (utterance: Utterance) => {
-      told.push("ended");
-      utterances.push(utterance);
-    },
-    paused: (samples: Int16Array) => {
-      pauses.push("paused");
-      paused.push(samples);
-    },
-    resumed: () => pauses.push("resumed"),
-    dropped: () => told.push("dropped"),
-  };
-  const hearing = new Hearing(events, speech);
-  const take = (samples: Int16Array): void => {
-    for (let at = 0; at < samples.length; at += 341) hearing.take(samples.subarray(at, at + 341));
-  };
-  return { hearing, told, pauses, paused, utterances, take };
-}
 
 describe("an utterance", () => {
   test("begins within 120 ms, ends after the silence that is set, and holds what came just before", () => {

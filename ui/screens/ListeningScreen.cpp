@@ -125,6 +125,9 @@ void ListeningScreen::updateOptions() {
         for (const auto &name : options->inputs)
             inputs.push_back({name, Format::device(name)});
         models = plainChoices(options->whisperModels);
+        const bool knowsPhrasesOnly = options->whisperModels == std::vector{QStringLiteral("pocketsphinx")};
+        m_transcription.setHintKey(knowsPhrasesOnly ? "listening.transcription.phrases"
+                                                    : "listening.transcription.hint");
     }
     m_microphone.offer(std::move(inputs));
     m_transcription.offer(std::move(models));

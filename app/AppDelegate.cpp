@@ -2,7 +2,7 @@
 
 #include "app/LogFile.h"
 #include "app/StatusIcon.h"
-#include "ui/localization/Localization.h"
+#include "localization/Localization.h"
 #include "ui/shell/FolderDialog.h"
 
 #include <utility>
@@ -49,20 +49,20 @@ AppDelegate::AppDelegate(Surroundings surroundings)
           .layout = *m_surroundings.keyboardLayout,
           .showInMenu = [this](const auto &listen, const auto &stop) { m_statusMenu.setKeys(listen, stop); },
       })
-    , m_remoteDoor(*m_surroundings.remote, m_model)
+    , m_remoteControl(*m_surroundings.remote, m_model)
     , m_uiEngine(m_surroundings.resources.value_or(QString()))
     , m_stripView(m_model, [this] { openWindow(Pane::Now); })
     , m_stripWindow(m_uiEngine, m_stripView, m_surroundings.workArea.get(), m_surroundings.pointer) {
-    m_remoteDoor.onOpen = [this](const auto &name) {
+    m_remoteControl.onOpen = [this](const auto &name) {
         const auto pane = name ? paneFrom(*name) : std::nullopt;
         if (name && !pane)
             return false;
         openWindow(pane);
         return true;
     };
-    m_remoteDoor.onQuit = [this] { applicationShouldTerminate(); };
+    m_remoteControl.onQuit = [this] { applicationShouldTerminate(); };
     // One microphone has one front end.
-    m_remoteDoor.onReplaced = [this] {
+    m_remoteControl.onReplaced = [this] {
         m_backend.note(u"sessão: outro Palomet já responde por ela"_s);
         applicationShouldTerminate();
     };
@@ -72,9 +72,7 @@ AppDelegate::AppDelegate(Surroundings surroundings)
 
 AppDelegate::~AppDelegate() {
     m_surroundings.trayHost->onChange = [] {};
-    m_surroundings.colors->onChange = [] {};
-    m_surroundings.motion->onChange = [] {};
-    m_surroundings.contrast->onChange = [] {};
+    m_surroundings.look->onChange = [] {};
 }
 
 AdmitPeer AppDelegate::admitPeer() {
@@ -87,6 +85,7 @@ std::unique_ptr<AudioIO> AppDelegate::makeAudioIO() {
         .scheduler = *m_surroundings.scheduler,
         .makeWakeup = m_surroundings.makeWakeup,
         .chimeFile = m_surroundings.resources.value_or(QString()) + u"/sounds/chime.aiff"_s,
+        .defaultInputName = L(u"device.systemDefault"),
     });
 }
 
@@ -103,17 +102,13 @@ void AppDelegate::applicationDidFinishLaunching() {
 }
 
 void AppDelegate::setUpMenuBar() {
-    m_surroundings.colors->onChange = [this] { updateIcon(); };
+    m_surroundings.look->onChange = [this] { lookChanged(); };
     m_surroundings.trayHost->onChange = [this] { trayHostChanged(); };
-    updateIcon();
+    lookChanged();
     trayHostChanged();
 }
 
 void AppDelegate::setUpStrip() {
-    m_surroundings.motion->onChange = [this] { m_uiEngine.setMotionReduced(m_surroundings.motion->isReduced()); };
-    m_surroundings.motion->onChange();
-    m_surroundings.contrast->onChange = [this] { m_uiEngine.setContrastRaised(m_surroundings.contrast->isRaised()); };
-    m_surroundings.contrast->onChange();
     m_stripWindow.isStateSaidElsewhere = [this] { return m_appView && m_appView->now()->isActive(); };
     m_strip.emplace(m_model, m_stripWindow, *m_surroundings.scheduler);
     m_strip->onEscapeNeeded = [this](bool isNeeded) { m_keyBindings.setStopNeeded(isNeeded); };
@@ -187,8 +182,11 @@ void AppDelegate::noteStranger() {
             m_surroundings.backend.port()));
 }
 
-void AppDelegate::updateIcon() {
-    m_statusMenu.setIcon(statusIcon(m_surroundings.resources, m_surroundings.colors->panelScheme()));
+void AppDelegate::lookChanged() {
+    const auto &look = *m_surroundings.look;
+    m_statusMenu.setIcon(statusIcon(m_surroundings.resources, look.panelScheme()));
+    m_uiEngine.setMotionReduced(look.isMotionReduced());
+    m_uiEngine.setContrastRaised(look.isContrastRaised());
 }
 
 void AppDelegate::applicationShouldTerminate() {

@@ -1,16 +1,14 @@
 #pragma once
 
 #include "app/Backend.h"
-#include "app/DesktopColors.h"
-#include "app/DesktopContrast.h"
-#include "app/DesktopMotion.h"
+#include "app/DesktopLook.h"
 #include "app/KeyBindings.h"
-#include "app/RemoteDoor.h"
+#include "app/RemoteControl.h"
 #include "app/StatusMenu.h"
-#include "app/TrayHost.h"
-#include "audio/AudioLink.h"
+#include "audio/link/AudioLink.h"
 #include "base/PeerCheck.h"
 #include "base/Scheduler.h"
+#include "base/TrayHost.h"
 #include "base/Wakeup.h"
 #include "model/MicrophonePermission.h"
 #include "model/PalometModel.h"
@@ -35,7 +33,7 @@ class AppDelegate final : public QObject {
     Q_OBJECT
 
 public:
-    /// What the program meets outside of itself.
+    /// Everything that the program is made of and has from outside.
     struct Surroundings {
         std::optional<QString> resources; ///< The resource folder.
         QString home;                     ///< The user's home.
@@ -46,9 +44,7 @@ public:
         std::unique_ptr<MicrophonePermission> microphonePermission;
         std::unique_ptr<SoundServer> soundServer;
         std::unique_ptr<TrayHost> trayHost;
-        std::unique_ptr<DesktopColors> colors;
-        std::unique_ptr<DesktopMotion> motion;
-        std::unique_ptr<DesktopContrast> contrast;
+        std::unique_ptr<DesktopLook> look;
         std::unique_ptr<WorkArea> workArea; ///< Null: the toolkit's word is taken.
         StripWindow::Pointer pointer = StripWindow::Pointer::Known;
         std::unique_ptr<FolderChooser> folderChooser; ///< Null: the toolkit's own dialog is taken.
@@ -101,7 +97,7 @@ private:
     void startBackend();
     void trayHostChanged();
     void noteStranger();
-    void updateIcon();
+    void lookChanged();
 
     Surroundings m_surroundings;
     PeerCheck m_peerCheck;
@@ -113,7 +109,7 @@ private:
     Shortcuts m_shortcuts;
     StatusMenu m_statusMenu;
     KeyBindings m_keyBindings;
-    RemoteDoor m_remoteDoor;
+    RemoteControl m_remoteControl;
     UiEngine m_uiEngine;
     StripView m_stripView;
     StripWindow m_stripWindow;

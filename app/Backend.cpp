@@ -1,6 +1,6 @@
 #include "app/Backend.h"
 
-#include "ui/localization/Localization.h"
+#include "localization/Localization.h"
 
 #include <QDateTime>
 #include <QFile>

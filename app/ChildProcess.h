@@ -18,7 +18,7 @@ namespace palomet {
 /// the whole group.
 class ChildProcess {
 public:
-    /// What to run. Nothing of this process reaches it but what stands here: no descriptor, no blocked or ignored
+    /// The program to run. Nothing else of this process reaches it: no descriptor, no blocked or ignored
     /// signal; its standard input is empty.
     struct Launch {
         QString program;

@@ -1,7 +1,7 @@
 #include "app/KeyBindings.h"
 
+#include "localization/Localization.h"
 #include "model/PalometModel.h"
-#include "ui/localization/Localization.h"
 
 #include <QHash>
 

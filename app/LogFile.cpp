@@ -24,7 +24,7 @@ bool isPipe(const QString &path) {
 
 void putAside(const QString &path) {
     const QFileInfo info(path);
-    // What stands there for something else is the user's, who has put it there.
+    // The user has put something else there: leave it alone.
     if (!info.isFile() || info.isSymLink() || info.size() <= LogFile::maximumBytes)
         return;
     std::error_code none;

@@ -16,12 +16,12 @@ public:
     explicit LogFile(QString path)
         : m_path(std::move(path)) {}
 
-    /// Where it lies for the user whose home this is.
+    /// The log's path for the user whose home this is.
     [[nodiscard]] static QString pathBelow(const QString &home);
 
     [[nodiscard]] const QString &path() const { return m_path; }
 
-    /// What is longer is put aside when it is opened: as "….log.1", in the place of an older one.
+    /// A longer log is put aside when it is opened: as "….log.1", in the place of an older one.
     static constexpr qint64 maximumBytes = qint64{4} * 1024 * 1024;
 
     /// Opens it for appending, after making its folder and the file itself where they are missing; null when that

@@ -47,7 +47,7 @@ PreviewMode::~PreviewMode() {
 void PreviewMode::start() {
     if (!m_capturePath)
         return m_window->bringToFront();
-    // What shows no windows complains of being asked for the front one.
+    // A platform that shows no windows complains when it is asked for the front one.
     m_window->show();
     m_pendingCapture = m_scheduler.after(drawnWithin, [this] { capture(); });
 }

@@ -6,7 +6,7 @@
 
 namespace palomet {
 
-/// Where the resource folder lies, with the runtime, the engine, the texts, the icons, the faces and the sounds in it:
+/// The path of the resource folder, with the runtime, the engine, the texts, the icons, the faces and the sounds in it:
 /// what `$PALOMET_RESOURCES` names; if that says nothing, "resources" beside the executable, else "share/palomet"
 /// below the prefix in whose "bin" the executable is. None when there is no such folder.
 [[nodiscard]] std::optional<QString> resourceFolder(const QString &executableFolder);

@@ -77,8 +77,8 @@ Drawing drawingIn(const std::optional<QString> &resources) {
 
 } // namespace
 
-QIcon statusIcon(const std::optional<QString> &resources, DesktopColors::Scheme panel) {
-    const QColor color(panel == DesktopColors::Scheme::Dark ? onDarkPanel : onLightPanel);
+QIcon statusIcon(const std::optional<QString> &resources, DesktopLook::Scheme panel) {
+    const QColor color(panel == DesktopLook::Scheme::Dark ? onDarkPanel : onLightPanel);
     return QIcon(new SymbolEngine(drawingIn(resources), color));
 }
 

@@ -1,7 +1,7 @@
 #include "app/StatusMenu.h"
 
+#include "localization/Localization.h"
 #include "model/PalometModel.h"
-#include "ui/localization/Localization.h"
 
 namespace palomet {
 
@@ -29,8 +29,6 @@ void StatusMenu::setUpMenuBar() {
     m_menu.addSeparator();
     auto *quitItem = m_menu.addAction(plainTitle(L("menu.quit")), this, &StatusMenu::quitRequested);
     quitItem->setShortcut(QKeySequence(u"Ctrl+Q"_s));
-    // On some systems the toolkit would move it by its title.
-    quitItem->setMenuRole(QAction::NoRole);
     updateMenu();
 }
 
@@ -40,7 +38,7 @@ void StatusMenu::showItem() {
     m_item = std::make_unique<QSystemTrayIcon>(m_icon);
     m_item->setToolTip(u"Palomet"_s);
     m_item->setContextMenu(&m_menu);
-    // Where the panel keeps the menu for the other button.
+    // A panel may keep the menu for the other button.
     connect(m_item.get(), &QSystemTrayIcon::activated, this, [this](QSystemTrayIcon::ActivationReason reason) {
         if (reason == QSystemTrayIcon::Trigger)
             Q_EMIT openRequested();

@@ -33,8 +33,8 @@ public:
 
     [[nodiscard]] QMenu &menu() { return m_menu; }
 
-    /// What the desktop's menus show as exactly this text. They read an underscore as the mark of a mnemonic; the
-    /// toolkit hands them the first ampersand as such a mark.
+    /// The text that the desktop's menus show as exactly this one. They read an underscore as the mark of a mnemonic;
+    /// the toolkit hands them the first ampersand as such a mark.
     [[nodiscard]] static QString plainTitle(const QString &text);
 
 Q_SIGNALS:

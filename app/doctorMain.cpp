@@ -1,30 +1,27 @@
 #include "app/doctorMain.h"
 
-#include "app/Doctor.h"
 #include "app/KeyBindings.h"
 #include "app/LogFile.h"
 #include "app/Resources.h"
-#include "audio/EchoCanceller.h"
+#include "app/Session.h"
+#include "audio/echo/EchoCanceller.h"
+#include "base/BackendPort.h"
 #include "base/QtScheduler.h"
+#include "doctor/Doctor.h"
+#include "localization/Localization.h"
 #include "platform/dbus/DBusRemoteClient.h"
-#include "platform/desktop/DesktopMicrophonePermission.h"
-#include "platform/desktop/StatusNotifierHost.h"
-#include "platform/portal/hasGlobalShortcuts.h"
-#include "platform/posix/KernelSocketOwner.h"
-#include "platform/posix/ProcPortHolder.h"
-#include "platform/posix/Terminal.h"
-#include "platform/pulse/PulseSoundServer.h"
-#include "platform/x11/X11Connection.h"
+#include "platform/dbus/StatusNotifierHost.h"
+#include "platform/dbus/hasGlobalShortcuts.h"
+#include "platform/linux/KernelSocketOwner.h"
+#include "platform/linux/ProcPortHolder.h"
+#include "platform/linux/Terminal.h"
 #include "platform/x11/X11HotKeyGrabber.h"
-#include "platform/x11/X11KeyboardLayout.h"
-#include "ui/localization/Localization.h"
 
 #include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 #include <QProcess>
 #include <QProcessEnvironment>
-#include <QSettings>
 
 #include <algorithm>
 #include <cstdio>
@@ -34,8 +31,6 @@ namespace palomet {
 using namespace Qt::StringLiterals;
 
 namespace {
-
-constexpr quint16 backendPort = 4780;
 
 void print(const QString &line) {
     std::puts(line.toLocal8Bit().constData());
@@ -97,17 +92,14 @@ void lookAtFiles(Examination &found) {
 }
 
 /// Tries the listen key only where no running instance can hold it.
-void lookAtKeys(Examination &found, const QDBusConnection &bus, X11Connection *x11) {
-    const QSettings settings(QSettings::NativeFormat, QSettings::UserScope, u"palomet"_s, u"palomet"_s);
-    const auto listen = Shortcuts::storedListen(settings);
-    std::unique_ptr<KeyboardLayout> layout = std::make_unique<NoKeyboardLayout>();
-    if (x11 != nullptr)
-        layout = std::make_unique<X11KeyboardLayout>(*x11);
-    found.listenKey = KeyBindings::keySequence(listen, *layout).toString();
+void lookAtKeys(Examination &found, const Session &session) {
+    const auto listen = Shortcuts::storedListen(*Session::makeSettings());
+    found.listenKey = KeyBindings::keySequence(listen, *session.makeKeyboardLayout()).toString();
 
-    if (qEnvironmentVariable("XDG_SESSION_TYPE") == "wayland"_L1) {
+    auto *const x11 = session.x11();
+    if (Session::isWayland()) {
         found.hotKeyRoute = Examination::HotKeyRoute::Portal;
-        found.isPortalThere = hasGlobalShortcuts(bus);
+        found.isPortalThere = hasGlobalShortcuts(session.bus());
     } else if (x11 != nullptr) {
         found.hotKeyRoute = Examination::HotKeyRoute::X11;
         if (found.instance == Examination::Instance::Absent) {
@@ -125,7 +117,7 @@ void lookAtKeys(Examination &found, const QDBusConnection &bus, X11Connection *x
 
 int runDoctor(int argumentCount, char **arguments) {
     const QCoreApplication application(argumentCount, arguments);
-    const auto bus = QDBusConnection::sessionBus();
+    const Session session;
     Examination found;
     lookAtFiles(found);
 
@@ -151,24 +143,20 @@ int runDoctor(int argumentCount, char **arguments) {
         hearing = {.isDeaf = status == QProcess::NormalExit && code == 1, .text = text};
     });
 
-    lookAtInstance(found, bus);
-    const auto x11 = X11Connection::open();
-    lookAtKeys(found, bus, x11.get());
+    lookAtInstance(found, session.bus());
+    lookAtKeys(found, session);
     found.port = procPortHolder(backendPort);
     found.portOwner = KernelSocketOwner()(backendPort, 0);
     if (const auto canceller = EchoCanceller::create())
         found.echoCanceller = (*canceller)->state().library;
 
     QtScheduler scheduler;
-    DesktopMicrophonePermission permission(bus, u"org.palomet.Palomet"_s, scheduler);
-    StatusNotifierHost tray(bus);
-    PulseSoundServer sound(scheduler);
-    sound.onAccessDenied = [&] { permission.soundServerRefused(); };
-    sound.onAccessGranted = [&] { permission.soundServerGranted(); };
+    const auto sound = session.makeSound(scheduler);
+    StatusNotifierHost tray(session.bus());
     Doctor doctor({
         .scheduler = scheduler,
-        .sound = sound,
-        .permission = permission,
+        .sound = *sound.server,
+        .permission = *sound.permission,
         .tray = tray,
         .known = found,
         .runtimeVersion = [&] { return version; },

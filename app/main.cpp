@@ -1,44 +1,39 @@
 #include "app/AppDelegate.h"
 #include "app/Application.h"
-#include "app/AutostartCommand.h"
-#include "app/CommandLine.h"
 #include "app/PreviewMode.h"
-#include "app/RemoteSession.h"
 #include "app/Resources.h"
+#include "app/Session.h"
 #include "app/doctorMain.h"
 #include "base/QtScheduler.h"
+#include "command/AutostartCommand.h"
+#include "command/CommandLine.h"
+#include "command/RemoteSession.h"
+#include "command/fail.h"
+#include "localization/Localization.h"
 #include "platform/dbus/DBusRemoteClient.h"
 #include "platform/dbus/DBusRemoteService.h"
+#include "platform/dbus/PortalFolderChooser.h"
+#include "platform/dbus/PortalHotKeyGrabber.h"
+#include "platform/dbus/PortalLook.h"
 #include "platform/dbus/SessionBus.h"
-#include "platform/desktop/AutostartEntry.h"
-#include "platform/desktop/DesktopMicrophonePermission.h"
-#include "platform/desktop/PortalColors.h"
-#include "platform/desktop/PortalContrast.h"
-#include "platform/desktop/PortalMotion.h"
-#include "platform/desktop/SoundSettings.h"
-#include "platform/desktop/StatusNotifierHost.h"
-#include "platform/portal/PortalFolderChooser.h"
-#include "platform/portal/PortalHotKeyGrabber.h"
-#include "platform/posix/EventWakeup.h"
-#include "platform/posix/GroupGuard.h"
-#include "platform/posix/KernelSocketOwner.h"
-#include "platform/posix/PosixChildProcess.h"
-#include "platform/posix/SpareMemory.h"
-#include "platform/posix/TerminationSignals.h"
-#include "platform/posix/ThreadTrial.h"
-#include "platform/posix/WaylandSocket.h"
-#include "platform/pulse/PulseSoundServer.h"
-#include "platform/x11/X11Connection.h"
+#include "platform/dbus/StatusNotifierHost.h"
+#include "platform/linux/EventWakeup.h"
+#include "platform/linux/GroupGuard.h"
+#include "platform/linux/KernelSocketOwner.h"
+#include "platform/linux/SpareMemory.h"
+#include "platform/linux/TerminationSignals.h"
+#include "platform/linux/ThreadTrial.h"
+#include "platform/linux/WaylandSocket.h"
+#include "platform/linux/startChildProcess.h"
 #include "platform/x11/X11HotKeyGrabber.h"
-#include "platform/x11/X11KeyboardLayout.h"
 #include "platform/x11/X11WorkArea.h"
-#include "ui/localization/Localization.h"
+#include "platform/xdg/AutostartEntry.h"
+#include "platform/xdg/SoundSettings.h"
 #include "ui/preview/Preview.h"
 #include "ui/shell/ToolkitWords.h"
 
 #include <QDesktopServices>
 #include <QDir>
-#include <QSettings>
 #include <QStandardPaths>
 
 #include <cstdio>
@@ -49,26 +44,19 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const auto applicationId = u"org.palomet.Palomet"_s;
-const auto version = u"" PALOMET_VERSION ""_s;
-
 constexpr auto busAnswersWithin = 2s;
 /// More than ever run at a time.
 constexpr int threadsNeeded = 16;
-
-bool isWayland() {
-    return qEnvironmentVariable("XDG_SESSION_TYPE") == "wayland"_L1;
-}
 
 bool hasXDisplay() {
     static const bool isThere = !qEnvironmentVariableIsEmpty("DISPLAY") && X11Connection::isPossible();
     return isThere;
 }
 
-/// Without one, or with one that has gone, the toolkit would end the program as if it had crashed.
+/// The toolkit ends the program as if it had crashed when there is no display, or none any more.
 bool hasDisplay() {
     const auto platform = qEnvironmentVariable("QT_QPA_PLATFORM");
-    // What the user has chosen is the toolkit's business.
+    // The user has chosen: leave it to the toolkit.
     if (!platform.isEmpty() && !platform.startsWith("xcb"_L1))
         return true;
     return hasXDisplay() || (platform.isEmpty() && hasWaylandDisplay());
@@ -77,82 +65,73 @@ bool hasDisplay() {
 /// On a Wayland session the whole program goes through XWayland, unless the user wants it otherwise: the strip is then
 /// the same everywhere. Whether this has set the toolkit's platform.
 bool preferXWayland() {
-    if (!isWayland() || !qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM") || !hasXDisplay())
+    if (!Session::isWayland() || !qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM") || !hasXDisplay())
         return false;
     return qputenv("QT_QPA_PLATFORM", "xcb");
 }
 
 /// The desktop's way to global hot keys. The session decides, not the toolkit: under XWayland a grab would miss the
 /// windows that are native.
-std::unique_ptr<HotKeyGrabber> hotKeyGrabber(const QDBusConnection &bus, X11Connection *x11,
-                                             const KeyboardLayout &layout) {
-    if (isWayland())
-        return std::make_unique<PortalHotKeyGrabber>(bus, applicationId, layout);
-    if (x11 != nullptr)
-        return std::make_unique<X11HotKeyGrabber>(*x11);
+std::unique_ptr<HotKeyGrabber> hotKeyGrabber(const Session &session, const KeyboardLayout &layout) {
+    if (Session::isWayland())
+        return std::make_unique<PortalHotKeyGrabber>(session.bus(), Session::applicationId(), layout);
+    if (session.x11() != nullptr)
+        return std::make_unique<X11HotKeyGrabber>(*session.x11());
     return std::make_unique<NoHotKeyGrabber>();
 }
 
-/// `x11` may be null, and outlives what is made of it.
-AppDelegate::Surroundings surroundings(std::unique_ptr<RemoteService> remote, X11Connection *x11) {
-    const auto bus = QDBusConnection::sessionBus();
+/// `session` outlives what is made of it.
+AppDelegate::Surroundings surroundings(std::unique_ptr<RemoteService> remote, const Session &session) {
+    const auto &bus = session.bus();
     const auto desktop = qEnvironmentVariable("XDG_CURRENT_DESKTOP");
-    std::unique_ptr<KeyboardLayout> layout = std::make_unique<NoKeyboardLayout>();
-    if (x11 != nullptr)
-        layout = std::make_unique<X11KeyboardLayout>(*x11);
-    auto grabber = hotKeyGrabber(bus, x11, *layout);
+    auto layout = session.makeKeyboardLayout();
+    auto grabber = hotKeyGrabber(session, *layout);
     auto scheduler = std::make_unique<QtScheduler>();
-    auto permission = std::make_unique<DesktopMicrophonePermission>(bus, applicationId, *scheduler);
-    auto sound = std::make_unique<PulseSoundServer>(*scheduler);
-    sound->onAccessDenied = [&permission = *permission] { permission.soundServerRefused(); };
-    sound->onAccessGranted = [&permission = *permission] { permission.soundServerGranted(); };
+    auto sound = session.makeSound(*scheduler);
     return {
         .resources = resourceFolder(QCoreApplication::applicationDirPath()),
         .home = QDir::homePath(),
-        .version = version,
+        .version = Session::version(),
         .startProcess = [guard = std::make_shared<GroupGuard>(guardProgram(QCoreApplication::applicationDirPath()))](
                             const auto &launch,
                             auto onExit) { return startChildProcess(launch, std::move(onExit), guard); },
         .makeWakeup = &EventWakeup::make,
         .scheduler = std::move(scheduler),
-        .microphonePermission = std::move(permission),
-        .soundServer = std::move(sound),
+        .microphonePermission = std::move(sound.permission),
+        .soundServer = std::move(sound.server),
         .trayHost = std::make_unique<StatusNotifierHost>(bus),
-        .colors = std::make_unique<PortalColors>(bus, desktop),
-        .motion = std::make_unique<PortalMotion>(bus),
-        .contrast = std::make_unique<PortalContrast>(bus),
-        .workArea = x11 != nullptr ? std::make_unique<X11WorkArea>(*x11) : nullptr,
+        .look = std::make_unique<PortalLook>(bus, desktop),
+        .workArea = session.x11() != nullptr ? std::make_unique<X11WorkArea>(*session.x11()) : nullptr,
         // There, only our own windows see the pointer.
-        .pointer = isWayland() ? StripWindow::Pointer::Unknown : StripWindow::Pointer::Known,
+        .pointer = Session::isWayland() ? StripWindow::Pointer::Unknown : StripWindow::Pointer::Known,
         .folderChooser = std::make_unique<PortalFolderChooser>(bus, QGuiApplication::platformName() == "xcb"_L1),
         .keyboardLayout = std::move(layout),
         .hotKeyGrabber = std::move(grabber),
         .remote = std::move(remote),
-        .settings =
-            std::make_unique<QSettings>(QSettings::NativeFormat, QSettings::UserScope, u"palomet"_s, u"palomet"_s),
+        .settings = Session::makeSettings(),
         .openFile = [](const QString &path) { QDesktopServices::openUrl(QUrl::fromLocalFile(path)); },
         .openMicrophoneSettings = [desktop] { openFirst(microphoneSettings(desktop)); },
         .findSocketOwner = KernelSocketOwner(),
     };
 }
 
-int print(std::FILE *stream, const QString &text, int exitCode) {
-    std::fputs(text.toLocal8Bit().constData(), stream);
-    return exitCode;
+int print(const QString &text) {
+    std::fputs(text.toLocal8Bit().constData(), stdout);
+    return 0;
 }
 
 int run(int argumentCount, char **arguments) {
     // Threads that cannot be started later would leave a program that is there and does nothing.
     if (const auto problem = trialOfThreads(threadsNeeded))
-        return print(stderr, u"palomet: %1\n"_s.arg(problem->reason), 1);
+        return fail(problem->reason, 1);
     const bool isPlatformOurs = preferXWayland();
     QCoreApplication::setApplicationName(u"palomet"_s);
     QGuiApplication::setApplicationDisplayName(u"Palomet"_s);
-    QGuiApplication::setDesktopFileName(applicationId);
+    QGuiApplication::setDesktopFileName(Session::applicationId());
     UiEngine::chooseRenderer();
     Application application(argumentCount, arguments);
     const SpareMemory spareMemory;
-    // What is started from here decides for itself.
+    // Programs that are started from here decide for themselves.
     if (isPlatformOurs)
         qunsetenv("QT_QPA_PLATFORM");
 
@@ -161,8 +140,8 @@ int run(int argumentCount, char **arguments) {
         return 0;
     // Until the very end: a second request must not interrupt what the first has begun.
     const TerminationSignals signals([&application] { Q_EMIT application.quitRequested(); });
-    const auto x11 = X11Connection::open();
-    auto around = surroundings(std::move(remote), x11.get());
+    const Session session;
+    auto around = surroundings(std::move(remote), session);
     Localization::load(around.resources.value_or(QString()), Localization::preferredLanguages());
     translateToolkit(application, Localization::language());
     AppDelegate delegate(std::move(around));
@@ -181,14 +160,14 @@ int preview(const QStringList &arguments, int argumentCount, char **rawArguments
         qputenv("QT_QPA_PLATFORM", "offscreen");
     preferXWayland();
     QGuiApplication::setApplicationDisplayName(u"Palomet"_s);
-    QGuiApplication::setDesktopFileName(applicationId);
+    QGuiApplication::setDesktopFileName(Session::applicationId());
     UiEngine::chooseRenderer();
     Application application(argumentCount, rawArguments);
     const auto resources = resourceFolder(QCoreApplication::applicationDirPath()).value_or(QString());
     Localization::load(resources, Localization::preferredLanguages());
     translateToolkit(application, Localization::language());
     QtScheduler scheduler;
-    PreviewMode mode({scheduler, resources, QDir::homePath(), version}, arguments);
+    PreviewMode mode({scheduler, resources, QDir::homePath(), Session::version()}, arguments);
     const auto end = [](int exitCode) { QCoreApplication::exit(exitCode); };
     QObject::connect(&mode, &PreviewMode::finished, &application, end, Qt::QueuedConnection);
     // A picture that was asked for is missing then.
@@ -215,7 +194,7 @@ int autostart(const CommandLine &line, int argumentCount, char **arguments) {
 }
 
 int failWithoutDisplay() {
-    return print(stderr, u"palomet: there is no display\n"_s, 1);
+    return fail(u"there is no display"_s, 1);
 }
 
 /// One that runs has a display, and can be shown all the same.
@@ -238,9 +217,9 @@ int main(int argc, char **argv) {
     case CommandLine::Mode::Run:
         return hasDisplay() ? run(argc, argv) : runWithoutDisplay(argc, argv);
     case CommandLine::Mode::Version:
-        return print(stdout, u"palomet %1\n"_s.arg(version), 0);
+        return print(u"palomet %1\n"_s.arg(Session::version()));
     case CommandLine::Mode::Help:
-        return print(stdout, CommandLine::help(), 0);
+        return print(CommandLine::help());
     case CommandLine::Mode::Command:
     case CommandLine::Mode::Status:
         return remote(line, argc, argv);
@@ -253,5 +232,5 @@ int main(int argc, char **argv) {
     case CommandLine::Mode::Invalid:
         break;
     }
-    return print(stderr, u"palomet: %1\n"_s.arg(line.problem), 2);
+    return fail(line.problem, 2);
 }

@@ -1,7 +1,5 @@
 #include "audio/AudioIO.h"
 
-#include "ui/localization/Localization.h"
-
 #include <QFile>
 #include <QPointer>
 
@@ -25,6 +23,7 @@ AudioIO::AudioIO(Parts parts)
     , m_makeWakeup(std::move(parts.makeWakeup))
     , m_makeEchoCanceller(std::move(parts.makeEchoCanceller))
     , m_chimeFile(std::move(parts.chimeFile))
+    , m_defaultInputName(std::move(parts.defaultInputName))
     , m_player(m_engine.mixer(), std::move(parts.decode)) {
     const auto onMainThread = [this](auto action) {
         QMetaObject::invokeMethod(&m_mainThread, std::move(action), Qt::QueuedConnection);
@@ -211,7 +210,7 @@ QString AudioIO::defaultInputName() const {
     const auto devices = inputDevices();
     const auto id = m_server.defaultInput();
     const auto device = std::ranges::find_if(devices, [&](const InputDevice &each) { return id == each.id; });
-    return device != devices.end() ? device->name : L(u"device.systemDefault");
+    return device != devices.end() ? device->name : m_defaultInputName;
 }
 
 std::optional<EchoCancellerState> AudioIO::echoCancellerState() const {

@@ -2,7 +2,7 @@
 
 #include "audio/SoundEngine.h"
 #include "audio/SoundServer.h"
-#include "audio/SpeechPlayer.h"
+#include "audio/speech/SpeechPlayer.h"
 #include "base/Scheduler.h"
 #include "base/Wakeup.h"
 
@@ -33,7 +33,8 @@ public:
         WakeupFactory makeWakeup;
         EchoCancellerFactory makeEchoCanceller = &EchoCanceller::create;
         SpeechDecoder::Decode decode = &decodeClip;
-        QString chimeFile; ///< The sound of `chime`; an AIFF file.
+        QString chimeFile;          ///< The sound of `chime`; an AIFF file.
+        QString defaultInputName{}; ///< What the default input is called while its own name is not known.
     };
 
     /// Connects to the sound server, so that its devices are known when they are needed.
@@ -97,8 +98,7 @@ public:
     /// The wanted name, if a device that is present has exactly that name.
     [[nodiscard]] std::optional<QString> pickInput(const std::optional<QString> &wanted) const;
 
-    /// The name of the input device in use, or of the one that is being opened, or the localised text for the default
-    /// one.
+    /// The name of the input device in use, or of the one that is being opened, or `defaultInputName`.
     [[nodiscard]] const QString &deviceName() const { return m_deviceName; }
     /// What the echo canceller says of itself at this moment, for diagnosis; none while the microphone is not open.
     [[nodiscard]] std::optional<EchoCancellerState> echoCancellerState() const;
@@ -139,6 +139,7 @@ private:
     const WakeupFactory m_makeWakeup;
     const EchoCancellerFactory m_makeEchoCanceller;
     const QString m_chimeFile;
+    const QString m_defaultInputName;
 
     std::optional<QString> m_wantedDevice; ///< None is the desktop's default.
     std::optional<QString> m_originalDefaultInput;

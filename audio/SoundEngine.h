@@ -1,9 +1,9 @@
 #pragma once
 
-#include "audio/CaptureChain.h"
-#include "audio/EchoReference.h"
 #include "audio/SoundServer.h"
-#include "audio/SpeechMixer.h"
+#include "audio/capture/CaptureChain.h"
+#include "audio/echo/EchoReference.h"
+#include "audio/speech/SpeechMixer.h"
 
 #include <memory>
 #include <optional>

@@ -6,7 +6,7 @@
 
 namespace palomet {
 
-/// Whose program is at the other end of a connection on this machine.
+/// The owner of the program at the other end of a connection on this machine.
 enum class SocketOwner {
     Ours,    ///< One of this process's own user.
     Others,  ///< Another user's, also the administrator's.

@@ -97,8 +97,8 @@ function writePage(path: string, text: string): void {
 
 const [folder, ...names] = process.argv.slice(2);
 if (!folder) throw new Error("which folder?");
-const programs = readdirSync(folder)
-    .flatMap((name) => (statSync(join(folder, name)).isDirectory() ? readdirSync(join(folder, name)).map((file) => join(folder, name, file)) : []))
+const programs = readdirSync(folder, { recursive: true, encoding: "utf8" })
+    .map((path) => join(folder, path))
     .filter((path) => path.endsWith("-bench") && statSync(path).isFile())
     .filter((path) => names.length === 0 || names.some((name) => path.endsWith(`/${name}`)))
     .sort();
@@ -115,7 +115,7 @@ for (const program of programs) {
             writePage("build/echo.md", `# Echo canceller
 
 What the backend hears of the near end and of the echo, by \`bench/run echo-bench\` ${machine}: raw, past the library's canceller as it comes, and past
-ours, over every scenario of \`bench/echo\`. Only the last row depends on the machine.
+ours, over every scenario of \`bench/audio/echo\`. Only the last row depends on the machine.
 
 ${(await outputOf([program])).trim()}
 `);

@@ -1,4 +1,4 @@
-# What every target of the project shares: the language, the warnings, the sanitizers, and one short function a kind of target.
+# All targets of the project share this: the language, the warnings, the sanitizers, and one short function a kind of target.
 
 set(CMAKE_CXX_STANDARD 20)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)
@@ -32,7 +32,7 @@ target_compile_options(palomet-options INTERFACE
   -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Wcast-qual -Wnull-dereference
   ${strict} -ffp-contract=off -ffunction-sections -fdata-sections)
 target_link_options(palomet-options INTERFACE -Wl,--gc-sections -Wl,--as-needed)
-# What is shipped makes it hard to use a mistake: buffers and stacks are checked, jumps go where they may, and all that is
+# Shipped programs make it hard to use a mistake: buffers and stacks are checked, jumps go where they may, and all that is
 # linked is bound at the start and read-only from then on.
 add_library(palomet-hardening INTERFACE)
 if(CMAKE_BUILD_TYPE STREQUAL Release AND NOT PALOMET_SANITIZE)

@@ -1,4 +1,4 @@
-#include "audio/ClipDecoder.h"
+#include "audio/speech/ClipDecoder.h"
 
 #include <array>
 #include <cmath>

@@ -1,4 +1,4 @@
-#include "app/CommandLine.h"
+#include "command/CommandLine.h"
 #include "model/CommandBody.h"
 
 #include <QJsonValue>

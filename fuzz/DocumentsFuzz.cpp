@@ -26,7 +26,7 @@ void require(bool holds) {
 /// The other parser does not tell what was written.
 struct Unsure {};
 
-// What each value must be, by another library's parser. Whether it is of its type.
+// The value that each field must have, by another library's parser. Whether it is of its type.
 
 bool expect(const Json &json, bool &into) {
     into = json.is_boolean() && json.get<bool>();
@@ -114,7 +114,7 @@ int nesting(QByteArrayView json) {
     return deepest;
 }
 
-/// What a decoder makes of a document must be what another library's parser makes of it, which looks at every byte.
+/// A decoder must make of a document what another library's parser makes of it, which looks at every byte.
 template <typename Document>
 void look(QByteArrayView json, Result<Document> (*decode)(QByteArrayView)) {
     const auto document = decode(json);

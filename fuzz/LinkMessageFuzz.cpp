@@ -1,4 +1,4 @@
-#include "audio/LinkMessageReader.h"
+#include "audio/link/LinkMessageReader.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -15,7 +15,7 @@ std::optional<palomet::link::Message> readInPieces(QByteArrayView text, qsizetyp
 
 } // namespace
 
-// Whatever the backend says is a message or nothing, the same however it is cut, and never holds more than was said.
+// The backend's bytes are a message or nothing, the same however they are cut, and never hold more than was said.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size) {
     const QByteArrayView text(data, static_cast<qsizetype>(size));
     const auto message = readInPieces(text, std::max<qsizetype>(text.size(), 1));

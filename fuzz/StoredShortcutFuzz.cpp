@@ -6,7 +6,7 @@
 
 using namespace palomet;
 
-// What is stored is a shortcut or none. One that is read has a name, and is read again as it is written.
+// A stored text is a shortcut or none. One that is read has a name, and is read again as it is written.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size) {
     const auto shortcut =
         Shortcut::fromJson(QByteArray(reinterpret_cast<const char *>(data), static_cast<qsizetype>(size)));

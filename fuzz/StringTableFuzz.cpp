@@ -1,6 +1,6 @@
-#include "ui/localization/Languages.h"
-#include "ui/localization/StringTable.h"
-#include "ui/localization/TextFormat.h"
+#include "localization/Languages.h"
+#include "localization/StringTable.h"
+#include "localization/TextFormat.h"
 
 #include <array>
 #include <cstdlib>

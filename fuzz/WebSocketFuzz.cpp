@@ -1,4 +1,4 @@
-#include "audio/WebSocketReader.h"
+#include "audio/link/WebSocketReader.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -31,7 +31,7 @@ std::vector<std::string> eventsOf(QByteArrayView stream, qsizetype size) {
 
 } // namespace
 
-// Whatever the backend's end of the link sends says the same however it is cut.
+// The bytes of the backend's end of the link say the same however they are cut.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size) {
     const QByteArrayView stream(data, static_cast<qsizetype>(size));
     const auto events = eventsOf(stream, std::max<qsizetype>(stream.size(), 1));

@@ -12,7 +12,7 @@ struct ConversationSummary {
     qint64 answers = 0;
     double costUsd = 0;
 
-    /// What a list keys it by.
+    /// The key of its row in a list.
     [[nodiscard]] const QString &id() const { return conversationId; }
     bool operator==(const ConversationSummary &) const = default;
 };

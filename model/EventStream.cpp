@@ -10,7 +10,7 @@ using namespace std::chrono_literals;
 
 constexpr auto reopenDelay = 1s;
 constexpr qint64 bufferSize = qint64{64} * 1024;
-/// What is read before the event loop gets its turn: some hundreds of events.
+/// Bytes read before the event loop gets its turn: some hundreds of events.
 constexpr qint64 pieceSize = qint64{16} * 1024;
 
 } // namespace
@@ -22,7 +22,6 @@ EventStream::EventStream(HttpClient &http, Scheduler &scheduler, EventStreamPars
     , m_onEvent(std::move(onEvent))
     , m_onGap(std::move(onGap)) {
     m_readMore.setSingleShot(true);
-    m_readMore.setInterval(0);
     m_readMore.callOnTimeout(&m_context, [this] { read(); });
 }
 
@@ -58,8 +57,7 @@ void EventStream::read() {
 void EventStream::end() {
     if (m_reply->error() == QNetworkReply::NoError)
         m_parser.finish(m_onEvent);
-    QObject::disconnect(m_reply.get(), nullptr, &m_context, nullptr);
-    // Who answers that there is no such stream is alive, and has not missed to tell anything.
+    // A refusal comes from a live backend: nothing was missed.
     const bool isGap = !isRefused();
     m_reply.reset();
     m_reopen = m_scheduler.after(reopenDelay, [this] { open(); });

@@ -7,11 +7,7 @@ namespace palomet {
 
 void EventStreamParser::feed(QByteArrayView bytes, const Sink &sink) {
     while (!bytes.isEmpty()) {
-        // The second half of a CRLF, which may come in a piece of its own.
-        if (std::exchange(m_isAfterCarriageReturn, false) && bytes.front() == '\n') {
-            bytes = bytes.sliced(1);
-            continue;
-        }
+        // Between the two halves of a CRLF is an empty line, which says nothing.
         const auto end =
             std::find_if(bytes.begin(), bytes.end(), [](char byte) { return byte == '\n' || byte == '\r'; });
         const auto piece = bytes.first(end - bytes.begin());
@@ -23,8 +19,6 @@ void EventStreamParser::feed(QByteArrayView bytes, const Sink &sink) {
             m_line.append(piece);
         if (!isComplete)
             return;
-
-        m_isAfterCarriageReturn = *end == '\r';
         if (!std::exchange(m_isDropping, false))
             take(m_line.isEmpty() ? piece : QByteArrayView(m_line), sink);
         m_line.truncate(0);

@@ -31,7 +31,6 @@ private:
     QByteArray m_name;
     QByteArray m_line; ///< The beginning of a line whose end has not arrived.
     bool m_isDropping = false;
-    bool m_isAfterCarriageReturn = false;
 };
 
 } // namespace palomet

@@ -1,8 +1,8 @@
 #include "model/Format.h"
 
+#include "localization/Languages.h"
+#include "localization/Localization.h"
 #include "model/RegionFormatters.h"
-#include "ui/localization/Languages.h"
-#include "ui/localization/Localization.h"
 
 #include <algorithm>
 #include <cmath>
@@ -52,9 +52,8 @@ QString Format::seconds(double ms) {
     constexpr double wholeFrom = 10;
     const double seconds = ms / 1000;
     const bool isWhole = seconds >= wholeFrom || seconds == std::trunc(seconds);
-    // Zero is added so that a negative one loses its sign.
-    const auto amount = isWhole && std::isfinite(seconds) ? QString::number(std::round(seconds) + 0.0, 'f', 0)
-                                                          : number(seconds, {1, 1});
+    const auto amount =
+        isWhole && std::isfinite(seconds) ? QString::number(std::round(seconds), 'f', 0) : number(seconds, {1, 1});
     return amount + " s"_L1;
 }
 

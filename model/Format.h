@@ -12,14 +12,14 @@ namespace palomet {
 /// instant that no calendar knows (not a number, or more than a hundred million days from 1970) is an empty text.
 namespace Format {
 
-/// Whose numbers, days and hours are shown.
+/// The region whose numbers, days and hours are shown.
 struct Region {
     /// Language tags, "pt-BR"; their Unicode extensions choose digits ("-u-nu-deva") and calendar ("-u-ca-buddhist").
     QString numbers;
     QString dates;
     /// A zone's name, "America/Sao_Paulo"; empty for the one that the system is set to, and follows when that changes.
     QString timeZone;
-    /// What "today" is asked of.
+    /// The clock that "today" is asked of.
     std::function<std::chrono::system_clock::time_point()> clock = &std::chrono::system_clock::now;
 };
 
@@ -28,7 +28,8 @@ struct Region {
 
 /// Makes the formatters. They know nothing but the region given: but for the system's time zone, no later change of the
 /// environment reaches them.
-/// Without it the first text is written for the user's region. Called again, it replaces the region (tests do).
+/// The first text is written for the user's region if this is not called. Called again, it replaces the region (tests
+/// do).
 void load(Region region);
 
 /// Of a range of fraction digits, least and most.

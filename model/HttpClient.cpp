@@ -48,7 +48,7 @@ private:
     qint64 m_read = 0;
 };
 
-/// What a request comes to that is not sent at all.
+/// The outcome of a request that is not sent at all.
 class RefusedReply final : public QNetworkReply {
 public:
     RefusedReply() {
@@ -74,7 +74,7 @@ void setUp(QNetworkAccessManager &manager) {
     manager.setRedirectPolicy(QNetworkRequest::ManualRedirectPolicy);
 }
 
-/// What has a connection of its own is kept by the manager for minutes after its end, connection and all. So a manager
+/// The manager keeps a request with a connection of its own for minutes after its end, connection and all. So a manager
 /// goes when it has sent so many.
 constexpr quint64 commandsOfAManager = 16;
 

@@ -51,7 +51,7 @@ private:
     void end(quint64 command);
     [[nodiscard]] QNetworkRequest request(const QString &path, const QString &pool) const;
     [[nodiscard]] bool isAdmitted() const;
-    /// What `send` begins, if it may begin, abandoned when it was answered by somebody else.
+    /// The request that `send` begins, if it may begin; abandoned when another user's program would answer it.
     template <typename Send>
     [[nodiscard]] ReplyOwner guarded(Send send) const;
 

@@ -43,7 +43,7 @@ HttpExchange::HttpExchange(ReplyOwner reply, Body body, Scheduler &scheduler, st
 }
 
 bool HttpExchange::take() {
-    // What says that it is too large need not come first.
+    // The header that says so need not come first.
     if (m_kind == Body::Keep &&
         m_reply->header(QNetworkRequest::ContentLengthHeader).toLongLong() > maximumDocumentSize)
         return false;

@@ -1,6 +1,6 @@
 #include "model/LoopState.h"
 
-#include "ui/localization/Localization.h"
+#include "localization/Localization.h"
 
 namespace palomet {
 

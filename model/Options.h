@@ -6,7 +6,7 @@
 
 namespace palomet {
 
-/// What there is to choose from in the settings, as the backend's `options` document gives it.
+/// The choices of the settings, as the backend's `options` document gives them.
 struct Options {
     /// An installed `claude` tool.
     struct ClaudePath {

@@ -1,5 +1,6 @@
 #include "model/PalometModel.h"
 
+#include "base/BackendPort.h"
 #include "model/CommandBody.h"
 
 #include <algorithm>
@@ -34,7 +35,7 @@ double levelFrom(QByteArrayView data) {
 } // namespace
 
 QUrl hudBase() {
-    static const QUrl base(QStringLiteral("http://127.0.0.1:4780"));
+    static const QUrl base(QStringLiteral("http://127.0.0.1:%1").arg(backendPort));
     return base;
 }
 
@@ -226,7 +227,7 @@ void PalometModel::set(const QString &key, const QJsonValue &value) {
     const bool isSent =
         m_settingsHttp.post(QStringLiteral("settings"), commandBody(key, value), settingTimeout, [this, key] {
             change<std::optional<QString>>(m_applying, std::nullopt, &PalometModel::applyingChanged);
-            // Where there is no backend, no state follows.
+            // No state follows when there is no backend.
             if (!m_hasBackend) {
                 Q_EMIT changeSettled(key);
                 return;

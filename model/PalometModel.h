@@ -47,7 +47,7 @@ public:
     void loadHistory();
     void loadOptions();
 
-    // What the backend said last.
+    // As the backend said last.
 
     /// Null while the backend is unreachable or unreadable. Whoever holds it may keep it: it never changes.
     [[nodiscard]] const SnapshotPointer &snapshot() const { return m_snapshot; }
@@ -59,7 +59,7 @@ public:
     [[nodiscard]] double outLevel() const { return m_outLevel; }
     [[nodiscard]] const QString &spokenLine() const { return m_spokenLine; }
 
-    // What this machine says.
+    // As this machine says.
 
     [[nodiscard]] bool isMicAuthorized() const { return m_isMicAuthorized; }
     /// Why the listen key does not work, in the user's words.
@@ -67,10 +67,10 @@ public:
     /// The time of day, a second at a time, so that what is shown relative to it moves on.
     [[nodiscard]] Time now() const { return m_now; }
 
-    // What follows from it; it changes with the snapshot and the authorisation.
+    // Derived from both; it changes with the snapshot and the authorisation.
 
     [[nodiscard]] LoopState state() const;
-    /// Without a snapshot the microphone counts as on: only a backend that hears nothing turns it off.
+    /// The microphone counts as on while there is no snapshot: only a backend that hears nothing turns it off.
     [[nodiscard]] bool isMicOn() const;
 
     void setHotKeyProblem(std::optional<QString> problem);

@@ -36,7 +36,7 @@ public:
 
 private:
     [[nodiscard]] QString written(const std::unique_ptr<icu::SimpleDateFormat> &format, double ms) const;
-    /// What the zone's clocks show at an instant, as if it were UTC.
+    /// The time that the zone's clocks show at an instant, as if it were UTC.
     [[nodiscard]] std::optional<double> localTime(double ms) const;
 
     Format::Region m_region;

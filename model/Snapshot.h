@@ -20,7 +20,7 @@ struct Snapshot {
         std::optional<double> durationMs;
         std::optional<bool> isOpen; ///< The turn is still being produced.
 
-        /// What a list keys this row by: the time and the role, "5.0-user". Rows of one instant and role share it.
+        /// The key of this row in a list: the time and the role, "5.0-user". Rows of one instant and role share it.
         [[nodiscard]] QString id() const;
         bool operator==(const Row &) const = default;
     };
@@ -67,7 +67,7 @@ struct Snapshot {
         bool operator==(const DraftEntry &) const = default;
     };
 
-    /// What the backend is set to; its names are the keys of the settings command.
+    /// The backend's settings; the names are the keys of the settings command.
     struct Settings {
         std::optional<QString> inputDevice; ///< None: the system's default.
         std::vector<QString> wakeWords;
@@ -96,7 +96,7 @@ struct Snapshot {
         bool operator==(const Settings &) const = default;
     };
 
-    /// Where the time of the last answer went.
+    /// The parts of the time that the last answer took.
     struct Timings {
         std::optional<double> transcribeMs;
         double modelMs = 0;

@@ -1,6 +1,6 @@
 // Prints the manual page, made of the same words as the help.
 
-#include "app/CommandLine.h"
+#include "command/CommandLine.h"
 
 #include <QTextStream>
 

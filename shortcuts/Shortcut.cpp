@@ -1,6 +1,6 @@
 #include "shortcuts/Shortcut.h"
 
-#include "ui/localization/Localization.h"
+#include "localization/Localization.h"
 
 #include <QHash>
 

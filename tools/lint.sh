@@ -54,7 +54,8 @@ tidy)
         done
     }
     export -f tidy ourHeaders
-    sources 'app/*.cpp' 'audio/*.cpp' 'base/*.cpp' 'model/*.cpp' 'platform/*.cpp' 'shortcuts/*.cpp' 'ui/*.cpp' |
+    sources 'app/*.cpp' 'audio/*.cpp' 'base/*.cpp' 'command/*.cpp' 'doctor/*.cpp' 'localization/*.cpp' 'model/*.cpp' \
+        'platform/*.cpp' 'shortcuts/*.cpp' 'ui/*.cpp' |
         xargs -P "${LINT_JOBS:-1}" -I{} bash -c 'tidy "$@"' _ {} "$build" "$cache"
     ;;
 esac

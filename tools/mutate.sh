@@ -21,6 +21,6 @@ git ls-files -co --exclude-standard | while read -r file; do
 done
 ln -sfn "$PWD/resources/node_modules" "$copy/resources/node_modules"
 cmake -S "$copy" -B build/mutants/build -G Ninja -DBUILD_TESTING=ON -DCMAKE_BUILD_TYPE=Debug \
-    -DCMAKE_CXX_FLAGS_DEBUG="-O0 -w" >build/mutants/configure.log 2>&1 || { cat build/mutants/configure.log; fail "cmake could not configure"; }
+    -DCMAKE_CXX_FLAGS_DEBUG="-O0 -w" -DCMAKE_PROJECT_INCLUDE="$PWD/tools/mutation/headers.cmake" >build/mutants/configure.log 2>&1 || { cat build/mutants/configure.log; fail "cmake could not configure"; }
 runtime=$(find -L resources/node_modules/@oven -name bun -type f | head -n 1)
 exec "$runtime" tools/mutation/run.ts "$copy" build/mutants "$@"

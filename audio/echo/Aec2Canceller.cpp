@@ -1,4 +1,4 @@
-#include "audio/EchoCanceller.h"
+#include "audio/echo/EchoCanceller.h"
 #include "audio/echo/Samples.h"
 #include "audio/echo/SharedState.h"
 
@@ -12,7 +12,7 @@ namespace {
 
 using webrtc::AudioProcessing;
 
-/// What the library adds to the delay by its own buffers.
+/// The library's own buffers add this to the delay.
 constexpr int ownDelayMs = 40;
 constexpr int maximumDelayMs = 500;
 /// Of the echo return loss enhancement, from which on the path counts as found.

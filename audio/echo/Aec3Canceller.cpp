@@ -1,4 +1,4 @@
-#include "audio/EchoCanceller.h"
+#include "audio/echo/EchoCanceller.h"
 #include "audio/echo/LinearOutputGate.h"
 #include "audio/echo/RestingCanceller.h"
 #include "audio/echo/Samples.h"
@@ -21,7 +21,7 @@ using webrtc::EchoCanceller3Config;
 /// the bands that are put together again behind it.
 constexpr int linearLead = 72;
 
-/// What the linear filter leaves of the microphone's power once it has found the path, clocks that drift apart
+/// The linear filter leaves this of the microphone's power once it has found the path, clocks that drift apart
 /// included.
 constexpr float convergedResidual = 0.5F;
 

@@ -1,4 +1,4 @@
-#include "audio/EchoCanceller.h"
+#include "audio/echo/EchoCanceller.h"
 
 #include <QStringList>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "audio/EchoCanceller.h"
+#include "audio/echo/EchoCanceller.h"
 
 namespace palomet::echo {
 

@@ -4,7 +4,7 @@
 
 namespace palomet::bench {
 
-/// What a process holds at one moment.
+/// The memory and descriptors that a process holds at one moment.
 struct Footprint {
     double megabytes = 0; ///< Its own. What it maps of files depends on who else maps them.
     qsizetype descriptors = 0;

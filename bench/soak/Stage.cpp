@@ -1,7 +1,7 @@
 #include "bench/soak/Stage.h"
 
 #include "app/LogFile.h"
-#include "bench/audio-link/SpokenClip.h"
+#include "bench/audio/link/SpokenClip.h"
 #include "tests/support/Processes.h"
 
 #include <QDBusReply>

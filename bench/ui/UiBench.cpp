@@ -1,10 +1,11 @@
 #include "bench/support/Row.h"
+#include "localization/Localization.h"
 #include "model/Format.h"
 #include "tests/support/ManualScheduler.h"
 #include "tests/support/ScriptedBackend.h"
+#include "tests/support/noScreen.h"
 #include "ui/Ui.h"
 #include "ui/kit/Kit.h"
-#include "ui/localization/Localization.h"
 #include "ui/shell/MacWindow.h"
 
 #include <QApplication>
@@ -15,7 +16,7 @@
 #include <ctime>
 #include <random>
 
-// What the window costs the main thread: a refresh that brings one row more, and level events. Each figure stands
+// The window's cost for the main thread: a refresh that brings one row more, and level events. Each figure stands
 // beside its floor, taken in the same run. The window is drawn by the processor into memory.
 
 using namespace palomet;
@@ -135,9 +136,7 @@ double measureLevels(Desk &desk, const char *state) {
 } // namespace
 
 int main(int argc, char **argv) {
-    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
+    test::useNoScreen();
     QApplication application(argc, argv);
     const auto resources = QStringLiteral(PALOMET_BINARY_DIR "/resources");
     Kit::registerFonts(resources);

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/RemoteControl.h"
+#include "command/RemoteClient.h"
 
 #include <QDBusConnection>
 #include <QDBusServiceWatcher>

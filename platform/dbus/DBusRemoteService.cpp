@@ -1,6 +1,6 @@
 #include "platform/dbus/DBusRemoteService.h"
 
-#include "app/RemoteStatusJson.h"
+#include "command/RemoteStatusJson.h"
 #include "platform/dbus/RemoteNames.h"
 
 #include <QDBusConnectionInterface>

@@ -25,7 +25,7 @@ constexpr auto *variable = "DBUS_SESSION_BUS_ADDRESS";
 /// another kind, or names several.
 QByteArray socketName() {
     const auto address = qgetenv(variable);
-    // What a user's session has, if nobody says otherwise.
+    // The usual address of a user's session bus.
     if (address.isEmpty() && qEnvironmentVariableIsSet("XDG_RUNTIME_DIR"))
         return qgetenv("XDG_RUNTIME_DIR") + "/bus";
     if (!address.startsWith("unix:") || address.contains(';'))

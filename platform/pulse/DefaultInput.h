@@ -12,7 +12,7 @@ namespace palomet {
 /// set from outside. Pure.
 class DefaultInput {
 public:
-    /// What to work with: the device we asked for, else the one that the server names.
+    /// The device to work with: the one that was asked for, else the one that the server names.
     [[nodiscard]] const std::optional<QString> &current() const { return m_expected ? m_expected : m_server; }
 
     /// We have asked for `id`, which then holds until `settle`.

@@ -14,7 +14,7 @@ namespace palomet {
 /// wanders by several. Sound thread only.
 class PulseClock {
 public:
-    /// What a stream that has one is connected with.
+    /// The flags that a stream with such a clock is connected with.
     static constexpr auto flags =
         static_cast<pa_stream_flags_t>(PA_STREAM_ADJUST_LATENCY | PA_STREAM_INTERPOLATE_TIMING);
 

@@ -51,7 +51,7 @@ PulseConnection::~PulseConnection() {
     m_context.reset();
 }
 
-// What is called may end this object, and its events with it: a copy of the event travels.
+// The callee may end this object, and its events with it: a copy of the event travels.
 template <typename Action>
 void PulseConnection::post(Action action) {
     QMetaObject::invokeMethod(&m_receiver, std::move(action), Qt::QueuedConnection);

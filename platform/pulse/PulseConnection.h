@@ -18,7 +18,7 @@
 
 namespace palomet {
 
-/// What the server says of its input devices.
+/// The input devices, as the server tells of them.
 struct PulseDevices {
     std::vector<InputDevice> inputs;     ///< In the server's order, without the monitors of outputs.
     std::optional<QString> defaultInput; ///< None when the default is no input device.

@@ -10,7 +10,7 @@
 
 namespace palomet {
 
-/// What both streams carry.
+/// The format of both streams.
 inline constexpr pa_sample_spec pulseFormat{PA_SAMPLE_FLOAT32NE, SoundStreams::sampleRate, 1};
 
 /// All sizes left to the server.

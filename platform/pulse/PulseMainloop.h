@@ -12,7 +12,7 @@ namespace palomet {
 /// long as this object, which lives on the main thread.
 class PulseMainloop {
 public:
-    /// Without a thread the program cannot go on: fatal.
+    /// Fatal when no thread can be had: the program cannot go on.
     PulseMainloop();
     ~PulseMainloop();
     PulseMainloop(const PulseMainloop &) = delete;

@@ -175,7 +175,7 @@ void PulseSoundServer::setDefaultInput(const QString &id) {
 }
 
 void PulseSoundServer::openCapture(Done done) {
-    // Whoever is told of an abandoned attempt may have made another at once.
+    // The callee may have made another attempt at once.
     do {
         closeCapture();
     } while (m_opening);

@@ -25,9 +25,9 @@ public:
     /// Whether the server of the display that the environment names can be connected to. Needs no application object.
     [[nodiscard]] static bool isPossible();
 
-    [[nodiscard]] xcb_connection_t *get() const { return m_connection; }
+    [[nodiscard]] xcb_connection_t *get() const { return m_connection.get(); }
     [[nodiscard]] quint32 root() const { return m_root; }
-    /// What the keyboard extension's events begin with.
+    /// The first byte of the keyboard extension's events.
     [[nodiscard]] quint8 keyboardEvent() const { return m_keyboardEvent; }
 
     /// To be called after a request was answered: events may have come in with the answer, and nothing else would wake
@@ -38,10 +38,15 @@ Q_SIGNALS:
     void received(const xcb_generic_event_t &event);
 
 private:
-    X11Connection(xcb_connection_t *connection, quint32 root, quint8 keyboardEvent);
+    struct Disconnect {
+        void operator()(xcb_connection_t *connection) const { xcb_disconnect(connection); }
+    };
+    using Connection = std::unique_ptr<xcb_connection_t, Disconnect>;
+
+    X11Connection(Connection connection, quint32 root, quint8 keyboardEvent);
     void deliver();
 
-    xcb_connection_t *m_connection;
+    Connection m_connection;
     quint32 m_root;
     quint8 m_keyboardEvent;
     std::unique_ptr<QSocketNotifier> m_notifier;

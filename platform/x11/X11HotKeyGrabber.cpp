@@ -49,7 +49,7 @@ void X11HotKeyGrabber::release(quint32 id) {
     if (m_combinations.erase(id) == 0 || m_isRestPending)
         return;
     m_isRestPending = true;
-    // Whoever gives a combination back to take it anew at once keeps it all the while: a press in between is not lost.
+    // A combination that is given back and taken anew at once stays held all the while: a press in between is not lost.
     QMetaObject::invokeMethod(this, &X11HotKeyGrabber::giveRest, Qt::QueuedConnection);
 }
 
@@ -196,7 +196,7 @@ void X11HotKeyGrabber::regrab() {
     }
     for (const auto id : refused)
         m_combinations.erase(id);
-    // What both mappings have in common was held all the while.
+    // Combinations of both mappings were held all the while.
     giveRest();
     for (const auto id : refused)
         onRefused(id);

@@ -16,7 +16,7 @@ namespace {
 
 constexpr int modifierCount = 8;
 
-/// What every keycode types, in rows of equal length.
+/// The symbols that every keycode types, in rows of equal length.
 struct KeyboardMapping {
     explicit KeyboardMapping(xcb_connection_t *connection) {
         const auto *setup = xcb_get_setup(connection);

@@ -94,7 +94,7 @@ QRect taken(const Struts &struts, Strut edge, QSize display) {
     return {begin, edge == Top ? 0 : height - depth, length, depth};
 }
 
-/// What is left of a screen when something at that edge is taken from it. What would leave nothing takes nothing.
+/// The rest of a screen when something at that edge is taken from it. A strut that would leave nothing takes nothing.
 QRect without(QRect screen, const QRect &taken, Strut edge) {
     if (!screen.intersects(taken))
         return screen;
@@ -120,7 +120,7 @@ std::vector<QRect> rectangles(const std::vector<quint32> &values) {
     return found;
 }
 
-/// What both leave of a screen. What would leave nothing is out of date.
+/// The part of a screen that both leave. An area that would leave nothing is out of date.
 QRect within(const QRect &left, const QRect &area) {
     const auto both = left & area;
     return both.isEmpty() ? left : both;
@@ -130,7 +130,7 @@ qint64 size(const QRect &area) {
     return qint64{area.width()} * area.height();
 }
 
-/// What the window manager itself leaves of a screen; nothing where it does not say so.
+/// The part of a screen that the window manager itself leaves; nothing where it does not say so.
 std::optional<QRect> areaOf(const X11Connection &x11, const Atoms &atoms, const QRect &screen, QSize display) {
     auto *connection = x11.get();
     const auto current = ask(connection, x11.root(), atoms.desktop);

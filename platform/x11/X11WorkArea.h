@@ -6,7 +6,7 @@ namespace palomet {
 
 class X11Connection;
 
-/// What the panels and docks of the desktop reserve for themselves at the edges of the screens, each as its window says
+/// The edges of the screens that the desktop's panels and docks reserve for themselves, each as its window says
 /// it (`_NET_WM_STRUT_PARTIAL`, else `_NET_WM_STRUT`), and what the window manager reserves for panels that are no
 /// windows of their own: one rectangle a monitor (`_GTK_WORKAREAS_D0` and so on) where it says so, else
 /// `_NET_WORKAREA`, which is one for all monitors together and so of use only where there is one.

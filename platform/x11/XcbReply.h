@@ -9,7 +9,7 @@ struct FreeDeleter {
     void operator()(void *memory) const { std::free(memory); }
 };
 
-/// What the X client library hands out to be freed: replies, errors, events.
+/// Memory that the X client library hands out to be freed: replies, errors, events.
 template <typename Reply>
 using XcbReply = std::unique_ptr<Reply, FreeDeleter>;
 

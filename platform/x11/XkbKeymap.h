@@ -22,8 +22,8 @@ public:
 
     [[nodiscard]] bool isEmpty() const { return m_keymap == nullptr; }
 
-    /// What a virtual key code types with no modifier in one of the keymap's layouts (groups). A dead key types its
-    /// accent, standing alone; a keypad key its digit, whatever Num Lock says.
+    /// The text that a virtual key code types with no modifier in one of the keymap's layouts (groups). A dead key
+    /// types its accent, standing alone; a keypad key its digit, whatever Num Lock says.
     [[nodiscard]] std::optional<QString> character(quint32 keyCode, quint32 group) const;
 
 private:

@@ -1,12 +1,13 @@
 #include "app/AppDelegate.h"
 
-#include "platform/posix/EventWakeup.h"
-#include "platform/posix/PosixChildProcess.h"
+#include "platform/linux/EventWakeup.h"
+#include "platform/linux/startChildProcess.h"
 #include "tests/support/Eventually.h"
 #include "tests/support/FakeHotKeyGrabber.h"
 #include "tests/support/FakeMicrophonePermission.h"
 #include "tests/support/FakeRemoteService.h"
 #include "tests/support/FakeSoundServer.h"
+#include "tests/support/Farewell.h"
 #include "tests/support/Fixture.h"
 #include "tests/support/ManualScheduler.h"
 #include "tests/support/Processes.h"
@@ -46,26 +47,23 @@ private:
     Status m_status = Status::NotDetermined;
 };
 
-class FakeColors final : public DesktopColors {
+class FakeLook final : public DesktopLook {
 public:
     [[nodiscard]] Scheme panelScheme() const override { return Scheme::Light; }
-};
-
-class FakeMotion final : public DesktopMotion {
-public:
-    [[nodiscard]] bool isReduced() const override { return false; }
-};
-
-class FakeContrast final : public DesktopContrast {
-public:
-    [[nodiscard]] bool isRaised() const override { return m_isRaised; }
-    void become(bool isRaised) {
-        m_isRaised = isRaised;
+    [[nodiscard]] bool isMotionReduced() const override { return m_isMotionReduced; }
+    [[nodiscard]] bool isContrastRaised() const override { return m_isContrastRaised; }
+    void reduceMotion(bool isReduced) {
+        m_isMotionReduced = isReduced;
+        onChange();
+    }
+    void raiseContrast(bool isRaised) {
+        m_isContrastRaised = isRaised;
         onChange();
     }
 
 private:
-    bool m_isRaised = false;
+    bool m_isMotionReduced = false;
+    bool m_isContrastRaised = false;
 };
 
 const QByteArray missingHost =
@@ -102,8 +100,8 @@ protected:
         sound = ownedSound.get();
         host = ownedHost.get();
         auto ownedGrabber = std::make_unique<test::FakeHotKeyGrabber>();
-        auto ownedContrast = std::make_unique<FakeContrast>();
-        contrast = ownedContrast.get();
+        auto ownedLook = std::make_unique<FakeLook>();
+        look = ownedLook.get();
         auto ownedChooser = std::make_unique<FakeFolderChooser>();
         chooser = ownedChooser.get();
         auto ownedRemote = std::make_unique<test::FakeRemoteService>();
@@ -124,9 +122,7 @@ protected:
             .microphonePermission = std::move(ownedPermission),
             .soundServer = std::move(ownedSound),
             .trayHost = std::move(ownedHost),
-            .colors = std::make_unique<FakeColors>(),
-            .motion = std::make_unique<FakeMotion>(),
-            .contrast = std::move(ownedContrast),
+            .look = std::move(ownedLook),
             .workArea = nullptr,
             .folderChooser = std::move(ownedChooser),
             .keyboardLayout = std::make_unique<NoKeyboardLayout>(),
@@ -151,7 +147,7 @@ protected:
         EXPECT_TRUE(eventually([this] { return terminations > 0; }));
     }
 
-    /// What may happen in the first second.
+    /// An event of the first second.
     enum class Happening { HostAppears, UserAnswers, WindowIsAskedFor, UserQuits };
     void happen(Happening happening) {
         switch (happening) {
@@ -179,17 +175,9 @@ protected:
 
     QByteArray log() const { return test::contentOf(LogFile::pathBelow(folder.path())); }
 
-    /// The lines of the end.
-    QByteArrayList farewell() const {
-        QByteArrayList found;
-        for (const auto &line : log().split('\n')) {
-            if (line.startsWith("saindo: "))
-                found.append(line);
-        }
-        return found;
-    }
+    QByteArrayList farewell() const { return test::farewellIn(log()); }
 
-    /// Where nobody answers, unless a test has somebody there.
+    /// Nobody answers there, unless a test has somebody.
     QUrl audio{u"ws://127.0.0.1:1/audio"_s};
     QTemporaryDir folder;
     test::ScriptedBackend server;
@@ -202,7 +190,7 @@ protected:
     test::FakeMicrophonePermission *permission = nullptr;
     test::FakeSoundServer *sound = nullptr;
     FakeTrayHost *host = nullptr;
-    FakeContrast *contrast = nullptr;
+    FakeLook *look = nullptr;
     test::FakeHotKeyGrabber *grabber = nullptr;
     test::FakeRemoteService *remote = nullptr;
     FakeFolderChooser *chooser = nullptr;
@@ -461,15 +449,28 @@ TEST_F(AppDelegateTest, MakesOneWindowHoweverOftenItIsOpenedAndLoadsHistoryAndOp
 
 TEST_F(AppDelegateTest, ShowsEverythingWithTheContrastThatTheDesktopAsksForNowAndLater) {
     create();
-    contrast->become(true);
+    look->raiseContrast(true);
     delegate->applicationDidFinishLaunching();
     delegate->openWindow();
     auto &wishes = Wishes::of(*delegate->window()->engine());
     EXPECT_TRUE(wishes.isContrastRaised());
-    contrast->become(false);
+    look->raiseContrast(false);
     EXPECT_FALSE(wishes.isContrastRaised());
-    contrast->become(true);
+    look->raiseContrast(true);
     EXPECT_TRUE(wishes.isContrastRaised());
+}
+
+TEST_F(AppDelegateTest, ShowsEverythingWithTheMotionThatTheDesktopAsksForNowAndLater) {
+    create();
+    look->reduceMotion(true);
+    delegate->applicationDidFinishLaunching();
+    delegate->openWindow();
+    auto &wishes = Wishes::of(*delegate->window()->engine());
+    EXPECT_TRUE(wishes.isMotionReduced());
+    look->reduceMotion(false);
+    EXPECT_FALSE(wishes.isMotionReduced());
+    look->reduceMotion(true);
+    EXPECT_TRUE(wishes.isMotionReduced());
 }
 
 TEST_F(AppDelegateTest, OpensItsWindowFromTheMenuOnThePaneThatItHad) {

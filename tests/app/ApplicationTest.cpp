@@ -24,7 +24,7 @@ TEST(Application, TakesTheEndOfTheSessionForARequest) {
             loop.exit(7);
         },
         Qt::QueuedConnection);
-    // Whoever hears the request ends the loop, nobody else.
+    // The receiver of the request ends the loop, nobody else.
     EXPECT_EQ(loop.exec(), 7);
     EXPECT_EQ(requests, 2);
 }

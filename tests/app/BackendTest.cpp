@@ -1,10 +1,10 @@
 #include "app/Backend.h"
 
-#include "platform/posix/PosixChildProcess.h"
+#include "localization/Localization.h"
+#include "platform/linux/startChildProcess.h"
 #include "tests/support/Eventually.h"
 #include "tests/support/ManualScheduler.h"
 #include "tests/support/Processes.h"
-#include "ui/localization/Localization.h"
 
 #include <QDir>
 #include <QElapsedTimer>

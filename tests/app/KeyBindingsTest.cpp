@@ -1,5 +1,6 @@
 #include "app/KeyBindings.h"
 
+#include "localization/Localization.h"
 #include "model/PalometModel.h"
 #include "tests/shortcuts/FixedKeyboardLayout.h"
 #include "tests/support/Eventually.h"
@@ -7,7 +8,6 @@
 #include "tests/support/FakeMicrophonePermission.h"
 #include "tests/support/ManualScheduler.h"
 #include "tests/support/ScriptedBackend.h"
-#include "ui/localization/Localization.h"
 
 #include <QSettings>
 #include <QTemporaryDir>
@@ -158,7 +158,7 @@ TEST_F(KeyBindingsTest, NamesTheKeyThatWasRefusedAnewAndDoesNotTakeItWhenAnother
     grabber->refuses = true;
     bindings.start();
     EXPECT_EQ(model.hotKeyProblem(), L("shortcut.taken", QStringLiteral("⌃⌥K")));
-    // Whoever holds it lets go of it for a moment, to take it anew under the new layout.
+    // The other program lets go of it for a moment, to take it anew under the new layout.
     grabber->refuses = false;
     layout.become({{40, QStringLiteral("л")}});
     EXPECT_TRUE(grabber->held.empty());

@@ -3,7 +3,9 @@
 #include <QColor>
 #include <QDir>
 #include <QFile>
+#include <QFont>
 #include <QImage>
+#include <QPainter>
 #include <QPixmap>
 #include <QTemporaryDir>
 
@@ -13,7 +15,7 @@
 
 using namespace palomet;
 using namespace Qt::StringLiterals;
-using Scheme = DesktopColors::Scheme;
+using Scheme = DesktopLook::Scheme;
 
 namespace {
 
@@ -33,6 +35,16 @@ protected:
 
     /// The letter instead of a picture.
     static QImage letter() { return statusIcon({}, Scheme::Light).pixmap(QSize(18, 18)).toImage(); }
+
+    /// How much of the image is drawn on.
+    static int ink(const QImage &image) {
+        int sum = 0;
+        for (int y = 0; y < image.height(); ++y) {
+            for (int x = 0; x < image.width(); ++x)
+                sum += qAlpha(image.pixel(x, y));
+        }
+        return sum;
+    }
 
     static std::set<QRgb> solidColors(const QImage &image) {
         std::set<QRgb> found;
@@ -65,7 +77,8 @@ TEST_F(StatusIconTest, IsThePictureInTheColourThatIsSeenOnThePanel) {
 TEST_F(StatusIconTest, IsSharpInTheSizesThatPanelsAskFor) {
     draw(leftHalf);
     const auto icon = statusIcon(folder.path(), Scheme::Light);
-    EXPECT_TRUE(icon.availableSizes().contains(QSize(22, 22)));
+    EXPECT_EQ(icon.availableSizes(),
+              (QList<QSize>{{16, 16}, {18, 18}, {22, 22}, {24, 24}, {32, 32}, {48, 48}, {64, 64}}));
     EXPECT_EQ(image(Scheme::Light, 64).size(), QSize(64, 64));
     EXPECT_EQ(qAlpha(image(Scheme::Light, 64).pixel(31, 32)), 255);
     EXPECT_EQ(qAlpha(image(Scheme::Light, 64).pixel(32, 32)), 0);
@@ -75,6 +88,18 @@ TEST_F(StatusIconTest, IsTheLetterWithoutAPicture) {
     const auto drawn = image();
     EXPECT_EQ(drawn, letter());
     EXPECT_EQ(solidColors(drawn), std::set<QRgb>{0xff11181c});
+}
+
+TEST_F(StatusIconTest, TheLetterIsBoldAndAsHighAsTheIcon) {
+    QImage regular(64, 64, QImage::Format_ARGB32_Premultiplied);
+    regular.fill(Qt::transparent);
+    QPainter painter(&regular);
+    QFont font(u"sans-serif"_s);
+    font.setPixelSize(64);
+    painter.setFont(font);
+    painter.drawText(regular.rect(), Qt::AlignCenter, u"A"_s);
+    painter.end();
+    EXPECT_GT(ink(statusIcon({}, Scheme::Light).pixmap(QSize(64, 64)).toImage()), ink(regular));
 }
 
 TEST_F(StatusIconTest, IsTheLetterWhenThePictureIsNone) {

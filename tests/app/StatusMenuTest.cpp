@@ -1,11 +1,11 @@
 #include "app/StatusMenu.h"
 
+#include "localization/Localization.h"
 #include "model/PalometModel.h"
 #include "tests/support/Eventually.h"
 #include "tests/support/FakeMicrophonePermission.h"
 #include "tests/support/ManualScheduler.h"
 #include "tests/support/ScriptedBackend.h"
-#include "ui/localization/Localization.h"
 
 #include <gtest/gtest.h>
 
@@ -91,6 +91,18 @@ TEST_F(StatusMenuTest, ShowsTheStateAndTheDeviceOfEverySnapshot) {
     EXPECT_EQ(stateLine(), u"Speaking · Desk microphone"_s);
     publish(u"no such state"_s, QString());
     EXPECT_EQ(stateLine(), u"Offline · "_s);
+}
+
+TEST_F(StatusMenuTest, MarksWhatTheDesktopWouldTakeForAMnemonic) {
+    const std::pair<QString, QString> titles[] = {
+        {u"Desk"_s, u"Desk"_s},    {u"USB_2_A"_s, u"USB__2__A"_s},    {u"&Q"_s, u"&&Q"_s},
+        {u"Q & A"_s, u"Q && A"_s}, {u"A & B & C"_s, u"A && B & C"_s}, {u"Q &"_s, u"Q &"_s},
+        {u"_&_"_s, u"__&&__"_s},
+    };
+    for (const auto &[text, title] : titles) {
+        publish(u"waiting"_s, text);
+        EXPECT_EQ(stateLine(), L("state.waiting") + u" · "_s + title);
+    }
 }
 
 TEST_F(StatusMenuTest, ShowsTheOfflineWordAloneWithoutASnapshot) {

@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-// What is shipped is built so that a mistake is hard to use: the files themselves say so.
+// Shipped programs are built so that a mistake is hard to use: the files themselves say so.
 
 namespace {
 

@@ -1,5 +1,5 @@
-#include "audio/LinkSocket.h"
 #include "audio/SoundEngine.h"
+#include "audio/link/LinkSocket.h"
 #include "tests/support/FakeEchoCanceller.h"
 #include "tests/support/RealTimeWatch.h"
 

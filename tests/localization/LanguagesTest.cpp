@@ -1,4 +1,4 @@
-#include "ui/localization/Languages.h"
+#include "localization/Languages.h"
 
 #include <gtest/gtest.h>
 

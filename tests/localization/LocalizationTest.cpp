@@ -1,4 +1,4 @@
-#include "ui/localization/Localization.h"
+#include "localization/Localization.h"
 
 #include <QDir>
 #include <QFile>

@@ -1,5 +1,5 @@
-#include "ui/localization/StringTable.h"
-#include "ui/localization/TextFormat.h"
+#include "localization/StringTable.h"
+#include "localization/TextFormat.h"
 
 #include <QDirIterator>
 #include <QFile>
@@ -68,7 +68,7 @@ device.systemDefault
 default.actionPhrase
 )");
 
-/// What the texts with arguments are given, in order: "@" a text, "d" an integer.
+/// The arguments of the texts that have any, in order: "@" a text, "d" an integer.
 const QMap<QString, QString> argumentsOf{
     {u"sidebar.version"_s, u"@"_s},     {u"strip.say"_s, u"@"_s},
     {u"strip.drafted.one"_s, u"d"_s},   {u"strip.drafted.other"_s, u"d"_s},

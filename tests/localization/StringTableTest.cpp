@@ -1,4 +1,4 @@
-#include "ui/localization/StringTable.h"
+#include "localization/StringTable.h"
 
 #include <QFile>
 #include <QTemporaryDir>

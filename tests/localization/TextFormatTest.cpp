@@ -1,4 +1,4 @@
-#include "ui/localization/TextFormat.h"
+#include "localization/TextFormat.h"
 
 #include <gtest/gtest.h>
 
@@ -120,7 +120,7 @@ TEST(TextFormat, IsolatesAnArgumentThatTurnsTheDirectionOfWhatStandsBesideIt) {
     EXPECT_EQ(put(u"é🚀\u200e\u200d١"_s), u"say “é🚀\u200e\u200d١” 5"_s);
     EXPECT_EQ(put(u"שלום"_s), u"say “\u2068שלום\u2069” 5"_s);
     EXPECT_EQ(put(u"𞤢"_s), u"say “\u2068𞤢\u2069” 5"_s);
-    // What is not ended ends with the argument, and what it did not begin it cannot end.
+    // An isolate that is not ended ends with the argument, and the argument cannot end one that it did not begin.
     EXPECT_EQ(put(u"\u202Eabc"_s), u"say “\u2068\u202Eabc\u2069” 5"_s);
     EXPECT_EQ(put(u"\u2067a\u2066b"_s), u"say “\u2068\u2067a\u2066b\u2069\u2069\u2069” 5"_s);
     EXPECT_EQ(put(u"a\u2069\u202Eb\u2067c\u2069"_s), u"say “\u2068a\u202Eb\u2067c\u2069\u2069” 5"_s);

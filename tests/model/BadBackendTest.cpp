@@ -87,7 +87,7 @@ TEST_F(ModelTest, ABackendThatAcceptsAndNeverAnswersIsOfflineAndAskedAgain) {
 
 namespace {
 
-/// What does not speak HTTP, on the backend's port.
+/// A program on the backend's port that does not speak HTTP.
 class StrangerTest : public ModelTest, public ::testing::WithParamInterface<std::pair<const char *, QByteArray>> {};
 
 const std::pair<const char *, QByteArray> strangers[] = {

@@ -155,7 +155,7 @@ TEST_F(CommandsTest, ACommandIsGivenUpAfterThreeSecondsHoweverSlowlyTheReplyDrip
 }
 
 TEST_F(CommandsTest, ACommandIsNeverSentTwice) {
-    // What a network stack likes to repeat: a connection that ends after the request and before the reply.
+    // Network stacks like to repeat this: a connection that ends after the request and before the reply.
     m_backend.on("/listen", [](const Exchange &exchange) { exchange->close(); });
     m_backend.on("/stop", [](const Exchange &exchange) { exchange->abort(); });
     m_backend.on("/say", [](const Exchange &exchange) { exchange->close(); });

@@ -29,6 +29,14 @@ protected:
     [[nodiscard]] bool becomes(LoopState state) {
         return eventually([&] { return m_model.state() == state; });
     }
+
+    /// A state document of 20 MB, which takes a while to decode.
+    [[nodiscard]] static QByteArray longStateDocument(const QByteArray &state) {
+        QByteArray rows;
+        for (int i = 0; i < 100'000; ++i)
+            rows += R"({"role":"user","text":")" + QByteArray(170, 'x') + R"(","at":)" + QByteArray::number(i) + "},";
+        return stateDocument(state).replace("\"rows\":[]", "\"rows\":[" + rows.chopped(1) + "]");
+    }
 };
 
 } // namespace
@@ -43,6 +51,18 @@ TEST_F(DocumentFetchTest, AnOlderReplyNeverReplacesANewerOne) {
     fetchState()->reply(stateDocument("speaking"));
     ASSERT_TRUE(becomes(LoopState::Speaking));
     EXPECT_EQ(changes.count(), 2);
+}
+
+TEST_F(DocumentFetchTest, AReplyThatTakesLongToDecodeIsPublishedBeforeAShortOneThatCameLater) {
+    QStringList published;
+    QObject::connect(&m_model, &PalometModel::snapshotChanged, [&] { published.append(m_model.snapshot()->state); });
+    const auto longer = fetchState();
+    const auto shorter = fetchState();
+    longer->reply(longStateDocument("speaking"));
+    ASSERT_TRUE(eventually([&] { return m_scheduler.pendingCount() == 1; })) << "all of it has come";
+    shorter->reply(stateDocument("thinking"));
+    ASSERT_TRUE(becomes(LoopState::Thinking));
+    EXPECT_EQ(published, QStringList({QStringLiteral("speaking"), QStringLiteral("thinking")}));
 }
 
 TEST_F(DocumentFetchTest, AnOlderFailureDoesNotTakeANewerReplyAway) {
@@ -205,10 +225,7 @@ TEST_F(DocumentFetchTest, AHistoryMayTakeAMinute) {
 }
 
 TEST_F(DocumentFetchTest, AStateOfManyMegabytesIsDecodedWhileTheMainThreadGoesOn) {
-    QByteArray rows;
-    for (int i = 0; i < 100'000; ++i)
-        rows += R"({"role":"user","text":")" + QByteArray(170, 'x') + R"(","at":)" + QByteArray::number(i) + "},";
-    const auto document = stateDocument("thinking").replace("\"rows\":[]", "\"rows\":[" + rows.chopped(1) + "]");
+    const auto document = longStateDocument("thinking");
 
     QElapsedTimer clock;
     clock.start();

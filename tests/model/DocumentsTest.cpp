@@ -269,6 +269,19 @@ TEST(Documents, OnlyStrictJsonIsReadEvenInWhatIsIgnored) {
         EXPECT_FALSE(decodeOptions(optionsWith(json))) << json;
 }
 
+TEST(Documents, WhatIsNoJsonWithinAKnownFieldFailsTheWhole) {
+    const auto state = compact(QJsonDocument::fromJson(fixture("state/bare.json")).object());
+    const auto with = [&](const QByteArray &opening, const QByteArray &first) {
+        EXPECT_TRUE(state.contains(opening));
+        return decodeSnapshot(QByteArray(state).replace(opening, opening + first));
+    };
+    EXPECT_TRUE(with("\"settings\":{", R"("a":1,)"));
+    for (const auto *first : {R"("\ud83d":1,)", R"("a":01,)", R"("a":tru,)", R"("a":[1,],)", R"("a" 1,)", R"(1,)"})
+        EXPECT_FALSE(with("\"settings\":{", first)) << first;
+    for (const auto *first : {"01", "tru", "[1,]", "{\"a\"}", "\"\\ud83d\""})
+        EXPECT_FALSE(with("\"rows\":[", first)) << first;
+}
+
 TEST(Documents, HalfACharacterIsUnreadable) {
     for (const auto *json : {R"("\ud83d")", R"("\ude80")", R"("\ud83d\ud83d")", R"("\ude80\ud83d")", R"("\ud83dx")",
                              R"("\ud83d\n")", R"("\ud83d\u0041")", R"("\ud83d\ue000")", R"({"\ud83d":1})"})
@@ -342,8 +355,8 @@ TEST(Documents, ADoubleIsTheOneNearestToItsDigitsHoweverManyThereAre) {
         ASSERT_TRUE(read) << json.toStdString();
         EXPECT_EQ(read->front().startedAt, value) << json.toStdString();
     }
-    for (const QByteArray &json :
-         {QByteArray("1.7976931348623158080e308"), QByteArray(400, '9'), QByteArray("1e99999999999999999999")})
+    for (const QByteArray &json : {QByteArray("1.7976931348623158080e308"), QByteArray(400, '9'),
+                                   QByteArray("1e99999999999999999999"), QByteArray("0.001e+400")})
         EXPECT_FALSE(historyWith("1", json)) << json.toStdString();
 }
 
@@ -407,6 +420,11 @@ TEST(Documents, NestingIsReadUpToItsLimit) {
     const auto nested = [](int levels) { return optionsWith(QByteArray(levels, '[') + QByteArray(levels, ']')); };
     EXPECT_TRUE(decodeOptions(nested(maximumNesting - 1)));
     EXPECT_FALSE(decodeOptions(nested(maximumNesting)));
+    const auto nestedObjects = [](int levels) {
+        return optionsWith(QByteArray("{\"a\":").repeated(levels) + '1' + QByteArray(levels, '}'));
+    };
+    EXPECT_TRUE(decodeOptions(nestedObjects(maximumNesting - 1)));
+    EXPECT_FALSE(decodeOptions(nestedObjects(maximumNesting)));
     EXPECT_FALSE(decodeOptions(nested(100'000)));
     EXPECT_FALSE(decodeOptions(optionsWith(QByteArray(1'000'000, '['))));
     EXPECT_FALSE(decodeOptions(optionsWith(QByteArray("{\"a\":").repeated(100'000))));

@@ -1,7 +1,7 @@
 #include "model/Format.h"
 
+#include "localization/Localization.h"
 #include "tests/support/Processes.h"
-#include "ui/localization/Localization.h"
 
 #include <QDateTime>
 #include <QLocale>
@@ -10,6 +10,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <cstdlib>
 #include <limits>
 
 using namespace palomet;
@@ -430,6 +431,15 @@ TEST_F(FormatRegion, IsWhatTheEnvironmentSaidAtTheStart) {
     EXPECT_EQ(region("", "", "", "ar_EG.UTF-8"), u"ar-EG ar-EG"_s);
     EXPECT_EQ(region("C.UTF-8", "de_DE", "de_DE", "de_DE"), u"en en"_s);
     EXPECT_EQ(region("", "", "", ""), u"en en"_s);
+}
+
+TEST(FormatAtFirst, IsThatOfTheUsersRegion) {
+    // In a process of its own, for it is about the first text of one.
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    const EnvironmentVariable language("LC_ALL", "de_DE.UTF-8");
+    const EnvironmentVariable zone("TZ", "Asia/Kolkata");
+    const auto isOfTheRegion = [] { return Format::seconds(2500) == u"2,5 s"_s && Format::clock(0) == u"05:30"_s; };
+    EXPECT_EXIT(std::exit(isOfTheRegion() ? 0 : 1), testing::ExitedWithCode(0), "");
 }
 
 TEST_F(FormatRegion, IsNotTouchedByLaterChanges) {

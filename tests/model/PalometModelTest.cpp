@@ -113,10 +113,10 @@ TEST_F(ModelTest, AnEventThatComesWhileTheStateIsFetchedCostsOneMore) {
 TEST_F(ModelTest, ALevelIsItsNumberOrNothing) {
     startAndSettle();
     const SignalCount changes(&m_model, &PalometModel::inLevelChanged);
-    const std::pair<const char *, double> levels[] = {{"0.42", 0.42}, {"abc", 0},  {"1e-2", 0.01}, {"", 0},
-                                                      {"+0.5", 0.5},  {"inf", 0},  {"nan", 0},     {"0.5 ", 0},
-                                                      {".5", 0.5},    {" 0.5", 0}, {"1e999", 0},   {"-0.25", -0.25},
-                                                      {"+-1", 0},     {"0x10", 0}, {"7", 7},       {"0,5", 0}};
+    const std::pair<const char *, double> levels[] = {
+        {"0.42", 0.42},   {"abc", 0}, {"1e-2", 0.01}, {"", 0},     {"+1.5", 1.5}, {"+", 0},
+        {"inf", 0},       {"nan", 0}, {"0.5 ", 0},    {".5", 0.5}, {" 0.5", 0},   {"1e999", 0},
+        {"-0.25", -0.25}, {"+-1", 0}, {"0x10", 0},    {"7", 7},    {"0,5", 0}};
     for (const auto &[data, level] : levels) {
         send("level", data);
         EXPECT_EQ(m_model.inLevel(), level) << data;

@@ -7,7 +7,8 @@
 
 namespace palomet::test {
 
-/// What the program has a screen reader read out, from now on: the names of the notifications that begin to show.
+/// The texts that the program has a screen reader read out, from now on: the names of the notifications that begin to
+/// show.
 class AccessibleEvents final : public QObject {
     Q_OBJECT
 

@@ -13,7 +13,7 @@
 
 namespace palomet::test {
 
-/// What a screen reader sees of the program, and can do with it: its tree on the accessibility bus of that session.
+/// The program as a screen reader sees it, and can use it: its tree on the accessibility bus of that session.
 class AccessibleTree {
 public:
     struct Node {
@@ -50,7 +50,7 @@ private:
                                     const QVariantList &arguments = {});
     [[nodiscard]] QString property(const Node &node, const char *name);
     [[nodiscard]] bool hasState(const Node &node, int state);
-    /// What is hidden has no place.
+    /// A hidden node has no place.
     [[nodiscard]] bool hasPlace(const Node &node);
     [[nodiscard]] std::vector<Node> children(const Node &node);
     void collect(const Node &from, const QString &role, std::vector<Node> &found);

@@ -20,7 +20,7 @@ public:
                               QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     }
 
-    /// What a program that runs there finds.
+    /// The environment of a program that runs there.
     [[nodiscard]] QProcessEnvironment environment() const {
         auto environment = display.environment();
         const auto set = [&](const char *name, const QString &value) {

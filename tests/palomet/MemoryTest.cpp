@@ -15,9 +15,7 @@ using test::eventually;
 
 namespace {
 
-constexpr qint64 mebibyte = 1024 * 1024;
-
-/// What the program keeps of what a backend sends.
+/// The memory that the program keeps of a backend's messages.
 class MemoryTest : public test::ProgramTest {
 protected:
     void SetUp() override {
@@ -43,10 +41,10 @@ protected:
 
     /// Sends a clip that is none, which the program throws away as it reports it.
     bool sendNonsense(int id) {
-        // What the allocator does with it depends on its size, before and after it was decoded.
+        // The allocator treats it by its size, before and after it was decoded.
         constexpr std::array sizes{40, 30, 12};
         const auto &mebibytes = sizes[static_cast<std::size_t>(id) % sizes.size()];
-        const QString letters(mebibytes * mebibyte, u'A');
+        const QString letters(mebibytes * test::mebibyte, u'A');
         backend.audio.send(u"{\"type\":\"play\",\"id\":%1,\"data\":\"%2\"}"_s.arg(id).arg(letters));
         return eventually([&] { return backend.audio.played().size() == static_cast<std::size_t>(id); }, 60s);
     }
@@ -66,11 +64,11 @@ TEST_F(MemoryTest, ThirtyHugeMessagesLeaveNoMoreBehindThanThree) {
     int id = 0;
     while (id < 3)
         ASSERT_TRUE(sendNonsense(++id));
-    EXPECT_TRUE(fallsBelow(atFirst + 12 * mebibyte));
+    EXPECT_TRUE(fallsBelow(atFirst + 12 * test::mebibyte));
     const auto afterThree = resident();
     while (id < 30)
         ASSERT_TRUE(sendNonsense(++id));
-    EXPECT_TRUE(fallsBelow(afterThree + 8 * mebibyte));
+    EXPECT_TRUE(fallsBelow(afterThree + 8 * test::mebibyte));
 }
 
 TEST_F(MemoryTest, AHugeStateIsForgottenWhenItIsGone) {
@@ -84,7 +82,7 @@ TEST_F(MemoryTest, AHugeStateIsForgottenWhenItIsGone) {
         EXPECT_LT(held, atFirst + 8 * document.size());
         backend.enter(u"waiting"_s);
         ASSERT_TRUE(isShown("waiting"));
-        EXPECT_TRUE(fallsBelow(atFirst + 40 * mebibyte));
+        EXPECT_TRUE(fallsBelow(atFirst + 40 * test::mebibyte));
     }
 }
 
@@ -117,5 +115,5 @@ TEST_F(MemoryTest, TenThousandCommandsAtOnceAreRefusedBeyondALimitAndLeaveLittle
     EXPECT_GT(refused, 0);
     EXPECT_TRUE(eventually([&] { return backend.http.count("/listen") == done; })) << done;
     EXPECT_LT(most, 200);
-    EXPECT_TRUE(fallsBelow(atFirst + 12 * mebibyte));
+    EXPECT_TRUE(fallsBelow(atFirst + 12 * test::mebibyte));
 }

@@ -1,6 +1,6 @@
 #include "tests/palomet/BackendAtItsPort.h"
 #include "tests/palomet/ProgramTest.h"
-#include "tests/platform-portal/RealPortal.h"
+#include "tests/platform/dbus/RealPortal.h"
 
 using namespace palomet;
 using namespace Qt::StringLiterals;

@@ -2,6 +2,7 @@
 
 #include "app/LogFile.h"
 #include "tests/palomet/Desktop.h"
+#include "tests/support/Farewell.h"
 #include "tests/support/Processes.h"
 
 #include <gtest/gtest.h>
@@ -36,7 +37,7 @@ protected:
         ASSERT_TRUE(program.waitForStarted());
     }
 
-    /// What a command said, and how it ended.
+    /// A command's output, and how it ended.
     struct Outcome {
         int exitCode = -1;
         QByteArray output;
@@ -78,14 +79,7 @@ protected:
 
     QByteArray log() const { return contentOf(LogFile::pathBelow(desktop.home.path())); }
 
-    QByteArrayList farewell() const {
-        QByteArrayList found;
-        for (const auto &line : log().split('\n')) {
-            if (line.startsWith("saindo: "))
-                found.append(line);
-        }
-        return found;
-    }
+    QByteArrayList farewell() const { return farewellIn(log()); }
 
     /// Whether the backend ended when it was asked to, or had to be ended.
     enum class End { Polite, Forced };

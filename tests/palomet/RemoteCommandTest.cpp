@@ -92,7 +92,7 @@ TEST_F(RemoteCommandTest, RefusesATextThatIsNoTextAndSendsNothing) {
     EXPECT_EQ(command({u"--say"_s, u"-"_s}, QByteArray(1024 * 1024 + 1, 'a')), tooLong);
     EXPECT_EQ(command({u"--say"_s, u"-"_s}, QByteArray(5 * 1024 * 1024, 'a')), tooLong);
     EXPECT_EQ(command({u"--say"_s, u"-"_s}, "\xff\xfe"), refused("the text is not UTF-8"));
-    // What comes after them shows that they have not come.
+    // The event after them shows that they have not come.
     EXPECT_EQ(command({u"--listen"_s}).exitCode, 0);
     EXPECT_EQ(posted()->target(), "/listen");
 }

@@ -3,6 +3,7 @@
 #include <QStandardPaths>
 
 using namespace palomet;
+using namespace std::chrono_literals;
 using namespace Qt::StringLiterals;
 using test::eventually;
 
@@ -10,12 +11,16 @@ namespace {
 
 class SettingsInUse : public test::WindowInUse {
 protected:
+    /// The list that a press opens. Until the engine has said what there is to choose, a press opens none.
     [[nodiscard]] std::vector<Node> choices(const QString &name) {
-        press("combo box", name);
         std::vector<Node> found;
-        EXPECT_TRUE(eventually([&] {
+        const auto isListed = [&] {
             found = tree.all(u"list item"_s);
             return !found.empty();
+        };
+        EXPECT_TRUE(eventually([&] {
+            press("combo box", name);
+            return eventually(isListed, 2s);
         })) << qPrintable(name);
         return found;
     }

@@ -4,6 +4,7 @@
 
 #include <QDBusConnection>
 #include <QDBusMessage>
+#include <QDir>
 #include <QUuid>
 
 #include <algorithm>
@@ -28,12 +29,27 @@ QString mainThread(qint64 process) {
     return QStringLiteral("%1/task/%1").arg(process);
 }
 
+/// The threads of a process that carry its messages to and from the bus.
+QStringList busThreads(const QString &process) {
+    QStringList found;
+    const QDir tasks(QStringLiteral("/proc/%1/task").arg(process));
+    for (const auto &thread : tasks.entryList(QDir::Dirs | QDir::NoDotAndDotDot)) {
+        if (contentOf(tasks.filePath(thread + QStringLiteral("/comm"))).startsWith("QDBus"))
+            found.append(process + QStringLiteral("/task/") + thread);
+    }
+    return found;
+}
+
+/// Everybody who takes part in an answer: the main thread, the bus, the asking thread, and who carries between them.
+QStringList participants(const PrivateBus &bus, qint64 process) {
+    return QStringList{mainThread(process), mainThread(bus.processId()), QStringLiteral("thread-self")} +
+           busThreads(QString::number(process)) + busThreads(QStringLiteral("self"));
+}
+
 } // namespace
 
 StallProbe::StallProbe(const PrivateBus &bus, qint64 process)
-    : m_thread([this, address = bus.address(),
-                participants = QStringList{mainThread(process), mainThread(bus.processId()),
-                                           QStringLiteral("thread-self")}] { ask(address, participants); }) {}
+    : m_thread([this, address = bus.address(), threads = participants(bus, process)] { ask(address, threads); }) {}
 
 std::chrono::milliseconds StallProbe::end() {
     m_isEnding = true;
@@ -42,7 +58,7 @@ std::chrono::milliseconds StallProbe::end() {
     return std::chrono::duration_cast<std::chrono::milliseconds>(m_longest.load());
 }
 
-void StallProbe::ask(const QString &address, const QStringList &participants) {
+void StallProbe::ask(const QString &address, const QStringList &threads) {
     const auto name = QUuid::createUuid().toString();
     {
         const auto connection = QDBusConnection::connectToBus(address, name);
@@ -50,12 +66,12 @@ void StallProbe::ask(const QString &address, const QStringList &participants) {
             QStringLiteral("org.palomet.Palomet"), QStringLiteral("/org/palomet/Palomet"),
             QStringLiteral("org.palomet.Palomet.Control"), QStringLiteral("Status"));
         while (!m_isEnding) {
-            const auto waitedBefore = waited(participants);
+            const auto waitedBefore = waited(threads);
             const auto begin = std::chrono::steady_clock::now();
             if (connection.call(question).type() == QDBusMessage::ReplyMessage)
                 ++m_answers;
             const auto taken = std::chrono::steady_clock::now() - begin;
-            m_longest = std::max(m_longest.load(), taken - (waited(participants) - waitedBefore));
+            m_longest = std::max(m_longest.load(), taken - (waited(threads) - waitedBefore));
             std::this_thread::sleep_for(2ms);
         }
     }

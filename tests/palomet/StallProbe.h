@@ -10,8 +10,8 @@ namespace palomet::test {
 
 /// Asks a program for its status again and again, from a thread of its own, and keeps the longest time that an answer
 /// took: its main thread answers, between one thing and the next. What those who take part in an answer (the main
-/// thread, the bus, the asking thread) waited for a processor is left out: that is the machine's load, not the
-/// program's work.
+/// thread, the bus, the asking thread, and the threads of both processes that carry messages) waited for a processor is
+/// left out: that is the machine's load, not the program's work.
 class StallProbe {
 public:
     /// The program's session bus, which outlives this, and its process.
@@ -26,7 +26,7 @@ public:
     [[nodiscard]] int answers() const { return m_answers; }
 
 private:
-    void ask(const QString &address, const QStringList &participants);
+    void ask(const QString &address, const QStringList &threads);
 
     std::atomic<bool> m_isEnding = false;
     std::atomic<int> m_answers = 0;

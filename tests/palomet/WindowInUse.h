@@ -29,7 +29,7 @@ protected:
     [[nodiscard]] QJsonValue setting(const char *key) const;
     [[nodiscard]] bool becomes(const char *key, const QJsonValue &value) const;
 
-    /// What a second start of the program with those arguments prints.
+    /// The output of a second start of the program with those arguments.
     QByteArray command(const QStringList &arguments) const;
     /// Shows that pane, as a second start of the program does.
     void open(const char *pane) const { command({QStringLiteral("--open"), QString::fromLatin1(pane)}); }

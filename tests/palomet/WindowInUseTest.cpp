@@ -16,7 +16,7 @@ protected:
     /// From now on whatever is said is taken down.
     void dictate() {
         open("listening");
-        // What is heard here is no voice: nothing but the level tells it from noise.
+        // The sound here is no voice: nothing but the level tells it from noise.
         turn(u"Echo cancellation"_s, "isEchoCancelOn");
         turn(u"Only when spoken to"_s, "isDirectedOn");
         turn(u"Dictate before acting"_s, "isDraftOn");

@@ -4,10 +4,10 @@
 #include "app/StatusIcon.h"
 #include "app/StatusMenu.h"
 #include "base/QtScheduler.h"
+#include "localization/Localization.h"
 #include "model/PalometModel.h"
-#include "platform/desktop/StatusNotifierHost.h"
+#include "platform/dbus/StatusNotifierHost.h"
 #include "tests/support/FakeMicrophonePermission.h"
-#include "ui/localization/Localization.h"
 
 #include <QApplication>
 
@@ -28,7 +28,7 @@ int main(int argc, char **argv) {
     model.setSnapshot(std::move(snapshot));
 
     StatusMenu status(model);
-    status.setIcon(statusIcon(resources, DesktopColors::Scheme::Light));
+    status.setIcon(statusIcon(resources, DesktopLook::Scheme::Light));
     QObject::connect(&status, &StatusMenu::quitRequested, &application, [] { QCoreApplication::exit(0); });
     StatusNotifierHost host(QDBusConnection::sessionBus());
     const auto showWhenThere = [&] {

@@ -1,4 +1,4 @@
-// What a screen reader sees of the program: its tree on the desktop's accessibility bus.
+// The program as a screen reader sees it: its tree on the desktop's accessibility bus.
 
 import { type Environment, run, until } from "./process";
 

@@ -1,4 +1,4 @@
-// What is said aloud in a rehearsal, and what must come of it.
+// The sentences that are said aloud in a rehearsal, and what must come of them.
 
 import type { Heard, State } from "./backend";
 import { until } from "./process";

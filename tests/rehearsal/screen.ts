@@ -1,4 +1,4 @@
-// What is on the screen: the program's windows, another program's window, the pointer, and pictures of it.
+// The screen: the program's windows, another program's window, the pointer, and pictures of it.
 
 import { mkdirSync } from "node:fs";
 import { join } from "node:path";

@@ -1,4 +1,4 @@
-// Where a rehearsal happens: a desktop and a sound server of its own, with the program as a user would start it. Prints each step
+// The stage of a rehearsal: a desktop and a sound server of its own, with the program as a user would start it. Prints each step
 // with its time, keeps recordings and logs, and leaves nothing running.
 
 import { existsSync, mkdirSync, mkdtempSync, readFileSync, rmSync } from "node:fs";

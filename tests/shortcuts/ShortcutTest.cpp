@@ -1,8 +1,8 @@
 #include "shortcuts/Shortcut.h"
 
+#include "localization/Localization.h"
 #include "shortcuts/KeyCodes.h"
 #include "tests/shortcuts/FixedKeyboardLayout.h"
-#include "ui/localization/Localization.h"
 
 #include <gtest/gtest.h>
 

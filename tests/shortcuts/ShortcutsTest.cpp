@@ -17,7 +17,7 @@ namespace {
 
 class ShortcutsTest : public testing::Test {
 protected:
-    /// What is stored now, read by another reader.
+    /// The stored text, read by another reader.
     [[nodiscard]] QString stored(const char *key) const {
         return QSettings(path, QSettings::IniFormat).value(QLatin1StringView(key)).toString();
     }

@@ -13,7 +13,7 @@ namespace palomet::test {
 template <typename Condition>
 bool eventually(Condition holds, std::chrono::milliseconds limit = std::chrono::seconds{20}) {
     const QDeadlineTimer deadline(limit);
-    // What another thread does is no event: look again every few milliseconds.
+    // Another thread's work is no event: look again every few milliseconds.
     QTimer glance;
     glance.start(std::chrono::milliseconds{5});
     while (!holds()) {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "audio/EchoCanceller.h"
+#include "audio/echo/EchoCanceller.h"
 
 #include <algorithm>
 #include <vector>
@@ -18,7 +18,7 @@ public:
     [[nodiscard]] EchoCancellerState state() const override { return {QStringLiteral("none"), false, {}, {}}; }
 };
 
-/// What an echo canceller was given.
+/// The calls that an echo canceller got.
 struct EchoCancellerCalls {
     std::vector<std::vector<float>> references;
     std::vector<int> delayHints;

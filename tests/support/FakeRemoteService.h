@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/RemoteControl.h"
+#include "command/RemoteService.h"
 
 namespace palomet::test {
 

@@ -13,17 +13,17 @@ namespace palomet::test {
 /// when the speakers ask and what they have played. The test's thread is its real-time thread.
 class FakeSoundServer final : public SoundServer {
 public:
-    // What there is.
+    // The devices that there are.
     std::vector<InputDevice> devices{{QStringLiteral("mic.a"), QStringLiteral("Mic A")},
                                      {QStringLiteral("mic.b"), QStringLiteral("Mic B")}};
     std::optional<QString> defaultId = QStringLiteral("mic.a");
-    /// What `openCapture` answers, at once; `opensAtOnce` off leaves the answer to `finishOpening`.
+    /// The answer of `openCapture`, at once; `opensAtOnce` off leaves it to `finishOpening`.
     std::optional<Failure> captureFailure;
     bool opensAtOnce = true;
     bool isAlive = true;
     bool hasToldDevices = true; ///< Off leaves that to `tellDevices`.
 
-    // What was asked of it.
+    // The requests that it got.
     std::vector<QString> defaultsSet;
     int captureOpenings = 0;
     int playbackOpenings = 0;
@@ -67,7 +67,7 @@ public:
     void closePlayback() override { m_isPlaybackOpen = false; }
     [[nodiscard]] bool isPlaybackOpen() const { return m_isPlaybackOpen; }
 
-    // What happens.
+    // Events.
     [[nodiscard]] bool isOpening() const { return static_cast<bool>(m_opening); }
 
     void tellDevices() {
@@ -87,7 +87,7 @@ public:
             m_streams->captured(samples, delay);
     }
 
-    /// What the speakers get when they ask for `count` samples; nothing while they are closed.
+    /// The samples that the speakers get when they ask for `count`; none while they are closed.
     std::vector<float> pull(std::size_t count) {
         std::vector<float> samples(m_isPlaybackOpen ? count : 0, 9.0F);
         if (m_isPlaybackOpen)

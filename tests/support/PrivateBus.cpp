@@ -41,7 +41,7 @@ void PrivateBus::begin() {
     m_daemon.start(QStringLiteral("dbus-daemon"), {QStringLiteral("--config-file=") + file.fileName(),
                                                    QStringLiteral("--nofork"), QStringLiteral("--print-address=1")});
     eventually([&] { return m_daemon.state() == QProcess::NotRunning || m_daemon.canReadLine(); });
-    // Without the number that tells this bus from the next one at the same place, as a session has it.
+    // As a session has it: leave out the number that tells this bus from the next one at the same place.
     m_address = QString::fromLatin1(m_daemon.readLine().trimmed()).section(u',', 0, 0);
 }
 

@@ -8,7 +8,7 @@ namespace palomet::test {
 
 PrivateDisplay::PrivateDisplay(const QString &screen) {
     m_server.setProcessChannelMode(QProcess::SeparateChannels);
-    // Without -noreset what a client sets, a layout for instance, is lost when the last client ends.
+    // A client's settings, a layout for instance, would be lost when the last client ends.
     m_server.start(QStringLiteral("Xvfb"),
                    {QStringLiteral("-displayfd"), QStringLiteral("1"), QStringLiteral("-noreset"),
                     QStringLiteral("-nolisten"), QStringLiteral("tcp"), QStringLiteral("-screen"), QStringLiteral("0"),

@@ -47,7 +47,7 @@ public:
     [[nodiscard]] std::string addressForStrangers();
     /// From now on, clients of this process are no strangers there.
     void letStrangersIn() const;
-    /// What a client process needs in its environment: the address, and a home of its own.
+    /// The environment that a client process needs: the address, and a home of its own.
     [[nodiscard]] QProcessEnvironment environment() const;
 
     /// A channel map: the positions of a device's channels, the first one first.

@@ -9,8 +9,10 @@
 
 #include <optional>
 
-/// What the system tells of processes, and of this one's own environment.
+/// Facts that the system tells of processes, and of this one's own environment.
 namespace palomet::test {
+
+inline constexpr qint64 mebibyte = 1024 * 1024;
 
 inline QByteArray contentOf(const QString &path) {
     QFile file(path);
@@ -37,7 +39,7 @@ inline QByteArray statusOf(qint64 process, const QByteArray &key) {
     return {};
 }
 
-/// What a process has in memory.
+/// The memory that a process holds.
 inline qint64 residentBytes(qint64 process) {
     return statusOf(process, "VmRSS").chopped(3).trimmed().toLongLong() * 1024;
 }
@@ -72,7 +74,7 @@ public:
         , m_before(qgetenv(name)) {
         qputenv(name, value);
     }
-    /// Without a value: not set.
+    /// No value: not set.
     explicit EnvironmentVariable(const char *name)
         : EnvironmentVariable(name, {}) {
         qunsetenv(name);

@@ -18,7 +18,7 @@ struct RawAudioBackend {
     std::vector<QTcpSocket *> peers; ///< Of all connections, the first one first.
     bool isReading = false;          ///< On goes on with `received` behind the request.
     QByteArray received;
-    /// What it answers to the request.
+    /// Its answer to the request.
     std::function<QByteArray(const QByteArray &request)> answer = &agreement;
 
     RawAudioBackend() {

@@ -42,7 +42,7 @@ public:
     void write(const QByteArray &bytes);
     /// How much of what was written the system has not taken yet; it is offered once more.
     [[nodiscard]] qint64 unsent();
-    /// What has been written still arrives.
+    /// Everything written before still arrives.
     void close();
     /// The connection is reset.
     void abort();

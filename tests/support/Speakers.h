@@ -1,6 +1,6 @@
 #pragma once
 
-#include "audio/ClipDecoder.h"
+#include "audio/speech/ClipDecoder.h"
 #include "tests/support/Eventually.h"
 #include "tests/support/FakeSoundServer.h"
 

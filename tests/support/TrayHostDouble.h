@@ -17,7 +17,7 @@ struct TrayMenuEntry {
     QVariantMap properties;
     std::vector<TrayMenuEntry> children;
 
-    /// What a host shows of it: an underscore marks a mnemonic, two are one.
+    /// The title as a host shows it: an underscore marks a mnemonic, two are one.
     [[nodiscard]] QString title() const;
     [[nodiscard]] bool isSeparator() const;
     /// A missing property is true.
@@ -73,7 +73,7 @@ private:
     QStringList m_items;
 };
 
-/// What the watcher shows of the double on the bus.
+/// The double's face on the bus, as the watcher shows it.
 class TrayWatcherAdaptor final : public QDBusAbstractAdaptor {
     Q_OBJECT
     Q_CLASSINFO("D-Bus Interface", "org.kde.StatusNotifierWatcher")

@@ -39,7 +39,7 @@ function constant(literal: string): string {
     if (literal === "false") return "true";
     if (/[.]/.test(literal)) return `(2 * ${literal})`;
     const [, digits = "", suffix = ""] = /^([0-9']+)(.*)$/.exec(literal) ?? [];
-    return `${Number(digits.replaceAll("'", "")) + 1}${suffix}`;
+    return `${BigInt(digits.replaceAll("'", "")) + 1n}${suffix}`;
 }
 
 /** Every mutant of a source, in the order of the text. */
@@ -56,7 +56,7 @@ export function mutantsOf(file: string, text: string): Mutant[] {
         add(kind, match.index, operator.length, opposites[operator] ?? operator);
     }
     for (const match of code.matchAll(/(?<![\w.'])(?:\d[\d']*(?:\.\d+)?(?:ms|us|s|min|U|F|LL|L)?|true|false)(?![\w.'])/g))
-        add("constant", match.index, match[0].length, constant(match[0]));
+        if (!/\) [\w ]*= $/.test(code.slice(0, match.index))) add("constant", match.index, match[0].length, constant(match[0])); // Not one that makes a function pure.
     for (const match of code.matchAll(/\bif \(/g)) {
         const begin = match.index + match[0].length - 1;
         const end = closing(code, begin);
@@ -65,7 +65,7 @@ export function mutantsOf(file: string, text: string): Mutant[] {
         if (end > 0 && !/^\((?:const|auto|static) |[^=!<>]=[^=]|;/.test(condition)) add("condition", begin, end - begin, `(!${text.slice(begin, end)})`);
     }
     // A statement is a call or an assignment that begins its line; a declaration has a blank before its name.
-    for (const match of code.matchAll(/^ +(?!return\b|throw\b|co_|static_assert\b|if\b|for\b|while\b|switch\b)((?:\+\+|--)?[\w:\->.\[\]]+(?:\(|;| [-+*/|&^]?= )[^{};]*;)$/gm)) {
+    for (const match of code.matchAll(/^ +(?!return\b|throw\b|co_|static_assert\b|if\b|for\b|while\b|switch\b|.*= (?:delete|default);$)((?:\+\+|--)?[\w:\->.\[\]]+(?:(?:\(| [-+*/|&^]?= )[^{};]*)?;)$/gm)) {
         const statement = match[1] ?? "";
         const depth = (statement.match(/\(/g)?.length ?? 0) - (statement.match(/\)/g)?.length ?? 0);
         if (depth === 0) add("statement", match.index + match[0].length - statement.length, statement.length, "{}");
@@ -73,7 +73,7 @@ export function mutantsOf(file: string, text: string): Mutant[] {
     for (const match of code.matchAll(/(?<=[ (!]\w[\w:.\->]*\()([\w.:\->]+), ([\w.:\->]+)(?=[,)])/g)) {
         const line = code.slice(code.lastIndexOf("\n", match.index) + 1, code.indexOf("\n", match.index));
         const [pair, first, second] = match;
-        // What begins in the first column declares a function.
+        // A line that begins in the first column declares a function.
         if (first !== second && line.startsWith(" ")) add("arguments", match.index, pair.length, `${second}, ${first}`);
     }
     return found.sort((one, other) => one.offset - other.offset);

@@ -1,8 +1,8 @@
 #include "ui/screens/BrainScreen.h"
 
+#include "localization/Localization.h"
+#include "localization/TextFormat.h"
 #include "model/Format.h"
-#include "ui/localization/Localization.h"
-#include "ui/localization/TextFormat.h"
 
 #include <QJsonArray>
 #include <QPointer>

@@ -1,7 +1,7 @@
 #include "ui/screens/ConversationRows.h"
 
+#include "localization/Localization.h"
 #include "model/Format.h"
-#include "ui/localization/Localization.h"
 #include "ui/screens/Pieces.h"
 
 #include <algorithm>

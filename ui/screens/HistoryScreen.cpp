@@ -1,7 +1,7 @@
 #include "ui/screens/HistoryScreen.h"
 
+#include "localization/Localization.h"
 #include "model/Format.h"
-#include "ui/localization/Localization.h"
 
 namespace palomet {
 

@@ -1,7 +1,7 @@
 #include "ui/screens/KeyRecorder.h"
 
+#include "localization/Localization.h"
 #include "shortcuts/KeyCodes.h"
-#include "ui/localization/Localization.h"
 #include "ui/screens/KeyWords.h"
 
 #include <QCoreApplication>

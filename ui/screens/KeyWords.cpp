@@ -1,6 +1,6 @@
 #include "ui/screens/KeyWords.h"
 
-#include "ui/localization/Localization.h"
+#include "localization/Localization.h"
 
 #include <algorithm>
 #include <array>

@@ -1,7 +1,7 @@
 #include "ui/screens/ListeningScreen.h"
 
+#include "localization/Localization.h"
 #include "model/Format.h"
-#include "ui/localization/Localization.h"
 #include "ui/screens/TextSending.h"
 
 #include <QJsonArray>

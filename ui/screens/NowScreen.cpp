@@ -1,7 +1,7 @@
 #include "ui/screens/NowScreen.h"
 
+#include "localization/Localization.h"
 #include "model/Format.h"
-#include "ui/localization/Localization.h"
 #include "ui/strip/StripLine.h"
 
 namespace palomet {

@@ -1,6 +1,6 @@
 #include "ui/shell/AppView.h"
 
-#include "ui/localization/Localization.h"
+#include "localization/Localization.h"
 
 namespace palomet {
 

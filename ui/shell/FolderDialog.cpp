@@ -1,6 +1,6 @@
 #include "ui/shell/FolderDialog.h"
 
-#include "ui/localization/Localization.h"
+#include "localization/Localization.h"
 
 #include <QAbstractItemView>
 #include <QFileDialog>

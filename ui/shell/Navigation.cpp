@@ -1,6 +1,6 @@
 #include "ui/shell/Navigation.h"
 
-#include "ui/localization/Localization.h"
+#include "localization/Localization.h"
 
 #include <algorithm>
 

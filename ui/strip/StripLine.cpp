@@ -1,6 +1,6 @@
 #include "ui/strip/StripLine.h"
 
-#include "ui/localization/Localization.h"
+#include "localization/Localization.h"
 
 #include <algorithm>
 

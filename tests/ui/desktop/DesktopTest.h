@@ -16,6 +16,9 @@
 
 namespace palomet::test {
 
+/// The strip's ground.
+inline const QColor dark(0x11, 0x18, 0x1C);
+
 /// A window of one colour, as any other program would have.
 class PlainWindow final : public QRasterWindow {
 public:

@@ -11,8 +11,6 @@ using test::eventually;
 
 namespace {
 
-const QColor dark(0x11, 0x18, 0x1C);
-
 /// Whether nobody could tell them apart.
 bool areAlike(const QColor &one, const QColor &other) {
     return std::abs(one.red() - other.red()) <= 2 && std::abs(one.green() - other.green()) <= 2 &&
@@ -80,7 +78,8 @@ protected:
     void expectSharp(const QRect &strip, double scale) const {
         const auto isPainted = [&] {
             const auto image = picture(strip);
-            return image.pixelColor(0, 0) == dark && image.pixelColor(strip.width() - 1, strip.height() - 1) == dark;
+            return image.pixelColor(0, 0) == test::dark &&
+                   image.pixelColor(strip.width() - 1, strip.height() - 1) == test::dark;
         };
         EXPECT_TRUE(eventually(isPainted));
         const QColor outline(0x37, 0x41, 0x51);

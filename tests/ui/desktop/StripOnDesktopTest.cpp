@@ -9,8 +9,6 @@ using test::eventually;
 
 namespace {
 
-const QColor dark(0x11, 0x18, 0x1C);
-
 class StripOnDesktopTest : public test::DesktopTest {
 protected:
     [[nodiscard]] QWindow &window() { return *m_panel.window(); }
@@ -85,13 +83,13 @@ TEST_F(StripOnDesktopTest, StandsAboveAWindowThatFillsTheScreen) {
     test::PlainWindow other(Qt::green);
     other.showFullScreen();
     EXPECT_TRUE(eventually([] { return colorAt({1280, 200}) == QColor(Qt::green); }));
-    EXPECT_TRUE(eventually([] { return colorAt({1280 - 218, 1024 - 48 - 38}) == dark; }));
+    EXPECT_TRUE(eventually([] { return colorAt({1280 - 218, 1024 - 48 - 38}) == test::dark; }));
     // Also when it comes later than that window.
     setState("waiting");
     scheduler().advance(5s);
     EXPECT_TRUE(eventually([] { return colorAt({1280 - 218, 1024 - 48 - 38}) == QColor(Qt::green); }));
     setState("thinking");
-    EXPECT_TRUE(eventually([] { return colorAt({1280 - 218, 1024 - 48 - 38}) == dark; }));
+    EXPECT_TRUE(eventually([] { return colorAt({1280 - 218, 1024 - 48 - 38}) == test::dark; }));
 }
 
 TEST_F(StripOnDesktopTest, FollowsTheSizeOfItsScreen) {
@@ -180,7 +178,7 @@ TEST_F(StripOnTwoScreensTest, StandsAboveAWindowThatFillsEitherScreenAndLeavesIt
         setState("thinking");
         const QPoint origin(area.center().x() + 1 - 220, area.bottom() + 1 - 48 - 40);
         awaitAt(origin);
-        EXPECT_TRUE(eventually([&] { return colorAt(origin + QPoint(2, 2)) == dark; }));
+        EXPECT_TRUE(eventually([&] { return colorAt(origin + QPoint(2, 2)) == test::dark; }));
         EXPECT_EQ(colorAt(area.topLeft() + QPoint(2, 2)), QColor(Qt::green));
         expectFocusThroughAHundredChanges(other);
         setState("waiting");

@@ -1,6 +1,6 @@
+#include "localization/Localization.h"
 #include "tests/ui/desktop/XServer.h"
 #include "ui/UiEngine.h"
-#include "ui/localization/Localization.h"
 
 #include <QApplication>
 

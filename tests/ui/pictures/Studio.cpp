@@ -1,8 +1,8 @@
 #include "tests/ui/pictures/Studio.h"
 
+#include "localization/Localization.h"
 #include "model/Format.h"
 #include "tests/support/ScriptedBackend.h"
-#include "ui/localization/Localization.h"
 #include "ui/preview/Preview.h"
 #include "ui/strip/StripWindow.h"
 

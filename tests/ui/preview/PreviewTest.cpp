@@ -1,8 +1,8 @@
 #include "ui/preview/Preview.h"
 
+#include "localization/Localization.h"
 #include "model/Documents.h"
 #include "tests/ui/support/UiTest.h"
-#include "ui/localization/Localization.h"
 
 #include <QImageReader>
 #include <QQuickWindow>

@@ -1,6 +1,6 @@
+#include "localization/Localization.h"
 #include "tests/ui/screens/WindowTest.h"
 #include "ui/kit/Wishes.h"
-#include "ui/localization/Localization.h"
 
 #include <set>
 

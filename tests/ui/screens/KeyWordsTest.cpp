@@ -1,7 +1,7 @@
 #include "ui/screens/KeyWords.h"
 
+#include "localization/Localization.h"
 #include "tests/shortcuts/FixedKeyboardLayout.h"
-#include "ui/localization/Localization.h"
 
 #include <gtest/gtest.h>
 

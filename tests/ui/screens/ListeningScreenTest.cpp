@@ -1,9 +1,9 @@
 #include "ui/screens/ListeningScreen.h"
 
+#include "localization/Localization.h"
 #include "tests/shortcuts/FixedKeyboardLayout.h"
 #include "tests/ui/screens/Choices.h"
 #include "tests/ui/support/UiTest.h"
-#include "ui/localization/Localization.h"
 
 #include <QSettings>
 #include <QTemporaryDir>

@@ -1,7 +1,7 @@
 #include "ui/screens/NowScreen.h"
 
+#include "localization/Localization.h"
 #include "tests/ui/support/UiTest.h"
-#include "ui/localization/Localization.h"
 
 #include <QSignalSpy>
 

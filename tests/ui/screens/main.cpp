@@ -1,6 +1,7 @@
+#include "localization/Localization.h"
+#include "tests/support/noScreen.h"
 #include "tests/ui/support/UiTest.h"
 #include "ui/kit/Kit.h"
-#include "ui/localization/Localization.h"
 
 #include <QApplication>
 #include <QQuickWindow>
@@ -8,10 +9,7 @@
 #include <gtest/gtest.h>
 
 int main(int argc, char **argv) {
-    // Neither a display nor a graphics card is needed.
-    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
+    palomet::test::useNoScreen();
     QApplication application(argc, argv);
     const auto resources = QStringLiteral(PALOMET_BINARY_DIR "/resources");
     palomet::Kit::registerFonts(resources);

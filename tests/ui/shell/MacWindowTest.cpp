@@ -1,9 +1,9 @@
 #include "ui/shell/MacWindow.h"
 
+#include "localization/Localization.h"
 #include "tests/ui/support/Scene.h"
 #include "tests/ui/support/UiTest.h"
 #include "ui/UiEngine.h"
-#include "ui/localization/Localization.h"
 
 #include <QAccessible>
 #include <QSettings>

@@ -1,6 +1,6 @@
+#include "localization/Localization.h"
 #include "ui/UiEngine.h"
 #include "ui/kit/Kit.h"
-#include "ui/localization/Localization.h"
 
 #include <QApplication>
 

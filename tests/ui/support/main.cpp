@@ -1,3 +1,4 @@
+#include "tests/support/noScreen.h"
 #include "ui/kit/Kit.h"
 
 #include <QGuiApplication>
@@ -6,10 +7,7 @@
 #include <gtest/gtest.h>
 
 int main(int argc, char **argv) {
-    // Neither a display nor a graphics card is needed.
-    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
+    palomet::test::useNoScreen();
     QGuiApplication application(argc, argv);
     palomet::Kit::registerFonts(QStringLiteral(PALOMET_BINARY_DIR "/resources"));
     ::testing::InitGoogleTest(&argc, argv);

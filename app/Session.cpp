@@ -1,0 +1,43 @@
+#include "app/Session.h"
+
+#include "platform/x11/X11KeyboardLayout.h"
+
+namespace palomet {
+
+using namespace Qt::StringLiterals;
+
+Session::Session()
+    : m_bus(QDBusConnection::sessionBus())
+    , m_x11(X11Connection::open()) {}
+
+QString Session::applicationId() {
+    return u"org.palomet.Palomet"_s;
+}
+
+QString Session::version() {
+    return u"" PALOMET_VERSION ""_s;
+}
+
+bool Session::isWayland() {
+    return qEnvironmentVariable("XDG_SESSION_TYPE") == "wayland"_L1;
+}
+
+std::unique_ptr<KeyboardLayout> Session::makeKeyboardLayout() const {
+    if (m_x11 == nullptr)
+        return std::make_unique<NoKeyboardLayout>();
+    return std::make_unique<X11KeyboardLayout>(*m_x11);
+}
+
+std::unique_ptr<QSettings> Session::makeSettings() {
+    return std::make_unique<QSettings>(QSettings::NativeFormat, QSettings::UserScope, u"palomet"_s, u"palomet"_s);
+}
+
+Session::Sound Session::makeSound(Scheduler &scheduler) const {
+    Sound sound{std::make_unique<DesktopMicrophonePermission>(m_bus, applicationId(), scheduler),
+                std::make_unique<PulseSoundServer>(scheduler)};
+    sound.server->onAccessDenied = [&permission = *sound.permission] { permission.soundServerRefused(); };
+    sound.server->onAccessGranted = [&permission = *sound.permission] { permission.soundServerGranted(); };
+    return sound;
+}
+
+} // namespace palomet

@@ -1,0 +1,48 @@
+#pragma once
+
+#include "base/Scheduler.h"
+#include "platform/dbus/DesktopMicrophonePermission.h"
+#include "platform/pulse/PulseSoundServer.h"
+#include "platform/x11/X11Connection.h"
+#include "shortcuts/KeyboardLayout.h"
+
+#include <QDBusConnection>
+#include <QSettings>
+
+#include <memory>
+
+namespace palomet {
+
+/// The desktop session as the program and its doctor find it: the bus, the X server, and the settings. Main thread
+/// only.
+class Session {
+public:
+    Session();
+
+    /// The name of the desktop file, by which portals and panels know the program.
+    [[nodiscard]] static QString applicationId();
+    [[nodiscard]] static QString version();
+
+    [[nodiscard]] static bool isWayland();
+
+    [[nodiscard]] const QDBusConnection &bus() const { return m_bus; }
+    /// Null without an X server. What is made of it does not outlive this.
+    [[nodiscard]] X11Connection *x11() const { return m_x11.get(); }
+
+    [[nodiscard]] std::unique_ptr<KeyboardLayout> makeKeyboardLayout() const;
+    [[nodiscard]] static std::unique_ptr<QSettings> makeSettings();
+
+    /// The sound server, which tells the permission when it refuses the microphone.
+    struct Sound {
+        std::unique_ptr<DesktopMicrophonePermission> permission;
+        std::unique_ptr<PulseSoundServer> server;
+    };
+    /// `scheduler` outlives the sound.
+    [[nodiscard]] Sound makeSound(Scheduler &scheduler) const;
+
+private:
+    QDBusConnection m_bus;
+    std::unique_ptr<X11Connection> m_x11;
+};
+
+} // namespace palomet

@@ -1,0 +1,137 @@
+#include "audio/echo/EchoReference.h"
+
+#include "audio/SoundServer.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+namespace palomet {
+
+namespace {
+
+constexpr std::int64_t frameSize = EchoCanceller::frameSize;
+constexpr std::int64_t second = SoundStreams::sampleRate;
+constexpr std::int64_t millisecond = second / 1000;
+constexpr std::int64_t capacity = 65536; // 1.4 s: more than any server buffers ahead
+
+/// Streams that open are out of step by more than they ever are again: of these two seconds only the last one counts.
+constexpr std::int64_t firstWatch = 2 * second;
+constexpr std::int64_t countedOfFirst = second;
+constexpr std::int64_t laterWatch = 5 * second;
+constexpr std::int64_t wantedLead = 20 * millisecond;
+
+constexpr int mostLateInARow = 100; // a stream that has stood still so long does not catch up
+
+constexpr double toleratedStray = 5 * millisecond; // means of five seconds wander by a tenth of that
+constexpr double returnTime = 30 * second;
+constexpr double mostCorrection = 500e-6; // clocks of sound devices are within 200 ppm
+
+} // namespace
+
+EchoReference::EchoReference()
+    : m_samples(capacity) {
+    clear();
+}
+
+void EchoReference::write(std::span<const float> samples) noexcept {
+    for (const float sample : samples)
+        m_samples[static_cast<std::size_t>(m_written++ % capacity)] = sample;
+    m_isPlayed |= !samples.empty();
+    // Nobody reads while the microphone is closed.
+    m_read = std::max(m_read, m_written - capacity + Interpolator::taps);
+}
+
+std::chrono::microseconds EchoReference::follow(std::size_t samples, std::size_t unmatched,
+                                                std::chrono::microseconds delay) noexcept {
+    using Samples = std::chrono::duration<double, std::ratio<1, second>>;
+    const auto count = static_cast<std::int64_t>(samples);
+    const double delaySamples = Samples(delay).count();
+    const double age = static_cast<double>(backlog() - static_cast<std::int64_t>(unmatched));
+    const auto lead = std::chrono::duration_cast<std::chrono::microseconds>(Samples(delaySamples - age));
+    // No speakers: nothing leads.
+    if (!m_isPlayed)
+        return lead;
+
+    if (m_hasBegun || m_left <= countedOfFirst) {
+        m_watched += count;
+        m_delaySum += delaySamples * static_cast<double>(count);
+        m_ageSum += age * static_cast<double>(count);
+    }
+    m_left -= count;
+    if (m_left > 0 || m_watched == 0)
+        return lead;
+    const double meanDelay = m_delaySum / static_cast<double>(m_watched);
+    const double meanAge = m_ageSum / static_cast<double>(m_watched);
+    if (m_hasBegun) {
+        const double stray = m_lead - (meanDelay - meanAge);
+        const double excess = stray - std::clamp(stray, -toleratedStray, toleratedStray);
+        m_step = 1 + std::clamp(excess / returnTime, -mostCorrection, mostCorrection);
+    } else {
+        begin(std::llround(meanDelay), std::llround(meanAge));
+    }
+    watchAnew(laterWatch);
+    return lead;
+}
+
+bool EchoReference::isReady() const noexcept {
+    const auto ahead = isWhole() ? 0 : Interpolator::after + 1;
+    return !m_hasBegun || backlog() >= frameSize + ahead;
+}
+
+void EchoReference::read(EchoCanceller::Frame &frame) noexcept {
+    frame.fill(0);
+    const bool isLate = !isReady() || backlog() < frameSize;
+    m_lateInARow = isLate ? m_lateInARow + 1 : 0;
+    if (m_lateInARow > mostLateInARow)
+        clear();
+    if (isLate && !m_hasBegun)
+        return;
+    if (isWhole()) {
+        for (std::size_t i = 0; i < frame.size(); ++i)
+            frame[i] = at(m_read + static_cast<std::int64_t>(i));
+        m_read += frameSize;
+        return;
+    }
+    for (float &sample : frame) {
+        std::array<float, Interpolator::taps> around{};
+        for (std::size_t i = 0; i < around.size(); ++i)
+            around[i] = at(m_read - Interpolator::before + static_cast<std::int64_t>(i));
+        sample = m_interpolator.between(around, m_fraction);
+        m_fraction += m_step;
+        const double whole = std::floor(m_fraction);
+        m_fraction -= whole;
+        m_read += static_cast<std::int64_t>(whole);
+    }
+}
+
+void EchoReference::clear() noexcept {
+    m_read = m_written;
+    m_fraction = 0;
+    m_step = 1;
+    m_lateInARow = 0;
+    m_isPlayed = false;
+    m_hasBegun = false;
+    watchAnew(firstWatch);
+}
+
+void EchoReference::begin(std::int64_t delay, std::int64_t age) noexcept {
+    const auto wantedAge = std::clamp<std::int64_t>(delay - wantedLead, 0, delay / 2);
+    const auto oldest = std::max<std::int64_t>(0, m_written - capacity + Interpolator::taps);
+    m_read = std::max(m_read + age - wantedAge, oldest);
+    m_lead = static_cast<double>(delay - wantedAge);
+    m_hasBegun = true;
+}
+
+void EchoReference::watchAnew(std::int64_t samples) noexcept {
+    m_left = samples;
+    m_watched = 0;
+    m_delaySum = 0;
+    m_ageSum = 0;
+}
+
+float EchoReference::at(std::int64_t position) const noexcept {
+    return position < 0 || position >= m_written ? 0 : m_samples[static_cast<std::size_t>(position % capacity)];
+}
+
+} // namespace palomet

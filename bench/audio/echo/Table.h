@@ -1,0 +1,34 @@
+#pragma once
+
+#include "bench/audio/echo/Measures.h"
+#include "bench/audio/echo/Recogniser.h"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace palomet::bench {
+
+/// The result of one scenario.
+struct Outcome {
+    Scenario scenario;
+    Measures measures;
+    double microsecondsAFrame = 0;
+    std::vector<Utterance> utterances; ///< What was heard while both talked.
+    double wordErrors = 0;             ///< Of the words said, in per cent.
+};
+
+/// One way from microphone to backend, over all scenarios.
+struct Column {
+    std::string name;
+    std::vector<Outcome> outcomes;
+};
+
+/// Writes the columns side by side as one Markdown table, with the marks to reach. Words are left out where there is
+/// no recogniser; `nearEndWordErrors` is what it makes of the near end alone.
+void writeTable(const std::vector<Column> &columns, std::optional<double> nearEndWordErrors);
+
+/// Every scenario's own figures.
+void writeDetails(const std::vector<Column> &columns);
+
+} // namespace palomet::bench

@@ -1,9 +1,0 @@
-#include "bench/echo/PlainCanceller.h"
-
-namespace palomet::bench {
-
-std::unique_ptr<EchoCanceller> createPlainCanceller() {
-    return nullptr;
-}
-
-} // namespace palomet::bench

@@ -1,0 +1,218 @@
+#include "doctor/Diagnosis.h"
+
+#include "base/BackendPort.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace palomet {
+
+using namespace Qt::StringLiterals;
+using Instance = Examination::Instance;
+
+namespace {
+
+constexpr int silence = -120;
+/// Below this even a quiet room is not heard.
+constexpr int deaf = -90;
+
+Finding works(const QString &subject, const QString &text) {
+    return {Finding::Verdict::Works, subject, text};
+}
+
+Finding fails(const QString &subject, const QString &text) {
+    return {Finding::Verdict::Fails, subject, text};
+}
+
+Finding program(const Examination &found) {
+    const auto subject = u"Palomet"_s;
+    switch (found.instance) {
+    case Instance::Absent:
+        return works(subject, u"does not run now; \"palomet\" starts it"_s);
+    case Instance::Silent:
+        return fails(subject, u"runs, but does not answer; end it with \"pkill -x palomet\", and start it again"_s);
+    case Instance::Running:
+        break;
+    }
+    if (found.status.state == "offline"_L1)
+        return fails(subject, u"runs, but its backend does not; the end of %1 says why"_s.arg(found.log));
+    return works(subject, u"runs, and is %1"_s.arg(found.status.isMuted ? u"muted"_s : found.status.state));
+}
+
+Finding resources(const Examination &found) {
+    const auto subject = u"resources"_s;
+    if (!found.resources)
+        return fails(subject, u"there is no such folder; install Palomet again, or name it in PALOMET_RESOURCES"_s);
+    if (!found.hasTexts)
+        return fails(subject, u"there are no texts in %1; install Palomet again"_s.arg(*found.resources));
+    return works(subject, *found.resources);
+}
+
+Finding engine(const Examination &found) {
+    const auto subject = u"engine"_s;
+    const auto folder = found.resources.value_or(u"the resource folder"_s);
+    if (!found.hasEngine)
+        return fails(subject, u"there is none in %1; install palomet-engine"_s.arg(folder));
+    if (found.runtimeVersion.isEmpty())
+        return fails(subject, u"its runtime, %1/bun, does not run here; install palomet-engine again"_s.arg(folder));
+    return works(subject, u"there, with its runtime %1"_s.arg(found.runtimeVersion));
+}
+
+Finding hearing(const Examination::Hearing &told) {
+    return told.isDeaf ? fails(u"hearing"_s, told.text) : works(u"hearing"_s, told.text);
+}
+
+Finding port(const Examination &found) {
+    const auto subject = u"port %1"_s.arg(backendPort);
+    if (!found.port) {
+        return found.instance == Instance::Running
+                   ? fails(subject, u"nobody listens, though Palomet runs; the end of %1 says why"_s.arg(found.log))
+                   : works(subject, u"free"_s);
+    }
+    const auto &holder = *found.port;
+    if (holder.processId == 0 || found.portOwner == SocketOwner::Others)
+        return fails(
+            subject,
+            u"held by the program of another user, to whom Palomet tells nothing, and who must end it first"_s);
+    const auto who = u"%1 (process %2)"_s.arg(holder.lineage.value(0), QString::number(holder.processId));
+    if (!holder.lineage.contains("palomet"_L1))
+        return fails(subject, u"held by %1, which is not Palomet's; end it, for the backend needs the port"_s.arg(who));
+    return works(subject, u"held by Palomet's backend, %1"_s.arg(who));
+}
+
+Finding soundServer(const Examination &found) {
+    const auto subject = u"sound server"_s;
+    return found.isSoundServerThere
+               ? works(subject, u"answers, and plays"_s)
+               : fails(subject, u"does not answer; start PulseAudio, or PipeWire together with pipewire-pulse"_s);
+}
+
+Finding microphone(const Examination &found) {
+    const auto subject = u"microphone"_s;
+    switch (found.permission) {
+    case MicrophoneStatus::Restricted:
+        return fails(subject, u"switched off for all applications; switch it on in the desktop's privacy settings"_s);
+    case MicrophoneStatus::Denied:
+        return fails(subject, u"denied to Palomet; allow it in the desktop's privacy settings"_s);
+    case MicrophoneStatus::NotDetermined:
+    case MicrophoneStatus::Authorized:
+        break;
+    }
+    if (!found.isSoundServerThere)
+        return fails(subject, u"out of reach without a sound server"_s);
+    const auto chosen = std::find_if(found.inputs.begin(), found.inputs.end(),
+                                     [&](const auto &input) { return input.id == found.defaultInput; });
+    if (chosen == found.inputs.end())
+        return fails(subject, found.inputs.empty()
+                                  ? u"there is none; connect one, the output of a speaker is not taken for one"_s
+                                  : u"none is the default; choose one in the desktop's sound settings"_s);
+    if (!found.isCaptureOpen)
+        return fails(subject, u"%1 cannot be opened; see whether another program holds it alone"_s.arg(chosen->name));
+    auto text = u"%1, the default of %2"_s.arg(chosen->name, QString::number(found.inputs.size()));
+    if (found.instance == Instance::Running && !found.status.device.isEmpty())
+        text += u"; Palomet hears with %1"_s.arg(found.status.device);
+    return works(subject, text);
+}
+
+Finding tray(const Examination &found) {
+    const auto subject = u"tray"_s;
+    if (found.tray == TrayHost::Status::Present)
+        return works(subject, u"there"_s);
+    return fails(subject, u"no panel shows icons; on GNOME install the extension AppIndicator, elsewhere add a tray to "
+                          "the panel"_s);
+}
+
+Finding hotKeys(const Examination &found) {
+    const auto subject = u"hot keys"_s;
+    const auto route = found.hotKeyRoute == Examination::HotKeyRoute::Portal ? u"the desktop's portal"_s : u"X11"_s;
+    const auto bindIt = u"bind \"palomet --listen\" to a key in the desktop's settings"_s;
+    if (found.hotKeyRoute == Examination::HotKeyRoute::None)
+        return fails(subject, u"there is no display to take them from"_s);
+    if (found.hotKeyRoute == Examination::HotKeyRoute::Portal && !found.isPortalThere)
+        return fails(subject, u"this desktop's portal has no global shortcuts; %1"_s.arg(bindIt));
+    const auto taken = u"%1 is refused by %2: another program holds it; choose another key in the window, under "
+                       "Listening, or %3"_s.arg(found.listenKey, route, bindIt);
+    if (found.instance == Instance::Running) {
+        return found.status.hotKeyProblem.isEmpty()
+                   ? works(subject, u"held by the Palomet that runs, through %1"_s.arg(route))
+                   : fails(subject, taken);
+    }
+    switch (found.key) {
+    case Examination::Key::Taken:
+        return fails(subject, taken);
+    case Examination::Key::Free:
+        return works(subject, u"through %1; %2 is free"_s.arg(route, found.listenKey));
+    case Examination::Key::NotTried:
+        break;
+    }
+    return works(subject, u"through %1"_s.arg(route));
+}
+
+Finding strip(const Examination &found) {
+    const auto subject = u"strip"_s;
+    switch (found.stripRoute) {
+    case Examination::StripRoute::X11:
+        return works(subject, u"a window of X11, above all others"_s);
+    case Examination::StripRoute::XWayland:
+        return works(subject, u"through XWayland, above all others"_s);
+    case Examination::StripRoute::None:
+        break;
+    }
+    return fails(subject, u"there is no X server to show it; on Wayland install XWayland"_s);
+}
+
+Finding languages(const Examination &found) {
+    return works(u"languages"_s, u"%1, of %2"_s.arg(found.language, found.wantedLanguages.join(u", "_s)));
+}
+
+} // namespace
+
+QString Finding::line() const {
+    return u"%1  %2: %3"_s.arg(verdict == Verdict::Works ? u"ok"_s : u"!!"_s, subject, text);
+}
+
+std::vector<Finding> diagnose(const Examination &found) {
+    std::vector<Finding> findings{program(found)};
+    if (!found.hasSessionBus)
+        findings.push_back(fails(u"session bus"_s, u"there is none, hence no tray and no commands; install "
+                                                   "dbus-user-session and log in again"_s));
+    findings.push_back(resources(found));
+    findings.push_back(engine(found));
+    if (found.hearing && !found.hearing->text.isEmpty())
+        findings.push_back(hearing(*found.hearing));
+    findings.push_back(languages(found));
+    findings.push_back(found.isLogWritable
+                           ? works(u"log"_s, found.log)
+                           : fails(u"log"_s, u"%1 cannot be written, so no backend is started; make it and its folder "
+                                             "yours"_s.arg(found.log)));
+    findings.push_back(port(found));
+    findings.push_back(tray(found));
+    findings.push_back(hotKeys(found));
+    findings.push_back(strip(found));
+    findings.push_back(soundServer(found));
+    findings.push_back(microphone(found));
+    findings.push_back(found.echoCanceller.isEmpty()
+                           ? fails(u"echo canceller"_s, u"it cannot be made; install Palomet again"_s)
+                           : works(u"echo canceller"_s, found.echoCanceller));
+    return findings;
+}
+
+Finding diagnoseLevel(const std::optional<SoundLevel> &level) {
+    const auto subject = u"level"_s;
+    if (!level)
+        return fails(subject, u"not measured, for the microphone is not open"_s);
+    const int peak = decibels(level->peak);
+    if (peak < deaf)
+        return fails(subject,
+                     u"the microphone gives nothing but silence; see whether it is muted, by a switch on it or "
+                     "in the desktop's sound settings"_s);
+    return works(subject, u"peak %1 dB, mean %2 dB"_s.arg(peak).arg(decibels(level->mean)));
+}
+
+int decibels(double amplitude) {
+    if (!(amplitude > 0))
+        return silence;
+    return std::max(silence, static_cast<int>(std::lround(20 * std::log10(amplitude))));
+}
+
+} // namespace palomet

@@ -1,0 +1,48 @@
+#include "platform/dbus/PortalLook.h"
+
+#include <utility>
+
+namespace palomet {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const auto appearance = u"org.freedesktop.appearance"_s;
+// The values of that group's settings beside "no preference".
+constexpr uint preferDark = 1;
+constexpr uint reduceMotion = 1;
+constexpr uint raiseContrast = 1;
+
+bool says(const PortalSetting &setting, uint wish) {
+    const auto &value = setting.value();
+    return value.typeId() == QMetaType::UInt && value.toUInt() == wish;
+}
+
+} // namespace
+
+PortalLook::PortalLook(const QDBusConnection &bus, const QString &desktop)
+    : m_isPanelAlwaysDark(desktop.split(u':').contains("GNOME"_L1))
+    , m_scheme(bus, appearance, u"color-scheme"_s)
+    , m_motion(bus, appearance, u"reduced-motion"_s)
+    , m_animations(bus, u"org.gnome.desktop.interface"_s, u"enable-animations"_s)
+    , m_contrast(bus, appearance, u"contrast"_s)
+    , m_look(currentLook()) {
+    for (const auto *setting : {&m_scheme, &m_motion, &m_animations, &m_contrast})
+        QObject::connect(setting, &PortalSetting::changed, setting, [this] {
+            const auto before = std::exchange(m_look, currentLook());
+            if (m_look != before)
+                onChange();
+        });
+}
+
+PortalLook::Look PortalLook::currentLook() const {
+    const auto &animations = m_animations.value();
+    const bool areAnimationsOff = animations.typeId() == QMetaType::Bool && !animations.toBool();
+    const bool hasMotion = m_motion.value().typeId() == QMetaType::UInt;
+    return {.panelScheme = m_isPanelAlwaysDark || says(m_scheme, preferDark) ? Scheme::Dark : Scheme::Light,
+            .isMotionReduced = hasMotion ? says(m_motion, reduceMotion) : areAnimationsOff,
+            .isContrastRaised = says(m_contrast, raiseContrast)};
+}
+
+} // namespace palomet

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "app/DesktopLook.h"
+#include "platform/dbus/PortalSetting.h"
+
+namespace palomet {
+
+/// The user's wishes as the portal tells them. The panel of one desktop is dark in every scheme; where motion has no
+/// setting of its own yet, GNOME's switch for animations stands for it.
+class PortalLook final : public DesktopLook {
+public:
+    /// `desktop` is the desktop's name, as `$XDG_CURRENT_DESKTOP` has it.
+    PortalLook(const QDBusConnection &bus, const QString &desktop);
+
+    [[nodiscard]] Scheme panelScheme() const override { return m_look.panelScheme; }
+    [[nodiscard]] bool isMotionReduced() const override { return m_look.isMotionReduced; }
+    [[nodiscard]] bool isContrastRaised() const override { return m_look.isContrastRaised; }
+
+private:
+    struct Look {
+        Scheme panelScheme = Scheme::Light;
+        bool isMotionReduced = false;
+        bool isContrastRaised = false;
+
+        bool operator==(const Look &) const = default;
+    };
+    [[nodiscard]] Look currentLook() const;
+
+    const bool m_isPanelAlwaysDark;
+    const PortalSetting m_scheme;
+    const PortalSetting m_motion;
+    const PortalSetting m_animations;
+    const PortalSetting m_contrast;
+    Look m_look;
+};
+
+} // namespace palomet

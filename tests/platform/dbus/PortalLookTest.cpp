@@ -1,0 +1,177 @@
+#include "platform/dbus/PortalLook.h"
+
+#include "tests/platform/dbus/FakeDesktop.h"
+#include "tests/support/Eventually.h"
+#include "tests/support/PrivateBus.h"
+
+#include <gtest/gtest.h>
+
+using namespace palomet;
+using namespace Qt::StringLiterals;
+using test::eventually;
+using Scheme = DesktopLook::Scheme;
+
+namespace {
+
+const auto appearance = u"org.freedesktop.appearance"_s;
+const auto colorScheme = u"color-scheme"_s;
+const auto contrast = u"contrast"_s;
+const auto reduced = u"reduced-motion"_s;
+const auto gnome = u"org.gnome.desktop.interface"_s;
+const auto animations = u"enable-animations"_s;
+
+class PortalLookTest : public ::testing::Test {
+protected:
+    PortalLookTest() { desktop.appear(); }
+
+    void create(const QString &name = u"XFCE"_s) {
+        look.emplace(bus.connect(), name);
+        look->onChange = [this] { ++changes; };
+    }
+    [[nodiscard]] bool becomes(bool (DesktopLook::*is)() const, bool wanted) {
+        return eventually([&] { return (*look.*is)() == wanted; });
+    }
+    /// Whether each of its settings was asked for.
+    [[nodiscard]] bool isAsked() {
+        return eventually([this] { return desktop.calls.size() >= 4; });
+    }
+
+    test::PrivateBus bus;
+    test::FakeDesktop desktop{bus.connect()};
+    std::optional<PortalLook> look;
+    int changes = 0;
+};
+
+} // namespace
+
+TEST_F(PortalLookTest, PanelsAreLightUntilThePortalSaysOtherwise) {
+    desktop.settings[appearance][colorScheme] = 1U;
+    create();
+    EXPECT_EQ(look->panelScheme(), Scheme::Light);
+    EXPECT_TRUE(eventually([this] { return changes == 1; }));
+    EXPECT_EQ(look->panelScheme(), Scheme::Dark);
+}
+
+TEST_F(PortalLookTest, PanelsFollowThePreference) {
+    create();
+    ASSERT_TRUE(isAsked());
+    desktop.changeSetting(appearance, colorScheme, 2U);
+    desktop.changeSetting(appearance, colorScheme, 1U);
+    EXPECT_TRUE(eventually([this] { return look->panelScheme() == Scheme::Dark; }));
+    desktop.changeSetting(appearance, colorScheme, 0U);
+    EXPECT_TRUE(eventually([this] { return look->panelScheme() == Scheme::Light; }));
+    EXPECT_EQ(changes, 2);
+}
+
+TEST_F(PortalLookTest, PanelsAreAskedForAgainWhenThePortalReturns) {
+    desktop.vanish();
+    create();
+    desktop.settings[appearance][colorScheme] = 1U;
+    desktop.appear();
+    EXPECT_TRUE(eventually([this] { return look->panelScheme() == Scheme::Dark; }));
+}
+
+TEST_F(PortalLookTest, PanelsAreDarkOnTheDesktopWhosePanelAlwaysIs) {
+    desktop.settings[appearance][colorScheme] = 2U;
+    create(u"ubuntu:GNOME"_s);
+    EXPECT_EQ(look->panelScheme(), Scheme::Dark);
+    desktop.changeSetting(appearance, colorScheme, 1U);
+    ASSERT_TRUE(isAsked());
+    EXPECT_EQ(changes, 0);
+}
+
+TEST_F(PortalLookTest, PanelsAreLightWhenThePortalTalksNonsense) {
+    desktop.settings[appearance][colorScheme] = u"dark"_s;
+    create();
+    ASSERT_TRUE(isAsked());
+    desktop.changeSetting(appearance, colorScheme, -1);
+    desktop.changeSetting(appearance, colorScheme, 1U);
+    EXPECT_TRUE(eventually([this] { return changes == 1; }));
+    EXPECT_EQ(look->panelScheme(), Scheme::Dark);
+}
+
+TEST_F(PortalLookTest, ContrastIsNotRaisedUntilThePortalSaysSo) {
+    desktop.settings[appearance][contrast] = 1U;
+    create();
+    EXPECT_FALSE(look->isContrastRaised());
+    EXPECT_TRUE(becomes(&DesktopLook::isContrastRaised, true));
+    EXPECT_EQ(changes, 1);
+}
+
+TEST_F(PortalLookTest, ContrastFollowsThePreference) {
+    desktop.settings[appearance][contrast] = 0U;
+    create();
+    ASSERT_TRUE(isAsked());
+    desktop.changeSetting(appearance, contrast, 1U);
+    EXPECT_TRUE(becomes(&DesktopLook::isContrastRaised, true));
+    // Nothing that there could be beyond that is known.
+    desktop.changeSetting(appearance, contrast, 2U);
+    EXPECT_TRUE(becomes(&DesktopLook::isContrastRaised, false));
+    EXPECT_EQ(changes, 2);
+}
+
+TEST_F(PortalLookTest, ContrastIsNotRaisedWhenThePortalTalksNonsense) {
+    desktop.settings[appearance][contrast] = u"high"_s;
+    create();
+    ASSERT_TRUE(isAsked());
+    desktop.changeSetting(appearance, contrast, true);
+    desktop.changeSetting(appearance, contrast, 1U);
+    EXPECT_TRUE(becomes(&DesktopLook::isContrastRaised, true));
+    EXPECT_EQ(changes, 1) << "nothing before it counted";
+}
+
+TEST_F(PortalLookTest, MotionIsNotReducedUntilThePortalSaysSo) {
+    desktop.settings[appearance][reduced] = 1U;
+    create();
+    EXPECT_FALSE(look->isMotionReduced());
+    EXPECT_TRUE(becomes(&DesktopLook::isMotionReduced, true));
+    EXPECT_EQ(changes, 1);
+}
+
+TEST_F(PortalLookTest, MotionFollowsThePreference) {
+    desktop.settings[appearance][reduced] = 0U;
+    create();
+    ASSERT_TRUE(isAsked());
+    desktop.changeSetting(appearance, reduced, 1U);
+    EXPECT_TRUE(becomes(&DesktopLook::isMotionReduced, true));
+    desktop.changeSetting(appearance, reduced, 0U);
+    EXPECT_TRUE(becomes(&DesktopLook::isMotionReduced, false));
+    EXPECT_EQ(changes, 2);
+}
+
+TEST_F(PortalLookTest, MotionFollowsGnomesSwitchWhereThereIsNoPreference) {
+    desktop.settings[gnome][animations] = false;
+    create();
+    EXPECT_TRUE(becomes(&DesktopLook::isMotionReduced, true));
+    desktop.changeSetting(gnome, animations, true);
+    EXPECT_TRUE(becomes(&DesktopLook::isMotionReduced, false));
+}
+
+TEST_F(PortalLookTest, MotionTakesThePreferenceBeforeGnomesSwitch) {
+    desktop.settings[appearance][reduced] = 1U;
+    desktop.settings[gnome][animations] = true;
+    create();
+    EXPECT_TRUE(becomes(&DesktopLook::isMotionReduced, true));
+    desktop.changeSetting(gnome, animations, false);
+    desktop.changeSetting(appearance, reduced, 0U);
+    EXPECT_TRUE(becomes(&DesktopLook::isMotionReduced, false));
+}
+
+TEST_F(PortalLookTest, MotionIsAskedForAgainWhenThePortalReturns) {
+    desktop.vanish();
+    create();
+    desktop.settings[appearance][reduced] = 1U;
+    desktop.appear();
+    EXPECT_TRUE(becomes(&DesktopLook::isMotionReduced, true));
+}
+
+TEST_F(PortalLookTest, MotionIsNotReducedWhenThePortalTalksNonsense) {
+    desktop.settings[appearance][reduced] = u"yes"_s;
+    desktop.settings[gnome][animations] = 0U;
+    create();
+    ASSERT_TRUE(isAsked());
+    desktop.changeSetting(appearance, reduced, -1);
+    desktop.changeSetting(gnome, animations, false);
+    EXPECT_TRUE(becomes(&DesktopLook::isMotionReduced, true));
+    EXPECT_EQ(changes, 1) << "nothing before it counted";
+}

@@ -21,6 +21,7 @@ export interface Surroundings {
 export const usage = `Usage: palomet-engine model list
        palomet-engine model add NAME [--address ADDRESS]
        palomet-engine model remove NAME
+       palomet-engine hearing      what is understood here, and what would be needed for more
 
 Recogniser models for many languages, Portuguese among them. They are fetched from ${new URL(publishedAt).host}, or
 from another ADDRESS, which PALOMET_MODELS_URL can hold too; a proxy is taken from http_proxy, https_proxy and no_proxy.

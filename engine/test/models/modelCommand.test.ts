@@ -2,6 +2,7 @@ import { afterEach, expect, test } from "bun:test";
 import { existsSync, mkdirSync, readFileSync, writeFileSync } from "node:fs";
 import { dirname, join } from "node:path";
 import { fetchedModels } from "../../src/base/models.ts";
+import { usage } from "../../src/models/modelCommand.ts";
 import { serveFile, type FileServer, type Manner } from "../support/fileServer.ts";
 import { temporaryFolder } from "../support/folders.ts";
 
@@ -132,6 +133,15 @@ test("a folder that cannot be made is said in a line", async () => {
   const home = new Home();
   const { code, errors } = await home.run(["add", "tried", "--address", "http://127.0.0.1:1"], { XDG_DATA_HOME: "/dev/null" });
   expect([code, errors.split("\n")]).toEqual([1, [expect.stringContaining("palomet-engine: tried could not be fetched: "), ""]]);
+});
+
+test("the completion and the manual know all that the command does", async () => {
+  const packaging = join(import.meta.dir, "../../../packaging");
+  const words = new Set(usage.split("\n\n")[0]?.match(/(?<=palomet-engine )[a-z]+|(?<=model )[a-z]+|--[a-z]+/g));
+  expect([...words].sort()).toEqual(["--address", "add", "hearing", "list", "model", "remove"]);
+  const completion = await Bun.file(join(packaging, "bash-completion/palomet-engine")).text();
+  const manual = (await Bun.file(join(packaging, "palomet-engine.1")).text()).replaceAll("\\-", "-");
+  for (const word of words) expect([word, completion.includes(word), manual.includes(word)]).toEqual([word, true, true]);
 });
 
 test("wrong arguments are refused, and nothing is fetched", async () => {

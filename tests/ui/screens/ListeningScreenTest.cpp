@@ -57,6 +57,16 @@ TEST_F(ListeningScreenTest, ShowsTheSettings) {
     EXPECT_EQ(echoGuard->value(), QStringLiteral("0.4 s"));
 }
 
+TEST_F(ListeningScreenTest, TellsTheCommandForAnySentenceWhereOnlyPhrasesAreUnderstood) {
+    Options options;
+    options.whisperModels = {QStringLiteral("pocketsphinx")};
+    model().setOptions(options);
+    EXPECT_TRUE(screen.transcription()->hint().contains(QStringLiteral("palomet-engine model add")));
+    options.whisperModels = {QStringLiteral("small-q5_1"), QStringLiteral("pocketsphinx")};
+    model().setOptions(options);
+    EXPECT_EQ(screen.transcription()->hint(), L("listening.transcription.hint"));
+}
+
 TEST_F(ListeningScreenTest, FallsBackWithoutASnapshot) {
     EXPECT_FALSE(echo->isOn());
     EXPECT_FALSE(directed->isOn());

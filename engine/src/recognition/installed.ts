@@ -8,6 +8,7 @@ import type { Settings } from "../base/protocol.ts";
 import type { Children } from "../machine/children.ts";
 import type { Choices } from "../machine/choices.ts";
 import { shipped, type Shipped } from "../machine/shipped.ts";
+import { ConfirmedRecogniser } from "./confirmed.ts";
 import { moonshineCompanion, MoonshineRecogniser } from "./moonshine.ts";
 import { FirstOf, type Recogniser } from "./recogniser.ts";
 import { SphinxRecogniser } from "./sphinx.ts";
@@ -44,10 +45,11 @@ export function installedRecognisers(around: Surroundings, brought: Readonly<Shi
     ? new WhisperAddonRecogniser(children, clock, log, brought.whisper, locale.language, whisperModel, names)
     : new WhisperRecogniser(children, folder, locale.language, whisperModel, names);
   const [base, tiny] = [brought.base, brought.tiny].map((model) => moonshineCompanion(children, clock, log, brought, model));
+  const judge = locale.language === "en" ? undefined : (base ?? tiny);
   const own = new Map<string, Recogniser | undefined>([
     [moonshineBase, base && new MoonshineRecogniser(base, names)],
     [moonshineTiny, tiny && new MoonshineRecogniser(tiny, names)],
-    [grammarModel, sphinx],
+    [grammarModel, judge ? new ConfirmedRecogniser(sphinx, judge) : sphinx],
   ]);
   void sphinx.prepare();
   return new FirstOf(() => {

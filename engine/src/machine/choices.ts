@@ -64,9 +64,9 @@ export class Choices {
     return bestFirst(installedVoices(this.children), this.locale);
   }
 
-  /** The model files of `whisper-cli`, larger ones first; none when the program is not installed. */
+  /** The model files of Whisper, larger ones first; none when nothing is there to run them. */
   whisperFiles(): { name: string; path: string }[] {
-    if (!this.children.find("whisper-cli")) return [];
+    if (!this.brought.whisper && !this.children.find("whisper-cli")) return [];
     const home = this.children.environment.HOME ?? homedir();
     const data = this.children.environment.XDG_DATA_HOME ?? join(home, ".local/share");
     const folders = [

@@ -4,8 +4,9 @@ import type { Tensor } from "onnxruntime-common";
 import { sampleRate } from "../base/protocol.ts";
 import { goOn, mostTokens, transcribe, type Transcript } from "./decoding.ts";
 import { NameFinder, type Naming } from "./naming.ts";
-import type { SpeechModel } from "./speechModel.ts";
-import { endToken, type Vocabulary } from "./vocabulary.ts";
+import { likelihood, type SpeechModel } from "./speechModel.ts";
+import { Taste } from "./taste.ts";
+import { beginToken, endToken, type Vocabulary } from "./vocabulary.ts";
 
 /** The model was trained on no longer pieces; time and memory grow with the square of the length. */
 const longestSamples = 20 * sampleRate;
@@ -15,6 +16,8 @@ const windowSamples = sampleRate / 5;
 const silenceShare = 1 / 32;
 const leadSamples = (3 * sampleRate) / 10;
 
+const endMarks = ["", ".", "?"];
+
 export interface Wanted {
   names: string[];
   /** Words that may stand before a name. */
@@ -23,19 +26,36 @@ export interface Wanted {
 
 export class Hearer {
   readonly #names: NameFinder;
+  readonly #taste: Taste;
 
   constructor(
     private readonly model: SpeechModel,
     private readonly vocabulary: Vocabulary,
   ) {
-    this.#names = new NameFinder(model, vocabulary);
+    this.#taste = new Taste(model);
+    this.#names = new NameFinder(model, vocabulary, this.#taste);
+  }
+
+  /**
+   * How much likelier the sound makes a phrase, the logarithm of a ratio: more than 0 speaks for the phrase. The decoder need
+   * not know the phrase's language; that it would never write such words counts on both sides.
+   */
+  async evidence(samples: Int16Array, phrase: string): Promise<number> {
+    const features = await this.model.hear(floats(withoutLead(samples).subarray(0, longestSamples)));
+    let best = -Infinity;
+    for (const mark of endMarks) {
+      const tokens = [...this.vocabulary.tokensOf(`${phrase}${mark}`), endToken];
+      const { expected } = await this.model.follow(features, [beginToken, ...tokens.slice(0, -1)]);
+      best = Math.max(best, likelihood(tokens, expected));
+    }
+    return best - (await this.#taste.of([], [...this.vocabulary.tokensOf(phrase), endToken]));
   }
 
   /** Gives the text, which is empty when nothing was said, or undefined when the signal is raised. */
   async recognise(samples: Int16Array, { names, calls }: Wanted, signal: AbortSignal): Promise<string | undefined> {
     const texts: string[] = [];
     for (const piece of piecesOf(samples).map(withoutLead)) {
-      const features = await this.model.hear(Float32Array.from(piece, (sample) => sample / 32_768));
+      const features = await this.model.hear(floats(piece));
       const most = mostTokens(piece.length / sampleRate);
       const heard = await transcribe(this.model, features, most, signal);
       if (heard === undefined) return undefined;
@@ -66,6 +86,10 @@ export class Hearer {
   #textOf(tokens: readonly number[]): string {
     return this.vocabulary.textOf(tokens).trim();
   }
+}
+
+function floats(samples: Int16Array): Float32Array {
+  return Float32Array.from(samples, (sample) => sample / 32_768);
 }
 
 function sentenceOf(text: string): string {

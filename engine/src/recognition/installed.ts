@@ -7,11 +7,13 @@ import { grammarModel, moonshineBase, moonshineTiny } from "../base/models.ts";
 import type { Settings } from "../base/protocol.ts";
 import type { Children } from "../machine/children.ts";
 import type { Choices } from "../machine/choices.ts";
-import { shipped, type MoonshineFiles, type Shipped } from "../machine/shipped.ts";
+import { shipped, type Shipped } from "../machine/shipped.ts";
+import { ConfirmedRecogniser } from "./confirmed.ts";
 import { moonshineCompanion, MoonshineRecogniser } from "./moonshine.ts";
 import { FirstOf, type Recogniser } from "./recogniser.ts";
 import { SphinxRecogniser } from "./sphinx.ts";
 import { WhisperRecogniser } from "./whisper.ts";
+import { WhisperAddonRecogniser } from "./whisperAddon.ts";
 
 export interface Surroundings {
   children: Children;
@@ -39,15 +41,15 @@ export function installedRecognisers(around: Surroundings, brought: Readonly<Shi
     const files = choices.whisperFiles();
     return (files.find(({ name }) => name === settings().whisperModel) ?? files[0])?.path;
   };
-  const whisper = new WhisperRecogniser(children, folder, locale.language, whisperModel, names);
-  const moonshine = (model: MoonshineFiles | undefined): Recogniser | undefined => {
-    const companion = moonshineCompanion(children, clock, log, brought, model);
-    return companion && new MoonshineRecogniser(companion, names);
-  };
+  const whisper = brought.whisper
+    ? new WhisperAddonRecogniser(children, clock, log, brought.whisper, locale.language, whisperModel, names)
+    : new WhisperRecogniser(children, folder, locale.language, whisperModel, names);
+  const [base, tiny] = [brought.base, brought.tiny].map((model) => moonshineCompanion(children, clock, log, brought, model));
+  const judge = locale.language === "en" ? undefined : (base ?? tiny);
   const own = new Map<string, Recogniser | undefined>([
-    [moonshineBase, moonshine(brought.base)],
-    [moonshineTiny, moonshine(brought.tiny)],
-    [grammarModel, sphinx],
+    [moonshineBase, base && new MoonshineRecogniser(base, names)],
+    [moonshineTiny, tiny && new MoonshineRecogniser(tiny, names)],
+    [grammarModel, judge ? new ConfirmedRecogniser(sphinx, judge) : sphinx],
   ]);
   void sphinx.prepare();
   return new FirstOf(() => {

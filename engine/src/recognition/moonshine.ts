@@ -8,7 +8,8 @@ import { phrases } from "../base/phrases.ts";
 import { sampleRate } from "../base/protocol.ts";
 import { cut } from "../base/text.ts";
 import type { Children } from "../machine/children.ts";
-import { Companion } from "../machine/companion.ts";
+import { Companion, type Reply } from "../machine/companion.ts";
+import type { Head } from "../machine/frames.ts";
 import type { MoonshineFiles, Shipped } from "../machine/shipped.ts";
 import type { RecogniseOptions, Recogniser, Recognition } from "./recogniser.ts";
 
@@ -33,17 +34,21 @@ export class MoonshineRecogniser implements Recogniser {
   }
 
   async recognise(samples: Int16Array, signal: AbortSignal, { isPartial }: RecogniseOptions = {}): Promise<Recognition> {
-    const heard = samples.subarray(0, longestSamples);
-    const body = new Uint8Array(heard.buffer, heard.byteOffset, heard.byteLength);
     // A name takes time to find, and whoever sees words as they come does not miss it.
     const wanted = { names: isPartial ? [] : this.names(), calls: phrases.en.calls };
-    const reply = await this.companion.ask(wanted, body, timeoutMs, signal);
+    const reply = await askMoonshine(this.companion, wanted, samples, signal);
     if (reply.kind === "stopped") return { kind: "none" };
     if (reply.kind === "failed") return { kind: "failed", problem: reply.problem };
     const { text } = reply.answer;
     if (typeof text !== "string") return { kind: "failed", problem: "uma resposta sem texto" };
     return { kind: "text", text: cut(text, longestText), isUnderstood: /[\p{L}\p{N}]/u.test(text) };
   }
+}
+
+/** Asks the companion about an utterance. */
+export function askMoonshine(companion: Companion, wanted: Head, samples: Int16Array, signal: AbortSignal): Promise<Reply> {
+  const heard = samples.subarray(0, longestSamples);
+  return companion.ask(wanted, new Uint8Array(heard.buffer, heard.byteOffset, heard.byteLength), timeoutMs, signal);
 }
 
 /** The companion that runs a model of this size; undefined when a part of it is missing. */

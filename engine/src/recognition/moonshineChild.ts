@@ -1,5 +1,5 @@
-// The companion that recognises by Moonshine: `bun moonshineChild.ts RUNTIME VOCABULARY ENCODER DECODER`. Each frame has the names
-// and the words of a call that are to be found, and the samples.
+// The companion that recognises by Moonshine: `bun moonshineChild.ts RUNTIME VOCABULARY ENCODER DECODER`. Each frame has samples, and
+// the names and the words of a call that are to be found in them, or a phrase for which the evidence is asked.
 
 import { serve } from "../machine/companionSide.ts";
 import { Hearer } from "./hearer.ts";
@@ -13,6 +13,7 @@ await serve(async () => {
   const hearer = new Hearer(model, new Vocabulary(await Bun.file(vocabulary).json()));
   return async ({ head, body }, signal) => {
     const samples = new Int16Array(body.buffer, 0, body.byteLength >> 1);
+    if (typeof head.phrase === "string") return { evidence: await hearer.evidence(samples, head.phrase) };
     const text = await hearer.recognise(samples, { names: texts(head.names), calls: texts(head.calls) }, signal);
     return text === undefined ? undefined : { text };
   };

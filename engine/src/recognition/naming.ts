@@ -11,7 +11,7 @@ import type { Transcript } from "./decoding.ts";
 import { likelihood, type Expectation, type Past, type SpeechModel } from "./speechModel.ts";
 import { hasMark, wordsOf, type SpelledWord } from "./spelledWords.ts";
 import { capitalised, treeOf, variantsOf, type SpellingTree } from "./spellings.ts";
-import { Taste } from "./taste.ts";
+import type { Taste } from "./taste.ts";
 import { beginToken, endToken, type Vocabulary } from "./vocabulary.ts";
 
 /** The name in the place of the tokens from `start` up to `end`. */
@@ -35,12 +35,13 @@ const leastBegin = -12;
 const leastName = -18;
 /** Most that the decoder may find the name less likely before its taste is looked at. */
 const mostLoss = 12;
-const taste = 0.5;
+const tasteShare = 0.5;
 const mostTaste = 3;
+const mostRareTaste = 1.5;
 /** What a common name of one word may lose, what each further word allows, and what a rare name may lose. */
 const commonLoss = 3;
 const lossAWord = 2.5;
-const rareLoss = 9;
+const rareLoss = 9.2;
 /** What the decoder finds a common word unlikely by taste, and a rare name beyond its words. */
 const wordRarity = 14.5;
 const leastRarity = 6;
@@ -58,6 +59,7 @@ interface Spelling {
   /** What it stands for in the text. */
   text: string;
   allowed: number;
+  mostTaste: number;
   mostWords: number;
   mostLetters: number;
   /** It holds a word of a call: it begins the utterance. */
@@ -77,15 +79,13 @@ interface Spelled {
 }
 
 export class NameFinder {
-  readonly #taste: Taste;
   readonly #spelled = new Map<string, Promise<Spelling[]>>();
 
   constructor(
     private readonly model: SpeechModel,
     private readonly vocabulary: Vocabulary,
-  ) {
-    this.#taste = new Taste(model);
-  }
+    private readonly taste: Taste,
+  ) {}
 
   /** Gives undefined when none of the names was said, or the signal is raised. */
   async find(features: Tensor, heard: Transcript, names: string[], calls: string[], signal: AbortSignal): Promise<Naming | undefined> {
@@ -117,7 +117,7 @@ export class NameFinder {
   async #spell(name: string, calls: string[]): Promise<Spelling[]> {
     const capital = capitalised(name);
     const words = name.split(/\s+/).length;
-    const rarity = -(await this.#taste.of([], this.vocabulary.tokensOf(capital))) - words * wordRarity;
+    const rarity = -(await this.taste.of([], this.vocabulary.tokensOf(capital))) - words * wordRarity;
     const isRare = rarity > leastRarity;
     const allowed = (isRare ? rareLoss : commonLoss + Math.max(0, rarity - leastRarity / 2)) + (words - 1) * lossAWord;
     const forms = isRare ? [...variantsOf(capital)] : [capital, name];
@@ -125,6 +125,7 @@ export class NameFinder {
       tree: treeOf(spelled, this.vocabulary),
       text,
       allowed,
+      mostTaste: isRare ? mostRareTaste : mostTaste,
       mostWords: words + (isCall ? 1 : 0) + extraWords,
       mostLetters: lettersALetter * lettersOf(spelled[0]!) + extraLetters,
       isCall,
@@ -153,8 +154,8 @@ export class NameFinder {
       const loss = own(start, end + tail.length) - spelled.likelihood - likelihood(tail, [last, ...follows]);
       if (loss > mostLoss || loss >= (best?.loss ?? Infinity)) continue;
       const advantage =
-        (await this.#taste.of(prefix, [...tokens, ...tail])) - (await this.#taste.of(prefix, heard.tokens.slice(start, end + tail.length)));
-      const taken = Math.min(mostTaste, Math.max(0, taste * advantage));
+        (await this.taste.of(prefix, [...tokens, ...tail])) - (await this.taste.of(prefix, heard.tokens.slice(start, end + tail.length)));
+      const taken = Math.min(spelling.mostTaste, Math.max(0, tasteShare * advantage));
       if (loss + taken < (best?.loss ?? Infinity)) best = { naming: { start, end, text: spelling.text, after }, loss: loss + taken };
     }
     return best;

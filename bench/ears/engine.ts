@@ -42,7 +42,7 @@ export class Engine {
     readonly loudspeaker: Loudspeaker;
     /** Since they were last forgotten. */
     told: Told[] = [];
-    state_ = "waiting";
+    phase = "waiting";
     #isEnding = false;
     #lastHeardAt = 0;
 
@@ -113,6 +113,12 @@ export class Engine {
         return this.loudspeaker.clips;
     }
 
+    /** Drops what was told and played so far. */
+    forget(): void {
+        this.told = [];
+        this.loudspeaker.clips = [];
+    }
+
     async state(): Promise<State> {
         return (await (await fetch(`${this.base}/state`)).json()) as State;
     }
@@ -137,7 +143,7 @@ export class Engine {
     /** Ends what it does, and lets what sounded in the room die away for it. */
     async quiet(): Promise<void> {
         await this.post("stop");
-        await until("the engine to be quiet", () => this.state_ === "waiting");
+        await until("the engine to be quiet", () => this.phase === "waiting");
     }
 
     /** Waits for an event of the stream among those that are told after the first `since` of them. */
@@ -170,7 +176,7 @@ export class Engine {
 
     #take(told: Told): void {
         if (told.event === "level" || told.event === "outLevel") return;
-        if (told.event === "phase") this.state_ = told.data;
+        if (told.event === "phase") this.phase = told.data;
         this.told.push(told);
     }
 }

@@ -47,8 +47,13 @@ export async function sayEach(
         // The room becomes known, and what starts with the first sound is started.
         await engine.microphone.reach(engine.microphone.place + seconds(2));
         for (const clip of clips) {
-            const outcome = await sayOne(engine, clip, set.sound(clip), ratio);
+            const outcome = await say(engine, clip, set.sound(clip), ratio);
             onOutcome?.(outcome);
+            if (engine.phase !== "waiting") {
+                await engine.quiet();
+                await engine.post("new");
+                await Bun.sleep(chimeMs);
+            }
             outcomes.push(outcome);
         }
     } finally {
@@ -57,8 +62,9 @@ export async function sayEach(
     return outcomes;
 }
 
-async function sayOne(engine: Engine, clip: Clip, sound: Signal, ratio?: number): Promise<Outcome> {
-    engine.told = [];
+/** Says a clip to an engine, and waits until it has dealt with it; what it then does goes on. */
+export async function say(engine: Engine, clip: Clip, sound: Signal, ratio?: number): Promise<Outcome> {
+    engine.forget();
     await engine.heard();
     const rows = (await engine.state()).conversation.rows.length;
     const { microphone } = engine;
@@ -69,16 +75,10 @@ async function sayOne(engine: Engine, clip: Clip, sound: Signal, ratio?: number)
     const from = await microphone.say(sound);
     await microphone.reach(from + sound.length + (tailMs * rate) / 1000);
     await Bun.sleep(leastWaitMs);
-    await until(`${clip.id} to be dealt with`, () => engine.state_ !== "hearing", 60_000);
-    const heard = await engine.heard();
+    await until(`${clip.id} to be dealt with`, () => engine.phase !== "hearing", 60_000);
     const since = microphone.sentAt(from);
     const openings = engine.told.filter(({ event, data, at }) => event === "phase" && data === "hearing" && at >= since).length;
-    let request: string | undefined;
-    if (engine.state_ !== "waiting") {
-        request = (await engine.state()).conversation.rows.slice(rows).find(({ role }) => role === "user")?.text;
-        await engine.quiet();
-        await engine.post("new");
-        await Bun.sleep(chimeMs);
-    }
-    return { clip, heard, openings, request };
+    const { conversation } = await engine.state();
+    const request = conversation.rows.slice(rows).find(({ role }) => role === "user")?.text;
+    return { clip, heard: await engine.heard(), openings, request };
 }

@@ -1,9 +1,10 @@
 // Measures how the bundled engine hears, through its port, as a front end would.
 //   bun measure.ts FOLDER [NAME…]    FOLDER: where the set is made and the report is kept; NAME: only these scenes
 
-import { readFileSync, rmSync, writeFileSync } from "node:fs";
+import { rmSync } from "node:fs";
 import { cpus, loadavg } from "node:os";
-import { join, resolve } from "node:path";
+import { join } from "node:path";
+import { sources, writePart } from "./page";
 import { line } from "./row";
 import type { Bench, Scene } from "./scene";
 import { footprint } from "./scenes/footprint";
@@ -16,7 +17,6 @@ import { sounds } from "./scenes/sounds";
 import { ClipSet } from "./set/clips";
 
 const scenes: Record<string, Scene> = { footprint, onset, text, answer, gaps, sentences, noise, sounds, name, otherSpeech, portuguese };
-const page = resolve(import.meta.dir, "../../docs/hearing.md");
 
 const [folder, ...names] = process.argv.slice(2);
 if (!folder) throw new Error("which folder?");
@@ -56,9 +56,8 @@ if (names.length === 0 && failed.length === 0 && bench.every === 1) {
 |---|---|---|---|
 ${rows.join("\n")}
 `;
-    const [before = "", , after = ""] = readFileSync(page, "utf8").split(/<!-- figures -->\n|<!-- end of the figures -->\n/);
-    writeFileSync(page, `${before}<!-- figures -->\n${table}<!-- end of the figures -->\n${after}`);
-    console.error(`==> ${page}`);
+    writePart("the figures", table);
+    writePart("the recordings", sources(bench.set));
 }
 if (failed.length > 0) {
     console.error(`failed: ${failed.join(", ")}`);

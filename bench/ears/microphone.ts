@@ -3,7 +3,7 @@
 import { mixed, rate, type Signal, silence, toPcm } from "./set/signal";
 
 const piece = rate / 50;
-const piecesKept = 50 * 60 * 20;
+const piecesKept = 50 * 180;
 
 export class Microphone {
     /** Of each piece the moment at which it was sent. */

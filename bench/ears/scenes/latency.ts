@@ -32,10 +32,9 @@ async function say(engine: Engine, bench: Bench, clip: Clip): Promise<(ms: numbe
 }
 
 async function rest(engine: Engine): Promise<void> {
-    await until("the engine to wait", () => engine.state_ === "waiting", 60_000);
+    await until("the engine to wait", () => engine.phase === "waiting", 60_000);
     await engine.microphone.reach(engine.microphone.place + seconds(1.5));
-    engine.told = [];
-    engine.loudspeaker.clips = [];
+    engine.forget();
 }
 
 export async function onset(bench: Bench): Promise<Row[]> {
@@ -61,7 +60,7 @@ export async function text(bench: Bench): Promise<Row[]> {
             const sentAt = await say(engine, bench, clip);
             const ended = sentAt(clip.toMs + endSilenceMs);
             // A pause in it may have ended an utterance before.
-            await until("the text", () => engine.state_ === "waiting" && engine.told.some(({ event, data }) => event === "phase" && data === "hearing"), 60_000);
+            await until("the text", () => engine.phase === "waiting" && engine.told.some(({ event, data }) => event === "phase" && data === "hearing"), 60_000);
             const last = engine.told.findLast(({ event }) => event === "phase")!;
             took.push(last.at - ended);
             await rest(engine);

@@ -37,7 +37,7 @@ async function during({ speed }: Bench, sound: Signal): Promise<number> {
         engine.microphone.noise = roomNoise();
         const from = await engine.microphone.say(joined([silence(seconds(3)), sound, silence(seconds(3))]));
         await engine.microphone.reach(from + sound.length + 6 * rate);
-        await until("the end of what is heard", () => engine.state_ === "waiting", 60_000);
+        await until("the end of what is heard", () => engine.phase === "waiting", 60_000);
         return (await engine.heard()).length;
     } finally {
         await engine.end();

@@ -50,16 +50,22 @@ async function make(folder: string): Promise<void> {
     mkdirSync(join(folder, "scratch"), { recursive: true });
     const clips: Clip[] = [];
     const counts: Record<string, number> = {};
+    const contents = new Set<string>();
 
     const keep = (about: About, signal: Signal): void => {
         const [from, to] = extent(signal);
         // A sound without a sample that can be heard is none.
         if (to <= from) return;
+        const wav = writeWav(toPcm(atLevel(signal, level)), rate);
+        const content = `${about.kind} ${createHash("sha256").update(wav).digest("hex")}`;
+        // Packages use a recording more than once.
+        if (contents.has(content)) return;
+        contents.add(content);
         const number = (counts[about.kind] = (counts[about.kind] ?? 0) + 1);
         const id = `${about.kind}-${String(number).padStart(3, "0")}`;
         const file = `${about.kind}/${id}.wav`;
         mkdirSync(join(set, about.kind), { recursive: true });
-        writeFileSync(join(set, file), writeWav(toPcm(atLevel(signal, level)), rate));
+        writeFileSync(join(set, file), wav);
         clips.push({ id, file, ...about, durationMs: milliseconds(signal.length), fromMs: milliseconds(from), toMs: milliseconds(to) });
     };
     const scratch = join(folder, "scratch");

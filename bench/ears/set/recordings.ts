@@ -37,11 +37,11 @@ const spelling: [RegExp, string][] = [
     [/Un-indentified or witheld/g, "Unidentified or withheld"],
 ];
 
-/** Recordings among the sounds in which a person speaks, sings, laughs or cheers. */
+/** Recordings among the sounds in which somebody speaks, laughs or wails. */
 const voices = [
-    "military/final-roll-call", "seasonal/christmas/santahat", "seasonal/hanukkah/dreydl-gimmel", "seasonal/hanukkah/dreydl-hay",
+    "seasonal/christmas/santahat", "seasonal/halloween/ghost", "seasonal/hanukkah/dreydl-gimmel", "seasonal/hanukkah/dreydl-hay",
     "seasonal/hanukkah/dreydl-nun", "seasonal/hanukkah/dreydl-shin", "space/apollo_lander", "symbols/faces/excited", "symbols/faces/happy",
-    "symbols/faces/mad", "symbols/faces/sad", "town/roadsigns/no_uturn", "town/roadsigns/xing_ped", "town/roadsigns/xing_school",
+    "symbols/faces/mad", "symbols/faces/sad", "town/roadsigns/xing_ped", "town/roadsigns/xing_school",
 ];
 
 export function recordings(folder: string): Recording[] {
@@ -73,12 +73,18 @@ function filesBelow(folder: string, name: string, below: string, pattern: RegExp
         .sort();
 }
 
-/** The text beside a stamp: English first, then each other language. */
-function stampText(folder: string, path: string, language?: string): string {
-    const file = join(folderOf(folder, "tuxpaint-stamps-default"), path.replace(/(_desc.*|_pt)?\.(ogg|wav)$/, ".txt"));
-    const lines = existsSync(file) ? readFileSync(file, "utf8").split("\n") : [];
-    const line = language === undefined ? lines[0] : lines.find((each) => each.startsWith(`${language}.utf8=`))?.replace(/^[^=]*=/, "");
-    return (line ?? "").trim();
+/** The text beside a stamp in a language. */
+function stampText(folder: string, path: string, language: string): string {
+    const file = join(folderOf(folder, "tuxpaint-stamps-default"), path.replace(/_desc.*$/, ".txt"));
+    const line = readFileSync(file, "utf8").split("\n").find((each) => each.startsWith(`${language}.utf8=`));
+    return (line ?? "").replace(/^[^=]*=/, "").trim();
+}
+
+const animals: Record<string, string> = { mountaingoat: "mountain goat", nandou: "nandu", tucan: "toucan", wildboar: "wild boar" };
+
+function animalOf(path: string): string {
+    const name = /([^/]*)_desc\.ogg$/.exec(path)![1]!;
+    return animals[name] ?? name;
 }
 
 function english(folder: string): Recording[] {
@@ -98,8 +104,8 @@ function english(folder: string): Recording[] {
         kind: "english", package: "asterisk-core-sounds-en-g722", path: `${prompts}/${name}.g722`, words, format: g722,
     }));
     const named = filesBelow(folder, "tuxpaint-stamps-default", stamps, /_desc\.ogg$/).map((path): Recording => ({
-        // The wallaby has no text.
-        kind: "english", package: "tuxpaint-stamps-default", path, words: stampText(folder, path) || "A wallaby.",
+        // They say the animal's name alone, and not the text beside it.
+        kind: "english", package: "tuxpaint-stamps-default", path, words: animalOf(path),
     }));
     return [...said, ...named, ...read(folder), speech()];
 }

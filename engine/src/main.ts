@@ -1,6 +1,6 @@
 // Entry point: `bun src/main.ts` in this folder. Runs until SIGTERM or SIGINT.
 
-import { homedir } from "node:os";
+import { availableParallelism, homedir, loadavg } from "node:os";
 import { join } from "node:path";
 import { systemClock } from "./base/clock.ts";
 import { isRecord } from "./base/json.ts";
@@ -11,10 +11,13 @@ import { phrases } from "./base/phrases.ts";
 import { defaultPort, type Settings } from "./base/protocol.ts";
 import { StartFailures } from "./base/startFailures.ts";
 import { Engine } from "./engine.ts";
+import { Listener } from "./hearing/listener.ts";
 import { Microphone } from "./hearing/microphone.ts";
 import { Children } from "./machine/children.ts";
 import { Choices } from "./machine/choices.ts";
 import { Guard } from "./machine/guard.ts";
+import { readPreferences } from "./machine/preferences.ts";
+import { shipped } from "./machine/shipped.ts";
 import { PortTaken, serve } from "./port/server.ts";
 import { FirstOf, type Recogniser } from "./recognition/recogniser.ts";
 import { SphinxRecogniser } from "./recognition/sphinx.ts";
@@ -24,6 +27,8 @@ import { knownPhrases } from "./thought/builtInAnswers.ts";
 import { Claude } from "./thought/claude.ts";
 import { EspeakSynthesiser } from "./voice/synthesiser.ts";
 
+/** Words are shown while they are spoken when more processors than these are idle. */
+const leastSpareCores = 2;
 const portCheckMs = 1_000;
 /** An engine that has lived for this long has started. */
 const settledAfterMs = 60_000;
@@ -42,6 +47,7 @@ async function main(): Promise<void> {
   if (await isTaken(port)) return;
 
   const choices = new Choices(children, locale);
+  const preferences = readPreferences(environment, log);
   const claude = new Claude(children, systemClock, phrases[locale.language]);
   const brain = new EngineBrain(systemClock, locale, claude, choices, log);
   const engine = new Engine({
@@ -52,6 +58,8 @@ async function main(): Promise<void> {
     choices,
     synthesiser: new EspeakSynthesiser(children, log),
     recogniser: (settings) => recogniserFor(settings, children, choices, locale, join(folder, "recogniser")),
+    ...speechDetectorFor(children),
+    isCaptioning: () => preferences.captions ?? spareCores() > leastSpareCores,
     brain,
     microphone: (onSamples) => new Microphone(children, systemClock, log, onSamples),
   });
@@ -84,6 +92,18 @@ async function main(): Promise<void> {
   if (!children.find("espeak-ng")) log("o espeak-ng não está instalado; respondo por escrito");
 }
 
+function speechDetectorFor(children: Children): { speechDetector?: Listener } {
+  const { runtime, speechDetector: model } = shipped;
+  if (runtime && model) return { speechDetector: new Listener(children, systemClock, log, { runtime, model }) };
+  log("o detector de fala não está instalado; tomo por fala o que soa alto");
+  return {};
+}
+
+/** The processors that had nothing to do in the last minute. */
+function spareCores(): number {
+  return availableParallelism() - (loadavg()[0] ?? 0);
+}
+
 /** The recogniser that is set; the other one is asked where it fails. */
 function recogniserFor(
   settings: () => Settings,
@@ -98,7 +118,6 @@ function recogniserFor(
     children,
     folder,
     () => ({ ...locale, wakeWords: names(), actionPhrases: settings().actionPhrases, requests }),
-    () => settings().endSilenceMs,
   );
   const whisperModel = (): string | undefined => {
     const files = choices.whisperFiles();

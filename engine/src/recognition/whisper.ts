@@ -7,7 +7,7 @@ import { sampleRate } from "../base/protocol.ts";
 import { cut } from "../base/text.ts";
 import type { Children } from "../machine/children.ts";
 import { writeWav } from "../sound/wav.ts";
-import type { Recogniser, Recognition } from "./recogniser.ts";
+import type { RecogniseOptions, Recogniser, Recognition } from "./recogniser.ts";
 
 const maxOutput = 64 * 1024;
 const longestText = 4_000;
@@ -24,9 +24,11 @@ export class WhisperRecogniser implements Recogniser {
     private readonly timeoutMs = 30_000,
   ) {}
 
-  async recognise(samples: Int16Array, signal: AbortSignal): Promise<Recognition> {
+  prepare(): void {}
+
+  async recognise(samples: Int16Array, signal: AbortSignal, { isPartial }: RecogniseOptions = {}): Promise<Recognition> {
     const model = this.model();
-    if (model === undefined) return { kind: "none" };
+    if (model === undefined || isPartial) return { kind: "none" };
     const file = join(this.folder, "utterance.wav");
     try {
       mkdirSync(this.folder, { recursive: true, mode: 0o700 });

@@ -11,6 +11,8 @@ function listen() {
       told.push("ended");
       utterances.push(utterance);
     },
+    paused: () => {},
+    resumed: () => {},
     dropped: () => told.push("dropped"),
   });
   const take = (samples: Int16Array): void => {

@@ -15,7 +15,7 @@ function sphinx(language: Language, children = installed, timeoutMs = patient, f
   const { voice } = chooseLocale({ PALOMET_LANGUAGES: language });
   const actionPhrases = [language === "pt" ? "pode fazer" : "go ahead"];
   const vocabulary = { language, voice, wakeWords: ["palomet"], actionPhrases, requests: knownPhrases(language) };
-  return new SphinxRecogniser(children, folder, () => vocabulary, () => 800, timeoutMs);
+  return new SphinxRecogniser(children, folder, () => vocabulary, timeoutMs);
 }
 
 /** A sentence as `espeak-ng` says it, in the samples of the audio link, with the silence around it. */
@@ -29,7 +29,7 @@ async function said(sentence: string, voice: string): Promise<Int16Array> {
   if (!clip) throw new Error("no speech");
   const samples = new Int16Array(clip.file.slice(44).buffer);
   const length = Math.floor((samples.length * 16_000) / 22_050);
-  const spoken = new Int16Array(4_800 + length + 12_800);
+  const spoken = new Int16Array(4_800 + length + 3_200);
   for (let index = 0; index < length; index++) {
     const at = (index * 22_050) / 16_000;
     const [before, after] = [samples[Math.floor(at)] ?? 0, samples[Math.ceil(at)] ?? 0];

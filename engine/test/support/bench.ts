@@ -40,6 +40,7 @@ export function bench(folder = temporaryFolder(), clock = new ManualClock(), pat
     choices: new Choices(children, locale),
     synthesiser,
     recogniser: (_settings: () => Settings) => recogniser,
+    isCaptioning: () => false,
     brain,
     microphone: (onSamples) => new Microphone(children, clock, () => {}, onSamples),
   });

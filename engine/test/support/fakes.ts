@@ -27,6 +27,8 @@ export class FakeRecogniser implements Recogniser {
   isSlow = false;
   #release: (() => void)[] = [];
 
+  prepare(): void {}
+
   async recognise(samples: Int16Array): Promise<Recognition> {
     this.heard.push(samples);
     const answer = this.answers.shift() ?? { kind: "none" };

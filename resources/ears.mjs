@@ -1,4 +1,4 @@
-// Lays out what the engine hears with, in ears/: the models, the vocabulary of the recogniser and the runtime for this processor,
+// Lays out what the engine hears with, in ears/: the models, the vocabulary of the recogniser and the libraries for this processor,
 // out of the packages that `npm ci` has installed, each model and library checked. `npm run ears` does it; the build and the
 // packages take the folder as it is.
 //
@@ -41,15 +41,18 @@ const models = {
 
 const vocabularySum = "608ca83fc874507e0ff72d0505dc39d9cc95b100e0ce979dbc1625aedd94b532";
 
-/** The libraries of the runtime for each processor that it is made for. */
+const runtime = (processor) => `onnxruntime-node/bin/napi-v6/linux/${processor}`;
+
+/** The libraries for each processor that there are any for, with their SHA-256. */
 const libraries = {
   x64: {
-    "libonnxruntime.so.1": "ffb75a925ba05e47b235bb66e3e3911714a80b328a9c9425539feb204aa32a23",
-    "onnxruntime_binding.node": "ccdc60b981d93a490cf9513d3f583547252b6e285b72988a96a494f2f006c7b8",
+    [`${runtime("x64")}/libonnxruntime.so.1`]: "ffb75a925ba05e47b235bb66e3e3911714a80b328a9c9425539feb204aa32a23",
+    [`${runtime("x64")}/onnxruntime_binding.node`]: "ccdc60b981d93a490cf9513d3f583547252b6e285b72988a96a494f2f006c7b8",
+    "@fugood/node-whisper-linux-x64/index.node": "e32b5b898033b5cfe1f23eed2394c7aae41e1ad15855abf3d3e2c454edd55455",
   },
   arm64: {
-    "libonnxruntime.so.1": "1f549d46250b005580b597f4164984aaf75b3bcb9f3aeb07c7f8a8fe60b23c76",
-    "onnxruntime_binding.node": "afec78dc11d38dc81605b068cefe1fc73ffe77ca240c15468aa40786150beac8",
+    [`${runtime("arm64")}/libonnxruntime.so.1`]: "1f549d46250b005580b597f4164984aaf75b3bcb9f3aeb07c7f8a8fe60b23c76",
+    [`${runtime("arm64")}/onnxruntime_binding.node`]: "afec78dc11d38dc81605b068cefe1fc73ffe77ca240c15468aa40786150beac8",
   },
 };
 
@@ -90,8 +93,7 @@ take("onnxruntime-node/package.json", "node_modules/onnxruntime-node/package.jso
 takeModules("onnxruntime-node/dist");
 take("onnxruntime-common/package.json", "node_modules/onnxruntime-common/package.json");
 takeModules("onnxruntime-common/dist/cjs");
-const binaries = `onnxruntime-node/bin/napi-v6/linux/${process.arch}`;
-for (const [name, sum] of Object.entries(libraries[process.arch] ?? {})) take(join(binaries, name), join("node_modules", binaries, name), sum);
+for (const [path, sum] of Object.entries(libraries[process.arch] ?? {})) take(path, join("node_modules", path), sum);
 
 rmSync(ears, { recursive: true, force: true });
 renameSync(unfinished, ears);

@@ -70,6 +70,7 @@ export class Engine implements Served {
       locale,
       workingFolder,
       recogniserModels: parts.choices.recogniserModels(),
+      voices: () => parts.choices.voices(),
       actionIds: actions.map(({ id }) => id),
     });
     this.#conversations = new Conversations(this.#store, clock);

@@ -19,6 +19,8 @@ export interface Shipped {
   vocabulary: string | undefined;
   /** The speech detector's model, Silero. */
   speechDetector: string | undefined;
+  /** The addon that runs the user's models of Whisper. Only a child may load it. */
+  whisper: string | undefined;
 }
 
 /** Beside the engine where it is installed, in `resources/` where it runs from its sources. */
@@ -42,6 +44,7 @@ export function findShipped(earsFolders: readonly string[] = folders): Shipped {
     tiny: moonshine("tiny"),
     vocabulary: file("models/vocabulary.json"),
     speechDetector: file("models/silero-vad.onnx"),
+    whisper: file(`node_modules/@fugood/node-whisper-${process.platform}-${process.arch}/index.node`),
   };
 }
 

@@ -7,6 +7,7 @@ import { sampleRate } from "../base/protocol.ts";
 import { cut } from "../base/text.ts";
 import type { Children } from "../machine/children.ts";
 import { writeWav } from "../sound/wav.ts";
+import { respelled } from "./respelling.ts";
 import type { RecogniseOptions, Recogniser, Recognition } from "./recogniser.ts";
 
 const maxOutput = 64 * 1024;
@@ -41,7 +42,7 @@ export class WhisperRecogniser implements Recogniser {
       });
       if (outcome.kind !== "ended") return { kind: "failed", problem: `whisper-cli: ${outcome.kind}` };
       if (outcome.code !== 0) return { kind: "failed", problem: `whisper-cli terminou com ${outcome.code}` };
-      const text = readText(new TextDecoder().decode(outcome.output));
+      const text = respelled(readText(new TextDecoder().decode(outcome.output)), this.names());
       return { kind: "text", text, isUnderstood: text !== "" };
     } catch (error) {
       return { kind: "failed", problem: String(error) };

@@ -6,6 +6,7 @@ import { Engine } from "../../src/engine.ts";
 import { Microphone } from "../../src/hearing/microphone.ts";
 import { Children } from "../../src/machine/children.ts";
 import { Choices } from "../../src/machine/choices.ts";
+import { findShipped } from "../../src/machine/shipped.ts";
 import { ManualClock, settle } from "./clock.ts";
 import { FakeBrain, FakeRecogniser, FakeSocket, FakeSynthesiser } from "./fakes.ts";
 import { temporaryFolder } from "./folders.ts";
@@ -37,7 +38,7 @@ export function bench(folder = temporaryFolder(), clock = new ManualClock(), pat
     log: (line) => log.push(line),
     locale,
     folder,
-    choices: new Choices(children, locale),
+    choices: new Choices(children, locale, findShipped([])),
     synthesiser,
     recogniser: (_settings: () => Settings) => recogniser,
     isCaptioning: () => false,

@@ -10,6 +10,12 @@ import { say, serve } from "../machine/companionSide.ts";
 const windowLength = 512;
 const lookBack = 64;
 const stateShape = [2, 1, 128];
+/**
+ * The model's memory holds on to what it heard: after a loud animal or machine it takes short words for no speech, however
+ * long that is ago. So it forgets after so many windows in a row, two seconds, that were hardly speech.
+ */
+const windowsToForget = 64;
+const hardlySpeech = 0.1;
 
 const [runtimePath = "", modelPath = ""] = process.argv.slice(2);
 
@@ -25,18 +31,26 @@ await serve(async () => {
   let state: Tensor;
   let filled = 0;
   let next = -1;
+  let unlikely = 0;
 
+  const forget = (): void => {
+    unlikely = 0;
+    state = new runtime.Tensor("float32", new Float32Array(2 * 128), stateShape);
+  };
   const begin = (): void => {
     input.fill(0);
     filled = 0;
-    state = new runtime.Tensor("float32", new Float32Array(2 * 128), stateShape);
+    forget();
   };
   const judge = async (): Promise<number> => {
     const found = await session.run({ input: new runtime.Tensor("float32", input, [1, input.length]), state, sr: rate });
     input.copyWithin(0, windowLength);
     filled = 0;
     state = found.stateN!;
-    return Number(found.output!.data[0]);
+    const probability = Number(found.output!.data[0]);
+    unlikely = probability < hardlySpeech ? unlikely + 1 : 0;
+    if (unlikely === windowsToForget) forget();
+    return probability;
   };
 
   return async ({ head, body }) => {

@@ -8,10 +8,10 @@ import type { Verdict } from "./speechDetector.ts";
 const mostOdds = 4;
 /** Evidence from which somebody is taken to speak. */
 const enoughToBegin = 3;
-/** Evidence without which it was no speech after all. */
-const enoughToBeSure = 12;
+/** Evidence without which it was no speech after all: a short word has more, almost all other sounds have less. */
+const enoughToBeSure = 22;
 /** Speech that ends is over after a few windows, however long it was. */
-const mostEvidence = 16;
+const mostEvidence = 24;
 
 export class SpeechEvidence {
   /** The number of the first sample of what speaks for speech. */

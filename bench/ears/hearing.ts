@@ -73,10 +73,11 @@ export async function say(engine: Engine, clip: Clip, sound: Signal, ratio?: num
         await microphone.reach(microphone.place + seconds(1.5));
     }
     const from = await microphone.say(sound);
+    await microphone.reach(from);
+    const since = microphone.sentAt(from);
     await microphone.reach(from + sound.length + (tailMs * rate) / 1000);
     await Bun.sleep(leastWaitMs);
     await until(`${clip.id} to be dealt with`, () => engine.phase !== "hearing", 60_000);
-    const since = microphone.sentAt(from);
     const openings = engine.told.filter(({ event, data, at }) => event === "phase" && data === "hearing" && at >= since).length;
     const { conversation } = await engine.state();
     const request = conversation.rows.slice(rows).find(({ role }) => role === "user")?.text;

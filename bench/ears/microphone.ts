@@ -3,7 +3,8 @@
 import { mixed, rate, type Signal, silence, toPcm } from "./set/signal";
 
 const piece = rate / 50;
-const piecesKept = 50 * 180;
+const piecesKept = 50 * 600;
+const longestStall = 100;
 
 export class Microphone {
     /** Of each piece the moment at which it was sent. */
@@ -22,11 +23,14 @@ export class Microphone {
     ) {}
 
     open(): void {
-        const from = performance.now();
-        const begin = this.#pieces;
+        let last = performance.now();
+        let owed = 0;
         const step = (): void => {
-            const due = begin + Math.floor(((performance.now() - from) / 20) * this.speed);
-            while (this.#pieces < due) this.#give();
+            const now = performance.now();
+            // A machine that stood still gets no flood: what the microphone would have heard meanwhile is not heard.
+            owed += (Math.min(now - last, longestStall) / 20) * this.speed;
+            last = now;
+            for (; owed >= 1; owed--) this.#give();
             this.#timer = setTimeout(step, 10);
         };
         step();
@@ -87,8 +91,8 @@ export class Microphone {
         this.send(toPcm(sound));
         this.#sentAt.push(performance.now());
         if (this.#sentAt.length > piecesKept) {
-            this.#sentAt.shift();
-            this.#firstKept++;
+            this.#sentAt.splice(0, piecesKept / 2);
+            this.#firstKept += piecesKept / 2;
         }
         this.#pieces++;
         this.#waiting = this.#waiting.filter(({ piece: wanted, resolve }) => {

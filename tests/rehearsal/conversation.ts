@@ -3,6 +3,7 @@
 import type { Heard, State } from "./backend";
 import { until } from "./process";
 import { check, type Stage, step } from "./stage";
+import type { Voice } from "./sound";
 import type { Strip } from "./strip";
 
 /** An interruption must be over so soon after its first sound, in milliseconds. */
@@ -20,10 +21,14 @@ export async function changeSettings({ watcher }: Stage): Promise<void> {
 }
 
 /** Says something to it, and gives what it took that for and did with it. */
-async function say({ watcher, sound }: Stage, text: string): Promise<Heard> {
+export async function say({ watcher, sound }: Stage, text: string, voice?: Voice): Promise<Heard> {
     const before = (await watcher.state())?.heard ?? [];
-    await sound.speak(text);
-    return await until(`"${text}" to be heard`, async () => (await watcher.state())?.heard?.filter((one) => !before.some(({ at }) => at === one.at)).at(-1));
+    await sound.speak(text, voice);
+    return await until(`"${text}" to be heard`, async () => {
+        const now = await watcher.state();
+        // While somebody speaks the newest entry is not yet all that is said.
+        return now?.state !== "hearing" && now?.heard?.filter((one) => !before.some(({ at }) => at === one.at)).at(-1);
+    });
 }
 
 /** What it has answered, once it has said all of it. */

@@ -10,7 +10,8 @@ TwoColumns {
     required property AppView app
     readonly property int pane: app.pane
     // The page that shows; null while another is being made.
-    readonly property ScreenPage page: [now, history, listening, voice, brain].find(when => when.count > 0)?.itemAt(0) as ScreenPage ?? null
+    readonly property ScreenPage page: panes.find(pane => pane.count > 0)?.itemAt(0) as ScreenPage ?? null
+    readonly property var panes: [now, history, listening, voice, brain]
 
     // Goes from a pane of the sidebar to the one above or below it, and shows that.
     function walk(from: int, step: int): void {

@@ -21,6 +21,7 @@ TextSending::TextSending(PalometModel &model, TextSetting &setting, QString key,
 
 void TextSending::send() {
     ++m_underWay;
+    m_wasAway = !m_model.snapshot();
     m_model.set(m_key, m_encode(m_setting.text()));
 }
 
@@ -28,14 +29,20 @@ void TextSending::changeSettled(const QString &key) {
     // Of several texts under way, the last one decides.
     if (key != m_key || m_underWay == 0 || --m_underWay > 0 || !m_setting.isBusy())
         return;
-    if (m_model.snapshot())
-        m_setting.settle();
+    // The state of a backend that was away in between says nothing of a text that came while it was.
+    m_isLost = m_wasAway || !m_model.snapshot();
+    if (m_isLost)
+        snapshotCame();
     else
-        m_isLost = true;
+        m_setting.settle();
 }
 
 void TextSending::snapshotCame() {
-    if (!m_model.snapshot() || !std::exchange(m_isLost, false) || !m_setting.isBusy())
+    if (!m_model.snapshot()) {
+        m_wasAway = true;
+        return;
+    }
+    if (!std::exchange(m_isLost, false) || !m_setting.isBusy())
         return;
     // A backend that has gone away twice over a text does not get it a third time.
     if (std::exchange(m_wasSentAgain, true))

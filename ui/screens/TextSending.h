@@ -33,6 +33,7 @@ private:
     const Encode m_encode;
     int m_underWay = 0;
     bool m_isLost = false;
+    bool m_wasAway = false; ///< The backend, since the newest text was sent.
     bool m_wasSentAgain = false;
 };
 

@@ -67,20 +67,38 @@ export class Hearer {
     return texts.filter((text) => text !== "").join(" ");
   }
 
-  /** What follows a name is heard anew when the name was misheard: the decoder was on a wrong track. */
   async #named(features: Tensor, heard: Transcript, naming: Naming, most: number, signal: AbortSignal): Promise<string | undefined> {
-    const { start, end, text, after } = naming;
+    const { start, end, text } = naming;
     const before = this.#textOf(heard.tokens.slice(0, start));
     const misheard = this.#textOf(heard.tokens.slice(start, end));
     const isAsHeard = misheard.toLowerCase() === text.toLowerCase();
     const left = heard.tokens.slice(end);
     const isLast = left.every((token) => token === endToken || this.vocabulary.isMark(token));
-    const isWhole = (token: number): boolean => token === endToken || this.vocabulary.beginsWord(token) || this.vocabulary.isMark(token);
-    const rest = isAsHeard || isLast ? { tokens: left } : await goOn(this.model, features, after, isWhole, most, signal);
+    const rest = isAsHeard || isLast ? left : await this.#rest(features, left, naming, most, signal);
     if (rest === undefined) return undefined;
     // Some tokens are a word with its mark.
     const mark = isLast ? (/[.,?!]+$/.exec(misheard)?.[0] ?? "") : "";
-    return `${before === "" ? sentenceOf(text) : `${before} ${text}`}${mark}${this.vocabulary.textOf(rest.tokens)}`.trim();
+    return `${before === "" ? sentenceOf(text) : `${before} ${text}`}${mark}${this.vocabulary.textOf(rest)}`.trim();
+  }
+
+  /**
+   * What follows a name that was misheard: the decoder may have been on a wrong track, or may get on one when it takes the
+   * likeliest token after the name. So that is heard anew, with either of the two likeliest tokens, and the likeliest of all is
+   * taken.
+   */
+  async #rest(features: Tensor, left: number[], { after }: Naming, most: number, signal: AbortSignal): Promise<number[] | undefined> {
+    const next = after.expected.at(-1)!;
+    const isWhole = (token: number): boolean => token === endToken || this.vocabulary.beginsWord(token) || this.vocabulary.isMark(token);
+    const follows = left.length > 1 ? (await this.model.follow(features, left.slice(0, -1), after.past)).expected : [];
+    let best = { tokens: left, likelihood: left.at(-1) === endToken ? likelihood(left, [next, ...follows]) : -Infinity };
+    const first = next.bestOf(isWhole);
+    for (const token of [first, next.bestOf((other) => other !== first && isWhole(other))]) {
+      const anew = await goOn(this.model, features, after, (other) => other === token, most, signal);
+      if (anew === undefined) return undefined;
+      const likely = likelihood(anew.tokens, anew.expected);
+      if (likely > best.likelihood) best = { tokens: anew.tokens, likelihood: likely };
+    }
+    return best.tokens;
   }
 
   #textOf(tokens: readonly number[]): string {

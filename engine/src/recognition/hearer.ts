@@ -22,6 +22,8 @@ export interface Wanted {
   names: string[];
   /** Words that may stand before a name. */
   calls: string[];
+  /** Fewer words may be right. */
+  isQuick?: boolean;
 }
 
 export class Hearer {
@@ -52,12 +54,12 @@ export class Hearer {
   }
 
   /** Gives the text, which is empty when nothing was said, or undefined when the signal is raised. */
-  async recognise(samples: Int16Array, { names, calls }: Wanted, signal: AbortSignal): Promise<string | undefined> {
+  async recognise(samples: Int16Array, { names, calls, isQuick }: Wanted, signal: AbortSignal): Promise<string | undefined> {
     const texts: string[] = [];
     for (const piece of piecesOf(samples).map(withoutLead)) {
       const features = await this.model.hear(floats(piece));
       const most = mostTokens(piece.length / sampleRate);
-      const heard = await transcribe(this.model, features, most, signal);
+      const heard = await transcribe(this.model, features, most, signal, isQuick);
       if (heard === undefined) return undefined;
       const naming = await this.#names.find(features, heard, names, calls, signal);
       const text = naming ? await this.#named(features, heard, naming, most, signal) : this.#textOf(heard.tokens);
@@ -81,24 +83,14 @@ export class Hearer {
     return `${before === "" ? sentenceOf(text) : `${before} ${text}`}${mark}${this.vocabulary.textOf(rest)}`.trim();
   }
 
-  /**
-   * What follows a name that was misheard: the decoder may have been on a wrong track, or may get on one when it takes the
-   * likeliest token after the name. So that is heard anew, with either of the two likeliest tokens, and the likeliest of all is
-   * taken.
-   */
+  /** What follows a name that was misheard is heard anew, for the decoder may have been on a wrong track. The likelier one is taken. */
   async #rest(features: Tensor, left: number[], { after }: Naming, most: number, signal: AbortSignal): Promise<number[] | undefined> {
-    const next = after.expected.at(-1)!;
     const isWhole = (token: number): boolean => token === endToken || this.vocabulary.beginsWord(token) || this.vocabulary.isMark(token);
+    const anew = await goOn(this.model, features, after, isWhole, most, signal);
+    if (anew === undefined || left.at(-1) !== endToken) return anew?.tokens;
     const follows = left.length > 1 ? (await this.model.follow(features, left.slice(0, -1), after.past)).expected : [];
-    let best = { tokens: left, likelihood: left.at(-1) === endToken ? likelihood(left, [next, ...follows]) : -Infinity };
-    const first = next.bestOf(isWhole);
-    for (const token of [first, next.bestOf((other) => other !== first && isWhole(other))]) {
-      const anew = await goOn(this.model, features, after, (other) => other === token, most, signal);
-      if (anew === undefined) return undefined;
-      const likely = likelihood(anew.tokens, anew.expected);
-      if (likely > best.likelihood) best = { tokens: anew.tokens, likelihood: likely };
-    }
-    return best.tokens;
+    const isLikelier = likelihood(left, [...after.expected.slice(-1), ...follows]) >= likelihood(anew.tokens, anew.expected);
+    return isLikelier ? left : anew.tokens;
   }
 
   #textOf(tokens: readonly number[]): string {

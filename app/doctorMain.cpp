@@ -21,6 +21,7 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QProcess>
+#include <QProcessEnvironment>
 
 #include <algorithm>
 #include <cstdio>
@@ -129,6 +130,19 @@ int runDoctor(int argumentCount, char **arguments) {
             version = u"bun "_s + QString::fromUtf8(runtime.readAllStandardOutput()).trimmed();
     });
 
+    QProcess engine;
+    auto environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(u"PALOMET_LANGUAGES"_s, found.wantedLanguages.join(u','));
+    engine.setProcessEnvironment(environment);
+    std::optional<Examination::Hearing> hearing;
+    if (found.hasEngine)
+        engine.start(*found.resources + u"/bun"_s, {*found.resources + u"/engine/src/command.ts"_s, u"hearing"_s});
+    QObject::connect(&engine, &QProcess::finished, &engine, [&](int code, QProcess::ExitStatus status) {
+        const auto text = QString::fromUtf8(engine.readAllStandardOutput()).trimmed();
+        // Another engine than the bundled one has nothing to tell.
+        hearing = {.isDeaf = status == QProcess::NormalExit && code == 1, .text = text};
+    });
+
     lookAtInstance(found, session.bus());
     lookAtKeys(found, session);
     found.port = procPortHolder(backendPort);
@@ -146,14 +160,17 @@ int runDoctor(int argumentCount, char **arguments) {
         .tray = tray,
         .known = found,
         .runtimeVersion = [&] { return version; },
+        .hearing = [&] { return hearing; },
         .print = &print,
         .showLevel = &showLevel,
         .done = [](int exitCode) { QCoreApplication::exit(exitCode); },
     });
     doctor.start();
     const int exitCode = QCoreApplication::exec();
-    runtime.kill();
-    runtime.waitForFinished();
+    for (auto *process : {&runtime, &engine}) {
+        process->kill();
+        process->waitForFinished();
+    }
     return exitCode;
 }
 

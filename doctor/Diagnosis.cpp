@@ -58,6 +58,10 @@ Finding engine(const Examination &found) {
     return works(subject, u"there, with its runtime %1"_s.arg(found.runtimeVersion));
 }
 
+Finding hearing(const Examination::Hearing &told) {
+    return told.isDeaf ? fails(u"hearing"_s, told.text) : works(u"hearing"_s, told.text);
+}
+
 Finding port(const Examination &found) {
     const auto subject = u"port %1"_s.arg(backendPort);
     if (!found.port) {
@@ -174,6 +178,8 @@ std::vector<Finding> diagnose(const Examination &found) {
                                                    "dbus-user-session and log in again"_s));
     findings.push_back(resources(found));
     findings.push_back(engine(found));
+    if (found.hearing && !found.hearing->text.isEmpty())
+        findings.push_back(hearing(*found.hearing));
     findings.push_back(languages(found));
     findings.push_back(found.isLogWritable
                            ? works(u"log"_s, found.log)

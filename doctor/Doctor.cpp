@@ -47,7 +47,9 @@ void Doctor::lookAgain() {
         openMicrophone();
     const bool isMicrophoneKnown =
         m_capture == Capture::Open || m_capture == Capture::Failed || permission != MicrophoneStatus::Authorized;
-    if (isMicrophoneKnown && m_probe.hasPlayed() && !m_parts.runtimeVersion().isEmpty())
+    const bool hasEngineTold =
+        !m_parts.runtimeVersion().isEmpty() && (!m_parts.known.hasEngine || m_parts.hearing().has_value());
+    if (isMicrophoneKnown && m_probe.hasPlayed() && hasEngineTold)
         report();
 }
 
@@ -56,6 +58,7 @@ void Doctor::report() {
     m_limit.reset();
     auto found = m_parts.known;
     found.runtimeVersion = m_parts.runtimeVersion();
+    found.hearing = m_parts.hearing();
     found.permission = m_parts.permission.status();
     found.tray = m_parts.tray.status();
     found.inputs = m_parts.sound.inputDevices();

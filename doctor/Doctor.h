@@ -25,6 +25,8 @@ public:
         Examination known;
         /// The runtime's version, once it has told it.
         std::function<QString()> runtimeVersion;
+        /// What the engine understands, once it has told it.
+        std::function<std::optional<Examination::Hearing>()> hearing;
         std::function<void(const QString &line)> print;
         /// Shows how loud it is at this moment, in decibels; none: the meter is not needed any more.
         std::function<void(std::optional<int> level)> showLevel;

@@ -36,6 +36,12 @@ struct Examination {
     };
     enum class StripRoute { X11, XWayland, None };
 
+    /// What the engine says that it understands here, and what would make it understand more.
+    struct Hearing {
+        bool isDeaf = false; ///< It understands nothing.
+        QString text;        ///< Empty: it tells nothing.
+    };
+
     bool hasSessionBus = true;
     Instance instance = Instance::Absent;
     RemoteStatus status; ///< Of the running instance.
@@ -44,6 +50,7 @@ struct Examination {
     bool hasTexts = false;
     bool hasEngine = false;
     QString runtimeVersion; ///< Empty: it does not run.
+    std::optional<Hearing> hearing;
     QString log;
     bool isLogWritable = false;
     QStringList wantedLanguages;

@@ -3,7 +3,7 @@
 cmake_minimum_required(VERSION 3.25)
 
 if(NOT EXISTS ${PACKAGES})
-  message(FATAL_ERROR "The runtime, the faces and the icons are not installed: run `npm ci` in resources/.")
+  message(FATAL_ERROR "The runtime, the faces and the icons are not installed: run `npm ci && npm run ears` in resources/.")
 endif()
 
 file(STRINGS ${LIST} lines)
@@ -12,7 +12,7 @@ while(lines)
   list(POP_FRONT lines path target)
   # The engine comes with the source; a missing file of a package means that the packages are not the lock file's.
   if(NOT path STREQUAL "engine" AND NOT EXISTS ${target})
-    message(FATAL_ERROR "${target} is missing: run `npm ci` in resources/.")
+    message(FATAL_ERROR "${target} is missing: run `npm ci && npm run ears` in resources/.")
   endif()
   cmake_path(GET path PARENT_PATH parent)
   file(MAKE_DIRECTORY ${FOLDER}/${parent})

@@ -125,6 +125,7 @@ tryPackages() {
     installInside "$root" "${packages[@]}"
     version=$(asUser "$root" palomet --version)
     step "It says: $version"
+    step "Its engine $(asUser "$root" palomet-engine hearing)"
     asUser "$root" env QT_QPA_PLATFORM=offscreen palomet --preview now --capture /tmp/now.png
     [ -s "$root/tmp/now.png" ] || fail "the picture of the window is missing"
     cp "$root/tmp/now.png" "$output/now.png"

@@ -8,6 +8,7 @@ import type { Log } from "./base/log.ts";
 import { phrases } from "./base/phrases.ts";
 import type { ConversationSummary, LoopState, Options, Settings, Snapshot } from "./base/protocol.ts";
 import type { Microphone } from "./hearing/microphone.ts";
+import type { SpeechDetector } from "./hearing/speechDetector.ts";
 import { Loop } from "./loop/loop.ts";
 import { actions, type Choices } from "./machine/choices.ts";
 import { presentFolders } from "./machine/folders.ts";
@@ -35,6 +36,8 @@ export interface EngineParts {
   choices: Choices;
   synthesiser: Synthesiser;
   recogniser: (settings: () => Settings) => Recogniser;
+  speechDetector?: SpeechDetector;
+  isCaptioning: () => boolean;
   brain: Brain;
   microphone: (onSamples: (samples: Int16Array) => void) => Microphone;
 }
@@ -67,6 +70,7 @@ export class Engine implements Served {
       locale,
       workingFolder,
       recogniserModels: parts.choices.recogniserModels(),
+      voices: () => parts.choices.voices(),
       actionIds: actions.map(({ id }) => id),
     });
     this.#conversations = new Conversations(this.#store, clock);
@@ -98,6 +102,8 @@ export class Engine implements Served {
       brain: parts.brain,
       speaker: this.#speaker,
       recogniser: parts.recogniser(settings),
+      ...(parts.speechDetector ? { speechDetector: parts.speechDetector } : {}),
+      isCaptioning: parts.isCaptioning,
       conversations: this.#conversations,
       phrases: phrases[locale.language],
       chime: () => this.link.chime(),

@@ -1,29 +1,31 @@
 // Entry point: `bun src/main.ts` in this folder. Runs until SIGTERM or SIGINT.
 
-import { homedir } from "node:os";
+import { availableParallelism, homedir, loadavg } from "node:os";
 import { join } from "node:path";
 import { systemClock } from "./base/clock.ts";
 import { isRecord } from "./base/json.ts";
-import { chooseLocale, type Locale } from "./base/language.ts";
+import { chooseLocale } from "./base/language.ts";
 import { bounded, standardErrorLog } from "./base/log.ts";
-import { grammarModel } from "./base/models.ts";
 import { phrases } from "./base/phrases.ts";
-import { defaultPort, type Settings } from "./base/protocol.ts";
+import { defaultPort } from "./base/protocol.ts";
 import { StartFailures } from "./base/startFailures.ts";
 import { Engine } from "./engine.ts";
+import { Listener } from "./hearing/listener.ts";
 import { Microphone } from "./hearing/microphone.ts";
 import { Children } from "./machine/children.ts";
 import { Choices } from "./machine/choices.ts";
 import { Guard } from "./machine/guard.ts";
+import { readPreferences } from "./machine/preferences.ts";
+import { shipped } from "./machine/shipped.ts";
 import { PortTaken, serve } from "./port/server.ts";
-import { FirstOf, type Recogniser } from "./recognition/recogniser.ts";
-import { SphinxRecogniser } from "./recognition/sphinx.ts";
-import { WhisperRecogniser } from "./recognition/whisper.ts";
+import { installedRecognisers } from "./recognition/installed.ts";
 import { EngineBrain } from "./thought/brain.ts";
 import { knownPhrases } from "./thought/builtInAnswers.ts";
 import { Claude } from "./thought/claude.ts";
-import { EspeakSynthesiser } from "./voice/synthesiser.ts";
+import { ProgramSynthesiser } from "./voice/synthesiser.ts";
 
+/** Words are shown while they are spoken when more processors than these are idle. */
+const leastSpareCores = 2;
 const portCheckMs = 1_000;
 /** An engine that has lived for this long has started. */
 const settledAfterMs = 60_000;
@@ -42,16 +44,21 @@ async function main(): Promise<void> {
   if (await isTaken(port)) return;
 
   const choices = new Choices(children, locale);
+  const preferences = readPreferences(environment, log);
   const claude = new Claude(children, systemClock, phrases[locale.language]);
   const brain = new EngineBrain(systemClock, locale, claude, choices, log);
+  const requests = knownPhrases(locale.language);
   const engine = new Engine({
     clock: systemClock,
     log,
     locale,
     folder,
     choices,
-    synthesiser: new EspeakSynthesiser(children, log),
-    recogniser: (settings) => recogniserFor(settings, children, choices, locale, join(folder, "recogniser")),
+    synthesiser: new ProgramSynthesiser(children, () => choices.voices(), join(folder, "voice"), log),
+    recogniser: (settings) =>
+      installedRecognisers({ children, clock: systemClock, log, choices, locale, settings, requests, folder: join(folder, "recogniser") }),
+    ...speechDetectorFor(children),
+    isCaptioning: () => preferences.captions ?? spareCores() > leastSpareCores,
     brain,
     microphone: (onSamples) => new Microphone(children, systemClock, log, onSamples),
   });
@@ -81,32 +88,19 @@ async function main(): Promise<void> {
   log(`servindo em http://127.0.0.1:${port}`);
   log("  documentos: GET state, history, options; eventos: GET events; áudio: WebSocket /audio");
   log("  comandos: POST listen, stop, mute, new, sample, say, act, draft/clear, settings");
-  if (!children.find("espeak-ng")) log("o espeak-ng não está instalado; respondo por escrito");
+  if (choices.voices().length === 0) log("não há voz instalada (espeak-ng, flite ou RHVoice); respondo por escrito");
 }
 
-/** The recogniser that is set; the other one is asked where it fails. */
-function recogniserFor(
-  settings: () => Settings,
-  children: Children,
-  choices: Choices,
-  locale: Locale,
-  folder: string,
-): Recogniser {
-  const names = (): string[] => settings().wakeWords;
-  const requests = knownPhrases(locale.language);
-  const sphinx = new SphinxRecogniser(
-    children,
-    folder,
-    () => ({ ...locale, wakeWords: names(), actionPhrases: settings().actionPhrases, requests }),
-    () => settings().endSilenceMs,
-  );
-  const whisperModel = (): string | undefined => {
-    const files = choices.whisperFiles();
-    return (files.find(({ name }) => name === settings().whisperModel) ?? files[0])?.path;
-  };
-  const whisper = new WhisperRecogniser(children, folder, locale.language, whisperModel, names);
-  void sphinx.prepare();
-  return new FirstOf(() => (settings().whisperModel === grammarModel ? [sphinx, whisper] : [whisper, sphinx]));
+function speechDetectorFor(children: Children): { speechDetector?: Listener } {
+  const { runtime, speechDetector: model } = shipped;
+  if (runtime && model) return { speechDetector: new Listener(children, systemClock, log, { runtime, model }) };
+  log("o detector de fala não está instalado; tomo por fala o que soa alto");
+  return {};
+}
+
+/** The processors that had nothing to do in the last minute. */
+function spareCores(): number {
+  return availableParallelism() - (loadavg()[0] ?? 0);
 }
 
 /** Tells whether somebody holds the port; if so, logs who does and sets the exit code. */

@@ -80,7 +80,7 @@ describe("the engine", () => {
     expect(ids.filter(isAlive)).toEqual([]);
   });
 
-  test("without espeak-ng says that it answers in writing", async () => {
+  test("without a voice says that it answers in writing", async () => {
     const port = await freePort();
     const engine = start(port, { PATH: "/none" });
     await serving(port);

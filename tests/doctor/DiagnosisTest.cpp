@@ -19,6 +19,7 @@ Examination allIsWell() {
     found.hasTexts = true;
     found.hasEngine = true;
     found.runtimeVersion = u"bun 1.4.5"_s;
+    found.hearing = Examination::Hearing{false, u"understands any sentence, by moonshine-base"_s};
     found.log = u"/home/me/palomet.log"_s;
     found.isLogWritable = true;
     found.wantedLanguages = {u"pt-BR"_s, u"en"_s};
@@ -71,7 +72,7 @@ TEST(Diagnosis, FindsEverythingWorkingWhereItDoes) {
         EXPECT_FALSE(finding.line().contains(u'\n'));
         subjects.append(finding.subject);
     }
-    EXPECT_EQ(subjects, (QStringList{u"Palomet"_s, u"resources"_s, u"engine"_s, u"languages"_s, u"log"_s,
+    EXPECT_EQ(subjects, (QStringList{u"Palomet"_s, u"resources"_s, u"engine"_s, u"hearing"_s, u"languages"_s, u"log"_s,
                                      u"port 4780"_s, u"tray"_s, u"hot keys"_s, u"strip"_s, u"sound server"_s,
                                      u"microphone"_s, u"echo canceller"_s}));
 }
@@ -123,6 +124,16 @@ TEST(Diagnosis, TellsWhoHoldsThePort) {
     found.portOwner = SocketOwner::Ours;
     found.port = PortHolder{7, {u"%1%2"_s, u"bash"_s}};
     expectFailure(found, u"port 4780"_s, u"%1%2 (process 7)"_s);
+}
+
+TEST(Diagnosis, PassesOnWhatTheEngineSaysOfItsHearing) {
+    auto found = allIsWell();
+    EXPECT_EQ(text(found, u"hearing"_s), u"understands any sentence, by moonshine-base"_s);
+    found.hearing = Examination::Hearing{true, u"nothing; install pocketsphinx"_s};
+    expectFailure(found, u"hearing"_s, u"install pocketsphinx"_s);
+    found.hearing = Examination::Hearing{false, {}};
+    for (const auto &finding : diagnose(found))
+        EXPECT_NE(finding.subject, u"hearing"_s);
 }
 
 TEST(Diagnosis, TellsWhatIsMissingOfTheInstallation) {

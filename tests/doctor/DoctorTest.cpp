@@ -38,6 +38,7 @@ protected:
             .tray = tray,
             .known = known,
             .runtimeVersion = [this] { return version; },
+            .hearing = [this] { return hearing; },
             .print = [this](const QString &line) { lines.append(line); },
             .showLevel = [this](std::optional<int> level) { levels.push_back(level); },
             .done = [this](int code) { exitCode = code; },
@@ -69,6 +70,7 @@ protected:
     FakeTrayHost tray;
     Examination known;
     QString version = u"bun 1"_s;
+    std::optional<Examination::Hearing> hearing = Examination::Hearing{false, u"any sentence"_s};
     QStringList lines;
     std::vector<std::optional<int>> levels;
     std::optional<int> exitCode;
@@ -112,6 +114,24 @@ TEST_F(DoctorTest, IsDoneInFourSecondsWhenNobodyAnswers) {
     EXPECT_EQ(exitCode, 1);
     for (const auto &subject : {u"sound server"_s, u"microphone"_s, u"level"_s, u"engine"_s, u"tray"_s})
         EXPECT_TRUE(line(subject).startsWith(u"!!"_s)) << qPrintable(line(subject));
+}
+
+TEST_F(DoctorTest, WaitsForWhatTheEngineTellsWhereThereIsOne) {
+    hearing.reset();
+    start();
+    pass(1s);
+    EXPECT_TRUE(lines.empty());
+    hearing = Examination::Hearing{false, u"any sentence"_s};
+    pass(100ms);
+    EXPECT_EQ(line(u"hearing"_s), u"ok  hearing: any sentence"_s);
+}
+
+TEST_F(DoctorTest, WaitsForNoEngineThatIsMissing) {
+    known.hasEngine = false;
+    hearing.reset();
+    start();
+    pass(200ms);
+    EXPECT_FALSE(lines.empty());
 }
 
 TEST_F(DoctorTest, WaitsLessWhereItHasWaitedForAPalometThatHangs) {

@@ -45,7 +45,8 @@ draft.title draft.note
 row.you row.tool row.running
 history.title history.note history.empty history.answers.one history.answers.other
 listening.micBlock listening.echo listening.echo.on listening.echo.off listening.microphone
-listening.microphone.hint listening.transcription listening.transcription.hint listening.callBlock
+listening.microphone.hint listening.transcription listening.transcription.hint
+listening.transcription.phrases listening.callBlock
 listening.directed listening.directed.hint listening.draft listening.draft.hint listening.actionPhrase
 listening.actionPhrase.hint listening.draftAge listening.draftAge.hint listening.name listening.name.hint
 listening.name.placeholder listening.listenShortcut.hint listening.stopShortcut.hint listening.timesBlock

@@ -3,6 +3,7 @@
 import type { Heard, State } from "./backend";
 import { until } from "./process";
 import { check, type Stage, step } from "./stage";
+import { otherVoice, usualVoice, type Voice } from "./sound";
 import type { Strip } from "./strip";
 
 /** An interruption must be over so soon after its first sound, in milliseconds. */
@@ -20,10 +21,14 @@ export async function changeSettings({ watcher }: Stage): Promise<void> {
 }
 
 /** Says something to it, and gives what it took that for and did with it. */
-async function say({ watcher, sound }: Stage, text: string): Promise<Heard> {
+export async function say({ watcher, sound }: Stage, text: string, voice?: Voice): Promise<Heard> {
     const before = (await watcher.state())?.heard ?? [];
-    await sound.speak(text);
-    return await until(`"${text}" to be heard`, async () => (await watcher.state())?.heard?.filter((one) => !before.some(({ at }) => at === one.at)).at(-1));
+    await sound.speak(text, voice);
+    return await until(`"${text}" to be heard`, async () => {
+        const now = await watcher.state();
+        // While somebody speaks the newest entry is not yet all that is said.
+        return now?.state !== "hearing" && now?.heard?.filter((one) => !before.some(({ at }) => at === one.at)).at(-1);
+    });
 }
 
 /** What it has answered, once it has said all of it. */
@@ -93,8 +98,9 @@ export async function talkOver(stage: Stage): Promise<void> {
 export async function draft(stage: Stage, strip: Strip): Promise<void> {
     const { watcher } = stage;
     await watcher.post("settings", { isDraftOn: true });
-    for (const text of ["Palomet, what time is it?", "What day is it today?"]) {
-        const heard = await say(stage, text);
+    // The usual voice says "day" much as "they", which nothing but the words around it could tell.
+    for (const [text, voice] of [["Palomet, what time is it?", usualVoice], ["What day is it today?", otherVoice]] as const) {
+        const heard = await say(stage, text, voice);
         check(heard.action === "drafted", `"${text}" was ${JSON.stringify(heard)}`);
     }
     const entries = ((await watcher.state()) as State).draft?.map(({ text }) => text) ?? [];

@@ -3,6 +3,7 @@
 
 import { readFileSync } from "node:fs";
 import { ask, changeSettings, draft, talkOver } from "./conversation";
+import { freeWords, rename, sleepThroughSounds } from "./ears";
 import { listenKey } from "./keys";
 import { run, until } from "./process";
 import type { Path } from "./sound";
@@ -28,6 +29,9 @@ await perform("rehearsal", async (stage) => {
     await hear(stage, strip);
     await ask(stage);
     await talkOver(stage);
+    await freeWords(stage);
+    await sleepThroughSounds(stage);
+    await rename(stage);
     await draft(stage, strip);
     await command(stage);
     await listenKey(stage, strip);

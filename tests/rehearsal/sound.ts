@@ -91,6 +91,15 @@ export interface Path {
     volumePercent: number;
 }
 
+/** Who speaks in the room. */
+export const usualVoice = "espeak-ng en-us";
+export const otherVoice = "flite slt";
+export type Voice = typeof usualVoice | typeof otherVoice;
+
+function speech(voice: Voice, path: string, text: string): string[] {
+    return voice === usualVoice ? ["espeak-ng", "-v", "en-us", "-s", "150", "-w", path, text] : ["flite", "-voice", "slt", "-t", text, "-o", path];
+}
+
 export class SoundDesk {
     readonly speakers = new Recording();
     /** Whoever is in the room. */
@@ -153,15 +162,21 @@ export class SoundDesk {
     }
 
     /** Somebody in the room says something; resolves when they have finished. */
-    async speak(text: string): Promise<void> {
-        await run(["paplay", "--device=mouth", await this.prepare(text)], this.environment);
+    async speak(text: string, voice = usualVoice as Voice): Promise<void> {
+        await this.play(await this.prepare(text, voice));
+    }
+
+    /** Something sounds in the room, to its end. */
+    async play(path: string): Promise<void> {
+        await run(["paplay", "--device=mouth", path], this.environment);
     }
 
     /** What is prepared can be said at once. */
-    async prepare(text: string): Promise<string> {
-        const path = this.#spoken.get(text) ?? join(this.folder, `said-${this.#spoken.size + 1}.wav`);
-        this.#spoken.set(text, path);
-        if (!existsSync(path)) await run(["espeak-ng", "-v", "en-us", "-s", "150", "-w", path, text], this.environment);
+    async prepare(text: string, voice = usualVoice as Voice): Promise<string> {
+        const key = `${voice}: ${text}`;
+        const path = this.#spoken.get(key) ?? join(this.folder, `said-${this.#spoken.size + 1}.wav`);
+        this.#spoken.set(key, path);
+        if (!existsSync(path)) await run(speech(voice, path, text), this.environment);
         return path;
     }
 

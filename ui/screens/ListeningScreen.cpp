@@ -9,6 +9,7 @@ ListeningScreen::ListeningScreen(PalometModel &model, Shortcuts &shortcuts, cons
     , m_listenShortcut(KeyRecorder::Role::Listen, shortcuts, layout)
     , m_stopShortcut(KeyRecorder::Role::Stop, shortcuts, layout) {
     follow(&PalometModel::hotKeyProblemChanged, [this] { updateProblem(); });
+    follow(&PalometModel::optionsChanged, [this] { updateTranscription(); });
     follow(&PalometModel::inLevelChanged, [this] { Q_EMIT levelChanged(); });
     connect(&m_echo, &Setting::changed, this,
             [this] { m_echo.setHintKey(m_echo.isOn() ? "listening.echo.on" : "listening.echo.off"); });
@@ -24,12 +25,19 @@ QString ListeningScreen::minutes(double ms) {
 
 void ListeningScreen::updateAll() {
     updateProblem();
+    updateTranscription();
     Q_EMIT levelChanged();
 }
 
 void ListeningScreen::becameInactive() {
     m_listenShortcut.stop();
     m_stopShortcut.stop();
+}
+
+void ListeningScreen::updateTranscription() {
+    const auto &options = model().options();
+    const bool knowsPhrasesOnly = options && options->whisperModels == std::vector{QStringLiteral("pocketsphinx")};
+    m_transcription.setHintKey(knowsPhrasesOnly ? "listening.transcription.phrases" : "listening.transcription.hint");
 }
 
 void ListeningScreen::updateProblem() {

@@ -47,6 +47,8 @@ private:
 
     [[nodiscard]] static QString minutes(double ms);
     void updateProblem();
+    /// A recogniser that knows phrases only says how to get a better one.
+    void updateTranscription();
 
     SettingGroup m_hearing{*this, "listening.micBlock"};
     SwitchSetting m_echo{m_hearing, {"listening.echo", "listening.echo.off"}, &Settings::isEchoCancelOn};

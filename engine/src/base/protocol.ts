@@ -22,7 +22,9 @@ export type HeardAction =
   | "interrupted"
   | "ignored"
   | "echo"
-  | "muted";
+  | "muted"
+  /** It is still being said. */
+  | "…";
 
 export interface Row {
   role: "user" | "assistant" | "tool";

@@ -7,7 +7,10 @@ import type { Settings } from "../base/protocol.ts";
 import type { Recogniser } from "../recognition/recogniser.ts";
 import { LevelMeter } from "../sound/levelMeter.ts";
 import { levelOf } from "../sound/loudness.ts";
+import { Captions } from "./captions.ts";
 import { Hearing, type Utterance } from "./hearing.ts";
+import type { SpeechDetector } from "./speechDetector.ts";
+import { Transcriber } from "./transcriber.ts";
 
 export interface HeardSpeech {
   text: string;
@@ -26,7 +29,11 @@ export interface HeardSpeech {
 export interface EarsPorts {
   clock: Clock;
   recogniser: Recogniser;
+  /** Without it, whatever is loud enough is taken for speech. */
+  speechDetector?: SpeechDetector;
   settings: () => Settings;
+  /** The machine has time to show words while they are spoken, and is to do so. */
+  isCaptioning: () => boolean;
   log: Log;
   level(level: number): void;
 }
@@ -34,6 +41,8 @@ export interface EarsPorts {
 export interface EarsEvents {
   began(overlapsSpeech: boolean): void;
   heard(speech: HeardSpeech): void;
+  /** The words of somebody who still speaks, as far as they are known. */
+  captioned(text: string): void;
   changed(): void;
   context(): { isWindowOpen: boolean; isMuted: boolean };
 }
@@ -51,10 +60,10 @@ export class Ears {
 
   readonly #hearing: Hearing;
   readonly #meter: LevelMeter;
+  readonly #transcriber: Transcriber;
+  readonly #captions: Captions;
   #isWindowOpen = false;
-  #waiting = 0;
-  #queue: Promise<void> = Promise.resolve();
-  #abort = new AbortController();
+  #overlaps = false;
   #isSounding = false;
   #cancelGuard = (): void => {};
   #isConnected = false;
@@ -67,21 +76,35 @@ export class Ears {
     private readonly events: EarsEvents,
   ) {
     this.#meter = new LevelMeter(ports.clock, (level) => ports.level(level));
-    this.#hearing = new Hearing({
-      began: (overlapsSpeech) => {
-        this.hasInterrupted = false;
-        this.#isWindowOpen = events.context().isWindowOpen;
-        events.began(overlapsSpeech);
+    this.#transcriber = new Transcriber(ports.recogniser);
+    const glimpse = async (): Promise<string | undefined> => {
+      const samples = this.#hearing.soFar;
+      return samples && (await this.#transcriber.glimpse(samples));
+    };
+    this.#captions = new Captions(ports.clock, glimpse, (text) => events.captioned(text));
+    const heard = {
+      began: (overlapsSpeech: boolean) => this.#begin(overlapsSpeech),
+      paused: (samples: Int16Array) => {
+        this.#captions.stop();
+        this.#transcriber.begin(samples);
       },
-      ended: (utterance) => this.#recognise(utterance),
-      dropped: () => events.changed(),
-    });
+      resumed: () => {
+        this.#transcriber.drop();
+        this.#caption();
+      },
+      ended: (utterance: Utterance) => void this.#recognise(utterance),
+      dropped: () => {
+        this.#hush();
+        events.changed();
+      },
+    };
+    this.#hearing = new Hearing(heard, ports.speechDetector);
     this.settingsChanged();
   }
 
   /** Somebody is speaking, or what was said is being recognised. */
   get isBusy(): boolean {
-    return this.#hearing.isHearing || this.#waiting > 0;
+    return this.#hearing.isHearing || this.#transcriber.waiting > 0;
   }
 
   /** The microphone is connected, but gives no samples. */
@@ -124,14 +147,14 @@ export class Ears {
   /** Drops the utterance that is being heard. The ones that are already being recognised are still told. */
   forget(): void {
     this.#hearing.reset();
+    this.#hush();
     this.#meter.clear();
   }
 
   /** Drops the utterance that is being heard and those that are being recognised. */
   abandon(): void {
     this.forget();
-    this.#abort.abort();
-    this.#abort = new AbortController();
+    this.#transcriber.abandon();
   }
 
   /** Forgets what was learned of the echo: the microphone or the loudspeaker is another. */
@@ -166,39 +189,56 @@ export class Ears {
     });
   }
 
-  #recognise(utterance: Utterance): void {
-    const { clock, log, recogniser } = this.ports;
+  #begin(overlapsSpeech: boolean): void {
+    this.hasInterrupted = false;
+    this.#overlaps = overlapsSpeech;
+    this.#isWindowOpen = this.events.context().isWindowOpen;
+    this.#transcriber.prepare();
+    this.#caption();
+    this.events.began(overlapsSpeech);
+  }
+
+  #caption(): void {
+    // What overlaps the agent's voice may be that voice.
+    if (!this.#overlaps && this.ports.isCaptioning()) this.#captions.start();
+  }
+
+  /** Nothing of the utterance that was being heard is to be recognised any more. */
+  #hush(): void {
+    this.#captions.stop();
+    this.#transcriber.drop();
+  }
+
+  async #recognise(utterance: Utterance): Promise<void> {
+    const { clock, log } = this.ports;
     const endedAt = clock.now();
     const hasInterrupted = this.hasInterrupted;
     const isWindowOpen = this.#isWindowOpen;
     this.hasInterrupted = false;
-    if (this.#waiting >= mostWaiting) {
+    this.#captions.stop();
+    if (this.#transcriber.waiting >= mostWaiting) {
       log("o reconhecedor não acompanha; uma fala foi deixada de lado");
+      this.#hush();
       return this.events.changed();
     }
-    const { signal } = this.#abort;
-    this.#waiting++;
-    this.#queue = this.#queue.then(async () => {
-      const found = await recogniser.recognise(utterance.samples, signal);
+    const telling = this.#transcriber.finish(utterance.samples, (found) => {
       if (found.kind === "failed") log(`não reconheci uma fala (${found.problem})`);
-      if (!signal.aborted) {
-        const isUnderstood = found.kind === "text" && found.isUnderstood;
-        this.events.heard({
-          // Words that were not understood would mislead if they were shown.
-          text: isUnderstood ? found.text : "…",
-          isUnderstood,
-          hasRecogniser: found.kind !== "none",
-          endedAt,
-          transcribeMs: clock.now() - endedAt,
-          overlapsSpeech: utterance.overlapsSpeech,
-          isSurelySomebody: utterance.isSurelySomebody,
-          hasInterrupted,
-          isWindowOpen,
-        });
-      }
-      this.#waiting--;
-      this.events.changed();
+      const isUnderstood = found.kind === "text" && found.isUnderstood;
+      this.events.heard({
+        // Words that were not understood would mislead if they were shown.
+        text: isUnderstood ? found.text : "…",
+        isUnderstood,
+        hasRecogniser: found.kind !== "none",
+        endedAt,
+        transcribeMs: clock.now() - endedAt,
+        overlapsSpeech: utterance.overlapsSpeech,
+        isSurelySomebody: utterance.isSurelySomebody,
+        hasInterrupted,
+        isWindowOpen,
+      });
     });
+    this.events.changed();
+    await telling;
     this.events.changed();
   }
 }

@@ -1,32 +1,39 @@
-// Detects speech by its energy, and cuts the microphone's stream into utterances. This is pure computation on 10 ms
-// frames; the number of samples is its only clock.
+// Cuts the microphone's stream into utterances. A speech detector tells speech from other sounds, a little later than the
+// samples come; while there is none, or it is late, the energy of the sound has to do. Samples are kept by their number,
+// and the number of samples is the only clock, so that sound that comes in a burst is cut like any other.
 
 import { sampleRate } from "../base/protocol.ts";
-import { decibels } from "../sound/loudness.ts";
+import { SampleRing } from "../sound/sampleRing.ts";
+import { EnergyGate, onsetFrames } from "./energyGate.ts";
 import { InterruptionDetector } from "./interruptionDetector.ts";
+import { Room } from "./room.ts";
+import type { SpeechDetector, Verdict } from "./speechDetector.ts";
+import { SpeechEvidence } from "./speechEvidence.ts";
 
-const frameMs = 10;
-const frameLength = (sampleRate * frameMs) / 1000;
-
-/** The noise is never taken to be lower than this, dBFS: no microphone is quieter. */
-const leastNoise = -72;
-/** Speech is louder than this, dBFS. */
-const leastSpeech = -52;
-/** Speech stands this far above the noise to begin, and this far to go on, dB. */
-const onsetMargin = 12;
-const continueMargin = 8;
-/** An utterance begins when `onsetFrames` of the last `onsetWindow` frames are loud. */
-const onsetWindow = 12;
-const onsetFrames = 8;
-const preRollFrames = 35;
+const ms = sampleRate / 1000;
+const frameLength = 10 * ms;
+/** What an utterance holds of the time before its onset. */
+const preRoll = 350 * ms;
+/** Speech was noticed no later than this after it had begun. */
+const longestNotice = 1_000 * ms;
+const longest = 30_000 * ms;
+/** An utterance may be over when it was silent for this long; the recogniser gets no more of the silence. */
+export const pause = 200 * ms;
+/** The energy gate's utterances are voiced for at least so many frames. */
 const shortestVoicedFrames = 12;
 /** The agent has fallen silent this long after it was told to stop. Later sound is not its own if it lasts long enough. */
-const silencedFrames = 20;
-const goesOnFrames = 10;
-const longestFrames = 30_000 / frameMs;
-/** The noise is the softest tenth of a second of the last five seconds. */
-const noiseBlockFrames = 10;
-const noiseBlocks = 50;
+const silenced = 200 * ms;
+const goesOn = 100 * ms;
+/** Both detectors have to notice an interruption within this time. */
+const agreement = 200 * ms;
+/** A window that is likelier speech than this goes on with speech that has begun. */
+const goesOnProbability = 0.35;
+/** The detector takes up to this much of the silence for speech. Where the room is quiet, the level tells better. */
+const tail = 96 * ms;
+/** A sound this far above the noise may be speech: the detector is to judge at once, dB. */
+const urgentMargin = 6;
+/** Samples that are not judged yet count as silence when they are no more than these, and not loud. */
+const mostUnjudged = 100 * ms;
 
 export interface Utterance {
   samples: Int16Array;
@@ -40,40 +47,82 @@ export interface Utterance {
 export interface HearingEvents {
   /** Somebody began to speak. */
   began(overlapsSpeech: boolean): void;
+  /** The speech may be over: these are its samples if it is. */
+  paused(samples: Int16Array): void;
+  /** The speech was not over. */
+  resumed(): void;
+  /** The speech is over. Its samples are those that were told at the last pause, if it has not resumed. */
   ended(utterance: Utterance): void;
-  /** The sound that had begun was too short to be speech. */
+  /** The sound that had begun was no speech. */
   dropped(): void;
+}
+
+/** The utterance that is being heard. */
+interface Open {
+  from: number;
+  begunAt: number;
+  speechEnd: number;
+  overlaps: boolean;
+  /** The detector is sure that it holds speech. */
+  isSure: boolean;
+  /** Loud frames that the energy gate had to do for. */
+  voicedFrames: number;
+  /** Speech after the agent had fallen silent, in samples. */
+  goneOn: number;
+  hasPaused: boolean;
 }
 
 export class Hearing {
   endSilenceMs = 800;
-  /** The agent's own voice sounds or echoes: only what the detector takes for somebody else is heard. */
-  isOwnVoice = false;
 
   readonly detector = new InterruptionDetector();
-
+  readonly #room = new Room();
+  readonly #gate = new EnergyGate();
+  readonly #evidence = new SpeechEvidence();
+  readonly #ring = new SampleRing(longest + longestNotice + preRoll);
+  #isOwnVoice = false;
   #rest = new Int16Array(0);
-  #recent: Int16Array[] = [];
-  #loud: boolean[] = [];
-  #frames: Int16Array[] | undefined;
-  #voiced = 0;
-  #silent = 0;
-  #overlaps = false;
-  #followed = 0;
-  #goneOn = 0;
-  #offset = 0;
-  #block: number[] = [];
-  #minima: number[] = [];
+  #open: Open | undefined;
+  /** Samples before this number belong to what is over. */
+  #over = 0;
+  #judged = 0;
+  #loudEnd = 0;
+  #interruptedAt = -Infinity;
 
-  constructor(private readonly events: HearingEvents) {}
+  constructor(
+    private readonly events: HearingEvents,
+    private readonly speech?: SpeechDetector,
+  ) {
+    speech?.tell((verdict) => this.#judge(verdict));
+  }
 
   /** The noise of the room, dBFS. */
   get noise(): number {
-    return Math.max(leastNoise, this.#minima.length === 0 ? leastNoise : Math.min(...this.#minima));
+    return this.#room.noise;
   }
 
   get isHearing(): boolean {
-    return this.#frames !== undefined;
+    return this.#open !== undefined;
+  }
+
+  /** The agent's own voice sounds or echoes: only what both detectors take for somebody else is heard. */
+  get isOwnVoice(): boolean {
+    return this.#isOwnVoice;
+  }
+
+  set isOwnVoice(isSo: boolean) {
+    if (isSo === this.#isOwnVoice) return;
+    this.#isOwnVoice = isSo;
+    this.#interruptedAt = -Infinity;
+    this.#gate.rest();
+    this.detector.rest();
+    // What spoke for speech may have been that voice.
+    if (this.#open === undefined) this.#evidence.rest();
+  }
+
+  /** The samples of the utterance that is being heard, so far. */
+  get soFar(): Int16Array | undefined {
+    return this.#open?.isSure ? this.#ring.slice(this.#open.from, this.#ring.end) : undefined;
   }
 
   /** Takes samples as they come. Gives the level of their loudest frame, dBFS, or undefined when no frame was complete. */
@@ -93,87 +142,128 @@ export class Hearing {
 
   /** Forgets the utterance that is being heard, without an event. The noise stays known. */
   reset(): void {
-    this.#frames = undefined;
-    this.#loud = [];
-    this.#recent = [];
+    this.#open = undefined;
+    this.#over = this.#ring.end;
     this.#rest = new Int16Array(0);
+    this.#interruptedAt = -Infinity;
+    this.#gate.rest();
+    this.#evidence.rest();
     this.detector.rest();
   }
 
   #takeFrame(frame: Int16Array): number {
-    const level = this.#measure(frame);
-    this.#learnNoise(level);
-    if (this.#frames === undefined) this.#awaitOnset(frame, level);
-    else this.#follow(this.#frames, frame, level);
+    const level = this.#room.measure(frame);
+    const at = this.#ring.end;
+    this.#ring.add(frame);
+    const isLoud = this.#gate.goesOn(level, this.noise);
+    if (isLoud) this.#loudEnd = this.#ring.end;
+    this.speech?.take(frame, at, this.isHearing || level > this.noise + urgentMargin);
+    const isJudged = this.speech?.isAnswering ?? false;
+    if (this.#open === undefined) this.#awaitOnset(level, isJudged);
+    else this.#follow(this.#open, isLoud, isJudged);
     return level;
   }
 
-  #awaitOnset(frame: Int16Array, level: number): void {
-    this.#recent.push(frame);
-    if (this.#recent.length > preRollFrames) this.#recent.shift();
-    let begins: boolean;
-    if (this.isOwnVoice) {
-      this.#loud = [];
-      begins = this.detector.take(level, this.noise);
-    } else {
-      this.detector.rest();
-      this.#loud.push(level > Math.max(leastSpeech, this.noise + onsetMargin));
-      if (this.#loud.length > onsetWindow) this.#loud.shift();
-      begins = this.#loud.filter(Boolean).length >= onsetFrames;
+  #awaitOnset(level: number, isJudged: boolean): void {
+    if (this.#isOwnVoice) {
+      if (this.detector.take(level, this.noise)) this.#interruptedAt = this.#ring.end;
+      if (!isJudged && this.#interruptedAt === this.#ring.end) return this.#begin(this.#ring.end, 0);
+      return this.#awaitAgreement();
     }
-    if (!begins) return;
-    this.#frames = this.#recent;
-    this.#recent = [];
-    this.#loud = [];
-    this.#voiced = onsetFrames;
-    this.#silent = 0;
-    this.#followed = 0;
-    this.#goneOn = 0;
-    this.#overlaps = this.isOwnVoice;
-    this.events.began(this.#overlaps);
+    if (this.#gate.take(level, this.noise) && !isJudged) this.#begin(this.#ring.end, onsetFrames);
   }
 
-  #follow(frames: Int16Array[], frame: Int16Array, level: number): void {
-    frames.push(frame);
-    this.#followed++;
-    if (level > Math.max(leastSpeech, this.noise + continueMargin)) {
-      this.#voiced++;
-      if (this.#followed > silencedFrames) this.#goneOn++;
-      this.#silent = 0;
-    } else {
-      this.#silent++;
+  /** Somebody talks over the agent when both detectors say so. */
+  #awaitAgreement(): void {
+    const isRecent = this.#ring.end - this.#interruptedAt <= agreement;
+    if (isRecent && this.#evidence.hasBegun) this.#begin(this.#ring.end, 0);
+  }
+
+  #judge(verdict: Verdict): void {
+    if (verdict.to <= this.#over) return;
+    this.#judged = verdict.to;
+    this.#evidence.take(verdict);
+    if (this.#open === undefined) {
+      if (this.#isOwnVoice) this.#awaitAgreement();
+      else if (this.#evidence.hasBegun) this.#begin(this.#evidence.begunAt, 0, verdict.to);
+      return;
     }
-    if (this.#silent * frameMs < this.endSilenceMs && frames.length < longestFrames) return;
-    this.#frames = undefined;
-    if (this.#voiced < shortestVoicedFrames) return this.events.dropped();
-    const samples = new Int16Array(frames.length * frameLength);
-    frames.forEach((part, index) => samples.set(part, index * frameLength));
+    this.#followVerdict(this.#open, verdict);
+  }
+
+  #begin(noticedFrom: number, voicedFrames: number, now = this.#ring.end): void {
+    const from = Math.max(noticedFrom - preRoll, now - longestNotice - preRoll, this.#over);
+    this.#open = {
+      from,
+      begunAt: now,
+      speechEnd: now,
+      overlaps: this.#isOwnVoice,
+      isSure: this.#evidence.isSure,
+      voicedFrames,
+      goneOn: 0,
+      hasPaused: false,
+    };
+    this.#gate.rest();
+    this.detector.rest();
+    this.events.began(this.#open.overlaps);
+  }
+
+  #follow(open: Open, isLoud: boolean, isJudged: boolean): void {
+    const now = this.#ring.end;
+    if (!isJudged) {
+      if (isLoud) {
+        open.voicedFrames++;
+        this.#goOn(open, now, now - frameLength);
+      }
+      return this.#look(open, now);
+    }
+    const isQuiet = this.#loudEnd <= this.#judged && now - this.#judged <= mostUnjudged;
+    if (isQuiet) this.#look(open, now);
+  }
+
+  #followVerdict(open: Open, { from, to, probability }: Verdict): void {
+    if (this.#evidence.isSure) open.isSure = true;
+    if (probability >= goesOnProbability) {
+      this.#goOn(open, Math.max(to - tail, Math.min(to, this.#loudEnd)), from);
+    }
+    this.#look(open, to);
+  }
+
+  /** Speech went on up to here, with what begins there. */
+  #goOn(open: Open, end: number, from: number): void {
+    if (from >= open.begunAt + silenced) open.goneOn += Math.max(0, end - from);
+    if (end <= open.speechEnd) return;
+    open.speechEnd = end;
+    if (!open.hasPaused) return;
+    open.hasPaused = false;
+    this.events.resumed();
+  }
+
+  /** Looks at the time `now` whether the speech is over, or may be. */
+  #look(open: Open, now: number): void {
+    const silence = now - open.speechEnd;
+    const isLong = now - open.from >= longest;
+    const isSpeech = open.isSure || open.voicedFrames >= shortestVoicedFrames;
+    if (silence >= this.endSilenceMs * ms || isLong) return this.#end(open, now, isSpeech);
+    if (silence < pause || open.hasPaused || !isSpeech) return;
+    open.hasPaused = true;
+    this.events.paused(this.#samplesOf(open, now));
+  }
+
+  #end(open: Open, now: number, isSpeech: boolean): void {
+    this.#open = undefined;
+    this.#over = now;
+    this.#evidence.rest();
+    if (!isSpeech) return this.events.dropped();
     this.events.ended({
-      samples,
-      overlapsSpeech: this.#overlaps,
-      isSurelySomebody: !this.#overlaps || this.#goneOn >= goesOnFrames,
-      durationMs: frames.length * frameMs,
+      samples: this.#samplesOf(open, now),
+      overlapsSpeech: open.overlaps,
+      isSurelySomebody: !open.overlaps || open.goneOn >= goesOn,
+      durationMs: (now - open.from) / ms,
     });
   }
 
-  /** The mean square as a level, dBFS, without the constant offset that some microphones add. */
-  #measure(frame: Int16Array): number {
-    let sum = 0;
-    let squares = 0;
-    for (const sample of frame) {
-      sum += sample;
-      squares += sample * sample;
-    }
-    this.#offset += 0.1 * (sum / frame.length - this.#offset);
-    const meanSquare = squares / frame.length - (2 * this.#offset * sum) / frame.length + this.#offset ** 2;
-    return decibels(Math.max(0, meanSquare) / 32768 ** 2);
-  }
-
-  #learnNoise(level: number): void {
-    this.#block.push(10 ** (level / 10));
-    if (this.#block.length < noiseBlockFrames) return;
-    this.#minima.push(decibels(this.#block.reduce((sum, power) => sum + power, 0) / this.#block.length));
-    if (this.#minima.length > noiseBlocks) this.#minima.shift();
-    this.#block = [];
+  #samplesOf(open: Open, now: number): Int16Array {
+    return this.#ring.slice(open.from, Math.min(now, open.speechEnd + pause));
   }
 }

@@ -2,7 +2,7 @@
 
 import type { Phrases } from "../base/phrases.ts";
 import type { HeardAction } from "../base/protocol.ts";
-import { plainWords } from "../base/words.ts";
+import { isNearly, plainWords } from "../base/words.ts";
 
 export interface Speech {
   text: string;
@@ -114,27 +114,37 @@ function equals(words: Word[], phrase: string[]): boolean {
 }
 
 function startsWith(words: Word[], phrase: string[], at: number): boolean {
-  return phrase.length > 0 && phrase.every((part, index) => isSame(words[at + index]?.plain, plainWords(part).join("")));
+  return phrase.length > 0 && phrase.every((part, index) => isNearly(words[at + index]?.plain, plainWords(part).join("")));
 }
 
-/** Recognisers misspell names: a letter may be wrong in a word of five, two in one of eight. */
-function isSame(word: string | undefined, wanted: string): boolean {
-  if (word === undefined) return false;
-  const tolerance = wanted.length >= 8 ? 2 : wanted.length >= 5 ? 1 : 0;
-  return word === wanted || (tolerance > 0 && distance(word, wanted) <= tolerance);
-}
-
-/** Gives the words without the agent's name, which stands first or last, or undefined when it was not said. */
+/**
+ * Gives the words without the agent's name, which stands first, last, or between pauses, or undefined when it was not said. It
+ * is the recogniser that spells it right.
+ */
 function withoutName(words: Word[], { wakeWords, phrases }: Circumstances): Word[] | undefined {
   const names = wakeWords.map(plainWords).sort((a, b) => b.length - a.length);
   const calls = phrases.calls.map((call) => plainWords(call).join(""));
   for (const name of names) {
-    const from = calls.includes(words[0]?.plain ?? "") && !startsWith(words, name, 0) ? 1 : 0;
-    if (startsWith(words, name, from)) return words.slice(from + name.length);
+    const isAt = (at: number): boolean => name.length > 0 && name.every((part, index) => words[at + index]?.plain === part);
+    const from = calls.includes(words[0]?.plain ?? "") && !isAt(0) ? 1 : 0;
+    if (isAt(from)) return words.slice(from + name.length);
     const tail = words.length - name.length;
-    if (tail > 0 && startsWith(words, name, tail)) return endedLike(words.slice(0, tail), words.at(-1)!);
+    if (tail > 0 && isAt(tail)) return endedLike(words.slice(0, tail), words.at(-1)!);
+    for (let at = 1; at < tail; at++) {
+      const [before, last] = [words[at - 1]!, words[at + name.length - 1]!];
+      if (isAt(at) && (hasPause(before) || hasPause(last))) return [...words.slice(0, at - 1), unpaused(before), ...words.slice(at + name.length)];
+    }
   }
   return undefined;
+}
+
+function hasPause({ original }: Word): boolean {
+  return /[,;:.?!…]$/.test(original);
+}
+
+/** The pause before a name is no longer one without the name. */
+function unpaused(word: Word): Word {
+  return { ...word, original: word.original.replace(/,$/, "") };
 }
 
 /** Gives the words the mark that the whole ended with: "What time is it, Palomet?" becomes "What time is it?". */
@@ -157,18 +167,4 @@ function resembles(words: Word[], spoken: string): boolean {
   const own = new Set(plainWords(spoken));
   const shared = words.filter((word) => own.has(word.plain)).length;
   return shared / words.length >= echoShare;
-}
-
-/** The least number of letters to be changed, added or left out (Levenshtein). */
-function distance(a: string, b: string): number {
-  let row = Array.from({ length: b.length + 1 }, (_, index) => index);
-  for (let i = 1; i <= a.length; i++) {
-    const next = [i];
-    for (let j = 1; j <= b.length; j++) {
-      const change = (row[j - 1] ?? 0) + (a[i - 1] === b[j - 1] ? 0 : 1);
-      next.push(Math.min(change, (row[j] ?? 0) + 1, (next[j - 1] ?? 0) + 1));
-    }
-    row = next;
-  }
-  return row[b.length] ?? 0;
 }

@@ -5,11 +5,13 @@ import type { Log } from "../base/log.ts";
 import type { Phrases } from "../base/phrases.ts";
 import type { Heard, LoopState, Settings, Timings } from "../base/protocol.ts";
 import { Ears, type HeardSpeech } from "../hearing/ears.ts";
+import type { SpeechDetector } from "../hearing/speechDetector.ts";
 import type { Conversations } from "../memory/conversations.ts";
 import type { Recogniser } from "../recognition/recogniser.ts";
 import type { Brain } from "../thought/answer.ts";
 import type { Speaker } from "../voice/speaker.ts";
 import { Draft } from "./draft.ts";
+import { HeardLately } from "./heardLately.ts";
 import { interpret, type Interpretation } from "./interpretation.ts";
 import { ListeningWindow } from "./listeningWindow.ts";
 import { Turn, type Question } from "./turn.ts";
@@ -19,6 +21,8 @@ export interface LoopPorts {
   brain: Brain;
   speaker: Speaker;
   recogniser: Recogniser;
+  speechDetector?: SpeechDetector;
+  isCaptioning: () => boolean;
   conversations: Conversations;
   phrases: Phrases;
   settings: () => Settings;
@@ -30,7 +34,6 @@ export interface LoopPorts {
   level(level: number): void;
 }
 
-const mostHeard = 50;
 /** The chime must not be taken for speech. */
 const chimeMs = 400;
 
@@ -41,7 +44,7 @@ export class Loop {
   #turn: Turn | undefined;
   #isSampling = false;
   #isMuted = false;
-  #heard: Heard[] = [];
+  readonly #heard = new HeardLately();
   #timings: Timings | undefined;
   #spokenLately = "";
 
@@ -52,6 +55,7 @@ export class Loop {
     this.ears = new Ears(ports, {
       began: (overlapsSpeech) => this.#somebodySpeaks(overlapsSpeech),
       heard: (speech) => this.#take(speech),
+      captioned: (text) => this.#showCaption(text),
       changed,
       context: () => ({ isWindowOpen: this.#window.isOpen, isMuted: this.#isMuted }),
     });
@@ -73,7 +77,7 @@ export class Loop {
   }
 
   get heard(): Heard[] {
-    return this.#heard;
+    return this.ears.isBusy ? this.#heard.withCaption : this.#heard.entries;
   }
 
   get draft(): Draft["entries"] {
@@ -156,6 +160,7 @@ export class Loop {
   }
 
   #somebodySpeaks(overlapsSpeech: boolean): void {
+    this.#heard.dropCaption();
     if (overlapsSpeech && (this.#turn || this.#isSampling)) {
       this.#endTurn();
       this.ears.hasInterrupted = true;
@@ -266,10 +271,13 @@ export class Loop {
     this.ports.chime();
   }
 
+  #showCaption(text: string): void {
+    this.#heard.caption(this.ports.clock.now(), text);
+    this.ports.changed();
+  }
+
   #note(speech: HeardSpeech, { action, reason }: Interpretation): void {
-    const at = Math.max(speech.endedAt, (this.#heard.at(-1)?.at ?? 0) + 1);
-    const entry: Heard = { at, text: speech.text, action, ...(reason === undefined ? {} : { reason }) };
-    this.#heard = [...this.#heard, entry].slice(-mostHeard);
+    this.#heard.add(speech.endedAt, speech.text, action, reason);
     this.ports.changed();
   }
 }

@@ -5,8 +5,10 @@ import { Family } from "./family.ts";
 import type { Guard } from "./guard.ts";
 
 export interface RunOptions {
-  input?: string | Uint8Array;
-  timeoutMs: number;
+  /** What standard input gives to the program, or what is called with it when the program runs and is to write to it. */
+  input?: string | Uint8Array | ((stdin: Bun.FileSink) => void);
+  /** Without it the program may run for as long as the engine. */
+  timeoutMs?: number;
   /** Bytes of standard output after which the program is ended. */
   maxOutput: number;
   signal?: AbortSignal;
@@ -17,11 +19,13 @@ export interface RunOptions {
 }
 
 export type Outcome =
-  | { kind: "ended"; code: number; output: Uint8Array; errors: string }
+  | { kind: "ended"; code: number; output: Uint8Array; errors: string; signal?: string }
   | { kind: "missing" }
   | { kind: "timedOut" }
   | { kind: "tooMuch" }
   | { kind: "stopped" };
+
+type Child = Bun.Subprocess<"pipe" | Uint8Array | "ignore", "pipe", "pipe">;
 
 const maxErrors = 4096;
 /** A child that was asked to end is killed after this time. The engine itself is given twice as long. */
@@ -49,14 +53,13 @@ export class Children {
 
   async run(command: [string, ...string[]], options: RunOptions): Promise<Outcome> {
     if (options.signal?.aborted || this.#isOver) return { kind: "stopped" };
-    const input = typeof options.input === "string" ? new TextEncoder().encode(options.input) : options.input;
     const [name, ...rest] = command;
     const path = name.includes("/") ? name : this.find(name);
     if (path === undefined) return { kind: "missing" };
-    let child: Bun.Subprocess<Uint8Array | "ignore", "pipe", "pipe">;
+    let child: Child;
     try {
       child = Bun.spawn([path, ...rest], {
-        stdin: input ?? "ignore",
+        stdin: inputOf(options),
         stdout: "pipe",
         stderr: "pipe",
         detached: true,
@@ -67,6 +70,7 @@ export class Children {
       return { kind: "missing" };
     }
     this.guard?.add(child.pid);
+    if (typeof options.input === "function" && typeof child.stdin === "object") options.input(child.stdin);
     return await this.#follow(child, options);
   }
 
@@ -93,7 +97,7 @@ export class Children {
     await ended(family, deathMs);
   }
 
-  async #follow(child: Bun.Subprocess<Uint8Array | "ignore", "pipe", "pipe">, options: RunOptions): Promise<Outcome> {
+  async #follow(child: Child, options: RunOptions): Promise<Outcome> {
     const outputReader = child.stdout.getReader();
     const errorReader = child.stderr.getReader();
     let ending: Outcome | undefined;
@@ -105,7 +109,8 @@ export class Children {
       this.#terminate(child);
       release();
     };
-    const timer = setTimeout(() => end({ kind: "timedOut" }), options.timeoutMs);
+    const { timeoutMs } = options;
+    const timer = timeoutMs === undefined ? undefined : setTimeout(() => end({ kind: "timedOut" }), timeoutMs);
     const stop = (): void => end({ kind: "stopped" });
     options.signal?.addEventListener("abort", stop);
     this.#running.set(child, stop);
@@ -140,7 +145,9 @@ export class Children {
       })();
       const code = await Promise.race([finished, ended]);
       if (ending !== undefined) return ending;
-      return { kind: "ended", code: code ?? -1, output: Buffer.concat(pieces), errors: errors.slice(0, maxErrors) };
+      const output = Buffer.concat(pieces);
+      const signal = child.signalCode ? { signal: String(child.signalCode) } : {};
+      return { kind: "ended", code: code ?? -1, output, errors: errors.slice(0, maxErrors), ...signal };
     } finally {
       clearTimeout(timer);
       options.signal?.removeEventListener("abort", stop);
@@ -150,6 +157,11 @@ export class Children {
       void errorReader.cancel().catch(() => {});
     }
   }
+}
+
+function inputOf({ input }: RunOptions): "pipe" | Uint8Array | "ignore" {
+  if (typeof input === "function") return "pipe";
+  return typeof input === "string" ? new TextEncoder().encode(input) : (input ?? "ignore");
 }
 
 async function ended(family: Family, withinMs: number): Promise<void> {

@@ -5,9 +5,12 @@ import { homedir } from "node:os";
 import { join } from "node:path";
 import { isRecord, parseJson } from "../base/json.ts";
 import type { Locale } from "../base/language.ts";
-import { builtInModel, grammarModel, speechModel } from "../base/models.ts";
+import { builtInModel, fetchedModels, grammarModel, moonshineBase, moonshineTiny } from "../base/models.ts";
 import type { Options } from "../base/protocol.ts";
+import { bestFirst, speechPrograms, type Voice } from "../base/voices.ts";
 import type { Children } from "./children.ts";
+import { shipped, type Shipped } from "./shipped.ts";
+import { installedVoices } from "./voices.ts";
 
 const lookMs = 3_000;
 const maxListing = 1 << 20;
@@ -26,18 +29,20 @@ export class Choices {
   constructor(
     readonly children: Children,
     private readonly locale: Locale,
+    private readonly brought: Readonly<Shipped> = shipped,
   ) {}
 
   async options(currentDevice: string): Promise<Options> {
-    const [sources, macVoices, claudePaths] = await Promise.all([this.sources(), this.#voices(), this.claudeTools()]);
+    const [sources, claudePaths] = await Promise.all([this.sources(), this.claudeTools()]);
+    const voices = this.voices();
     const inputs = [...new Set(sources.map(({ name }) => name))];
     if (currentDevice !== "" && !inputs.includes(currentDevice)) inputs.unshift(currentDevice);
     return {
       inputs,
       models: [...(claudePaths.length > 0 ? ["haiku", "sonnet", "opus"] : []), builtInModel],
       whisperModels: this.recogniserModels(),
-      fishModels: [speechModel],
-      macVoices,
+      fishModels: speechPrograms.filter((name) => voices.some(({ program }) => program === name)),
+      macVoices: voices.map(({ title }) => title),
       claudePaths,
       confirmActions: actions.map(({ id, label }) => ({ id, label: label[this.locale.language] })),
     };
@@ -45,18 +50,28 @@ export class Choices {
 
   /** The recogniser models that can be used now, the best first. */
   recogniserModels(): string[] {
+    const { runtime, vocabulary, base, tiny } = this.brought;
+    const isEnglishKnown = this.locale.language === "en" && runtime !== undefined && vocabulary !== undefined;
     const models = this.whisperFiles().map(({ name }) => name);
+    if (isEnglishKnown && tiny) models.unshift(moonshineTiny);
+    if (isEnglishKnown && base) models.unshift(moonshineBase);
     if (this.children.find("pocketsphinx_batch")) models.push(grammarModel);
     return models;
   }
 
-  /** The model files of `whisper-cli`, larger ones first; none when the program is not installed. */
+  /** The voices that can speak now, the best first. */
+  voices(): Voice[] {
+    return bestFirst(installedVoices(this.children), this.locale);
+  }
+
+  /** The model files of Whisper, larger ones first; none when nothing is there to run them. */
   whisperFiles(): { name: string; path: string }[] {
-    if (!this.children.find("whisper-cli")) return [];
+    if (!this.brought.whisper && !this.children.find("whisper-cli")) return [];
     const home = this.children.environment.HOME ?? homedir();
     const data = this.children.environment.XDG_DATA_HOME ?? join(home, ".local/share");
     const folders = [
       this.children.environment.PALOMET_WHISPER_MODELS,
+      fetchedModels(this.children.environment),
       join(data, "whisper"),
       join(data, "whisper.cpp/models"),
       join(home, "whisper.cpp/models"),
@@ -68,7 +83,9 @@ export class Choices {
       if (!folder) continue;
       for (const file of entries(folder)) {
         const name = /^ggml-([\w.-]+)\.bin$/.exec(file)?.[1];
-        if (name && !found.has(name) && !name.startsWith("for-tests")) found.set(name, join(folder, file));
+        // A model of English alone hears English words in every language.
+        const isOurs = this.locale.language === "en" || !name?.includes(".en");
+        if (name && isOurs && !found.has(name) && !name.startsWith("for-tests")) found.set(name, join(folder, file));
       }
     }
     const order = ["tiny", "base", "small", "medium", "large"];
@@ -98,19 +115,6 @@ export class Choices {
       const isMonitor = typeof entry.monitor_source === "string" && entry.monitor_source !== "";
       return isMonitor ? [] : [{ name: entry.description, source: entry.name }];
     });
-  });
-
-  /** The voices of `espeak-ng` for the languages that the engine speaks, each also in a lighter variant. */
-  readonly #voices = shared(async (): Promise<string[]> => {
-    const listing = await this.#print(["espeak-ng", "--voices"]);
-    const voices = listing.split("\n").flatMap((line) => {
-      const [, language, , , file] = line.trim().split(/\s+/);
-      const isSpoken = language !== undefined && /^(pt|en)(-|$)/.test(language) && !file?.startsWith("mb/");
-      return isSpoken ? [language] : [];
-    });
-    const ours = (voice: string): number => (voice === this.locale.voice ? 0 : voice.startsWith(this.locale.language) ? 1 : 2);
-    const ordered = [...new Set(voices)].sort((a, b) => ours(a) - ours(b));
-    return ordered.flatMap((voice) => [voice, `${voice}+f3`]);
   });
 
   async #print(command: [string, ...string[]]): Promise<string> {

@@ -2,8 +2,8 @@
 
 import { isAbsolute } from "node:path";
 import type { Locale } from "../base/language.ts";
-import { speechModel } from "../base/models.ts";
 import type { Settings } from "../base/protocol.ts";
+import { speechPrograms, voiceOf, type Voice } from "../base/voices.ts";
 
 /** The machine, as far as the checks need to know it. */
 export interface Surroundings {
@@ -11,6 +11,8 @@ export interface Surroundings {
   workingFolder: string;
   /** The recogniser models that are installed, the best first. */
   recogniserModels: string[];
+  /** The voices that are installed now, the best first. */
+  voices(): readonly Voice[];
   /** The ids of the actions that can be made to need a confirmation. */
   actionIds: string[];
 }
@@ -52,8 +54,12 @@ export const checks: Record<Key, Check> = {
   voiceId: (value) => (value === "" ? "" : text()(value)),
   voiceName: text(60),
   voiceSpeed: number(0.5, 3),
-  fishModel: (value) => (value === speechModel ? value : undefined),
-  fallbackVoice: matching(/^[\p{L}\p{N}][\p{L}\p{N}_+-]*$/u),
+  fishModel: (value, { surroundings, found }) => {
+    const isThere = found === undefined || surroundings.voices().some(({ program }) => program === value);
+    return isThere ? speechPrograms.find((program) => program === value) : undefined;
+  },
+  // Engines of before kept the ids that eSpeak has for its voices.
+  fallbackVoice: (value) => voiceOf(text()(value) ?? "")?.title,
   brainModel: matching(/^[A-Za-z0-9][A-Za-z0-9._:[\]-]*$/),
   claudePath: orNone((value, { found }) => (isPath(value) && isIn(found?.tools, value) ? value : undefined)),
   folders: (value, { current, found }) => {

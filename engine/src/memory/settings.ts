@@ -1,14 +1,15 @@
 // The settings: their defaults, and their values as the store keeps them.
 
 import { parseJson } from "../base/json.ts";
-import { speechModel } from "../base/models.ts";
 import type { Settings } from "../base/protocol.ts";
 import { cut } from "../base/text.ts";
+import { defaultVoice, voiceOf } from "../base/voices.ts";
 import { checks, type Found, type Key, type Surroundings } from "./settingChecks.ts";
 import type { Store } from "./store.ts";
 
 export function defaultSettings(surroundings: Surroundings): Settings {
   const isPortuguese = surroundings.locale.language === "pt";
+  const voice = defaultVoice(surroundings.voices(), surroundings.locale);
   return {
     wakeWords: ["palomet"],
     inputPreference: [],
@@ -25,8 +26,8 @@ export function defaultSettings(surroundings: Surroundings): Settings {
     voiceId: "",
     voiceName: "Palomet",
     voiceSpeed: 1,
-    fishModel: speechModel,
-    fallbackVoice: surroundings.locale.voice,
+    fishModel: voice.program,
+    fallbackVoice: voice.title,
     brainModel: "haiku",
     folders: [],
     confirmActions: [...surroundings.actionIds],
@@ -54,7 +55,7 @@ export class SettingsKeeper {
 
   /** Sets all of these values or none. Gives the keys that were set, or what is wrong. */
   set(values: Record<string, unknown>, found: Found): { keys: Key[] } | { problem: string } {
-    const accepted = this.#check(values, found);
+    const accepted = this.#check(this.#withVoice(values), found);
     if (!accepted) return { problem: `not a setting, or not a value for it: ${cut(JSON.stringify(values), 200)}` };
     this.#apply(accepted);
     for (const [key, value] of accepted) this.store.saveSetting(key, JSON.stringify(value));
@@ -64,6 +65,14 @@ export class SettingsKeeper {
   /** Writes all settings again, after the store was replaced. */
   saveAll(): void {
     for (const [key, value] of Object.entries(this.#current)) this.store.saveSetting(key, JSON.stringify(value));
+  }
+
+  /** Who chooses a program for the voice chooses its best voice too, unless it speaks already. */
+  #withVoice(values: Record<string, unknown>): Record<string, unknown> {
+    const { fishModel, fallbackVoice } = values;
+    if (fishModel === undefined || fallbackVoice !== undefined || fishModel === this.#current.fishModel) return values;
+    const voice = this.surroundings.voices().find(({ program }) => program === fishModel);
+    return voice ? { ...values, fallbackVoice: voice.title } : values;
   }
 
   #check(values: Record<string, unknown>, found: Found | undefined): [Key, unknown][] | undefined {
@@ -83,6 +92,8 @@ export class SettingsKeeper {
       if (value === null) delete next[key];
       else next[key] = value;
     }
-    this.#current = next as unknown as Settings;
+    const settings = next as unknown as Settings;
+    // The program is the one of the voice, whatever was kept.
+    this.#current = { ...settings, fishModel: voiceOf(settings.fallbackVoice)?.program ?? settings.fishModel };
   }
 }

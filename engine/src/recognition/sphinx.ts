@@ -10,7 +10,7 @@ import { sampleRate } from "../base/protocol.ts";
 import type { Children } from "../machine/children.ts";
 import { buildGrammar, type Grammar, type Vocabulary } from "./grammar.ts";
 import { Pronouncer } from "./pronunciation.ts";
-import type { Recogniser, Recognition } from "./recogniser.ts";
+import type { RecogniseOptions, Recogniser, Recognition } from "./recogniser.ts";
 
 const sphinxProgram = "pocketsphinx_batch";
 
@@ -23,8 +23,6 @@ const maxOutput = 64 * 1024;
 const mostAdvantage: Record<Language, number> = { en: 15.5, pt: 21 };
 /** The decoder's arithmetic needs some noise where a microphone gives none. */
 const ditherPeak = 60;
-/** The silence that is kept after the last sound; an utterance comes with more. */
-const tailMs = 300;
 const pruning = ["-beam", "1e-100", "-pbeam", "1e-100", "-wbeam", "1e-80", "-lw", "2"];
 
 export class SphinxRecogniser implements Recogniser {
@@ -36,7 +34,6 @@ export class SphinxRecogniser implements Recogniser {
     /** The program reads the grammars from this folder. */
     private readonly folder: string,
     private readonly vocabulary: () => Vocabulary,
-    private readonly endSilenceMs: () => number,
     private readonly timeoutMs = 8_000,
   ) {}
 
@@ -51,7 +48,8 @@ export class SphinxRecogniser implements Recogniser {
     return this.#grammar;
   }
 
-  async recognise(samples: Int16Array, signal: AbortSignal): Promise<Recognition> {
+  async recognise(samples: Int16Array, signal: AbortSignal, { isPartial }: RecogniseOptions = {}): Promise<Recognition> {
+    if (isPartial) return { kind: "none" };
     const model = modelFolders.find((folder) => existsSync(join(folder, "en-us/mdef")));
     if (model === undefined || !this.children.find(sphinxProgram)) return { kind: "none" };
     const grammar = await this.prepare();
@@ -59,8 +57,7 @@ export class SphinxRecogniser implements Recogniser {
       this.#key = "";
       return { kind: "failed", problem: "não consegui montar a gramática" };
     }
-    const spare = Math.max(0, ((this.endSilenceMs() - tailMs) * sampleRate) / 1000);
-    const audio = dithered(samples.subarray(0, Math.max(0, samples.length - spare)));
+    const audio = dithered(samples);
     const [known, anything] = await Promise.all([
       this.#decode(model, "known", audio, signal),
       this.#decode(model, "anything", audio, signal),

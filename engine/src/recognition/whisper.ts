@@ -4,13 +4,12 @@ import { mkdirSync, rmSync } from "node:fs";
 import { join } from "node:path";
 import type { Language } from "../base/language.ts";
 import { sampleRate } from "../base/protocol.ts";
-import { cut } from "../base/text.ts";
 import type { Children } from "../machine/children.ts";
 import { writeWav } from "../sound/wav.ts";
-import type { Recogniser, Recognition } from "./recogniser.ts";
+import type { RecogniseOptions, Recogniser, Recognition } from "./recogniser.ts";
+import { readWhisper } from "./whisperText.ts";
 
 const maxOutput = 64 * 1024;
-const longestText = 4_000;
 
 export class WhisperRecogniser implements Recogniser {
   constructor(
@@ -24,9 +23,11 @@ export class WhisperRecogniser implements Recogniser {
     private readonly timeoutMs = 30_000,
   ) {}
 
-  async recognise(samples: Int16Array, signal: AbortSignal): Promise<Recognition> {
+  prepare(): void {}
+
+  async recognise(samples: Int16Array, signal: AbortSignal, { isPartial }: RecogniseOptions = {}): Promise<Recognition> {
     const model = this.model();
-    if (model === undefined) return { kind: "none" };
+    if (model === undefined || isPartial) return { kind: "none" };
     const file = join(this.folder, "utterance.wav");
     try {
       mkdirSync(this.folder, { recursive: true, mode: 0o700 });
@@ -39,18 +40,11 @@ export class WhisperRecogniser implements Recogniser {
       });
       if (outcome.kind !== "ended") return { kind: "failed", problem: `whisper-cli: ${outcome.kind}` };
       if (outcome.code !== 0) return { kind: "failed", problem: `whisper-cli terminou com ${outcome.code}` };
-      const text = readText(new TextDecoder().decode(outcome.output));
-      return { kind: "text", text, isUnderstood: text !== "" };
+      return readWhisper(new TextDecoder().decode(outcome.output), this.names());
     } catch (error) {
       return { kind: "failed", problem: String(error) };
     } finally {
       rmSync(file, { force: true });
     }
   }
-}
-
-/** Leaves out the remarks on sounds that are no words, such as [MUSIC] or (laughs). */
-function readText(output: string): string {
-  const text = output.replace(/\[[^\]]*\]|\([^)]*\)|\*[^*]*\*/g, " ").replace(/\s+/g, " ").trim();
-  return /[\p{L}\p{N}]/u.test(text) ? cut(text, longestText) : "";
 }

@@ -8,8 +8,9 @@ import { plainWords } from "../base/words.ts";
 import type { Children } from "../machine/children.ts";
 import { actions } from "../machine/choices.ts";
 import { presentFolders } from "../machine/folders.ts";
+import { LineReader } from "../machine/lineReader.ts";
 import type { Answer, Answering, Request } from "./answer.ts";
-import { LineReader, readClaudeLine, type ClaudeEvent, type DeniedTool } from "./claudeOutput.ts";
+import { readClaudeLine, type ClaudeEvent, type DeniedTool } from "./claudeOutput.ts";
 import { leaveFor, type Leave } from "./consent.ts";
 
 export type ClaudeAnswer = Answer & { problem?: string };

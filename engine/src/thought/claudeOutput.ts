@@ -18,39 +18,7 @@ export interface DeniedTool {
   detail: string;
 }
 
-/** A longer line holds a tool's output; it is skipped. */
-const longestLine = 4 << 20;
 const longestDetail = 200;
-
-/** Cuts pieces of output into lines, holding no more than one line of bounded length. */
-export class LineReader {
-  #decoder = new TextDecoder();
-  #rest = "";
-  #isSkipping = false;
-
-  constructor(private readonly onLine: (line: string) => void) {}
-
-  take(piece: Uint8Array): void {
-    const lines = this.#decoder.decode(piece, { stream: true }).split("\n");
-    const last = lines.pop() ?? "";
-    for (const line of lines) {
-      const whole = this.#rest + line;
-      this.#rest = "";
-      if (!this.#isSkipping) this.onLine(whole);
-      this.#isSkipping = false;
-    }
-    this.#rest += last;
-    if (this.#rest.length > longestLine) {
-      this.#rest = "";
-      this.#isSkipping = true;
-    }
-  }
-
-  end(): void {
-    if (this.#rest !== "" && !this.#isSkipping) this.onLine(this.#rest);
-    this.#rest = "";
-  }
-}
 
 /** Gives the events of one line, none for a line that is not understood. */
 export function readClaudeLine(line: string): ClaudeEvent[] {

@@ -8,6 +8,7 @@ const allowed: Record<string, string[]> = {
   base: [],
   machine: ["base"],
   memory: ["base"],
+  models: ["base"],
   sound: ["base"],
   recognition: ["base", "machine", "sound"],
   thought: ["base", "machine"],
@@ -57,6 +58,25 @@ test("no circle of imports is to be found, of folders or of files", () => {
   expect(circles(between.map(([file, target]) => [folderOf(file), folderOf(target)]))).toEqual([]);
 });
 
-test("the engine depends on nothing but bun", () => {
-  expect(imports.map(([, target]) => target).filter((target) => !/^(\.|node:|bun(:|$))/.test(target))).toEqual([]);
+test("the engine imports nothing but bun, and the types of the runtime that it is shipped with", () => {
+  const others = imports.filter(([, target]) => !/^(\.|node:|bun(:|$))/.test(target));
+  expect(others.filter(([, target]) => target !== "onnxruntime-common")).toEqual([]);
+});
+
+test("nothing but the command that fetches models reaches out of the machine", async () => {
+  const reaching: string[] = [];
+  for (const file of files) {
+    const text = await Bun.file(join(root, file)).text();
+    if (/\bfetch\((?!`http:\/\/127\.0\.0\.1:)/.test(text)) reaching.push(file);
+  }
+  expect(reaching).toEqual(["models/download.ts"]);
+  expect(imports.filter(([file, target]) => file !== "command.ts" && target.includes("models/modelCommand"))).toEqual([]);
+});
+
+test("the shipped runtime is loaded from where it lies: by name only its types are imported", async () => {
+  for (const file of files) {
+    const text = await Bun.file(join(root, file)).text();
+    const lines = text.split("\n").filter((line) => line.includes('"onnxruntime-common"'));
+    expect(lines.filter((line) => !/^import type |typeof import\(/.test(line))).toEqual([]);
+  }
 });

@@ -1,6 +1,8 @@
 import { describe, expect, test } from "bun:test";
-import { bench, connect, hear, speak, utter } from "../support/bench.ts";
-import { settle } from "../support/clock.ts";
+import { bench, connect, hear, speak, utter, type BenchOptions } from "../support/bench.ts";
+import { ManualClock, settle } from "../support/clock.ts";
+import { FakeSpeechDetector } from "../support/fakeSpeechDetector.ts";
+import { temporaryFolder } from "../support/folders.ts";
 
 describe("speaking over an answer", () => {
   async function answering() {
@@ -89,5 +91,127 @@ describe("speaking over an answer", () => {
     await it.engine.set({ isEchoCancelOn: false });
     await hear(it, socket, 600, -22);
     expect(socket.types).not.toContain("stop");
+  });
+});
+
+describe("somebody who speaks", () => {
+  async function listening(options: BenchOptions = {}) {
+    const it = bench(temporaryFolder(), new ManualClock(), "", options);
+    const socket = connect(it);
+    await hear(it, socket, 500);
+    return { it, socket };
+  }
+
+  test("has the recogniser prepared, and recognised ahead of the end", async () => {
+    const { it, socket } = await listening();
+    it.recogniser.will("Palomet, help");
+    await hear(it, socket, 200, -22);
+    expect(it.recogniser.prepared).toBe(1);
+    await hear(it, socket, 400, -22);
+    await hear(it, socket, 300);
+    expect(it.recogniser.heard).toHaveLength(1);
+    expect(it.engine.state).toMatchObject({ state: "hearing", heard: [] });
+    await hear(it, socket, 600);
+    expect(it.engine.state.heard).toMatchObject([{ text: "Palomet, help", action: "accepted" }]);
+    expect(it.engine.state.timings?.transcribeMs).toBe(0);
+    expect(it.recogniser.heard).toHaveLength(1);
+  });
+
+  test("and goes on after a pause is understood whole", async () => {
+    const { it, socket } = await listening();
+    it.recogniser.will("Palomet, what");
+    it.recogniser.will("Palomet, what time is it?");
+    await hear(it, socket, 600, -22);
+    await hear(it, socket, 400);
+    expect(it.recogniser.signals[0]?.aborted).toBe(false);
+    await hear(it, socket, 150, -22);
+    expect(it.recogniser.signals[0]?.aborted).toBe(true);
+    await hear(it, socket, 450, -22);
+    await hear(it, socket, 1_000);
+    expect(it.engine.state.heard).toMatchObject([{ text: "Palomet, what time is it?" }]);
+    expect(it.recogniser.heard[1]!.length).toBeGreaterThan(it.recogniser.heard[0]!.length + 12_000);
+  });
+
+  test("is not heard when it is muted in the middle, nor afterwards by what was said before", async () => {
+    const { it, socket } = await listening();
+    it.recogniser.will("Palomet");
+    await hear(it, socket, 600, -22);
+    await hear(it, socket, 300);
+    it.engine.loop.toggleMute();
+    expect(it.recogniser.signals[0]?.aborted).toBe(true);
+    await hear(it, socket, 1_000);
+    expect(it.engine.state).toMatchObject({ state: "muted", heard: [] });
+    it.engine.loop.toggleMute();
+    await hear(it, socket, 2_000);
+    expect(it.engine.state).toMatchObject({ state: "waiting", heard: [] });
+  });
+
+  test("goes on being heard when the agent's own voice or another microphone comes in between", async () => {
+    for (const between of ["voice", "device"]) {
+      const { it, socket } = await listening();
+      it.recogniser.will("not yet");
+      it.recogniser.will("Palomet, help");
+      await hear(it, socket, 600, -22);
+      if (between === "voice") it.engine.loop.ears.ownVoice(true);
+      else it.engine.link.text(socket, JSON.stringify({ type: "device", device: "Another" }));
+      await hear(it, socket, 600, -22);
+      await hear(it, socket, 1_000);
+      expect(it.engine.state.heard).toHaveLength(1);
+      expect(it.recogniser.heard.at(-1)!.length).toBeGreaterThan(16 * 1_400);
+    }
+  });
+
+  test("is shown as the words come, in one entry that the whole replaces", async () => {
+    const { it, socket } = await listening({ speechDetector: new FakeSpeechDetector(), isCaptioning: true });
+    it.recogniser.glimpse = "Palomet what";
+    await hear(it, socket, 1_400, -22);
+    const [first] = it.engine.state.heard;
+    expect(it.engine.state.heard).toMatchObject([{ text: "Palomet what", action: "…" }]);
+    it.recogniser.glimpse = "Palomet what time";
+    await hear(it, socket, 700, -22);
+    expect(it.engine.state.heard).toEqual([{ ...first!, text: "Palomet what time" }]);
+    it.recogniser.will("Palomet, what time is it?");
+    await hear(it, socket, 1_000);
+    expect(it.engine.state.heard).toMatchObject([{ text: "Palomet, what time is it?", action: "accepted" }]);
+  });
+
+  test("is shown no longer when the microphone is muted or gone", async () => {
+    for (const end of ["mute", "gone"]) {
+      const { it, socket } = await listening({ speechDetector: new FakeSpeechDetector(), isCaptioning: true });
+      it.recogniser.glimpse = "Palomet what";
+      await hear(it, socket, 1_400, -22);
+      expect(it.engine.state.heard).toHaveLength(1);
+      if (end === "mute") it.engine.loop.toggleMute();
+      else it.engine.link.closed(socket);
+      expect(it.engine.state.heard).toEqual([]);
+      await it.clock.advance(5_000);
+      expect(it.engine.state.heard).toEqual([]);
+    }
+  });
+
+  test("is not shown before the end where the machine has no time for it", async () => {
+    const { it, socket } = await listening({ speechDetector: new FakeSpeechDetector() });
+    it.recogniser.glimpse = "Palomet what";
+    await hear(it, socket, 3_000, -22);
+    expect(it.engine.state.heard).toEqual([]);
+  });
+
+  test("is not shown before the end over the agent's own voice, nor by the words of somebody before", async () => {
+    const { it, socket } = await listening({ speechDetector: new FakeSpeechDetector(), isCaptioning: true });
+    it.recogniser.glimpse = "mumbled";
+    it.engine.loop.ears.ownVoice(true);
+    await hear(it, socket, 1_500, -22);
+    expect(it.engine.state).toMatchObject({ state: "hearing", heard: [] });
+    await hear(it, socket, 1_000);
+    it.engine.loop.stop();
+    it.engine.loop.ears.ownVoice(false);
+    await hear(it, socket, 1_500);
+    const before = it.engine.state.heard.length;
+    await hear(it, socket, 1_500, -22);
+    expect(it.engine.state.heard).toHaveLength(before + 1);
+    it.engine.loop.stop();
+    await hear(it, socket, 500, -22);
+    expect(it.engine.state.state).toBe("hearing");
+    expect(it.engine.state.heard).toHaveLength(before);
   });
 });

@@ -1,33 +1,8 @@
 import { describe, expect, test } from "bun:test";
-import { Hearing, type Utterance } from "../../src/hearing/hearing.ts";
-import { tone } from "../support/sounds.ts";
-
-function listen() {
-  const told: string[] = [];
-  const utterances: Utterance[] = [];
-  const hearing = new Hearing({
-    began: () => told.push("began"),
-    ended: (utterance) => {
-      told.push("ended");
-      utterances.push(utterance);
-    },
-    dropped: () => told.push("dropped"),
-  });
-  const take = (samples: Int16Array): void => {
-    for (let at = 0; at < samples.length; at += 341) hearing.take(samples.subarray(at, at + 341));
-  };
-  return { hearing, told, utterances, take };
-}
-
-/** White noise at this level, the same every time. */
-function noise(ms: number, dbfs: number): Int16Array {
-  let seed = 7;
-  const peak = 32_768 * Math.sqrt(3) * 10 ** (dbfs / 20);
-  return Int16Array.from({ length: ms * 16 }, () => {
-    seed = (seed * 1_103_515_245 + 12_345) % 2_147_483_648;
-    return Math.round((seed / 1_073_741_824 - 1) * peak);
-  });
-}
+import type { Utterance } from "../../src/hearing/hearing.ts";
+import { FakeSpeechDetector } from "../support/fakeSpeechDetector.ts";
+import { listen } from "../support/hearing.ts";
+import { hiss as noise, tone } from "../support/sounds.ts";
 
 describe("an utterance", () => {
   test("begins within 120 ms, ends after the silence that is set, and holds what came just before", () => {
@@ -138,5 +113,177 @@ describe("over the agent's own voice", () => {
 
   test("what goes on when it has fallen silent is somebody", () => {
     expect(overheard(500)).toMatchObject({ overlapsSpeech: true, isSurelySomebody: true });
+  });
+});
+
+describe("with a speech detector", () => {
+  test("what is no speech is no utterance, however loud", () => {
+    const speech = new FakeSpeechDetector();
+    const { told, take } = listen(speech);
+    speech.isSpeech = false;
+    for (let bark = 0; bark < 20; bark++) {
+      take(tone(400, -10));
+      take(noise(300, -70));
+    }
+    expect(told).toEqual([]);
+  });
+
+  test("what is speech for a moment begins, and is dropped", () => {
+    const { told, pauses, utterances, take } = listen(new FakeSpeechDetector());
+    take(noise(500, -70));
+    take(tone(64, -20));
+    take(noise(1_500, -70));
+    expect([told, pauses, utterances]).toEqual([["began", "dropped"], [], []]);
+  });
+
+  test("an utterance holds nothing of the one before it", () => {
+    const { hearing, utterances, take } = listen(new FakeSpeechDetector());
+    hearing.endSilenceMs = 200;
+    take(noise(500, -70));
+    take(tone(600, -25));
+    take(noise(260, -70));
+    take(tone(600, -25));
+    take(noise(500, -70));
+    expect(utterances).toHaveLength(2);
+    expect(Math.abs(utterances[1]!.samples[0]!)).toBeLessThan(100);
+  });
+
+  test("a silence that is not judged yet does not end an utterance", () => {
+    const speech = new FakeSpeechDetector();
+    const { told, take } = listen(speech);
+    take(noise(500, -70));
+    take(tone(600, -25));
+    speech.isPrompt = false;
+    take(noise(1_000, -70));
+    expect(told).toEqual(["began"]);
+    speech.judge();
+    expect(told).toEqual(["began", "ended"]);
+  });
+
+  test("soft speech is heard where the energy says nothing", () => {
+    const { told, take } = listen(new FakeSpeechDetector());
+    take(noise(500, -70));
+    for (let word = 0; word < 3; word++) {
+      take(tone(400, -56));
+      take(noise(200, -70));
+    }
+    take(noise(1_000, -70));
+    expect(told).toEqual(["began", "ended"]);
+  });
+
+  test("an utterance begins within 100 ms, and holds 350 ms of what came before and 200 ms of the silence after it", () => {
+    const { told, utterances, take } = listen(new FakeSpeechDetector());
+    take(noise(1_000, -70));
+    take(tone(100, -25));
+    expect(told).toEqual(["began"]);
+    take(tone(900, -25));
+    take(noise(1_000, -70));
+    const { samples } = utterances[0]!;
+    const isLoud = (sample: number): boolean => Math.abs(sample) > 500;
+    expect(Math.abs(samples.findIndex(isLoud) / 16 - 350)).toBeLessThanOrEqual(40);
+    expect(Math.abs((samples.length - samples.findLastIndex(isLoud)) / 16 - 200)).toBeLessThanOrEqual(10);
+  });
+
+  test("an utterance may be over after 200 ms, and is when its silence is", () => {
+    const { told, pauses, paused, utterances, take } = listen(new FakeSpeechDetector());
+    take(noise(500, -70));
+    take(tone(600, -25));
+    take(noise(150, -70));
+    expect(pauses).toEqual([]);
+    take(noise(80, -70));
+    expect(pauses).toEqual(["paused"]);
+    take(tone(400, -25));
+    expect(pauses).toEqual(["paused", "resumed"]);
+    take(noise(770, -70));
+    expect([told, pauses]).toEqual([["began"], ["paused", "resumed", "paused"]]);
+    take(noise(60, -70));
+    expect(told).toEqual(["began", "ended"]);
+    expect(paused[1]).toEqual(utterances[0]!.samples);
+  });
+
+  test("sound that comes in a burst is cut like any other", () => {
+    const speech = new FakeSpeechDetector();
+    speech.isPrompt = false;
+    const { hearing, told, utterances } = listen(speech);
+    const words = [noise(600, -70), tone(600, -25), noise(1_200, -70), tone(900, -25), noise(1_500, -70)];
+    hearing.take(Int16Array.from(words.flatMap((part) => [...part])));
+    expect(told).toEqual([]);
+    speech.judge();
+    expect(told).toEqual(["began", "ended", "began", "ended"]);
+    for (const [index, ms] of [600, 900].entries()) {
+      const loud = utterances[index]!.samples.filter((sample) => Math.abs(sample) > 100);
+      expect(Math.abs(loud.length / 16 - ms)).toBeLessThan(0.1 * ms);
+    }
+  });
+
+  test("that is away, the energy tells speech until it is back", () => {
+    const speech = new FakeSpeechDetector();
+    speech.isAnswering = false;
+    speech.isSpeech = false;
+    const { told, take } = listen(speech);
+    take(noise(500, -70));
+    take(tone(600, -25));
+    take(noise(1_000, -70));
+    expect(told).toEqual(["began", "ended"]);
+    speech.isAnswering = true;
+    take(tone(600, -25));
+    take(noise(1_000, -70));
+    expect(told).toEqual(["began", "ended"]);
+  });
+
+  test("that dies in the middle of an utterance does not cut it", () => {
+    const speech = new FakeSpeechDetector();
+    const { told, utterances, take } = listen(speech);
+    take(noise(500, -70));
+    take(tone(1_000, -25));
+    speech.isAnswering = false;
+    take(tone(2_000, -25));
+    speech.isAnswering = true;
+    take(tone(1_000, -25));
+    take(noise(1_000, -70));
+    expect(told).toEqual(["began", "ended"]);
+    expect(utterances[0]?.durationMs).toBeGreaterThan(4_800);
+  });
+
+  test("what was said before it was told to forget is not heard later", () => {
+    const speech = new FakeSpeechDetector();
+    speech.isPrompt = false;
+    const { hearing, told, take } = listen(speech);
+    take(noise(500, -70));
+    take(tone(600, -25));
+    hearing.reset();
+    speech.judge();
+    take(noise(1_000, -70));
+    speech.judge();
+    expect([told, hearing.isHearing]).toEqual([[], false]);
+  });
+
+  describe("over the agent's own voice", () => {
+    function overheard(isSpeech: boolean, dbfs: number): [string[], number | undefined] {
+      const speech = new FakeSpeechDetector();
+      const { hearing, told, take } = listen(speech);
+      take(noise(500, -70));
+      hearing.isOwnVoice = true;
+      speech.isSpeech = false;
+      take(noise(1_000, -60));
+      speech.isSpeech = isSpeech;
+      let after: number | undefined;
+      for (let waited = 10; waited <= 600; waited += 10) {
+        take(tone(10, dbfs));
+        if (told.length > 0) after ??= waited;
+      }
+      return [told, after];
+    }
+
+    test("a voice that both detectors notice interrupts within 200 ms", () => {
+      const [told, after] = overheard(true, -22);
+      expect(told).toEqual(["began"]);
+      expect(after).toBeLessThanOrEqual(200);
+    });
+
+    test("what only one of them notices does not", () => {
+      expect(overheard(false, -10)[0]).toEqual([]);
+      expect(overheard(true, -50)[0]).toEqual([]);
+    });
   });
 });

@@ -28,14 +28,16 @@ describe("the name", () => {
     ["What time is it, Palomet?", "What time is it?"],
     ["Minha amiga, que horas são?", "Que horas são?"],
     ["Palomét, help", "Help"],
-    ["Palomat, help", "Help"],
+    ["Could you help me, Palomet, with this letter?", "Could you help me with this letter?"],
+    ["Good morning. Palomet, what time is it?", "Good morning. what time is it?"],
+    ["Could you tell me Palomet, what time it is?", "Could you tell me what time it is?"],
   ];
   for (const [text, request] of named) {
     test(`is found in "${text}"`, () => expect(decide(text)).toEqual({ action: "accepted", command: "ask", text: request }));
   }
 
-  test("is not found in what only resembles it, or in the middle", () => {
-    for (const text of ["palo alto is nice", "the palomet project is late today", "minha irmã chegou"]) {
+  test("is not found in what only resembles it, or in the middle of a sentence that speaks of it", () => {
+    for (const text of ["palo alto is nice", "Palomat, help", "the palomet project is late, today", "minha irmã chegou"]) {
       expect(decide(text)).toMatchObject({ action: "ignored" });
     }
   });

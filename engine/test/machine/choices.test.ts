@@ -4,10 +4,13 @@ import { join } from "node:path";
 import { chooseLocale } from "../../src/base/language.ts";
 import { Children } from "../../src/machine/children.ts";
 import { Choices } from "../../src/machine/choices.ts";
+import { findShipped } from "../../src/machine/shipped.ts";
 import { bench } from "../support/bench.ts";
 import { program, temporaryFolder } from "../support/folders.ts";
 
 const tool = join(program("claude", "echo 2.1.0"), "claude");
+
+const nothing = findShipped([]);
 
 test("the recogniser models are those that are installed, the largest first", async () => {
   const home = temporaryFolder();
@@ -15,14 +18,31 @@ test("the recogniser models are those that are installed, the largest first", as
   program("pocketsphinx_batch", "exit 0", tools);
   const models = join(home, "whisper.cpp/models");
   mkdirSync(models, { recursive: true });
+  await Bun.write(join(home, ".local/share/palomet/models/ggml-small-q5_1.bin"), "");
   for (const name of ["ggml-tiny.bin", "ggml-large-v3-turbo.bin", "notes.txt", "for-tests-ggml-base.bin"]) {
     await Bun.write(join(models, name), "");
   }
-  const choices = new Choices(new Children({ PATH: tools, HOME: home }), chooseLocale({}));
-  expect(choices.recogniserModels()).toEqual(["large-v3-turbo", "tiny", "pocketsphinx"]);
+  const choices = new Choices(new Children({ PATH: tools, HOME: home }), chooseLocale({}), nothing);
+  expect(choices.recogniserModels()).toEqual(["large-v3-turbo", "small-q5_1", "tiny", "pocketsphinx"]);
   chmodSync(models, 0o000);
-  expect(new Choices(new Children({ PATH: "" }), chooseLocale({})).recogniserModels()).toEqual([]);
+  expect(new Choices(new Children({ PATH: "" }), chooseLocale({}), nothing).recogniserModels()).toEqual([]);
   chmodSync(models, 0o700);
+});
+
+test("what the package brings comes first for English, and is not offered for other languages, which it does not know", async () => {
+  const home = temporaryFolder();
+  const tools = program("whisper-cli", "exit 0");
+  const models = join(home, "whisper.cpp/models");
+  mkdirSync(models, { recursive: true });
+  for (const name of ["ggml-small.bin", "ggml-base.en.bin"]) await Bun.write(join(models, name), "");
+  const model = { encoder: "e", decoder: "d" };
+  const brought = { ...nothing, runtime: "r", vocabulary: "v", base: model, tiny: model };
+  const modelsFor = (languages: string, have: typeof brought | typeof nothing): string[] =>
+    new Choices(new Children({ PATH: tools, HOME: home }), chooseLocale({ PALOMET_LANGUAGES: languages }), have).recogniserModels();
+  expect(modelsFor("en", brought)).toEqual(["moonshine-base", "moonshine-tiny", "small", "base.en"]);
+  expect(modelsFor("en", { ...brought, base: undefined })).toEqual(["moonshine-tiny", "small", "base.en"]);
+  expect(modelsFor("en", { ...brought, runtime: undefined })).toEqual(["small", "base.en"]);
+  expect(modelsFor("pt", brought)).toEqual(["small"]);
 });
 
 test("the options name every claude tool that tells its version", async () => {
@@ -42,19 +62,29 @@ test("one look answers all who ask for the options at the same time, and the nex
   const mark = join(temporaryFolder(), "calls");
   const tools = program("claude", `echo call >> ${mark}; echo 2.1.0`);
   program("pactl", `echo call >> ${mark}; echo '[]'`, tools);
-  program("espeak-ng", `echo call >> ${mark}`, tools);
   const it = bench(undefined, undefined, `${tools}:/usr/bin:/bin`);
   const calls = async (): Promise<number> => (await Bun.file(mark).text()).trim().split("\n").length;
   const answers = await Promise.all(Array.from({ length: 100 }, () => it.engine.options()));
   expect(answers.every(({ claudePaths }) => claudePaths[0]?.version === "2.1.0")).toBe(true);
-  expect(await calls()).toBe(3);
+  expect(await calls()).toBe(2);
   await it.engine.options();
-  expect(await calls()).toBe(6);
+  expect(await calls()).toBe(4);
 });
 
 test("programs that hang, fail or print megabytes leave their list empty", async () => {
   const tools = program("pactl", "yes | head -c 4000000");
-  program("espeak-ng", "exit 3", tools);
   const it = bench(undefined, undefined, `${tools}:${process.env.PATH}`);
-  expect(await it.engine.options()).toMatchObject({ inputs: [], macVoices: [] });
+  expect(await it.engine.options()).toMatchObject({ inputs: [] });
+});
+
+test("the voices are those of the programs that are installed, the user's language and the better programs first", async () => {
+  const espeak = program("espeak-ng", "exit 0");
+  const voices = (path: string, tag: string): string[] =>
+    new Choices(new Children({ PATH: path }), chooseLocale({ PALOMET_LANGUAGES: tag })).voices().map(({ title }) => title);
+  expect(voices("", "en-US")).toEqual([]);
+  expect(voices(espeak, "en-GB").slice(0, 2)).toEqual(["English (Great Britain)", "English (America)"]);
+  const both = program("flite", "exit 0", espeak);
+  expect(voices(both, "en-US").slice(0, 5)).toEqual(["Alan (Flite)", "Slt (Flite)", "Rms (Flite)", "Kal (Flite)", "English (America)"]);
+  expect(voices(both, "pt-PT").slice(0, 3)).toEqual(["Português (Portugal)", "Português (Brasil)", "Alan (Flite)"]);
+  expect(voices(both, "pt-BR").join()).not.toContain("f3");
 });

@@ -25,8 +25,7 @@ const good: Record<string, unknown[]> = {
   voiceId: ["", "pt-br+f3", "a1b2c3"],
   voiceName: ["Ana"],
   voiceSpeed: [1, 1.25, 2],
-  fishModel: ["espeak-ng"],
-  fallbackVoice: ["en-gb", "pt-br+f3"],
+  fallbackVoice: ["English (Caribbean)", "Alan (Flite)", "Letícia (RHVoice)"],
   brainModel: ["haiku", "claude-sonnet-4-5", "built-in"],
   claudePath: [tool, null],
   folders: [[], [folder]],
@@ -51,8 +50,8 @@ const bad: Record<string, unknown[]> = {
   voiceId: [7, null],
   voiceName: ["", null],
   voiceSpeed: [0, -1, 99, "1.5", null],
-  fishModel: ["other"],
-  fallbackVoice: ["", "-x", "a b", "../voices"],
+  fishModel: ["other", "RHVoice", null],
+  fallbackVoice: ["", "-x", "a b", "../voices", null],
   brainModel: ["", "-x", "a b", "--dangerous", null],
   claudePath: [tool, "/none/such", folder, "claude", 7, join(import.meta.dir, "settings.test.ts")],
   folders: [["relative"], ["/none/such"], folder, [7]],
@@ -82,6 +81,36 @@ describe("a bad value is refused and changes nothing", () => {
       it.engine.close();
     });
   }
+});
+
+test("the ids by which eSpeak knows its voices stand for their names, and the variant that is gone for the voice", async () => {
+  const it = bench();
+  for (const [id, title] of [["en-gb", "English (Great Britain)"], ["pt-br+f3", "Português (Brasil)"], ["fr+m3", "fr+m3"]]) {
+    expect(await it.engine.set({ fallbackVoice: id })).toBeUndefined();
+    expect(it.engine.state.settings.fallbackVoice).toBe(title as string);
+  }
+  it.engine.close();
+});
+
+test("a program for the voice brings its best voice, a voice its program, and both stay", async () => {
+  const state = temporaryFolder();
+  const tools = program("flite", "exit 0", program("espeak-ng", "exit 0"));
+  const first = bench(state, undefined, tools);
+  const chosen = (it: ReturnType<typeof bench>): string[] => {
+    const { fishModel, fallbackVoice } = it.engine.state.settings;
+    return [fishModel, fallbackVoice];
+  };
+  expect(chosen(first)).toEqual(["Flite", "Alan (Flite)"]);
+  await first.engine.set({ fishModel: "eSpeak NG" });
+  expect(chosen(first)).toEqual(["eSpeak NG", "English (America)"]);
+  await first.engine.set({ fallbackVoice: "Slt (Flite)" });
+  expect(chosen(first)).toEqual(["Flite", "Slt (Flite)"]);
+  await first.engine.set({ fishModel: "Flite" });
+  expect(chosen(first)).toEqual(["Flite", "Slt (Flite)"]);
+  first.engine.close();
+  const without = bench(state);
+  expect(chosen(without)).toEqual(["Flite", "Slt (Flite)"]);
+  without.engine.close();
 });
 
 test("names are trimmed, and said once", async () => {

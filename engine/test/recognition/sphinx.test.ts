@@ -4,38 +4,18 @@ import { chooseLocale, type Language } from "../../src/base/language.ts";
 import { plainWords } from "../../src/base/words.ts";
 import { Children } from "../../src/machine/children.ts";
 import { SphinxRecogniser } from "../../src/recognition/sphinx.ts";
-import { readClip } from "../../src/sound/wav.ts";
 import { knownPhrases } from "../../src/thought/builtInAnswers.ts";
 import { program, temporaryFolder } from "../support/folders.ts";
 import { going } from "../support/processes.ts";
 import { failures, hasSphinx, installed, path, patient, type Failure } from "../support/recognition.ts";
 import { tone } from "../support/sounds.ts";
+import { said } from "../support/speech.ts";
 
 function sphinx(language: Language, children = installed, timeoutMs = patient, folder = temporaryFolder()): SphinxRecogniser {
   const { voice } = chooseLocale({ PALOMET_LANGUAGES: language });
   const actionPhrases = [language === "pt" ? "pode fazer" : "go ahead"];
   const vocabulary = { language, voice, wakeWords: ["palomet"], actionPhrases, requests: knownPhrases(language) };
-  return new SphinxRecogniser(children, folder, () => vocabulary, () => 800, timeoutMs);
-}
-
-/** A sentence as `espeak-ng` says it, in the samples of the audio link, with the silence around it. */
-async function said(sentence: string, voice: string): Promise<Int16Array> {
-  const outcome = await installed.run(["espeak-ng", "-v", voice, "--stdin", "--stdout"], {
-    input: sentence,
-    timeoutMs: 10_000,
-    maxOutput: 1 << 24,
-  });
-  const clip = outcome.kind === "ended" ? readClip(outcome.output) : undefined;
-  if (!clip) throw new Error("no speech");
-  const samples = new Int16Array(clip.file.slice(44).buffer);
-  const length = Math.floor((samples.length * 16_000) / 22_050);
-  const spoken = new Int16Array(4_800 + length + 12_800);
-  for (let index = 0; index < length; index++) {
-    const at = (index * 22_050) / 16_000;
-    const [before, after] = [samples[Math.floor(at)] ?? 0, samples[Math.ceil(at)] ?? 0];
-    spoken[4_800 + index] = (before + (after - before) * (at % 1)) / 2;
-  }
-  return spoken;
+  return new SphinxRecogniser(children, folder, () => vocabulary, timeoutMs);
 }
 
 describe.skipIf(!hasSphinx)("pocketsphinx", () => {

@@ -4,12 +4,19 @@ import { chooseLocale } from "../../src/base/language.ts";
 import type { Settings } from "../../src/base/protocol.ts";
 import { Engine } from "../../src/engine.ts";
 import { Microphone } from "../../src/hearing/microphone.ts";
+import type { SpeechDetector } from "../../src/hearing/speechDetector.ts";
 import { Children } from "../../src/machine/children.ts";
 import { Choices } from "../../src/machine/choices.ts";
+import { findShipped } from "../../src/machine/shipped.ts";
 import { ManualClock, settle } from "./clock.ts";
 import { FakeBrain, FakeRecogniser, FakeSocket, FakeSynthesiser } from "./fakes.ts";
 import { temporaryFolder } from "./folders.ts";
 import { tone } from "./sounds.ts";
+
+export interface BenchOptions {
+  speechDetector?: SpeechDetector;
+  isCaptioning?: boolean;
+}
 
 export interface Bench {
   engine: Engine;
@@ -24,7 +31,7 @@ export interface Bench {
   phases(): string[];
 }
 
-export function bench(folder = temporaryFolder(), clock = new ManualClock(), path = ""): Bench {
+export function bench(folder = temporaryFolder(), clock = new ManualClock(), path = "", options: BenchOptions = {}): Bench {
   const children = new Children({ PATH: path });
   const locale = chooseLocale({ PALOMET_LANGUAGES: "en-US" });
   const recogniser = new FakeRecogniser();
@@ -37,9 +44,11 @@ export function bench(folder = temporaryFolder(), clock = new ManualClock(), pat
     log: (line) => log.push(line),
     locale,
     folder,
-    choices: new Choices(children, locale),
+    choices: new Choices(children, locale, findShipped([])),
     synthesiser,
     recogniser: (_settings: () => Settings) => recogniser,
+    ...(options.speechDetector ? { speechDetector: options.speechDetector } : {}),
+    isCaptioning: () => options.isCaptioning ?? false,
     brain,
     microphone: (onSamples) => new Microphone(children, clock, () => {}, onSamples),
   });

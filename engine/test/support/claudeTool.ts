@@ -41,7 +41,7 @@ export async function brainOf(path: string, stallMs = 5_000): Promise<{ brain: E
 export const workingFolder = temporaryFolder();
 
 export function request(words: string, over: Partial<Request> = {}): Request {
-  const surroundings = { locale, workingFolder, recogniserModels: [], actionIds: ["commands", "files", "web"] };
+  const surroundings = { locale, workingFolder, recogniserModels: [], voices: () => [], actionIds: ["commands", "files", "web"] };
   return { text: words, settings: defaultSettings(surroundings), session: undefined, lastAnswer: undefined, ...over };
 }
 

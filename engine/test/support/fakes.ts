@@ -3,7 +3,7 @@
 import type { Clock } from "../../src/base/clock.ts";
 import { chooseLocale } from "../../src/base/language.ts";
 import type { LinkSocket } from "../../src/port/audioLink.ts";
-import type { Recogniser, Recognition } from "../../src/recognition/recogniser.ts";
+import type { RecogniseOptions, Recogniser, Recognition } from "../../src/recognition/recogniser.ts";
 import type { Clip } from "../../src/sound/wav.ts";
 import type { Answering, Brain, Request } from "../../src/thought/answer.ts";
 import { builtInAnswer } from "../../src/thought/builtInAnswers.ts";
@@ -24,11 +24,23 @@ export class FakeSynthesiser implements Synthesiser {
 export class FakeRecogniser implements Recogniser {
   answers: Recognition[] = [];
   heard: Int16Array[] = [];
+  signals: AbortSignal[] = [];
   isSlow = false;
+  /** Somebody has begun to speak so often. */
+  prepared = 0;
+  /** The words of the beginning of what is said. */
+  glimpse = "";
   #release: (() => void)[] = [];
 
-  async recognise(samples: Int16Array): Promise<Recognition> {
+  prepare(): void {
+    this.prepared++;
+  }
+
+  async recognise(samples: Int16Array, signal: AbortSignal, { isPartial }: RecogniseOptions = {}): Promise<Recognition> {
+    if (signal.aborted) return { kind: "none" };
+    if (isPartial) return { kind: "text", text: this.glimpse, isUnderstood: this.glimpse !== "" };
     this.heard.push(samples);
+    this.signals.push(signal);
     const answer = this.answers.shift() ?? { kind: "none" };
     if (this.isSlow) await new Promise<void>((resolve) => this.#release.push(resolve));
     return answer;

@@ -35,3 +35,6 @@ export async function gone(ids: number[]): Promise<void> {
 
 /** A signal that is never raised. */
 export const going = new AbortController().signal;
+
+/** A time limit for what ends by itself, however busy the machine is. */
+export const patient = 60_000;

@@ -3,14 +3,14 @@
 import { existsSync } from "node:fs";
 import { Children } from "../../src/machine/children.ts";
 
+export { patient } from "./processes.ts";
+
 export const path = process.env.PATH ?? "";
 export const installed = new Children({ PATH: path });
 export const hasSphinx =
   installed.find("pocketsphinx_batch") !== undefined &&
   installed.find("espeak-ng") !== undefined &&
   existsSync("/usr/share/pocketsphinx/model/en-us/en-us/mdef");
-/** A time limit for programs that end by themselves, however busy the machine is. */
-export const patient = 60_000;
 
 /** A script that a program runs instead of its work, the problem that is then reported, and the time limit. */
 export type Failure = [does: string, script: string, problem: RegExp, timeoutMs?: number];

@@ -16,3 +16,13 @@ export function tone(ms: number, dbfs: number): Int16Array {
     Math.round(peak * Math.sin((2 * Math.PI * 200 * index) / 16_000)),
   );
 }
+
+/** White noise at this level, the same every time. */
+export function hiss(ms: number, dbfs: number): Int16Array {
+  let seed = 7;
+  const peak = 32_768 * Math.sqrt(3) * 10 ** (dbfs / 20);
+  return Int16Array.from({ length: Math.round(ms * 16) }, () => {
+    seed = (seed * 1_103_515_245 + 12_345) % 2_147_483_648;
+    return Math.round((seed / 1_073_741_824 - 1) * peak);
+  });
+}

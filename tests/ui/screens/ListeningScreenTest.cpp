@@ -58,6 +58,16 @@ TEST_F(ListeningScreenTest, ShowsTheSettings) {
     EXPECT_EQ(echoGuard->value(), u"0.4 s"_s);
 }
 
+TEST_F(ListeningScreenTest, TellsTheCommandForAnySentenceWhereOnlyPhrasesAreUnderstood) {
+    Options options;
+    options.whisperModels = {QStringLiteral("pocketsphinx")};
+    model().setOptions(options);
+    EXPECT_TRUE(screen.transcription()->hint().contains(QStringLiteral("palomet-engine model add")));
+    options.whisperModels = {QStringLiteral("small-q5_1"), QStringLiteral("pocketsphinx")};
+    model().setOptions(options);
+    EXPECT_EQ(screen.transcription()->hint(), L("listening.transcription.hint"));
+}
+
 TEST_F(ListeningScreenTest, FallsBackWithoutASnapshot) {
     EXPECT_FALSE(echo->isOn());
     EXPECT_FALSE(directed->isOn());

@@ -36,7 +36,7 @@ void ListeningScreen::becameInactive() {
 
 void ListeningScreen::updateTranscription() {
     const auto &options = model().options();
-    const bool knowsPhrasesOnly = options && options->whisperModels == std::vector{QStringLiteral("pocketsphinx")};
+    const bool knowsPhrasesOnly = options && options->whisperModels == std::vector{u"pocketsphinx"_s};
     m_transcription.setHintKey(knowsPhrasesOnly ? "listening.transcription.phrases" : "listening.transcription.hint");
 }
 

@@ -60,10 +60,10 @@ TEST_F(ListeningScreenTest, ShowsTheSettings) {
 
 TEST_F(ListeningScreenTest, TellsTheCommandForAnySentenceWhereOnlyPhrasesAreUnderstood) {
     Options options;
-    options.whisperModels = {QStringLiteral("pocketsphinx")};
+    options.whisperModels = {u"pocketsphinx"_s};
     model().setOptions(options);
-    EXPECT_TRUE(screen.transcription()->hint().contains(QStringLiteral("palomet-engine model add")));
-    options.whisperModels = {QStringLiteral("small-q5_1"), QStringLiteral("pocketsphinx")};
+    EXPECT_TRUE(screen.transcription()->hint().contains(u"palomet-engine model add"_s));
+    options.whisperModels = {u"small-q5_1"_s, u"pocketsphinx"_s};
     model().setOptions(options);
     EXPECT_EQ(screen.transcription()->hint(), L("listening.transcription.hint"));
 }

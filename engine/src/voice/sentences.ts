@@ -8,8 +8,13 @@ const longestSentence = 300;
 
 /** The sentences of a text, without its markup. The sentence `code` stands for each block of code. */
 export function sentencesOf(text: string, code = ""): string[] {
+  return plainSentences(spokenText(text, code));
+}
+
+/** The sentences of a text of which every mark counts. */
+export function plainSentences(text: string): string[] {
   const sentences: string[] = [];
-  for (const part of spokenText(text, code).split(/(?<=[.!?…])\s+(?=[^\s\p{Ll}])|\n+/u)) {
+  for (const part of text.split(/(?<=[.!?…])\s+(?=[^\s\p{Ll}])|\n+/u)) {
     const sentence = part.replace(/\s+/g, " ").trim();
     if (/[\p{L}\p{N}]/u.test(sentence)) sentences.push(...shortened(sentence));
   }

@@ -6,12 +6,13 @@ import { dirname, join, relative, sep } from "node:path";
 /** Each folder, with the others that it may import. Whoever wires the engine may import all. */
 const allowed: Record<string, string[]> = {
   base: [],
+  hands: ["base"],
   machine: ["base"],
   memory: ["base"],
   models: ["base"],
   sound: ["base"],
   recognition: ["base", "machine", "sound"],
-  thought: ["base", "machine"],
+  thought: ["base", "hands", "machine"],
   voice: ["base", "machine", "sound"],
   hearing: ["base", "machine", "recognition", "sound"],
   loop: ["base", "hearing", "memory", "recognition", "thought", "voice"],

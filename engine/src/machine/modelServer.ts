@@ -2,12 +2,15 @@
 // redirects are not followed, and no proxy stands between the engine and a server on this machine.
 
 import { isRecord, parseJson } from "../base/json.ts";
+import { isStrangers } from "./listeners.ts";
 
 export interface ModelServer {
   /** The name for the user: "Ollama". */
   name: string;
   /** What stands before "/models" and "/chat/completions". */
   address: string;
+  /** It was found at its port, and not named by the user: nobody else may stand in for it. */
+  isFound?: boolean;
   /** Gives the key, when it is asked for one. */
   key?: () => string | undefined;
   /** The one model that is offered; without it, all that the server lists. */
@@ -27,8 +30,12 @@ export function isOnThisMachine({ address }: ModelServer): boolean {
 /** The server wants a key that cannot be read. Nothing was sent. */
 export class KeyMissing extends Error {}
 
-/** Rejects when the server cannot be reached, when its key cannot be read, and when `signal` is raised, which closes the connection. */
+/** Somebody else listens where the server would. Nothing was sent. */
+export class Stranger extends Error {}
+
+/** Rejects when the server cannot be reached or is a stranger's, when its key cannot be read, and when `signal` is raised, which closes the connection. */
 export async function request(server: ModelServer, path: string, body: unknown, signal: AbortSignal): Promise<Response> {
+  if (server.isFound && isStrangers(Number(new URL(server.address).port))) throw new Stranger();
   const key = server.key?.();
   if (server.key && key === undefined) throw new KeyMissing();
   const headers: Record<string, string> = { accept: "text/event-stream, application/json", "accept-encoding": "identity" };

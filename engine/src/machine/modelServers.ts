@@ -4,7 +4,7 @@ import { isRecord } from "../base/json.ts";
 import type { Log } from "../base/log.ts";
 import { partsOfServedModel, servedModel } from "../base/models.ts";
 import type { Keys } from "./keys.ts";
-import { jsonOf, KeyMissing, request, type ModelServer } from "./modelServer.ts";
+import { jsonOf, KeyMissing, request, Stranger, type ModelServer } from "./modelServer.ts";
 import { isWindow, type NamedServer } from "./namedServers.ts";
 import { shared } from "./shared.ts";
 
@@ -21,10 +21,10 @@ export interface ServedModel {
 
 /** These listen at ports of their own. */
 export const localServers: readonly ModelServer[] = [
-  { name: "Ollama", address: "http://127.0.0.1:11434/v1" },
-  { name: "llama.cpp", address: "http://127.0.0.1:8080/v1" },
-  { name: "LM Studio", address: "http://127.0.0.1:1234/v1" },
-  { name: "Jan", address: "http://127.0.0.1:1337/v1" },
+  { name: "Ollama", address: "http://127.0.0.1:11434/v1", isFound: true },
+  { name: "llama.cpp", address: "http://127.0.0.1:8080/v1", isFound: true },
+  { name: "LM Studio", address: "http://127.0.0.1:1234/v1", isFound: true },
+  { name: "Jan", address: "http://127.0.0.1:1337/v1", isFound: true },
 ];
 
 /** A server that has not listed its models by then is as it was before. */
@@ -89,6 +89,7 @@ export class ModelServers {
       return readModels(await jsonOf(answer), server);
     } catch (error) {
       if (error instanceof KeyMissing) this.log(`não consigo ler a chave do servidor ${server.name}`);
+      if (error instanceof Stranger) this.log(`outro usuário serve na porta de ${server.name}; não uso`);
       return ending.aborted ? (this.#known.get(server.name) ?? []) : [];
     }
   }

@@ -2,7 +2,7 @@
 
 import type { Clock } from "../base/clock.ts";
 import { cut } from "../base/text.ts";
-import { errorIn, jsonOf, KeyMissing, request, type ModelServer } from "../machine/modelServer.ts";
+import { errorIn, jsonOf, KeyMissing, request, Stranger, type ModelServer } from "../machine/modelServer.ts";
 import { ChatReader, type Ending, type ToolCall } from "./chatReader.ts";
 import { EventReader } from "./eventReader.ts";
 import { Musing } from "./musing.ts";
@@ -84,6 +84,7 @@ async function exchange(
     return await read(answer, onText, heard, () => failure !== undefined);
   } catch (error) {
     if (error instanceof KeyMissing) return failed("away", "não consigo ler a chave");
+    if (error instanceof Stranger) return failed("away", "outro usuário serve na porta");
     return failed(failure ?? "away", failure ? "" : codeOf(error));
   } finally {
     cancelSilence();

@@ -16,7 +16,7 @@ const allowed: Record<string, string[]> = {
   voice: ["base", "machine", "sound"],
   hearing: ["base", "machine", "recognition", "sound"],
   loop: ["base", "hearing", "memory", "recognition", "thought", "voice"],
-  port: ["base", "sound", "voice"],
+  port: ["base", "machine", "sound", "voice"],
 };
 
 const root = join(import.meta.dir, "../../src");

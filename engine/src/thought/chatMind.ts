@@ -167,8 +167,11 @@ export class ChatMind {
     // The world may have changed since it was asked for.
     if (!signal.aborted && this.#intent(hand, given) === intent) {
       answering.tool(`${hand.id}: ${intent}`);
-      const result = hand.act(given, this.parts.language, signal).catch((error: unknown) => `It failed: ${String(error)}`);
-      content = cut(await result, longestResult);
+      try {
+        content = cut(await hand.act(given, this.parts.language, signal), longestResult);
+      } catch (error) {
+        content = cut(`It failed: ${String(error)}`, longestResult);
+      }
       thought.done.push(content);
     }
     thought.messages.push({ role: "tool", content, tool_call_id: call.id });

@@ -1,5 +1,10 @@
 import { describe, expect, test } from "bun:test";
 import { ChatReader } from "../../src/thought/chatReader.ts";
+import { EventReader } from "../../src/thought/eventReader.ts";
+import { jan } from "../support/servers/jan.ts";
+import { llamaCpp } from "../support/servers/llamaCpp.ts";
+import { lmStudio } from "../support/servers/lmStudio.ts";
+import { ollama } from "../support/servers/ollama.ts";
 
 function read(...events: unknown[]) {
   let text = "";
@@ -87,4 +92,24 @@ describe("a tool call", () => {
   test("that is none is left out", () => {
     expect(read(delta({ tool_calls: [7, null, {}, { function: "x" }] }), delta({ tool_calls: "x" }), "[DONE]").calls).toEqual([]);
   });
+});
+
+test("no bytes make it throw, or call what was not asked for in whole", () => {
+  // A generator of numbers (Park and Miller): each run is the same.
+  let seed = 1;
+  const random = (below: number): number => (seed = (seed * 48_271) % 2_147_483_647) % below;
+  const call = { name: "note", given: { text: "milk" } };
+  for (const ways of [ollama, llamaCpp, lmStudio, jan]) {
+    const bytes = new TextEncoder().encode(ways.words("One.", " Two.") + ways.calls(call, call));
+    for (let round = 0; round < 500; round++) {
+      const changed = bytes.slice(random(50), bytes.length - random(50));
+      for (let change = random(5); change >= 0; change--) changed[random(changed.length)] = random(256);
+      const reader = new ChatReader(() => {});
+      const events = new EventReader((data) => reader.take(data), () => reader.tooLong());
+      for (let at = 0; at < changed.length; at += 97) events.take(changed.subarray(at, at + 97));
+      events.end();
+      reader.end();
+      for (const { id, name, given } of reader.calls) expect([typeof id, typeof name, typeof given, name.length <= 64]).toEqual(["string", "string", "string", true]);
+    }
+  }
 });

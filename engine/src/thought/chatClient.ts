@@ -145,7 +145,7 @@ function refusal(status: number, error: { message: string; code: string; window?
   const said = `${code} ${message}`;
   const kind = (): Failure => {
     if (/exceed_context|context_length|context (size|length|window)|too many tokens/i.test(said)) return "tooLong";
-    if (/\btools?\b|\bjinja\b/i.test(message)) return "toolless";
+    if (/\btools?\b/i.test(message) && /support|require|enable|allow/i.test(message)) return "toolless";
     if (/model_not_found|model.*(not found|not exist|not loaded)|no models? loaded|unknown model/i.test(said)) return "missing";
     return status === 404 && error !== undefined ? "missing" : "away";
   };

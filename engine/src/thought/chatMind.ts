@@ -58,8 +58,9 @@ const longestResult = 8_000;
 
 export class ChatMind {
   readonly #asking: Asking<{ thought: Thought; calls: AskedCall[] }>;
-  /** The models, by their names, that cannot use tools. */
+  /** The models, by their names, that cannot use tools, and the windows that are smaller than thought. */
   readonly #toolless = new Set<string>();
+  readonly #windows = new Map<string, number>();
 
   constructor(private readonly parts: ChatMindParts) {
     this.#asking = new Asking(parts.clock, parts.phrases);
@@ -115,15 +116,15 @@ export class ChatMind {
   async #ask(thought: Thought, { answering, signal }: Use): Promise<ChatOutcome> {
     const { model, messages } = thought;
     thought.rounds++;
-    let window = model.window ?? usualWindow;
     for (let attempt = 1; ; attempt++) {
       const tools = thought.rounds < mostRounds ? this.#tools(model) : undefined;
+      const window = this.#windows.get(model.name) ?? model.window ?? usualWindow;
       const sent = fitted(messages, window, tools ? JSON.stringify(tools).length : 0);
       const wanted = { model: model.id, messages: sent, ...(tools ? { tools } : {}) };
       const outcome = await chat(model.server, wanted, (piece) => answering.text(piece), this.parts.clock, signal);
       if (outcome.kind === "finished" || attempt === 3) return outcome;
       if (outcome.failure === "toolless" && tools) this.#toolless.add(model.name);
-      else if (outcome.failure === "tooLong" && sent.length > 2) window = Math.min(outcome.window ?? Infinity, window / 2);
+      else if (outcome.failure === "tooLong" && sent.length > 2) this.#windows.set(model.name, Math.min(outcome.window ?? Infinity, window / 2));
       else return outcome;
     }
   }

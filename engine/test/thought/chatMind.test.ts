@@ -63,9 +63,11 @@ describe("a request to a model", () => {
     it.server.says("Hi.");
     const rows = Array.from({ length: 20 }, (_, at): Row => ({ role: at % 2 === 0 ? "user" : "assistant", text: "word ".repeat(80), at }));
     expect((await it.say("x", rows)).text).toBe("Hi.");
-    const [first = 0, second = 0] = it.server.chats.map(({ body }) => body.messages.length);
+    expect((await it.say("y", rows)).text).toBe("Hi.");
+    const [first = 0, second = 0, ...next] = it.server.chats.map(({ body }) => body.messages.length);
     expect(first).toBeGreaterThan(second);
     expect(second).toBeGreaterThan(2);
+    expect(next).toEqual([second]);
   });
 
   test("that is too long by itself is said to be", async () => {

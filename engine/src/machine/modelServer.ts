@@ -47,6 +47,8 @@ export async function request(server: ModelServer, path: string, body: unknown, 
     ...(body === undefined ? {} : { body: JSON.stringify(body) }),
     ...(isOnThisMachine(server) ? { proxy: false as const } : {}),
     redirect: "manual",
+    // A connection that was kept may have been closed meanwhile by the other side: a request must not be lost on it.
+    keepalive: false,
     signal,
   });
 }

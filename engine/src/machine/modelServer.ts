@@ -33,7 +33,10 @@ export class KeyMissing extends Error {}
 /** Somebody else listens where the server would. Nothing was sent. */
 export class Stranger extends Error {}
 
-/** Rejects when the server cannot be reached or is a stranger's, when its key cannot be read, and when `signal` is raised, which closes the connection. */
+/**
+ * Rejects when the server cannot be reached or is a stranger's, when its key cannot be read, and when `signal` is raised, which
+ * closes the connection.
+ */
 export async function request(server: ModelServer, path: string, body: unknown, signal: AbortSignal): Promise<Response> {
   if (server.isFound && isStrangers(Number(new URL(server.address).port))) throw new Stranger();
   const key = server.key?.();

@@ -51,7 +51,11 @@ function readServer(entry: unknown): NamedServer | string {
   if (window !== undefined && !isWindow(window)) return `"window" é um número de ${leastWindow} a ${mostWindow}`;
   const key = keyPlace(keyFile, keyVariable);
   if (typeof key === "string") return key;
-  return { name, address, ...(model === undefined ? {} : { model }), ...(key === undefined ? {} : { key }), ...(window === undefined ? {} : { window }) };
+  const server: NamedServer = { name, address };
+  if (model !== undefined) server.model = model;
+  if (key !== undefined) server.key = key;
+  if (window !== undefined) server.window = window;
+  return server;
 }
 
 function keyPlace(file: unknown, variable: unknown): KeyPlace | string | undefined {

@@ -197,8 +197,9 @@ function apart(answering: Answering): Answering {
   let [hasText, isNewLine] = [false, false];
   return {
     text(piece, spoken) {
-      const isApart = hasText && (isNewLine || spoken !== undefined);
-      if (piece.trim() !== "") [hasText, isNewLine] = [true, false];
+      const hasWords = piece.trim() !== "";
+      const isApart = hasText && hasWords && (isNewLine || spoken !== undefined);
+      if (hasWords) [hasText, isNewLine] = [true, false];
       answering.text(isApart ? `\n${piece}` : piece, spoken);
     },
     tool(text) {

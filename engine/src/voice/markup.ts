@@ -6,9 +6,14 @@ const tableRule = /^(?=.*\|)[ \t]*\|?[ \t]*:?-+:?[ \t]*(\|[ \t]*:?-+:?[ \t]*)*\|
 const rule = /^[ \t]*([-*_=])([ \t]*\1){2,}[ \t]*$/;
 const tags = "a|b|i|u|s|em|strong|code|sub|sup|span|div|p|small|kbd|mark|del|ins|img|details|summary|ul|ol|li|h[1-6]|table|tr|t[dh]|hr";
 /** Of what may be a comparison as well only what has attributes. */
-const tag = new RegExp(`</?(?:${tags})\\s*/?>|(?<![\\p{L}\\p{N}])<(?:${tags})(?:\\s+[\\w-]+=(?:"[^"<>]*"|'[^'<>]*'|[^\\s<>"']+))+\\s*/?>`, "giu");
+const attributes = `(?:\\s+[\\w-]+=(?:"[^"<>]*"|'[^'<>]*'|[^\\s<>"']+))+`;
+const tag = new RegExp(`</?(?:${tags})\\s*/?>|(?<![\\p{L}\\p{N}])<(?:${tags})${attributes}\\s*/?>`, "giu");
 /** Emoji, with the marks that join and colour them, frames and shapes. Signs that are as good as letters, such as ©, stay. */
-const pictures = /(?![©®™‼⁉ℹ])[\p{Extended_Pictographic}\p{Regional_Indicator}\p{Emoji_Modifier}\u{2500}-\u{27bf}\u{200b}-\u{200d}\u{fe0e}\u{fe0f}\u{e0020}-\u{e007f}]+/gu;
+const pictures = new RegExp(
+  "(?![©®™‼⁉ℹ])[\\p{Extended_Pictographic}\\p{Regional_Indicator}\\p{Emoji_Modifier}" +
+    "\\u{2500}-\\u{27bf}\\u{200b}-\\u{200d}\\u{fe0e}\\u{fe0f}\\u{e0020}-\\u{e007f}]+",
+  "gu",
+);
 
 /** The words of a text. A block of code becomes the sentence `code`. */
 export function spokenText(text: string, code: string): string {

@@ -46,7 +46,12 @@ export interface Asked {
   method: string;
   path: string;
   headers: Record<string, string>;
-  body: { model: string; stream: boolean; messages: { role: string; content: string; tool_calls?: unknown; tool_call_id?: string }[]; tools?: { function: { name: string } }[] };
+  body: {
+    model: string;
+    stream: boolean;
+    messages: { role: string; content: string; tool_calls?: unknown; tool_call_id?: string }[];
+    tools?: { function: { name: string } }[];
+  };
 }
 
 export class ChatServer {

@@ -88,7 +88,8 @@ describe("a server's model", () => {
     expect(await it.say("obrigado")).toBe("Um. Dois\nO modelo de linguagem parou no meio.");
     it.server.close();
     expect(await it.say("Explique isto")).toBe("O modelo de linguagem não respondeu.");
-    expect(it.log).toEqual([expect.stringContaining("500: sem memória"), expect.stringContaining("a resposta acabou no meio"), expect.stringContaining("o servidor não respondeu")]);
+    const told = ["500: sem memória", "a resposta acabou no meio", "o servidor não respondeu"];
+    expect(it.log).toEqual(told.map((words) => expect.stringContaining(words)));
   });
 
   test("that is silent for a minute is said not to have answered", async () => {

@@ -4,7 +4,10 @@
 import type { Ways } from "../chatServer.ts";
 
 const chunk = (delta: object, reason: string | null = null): string =>
-  `data: ${JSON.stringify({ id: "chatcmpl-j4n", object: "chat.completion.chunk", created: 1781222400, model: "jan-v3-4b-base-instruct", choices: [{ index: 0, delta, finish_reason: reason }] })}\r\n\r\n`;
+  `data: ${JSON.stringify({
+    id: "chatcmpl-j4n", object: "chat.completion.chunk", created: 1781222400, model: "jan-v3-4b-base-instruct",
+    choices: [{ index: 0, delta, finish_reason: reason }],
+  })}\r\n\r\n`;
 const between = ": keep-alive\r\n\r\n";
 const done = "data: [DONE]\r\n\r\n";
 
@@ -15,7 +18,10 @@ export const jan: Ways = {
   key: "secret-key-123",
   words: (...pieces) => between + pieces.map((content) => chunk({ content })).join(between) + chunk({}, "stop") + done,
   calls: (...calls) =>
-    calls.map(({ name, given }, index) => chunk({ tool_calls: [{ index, id: `call${index}`, type: "function", function: { name, arguments: JSON.stringify(given) } }] })).join(between) +
+    calls
+      .map(({ name, given }, index) => ({ index, id: `call${index}`, type: "function", function: { name, arguments: JSON.stringify(given) } }))
+      .map((call) => chunk({ tool_calls: [call] }))
+      .join(between) +
     chunk({}, "tool_calls") + done,
   missing: { status: 404, body: { error: { message: "No running session found for model 'gone'", type: "not_found" } } },
   broken: `data: ${JSON.stringify({ error: "upstream failed" })}\r\n\r\n`,

@@ -30,6 +30,14 @@ export const lmStudio: Ways = {
       })
       .join("") +
     chunk({}, "tool_calls") + done,
-  missing: { status: 404, body: { error: { message: "No models loaded. Please load a model in the developer page or use the `lms load` command.", type: "invalid_request_error", param: "model", code: "model_not_found" } } },
+  missing: {
+    status: 404,
+    body: {
+      error: {
+        message: "No models loaded. Please load a model in the developer page or use the `lms load` command.",
+        type: "invalid_request_error", param: "model", code: "model_not_found",
+      },
+    },
+  },
   broken: `event: error\ndata: ${JSON.stringify({ error: { message: "The model has crashed without additional information. (Exit code: 6)" } })}\n\n`,
 };

@@ -22,7 +22,10 @@ export const ollama: Ways = {
   offered: ["qwen3:8b"],
   words: (...pieces) => pieces.map((content) => chunk({ content })).join("") + chunk({}, "stop") + done,
   calls: (...calls) =>
-    calls.map(({ name, given }, index) => chunk({ tool_calls: [{ id: `call_px63ad0${index}`, index, type: "function", function: { name, arguments: JSON.stringify(given) } }] })).join("") +
+    calls
+      .map(({ name, given }, index) => ({ id: `call_px63ad0${index}`, index, type: "function", function: { name, arguments: JSON.stringify(given) } }))
+      .map((call) => chunk({ tool_calls: [call] }))
+      .join("") +
     chunk({}, "tool_calls") + done,
   missing: { status: 404, body: { error: { message: "model 'qwen3:8b' not found", type: "not_found_error", param: null, code: null } } },
   toolless: {

@@ -1,11 +1,14 @@
 import { afterEach, describe, expect, test } from "bun:test";
 import { join } from "node:path";
+import { systemClock } from "../../src/base/clock.ts";
 import { Keys } from "../../src/machine/keys.ts";
 import type { ModelServer } from "../../src/machine/modelServer.ts";
 import { localServers, ModelServers } from "../../src/machine/modelServers.ts";
 import type { NamedServer } from "../../src/machine/namedServers.ts";
+import { chat } from "../../src/thought/chatClient.ts";
 import { ChatServer, type Ways } from "../support/chatServer.ts";
 import { temporaryFolder } from "../support/folders.ts";
+import { going } from "../support/processes.ts";
 import { jan } from "../support/servers/jan.ts";
 import { llamaCpp } from "../support/servers/llamaCpp.ts";
 import { lmStudio } from "../support/servers/lmStudio.ts";
@@ -36,6 +39,7 @@ describe("the servers on this machine", () => {
       "LM Studio http://127.0.0.1:1234/v1",
       "Jan http://127.0.0.1:1337/v1",
     ]);
+    expect(localServers.filter(({ isFound }) => !isFound)).toEqual([]);
   });
 
   for (const ways of [ollama, llamaCpp, lmStudio]) {
@@ -74,6 +78,24 @@ describe("the servers on this machine", () => {
     const { it, log } = among([local(await serve(jan))]);
     await it.look();
     expect([it.names, log]).toEqual([[], ["o servidor Jan quer uma chave (401)"]]);
+  });
+
+  // Only the superuser can start a program for another.
+  const asAnother = ["setpriv", "--reuid=12345", "--clear-groups", process.execPath];
+  const canBeAnother = process.geteuid?.() === 0 && Bun.spawnSync([...asAnother, "--version"], { cwd: "/" }).success;
+
+  test.if(canBeAnother)("that are another person's are neither listed nor asked, and the log says so", async () => {
+    const script = 'const { port } = Bun.serve({ port: 0, hostname: "127.0.0.1", fetch: () => process.exit(1) }); console.log(port);';
+    const child = Bun.spawn([...asAnother, "-e", script], { cwd: "/", stdout: "pipe", stderr: "ignore" });
+    const { value } = await child.stdout.getReader().read();
+    const theirs = { name: "Ollama", address: `http://127.0.0.1:${new TextDecoder().decode(value).trim()}/v1`, isFound: true };
+    const { it, log } = among([theirs]);
+    await it.look();
+    expect([it.names, log]).toEqual([[], ["outro usuário serve na porta de Ollama; não uso"]]);
+    expect(await chat(theirs, { model: "m", messages: [] }, () => {}, systemClock, going)).toMatchObject({ failure: "away", detail: "outro usuário serve na porta" });
+    expect(child.exitCode).toBeNull();
+    child.kill();
+    await child.exited;
   });
 
   test("that are something else list nothing", async () => {

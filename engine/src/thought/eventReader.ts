@@ -1,5 +1,5 @@
 // Cuts a stream of server-sent events, which comes in pieces cut anywhere, into their data.
-// https://html.spec.whatwg.org/multipage/server-sent-events.html#parsing-an-event-stream
+// The format is that of the HTML standard (WHATWG), "Server-sent events", "Parsing an event stream".
 
 import { LineReader } from "../machine/lineReader.ts";
 

@@ -1,4 +1,4 @@
-// What is read aloud of a text that a language model has written with markup (https://spec.commonmark.org): marks are left out,
+// What is read aloud of a text that a language model has written with markup (CommonMark, with the tables of GitHub): marks are left out,
 // and what cannot be spoken becomes a pause. A line of the result is a sentence at least.
 
 const fence = /^[ \t]*(?:>[ \t]*)*(`{3,}|~{3,})/;

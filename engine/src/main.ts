@@ -15,12 +15,15 @@ import { Microphone } from "./hearing/microphone.ts";
 import { Children } from "./machine/children.ts";
 import { Choices } from "./machine/choices.ts";
 import { Guard } from "./machine/guard.ts";
+import { Keys } from "./machine/keys.ts";
+import { ModelServers } from "./machine/modelServers.ts";
 import { readPreferences } from "./machine/preferences.ts";
 import { shipped } from "./machine/shipped.ts";
 import { PortTaken, serve } from "./port/server.ts";
 import { installedRecognisers } from "./recognition/installed.ts";
 import { EngineBrain } from "./thought/brain.ts";
 import { knownPhrases } from "./thought/builtInAnswers.ts";
+import { ChatMind } from "./thought/chatMind.ts";
 import { Claude } from "./thought/claude.ts";
 import { ProgramSynthesiser } from "./voice/synthesiser.ts";
 
@@ -43,10 +46,13 @@ async function main(): Promise<void> {
   // This comes before anything is opened: a second engine must not touch the first one's data.
   if (await isTaken(port)) return;
 
-  const choices = new Choices(children, locale);
+  // The keys that the servers need leave the environment before the first child gets it.
+  const servers = new ModelServers(() => readPreferences(environment, log).servers ?? [], new Keys(environment), log);
+  const choices = new Choices(children, locale, shipped, servers);
   const preferences = readPreferences(environment, log);
   const claude = new Claude(children, systemClock, phrases[locale.language]);
-  const brain = new EngineBrain(systemClock, locale, claude, choices, log);
+  const chatMind = new ChatMind({ clock: systemClock, language: locale.language, phrases: phrases[locale.language], hands: [] });
+  const brain = new EngineBrain(systemClock, locale, claude, chatMind, servers, choices, log);
   const requests = knownPhrases(locale.language);
   const engine = new Engine({
     clock: systemClock,

@@ -1,6 +1,9 @@
 import { describe, expect, test } from "bun:test";
-import { bench, connect } from "./support/bench.ts";
-import { settle } from "./support/clock.ts";
+import { bench, connect, hear, speak } from "./support/bench.ts";
+import { mindOf, modelOf, NotingHand } from "./support/chatMinds.ts";
+import { ChatServer } from "./support/chatServer.ts";
+import { ManualClock, settle } from "./support/clock.ts";
+import { llamaCpp } from "./support/servers/llamaCpp.ts";
 import { program } from "./support/folders.ts";
 
 describe("the microphone that is chosen", () => {
@@ -79,4 +82,78 @@ describe("echo cancellation", () => {
     while (it.engine.state.isMicDead) await Bun.sleep(1);
     it.engine.close();
   });
+});
+
+test("a model that the user has is chosen, answers aloud, and does what it was allowed to", async () => {
+  const clock = new ManualClock();
+  const server = await ChatServer.open(llamaCpp);
+  const hand = new NotingHand("files");
+  const { brain, servers, log } = mindOf(server, [hand], clock);
+  const it = bench(undefined, clock, "", { brain, servers });
+  const socket = connect(it);
+  const spoken = (): string[] => it.synthesiser.spoken;
+  const rows = (): string[] => it.engine.state.conversation.rows.map(({ role, text }) => `${role}: ${text}`);
+  /** The front end plays all that it is given, until this sentence is spoken and heard. */
+  const heard = async (sentence: string): Promise<void> => {
+    let played = 0;
+    while (!spoken().includes(sentence) || it.engine.state.state === "thinking" || it.engine.state.state === "speaking") {
+      if (played < socket.ids.length) it.engine.link.text(socket, socket.played(played++));
+      await Bun.sleep(1);
+    }
+    spoken().length = 0;
+    socket.sent.length = 0;
+  };
+
+  const { models } = await it.engine.options();
+  expect(models).toEqual([modelOf(server), "built-in"]);
+  expect(await it.engine.set({ brainModel: models[0] })).toBeUndefined();
+  expect(it.engine.state.session).toMatchObject({ model: modelOf(server), claudePath: "", isReady: true });
+
+  server.says("**Paris** is it. ", "It lies on", " the Seine. 🇫🇷");
+  await hear(it, socket, 500);
+  await speak(it, socket, "Palomet, what is the capital of France?");
+  await heard("It lies on the Seine.");
+  expect(rows().at(-1)).toBe("assistant: **Paris** is it. It lies on the Seine. 🇫🇷");
+
+  const wish = async (): Promise<void> => {
+    server.answers = [];
+    server.calls({ name: "files", given: { text: "milk" } });
+    server.says("It is on", " your list.");
+    await speak(it, socket, "Palomet, put milk on my list");
+    await heard("Note milk");
+  };
+  await wish();
+  await speak(it, socket, "No");
+  await heard("All right, I will not.");
+  expect([hand.done, server.chats.length]).toEqual([[], 2]);
+
+  await wish();
+  await speak(it, socket, "Yes");
+  await heard("It is on your list.");
+  expect(hand.done).toEqual([{ text: "milk" }]);
+  expect(rows().slice(-5)).toEqual([
+    "user: Put milk on my list",
+    "assistant: May I? Note milk",
+    "user: Yes",
+    "tool: files: Note milk",
+    "assistant: It is on your list.",
+  ]);
+  expect(server.chats.at(-1)?.body.messages.map(({ role }) => role).slice(-3)).toEqual(["user", "assistant", "tool"]);
+
+  const isTooLate = async (): Promise<void> => {
+    const { length } = server.chats;
+    it.engine.loop.say("Yes");
+    await server.asked(length + 1);
+    await heard("It is on your list.");
+    expect(hand.done).toHaveLength(1);
+  };
+  await wish();
+  await clock.advance(10_001);
+  await isTooLate();
+  await wish();
+  it.engine.loop.stop();
+  await isTooLate();
+  expect(log).toEqual([]);
+  it.engine.close();
+  server.close();
 });

@@ -1,7 +1,9 @@
 import { describe, expect, test } from "bun:test";
 import { join } from "node:path";
+import { ChatServer } from "./support/chatServer.ts";
 import { program, temporaryFolder } from "./support/folders.ts";
 import { freePort, isAlive, serving } from "./support/processes.ts";
+import { jan } from "./support/servers/jan.ts";
 
 const folder = join(import.meta.dir, "..");
 
@@ -78,6 +80,32 @@ describe("the engine", () => {
     expect(await engine.child.exited).toBe(0);
     expect(ids).toHaveLength(2);
     expect(ids.filter(isAlive)).toEqual([]);
+  });
+
+  test("offers and asks the models of a server that its own file names, and gives the key to nobody else", async () => {
+    const port = await freePort();
+    const server = await ChatServer.open(jan);
+    server.says("It is noon.");
+    const config = temporaryFolder();
+    const entry = { name: "Mine", address: server.address, keyVariable: "MY_MODEL_KEY" };
+    await Bun.write(join(config, "palomet/engine.json"), JSON.stringify({ servers: [entry] }));
+    const state = temporaryFolder();
+    const tools = program("claude", `env > ${join(state, "environment")}; exit 1`);
+    const engine = start(port, { XDG_CONFIG_HOME: config, XDG_STATE_HOME: state, PATH: `${tools}:/usr/bin:/bin`, MY_MODEL_KEY: jan.key ?? "" });
+    await serving(port);
+    const get = async (what: string) => (await fetch(`http://127.0.0.1:${port}/${what}`)).text();
+    const post = async (what: string, body: object) => (await fetch(`http://127.0.0.1:${port}/${what}`, { method: "POST", body: JSON.stringify(body) })).status;
+    const model = "jan-v3-4b-base-instruct · Mine";
+    expect(JSON.parse(await get("options")).models).toContain(model);
+    expect(await post("settings", { brainModel: model })).toBe(200);
+    await post("say", { text: "What time is it?" });
+    while (!(await get("state")).includes("It is noon.")) await Bun.sleep(5);
+    const shown = [await get("state"), await get("options"), await get("history"), await Bun.file(join(state, "environment")).text()];
+    engine.child.kill("SIGTERM");
+    await engine.child.exited;
+    expect([...shown, await engine.errors].filter((text) => text.includes(jan.key ?? ""))).toEqual([]);
+    expect(shown[3]).toContain("XDG_STATE_HOME=");
+    server.close();
   });
 
   test("without a voice says that it answers in writing", async () => {

@@ -44,8 +44,16 @@ export interface Phrases {
   };
   allRight: string;
   modelAway: string;
+  /** The server does not have this model. */
+  modelMissing: (model: string) => string;
+  /** The language model stopped in the middle of its answer. */
+  modelBroke: string;
+  /** Takes the place of a block of code, which is shown and not read aloud. */
+  codeShown: string;
   /** Tells the language model its part. */
   instructions: (name: string) => string;
+  /** Tells it what tools are for. */
+  toolRules: string;
 }
 
 export const phrases: Record<Language, Phrases> = {
@@ -82,7 +90,7 @@ export const phrases: Record<Language, Phrases> = {
       newLine: "new line",
       marks: {
         "!": "exclamation mark", '"': "quote", "#": "hash", $: "dollar", "%": "percent", "&": "and sign",
-        "'": "single quote", "+": "plus", "-": "dash", ".": "dot", "/": "slash", ":": "colon", ";": "semicolon",
+        "'": "single quote", "*": "star", "\\": "backslash", "+": "plus", "-": "dash", ".": "dot", "/": "slash", ":": "colon", ";": "semicolon",
         "<": "less than", "=": "equals", ">": "greater than", "?": "question mark", "@": "at", "[": "open bracket",
         "]": "close bracket", "^": "caret", _: "underscore", "`": "backquote", "{": "open brace", "|": "pipe",
         "}": "close brace", "~": "tilde",
@@ -90,9 +98,15 @@ export const phrases: Record<Language, Phrases> = {
     },
     allRight: "All right, I will not.",
     modelAway: "The language model did not answer.",
+    modelMissing: (model) => `The model ${model} is not there.`,
+    modelBroke: "The language model broke off.",
+    codeShown: "The code is on the screen.",
     instructions: (name) =>
       `You are ${name}, a voice assistant. Your answer is read aloud: answer in one to three short plain sentences, ` +
       "without markup, lists or code, in the language of the question.",
+    toolRules:
+      "You can do things on this computer only by your tools. Use one when the user wants what it does. The user is asked about what " +
+      "needs leave: do not ask yourself. Say that something was done only when the tool's result says so.",
   },
   pt: {
     calls: ["ei", "oi", "ô", "olá", "ok"],
@@ -127,7 +141,7 @@ export const phrases: Record<Language, Phrases> = {
       newLine: "nova linha",
       marks: {
         "!": "ponto de exclamação", '"': "aspas", "#": "cerquilha", $: "cifrão", "%": "por cento", "&": "e comercial",
-        "'": "aspas simples", "+": "mais", "-": "traço", ".": "ponto", "/": "barra", ":": "dois pontos",
+        "'": "aspas simples", "*": "asterisco", "\\": "barra invertida", "+": "mais", "-": "traço", ".": "ponto", "/": "barra", ":": "dois pontos",
         ";": "ponto e vírgula", "<": "menor que", "=": "igual", ">": "maior que", "?": "ponto de interrogação",
         "@": "arroba", "[": "abre colchete", "]": "fecha colchete", "^": "circunflexo", _: "sublinhado",
         "`": "crase", "{": "abre chave", "|": "barra vertical", "}": "fecha chave", "~": "til",
@@ -135,8 +149,14 @@ export const phrases: Record<Language, Phrases> = {
     },
     allRight: "Tudo bem, não faço.",
     modelAway: "O modelo de linguagem não respondeu.",
+    modelMissing: (model) => `O modelo ${model} não está lá.`,
+    modelBroke: "O modelo de linguagem parou no meio.",
+    codeShown: "O código está na tela.",
     instructions: (name) =>
       `Você é ${name}, uma assistente de voz. A sua resposta é lida em voz alta: responda em uma a três frases curtas, ` +
       "sem marcação, listas ou código, na língua da pergunta.",
+    toolRules:
+      "Você só faz coisas neste computador pelas suas ferramentas. Use uma quando a pessoa quiser o que ela faz. O que precisa de " +
+      "permissão é perguntado à pessoa: não pergunte você. Diga que algo foi feito só quando o resultado da ferramenta disser isso.",
   },
 };

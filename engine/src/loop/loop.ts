@@ -97,6 +97,7 @@ export class Loop {
 
   /** Ends whatever goes on. The draft stays. */
   stop(): void {
+    this.ports.brain.refuse();
     this.#endTurn();
     this.#window.close();
     this.ears.abandon();
@@ -113,6 +114,7 @@ export class Loop {
   }
 
   newConversation(): void {
+    this.ports.brain.refuse();
     this.#endTurn();
     this.#window.close();
     this.ports.conversations.begin();

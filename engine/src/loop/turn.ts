@@ -1,11 +1,13 @@
 // One request and its answer: thought out, written down, and spoken sentence by sentence as it comes.
 
 import type { Clock } from "../base/clock.ts";
+import type { Phrases } from "../base/phrases.ts";
 import type { Settings, Timings } from "../base/protocol.ts";
 import { cut } from "../base/text.ts";
 import type { Conversations } from "../memory/conversations.ts";
 import type { Brain } from "../thought/answer.ts";
-import { sentencesOf } from "../voice/sentences.ts";
+import { speakableLength } from "../voice/markup.ts";
+import { plainSentences, sentencesOf } from "../voice/sentences.ts";
 import type { Speaker } from "../voice/speaker.ts";
 
 export interface Question {
@@ -21,6 +23,7 @@ export interface TurnPorts {
   brain: Brain;
   speaker: Speaker;
   conversations: Conversations;
+  phrases: Phrases;
   settings: () => Settings;
   /** Something of the turn that is shown has changed. */
   changed(): void;
@@ -56,11 +59,12 @@ export class Turn {
   async run(): Promise<void> {
     const { clock, brain, speaker, conversations, settings } = this.ports;
     const { session, lastAnswer } = conversations;
+    const earlier = conversations.current.rows;
     const begunAt = clock.now();
     conversations.add("user", this.question.text);
     this.ports.changed();
     const answer = await brain.answer(
-      { text: this.question.text, settings: settings(), session, lastAnswer },
+      { text: this.question.text, askedAt: this.question.askedAt, earlier, settings: settings(), session, lastAnswer },
       { text: (piece, spoken) => this.#take(piece, spoken), tool: (text) => this.#tool(text) },
       this.#abort.signal,
     );
@@ -71,6 +75,7 @@ export class Turn {
     conversations.addCost(answer.costUsd, answer.session);
     this.ports.changed();
     await speaker.finished();
+    if (!this.#isStopped) answer.heard?.();
     this.#settleTimings();
   }
 
@@ -96,10 +101,8 @@ export class Turn {
     this.#text = cut(this.#text + piece, longestAnswer);
     if (this.#text.trim() === "") return;
     this.ports.conversations.showAnswer(this.#text.trim());
-    // A sentence is complete when a blank follows its mark, or at the end of a line.
-    const unspoken = this.#text.slice(this.#spokenLength);
-    const complete = [...unspoken.matchAll(/[.!?…]\s|\n/g)].at(-1);
-    if (complete) this.#speak(this.#spokenLength + complete.index + 1);
+    const complete = speakableLength(this.#text.slice(this.#spokenLength));
+    if (complete > 0) this.#speak(this.#spokenLength + complete);
     this.ports.changed();
   }
 
@@ -109,7 +112,7 @@ export class Turn {
     this.#text += piece.toWellFormed();
     this.#spokenLength = this.#text.length;
     this.ports.conversations.showAnswer(this.#text.trim());
-    this.#say(sentencesOf(spoken));
+    this.#say(plainSentences(spoken));
     this.ports.changed();
   }
 
@@ -120,7 +123,7 @@ export class Turn {
   }
 
   #speak(end: number): void {
-    const sentences = sentencesOf(this.#text.slice(this.#spokenLength, end));
+    const sentences = sentencesOf(this.#text.slice(this.#spokenLength, end), this.ports.phrases.codeShown);
     this.#spokenLength = end;
     this.#say(sentences);
   }

@@ -9,6 +9,8 @@ import { builtInModel, fetchedModels, grammarModel, moonshineBase, moonshineTiny
 import type { Options } from "../base/protocol.ts";
 import { bestFirst, speechPrograms, type Voice } from "../base/voices.ts";
 import type { Children } from "./children.ts";
+import type { ModelServers } from "./modelServers.ts";
+import { shared } from "./shared.ts";
 import { shipped, type Shipped } from "./shipped.ts";
 import { installedVoices } from "./voices.ts";
 
@@ -30,16 +32,17 @@ export class Choices {
     readonly children: Children,
     private readonly locale: Locale,
     private readonly brought: Readonly<Shipped> = shipped,
+    private readonly servers?: ModelServers,
   ) {}
 
   async options(currentDevice: string): Promise<Options> {
-    const [sources, claudePaths] = await Promise.all([this.sources(), this.claudeTools()]);
+    const [sources, claudePaths] = await Promise.all([this.sources(), this.claudeTools(), this.servers?.look()]);
     const voices = this.voices();
     const inputs = [...new Set(sources.map(({ name }) => name))];
     if (currentDevice !== "" && !inputs.includes(currentDevice)) inputs.unshift(currentDevice);
     return {
       inputs,
-      models: [...(claudePaths.length > 0 ? ["haiku", "sonnet", "opus"] : []), builtInModel],
+      models: [...(claudePaths.length > 0 ? ["haiku", "sonnet", "opus"] : []), ...(this.servers?.names ?? []), builtInModel],
       whisperModels: this.recogniserModels(),
       fishModels: speechPrograms.filter((name) => voices.some(({ program }) => program === name)),
       macVoices: voices.map(({ title }) => title),
@@ -126,12 +129,6 @@ export class Choices {
     });
     return outcome.kind === "ended" && outcome.code === 0 ? new TextDecoder().decode(outcome.output) : "";
   }
-}
-
-/** Makes callers share a look: all who ask while it goes on get its result. */
-function shared<T>(look: () => Promise<T>): () => Promise<T> {
-  let going: Promise<T> | undefined;
-  return () => (going ??= look().finally(() => (going = undefined)));
 }
 
 function entries(folder: string): string[] {

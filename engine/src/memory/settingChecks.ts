@@ -2,6 +2,7 @@
 
 import { isAbsolute } from "node:path";
 import type { Locale } from "../base/language.ts";
+import { partsOfServedModel } from "../base/models.ts";
 import type { Settings } from "../base/protocol.ts";
 import { speechPrograms, voiceOf, type Voice } from "../base/voices.ts";
 
@@ -60,7 +61,9 @@ export const checks: Record<Key, Check> = {
   },
   // Engines of before kept the ids that eSpeak has for its voices.
   fallbackVoice: (value) => voiceOf(text()(value) ?? "")?.title,
-  brainModel: matching(/^[A-Za-z0-9][A-Za-z0-9._:[\]-]*$/),
+  // Others than those of servers stand on the command line of the `claude` tool.
+  brainModel: (value, context) =>
+    typeof value === "string" && partsOfServedModel(value) ? value : matching(/^[A-Za-z0-9][A-Za-z0-9._:[\]-]*$/)(value, context),
   claudePath: orNone((value, { found }) => (isPath(value) && isIn(found?.tools, value) ? value : undefined)),
   folders: (value, { current, found }) => {
     const folders = textList(4096)(value);

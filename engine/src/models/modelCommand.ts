@@ -1,5 +1,5 @@
 // `palomet-engine model`: lists, fetches and removes recogniser models. Nothing else of the engine reaches out of the
-// machine, and this only when somebody asks for it.
+// machine but requests to the servers that its user names, and this only when somebody asks for it.
 
 import { rmSync } from "node:fs";
 import { join } from "node:path";

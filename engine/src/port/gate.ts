@@ -2,7 +2,7 @@
 
 import type { Server } from "bun";
 import type { Log } from "../base/log.ts";
-import type { Owner } from "./connection.ts";
+import type { Owner } from "../machine/connection.ts";
 import type { connectionOwner } from "./peers.ts";
 
 /**

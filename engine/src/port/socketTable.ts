@@ -1,7 +1,7 @@
 // Finds the owner of a connection in the kernel's table of all connections, which the kernel takes milliseconds to write.
 
 import { readFileSync } from "node:fs";
-import { addressBytes, listening, timeWait, type Connection, type Owner } from "./connection.ts";
+import { addressBytes, listening, timeWait, type Connection, type Owner } from "../machine/connection.ts";
 
 /** Reads the owner from the lines of /proc/net/tcp and tcp6. */
 export function ownerInTable(table: string | undefined, { address, port, to }: Connection): Owner {

@@ -1,62 +1,102 @@
-// Answers a request by the `claude` tool, or by what the engine knows itself where there is none.
+// Answers a request by a server's model, by the `claude` tool, or by what the engine knows itself where there is neither.
 
 import type { Clock } from "../base/clock.ts";
 import type { Locale } from "../base/language.ts";
 import type { Log } from "../base/log.ts";
-import { builtInModel } from "../base/models.ts";
+import { builtInModel, partsOfServedModel } from "../base/models.ts";
 import { phrases } from "../base/phrases.ts";
 import type { Session, Settings } from "../base/protocol.ts";
 import type { Choices } from "../machine/choices.ts";
+import type { ModelServers } from "../machine/modelServers.ts";
 import type { Answer, Answering, Brain, Request } from "./answer.ts";
 import { builtInAnswer, knownAnswer, type AnswerContext } from "./builtInAnswers.ts";
+import type { Failure } from "./chatClient.ts";
+import type { ChatMind } from "./chatMind.ts";
 import type { Claude } from "./claude.ts";
+
+/** What went wrong, for the log. */
+const failures: Record<Failure, string> = {
+  missing: "não está no servidor",
+  away: "o servidor não respondeu",
+  silent: "o servidor calou-se por 60 s",
+  slow: "a resposta demorou demais",
+  cutOff: "a resposta acabou no meio",
+  tooLong: "a conversa não cabe no modelo",
+  toolless: "o modelo não usa ferramentas",
+  stopped: "foi interrompido",
+};
 
 export class EngineBrain implements Brain {
   constructor(
     private readonly clock: Clock,
     private readonly locale: Locale,
     private readonly claude: Claude,
+    private readonly chatMind: ChatMind,
+    private readonly servers: ModelServers,
     private readonly choices: Choices,
     private readonly log: Log,
   ) {}
 
-  /** Looks for the `claude` tools. Answers are the built-in ones until a tool is found. */
+  /** Looks for the `claude` tools and the servers of models. Answers are the built-in ones until a tool is found. */
   async prepare(): Promise<void> {
-    await this.choices.claudeTools();
+    await Promise.all([this.choices.claudeTools(), this.servers.look()]);
   }
 
   async answer(request: Request, answering: Answering, signal: AbortSignal): Promise<Answer> {
+    if (partsOfServedModel(request.settings.brainModel)) return await this.#answerByServer(request, answering, signal);
     const path = this.#tool(request.settings);
     if (path === undefined) {
       answering.text(builtInAnswer(request.text, this.#context(request)));
       return { costUsd: 0 };
     }
-    let hasAnswered = false;
-    const watched: Answering = {
-      text(piece, spoken) {
-        hasAnswered = true;
-        answering.text(piece, spoken);
-      },
-      tool: (text) => answering.tool(text),
-    };
+    const { watched, hasAnswered } = watch(answering);
     let { problem, ...answer } = await this.claude.answer(path, request, watched, signal);
-    if (problem !== undefined && request.session !== undefined && !hasAnswered && !signal.aborted) {
+    if (problem !== undefined && request.session !== undefined && !hasAnswered() && !signal.aborted) {
       // The tool may have forgotten the session: the request begins a new one.
       ({ problem, ...answer } = await this.claude.answer(path, { ...request, session: undefined }, watched, signal));
     }
     if (problem !== undefined && !signal.aborted) {
       this.log(`o claude falhou (${problem})`);
       const known = knownAnswer(request.text, this.#context(request)) ?? phrases[this.locale.language].modelAway;
-      answering.text(hasAnswered ? `\n${phrases[this.locale.language].modelAway}` : known);
+      answering.text(hasAnswered() ? `\n${phrases[this.locale.language].modelAway}` : known);
     }
     return answer;
   }
 
+  refuse(): void {
+    this.claude.refuse();
+    this.chatMind.refuse();
+  }
+
   session(settings: Settings): Omit<Session, "startedAt"> {
+    const { brainModel } = settings;
+    if (partsOfServedModel(brainModel)) return { model: brainModel, claudePath: "", claudeVersion: "", isReady: true };
     const path = this.#tool(settings);
     if (path === undefined) return { model: builtInModel, claudePath: "", claudeVersion: "", isReady: true };
     const claudeVersion = this.choices.knownTools.get(path) ?? "";
     return { model: settings.brainModel, claudePath: path, claudeVersion, isReady: true };
+  }
+
+  async #answerByServer(request: Request, answering: Answering, signal: AbortSignal): Promise<Answer> {
+    const name = request.settings.brainModel;
+    const { watched, hasAnswered } = watch(answering);
+    const model = this.servers.find(name);
+    const unknown = { costUsd: 0, problem: { failure: "missing" as const, detail: "não conheço o servidor" } };
+    const { problem, ...answer } = model ? await this.chatMind.answer(model, request, watched, signal) : unknown;
+    if (problem === undefined || signal.aborted) return answer;
+    this.log(`o modelo ${name} falhou (${[failures[problem.failure], problem.detail].filter((part) => part !== "").join("; ")})`);
+    const sentence = this.#sentence(problem.failure, name);
+    const known = hasAnswered() ? undefined : knownAnswer(request.text, this.#context(request));
+    answering.text(`${hasAnswered() ? "\n" : ""}${known === undefined ? sentence : `${sentence} ${known}`}`);
+    return answer;
+  }
+
+  /** What the user is told of a failure. */
+  #sentence(failure: Failure, name: string): string {
+    const { modelAway, modelBroke, modelMissing, tooLong } = phrases[this.locale.language];
+    if (failure === "missing") return modelMissing(partsOfServedModel(name)?.model ?? name);
+    if (failure === "tooLong") return tooLong;
+    return failure === "cutOff" ? modelBroke : modelAway;
   }
 
   #tool(settings: Settings): string | undefined {
@@ -69,4 +109,17 @@ export class EngineBrain implements Brain {
   #context({ settings, lastAnswer }: Request): AnswerContext {
     return { now: new Date(this.clock.now()), locale: this.locale, name: settings.voiceName, lastAnswer };
   }
+}
+
+/** Hands an answer on, and tells whether there was any. */
+function watch(answering: Answering): { watched: Answering; hasAnswered: () => boolean } {
+  let hasAnswered = false;
+  const watched: Answering = {
+    text(piece, spoken) {
+      hasAnswered = true;
+      answering.text(piece, spoken);
+    },
+    tool: (text) => answering.tool(text),
+  };
+  return { watched, hasAnswered: () => hasAnswered };
 }

@@ -4,12 +4,12 @@ import { homedir } from "node:os";
 import type { Clock } from "../base/clock.ts";
 import type { Phrases } from "../base/phrases.ts";
 import { cut } from "../base/text.ts";
-import { plainWords } from "../base/words.ts";
 import type { Children } from "../machine/children.ts";
 import { actions } from "../machine/choices.ts";
 import { presentFolders } from "../machine/folders.ts";
 import { LineReader } from "../machine/lineReader.ts";
 import type { Answer, Answering, Request } from "./answer.ts";
+import { Asking } from "./asking.ts";
 import { readClaudeLine, type ClaudeEvent, type DeniedTool } from "./claudeOutput.ts";
 import { leaveFor, type Leave } from "./consent.ts";
 
@@ -20,12 +20,10 @@ const maxOutput = 256 << 20;
 const consent = "Yes, you may.";
 /** No more things than this are asked for at once. */
 const mostAsked = 5;
-/** A longer text is no plain yes or no. */
-const longestReply = 100;
 
 export class Claude {
   /** The rules that the last answer asked leave for, and its session. */
-  #asked: { session: string; rules: string[] } | undefined;
+  readonly #asking: Asking<{ session: string; rules: string[] }>;
 
   constructor(
     private readonly children: Children,
@@ -33,22 +31,21 @@ export class Claude {
     private readonly phrases: Phrases,
     /** A run that prints nothing for so long has hung. */
     private readonly stallMs = 120_000,
-  ) {}
+  ) {
+    this.#asking = new Asking(clock, phrases);
+  }
 
   /** The answer's `problem` says what went wrong. The text that came before it was handed on. */
   async answer(path: string, request: Request, answering: Answering, signal: AbortSignal): Promise<ClaudeAnswer> {
-    const asked = this.#asked;
-    this.#asked = undefined;
-    if (asked && asked.session === request.session) {
-      if (isOneOf(request.text, this.phrases.no)) {
-        answering.text(this.phrases.allRight);
-        return { costUsd: 0 };
-      }
-      if (isOneOf(request.text, this.phrases.yes)) {
-        return await this.#run(path, { ...request, text: consent }, asked.rules, answering, signal);
-      }
-    }
-    return await this.#run(path, request, [], answering, signal);
+    const reply = this.#asking.reply(request);
+    if (reply === undefined || reply.what.session !== request.session) return await this.#run(path, request, [], answering, signal);
+    if (reply.isYes) return await this.#run(path, { ...request, text: consent }, reply.what.rules, answering, signal);
+    answering.text(this.phrases.allRight);
+    return { costUsd: 0 };
+  }
+
+  refuse(): void {
+    this.#asking.refuse();
   }
 
   async #run(
@@ -99,8 +96,8 @@ export class Claude {
     const last = result?.session ?? session;
     if (last !== undefined) answer.session = last;
     if (result?.denied.length && last !== undefined) {
-      this.#ask(result.denied, last, answering);
-      return answer;
+      const heard = this.#ask(result.denied, last, answering, signal);
+      return heard ? { ...answer, heard } : answer;
     }
     if (result && !result.isError) return answer;
     if (outcome.kind === "stopped") return { ...answer, problem: "não respondeu a tempo" };
@@ -110,7 +107,7 @@ export class Claude {
   }
 
   /** Asks for the things that a yes can allow, and names those that it cannot. */
-  #ask(denied: DeniedTool[], session: string, answering: Answering): void {
+  #ask(denied: DeniedTool[], session: string, answering: Answering, signal: AbortSignal): (() => void) | undefined {
     const asked = new Map<string, Leave>();
     const refused = new Set<string>();
     for (const tool of denied) {
@@ -119,10 +116,10 @@ export class Claude {
       else if (asked.size < mostAsked) asked.set(leave.rule, leave);
     }
     if (refused.size > 0) answering.text(`\n${this.phrases.mayNot([...refused].slice(0, mostAsked).join("; "))}`);
-    if (asked.size === 0) return;
-    this.#asked = { session, rules: [...asked.keys()] };
+    if (asked.size === 0) return undefined;
     const ask = (words: (leave: Leave) => string): string => this.phrases.mayI([...asked.values()].map(words).join("; "));
     answering.text(`\n${ask(({ written }) => written)}`, ask(({ spoken }) => spoken));
+    return this.#asking.ask({ session, rules: [...asked.keys()] }, signal);
   }
 }
 
@@ -144,10 +141,4 @@ function commandLine(request: Request, present: string[], allowed: string[], phr
     ...(tools.length === 0 ? [] : ["--allowedTools", tools.join(",")]),
     ...folders.filter((folder) => present.includes(folder)).flatMap((folder) => ["--add-dir", folder]),
   ];
-}
-
-function isOneOf(text: string, list: string[]): boolean {
-  if (text.length > longestReply) return false;
-  const plain = plainWords(text).join(" ");
-  return list.some((phrase) => plainWords(phrase).join(" ") === plain);
 }

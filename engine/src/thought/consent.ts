@@ -1,5 +1,5 @@
-// Finds, for a thing that the `claude` tool was denied, a rule that allows this and nothing else, and the words that ask
-// for a "yes" to it. A thing for which there is no such rule is not asked for.
+// The words that ask for a "yes". For a thing that the `claude` tool was denied it finds a rule that allows this and nothing
+// else; a thing for which there is no such rule is not asked for.
 
 import type { Phrases } from "../base/phrases.ts";
 import type { DeniedTool } from "./claudeOutput.ts";
@@ -66,12 +66,34 @@ function siteLeave(url: unknown, phrases: Phrases): Leave | undefined {
  * and blanks that look like one where there are more, cannot be asked for either.
  */
 function isExact(text: unknown): text is string {
+  return isAskable(text) && !/[(),…*\\]/.test(text);
+}
+
+/** A user who hears or reads this knows all of it. */
+export function isAskable(text: unknown): text is string {
   if (typeof text !== "string" || text.length > longest || !text.isWellFormed()) return false;
   const shown = text.trim();
-  return shown !== "" && !/[(),…*\\]| {2}|[^\S \n]|(?!\n)[\p{C}\p{Zl}\p{Zp}]/u.test(shown);
+  return shown !== "" && !/ {2}|[^\S \n]|(?!\n)[\p{C}\p{Zl}\p{Zp}]/u.test(shown);
+}
+
+/** Words for an intention as it is read aloud: the marks of a sentence are heard as its pauses, all others are named. */
+export function readIntent(intent: string, phrases: Phrases): string {
+  const isOfSentence = (mark: string, before: string, after: string): boolean => {
+    if (",.;:!?".includes(mark)) return before !== "" && /^(\s|$)/.test(after);
+    return "'-".includes(mark) ? /[\p{L}\p{N}]/u.test(before) && /^[\p{L}\p{N}]/u.test(after) : `"()`.includes(mark);
+  };
+  const named = intent.replace(/\n/g, `, ${phrases.leave.newLine}, `).replace(marks, (mark, at: number, whole: string) => {
+    const isHeard = isOfSentence(mark, whole.slice(0, at).at(-1) ?? "", whole.slice(at + 1));
+    return isHeard ? mark : ` ${phrases.leave.marks[mark] ?? mark} `;
+  });
+  return tidy(named);
 }
 
 function readAloud(text: string, { leave }: Phrases): string {
   const named = text.replace(/\n/g, `, ${leave.newLine}, `).replace(marks, (mark) => (mark === "," ? "," : ` ${leave.marks[mark] ?? mark} `));
-  return named.replace(/ +,/g, ",").replace(/ +/g, " ").trim();
+  return tidy(named);
+}
+
+function tidy(text: string): string {
+  return text.replace(/ +,/g, ",").replace(/ +/g, " ").trim();
 }

@@ -1,24 +1,20 @@
 // Cuts text into the sentences that are spoken one by one.
 
 import { cut } from "../base/text.ts";
+import { spokenText } from "./markup.ts";
 
 /** The longest sentence that the synthesiser is given, in characters. */
 const longestSentence = 300;
 
-/** Takes out the marks that nobody reads aloud. */
-function speakable(text: string): string {
-  return text
-    .replace(/```[\s\S]*?(```|$)/g, " ")
-    .replace(/!?\[([^\]]*)\]\([^)]*\)/g, "$1")
-    .replace(/^\s*(#+|[-*+]|>)\s+/gm, "")
-    .replace(/[*_`~|]+/g, "")
-    .replace(/\p{Cc}/gu, (mark) => (mark === "\n" ? "\n" : " "))
-    .trim();
+/** The sentences of a text, without its markup. The sentence `code` stands for each block of code. */
+export function sentencesOf(text: string, code = ""): string[] {
+  return plainSentences(spokenText(text, code));
 }
 
-export function sentencesOf(text: string): string[] {
+/** The sentences of a text of which every mark counts. */
+export function plainSentences(text: string): string[] {
   const sentences: string[] = [];
-  for (const part of speakable(text).split(/(?<=[.!?…])\s+(?=[^\s\p{Ll}])|\n+/u)) {
+  for (const part of text.split(/(?<=[.!?…])\s+(?=[^\s\p{Ll}])|\n+/u)) {
     const sentence = part.replace(/\s+/g, " ").trim();
     if (/[\p{L}\p{N}]/u.test(sentence)) sentences.push(...shortened(sentence));
   }

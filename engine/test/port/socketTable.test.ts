@@ -1,5 +1,5 @@
 import { describe, expect, test } from "bun:test";
-import type { Connection } from "../../src/port/connection.ts";
+import type { Connection } from "../../src/machine/connection.ts";
 import { ownerInTable } from "../../src/port/socketTable.ts";
 
 describe("whose a connection is", () => {

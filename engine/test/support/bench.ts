@@ -7,7 +7,9 @@ import { Microphone } from "../../src/hearing/microphone.ts";
 import type { SpeechDetector } from "../../src/hearing/speechDetector.ts";
 import { Children } from "../../src/machine/children.ts";
 import { Choices } from "../../src/machine/choices.ts";
+import type { ModelServers } from "../../src/machine/modelServers.ts";
 import { findShipped } from "../../src/machine/shipped.ts";
+import type { Brain } from "../../src/thought/answer.ts";
 import { ManualClock, settle } from "./clock.ts";
 import { FakeBrain, FakeRecogniser, FakeSocket, FakeSynthesiser } from "./fakes.ts";
 import { temporaryFolder } from "./folders.ts";
@@ -16,6 +18,9 @@ import { tone } from "./sounds.ts";
 export interface BenchOptions {
   speechDetector?: SpeechDetector;
   isCaptioning?: boolean;
+  /** In the place of the fake one. */
+  brain?: Brain;
+  servers?: ModelServers;
 }
 
 export interface Bench {
@@ -44,12 +49,12 @@ export function bench(folder = temporaryFolder(), clock = new ManualClock(), pat
     log: (line) => log.push(line),
     locale,
     folder,
-    choices: new Choices(children, locale, findShipped([])),
+    choices: new Choices(children, locale, findShipped([]), options.servers),
     synthesiser,
     recogniser: (_settings: () => Settings) => recogniser,
     ...(options.speechDetector ? { speechDetector: options.speechDetector } : {}),
     isCaptioning: () => options.isCaptioning ?? false,
-    brain,
+    brain: options.brain ?? brain,
     microphone: (onSamples) => new Microphone(children, clock, () => {}, onSamples),
   });
   const send = engine.events.send.bind(engine.events);

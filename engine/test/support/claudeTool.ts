@@ -7,9 +7,12 @@ import { chooseLocale } from "../../src/base/language.ts";
 import { phrases } from "../../src/base/phrases.ts";
 import { Children } from "../../src/machine/children.ts";
 import { Choices } from "../../src/machine/choices.ts";
+import { Keys } from "../../src/machine/keys.ts";
+import { ModelServers } from "../../src/machine/modelServers.ts";
 import { defaultSettings } from "../../src/memory/settings.ts";
 import type { Request } from "../../src/thought/answer.ts";
 import { EngineBrain } from "../../src/thought/brain.ts";
+import { ChatMind } from "../../src/thought/chatMind.ts";
 import { Claude } from "../../src/thought/claude.ts";
 import { program, temporaryFolder } from "./folders.ts";
 import { going } from "./processes.ts";
@@ -33,7 +36,10 @@ export async function brainOf(path: string, stallMs = 5_000): Promise<{ brain: E
   const children = new Children({ ...process.env, PATH: `${path === "" ? "" : join(path, "..")}:/usr/bin:/bin` });
   const log: string[] = [];
   const claude = new Claude(children, systemClock, phrases.en, stallMs);
-  const brain = new EngineBrain(systemClock, locale, claude, new Choices(children, locale), (line) => log.push(line));
+  const note = (line: string): void => void log.push(line);
+  const chatMind = new ChatMind({ clock: systemClock, language: "en", phrases: phrases.en, hands: [] });
+  const servers = new ModelServers(() => [], new Keys({}), note, []);
+  const brain = new EngineBrain(systemClock, locale, claude, chatMind, servers, new Choices(children, locale), note);
   await brain.prepare();
   return { brain, log };
 }
@@ -42,7 +48,7 @@ export const workingFolder = temporaryFolder();
 
 export function request(words: string, over: Partial<Request> = {}): Request {
   const surroundings = { locale, workingFolder, recogniserModels: [], voices: () => [], actionIds: ["commands", "files", "web"] };
-  return { text: words, settings: defaultSettings(surroundings), session: undefined, lastAnswer: undefined, ...over };
+  return { text: words, askedAt: systemClock.now(), earlier: [], settings: defaultSettings(surroundings), session: undefined, lastAnswer: undefined, ...over };
 }
 
 export async function ask(brain: EngineBrain, what: Request, signal = going) {

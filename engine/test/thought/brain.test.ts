@@ -1,6 +1,12 @@
-import { describe, expect, test } from "bun:test";
+import { afterEach, describe, expect, test } from "bun:test";
 import { existsSync } from "node:fs";
+import { mindOf, modelOf } from "../support/chatMinds.ts";
+import { ChatServer } from "../support/chatServer.ts";
 import { ask, brainOf, init, print, request, result, text, tool } from "../support/claudeTool.ts";
+import { ManualClock } from "../support/clock.ts";
+import { jan } from "../support/servers/jan.ts";
+import { lmStudio } from "../support/servers/lmStudio.ts";
+import { ollama } from "../support/servers/ollama.ts";
 
 describe("a claude tool", () => {
   const failures: [string, string][] = [
@@ -46,5 +52,81 @@ describe("a claude tool", () => {
     };
     await brain.answer(request("x"), answering, ending.signal);
     expect(pieces).toEqual(["One."]);
+  });
+});
+
+describe("a server's model", () => {
+  const servers: ChatServer[] = [];
+  afterEach(() => servers.splice(0).forEach((server) => server.close()));
+
+  async function mind(ways = ollama, language: "en" | "pt" = "en", clock = new ManualClock()) {
+    const server = await ChatServer.open(ways);
+    servers.push(server);
+    const what = (words: string, brainModel = modelOf(server)) => {
+      const plain = request(words);
+      return { ...plain, settings: { ...plain.settings, brainModel } };
+    };
+    const it = mindOf(server, [], clock, language);
+    return { ...it, server, clock, what, say: async (words: string, model?: string) => (await ask(it.brain, what(words, model))).text };
+  }
+
+  test("that is missing is said to be, in the log as well, and the built-in answers are there", async () => {
+    const it = await mind();
+    it.server.refuses(ollama.missing);
+    expect(await it.say("Explain this")).toBe("The model qwen3:8b is not there.");
+    expect(await it.say("thank you")).toBe("The model qwen3:8b is not there. You are welcome.");
+    expect(it.log[0]).toBe("o modelo qwen3:8b · Ollama falhou (não está no servidor; 404: model 'qwen3:8b' not found)");
+    expect(await it.say("x", "m · Nobody")).toBe("The model m is not there.");
+    expect(it.log.at(-1)).toContain("não conheço o servidor");
+  });
+
+  test("whose server has gone, refuses or breaks off is said to have, in the user's language", async () => {
+    const it = await mind(lmStudio, "pt");
+    it.server.refuses({ status: 500, body: { error: "sem memória" } });
+    expect(await it.say("obrigado")).toBe("O modelo de linguagem não respondeu. De nada.");
+    it.server.answers = [{ body: lmStudio.words("Um.", " Dois").slice(0, -200) }];
+    expect(await it.say("obrigado")).toBe("Um. Dois\nO modelo de linguagem parou no meio.");
+    it.server.close();
+    expect(await it.say("Explique isto")).toBe("O modelo de linguagem não respondeu.");
+    const told = ["500: sem memória", "a resposta acabou no meio", "o servidor não respondeu"];
+    expect(it.log).toEqual(told.map((words) => expect.stringContaining(words)));
+  });
+
+  test("that is silent for a minute is said not to have answered", async () => {
+    const it = await mind();
+    it.server.answers = [{ body: "", then: "silence" }];
+    const said = it.say("thank you");
+    await it.server.asked(1);
+    await it.clock.advance(120_000);
+    expect(await said).toBe("The language model did not answer. You are welcome.");
+    expect(it.log).toEqual([expect.stringContaining("calou-se por 60 s")]);
+  });
+
+  test("that is stopped says nothing, and the log neither", async () => {
+    const it = await mind();
+    it.server.answers = [{ body: "", then: "silence" }];
+    const ending = new AbortController();
+    const said = ask(it.brain, it.what("x"), ending.signal);
+    await it.server.asked(1);
+    ending.abort();
+    expect([(await said).text, it.log]).toEqual(["", []]);
+    await it.server.left();
+  });
+
+  test("is what the session shows, and its key stands nowhere", async () => {
+    const it = await mind(jan);
+    it.server.answers = [{ status: 401, type: "application/json", body: `{"error":{"message":"no such key: ${jan.key}"}}` }];
+    await it.say("x");
+    const shown = JSON.stringify([it.brain.session(it.what("").settings), it.log, await it.choices.options("")]);
+    expect(shown).toContain("jan-v3-4b-base-instruct · Jan");
+    expect(shown).toContain("no such key: …");
+    expect(shown).not.toContain(jan.key);
+  });
+
+  test("is not asked when another one is chosen", async () => {
+    const it = await mind();
+    expect(await it.say("thanks", "built-in")).toBe("You are welcome.");
+    expect(await it.say("thanks", "haiku")).toBe("You are welcome.");
+    expect(it.server.chats).toEqual([]);
   });
 });

@@ -2,6 +2,7 @@ import { describe, expect, test } from "bun:test";
 import { existsSync, readFileSync, symlinkSync } from "node:fs";
 import { homedir } from "node:os";
 import { join } from "node:path";
+import type { EngineBrain } from "../../src/thought/brain.ts";
 import { args, ask, brainOf, init, print, request, result, text, tool, workingFolder } from "../support/claudeTool.ts";
 import { temporaryFolder } from "../support/folders.ts";
 import { going } from "../support/processes.ts";
@@ -114,6 +115,16 @@ describe("a confirmation", () => {
     expect(spoken.at(-1)).toBe("May I? rm a; echo a, new line, rm b");
     await ask(brain, request("yes", { session: "s1" }));
     expect(readFileSync(`${path}.args`, "utf8")).toContain("--allowedTools\nBash(rm a),Bash(echo a\nrm b)\n");
+  });
+
+  test("that is not given within ten seconds, or was cut short by stop, allows nothing", async () => {
+    for (const miss of [(brain: EngineBrain) => brain.refuse(), (_: EngineBrain, answer: { heard?: () => void }) => answer.heard?.()]) {
+      const path = tool(print(init, denied));
+      const { brain } = await brainOf(path);
+      miss(brain, await ask(brain, request("Remove x")));
+      await ask(brain, request("yes", { session: "s1", askedAt: Date.now() + 11_000 }));
+      expect(args(path)).not.toContain("--allowedTools");
+    }
   });
 
   test("is refused without another run", async () => {

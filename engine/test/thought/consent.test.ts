@@ -1,6 +1,6 @@
 import { describe, expect, test } from "bun:test";
 import { phrases } from "../../src/base/phrases.ts";
-import { leaveFor } from "../../src/thought/consent.ts";
+import { isAskable, leaveFor, readIntent } from "../../src/thought/consent.ts";
 
 const ask = (name: string, input: Record<string, unknown>) => leaveFor({ name, input, detail: "" }, phrases.en);
 const run = (command: unknown) => ask("Bash", { command });
@@ -87,6 +87,29 @@ describe("leave for other things", () => {
 });
 
 test("every mark has its name in both languages", () => {
-  const marks = [..."!\"#$%&'+-./:;<=>?@[]^_`{|}~"];
+  const marks = [..."!\"#$%&'*+-./:;<=>?@[\\]^_`{|}~"];
   for (const { leave } of [phrases.en, phrases.pt]) expect(Object.keys(leave.marks).sort()).toEqual(marks.sort());
+});
+
+describe("an intention", () => {
+  const read: [written: string, spoken: string][] = [
+    ["Set a timer for 5 minutes: tea, green.", "Set a timer for 5 minutes: tea, green."],
+    ["Open notes.txt", "Open notes dot txt"],
+    ["Write ~/a_b*.md", "Write tilde slash a underscore b star dot md"],
+    ["Run rm -rf x; y", "Run rm dash rf x; y"],
+    ["Don't ring at well-known hours!", "Don't ring at well-known hours!"],
+    ['Note "milk" (two)', 'Note "milk" (two)'],
+    ["Run a;b", "Run a semicolon b"],
+    [". x", "dot x"],
+    ["Run a\nb", "Run a, new line, b"],
+    ["# a", "hash a"],
+  ];
+  test("is read aloud as a sentence, with every other mark by its name", () => {
+    for (const [written, spoken] of read) expect([written, readIntent(written, phrases.en)]).toEqual([written, spoken]);
+  });
+
+  test("can be asked about when a user who hears or reads it knows all of it", () => {
+    for (const good of ["Set a timer, please (5 min)…", "a\nb", "é 👧"]) expect([good, isAskable(good)]).toEqual([good, true]);
+    for (const bad of ["", " ", "a  b", "a\tb", "a\u200bb", "a\u202eb", "a\u2028b", "\ud800", "x".repeat(201), 7, undefined]) expect([bad, isAskable(bad)]).toEqual([bad, false]);
+  });
 });

@@ -1,10 +1,9 @@
 // A connection on the loopback interface and its owner, as both ways to learn the owner see them.
 
-/** A connection to the engine's port on 127.0.0.1: the address and port of the other end. */
+/** A connection to a port of 127.0.0.1, such as the engine's: the address and port of the other end. */
 export interface Connection {
   address: string;
   port: number;
-  /** The engine's port. */
   to: number;
 }
 

@@ -1,4 +1,4 @@
-// Asks the kernel for the owner of one connection (linux/inet_diag.h). The answer takes some ten microseconds.
+// Asks the kernel for the owner of one connection, or of who listens (linux/inet_diag.h). The answer takes some ten microseconds.
 
 import { dlopen, ptr } from "bun:ffi";
 import { addressBytes, listening, timeWait, type Connection, type Owner } from "./connection.ts";
@@ -10,7 +10,21 @@ const requestSize = headerSize + 56;
 const answerSize = headerSize + 72;
 
 /** Gives undefined when the kernel does not answer, or answers that there is no such connection. */
-export function ownerByKernel({ address, port, to }: Connection): Owner | undefined {
+export function ownerByKernel(connection: Connection): Owner | undefined {
+  const answer = ask(connection);
+  if (answer === undefined) return undefined;
+  const { state, inode, user } = answer;
+  // The kernel may name a socket that listens on that port when there is no such connection.
+  return state === listening || state === timeWait || inode === 0 ? "gone" : user;
+}
+
+/** The user whose program would get a connection to this port of 127.0.0.1; undefined when nobody listens, or nobody tells. */
+export function listenerByKernel(port: number): number | undefined {
+  const answer = ask({ address: "127.0.0.1", port, to: 0 });
+  return answer?.state === listening ? answer.user : undefined;
+}
+
+function ask({ address, port, to }: Connection): { state: number; inode: number; user: number } | undefined {
   const c = library();
   if (c === undefined) return undefined;
   const request = new DataView(new ArrayBuffer(requestSize));
@@ -36,10 +50,8 @@ export function ownerByKernel({ address, port, to }: Connection): Owner | undefi
   } finally {
     c.close(socket);
   }
-  const state = answer.getUint8(headerSize + 1);
-  const inode = answer.getUint32(headerSize + 68, isLittleEndian);
-  // The kernel may name a socket that listens on that port when there is no such connection.
-  return state === listening || state === timeWait || inode === 0 ? "gone" : answer.getUint32(headerSize + 64, isLittleEndian);
+  const at = (offset: number): number => answer.getUint32(headerSize + offset, isLittleEndian);
+  return { state: answer.getUint8(headerSize + 1), inode: at(68), user: at(64) };
 }
 
 const isLittleEndian = new Uint8Array(Uint16Array.of(1).buffer)[0] === 1;

@@ -1,0 +1,62 @@
+import { describe, expect, test } from "bun:test";
+import type { Row } from "../../src/base/protocol.ts";
+import { callMessage, earlierMessages, fitted, type Message } from "../../src/thought/chatHistory.ts";
+
+const row = (role: Row["role"], text: string): Row => ({ role, text, at: 0 });
+
+describe("the conversation for a model", () => {
+  test("has what was said, turn by turn, and not what the tools did", () => {
+    const rows = [row("assistant", "Left over."), row("user", "a"), row("tool", "note: x"), row("assistant", "b"), row("user", "stopped"), row("user", "c"), row("user", " ")];
+    expect(earlierMessages(rows)).toEqual([
+      { role: "user", content: "a" },
+      { role: "assistant", content: "b" },
+      { role: "user", content: "stopped\nc" },
+    ]);
+  });
+
+  test("has arguments that are an object, whatever the model wrote", () => {
+    const calls = ['{"a":1}', "", "[1]", "{"].map((given, at) => ({ id: `${at}`, name: "note", given }));
+    const message = callMessage("", calls);
+    const sent = message.role === "assistant" ? message.tool_calls?.map(({ function: { arguments: given } }) => given) : [];
+    expect(sent).toEqual(['{"a":1}', "{}", "{}", "{}"]);
+  });
+});
+
+describe("a window", () => {
+  const system: Message = { role: "system", content: "s".repeat(30) };
+  const turns = (count: number): Message[] =>
+    Array.from({ length: count }, (_, at): Message[] => [{ role: "user", content: `${at}`.padEnd(300, "q") }, { role: "assistant", content: "a".repeat(300) }]).flat();
+  const last: Message = { role: "user", content: "now" };
+
+  test("that is large enough holds everything", () => {
+    const all = [system, ...turns(5), last];
+    expect(fitted(all, 4_096, 0)).toEqual(all);
+  });
+
+  test("leaves out the oldest turns first, begins with what the user said, and keeps a quarter for the answer", () => {
+    const all = [system, ...turns(20), last];
+    const sent = fitted(all, 2_000, 0);
+    expect(sent[0]).toEqual(system);
+    expect(sent.at(-1)).toEqual(last);
+    expect(sent[1]?.role).toBe("user");
+    expect(sent.slice(1)).toEqual(all.slice(all.length - sent.length + 1));
+    const bytes = sent.reduce((sum, { content }) => sum + content.length, 0);
+    expect(bytes / 3).toBeLessThanOrEqual(1_500);
+    expect(bytes / 3).toBeGreaterThan(1_000);
+    expect(fitted(all, 2_000, 1_500).length).toBeLessThan(sent.length);
+  });
+
+  test("keeps the last turn with all that its tools said, however small it is", () => {
+    const calling = callMessage("", [{ id: "1", name: "note", given: "{}" }]);
+    const result: Message = { role: "tool", content: "r".repeat(3_000), tool_call_id: "1" };
+    const all = [system, ...turns(3), last, calling, result];
+    expect(fitted(all, 512, 0)).toEqual([system, last, calling, result]);
+    expect(fitted([], 512, 0)).toEqual([]);
+  });
+
+  test("counts the bytes of other scripts", () => {
+    const cyrillic: Message[] = [{ role: "user", content: "я".repeat(600) }, { role: "assistant", content: "да" }];
+    expect(fitted([system, ...cyrillic, last], 540, 0)).toEqual([system, last]);
+    expect(fitted([system, { role: "user", content: "i".repeat(600) }, { role: "assistant", content: "ok" }, last], 540, 0)).toHaveLength(4);
+  });
+});

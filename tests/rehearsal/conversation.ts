@@ -3,7 +3,7 @@
 import type { Heard, State } from "./backend";
 import { until } from "./process";
 import { check, type Stage, step } from "./stage";
-import type { Voice } from "./sound";
+import { otherVoice, usualVoice, type Voice } from "./sound";
 import type { Strip } from "./strip";
 
 /** An interruption must be over so soon after its first sound, in milliseconds. */
@@ -98,8 +98,9 @@ export async function talkOver(stage: Stage): Promise<void> {
 export async function draft(stage: Stage, strip: Strip): Promise<void> {
     const { watcher } = stage;
     await watcher.post("settings", { isDraftOn: true });
-    for (const text of ["Palomet, what time is it?", "What day is it today?"]) {
-        const heard = await say(stage, text);
+    // The usual voice says "day" much as "they", which nothing but the words around it could tell.
+    for (const [text, voice] of [["Palomet, what time is it?", usualVoice], ["What day is it today?", otherVoice]] as const) {
+        const heard = await say(stage, text, voice);
         check(heard.action === "drafted", `"${text}" was ${JSON.stringify(heard)}`);
     }
     const entries = ((await watcher.state()) as State).draft?.map(({ text }) => text) ?? [];

@@ -1,4 +1,5 @@
-// Writes down what was said, token by token, the likeliest one each time.
+// Writes down what was said, token by token. More than one way to go on is followed while they are about as likely: the
+// likeliest word may lead to none that fits (beam search).
 
 import type { Tensor } from "onnxruntime-common";
 import type { Expectation, Past, SpeechModel } from "./speechModel.ts";
@@ -18,6 +19,9 @@ const leastTokens = 8;
 const longestLoop = 8;
 const loopRounds = 3;
 const loneRounds = 8;
+/** So many ways are followed, and none that is so much less likely than the likeliest, the logarithm of a ratio. */
+const ways = 2;
+const mostBehind = 2;
 /** Nothing was said when the decoder is so sure of it from the first. It overlooks speech now and then when it is less sure. */
 const sureSilence = Math.log(0.85);
 
@@ -25,17 +29,24 @@ export function mostTokens(seconds: number): number {
   return leastTokens + Math.ceil(seconds * tokensASecond);
 }
 
-/** Gives undefined when the signal is raised. */
+/** Gives undefined when the signal is raised. One that is quick follows one way alone. */
 export async function transcribe(
   model: SpeechModel,
   features: Tensor,
   most: number,
   signal: AbortSignal,
+  isQuick = false,
 ): Promise<Transcript | undefined> {
   const begun = await model.follow(features, [beginToken]);
   const first = begun.expected[0]!;
-  const mayBeNothing = first.best !== endToken || first.of(endToken) >= sureSilence;
-  return await goOn(model, features, begun, (token) => mayBeNothing || token !== endToken, most, signal);
+  const mayBeNothing = first.best === endToken && first.of(endToken) >= sureSilence;
+  return await goOn(model, features, begun, (token) => mayBeNothing || token !== endToken, most, signal, isQuick ? 1 : ways);
+}
+
+/** What was written so far, what is expected next, and what has led there. */
+interface Way extends Transcript {
+  likelihood: number;
+  next: Expectation;
 }
 
 /** Goes on after what was expected last, with one of the tokens that may be first. Gives undefined when the signal is raised. */
@@ -46,27 +57,38 @@ export async function goOn(
   mayBeFirst: (token: number) => boolean,
   most: number,
   signal: AbortSignal,
+  atOnce = ways,
 ): Promise<Transcript | undefined> {
-  const tokens: number[] = [];
-  const expected: Expectation[] = [];
-  let next = begun.expected.at(-1)!;
-  let { past } = begun;
-  for (;;) {
-    if (signal.aborted) return undefined;
-    const token = tokens.length === 0 ? next.bestOf(mayBeFirst) : next.best;
-    tokens.push(token);
-    expected.push(next);
-    if (token === endToken || tokens.length >= most) return { tokens, expected, past };
-    const round = loopAt(tokens);
-    if (round > 0) {
-      // What was said once was perhaps meant.
-      const kept = tokens.length - round;
-      return { tokens: tokens.slice(0, kept), expected: expected.slice(0, kept), past };
+  let open: Way[] = [{ tokens: [], expected: [], past: begun.past, likelihood: 0, next: begun.expected.at(-1)! }];
+  let best: (Transcript & { likelihood: number }) | undefined;
+  while (open.length > 0) {
+    const steps = open.flatMap((way) => stepsOf(way, way.tokens.length === 0 ? mayBeFirst : undefined, atOnce));
+    steps.sort((a, b) => b.likelihood - a.likelihood);
+    const least = steps[0]!.likelihood - mostBehind;
+    open = [];
+    for (const { way, token, likelihood } of steps.slice(0, atOnce)) {
+      if (likelihood < least || (best && likelihood <= best.likelihood)) break;
+      if (signal.aborted) return undefined;
+      const tokens = [...way.tokens, token];
+      const expected = [...way.expected, way.next];
+      const round = loopAt(tokens);
+      if (token === endToken || tokens.length >= most || round > 0) {
+        // What was said once was perhaps meant.
+        const kept = tokens.length - round;
+        if (!best || likelihood > best.likelihood) best = { tokens: tokens.slice(0, kept), expected: expected.slice(0, kept), past: way.past, likelihood };
+        continue;
+      }
+      const step = await model.follow(features, [token], way.past);
+      open.push({ tokens, expected, past: step.past, likelihood, next: step.expected[0]! });
     }
-    const step = await model.follow(features, [token], past);
-    next = step.expected[0]!;
-    past = step.past;
   }
+  return best;
+}
+
+/** The likeliest tokens by which a way may go on; the end token where none may be. */
+function stepsOf(way: Way, mayBe: ((token: number) => boolean) | undefined, count: number): { way: Way; token: number; likelihood: number }[] {
+  const tokens = way.next.likeliest(count, mayBe);
+  return (tokens.length > 0 ? tokens : [endToken]).map((token) => ({ way, token, likelihood: way.likelihood + way.next.of(token) }));
 }
 
 /** The number of tokens that were said too much when the last ones are a loop, else 0. */

@@ -22,6 +22,8 @@ export interface Wanted {
   names: string[];
   /** Words that may stand before a name. */
   calls: string[];
+  /** Fewer words may be right. */
+  isQuick?: boolean;
 }
 
 export class Hearer {
@@ -52,12 +54,12 @@ export class Hearer {
   }
 
   /** Gives the text, which is empty when nothing was said, or undefined when the signal is raised. */
-  async recognise(samples: Int16Array, { names, calls }: Wanted, signal: AbortSignal): Promise<string | undefined> {
+  async recognise(samples: Int16Array, { names, calls, isQuick }: Wanted, signal: AbortSignal): Promise<string | undefined> {
     const texts: string[] = [];
     for (const piece of piecesOf(samples).map(withoutLead)) {
       const features = await this.model.hear(floats(piece));
       const most = mostTokens(piece.length / sampleRate);
-      const heard = await transcribe(this.model, features, most, signal);
+      const heard = await transcribe(this.model, features, most, signal, isQuick);
       if (heard === undefined) return undefined;
       const naming = await this.#names.find(features, heard, names, calls, signal);
       const text = naming ? await this.#named(features, heard, naming, most, signal) : this.#textOf(heard.tokens);
@@ -67,20 +69,28 @@ export class Hearer {
     return texts.filter((text) => text !== "").join(" ");
   }
 
-  /** What follows a name is heard anew when the name was misheard: the decoder was on a wrong track. */
   async #named(features: Tensor, heard: Transcript, naming: Naming, most: number, signal: AbortSignal): Promise<string | undefined> {
-    const { start, end, text, after } = naming;
+    const { start, end, text } = naming;
     const before = this.#textOf(heard.tokens.slice(0, start));
     const misheard = this.#textOf(heard.tokens.slice(start, end));
     const isAsHeard = misheard.toLowerCase() === text.toLowerCase();
     const left = heard.tokens.slice(end);
     const isLast = left.every((token) => token === endToken || this.vocabulary.isMark(token));
-    const isWhole = (token: number): boolean => token === endToken || this.vocabulary.beginsWord(token) || this.vocabulary.isMark(token);
-    const rest = isAsHeard || isLast ? { tokens: left } : await goOn(this.model, features, after, isWhole, most, signal);
+    const rest = isAsHeard || isLast ? left : await this.#rest(features, left, naming, most, signal);
     if (rest === undefined) return undefined;
     // Some tokens are a word with its mark.
     const mark = isLast ? (/[.,?!]+$/.exec(misheard)?.[0] ?? "") : "";
-    return `${before === "" ? sentenceOf(text) : `${before} ${text}`}${mark}${this.vocabulary.textOf(rest.tokens)}`.trim();
+    return `${before === "" ? sentenceOf(text) : `${before} ${text}`}${mark}${this.vocabulary.textOf(rest)}`.trim();
+  }
+
+  /** What follows a name that was misheard is heard anew, for the decoder may have been on a wrong track. The likelier one is taken. */
+  async #rest(features: Tensor, left: number[], { after }: Naming, most: number, signal: AbortSignal): Promise<number[] | undefined> {
+    const isWhole = (token: number): boolean => token === endToken || this.vocabulary.beginsWord(token) || this.vocabulary.isMark(token);
+    const anew = await goOn(this.model, features, after, isWhole, most, signal);
+    if (anew === undefined || left.at(-1) !== endToken) return anew?.tokens;
+    const follows = left.length > 1 ? (await this.model.follow(features, left.slice(0, -1), after.past)).expected : [];
+    const isLikelier = likelihood(left, [...after.expected.slice(-1), ...follows]) >= likelihood(anew.tokens, anew.expected);
+    return isLikelier ? left : anew.tokens;
   }
 
   #textOf(tokens: readonly number[]): string {

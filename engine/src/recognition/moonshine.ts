@@ -34,8 +34,8 @@ export class MoonshineRecogniser implements Recogniser {
   }
 
   async recognise(samples: Int16Array, signal: AbortSignal, { isPartial }: RecogniseOptions = {}): Promise<Recognition> {
-    // A name takes time to find, and whoever sees words as they come does not miss it.
-    const wanted = { names: isPartial ? [] : this.names(), calls: phrases.en.calls };
+    // Whoever sees words as they come is not to wait for better ones, nor misses the name, which takes time to find.
+    const wanted = { names: isPartial ? [] : this.names(), calls: phrases.en.calls, isQuick: isPartial };
     const reply = await askMoonshine(this.companion, wanted, samples, signal);
     if (reply.kind === "stopped") return { kind: "none" };
     if (reply.kind === "failed") return { kind: "failed", problem: reply.problem };

@@ -14,7 +14,8 @@ await serve(async () => {
   return async ({ head, body }, signal) => {
     const samples = new Int16Array(body.buffer, 0, body.byteLength >> 1);
     if (typeof head.phrase === "string") return { evidence: await hearer.evidence(samples, head.phrase) };
-    const text = await hearer.recognise(samples, { names: texts(head.names), calls: texts(head.calls) }, signal);
+    const wanted = { names: texts(head.names), calls: texts(head.calls), isQuick: head.isQuick === true };
+    const text = await hearer.recognise(samples, wanted, signal);
     return text === undefined ? undefined : { text };
   };
 });

@@ -38,16 +38,25 @@ const mostLoss = 12;
 const tasteShare = 0.5;
 const mostTaste = 3;
 const mostRareTaste = 1.5;
-/** What a common name of one word may lose, what each further word allows, and what a rare name may lose. */
+/** What a common name of one word may lose, and what each further word allows. */
 const commonLoss = 3;
 const lossAWord = 2.5;
-const rareLoss = 9.2;
-/** What the decoder finds a common word unlikely by taste, and a rare name beyond its words. */
+/** What the decoder finds a common word unlikely by taste. A name's rarity is what it finds that name unlikely beyond its words. */
 const wordRarity = 14.5;
+/** Up to here a name is common. All rarity beyond it allows this share of it. */
+const commonRarity = 3;
+const lossARarity = 2 / 3;
+/** A rarer name is looked for with other vowels as well, and may lose so much at least. */
 const leastRarity = 6;
-/** A name is heard as at most so many words more than it has, and so many letters for each of its own, and some more. */
+const rareLoss = 9.2;
+/** A name that no pause sets off may lose this share of it: what ends a sentence without one is mostly a part of it. */
+const unpausedShare = 2 / 3;
+/**
+ * A name is heard as at most so many words more than it has, and so many letters for each of its own, and some more: "Palomet"
+ * as "Pearl omelette", half of whose letters are silent.
+ */
 const extraWords = 3;
-const lettersALetter = 1.5;
+const lettersALetter = 2;
 const extraLetters = 2;
 /** So many tokens after the name show whether it fits. */
 const tailTokens = 3;
@@ -94,11 +103,12 @@ export class NameFinder {
     let best: Found | undefined;
     for (const name of names) {
       for (const spelling of await this.#spellings(name, isCalled ? [] : calls)) {
-        for (const { start, ends } of places(words, heard.tokens, spelling, isCalled)) {
+        for (const { start, ends, isSetOff } of places(words, heard.tokens, spelling, isCalled)) {
           if (signal.aborted) return undefined;
           const short = ends.filter((end) => lettersOf(this.#textOf(heard, start, end)) <= spelling.mostLetters);
           const found = short.length > 0 ? await this.#tryAt(features, heard, start, short, spelling) : undefined;
-          if (found && found.loss <= spelling.allowed && found.loss < (best?.loss ?? Infinity)) best = found;
+          const allowed = isSetOff ? spelling.allowed : unpausedShare * spelling.allowed;
+          if (found && found.loss <= allowed && found.loss < (best?.loss ?? Infinity)) best = found;
         }
       }
     }
@@ -119,7 +129,8 @@ export class NameFinder {
     const words = name.split(/\s+/).length;
     const rarity = -(await this.taste.of([], this.vocabulary.tokensOf(capital))) - words * wordRarity;
     const isRare = rarity > leastRarity;
-    const allowed = (isRare ? rareLoss : commonLoss + Math.max(0, rarity - leastRarity / 2)) + (words - 1) * lossAWord;
+    const byRarity = lossARarity * Math.max(0, rarity - commonRarity);
+    const allowed = Math.max(commonLoss + byRarity, isRare ? rareLoss : 0) + (words - 1) * lossAWord;
     const forms = isRare ? [...variantsOf(capital)] : [capital, name];
     const spelling = (text: string, spelled: string[], isCall: boolean): Spelling => ({
       tree: treeOf(spelled, this.vocabulary),
@@ -198,6 +209,8 @@ export class NameFinder {
 interface Place {
   start: number;
   ends: number[];
+  /** It begins the utterance, or follows a pause or the word of a call. */
+  isSetOff: boolean;
 }
 
 /** The places where people put a name: first, last, or between two pauses. */
@@ -205,11 +218,11 @@ function places(words: SpelledWord[], tokens: number[], { mostWords, isCall }: S
   const found = words.slice(0, isCall ? 1 : undefined).map(({ start }, at) => {
     const isSetOff = at === 0 || (at === 1 && isCalled) || hasMark(words[at - 1]);
     const possible = words.slice(at, at + mostWords).filter((word) => isSetOff || hasMark(word) || word === words.at(-1));
-    return { start, ends: possible.map(({ end }) => end) };
+    return { start, ends: possible.map(({ end }) => end), isSetOff };
   });
   // The decoder may have left out a name that was said last.
   const last = tokens.length - 1;
-  return words.length > 0 && !isCall && tokens[last] === endToken ? [...found, { start: last, ends: [last] }] : found;
+  return words.length > 0 && !isCall && tokens[last] === endToken ? [...found, { start: last, ends: [last], isSetOff: hasMark(words.at(-1)) }] : found;
 }
 
 function lettersOf(text: string): number {

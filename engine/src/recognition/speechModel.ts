@@ -3,7 +3,6 @@
 // module runs in a companion only.
 
 import type { InferenceSession, Tensor, TypedTensor } from "onnxruntime-common";
-import { endToken } from "./vocabulary.ts";
 
 export interface ModelFiles {
   encoder: string;
@@ -52,13 +51,17 @@ export class Expectation {
     return (this.scores[token] ?? -Infinity) - this.#total;
   }
 
-  /** The likeliest of the tokens that may be; the end token when none may. */
-  bestOf(mayBe: (token: number) => boolean): number {
-    let best: number | undefined;
+  /** The likeliest of the tokens that may be, at most so many, the likeliest first. */
+  likeliest(count: number, mayBe: (token: number) => boolean = () => true): number[] {
+    const likeliest: number[] = [];
     this.scores.forEach((score, token) => {
-      if ((best === undefined || score > this.scores[best]!) && mayBe(token)) best = token;
+      if (likeliest.length === count && !(score > this.scores[likeliest[count - 1]!]!)) return;
+      if (!mayBe(token)) return;
+      const after = likeliest.findIndex((other) => score > this.scores[other]!);
+      likeliest.splice(after < 0 ? likeliest.length : after, 0, token);
+      likeliest.length = Math.min(likeliest.length, count);
     });
-    return best ?? endToken;
+    return likeliest;
   }
 }
 

@@ -4,6 +4,8 @@
 import type { Language, Locale } from "../base/language.ts";
 import { cut } from "../base/text.ts";
 import { plainWords } from "../base/words.ts";
+import { timeElsewhere } from "./timeElsewhere.ts";
+import { saidTime } from "./timeOfDay.ts";
 
 /** A longer text is none of the questions; and no more of a request is read back. Both are in characters. */
 const longestQuestion = 1_000;
@@ -31,7 +33,7 @@ const questions: Question[] = [
       pt: ["que horas são", "que horas são agora", "me diga as horas", "você sabe que horas são"],
     },
     pattern: /\b(what time|the time|time is it|que horas?|as horas|horas sao)\b/,
-    answer: { en: englishTime, pt: portugueseTime },
+    answer: { en: localTime, pt: localTime },
   },
   {
     phrases: {
@@ -104,8 +106,11 @@ export function knownPhrases(language: Language): string[] {
 /** Answers a request of one sentence; gives undefined when it is none of the questions. */
 export function knownAnswer(request: string, context: AnswerContext): string | undefined {
   if (request.length > longestQuestion) return undefined;
+  const { now, locale } = context;
+  const elsewhere = timeElsewhere(request, now, locale.language, locale.tag);
+  if (elsewhere !== undefined) return elsewhere;
   const plain = plainWords(request).join(" ");
-  return questions.find((question) => question.pattern.test(plain))?.answer[context.locale.language](context);
+  return questions.find((question) => question.pattern.test(plain))?.answer[locale.language](context);
 }
 
 /** Answers every sentence of a request, and reads back the sentences that are none of the questions. */
@@ -120,18 +125,8 @@ function readBack(sentence: string, { locale }: AnswerContext): string {
   return locale.language === "pt" ? `Você disse: ${quoted}.` : `You said: ${quoted}.`;
 }
 
-function englishTime({ now }: AnswerContext): string {
-  const hour = now.getHours() % 12 || 12;
-  const minutes = String(now.getMinutes()).padStart(2, "0");
-  return `It is ${hour}:${minutes} ${now.getHours() < 12 ? "AM" : "PM"}.`;
-}
-
-function portugueseTime({ now }: AnswerContext): string {
-  const hours = now.getHours();
-  const minutes = now.getMinutes();
-  const verb = hours <= 1 ? "É" : "São";
-  const hourText = `${hours} ${hours <= 1 ? "hora" : "horas"}`;
-  return minutes === 0 ? `${verb} ${hourText}.` : `${verb} ${hourText} e ${minutes} ${minutes === 1 ? "minuto" : "minutos"}.`;
+function localTime({ now, locale }: AnswerContext): string {
+  return `${saidTime({ hours: now.getHours(), minutes: now.getMinutes() }, locale.language)}.`;
 }
 
 function longDate({ now, locale }: AnswerContext): string {

@@ -79,9 +79,10 @@ describe.skipIf(!runtime || !speechDetector || !hasVoice)("the listener", () => 
     const speech = await said("Yes.", "en-us");
     const judgements = await Promise.all(
       [hiss(4_000, -75), hiss(4_000, -12)].map(async (before) => {
-        const { verdicts, hear } = bench();
+        const { verdicts, hear, place } = bench();
         await hear(before);
-        const from = verdicts.length;
+        // The last verdicts may come later.
+        const from = Math.floor(place() / 512);
         await hear(hiss(4_000, -75));
         await hear(speech);
         return { before: verdicts.slice(0, from), after: verdicts.slice(from + 70, from + 145).map(({ probability }) => probability) };

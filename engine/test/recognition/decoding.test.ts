@@ -59,6 +59,30 @@ describe("what was said", () => {
     expect(await heard(saying([3, 8, endToken], new Expectation(scores)))).toEqual([endToken]);
   });
 
+  describe("where the likeliest word leads nowhere", () => {
+    /** 7 is likelier than 8 at first, but nothing fits after it. */
+    const scored = (scores: Record<number, number>): Expectation => {
+      const all = new Float32Array(size).fill(-20);
+      for (const [token, score] of Object.entries(scores)) all[Number(token)] = score;
+      return new Expectation(all);
+    };
+    const follow: SpeechModel["follow"] = async (_features, fed, past) => {
+      const length = (past?.length ?? 0) + fed.length;
+      const after7 = scored({ 10: 0, 11: 0, 12: 0, 13: 0 });
+      const next = length === 1 ? scored({ 7: 1, 8: 0.5 }) : length > 2 ? scored({ [endToken]: 9 }) : fed.at(-1) === 7 ? after7 : scored({ 9: 9 });
+      return { expected: [next], past: { tensors: {}, length } };
+    };
+    const model = { follow } as Partial<SpeechModel> as SpeechModel;
+
+    test("is what is likeliest as a whole", async () => {
+      expect(await heard(model)).toEqual([8, 9, endToken]);
+    });
+
+    test("is what comes first when it is to be quick", async () => {
+      expect((await transcribe(model, nothing, 100, going, true))?.tokens).toEqual([7, 10, endToken]);
+    });
+  });
+
   test("is left when the signal is raised", async () => {
     const model = saying([7, 8, 9, endToken]);
     expect(await transcribe(model, nothing, 100, AbortSignal.abort())).toBeUndefined();
@@ -72,8 +96,16 @@ describe("what was said", () => {
   });
 });
 
+test("the likeliest tokens are those that may be, in their order", () => {
+  const expected = new Expectation(Float32Array.from([1, 5, 3, 4, 5]));
+  expect(expected.likeliest(3)).toEqual([1, 4, 3]);
+  expect(expected.likeliest(2, (token) => token % 2 === 0)).toEqual([4, 2]);
+  expect(expected.likeliest(2, () => false)).toEqual([]);
+});
+
 test("an expectation without any score is no token's", () => {
   const none = new Expectation(new Float32Array(size).fill(NaN));
   expect(none.best).toBe(0);
+  expect(none.likeliest(2)).toEqual([0, 1]);
   expect(none.of(3)).toBeNaN();
 });

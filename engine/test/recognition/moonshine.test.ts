@@ -83,6 +83,14 @@ describe.skipIf(!base || !hasVoice)("the name", () => {
     }, 60_000);
   }
 
+  test("is found however fast it is said, and what follows it is kept", async () => {
+    names = ["palomet"];
+    for (const wordsAMinute of [145, 150, 160, 175]) {
+      const found = await textOf(await said("Palomet, what time is it?", "en-us", wordsAMinute));
+      expect([wordsAMinute, ...plainWords(found)]).toEqual([wordsAMinute, "palomet", "what", "time", "is", "it"]);
+    }
+  }, 120_000);
+
   test("is not found in what only sounds alike, or where another name is set", async () => {
     names = ["palomet"];
     for (const sentence of ["The parliament met on Monday.", "My pal met him at the station.", "Hey Paul, I met your sister."]) {

@@ -6,8 +6,8 @@ import { installed } from "./recognition.ts";
 export const hasVoice = installed.find("espeak-ng") !== undefined;
 
 /** A sentence in the samples of the audio link, with some silence around it. */
-export async function said(sentence: string, voice: string): Promise<Int16Array> {
-  const outcome = await installed.run(["espeak-ng", "-v", voice, "-s", "145", "--stdin", "--stdout"], {
+export async function said(sentence: string, voice: string, wordsAMinute = 145): Promise<Int16Array> {
+  const outcome = await installed.run(["espeak-ng", "-v", voice, "-s", String(wordsAMinute), "--stdin", "--stdout"], {
     input: sentence,
     timeoutMs: 10_000,
     maxOutput: 1 << 24,

@@ -1,0 +1,58 @@
+// Answers what time it is at another place.
+
+import type { Language } from "../base/language.ts";
+import { plainWords } from "../base/words.ts";
+import { saidTime } from "./timeOfDay.ts";
+import { timeZoneOf } from "./timeZones.ts";
+
+/** "What time is it in Lisbon right now?", and "In Lisbon, what time is it?". The place, with the word before it, is the group. */
+const questions: Record<Language, RegExp[]> = {
+  en: [/\b(?:what|the) time\b.*?\s(in\s.+)$/iu, /^(in\s[^,]+?),?\s+what(?:'s| is)?(?: the)? time\b/iu],
+  pt: [/\bhoras?\b.*?\s((?:em|no|na|nos|nas)\s.+)$/iu, /^((?:em|no|na|nos|nas)\s[^,]+?),?\s+que horas?\b/iu],
+};
+/** What ends such a question, and is none of the place. */
+const endings: Record<Language, RegExp> = {
+  en: /[\s,]+(?:(?:right |just )?now|at the moment|at present|today|please)$/iu,
+  pt: /[\s,]+(?:(?:bem )?agora(?: mesmo)?|(?:n[eo]ste|no) (?:exato )?(?:momento|instante)|hoje|por (?:favor|gentileza))$/iu,
+};
+/** Words that only look like a place: it is the time here that is asked for. */
+const here: Record<Language, RegExp> = {
+  en: /^in (?:here|this (?:room|place|city|town|country))$/iu,
+  pt: /^(?:n[eo]ste|no) (?:exato )?(?:momento|instante)$/iu,
+};
+const unknown: Record<Language, (place: string) => string> = {
+  en: (place) => `I do not know what time it is ${place}.`,
+  pt: (place) => `Não sei que horas são ${place}.`,
+};
+
+/** Gives undefined when the request does not ask for the time at a place. */
+export function timeElsewhere(request: string, now: Date, language: Language, tag: string): string | undefined {
+  const place = askedPlace(request, language);
+  if (place === undefined) return undefined;
+  const zone = timeZoneOf(place.replace(/^\S+\s+/u, ""), language);
+  if (zone === undefined) return unknown[language](place);
+  const there = partsOf(now, tag, zone);
+  const day = there.weekday === partsOf(now, tag).weekday ? undefined : there.weekday;
+  return `${saidTime(there, language, day)} ${place}.`;
+}
+
+/** The place as it was said, with the word before it: "in Lisbon". */
+function askedPlace(request: string, language: Language): string | undefined {
+  let text = request.trim().replace(/[\s.?!…]+$/u, "");
+  for (let before = ""; before !== text; ) {
+    before = text;
+    text = text.replace(endings[language], "");
+  }
+  for (const question of questions[language]) {
+    const place = question.exec(text)?.[1];
+    if (place !== undefined && !here[language].test(place) && plainWords(place).length > 1) return `${place.charAt(0).toLowerCase()}${place.slice(1)}`;
+  }
+  return undefined;
+}
+
+function partsOf(now: Date, tag: string, timeZone?: string): { hours: number; minutes: number; weekday: string } {
+  const zone = timeZone === undefined ? {} : { timeZone };
+  const numbers = new Intl.DateTimeFormat("en", { hourCycle: "h23", hour: "numeric", minute: "numeric", ...zone }).formatToParts(now);
+  const number = (type: string): number => Number(numbers.find((part) => part.type === type)?.value);
+  return { hours: number("hour"), minutes: number("minute"), weekday: new Intl.DateTimeFormat(tag, { weekday: "long", ...zone }).format(now) };
+}

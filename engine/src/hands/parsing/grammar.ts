@@ -47,7 +47,9 @@ export function phrase(source: string, parts: Readonly<Record<string, string>>):
       at++;
       nodes.push(sequence());
     }
-    return nodes.length === 1 ? nodes[0]! : { kind: "choice", nodes };
+    if (nodes.length === 1) return nodes[0]!;
+    // Of "that" and "that says" the longer one is tried first: the rest may be free words.
+    return { kind: "choice", nodes: nodes.sort((a, b) => lengthOf(b) - lengthOf(a)) };
   };
   const closed = (mark: string): Node => {
     at++;
@@ -73,6 +75,10 @@ export function phrase(source: string, parts: Readonly<Record<string, string>>):
   const node = choice();
   if (at < pieces.length) throw new Error(`"${pieces[at]?.[0]}" is out of place in "${source}"`);
   return node;
+}
+
+function lengthOf(node: Node): number {
+  return node.kind === "sequence" ? node.nodes.length : 1;
 }
 
 function known(parts: Readonly<Record<string, string>>, name: string): string {

@@ -12,10 +12,14 @@ export interface Meant {
 
 type Meaning = (slots: Slots, now: Date) => Meant | undefined;
 
+/** What is opened is no application when it begins so: "start over", "open your mind". */
+const noApplication =
+  /^(your|over|for|to|with|again|from|about|up|me|it|that|this|him|her|them|us|at|on|in|off|of|by|as|and|i|you|we|a (timer|alarm|reminder|note)|mao|mão|de|em|para|isso|isto|aquilo|com|que|se|eu|seu|sua|um|uma)\b/i;
+
 const longestTimer = 7 * 86_400;
 /** Words that stand before "timer" without being its name. */
 const noName =
-  /^(a|an|any|the|my|your|this|that|what|which|no|not|another|new|first|second|last|next|other|all|every|o|os|um|uma|meu|meus|este|esse|nenhum|outro|novo|todos|de|do|ao|per)$/i;
+  /^(a|an|any|the|my|your|this|that|what|which|no|not|another|new|first|second|last|next|other|all|every|me|us|him|her|them|it|please|mim|nos|o|os|um|uma|meu|meus|este|esse|nenhum|outro|novo|todos|de|do|ao|per)$/i;
 
 function text(slots: Slots, name: string): string | undefined {
   const value = slots[name];
@@ -93,7 +97,7 @@ function volumeBy(of: "system" | "voice", sign: 1 | -1): Meaning {
 
 /** The shopping list is the one that needs no name. */
 function list(slots: Slots): { list: string } {
-  return { list: text(slots, "list") ?? "" };
+  return { list: (text(slots, "list") ?? "").replace(/-/g, " ") };
 }
 
 export const meanings = {
@@ -125,11 +129,14 @@ export const meanings = {
   tellReminders: tell("reminder"),
   note: (slots) => {
     const said = text(slots, "text");
-    return said === undefined ? undefined : { hand: "note", given: { do: "note", text: said } };
+    // "Take a note of caution" is said of something else.
+    return said === undefined || /^of\b/i.test(said) ? undefined : { hand: "note", given: { do: "note", text: said } };
   },
   addToList: (slots) => {
     const items = text(slots, "text");
-    return items === undefined ? undefined : { hand: "note", given: { do: "add", items, ...list(slots) } };
+    // "Write a poem about the shopping list" adds nothing to it.
+    const isWhole = items !== undefined && !/\s(about|of|for|with|from|sobre|de|para|com|do|da)$/i.test(` ${items}`);
+    return isWhole ? { hand: "note", given: { do: "add", items, ...list(slots) } } : undefined;
   },
   removeFromList: (slots) => {
     const item = text(slots, "text");
@@ -156,7 +163,7 @@ export const meanings = {
   tellPlaying: fixed("playing"),
   open: (slots) => {
     const what = text(slots, "text");
-    return what === undefined ? undefined : { hand: "open", given: { name: what } };
+    return what === undefined || noApplication.test(what) ? undefined : { hand: "open", given: { name: what } };
   },
   openFolder: (slots) => {
     const folder = text(slots, "text");
@@ -205,12 +212,18 @@ export const meanings = {
 
 export type MeaningName = keyof typeof meanings;
 
+/** What these note down is kept to the word: "note that I have to go now". */
+export const verbatim: readonly MeaningName[] = ["note", "addToList", "removeFromList", "remind"];
+
 /** What the phrases of a language are made of. */
 export interface Phrasing {
   /** Pieces that several phrases share, by name. */
   parts: Readonly<Record<string, string>>;
   /** What may stand before and after a request without changing it. */
   before: readonly string[];
+  /** These are no part of what is noted. */
+  polite: readonly string[];
+  /** These may be. */
   after: readonly string[];
   /** The first meaning of which a phrase takes the sentence is meant. */
   requests: readonly (readonly [MeaningName, readonly string[]])[];

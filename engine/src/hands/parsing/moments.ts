@@ -224,6 +224,7 @@ const usual: Record<Part, number> = { morning: 9, afternoon: 15, evening: 19, ni
 /** The local time that is meant: the next one from `now` on. Undefined for what has passed, or is not said. */
 export function timeOf(said: Moment, now: Date, purpose: Purpose): Date | undefined {
   const today = dayOf(now);
+  if (said.day && daysBetween(today, said.day) < 0) return undefined;
   const on = (date: Day, hour: number, minute: number): Date => new Date(date.year, date.month - 1, date.day, hour, minute);
   if (!said.clock) {
     if (purpose !== "remind" || (!said.day && !said.part)) return undefined;

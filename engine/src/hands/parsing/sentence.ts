@@ -3,19 +3,21 @@
 import type { Language } from "../../base/language.ts";
 import { english } from "./english.ts";
 import { matched, phrase, type Phrase, type Sentence } from "./grammar.ts";
-import { meanings, type Meant, type Phrasing } from "./meanings.ts";
+import { meanings, verbatim, type MeaningName, type Meant, type Phrasing } from "./meanings.ts";
 import { portuguese } from "./portuguese.ts";
 import { isPause, tokensOf, type Token } from "./tokens.ts";
 
 interface Compiled {
   before: Phrase[];
+  polite: Phrase[];
   after: Phrase[];
-  requests: { meaning: (typeof meanings)[keyof typeof meanings]; phrases: Phrase[] }[];
+  requests: { meaning: (typeof meanings)[MeaningName]; isVerbatim: boolean; phrases: Phrase[] }[];
 }
 
 /** No more than so many polite words are taken off each end of a sentence, and so many of its tokens looked at. */
 const mostPolite = 6;
 const mostTokens = 200;
+const longestManners = 8;
 
 const compiled: { [language in Language]?: Compiled } = {};
 
@@ -23,12 +25,13 @@ function compiledFor(language: Language): Compiled {
   return (compiled[language] ??= compile(language === "pt" ? portuguese : english));
 }
 
-function compile({ parts, before, after, requests }: Phrasing): Compiled {
+function compile({ parts, before, polite, after, requests }: Phrasing): Compiled {
   const all = (sources: readonly string[]): Phrase[] => sources.map((source) => phrase(source, parts));
   return {
     before: all(before),
+    polite: all(polite),
     after: all(after),
-    requests: requests.map(([name, sources]) => ({ meaning: meanings[name], phrases: all(sources) })),
+    requests: requests.map(([name, sources]) => ({ meaning: meanings[name], isVerbatim: verbatim.includes(name), phrases: all(sources) })),
   };
 }
 
@@ -36,12 +39,19 @@ function compile({ parts, before, after, requests }: Phrasing): Compiled {
 export function understood(text: string, language: Language, now: Date): Meant | undefined {
   const tokens = tokensOf(text, language).filter((token) => !isPause(token));
   if (tokens.length === 0 || tokens.length > mostTokens) return undefined;
-  const rules = compiledFor(language);
-  for (const part of withoutManners(tokens, rules, text, language, now)) {
-    const sentence: Sentence = { text, tokens: part, language, now };
-    for (const { meaning, phrases } of rules.requests) {
+  const { before, polite, after, requests } = compiledFor(language);
+  const around = { text, language, now };
+  const starts = [...ends(tokens.toReversed(), before, around, true)].map((length) => tokens.length - length);
+  const [whole = tokens.length] = ends(tokens, polite, around);
+  const shorter = ends(tokens.slice(0, whole), [...polite, ...after], around);
+  const parts = (to: readonly number[]): (readonly Token[])[] =>
+    to.flatMap((end) => starts.filter((start) => start < end).map((start) => tokens.slice(start, end)));
+  const asSaid = parts([whole, tokens.length, ...shorter.toReversed()]);
+  const bare = parts([...shorter, tokens.length]);
+  for (const { meaning, isVerbatim, phrases } of requests) {
+    for (const part of isVerbatim ? asSaid : bare) {
       for (const each of phrases) {
-        const meant = matched(each, sentence, (slots) => meaning(slots, now));
+        const meant = matched(each, { ...around, tokens: part }, (slots) => meaning(slots, now));
         if (meant) return meant;
       }
     }
@@ -49,38 +59,21 @@ export function understood(text: string, language: Language, now: Date): Meant |
   return undefined;
 }
 
-/** The sentence, and what remains of it without the polite words at its ends, step by step. */
-function* withoutManners(tokens: readonly Token[], rules: Compiled, text: string, language: Language, now: Date): Generator<readonly Token[]> {
-  const starts = [0];
-  const around = { text, language, now };
-  for (let from = 0, step = 0; step < mostPolite; step++) {
-    const after = longest(rules.before, tokens.slice(from), around);
-    if (after === 0 || from + after >= tokens.length) break;
-    starts.push((from += after));
-  }
-  const ends = [tokens.length];
-  for (let to = tokens.length, step = 0; step < mostPolite; step++) {
-    const length = longestEnd(rules.after, tokens.slice(0, to), around);
+/** Where the sentence may end when polite words are taken off it, the shortest first; its beginning for reversed tokens. */
+function ends(tokens: readonly Token[], phrases: readonly Phrase[], around: Omit<Sentence, "tokens">, isReversed = false): number[] {
+  const places = [tokens.length];
+  for (let to = tokens.length; places.length <= mostPolite; ) {
+    const length = longestAtEnd(tokens.slice(0, to), phrases, around, isReversed);
     if (length === 0 || length >= to) break;
-    ends.push((to -= length));
+    places.unshift((to -= length));
   }
-  for (const end of ends) for (const start of starts) if (start < end) yield tokens.slice(start, end);
+  return places;
 }
 
-type Around = Omit<Sentence, "tokens">;
-
-const longestManners = 8;
-
-function longest(phrases: readonly Phrase[], tokens: readonly Token[], around: Around): number {
+function longestAtEnd(tokens: readonly Token[], phrases: readonly Phrase[], around: Omit<Sentence, "tokens">, isReversed: boolean): number {
   for (let length = Math.min(longestManners, tokens.length); length > 0; length--) {
-    if (phrases.some((each) => matched(each, { ...around, tokens: tokens.slice(0, length) }, () => true))) return length;
-  }
-  return 0;
-}
-
-function longestEnd(phrases: readonly Phrase[], tokens: readonly Token[], around: Around): number {
-  for (let length = Math.min(longestManners, tokens.length); length > 0; length--) {
-    if (phrases.some((each) => matched(each, { ...around, tokens: tokens.slice(-length) }, () => true))) return length;
+    const piece = isReversed ? tokens.slice(-length).toReversed() : tokens.slice(-length);
+    if (phrases.some((each) => matched(each, { ...around, tokens: piece }, () => true))) return length;
   }
   return 0;
 }

@@ -18,7 +18,7 @@ const shortened: Record<Language, Record<string, string[]>> = {
   en: {
     whats: ["what", "is"], hows: ["how", "is"], wheres: ["where", "is"], thats: ["that", "is"], its: ["it", "is"], whens: ["when", "is"],
     theres: ["there", "is"], id: ["i", "would"], ill: ["i", "will"], im: ["i", "am"], ive: ["i", "have"],
-    youd: ["you", "would"], lets: ["let", "us"], dont: ["do", "not"], didnt: ["did", "not"], doesnt: ["does", "not"],
+    youre: ["you", "are"], youd: ["you", "would"], lets: ["let", "us"], dont: ["do", "not"], didnt: ["did", "not"], doesnt: ["does", "not"],
     isnt: ["is", "not"], wasnt: ["was", "not"], cant: ["can", "not"], cannot: ["can", "not"], wont: ["will", "not"],
     whatre: ["what", "are"], gimme: ["give", "me"], wanna: ["want", "to"], gonna: ["going", "to"], hes: ["he", "is"], shes: ["she", "is"],
     pls: ["please"], plz: ["please"], til: ["until"],

@@ -39,7 +39,7 @@ installResources() {
         (cd resources && npm ci --no-audit --no-fund --loglevel=error) || fail "npm could not install what resources/package-lock.json lists"
         touch "$stamp"
     fi
-    if [ ! -e resources/ears ] || [ resources/ears.mjs -nt resources/ears ] || [ "$stamp" -nt resources/ears ]; then
+    if [ ! -e resources/ears ] || [ resources/ears.mjs -nt resources/ears ] || [ resources/mathematics.mjs -nt resources/ears ] || [ "$stamp" -nt resources/ears ]; then
         (cd resources && npm run --silent ears) || fail "the engine's ears could not be laid out"
         touch resources/ears
     fi

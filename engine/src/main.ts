@@ -22,6 +22,7 @@ import { installedRecognisers } from "./recognition/installed.ts";
 import { EngineBrain } from "./thought/brain.ts";
 import { knownPhrases } from "./thought/builtInAnswers.ts";
 import { Claude } from "./thought/claude.ts";
+import { SentenceMind } from "./thought/sentenceMind.ts";
 import { ProgramSynthesiser } from "./voice/synthesiser.ts";
 
 /** Words are shown while they are spoken when more processors than these are idle. */
@@ -46,7 +47,7 @@ async function main(): Promise<void> {
   const choices = new Choices(children, locale);
   const preferences = readPreferences(environment, log);
   const claude = new Claude(children, systemClock, phrases[locale.language]);
-  const brain = new EngineBrain(systemClock, locale, claude, choices, log);
+  let prepare = async (): Promise<void> => {};
   const requests = knownPhrases(locale.language);
   const engine = new Engine({
     clock: systemClock,
@@ -59,7 +60,12 @@ async function main(): Promise<void> {
       installedRecognisers({ children, clock: systemClock, log, choices, locale, settings, requests, folder: join(folder, "recogniser") }),
     ...speechDetectorFor(children),
     isCaptioning: () => preferences.captions ?? spareCores() > leastSpareCores,
-    brain,
+    brain: (hands) => {
+      const sentenceMind = new SentenceMind({ clock: systemClock, language: locale.language, phrases: phrases[locale.language], log, hands });
+      const brain = new EngineBrain(systemClock, locale, claude, choices, log, sentenceMind);
+      prepare = () => brain.prepare();
+      return brain;
+    },
     microphone: (onSamples) => new Microphone(children, systemClock, log, onSamples),
   });
   let isEnding = false;
@@ -81,7 +87,7 @@ async function main(): Promise<void> {
     if (!(await isTaken(port))) failures.tell(`a porta ${port} estava ocupada`);
     process.exit(1);
   }
-  void brain.prepare().then(() => engine.changed());
+  void prepare().then(() => engine.changed());
   const isAgain = failures.isAgain;
   systemClock.after(settledAfterMs, () => failures.settle());
   if (isAgain) return;

@@ -43,6 +43,10 @@ export interface Phrases {
     marks: Record<string, string>;
   };
   allRight: string;
+  /** What was asked leave for would be something else by now, and was not done. */
+  notTheSame: string;
+  /** Something went wrong that should not have. */
+  handFailed: string;
   modelAway: string;
   /** Tells the language model its part. */
   instructions: (name: string) => string;
@@ -89,6 +93,8 @@ export const phrases: Record<Language, Phrases> = {
       },
     },
     allRight: "All right, I will not.",
+    notTheSame: "That has changed since, and I left it alone.",
+    handFailed: "That did not work.",
     modelAway: "The language model did not answer.",
     instructions: (name) =>
       `You are ${name}, a voice assistant. Your answer is read aloud: answer in one to three short plain sentences, ` +
@@ -134,6 +140,8 @@ export const phrases: Record<Language, Phrases> = {
       },
     },
     allRight: "Tudo bem, não faço.",
+    notTheSame: "Isso mudou nesse meio tempo, e não mexi.",
+    handFailed: "Não deu certo.",
     modelAway: "O modelo de linguagem não respondeu.",
     instructions: (name) =>
       `Você é ${name}, uma assistente de voz. A sua resposta é lida em voz alta: responda em uma a três frases curtas, ` +

@@ -60,7 +60,7 @@ export class Turn {
     conversations.add("user", this.question.text);
     this.ports.changed();
     const answer = await brain.answer(
-      { text: this.question.text, settings: settings(), session, lastAnswer },
+      { text: this.question.text, askedAt: this.question.askedAt, settings: settings(), session, lastAnswer },
       { text: (piece, spoken) => this.#take(piece, spoken), tool: (text) => this.#tool(text) },
       this.#abort.signal,
     );
@@ -71,6 +71,7 @@ export class Turn {
     conversations.addCost(answer.costUsd, answer.session);
     this.ports.changed();
     await speaker.finished();
+    if (!this.#isStopped) answer.heard?.();
     this.#settleTimings();
   }
 

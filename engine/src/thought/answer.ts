@@ -4,6 +4,8 @@ import type { Session, Settings } from "../base/protocol.ts";
 
 export interface Request {
   text: string;
+  /** The end of its last word, if it was said. */
+  askedAt: number;
   settings: Settings;
   /** The language model's session to be continued. */
   session: string | undefined;
@@ -20,10 +22,14 @@ export interface Answering {
 export interface Answer {
   costUsd: number;
   session?: string;
+  /** Called when it has been heard to its end. */
+  heard?: () => void;
 }
 
 export interface Brain {
   /** Never rejects; resolves early when `signal` is raised. */
   answer(request: Request, answering: Answering, signal: AbortSignal): Promise<Answer>;
+  /** The user will hear no more of it: what it asked leave for is refused. */
+  refuse(): void;
   session(settings: Settings): Omit<Session, "startedAt">;
 }

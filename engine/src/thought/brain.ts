@@ -10,6 +10,7 @@ import type { Choices } from "../machine/choices.ts";
 import type { Answer, Answering, Brain, Request } from "./answer.ts";
 import { builtInAnswer, knownAnswer, type AnswerContext } from "./builtInAnswers.ts";
 import type { Claude } from "./claude.ts";
+import type { SentenceMind } from "./sentenceMind.ts";
 
 export class EngineBrain implements Brain {
   constructor(
@@ -18,6 +19,7 @@ export class EngineBrain implements Brain {
     private readonly claude: Claude,
     private readonly choices: Choices,
     private readonly log: Log,
+    private readonly sentenceMind: SentenceMind,
   ) {}
 
   /** Looks for the `claude` tools. Answers are the built-in ones until a tool is found. */
@@ -28,8 +30,8 @@ export class EngineBrain implements Brain {
   async answer(request: Request, answering: Answering, signal: AbortSignal): Promise<Answer> {
     const path = this.#tool(request.settings);
     if (path === undefined) {
-      answering.text(builtInAnswer(request.text, this.#context(request)));
-      return { costUsd: 0 };
+      const context = this.#context(request);
+      return await this.sentenceMind.answer(request, (sentence) => builtInAnswer(sentence, context), answering, signal);
     }
     let hasAnswered = false;
     const watched: Answering = {
@@ -50,6 +52,10 @@ export class EngineBrain implements Brain {
       answering.text(hasAnswered ? `\n${phrases[this.locale.language].modelAway}` : known);
     }
     return answer;
+  }
+
+  refuse(): void {
+    this.sentenceMind.refuse();
   }
 
   session(settings: Settings): Omit<Session, "startedAt"> {

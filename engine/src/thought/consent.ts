@@ -71,7 +71,8 @@ function isExact(text: unknown): text is string {
   return shown !== "" && !/[(),…*\\]| {2}|[^\S \n]|(?!\n)[\p{C}\p{Zl}\p{Zp}]/u.test(shown);
 }
 
-function readAloud(text: string, { leave }: Phrases): string {
+/** The text with its marks in words: a synthesiser leaves marks out. */
+export function readAloud(text: string, { leave }: Phrases): string {
   const named = text.replace(/\n/g, `, ${leave.newLine}, `).replace(marks, (mark) => (mark === "," ? "," : ` ${leave.marks[mark] ?? mark} `));
   return named.replace(/ +,/g, ",").replace(/ +/g, " ").trim();
 }

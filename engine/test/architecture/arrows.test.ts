@@ -6,6 +6,8 @@ import { dirname, join, relative, sep } from "node:path";
 /** Each folder, with the others that it may import. Whoever wires the engine may import all. */
 const allowed: Record<string, string[]> = {
   base: [],
+  hands: ["base", "machine", "memory"],
+  "hands/desktop": ["base", "hands", "machine"],
   machine: ["base"],
   memory: ["base"],
   models: ["base"],

@@ -49,7 +49,7 @@ export function bench(folder = temporaryFolder(), clock = new ManualClock(), pat
     recogniser: (_settings: () => Settings) => recogniser,
     ...(options.speechDetector ? { speechDetector: options.speechDetector } : {}),
     isCaptioning: () => options.isCaptioning ?? false,
-    brain,
+    brain: () => brain,
     microphone: (onSamples) => new Microphone(children, clock, () => {}, onSamples),
   });
   const send = engine.events.send.bind(engine.events);

@@ -11,6 +11,7 @@ import { defaultSettings } from "../../src/memory/settings.ts";
 import type { Request } from "../../src/thought/answer.ts";
 import { EngineBrain } from "../../src/thought/brain.ts";
 import { Claude } from "../../src/thought/claude.ts";
+import { SentenceMind } from "../../src/thought/sentenceMind.ts";
 import { program, temporaryFolder } from "./folders.ts";
 import { going } from "./processes.ts";
 
@@ -32,8 +33,9 @@ export function print(...lines: string[]): string {
 export async function brainOf(path: string, stallMs = 5_000): Promise<{ brain: EngineBrain; log: string[] }> {
   const children = new Children({ ...process.env, PATH: `${path === "" ? "" : join(path, "..")}:/usr/bin:/bin` });
   const log: string[] = [];
+  const sentenceMind = new SentenceMind({ clock: systemClock, language: "en", phrases: phrases.en, log: (line) => log.push(line), hands: [] });
   const claude = new Claude(children, systemClock, phrases.en, stallMs);
-  const brain = new EngineBrain(systemClock, locale, claude, new Choices(children, locale), (line) => log.push(line));
+  const brain = new EngineBrain(systemClock, locale, claude, new Choices(children, locale), (line) => log.push(line), sentenceMind);
   await brain.prepare();
   return { brain, log };
 }
@@ -41,8 +43,8 @@ export async function brainOf(path: string, stallMs = 5_000): Promise<{ brain: E
 export const workingFolder = temporaryFolder();
 
 export function request(words: string, over: Partial<Request> = {}): Request {
-  const surroundings = { locale, workingFolder, recogniserModels: [], voices: () => [], actionIds: ["commands", "files", "web"] };
-  return { text: words, settings: defaultSettings(surroundings), session: undefined, lastAnswer: undefined, ...over };
+  const surroundings = { locale, workingFolder, recogniserModels: [], voices: () => [], actionIds: ["commands", "files", "web"], askedActionIds: ["commands", "files", "web"] };
+  return { text: words, askedAt: 0, settings: defaultSettings(surroundings), session: undefined, lastAnswer: undefined, ...over };
 }
 
 export async function ask(brain: EngineBrain, what: Request, signal = going) {

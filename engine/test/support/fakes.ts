@@ -83,6 +83,8 @@ export class FakeBrain implements Brain {
     for (const resolve of this.#release.splice(0)) resolve();
   }
 
+  refuse(): void {}
+
   session(): { model: string; claudePath: string; claudeVersion: string; isReady: boolean } {
     return { model: "fake", claudePath: "", claudeVersion: "", isReady: true };
   }

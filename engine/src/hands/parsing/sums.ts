@@ -15,7 +15,7 @@ const units: Record<Language, Record<string, string>> = {
     quart: "quart", cup: "cup", tablespoon: "tablespoon", teaspoon: "teaspoon", second: "second", minute: "minute", hour: "hour", day: "day",
     week: "week", year: "year", celsius: "degC", centigrade: "degC", c: "degC", fahrenheit: "degF", f: "degF", kelvin: "K", acre: "acre",
     hectare: "hectare", byte: "byte", kilobyte: "kB", megabyte: "MB", mb: "MB", gigabyte: "GB", gb: "GB", terabyte: "TB", tb: "TB",
-    mph: "mile/hour", kph: "km/hour", kmh: "km/hour", joule: "J", calorie: "4.184 J", watt: "W", kilowatt: "kW", bar: "bar", psi: "psi",
+    mph: "mile/hour", kph: "km/hour", kmh: "km/hour", joule: "J", watt: "W", kilowatt: "kW", bar: "bar", psi: "psi",
   },
   pt: {
     milimetro: "mm", mm: "mm", centimetro: "cm", cm: "cm", metro: "m", m: "m", quilometro: "km", kilometro: "km", km: "km", milha: "mile",
@@ -23,7 +23,7 @@ const units: Record<Language, Record<string, string>> = {
     libra: "lbm", onca: "oz", litro: "liter", l: "liter", mililitro: "ml", ml: "ml", galao: "gallon", galoe: "gallon", xicara: "cup",
     segundo: "second", minuto: "minute", hora: "hour", dia: "day", semana: "week", ano: "year", celsius: "degC", centigrado: "degC", c: "degC",
     fahrenheit: "degF", f: "degF", kelvin: "K", acre: "acre", hectare: "hectare", byte: "byte", quilobyte: "kB", megabyte: "MB", mb: "MB",
-    gigabyte: "GB", gb: "GB", terabyte: "TB", tb: "TB", kmh: "km/hour", joule: "J", caloria: "4.184 J", watt: "W", quilowatt: "kW",
+    gigabyte: "GB", gb: "GB", terabyte: "TB", tb: "TB", kmh: "km/hour", joule: "J", watt: "W", quilowatt: "kW",
   },
 };
 

@@ -1,0 +1,51 @@
+// What the agent has asked leave for, until the reply: a yes allows just that, once. A no refuses it, and so do ten seconds of
+// nothing after the question was heard.
+
+import type { Clock } from "../base/clock.ts";
+import type { Phrases } from "../base/phrases.ts";
+import { plainWords } from "../base/words.ts";
+import type { Request } from "./answer.ts";
+
+const replyMs = 10_000;
+/** A longer text is no plain yes or no. */
+const longestReply = 100;
+
+export class Asking<What> {
+  #asked: { what: What; heardAt?: number } | undefined;
+
+  constructor(
+    private readonly clock: Clock,
+    private readonly phrases: Phrases,
+  ) {}
+
+  /**
+   * Takes note of what is asked for, in the place of what was. Gives the function that is to be called when the question has been
+   * heard; a question that `signal` cuts short has been heard as far as it goes.
+   */
+  ask(what: What, signal: AbortSignal): () => void {
+    const asked: { what: What; heardAt?: number } = { what };
+    this.#asked = asked;
+    const heard = (): void => void (asked.heardAt ??= this.clock.now());
+    signal.addEventListener("abort", heard);
+    return heard;
+  }
+
+  /** Takes what was asked for, and tells what the request says to it. Gives undefined when it is no reply to it. */
+  reply({ text, askedAt }: Request): { isYes: boolean; what: What } | undefined {
+    const asked = this.#asked;
+    this.#asked = undefined;
+    if (asked === undefined || askedAt - (asked.heardAt ?? askedAt) > replyMs) return undefined;
+    const isYes = isOneOf(text, this.phrases.yes);
+    return isYes || isOneOf(text, this.phrases.no) ? { isYes, what: asked.what } : undefined;
+  }
+
+  refuse(): void {
+    this.#asked = undefined;
+  }
+}
+
+function isOneOf(text: string, list: string[]): boolean {
+  if (text.length > longestReply) return false;
+  const plain = plainWords(text).join(" ");
+  return list.some((phrase) => plainWords(phrase).join(" ") === plain);
+}

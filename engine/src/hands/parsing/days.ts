@@ -81,7 +81,7 @@ function inSomeDays(tokens: readonly Token[], at: number, language: Language, to
   if (unit === undefined) return undefined;
   let next = count.next + 1;
   if (language === "en" && plain(next) === "ago") [sign, next] = [-1, next + 1];
-  else if (language === "en" && plain(next) === "from" && /^(now|today)$/.test(plain(next + 1))) [sign, next] = [1, next + 2];
+  else if (language === "en" && /^from$/.test(plain(next)) && /^(now|today)$/.test(plain(next + 1))) [sign, next] = [1, next + 2];
   else if (language === "pt" && plain(next) === "atras") [sign, next] = [-1, next + 1];
   return sign === 0 ? undefined : { value: daysLater(today, sign * unit * count.value), next };
 }

@@ -2,12 +2,21 @@
 
 import { isRecord } from "../base/json.ts";
 
+const longestPath = 4_096;
+
 /** A text of one line at most so long, trimmed; undefined for anything else, and for one that is empty. */
 export function textIn(given: unknown, key: string, longest = 200): string | undefined {
   const value = isRecord(given) ? given[key] : undefined;
   if (typeof value !== "string") return undefined;
   const line = value.toWellFormed().replace(/[\p{Cc}\p{Zl}\p{Zp}\s]+/gu, " ").trim();
   return line === "" || line.length > longest ? undefined : line;
+}
+
+/** A path to the letter; undefined when it holds what does not show. */
+export function pathIn(given: unknown, key: string): string | undefined {
+  const value = isRecord(given) ? given[key] : undefined;
+  const isShown = typeof value === "string" && value !== "" && value.length <= longestPath && !/[\p{C}\p{Zl}\p{Zp}]/u.test(value);
+  return isShown ? value : undefined;
 }
 
 export function numberIn(given: unknown, key: string, least: number, most: number): number | undefined {

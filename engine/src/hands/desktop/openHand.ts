@@ -2,8 +2,7 @@
 
 import { readdirSync, statSync } from "node:fs";
 import { basename, join } from "node:path";
-import type { Locale } from "../../base/language.ts";
-import type { Language } from "../../base/language.ts";
+import type { Language, Locale } from "../../base/language.ts";
 import type { Settings } from "../../base/protocol.ts";
 import { plainWords } from "../../base/words.ts";
 import type { Children } from "../../machine/children.ts";
@@ -70,6 +69,7 @@ export class OpenHand implements Hand {
       const said = textIn(given, "name") ?? textIn(given, "folder") ?? textIn(given, "address", longestAddress) ?? "";
       if (textIn(given, "folder") !== undefined) return isPortuguese ? `Não encontro a pasta ${said}.` : `I find no folder ${said}.`;
       if (textIn(given, "address", longestAddress) !== undefined) return isPortuguese ? `Não abro ${said}.` : `I do not open ${said}.`;
+      if (said === "") return isPortuguese ? "Não entendi o que abrir." : "I did not understand what to open.";
       return isPortuguese ? `Não encontro o aplicativo ${said}.` : `I find no application ${said}.`;
     }
     const name = target.kind === "application" ? target.application.name : target.kind === "folder" ? basename(target.path) : target.address;
@@ -134,7 +134,7 @@ function addressOf(said: string): Target | undefined {
 
 function folders(path: string): string[] {
   try {
-    return readdirSync(path, { withFileTypes: true }).slice(0, mostFolders).flatMap((entry) => (entry.isFile() ? [] : [entry.name]));
+    return readdirSync(path, { withFileTypes: true }).slice(0, mostFolders).flatMap((entry) => (entry.isFile() || entry.name.startsWith(".") ? [] : [entry.name]));
   } catch {
     return [];
   }

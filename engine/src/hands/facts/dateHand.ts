@@ -60,7 +60,7 @@ export class DateHand implements Hand {
 
 function counted(days: number, language: Language, kind?: "between"): string {
   const text = language === "pt" ? `${days} ${days === 1 ? "dia" : "dias"}` : `${days} ${days === 1 ? "day" : "days"}`;
-  return kind === undefined ? text : `${language === "pt" ? "São" : "That is"} ${text}.`;
+  return kind === undefined ? text : `${language === "pt" ? (days === 1 ? "É" : "São") : "That is"} ${text}.`;
 }
 
 function daysFrom(from: Date, to: Date): number {

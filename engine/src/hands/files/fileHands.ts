@@ -8,12 +8,11 @@ import type { Language } from "../../base/language.ts";
 import type { Settings } from "../../base/protocol.ts";
 import { cut } from "../../base/text.ts";
 import type { Children } from "../../machine/children.ts";
-import { choiceIn, textIn } from "../given.ts";
+import { choiceIn, pathIn, textIn } from "../given.ts";
 import type { Hand } from "../hand.ts";
 import { placeWithin, readPlain, within } from "./fenced.ts";
 
 const looks = ["list", "search", "read"] as const;
-const longestPath = 4_096;
 const longestRead = 64 << 10;
 const longestWritten = 256 << 10;
 const mostEntries = 200;
@@ -52,7 +51,7 @@ class LookHand implements Hand {
 
   intent(given: unknown, language: Language): string | undefined {
     const what = choiceIn(given, "do", looks);
-    const path = textIn(given, "path", longestPath) ?? "";
+    const path = pathIn(given, "path") ?? "";
     const isPortuguese = language === "pt";
     switch (what) {
       case undefined:
@@ -68,7 +67,7 @@ class LookHand implements Hand {
 
   async act(given: unknown, _language: Language, signal: AbortSignal): Promise<string> {
     const folders = foldersOf(this.settings());
-    const path = textIn(given, "path", longestPath);
+    const path = pathIn(given, "path");
     const what = choiceIn(given, "do", looks);
     if (path === undefined) return what === "list" ? folders.join("\n") : "Which path?";
     const found = await within(path, folders);
@@ -170,7 +169,7 @@ class WriteHand implements Hand {
 }
 
 function writing(given: unknown): { path: string; text: string } | undefined {
-  const path = textIn(given, "path", longestPath);
+  const path = pathIn(given, "path");
   const text = typeof given === "object" && given !== null && "text" in given ? given.text : undefined;
   if (path === undefined || typeof text !== "string" || text.length > longestWritten) return undefined;
   return { path, text: text.toWellFormed() };

@@ -87,7 +87,7 @@ export class Engine implements Served {
     this.#timers = new Timers(clock, shelf);
     const voice = new KeptVolume(this.#store, kept);
     const { children } = parts.choices;
-    const bus = new Bus(children);
+    const bus = new Bus(children.environment);
     const hands = allHands({
       clock,
       locale,

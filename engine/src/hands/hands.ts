@@ -1,15 +1,16 @@
 // All hands, and the settings' rows that say which of them ask first.
 
+import { join } from "node:path";
 import type { Clock } from "../base/clock.ts";
 import type { Language, Locale } from "../base/language.ts";
 import type { Settings } from "../base/protocol.ts";
 import type { Children } from "../machine/children.ts";
 import { shipped } from "../machine/shipped.ts";
 import { userFolder } from "../machine/userFolders.ts";
-import { join } from "node:path";
-import { Bus } from "./bus.ts";
+import type { Bus } from "./bus.ts";
 import { LockHand } from "./desktop/lockHand.ts";
 import { OpenHand } from "./desktop/openHand.ts";
+import { ScreenshotHand } from "./desktop/screenshotHand.ts";
 import { CalculateHand } from "./facts/calculateHand.ts";
 import { DateHand } from "./facts/dateHand.ts";
 import { MachineHand } from "./facts/machineHand.ts";
@@ -43,6 +44,7 @@ export function allHands({ clock, locale, children, settings, conversations, tim
     ...mediaHands(bus),
     new OpenHand(children, locale, settings),
     new LockHand(children, bus),
+    new ScreenshotHand(bus),
     new MachineHand(children),
     new DateHand(clock),
     new CalculateHand(shipped.mathematics),

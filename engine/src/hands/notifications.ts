@@ -46,39 +46,36 @@ export class DesktopNotifications implements Notifications {
   }
 
   async #showByBus({ title, text, actions }: Notification, signal: AbortSignal): Promise<string | undefined> {
-    if (this.children.find("busctl") === undefined) return undefined;
-    const buttons = Object.entries(actions).flat();
-    const given = ["Palomet", "0", icon, title, escaped(text), String(buttons.length), ...buttons, "1", "urgency", "y", "2", "0"];
+    const connection = await this.bus.connect();
+    if (!connection) return undefined;
     let pressed: string | undefined;
     let id: number | undefined;
-    /** A button may be pressed before the reply with the notification's id has been read. */
-    const early: [string, unknown[]][] = [];
-    const take = (name: string, [of, action]: unknown[]): boolean => {
-      if (of !== id) return false;
-      if (name === "ActionInvoked" && typeof action === "string" && Object.hasOwn(actions, action)) pressed = action;
-      return name === "ActionInvoked" || name === "NotificationClosed";
+    let end = (): void => {};
+    const ended = new Promise<void>((resolve) => (end = resolve));
+    /** A button may be pressed before the answer with the notification's id has been read. */
+    let early: [string | undefined, unknown[]][] = [];
+    const take = (name: string | undefined, [of, action]: unknown[]): void => {
+      if (of !== id) return;
+      if (name === "ActionInvoked" && typeof action === "string" && Object.hasOwn(actions, action)) pressed ??= action;
+      if (name === "ActionInvoked" || name === "NotificationClosed") end();
     };
-    const ending = new AbortController();
-    const end = (): void => ending.abort();
+    connection.onSignal = ({ member, body }) => (id === undefined ? early.push([member, body]) : take(member, body));
+    void connection.closed.then(end);
     signal.addEventListener("abort", end);
-    const watching = this.bus.watch(
-      `type='signal',interface='${service}'`,
-      (name, values) => {
-        if (id !== undefined) return take(name, values);
-        early.push([name, values]);
-        return false;
-      },
-      ending.signal,
-    );
-    const reply = await this.bus.call({ service, path, method: `${service}.Notify`, signature: "susssasa{sv}i", arguments: given });
-    const [first] = reply ?? [];
-    id = typeof first === "number" ? first : undefined;
-    if (id === undefined || signal.aborted || early.some(([name, values]) => take(name, values))) end();
-    await watching;
-    signal.removeEventListener("abort", end);
-    if (signal.aborted && id !== undefined) {
-      await this.bus.call({ service, path, method: `${service}.CloseNotification`, signature: "u", arguments: [String(id)] });
+    await connection.match(`type='signal',interface='${service}'`);
+    const buttons = Object.entries(actions).flat();
+    const urgent = [["urgency", { type: "y", data: 2 }]];
+    const given = ["Palomet", 0, icon, title, escaped(text), buttons, urgent, 0];
+    const [answer] = (await connection.call({ service, path, method: `${service}.Notify`, signature: "susssasa{sv}i", arguments: given })) ?? [];
+    if (typeof answer === "number") {
+      id = answer;
+      for (const [name, values] of early.splice(0)) take(name, values);
+      early = [];
+      if (!signal.aborted) await ended;
+      if (signal.aborted) await connection.call({ service, path, method: `${service}.CloseNotification`, signature: "u", arguments: [id] });
     }
+    signal.removeEventListener("abort", end);
+    connection.close();
     return pressed;
   }
 }

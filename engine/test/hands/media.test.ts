@@ -1,7 +1,7 @@
 import { expect, test } from "bun:test";
-import { Bus, type Method } from "../../src/hands/bus.ts";
+import { Bus } from "../../src/hands/bus.ts";
 import { mediaHands } from "../../src/hands/media.ts";
-import { Children } from "../../src/machine/children.ts";
+import type { Call } from "../../src/machine/busConnection.ts";
 import { going } from "../support/processes.ts";
 
 interface Player {
@@ -14,17 +14,17 @@ class PlayersBus extends Bus {
   readonly calls: string[] = [];
 
   constructor(private readonly players: Record<string, Player>) {
-    super(new Children({ PATH: "" }));
+    super({});
   }
 
-  override async call({ service, method, arguments: given = [] }: Method): Promise<unknown[] | undefined> {
+  override async call({ service, method, arguments: given = [] }: Call): Promise<unknown[] | undefined> {
     const name = method.split(".").at(-1)!;
     if (name === "ListNames") return [["org.freedesktop.DBus", ":1.5", ...Object.keys(this.players).map((each) => `org.mpris.MediaPlayer2.${each}`)]];
     const player = this.players[service.split(".").at(-1)!];
     if (!player) return undefined;
     if (name !== "Get") this.calls.push(`${service.split(".").at(-1)} ${name}`);
     if (name !== "Get") return [];
-    return given[1] === "PlaybackStatus" ? [{ type: "s", data: player.status }] : [{ type: "a{sv}", data: player.metadata }];
+    return given[1] === "PlaybackStatus" ? [{ type: "s", data: player.status }] : [{ type: "a{sv}", data: typeof player.metadata === "object" ? Object.entries(player.metadata ?? {}) : player.metadata }];
   }
 }
 

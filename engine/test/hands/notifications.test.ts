@@ -4,14 +4,16 @@ import { join } from "node:path";
 import { Bus } from "../../src/hands/bus.ts";
 import { DesktopNotifications } from "../../src/hands/notifications.ts";
 import { Children } from "../../src/machine/children.ts";
+import type { BusConnection } from "../../src/machine/busConnection.ts";
 import { program } from "../support/folders.ts";
-import { going } from "../support/processes.ts";
+import { privateBus, service } from "../support/privateBus.ts";
+import { going, gone } from "../support/processes.ts";
 
 const notification = { title: "Palomet", text: "Tea & <b>cake</b>", actions: { stop: "Stop", snooze: "Snooze" } };
 
 function notificationsOf(path: string): DesktopNotifications {
   const children = new Children({ PATH: path });
-  return new DesktopNotifications(children, new Bus(children));
+  return new DesktopNotifications(children, new Bus({}));
 }
 
 test("a notification of the tool has its buttons, and tells which was pressed", async () => {
@@ -30,44 +32,66 @@ test("a notification that is closed, or answered with nonsense, was not pressed"
 });
 
 test("a notification goes when what it tells of has ended", async () => {
-  const folder = program("notify-send", `trap 'echo gone > $0.gone; exit 0' TERM; echo up > $0.up; while :; do /bin/sleep 0.05; done`);
+  const folder = program("notify-send", `echo $$ > $0.pid; exec /bin/sleep 60`);
   const ending = new AbortController();
   const shown = notificationsOf(folder).show(notification, ending.signal);
-  while (!existsSync(join(folder, "notify-send.up"))) await Bun.sleep(1);
+  const pid = join(folder, "notify-send.pid");
+  while (!existsSync(pid) || readFileSync(pid, "utf8") === "") await Bun.sleep(1);
   ending.abort();
   expect(await shown).toBeUndefined();
-  while (!existsSync(join(folder, "notify-send.gone"))) await Bun.sleep(1);
+  await gone([Number(readFileSync(pid, "utf8"))]);
 });
 
-/** A `busctl` that takes the notification as the seventh, and prints these signals. */
-function busWith(...signals: [string, unknown[]][]): string {
-  const lines = signals.map(([member, data]) => `echo '${JSON.stringify({ type: "signal", member, payload: { type: "us", data } })}'`);
-  return program(
-    "busctl",
-    `case "$*" in
-       *Notify*) echo '{"type":"u","data":[7]}';;
-       *CloseNotification*) echo closed > $0.closed; echo '{"type":"","data":[]}';;
-       *monitor*) ${lines.join("; ")}${lines.length > 0 ? ";" : ""} exec /bin/sleep 60;;
-     esac`,
-  );
+/** A server of notifications: each is the seventh, and when it is shown the server does this. */
+async function server(shown: (connection: BusConnection) => void): Promise<{ calls: [string | undefined, unknown[]][]; notifications: DesktopNotifications; close(): void }> {
+  const connection = await service(name);
+  const calls: [string | undefined, unknown[]][] = [];
+  connection.onCall = ({ member, body }) => {
+    calls.push([member, body]);
+    if (member === "Notify") queueMicrotask(() => shown(connection));
+    return member === "Notify" ? { signature: "u", body: [7] } : { signature: "", body: [] };
+  };
+  const children = new Children({ PATH: "" });
+  return { calls, notifications: new DesktopNotifications(children, new Bus(await privateBus())), close: () => connection.close() };
 }
 
+const name = "org.freedesktop.Notifications";
+const path = "/org/freedesktop/Notifications";
+
 test("over the bus only the buttons of this notification count", async () => {
-  const folder = busWith(["ActionInvoked", [6, "stop"]], ["NotificationClosed", [6, 1]], ["ActionInvoked", [7, "snooze"]]);
-  expect(await notificationsOf(folder).show(notification, going)).toBe("snooze");
-  expect(await notificationsOf(busWith(["NotificationClosed", [7, 2]])).show(notification, going)).toBeUndefined();
+  const it = await server((connection) => {
+    connection.emit(path, `${name}.ActionInvoked`, "us", [6, "stop"]);
+    connection.emit(path, `${name}.NotificationClosed`, "uu", [6, 1]);
+    connection.emit(path, `${name}.ActionInvoked`, "us", [7, "snooze"]);
+  });
+  expect(await it.notifications.show(notification, going)).toBe("snooze");
+  const actions = ["stop", "Stop", "snooze", "Snooze"];
+  const hints = [["urgency", { type: "y", data: 2 }]];
+  expect(it.calls).toEqual([["Notify", ["Palomet", 0, "org.palomet.Palomet", "Palomet", "Tea &amp; &lt;b&gt;cake&lt;/b&gt;", actions, hints, 0]]]);
+  it.close();
+  const closed = await server((connection) => connection.emit(path, `${name}.NotificationClosed`, "uu", [7, 2]));
+  expect(await closed.notifications.show(notification, going)).toBeUndefined();
+  closed.close();
 });
 
 test("over the bus it is taken back when what it tells of has ended", async () => {
-  const folder = busWith();
   const ending = new AbortController();
-  const shown = notificationsOf(folder).show(notification, ending.signal);
+  const it = await server(() => ending.abort());
+  expect(await it.notifications.show(notification, ending.signal)).toBeUndefined();
+  expect(it.calls.at(-1)).toEqual(["CloseNotification", [7]]);
+  it.close();
+});
+
+test("a server that ends takes its notifications along, and a bus without one shows none", async () => {
+  const it = await server(() => it.close());
+  const ending = new AbortController();
+  const shown = it.notifications.show(notification, ending.signal);
+  while (it.calls.length === 0) await Bun.sleep(1);
   ending.abort();
   expect(await shown).toBeUndefined();
-  expect(existsSync(join(folder, "busctl.closed"))).toBe(true);
+  expect(await it.notifications.show(notification, going)).toBeUndefined();
 });
 
 test("where nothing shows notifications nothing breaks", async () => {
   expect(await notificationsOf("").show(notification, going)).toBeUndefined();
-  expect(await notificationsOf(program("busctl", "exit 1")).show(notification, going)).toBeUndefined();
 });

@@ -1,7 +1,6 @@
 // A session bus of the tests' own.
 
-import { afterAll } from "bun:test";
-import { Children } from "../../src/machine/children.ts";
+import { BusConnection } from "../../src/machine/busConnection.ts";
 import { temporaryFolder } from "./folders.ts";
 
 let started: Promise<string> | undefined;
@@ -16,10 +15,22 @@ async function start(): Promise<string> {
   return address;
 }
 
-/** Runs programs on that bus. */
-export async function privateBus(): Promise<{ children: Children; address: string }> {
-  const address = await (started ??= start());
-  return { address, children: new Children({ PATH: process.env.PATH, DBUS_SESSION_BUS_ADDRESS: address }) };
+/** The environment in which that bus is found. */
+export async function privateBus(): Promise<Record<string, string>> {
+  return { DBUS_SESSION_BUS_ADDRESS: await (started ??= start()) };
 }
 
-afterAll(() => daemon?.kill());
+/** A connection that serves under this name until the test ends. */
+export async function service(name: string): Promise<BusConnection> {
+  const connection = await BusConnection.open(await privateBus());
+  if (!connection) throw new Error("there is no bus");
+  const bus = { service: "org.freedesktop.DBus", path: "/org/freedesktop/DBus" };
+  const [owner] = (await connection.call({ ...bus, method: "org.freedesktop.DBus.RequestName", signature: "su", arguments: [name, 4] })) ?? [];
+  if (owner !== 1) throw new Error(`${name} is taken`);
+  return connection;
+}
+
+/** clear.ts calls this when all files have been tested. */
+export function endPrivateBus(): void {
+  daemon?.kill();
+}

@@ -5,6 +5,7 @@ import type { Clock } from "../base/clock.ts";
 import type { Language } from "../base/language.ts";
 import type { Log } from "../base/log.ts";
 import type { Phrases } from "../base/phrases.ts";
+import { cut } from "../base/text.ts";
 import { plainWords } from "../base/words.ts";
 import type { Hand } from "../hands/hand.ts";
 import { understood } from "../hands/parsing/sentence.ts";
@@ -19,7 +20,8 @@ interface Deed {
   intent: string | undefined;
 }
 
-/** No more than so many sentences of a request are looked at. */
+/** No more of a request is looked at than so many characters, and so many sentences. */
+const longestRequest = 20_000;
 const mostSentences = 50;
 /** What these open or run is read aloud to the letter. */
 const spelled = ["open", "commands", "files"];
@@ -50,7 +52,7 @@ export class SentenceMind {
       return { costUsd: 0 };
     }
     const now = new Date(this.parts.clock.now());
-    const sentences = request.text.split(sentenceEnd).filter((sentence) => plainWords(sentence).length > 0);
+    const sentences = cut(request.text, longestRequest).split(sentenceEnd).filter((sentence) => plainWords(sentence).length > 0);
     const deeds = sentences.slice(0, mostSentences).map((sentence) => this.#deed(sentence, now));
     // A request of plain sentences is answered as a whole.
     if (deeds.every((deed) => deed === undefined)) {

@@ -103,6 +103,13 @@ export const englishRequests: Requests = [
   ["recall", { day: "2026-11-17" }, ["what did we talk about yesterday", "what did we talk about yesterday?", "what did I ask you yesterday", "what were we talking about yesterday", "do you remember what we talked about yesterday"]],
   ["recall", { about: "the car" }, ["what did we say about the car", "when did we talk about the car", "search our conversations for the car"]],
   ["forget", {}, ["forget this conversation", "delete this conversation", "please forget this conversation", "forget everything we said", "erase our conversation"]],
+  ["timer", { do: "snooze", seconds: 300 }, ["give me five more minutes", "five more minutes", "snooze for five minutes"]],
+  ["timer", { do: "reminder", seconds: 7200, about: "stretch" }, ["two hours from now remind me to stretch"]],
+  ["note", { do: "add", items: "toilet paper", list: "shopping" }, ["add toilet paper to shopping list"]],
+  ["open", { folder: "downloads" }, ["show me my downloads", "open my downloads", "open downloads"]],
+  ["media", { do: "next" }, ["next"]],
+  ["playing", {}, ["who is this song by"]],
+  ["date", { do: "until", day: "2026-12-25" }, ["how many days until Christmas", "how many days till Christmas?"]],
 ];
 
 /** None of these asks for anything that a hand does. */
@@ -115,7 +122,7 @@ export const englishTalk: readonly string[] = [
   "play chess with me", "play jazz by somebody", "I like to play", "they play in the park", "what is the next step", "who is next", "don't open firefox", "why won't firefox open", "is firefox open", "when did the shop open", "the open sea", "I opened firefox", "how do I open firefox",
   "how do I lock the screen", "don't lock the screen", "the screen is locked", "I took a screenshot", "how do I take a screenshot", "what is a battery", "who invented the battery", "memory is a strange thing", "I forgot my keys", "forget it", "don't forget this conversation", "what is love", "what is the meaning of life",
   "tell me a story about ten miles", "I ran 10 miles", "ten miles", "five", "seven", "I have five apples and three pears", "what is five", "who was born on December 25th", "I was born on March 5th", "what did you eat yesterday", "what did he say about the car", "yesterday was nice", "good morning", "thank you", "what's the weather tomorrow",
-  "remind yourself to be nice", "let's talk about timers", "write a poem about the shopping list", "write me a story", "cancel my subscription", "cancel the meeting at seven", "stop", "cancel", "no", "yes", "maybe later", "the timer for the pasta was too long", "I wish you would wake me up at seven", "he used to remind me to buy milk at seven",
+  "remind yourself to be nice", "let's talk about timers", "write a poem about the shopping list", "write me a story", "cancel my subscription", "turn off my alarm for tomorrow", "cancel the meeting at seven", "stop", "cancel", "no", "yes", "maybe later", "the timer for the pasta was too long", "I wish you would wake me up at seven", "he used to remind me to buy milk at seven",
   "if I ask you to set a timer for five minutes, what happens?", "imagine you set an alarm for seven", "a timer for the bomb went off", "unless I set a timer for five minutes", "forget the alarm was ever invented", "set the table for five", "set a good example", "turn the page", "turn left", "turn it into gold", "is it true that you lock the screen",
   "skip the introduction and explain", "resume writing tips", "open your mind", "what time is it in Tokyo when it is seven here", "start over", "run for president", "how long is the Nile", "how long is a meter", "how much is a car", "how much is that dog", "what is on TV", "what is on your mind",
   "take a note of caution with him", "please don't write down that I was late", "wake me up before you go go", "every day at seven wake me up", "wake me up every day at seven", "set an alarm for seven every Monday", "remind me every day to drink water", "set a timer for zero minutes", "set a timer for minus five minutes", "set the volume to 500 percent", "set an alarm for 25:00", "set an alarm for 7:75", "wake me up at thirteen o'clock pm yesterday", "remind me yesterday at seven to call",

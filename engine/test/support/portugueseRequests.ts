@@ -86,6 +86,11 @@ export const portugueseRequests: Requests = [
   ["recall", { day: "2026-11-17" }, ["sobre o que conversamos ontem", "o que a gente conversou ontem", "do que falamos ontem?", "o que eu te perguntei ontem", "sobre o que a gente falou ontem"]],
   ["recall", { about: "carro" }, ["o que falamos sobre o carro", "quando falamos sobre o carro", "o que conversamos sobre o carro", "procura carro nas nossas conversas"]],
   ["forget", {}, ["esquece esta conversa", "esqueça essa conversa", "apaga esta conversa", "esquece tudo o que conversamos", "apague nossa conversa por favor"]],
+  ["timer", { do: "alarm", at: "2026-11-19T08:00" }, ["coloca um alarme para amanhã cedo às oito", "me acorda amanhã cedo às oito"]],
+  ["timers", { kind: "timer" }, ["quanto tempo eu tenho ainda"]],
+  ["open", { folder: "downloads" }, ["abre os downloads", "mostra meus downloads"]],
+  ["media", { do: "next" }, ["próxima"]],
+  ["date", { do: "until", day: "2026-12-25" }, ["quantos dias faltam pro Natal", "quanto tempo falta para o natal?"]],
 ];
 
 /** None of these asks for anything that a hand does. */

@@ -64,6 +64,12 @@ describe("a sentence", () => {
     expect(note.done).toEqual([{ do: "note", text: "Dr. Silva comes at 7 p.m. tomorrow" }, { do: "add", items: "milk", list: "shopping" }]);
   });
 
+  test("of a megabyte is answered like any other", async () => {
+    for (const text of ["a. ".repeat(400_000), " ".repeat(1 << 20), "set a timer ".repeat(90_000), ".".repeat(1 << 20)]) {
+      expect((await mind().say(text)).text).toBe(`You said: ${text}`);
+    }
+  });
+
   test("that asks for a hand that is not there is answered otherwise", async () => {
     expect((await mind().say("lock the screen")).text).toBe("You said: lock the screen");
   });

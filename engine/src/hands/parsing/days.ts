@@ -26,6 +26,11 @@ const ordinals = [
   "fourteenth", "fifteenth", "sixteenth", "seventeenth", "eighteenth", "nineteenth", "twentieth",
 ];
 
+const feasts: Record<Language, [string, number, number][]> = {
+  en: [["christmas eve", 12, 24], ["christmas day", 12, 25], ["christmas", 12, 25], ["new years eve", 12, 31], ["new year eve", 12, 31], ["new years day", 1, 1], ["new year day", 1, 1], ["new years", 1, 1], ["new year", 1, 1], ["the new year", 1, 1], ["halloween", 10, 31]],
+  pt: [["vespera de natal", 12, 24], ["natal", 12, 25], ["ano novo", 1, 1], ["reveillon", 12, 31]],
+};
+
 export function dayOf(date: Date): Day {
   return { year: date.getFullYear(), month: date.getMonth() + 1, day: date.getDate() };
 }
@@ -62,7 +67,18 @@ export function day(tokens: readonly Token[], at: number, language: Language, no
     if (isSaid(at, "antes", "de", "ontem")) return later(-2, at + 3);
     if (isSaid(at, "semana", "que", "vem") || isSaid(at, "proxima", "semana")) return later(7, at + (plain(at) === "semana" ? 3 : 2));
   }
-  return inSomeDays(tokens, at, language, today) ?? weekday(tokens, at, language, now) ?? date(tokens, at, language, today);
+  return feast(tokens, at, language, today) ?? inSomeDays(tokens, at, language, today) ?? weekday(tokens, at, language, now) ?? date(tokens, at, language, today);
+}
+
+/** Days that have names: the next of each. */
+function feast(tokens: readonly Token[], at: number, language: Language, today: Day): Found<Day> | undefined {
+  for (const [name, month, dayOfMonth] of feasts[language]) {
+    const words = name.split(" ");
+    if (!words.every((word, offset) => tokens[at + offset]?.plain === word)) continue;
+    const value = nextDate(month, dayOfMonth, today);
+    if (value) return { value, next: at + words.length };
+  }
+  return undefined;
 }
 
 /** "In three days", "three days from now", "daqui a três dias", "há dois dias". */

@@ -12,9 +12,14 @@ export interface Meant {
 
 type Meaning = (slots: Slots, now: Date) => Meant | undefined;
 
+/** An alarm for a day has no such name. */
+const aDay = /^(today|tomorrow|tonight|hoje|amanhã|amanha|(mon|tues|wednes|thurs|fri|satur|sun)day)$/i;
 /** What is opened is no application when it begins so: "start over", "open your mind". */
 const noApplication =
   /^(your|over|for|to|with|again|from|about|up|me|it|that|this|him|her|them|us|at|on|in|off|of|by|as|and|i|you|we|a (timer|alarm|reminder|note)|mao|mão|de|em|para|isso|isto|aquilo|com|que|se|eu|seu|sua|um|uma)\b/i;
+
+/** These are folders without the word. */
+const knownFolders = /^(downloads|documents|pictures|photos|videos|documentos|imagens|fotos|vídeos|videos)$/i;
 
 const longestTimer = 7 * 86_400;
 /** Words that stand before "timer" without being its name. */
@@ -35,7 +40,7 @@ function name(slots: Slots): { name?: string } | undefined {
   const said = text(slots, "name");
   if (said === undefined) return {};
   const words = said.split(" ").filter((word) => word !== "");
-  return words.some((word) => noName.test(word)) ? undefined : { name: said };
+  return words.some((word) => noName.test(word) || aDay.test(word)) ? undefined : { name: said };
 }
 
 function dayText({ year, month, day }: Day): string {
@@ -63,7 +68,8 @@ function cancel(kind: string | undefined): Meaning {
     const called = name(slots);
     const seconds = count(slots, "duration");
     const at = slots.moment === undefined ? undefined : timeOf(slots.moment as Moment, now, "alarm");
-    if (!called || (slots.moment !== undefined && !at)) return undefined;
+    // A day alone is no hour: which alarm is meant then is for its user to say.
+    if (!called || slots.day !== undefined || (slots.moment !== undefined && !at)) return undefined;
     const which = { ...(kind === undefined ? {} : { kind }), ...called };
     return { hand: "timer", given: { do: "cancel", ...which, ...(seconds === undefined ? {} : { seconds }), ...(at ? { at: localText(at) } : {}) } };
   };
@@ -95,9 +101,10 @@ function volumeBy(of: "system" | "voice", sign: 1 | -1): Meaning {
   };
 }
 
-/** The shopping list is the one that needs no name. */
+/** "The list" is the one that needs no name. */
 function list(slots: Slots): { list: string } {
-  return { list: (text(slots, "list") ?? "").replace(/-/g, " ") };
+  const name = (text(slots, "list") ?? "").replace(/-/g, " ");
+  return { list: noName.test(name) ? "" : name };
 }
 
 export const meanings = {
@@ -123,6 +130,10 @@ export const meanings = {
   snooze: (slots) => {
     const seconds = count(slots, "duration");
     return { hand: "timer", given: { do: "snooze", ...(seconds === undefined ? {} : { seconds: Math.round(seconds) }) } };
+  },
+  snoozeMinutes: (slots) => {
+    const minutes = count(slots, "number");
+    return minutes !== undefined && minutes >= 1 ? { hand: "timer", given: { do: "snooze", seconds: Math.round(minutes * 60) } } : undefined;
   },
   tellTimers: tell("timer"),
   tellAlarms: tell("alarm"),
@@ -168,6 +179,10 @@ export const meanings = {
   openFolder: (slots) => {
     const folder = text(slots, "text");
     return folder === undefined ? undefined : { hand: "open", given: { folder } };
+  },
+  openKnownFolder: (slots) => {
+    const folder = text(slots, "text");
+    return folder !== undefined && knownFolders.test(folder) ? { hand: "open", given: { folder } } : undefined;
   },
   openAddress: (slots) => {
     const address = text(slots, "text")?.replace(/\s+(dot|ponto)\s+/gi, ".");

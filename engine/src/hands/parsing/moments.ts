@@ -69,7 +69,7 @@ function part(tokens: readonly Token[], at: number, language: Language): Found<{
   }
   const isToday = /^(esta|nesta|hoje)$/.test(plain(at));
   const from = isToday ? at + 1 : at;
-  const found = ({ manha: "morning", tarde: "afternoon", noite: "night", madrugada: "morning", tardinha: "afternoon", noitinha: "evening" } as const)[plain(from)];
+  const found = ({ manha: "morning", tarde: "afternoon", noite: "night", madrugada: "morning", cedo: "morning", tardinha: "afternoon", noitinha: "evening" } as const)[plain(from)];
   return found && { value: { part: found, isToday }, next: from + 1 };
 }
 

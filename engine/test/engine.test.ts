@@ -89,7 +89,7 @@ test("a model that the user has is chosen, answers aloud, and does what it was a
   const server = await ChatServer.open(llamaCpp);
   const hand = new NotingHand("files");
   const { brain, servers, log } = mindOf(server, [hand], clock);
-  const it = bench(undefined, clock, "", { brain, servers });
+  const it = bench(undefined, clock, "", { brain: () => brain, servers });
   const socket = connect(it);
   const spoken = (): string[] => it.synthesiser.spoken;
   const rows = (): string[] => it.engine.state.conversation.rows.map(({ role, text }) => `${role}: ${text}`);

@@ -1,5 +1,6 @@
 import { describe, expect, test } from "bun:test";
 import { join } from "node:path";
+import type { Snapshot } from "../src/base/protocol.ts";
 import { ChatServer } from "./support/chatServer.ts";
 import { program, temporaryFolder } from "./support/folders.ts";
 import { freePort, isAlive, serving } from "./support/processes.ts";
@@ -37,6 +38,36 @@ describe("the engine", () => {
     force.kill();
     const said = await first.errors;
     for (const word of [`http://127.0.0.1:${port}`, "state", "events", "/audio", "draft/clear"]) expect(said).toContain(word);
+  });
+
+  test("does what a sentence asks for, and forgets what it is told to while it runs", async () => {
+    const port = await freePort();
+    const environment = { XDG_STATE_HOME: temporaryFolder(), HOME: temporaryFolder(), PALOMET_LANGUAGES: "en-US", PATH: "" };
+    const { child } = start(port, environment);
+    await serving(port);
+    const state = async () => (await (await fetch(`http://127.0.0.1:${port}/state`)).json()) as Snapshot;
+    const ask = async (text: string): Promise<string> => {
+      await fetch(`http://127.0.0.1:${port}/say`, { method: "POST", body: JSON.stringify({ text }) });
+      for (;;) {
+        const last = (await state()).conversation.rows.at(-1);
+        if (last?.role === "assistant" && last.durationMs !== undefined) return last.text;
+        await Bun.sleep(5);
+      }
+    };
+    expect(await ask("set a timer for ten minutes")).toBe("The timer rings in 10 minutes.");
+    expect(await ask("what is 6 times 7")).toBe("That is 42.");
+    const command = (...words: string[]): Promise<string> =>
+      new Response(Bun.spawn([process.execPath, "src/command.ts", ...words], { cwd: folder, env: { ...environment, PALOMET_PORT: String(port) }, stdout: "pipe" }).stdout).text();
+    expect(await command("export")).toContain("> what is 6 times 7");
+    expect(await command("forget", "all")).toBe("1 conversation is forgotten.\n");
+    expect(await command("export", "--json")).toBe("[\n]\n");
+    const { conversation, memory } = await state();
+    expect(conversation.rows).toEqual([]);
+    expect(memory).toEqual({ isResumed: false, journalDays: 0 });
+    // What was set stays: it is no conversation.
+    expect(await ask("how long is left?")).toContain("The timer of 10 minutes rings in");
+    child.kill();
+    await child.exited;
   });
 
   test("says so when a stranger holds the port", async () => {

@@ -108,8 +108,16 @@ TEST_F(SettingsInUse, ChangeEverythingOfTheSessionOnTheBrainPane) {
 TEST_F(SettingsInUse, ToggleEveryConfirmation) {
     open("brain");
     const auto actions = setting("confirmActions").toArray();
-    ASSERT_EQ(actions.size(), 3);
-    for (const auto &name : {u"Run commands"_s, u"Change files"_s, u"Look things up on the web"_s}) {
+    const auto names = {u"Run commands"_s,
+                        u"Change files"_s,
+                        u"Look things up on the web"_s,
+                        u"Write notes and lists"_s,
+                        u"Open applications, folders and pages"_s,
+                        u"Lock the screen"_s,
+                        u"Take screenshots"_s,
+                        u"Forget conversations"_s};
+    ASSERT_EQ(actions.size(), qsizetype(names.size()));
+    for (const auto &name : names) {
         const auto button = node("check box", name);
         EXPECT_TRUE(eventually([&] { return tree.isChecked(button); })) << qPrintable(name);
         const auto before = setting("confirmActions").toArray().size();

@@ -43,6 +43,10 @@ export interface Phrases {
     marks: Record<string, string>;
   };
   allRight: string;
+  /** What was asked leave for would be something else by now, and was not done. */
+  notTheSame: string;
+  /** Something went wrong that should not have. */
+  handFailed: string;
   modelAway: string;
   /** The server does not have this model. */
   modelMissing: (model: string) => string;
@@ -97,6 +101,8 @@ export const phrases: Record<Language, Phrases> = {
       },
     },
     allRight: "All right, I will not.",
+    notTheSame: "That has changed since, and I left it alone.",
+    handFailed: "That did not work.",
     modelAway: "The language model did not answer.",
     modelMissing: (model) => `The model ${model} is not there.`,
     modelBroke: "The language model broke off.",
@@ -148,6 +154,8 @@ export const phrases: Record<Language, Phrases> = {
       },
     },
     allRight: "Tudo bem, não faço.",
+    notTheSame: "Isso mudou nesse meio tempo, e não mexi.",
+    handFailed: "Não deu certo.",
     modelAway: "O modelo de linguagem não respondeu.",
     modelMissing: (model) => `O modelo ${model} não está lá.`,
     modelBroke: "O modelo de linguagem parou no meio.",

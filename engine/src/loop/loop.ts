@@ -1,38 +1,14 @@
 // The voice loop: knows what the agent is doing, and carries out each command and each utterance.
 
-import type { Clock } from "../base/clock.ts";
-import type { Log } from "../base/log.ts";
-import type { Phrases } from "../base/phrases.ts";
-import type { Heard, LoopState, Settings, Timings } from "../base/protocol.ts";
+import type { Heard, LoopState, Timings } from "../base/protocol.ts";
 import { Ears, type HeardSpeech } from "../hearing/ears.ts";
-import type { SpeechDetector } from "../hearing/speechDetector.ts";
-import type { Conversations } from "../memory/conversations.ts";
-import type { Recogniser } from "../recognition/recogniser.ts";
-import type { Brain } from "../thought/answer.ts";
-import type { Speaker } from "../voice/speaker.ts";
 import { Draft } from "./draft.ts";
 import { HeardLately } from "./heardLately.ts";
 import { interpret, type Interpretation } from "./interpretation.ts";
 import { ListeningWindow } from "./listeningWindow.ts";
+import type { LoopPorts } from "./ports.ts";
+import { Tellings } from "./tellings.ts";
 import { Turn, type Question } from "./turn.ts";
-
-export interface LoopPorts {
-  clock: Clock;
-  brain: Brain;
-  speaker: Speaker;
-  recogniser: Recogniser;
-  speechDetector?: SpeechDetector;
-  isCaptioning: () => boolean;
-  conversations: Conversations;
-  phrases: Phrases;
-  settings: () => Settings;
-  log: Log;
-  chime(): void;
-  /** Something that is shown has changed. */
-  changed(): void;
-  turnEnded(): void;
-  level(level: number): void;
-}
 
 /** The chime must not be taken for speech. */
 const chimeMs = 400;
@@ -41,6 +17,7 @@ export class Loop {
   readonly ears: Ears;
   readonly #draft: Draft;
   readonly #window: ListeningWindow;
+  readonly #tellings: Tellings;
   #turn: Turn | undefined;
   #isSampling = false;
   #isMuted = false;
@@ -52,6 +29,13 @@ export class Loop {
     const { clock, settings, changed } = ports;
     this.#draft = new Draft(clock, () => settings().draftMaxAgeMs, changed);
     this.#window = new ListeningWindow(clock, changed);
+    this.#tellings = new Tellings({
+      clock,
+      isQuiet: () => !this.#turn && !this.#isSampling && !this.ears.isBusy,
+      isMuted: () => this.#isMuted,
+      chime: () => this.#chime(),
+      say: (sentences) => void this.#tell(sentences),
+    });
     this.ears = new Ears(ports, {
       began: (overlapsSpeech) => this.#somebodySpeaks(overlapsSpeech),
       heard: (speech) => this.#take(speech),
@@ -98,6 +82,8 @@ export class Loop {
   /** Ends whatever goes on. The draft stays. */
   stop(): void {
     this.ports.brain.refuse();
+    this.ports.stopped();
+    this.#tellings.clear();
     this.#endTurn();
     this.#window.close();
     this.ears.abandon();
@@ -125,6 +111,11 @@ export class Loop {
 
   say(text: string): void {
     this.#ask({ text: text.toWellFormed(), isSpoken: false, askedAt: this.ports.clock.now() });
+  }
+
+  /** Says something that nobody has asked for, when no turn is in progress and nobody speaks. */
+  tell(sentence: string): void {
+    this.#tellings.add(sentence);
   }
 
   /** Says that a request was too long to be taken. */
@@ -267,8 +258,20 @@ export class Loop {
     this.ports.changed();
   }
 
+  /** It may be answered without the name: "stop", "snooze". */
+  async #tell(sentences: string): Promise<void> {
+    await this.#announce(sentences);
+    if (this.#turn || this.#isSampling || this.#isMuted) return;
+    this.#window.open(this.ports.settings().followUpMs);
+    this.ports.changed();
+  }
+
   #summon(): void {
     this.#window.open(this.ports.settings().summonMs);
+    this.#chime();
+  }
+
+  #chime(): void {
     this.ears.guard(chimeMs);
     this.ports.chime();
   }

@@ -1,4 +1,5 @@
-// Finds what the engine's package brings to hear with: models, the recogniser's vocabulary and the runtime that runs them.
+// Finds what the engine's package brings: models to hear with, the recogniser's vocabulary, the runtime that runs them, and the
+// mathematics to calculate with.
 
 import { existsSync } from "node:fs";
 import { join } from "node:path";
@@ -21,6 +22,8 @@ export interface Shipped {
   speechDetector: string | undefined;
   /** The addon that runs the user's models of Whisper. Only a child may load it. */
   whisper: string | undefined;
+  /** The library of mathematics, in one file. */
+  mathematics: string | undefined;
 }
 
 /** Beside the engine where it is installed, in `resources/` where it runs from its sources. */
@@ -45,6 +48,7 @@ export function findShipped(earsFolders: readonly string[] = folders): Shipped {
     vocabulary: file("models/vocabulary.json"),
     speechDetector: file("models/silero-vad.onnx"),
     whisper: file(`node_modules/@fugood/node-whisper-${process.platform}-${process.arch}/index.node`),
+    mathematics: file("node_modules/mathjs/mathematics.js"),
   };
 }
 

@@ -2,6 +2,7 @@
 
 import type { Clock } from "../base/clock.ts";
 import type { Conversation, ConversationSummary, Memory, Row } from "../base/protocol.ts";
+import type { FoundRow, Span } from "./archive.ts";
 import type { Store, StoredConversation } from "./store.ts";
 
 /** Rows of the current conversation that are kept in memory; older ones are in the store. */
@@ -55,6 +56,18 @@ export class Conversations {
     this.#open = undefined;
     this.#isResumed = false;
     this.#current = this.#fresh();
+  }
+
+  /** Forgets the current conversation, also on the disk, and begins another. */
+  forget(): void {
+    this.store.forgetConversation(this.#current.conversationId);
+    this.begin();
+  }
+
+  /** What was said on these days with these words, the newest first; not what is said now. */
+  search(words: string, span: Span, limit: number): FoundRow[] {
+    const now = this.#current.rows.at(-1)?.at;
+    return this.store.search(words, span, limit + 1).filter(({ at }) => at !== now).slice(0, limit);
   }
 
   add(role: "user" | "tool", text: string): void {

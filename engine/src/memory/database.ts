@@ -7,7 +7,7 @@ import { join } from "node:path";
 const lockWaitMs = 500;
 /** An empty database takes less, together with the files beside it. */
 const room = 128 << 10;
-const schemaVersion = 1;
+const schemaVersion = 2;
 
 const schema = `
   CREATE TABLE settings (key TEXT PRIMARY KEY, value TEXT NOT NULL);
@@ -18,7 +18,19 @@ const schema = `
   CREATE TABLE rows (
     id INTEGER PRIMARY KEY, conversation TEXT NOT NULL REFERENCES conversations (id),
     role TEXT NOT NULL, text TEXT NOT NULL, at REAL NOT NULL, durationMs REAL);
-  CREATE INDEX rowsByConversation ON rows (conversation);
+  CREATE INDEX rowsByConversation ON rows (conversation);`;
+
+/** The words of the rows, to be searched: without accents, and kept in step by the database itself. */
+const searchSchema = `
+  CREATE VIRTUAL TABLE words USING fts5 (text, content = 'rows', content_rowid = 'id', tokenize = 'unicode61 remove_diacritics 2');
+  CREATE TRIGGER wordsAdded AFTER INSERT ON rows BEGIN
+    INSERT INTO words (rowid, text) VALUES (new.id, new.text);
+  END;
+  CREATE TRIGGER wordsRemoved AFTER DELETE ON rows BEGIN
+    INSERT INTO words (words, rowid, text) VALUES ('delete', old.id, old.text);
+  END;
+  INSERT INTO words (words, rank) VALUES ('secure-delete', 1);
+  INSERT INTO words (words) VALUES ('rebuild');
   PRAGMA user_version = ${schemaVersion};`;
 
 /** Makes the folder and the file readable for this user alone, also when they were there before. */
@@ -43,10 +55,13 @@ export function prepared(database: Database): Database {
   database.run(`PRAGMA busy_timeout = ${lockWaitMs}`);
   database.run("PRAGMA journal_mode = WAL");
   database.run("PRAGMA synchronous = NORMAL");
+  // What is forgotten is not to be found in the file any more.
+  database.run("PRAGMA secure_delete = ON");
   const check = database.query<{ quick_check: string }, []>("PRAGMA quick_check(1)").get();
   if (check?.quick_check !== "ok") throw new Error(check?.quick_check ?? "quick_check");
   const version = database.query<{ user_version: number }, []>("PRAGMA user_version").get()?.user_version;
-  if (version === 0) database.transaction(() => database.run(schema))();
+  if (version === 0) database.transaction(() => database.run(schema + searchSchema))();
+  else if (version === 1) database.transaction(() => database.run(searchSchema))();
   else if (version !== schemaVersion) throw new Error(`versão ${version}`);
   // Only a write finds a lock that another program holds.
   database.run("BEGIN IMMEDIATE");

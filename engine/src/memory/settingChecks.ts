@@ -16,6 +16,8 @@ export interface Surroundings {
   voices(): readonly Voice[];
   /** The ids of the actions that can be made to need a confirmation. */
   actionIds: string[];
+  /** Those of them that need one until the user says otherwise. */
+  askedActionIds: string[];
 }
 
 /** The folders and tools among the values to be set that were found on the machine. */

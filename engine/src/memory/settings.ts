@@ -30,7 +30,7 @@ export function defaultSettings(surroundings: Surroundings): Settings {
     fallbackVoice: voice.title,
     brainModel: "haiku",
     folders: [],
-    confirmActions: [...surroundings.actionIds],
+    confirmActions: [...surroundings.askedActionIds],
     workingFolder: surroundings.workingFolder,
   };
 }

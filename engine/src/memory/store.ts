@@ -9,6 +9,7 @@ import type { Clock } from "../base/clock.ts";
 import type { Log } from "../base/log.ts";
 import type { ConversationSummary, Row } from "../base/protocol.ts";
 import { cut } from "../base/text.ts";
+import { forgetConversation, search, type FoundRow, type Span } from "./archive.ts";
 import { copyOf, copyOfFile, hasRoom, isBusy, isEmpty, isFull, keepPrivate, message, prepared } from "./database.ts";
 
 export interface StoredConversation {
@@ -25,6 +26,8 @@ export interface StoredConversation {
 interface Unwritten {
   settings: Set<string>;
   conversations: Set<string>;
+  /** These are to be forgotten in the file as well. */
+  forgotten: Set<string>;
   afterRow: number;
 }
 
@@ -138,6 +141,17 @@ export class Store {
     });
   }
 
+  /** The rows of these days that hold these words, the newest first. */
+  search(words: string, span: Span, limit: number): FoundRow[] {
+    return this.#run([], (database) => search(database, words, span, limit));
+  }
+
+  forgetConversation(conversationId: string): void {
+    this.#run(undefined, (database) => forgetConversation(database, conversationId));
+    // What waits for room on the disk is written whole then, and without it.
+    this.#unwritten?.forgotten.add(conversationId);
+  }
+
   close(): void {
     this.#cancelReturn();
     if (this.#unwritten) this.#returnToDisk(this.#unwritten);
@@ -211,7 +225,7 @@ export class Store {
   #inMemory(copy: Database | undefined): Database {
     const memory = copy ?? prepared(new Database(":memory:"));
     const last = memory.query<{ id: number | null }, []>("SELECT MAX(id) AS id FROM rows").get();
-    this.#unwritten = { settings: new Set(), conversations: new Set(), afterRow: last?.id ?? 0 };
+    this.#unwritten = { settings: new Set(), conversations: new Set(), forgotten: new Set(), afterRow: last?.id ?? 0 };
     this.#awaitRoom(roomLookMs);
     return memory;
   }
@@ -243,7 +257,7 @@ export class Store {
     return true;
   }
 
-  #write(file: Database, { settings, conversations, afterRow }: Unwritten): void {
+  #write(file: Database, { settings, conversations, forgotten, afterRow }: Unwritten): void {
     const memory = this.#database;
     const isLost = isEmpty(file);
     const all = (query: string, ...values: number[]): Values[] => memory.query<never, number[]>(query).values(...values) as Values[];
@@ -256,6 +270,7 @@ export class Store {
       const rows = "SELECT conversation, role, text, at, durationMs FROM rows WHERE id > ? ORDER BY id";
       write(addRow, all(rows, isLost ? 0 : afterRow));
     })();
+    for (const id of forgotten) forgetConversation(file, id);
   }
 
   #keepAside(path: string, error: unknown): void {

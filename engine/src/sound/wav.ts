@@ -78,3 +78,18 @@ function envelopeOf(samples: Int16Array, rate: number): number[] {
   }
   return levels;
 }
+
+/** A copy of a WAV file that `readClip` has given, its samples times `gain`. */
+export function withGain(file: Uint8Array, gain: number): Uint8Array {
+  const copy = new Uint8Array(file);
+  const view = new DataView(copy.buffer);
+  for (let at = 12; at + 8 <= copy.length; ) {
+    const length = view.getUint32(at + 4, true);
+    const end = Math.min(at + 8 + length, copy.length);
+    if (tag(copy, at) === "data") {
+      for (let place = at + 8; place + 2 <= end; place += 2) view.setInt16(place, Math.round(view.getInt16(place, true) * gain), true);
+    }
+    at += 8 + length + (length & 1);
+  }
+  return copy;
+}

@@ -13,6 +13,7 @@ import { builtInAnswer, knownAnswer, type AnswerContext } from "./builtInAnswers
 import type { Failure } from "./chatClient.ts";
 import type { ChatMind } from "./chatMind.ts";
 import type { Claude } from "./claude.ts";
+import type { SentenceMind } from "./sentenceMind.ts";
 
 /** What went wrong, for the log. */
 const failures: Record<Failure, string> = {
@@ -26,46 +27,49 @@ const failures: Record<Failure, string> = {
   stopped: "foi interrompido",
 };
 
+export interface BrainParts {
+  clock: Clock;
+  locale: Locale;
+  claude: Claude;
+  chatMind: ChatMind;
+  sentenceMind: SentenceMind;
+  servers: ModelServers;
+  choices: Choices;
+  log: Log;
+}
+
 export class EngineBrain implements Brain {
-  constructor(
-    private readonly clock: Clock,
-    private readonly locale: Locale,
-    private readonly claude: Claude,
-    private readonly chatMind: ChatMind,
-    private readonly servers: ModelServers,
-    private readonly choices: Choices,
-    private readonly log: Log,
-  ) {}
+  constructor(private readonly parts: BrainParts) {}
 
   /** Looks for the `claude` tools and the servers of models. Answers are the built-in ones until a tool is found. */
   async prepare(): Promise<void> {
-    await Promise.all([this.choices.claudeTools(), this.servers.look()]);
+    await Promise.all([this.parts.choices.claudeTools(), this.parts.servers.look()]);
   }
 
   async answer(request: Request, answering: Answering, signal: AbortSignal): Promise<Answer> {
+    const reply = await this.parts.sentenceMind.reply(request, answering, signal);
+    if (reply) return reply;
     if (partsOfServedModel(request.settings.brainModel)) return await this.#answerByServer(request, answering, signal);
     const path = this.#tool(request.settings);
-    if (path === undefined) {
-      answering.text(builtInAnswer(request.text, this.#context(request)));
-      return { costUsd: 0 };
-    }
+    if (path === undefined) return await this.#answerByHands(request, builtInAnswer, answering, signal);
     const { watched, hasAnswered } = watch(answering);
-    let { problem, ...answer } = await this.claude.answer(path, request, watched, signal);
+    let { problem, ...answer } = await this.parts.claude.answer(path, request, watched, signal);
     if (problem !== undefined && request.session !== undefined && !hasAnswered() && !signal.aborted) {
       // The tool may have forgotten the session: the request begins a new one.
-      ({ problem, ...answer } = await this.claude.answer(path, { ...request, session: undefined }, watched, signal));
+      ({ problem, ...answer } = await this.parts.claude.answer(path, { ...request, session: undefined }, watched, signal));
     }
     if (problem !== undefined && !signal.aborted) {
-      this.log(`o claude falhou (${problem})`);
-      const known = knownAnswer(request.text, this.#context(request)) ?? phrases[this.locale.language].modelAway;
-      answering.text(hasAnswered() ? `\n${phrases[this.locale.language].modelAway}` : known);
+      this.parts.log(`o claude falhou (${problem})`);
+      const known = knownAnswer(request.text, this.#context(request)) ?? phrases[this.parts.locale.language].modelAway;
+      answering.text(hasAnswered() ? `\n${phrases[this.parts.locale.language].modelAway}` : known);
     }
     return answer;
   }
 
   refuse(): void {
-    this.claude.refuse();
-    this.chatMind.refuse();
+    this.parts.claude.refuse();
+    this.parts.chatMind.refuse();
+    this.parts.sentenceMind.refuse();
   }
 
   session(settings: Settings): Omit<Session, "startedAt"> {
@@ -73,27 +77,36 @@ export class EngineBrain implements Brain {
     if (partsOfServedModel(brainModel)) return { model: brainModel, claudePath: "", claudeVersion: "", isReady: true };
     const path = this.#tool(settings);
     if (path === undefined) return { model: builtInModel, claudePath: "", claudeVersion: "", isReady: true };
-    const claudeVersion = this.choices.knownTools.get(path) ?? "";
+    const claudeVersion = this.parts.choices.knownTools.get(path) ?? "";
     return { model: settings.brainModel, claudePath: path, claudeVersion, isReady: true };
   }
 
   async #answerByServer(request: Request, answering: Answering, signal: AbortSignal): Promise<Answer> {
     const name = request.settings.brainModel;
     const { watched, hasAnswered } = watch(answering);
-    const model = this.servers.find(name);
+    const model = this.parts.servers.find(name);
     const unknown = { costUsd: 0, problem: { failure: "missing" as const, detail: "não conheço o servidor" } };
-    const { problem, ...answer } = model ? await this.chatMind.answer(model, request, watched, signal) : unknown;
+    const { problem, ...answer } = model ? await this.parts.chatMind.answer(model, request, watched, signal) : unknown;
     if (problem === undefined || signal.aborted) return answer;
-    this.log(`o modelo ${name} falhou (${[failures[problem.failure], problem.detail].filter((part) => part !== "").join("; ")})`);
+    this.parts.log(`o modelo ${name} falhou (${[failures[problem.failure], problem.detail].filter((part) => part !== "").join("; ")})`);
     const sentence = this.#sentence(problem.failure, name);
-    const known = hasAnswered() ? undefined : knownAnswer(request.text, this.#context(request));
-    answering.text(`${hasAnswered() ? "\n" : ""}${known === undefined ? sentence : `${sentence} ${known}`}`);
-    return answer;
+    if (hasAnswered()) {
+      answering.text(`\n${sentence}`);
+      return answer;
+    }
+    answering.text(sentence);
+    return await this.#answerByHands(request, (text, context) => knownAnswer(text, context) ?? "", apart(answering), signal);
+  }
+
+  /** Answers without a language model; by `other` what asks for no hand. */
+  async #answerByHands(request: Request, other: (text: string, context: AnswerContext) => string, answering: Answering, signal: AbortSignal): Promise<Answer> {
+    const context = this.#context(request);
+    return await this.parts.sentenceMind.answer(request, (sentence) => other(sentence, context), answering, signal);
   }
 
   /** What the user is told of a failure. */
   #sentence(failure: Failure, name: string): string {
-    const { modelAway, modelBroke, modelMissing, tooLong } = phrases[this.locale.language];
+    const { modelAway, modelBroke, modelMissing, tooLong } = phrases[this.parts.locale.language];
     if (failure === "missing") return modelMissing(partsOfServedModel(name)?.model ?? name);
     if (failure === "tooLong") return tooLong;
     return failure === "cutOff" ? modelBroke : modelAway;
@@ -101,13 +114,13 @@ export class EngineBrain implements Brain {
 
   #tool(settings: Settings): string | undefined {
     if (settings.brainModel === builtInModel) return undefined;
-    const { knownTools } = this.choices;
+    const { knownTools } = this.parts.choices;
     const { claudePath } = settings;
     return claudePath !== undefined && knownTools.has(claudePath) ? claudePath : knownTools.keys().next().value;
   }
 
   #context({ settings, lastAnswer }: Request): AnswerContext {
-    return { now: new Date(this.clock.now()), locale: this.locale, name: settings.voiceName, lastAnswer };
+    return { now: new Date(this.parts.clock.now()), locale: this.parts.locale, name: settings.voiceName, lastAnswer };
   }
 }
 
@@ -122,4 +135,17 @@ function watch(answering: Answering): { watched: Answering; hasAnswered: () => b
     tool: (text) => answering.tool(text),
   };
   return { watched, hasAnswered: () => hasAnswered };
+}
+
+/** Hands on what follows a sentence. */
+function apart(answering: Answering): Answering {
+  let isFirst = true;
+  return {
+    text(piece, spoken) {
+      if (piece === "") return;
+      answering.text(isFirst ? ` ${piece}` : piece, spoken);
+      isFirst = false;
+    },
+    tool: (text) => answering.tool(text),
+  };
 }

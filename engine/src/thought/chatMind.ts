@@ -173,7 +173,8 @@ export class ChatMind {
       } catch (error) {
         content = cut(`It failed: ${String(error)}`, longestResult);
       }
-      thought.done.push(content);
+      // What a model looks up is for its eyes.
+      if (!hand.forModelsOnly) thought.done.push(content);
     }
     thought.messages.push({ role: "tool", content, tool_call_id: call.id });
   }

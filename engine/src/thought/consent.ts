@@ -89,7 +89,8 @@ export function readIntent(intent: string, phrases: Phrases): string {
   return tidy(named);
 }
 
-function readAloud(text: string, { leave }: Phrases): string {
+/** The text with its marks in words: a synthesiser leaves marks out. */
+export function readAloud(text: string, { leave }: Phrases): string {
   const named = text.replace(/\n/g, `, ${leave.newLine}, `).replace(marks, (mark) => (mark === "," ? "," : ` ${leave.marks[mark] ?? mark} `));
   return tidy(named);
 }

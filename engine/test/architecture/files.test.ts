@@ -24,7 +24,7 @@ test("README.md names every source", async () => {
   const named: string[] = [];
   let folder = "";
   for (const line of (await Bun.file(join(root, "README.md")).text()).split("\n")) {
-    const [, cell = ""] = /^\| (?:`([\w.]+\/?)`|file) \| /.exec(line) ?? [];
+    const [, cell = ""] = /^\| (?:`((?:[\w.]+\/)+|[\w.]+)`|file) \| /.exec(line) ?? [];
     if (line.startsWith("| file |")) folder = "";
     else if (cell.endsWith("/")) folder = cell;
     else if (cell.endsWith(".ts")) named.push(folder + cell);

@@ -18,7 +18,7 @@ function folderWith(...paths: string[]): string {
 }
 
 test("where nothing was brought, nothing is found", () => {
-  const nothing = { runtime: undefined, base: undefined, tiny: undefined, vocabulary: undefined, speechDetector: undefined, whisper: undefined };
+  const nothing = { runtime: undefined, base: undefined, tiny: undefined, vocabulary: undefined, speechDetector: undefined, whisper: undefined, mathematics: undefined };
   expect(findShipped([join(temporaryFolder(), "ears")])).toEqual(nothing);
   expect(findShipped([temporaryFolder()])).toEqual(nothing);
 });

@@ -3,6 +3,7 @@
 import { chooseLocale } from "../../src/base/language.ts";
 import type { Settings } from "../../src/base/protocol.ts";
 import { Engine } from "../../src/engine.ts";
+import type { Hand } from "../../src/hands/hand.ts";
 import { Microphone } from "../../src/hearing/microphone.ts";
 import type { SpeechDetector } from "../../src/hearing/speechDetector.ts";
 import { Children } from "../../src/machine/children.ts";
@@ -18,9 +19,11 @@ import { tone } from "./sounds.ts";
 export interface BenchOptions {
   speechDetector?: SpeechDetector;
   isCaptioning?: boolean;
-  /** In the place of the fake one. */
-  brain?: Brain;
+  /** In the place of the fake brain. */
+  brain?: (hands: readonly Hand[], clock: ManualClock) => Brain;
   servers?: ModelServers;
+  /** Of the programs that the engine runs; its `PATH` is given apart. */
+  environment?: Record<string, string>;
 }
 
 export interface Bench {
@@ -37,7 +40,7 @@ export interface Bench {
 }
 
 export function bench(folder = temporaryFolder(), clock = new ManualClock(), path = "", options: BenchOptions = {}): Bench {
-  const children = new Children({ PATH: path });
+  const children = new Children({ HOME: folder, ...options.environment, PATH: path });
   const locale = chooseLocale({ PALOMET_LANGUAGES: "en-US" });
   const recogniser = new FakeRecogniser();
   const synthesiser = new FakeSynthesiser();
@@ -54,7 +57,7 @@ export function bench(folder = temporaryFolder(), clock = new ManualClock(), pat
     recogniser: (_settings: () => Settings) => recogniser,
     ...(options.speechDetector ? { speechDetector: options.speechDetector } : {}),
     isCaptioning: () => options.isCaptioning ?? false,
-    brain: options.brain ?? brain,
+    brain: (hands) => options.brain?.(hands, clock) ?? brain,
     microphone: (onSamples) => new Microphone(children, clock, () => {}, onSamples),
   });
   const send = engine.events.send.bind(engine.events);

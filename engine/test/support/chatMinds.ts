@@ -2,16 +2,10 @@
 
 import type { Clock } from "../../src/base/clock.ts";
 import { systemClock } from "../../src/base/clock.ts";
-import { chooseLocale } from "../../src/base/language.ts";
-import { phrases } from "../../src/base/phrases.ts";
 import type { Hand } from "../../src/hands/hand.ts";
-import { Children } from "../../src/machine/children.ts";
-import { Choices } from "../../src/machine/choices.ts";
 import { Keys } from "../../src/machine/keys.ts";
 import { ModelServers } from "../../src/machine/modelServers.ts";
-import { EngineBrain } from "../../src/thought/brain.ts";
-import { ChatMind } from "../../src/thought/chatMind.ts";
-import { Claude } from "../../src/thought/claude.ts";
+import { brainWith } from "./brains.ts";
 import type { ChatServer } from "./chatServer.ts";
 
 export class NotingHand implements Hand {
@@ -42,15 +36,9 @@ export class NotingHand implements Hand {
 export const modelOf = ({ ways }: ChatServer): string => `${ways.offered[0]} · ${ways.name}`;
 
 export function mindOf(server: ChatServer, hands: readonly Hand[] = [], clock: Clock = systemClock, language: "en" | "pt" = "en") {
-  const children = new Children({ PATH: "" });
-  const locale = chooseLocale({ PALOMET_LANGUAGES: language });
-  const log: string[] = [];
-  const note = (line: string): void => void log.push(line);
   const { key } = server.ways;
   const known = { name: server.ways.name, address: server.address, ...(key === undefined ? {} : { key: () => key }) };
-  const servers = new ModelServers(() => [], new Keys({}), note, [known]);
-  const choices = new Choices(children, locale, undefined, servers);
-  const chatMind = new ChatMind({ clock, language, phrases: phrases[language], hands });
-  const claude = new Claude(children, clock, phrases[language]);
-  return { brain: new EngineBrain(clock, locale, claude, chatMind, servers, choices, note), log, servers, choices };
+  const servers = new ModelServers(() => [], new Keys({}), (line) => log.push(line), [known]);
+  const { brain, log, choices } = brainWith({ clock, language, hands, servers });
+  return { brain, log, servers, choices };
 }

@@ -6,14 +6,11 @@ import { systemClock } from "../../src/base/clock.ts";
 import { chooseLocale } from "../../src/base/language.ts";
 import { phrases } from "../../src/base/phrases.ts";
 import { Children } from "../../src/machine/children.ts";
-import { Choices } from "../../src/machine/choices.ts";
-import { Keys } from "../../src/machine/keys.ts";
-import { ModelServers } from "../../src/machine/modelServers.ts";
 import { defaultSettings } from "../../src/memory/settings.ts";
 import type { Request } from "../../src/thought/answer.ts";
-import { EngineBrain } from "../../src/thought/brain.ts";
-import { ChatMind } from "../../src/thought/chatMind.ts";
+import type { EngineBrain } from "../../src/thought/brain.ts";
 import { Claude } from "../../src/thought/claude.ts";
+import { brainWith } from "./brains.ts";
 import { program, temporaryFolder } from "./folders.ts";
 import { going } from "./processes.ts";
 
@@ -34,12 +31,8 @@ export function print(...lines: string[]): string {
 
 export async function brainOf(path: string, stallMs = 5_000): Promise<{ brain: EngineBrain; log: string[] }> {
   const children = new Children({ ...process.env, PATH: `${path === "" ? "" : join(path, "..")}:/usr/bin:/bin` });
-  const log: string[] = [];
   const claude = new Claude(children, systemClock, phrases.en, stallMs);
-  const note = (line: string): void => void log.push(line);
-  const chatMind = new ChatMind({ clock: systemClock, language: "en", phrases: phrases.en, hands: [] });
-  const servers = new ModelServers(() => [], new Keys({}), note, []);
-  const brain = new EngineBrain(systemClock, locale, claude, chatMind, servers, new Choices(children, locale), note);
+  const { brain, log } = brainWith({ clock: systemClock, children, claude });
   await brain.prepare();
   return { brain, log };
 }
@@ -47,7 +40,7 @@ export async function brainOf(path: string, stallMs = 5_000): Promise<{ brain: E
 export const workingFolder = temporaryFolder();
 
 export function request(words: string, over: Partial<Request> = {}): Request {
-  const surroundings = { locale, workingFolder, recogniserModels: [], voices: () => [], actionIds: ["commands", "files", "web"] };
+  const surroundings = { locale, workingFolder, recogniserModels: [], voices: () => [], actionIds: ["commands", "files", "web"], askedActionIds: ["commands", "files", "web"] };
   return { text: words, askedAt: systemClock.now(), earlier: [], settings: defaultSettings(surroundings), session: undefined, lastAnswer: undefined, ...over };
 }
 

@@ -2,5 +2,9 @@
 
 import { afterAll } from "bun:test";
 import { removeTemporaryFolders } from "./folders.ts";
+import { endPrivateBus } from "./privateBus.ts";
 
-afterAll(removeTemporaryFolders);
+afterAll(() => {
+  endPrivateBus();
+  removeTemporaryFolders();
+});

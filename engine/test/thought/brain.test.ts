@@ -1,6 +1,7 @@
 import { afterEach, describe, expect, test } from "bun:test";
 import { existsSync } from "node:fs";
-import { mindOf, modelOf } from "../support/chatMinds.ts";
+import type { Hand } from "../../src/hands/hand.ts";
+import { mindOf, modelOf, NotingHand } from "../support/chatMinds.ts";
 import { ChatServer } from "../support/chatServer.ts";
 import { ask, brainOf, init, print, request, result, text, tool } from "../support/claudeTool.ts";
 import { ManualClock } from "../support/clock.ts";
@@ -59,14 +60,14 @@ describe("a server's model", () => {
   const servers: ChatServer[] = [];
   afterEach(() => servers.splice(0).forEach((server) => server.close()));
 
-  async function mind(ways = ollama, language: "en" | "pt" = "en", clock = new ManualClock()) {
+  async function mind(ways = ollama, language: "en" | "pt" = "en", clock = new ManualClock(), hands: readonly Hand[] = []) {
     const server = await ChatServer.open(ways);
     servers.push(server);
     const what = (words: string, brainModel = modelOf(server)) => {
       const plain = request(words);
       return { ...plain, settings: { ...plain.settings, brainModel } };
     };
-    const it = mindOf(server, [], clock, language);
+    const it = mindOf(server, hands, clock, language);
     return { ...it, server, clock, what, say: async (words: string, model?: string) => (await ask(it.brain, what(words, model))).text };
   }
 
@@ -90,6 +91,19 @@ describe("a server's model", () => {
     expect(await it.say("Explique isto")).toBe("O modelo de linguagem não respondeu.");
     const told = ["500: sem memória", "a resposta acabou no meio", "o servidor não respondeu"];
     expect(it.log).toEqual(told.map((words) => expect.stringContaining(words)));
+  });
+
+  test("that is missing leaves the hands, and the yes to what they ask", async () => {
+    const hand = new NotingHand("note");
+    const it = await mind(ollama, "en", new ManualClock(), [hand]);
+    it.server.refuses(ollama.missing);
+    const asking = it.what("note that the tea is in the tin");
+    asking.settings.confirmActions = ["note"];
+    const asked = await ask(it.brain, asking);
+    expect(asked.text).toMatch(/^The model qwen3:8b is not there\. .*Note the tea is in the tin/);
+    expect(hand.done).toEqual([]);
+    expect(await it.say("yes")).toBe("Noted.");
+    expect(hand.done).toEqual([{ do: "note", text: "the tea is in the tin" }]);
   });
 
   test("that is silent for a minute is said not to have answered", async () => {

@@ -36,7 +36,7 @@ function withPrograms(scripts: Record<string, string>, over: Partial<Settings> =
   }
   const installed = new Children({ PATH: tools });
   const voices = (): Voice[] => bestFirst(installedVoices(installed, [rhvoice]), locale);
-  const settings = defaultSettings({ locale, workingFolder: "/", recogniserModels: [], voices, actionIds: [] });
+  const settings = defaultSettings({ locale, workingFolder: "/", recogniserModels: [], voices, actionIds: [], askedActionIds: [] });
   const log: string[] = [];
   const clips = join(folder, "voice");
   const synthesiser = new ProgramSynthesiser(new Children({ PATH: `${tools}:${system}` }), voices, clips, (line) => log.push(line));
@@ -117,7 +117,7 @@ test("a clip that finds no place on the disk is made by a program that needs non
 
 test("the best voice of each program that is installed here speaks", async () => {
   const children = new Children({ PATH: process.env.PATH });
-  const settings = defaultSettings({ locale, workingFolder: "/", recogniserModels: [], voices: () => [], actionIds: [] });
+  const settings = defaultSettings({ locale, workingFolder: "/", recogniserModels: [], voices: () => [], actionIds: [], askedActionIds: [] });
   const { signal } = new AbortController();
   const voices = installedVoices(children);
   for (const voice of voices.filter(({ program: own }, at) => voices.findIndex(({ program }) => program === own) === at)) {

@@ -1,0 +1,86 @@
+// Notifications of the desktop, with buttons. Where nothing shows them, nothing is shown.
+
+import type { Children } from "../machine/children.ts";
+import type { Bus } from "./bus.ts";
+
+export interface Notification {
+  title: string;
+  text: string;
+  /** The buttons: what each is called here and on the screen. */
+  actions: Readonly<Record<string, string>>;
+}
+
+export interface Notifications {
+  /** Resolves to the button that was pressed, or undefined when none was. Takes the notification back when `signal` is raised. Never rejects. */
+  show(notification: Notification, signal: AbortSignal): Promise<string | undefined>;
+}
+
+const service = "org.freedesktop.Notifications";
+const path = "/org/freedesktop/Notifications";
+const maxOutput = 1 << 16;
+const icon = "org.palomet.Palomet";
+
+/** Shows notifications by `notify-send`, else over the bus. */
+export class DesktopNotifications implements Notifications {
+  constructor(
+    private readonly children: Children,
+    private readonly bus: Bus,
+  ) {}
+
+  async show(notification: Notification, signal: AbortSignal): Promise<string | undefined> {
+    return this.children.find("notify-send") === undefined
+      ? await this.#showByBus(notification, signal)
+      : await this.#showByTool(notification, signal);
+  }
+
+  /** The tool waits for the button, and prints its name. */
+  async #showByTool({ title, text, actions }: Notification, signal: AbortSignal): Promise<string | undefined> {
+    const buttons = Object.entries(actions).map(([name, label]) => `--action=${name}=${label}`);
+    const outcome = await this.children.run(
+      ["notify-send", "--app-name=Palomet", `--icon=${icon}`, "--urgency=critical", "--wait", ...buttons, "--", title, escaped(text)],
+      { maxOutput, signal },
+    );
+    if (outcome.kind !== "ended") return undefined;
+    const pressed = new TextDecoder().decode(outcome.output).trim();
+    return Object.hasOwn(actions, pressed) ? pressed : undefined;
+  }
+
+  async #showByBus({ title, text, actions }: Notification, signal: AbortSignal): Promise<string | undefined> {
+    const connection = await this.bus.connect();
+    if (!connection) return undefined;
+    let pressed: string | undefined;
+    let id: number | undefined;
+    let end = (): void => {};
+    const ended = new Promise<void>((resolve) => (end = resolve));
+    /** A button may be pressed before the answer with the notification's id has been read. */
+    let early: [string | undefined, unknown[]][] = [];
+    const take = (name: string | undefined, [of, action]: unknown[]): void => {
+      if (of !== id) return;
+      if (name === "ActionInvoked" && typeof action === "string" && Object.hasOwn(actions, action)) pressed ??= action;
+      if (name === "ActionInvoked" || name === "NotificationClosed") end();
+    };
+    connection.onSignal = ({ member, body }) => (id === undefined ? early.push([member, body]) : take(member, body));
+    void connection.closed.then(end);
+    signal.addEventListener("abort", end);
+    await connection.match(`type='signal',interface='${service}'`);
+    const buttons = Object.entries(actions).flat();
+    const urgent = [["urgency", { type: "y", data: 2 }]];
+    const given = ["Palomet", 0, icon, title, escaped(text), buttons, urgent, 0];
+    const [answer] = (await connection.call({ service, path, method: `${service}.Notify`, signature: "susssasa{sv}i", arguments: given })) ?? [];
+    if (typeof answer === "number") {
+      id = answer;
+      for (const [name, values] of early.splice(0)) take(name, values);
+      early = [];
+      if (!signal.aborted) await ended;
+      if (signal.aborted) await connection.call({ service, path, method: `${service}.CloseNotification`, signature: "u", arguments: [id] });
+    }
+    signal.removeEventListener("abort", end);
+    connection.close();
+    return pressed;
+  }
+}
+
+/** The text may hold markup, and what is said in it is none. */
+function escaped(text: string): string {
+  return text.replace(/&/g, "&amp;").replace(/</g, "&lt;").replace(/>/g, "&gt;");
+}

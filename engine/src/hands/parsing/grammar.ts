@@ -1,0 +1,167 @@
+// A grammar of requests. A phrase is a sequence of words, "[optional]" ones, "(one|of several)", "<part>"s that stand elsewhere,
+// and "{slots}" for numbers, times and free words. A sentence is a request only when a phrase takes all of it.
+
+import type { Language } from "../../base/language.ts";
+import { day, type Day } from "./days.ts";
+import { duration } from "./durations.ts";
+import { moment, type Moment } from "./moments.ts";
+import { number, type Found } from "./numbers.ts";
+import { measure, sum, unit } from "./sums.ts";
+import { said, type Token } from "./tokens.ts";
+
+/** What the slots of a phrase have found, by name. */
+export interface Slots {
+  readonly [name: string]: string | number | Moment | Day | undefined;
+}
+
+type Node =
+  | { kind: "word"; word: string }
+  | { kind: "sequence"; nodes: Node[] }
+  | { kind: "choice"; nodes: Node[] }
+  | { kind: "optional"; node: Node }
+  | { kind: "slot"; type: SlotType; name: string };
+
+type SlotType = "duration" | "moment" | "day" | "number" | "sum" | "measure" | "unit" | "text" | "few" | "word";
+
+const slotTypes: readonly string[] = ["duration", "moment", "day", "number", "sum", "measure", "unit", "text", "few", "word"];
+/** A name is no longer than so many words. */
+const fewWords = 4;
+
+export interface Sentence {
+  text: string;
+  tokens: readonly Token[];
+  language: Language;
+  now: Date;
+}
+
+/** A compiled phrase. */
+export type Phrase = Node;
+
+/** Compiles a phrase. Throws for one that is malformed: phrases are part of the program. */
+export function phrase(source: string, parts: Readonly<Record<string, string>>): Phrase {
+  const pieces = [...source.matchAll(/[[\]()|]|\{(\w+)(?::(\w+))?\}|<(\w+)>|[^\s[\]()|{}<>]+/g)];
+  let at = 0;
+  const choice = (): Node => {
+    const nodes = [sequence()];
+    while (pieces[at]?.[0] === "|") {
+      at++;
+      nodes.push(sequence());
+    }
+    if (nodes.length === 1) return nodes[0]!;
+    // Of "that" and "that says" the longer one is tried first: the rest may be free words.
+    return { kind: "choice", nodes: nodes.sort((a, b) => lengthOf(b) - lengthOf(a)) };
+  };
+  const closed = (mark: string): Node => {
+    at++;
+    const node = choice();
+    if (pieces[at++]?.[0] !== mark) throw new Error(`no ${mark} in "${source}"`);
+    return node;
+  };
+  const sequence = (): Node => {
+    const nodes: Node[] = [];
+    for (let piece = pieces[at]; piece && !/^[\])|]$/.test(piece[0]); piece = pieces[at]) {
+      const [text, type, name, part] = piece;
+      if (text === "[") nodes.push({ kind: "optional", node: closed("]") });
+      else if (text === "(") nodes.push(closed(")"));
+      else {
+        at++;
+        if (part !== undefined) nodes.push(phrase(known(parts, part), parts));
+        else if (type !== undefined) nodes.push(slot(type, name ?? type));
+        else nodes.push({ kind: "word", word: text });
+      }
+    }
+    return { kind: "sequence", nodes };
+  };
+  const node = choice();
+  if (at < pieces.length) throw new Error(`"${pieces[at]?.[0]}" is out of place in "${source}"`);
+  return node;
+}
+
+function lengthOf(node: Node): number {
+  return node.kind === "sequence" ? node.nodes.length : 1;
+}
+
+function known(parts: Readonly<Record<string, string>>, name: string): string {
+  const part = parts[name];
+  if (part === undefined) throw new Error(`no part <${name}>`);
+  return part;
+}
+
+function slot(type: string, name: string): Node {
+  if (!slotTypes.includes(type)) throw new Error(`no slot {${type}}`);
+  return { kind: "slot", type: type as SlotType, name };
+}
+
+/** Gives what the slots hold when the phrase takes the whole sentence, in the first of all ways that `accept` takes. */
+export function matched<T>(what: Phrase, sentence: Sentence, accept: (slots: Slots) => T | undefined): T | undefined {
+  let accepted: T | undefined;
+  const slots: Record<string, Slots[string]> = {};
+  walk(what, 0, sentence, slots, (end) => {
+    if (end !== sentence.tokens.length) return false;
+    accepted = accept({ ...slots });
+    return accepted !== undefined;
+  });
+  return accepted;
+}
+
+/** Goes on with each place at which the node may end, until one of them leads to the end. */
+function walk(node: Node, at: number, sentence: Sentence, slots: Record<string, Slots[string]>, goOn: (end: number) => boolean): boolean {
+  switch (node.kind) {
+    case "word":
+      return sentence.tokens[at]?.plain === node.word && goOn(at + 1);
+    case "sequence": {
+      const from = (index: number, place: number): boolean => {
+        const next = node.nodes[index];
+        return next ? walk(next, place, sentence, slots, (end) => from(index + 1, end)) : goOn(place);
+      };
+      return from(0, at);
+    }
+    case "choice":
+      return node.nodes.some((each) => walk(each, at, sentence, slots, goOn));
+    case "optional":
+      return walk(node.node, at, sentence, slots, goOn) || goOn(at);
+    case "slot": {
+      const before = slots[node.name];
+      for (const { value, next } of fillings(node.type, at, sentence)) {
+        slots[node.name] = value;
+        if (goOn(next)) return true;
+      }
+      if (before === undefined) delete slots[node.name];
+      else slots[node.name] = before;
+      return false;
+    }
+  }
+}
+
+function fillings(type: SlotType, at: number, { text, tokens, language, now }: Sentence): Iterable<Found<Slots[string]>> {
+  const one = (found: Found<Slots[string]> | undefined): Found<Slots[string]>[] => (found ? [found] : []);
+  switch (type) {
+    case "duration":
+      return one(duration(tokens, at, language));
+    case "moment":
+      return one(moment(tokens, at, language, now));
+    case "day":
+      return one(day(tokens, at, language, now));
+    case "number":
+      return one(number(tokens, at, language));
+    case "sum":
+      return one(sum(tokens, at, language));
+    case "measure":
+      return one(measure(tokens, at, language));
+    case "unit":
+      return one(unit(tokens, at, language));
+    case "word":
+      return words(text, tokens, at, 1);
+    case "few":
+      return words(text, tokens, at, fewWords);
+    case "text":
+      return words(text, tokens, at, tokens.length);
+  }
+}
+
+/** Free words, the fewest first. */
+function* words(text: string, tokens: readonly Token[], at: number, most: number): Generator<Found<string>> {
+  for (let next = at + 1; next <= Math.min(tokens.length, at + most); next++) {
+    yield { value: said(text, tokens.slice(at, next)), next };
+  }
+}

@@ -1,0 +1,245 @@
+// What requests mean: the hand that a sentence asks for, and what the hand is given. Both languages have phrases for each.
+
+import type { Day } from "./days.ts";
+import type { Slots } from "./grammar.ts";
+import { localText, timeOf, type Moment, type Purpose } from "./moments.ts";
+
+/** A hand and what it is to do. */
+export interface Meant {
+  hand: string;
+  given: Record<string, unknown>;
+}
+
+type Meaning = (slots: Slots, now: Date) => Meant | undefined;
+
+/** An alarm for a day has no such name. */
+const aDay = /^(today|tomorrow|tonight|hoje|amanhã|amanha|(mon|tues|wednes|thurs|fri|satur|sun)day)$/i;
+/** What is opened is no application when it begins so: "start over", "open your mind". */
+const noApplication =
+  /^(your|over|for|to|with|again|from|about|up|me|it|that|this|him|her|them|us|at|on|in|off|of|by|as|and|i|you|we|a (timer|alarm|reminder|note)|mao|mão|de|em|para|isso|isto|aquilo|com|que|se|eu|seu|sua|um|uma)\b/i;
+
+/** These are folders without the word. */
+const knownFolders = /^(downloads|documents|pictures|photos|videos|documentos|imagens|fotos|vídeos|videos)$/i;
+
+const longestTimer = 7 * 86_400;
+/** Words that stand before "timer" without being its name. */
+const noName =
+  /^(a|an|any|the|my|your|this|that|what|which|no|not|another|new|first|second|last|next|other|all|every|me|us|him|her|them|it|please|mim|nos|o|os|um|uma|meu|meus|este|esse|nenhum|outro|novo|todos|de|do|ao|per)$/i;
+
+function text(slots: Slots, name: string): string | undefined {
+  const value = slots[name];
+  return typeof value === "string" && value !== "" ? value : undefined;
+}
+
+function count(slots: Slots, name: string): number | undefined {
+  const value = slots[name];
+  return typeof value === "number" ? value : undefined;
+}
+
+function name(slots: Slots): { name?: string } | undefined {
+  const said = text(slots, "name");
+  if (said === undefined) return {};
+  const words = said.split(" ").filter((word) => word !== "");
+  return words.some((word) => noName.test(word) || aDay.test(word)) ? undefined : { name: said };
+}
+
+function dayText({ year, month, day }: Day): string {
+  return `${year}-${String(month).padStart(2, "0")}-${String(day).padStart(2, "0")}`;
+}
+
+/** When it is to ring: after so many seconds, or at a time. */
+function when(slots: Slots, now: Date, purpose: Purpose): { seconds: number } | { at: string } | undefined {
+  const seconds = count(slots, "duration");
+  if (seconds !== undefined) return seconds <= 366 * 86_400 ? { seconds: Math.round(seconds) } : undefined;
+  const at = slots.moment === undefined ? undefined : timeOf(slots.moment as Moment, now, purpose);
+  return at && { at: localText(at) };
+}
+
+function alarm(purpose: Purpose): Meaning {
+  return (slots, now) => {
+    const at = when(slots, now, purpose);
+    const called = name(slots);
+    return at && called ? { hand: "timer", given: { do: "alarm", ...at, ...called } } : undefined;
+  };
+}
+
+function cancel(kind: string | undefined): Meaning {
+  return (slots, now) => {
+    const called = name(slots);
+    const seconds = count(slots, "duration");
+    const at = slots.moment === undefined ? undefined : timeOf(slots.moment as Moment, now, "alarm");
+    // A day alone is no hour: which alarm is meant then is for its user to say.
+    if (!called || slots.day !== undefined || (slots.moment !== undefined && !at)) return undefined;
+    const which = { ...(kind === undefined ? {} : { kind }), ...called };
+    return { hand: "timer", given: { do: "cancel", ...which, ...(seconds === undefined ? {} : { seconds }), ...(at ? { at: localText(at) } : {}) } };
+  };
+}
+
+function tell(kind: string | undefined): Meaning {
+  return (slots) => {
+    const called = name(slots);
+    return called && { hand: "timers", given: { ...(kind === undefined ? {} : { kind }), ...called } };
+  };
+}
+
+function fixed(hand: string, given: Record<string, unknown> = {}): Meaning {
+  return () => ({ hand, given });
+}
+
+/** A volume in percent: none that there is not. */
+function volume(of: "system" | "voice"): Meaning {
+  return (slots) => {
+    const to = count(slots, "number");
+    return to !== undefined && to >= 0 && to <= 100 ? { hand: "volume", given: { of, to } } : undefined;
+  };
+}
+
+function volumeBy(of: "system" | "voice", sign: 1 | -1): Meaning {
+  return (slots) => {
+    const by = count(slots, "number") ?? 10;
+    return by > 0 && by <= 100 ? { hand: "volume", given: { of, by: sign * by } } : undefined;
+  };
+}
+
+/** "The list" is the one that needs no name. */
+function list(slots: Slots): { list: string } {
+  const name = (text(slots, "list") ?? "").replace(/-/g, " ");
+  return { list: noName.test(name) ? "" : name };
+}
+
+export const meanings = {
+  setTimer: (slots) => {
+    const seconds = count(slots, "duration");
+    const called = name(slots);
+    if (seconds === undefined || seconds < 1 || seconds > longestTimer || !called) return undefined;
+    return { hand: "timer", given: { do: "timer", seconds: Math.round(seconds), ...called } };
+  },
+  setAlarm: alarm("alarm"),
+  wake: alarm("wake"),
+  remind: (slots, now) => {
+    const at = when(slots, now, "remind");
+    const about = text(slots, "text");
+    return at && about !== undefined ? { hand: "timer", given: { do: "reminder", ...at, about } } : undefined;
+  },
+  cancelTimer: cancel("timer"),
+  cancelAlarm: cancel("alarm"),
+  cancelReminder: cancel("reminder"),
+  cancelTimers: fixed("timer", { do: "cancel", kind: "timer", all: true }),
+  cancelAlarms: fixed("timer", { do: "cancel", kind: "alarm", all: true }),
+  cancelReminders: fixed("timer", { do: "cancel", kind: "reminder", all: true }),
+  snooze: (slots) => {
+    const seconds = count(slots, "duration");
+    return { hand: "timer", given: { do: "snooze", ...(seconds === undefined ? {} : { seconds: Math.round(seconds) }) } };
+  },
+  snoozeMinutes: (slots) => {
+    const minutes = count(slots, "number");
+    return minutes !== undefined && minutes >= 1 ? { hand: "timer", given: { do: "snooze", seconds: Math.round(minutes * 60) } } : undefined;
+  },
+  tellTimers: tell("timer"),
+  tellAlarms: tell("alarm"),
+  tellReminders: tell("reminder"),
+  note: (slots) => {
+    const said = text(slots, "text");
+    // "Take a note of caution" is said of something else.
+    return said === undefined || /^of\b/i.test(said) ? undefined : { hand: "note", given: { do: "note", text: said } };
+  },
+  addToList: (slots) => {
+    const items = text(slots, "text");
+    // "Write a poem about the shopping list" adds nothing to it.
+    const isWhole = items !== undefined && !/\s(about|of|for|with|from|sobre|de|para|com|do|da)$/i.test(` ${items}`);
+    return isWhole ? { hand: "note", given: { do: "add", items, ...list(slots) } } : undefined;
+  },
+  removeFromList: (slots) => {
+    const item = text(slots, "text");
+    return item === undefined ? undefined : { hand: "note", given: { do: "remove", item, ...list(slots) } };
+  },
+  readNotes: fixed("notes"),
+  readList: (slots) => ({ hand: "notes", given: list(slots) }),
+  tellLists: fixed("notes", { do: "lists" }),
+  setVolume: volume("system"),
+  louder: volumeBy("system", 1),
+  quieter: volumeBy("system", -1),
+  loudest: fixed("volume", { of: "system", to: 100 }),
+  half: fixed("volume", { of: "system", to: 50 }),
+  muteSound: fixed("volume", { of: "system", mute: true }),
+  unmuteSound: fixed("volume", { of: "system", mute: false }),
+  tellVolume: fixed("volume", { of: "system" }),
+  setVoice: volume("voice"),
+  voiceLouder: volumeBy("voice", 1),
+  voiceQuieter: volumeBy("voice", -1),
+  play: fixed("media", { do: "play" }),
+  pause: fixed("media", { do: "pause" }),
+  next: fixed("media", { do: "next" }),
+  previous: fixed("media", { do: "previous" }),
+  tellPlaying: fixed("playing"),
+  open: (slots) => {
+    const what = text(slots, "text");
+    return what === undefined || noApplication.test(what) ? undefined : { hand: "open", given: { name: what } };
+  },
+  openFolder: (slots) => {
+    const folder = text(slots, "text");
+    return folder === undefined ? undefined : { hand: "open", given: { folder } };
+  },
+  openKnownFolder: (slots) => {
+    const folder = text(slots, "text");
+    return folder !== undefined && knownFolders.test(folder) ? { hand: "open", given: { folder } } : undefined;
+  },
+  openAddress: (slots) => {
+    const address = text(slots, "text")?.replace(/\s+(dot|ponto)\s+/gi, ".");
+    const isAddress = address !== undefined && /^(https?:\/\/)?[\w-]+(\.[\w-]+)+(:\d+)?([/?#]\S*)?$/i.test(address);
+    return isAddress ? { hand: "open", given: { address } } : undefined;
+  },
+  lock: fixed("lock"),
+  screenshot: fixed("screenshot"),
+  weekday: (slots) => (slots.day ? { hand: "date", given: { do: "weekday", day: dayText(slots.day as Day) } } : undefined),
+  daysUntil: (slots) => (slots.day ? { hand: "date", given: { do: "until", day: dayText(slots.day as Day) } } : undefined),
+  daysSince: (slots, now) => {
+    if (!slots.day) return undefined;
+    const { year, month, day } = slots.day as Day;
+    // A date without its year is the last one here.
+    const isAhead = new Date(year, month - 1, day).getTime() > now.getTime();
+    return { hand: "date", given: { do: "since", day: dayText({ year: isAhead ? year - 1 : year, month, day }) } };
+  },
+  daysBetween: (slots) => {
+    if (!slots.from || !slots.to) return undefined;
+    return { hand: "date", given: { do: "between", day: dayText(slots.from as Day), other: dayText(slots.to as Day) } };
+  },
+  battery: fixed("machine", { what: "battery" }),
+  disk: fixed("machine", { what: "disk" }),
+  memory: fixed("machine", { what: "memory" }),
+  network: fixed("machine", { what: "network" }),
+  calculate: (slots) => {
+    const expression = text(slots, "sum");
+    return expression === undefined ? undefined : { hand: "calculate", given: { expression } };
+  },
+  convert: (slots) => {
+    const from = text(slots, "measure");
+    const to = text(slots, "unit");
+    return from === undefined || to === undefined ? undefined : { hand: "calculate", given: { expression: from, to } };
+  },
+  recall: (slots) => {
+    const about = text(slots, "text");
+    const on = slots.day as Day | undefined;
+    return { hand: "recall", given: { ...(on ? { day: dayText(on) } : {}), ...(about === undefined ? {} : { about }) } };
+  },
+  forget: fixed("forget"),
+} satisfies Record<string, Meaning>;
+
+export type MeaningName = keyof typeof meanings;
+
+/** What these note down is kept to the word: "note that I have to go now". */
+export const verbatim: readonly MeaningName[] = ["note", "addToList", "removeFromList", "remind"];
+
+/** What the phrases of a language are made of. */
+export interface Phrasing {
+  /** Pieces that several phrases share, by name. */
+  parts: Readonly<Record<string, string>>;
+  /** What may stand before and after a request without changing it. */
+  before: readonly string[];
+  /** These are no part of what is noted. */
+  polite: readonly string[];
+  /** These may be. */
+  after: readonly string[];
+  /** The first meaning of which a phrase takes the sentence is meant. */
+  requests: readonly (readonly [MeaningName, readonly string[]])[];
+}

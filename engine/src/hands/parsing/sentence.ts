@@ -1,0 +1,79 @@
+// Finds out which hand a sentence asks for. What it is not sure of is no request: a sentence counts only as a whole.
+
+import type { Language } from "../../base/language.ts";
+import { english } from "./english.ts";
+import { matched, phrase, type Phrase, type Sentence } from "./grammar.ts";
+import { meanings, verbatim, type MeaningName, type Meant, type Phrasing } from "./meanings.ts";
+import { portuguese } from "./portuguese.ts";
+import { isPause, tokensOf, type Token } from "./tokens.ts";
+
+interface Compiled {
+  before: Phrase[];
+  polite: Phrase[];
+  after: Phrase[];
+  requests: { meaning: (typeof meanings)[MeaningName]; isVerbatim: boolean; phrases: Phrase[] }[];
+}
+
+/** No more than so many polite words are taken off each end of a sentence, and so many of its tokens looked at. */
+const mostPolite = 6;
+const mostTokens = 200;
+const longestManners = 8;
+
+const compiled: { [language in Language]?: Compiled } = {};
+
+function compiledFor(language: Language): Compiled {
+  return (compiled[language] ??= compile(language === "pt" ? portuguese : english));
+}
+
+function compile({ parts, before, polite, after, requests }: Phrasing): Compiled {
+  const all = (sources: readonly string[]): Phrase[] => sources.map((source) => phrase(source, parts));
+  return {
+    before: all(before),
+    polite: all(polite),
+    after: all(after),
+    requests: requests.map(([name, sources]) => ({ meaning: meanings[name], isVerbatim: verbatim.includes(name), phrases: all(sources) })),
+  };
+}
+
+/** The hand that the sentence asks for and what it is given, or undefined. `now` is what times are reckoned from. */
+export function understood(text: string, language: Language, now: Date): Meant | undefined {
+  const tokens = tokensOf(text, language).filter((token) => !isPause(token));
+  if (tokens.length === 0 || tokens.length > mostTokens) return undefined;
+  const { before, polite, after, requests } = compiledFor(language);
+  const around = { text, language, now };
+  const starts = [...ends(tokens.toReversed(), before, around, true)].map((length) => tokens.length - length);
+  const [whole = tokens.length] = ends(tokens, polite, around);
+  const shorter = ends(tokens.slice(0, whole), [...polite, ...after], around);
+  const parts = (to: readonly number[]): (readonly Token[])[] =>
+    to.flatMap((end) => starts.filter((start) => start < end).map((start) => tokens.slice(start, end)));
+  const asSaid = parts([whole, tokens.length, ...shorter.toReversed()]);
+  const bare = parts([...shorter, tokens.length]);
+  for (const { meaning, isVerbatim, phrases } of requests) {
+    for (const part of isVerbatim ? asSaid : bare) {
+      for (const each of phrases) {
+        const meant = matched(each, { ...around, tokens: part }, (slots) => meaning(slots, now));
+        if (meant) return meant;
+      }
+    }
+  }
+  return undefined;
+}
+
+/** Where the sentence may end when polite words are taken off it, the shortest first; its beginning for reversed tokens. */
+function ends(tokens: readonly Token[], phrases: readonly Phrase[], around: Omit<Sentence, "tokens">, isReversed = false): number[] {
+  const places = [tokens.length];
+  for (let to = tokens.length; places.length <= mostPolite; ) {
+    const length = longestAtEnd(tokens.slice(0, to), phrases, around, isReversed);
+    if (length === 0 || length >= to) break;
+    places.unshift((to -= length));
+  }
+  return places;
+}
+
+function longestAtEnd(tokens: readonly Token[], phrases: readonly Phrase[], around: Omit<Sentence, "tokens">, isReversed: boolean): number {
+  for (let length = Math.min(longestManners, tokens.length); length > 0; length--) {
+    const piece = isReversed ? tokens.slice(-length).toReversed() : tokens.slice(-length);
+    if (phrases.some((each) => matched(each, { ...around, tokens: piece }, () => true))) return length;
+  }
+  return 0;
+}

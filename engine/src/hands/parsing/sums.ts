@@ -1,0 +1,161 @@
+// Sums and measures as they are said, written down as the calculator reads them: "five times three" is "5 * 3", "ten miles" is
+// "10 mile".
+
+import type { Language } from "../../base/language.ts";
+import { number, type Found } from "./numbers.ts";
+import type { Token } from "./tokens.ts";
+
+/** The calculator's names of units, by the words of each language. Longer names stand with their blanks. */
+const units: Record<Language, Record<string, string>> = {
+  en: {
+    millimeter: "mm", millimetre: "mm", mm: "mm", centimeter: "cm", centimetre: "cm", cm: "cm", meter: "m", metre: "m", kilometer: "km",
+    kilometre: "km", km: "km", kms: "km", mile: "mile", yard: "yard", foot: "foot", feet: "foot", ft: "foot", inch: "inch", inche: "inch",
+    gram: "g", g: "g", kilogram: "kg", kilo: "kg", kg: "kg", kgs: "kg", tonne: "tonne", ton: "ton", pound: "lbm", lb: "lbm", ounce: "oz",
+    oz: "oz", liter: "liter", litre: "liter", l: "liter", milliliter: "ml", millilitre: "ml", ml: "ml", gallon: "gallon", pint: "pint",
+    quart: "quart", cup: "cup", tablespoon: "tablespoon", teaspoon: "teaspoon", second: "second", minute: "minute", hour: "hour", day: "day",
+    week: "week", year: "year", celsius: "degC", centigrade: "degC", c: "degC", fahrenheit: "degF", f: "degF", kelvin: "K", acre: "acre",
+    hectare: "hectare", byte: "byte", kilobyte: "kB", megabyte: "MB", mb: "MB", gigabyte: "GB", gb: "GB", terabyte: "TB", tb: "TB",
+    mph: "mile/hour", kph: "km/hour", kmh: "km/hour", joule: "J", watt: "W", kilowatt: "kW", bar: "bar", psi: "psi",
+  },
+  pt: {
+    milimetro: "mm", mm: "mm", centimetro: "cm", cm: "cm", metro: "m", m: "m", quilometro: "km", kilometro: "km", km: "km", milha: "mile",
+    jarda: "yard", pe: "foot", polegada: "inch", grama: "g", g: "g", quilo: "kg", kilo: "kg", quilograma: "kg", kg: "kg", tonelada: "tonne",
+    libra: "lbm", onca: "oz", litro: "liter", l: "liter", mililitro: "ml", ml: "ml", galao: "gallon", galoe: "gallon", xicara: "cup",
+    segundo: "second", minuto: "minute", hora: "hour", dia: "day", semana: "week", ano: "year", celsius: "degC", centigrado: "degC", c: "degC",
+    fahrenheit: "degF", f: "degF", kelvin: "K", acre: "acre", hectare: "hectare", byte: "byte", quilobyte: "kB", megabyte: "MB", mb: "MB",
+    gigabyte: "GB", gb: "GB", terabyte: "TB", tb: "TB", kmh: "km/hour", joule: "J", watt: "W", quilowatt: "kW",
+  },
+};
+
+const operators: Record<Language, [string[], string][]> = {
+  en: [
+    [["plus"], "+"], [["+"], "+"], [["minus"], "-"], [["−"], "-"], [["times"], "*"], [["multiplied", "by"], "*"], [["x"], "*"], [["×"], "*"],
+    [["*"], "*"], [["divided", "by"], "/"], [["over"], "/"], [["÷"], "/"], [["/"], "/"], [["to", "the", "power", "of"], "^"],
+    [["to", "the", "power"], "^"], [["^"], "^"], [["modulo"], "%"],
+  ],
+  pt: [
+    [["mais"], "+"], [["+"], "+"], [["menos"], "-"], [["−"], "-"], [["vezes"], "*"], [["multiplicado", "por"], "*"], [["x"], "*"], [["×"], "*"],
+    [["*"], "*"], [["dividido", "por"], "/"], [["sobre"], "/"], [["÷"], "/"], [["/"], "/"], [["elevado", "a"], "^"], [["elevado", "ao"], "^"],
+    [["^"], "^"], [["modulo"], "%"],
+  ],
+};
+
+const fractions: Record<Language, Record<string, string>> = {
+  en: { half: "1/2", third: "1/3", quarter: "1/4", "two thirds": "2/3", "three quarters": "3/4" },
+  pt: { metade: "1/2", "um terco": "1/3", "um quarto": "1/4", "dois tercos": "2/3", "tres quartos": "3/4" },
+};
+
+function startsWith(tokens: readonly Token[], at: number, words: readonly string[]): boolean {
+  return words.every((word, offset) => tokens[at + offset]?.plain === word);
+}
+
+/** A unit by its name, in the singular or the plural. */
+export function unit(tokens: readonly Token[], at: number, language: Language): Found<string> | undefined {
+  let start = at;
+  if (/^(degrees?|graus?|°)$/.test(tokens[start]?.plain ?? "")) start++;
+  const plain = tokens[start]?.plain ?? "";
+  const names = units[language];
+  const singular = [plain, plain.replace(/s$/, ""), plain.replace(/es$/, "")].find((name) => Object.hasOwn(names, name));
+  if (singular === undefined) return undefined;
+  let [value, next] = [names[singular]!, start + 1];
+  const per = language === "pt" ? /^(por)$/ : /^(per|an|a)$/;
+  if (per.test(tokens[next]?.plain ?? "") || tokens[next]?.plain === "/") {
+    const time = unit(tokens, next + 1, language);
+    if (time && /^(second|minute|hour|day)$/.test(time.value)) [value, next] = [`${value}/${time.value}`, time.next];
+    else if (tokens[next]?.plain === "/" && tokens[next + 1]?.plain === "h") [value, next] = [`${value}/hour`, next + 2];
+  }
+  return { value, next };
+}
+
+interface Part extends Found<string> {
+  /** It is more than a number: there is something to work out. */
+  isSum: boolean;
+}
+
+/** A sum of at least one operation. */
+export function sum(tokens: readonly Token[], at: number, language: Language): Found<string> | undefined {
+  const whole = expression(tokens, at, language);
+  return whole?.isSum ? whole : undefined;
+}
+
+/** A number with its unit. */
+export function measure(tokens: readonly Token[], at: number, language: Language): Found<string> | undefined {
+  const isOne = language === "en" && /^(a|an)$/.test(tokens[at]?.plain ?? "");
+  const minus = /^(minus|menos|−)$/.test(tokens[at]?.plain ?? "") ? at + 1 : at;
+  const count = isOne ? { value: 1, next: at + 1 } : number(tokens, minus, language);
+  const of = count && unit(tokens, count.next, language);
+  return of && { value: `${minus > at ? "-" : ""}${plainNumber(count.value)} ${of.value}`, next: of.next };
+}
+
+function expression(tokens: readonly Token[], at: number, language: Language): Part | undefined {
+  let part = operand(tokens, at, language);
+  for (;;) {
+    if (!part) return undefined;
+    const power = squared(tokens, part.next, language);
+    if (power) {
+      part = { value: `${part.value}^${power.value}`, next: power.next, isSum: true };
+      continue;
+    }
+    const { next } = part;
+    const [words, sign] = operators[language].find(([each]) => startsWith(tokens, next, each)) ?? [];
+    const right = words && operand(tokens, next + words.length, language);
+    if (!right) return part;
+    part = { value: `${part.value} ${sign} ${right.value}`, next: right.next, isSum: true };
+  }
+}
+
+function squared(tokens: readonly Token[], at: number, language: Language): Found<number> | undefined {
+  const [square, cube] = language === "pt" ? [["ao", "quadrado"], ["ao", "cubo"]] : [["squared"], ["cubed"]];
+  if (startsWith(tokens, at, square)) return { value: 2, next: at + square.length };
+  return startsWith(tokens, at, cube) ? { value: 3, next: at + cube.length } : undefined;
+}
+
+function operand(tokens: readonly Token[], at: number, language: Language): Part | undefined {
+  const isPortuguese = language === "pt";
+  const start = tokens[at]?.plain === (isPortuguese ? "a" : "the") ? at + 1 : at;
+  const roots: [string[], number][] = isPortuguese
+    ? [[["raiz", "quadrada", "de"], 2], [["raiz", "cubica", "de"], 3], [["raiz", "de"], 2]]
+    : [[["square", "root", "of"], 2], [["cube", "root", "of"], 3], [["root", "of"], 2]];
+  for (const [words, degree] of roots) {
+    const under = startsWith(tokens, start, words) ? operand(tokens, start + words.length, language) : undefined;
+    if (under) return { value: degree === 2 ? `sqrt(${under.value})` : `(${under.value})^(1/3)`, next: under.next, isSum: true };
+  }
+  if (tokens[at]?.plain === "(") {
+    const inside = expression(tokens, at + 1, language);
+    return inside && tokens[inside.next]?.plain === ")" ? { value: `(${inside.value})`, next: inside.next + 1, isSum: inside.isSum } : undefined;
+  }
+  const isNegative = /^(minus|menos|negative|−)$/.test(tokens[at]?.plain ?? "");
+  const shared = fractionOf(tokens, start, language);
+  if (shared) return shared;
+  const found = number(tokens, isNegative ? at + 1 : at, language);
+  if (!found) return undefined;
+  const value = isNegative ? `(-${plainNumber(found.value)})` : plainNumber(found.value);
+  return percentOf(tokens, value, found.next, language) ?? { value, next: found.next, isSum: false };
+}
+
+/** "Half of 30", "a third of 90", "a metade de 30". */
+function fractionOf(tokens: readonly Token[], at: number, language: Language): Part | undefined {
+  const start = /^(a|one)$/.test(tokens[at]?.plain ?? "") && language === "en" ? at + 1 : at;
+  for (const [name, value] of Object.entries(fractions[language])) {
+    const words = name.split(" ");
+    const of = start + words.length;
+    if (!startsWith(tokens, start, words) || tokens[of]?.plain !== (language === "pt" ? "de" : "of")) continue;
+    const whole = operand(tokens, of + 1, language);
+    if (whole) return { value: `(${value}) * ${whole.value}`, next: whole.next, isSum: true };
+  }
+  return undefined;
+}
+
+/** "Fifteen percent of 80", "15% de 80". */
+function percentOf(tokens: readonly Token[], value: string, at: number, language: Language): Part | undefined {
+  const isApart = startsWith(tokens, at, ["por", "cento"]) || startsWith(tokens, at, ["per", "cent"]);
+  if (!isApart && !/^(percent|%)$/.test(tokens[at]?.plain ?? "")) return undefined;
+  const of = isApart ? at + 2 : at + 1;
+  if (!(language === "pt" ? /^(de|do|da)$/ : /^of$/).test(tokens[of]?.plain ?? "")) return undefined;
+  const whole = operand(tokens, of + 1, language);
+  return whole && { value: `${value} / 100 * ${whole.value}`, next: whole.next, isSum: true };
+}
+
+function plainNumber(value: number): string {
+  return value.toLocaleString("en-US", { useGrouping: false, maximumFractionDigits: 12 });
+}

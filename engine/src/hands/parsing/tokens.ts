@@ -1,0 +1,76 @@
+// The words of a sentence, each with the place where it stands in the text.
+
+import type { Language } from "../../base/language.ts";
+import { plainWords } from "../../base/words.ts";
+
+export interface Token {
+  /** In lower case and without accents; a number as it is written, a mark that counts or a mark between sentences by itself. */
+  plain: string;
+  /** Where it stands in the text. Both words of "what's" stand in the same place. */
+  start: number;
+  end: number;
+}
+
+/** A longer text is no request for a hand. In characters. */
+export const longestSentence = 2_000;
+
+const shortened: Record<Language, Record<string, string[]>> = {
+  en: {
+    whats: ["what", "is"], hows: ["how", "is"], wheres: ["where", "is"], thats: ["that", "is"], its: ["it", "is"], whens: ["when", "is"],
+    theres: ["there", "is"], id: ["i", "would"], ill: ["i", "will"], im: ["i", "am"], ive: ["i", "have"],
+    youre: ["you", "are"], youd: ["you", "would"], lets: ["let", "us"], dont: ["do", "not"], didnt: ["did", "not"], doesnt: ["does", "not"],
+    isnt: ["is", "not"], wasnt: ["was", "not"], cant: ["can", "not"], cannot: ["can", "not"], wont: ["will", "not"],
+    whatre: ["what", "are"], gimme: ["give", "me"], wanna: ["want", "to"], gonna: ["going", "to"], hes: ["he", "is"], shes: ["she", "is"],
+    pls: ["please"], plz: ["please"], til: ["until"],
+  },
+  pt: {
+    pra: ["para"], pro: ["para", "o"], pros: ["para", "os"], pras: ["para", "as"], vc: ["voce"], ta: ["esta"], to: ["estou"], tava: ["estava"],
+    num: ["em", "um"], numa: ["em", "uma"], q: ["que"], tb: ["tambem"],
+  },
+};
+
+/** Words that end in "'s" lose it where it stands for "is", not where it tells whose something is. */
+const isShortened = /^(what|how|where|that|it|when|there|who|he|she|let)['’]s$/i;
+
+const piece =
+  /\d+(?:[.,:]\d+)*(?=$|[^\d])|[ap]\.\s?m\.?(?![\p{L}])|\p{L}[\p{L}\p{M}\p{N}'’]*|[%+*/^=×÷€$£°()−]|-(?=\s?\d)|[.,;:!?…–—-]/giu;
+
+/** The tokens of a text; none of a text that is too long. */
+export function tokensOf(text: string, language: Language): Token[] {
+  if (text.length > longestSentence) return [];
+  const tokens: Token[] = [];
+  for (const found of text.matchAll(piece)) {
+    const [word] = found;
+    const [start, end] = [found.index, found.index + word.length];
+    if (word === "-" && /^\s?\d/.test(text.slice(end))) tokens.push({ plain: "−", start, end });
+    else for (const plain of plainOf(word, language)) tokens.push({ plain, start, end });
+  }
+  return tokens;
+}
+
+function plainOf(word: string, language: Language): string[] {
+  if (/^[ap]\.\s?m\.?$/i.test(word)) return [word.replace(/[^a-z]/gi, "").toLowerCase()];
+  if (!/^\p{L}/u.test(word)) return [word];
+  const whose = /^(.+)['’]s$/u.exec(word);
+  const bare = whose?.[1] !== undefined && !isShortened.test(word) ? whose[1] : word.replace(/['’]/g, "");
+  const plain = plainWords(bare).join("");
+  const longer = shortened[language][plain];
+  // Without its apostrophe "id" or "ill" or "its" is another word.
+  if (longer && (language === "pt" || !needsMark.has(plain) || /['’]/.test(word))) return longer;
+  return [plain];
+}
+
+const needsMark = new Set(["id", "ill", "its", "lets", "hes", "shes", "wont", "cant"]);
+
+/** A mark between parts of a sentence, which no phrase asks for. */
+export function isPause({ plain }: Token): boolean {
+  return /^[.,;:!?…–—-]$/.test(plain);
+}
+
+/** The text from the first to the last of these tokens, as it was said, without the marks around it. */
+export function said(text: string, tokens: readonly Token[]): string {
+  const first = tokens[0];
+  const last = tokens.at(-1);
+  if (!first || !last) return "";
+  return text.slice(first.start, last.end).replace(/^[\s,;:.!?…–—-]+|[\s,;:.!?…–—]+$/gu, "").replace(/\s+/g, " ");
+}

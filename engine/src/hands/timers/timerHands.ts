@@ -1,0 +1,227 @@
+// The hands for timers, alarms and reminders: one that sets and cancels them, one that tells of them.
+
+import type { Clock } from "../../base/clock.ts";
+import type { Language } from "../../base/language.ts";
+import { choiceIn, flagIn, isGiven, numberIn, textIn, timeIn } from "../given.ts";
+import type { Hand } from "../hand.ts";
+import { clockTime, dayAndTime, duration, joined } from "../saying.ts";
+import { mostTimers, type Kind, type Timer, type Timers, type Which } from "./timers.ts";
+
+const kinds: readonly Kind[] = ["timer", "alarm", "reminder"];
+const longestSeconds = 366 * 86_400;
+const snoozeSeconds = 300;
+const mostTold = 5;
+
+type Wanted =
+  | { do: "set"; kind: Kind; at: number | undefined; seconds: number | undefined; name: string | undefined }
+  | { do: "cancel"; which: Which; isAll: boolean }
+  | { do: "snooze"; seconds: number };
+
+export function timerHands(timers: Timers, clock: Clock): Hand[] {
+  return [new TimerHand(timers, clock), new TimersHand(timers, clock)];
+}
+
+const nouns: Record<Language, Record<Kind, [one: string, many: string]>> = {
+  en: { timer: ["timer", "timers"], alarm: ["alarm", "alarms"], reminder: ["reminder", "reminders"] },
+  pt: { timer: ["timer", "timers"], alarm: ["alarme", "alarmes"], reminder: ["lembrete", "lembretes"] },
+};
+
+/** "the pasta timer", "the alarm for tomorrow at 7:00 AM", "the reminder to buy milk". */
+export function described({ kind, name, seconds, at }: Timer, now: Date, language: Language): string {
+  const [noun] = nouns[language][kind];
+  const when = seconds === undefined ? dayAndTime(new Date(at), now, language) : duration(seconds, language);
+  if (language === "pt") return name === undefined ? `o ${noun} de ${when}` : kind === "reminder" ? `o lembrete “${name}”` : `o ${noun} “${name}”`;
+  if (name !== undefined) return kind === "reminder" ? `the reminder “${name}”` : `the ${name} ${noun}`;
+  return seconds === undefined ? `the ${noun} for ${when}` : `the ${noun} of ${when}`;
+}
+
+class TimerHand implements Hand {
+  readonly id = "timer";
+  readonly description =
+    "Sets, cancels and snoozes timers, alarms and reminders. A timer or a reminder that is due after a while takes seconds; what is due at a time of day takes at.";
+  readonly parameters = {
+    type: "object",
+    properties: {
+      do: { type: "string", enum: ["timer", "alarm", "reminder", "cancel", "snooze"] },
+      seconds: { type: "number", description: "Length in seconds; for cancel, the length of the one to cancel" },
+      at: { type: "string", description: "Local time, YYYY-MM-DDTHH:MM" },
+      name: { type: "string", description: "The name of the timer or alarm, or a part of what to cancel is called" },
+      about: { type: "string", description: "What a reminder is about" },
+      kind: { type: "string", enum: kinds, description: "For cancel" },
+      all: { type: "boolean", description: "Cancel all of the kind" },
+    },
+    required: ["do"],
+  } as const;
+  // The next sentence undoes it, and nothing remains of it.
+  readonly changes = false;
+
+  constructor(
+    private readonly timers: Timers,
+    private readonly clock: Clock,
+  ) {}
+
+  intent(given: unknown, language: Language): string | undefined {
+    const wanted = this.#read(given);
+    const isPortuguese = language === "pt";
+    const now = new Date(this.clock.now());
+    if (!wanted) return undefined;
+    if (wanted.do === "snooze") {
+      const length = duration(wanted.seconds, language);
+      return isPortuguese ? `tocar de novo em ${length}` : `ring again in ${length}`;
+    }
+    if (wanted.do === "cancel") {
+      const found = this.timers.find(wanted.which, [...this.timers.pending, ...this.timers.ringing]);
+      const names = joined(found.map((timer) => described(timer, now, language)), language);
+      if (found.length === 0) return isPortuguese ? "cancelar, se houver" : "cancel it, if there is one";
+      return `${isPortuguese ? "cancelar" : "cancel"} ${names}`;
+    }
+    const { kind, seconds, at, name } = wanted;
+    const [noun] = nouns[language][kind];
+    const called = name === undefined ? "" : ` “${name}”`;
+    if (seconds !== undefined) {
+      const length = duration(seconds, language);
+      return isPortuguese ? `marcar um ${noun}${called} para daqui a ${length}` : `set ${kind === "alarm" ? "an" : "a"} ${noun}${called} that rings in ${length}`;
+    }
+    const when = dayAndTime(new Date(at ?? 0), now, language);
+    return isPortuguese ? `marcar um ${noun}${called} para ${when}` : `set ${kind === "alarm" ? "an" : "a"} ${noun}${called} for ${when}`;
+  }
+
+  async act(given: unknown, language: Language): Promise<string> {
+    const wanted = this.#read(given);
+    const isPortuguese = language === "pt";
+    if (!wanted) return isPortuguese ? "Não entendi para quando." : "I did not understand when.";
+    if (wanted.do === "cancel") return this.#cancel(wanted, language);
+    if (wanted.do === "snooze") return this.#snooze(wanted.seconds, language);
+    const { kind, seconds, name } = wanted;
+    const now = this.clock.now();
+    const at = wanted.at ?? now + (seconds ?? 0) * 1_000;
+    if (at <= now) return isPortuguese ? "Essa hora já passou." : "That time has passed.";
+    const timer = this.timers.set(kind, at, { ...(seconds === undefined ? {} : { seconds }), ...(name === undefined ? {} : { name }) });
+    if (!timer) return isPortuguese ? `Já há ${mostTimers} marcados.` : `There are ${mostTimers} already.`;
+    return set(timer, new Date(now), language);
+  }
+
+  #read(given: unknown): Wanted | undefined {
+    const what = choiceIn(given, "do", [...kinds, "cancel", "snooze"]);
+    const seconds = numberIn(given, "seconds", 1, longestSeconds);
+    if (isGiven(given, "seconds") && seconds === undefined) return undefined;
+    const at = timeIn(given, "at")?.getTime();
+    if (isGiven(given, "at") && at === undefined) return undefined;
+    const name = textIn(given, "about") ?? textIn(given, "name");
+    switch (what) {
+      case undefined:
+        return undefined;
+      case "snooze":
+        return { do: "snooze", seconds: seconds ?? snoozeSeconds };
+      case "cancel": {
+        const kind = choiceIn(given, "kind", kinds);
+        const isAll = flagIn(given, "all") ?? false;
+        return { do: "cancel", which: { kind, name, seconds, at }, isAll };
+      }
+      default:
+        if ((seconds === undefined) === (at === undefined)) return undefined;
+        if (what === "reminder" && name === undefined) return undefined;
+        return { do: "set", kind: what, at, seconds: seconds === undefined ? undefined : Math.round(seconds), name };
+    }
+  }
+
+  #cancel({ which, isAll }: { which: Which; isAll: boolean }, language: Language): string {
+    const isPortuguese = language === "pt";
+    const ringing = this.timers.find(which, this.timers.ringing);
+    const found = this.timers.find(which);
+    const chosen = isAll ? [...ringing, ...found] : ringing.length > 0 ? ringing : found;
+    const now = new Date(this.clock.now());
+    const [noun] = nouns[language][which.kind ?? "timer"];
+    if (chosen.length === 0) return isPortuguese ? `Não há ${noun} assim.` : `There is no such ${noun}.`;
+    const names = joined(chosen.slice(0, mostTold).map((timer) => described(timer, now, language)), language);
+    if (chosen.length > 1 && !isAll && ringing.length === 0) {
+      return isPortuguese ? `Há ${chosen.length}: ${names}. Qual?` : `There are ${chosen.length}: ${names}. Which one?`;
+    }
+    this.timers.remove(chosen);
+    return isPortuguese ? `Cancelei ${names}.` : `I cancelled ${names}.`;
+  }
+
+  #snooze(seconds: number, language: Language): string {
+    const snoozed = this.timers.snooze(seconds);
+    const isPortuguese = language === "pt";
+    if (snoozed.length === 0) return isPortuguese ? "Nada está tocando." : "Nothing is ringing.";
+    const length = duration(seconds, language);
+    return isPortuguese ? `Toca de novo em ${length}.` : `It rings again in ${length}.`;
+  }
+}
+
+function set({ kind, seconds, at, name }: Timer, now: Date, language: Language): string {
+  const [noun] = nouns[language][kind];
+  const when = dayAndTime(new Date(at), now, language);
+  if (language === "pt") {
+    if (kind === "reminder") return seconds === undefined ? `Lembro você ${when}: ${name}.` : `Lembro você em ${duration(seconds, language)}: ${name}.`;
+    const called = name === undefined ? "" : ` “${name}”`;
+    return seconds === undefined ? `Alarme${called} marcado para ${when}.` : `${kind === "alarm" ? "Alarme" : "Timer"}${called}: ${duration(seconds, language)}, contando.`;
+  }
+  if (kind === "reminder") return seconds === undefined ? `I will remind you ${when}: ${name}.` : `I will remind you in ${duration(seconds, language)}: ${name}.`;
+  const called = name === undefined ? `The ${noun}` : `The ${name} ${noun}`;
+  return seconds === undefined ? `${called} is set for ${when}.` : `${called} rings in ${duration(seconds, language)}.`;
+}
+
+class TimersHand implements Hand {
+  readonly id = "timers";
+  readonly description = "Tells which timers, alarms and reminders are set and how long is left.";
+  readonly parameters = {
+    type: "object",
+    properties: { kind: { type: "string", enum: kinds }, name: { type: "string" } },
+  } as const;
+  readonly changes = false;
+
+  constructor(
+    private readonly timers: Timers,
+    private readonly clock: Clock,
+  ) {}
+
+  intent(_given: unknown, language: Language): string {
+    return language === "pt" ? "dizer o que está marcado" : "tell what is set";
+  }
+
+  async act(given: unknown, language: Language): Promise<string> {
+    const which = { kind: choiceIn(given, "kind", kinds), name: textIn(given, "name") };
+    const found = this.timers.find(which);
+    const now = new Date(this.clock.now());
+    const isPortuguese = language === "pt";
+    if (found.length === 0) {
+      const [, many] = nouns[language][which.kind ?? "timer"];
+      const called = which.name === undefined ? "" : ` “${which.name}”`;
+      return isPortuguese ? `Não há ${many}${called}.` : `There are no ${many}${called}.`;
+    }
+    const told = found.slice(0, mostTold).map((timer) => left(timer, now, language));
+    const more = found.length - told.length;
+    const rest = more === 0 ? "" : isPortuguese ? ` E mais ${more}.` : ` And ${more} more.`;
+    return `${told.join(" ")}${rest}`;
+  }
+}
+
+/** "The pasta timer rings in 3 minutes." */
+function left(timer: Timer, now: Date, language: Language): string {
+  const what = described(timer, now, language);
+  const subject = what.charAt(0).toUpperCase() + what.slice(1);
+  const rest = duration((timer.at - now.getTime()) / 1_000, language);
+  if (timer.seconds !== undefined) return language === "pt" ? `Faltam ${rest} para ${what}.` : `${subject} rings in ${rest}.`;
+  if (timer.name === undefined) return language === "pt" ? `${subject} toca em ${rest}.` : `${subject} rings in ${rest}.`;
+  const when = dayAndTime(new Date(timer.at), now, language);
+  return language === "pt" ? `${subject} é ${when}.` : `${subject} is ${when}.`;
+}
+
+/** What is said when it rings. */
+export function ringText({ kind, name, seconds, at }: Timer, now: Date, language: Language): string {
+  const isLate = now.getTime() - at > 60_000;
+  const isPortuguese = language === "pt";
+  const was = isLate ? (isPortuguese ? ` Era para ${dayAndTime(new Date(at), now, language)}.` : ` It was due ${dayAndTime(new Date(at), now, language)}.`) : "";
+  if (kind === "reminder") return `${isPortuguese ? "Lembrete" : "A reminder"}: ${name}.${was}`;
+  if (kind === "alarm") {
+    const time = clockTime(isLate ? now : new Date(at), language);
+    const called = name === undefined ? "" : ` ${isPortuguese ? "Alarme" : "Alarm"}: ${name}.`;
+    return (isPortuguese ? (/^1 hora|^0 hora/.test(time) ? `É ${time}.` : `São ${time}.`) : `It is ${time}.`) + called + was;
+  }
+  const length = seconds === undefined ? "" : duration(seconds, language);
+  if (name !== undefined) return isPortuguese ? `O timer “${name}” acabou.${was}` : `The ${name} timer is done.${was}`;
+  if (length === "") return isPortuguese ? `O timer acabou.${was}` : `The timer is done.${was}`;
+  return isPortuguese ? `O timer de ${length} acabou.${was}` : `The timer of ${length} is done.${was}`;
+}

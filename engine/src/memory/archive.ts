@@ -1,0 +1,95 @@
+// All conversations of the store: to be searched, written out and forgotten.
+
+import type { Database } from "bun:sqlite";
+import type { Row } from "../base/protocol.ts";
+import { plainWords } from "../base/words.ts";
+
+/** The local days to be looked at: from the first moment of one up to, and without, that of another. */
+export interface Span {
+  from: number;
+  to: number;
+}
+
+export interface FoundRow {
+  role: Row["role"];
+  text: string;
+  at: number;
+}
+
+export interface ArchivedConversation {
+  conversationId: string;
+  startedAt: number;
+  answers: number;
+  costUsd: number;
+  rows: Row[];
+}
+
+export const always: Span = { from: -Number.MAX_SAFE_INTEGER, to: Number.MAX_SAFE_INTEGER };
+const mostWords = 10;
+
+export function daySpan(day: Date): Span {
+  const [year, month, date] = [day.getFullYear(), day.getMonth(), day.getDate()];
+  return { from: new Date(year, month, date).getTime(), to: new Date(year, month, date + 1).getTime() };
+}
+
+/** The rows of these days that hold all of the words, or all rows when there are none; the newest first. */
+export function search(database: Database, words: string, { from, to }: Span, limit: number): FoundRow[] {
+  const terms = plainWords(words).slice(0, mostWords);
+  if (terms.length === 0) {
+    const query = `SELECT role, text, at FROM rows WHERE at >= ? AND at < ? AND role <> 'tool' ORDER BY id DESC LIMIT ?`;
+    return database.query<FoundRow, [number, number, number]>(query).all(from, to, limit);
+  }
+  const wanted = terms.map((term) => `"${term}"*`).join(" ");
+  const query = `SELECT role, rows.text AS text, at FROM words JOIN rows ON rows.id = words.rowid
+    WHERE words MATCH ? AND at >= ? AND at < ? AND role <> 'tool' ORDER BY rows.id DESC LIMIT ?`;
+  return database.query<FoundRow, [string, number, number, number]>(query).all(wanted, from, to, limit);
+}
+
+/** The conversations with rows, the oldest first, one at a time: all of them need not fit into memory. */
+export function* conversations(database: Database, since: number): Generator<ArchivedConversation> {
+  const heads = database
+    .query<Omit<ArchivedConversation, "rows">, [number]>(
+      `SELECT id AS conversationId, startedAt, answers, costUsd FROM conversations
+       WHERE EXISTS (SELECT 1 FROM rows WHERE conversation = conversations.id AND at >= ?) ORDER BY startedAt, rowid`,
+    )
+    .all(since);
+  const rows = database.query<Omit<Row, "durationMs"> & { durationMs: number | null }, [string]>(
+    "SELECT role, text, at, durationMs FROM rows WHERE conversation = ? ORDER BY id",
+  );
+  for (const head of heads) {
+    const all = rows.all(head.conversationId).map(({ durationMs, ...row }) => (durationMs === null ? row : { ...row, durationMs }));
+    yield { ...head, rows: all };
+  }
+}
+
+/** Forgets the conversation of this id. */
+export function forgetConversation(database: Database, id: string): void {
+  database.transaction(() => {
+    database.query("DELETE FROM rows WHERE conversation = ?").run(id);
+    database.query("DELETE FROM conversations WHERE id = ?").run(id);
+  })();
+  scrub(database);
+}
+
+/** Forgets the conversations that were begun, or in which something was said, in this span. Gives their number. */
+export function forgetSpan(database: Database, { from, to }: Span): number {
+  const ids = database
+    .query<{ id: string }, number[]>(
+      `SELECT id FROM conversations WHERE (startedAt >= ? AND startedAt < ?)
+       OR EXISTS (SELECT 1 FROM rows WHERE conversation = conversations.id AND at >= ? AND at < ?)`,
+    )
+    .all(from, to, from, to);
+  database.transaction(() => {
+    for (const { id } of ids) {
+      database.query("DELETE FROM rows WHERE conversation = ?").run(id);
+      database.query("DELETE FROM conversations WHERE id = ?").run(id);
+    }
+  })();
+  scrub(database);
+  return ids.length;
+}
+
+/** What is deleted is overwritten in the file, and leaves the log beside it here. */
+function scrub(database: Database): void {
+  database.run("PRAGMA wal_checkpoint(TRUNCATE)");
+}

@@ -1,0 +1,127 @@
+// Answers requests by hands, without a language model: each sentence that asks for one is done, or asked about first as the settings
+// say. What was asked is what a yes does.
+
+import type { Clock } from "../base/clock.ts";
+import type { Language } from "../base/language.ts";
+import type { Log } from "../base/log.ts";
+import type { Phrases } from "../base/phrases.ts";
+import { cut } from "../base/text.ts";
+import { plainWords } from "../base/words.ts";
+import type { Hand } from "../hands/hand.ts";
+import { understood } from "../hands/parsing/sentence.ts";
+import type { Answer, Answering, Request } from "./answer.ts";
+import { Asking } from "./asking.ts";
+import { readAloud } from "./consent.ts";
+
+interface Deed {
+  hand: Hand;
+  given: Record<string, unknown>;
+  /** What was asked; undefined for what would do nothing, and says so. */
+  intent: string | undefined;
+}
+
+/** No more of a request is looked at than so many characters, and so many sentences. */
+const longestRequest = 20_000;
+const mostSentences = 50;
+/** What these open or run is read aloud to the letter. */
+const spelled = ["open", "commands", "files"];
+/** The end of a sentence, but not of "7 p.m. tomorrow" or "Dr. Silva". */
+const sentenceEnd = /(?<=[.!?;])(?<!\b(?:[ap]\.?\s?m|dr|dra|mr|mrs|ms|sr|sra|st|\p{Lu})\.)\s+|\n+/iu;
+
+export interface SentenceMindParts {
+  clock: Clock;
+  language: Language;
+  phrases: Phrases;
+  log: Log;
+  hands: readonly Hand[];
+}
+
+export class SentenceMind {
+  readonly #asking: Asking<Deed[]>;
+
+  constructor(private readonly parts: SentenceMindParts) {
+    this.#asking = new Asking(parts.clock, parts.phrases);
+  }
+
+  /** Answers a request that says yes or no to what was asked; undefined for any other request, which ends the asking. */
+  async reply(request: Request, answering: Answering, signal: AbortSignal): Promise<Answer | undefined> {
+    const reply = this.#asking.reply(request);
+    if (reply === undefined) return undefined;
+    const done = reply.isYes ? await this.#actAll(reply.what, signal) : [this.parts.phrases.allRight];
+    if (!signal.aborted) answering.text(done.join(" "));
+    return { costUsd: 0 };
+  }
+
+  /** Answers the sentences that ask for no hand by `other`. */
+  async answer(request: Request, other: (sentence: string) => string, answering: Answering, signal: AbortSignal): Promise<Answer> {
+    const now = new Date(this.parts.clock.now());
+    const sentences = cut(request.text, longestRequest).split(sentenceEnd).filter((sentence) => plainWords(sentence).length > 0);
+    const deeds = sentences.slice(0, mostSentences).map((sentence) => this.#deed(sentence, now));
+    // A request of plain sentences is answered as a whole.
+    if (deeds.every((deed) => deed === undefined)) {
+      answering.text(other(request.text));
+      return { costUsd: 0 };
+    }
+    const asked: Deed[] = [];
+    let isFirst = true;
+    for (const [at, deed] of deeds.entries()) {
+      if (signal.aborted) return { costUsd: 0 };
+      if (deed?.intent !== undefined && request.settings.confirmActions.includes(deed.hand.id)) {
+        asked.push(deed);
+        continue;
+      }
+      const text = deed ? await this.#act(deed, signal) : other(sentences[at] ?? "");
+      if (signal.aborted) return { costUsd: 0 };
+      answering.text(`${isFirst ? "" : " "}${text}`);
+      isFirst = false;
+    }
+    if (asked.length === 0) return { costUsd: 0 };
+    return { costUsd: 0, heard: this.#ask(asked, isFirst, answering, signal) };
+  }
+
+  /** The user hears no more of it: what was asked is refused. */
+  refuse(): void {
+    this.#asking.refuse();
+  }
+
+  #deed(sentence: string, now: Date): Deed | undefined {
+    const { language, hands } = this.parts;
+    const meant = understood(sentence, language, now);
+    const hand = meant && hands.find(({ id, forModelsOnly }) => id === meant.hand && !forModelsOnly);
+    return hand && meant && { hand, given: meant.given, intent: hand.intent(meant.given, language) };
+  }
+
+  #ask(asked: Deed[], isFirst: boolean, answering: Answering, signal: AbortSignal): () => void {
+    const { phrases } = this.parts;
+    const written = asked.map(({ intent = "" }) => intent);
+    const spoken = asked.map(({ hand, intent = "" }) => (spelled.includes(hand.id) ? readAloud(intent, phrases) : intent));
+    const heard = this.#asking.ask(asked, signal);
+    answering.text(`${isFirst ? "" : "\n"}${phrases.mayI(sentenceOf(written))}`, phrases.mayI(sentenceOf(spoken)));
+    return heard;
+  }
+
+  async #actAll(deeds: readonly Deed[], signal: AbortSignal): Promise<string[]> {
+    const done: string[] = [];
+    for (const deed of deeds) {
+      if (signal.aborted) break;
+      // What would be done now may be another thing than what was asked: another timer, another application of the name.
+      const isSame = deed.hand.intent(deed.given, this.parts.language) === deed.intent;
+      done.push(isSame ? await this.#act(deed, signal) : this.parts.phrases.notTheSame);
+    }
+    return done;
+  }
+
+  async #act({ hand, given }: Deed, signal: AbortSignal): Promise<string> {
+    try {
+      return await hand.act(given, this.parts.language, signal);
+    } catch (error) {
+      this.parts.log(`a ação ${hand.id} falhou (${String(error)})`);
+      return this.parts.phrases.handFailed;
+    }
+  }
+}
+
+function sentenceOf(intents: readonly string[]): string {
+  const text = intents.join("; ");
+  return `${text.charAt(0).toUpperCase()}${text.slice(1)}${/[.!?…]$/.test(text) ? "" : "."}`;
+}

@@ -1,0 +1,56 @@
+import { describe, expect, test } from "bun:test";
+import type { Language } from "../../../src/base/language.ts";
+import { understood } from "../../../src/hands/parsing/sentence.ts";
+import { longestSentence } from "../../../src/hands/parsing/tokens.ts";
+import { englishRequests, englishTalk } from "../../support/englishRequests.ts";
+import { portugueseRequests, portugueseTalk } from "../../support/portugueseRequests.ts";
+import type { Requests } from "../../support/requests.ts";
+
+const now = new Date(2026, 10, 18, 14, 30);
+const tables: [Language, Requests, readonly string[]][] = [
+  ["en", englishRequests, englishTalk],
+  ["pt", portugueseRequests, portugueseTalk],
+];
+
+for (const [language, requests, talk] of tables) {
+  describe(`in ${language}`, () => {
+    for (const [hand, given, sentences] of requests) {
+      for (const sentence of sentences) {
+        test(`"${sentence}" asks for ${hand} ${JSON.stringify(given)}`, () => {
+          expect(understood(sentence, language, now)).toEqual({ hand, given });
+        });
+      }
+    }
+
+    for (const sentence of talk) {
+      test(`"${sentence}" asks for nothing`, () => {
+        expect(understood(sentence, language, now)).toBeUndefined();
+      });
+    }
+
+    test("three hundred ways of asking are known", () => {
+      expect(requests.flatMap(([, , sentences]) => sentences).length).toBeGreaterThan(300);
+    });
+  });
+}
+
+test("what is noted is kept to the word, but for the polite ones around it", () => {
+  const noted = (sentence: string): unknown => understood(sentence, "en", now)?.given.text;
+  expect(noted("Please note that I have to call Dr. O'Neill, at 5:30, now")).toBe("I have to call Dr. O'Neill, at 5:30, now");
+  expect(noted("note that Ana's flight is BA-249, thanks")).toBe("Ana's flight is BA-249");
+});
+
+test("an hour without its half of the day is the next one", () => {
+  const at = (sentence: string, hour: number): unknown => understood(sentence, "en", new Date(2026, 10, 18, hour, 0))?.given.at;
+  expect(at("set an alarm for seven", 6)).toBe("2026-11-18T07:00");
+  expect(at("set an alarm for seven", 8)).toBe("2026-11-18T19:00");
+  expect(at("set an alarm for seven", 20)).toBe("2026-11-19T07:00");
+  expect(at("set an alarm for twelve", 13)).toBe("2026-11-19T00:00");
+});
+
+test("a sentence of any length and any characters is answered at once", () => {
+  const odd = ["", " ", "\0", "🎉🎉🎉", "add ".repeat(400), "and a half ".repeat(180), "1 ".repeat(900), "(".repeat(1_900), "x".repeat(longestSentence + 1), "\ud800 set a timer"];
+  for (const language of ["en", "pt"] as const) {
+    for (const sentence of odd) expect(understood(sentence, language, now)).toBeUndefined();
+  }
+});

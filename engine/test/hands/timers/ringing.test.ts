@@ -1,0 +1,66 @@
+import { expect, test } from "bun:test";
+import type { Notification, Notifications } from "../../../src/hands/notifications.ts";
+import { Ringing } from "../../../src/hands/timers/ringing.ts";
+import { Timers } from "../../../src/hands/timers/timers.ts";
+import { ManualClock, settle } from "../../support/clock.ts";
+
+class FakeNotifications implements Notifications {
+  shown: { notification: Notification; press(action: string | undefined): void; signal: AbortSignal }[] = [];
+
+  show(notification: Notification, signal: AbortSignal): Promise<string | undefined> {
+    return new Promise((resolve) => this.shown.push({ notification, press: resolve, signal }));
+  }
+}
+
+function ringing() {
+  const clock = new ManualClock();
+  const timers = new Timers(clock, { load: () => undefined, save: () => {} });
+  const notifications = new FakeNotifications();
+  const told: string[] = [];
+  const voice = { isMuted: false, tell: (sentence: string) => void told.push(sentence) };
+  new Ringing(timers, clock, "en", notifications, voice);
+  return { clock, timers, notifications, told, voice };
+}
+
+test("a timer is told again and again until it is stopped by its notification", async () => {
+  const { clock, timers, notifications, told } = ringing();
+  timers.set("timer", clock.now() + 60_000, { seconds: 60 });
+  await clock.advance(60_000);
+  expect(told).toEqual(["The timer of 1 minute is done."]);
+  expect(notifications.shown[0]?.notification).toMatchObject({ text: "The timer of 1 minute is done.", actions: { stop: "Stop", snooze: "Snooze" } });
+  await clock.advance(20_000);
+  expect(told).toHaveLength(2);
+  notifications.shown[0]?.press("stop");
+  await clock.advance(60_000);
+  expect(told).toHaveLength(2);
+  expect(timers.ringing).toEqual([]);
+});
+
+test("a timer that is snoozed by its notification rings again five minutes later", async () => {
+  const { clock, timers, notifications, told } = ringing();
+  timers.set("alarm", clock.now() + 1_000, {});
+  await clock.advance(1_000);
+  notifications.shown[0]?.press("snooze");
+  await settle();
+  expect(told).toHaveLength(1);
+  await clock.advance(300_000);
+  expect(told).toHaveLength(2);
+});
+
+test("while the agent is muted there is only the notification", async () => {
+  const { clock, timers, notifications, told, voice } = ringing();
+  voice.isMuted = true;
+  timers.set("timer", clock.now() + 1_000, { seconds: 1 });
+  await clock.advance(60_000);
+  expect(told).toEqual([]);
+  expect(notifications.shown).toHaveLength(1);
+});
+
+test("a reminder is told once, and the notification goes when it is stopped otherwise", async () => {
+  const { clock, timers, notifications, told } = ringing();
+  timers.set("reminder", clock.now() + 1_000, { name: "call Ana" });
+  await clock.advance(120_000);
+  expect(told).toEqual(["A reminder: call Ana."]);
+  timers.stop();
+  expect(notifications.shown[0]?.signal.aborted).toBe(true);
+});

@@ -1,0 +1,90 @@
+import { describe, expect, test } from "bun:test";
+import type { Language } from "../../../src/base/language.ts";
+import { ringText, timerHands } from "../../../src/hands/timers/timerHands.ts";
+import { Timers } from "../../../src/hands/timers/timers.ts";
+import { ManualClock } from "../../support/clock.ts";
+import { going } from "../../support/processes.ts";
+
+/** It is Monday, 5 January 2026, 15:20. */
+function handsOf(language: Language = "en") {
+  const clock = new ManualClock();
+  const timers = new Timers(clock, { load: () => undefined, save: () => {} });
+  const [timer, told] = timerHands(timers, clock);
+  const act = (given: unknown): Promise<string> => timer!.act(given, language, going);
+  const tell = (given: unknown = {}): Promise<string> => told!.act(given, language, going);
+  return { clock, timers, act, tell, intent: (given: unknown) => timer!.intent(given, language) };
+}
+
+describe("the hand for timers", () => {
+  test("sets several, names them, and tells how long is left", async () => {
+    const { clock, act, tell } = handsOf();
+    expect(await act({ do: "timer", seconds: 300 })).toBe("The timer rings in 5 minutes.");
+    expect(await act({ do: "timer", seconds: 5_400, name: "pasta" })).toBe("The pasta timer rings in 1 hour and 30 minutes.");
+    await clock.advance(60_000);
+    expect(await tell({ kind: "timer" })).toBe("The timer of 5 minutes rings in 4 minutes. The pasta timer rings in 1 hour and 29 minutes.");
+    expect(await tell({ kind: "timer", name: "pasta" })).toBe("The pasta timer rings in 1 hour and 29 minutes.");
+    expect(await tell({ kind: "alarm" })).toBe("There are no alarms.");
+  });
+
+  test("says the day and the hour of an alarm and of a reminder", async () => {
+    const { act, tell } = handsOf();
+    expect(await act({ do: "alarm", at: "2026-01-06T07:15" })).toBe("The alarm is set for tomorrow at 7:15 AM.");
+    expect(await act({ do: "reminder", at: "2026-01-09T12:00", about: "call Ana" })).toBe("I will remind you on Friday at 12:00 PM: call Ana.");
+    expect(await tell({ kind: "reminder" })).toBe("The reminder “call Ana” is on Friday at 12:00 PM.");
+  });
+
+  test("says in Portuguese what it does", async () => {
+    const { act, tell } = handsOf("pt");
+    expect(await act({ do: "timer", seconds: 90 })).toBe("Timer: 1 minuto e 30 segundos, contando.");
+    expect(await act({ do: "alarm", at: "2026-01-06T07:15" })).toBe("Alarme marcado para amanhã às 7 horas e 15 minutos.");
+    expect(await tell({ kind: "timer" })).toBe("Faltam 1 minuto e 30 segundos para o timer de 1 minuto e 30 segundos.");
+    expect(await act({ do: "cancel", kind: "timer" })).toBe("Cancelei o timer de 1 minuto e 30 segundos.");
+  });
+
+  test("cancels the one that is meant, and asks when several are", async () => {
+    const { timers, act } = handsOf();
+    await act({ do: "timer", seconds: 300, name: "pasta" });
+    await act({ do: "timer", seconds: 600, name: "tea" });
+    expect(await act({ do: "cancel", kind: "timer" })).toBe("There are 2: the pasta timer and the tea timer. Which one?");
+    expect(timers.pending).toHaveLength(2);
+    expect(await act({ do: "cancel", kind: "timer", name: "tea" })).toBe("I cancelled the tea timer.");
+    expect(await act({ do: "cancel", kind: "timer", name: "tea" })).toBe("There is no such timer.");
+    await act({ do: "timer", seconds: 600 });
+    expect(await act({ do: "cancel", kind: "timer", all: true })).toBe("I cancelled the pasta timer and the timer of 10 minutes.");
+    expect(timers.pending).toEqual([]);
+  });
+
+  test("says before exactly what it would do", async () => {
+    const { act, intent } = handsOf();
+    expect(intent({ do: "timer", seconds: 300, name: "pasta" })).toBe("set a timer “pasta” that rings in 5 minutes");
+    expect(intent({ do: "alarm", at: "2026-01-06T07:15" })).toBe("set an alarm for tomorrow at 7:15 AM");
+    await act({ do: "timer", seconds: 300, name: "pasta" });
+    expect(intent({ do: "cancel", kind: "timer" })).toBe("cancel the pasta timer");
+  });
+
+  test("refuses what makes no sense", async () => {
+    const { timers, act, intent } = handsOf();
+    const nonsense = [
+      undefined, null, 5, "timer", [], {}, { do: "explode" }, { do: "timer" }, { do: "timer", seconds: 0 }, { do: "timer", seconds: -5 }, { do: "timer", seconds: NaN },
+      { do: "timer", seconds: "5" }, { do: "timer", seconds: 1e12 }, { do: "timer", seconds: 5, at: "2026-01-06T07:15" }, { do: "alarm", at: "2026-02-30T07:15" },
+      { do: "alarm", at: "tomorrow" }, { do: "alarm", at: "2026-01-06T25:00" }, { do: "reminder", seconds: 5 },
+    ];
+    for (const given of nonsense) {
+      expect(intent(given)).toBeUndefined();
+      expect(await act(given)).toBe("I did not understand when.");
+    }
+    expect(await act({ do: "alarm", at: "2026-01-05T15:00" })).toBe("That time has passed.");
+    expect(timers.pending).toEqual([]);
+  });
+});
+
+test("what rings says what it is, and that it is late", () => {
+  const at = new Date(2026, 0, 5, 7, 0).getTime();
+  const now = new Date(at);
+  const later = new Date(2026, 0, 5, 9, 30);
+  expect(ringText({ id: 1, kind: "timer", at, seconds: 300, name: "pasta" }, now, "en")).toBe("The pasta timer is done.");
+  expect(ringText({ id: 1, kind: "alarm", at }, now, "en")).toBe("It is 7:00 AM.");
+  expect(ringText({ id: 1, kind: "reminder", at, name: "call Ana" }, later, "en")).toBe("A reminder: call Ana. It was due today at 7:00 AM.");
+  expect(ringText({ id: 1, kind: "timer", at, seconds: 300 }, now, "pt")).toBe("O timer de 5 minutos acabou.");
+  expect(ringText({ id: 1, kind: "alarm", at }, now, "pt")).toBe("São 7 horas.");
+});

@@ -1,0 +1,86 @@
+import { describe, expect, test } from "bun:test";
+import { mostTimers, Timers, type Timer } from "../../../src/hands/timers/timers.ts";
+import { ManualClock } from "../../support/clock.ts";
+
+function timersOf(clock = new ManualClock(), kept: { text?: string } = {}) {
+  const timers = new Timers(clock, { load: () => kept.text, save: (text) => (kept.text = text) });
+  const rung: Timer[] = [];
+  timers.onRing = (timer) => rung.push(timer);
+  timers.start();
+  return { timers, clock, kept, rung };
+}
+
+describe("timers", () => {
+  test("ring in their order, each once", async () => {
+    const { timers, clock, rung } = timersOf();
+    timers.set("timer", clock.now() + 60_000, { seconds: 60 });
+    timers.set("timer", clock.now() + 30_000, { seconds: 30, name: "tea" });
+    await clock.advance(29_999);
+    expect(rung).toEqual([]);
+    await clock.advance(1);
+    expect(rung.map(({ name }) => name)).toEqual(["tea"]);
+    await clock.advance(600_000);
+    expect(rung.map(({ seconds }) => seconds)).toEqual([30, 60]);
+  });
+
+  test("are kept over a restart, and ring then if they fell due meanwhile", async () => {
+    const first = timersOf();
+    first.timers.set("alarm", first.clock.now() + 60_000, { name: "work" });
+    first.timers.close();
+    first.clock.time += 3_600_000;
+    const second = timersOf(first.clock, first.kept);
+    expect(second.rung).toMatchObject([{ kind: "alarm", name: "work" }]);
+    const third = timersOf(first.clock, first.kept);
+    expect(third.rung).toEqual([]);
+  });
+
+  test("ring within five seconds of the machine's waking, by the clock on the wall", async () => {
+    const { timers, clock, rung } = timersOf();
+    timers.set("alarm", clock.now() + 8 * 3_600_000, {});
+    await clock.advance(10_000);
+    // The clock goes on while the machine sleeps; what waits for the time does not.
+    clock.time += 8 * 3_600_000;
+    expect(rung).toEqual([]);
+    await clock.advance(5_000);
+    expect(rung).toHaveLength(1);
+  });
+
+  test("can be found by each part of what was said of them", () => {
+    const { timers, clock } = timersOf();
+    timers.set("timer", clock.now() + 300_000, { seconds: 300, name: "Massa do pão" });
+    timers.set("timer", clock.now() + 600_000, { seconds: 600 });
+    timers.set("alarm", clock.now() + 900_000, {});
+    expect(timers.find({ name: "pao" })).toHaveLength(1);
+    expect(timers.find({ kind: "timer" })).toHaveLength(2);
+    expect(timers.find({ seconds: 600 })).toHaveLength(1);
+    expect(timers.find({ at: clock.now() + 900_000 })).toMatchObject([{ kind: "alarm" }]);
+    expect(timers.find({ name: "arroz" })).toEqual([]);
+  });
+
+  test("that ring can be snoozed or stopped, and say so", async () => {
+    const { timers, clock, rung } = timersOf();
+    const stopped: number[] = [];
+    timers.onStopped = ({ id }) => stopped.push(id);
+    timers.set("alarm", clock.now() + 1_000, { name: "up" });
+    await clock.advance(1_000);
+    expect(timers.snooze(300)).toMatchObject([{ name: "up", at: clock.now() + 300_000 }]);
+    expect(stopped).toHaveLength(1);
+    await clock.advance(300_000);
+    expect(rung).toHaveLength(2);
+    timers.stop();
+    expect(timers.ringing).toEqual([]);
+    expect(stopped).toHaveLength(2);
+  });
+
+  test("are no more than a hundred", () => {
+    const { timers, clock } = timersOf();
+    for (let count = 0; count < mostTimers; count++) expect(timers.set("timer", clock.now() + 60_000, {})).toBeDefined();
+    expect(timers.set("timer", clock.now() + 60_000, {})).toBeUndefined();
+  });
+
+  test("of a store that holds something else are left out", () => {
+    const kept = (text: string): readonly Timer[] => timersOf(new ManualClock(), { text }).timers.pending;
+    for (const text of ["", "nonsense", "{}", "null", '[1, null, {"kind": "bomb", "at": 9e15}, {"kind": "timer", "at": "soon"}]']) expect(kept(text)).toEqual([]);
+    expect(kept('[{"kind": "timer", "at": 9000000000000, "name": 5}]')).toEqual([{ id: 1, kind: "timer", at: 9_000_000_000_000 }]);
+  });
+});

@@ -1,0 +1,61 @@
+import { Database } from "bun:sqlite";
+import { expect, test } from "bun:test";
+import { readdirSync, readFileSync } from "node:fs";
+import { join } from "node:path";
+import { always, conversations, daySpan, forgetSpan, search } from "../../src/memory/archive.ts";
+import { prepared } from "../../src/memory/database.ts";
+import { temporaryFolder } from "../support/folders.ts";
+
+const at = (day: number, hour = 12): number => new Date(2026, 0, day, hour).getTime();
+
+/** A file with a conversation on the third and one that lasted from the fourth to the fifth. */
+function archive(folder = temporaryFolder()) {
+  const database = prepared(new Database(join(folder, "palomet.db"), { create: true }));
+  const add = (id: string, startedAt: number, rows: [string, string, number][]): void => {
+    database.query("INSERT INTO conversations VALUES (?, ?, ?, 1, 0, NULL)").run(id, startedAt, rows[0]![1]);
+    for (const row of rows) database.query("INSERT INTO rows (conversation, role, text, at) VALUES (?, ?, ?, ?)").run(id, ...row);
+  };
+  add("a", at(3), [["user", "first zanzibar", at(3)], ["assistant", "answer one", at(3) + 1]]);
+  add("b", at(4, 23), [["user", "second", at(4, 23)], ["tool", "zanzibar tool", at(4, 23) + 1], ["user", "third zanzibar", at(5, 1)]]);
+  return { database, folder };
+}
+
+test("a search goes by words and by days, the newest first, and leaves tools out", () => {
+  const { database } = archive();
+  const texts = (words: string, span = always, limit = 9): string[] => search(database, words, span, limit).map(({ text }) => text);
+  expect(texts("zanzibar")).toEqual(["third zanzibar", "first zanzibar"]);
+  expect(texts("zanz", daySpan(new Date(2026, 0, 3)))).toEqual(["first zanzibar"]);
+  expect(texts("", daySpan(new Date(2026, 0, 5)))).toEqual(["third zanzibar"]);
+  expect(texts("zanzibar", always, 1)).toEqual(["third zanzibar"]);
+  expect(texts("zanzibar third")).toEqual(["third zanzibar"]);
+});
+
+test("conversations are written out whole, the oldest first", () => {
+  const { database } = archive();
+  expect([...conversations(database, always.from)].map(({ conversationId, rows }) => [conversationId, rows.length])).toEqual([["a", 2], ["b", 3]]);
+  expect([...conversations(database, at(5, 0))].map(({ conversationId }) => conversationId)).toEqual(["b"]);
+});
+
+test("a day is forgotten with every conversation that touched it, and leaves nothing in the files", () => {
+  const { database, folder } = archive();
+  expect(forgetSpan(database, daySpan(new Date(2026, 0, 5)))).toBe(1);
+  expect(search(database, "zanzibar", always, 9).map(({ text }) => text)).toEqual(["first zanzibar"]);
+  expect(forgetSpan(database, always)).toBe(1);
+  expect([...conversations(database, always.from)]).toEqual([]);
+  database.close();
+  for (const name of readdirSync(folder)) expect(readFileSync(join(folder, name)).includes("zanzibar")).toBe(false);
+});
+
+test("a database of before, which could not be searched, can be", () => {
+  const path = join(temporaryFolder(), "palomet.db");
+  const old = new Database(path, { create: true });
+  old.run(`
+    CREATE TABLE settings (key TEXT PRIMARY KEY, value TEXT NOT NULL);
+    CREATE TABLE conversations (id TEXT PRIMARY KEY, startedAt REAL NOT NULL, firstQuestion TEXT NOT NULL, answers INTEGER NOT NULL, costUsd REAL NOT NULL, session TEXT);
+    CREATE TABLE rows (id INTEGER PRIMARY KEY, conversation TEXT NOT NULL, role TEXT NOT NULL, text TEXT NOT NULL, at REAL NOT NULL, durationMs REAL);
+    INSERT INTO conversations VALUES ('a', 1, 'x', 1, 0, NULL);
+    INSERT INTO rows (conversation, role, text, at) VALUES ('a', 'user', 'Olá, Zanzibar', 1);
+    PRAGMA user_version = 1;`);
+  old.close();
+  expect(search(prepared(new Database(path)), "ola", always, 9)).toEqual([{ role: "user", text: "Olá, Zanzibar", at: 1 }]);
+});

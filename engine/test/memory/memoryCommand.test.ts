@@ -1,0 +1,93 @@
+import { expect, test } from "bun:test";
+import { writeFileSync, existsSync, mkdirSync } from "node:fs";
+import { join } from "node:path";
+import type { ArchivedConversation } from "../../src/memory/archive.ts";
+import { Conversations } from "../../src/memory/conversations.ts";
+import { memoryCommand } from "../../src/memory/memoryCommand.ts";
+import { Store } from "../../src/memory/store.ts";
+import { ManualClock } from "../support/clock.ts";
+import { temporaryFolder } from "../support/folders.ts";
+import { freePort } from "../support/processes.ts";
+
+const dayMs = 86_400_000;
+
+async function commandIn(home: string) {
+  const port = await freePort();
+  return async (...words: string[]) => {
+    let output = "";
+    const complaints: string[] = [];
+    const environment = { XDG_STATE_HOME: home, PALOMET_PORT: String(port), LANG: "en_US.UTF-8" };
+    const code = await memoryCommand(words, { environment, print: (text) => (output += text), complain: (line) => complaints.push(line) });
+    return { code, output, complaints };
+  };
+}
+
+/** A store with a conversation of yesterday and one of today; today is 5 January 2026. */
+function kept(home = temporaryFolder()): string {
+  const clock = new ManualClock();
+  const store = new Store(join(home, "palomet"), () => {}, clock);
+  const conversations = new Conversations(store, clock);
+  for (const [question, answer] of [["Yesterday's?", "Line one.\nLine two."], ["Today's?", "Yes."]] as const) {
+    clock.time += question.startsWith("Yes") ? -dayMs : dayMs;
+    conversations.begin();
+    conversations.add("user", question);
+    conversations.showAnswer(answer);
+    conversations.closeAnswer(7);
+  }
+  store.close();
+  return home;
+}
+
+test("conversations are exported as JSON, equal to what was kept", async () => {
+  const run = await commandIn(kept());
+  const { code, output } = await run("export", "--json");
+  const all = JSON.parse(output) as ArchivedConversation[];
+  expect(code).toBe(0);
+  expect(all.map(({ rows }) => rows.map(({ role, text, durationMs }) => [role, text, durationMs]))).toEqual([
+    [["user", "Yesterday's?", undefined], ["assistant", "Line one.\nLine two.", 7]],
+    [["user", "Today's?", undefined], ["assistant", "Yes.", 7]],
+  ]);
+  expect(JSON.parse((await run("export", "--since", "2026-01-05", "--json")).output)).toHaveLength(1);
+  expect(JSON.parse((await run("export", "--json", "--since", "2026-01-06")).output)).toEqual([]);
+});
+
+test("conversations are exported as Markdown", async () => {
+  const run = await commandIn(kept());
+  expect((await run("export", "--since", "2026-01-05")).output).toBe("## 2026-01-05 15:20\n\n**You**, 15:20\n\n> Today's?\n\n**Palomet**, 15:20\n\n> Yes.\n");
+  expect((await run("export")).output).toContain("> Line one.\n> Line two.\n");
+});
+
+test("a day is forgotten, or everything, with what was kept aside", async () => {
+  const home = kept();
+  const run = await commandIn(home);
+  expect(await run("forget", "2026-01-04")).toEqual({ code: 0, output: "1 conversation is forgotten.\n", complaints: [] });
+  expect(JSON.parse((await run("export", "--json")).output)).toHaveLength(1);
+  const aside = join(home, "palomet/palomet.db.aside-2026");
+  writeFileSync(aside, "old");
+  expect((await run("forget", "all")).output).toBe("1 conversation is forgotten.\n");
+  expect(existsSync(aside)).toBe(false);
+  expect((await run("forget", "all")).output).toBe("0 conversations are forgotten.\n");
+});
+
+test("where nothing was ever kept nothing is made", async () => {
+  const home = temporaryFolder();
+  const run = await commandIn(home);
+  expect((await run("export", "--json")).output).toBe("[]\n");
+  expect((await run("export")).output).toBe("");
+  expect((await run("forget", "all")).code).toBe(0);
+  expect(existsSync(join(home, "palomet"))).toBe(false);
+});
+
+test("wrong arguments and files are said", async () => {
+  const home = temporaryFolder();
+  const run = await commandIn(home);
+  for (const words of [["export", "x"], ["export", "--since"], ["export", "--since", "2026-02-30"], ["forget"], ["forget", "yesterday"], ["forget", "all", "x"]]) {
+    expect(await run(...words)).toMatchObject({ code: 2, output: "" });
+  }
+  mkdirSync(join(home, "palomet"));
+  writeFileSync(join(home, "palomet/palomet.db"), "x".repeat(5_000));
+  const { code, complaints } = await run("export");
+  expect(code).toBe(1);
+  expect(complaints[0]).toContain("palomet.db");
+  expect((await run("forget", "all")).code).toBe(1);
+});

@@ -1,0 +1,154 @@
+import { describe, expect, test } from "bun:test";
+import { phrases } from "../../src/base/phrases.ts";
+import type { Hand } from "../../src/hands/hand.ts";
+import type { Request } from "../../src/thought/answer.ts";
+import { SentenceMind } from "../../src/thought/sentenceMind.ts";
+import { request as requestOf } from "../support/claudeTool.ts";
+import { ManualClock } from "../support/clock.ts";
+import { going } from "../support/processes.ts";
+
+/** A hand that notes what it did; what it would do is said with `state`. */
+class FakeHand implements Hand {
+  readonly description = "";
+  readonly parameters = { type: "object", properties: {} } as const;
+  readonly changes = true;
+  readonly done: unknown[] = [];
+  state = "";
+
+  constructor(readonly id: string) {}
+
+  intent(given: unknown): string {
+    return `${this.id} ${JSON.stringify(given)}${this.state}`;
+  }
+
+  async act(given: unknown): Promise<string> {
+    this.done.push(given);
+    return `Did ${this.id}.`;
+  }
+}
+
+function mind(confirmActions: string[] = []) {
+  const clock = new ManualClock();
+  const [timer, note, open] = [new FakeHand("timer"), new FakeHand("note"), new FakeHand("open")];
+  const log: string[] = [];
+  const it = new SentenceMind({ clock, language: "en", phrases: phrases.en, log: (line) => log.push(line), hands: [timer, note, open] });
+  const say = async (text: string, signal = going) => {
+    const pieces: string[] = [];
+    const spoken: string[] = [];
+    const settings = { ...requestOf("").settings, confirmActions };
+    const request: Request = { ...requestOf(text), settings, askedAt: clock.now() };
+    const answering = { text: (piece: string, aloud = piece) => void (pieces.push(piece), spoken.push(aloud)), tool: () => {} };
+    const other = (sentence: string): string => `You said: ${sentence}`;
+    const answer = (await it.reply(request, answering, signal)) ?? (await it.answer(request, other, answering, signal));
+    return { text: pieces.join(""), spoken: spoken.join(""), heard: answer.heard };
+  };
+  return { it, say, clock, timer, note, open, log };
+}
+
+describe("a sentence", () => {
+  test("that asks for a hand is done", async () => {
+    const { say, timer } = mind();
+    expect((await say("Set a timer for five minutes.")).text).toBe("Did timer.");
+    expect(timer.done).toEqual([{ do: "timer", seconds: 300 }]);
+  });
+
+  test("that asks for none is answered otherwise, whole", async () => {
+    const { say } = mind();
+    expect((await say("One. Two!")).text).toBe("You said: One. Two!");
+  });
+
+  test("of several is done as each asks, in their order", async () => {
+    const { say, timer, note } = mind();
+    const { text } = await say("Set a timer for 5 minutes. Hello there! Note that Dr. Silva comes at 7 p.m. tomorrow.\nAdd milk to the shopping list");
+    expect(text).toBe("Did timer. You said: Hello there! Did note. Did note.");
+    expect(timer.done).toHaveLength(1);
+    expect(note.done).toEqual([{ do: "note", text: "Dr. Silva comes at 7 p.m. tomorrow" }, { do: "add", items: "milk", list: "shopping" }]);
+  });
+
+  test("of a megabyte is answered like any other", async () => {
+    for (const text of ["a. ".repeat(400_000), " ".repeat(1 << 20), "set a timer ".repeat(90_000), ".".repeat(1 << 20)]) {
+      expect((await mind().say(text)).text).toBe(`You said: ${text}`);
+    }
+  });
+
+  test("that asks for a hand that is not there is answered otherwise", async () => {
+    expect((await mind().say("lock the screen")).text).toBe("You said: lock the screen");
+  });
+
+  test("that fails for a reason of the hand's own is said, and logged", async () => {
+    const { say, timer, log } = mind();
+    timer.act = () => Promise.reject(new Error("broken"));
+    expect((await say("set a timer for 5 minutes")).text).toBe("That did not work.");
+    expect(log).toEqual(["a ação timer falhou (Error: broken)"]);
+  });
+});
+
+describe("what is asked about first", () => {
+  test("is asked in words that say what it is, done at a yes, and once", async () => {
+    const { say, timer } = mind(["timer"]);
+    expect((await say("set a timer for five minutes")).text).toBe('May I? Timer {"do":"timer","seconds":300}.');
+    expect(timer.done).toEqual([]);
+    expect((await say("Yes, please.")).text).toBe("Did timer.");
+    expect((await say("yes")).text).toBe("You said: yes");
+    expect(timer.done).toHaveLength(1);
+  });
+
+  test("is not done at a no, at anything else, or later", async () => {
+    for (const reply of ["no", "what time is it", "yes and no"]) {
+      const { say, timer } = mind(["timer"]);
+      await say("set a timer for five minutes");
+      expect((await say(reply)).text).toBe(reply === "no" ? "All right, I will not." : `You said: ${reply}`);
+      await say("yes");
+      expect(timer.done).toEqual([]);
+    }
+  });
+
+  test("is refused by ten seconds of nothing after the question was heard", async () => {
+    for (const [seconds, times] of [[9, 1], [11, 0]] as const) {
+      const { say, clock, timer } = mind(["timer"]);
+      const { heard } = await say("set a timer for five minutes");
+      await clock.advance(30_000);
+      heard?.();
+      await clock.advance(seconds * 1_000);
+      await say("yes");
+      expect(timer.done).toHaveLength(times);
+    }
+  });
+
+  test("is refused when the user wants silence", async () => {
+    const { it, say, timer } = mind(["timer"]);
+    await say("set a timer for five minutes");
+    it.refuse();
+    await say("yes");
+    expect(timer.done).toEqual([]);
+  });
+
+  test("is not done when it has become another thing meanwhile", async () => {
+    const { say, timer } = mind(["timer"]);
+    await say("set a timer for five minutes");
+    timer.state = " of another kind";
+    expect((await say("yes")).text).toBe("That has changed since, and I left it alone.");
+    expect(timer.done).toEqual([]);
+  });
+
+  test("stands after what was done without a question, and is asked together", async () => {
+    const { say, timer, note, open } = mind(["note", "open"]);
+    const { text, spoken } = await say("Note that it rains. Set a timer for 5 minutes. Open example.org");
+    expect(text).toBe('Did timer.\nMay I? Note {"do":"note","text":"it rains"}; open {"address":"example.org"}.');
+    // An address is read aloud to the letter.
+    expect(spoken).toContain("example dot org");
+    expect([timer, note, open].map(({ done }) => done.length)).toEqual([1, 0, 0]);
+    expect((await say("go ahead")).text).toBe("Did note. Did open.");
+  });
+});
+
+test("a request that is stopped does no more", async () => {
+  const { say, timer, note } = mind();
+  const ending = new AbortController();
+  timer.act = async () => {
+    ending.abort();
+    return "Did timer.";
+  };
+  expect((await say("Set a timer for 5 minutes. Note that it rains.", ending.signal)).text).toBe("");
+  expect(note.done).toEqual([]);
+});

@@ -1,6 +1,8 @@
 #include "platform/dbus/PortalLook.h"
 
 #include "tests/platform/dbus/FakeDesktop.h"
+#include "tests/platform/dbus/RealPortal.h"
+#include "tests/platform/dbus/SettingsBackend.h"
 #include "tests/support/Eventually.h"
 #include "tests/support/PrivateBus.h"
 
@@ -174,4 +176,25 @@ TEST_F(PortalLookTest, MotionIsNotReducedWhenThePortalTalksNonsense) {
     desktop.changeSetting(gnome, animations, false);
     EXPECT_TRUE(becomes(&DesktopLook::isMotionReduced, true));
     EXPECT_EQ(changes, 1) << "nothing before it counted";
+}
+
+TEST(PortalLookAtTheRealPortal, BelievesTheDesktopsOwnBackendWhereOthersAreInstalledToo) {
+    if (!test::RealPortal::isInstalled())
+        GTEST_SKIP() << "xdg-desktop-portal is not installed";
+    test::PrivateBus bus;
+    test::SettingsBackend own(bus.connect(), u"a"_s);
+    test::SettingsBackend other(bus.connect(), u"b"_s);
+    test::SettingsBackend third(bus.connect(), u"c"_s);
+    own.settings[appearance] = {{colorScheme, 1U}, {contrast, 1U}};
+    other.settings[appearance] = {{colorScheme, 0U}, {contrast, 0U}};
+    third.settings[appearance] = {{colorScheme, 0U}, {contrast, 0U}};
+    third.settings[gnome] = {{animations, false}};
+    test::RealPortal portal(bus.connect(), bus.address());
+    for (const auto *backend : {&own, &other, &third})
+        portal.addSettings(backend->name());
+    ASSERT_TRUE(portal.start());
+    const PortalLook look(bus.connect(), u"KDE"_s);
+    EXPECT_TRUE(eventually([&] { return look.isMotionReduced(); })) << "known to the last of them alone";
+    EXPECT_TRUE(eventually([&] { return look.panelScheme() == Scheme::Dark; }));
+    EXPECT_TRUE(eventually([&] { return look.isContrastRaised(); }));
 }

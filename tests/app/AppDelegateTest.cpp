@@ -124,6 +124,7 @@ protected:
             .trayHost = std::move(ownedHost),
             .look = std::move(ownedLook),
             .workArea = nullptr,
+            .windowManagement = nullptr,
             .folderChooser = std::move(ownedChooser),
             .keyboardLayout = std::make_unique<NoKeyboardLayout>(),
             .hotKeyGrabber = std::move(ownedGrabber),
@@ -156,7 +157,7 @@ protected:
         case Happening::UserAnswers:
             return permission->answer(MicrophoneStatus::Authorized);
         case Happening::WindowIsAskedFor:
-            return remote->onActivate();
+            return remote->onActivate({});
         case Happening::UserQuits:
             return delegate->applicationShouldTerminate();
         }
@@ -497,7 +498,7 @@ TEST_F(AppDelegateTest, OpensItsWindowForOtherProgramsOnThePaneThatTheyName) {
     delegate->window()->close();
     EXPECT_EQ(remote->onCommand({u"open"_s, u"cellar"_s}), RemoteOutcome::Unknown);
     EXPECT_FALSE(delegate->window()->isVisible());
-    remote->onActivate();
+    remote->onActivate({});
     EXPECT_TRUE(delegate->window()->isVisible());
     EXPECT_EQ(delegate->navigation().pane(), Pane::Voice);
 }

@@ -85,7 +85,7 @@ std::unique_ptr<HotKeyGrabber> hotKeyGrabber(const Session &session, const Keybo
 std::unique_ptr<WindowManagement> windowManagement(X11Connection *x11) {
     if (x11 == nullptr || QGuiApplication::platformName() != "xcb"_L1)
         return nullptr;
-    return std::make_unique<X11WindowManagement>(*x11);
+    return std::make_unique<X11WindowManagement>(*x11, Session::applicationId());
 }
 
 /// What the desktop gave to this start of the program, so that a window may come to the front.
@@ -177,6 +177,7 @@ int runPreview(const QStringList &arguments, int argumentCount, char **rawArgume
     if (preview::capturePath(arguments) && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
     preferXWayland();
+    QCoreApplication::setApplicationName(u"palomet"_s);
     QGuiApplication::setApplicationDisplayName(u"Palomet"_s);
     QGuiApplication::setDesktopFileName(Session::applicationId());
     UiEngine::chooseRenderer();
@@ -185,7 +186,9 @@ int runPreview(const QStringList &arguments, int argumentCount, char **rawArgume
     localization::load(resources, localization::preferredLanguages());
     translateToolkit(application, localization::language());
     QtScheduler scheduler;
-    PreviewMode mode({scheduler, resources, QDir::homePath(), Session::version()}, arguments);
+    const auto x11 = X11Connection::open();
+    const auto management = windowManagement(x11.get());
+    PreviewMode mode({scheduler, resources, QDir::homePath(), Session::version(), management.get()}, arguments);
     const auto end = [](int exitCode) { QCoreApplication::exit(exitCode); };
     QObject::connect(&mode, &PreviewMode::finished, &application, end, Qt::QueuedConnection);
     // A picture that was asked for is missing then.

@@ -27,8 +27,9 @@ xcb_window_t makeClock(const X11Connection &x11) {
 
 } // namespace
 
-X11WindowManagement::X11WindowManagement(X11Connection &connection)
+X11WindowManagement::X11WindowManagement(X11Connection &connection, const QString &desktopFile)
     : m_connection(connection)
+    , m_desktopFile(desktopFile.toUtf8())
     , m_atoms{
           .supported = makeAtom(connection.get(), "_NET_SUPPORTED"),
           .activeWindow = makeAtom(connection.get(), "_NET_ACTIVE_WINDOW"),
@@ -43,6 +44,17 @@ X11WindowManagement::X11WindowManagement(X11Connection &connection)
 X11WindowManagement::~X11WindowManagement() {
     xcb_destroy_window(m_connection.get(), m_clock);
     xcb_flush(m_connection.get());
+}
+
+void X11WindowManagement::introduce(quintptr window) {
+    auto *connection = m_connection.get();
+    const auto text = makeAtom(connection, "UTF8_STRING");
+    for (const auto *name : {"_KDE_NET_WM_DESKTOP_FILE", "_GTK_APPLICATION_ID"})
+        xcb_change_property(connection, XCB_PROP_MODE_REPLACE, static_cast<xcb_window_t>(window),
+                            makeAtom(connection, name), text, 8, static_cast<quint32>(m_desktopFile.size()),
+                            m_desktopFile.constData());
+    xcb_flush(connection);
+    m_connection.deliverLater();
 }
 
 bool X11WindowManagement::activate(quintptr window) {

@@ -49,3 +49,21 @@ TEST_F(WindowInFrontTest, IsTheWindowOnEveryWayToOpenIt) {
     comesToTheFront([this] { desktop.tray.activate(); });
     comesToTheFront([this] { EXPECT_TRUE(desktop.tray.click(u"Open Palomet"_s)); });
 }
+
+TEST_F(WindowInFrontTest, HasTheProgramsNameAndIcon) {
+    startWithWindow();
+    EXPECT_EQ(manager.text(window, "_KDE_NET_WM_DESKTOP_FILE"), "org.palomet.Palomet");
+    EXPECT_EQ(manager.text(window, "_GTK_APPLICATION_ID"), "org.palomet.Palomet");
+    EXPECT_EQ(manager.text(window, "WM_CLASS"), QByteArray("palomet\0palomet\0", 16));
+    EXPECT_FALSE(manager.property(window, "_NET_WM_ICON").empty());
+}
+
+TEST_F(WindowInFrontTest, HasTheProgramsNameAndIconInThePreview) {
+    start({u"--preview"_s});
+    ASSERT_TRUE(eventually([this] { return !manager.windows().empty(); }));
+    window = manager.windows().front();
+    EXPECT_TRUE(
+        eventually([this] { return manager.text(window, "_KDE_NET_WM_DESKTOP_FILE") == "org.palomet.Palomet"; }));
+    EXPECT_EQ(manager.text(window, "WM_CLASS"), QByteArray("palomet\0palomet\0", 16));
+    EXPECT_FALSE(manager.property(window, "_NET_WM_ICON").empty());
+}

@@ -97,6 +97,11 @@ void SettingsWindow::updateShown() {
 
 bool SettingsWindow::event(QEvent *event) {
     switch (event->type()) {
+    case QEvent::PlatformSurface:
+        if (m_management &&
+            static_cast<QPlatformSurfaceEvent *>(event)->surfaceEventType() == QPlatformSurfaceEvent::SurfaceCreated)
+            m_management->introduce(winId());
+        break;
     case QEvent::Move:
     case QEvent::Resize:
     case QEvent::WindowStateChange:

@@ -36,7 +36,7 @@ protected:
     const std::unique_ptr<X11Connection> connection = X11Connection::open(display.name());
     const std::unique_ptr<X11Connection> toolkit = X11Connection::open(display.name());
     WindowManagerDouble manager{display.name()};
-    X11WindowManagement management{*connection};
+    X11WindowManagement management{*connection, u"org.palomet.Palomet"_s};
     const xcb_window_t window = makeWindow();
 };
 
@@ -66,10 +66,16 @@ TEST_F(X11WindowManagementTest, TellsTheTimeWhereTheToolkitKeepsIt) {
     EXPECT_TRUE(manager.property(window, "_NET_WM_USER_TIME").empty());
 }
 
+TEST_F(X11WindowManagementTest, SaysTheNameOfTheDesktopFile) {
+    management.introduce(window);
+    for (const auto *name : {"_KDE_NET_WM_DESKTOP_FILE", "_GTK_APPLICATION_ID"})
+        EXPECT_TRUE(eventually([&] { return manager.text(window, name) == "org.palomet.Palomet"; })) << name;
+}
+
 TEST(X11WindowManagement, LeavesTheFocusToTheToolkitWhereNoWindowManagerCanBeAsked) {
     const test::PrivateDisplay display;
     const auto connection = X11Connection::open(display.name());
     ASSERT_NE(connection, nullptr);
-    X11WindowManagement management(*connection);
+    X11WindowManagement management(*connection, u"org.palomet.Palomet"_s);
     EXPECT_FALSE(management.activate(connection->root()));
 }

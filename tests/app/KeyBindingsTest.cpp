@@ -14,6 +14,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 using namespace palomet;
 using namespace Qt::StringLiterals;
 
@@ -50,10 +52,17 @@ protected:
     test::FixedKeyboardLayout layout{{{40, u"k"_s}}};
     QKeySequence listenKey;
     QKeySequence stopKey;
-    KeyBindings bindings{{model, hotKeys, shortcuts, layout, [this](const auto &listen, const auto &stop) {
-                              listenKey = listen;
-                              stopKey = stop;
-                          }}};
+    KeyBindings bindings{{
+        .model = model,
+        .hotKeys = hotKeys,
+        .shortcuts = shortcuts,
+        .layout = layout,
+        .showInMenu =
+            [this](const auto &listen, const auto &stop) {
+                listenKey = listen;
+                stopKey = stop;
+            },
+    }};
 };
 
 } // namespace
@@ -192,4 +201,30 @@ TEST_F(KeyBindingsTest, TellsTheKeysThatTheDesktopGrantedWhereTheyAreNotTheWishe
     grabber->onTriggersChanged();
     EXPECT_EQ(shortcuts.grantedListen(), QString());
     EXPECT_EQ(shortcuts.grantedStop(), u"the key at the top left"_s);
+}
+
+TEST_F(KeyBindingsTest, ShowsTheKeysThatTheDesktopGrantedInTheMenu) {
+    bindings.start();
+    grabber->triggers = {{1, u"Meta+1, Meta+2"_s}, {2, u"the key at the top left"_s}};
+    grabber->onTriggersChanged();
+    EXPECT_EQ(listenKey, QKeySequence(u"Meta+1"_s));
+    EXPECT_EQ(stopKey, QKeySequence()) << "words that are no key";
+    grabber->triggers.clear();
+    grabber->onTriggersChanged();
+    EXPECT_EQ(listenKey, QKeySequence(u"Alt+Space"_s));
+    EXPECT_EQ(stopKey, QKeySequence(Qt::Key_Escape));
+}
+
+TEST_F(KeyBindingsTest, HasTheDesktopsUserAskedAnewOnlyWhenAKeyWasChosen) {
+    using Occasion = HotKeyGrabber::Occasion;
+    bindings.start();
+    bindings.setStopNeeded(true);
+    shortcuts.setPaused(true);
+    shortcuts.setPaused(false);
+    shortcuts.setStop(std::nullopt);
+    EXPECT_EQ(std::ranges::count(grabber->occasions, Occasion::Chosen), 0);
+    shortcuts.setListen(Shortcuts::defaultListen);
+    EXPECT_EQ(grabber->occasions.back(), Occasion::Chosen) << "the same again";
+    bindings.setStopNeeded(false);
+    EXPECT_EQ(grabber->occasions.back(), Occasion::Known);
 }

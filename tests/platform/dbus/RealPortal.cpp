@@ -107,6 +107,12 @@ bool RealPortal::handleMessage(const QDBusMessage &message, const QDBusConnectio
     }
     if (member == u"BindShortcuts"_s)
         return m_bus.send(message.createReply({answer == Answer::RefuseBinding ? 1U : 0U, bind(arguments.value(2))}));
+    if (member == u"ListShortcuts"_s) {
+        QList<PortalShortcut> list;
+        for (auto trigger = known.begin(); trigger != known.end(); ++trigger)
+            list.append({trigger.key(), {{u"description"_s, u"x"_s}, {u"trigger_description"_s, trigger.value()}}});
+        return m_bus.send(message.createReply({0U, QVariantMap{{u"shortcuts"_s, QVariant::fromValue(list)}}}));
+    }
     return member == u"Close"_s && m_bus.send(message.createReply());
 }
 

@@ -36,6 +36,7 @@ public:
     Answer answer = Answer::Bind;
     QStringList calls;            ///< Members that the portal has called, in order.
     QList<PortalShortcut> bound;  ///< What the last BindShortcuts was given.
+    QMap<QString, QString> known; ///< Triggers that the desktop knows, by their ids.
 
     /// The user presses the keys of a shortcut.
     void activate(const QString &id);

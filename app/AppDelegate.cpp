@@ -48,6 +48,7 @@ AppDelegate::AppDelegate(Parts parts)
           .shortcuts = m_shortcuts,
           .layout = *m_parts.keyboardLayout,
           .showInMenu = [this](const auto &listen, const auto &stop) { m_statusMenu.setKeys(listen, stop); },
+          .showStopKey = [this](const auto &words) { m_stripView.setStopKey(words); },
       })
     , m_remoteControl(*m_parts.remote, m_model)
     , m_uiEngine(m_parts.resources.value_or(QString()))

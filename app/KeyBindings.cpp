@@ -9,6 +9,8 @@
 
 namespace palomet {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr quint32 listenId = 1;
@@ -43,7 +45,10 @@ KeyBindings::KeyBindings(const Parts &parts)
     connect(&m_parts.shortcuts, &Shortcuts::listenChanged, this, [=, this] { choose(m_parts.shortcuts.listen()); });
     connect(&m_parts.shortcuts, &Shortcuts::stopChanged, this, [=, this] { choose(m_parts.shortcuts.stop()); });
     connect(&m_parts.layout, &KeyboardLayout::changed, this, &KeyBindings::nameKeys);
-    connect(&m_parts.hotKeys, &HotKeys::refused, this, &KeyBindings::reportRefusal);
+    connect(&m_parts.hotKeys, &HotKeys::refused, this, [this](quint32 id) {
+        reportRefusal(id);
+        m_parts.showStopKey(stopKeyWords());
+    });
     connect(&m_parts.hotKeys, &HotKeys::granted, this, &KeyBindings::registerShortcuts);
     connect(&m_parts.hotKeys, &HotKeys::triggersChanged, this, &KeyBindings::nameKeys);
 }
@@ -87,6 +92,7 @@ void KeyBindings::registerShortcuts() {
 
 void KeyBindings::nameKeys() {
     m_parts.showInMenu(shownKeys(listenId, m_parts.shortcuts.listen()), shownKeys(stopId, m_parts.shortcuts.stop()));
+    m_parts.showStopKey(stopKeyWords());
     m_parts.shortcuts.setGranted(granted(listenId, m_parts.shortcuts.listen()),
                                  granted(stopId, m_parts.shortcuts.stop()));
     if (m_parts.model.hotKeyProblem())
@@ -101,6 +107,16 @@ QKeySequence KeyBindings::shownKeys(quint32 id, const std::optional<Shortcut> &s
     // Words that the toolkit does not know stand for no key.
     const bool isKnown = !sequence.isEmpty() && sequence[0].key() != Qt::Key_unknown;
     return isKnown ? QKeySequence(sequence[0]) : QKeySequence();
+}
+
+QString KeyBindings::stopKeyWords() const {
+    if (!m_parts.hotKeys.isKnown(stopId))
+        return {};
+    const auto &stop = m_parts.shortcuts.stop();
+    if (const auto words = granted(stopId, stop); !words.isEmpty())
+        return words;
+    const auto sequence = keySequence(stop, m_parts.layout);
+    return sequence == QKeySequence(Qt::Key_Escape) ? u"esc"_s : sequence.toString(QKeySequence::NativeText);
 }
 
 QString KeyBindings::granted(quint32 id, const std::optional<Shortcut> &shortcut) const {

@@ -52,6 +52,7 @@ protected:
     test::FixedKeyboardLayout layout{{{40, u"k"_s}}};
     QKeySequence listenKey;
     QKeySequence stopKey;
+    QString stopWords;
     KeyBindings bindings{{
         .model = model,
         .hotKeys = hotKeys,
@@ -62,6 +63,7 @@ protected:
                 listenKey = listen;
                 stopKey = stop;
             },
+        .showStopKey = [this](const auto &words) { stopWords = words; },
     }};
 };
 
@@ -213,6 +215,37 @@ TEST_F(KeyBindingsTest, ShowsTheKeysThatTheDesktopGrantedInTheMenu) {
     grabber->onTriggersChanged();
     EXPECT_EQ(listenKey, QKeySequence(u"Alt+Space"_s));
     EXPECT_EQ(stopKey, QKeySequence(Qt::Key_Escape));
+}
+
+TEST_F(KeyBindingsTest, SaysTheStopKeyOnlyWhileItWorks) {
+    bindings.start();
+    EXPECT_EQ(stopWords, QString()) << "there is nothing to stop";
+    bindings.setStopNeeded(true);
+    EXPECT_EQ(stopWords, u"esc"_s);
+    grabber->triggers = {{2, u"Meta+2"_s}};
+    grabber->onTriggersChanged();
+    EXPECT_EQ(stopWords, u"Meta+2"_s);
+    grabber->onRefused(2);
+    EXPECT_EQ(stopWords, QString());
+    grabber->triggers.clear();
+    shortcuts.setStop(Shortcut(40, controlOption));
+    EXPECT_EQ(stopWords, u"Ctrl+Alt+K"_s);
+    shortcuts.setStop(std::nullopt);
+    EXPECT_EQ(stopWords, QString());
+}
+
+TEST_F(KeyBindingsTest, SaysNoStopKeyWhileTheDesktopsAnswerIsPending) {
+    grabber->pending = {2};
+    bindings.start();
+    bindings.setStopNeeded(true);
+    EXPECT_EQ(stopWords, QString());
+    grabber->pending.clear();
+    grabber->onTriggersChanged();
+    EXPECT_EQ(stopWords, u"esc"_s);
+    grabber->refuses = true;
+    bindings.setStopNeeded(false);
+    bindings.setStopNeeded(true);
+    EXPECT_EQ(stopWords, QString());
 }
 
 TEST_F(KeyBindingsTest, HasTheDesktopsUserAskedAnewOnlyWhenAKeyWasChosen) {

@@ -178,7 +178,7 @@ TEST(StopKey, EscapeIsTakenOnlyWhileThereIsSomethingToStop) {
     QSettings settings(folder.filePath(u"palomet.conf"_s), QSettings::IniFormat);
     Shortcuts shortcuts(settings);
     NoKeyboardLayout layout;
-    KeyBindings bindings({model, hotKeys, shortcuts, layout, [](const auto &, const auto &) {}});
+    KeyBindings bindings({model, hotKeys, shortcuts, layout, [](const auto &, const auto &) {}, [](const auto &) {}});
     bindings.start();
     constexpr quint32 escape = 53;
 

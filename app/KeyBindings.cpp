@@ -95,6 +95,7 @@ void KeyBindings::nameKeys() {
     m_parts.showStopKey(stopKeyWords());
     m_parts.shortcuts.setGranted(granted(listenId, m_parts.shortcuts.listen()),
                                  granted(stopId, m_parts.shortcuts.stop()));
+    m_parts.shortcuts.setGrantable(m_parts.hotKeys.isPossible());
     if (m_parts.model.hotKeyProblem())
         reportRefusal(listenId);
 }

@@ -261,3 +261,11 @@ TEST_F(KeyBindingsTest, HasTheDesktopsUserAskedAnewOnlyWhenAKeyWasChosen) {
     bindings.setStopNeeded(false);
     EXPECT_EQ(grabber->occasions.back(), Occasion::Known);
 }
+
+TEST_F(KeyBindingsTest, SaysWhetherTheDesktopGrantsKeysAtAll) {
+    bindings.start();
+    EXPECT_TRUE(shortcuts.isGrantable());
+    grabber->isGrantable = false;
+    grabber->onTriggersChanged();
+    EXPECT_FALSE(shortcuts.isGrantable());
+}

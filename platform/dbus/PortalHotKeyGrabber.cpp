@@ -78,6 +78,7 @@ void PortalHotKeyGrabber::beginAgain() {
     m_isOfferNewer = m_state == State::Creating;
     if (m_isOfferNewer || m_state == State::Closing)
         return;
+    m_isToldAgain = false;
     closeSession();
     if (m_state != State::Closing)
         begin();
@@ -125,7 +126,10 @@ void PortalHotKeyGrabber::sessionCreated(const Results &results) {
     m_session = path;
     m_bus.connect({}, m_session, portal::session, u"Closed"_s, this, SLOT(sessionClosed(QDBusMessage)));
     m_state = State::Asking;
-    if (m_isOfferNewer)
+    // A portal that binds by the session alone tells the wished keys of those that are new to it, whatever became of
+    // them; to the next session it tells what is.
+    const bool isWishedOnly = results->contains(u"shortcuts"_s) && !std::exchange(m_isToldAgain, true);
+    if (m_isOfferNewer || isWishedOnly)
         closeSession();
     else if (m_isChosen)
         bindShortcuts();
@@ -281,6 +285,7 @@ void PortalHotKeyGrabber::serviceOwnerChanged(const QString &, const QString &ol
         m_session.clear();
         m_triggers.clear();
         m_isRegistered = false;
+        m_isToldAgain = false;
         m_state = State::Creating;
         onTriggersChanged();
     }

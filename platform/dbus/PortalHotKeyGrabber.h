@@ -87,6 +87,7 @@ private:
     bool m_isRegistered = false; ///< The portal knows who we are; once a connection and portal.
     bool m_isChosen = false;     ///< The user has just chosen: bind, whatever the desktop knows.
     bool m_isOfferNewer = false; ///< Something else was offered while the session was being made.
+    bool m_isToldAgain = false;  ///< The portal has told of the keys once more.
     bool m_isPossible = true;
 };
 

@@ -78,7 +78,14 @@ bool FakePortal::answerCreation(const QDBusMessage &message) {
     collisions += m_isSessionOpen ? 1 : 0;
     m_isSessionOpen = answer != Answer::RefuseSession;
     m_bus.send(message.createReply(QVariant::fromValue(QDBusObjectPath(request))));
-    const QVariantMap results{{u"session_handle"_s, session}};
+    QVariantMap results{{u"session_handle"_s, session}};
+    if (truth) {
+        for (const auto &shortcut : created)
+            known[shortcut.id] = shortcut.properties[u"preferred_trigger"_s].toString();
+        if (sessionTokens.size() > 1)
+            known = *truth;
+        results[u"shortcuts"_s] = QVariant::fromValue(list(known));
+    }
     if (answer == Answer::Nothing)
         pending = {request, results};
     else

@@ -35,10 +35,13 @@ public:
     void vanish();
 
     Answer answer = Answer::Bind;
-    QStringList calls;                                      ///< Members called, in order.
-    QList<PortalShortcut> created;                          ///< What CreateSession was given.
-    QList<PortalShortcut> bound;                            ///< What BindShortcuts was given.
-    QMap<QString, QString> known;                           ///< Triggers that the desktop knows, by their ids.
+    QStringList calls;             ///< Members called, in order.
+    QList<PortalShortcut> created; ///< What CreateSession was given.
+    QList<PortalShortcut> bound;   ///< What BindShortcuts was given.
+    QMap<QString, QString> known;  ///< Triggers that the desktop knows, by their ids.
+    /// Of a portal that binds by the session alone: what becomes of the keys. It says so to every session but the
+    /// first.
+    std::optional<QMap<QString, QString>> truth;
     QString session;                                        ///< The last session's path.
     QStringList sessionTokens;                              ///< Those of all sessions, in order.
     int collisions = 0;                                     ///< Sessions made beside one of the same name.

@@ -117,3 +117,17 @@ TEST_F(PortalSessionTest, BindsAnewOnlyWhenWhatIsOfferedChanged) {
     EXPECT_EQ(portal.calls.count(u"Close"_s), 1);
     EXPECT_EQ(portal.bound[0].properties[u"preferred_trigger"_s], u"ALT+k"_s);
 }
+
+TEST_F(PortalSessionTest, BelievesAPortalThatBindsByTheSessionOnlyWhenItTellsAgain) {
+    portal.truth = {{u"1"_s, QString()}, {u"2"_s, QString()}};
+    portal.appear();
+    begin();
+    EXPECT_TRUE(test::eventually([&] { return refused == std::vector<quint32>({1}); }));
+    EXPECT_EQ(portal.sessionTokens.size(), 2);
+    EXPECT_EQ(portal.collisions, 0);
+    EXPECT_FALSE(portal.calls.contains(u"BindShortcuts"_s));
+    // The user makes room for the key in the desktop's settings.
+    portal.truth = {{u"1"_s, u"Meta+1"_s}, {u"2"_s, QString()}};
+    portal.change(*portal.truth);
+    EXPECT_TRUE(isBound());
+}

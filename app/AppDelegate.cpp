@@ -48,16 +48,17 @@ AppDelegate::AppDelegate(Parts parts)
           .shortcuts = m_shortcuts,
           .layout = *m_parts.keyboardLayout,
           .showInMenu = [this](const auto &listen, const auto &stop) { m_statusMenu.setKeys(listen, stop); },
+          .showStopKey = [this](const auto &words) { m_stripView.setStopKey(words); },
       })
     , m_remoteControl(*m_parts.remote, m_model)
     , m_uiEngine(m_parts.resources.value_or(QString()))
     , m_stripView(m_model, [this] { openWindow(Pane::Now); })
     , m_stripWindow(m_uiEngine, m_stripView, m_parts.workArea.get(), m_parts.pointer) {
-    m_remoteControl.onOpen = [this](const auto &name) {
+    m_remoteControl.onOpen = [this](const auto &name, const auto &activation) {
         const auto pane = name ? paneFrom(*name) : std::nullopt;
         if (name && !pane)
             return false;
-        openWindow(pane);
+        openWindow(pane, activation);
         return true;
     };
     m_remoteControl.onQuit = [this] { applicationShouldTerminate(); };
@@ -114,7 +115,7 @@ void AppDelegate::setUpStrip() {
     m_strip->update();
 }
 
-void AppDelegate::openWindow(std::optional<Pane> pane) {
+void AppDelegate::openWindow(std::optional<Pane> pane, const QString &activation) {
     if (m_stage == Stage::Terminating)
         return;
     if (pane)
@@ -123,7 +124,7 @@ void AppDelegate::openWindow(std::optional<Pane> pane) {
         setUpWindow();
     m_model.loadHistory();
     m_model.loadOptions();
-    m_window->bringToFront();
+    m_window->bringToFront(activation);
 }
 
 void AppDelegate::setUpWindow() {
@@ -134,8 +135,8 @@ void AppDelegate::setUpWindow() {
     };
     m_appView = std::make_unique<AppView>(m_model, m_nav, m_shortcuts, *m_parts.keyboardLayout,
                                           AppView::Details{m_parts.version, m_parts.home}, outside);
-    m_window =
-        std::make_unique<SettingsWindow>(m_uiEngine.get(), *m_appView, *m_parts.scheduler, m_parts.settings.get());
+    m_window = std::make_unique<SettingsWindow>(m_uiEngine.get(), *m_appView, *m_parts.scheduler,
+                                                m_parts.settings.get(), m_parts.windowManagement.get());
 }
 
 void AppDelegate::pickFolders(const std::function<void(const QStringList &)> &picked) {

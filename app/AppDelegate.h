@@ -15,6 +15,7 @@
 #include "ui/UiEngine.h"
 #include "ui/shell/FolderChooser.h"
 #include "ui/shell/SettingsWindow.h"
+#include "ui/shell/WindowManagement.h"
 #include "ui/strip/StripController.h"
 #include "ui/strip/StripWindow.h"
 
@@ -48,7 +49,8 @@ public:
         std::unique_ptr<DesktopLook> look;
         std::unique_ptr<WorkArea> workArea; ///< Null: the toolkit's word is taken.
         StripWindow::Pointer pointer = StripWindow::Pointer::Known;
-        std::unique_ptr<FolderChooser> folderChooser; ///< Null: the toolkit's own dialog is taken.
+        std::unique_ptr<WindowManagement> windowManagement; ///< Null: the toolkit alone is left.
+        std::unique_ptr<FolderChooser> folderChooser;       ///< Null: the toolkit's own dialog is taken.
         std::unique_ptr<KeyboardLayout> keyboardLayout;
         std::unique_ptr<HotKeyGrabber> hotKeyGrabber;
         std::unique_ptr<RemoteService> remote;
@@ -68,8 +70,8 @@ public:
     void applicationDidFinishLaunching();
 
     /// Shows the window in front of all others, on that pane if one is given, with its history and its choices loaded
-    /// anew.
-    void openWindow(std::optional<Pane> pane = {});
+    /// anew. `activation` is what the desktop gave to whoever asks for it.
+    void openWindow(std::optional<Pane> pane = {}, const QString &activation = {});
 
     /// Begins to quit, however often it is asked.
     void applicationShouldTerminate();

@@ -5,10 +5,10 @@
 namespace palomet {
 
 /// Port: how the user wants programs to look on this desktop. What is told is as last known, and cheap; while nothing
-/// is known, panels are light, things move, and contrast is the usual one. Main thread only.
+/// is known, panels may be either, things move, and contrast is the usual one. Main thread only.
 class DesktopLook {
 public:
-    enum class Scheme { Light, Dark };
+    enum class Scheme { Unknown, Light, Dark };
 
     DesktopLook() = default;
     DesktopLook(const DesktopLook &) = delete;

@@ -5,7 +5,11 @@
 
 #include <QHash>
 
+#include <utility>
+
 namespace palomet {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -33,8 +37,18 @@ int toolkitKey(char16_t character) {
 KeyBindings::KeyBindings(const Parts &parts)
     : m_parts(parts) {
     m_shortcutsChange = m_parts.shortcuts.onChange.connect([this] { registerShortcuts(); });
+    // Said before the change is.
+    const auto choose = [this](const std::optional<Shortcut> &shortcut) {
+        if (shortcut)
+            m_occasion = HotKeyGrabber::Occasion::Chosen;
+    };
+    connect(&m_parts.shortcuts, &Shortcuts::listenChanged, this, [=, this] { choose(m_parts.shortcuts.listen()); });
+    connect(&m_parts.shortcuts, &Shortcuts::stopChanged, this, [=, this] { choose(m_parts.shortcuts.stop()); });
     connect(&m_parts.layout, &KeyboardLayout::changed, this, &KeyBindings::nameKeys);
-    connect(&m_parts.hotKeys, &HotKeys::refused, this, &KeyBindings::reportRefusal);
+    connect(&m_parts.hotKeys, &HotKeys::refused, this, [this](quint32 id) {
+        reportRefusal(id);
+        m_parts.showStopKey(stopKeyWords());
+    });
     connect(&m_parts.hotKeys, &HotKeys::granted, this, &KeyBindings::registerShortcuts);
     connect(&m_parts.hotKeys, &HotKeys::triggersChanged, this, &KeyBindings::nameKeys);
 }
@@ -65,7 +79,7 @@ void KeyBindings::registerShortcuts() {
         offers.push_back({listenId, L("menu.listen"), listen->keyCode, listen->carbonModifiers()});
     if (stop)
         offers.push_back({stopId, L("menu.stop"), stop->keyCode, stop->carbonModifiers()});
-    hotKeys.offer(offers);
+    hotKeys.offer(offers, std::exchange(m_occasion, HotKeyGrabber::Occasion::Known));
 
     if (!shortcuts.isPaused() && listen &&
         !hotKeys.registerHotKey(listenId, listen->keyCode, listen->carbonModifiers(), [&model] { model.listen(); }))
@@ -77,12 +91,33 @@ void KeyBindings::registerShortcuts() {
 }
 
 void KeyBindings::nameKeys() {
-    m_parts.showInMenu(keySequence(m_parts.shortcuts.listen(), m_parts.layout),
-                       keySequence(m_parts.shortcuts.stop(), m_parts.layout));
+    m_parts.showInMenu(shownKeys(listenId, m_parts.shortcuts.listen()), shownKeys(stopId, m_parts.shortcuts.stop()));
+    m_parts.showStopKey(stopKeyWords());
     m_parts.shortcuts.setGranted(granted(listenId, m_parts.shortcuts.listen()),
                                  granted(stopId, m_parts.shortcuts.stop()));
+    m_parts.shortcuts.setGrantable(m_parts.hotKeys.isPossible());
     if (m_parts.model.hotKeyProblem())
         reportRefusal(listenId);
+}
+
+QKeySequence KeyBindings::shownKeys(quint32 id, const std::optional<Shortcut> &shortcut) const {
+    const auto words = granted(id, shortcut);
+    if (words.isEmpty())
+        return keySequence(shortcut, m_parts.layout);
+    const QKeySequence sequence(words, QKeySequence::NativeText);
+    // Words that the toolkit does not know stand for no key.
+    const bool isKnown = !sequence.isEmpty() && sequence[0].key() != Qt::Key_unknown;
+    return isKnown ? QKeySequence(sequence[0]) : QKeySequence();
+}
+
+QString KeyBindings::stopKeyWords() const {
+    if (!m_parts.hotKeys.isKnown(stopId))
+        return {};
+    const auto &stop = m_parts.shortcuts.stop();
+    if (const auto words = granted(stopId, stop); !words.isEmpty())
+        return words;
+    const auto sequence = keySequence(stop, m_parts.layout);
+    return sequence == QKeySequence(Qt::Key_Escape) ? u"esc"_s : sequence.toString(QKeySequence::NativeText);
 }
 
 QString KeyBindings::granted(quint32 id, const std::optional<Shortcut> &shortcut) const {

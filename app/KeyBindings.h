@@ -27,6 +27,8 @@ public:
         KeyboardLayout &layout;
         /// Shows keys in the menu; an empty sequence is none.
         std::function<void(const QKeySequence &listen, const QKeySequence &stop)> showInMenu;
+        /// Shows the key that stops, in words, while it does; empty while none does.
+        std::function<void(const QString &words)> showStopKey;
     };
 
     /// Nothing is registered before `start`. All parts outlive this.
@@ -46,12 +48,17 @@ private:
     /// Says the keys' names, which another layout changes: in the menu, where the desktop granted others, and where the
     /// listen key was refused.
     void nameKeys();
+    /// The keys of a shortcut as the menu shows them: those that the desktop granted in its place, the first of
+    /// several.
+    [[nodiscard]] QKeySequence shownKeys(quint32 id, const std::optional<Shortcut> &shortcut) const;
+    [[nodiscard]] QString stopKeyWords() const;
     /// What the desktop calls the keys that it granted in place of a shortcut; empty where they are the same.
     [[nodiscard]] QString granted(quint32 id, const std::optional<Shortcut> &shortcut) const;
     void reportRefusal(quint32 id);
 
     Parts m_parts;
     Connection m_shortcutsChange;
+    HotKeyGrabber::Occasion m_occasion = HotKeyGrabber::Occasion::Known;
     bool m_isStopNeeded = false;
 };
 

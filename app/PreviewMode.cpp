@@ -33,7 +33,8 @@ PreviewMode::PreviewMode(const Parts &parts, const QStringList &arguments)
     , m_appView(m_model, m_nav, m_shortcuts, m_layout, AppView::Details{parts.version, parts.home}, {}) {
     preview::fill(m_model);
     m_nav.setPane(preview::pane(arguments).value_or(Pane::Now));
-    m_window = std::make_unique<SettingsWindow>(m_uiEngine.get(), m_appView, m_scheduler, nullptr);
+    m_window =
+        std::make_unique<SettingsWindow>(m_uiEngine.get(), m_appView, m_scheduler, nullptr, parts.windowManagement);
     connect(m_window.get(), &QWindow::visibleChanged, this, [this](bool isVisible) {
         if (!isVisible)
             Q_EMIT finished(0);

@@ -27,6 +27,7 @@ public:
         QString resources;    ///< The resource folder.
         QString home;
         QString version;
+        WindowManagement *windowManagement = nullptr; ///< Outlives this; null: the toolkit alone is left.
     };
 
     /// `arguments` are the program's own; they ask for a preview.

@@ -30,7 +30,7 @@ RemoteControl::RemoteControl(RemoteService &service, PalometModel &model)
     , m_model(model) {
     m_connections = {
         m_service.onCommand.connect([this](const RemoteCommand &command) { return perform(command); }),
-        m_service.onActivate.connect([this] { onOpen(std::nullopt); }),
+        m_service.onActivate.connect([this](const auto &activation) { onOpen(std::nullopt, activation); }),
         m_service.onReplaced.connect([this] { onReplaced(); }),
     };
     connect(&m_model, &PalometModel::snapshotChanged, this, &RemoteControl::publish);
@@ -50,7 +50,7 @@ RemoteOutcome RemoteControl::perform(const RemoteCommand &command) {
         return text ? post([&] { m_model.say(*text); }) : RemoteOutcome::Unknown;
     }
     if (command.action == u"open"_s)
-        return onOpen(command.text) ? RemoteOutcome::Done : RemoteOutcome::Unknown;
+        return onOpen(command.text, command.activation) ? RemoteOutcome::Done : RemoteOutcome::Unknown;
     if (command.action == u"quit"_s) {
         onQuit();
         return RemoteOutcome::Done;

@@ -20,8 +20,9 @@ public:
     /// `service` and `model` outlive this.
     RemoteControl(RemoteService &service, PalometModel &model);
 
-    /// Opens the window, on a pane if one is named; whether there is such a window.
-    Callback<bool(const std::optional<QString> &pane)> onOpen;
+    /// Opens the window, on a pane if one is named, with what the desktop gave for that (see `RemoteCommand`); whether
+    /// there is such a window.
+    Callback<bool(const std::optional<QString> &pane, const QString &activation)> onOpen;
     Callback<void()> onQuit;
     /// Another instance is the one that runs now.
     Callback<void()> onReplaced;

@@ -11,7 +11,7 @@
 #include "localization/Localization.h"
 #include "platform/dbus/DBusRemoteClient.h"
 #include "platform/dbus/StatusNotifierHost.h"
-#include "platform/dbus/hasGlobalShortcuts.h"
+#include "platform/dbus/grantsGlobalShortcuts.h"
 #include "platform/linux/KernelSocketOwner.h"
 #include "platform/linux/ProcPortHolder.h"
 #include "platform/linux/Terminal.h"
@@ -99,7 +99,7 @@ void lookAtKeys(Examination &found, const Session &session) {
     auto *const x11 = session.x11();
     if (Session::isWayland()) {
         found.hotKeyRoute = Examination::HotKeyRoute::Portal;
-        found.isPortalThere = hasGlobalShortcuts(session.bus());
+        found.doesPortalGrant = grantsGlobalShortcuts(session.bus());
     } else if (x11 != nullptr) {
         found.hotKeyRoute = Examination::HotKeyRoute::X11;
         if (found.instance == Examination::Instance::Absent) {

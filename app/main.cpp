@@ -26,6 +26,7 @@
 #include "platform/linux/WaylandSocket.h"
 #include "platform/linux/startChildProcess.h"
 #include "platform/x11/X11HotKeyGrabber.h"
+#include "platform/x11/X11WindowManagement.h"
 #include "platform/x11/X11WorkArea.h"
 #include "platform/xdg/AutostartEntry.h"
 #include "platform/xdg/SoundSettings.h"
@@ -80,6 +81,18 @@ std::unique_ptr<HotKeyGrabber> hotKeyGrabber(const Session &session, const Keybo
     return std::make_unique<NoHotKeyGrabber>();
 }
 
+/// Null where the toolkit's windows are not those of the X server. `x11` outlives it.
+std::unique_ptr<WindowManagement> windowManagement(X11Connection *x11) {
+    if (x11 == nullptr || QGuiApplication::platformName() != "xcb"_L1)
+        return nullptr;
+    return std::make_unique<X11WindowManagement>(*x11, Session::applicationId());
+}
+
+/// What the desktop gave to this start of the program, so that a window may come to the front.
+QString givenActivation() {
+    return qEnvironmentVariable("XDG_ACTIVATION_TOKEN", qEnvironmentVariable("DESKTOP_STARTUP_ID"));
+}
+
 /// `session` outlives what is made of it.
 AppDelegate::Parts makeParts(std::unique_ptr<RemoteService> remote, const Session &session) {
     const auto &bus = session.bus();
@@ -104,6 +117,7 @@ AppDelegate::Parts makeParts(std::unique_ptr<RemoteService> remote, const Sessio
         .workArea = session.x11() != nullptr ? std::make_unique<X11WorkArea>(*session.x11()) : nullptr,
         // There, only our own windows see the pointer.
         .pointer = Session::isWayland() ? StripWindow::Pointer::Unknown : StripWindow::Pointer::Known,
+        .windowManagement = windowManagement(session.x11()),
         .folderChooser = std::make_unique<PortalFolderChooser>(bus, QGuiApplication::platformName() == "xcb"_L1),
         .keyboardLayout = std::move(layout),
         .hotKeyGrabber = std::move(grabber),
@@ -125,6 +139,8 @@ int run(int argumentCount, char **arguments) {
     if (const auto problem = trialOfThreads(threadsNeeded))
         return fail(problem->reason, 1);
     const bool isPlatformOurs = preferXWayland();
+    // The toolkit takes some of it out of the environment.
+    const auto activation = givenActivation();
     QCoreApplication::setApplicationName(u"palomet"_s);
     QGuiApplication::setApplicationDisplayName(u"Palomet"_s);
     QGuiApplication::setDesktopFileName(Session::applicationId());
@@ -134,9 +150,11 @@ int run(int argumentCount, char **arguments) {
     // Programs that are started from here decide for themselves.
     if (isPlatformOurs)
         qunsetenv("QT_QPA_PLATFORM");
+    // It was for this start alone.
+    qunsetenv("XDG_ACTIVATION_TOKEN");
 
     auto remote = std::make_unique<DBusRemoteService>(QDBusConnection::sessionBus(), &connectToSessionBusAgain);
-    if (remote->claim() == RemoteService::Claim::Taken)
+    if (remote->claim(activation) == RemoteService::Claim::Taken)
         return 0;
     // Until the very end: a second request must not interrupt what the first has begun.
     const TerminationSignals signals([&application] { Q_EMIT application.quitRequested(); });
@@ -159,6 +177,7 @@ int runPreview(const QStringList &arguments, int argumentCount, char **rawArgume
     if (preview::capturePath(arguments) && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
     preferXWayland();
+    QCoreApplication::setApplicationName(u"palomet"_s);
     QGuiApplication::setApplicationDisplayName(u"Palomet"_s);
     QGuiApplication::setDesktopFileName(Session::applicationId());
     UiEngine::chooseRenderer();
@@ -167,7 +186,9 @@ int runPreview(const QStringList &arguments, int argumentCount, char **rawArgume
     localization::load(resources, localization::preferredLanguages());
     translateToolkit(application, localization::language());
     QtScheduler scheduler;
-    PreviewMode mode({scheduler, resources, QDir::homePath(), Session::version()}, arguments);
+    const auto x11 = X11Connection::open();
+    const auto management = windowManagement(x11.get());
+    PreviewMode mode({scheduler, resources, QDir::homePath(), Session::version(), management.get()}, arguments);
     const auto end = [](int exitCode) { QCoreApplication::exit(exitCode); };
     QObject::connect(&mode, &PreviewMode::finished, &application, end, Qt::QueuedConnection);
     // A picture that was asked for is missing then.
@@ -183,7 +204,7 @@ int runPreview(const QStringList &arguments, int argumentCount, char **rawArgume
 int remote(const CommandLine &line, int argumentCount, char **arguments) {
     const QCoreApplication application(argumentCount, arguments);
     DBusRemoteClient client(QDBusConnection::sessionBus());
-    return runRemoteCommand(line, client);
+    return runRemoteCommand(line, client, givenActivation());
 }
 
 int autostart(const CommandLine &line, int argumentCount, char **arguments) {
@@ -201,7 +222,7 @@ int failWithoutDisplay() {
 int runWithoutDisplay(int argumentCount, char **arguments) {
     const QCoreApplication application(argumentCount, arguments);
     DBusRemoteClient client(QDBusConnection::sessionBus());
-    return client.send({u"open"_s, std::nullopt}) ? failWithoutDisplay() : 0;
+    return client.send({u"open"_s, std::nullopt, givenActivation()}) ? failWithoutDisplay() : 0;
 }
 
 } // namespace

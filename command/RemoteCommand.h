@@ -11,6 +11,9 @@ namespace palomet {
 struct RemoteCommand {
     QString action;
     std::optional<QString> text;
+    /// What the desktop gave for this command, so that a window may come to the front: an activation token or a startup
+    /// id; empty without one.
+    QString activation{};
 
     bool operator==(const RemoteCommand &) const = default;
 };

@@ -20,8 +20,9 @@ public:
     RemoteService &operator=(const RemoteService &) = delete;
     virtual ~RemoteService() = default;
 
-    /// Tries to become the one running instance of this user. Once, before anything else is started.
-    [[nodiscard]] virtual Claim claim() = 0;
+    /// Tries to become the one running instance of this user. Once, before anything else is started. Another instance
+    /// that runs gets `activation`, as `RemoteCommand` has it.
+    [[nodiscard]] virtual Claim claim(const QString &activation) = 0;
 
     /// Keeps what is told of this instance current, and tells those who follow it of a change.
     virtual void publish(const RemoteStatus &status) = 0;
@@ -29,8 +30,9 @@ public:
     /// Carries a command out. Set before `claim`.
     Callback<RemoteOutcome(const RemoteCommand &)> onCommand;
 
-    /// Somebody wants to see the program. Set before `claim`.
-    Callback<void()> onActivate;
+    /// Somebody wants to see the program, and has got `activation` for it, as `RemoteCommand` has it. Set before
+    /// `claim`.
+    Callback<void(const QString &activation)> onActivate;
 
     /// The bus has ended, another one has come, and on that one another instance was there first: that is the one
     /// running instance now. Set before `claim`.

@@ -35,8 +35,9 @@ QByteArray inputText() {
     return text;
 }
 
-int command(const CommandLine &line, RemoteClient &client) {
+int command(const CommandLine &line, RemoteClient &client, const QString &activation) {
     auto command = *line.command;
+    command.activation = activation;
     if (line.isTextOnInput) {
         const auto text = CommandLine::checkedText(inputText());
         if (!text)
@@ -75,9 +76,9 @@ int follow(const CommandLine &line, RemoteClient &client) {
 
 } // namespace
 
-int runRemoteCommand(const CommandLine &line, RemoteClient &client) {
+int runRemoteCommand(const CommandLine &line, RemoteClient &client, const QString &activation) {
     if (line.mode == CommandLine::Mode::Command)
-        return command(line, client);
+        return command(line, client, activation);
     if (line.isFollowing)
         return follow(line, client);
     const auto status = client.status();

@@ -122,30 +122,44 @@ Finding tray(const Examination &found) {
                           "the panel"_s);
 }
 
-Finding hotKeys(const Examination &found) {
+Finding keysOfPortal(const Examination &found, const QString &byCommand) {
     const auto subject = u"hot keys"_s;
-    const auto route = found.hotKeyRoute == Examination::HotKeyRoute::Portal ? u"the desktop's portal"_s : u"X11"_s;
-    const auto bindIt = u"bind \"palomet --listen\" to a key in the desktop's settings"_s;
-    if (found.hotKeyRoute == Examination::HotKeyRoute::None)
-        return fails(subject, u"there is no display to take them from"_s);
-    if (found.hotKeyRoute == Examination::HotKeyRoute::Portal && !found.isPortalThere)
-        return fails(subject, u"this desktop's portal has no global shortcuts; %1"_s.arg(bindIt));
-    const auto taken = u"%1 is refused by %2: another program holds it; choose another key in the window, under "
-                       "Listening, or %3"_s.arg(found.listenKey, route, bindIt);
-    if (found.instance == Instance::Running) {
-        return found.status.hotKeyProblem.isEmpty()
-                   ? works(subject, u"held by the Palomet that runs, through %1"_s.arg(route))
-                   : fails(subject, taken);
-    }
-    switch (found.key) {
-    case Examination::Key::Taken:
-        return fails(subject, taken);
-    case Examination::Key::Free:
-        return works(subject, u"through %1; %2 is free"_s.arg(route, found.listenKey));
-    case Examination::Key::NotTried:
+    const bool isRunning = found.instance == Instance::Running;
+    if (!found.doesPortalGrant)
+        return fails(subject, u"this desktop's portal grants keys to no program; "_s + byCommand);
+    if (!isRunning)
+        return works(subject, u"the desktop's portal is asked for them when Palomet starts"_s);
+    if (found.status.hotKeyProblem.isEmpty())
+        return works(subject, u"held by the Palomet that runs, through the desktop's portal"_s);
+    return fails(subject,
+                 u"the desktop's portal granted none for %1; choose one for Palomet in the desktop's settings, "
+                 "or another key in the window, under Listening; or %2"_s.arg(found.listenKey, byCommand));
+}
+
+Finding keysOfX11(const Examination &found, const QString &byCommand) {
+    const auto subject = u"hot keys"_s;
+    const bool isRunning = found.instance == Instance::Running;
+    if (isRunning ? !found.status.hotKeyProblem.isEmpty() : found.key == Examination::Key::Taken)
+        return fails(subject,
+                     u"%1 is refused by X11: another program holds it; choose another key in the window, under "
+                     "Listening, or %2"_s.arg(found.listenKey, byCommand));
+    if (isRunning)
+        return works(subject, u"held by the Palomet that runs, through X11"_s);
+    return works(subject, found.key == Examination::Key::Free ? u"through X11; %1 is free"_s.arg(found.listenKey)
+                                                              : u"through X11"_s);
+}
+
+Finding hotKeys(const Examination &found) {
+    const auto byCommand = u"bind \"palomet --listen\" and \"palomet --stop\" to keys in the desktop's settings"_s;
+    switch (found.hotKeyRoute) {
+    case Examination::HotKeyRoute::Portal:
+        return keysOfPortal(found, byCommand);
+    case Examination::HotKeyRoute::X11:
+        return keysOfX11(found, byCommand);
+    case Examination::HotKeyRoute::None:
         break;
     }
-    return works(subject, u"through %1"_s.arg(route));
+    return fails(u"hot keys"_s, u"there is no display to take them from"_s);
 }
 
 Finding strip(const Examination &found) {

@@ -67,7 +67,7 @@ struct Examination {
 
     TrayHost::Status tray = TrayHost::Status::NotDetermined;
     HotKeyRoute hotKeyRoute = HotKeyRoute::None;
-    bool isPortalThere = false;
+    bool doesPortalGrant = false; ///< The desktop's portal takes requests for keys.
     QString listenKey;
     Key key = Key::NotTried;
     StripRoute stripRoute = StripRoute::None;

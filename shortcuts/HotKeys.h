@@ -22,7 +22,15 @@ public:
     ~HotKeys() override;
 
     /// Names every hot key that may be registered; see `HotKeyGrabber::offer`.
-    void offer(const std::vector<HotKeyOffer> &offers) { m_grabber->offer(offers); }
+    void offer(const std::vector<HotKeyOffer> &offers, HotKeyGrabber::Occasion occasion) {
+        m_grabber->offer(offers, occasion);
+    }
+
+    /// Whether the desktop grants keys to programs at all, as far as is known.
+    [[nodiscard]] bool isPossible() const { return m_grabber->isPossible(); }
+
+    /// Whether a hot key is registered, and its keys are known; see `HotKeyGrabber::isKnown`.
+    [[nodiscard]] bool isKnown(quint32 id) const { return m_actions.contains(id) && m_grabber->isKnown(id); }
 
     /// What the desktop calls the keys that its user chose; empty where the combination is what was asked for.
     [[nodiscard]] QString trigger(quint32 id) const { return m_grabber->trigger(id); }
@@ -42,7 +50,7 @@ Q_SIGNALS:
     /// The desktop would grant a hot key that is not registered, perhaps one that it had refused.
     void granted(quint32 id);
 
-    /// `trigger` tells other keys than before.
+    /// `trigger` tells other keys than before, or `isPossible` and `isKnown` something else.
     void triggersChanged();
 
 private:

@@ -4,6 +4,8 @@
 
 #include <QSettings>
 
+#include <utility>
+
 namespace palomet {
 
 using namespace Qt::StringLiterals;
@@ -54,6 +56,11 @@ void Shortcuts::setGranted(const QString &listen, const QString &stop) {
     m_grantedListen = listen;
     m_grantedStop = stop;
     Q_EMIT grantedChanged();
+}
+
+void Shortcuts::setGrantable(bool isGrantable) {
+    if (std::exchange(m_isGrantable, isGrantable) != isGrantable)
+        Q_EMIT grantableChanged();
 }
 
 void Shortcuts::save(const QString &key, const std::optional<Shortcut> &shortcut) {

@@ -44,6 +44,10 @@ public:
     /// Announced where it is another; never saved, nor reported.
     void setGranted(const QString &listen, const QString &stop);
 
+    /// Whether the desktop grants keys to programs at all, as far as is known. Announced where it is another.
+    [[nodiscard]] bool isGrantable() const { return m_isGrantable; }
+    void setGrantable(bool isGrantable);
+
     /// The owner's, called after every change of any of the three.
     Callback<void()> onChange;
 
@@ -51,6 +55,7 @@ Q_SIGNALS:
     void listenChanged();
     void stopChanged();
     void grantedChanged();
+    void grantableChanged();
 
 private:
     void save(const QString &key, const std::optional<Shortcut> &shortcut);
@@ -63,6 +68,7 @@ private:
     QString m_grantedListen;
     QString m_grantedStop;
     bool m_isPaused = false;
+    bool m_isGrantable = true;
 };
 
 } // namespace palomet

@@ -11,6 +11,7 @@ import { defaultPort } from "./base/protocol.ts";
 import { StartFailures } from "./base/startFailures.ts";
 import { Engine } from "./engine.ts";
 import { Listener } from "./hearing/listener.ts";
+import { prepare as prepareSentences } from "./hands/parsing/sentence.ts";
 import { Microphone } from "./hearing/microphone.ts";
 import { Children } from "./machine/children.ts";
 import { Choices } from "./machine/choices.ts";
@@ -93,6 +94,7 @@ async function main(): Promise<void> {
     if (!(await isTaken(port))) failures.tell(`a porta ${port} estava ocupada`);
     process.exit(1);
   }
+  systemClock.after(0, () => prepareSentences(locale.language));
   void prepare().then(() => engine.changed());
   const isAgain = failures.isAgain;
   systemClock.after(settledAfterMs, () => failures.settle());

@@ -1,6 +1,7 @@
 #include "platform/dbus/DBusRemoteClient.h"
 
 #include "command/RemoteStatusJson.h"
+#include "platform/dbus/PlatformData.h"
 #include "platform/dbus/RemoteNames.h"
 
 #include <QDBusConnectionInterface>
@@ -42,7 +43,8 @@ std::optional<Failure> DBusRemoteClient::send(const RemoteCommand &command) {
     QVariantList parameters;
     if (command.text)
         parameters.append(*command.text);
-    const auto reply = call(application, u"ActivateAction"_s, {command.action, parameters, QVariantMap()});
+    const auto reply =
+        call(application, u"ActivateAction"_s, {command.action, parameters, platformData(command.activation)});
     return reply ? std::nullopt : std::optional(Failure{reply.reason()});
 }
 

@@ -1,6 +1,7 @@
 #include "platform/dbus/DBusRemoteService.h"
 
 #include "command/RemoteStatusJson.h"
+#include "platform/dbus/PlatformData.h"
 #include "platform/dbus/RemoteNames.h"
 
 #include <QDBusConnectionInterface>
@@ -53,7 +54,7 @@ void DBusRemoteService::leave() {
     m_bus.unregisterObject(path);
 }
 
-RemoteService::Claim DBusRemoteService::claim() {
+RemoteService::Claim DBusRemoteService::claim(const QString &activation) {
     if (!m_bus.isConnected()) {
         busHasEnded();
         return Claim::Absent;
@@ -62,7 +63,7 @@ RemoteService::Claim DBusRemoteService::claim() {
     if (claim != Claim::Taken)
         return claim;
     auto activate = QDBusMessage::createMethodCall(service, path, application, u"Activate"_s);
-    activate.setArguments({QVariantMap()});
+    activate.setArguments({platformData(activation)});
     m_bus.call(activate, QDBus::Block, 5000);
     return claim;
 }
@@ -132,16 +133,17 @@ bool DBusRemoteService::handleMessage(const QDBusMessage &message, const QDBusCo
 
 bool DBusRemoteService::handleApplication(const QDBusMessage &message) {
     // There are no documents to open: whoever asks for one sees the window.
+    const auto arguments = message.arguments();
     if (message.member() == u"Activate"_s || message.member() == u"Open"_s) {
         m_bus.send(message.createReply());
         QMetaObject::invokeMethod(
-            this, [this] { onActivate(); }, Qt::QueuedConnection);
+            this, [this, activation = activationIn(arguments.value(arguments.size() - 1))] { onActivate(activation); },
+            Qt::QueuedConnection);
         return true;
     }
     if (message.member() != u"ActivateAction"_s)
         return false;
-    const auto arguments = message.arguments();
-    RemoteCommand command{arguments.value(0).toString(), std::nullopt};
+    RemoteCommand command{arguments.value(0).toString(), std::nullopt, activationIn(arguments.value(2))};
     const auto parameters = qdbus_cast<QVariantList>(arguments.value(1));
     if (!parameters.isEmpty()) {
         auto parameter = parameters.front();

@@ -30,7 +30,7 @@ public:
                                std::chrono::milliseconds retryEvery = std::chrono::seconds{2});
     ~DBusRemoteService() override;
 
-    [[nodiscard]] Claim claim() override;
+    [[nodiscard]] Claim claim(const QString &activation) override;
     void publish(const RemoteStatus &status) override;
 
     [[nodiscard]] QString introspect(const QString &path) const override;

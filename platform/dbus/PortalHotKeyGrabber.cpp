@@ -16,26 +16,13 @@ namespace palomet {
 
 using namespace Qt::StringLiterals;
 
-QDBusArgument &operator<<(QDBusArgument &argument, const PortalShortcut &shortcut) {
-    argument.beginStructure();
-    argument << shortcut.id << shortcut.properties;
-    argument.endStructure();
-    return argument;
-}
-
-const QDBusArgument &operator>>(const QDBusArgument &argument, PortalShortcut &shortcut) {
-    argument.beginStructure();
-    argument >> shortcut.id >> shortcut.properties;
-    argument.endStructure();
-    return argument;
-}
-
 PortalHotKeyGrabber::PortalHotKeyGrabber(const QDBusConnection &bus, QString applicationId,
                                          const KeyboardLayout &layout)
     : m_bus(bus)
     , m_applicationId(std::move(applicationId))
     , m_layout(layout)
-    , m_watcher(new QDBusServiceWatcher(portal::service, bus, QDBusServiceWatcher::WatchForOwnerChange, this)) {
+    , m_watcher(new QDBusServiceWatcher(portal::service, bus, QDBusServiceWatcher::WatchForOwnerChange, this))
+    , m_request(bus, portal::globalShortcuts) {
     qDBusRegisterMetaType<PortalShortcut>();
     qDBusRegisterMetaType<QList<PortalShortcut>>();
     connect(m_watcher, &QDBusServiceWatcher::serviceOwnerChanged, this, &PortalHotKeyGrabber::serviceOwnerChanged);
@@ -49,19 +36,18 @@ PortalHotKeyGrabber::~PortalHotKeyGrabber() {
     closeSession();
 }
 
-void PortalHotKeyGrabber::offer(const std::vector<HotKeyOffer> &offers) {
-    if (offers == m_offers)
+void PortalHotKeyGrabber::offer(const std::vector<HotKeyOffer> &offers, Occasion occasion) {
+    if (offers == m_offers && occasion == Occasion::Known)
         return;
     m_offers = offers;
-    closeSession();
-    begin();
+    m_isChosen = m_isChosen || occasion == Occasion::Chosen;
+    beginAgain();
 }
 
 bool PortalHotKeyGrabber::grab(quint32 id, quint32 keyCode, quint32 modifiers) {
     static_cast<void>(keyCode);
     static_cast<void>(modifiers);
-    const bool isPending = m_state == State::Creating || m_state == State::Binding;
-    if (!isPending && !m_triggers.contains(id))
+    if (!isPending() && !m_triggers.contains(id))
         return false;
     m_held.insert(id);
     return true;
@@ -87,8 +73,21 @@ QList<PortalShortcut> PortalHotKeyGrabber::shortcuts() const {
     return list;
 }
 
+void PortalHotKeyGrabber::beginAgain() {
+    // The portal would not take a second session of the same name beside one that is being made, or is not closed yet.
+    m_isOfferNewer = m_state == State::Creating;
+    if (m_isOfferNewer || m_state == State::Closing)
+        return;
+    m_isToldAgain = false;
+    closeSession();
+    if (m_state != State::Closing)
+        begin();
+}
+
 void PortalHotKeyGrabber::begin() {
-    if (m_offers.empty() || !m_bus.isConnected()) {
+    m_isOfferNewer = false;
+    m_isPossible = m_bus.isConnected();
+    if (m_offers.empty() || !m_isPossible) {
         m_state = State::Refused;
         return;
     }
@@ -105,67 +104,82 @@ void PortalHotKeyGrabber::begin() {
 
 void PortalHotKeyGrabber::createSession() {
     m_state = State::Creating;
-    const auto token = expectResponse();
-    call(u"CreateSession"_s, {QVariantMap{{u"handle_token"_s, token},
-                                          {u"session_handle_token"_s, token},
-                                          // Some portals bind by this call alone.
-                                          {u"shortcuts"_s, QVariant::fromValue(shortcuts())}}});
+    const auto arguments = [this](const QString &token) {
+        return QVariantList{QVariantMap{{u"handle_token"_s, token},
+                                        {u"session_handle_token"_s, u"palomet"_s},
+                                        // Some portals bind by this call alone.
+                                        {u"shortcuts"_s, QVariant::fromValue(shortcuts())}}};
+    };
+    m_request.make(u"CreateSession"_s, arguments, [this](const auto &results) { sessionCreated(results); });
+}
+
+void PortalHotKeyGrabber::sessionCreated(const Results &results) {
+    const auto handle = results.value_or(QVariantMap())[u"session_handle"_s];
+    const auto path =
+        handle.typeId() == qMetaTypeId<QDBusObjectPath>() ? handle.value<QDBusObjectPath>().path() : handle.toString();
+    if (!path.startsWith(u'/')) {
+        if (m_isOfferNewer)
+            return begin();
+        m_isPossible = false;
+        return refuseAll();
+    }
+    m_session = path;
+    m_bus.connect({}, m_session, portal::session, u"Closed"_s, this, SLOT(sessionClosed(QDBusMessage)));
+    m_state = State::Asking;
+    // A portal that binds by the session alone tells the wished keys of those that are new to it, whatever became of
+    // them; to the next session it tells what is.
+    const bool isWishedOnly = results->contains(u"shortcuts"_s) && !std::exchange(m_isToldAgain, true);
+    if (m_isOfferNewer || isWishedOnly)
+        closeSession();
+    else if (m_isChosen)
+        bindShortcuts();
+    else
+        listShortcuts(&PortalHotKeyGrabber::bindWhereMissing);
+}
+
+void PortalHotKeyGrabber::listShortcuts(void (PortalHotKeyGrabber::*listed)(const Results &)) {
+    const auto arguments = [this](const QString &token) {
+        return QVariantList{QVariant::fromValue(QDBusObjectPath(m_session)), QVariantMap{{u"handle_token"_s, token}}};
+    };
+    m_request.make(u"ListShortcuts"_s, arguments, [this, listed](const auto &results) { (this->*listed)(results); });
+}
+
+void PortalHotKeyGrabber::bindWhereMissing(const Results &listed) {
+    if (listed && knowsAll(listed->value(u"shortcuts"_s)))
+        bound(listed);
+    else
+        bindShortcuts();
 }
 
 void PortalHotKeyGrabber::bindShortcuts() {
-    m_state = State::Binding;
-    const auto token = expectResponse();
-    call(u"BindShortcuts"_s, {QVariant::fromValue(QDBusObjectPath(m_session)), QVariant::fromValue(shortcuts()),
-                              QString(), QVariantMap{{u"handle_token"_s, token}}});
-}
-
-QString PortalHotKeyGrabber::expectResponse() {
-    if (!m_request.isEmpty())
-        m_bus.disconnect({}, m_request, portal::request, u"Response"_s, this,
-                         SLOT(responded(uint, QVariantMap, QDBusMessage)));
-    auto token = u"palomet%1"_s.arg(++m_tokens);
-    const auto sender = m_bus.baseService().mid(1).replace(u'.', u'_');
-    m_request = u"%1/request/%2/%3"_s.arg(portal::path, sender, token);
-    m_bus.connect({}, m_request, portal::request, u"Response"_s, this,
-                  SLOT(responded(uint, QVariantMap, QDBusMessage)));
-    return token;
-}
-
-void PortalHotKeyGrabber::call(const QString &method, const QVariantList &arguments) {
-    auto message = QDBusMessage::createMethodCall(portal::service, portal::path, portal::globalShortcuts, method);
-    message.setArguments(arguments);
-    auto *watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(message), this);
-    connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher, attempt = ++m_attempt] {
-        watcher->deleteLater();
-        // The answer proper comes by the request's signal; here only that there will be none.
-        if (watcher->isError() && attempt == m_attempt)
-            refuseAll();
+    m_isChosen = false;
+    const auto arguments = [this](const QString &token) {
+        return QVariantList{QVariant::fromValue(QDBusObjectPath(m_session)), QVariant::fromValue(shortcuts()),
+                            QString(), QVariantMap{{u"handle_token"_s, token}}};
+    };
+    m_request.make(u"BindShortcuts"_s, arguments, [this](const auto &results) {
+        // Some portals do not say in the answer what was granted.
+        if (results && !results->contains(u"shortcuts"_s))
+            listShortcuts(&PortalHotKeyGrabber::bound);
+        else
+            bound(results);
     });
 }
 
-void PortalHotKeyGrabber::responded(uint code, const QVariantMap &results, const QDBusMessage &message) {
-    if (message.path() != m_request)
-        return;
-    if (code != 0) {
-        refuseAll();
-        return;
+void PortalHotKeyGrabber::bound(const Results &results) {
+    if (!results)
+        return refuseAll();
+    m_state = State::Bound;
+    keepTriggers(results->value(u"shortcuts"_s));
+}
+
+bool PortalHotKeyGrabber::knowsAll(const QVariant &shortcuts) const {
+    std::set<quint32> known;
+    for (const auto &shortcut : qdbus_cast<QList<PortalShortcut>>(shortcuts)) {
+        if (const auto id = offeredId(shortcut.id))
+            known.insert(*id);
     }
-    if (m_state == State::Creating) {
-        const auto handle = results[u"session_handle"_s];
-        m_session = handle.canConvert<QDBusObjectPath>() && handle.typeId() != QMetaType::QString
-                        ? handle.value<QDBusObjectPath>().path()
-                        : handle.toString();
-        if (!m_session.startsWith(u'/')) {
-            m_session.clear();
-            refuseAll();
-            return;
-        }
-        m_bus.connect({}, m_session, portal::session, u"Closed"_s, this, SLOT(sessionClosed(QDBusMessage)));
-        bindShortcuts();
-    } else if (m_state == State::Binding) {
-        m_state = State::Bound;
-        keepTriggers(results[u"shortcuts"_s]);
-    }
+    return known.size() == m_offers.size();
 }
 
 void PortalHotKeyGrabber::keepTriggers(const QVariant &shortcuts) {
@@ -228,6 +242,7 @@ void PortalHotKeyGrabber::sessionClosed(const QDBusMessage &message) {
     if (message.path() != m_session)
         return;
     m_session.clear();
+    m_request.withdraw();
     refuseAll();
 }
 
@@ -246,29 +261,36 @@ void PortalHotKeyGrabber::refuseAll() {
 }
 
 void PortalHotKeyGrabber::closeSession() {
-    ++m_attempt;
+    m_request.withdraw();
     m_triggers.clear();
-    m_state = State::Idle;
+    m_state = State::Refused;
     if (m_session.isEmpty())
         return;
+    m_state = State::Closing;
     m_bus.disconnect({}, m_session, portal::session, u"Closed"_s, this, SLOT(sessionClosed(QDBusMessage)));
-    m_bus.send(QDBusMessage::createMethodCall(portal::service, m_session, portal::session, u"Close"_s));
+    const auto close = QDBusMessage::createMethodCall(portal::service, m_session, portal::session, u"Close"_s);
     m_session.clear();
+    auto *watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(close), this);
+    connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher] {
+        watcher->deleteLater();
+        if (m_state == State::Closing)
+            begin();
+    });
 }
 
 void PortalHotKeyGrabber::serviceOwnerChanged(const QString &, const QString &oldOwner, const QString &newOwner) {
     if (!oldOwner.isEmpty()) {
         // Bindings are gone with the portal; the registered keys stay so, and are bound anew when it returns.
-        ++m_attempt;
+        m_request.withdraw();
         m_session.clear();
         m_triggers.clear();
         m_isRegistered = false;
+        m_isToldAgain = false;
         m_state = State::Creating;
         onTriggersChanged();
     }
     // The first owner may be the answer to our own first call, which is under way then.
-    const bool isUnderWay = oldOwner.isEmpty() && (m_state == State::Creating || m_state == State::Binding) &&
-                            !m_request.isEmpty() && m_isRegistered;
+    const bool isUnderWay = oldOwner.isEmpty() && m_request.isPending() && m_isRegistered;
     if (!newOwner.isEmpty() && !isUnderWay && !m_offers.empty())
         begin();
 }

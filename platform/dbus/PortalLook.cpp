@@ -11,6 +11,7 @@ namespace {
 const auto appearance = u"org.freedesktop.appearance"_s;
 // The values of that group's settings beside "no preference".
 constexpr uint preferDark = 1;
+constexpr uint preferLight = 2;
 constexpr uint reduceMotion = 1;
 constexpr uint raiseContrast = 1;
 
@@ -36,11 +37,17 @@ PortalLook::PortalLook(const QDBusConnection &bus, const QString &desktop)
         });
 }
 
+DesktopLook::Scheme PortalLook::panelSchemeNow() const {
+    if (m_isPanelAlwaysDark || says(m_scheme, preferDark))
+        return Scheme::Dark;
+    return says(m_scheme, preferLight) ? Scheme::Light : Scheme::Unknown;
+}
+
 PortalLook::Look PortalLook::currentLook() const {
     const auto &animations = m_animations.value();
     const bool areAnimationsOff = animations.typeId() == QMetaType::Bool && !animations.toBool();
     const bool hasMotion = m_motion.value().typeId() == QMetaType::UInt;
-    return {.panelScheme = m_isPanelAlwaysDark || says(m_scheme, preferDark) ? Scheme::Dark : Scheme::Light,
+    return {.panelScheme = panelSchemeNow(),
             .isMotionReduced = hasMotion ? says(m_motion, reduceMotion) : areAnimationsOff,
             .isContrastRaised = says(m_contrast, raiseContrast)};
 }

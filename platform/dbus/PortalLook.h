@@ -5,7 +5,8 @@
 
 namespace palomet {
 
-/// The user's wishes as the portal tells them. The panel of one desktop is dark in every scheme; where motion has no
+/// The user's wishes as the portal tells them. The panel of one desktop is dark in every scheme, and that of a desktop
+/// whose user prefers none may be either; where motion has no
 /// setting of its own yet, GNOME's switch for animations stands for it.
 class PortalLook final : public DesktopLook {
 public:
@@ -18,13 +19,14 @@ public:
 
 private:
     struct Look {
-        Scheme panelScheme = Scheme::Light;
+        Scheme panelScheme = Scheme::Unknown;
         bool isMotionReduced = false;
         bool isContrastRaised = false;
 
         bool operator==(const Look &) const = default;
     };
     [[nodiscard]] Look currentLook() const;
+    [[nodiscard]] Scheme panelSchemeNow() const;
 
     const bool m_isPanelAlwaysDark;
     const PortalSetting m_scheme;

@@ -2,10 +2,7 @@
 
 #include "platform/dbus/PortalNames.h"
 
-#include <QDBusArgument>
 #include <QDBusVariant>
-#include <QMap>
-#include <QVariantMap>
 
 namespace palomet {
 
@@ -13,10 +10,19 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QDBusMessage question(const QString &group) {
-    auto call = QDBusMessage::createMethodCall(portal::service, portal::path, portal::settings, u"ReadAll"_s);
-    call.setArguments({QStringList{group}});
+/// Of that one setting: a whole group comes from each of the desktop's backends in turn, and nothing tells which of
+/// them is to be believed.
+QDBusMessage question(const QString &group, const QString &key) {
+    auto call = QDBusMessage::createMethodCall(portal::service, portal::path, portal::settings, u"Read"_s);
+    call.setArguments({group, key});
     return call;
+}
+
+/// What is in a variant, which may be in another one.
+QVariant content(QVariant value) {
+    while (value.typeId() == qMetaTypeId<QDBusVariant>())
+        value = value.value<QDBusVariant>().variant();
+    return value;
 }
 
 } // namespace
@@ -24,7 +30,7 @@ QDBusMessage question(const QString &group) {
 PortalSetting::PortalSetting(const QDBusConnection &bus, QString group, QString key)
     : m_group(std::move(group))
     , m_key(std::move(key))
-    , m_question(bus, question(m_group), [this](const QDBusMessage &reply) { answered(reply); })
+    , m_question(bus, question(m_group, m_key), [this](const QDBusMessage &reply) { answered(reply); })
     , m_watcher(portal::service, bus, QDBusServiceWatcher::WatchForRegistration) {
     connect(&m_watcher, &QDBusServiceWatcher::serviceRegistered, this, [this] { m_question.ask(); });
     auto listening = bus;
@@ -34,11 +40,10 @@ PortalSetting::PortalSetting(const QDBusConnection &bus, QString group, QString 
 }
 
 void PortalSetting::answered(const QDBusMessage &reply) {
-    const bool isAnswer = reply.type() == QDBusMessage::ReplyMessage && reply.signature() == u"a{sa{sv}}"_s;
-    if (isAnswer) {
-        const auto groups = qdbus_cast<QMap<QString, QVariantMap>>(reply.arguments().constFirst());
-        m_value = groups.value(m_group).value(m_key);
-    }
+    if (reply.type() == QDBusMessage::ReplyMessage && reply.signature() == u"v"_s)
+        m_value = content(reply.arguments().constFirst());
+    else if (reply.errorName() == u"org.freedesktop.portal.Error.NotFound"_s)
+        m_value = {};
     // A portal that has been told of and does not answer is no reason to forget what it said.
     m_isSettled = true;
     Q_EMIT changed();
@@ -50,7 +55,7 @@ void PortalSetting::settingChanged(const QDBusMessage &signal) {
         return;
     // Newer than any answer that is still on its way.
     m_question.withdraw();
-    m_value = arguments[2].value<QDBusVariant>().variant();
+    m_value = content(arguments[2]);
     m_isSettled = true;
     Q_EMIT changed();
 }

@@ -1,6 +1,7 @@
 #include "platform/x11/X11WorkArea.h"
 
 #include "platform/x11/X11Connection.h"
+#include "platform/x11/X11Properties.h"
 #include "platform/x11/XcbReply.h"
 
 #include <QByteArray>
@@ -15,9 +16,6 @@
 namespace palomet {
 
 namespace {
-
-/// The most windows, and the most numbers of a property, that are looked at.
-constexpr quint32 mostValues = 4096;
 
 /// A strut: how far it reaches into the whole display from an edge, and from where to where along that edge.
 enum Strut { Left, Right, Top, Bottom, LeftFrom, LeftTo, RightFrom, RightTo, TopFrom, TopTo, BottomFrom, BottomTo };
@@ -34,15 +32,6 @@ struct Atoms {
     xcb_atom_t area;
 };
 
-xcb_intern_atom_cookie_t askForAtom(xcb_connection_t *connection, const QByteArray &name) {
-    return xcb_intern_atom(connection, 1, static_cast<quint16>(name.size()), name.constData());
-}
-
-xcb_atom_t atom(xcb_connection_t *connection, xcb_intern_atom_cookie_t cookie) {
-    const XcbReply<xcb_intern_atom_reply_t> reply{xcb_intern_atom_reply(connection, cookie, nullptr)};
-    return reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
-}
-
 Atoms atoms(xcb_connection_t *connection) {
     const auto ask = [&](const char *name) { return askForAtom(connection, name); };
     const auto clients = ask("_NET_CLIENT_LIST");
@@ -52,18 +41,6 @@ Atoms atoms(xcb_connection_t *connection) {
     const auto area = ask("_NET_WORKAREA");
     return {atom(connection, clients), atom(connection, partial), atom(connection, whole), atom(connection, desktop),
             atom(connection, area)};
-}
-
-xcb_get_property_cookie_t ask(xcb_connection_t *connection, xcb_window_t window, xcb_atom_t property) {
-    return xcb_get_property(connection, 0, window, property, XCB_ATOM_ANY, 0, mostValues);
-}
-
-std::vector<quint32> values(xcb_connection_t *connection, xcb_get_property_cookie_t cookie) {
-    const XcbReply<xcb_get_property_reply_t> reply{xcb_get_property_reply(connection, cookie, nullptr)};
-    if (!reply || reply->format != 32)
-        return {};
-    const auto *first = static_cast<const quint32 *>(xcb_get_property_value(reply.get()));
-    return {first, first + xcb_get_property_value_length(reply.get()) / static_cast<int>(sizeof(quint32))};
 }
 
 /// A property of four numbers reaches along the whole of its edges.

@@ -125,6 +125,7 @@ protected:
             .trayHost = std::move(ownedHost),
             .look = std::move(ownedLook),
             .workArea = nullptr,
+            .windowManagement = nullptr,
             .folderChooser = std::move(ownedChooser),
             .keyboardLayout = std::make_unique<NoKeyboardLayout>(),
             .hotKeyGrabber = std::move(ownedGrabber),
@@ -157,7 +158,7 @@ protected:
         case Happening::UserAnswers:
             return permission->answer(MicrophoneStatus::Authorized);
         case Happening::WindowIsAskedFor:
-            return remote->onActivate();
+            return remote->onActivate({});
         case Happening::UserQuits:
             return delegate->applicationShouldTerminate();
         }
@@ -516,7 +517,7 @@ TEST_F(AppDelegateTest, OpensItsWindowForOtherProgramsOnThePaneThatTheyName) {
     window()->close();
     EXPECT_EQ(remote->onCommand({u"open"_s, u"cellar"_s}), RemoteOutcome::Unknown);
     EXPECT_FALSE(window()->isVisible());
-    remote->onActivate();
+    remote->onActivate({});
     EXPECT_TRUE(window()->isVisible());
     EXPECT_EQ(view()->pane(), Pane::Voice);
 }

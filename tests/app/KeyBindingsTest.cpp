@@ -14,6 +14,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 using namespace palomet;
 using namespace Qt::StringLiterals;
 
@@ -50,10 +52,19 @@ protected:
     test::FixedKeyboardLayout layout{{{40, u"k"_s}}};
     QKeySequence listenKey;
     QKeySequence stopKey;
-    KeyBindings bindings{{model, hotKeys, shortcuts, layout, [this](const auto &listen, const auto &stop) {
-                              listenKey = listen;
-                              stopKey = stop;
-                          }}};
+    QString stopWords;
+    KeyBindings bindings{{
+        .model = model,
+        .hotKeys = hotKeys,
+        .shortcuts = shortcuts,
+        .layout = layout,
+        .showInMenu =
+            [this](const auto &listen, const auto &stop) {
+                listenKey = listen;
+                stopKey = stop;
+            },
+        .showStopKey = [this](const auto &words) { stopWords = words; },
+    }};
 };
 
 } // namespace
@@ -192,4 +203,69 @@ TEST_F(KeyBindingsTest, TellsTheKeysThatTheDesktopGrantedWhereTheyAreNotTheWishe
     grabber->onTriggersChanged();
     EXPECT_EQ(shortcuts.grantedListen(), QString());
     EXPECT_EQ(shortcuts.grantedStop(), u"the key at the top left"_s);
+}
+
+TEST_F(KeyBindingsTest, ShowsTheKeysThatTheDesktopGrantedInTheMenu) {
+    bindings.start();
+    grabber->triggers = {{1, u"Meta+1, Meta+2"_s}, {2, u"the key at the top left"_s}};
+    grabber->onTriggersChanged();
+    EXPECT_EQ(listenKey, QKeySequence(u"Meta+1"_s));
+    EXPECT_EQ(stopKey, QKeySequence()) << "words that are no key";
+    grabber->triggers.clear();
+    grabber->onTriggersChanged();
+    EXPECT_EQ(listenKey, QKeySequence(u"Alt+Space"_s));
+    EXPECT_EQ(stopKey, QKeySequence(Qt::Key_Escape));
+}
+
+TEST_F(KeyBindingsTest, SaysTheStopKeyOnlyWhileItWorks) {
+    bindings.start();
+    EXPECT_EQ(stopWords, QString()) << "there is nothing to stop";
+    bindings.setStopNeeded(true);
+    EXPECT_EQ(stopWords, u"esc"_s);
+    grabber->triggers = {{2, u"Meta+2"_s}};
+    grabber->onTriggersChanged();
+    EXPECT_EQ(stopWords, u"Meta+2"_s);
+    grabber->onRefused(2);
+    EXPECT_EQ(stopWords, QString());
+    grabber->triggers.clear();
+    shortcuts.setStop(Shortcut(40, controlOption));
+    EXPECT_EQ(stopWords, u"Ctrl+Alt+K"_s);
+    shortcuts.setStop(std::nullopt);
+    EXPECT_EQ(stopWords, QString());
+}
+
+TEST_F(KeyBindingsTest, SaysNoStopKeyWhileTheDesktopsAnswerIsPending) {
+    grabber->pending = {2};
+    bindings.start();
+    bindings.setStopNeeded(true);
+    EXPECT_EQ(stopWords, QString());
+    grabber->pending.clear();
+    grabber->onTriggersChanged();
+    EXPECT_EQ(stopWords, u"esc"_s);
+    grabber->refuses = true;
+    bindings.setStopNeeded(false);
+    bindings.setStopNeeded(true);
+    EXPECT_EQ(stopWords, QString());
+}
+
+TEST_F(KeyBindingsTest, HasTheDesktopsUserAskedAnewOnlyWhenAKeyWasChosen) {
+    using Occasion = HotKeyGrabber::Occasion;
+    bindings.start();
+    bindings.setStopNeeded(true);
+    shortcuts.setPaused(true);
+    shortcuts.setPaused(false);
+    shortcuts.setStop(std::nullopt);
+    EXPECT_EQ(std::ranges::count(grabber->occasions, Occasion::Chosen), 0);
+    shortcuts.setListen(Shortcuts::defaultListen);
+    EXPECT_EQ(grabber->occasions.back(), Occasion::Chosen) << "the same again";
+    bindings.setStopNeeded(false);
+    EXPECT_EQ(grabber->occasions.back(), Occasion::Known);
+}
+
+TEST_F(KeyBindingsTest, SaysWhetherTheDesktopGrantsKeysAtAll) {
+    bindings.start();
+    EXPECT_TRUE(shortcuts.isGrantable());
+    grabber->isGrantable = false;
+    grabber->onTriggersChanged();
+    EXPECT_FALSE(shortcuts.isGrantable());
 }

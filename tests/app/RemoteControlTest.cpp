@@ -76,16 +76,21 @@ TEST_F(RemoteControlTest, RefusesWhatItDoesNotKnow) {
 
 TEST_F(RemoteControlTest, OpensAndQuitsAsItIsTold) {
     std::optional<QString> opened = u"nothing"_s;
+    QString activated;
     int quits = 0;
-    control.onOpen = [&](const auto &pane) {
+    control.onOpen = [&](const auto &pane, const auto &activation) {
         opened = pane;
+        activated = activation;
         return true;
     };
     control.onQuit = [&] { ++quits; };
     EXPECT_EQ(tell("open", u"voice"_s), RemoteOutcome::Done);
     EXPECT_EQ(opened, u"voice"_s);
-    service.onActivate();
+    EXPECT_EQ(service.onCommand({u"open"_s, u"voice"_s, u"token 1"_s}), RemoteOutcome::Done);
+    EXPECT_EQ(activated, u"token 1"_s);
+    service.onActivate(u"token 2"_s);
     EXPECT_EQ(opened, std::nullopt);
+    EXPECT_EQ(activated, u"token 2"_s);
     EXPECT_EQ(tell("quit"), RemoteOutcome::Done);
     EXPECT_EQ(quits, 1);
 }

@@ -74,6 +74,19 @@ TEST_F(StatusIconTest, IsThePictureInTheColourThatIsSeenOnThePanel) {
     EXPECT_EQ(qAlpha(image().pixel(14, 9)), 0);
 }
 
+TEST_F(StatusIconTest, IsSeenOnALightAndOnADarkPanelWhereItIsNotKnownWhichItIs) {
+    draw(leftHalf);
+    for (const int size : {16, 22, 24, 64}) {
+        const auto drawn = image(Scheme::Unknown, size);
+        EXPECT_EQ(solidColors(drawn), (std::set<QRgb>{0xff11181c, 0xffffffff})) << size;
+        const int middle = size / 2;
+        EXPECT_EQ(drawn.pixel(middle - 1, middle), 0xff11181c) << size;
+        EXPECT_EQ(drawn.pixel(middle, middle), 0xffffffff) << size;
+        EXPECT_EQ(qAlpha(drawn.pixel(middle + size / 4, middle)), 0) << size;
+    }
+    EXPECT_EQ(statusIcon(folder.path(), Scheme::Unknown).name(), QString());
+}
+
 TEST_F(StatusIconTest, IsSharpInTheSizesThatPanelsAskFor) {
     draw(leftHalf);
     const auto icon = statusIcon(folder.path(), Scheme::Light);

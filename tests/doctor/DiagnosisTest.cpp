@@ -175,12 +175,28 @@ TEST(Diagnosis, TellsAKeyThatIsRefusedAndADesktopWithoutHotKeys) {
     found.key = Examination::Key::Taken;
     expectFailure(found, u"hot keys"_s, u"palomet --listen"_s);
     found = allIsWell();
-    found.hotKeyRoute = Examination::HotKeyRoute::Portal;
-    expectFailure(found, u"hot keys"_s, u"palomet --listen"_s);
-    found.isPortalThere = true;
-    EXPECT_TRUE(text(found, u"hot keys"_s).contains(u"portal"_s));
     found.hotKeyRoute = Examination::HotKeyRoute::None;
     expectFailure(found, u"hot keys"_s, u"no display"_s);
+}
+
+TEST(Diagnosis, TellsWhatThePortalGrantsAndTheCommandsWhereItGrantsNothing) {
+    auto found = allIsWell();
+    found.hotKeyRoute = Examination::HotKeyRoute::Portal;
+    const auto commands = u"bind \"palomet --listen\" and \"palomet --stop\" to keys in the desktop's settings"_s;
+    expectFailure(found, u"hot keys"_s, u"grants keys to no program; "_s + commands);
+    found.status.hotKeyProblem = u"Not granted. Try other keys."_s;
+    expectFailure(found, u"hot keys"_s, u"grants keys to no program; "_s + commands);
+    found.doesPortalGrant = true;
+    expectFailure(found, u"hot keys"_s,
+                  u"granted none for Alt+Space; choose one for Palomet in the desktop's settings"_s);
+    EXPECT_FALSE(failure(found).text.contains(u"another program"_s)) << "nobody knows that";
+    found.status.hotKeyProblem.clear();
+    EXPECT_EQ(text(found, u"hot keys"_s), u"held by the Palomet that runs, through the desktop's portal"_s);
+    found.instance = Examination::Instance::Absent;
+    found.port = std::nullopt;
+    EXPECT_EQ(text(found, u"hot keys"_s), u"the desktop's portal is asked for them when Palomet starts"_s);
+    found.doesPortalGrant = false;
+    expectFailure(found, u"hot keys"_s, commands);
 }
 
 TEST(Diagnosis, TellsWhyTheMicrophoneIsNotHeard) {

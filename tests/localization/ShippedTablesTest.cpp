@@ -49,7 +49,8 @@ listening.microphone.hint listening.transcription listening.transcription.hint
 listening.transcription.phrases listening.callBlock
 listening.directed listening.directed.hint listening.draft listening.draft.hint listening.actionPhrase
 listening.actionPhrase.hint listening.draftAge listening.draftAge.hint listening.name listening.name.hint
-listening.name.placeholder listening.listenShortcut.hint listening.stopShortcut.hint listening.timesBlock
+listening.name.placeholder listening.listenShortcut.hint listening.stopShortcut.hint listening.keysByCommand
+listening.timesBlock
 listening.endSilence listening.endSilence.hint listening.followUp listening.followUp.hint listening.summon
 listening.summon.hint listening.echoGuard listening.echoGuard.hint
 voice.voice voice.voice.hint voice.voice.placeholder voice.name voice.name.hint voice.name.placeholder voice.speed

@@ -1,4 +1,5 @@
 #include "tests/palomet/Desktop.h"
+#include "tests/platform/dbus/RealPortal.h"
 #include "tests/support/PrivateSoundServer.h"
 
 #include <QTcpServer>
@@ -100,6 +101,21 @@ TEST_F(PalometDoctorTest, IsContentWhereAllWorksAndDoesNotDisturbThePalometThatR
     EXPECT_EQ(sound.defaultInput(), u"mic"_s);
     EXPECT_EQ(palomet.state(), QProcess::Running);
     EXPECT_TRUE(desktop.tray.menu().front().title().contains(u"Desk microphone"_s));
+}
+
+TEST_F(PalometDoctorTest, AsksThePortalWhatItGrantsRatherThanWhetherItIsThere) {
+    if (!test::RealPortal::isInstalled())
+        GTEST_SKIP() << "xdg-desktop-portal is not installed";
+    environment.insert(u"XDG_SESSION_TYPE"_s, u"wayland"_s);
+    test::RealPortal portal(desktop.bus.connect(), desktop.bus.address());
+    ASSERT_TRUE(portal.start());
+    examine();
+    EXPECT_TRUE(says(u"ok  hot keys: the desktop's portal is asked for them when Palomet starts"_s))
+        << qPrintable(output);
+    EXPECT_EQ(portal.calls, QStringList({u"CreateSession"_s, u"Close"_s})) << "it binds nothing, and leaves nothing";
+    portal.answer = test::RealPortal::Answer::RefuseSession;
+    examine();
+    EXPECT_TRUE(says(u"!!  hot keys: this desktop's portal grants keys to no program; bind "_s)) << qPrintable(output);
 }
 
 TEST_F(PalometDoctorTest, NamesWhoHoldsThePort) {

@@ -104,6 +104,23 @@ TEST_F(HotKeyTest, AKeyThatAnotherProgramHoldsIsSaidToBeTaken) {
     EXPECT_EQ(hotKeyProblem(), u"The desktop did not grant ⌥Space. Try other keys."_s);
 }
 
+TEST_F(HotKeyTest, AKeyThatAnotherProgramHoldsIsNotTakenFromItWhenTheLayoutChanges) {
+    startWindowManager();
+    OtherProgram other(desktop.display);
+    ASSERT_TRUE(other.take(space, option));
+    startAndFollow();
+    const QList<QStringList> changes{{u"us,ru"_s}, {u"br"_s}, {u"-option"_s, u"altwin:swap_alt_win"_s}, {u"-option"_s}};
+    for (const auto &change : changes) {
+        desktop.display.run(u"setxkbmap"_s, change);
+        // As a desktop's own hot keys do then: they let go of all keys, and take them anew.
+        other.give();
+        // Whoever waits for that has had the time to be quicker.
+        for (int look = 0; look < 3; ++look)
+            EXPECT_EQ(hotKeyProblem(), u"The desktop did not grant ⌥Space. Try other keys."_s);
+        EXPECT_TRUE(other.take(space, option)) << qPrintable(change.join(u' '));
+    }
+}
+
 TEST_F(HotKeyTest, AKeyThatTheWindowManagerHoldsIsSaidToBeTaken) {
     startWindowManager(R"(<keybind key="A-space"><action name="ShowMenu"><menu>client-menu</menu></action></keybind>)");
     startAndFollow();
@@ -178,7 +195,7 @@ TEST(StopKey, EscapeIsTakenOnlyWhileThereIsSomethingToStop) {
     QSettings settings(folder.filePath(u"palomet.conf"_s), QSettings::IniFormat);
     Shortcuts shortcuts(settings);
     NoKeyboardLayout layout;
-    KeyBindings bindings({model, hotKeys, shortcuts, layout, [](const auto &, const auto &) {}});
+    KeyBindings bindings({model, hotKeys, shortcuts, layout, [](const auto &, const auto &) {}, [](const auto &) {}});
     bindings.start();
     constexpr quint32 escape = 53;
 

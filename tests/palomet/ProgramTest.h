@@ -22,7 +22,7 @@ protected:
         resources.mkpath(u"engine"_s);
         EXPECT_TRUE(QFile::link(u"" PALOMET_FAKE_BACKEND ""_s, resources.filePath(u"bun"_s)));
         for (const auto &part : {u"Icons"_s, u"en.lproj"_s, u"pt-BR.lproj"_s})
-            EXPECT_TRUE(QFile::link(u"" PALOMET_SOURCE_DIR "/resources/"_s + part, resources.filePath(part)));
+            EXPECT_TRUE(QFile::link(u"" PALOMET_BINARY_DIR "/resources/"_s + part, resources.filePath(part)));
         environment = desktop.environment();
         setVariable("PALOMET_RESOURCES", resources.path());
     }

@@ -3,6 +3,7 @@
 #include "shortcuts/HotKeyGrabber.h"
 
 #include <map>
+#include <set>
 
 namespace palomet::test {
 
@@ -27,7 +28,12 @@ public:
         held.erase(id);
         ++releases;
     }
-    void offer(const std::vector<HotKeyOffer> &offers) override { offered = offers; }
+    void offer(const std::vector<HotKeyOffer> &offers, Occasion reason) override {
+        offered = offers;
+        occasions.push_back(reason);
+    }
+    [[nodiscard]] bool isPossible() const override { return isGrantable; }
+    [[nodiscard]] bool isKnown(quint32 id) const override { return !pending.contains(id); }
 
     [[nodiscard]] QString trigger(quint32 id) const override {
         const auto found = triggers.find(id);
@@ -37,6 +43,9 @@ public:
     std::map<quint32, Held> held;
     std::map<quint32, QString> triggers; ///< What this desktop calls the keys that it granted.
     std::vector<HotKeyOffer> offered;
+    std::vector<Occasion> occasions; ///< Those of the offers, in their order.
+    std::set<quint32> pending;       ///< Ids whose answer is still to come.
+    bool isGrantable = true;
     bool refuses = false;
     int grabs = 0;
     int releases = 0;

@@ -7,7 +7,7 @@ namespace palomet::test {
 /// A door at which the test knocks by calling `onCommand` and `onActivate`.
 class FakeRemoteService final : public RemoteService {
 public:
-    [[nodiscard]] Claim claim() override { return Claim::Primary; }
+    [[nodiscard]] Claim claim(const QString &) override { return Claim::Primary; }
     void publish(const RemoteStatus &status) override { published = status; }
 
     RemoteStatus published;

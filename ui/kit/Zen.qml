@@ -73,6 +73,8 @@ QtObject {
     readonly property int stripMargin: 14
     readonly property int stopKey: 20
     readonly property int stopInset: 6
+    readonly property int stopKeyMost: 140
+    readonly property int stopSign: 8
 
     readonly property int iconSidebar: 18
     readonly property int icon: 16

@@ -34,6 +34,22 @@ ColumnPage {
         RecorderRow {
             recorder: root.screen.stopShortcut
         }
+
+        after: When {
+            holds: root.screen.keysNote.length > 0
+
+            Column {
+                width: root.columnWidth
+
+                Gap {
+                    height: Zen.space3
+                }
+                ZenNote {
+                    width: parent.width
+                    text: root.screen.keysNote
+                }
+            }
+        }
     }
     SettingsBlock {
         group: root.screen.times

@@ -1,11 +1,14 @@
 #include "ui/screens/ListeningScreen.h"
 
+#include "localization/Localization.h"
+
 namespace palomet {
 
 using namespace Qt::StringLiterals;
 
 ListeningScreen::ListeningScreen(PalometModel &model, Shortcuts &shortcuts, const KeyboardLayout &layout)
     : Screen(model)
+    , m_shortcuts(shortcuts)
     , m_listenShortcut(KeyRecorder::Role::Listen, shortcuts, layout)
     , m_stopShortcut(KeyRecorder::Role::Stop, shortcuts, layout) {
     follow(&PalometModel::hotKeyProblemChanged, [this] { updateProblem(); });
@@ -13,9 +16,14 @@ ListeningScreen::ListeningScreen(PalometModel &model, Shortcuts &shortcuts, cons
     follow(&PalometModel::inLevelChanged, [this] { Q_EMIT levelChanged(); });
     connect(&m_echo, &Setting::changed, this,
             [this] { m_echo.setHintKey(m_echo.isOn() ? "listening.echo.on" : "listening.echo.off"); });
+    connect(&shortcuts, &Shortcuts::grantableChanged, this, &ListeningScreen::keysNoteChanged);
     // One at a time: both take every key.
     connect(&m_listenShortcut, &KeyRecorder::started, &m_stopShortcut, &KeyRecorder::stop);
     connect(&m_stopShortcut, &KeyRecorder::started, &m_listenShortcut, &KeyRecorder::stop);
+}
+
+QString ListeningScreen::keysNote() const {
+    return m_shortcuts.isGrantable() ? QString() : L("listening.keysByCommand");
 }
 
 QString ListeningScreen::minutes(double ms) {

@@ -19,6 +19,8 @@ class ListeningScreen final : public Screen {
     Q_PROPERTY(palomet::ChoiceSetting *microphone READ microphone CONSTANT FINAL)
     Q_PROPERTY(palomet::KeyRecorder *listenShortcut READ listenShortcut CONSTANT FINAL)
     Q_PROPERTY(palomet::KeyRecorder *stopShortcut READ stopShortcut CONSTANT FINAL)
+    /// What is left where the desktop grants keys to no program; else empty.
+    Q_PROPERTY(QString keysNote READ keysNote NOTIFY keysNoteChanged FINAL)
     /// The microphone's level, while the screen can be seen.
     Q_PROPERTY(double level READ level NOTIFY levelChanged FINAL)
 
@@ -32,10 +34,12 @@ public:
     [[nodiscard]] ChoiceSetting *microphone() { return &m_microphone; }
     [[nodiscard]] KeyRecorder *listenShortcut() { return &m_listenShortcut; }
     [[nodiscard]] KeyRecorder *stopShortcut() { return &m_stopShortcut; }
+    [[nodiscard]] QString keysNote() const;
     [[nodiscard]] double level() const { return model().inLevel(); }
 
 Q_SIGNALS:
     void levelChanged();
+    void keysNoteChanged();
 
 protected:
     void updateAll() override;
@@ -49,6 +53,8 @@ private:
     void updateProblem();
     /// A recogniser that knows phrases only says how to get a better one.
     void updateTranscription();
+
+    const Shortcuts &m_shortcuts;
 
     SettingGroup m_hearing{*this, "listening.micBlock"};
     SwitchSetting m_echo{m_hearing, {"listening.echo", "listening.echo.off"}, &Settings::isEchoCancelOn};

@@ -1,6 +1,7 @@
 #include "ui/shell/SettingsWindow.h"
 
 #include "ui/shell/WindowFrame.h"
+#include "ui/shell/WindowManagement.h"
 
 #include <QGuiApplication>
 #include <QKeyEvent>
@@ -35,11 +36,13 @@ std::vector<QRect> usableScreens() {
 
 } // namespace
 
-SettingsWindow::SettingsWindow(QQmlEngine &engine, AppView &app, Scheduler &scheduler, QSettings *settings)
+SettingsWindow::SettingsWindow(QQmlEngine &engine, AppView &app, Scheduler &scheduler, QSettings *settings,
+                               WindowManagement *management)
     : QQuickView(&engine, nullptr)
     , m_app(app)
     , m_scheduler(scheduler)
-    , m_settings(settings) {
+    , m_settings(settings)
+    , m_management(management) {
     setTitle(u"Palomet"_s);
     setColor(Qt::white);
     setMinimumSize(minimumContentSize);
@@ -62,14 +65,30 @@ SettingsWindow::~SettingsWindow() {
     m_app.setShown(false);
 }
 
-void SettingsWindow::bringToFront() {
+void SettingsWindow::bringToFront(const QString &activation) {
     m_app.setShown(true);
     if (windowStates().testFlag(Qt::WindowMinimized))
         setWindowStates(windowStates() & ~Qt::WindowMinimized);
     // show() would end the maximised state.
     setVisible(true);
     raise();
+    m_wantedActivation = activation;
+    takeFocus();
+}
+
+void SettingsWindow::takeFocus() {
+    // The desktop knows no window before it shows.
+    if (!isExposed() || !m_wantedActivation)
+        return;
+    const auto activation = *std::exchange(m_wantedActivation, std::nullopt);
+    if (m_management && m_management->activate(winId()))
+        return;
+    // On Wayland the toolkit takes it from there. Nobody else is to find it.
+    constexpr auto *variable = "XDG_ACTIVATION_TOKEN";
+    if (!activation.isEmpty())
+        qputenv(variable, activation.toUtf8());
     requestActivate();
+    qunsetenv(variable);
 }
 
 void SettingsWindow::updateShown() {
@@ -78,6 +97,11 @@ void SettingsWindow::updateShown() {
 
 bool SettingsWindow::event(QEvent *event) {
     switch (event->type()) {
+    case QEvent::PlatformSurface:
+        if (m_management &&
+            static_cast<QPlatformSurfaceEvent *>(event)->surfaceEventType() == QPlatformSurfaceEvent::SurfaceCreated)
+            m_management->introduce(winId());
+        break;
     case QEvent::Move:
     case QEvent::Resize:
     case QEvent::WindowStateChange:
@@ -86,6 +110,7 @@ bool SettingsWindow::event(QEvent *event) {
     case QEvent::Expose:
         if (isExposed() && !std::exchange(m_wasExposed, true))
             keepFrameOnScreen();
+        takeFocus();
         break;
     case QEvent::Close:
         // The window is hidden rather than closed, and keeps everything in it.

@@ -5,9 +5,13 @@
 
 #include <QQuickView>
 
+#include <optional>
+
 class QSettings;
 
 namespace palomet {
+
+class WindowManagement;
 
 /// The settings window, made when it is first opened, and kept: closing hides it. It remembers its frame, also from one
 /// run of the program to the next. Main thread only.
@@ -18,12 +22,14 @@ public:
     static constexpr QSize openingSize{1120, 760};
     static constexpr QSize minimumContentSize{960, 640};
 
-    /// `engine` has both QML modules. All arguments outlive the window. Without `settings` it remembers nothing.
-    SettingsWindow(QQmlEngine &engine, AppView &app, Scheduler &scheduler, QSettings *settings);
+    /// `engine` has both QML modules. All arguments outlive the window. Without `settings` it remembers nothing,
+    /// without `management` the toolkit alone speaks to the desktop.
+    SettingsWindow(QQmlEngine &engine, AppView &app, Scheduler &scheduler, QSettings *settings,
+                   WindowManagement *management = nullptr);
     ~SettingsWindow() override;
 
-    /// Shows it in front of the others, with the focus.
-    void bringToFront();
+    /// Shows it in front of the others, with the focus. `activation` is what the desktop gave to whoever asked for it.
+    void bringToFront(const QString &activation = {});
 
 protected:
     bool event(QEvent *event) override;
@@ -37,11 +43,14 @@ private:
     void saveFrame();
     void saveSoon();
     void updateShown();
+    void takeFocus();
     [[nodiscard]] bool handleKey(const QKeyEvent &event);
 
     AppView &m_app;
     Scheduler &m_scheduler;
     QSettings *m_settings;
+    WindowManagement *m_management;
+    std::optional<QString> m_wantedActivation; ///< Set while it is to come to the front, and does not show yet.
     Scheduler::Handle m_saving;
     bool m_wasExposed = false;
 };

@@ -2,7 +2,8 @@ import QtQuick
 import Palomet.Kit
 import Palomet.Ui
 
-// The strip: the state, and one line about it. A click anywhere opens the window.
+// The strip: the state, one line about it, and what stops it: a key or, where no key does, a sign to click. A click
+// anywhere else opens the window.
 Rectangle {
     id: root
 
@@ -18,7 +19,12 @@ Rectangle {
         Accessible.onPressAction: root.strip.open()
     }
     TapHandler {
-        onTapped: root.strip.open()
+        onTapped: point => {
+            if (stopSign.visible && point.position.x >= stop.x - Zen.space3)
+                root.strip.stop();
+            else
+                root.strip.open();
+        }
     }
     Item {
         id: mark
@@ -49,7 +55,7 @@ Rectangle {
 
         x: word.x + word.width + Zen.space3
         anchors.verticalCenter: parent.verticalCenter
-        width: (stopKey.visible ? stopKey.x - Zen.space3 : root.width - Zen.stripMargin) - x
+        width: (stop.visible ? stop.x - Zen.space3 : root.width - Zen.stripMargin) - x
         text: root.strip.line
         size: 12
         box: 16
@@ -68,11 +74,11 @@ Rectangle {
         }
     }
     ZenBox {
-        id: stopKey
+        id: stop
 
         x: root.width - width - Zen.stripMargin
         anchors.verticalCenter: parent.verticalCenter
-        width: key.implicitWidth - key.font.letterSpacing + 2 * key.x
+        width: key.visible ? key.width - key.font.letterSpacing + 2 * key.x : height
         height: Zen.stopKey
         visible: root.strip.isStoppable
         radius: Zen.radiusFull
@@ -82,15 +88,31 @@ Rectangle {
         ZenText {
             id: key
 
-            x: stopKey.edgeWidth + Zen.stopInset
+            x: stop.edgeWidth + Zen.stopInset
             anchors.verticalCenter: parent.verticalCenter
-            text: "esc"
+            width: Math.min(implicitWidth, Zen.stopKeyMost)
+            visible: text.length > 0
+            text: root.strip.stopKey
             size: 10
             box: 14
             color: Zen.darkNoteInk
             font.weight: Zen.extraBold
             font.letterSpacing: 1.5
+            elide: Text.ElideRight
+            maximumLineCount: 1
             Accessible.ignored: true
+        }
+        Rectangle {
+            id: stopSign
+
+            anchors.centerIn: parent
+            width: Zen.stopSign
+            height: width
+            visible: !key.visible
+            color: Zen.darkNoteInk
+            Accessible.role: Accessible.Button
+            Accessible.name: Words.t("menu.stop")
+            Accessible.onPressAction: root.strip.stop()
         }
     }
 }

@@ -3,6 +3,8 @@
 #include "model/Format.h"
 #include "ui/strip/StripLine.h"
 
+#include <utility>
+
 namespace palomet {
 
 StripView::StripView(PalometModel &model, std::function<void()> open)
@@ -26,6 +28,11 @@ void StripView::setShown(bool isShown) {
         return;
     Q_EMIT changed();
     Q_EMIT levelChanged();
+}
+
+void StripView::setStopKey(const QString &words) {
+    if (std::exchange(m_stopKey, words) != words && m_isShown)
+        Q_EMIT changed();
 }
 
 QString StripView::line() const {

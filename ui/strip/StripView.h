@@ -19,6 +19,7 @@ class StripView final : public QObject {
     Q_PROPERTY(QString word READ word NOTIFY changed FINAL)
     Q_PROPERTY(QString line READ line NOTIFY changed FINAL)
     Q_PROPERTY(bool isStoppable READ isStoppable NOTIFY changed FINAL)
+    Q_PROPERTY(QString stopKey READ stopKey NOTIFY changed FINAL)
     Q_PROPERTY(double level READ level NOTIFY levelChanged FINAL)
 
 public:
@@ -30,12 +31,16 @@ public:
     [[nodiscard]] QString loopState() const { return rawValue(m_model.state()); }
     [[nodiscard]] QString word() const { return palomet::word(m_model.state()); }
     [[nodiscard]] QString line() const;
-    /// Whether the stop key is of use now.
+    /// Whether there is something to stop now.
     [[nodiscard]] bool isStoppable() const { return m_model.isStoppable(); }
+    /// The key that stops; empty where none does, and a click has to.
+    [[nodiscard]] const QString &stopKey() const { return m_stopKey; }
+    void setStopKey(const QString &words);
     /// The output's level while speaking, the input's otherwise.
     [[nodiscard]] double level() const;
 
     Q_INVOKABLE void open() { m_open(); }
+    Q_INVOKABLE void stop() { m_model.stop(); }
 
 Q_SIGNALS:
     void changed();
@@ -44,6 +49,7 @@ Q_SIGNALS:
 private:
     PalometModel &m_model;
     const std::function<void()> m_open;
+    QString m_stopKey = QString::fromLatin1("esc");
     bool m_isShown = false;
 };
 

@@ -1,8 +1,10 @@
+import { Database } from "bun:sqlite";
 import { expect, test } from "bun:test";
-import { writeFileSync, existsSync, mkdirSync } from "node:fs";
+import { existsSync, mkdirSync, readdirSync, writeFileSync } from "node:fs";
 import { join } from "node:path";
-import type { ArchivedConversation } from "../../src/memory/archive.ts";
+import { always, search, type ArchivedConversation } from "../../src/memory/archive.ts";
 import { Conversations } from "../../src/memory/conversations.ts";
+import { prepared } from "../../src/memory/database.ts";
 import { memoryCommand } from "../../src/memory/memoryCommand.ts";
 import { Store } from "../../src/memory/store.ts";
 import { ManualClock } from "../support/clock.ts";
@@ -91,3 +93,36 @@ test("wrong arguments and files are said", async () => {
   expect(complaints[0]).toContain("palomet.db");
   expect((await run("forget", "all")).code).toBe(1);
 });
+
+/** Each kill takes a while: so many by default, and as many as are asked for. */
+const kills = Number(process.env.PALOMET_KILLS ?? 10);
+
+test(
+  `nothing that was kept is lost by ${kills} kills in the middle of writing, and an export gives it back`,
+  async () => {
+    const home = temporaryFolder();
+    const run = await commandIn(home);
+    const kept: string[] = [];
+    for (let kill = 0; kill < kills; kill++) {
+      const writer = Bun.spawn([process.execPath, join(import.meta.dir, "../support/rowWriter.ts"), join(home, "palomet"), String(kept.length)], { stdout: "pipe" });
+      const reader = writer.stdout.getReader();
+      const decoder = new TextDecoder();
+      let printed = "";
+      // After a different number of rows each time.
+      while (printed.split("\n").length < 2 + (kill * 13) % 40) printed += decoder.decode((await reader.read()).value, { stream: true });
+      writer.kill("SIGKILL");
+      for (let piece = await reader.read(); !piece.done; piece = await reader.read()) printed += decoder.decode(piece.value, { stream: true });
+      const whole = printed.split("\n").slice(0, -1);
+      const all = (JSON.parse((await run("export", "--json")).output) as ArchivedConversation[]).flatMap(({ rows }) => rows.map(({ text }) => text));
+      // The row that was being kept may be there or not.
+      expect(all.slice(0, kept.length + whole.length)).toEqual([...kept, ...whole]);
+      expect(all.length - kept.length - whole.length).toBeLessThanOrEqual(1);
+      kept.splice(0, kept.length, ...all);
+    }
+    expect(readdirSync(join(home, "palomet")).filter((name) => name.includes("aside"))).toEqual([]);
+    const database = prepared(new Database(join(home, "palomet/palomet.db")));
+    expect(search(database, "row", always, kept.length + 1).map(({ text }) => text).reverse()).toEqual(kept);
+    database.close();
+  },
+  600_000,
+);

@@ -30,7 +30,10 @@ protected:
                 return RemoteOutcome::Busy;
             return command.action == u"dance"_s ? RemoteOutcome::Unknown : RemoteOutcome::Done;
         };
-        service.onActivate = [this] { ++activations; };
+        service.onActivate = [this](const QString &token) {
+            ++activations;
+            activation = token;
+        };
     }
 
     /// Does what a program of its own would: it waits for its answers, while the service goes on here.
@@ -50,12 +53,13 @@ protected:
     QDBusConnection clientBus = bus.connect();
     std::vector<RemoteCommand> commands;
     int activations = 0;
+    QString activation;
 };
 
 } // namespace
 
 TEST_F(DBusRemoteTest, CarriesACommandAndItsTextToTheRunningInstance) {
-    ASSERT_EQ(service.claim(), RemoteService::Claim::Primary);
+    ASSERT_EQ(service.claim({}), RemoteService::Claim::Primary);
     const RemoteCommand say{u"say"_s, u"“olá” & <b>tudo</b>"_s};
     asAnotherProgram([&] {
         DBusRemoteClient client(clientBus);
@@ -66,7 +70,7 @@ TEST_F(DBusRemoteTest, CarriesACommandAndItsTextToTheRunningInstance) {
 }
 
 TEST_F(DBusRemoteTest, CarriesAMebibyteOfText) {
-    ASSERT_EQ(service.claim(), RemoteService::Claim::Primary);
+    ASSERT_EQ(service.claim({}), RemoteService::Claim::Primary);
     const QString text(1024 * 1024, u'a');
     asAnotherProgram([&] {
         DBusRemoteClient client(clientBus);
@@ -77,7 +81,7 @@ TEST_F(DBusRemoteTest, CarriesAMebibyteOfText) {
 }
 
 TEST_F(DBusRemoteTest, SaysWhyACommandWasRefused) {
-    ASSERT_EQ(service.claim(), RemoteService::Claim::Primary);
+    ASSERT_EQ(service.claim({}), RemoteService::Claim::Primary);
     asAnotherProgram([&] {
         DBusRemoteClient client(clientBus);
         const auto problem = client.send({u"dance"_s, std::nullopt});
@@ -101,21 +105,51 @@ TEST_F(DBusRemoteTest, SaysThatThereIsNoBus) {
     DBusRemoteClient client(nowhere);
     EXPECT_EQ(client.send({u"listen"_s, std::nullopt})->reason, u"there is no session bus"_s);
     DBusRemoteService alone(nowhere);
-    EXPECT_EQ(alone.claim(), RemoteService::Claim::Absent);
+    EXPECT_EQ(alone.claim({}), RemoteService::Claim::Absent);
     alone.publish({u"waiting"_s, {}, false, true});
 }
 
 TEST_F(DBusRemoteTest, LetsOneInstanceRunAndShowsItInsteadOfASecond) {
-    ASSERT_EQ(service.claim(), RemoteService::Claim::Primary);
+    ASSERT_EQ(service.claim({}), RemoteService::Claim::Primary);
     asAnotherProgram([&] {
         DBusRemoteService second(clientBus);
-        EXPECT_EQ(second.claim(), RemoteService::Claim::Taken);
+        EXPECT_EQ(second.claim({}), RemoteService::Claim::Taken);
     });
     EXPECT_TRUE(test::eventually([&] { return activations == 1; }));
 }
 
+TEST_F(DBusRemoteTest, HandsOnWhatTheDesktopGaveSoThatAWindowMayComeToTheFront) {
+    ASSERT_EQ(service.claim({}), RemoteService::Claim::Primary);
+    asAnotherProgram([&] {
+        DBusRemoteClient client(clientBus);
+        EXPECT_EQ(client.send({u"open"_s, u"voice"_s, u"token 1"_s}), std::nullopt);
+        DBusRemoteService second(clientBus);
+        EXPECT_EQ(second.claim(u"token 2"_s), RemoteService::Claim::Taken);
+    });
+    EXPECT_EQ(commands, std::vector<RemoteCommand>({{u"open"_s, u"voice"_s, u"token 1"_s}}));
+    EXPECT_TRUE(test::eventually([&] { return activation == u"token 2"_s; }));
+}
+
+TEST_F(DBusRemoteTest, TakesWhatALauncherGivesUnderEitherName) {
+    ASSERT_EQ(service.claim({}), RemoteService::Claim::Primary);
+    const auto launch = [&](const QVariantMap &platformData) {
+        const int before = activations;
+        auto call = QDBusMessage::createMethodCall(u"org.palomet.Palomet"_s, u"/org/palomet/Palomet"_s,
+                                                   u"org.freedesktop.Application"_s, u"Activate"_s);
+        call.setArguments({platformData});
+        clientBus.send(call);
+        EXPECT_TRUE(test::eventually([&] { return activations == before + 1; }));
+        return activation;
+    };
+    EXPECT_EQ(launch({{u"desktop-startup-id"_s, u"shell_TIME7"_s}}), u"shell_TIME7"_s);
+    EXPECT_EQ(launch({{u"activation-token"_s, u"token"_s}, {u"desktop-startup-id"_s, u"id"_s}}), u"token"_s);
+    EXPECT_EQ(launch({{u"activation-token"_s, QString(100'000, u'x')}}), QString());
+    EXPECT_EQ(launch({{u"activation-token"_s, QStringList{u"a"_s}}}), QString());
+    EXPECT_EQ(launch({}), QString());
+}
+
 TEST_F(DBusRemoteTest, TellsTheStatusAndItsChanges) {
-    ASSERT_EQ(service.claim(), RemoteService::Claim::Primary);
+    ASSERT_EQ(service.claim({}), RemoteService::Claim::Primary);
     const RemoteStatus waiting{u"waiting"_s, u"USB “Audio”"_s, false, true};
     const RemoteStatus muted{u"muted"_s, u"USB “Audio”"_s, true, true};
     service.publish(waiting);
@@ -140,7 +174,7 @@ TEST_F(DBusRemoteTest, TellsTheStatusAndItsChanges) {
 
 TEST_F(DBusRemoteTest, KnowsWhenTheRunningInstanceHasEnded) {
     auto running = std::make_unique<DBusRemoteService>(bus.connect());
-    ASSERT_EQ(running->claim(), RemoteService::Claim::Primary);
+    ASSERT_EQ(running->claim({}), RemoteService::Claim::Primary);
     DBusRemoteClient client(clientBus);
     bool isGone = false;
     asAnotherProgram(
@@ -160,9 +194,9 @@ TEST_F(DBusRemoteTest, TakesItsPlaceOnTheNextBusWhenItsOwnHasEnded) {
         },
         std::chrono::milliseconds{10});
     int activationsThere = 0;
-    lasting.onActivate = [&] { ++activationsThere; };
+    lasting.onActivate = [&](const QString &) { ++activationsThere; };
     lasting.onReplaced = [] { ADD_FAILURE() << "there is no other one"; };
-    ASSERT_EQ(lasting.claim(), RemoteService::Claim::Primary);
+    ASSERT_EQ(lasting.claim({}), RemoteService::Claim::Primary);
     const RemoteStatus muted{u"muted"_s, {}, true, true};
     lasting.publish(muted);
     for (int round = 0; round < 3; ++round) {
@@ -177,7 +211,7 @@ TEST_F(DBusRemoteTest, TakesItsPlaceOnTheNextBusWhenItsOwnHasEnded) {
             ASSERT_TRUE(status);
             EXPECT_EQ(*status, muted);
             DBusRemoteService second(other);
-            EXPECT_EQ(second.claim(), RemoteService::Claim::Taken);
+            EXPECT_EQ(second.claim({}), RemoteService::Claim::Taken);
         });
         EXPECT_TRUE(test::eventually([&] { return activationsThere == round + 1; }));
     }
@@ -189,13 +223,13 @@ TEST_F(DBusRemoteTest, SaysThatItWasReplacedWhenAnotherOneWasFirstOnTheNextBus) 
         bus.connect(), [&] { return next; }, std::chrono::milliseconds{10});
     int replacements = 0;
     first.onReplaced = [&] { ++replacements; };
-    ASSERT_EQ(first.claim(), RemoteService::Claim::Primary);
+    ASSERT_EQ(first.claim({}), RemoteService::Claim::Primary);
     bus.end();
     bus.beginAgain();
     int activationsOfSecond = 0;
     DBusRemoteService second(bus.connect());
-    second.onActivate = [&] { ++activationsOfSecond; };
-    ASSERT_EQ(second.claim(), RemoteService::Claim::Primary);
+    second.onActivate = [&](const QString &) { ++activationsOfSecond; };
+    ASSERT_EQ(second.claim({}), RemoteService::Claim::Primary);
     next = bus.connect();
     EXPECT_TRUE(test::eventually([&] { return replacements == 1; }));
     QCoreApplication::processEvents();
@@ -204,7 +238,7 @@ TEST_F(DBusRemoteTest, SaysThatItWasReplacedWhenAnotherOneWasFirstOnTheNextBus) 
 
 TEST_F(DBusRemoteTest, DoesNotWaitForABusThatHangsWhenItEnds) {
     auto running = std::make_unique<DBusRemoteService>(bus.connect());
-    ASSERT_EQ(running->claim(), RemoteService::Claim::Primary);
+    ASSERT_EQ(running->claim({}), RemoteService::Claim::Primary);
     bus.hang();
     // A call that waits for its answer does so for 25 seconds; the alarm would end the test.
     alarm(10);

@@ -24,7 +24,6 @@ QVariant inVariant(const QVariant &value) {
 FakeDesktop::FakeDesktop(const QDBusConnection &bus)
     : m_bus(bus) {
     qDBusRegisterMetaType<QMap<QString, QStringList>>();
-    qDBusRegisterMetaType<QMap<QString, QVariantMap>>();
     m_bus.registerVirtualObject(portalPath, this);
     m_bus.registerVirtualObject(storePath, this);
 }
@@ -91,13 +90,11 @@ QDBusMessage FakeDesktop::answer(const QDBusMessage &call) const {
     if (manner == Manner::Nonsense)
         return call.createReply(QVariantList{7, u"no"_s});
     const auto asked = call.arguments();
-    if (call.member() == u"ReadAll"_s) {
-        QMap<QString, QVariantMap> found;
-        for (const auto &group : asked.value(0).toStringList()) {
-            if (settings.contains(group))
-                found[group] = settings[group];
-        }
-        return call.createReply(QVariant::fromValue(found));
+    if (call.member() == u"Read"_s) {
+        const auto value = settings.value(asked.value(0).toString()).value(asked.value(1).toString());
+        // In a variant of its own, as the portal has it.
+        if (value.isValid())
+            return call.createReply(QVariant::fromValue(QDBusVariant(inVariant(value))));
     }
     if (call.member() == u"Lookup"_s && permissions && asked == QVariantList{u"devices"_s, u"microphone"_s})
         return call.createReply({QVariant::fromValue(*permissions), inVariant(QString())});

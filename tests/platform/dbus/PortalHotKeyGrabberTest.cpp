@@ -1,59 +1,18 @@
-#include "platform/dbus/PortalHotKeyGrabber.h"
-
 #include "platform/dbus/preferredTrigger.h"
-#include "tests/platform/dbus/FakePortal.h"
-#include "tests/shortcuts/FixedKeyboardLayout.h"
-#include "tests/support/Eventually.h"
-#include "tests/support/PrivateBus.h"
-
-#include <gtest/gtest.h>
-
-#include <vector>
+#include "tests/platform/dbus/PortalHotKeys.h"
 
 using namespace palomet;
 using namespace Qt::StringLiterals;
 using test::FakePortal;
 
-namespace {
-
-constexpr quint32 option = 0x800;
-
-class PortalHotKeyGrabberTest : public testing::Test {
-protected:
-    void SetUp() override { ASSERT_FALSE(bus.address().isEmpty()); }
-
-    /// Starts the grabber with both hot keys, the first of them registered.
-    void begin() {
-        grabber = std::make_unique<PortalHotKeyGrabber>(bus.connect(), u"org.palomet.Palomet"_s, layout);
-        grabber->onPressed = [this](quint32 id) { pressed.push_back(id); };
-        grabber->onRefused = [this](quint32 id) { refused.push_back(id); };
-        grabber->onGranted = [this](quint32 id) { granted.push_back(id); };
-        grabber->offer(offers);
-        isTaken = grabber->grab(1, 49, option);
-    }
-    bool isBound() {
-        return test::eventually([&] { return grabber->trigger(1) == u"Meta+1"_s; });
-    }
-
-    test::PrivateBus bus;
-    test::FixedKeyboardLayout layout{{{40, u"k"_s}}};
-    FakePortal portal{bus.connect()};
-    std::vector<HotKeyOffer> offers{{1, u"Listen"_s, 49, option}, {2, u"Stop"_s, 53, 0}};
-    std::unique_ptr<PortalHotKeyGrabber> grabber;
-    std::vector<quint32> pressed;
-    std::vector<quint32> refused;
-    std::vector<quint32> granted;
-    bool isTaken = false;
-};
-
-} // namespace
+using PortalHotKeyGrabberTest = test::PortalHotKeys;
 
 TEST_F(PortalHotKeyGrabberTest, BindsEveryOfferedKeyOnceInBothCalls) {
     portal.appear();
     begin();
     EXPECT_TRUE(isTaken);
     ASSERT_TRUE(isBound());
-    EXPECT_EQ(portal.calls, QStringList({u"Register"_s, u"CreateSession"_s, u"BindShortcuts"_s}));
+    EXPECT_EQ(portal.calls, QStringList({u"Register"_s, u"CreateSession"_s, u"ListShortcuts"_s, u"BindShortcuts"_s}));
     ASSERT_EQ(portal.created.size(), 2);
     ASSERT_EQ(portal.bound.size(), 2);
     EXPECT_EQ(portal.created[0].properties, portal.bound[0].properties);
@@ -166,19 +125,6 @@ TEST_F(PortalHotKeyGrabberTest, ReportsThatTheUserTookTheKeysAway) {
     ASSERT_TRUE(isBound());
     portal.closeSession();
     EXPECT_TRUE(test::eventually([&] { return refused == std::vector<quint32>({1}); }));
-}
-
-TEST_F(PortalHotKeyGrabberTest, BindsAnewOnlyWhenWhatIsOfferedChanged) {
-    portal.appear();
-    begin();
-    ASSERT_TRUE(isBound());
-    grabber->offer(offers);
-    offers[0].keyCode = 40;
-    grabber->offer(offers);
-    ASSERT_TRUE(isBound());
-    EXPECT_EQ(portal.calls.count(u"CreateSession"_s), 2);
-    EXPECT_EQ(portal.calls.count(u"Close"_s), 1);
-    EXPECT_EQ(portal.bound[0].properties[u"preferred_trigger"_s], u"ALT+k"_s);
 }
 
 TEST_F(PortalHotKeyGrabberTest, ReportsAKeyThatTheUserTakesAwayAndOneThatIsGivenLater) {

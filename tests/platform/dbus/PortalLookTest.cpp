@@ -1,6 +1,8 @@
 #include "platform/dbus/PortalLook.h"
 
 #include "tests/platform/dbus/FakeDesktop.h"
+#include "tests/platform/dbus/RealPortal.h"
+#include "tests/platform/dbus/SettingsBackend.h"
 #include "tests/support/Eventually.h"
 #include "tests/support/PrivateBus.h"
 
@@ -44,10 +46,10 @@ protected:
 
 } // namespace
 
-TEST_F(PortalLookTest, PanelsAreLightUntilThePortalSaysOtherwise) {
+TEST_F(PortalLookTest, PanelsMayBeEitherUntilThePortalSaysWhich) {
     desktop.settings[appearance][colorScheme] = 1U;
     create();
-    EXPECT_EQ(look->panelScheme(), Scheme::Light);
+    EXPECT_EQ(look->panelScheme(), Scheme::Unknown);
     EXPECT_TRUE(eventually([this] { return changes == 1; }));
     EXPECT_EQ(look->panelScheme(), Scheme::Dark);
 }
@@ -59,8 +61,8 @@ TEST_F(PortalLookTest, PanelsFollowThePreference) {
     desktop.changeSetting(appearance, colorScheme, 1U);
     EXPECT_TRUE(eventually([this] { return look->panelScheme() == Scheme::Dark; }));
     desktop.changeSetting(appearance, colorScheme, 0U);
-    EXPECT_TRUE(eventually([this] { return look->panelScheme() == Scheme::Light; }));
-    EXPECT_EQ(changes, 2);
+    EXPECT_TRUE(eventually([this] { return look->panelScheme() == Scheme::Unknown; }));
+    EXPECT_EQ(changes, 3) << "light, dark, and no preference";
 }
 
 TEST_F(PortalLookTest, PanelsAreAskedForAgainWhenThePortalReturns) {
@@ -80,7 +82,7 @@ TEST_F(PortalLookTest, PanelsAreDarkOnTheDesktopWhosePanelAlwaysIs) {
     EXPECT_EQ(changes, 0);
 }
 
-TEST_F(PortalLookTest, PanelsAreLightWhenThePortalTalksNonsense) {
+TEST_F(PortalLookTest, PanelsMayBeEitherWhenThePortalTalksNonsense) {
     desktop.settings[appearance][colorScheme] = u"dark"_s;
     create();
     ASSERT_TRUE(isAsked());
@@ -174,4 +176,25 @@ TEST_F(PortalLookTest, MotionIsNotReducedWhenThePortalTalksNonsense) {
     desktop.changeSetting(gnome, animations, false);
     EXPECT_TRUE(becomes(&DesktopLook::isMotionReduced, true));
     EXPECT_EQ(changes, 1) << "nothing before it counted";
+}
+
+TEST(PortalLookAtTheRealPortal, BelievesTheDesktopsOwnBackendWhereOthersAreInstalledToo) {
+    if (!test::RealPortal::isInstalled())
+        GTEST_SKIP() << "xdg-desktop-portal is not installed";
+    test::PrivateBus bus;
+    test::SettingsBackend own(bus.connect(), u"a"_s);
+    test::SettingsBackend other(bus.connect(), u"b"_s);
+    test::SettingsBackend third(bus.connect(), u"c"_s);
+    own.settings[appearance] = {{colorScheme, 1U}, {contrast, 1U}};
+    other.settings[appearance] = {{colorScheme, 0U}, {contrast, 0U}};
+    third.settings[appearance] = {{colorScheme, 0U}, {contrast, 0U}};
+    third.settings[gnome] = {{animations, false}};
+    test::RealPortal portal(bus.connect(), bus.address());
+    for (const auto *backend : {&own, &other, &third})
+        portal.addSettings(backend->name());
+    ASSERT_TRUE(portal.start());
+    const PortalLook look(bus.connect(), u"KDE"_s);
+    EXPECT_TRUE(eventually([&] { return look.isMotionReduced(); })) << "known to the last of them alone";
+    EXPECT_TRUE(eventually([&] { return look.panelScheme() == Scheme::Dark; }));
+    EXPECT_TRUE(eventually([&] { return look.isContrastRaised(); }));
 }

@@ -49,13 +49,13 @@ RealPortal::~RealPortal() {
 }
 
 bool RealPortal::start(Desktop desktop) {
-    QFile description(m_folder.filePath(u"rehearsed.portal"_s));
-    if (!description.open(QFile::WriteOnly))
+    if (!describe(u"rehearsed"_s, service,
+                  desktop == Desktop::HoldsKeys ? interface : u"org.freedesktop.impl.portal.Email"_s))
         return false;
-    description.write("[portal]\nDBusName=" + service.toUtf8() + "\nUseIn=rehearsed\nInterfaces=");
-    description.write(desktop == Desktop::HoldsKeys ? interface.toUtf8() : "org.freedesktop.impl.portal.Email");
-    description.write(";\n");
-    description.close();
+    for (const auto &settings : m_settings) {
+        if (!describe(settings, settings, u"org.freedesktop.impl.portal.Settings"_s))
+            return false;
+    }
     auto environment = QProcessEnvironment::systemEnvironment();
     environment.insert(u"DBUS_SESSION_BUS_ADDRESS"_s, m_address);
     environment.insert(u"XDG_DESKTOP_PORTAL_DIR"_s, m_folder.path());
@@ -72,6 +72,15 @@ bool RealPortal::start(Desktop desktop) {
                return m_portal.state() == QProcess::NotRunning || m_bus.interface()->isServiceRegistered(portalService);
            }) &&
            m_portal.state() == QProcess::Running;
+}
+
+bool RealPortal::describe(const QString &file, const QString &name, const QString &interfaces) const {
+    QFile description(m_folder.filePath(file + u".portal"_s));
+    if (!description.open(QFile::WriteOnly))
+        return false;
+    description.write("[portal]\nDBusName=" + name.toUtf8() + "\nUseIn=rehearsed\nInterfaces=" + interfaces.toUtf8() +
+                      ";\n");
+    return true;
 }
 
 void RealPortal::kill() {
@@ -98,6 +107,12 @@ bool RealPortal::handleMessage(const QDBusMessage &message, const QDBusConnectio
     }
     if (member == u"BindShortcuts"_s)
         return m_bus.send(message.createReply({answer == Answer::RefuseBinding ? 1U : 0U, bind(arguments.value(2))}));
+    if (member == u"ListShortcuts"_s) {
+        QList<PortalShortcut> list;
+        for (auto trigger = known.begin(); trigger != known.end(); ++trigger)
+            list.append({trigger.key(), {{u"description"_s, u"x"_s}, {u"trigger_description"_s, trigger.value()}}});
+        return m_bus.send(message.createReply({0U, QVariantMap{{u"shortcuts"_s, QVariant::fromValue(list)}}}));
+    }
     return member == u"Close"_s && m_bus.send(message.createReply());
 }
 

@@ -26,13 +26,17 @@ public:
     RealPortal(const QDBusConnection &bus, const QString &address);
     ~RealPortal() override;
 
+    /// Another one behind the portal, of that name on the bus, who knows settings. To be told before the start.
+    void addSettings(const QString &service) { m_settings.append(service); }
+
     /// Returns when the portal has its name; false when it does not come up.
     [[nodiscard]] bool start(Desktop desktop = Desktop::HoldsKeys);
     void kill();
 
     Answer answer = Answer::Bind;
-    QStringList calls;           ///< Members that the portal has called, in order.
-    QList<PortalShortcut> bound; ///< What the last BindShortcuts was given.
+    QStringList calls;            ///< Members that the portal has called, in order.
+    QList<PortalShortcut> bound;  ///< What the last BindShortcuts was given.
+    QMap<QString, QString> known; ///< Triggers that the desktop knows, by their ids.
 
     /// The user presses the keys of a shortcut.
     void activate(const QString &id);
@@ -43,11 +47,13 @@ public:
     bool handleMessage(const QDBusMessage &message, const QDBusConnection &connection) override;
 
 private:
+    [[nodiscard]] bool describe(const QString &file, const QString &name, const QString &interfaces) const;
     [[nodiscard]] QVariantMap bind(const QVariant &shortcuts);
 
     QDBusConnection m_bus;
     QString m_address;
     QString m_session;
+    QStringList m_settings;
     QTemporaryDir m_folder;
     QProcess m_portal;
 };

@@ -29,7 +29,7 @@ protected:
         grabber = std::make_unique<PortalHotKeyGrabber>(bus.connect(), u"org.palomet.Palomet"_s, layout);
         grabber->onPressed = [this](quint32 id) { pressed.push_back(id); };
         grabber->onRefused = [this](quint32 id) { refused.push_back(id); };
-        grabber->offer({{1, u"Listen"_s, 49, option}, {2, u"Stop"_s, 53, 0}});
+        grabber->offer({{1, u"Listen"_s, 49, option}, {2, u"Stop"_s, 53, 0}}, HotKeyGrabber::Occasion::Known);
         EXPECT_TRUE(grabber->grab(1, 49, option)) << "true while the answer is pending";
     }
     bool isBound() {
@@ -51,11 +51,26 @@ TEST_F(RealPortalTest, BindsBothKeysInOneSession) {
     begin();
     ASSERT_TRUE(isBound());
     EXPECT_EQ(grabber->trigger(2), u"Meta+2"_s);
-    EXPECT_EQ(portal.calls, QStringList({u"CreateSession"_s, u"BindShortcuts"_s}));
+    EXPECT_EQ(portal.calls, QStringList({u"CreateSession"_s, u"ListShortcuts"_s, u"BindShortcuts"_s}));
     ASSERT_EQ(portal.bound.size(), 2);
     EXPECT_EQ(portal.bound[0].properties[u"description"_s], u"Listen"_s);
     EXPECT_EQ(portal.bound[0].properties[u"preferred_trigger"_s], u"ALT+space"_s);
     EXPECT_FALSE(portal.bound[1].properties.contains(u"preferred_trigger"_s));
+    EXPECT_TRUE(refused.empty());
+}
+
+TEST_F(RealPortalTest, TakesTheKeysThatTheDesktopKnowsAndAsksForThemAnewWhenTheUserChooses) {
+    portal.known = {{u"1"_s, u"Meta+1"_s}, {u"2"_s, u"Meta+2"_s}};
+    ASSERT_TRUE(portal.start());
+    begin();
+    ASSERT_TRUE(isBound());
+    EXPECT_EQ(portal.calls, QStringList({u"CreateSession"_s, u"ListShortcuts"_s}));
+    for (int times = 1; times <= 3; ++times) {
+        grabber->offer({{1, u"Listen"_s, 40, option}, {2, u"Stop"_s, 53, 0}}, HotKeyGrabber::Occasion::Chosen);
+        ASSERT_TRUE(isBound());
+        EXPECT_EQ(portal.calls.count(u"BindShortcuts"_s), times);
+    }
+    EXPECT_EQ(portal.bound[0].properties[u"preferred_trigger"_s], u"ALT+k"_s);
     EXPECT_TRUE(refused.empty());
 }
 

@@ -6,6 +6,7 @@
 #include "tests/ui/support/UiTest.h"
 
 #include <QSettings>
+#include <QSignalSpy>
 #include <QTemporaryDir>
 
 using namespace palomet;
@@ -247,4 +248,17 @@ TEST_F(ListeningScreenTest, StopsRecordingWhenTheWindowIsClosedOrAnotherPaneIsCh
     screen.setActive(false);
     EXPECT_FALSE(screen.listenShortcut()->isRecording());
     EXPECT_FALSE(shortcuts.isPaused());
+}
+
+TEST_F(ListeningScreenTest, NamesTheCommandsWhereTheDesktopGrantsKeysToNoProgram) {
+    EXPECT_EQ(screen.keysNote(), QString());
+    QSignalSpy changes(&screen, &ListeningScreen::keysNoteChanged);
+    shortcuts.setGrantable(false);
+    shortcuts.setGrantable(false);
+    EXPECT_EQ(changes.count(), 1);
+    EXPECT_EQ(screen.keysNote(), L("listening.keysByCommand"));
+    for (const auto *command : {"palomet --listen", "palomet --stop"})
+        EXPECT_TRUE(screen.keysNote().contains(QLatin1StringView(command)));
+    shortcuts.setGrantable(true);
+    EXPECT_EQ(screen.keysNote(), QString());
 }

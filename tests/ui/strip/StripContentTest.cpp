@@ -79,6 +79,36 @@ TEST_F(StripContentTest, ShowsTheWordTheLineAndTheKeyThatStops) {
     EXPECT_EQ(words(), (QStringList{u"Thinking"_s, u"How is it?"_s, u"esc"_s}));
 }
 
+TEST_F(StripContentTest, ShowsASignThatStopsWhenItIsClickedWhereNoKeyDoes) {
+    backend().serve("/stop", "{}");
+    m_view.setStopKey(QString());
+    setState("listening");
+    const QPoint end(420, 20);
+    QTest::mouseClick(m_strip.window(), Qt::LeftButton, {}, end);
+    EXPECT_EQ(m_opened, 1) << "there is nothing to stop";
+    setState("speaking");
+    EXPECT_EQ(words(), (QStringList{u"Speaking"_s, QString()}));
+    QTest::mouseClick(m_strip.window(), Qt::LeftButton, {}, end);
+    EXPECT_TRUE(test::eventually([this] { return backend().count("/stop") == 1; }));
+    QTest::mouseClick(m_strip.window(), Qt::LeftButton, {}, QPoint(60, 20));
+    EXPECT_EQ(m_opened, 2);
+    m_view.setStopKey(u"Meta+F1"_s);
+    EXPECT_EQ(words(), (QStringList{u"Speaking"_s, QString(), u"Meta+F1"_s}));
+    QTest::mouseClick(m_strip.window(), Qt::LeftButton, {}, end);
+    EXPECT_EQ(m_opened, 3);
+    EXPECT_EQ(backend().count("/stop"), 1);
+}
+
+TEST_F(StripContentTest, LeavesRoomForTheLineBesideAKeyOfManyWords) {
+    m_view.setStopKey(u"the key at the top left of the second keyboard, or its twin"_s);
+    setState("thinking", [](Snapshot &snapshot) { snapshot.conversation.rows = {test::row("user", u"How is it?"_s)}; });
+    const auto found = texts();
+    ASSERT_EQ(found.size(), 3);
+    EXPECT_TRUE(found[2]->property("truncated").toBool());
+    EXPECT_FALSE(found[1]->property("truncated").toBool());
+    EXPECT_LE(found[2]->mapToScene({found[2]->width(), 0}).x(), 440 - 14);
+}
+
 TEST_F(StripContentTest, BeginsTheWordAtTheSamePlaceInEveryState) {
     for (const auto *state : {"listening", "hearing", "drafting", "thinking", "speaking", "muted"}) {
         setState(state);

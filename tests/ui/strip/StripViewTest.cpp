@@ -57,6 +57,18 @@ TEST_F(StripViewTest, NamesTheStopKeyOnlyWhileThereIsSomethingToStop) {
     }
 }
 
+TEST_F(StripViewTest, NamesTheKeyThatWorksOrNone) {
+    EXPECT_EQ(m_view.stopKey(), u"esc"_s);
+    m_view.setShown(true);
+    QSignalSpy changes(&m_view, &StripView::changed);
+    m_view.setStopKey(QString());
+    m_view.setStopKey(QString());
+    EXPECT_EQ(m_view.stopKey(), QString());
+    EXPECT_EQ(changes.count(), 1);
+    m_view.setStopKey(u"Meta+F1"_s);
+    EXPECT_EQ(m_view.stopKey(), u"Meta+F1"_s);
+}
+
 TEST_F(StripViewTest, ShowsTheOutputsLevelWhileItSpeaksAndTheInputsOtherwise) {
     follow();
     level("level", "0.25");

@@ -16,7 +16,7 @@ type Meaning = (slots: Slots, now: Date) => Meant | undefined;
 const aDay = /^(today|tomorrow|tonight|hoje|amanhã|amanha|(mon|tues|wednes|thurs|fri|satur|sun)day)$/i;
 /** What is opened is no application when it begins so: "start over", "open your mind". */
 const noApplication =
-  /^(your|over|for|to|with|again|from|about|up|me|it|that|this|him|her|them|us|at|on|in|off|of|by|as|and|i|you|we|a (timer|alarm|reminder|note)|mao|mão|de|em|para|isso|isto|aquilo|com|que|se|eu|seu|sua|um|uma)\b/i;
+  /^(a|an|new|your|over|for|to|with|again|from|about|up|me|it|that|this|him|her|them|us|at|on|in|off|of|by|as|and|i|you|we|a (timer|alarm|reminder|note)|mao|mão|de|em|para|isso|isto|aquilo|com|que|se|eu|seu|sua|um|uma)\b/i;
 
 /** These are folders without the word. */
 const knownFolders = /^(downloads|documents|pictures|photos|videos|documentos|imagens|fotos|vídeos|videos)$/i;
@@ -230,6 +230,9 @@ export type MeaningName = keyof typeof meanings;
 /** What these note down is kept to the word: "note that I have to go now". */
 export const verbatim: readonly MeaningName[] = ["note", "addToList", "removeFromList", "remind"];
 
+/** A meaning, and the phrases that have it. */
+export type Request = readonly [MeaningName, readonly string[]];
+
 /** What the phrases of a language are made of. */
 export interface Phrasing {
   /** Pieces that several phrases share, by name. */
@@ -241,5 +244,5 @@ export interface Phrasing {
   /** These may be. */
   after: readonly string[];
   /** The first meaning of which a phrase takes the sentence is meant. */
-  requests: readonly (readonly [MeaningName, readonly string[]])[];
+  requests: readonly Request[];
 }

@@ -1,0 +1,158 @@
+// The phrases by which English asks for facts, sums and memory.
+
+import type { Request } from "./meanings.ts";
+
+export const englishFacts: readonly Request[] = [
+  [
+    "battery",
+    [
+      "how much (battery|battery life|battery power|charge|power|juice) [do i have|is|does the battery have|does my battery have|has " +
+        "the battery|have i got|is there|does this computer have|does my laptop have|does the laptop have|has the laptop] [got] " +
+        "[<left>|in the battery|still]",
+      "(what is|how is|check|tell me|show me|what) [<the>] (battery|laptop battery) [at|is] [level|percentage|percent|status|charge|" +
+        "state|doing|life|looking|now|left]",
+      "[the] battery (level|status|percentage|charge|state|life)", "battery",
+      "how (full|charged|empty|low) is [<the>] [laptop] (battery|laptop|computer)",
+      "is [<the>] (laptop|computer|battery|pc|machine) (charging|plugged in|charged|full|low|on battery|on battery power|fully " +
+        "charged)",
+      "am i (plugged in|on battery|charging|running on battery)",
+      "how (long|much time|much longer) will [<the>] (battery|laptop|computer) last", "what percentage is [<the>] battery [at|on]",
+      "what is [<the>] (charge|level) of [<the>] battery", "how many percent [of] battery (do i have|is left) [left]",
+      "do i have [enough] battery [left]", "what percent (battery|is my battery) [do i have|is left|at]", "how is [<the>] battery",
+    ],
+  ],
+  [
+    "disk",
+    [
+      "how much (space|disk space|storage|storage space|free space|room|disk|hard drive space|hard disk space|free disk space|free " +
+        "storage|drive space) (is|do i have|is there|have i got|does this computer have|does my computer have|does the computer have|" +
+        "does the disk have|are) [<free>|still <free>] [on [<the>] (disk|drive|hard drive|hard disk|computer|laptop|machine|ssd|pc|" +
+        "system)]",
+      "how much (space|disk space|storage|free space|room) [<free>] [on [<the>] (disk|drive|hard drive|hard disk|computer|laptop|" +
+        "machine|ssd)]",
+      "how full is [<the>] (disk|drive|hard drive|hard disk|computer|ssd|storage)",
+      "(what is|check|tell me|show me) [<the>] (disk|storage|drive|hard drive|disk space|free space|free disk space) [usage|space|" +
+        "status|left]",
+      "(disk|storage) (space|usage|status)",
+      "is [<the>] (disk|drive|hard drive|hard disk|ssd) (full|almost full|getting full|nearly full)",
+      "do i have [enough|any] (space|disk space|storage|room) <free>", "am i (running out of|low on) (space|disk space|storage)",
+      "how much (of [<the>] disk|disk|storage) is (used|full|free)", "how much free space",
+    ],
+  ],
+  [
+    "memory",
+    [
+      "how much (memory|ram) (is|do i have|is there|have i got|does this computer have|does my computer have|does the computer have|" +
+        "does this machine have|are we using|am i using|is being used|is the computer using) [<free>|still <free>] [right now]",
+      "how much (free|available|used) (memory|ram) [do i have|is there|is left|have i got]",
+      "(what is|check|tell me|show me) <the> (memory|ram) [usage|use|status|left]", "(check|show me) (memory|ram) [usage|use]", "what is [<the>] (memory|ram) (usage|use|status)", "(memory|ram) (usage|status|use)",
+      "how full is [<the>] (memory|ram)", "how much (of [<the>] memory|memory|ram) is (used|full|free|in use)",
+      "am i (running out of|low on) (memory|ram)",
+    ],
+  ],
+  [
+    "network",
+    [
+      "(what|which) <network> (am i|are we|is this|is the computer|is my computer|is this computer) (on|connected to|using|" +
+        "connected) [to]",
+      "what is [<the>] <network> [name|called]", "what is the name of [<the>] <network>",
+      "(am i|are we|is the computer|is this computer|is my computer) (online|connected|connected to the internet|connected to a " +
+        "network|on the internet|offline|connected to wifi|connected to the wifi|connected to wi fi|on wifi|on the wifi)",
+      "(is there|do i have|do we have|have i got) [an|a|any] (internet|internet connection|network|network connection|wifi|connection)",
+      "is [<the>] (internet|wifi|network|wi fi|connection) (working|up|on|connected|down|there)", "<network> (name|status)",
+      "which <network>", "(check|tell me|show me) [<the>] <network> [name|status]", "what network",
+    ],
+  ],
+  [
+    "daysBetween",
+    [
+      "how many days (are there|are|is it|lie|do we have|) (between|from) {day:from} (and|to|until|till) {day:to}",
+      "how many days (between|from) {day:from} (and|to|until|till) {day:to}",
+      "(how long|how much time) is it (from|between) {day:from} (to|until|and) {day:to}", "days between {day:from} and {day:to}",
+      "what is the (difference|number of days) between {day:from} and {day:to}",
+    ],
+  ],
+  [
+    "daysUntil",
+    [
+      "how (many days|long|many weeks|many more days|much longer|many days left|many sleeps) [is it|are there|are left|is there|do " +
+        "we have|do i have|have i got|left|remain|remaining|are we] (until|till|to|before|from now until|away from) {day}",
+      "how (many days|far|many weeks) (away is|off is|away from) {day}", "(days|weeks) (until|till|to|before) {day}",
+      "how (far|many days) [away] is {day} [away]", "in how many days is {day}",
+    ],
+  ],
+  [
+    "daysSince",
+    [
+      "how (many days|long|many weeks) (has it been|is it|have passed|is it been|ago was|have gone by|has passed|did pass) since {day}",
+      "how many days since {day}", "how (many days|long) ago was {day}", "how (many days|long) (have passed|has passed) since {day}",
+      "how many days have (passed|gone by) since {day}",
+    ],
+  ],
+  [
+    "weekday",
+    [
+      "what (day|day of the week|weekday|date|day of the month) (is|was|will be|will it be|is it|was it|will|falls on|does it fall " +
+        "on|is it on|will it be on|was it on) [on] {day} [be|on|fall on]",
+      "(on what|what) (day|weekday|day of the week) (does|will|did) {day} (fall|fall on|be|be on|land on)",
+      "what is the (date|day) [on|of] {day}", "(which|what) (day|weekday|date) is {day}", "what will the date be {day}",
+      "what date (is|will it be|was it|was) {day}", "what day {day} (is|was|will be)",
+      "is {day} a (monday|tuesday|wednesday|thursday|friday|saturday|sunday|weekday|workday)", "{day} is what (day|day of the week)",
+      "when is {day}",
+    ],
+  ],
+  [
+    "convert",
+    [
+      "[what is|what are|how much is|how much are|<measure>|how many is] {measure} (in|to|into|as|is how many|are how many|equals " +
+        "how many|converted to|expressed in|in terms of) {unit}",
+      "how many {unit} (is|are|are there in|are in|in|is in|make|make up|does|do|go into|is equal to|equal|there are in|fit in|fit " +
+        "into) {measure} [make|have|equal]",
+      "<measure> {measure} (to|into|in) {unit}", "how much is {measure} (in|to) {unit}", "{measure} (to|in|into) {unit}",
+      "what does {measure} (make|come to|equal) in {unit}",
+    ],
+  ],
+  [
+    "calculate",
+    [
+      "[what is|what are|how much is|how much are|calculate|compute|work out|what does|solve|evaluate|figure out|what do you get for|" +
+        "what would be|what would|what will|how much does|how much do|add up|tell me what|tell me|give me|find|the result of|what is " +
+        "the result of|what is the value of|what do|do the math on|do the math] {sum} [=] [equal|equals|make|come to|is|be|add up to|" +
+        "makes|give|equal to|give me]",
+      "(add|sum) {sum}", "what {sum} is",
+    ],
+  ],
+  [
+    "recall",
+    [
+      "(do you remember|remember) what (we|i) (talked about|said|spoke about|discussed|asked|asked you) {day}",
+      "what (did|have|do|were) (we|i|you and i) (talk|talked|speak|chat|discuss|spoken|discussed|talking|chatting|speaking|speak " +
+        "about|chatted) [about] [on] {day}",
+      "what did (we|i|you and i) (talk|speak|chat) about {day}",
+      "what did (i|we) (ask|ask you|say|say to you|tell you|want|want to know|ask you about|ask about) [on|about] {day}",
+      "(what|do you remember what) (did we|have we|we) (talk|talked|speak|spoken|chat|discuss|say|said|discussed) about {text} {day}",
+      "what did (we|i) (talk|speak|say|chat|discuss|tell you|ask you|ask|discuss with you) about {text}",
+      "what did we discuss [on] {day}", "when did (we|i) (talk|speak|chat|ask|ask you|last talk|tell you) about {text}",
+      "(search|look through|look in|look up in|find in) (our|my|the|past|old) [past|old|previous] (conversations|conversation|" +
+        "history|chats|chat history) for {text}",
+      "(find|show me|look for) [the|our|my|a] (conversation|conversations|chat|chats) (about|on|where we talked about) {text}",
+      "(do you remember|remember) (what we|what i) (talked|said|spoke|discussed|asked) about {text}",
+      "(did|have) (we|i) (talk|talked|speak|spoken|ask you|asked you) about {text} [before]",
+      "(what have we|have we) (talked|spoken) about {text}", "what were we talking about [on] {day}",
+      "what was our conversation about {day}", "what was {day} conversation about",
+    ],
+  ],
+  [
+    "forget",
+    [
+      "(forget|delete|erase|remove|wipe|discard|clear) (this|our|the|the current|this whole|the whole|our current|this entire|all of " +
+        "this) (conversation|chat|talk|discussion|dialogue) [from your memory|from memory|completely]",
+      "forget (everything|all) [that] (we|i|i have|we have) [just] (said|talked about|discussed|told you) [in this conversation|just " +
+        "now]",
+      "forget (what|all that) (we|i|i have|we have) [just] (said|talked about|discussed|told you|asked|asked you|talked)",
+      "(delete|erase|wipe) (this|our|the) (conversation|chat) history", "do not (keep|remember|save|store) this (conversation|chat)",
+      "forget that we (talked|spoke|had this conversation)", "forget that conversation", "forget this whole thing we talked about",
+      "erase this from [your] memory",
+    ],
+  ],
+];

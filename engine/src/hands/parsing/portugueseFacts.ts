@@ -1,0 +1,165 @@
+// The phrases by which Portuguese asks for facts, sums and memory.
+
+import type { Request } from "./meanings.ts";
+
+export const portugueseFacts: readonly Request[] = [
+  [
+    "battery",
+    [
+      "quanto (de bateria|tem de bateria|resta de bateria|tenho de bateria|ainda tem de bateria|de carga)",
+      "quanto [de] bateria <restam> [ainda|restando]",
+      "quanto (tem|tenho|resta|falta|sobra|ainda tem|ainda resta|ainda tenho) de (bateria|carga) [na bateria|no notebook|ainda]",
+      "(como esta|como anda|qual e|qual|quanto esta|quanto tem|em quanto esta|quanto tem na|como vai|a quantas anda) [<the>] [nivel|" +
+        "carga|estado|porcentagem|percentual|status|nivel de carga] [de|da] (bateria|carga da bateria) [do notebook|do computador|" +
+        "agora]",
+      "[nivel|status|carga|estado|porcentagem] [de|da] bateria",
+      "[<the>] (notebook|computador|bateria|laptop|pc) (esta|ta) (carregando|na tomada|carregado|carregada|cheia|fraca|acabando|" +
+        "descarregando|ligado na tomada|baixa|conectado na tomada|na bateria)",
+      "quanto tempo [ainda] (dura|vai durar|resta de|aguenta|tem de) [<the>] (bateria|notebook)",
+      "(quantos|quanto) por cento [de] (bateria|tem a bateria|esta a bateria|tem de bateria|de bateria tem) [tem|tenho|resta|restam|" +
+        "eu tenho]",
+      "(tem|tenho|ainda tem|ainda tenho) [quanta|alguma|muita] bateria", "quanta (bateria|carga) [ainda] <restam> [ainda]",
+      "a bateria esta em quanto", "a quanto esta a bateria", "quanto falta de bateria",
+    ],
+  ],
+  [
+    "disk",
+    [
+      "quanto (espaco|espaco em disco|armazenamento|espaco de armazenamento|disco|espaco livre|espaco no disco|hd) [livre|em disco|" +
+        "disponivel] [<restam>] [ainda] [eu] [de] [<free>] [no (disco|hd|computador|ssd|pc|notebook|sistema)|em disco] [<free>]",
+      "quanto [eu] (tem|tenho|resta|sobra|ha|ainda tem|falta) de (espaco|espaco em disco|disco|armazenamento|espaco livre|espaco no " +
+        "disco|hd) [livre|no disco|no computador|disponivel|no hd|em disco|no ssd]",
+      "(como esta|qual e|qual) [<the>] (espaco|espaco em disco|uso do disco|armazenamento|uso de disco|espaco livre|disco|espaco do " +
+        "disco) [livre|em disco|no disco|disponivel|do disco]",
+      "(espaco em disco|espaco livre|uso do disco|espaco no disco) [livre]",
+      "[<the>] (disco|hd|ssd|armazenamento|computador) (esta|ta) (cheio|quase cheio|lotado|ficando cheio)",
+      "(tem|tenho|ainda tem|ainda tenho|ha) [algum|muito] espaco [livre] [no|em] (disco|hd|computador|ssd)",
+      "quao cheio esta o (disco|hd)", "(esta|estou) (faltando|sem|ficando sem) espaco [em disco|no disco]",
+      "quantos gigas [livres] (eu tenho|tenho|tem|restam|sobram|estao livres) [livres] [no disco|no hd|em disco]",
+    ],
+  ],
+  [
+    "memory",
+    [
+      "quanta (memoria|ram|memoria ram) [livre|disponivel] [<restam>] [ainda] [eu] [esta|estou] [<free>]",
+      "quanto (de memoria|de ram|de memoria ram) [livre] (tem|tenho|resta|sobra|esta|estou|ha|eu tenho) [<free>]",
+      "quanto (tem|tenho|resta|sobra|esta) de (memoria|ram|memoria ram) [<free>]",
+      "(como esta|qual e|qual|quanto esta) [<the>] (uso de|uso da|consumo de|) (memoria|ram|memoria ram) [livre|do computador]",
+      "(como esta|qual e) a memoria [ram] [do computador|livre]", "(uso de|uso da) (memoria|ram)", "memoria (livre|usada|disponivel)",
+      "[<the>] memoria (esta|ta) (cheia|quase cheia|acabando)",
+      "quanta memoria (o computador|esse computador|a maquina|este computador) tem",
+    ],
+  ],
+  [
+    "network",
+    [
+      "(em que|em qual|qual|que|a que|a qual) <network> (estou|eu estou|estamos|o computador esta|esta|e essa|e|estou conectado) " +
+        "[conectado|conectada|usando|ligado|conectados] [agora]",
+      "qual [e] [o nome da|o nome do|a|o|minha|a minha|nome da] <network> [atual|conectada|que estou usando|em que estou]",
+      "(estou|estamos|eu estou|o computador esta|esse computador esta) (online|conectado|conectada|na internet|conectado a internet|" +
+        "conectado na internet|offline|com internet|sem internet|conectado ao wifi|no wifi|conectado no wifi)",
+      "(tem|tenho|ha|temos|eu tenho) (internet|conexao|rede|wifi|conexao com a internet|sinal de internet)",
+      "[<the>] (internet|rede|wifi|conexao) (esta|ta|caiu) [funcionando|no ar|ligada|conectada|ok|fora do ar|conectado|ligado]",
+      "nome (da rede|do wifi)", "(como esta|como anda) [<the>] (internet|rede|conexao|wifi)", "como se chama [<the>] (rede|wifi)",
+    ],
+  ],
+  [
+    "daysBetween",
+    [
+      "quantos dias (ha|tem|existem|sao|vao|tem de|) (entre|de) {day:from} (e|a|ate) [o|a] {day:to}",
+      "quantos dias (entre|de) {day:from} (e|a|ate) [o|a] {day:to}",
+      "(qual a diferenca|qual e a diferenca|diferenca) [de|em] [dias] entre {day:from} e {day:to}",
+      "quanto tempo [ha|tem] (entre|de) {day:from} (e|a|ate) {day:to}",
+    ],
+  ],
+  [
+    "daysUntil",
+    [
+      "quantos dias (faltam|restam|tem|sao|ainda faltam|falta|ha|) [ainda] (para|ate) [o|a] {day}",
+      "quantas semanas (faltam|restam|tem|) (para|ate) [o|a] {day}", "quantos dias (para|ate) [o|a] {day}",
+      "(quanto tempo|quanto|quanto tempo ainda) (falta|resta|tem|faltam|ainda falta) (para|ate) [o|a] {day}",
+      "(daqui a|em) quantos dias (e|sera|vai ser|cai) {day}", "faltam quantos dias (para|ate) [o|a] {day}",
+    ],
+  ],
+  [
+    "daysSince",
+    [
+      "(ha|faz|fazem) (quantos dias|quanto tempo) (foi|que foi|desde|aconteceu|) {day}",
+      "quantos dias (se passaram|passaram|faz|faz que foi|ja passaram|fazem|tem|ha) desde [o|a] {day}",
+      "quantos dias desde [o|a] {day}", "quanto tempo (faz|passou|se passou|ja passou|tem) desde [o|a] {day}",
+    ],
+  ],
+  [
+    "weekday",
+    [
+      "(que|qual|em que|em qual) (dia|dia da semana|data) (e|foi|sera|vai ser|cai|caiu|vai cair|e que e|esta) [o|a|no|em] {day}",
+      "(que|qual) (dia da semana|dia|data) [e|sera] [o|a|no|em] {day} (e|foi|sera|cai|caiu|vai cair|vai ser)",
+      "{day} (e|cai|foi|sera|vai ser|vai cair) (que|em que|em qual|qual|num) (dia|dia da semana)",
+      "(em que|que|qual) dia (da semana|) (cai|sera|foi|vai cair) [o|a] {day}",
+      "qual [e|sera|foi|vai ser] [a] data [de|da|do|em] {day}", "que data (e|sera|vai ser) {day}",
+      "quando (e|sera|cai|vai ser) [o|a] {day}",
+    ],
+  ],
+  [
+    "convert",
+    [
+      "[quanto e|quanto sao|quanto da|converte|converta|converter|quanto vale|passa|transforma|transforme|quanto fica] {measure} (em|" +
+        "para|a|equivale a quantos|equivalem a quantos|sao quantos|sao quantas|e quantos|da quantos|da quantas|dao quantos|em " +
+        "quantos) {unit}",
+      "(quantos|quantas) {unit} (sao|e|tem|ha|tem em|ha em|existem em|em|cabem em|da|dao|sao em|equivalem a|tem um|tem uma|equivale " +
+        "a|valem|fazem) {measure}",
+      "(quantos|quantas) {unit} {measure} (tem|sao|da|dao|e)", "{measure} (em|para) {unit}",
+      "{measure} (sao|e|da|dao|equivale a|equivalem a) (quantos|quantas) {unit}",
+    ],
+  ],
+  [
+    "calculate",
+    [
+      "[quanto e|quanto sao|quanto da|quanto fica|quanto e que da|quanto e que e|calcula|calcule|calcular|qual e|qual|qual o " +
+        "resultado de|qual e o resultado de|resultado de|resolve|resolva|faz a conta|faca a conta|faz a conta de|faca a conta de|" +
+        "computa|some|soma|quantos sao|quanto vale|o resultado de|me da o resultado de|conta de|faz as contas de|faz|quanto seria|" +
+        "quanto daria] {sum} [=] [da quanto|e quanto|sao quanto|e igual a|e igual a quanto|quanto e|quanto da|fica quanto|da|igual a|" +
+        "quanto]",
+      "quantos (da|sao|e) {sum}",
+    ],
+  ],
+  [
+    "recall",
+    [
+      "(sobre o que|do que|de que|o que|sobre que|que) (conversamos|falamos|a gente conversou|a gente falou|nos conversamos|nos " +
+        "falamos|discutimos|eu falei|eu perguntei|eu te perguntei|perguntei|te perguntei|eu disse|eu pedi|estavamos falando|" +
+        "estavamos conversando|eu te disse|eu te pedi|nos discutimos|conversei com voce|falei com voce|eu conversei com voce|eu te " +
+        "falei|pedi|voce e eu conversamos|foi que conversamos|foi que falamos|e que conversamos|e que falamos) [na|no|em] {day}",
+      "(o que|que) (conversamos|falamos|dissemos|discutimos|a gente falou|a gente conversou|eu disse|eu falei|eu te disse|eu " +
+        "perguntei|nos falamos|eu te falei|eu te perguntei|voce disse) (sobre|de|do|da|a respeito de|a respeito do|a respeito da) [o|" +
+        "a|os|as] {text}",
+      "quando (falamos|conversamos|a gente falou|a gente conversou|eu falei|eu perguntei|foi que falamos|foi que conversamos|eu te " +
+        "perguntei|nos falamos) (sobre|de|do|da) [o|a|os|as] {text}",
+      "(procura|procure|procurar|busca|busque|buscar|pesquisa|pesquise|pesquisar) (por|) {text} (nas|em|na) [nossas|minhas] " +
+        "(conversas|conversa|historico|conversas antigas|conversas passadas)",
+      "(procura|procure|procurar|busca|busque|buscar|pesquisa|pesquise) (nas|em) [nossas|minhas] (conversas|conversas antigas|" +
+        "conversas passadas) [por|sobre|o|a] {text}",
+      "(acha|ache|encontra|encontre|procura|procure|busca|mostra|mostre) (a|as|nossa|minhas|nossas) (conversa|conversas) sobre [o|a] " +
+        "{text}",
+      "(lembra|voce lembra|se lembra|voce se lembra) (do que|o que|de que|sobre o que) (conversamos|falamos|eu disse|eu falei|a " +
+        "gente conversou|a gente falou) {day}",
+      "(lembra|voce lembra|se lembra|voce se lembra) (do que|o que|de que) (conversamos|falamos|eu disse|eu falei|a gente conversou|" +
+        "a gente falou) sobre [o|a] {text}",
+      "(ja falamos|ja conversamos|nos ja falamos|a gente ja falou) (sobre|de|do|da) [o|a] {text}",
+      "qual foi [o assunto da|o assunto de|o tema da] [nossa] conversa [de] {day}",
+      "{day} (conversamos|falamos|a gente conversou) sobre o que",
+    ],
+  ],
+  [
+    "forget",
+    [
+      "(esquece|esqueca|esquecer|apaga|apague|apagar|deleta|delete|deletar|exclui|exclua|excluir|limpa|limpe|elimina|elimine|remove|" +
+        "remova|descarta|descarte) (esta|essa|nossa|a nossa|toda esta|toda essa|a|toda a) (conversa|discussao) [inteira|toda|atual|" +
+        "da memoria|da sua memoria|toda da memoria]",
+      "(esquece|esqueca|apaga|apague|esquecer) (tudo o que|tudo que|o que) (conversamos|falamos|eu disse|eu falei|a gente conversou|" +
+        "a gente falou|eu te disse|dissemos|eu acabei de dizer|acabamos de falar|acabei de falar|eu acabei de falar|acabamos de " +
+        "conversar|discutimos) [nesta conversa|nessa conversa|agora|aqui|ate agora]",
+      "nao (guarda|guarde|salva|salve|lembra|armazene) (esta|essa) conversa", "(apaga|apague) [o|] historico (desta|dessa|da) conversa",
+    ],
+  ],
+];

@@ -1,0 +1,175 @@
+// The phrases by which Portuguese asks for timers, alarms and reminders.
+
+import type { Request } from "./meanings.ts";
+
+export const portugueseTimers: readonly Request[] = [
+  [
+    "setTimer",
+    [
+      "[<set>] [<a>] <timer> [de|para|com|em|por|durante|para daqui a|daqui a|para tocar em|que toque em|que dure|para daqui] " +
+        "{duration} [<called> {few:name}]",
+      "<set> {duration} (no|de) <timer> [<called> {few:name}]", "{duration} (no|de) <timer>",
+      "<set> [<a>] <timer> <called> {few:name} (de|com|por|em|para) {duration}", "<set> [<a>] <timer> <called> {few:name} {duration}",
+      "<timer> <called> {few:name} (de|com|por) {duration}", "<timer> <called> {few:name} {duration}",
+      "<timer> {word:name} [de|por|com] {duration}", "<set> [<a>] <timer> {word:name} (de|por|com|para) {duration}",
+      "(conta|conte|contar|cronometra|cronometre|cronometrar|marca|marque|marcar) {duration} [no relogio|no timer|de tempo|no " +
+        "temporizador] [<called> {few:name}]",
+      "(me avisa|me avise|avisa|avise|me chama|me chame|me alerta|me alerte|apita|apite|toca|toque|me notifica|me notifique|avisa me|" +
+        "avise me|me da um toque|me da um aviso) (em|daqui a|depois de|apos|dentro de) {duration}",
+      "(daqui a|em|dentro de|depois de) {duration} (me avisa|me avise|avisa|me chama|me chame|apita|toca|me alerta)",
+      "(me avisa|me avise|avisa|avise|me chama|me chame) quando (passar|passarem|der|derem|completar|terminar|acabar|acabarem|tiver " +
+        "passado|tiverem passado|fizer) [os|as|o|a] {duration}",
+      "{duration} [a partir de agora] (no relogio|contando)", "comeca a contar {duration}", "comece a contar {duration}",
+      "<set> [<a>] <timer> [<called> {few:name}] (de|com|em|para daqui a|daqui a) {duration}", "contagem regressiva de {duration}",
+      "(faz|faca|inicia|inicie|comeca|comece) [uma] contagem [regressiva] de {duration}", "<set> {duration} para {few:name}",
+    ],
+  ],
+  [
+    "wake",
+    [
+      "(me acorda|me acorde|acorda me|acorde me|me acordar|me desperta|me desperte|me chama|me chame|acorda eu) {moment}",
+      "{moment} (me acorda|me acorde|me desperta|me chama)",
+      "(me acorda|me acorde|me desperta|me acordar) (em|daqui a|depois de|dentro de) {duration}",
+      "(daqui a|em) {duration} (me acorda|me acorde)",
+      "(preciso|eu preciso|tenho que|eu tenho que|quero|eu quero|tenho de|vou|devo|gostaria de) (acordar|levantar|estar de pe|estar " +
+        "acordado|estar acordada|me levantar|despertar) {moment}",
+      "(quero|preciso) que (voce) me acorde {moment}", "nao (me deixa|me deixe|deixa eu|deixe eu) dormir depois {moment}",
+      "acordar {moment}", "nao esquece de me acordar {moment}", "nao esqueca de me acordar {moment}",
+    ],
+  ],
+  [
+    "setAlarm",
+    [
+      "[<set>] [<a>] <alarm> [para|de|das|em|la para|para tocar|tocando|para despertar|marcado para|que toque] {moment} [<called> " +
+        "{few:name}]",
+      "[<set>] [<a>] <alarm> (para daqui a|daqui a|em|de|para) {duration} [<called> {few:name}]", "{moment} [<set>] [<a>] <alarm>",
+      "<set> [<a>] <alarm> <called> {few:name} (para|em|de) {moment}", "<alarm> {moment}",
+      "(desperta|desperte|toca|toque) [o alarme|o despertador] {moment}", "<set> (para|) despertar {moment}",
+      "<set> {moment} [no|como|de] <alarm>", "<set> (o|meu) relogio para despertar {moment}",
+    ],
+  ],
+  [
+    "remind",
+    [
+      "<remind> (em|daqui a|dentro de|depois de|para daqui a) {duration} <about> {text}", "<remind> {moment} <about> {text}",
+      "<remind> <about> {text} (em|daqui a|dentro de|depois de) {duration}", "<remind> <about> {text} {moment}",
+      "(em|daqui a|dentro de|depois de) {duration} <remind> <about> {text}", "{moment} <remind> <about> {text}",
+      "<remind> para {moment} <about> {text}", "<remind> <about> {text} para {moment}",
+      "(em|daqui a) {duration} <about> {text} <remind>",
+    ],
+  ],
+  [
+    "cancelTimers",
+    [
+      "<off> (todos|todos os|todas as|todas|os dois|ambos os|tudo que e) [<the>] (timers|temporizadores|cronometros|contagens|timer)",
+      "<off> (os|meus|os meus|esses) (timers|temporizadores|cronometros)",
+    ],
+  ],
+  [
+    "cancelAlarms",
+    [
+      "<off> (todos|todos os|todas|os dois|ambos os) [<the>] (alarmes|despertadores|alarme)",
+      "<off> (os|meus|os meus|esses) (alarmes|despertadores)",
+    ],
+  ],
+  [
+    "cancelReminders",
+    [
+      "<off> (todos|todos os|todas|os dois|ambos os) [<the>] (lembretes|avisos|lembrete)", "<off> (os|meus|os meus|esses) (lembretes)",
+    ],
+  ],
+  [
+    "cancelTimer",
+    [
+      "<off> [<the>] <timer>", "<off> [<the>] <timer> [de|com|dos|das] {duration}",
+      "<off> [<the>] <timer> (chamado|do|da|de|dos|das|para|para o|para a) {few:name}", "<off> [<the>] <timer> {word:name}",
+      "nao (preciso|quero) mais [do|o] <timer> [<called> {few:name}]",
+    ],
+  ],
+  [
+    "cancelAlarm",
+    [
+      "<off> [<the>] <alarm>", "<off> [<the>] <alarm> [das|para|de|do|da|para as|marcado para] {moment}",
+      "<off> [<the>] <alarm> (de|para|da|do) {day}", "<off> [<the>] <alarm> (chamado|do|da|de|para|para o|para a) {few:name}",
+      "nao (preciso|quero) mais (do|o|ser) <alarm>", "nao (precisa|precisa mais) me acordar [mais]",
+    ],
+  ],
+  [
+    "cancelReminder",
+    [
+      "<off> [<the>] [ultimo|proximo] lembrete",
+      "<off> [<the>] lembrete (chamado|do|da|de|dos|das|sobre|para|que diz|sobre o|sobre a) {text:name}",
+      "nao precisa [mais] me lembrar (de|do|da|que|sobre) {text:name}",
+    ],
+  ],
+  [
+    "snooze",
+    [
+      "soneca", "(ativa|ative|modo|aperta|faz|coloca|poe) [a|o|o modo] soneca",
+      "(adia|adie|adiar) [<the>] [alarme|timer|despertador|lembrete] [por|em|para daqui a] {duration}",
+      "(adia|adie|adiar) [<the>] (alarme|timer|despertador|lembrete)", "mais {duration}", "(me da|me de|da|quero|so) mais {duration}",
+      "soneca de {duration}",
+      "(me lembra|me lembre|me avisa|toca|me acorda|me acorde) (de novo|novamente|outra vez) (em|daqui a) {duration}", "(adia|adie)",
+      "deixa eu dormir mais {duration}", "(me deixa|me deixe) dormir mais {duration}",
+    ],
+  ],
+  [
+    "tellTimers",
+    [
+      "quanto [tempo] [eu] <restam> [de tempo] [ainda] [(no|para o|do|de|para|nesse|neste|para acabar o|para terminar o|para tocar o|" +
+        "ate o) [meu] <timer> [<called> {few:name}]] [acabar|tocar|terminar]",
+      "quantos (minutos|segundos) <restam> [ainda] [(no|para o|do|de|para|para acabar o|para tocar o) [meu] <timer> [<called> " +
+        "{few:name}]] [acabar|tocar|terminar]",
+      "quantas horas <restam> (no|para o|do) [meu] <timer>",
+      "quanto [tempo] (<restam>) (para|no|na|do|da) [o|a] {few:name} (ficar pronto|ficar pronta|acabar|terminar)",
+      "quando (acaba|termina|toca|vai tocar|vai acabar|vai terminar|termina o tempo) [<the>] <timer> [<called> {few:name}]",
+      "(como esta|como anda|como vai|em quanto esta|em que pe esta|cade|a quantas anda) [<the>] <timer> [<called> {few:name}]",
+      "quanto [tempo] (marca|mostra|diz) [<the>] <timer>",
+      "(quais|que) (timers|temporizadores|cronometros) (eu tenho|tenho|estao ativos|estao rodando|estao ligados|existem|ha|tem|estao " +
+        "marcados|estao correndo|eu marquei|estao tocando|estao contando)",
+      "quais sao [<the>] (timers|temporizadores|cronometros) [ativos|atuais|que tenho]",
+      "<readverb> [todos] [<the>] (timers|temporizadores|cronometros|timer|temporizador|cronometro) [ativos|todos]",
+      "(tem|tenho|ha|existe|eu tenho|temos) [algum|alguns|um] (timer|timers|temporizador|temporizadores|cronometro) [ativo|ligado|" +
+        "rodando|correndo|marcado|ativos|funcionando]",
+      "[<the>] <timer> (esta|ainda esta) (ligado|rodando|ativo|correndo|funcionando)",
+      "quantos (timers|temporizadores|cronometros) (eu tenho|tenho|estao rodando|estao ativos|ha|tem|existem)",
+      "tempo restante [(do|no) [meu] <timer> [<called> {few:name}]]",
+      "qual [e] o tempo restante [(do|no) [meu] <timer> [<called> {few:name}]]",
+      "em quanto tempo (toca|acaba|termina) [<the>] <timer> [<called> {few:name}]",
+      "(falta|vai demorar) (muito|quanto) [tempo] [ainda] (no|para o|do) <timer> [<called> {few:name}] [acabar|tocar|terminar]",
+      "meus (timers|temporizadores)", "status (do|dos) <timer>",
+    ],
+  ],
+  [
+    "tellAlarms",
+    [
+      "(para quando|para que horas|para que hora|a que horas|que horas|quando|em que horas|que hora) (esta|e|toca|vai tocar|ficou|" +
+        "esta marcado|esta programado|foi marcado|vai despertar|desperta) [marcado|programado] [<the>] [proximo|meu proximo|" +
+        "primeiro] <alarm> [toca|marcado|vai tocar]",
+      "(para quando|para que horas|a que horas|quando|que horas) [<the>] [proximo|meu proximo] <alarm> (esta marcado|esta programado|" +
+        "toca|vai tocar|esta)",
+      "(quais|que) (alarmes|despertadores) (eu tenho|tenho|estao ativos|estao ligados|existem|ha|tem|estao marcados|eu marquei|estao " +
+        "programados)",
+      "quais sao [<the>] (alarmes|despertadores) [ativos|marcados]",
+      "<readverb> [todos] [<the>] (alarmes|despertadores|alarme|despertador)",
+      "(tem|tenho|ha|existe|eu tenho|tem algum) [algum|alguns|um] (alarme|alarmes|despertador) [ativo|ligado|marcado|programado|" +
+        "ativos|marcados] [para amanha]",
+      "[<the>] <alarm> (esta|ficou) (ligado|marcado|ativo|programado)", "quantos alarmes (eu tenho|tenho|ha|tem|estao marcados)",
+      "(a que horas|que horas|quando) (voce vai|vai|vou|eu vou) (me acordar|acordar)",
+      "quanto tempo <restam> (para|ate) [<the>] <alarm> [tocar]", "quando (e|toca) [<the>] [proximo|meu proximo] <alarm>",
+      "qual [e] [<the>] [proximo|meu proximo] <alarm>", "a que horas eu acordo",
+    ],
+  ],
+  [
+    "tellReminders",
+    [
+      "(quais|que) lembretes (eu tenho|tenho|estao ativos|existem|ha|tem|estao marcados|eu marquei|eu criei|estao programados)",
+      "quais sao [<the>] [proximos] lembretes", "<readverb> [todos] [<the>] lembretes",
+      "(tem|tenho|ha|existe|eu tenho) [algum|alguns|um] (lembrete|lembretes) [ativo|marcado|para hoje|hoje|marcados]",
+      "quantos lembretes (eu tenho|tenho|ha|tem)", "qual [e] [<the>] [proximo|meu proximo] lembrete",
+      "quando e [<the>] [proximo|meu proximo] lembrete",
+      "(do que|de que|o que) (eu pedi para voce me lembrar|pedi para me lembrar|voce tem que me lembrar|voce vai me lembrar)",
+      "meus lembretes",
+    ],
+  ],
+];

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QObject>
+#include <QVariantMap>
+
+#include <functional>
+#include <optional>
+
+namespace palomet {
+
+/// A request to one interface of the desktop's portal, whose answer comes later, as a signal of the request's own. The
+/// newest request alone counts. Nothing waits for it. Main thread.
+class PortalRequest final : public QObject {
+    Q_OBJECT
+
+public:
+    using Arguments = std::function<QVariantList(const QString &token)>;
+    /// Gets the results; none when the portal or the desktop's user refuses, or the portal does not know the call.
+    using Answered = std::function<void(const std::optional<QVariantMap> &results)>;
+
+    PortalRequest(const QDBusConnection &bus, QString interface);
+
+    /// `arguments` gives those of the call for a token, its `handle_token`. `answered` is called from the event loop,
+    /// at most once.
+    void make(const QString &method, const Arguments &arguments, Answered answered);
+
+    /// An answer that is still to come does not count any more.
+    void withdraw();
+    [[nodiscard]] bool isPending() const { return m_answered != nullptr; }
+
+private Q_SLOTS:
+    void responded(uint code, const QVariantMap &results, const QDBusMessage &message);
+
+private:
+    void answer(const std::optional<QVariantMap> &results);
+
+    QDBusConnection m_bus;
+    const QString m_interface;
+    QString m_path;      ///< Of the request whose answer is awaited.
+    Answered m_answered; ///< Empty while none is.
+    quint64 m_count = 0;
+};
+
+} // namespace palomet

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QtGlobal>
+
+namespace palomet {
+
+/// Port: what the desktop's window manager is told of a window. Windows are named by the toolkit's ids. Main thread
+/// only.
+class WindowManagement {
+public:
+    WindowManagement() = default;
+    WindowManagement(const WindowManagement &) = delete;
+    WindowManagement &operator=(const WindowManagement &) = delete;
+    virtual ~WindowManagement() = default;
+
+    /// Says whose window it is, so that the desktop shows the program's name and icon with it. Before it first shows.
+    virtual void introduce(quintptr window) = 0;
+
+    /// Asks to have a window that shows in front of all others, with the keyboard's focus, because the user has just
+    /// asked for it: by a click on the tray item, a command, a second start. False where the desktop cannot be asked,
+    /// and the toolkit's own way is left.
+    [[nodiscard]] virtual bool activate(quintptr window) = 0;
+};
+
+} // namespace palomet

@@ -33,6 +33,13 @@ const searchSchema = `
   INSERT INTO words (words) VALUES ('rebuild');
   PRAGMA user_version = ${schemaVersion};`;
 
+/** What the agent could not do before version 2, and is to be asked about until the user switches that off. */
+const askAboutHands = `
+  UPDATE settings SET value = (SELECT json_group_array(id) FROM (
+    SELECT value AS id FROM json_each(settings.value)
+    UNION SELECT column1 FROM (VALUES ('forget'), ('lock'), ('note'), ('open'), ('screenshot'))))
+  WHERE key = 'confirmActions' AND json_valid(value);`;
+
 /** Makes the folder and the file readable for this user alone, also when they were there before. */
 export function keepPrivate(folder: string, path: string): void {
   const attempt = (work: () => void): void => {
@@ -61,7 +68,7 @@ export function prepared(database: Database): Database {
   if (check?.quick_check !== "ok") throw new Error(check?.quick_check ?? "quick_check");
   const version = database.query<{ user_version: number }, []>("PRAGMA user_version").get()?.user_version;
   if (version === 0) database.transaction(() => database.run(schema + searchSchema))();
-  else if (version === 1) database.transaction(() => database.run(searchSchema))();
+  else if (version === 1) database.transaction(() => database.run(askAboutHands + searchSchema))();
   else if (version !== schemaVersion) throw new Error(`versão ${version}`);
   // Only a write finds a lock that another program holds.
   database.run("BEGIN IMMEDIATE");

@@ -1,5 +1,5 @@
 import { Database } from "bun:sqlite";
-import { expect, test } from "bun:test";
+import { describe, expect, test } from "bun:test";
 import { readdirSync, readFileSync } from "node:fs";
 import { join } from "node:path";
 import { always, conversations, daySpan, forgetSpan, search } from "../../src/memory/archive.ts";
@@ -46,16 +46,35 @@ test("a day is forgotten with every conversation that touched it, and leaves not
   for (const name of readdirSync(folder)) expect(readFileSync(join(folder, name)).includes("zanzibar")).toBe(false);
 });
 
-test("a database of before, which could not be searched, can be", () => {
-  const path = join(temporaryFolder(), "palomet.db");
-  const old = new Database(path, { create: true });
-  old.run(`
-    CREATE TABLE settings (key TEXT PRIMARY KEY, value TEXT NOT NULL);
-    CREATE TABLE conversations (id TEXT PRIMARY KEY, startedAt REAL NOT NULL, firstQuestion TEXT NOT NULL, answers INTEGER NOT NULL, costUsd REAL NOT NULL, session TEXT);
-    CREATE TABLE rows (id INTEGER PRIMARY KEY, conversation TEXT NOT NULL, role TEXT NOT NULL, text TEXT NOT NULL, at REAL NOT NULL, durationMs REAL);
-    INSERT INTO conversations VALUES ('a', 1, 'x', 1, 0, NULL);
-    INSERT INTO rows (conversation, role, text, at) VALUES ('a', 'user', 'Olá, Zanzibar', 1);
-    PRAGMA user_version = 1;`);
-  old.close();
-  expect(search(prepared(new Database(path)), "ola", always, 9)).toEqual([{ role: "user", text: "Olá, Zanzibar", at: 1 }]);
+describe("a database of before", () => {
+  function prepareOld(more: string): Database {
+    const path = join(temporaryFolder(), "palomet.db");
+    const old = new Database(path, { create: true });
+    old.run(`
+      CREATE TABLE settings (key TEXT PRIMARY KEY, value TEXT NOT NULL);
+      CREATE TABLE conversations (id TEXT PRIMARY KEY, startedAt REAL NOT NULL, firstQuestion TEXT NOT NULL, answers INTEGER NOT NULL, costUsd REAL NOT NULL, session TEXT);
+      CREATE TABLE rows (id INTEGER PRIMARY KEY, conversation TEXT NOT NULL, role TEXT NOT NULL, text TEXT NOT NULL, at REAL NOT NULL, durationMs REAL);
+      ${more};
+      PRAGMA user_version = 1;`);
+    old.close();
+    return prepared(new Database(path));
+  }
+
+  test("can be searched", () => {
+    const database = prepareOld(`
+      INSERT INTO conversations VALUES ('a', 1, 'x', 1, 0, NULL);
+      INSERT INTO rows (conversation, role, text, at) VALUES ('a', 'user', 'Olá, Zanzibar', 1)`);
+    expect(search(database, "ola", always, 9)).toEqual([{ role: "user", text: "Olá, Zanzibar", at: 1 }]);
+  });
+
+  test("asks before it does what it could not do then, beside what it was asked about", () => {
+    for (const [before, after] of [
+      ['["web"]', ["forget", "lock", "note", "open", "screenshot", "web"]],
+      ["[]", ["forget", "lock", "note", "open", "screenshot"]],
+    ] as const) {
+      const database = prepareOld(`INSERT INTO settings VALUES ('confirmActions', '${before}'), ('voiceName', '"Ana"')`);
+      const { value } = database.query<{ value: string }, []>("SELECT value FROM settings WHERE key = 'confirmActions'").get()!;
+      expect(JSON.parse(value)).toEqual([...after]);
+    }
+  });
 });

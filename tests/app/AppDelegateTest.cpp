@@ -454,16 +454,16 @@ TEST_F(AppDelegateTest, MakesNeitherWindowNorStripBeforeTheyAreNeeded) {
 TEST_F(AppDelegateTest, MakesOneWindowHoweverOftenItIsOpenedAndLoadsHistoryAndOptionsEachTime) {
     create();
     delegate->openWindow();
-    const auto *opened = window();
-    ASSERT_TRUE(opened);
-    EXPECT_TRUE(opened->isVisible());
-    EXPECT_EQ(opened->title(), u"Palomet");
+    const auto *shown = window();
+    ASSERT_TRUE(shown);
+    EXPECT_TRUE(shown->isVisible());
+    EXPECT_EQ(shown->title(), u"Palomet");
     EXPECT_TRUE(eventually([this] { return server.count("/history") == 1 && server.count("/options") == 1; }));
     window()->close();
-    EXPECT_FALSE(opened->isVisible());
+    EXPECT_FALSE(shown->isVisible());
     delegate->openWindow();
-    EXPECT_EQ(window(), opened);
-    EXPECT_TRUE(opened->isVisible());
+    EXPECT_EQ(window(), shown);
+    EXPECT_TRUE(shown->isVisible());
     EXPECT_TRUE(eventually([this] { return server.count("/history") == 2 && server.count("/options") == 2; }));
 }
 

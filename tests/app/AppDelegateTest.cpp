@@ -170,7 +170,7 @@ protected:
         document[u"state"_s] = state;
         document[u"isMuted"_s] = false;
         server.serve("/state", QJsonDocument(document).toJson());
-        Q_EMIT menu().aboutToShow();
+        Q_EMIT test::trayMenu().aboutToShow();
         scheduler->advance(100ms);
         EXPECT_TRUE(eventually([&] { return remote->published.state == state; }));
     }
@@ -187,13 +187,7 @@ protected:
         const auto strips = test::stripWindows();
         return !strips.isEmpty() && strips.constFirst()->isVisible();
     }
-    [[nodiscard]] static QMenu &menu() {
-        for (auto *widget : QApplication::topLevelWidgets())
-            if (auto *menu = qobject_cast<QMenu *>(widget))
-                return *menu;
-        throw std::runtime_error("there is no menu");
-    }
-    [[nodiscard]] static bool isItemShown() { return menu().findChild<QSystemTrayIcon *>() != nullptr; }
+    [[nodiscard]] static bool isItemShown() { return test::trayMenu().findChild<QSystemTrayIcon *>() != nullptr; }
 
     QByteArray log() const { return test::contentOf(LogFile::pathBelow(folder.path())); }
 
@@ -405,7 +399,7 @@ TEST_F(AppDelegateTest, QuitsOnceHoweverOftenItIsAsked) {
 TEST_F(AppDelegateTest, QuitsFromItsMenu) {
     create();
     launch();
-    menu().actions().constLast()->trigger();
+    test::trayMenu().actions().constLast()->trigger();
     EXPECT_TRUE(eventually([this] { return terminations == 1; }));
 }
 
@@ -497,7 +491,7 @@ TEST_F(AppDelegateTest, OpensItsWindowFromTheMenuOnThePaneThatItHad) {
     create();
     delegate->openWindow(Pane::Brain);
     window()->close();
-    for (auto *action : menu().actions()) {
+    for (auto *action : test::trayMenu().actions()) {
         if (action->shortcut() == QKeySequence(u"Ctrl+O"_s)) {
             EXPECT_TRUE(action->isEnabled());
             action->trigger();

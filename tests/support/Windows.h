@@ -1,7 +1,10 @@
 #pragma once
 
-#include <QGuiApplication>
+#include <QApplication>
+#include <QMenu>
 #include <QQuickView>
+
+#include <stdexcept>
 
 namespace palomet::test {
 
@@ -13,6 +16,14 @@ inline QList<QQuickView *> stripWindows() {
             view != nullptr && view->flags().testFlag(Qt::BypassWindowManagerHint))
             found.append(view);
     return found;
+}
+
+/// The menu of the tray item, which need not be shown.
+inline QMenu &trayMenu() {
+    for (auto *widget : QApplication::topLevelWidgets())
+        if (auto *menu = qobject_cast<QMenu *>(widget))
+            return *menu;
+    throw std::runtime_error("there is no menu");
 }
 
 } // namespace palomet::test

@@ -63,10 +63,10 @@ TEST_F(ListeningScreenTest, TellsTheCommandForAnySentenceWhereOnlyPhrasesAreUnde
     Options options;
     options.whisperModels = {u"pocketsphinx"_s};
     model().setOptions(options);
-    EXPECT_TRUE(screen.transcription()->hint().contains(u"palomet-engine model add"_s));
+    EXPECT_TRUE(transcription->hint().contains(u"palomet-engine model add"_s));
     options.whisperModels = {u"small-q5_1"_s, u"pocketsphinx"_s};
     model().setOptions(options);
-    EXPECT_EQ(screen.transcription()->hint(), L("listening.transcription.hint"));
+    EXPECT_EQ(transcription->hint(), L("listening.transcription.hint"));
 }
 
 TEST_F(ListeningScreenTest, FallsBackWithoutASnapshot) {

@@ -1,3 +1,4 @@
+#include "tests/support/Windows.h"
 #include "tests/ui/support/Scene.h"
 #include "tests/ui/support/UiTest.h"
 #include "ui/UiEngine.h"
@@ -84,17 +85,17 @@ TEST_F(StripContentTest, ShowsASignThatStopsWhenItIsClickedWhereNoKeyDoes) {
     m_view.setStopKey(QString());
     setState("listening");
     const QPoint end(420, 20);
-    QTest::mouseClick(m_strip.window(), Qt::LeftButton, {}, end);
+    QTest::mouseClick(window(), Qt::LeftButton, {}, end);
     EXPECT_EQ(m_opened, 1) << "there is nothing to stop";
     setState("speaking");
     EXPECT_EQ(words(), (QStringList{u"Speaking"_s, QString()}));
-    QTest::mouseClick(m_strip.window(), Qt::LeftButton, {}, end);
+    QTest::mouseClick(window(), Qt::LeftButton, {}, end);
     EXPECT_TRUE(test::eventually([this] { return backend().count("/stop") == 1; }));
-    QTest::mouseClick(m_strip.window(), Qt::LeftButton, {}, QPoint(60, 20));
+    QTest::mouseClick(window(), Qt::LeftButton, {}, QPoint(60, 20));
     EXPECT_EQ(m_opened, 2);
     m_view.setStopKey(u"Meta+F1"_s);
     EXPECT_EQ(words(), (QStringList{u"Speaking"_s, QString(), u"Meta+F1"_s}));
-    QTest::mouseClick(m_strip.window(), Qt::LeftButton, {}, end);
+    QTest::mouseClick(window(), Qt::LeftButton, {}, end);
     EXPECT_EQ(m_opened, 3);
     EXPECT_EQ(backend().count("/stop"), 1);
 }

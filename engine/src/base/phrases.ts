@@ -43,6 +43,8 @@ export interface Phrases {
     marks: Record<string, string>;
   };
   allRight: string;
+  /** Something else was asked leave for at the same time. */
+  askAgain: (what: string) => string;
   /** What was asked leave for would be something else by now, and was not done. */
   notTheSame: string;
   /** Something went wrong that should not have. */
@@ -58,6 +60,8 @@ export interface Phrases {
   instructions: (name: string) => string;
   /** Tells it what tools are for. */
   toolRules: string;
+  /** Tells a model that has no tools of the agent's what is done without it. */
+  handsBeside: string;
 }
 
 export const phrases: Record<Language, Phrases> = {
@@ -101,6 +105,7 @@ export const phrases: Record<Language, Phrases> = {
       },
     },
     allRight: "All right, I will not.",
+    askAgain: (what) => `Ask me again afterwards to ${what}.`,
     notTheSame: "That has changed since, and I left it alone.",
     handFailed: "That did not work.",
     modelAway: "The language model did not answer.",
@@ -113,6 +118,9 @@ export const phrases: Record<Language, Phrases> = {
     toolRules:
       "You can do things on this computer only by your tools. Use one when the user wants what it does. The user is asked about what " +
       "needs leave: do not ask yourself. Say that something was done only when the tool's result says so.",
+    handsBeside:
+      "Timers, alarms, reminders, notes, lists, volume, music, opening applications and pages, screenshots and sums are done without you, when " +
+      "they are asked for plainly, as in \"set a timer for five minutes\". If somebody wants one of these and you are asked, say in which words to ask for it.",
   },
   pt: {
     calls: ["ei", "oi", "ô", "olá", "ok"],
@@ -154,6 +162,7 @@ export const phrases: Record<Language, Phrases> = {
       },
     },
     allRight: "Tudo bem, não faço.",
+    askAgain: (what) => `Peça de novo depois para ${what}.`,
     notTheSame: "Isso mudou nesse meio tempo, e não mexi.",
     handFailed: "Não deu certo.",
     modelAway: "O modelo de linguagem não respondeu.",
@@ -166,5 +175,8 @@ export const phrases: Record<Language, Phrases> = {
     toolRules:
       "Você só faz coisas neste computador pelas suas ferramentas. Use uma quando a pessoa quiser o que ela faz. O que precisa de " +
       "permissão é perguntado à pessoa: não pergunte você. Diga que algo foi feito só quando o resultado da ferramenta disser isso.",
+    handsBeside:
+      "Timers, alarmes, lembretes, notas, listas, volume, música, abrir aplicativos e páginas, capturas de tela e contas são feitos sem você, " +
+      "quando alguém pede diretamente, como em \"coloca um timer de cinco minutos\". Se alguém quiser uma dessas coisas e perguntarem a você, diga com que palavras pedir.",
   },
 };

@@ -1,4 +1,5 @@
-// Answers a request by a server's model, by the `claude` tool, or by what the engine knows itself where there is neither.
+// Answers a request by a server's model, by the `claude` tool, or by what the engine knows itself where there is neither. A model that
+// can use tools has the hands; for any other one, the sentences that plainly ask for a hand are done as they are without a model.
 
 import type { Clock } from "../base/clock.ts";
 import type { Locale } from "../base/language.ts";
@@ -7,8 +8,9 @@ import { builtInModel, partsOfServedModel } from "../base/models.ts";
 import { phrases } from "../base/phrases.ts";
 import type { Session, Settings } from "../base/protocol.ts";
 import type { Choices } from "../machine/choices.ts";
-import type { ModelServers } from "../machine/modelServers.ts";
+import type { ModelServers, ServedModel } from "../machine/modelServers.ts";
 import type { Answer, Answering, Brain, Request } from "./answer.ts";
+import { apart, watch } from "./answering.ts";
 import { builtInAnswer, knownAnswer, type AnswerContext } from "./builtInAnswers.ts";
 import type { Failure } from "./chatClient.ts";
 import type { ChatMind } from "./chatMind.ts";
@@ -47,23 +49,14 @@ export class EngineBrain implements Brain {
   }
 
   async answer(request: Request, answering: Answering, signal: AbortSignal): Promise<Answer> {
-    const reply = await this.parts.sentenceMind.reply(request, answering, signal);
+    const { claude, sentenceMind } = this.parts;
+    const reply = await sentenceMind.reply(request, answering, signal);
     if (reply) return reply;
     if (partsOfServedModel(request.settings.brainModel)) return await this.#answerByServer(request, answering, signal);
     const path = this.#tool(request.settings);
     if (path === undefined) return await this.#answerByHands(request, builtInAnswer, answering, signal);
-    const { watched, hasAnswered } = watch(answering);
-    let { problem, ...answer } = await this.parts.claude.answer(path, request, watched, signal);
-    if (problem !== undefined && request.session !== undefined && !hasAnswered() && !signal.aborted) {
-      // The tool may have forgotten the session: the request begins a new one.
-      ({ problem, ...answer } = await this.parts.claude.answer(path, { ...request, session: undefined }, watched, signal));
-    }
-    if (problem !== undefined && !signal.aborted) {
-      this.parts.log(`o claude falhou (${problem})`);
-      const known = knownAnswer(request.text, this.#context(request)) ?? phrases[this.parts.locale.language].modelAway;
-      answering.text(hasAnswered() ? `\n${phrases[this.parts.locale.language].modelAway}` : known);
-    }
-    return answer;
+    const tool = { answer: (what: Request, to: Answering) => this.#askTool(path, what, to, signal), refuse: () => claude.refuse() };
+    return await sentenceMind.answerFor(tool, request, answering, signal);
   }
 
   refuse(): void {
@@ -81,20 +74,51 @@ export class EngineBrain implements Brain {
     return { model: settings.brainModel, claudePath: path, claudeVersion, isReady: true };
   }
 
+  async #askTool(path: string, request: Request, answering: Answering, signal: AbortSignal): Promise<Answer> {
+    const { watched, hasAnswered } = watch(answering);
+    let { problem, ...answer } = await this.parts.claude.answer(path, request, watched, signal);
+    if (problem !== undefined && request.session !== undefined && !hasAnswered() && !signal.aborted) {
+      // The tool may have forgotten the session: the request begins a new one.
+      ({ problem, ...answer } = await this.parts.claude.answer(path, { ...request, session: undefined }, watched, signal));
+    }
+    if (problem === undefined || signal.aborted) return answer;
+    this.parts.log(`o claude falhou (${problem})`);
+    const sentence = phrases[this.parts.locale.language].modelAway;
+    return { ...(await this.#answerAfter(sentence, hasAnswered(), request, answering, signal)), ...answer };
+  }
+
   async #answerByServer(request: Request, answering: Answering, signal: AbortSignal): Promise<Answer> {
+    const { chatMind, servers, sentenceMind } = this.parts;
+    const model = servers.find(request.settings.brainModel);
+    const toolless = { answer: (what: Request, to: Answering) => this.#askServer(model, what, to, signal), refuse: () => chatMind.refuse() };
+    const byHands = () => sentenceMind.answerFor(toolless, request, answering, signal);
+    if (model && !chatMind.usesTools(model)) return await byHands();
+    return await this.#askServer(model, request, answering, signal, byHands);
+  }
+
+  /** Answers by `byHands` when the model turns out not to use tools. */
+  async #askServer(
+    model: ServedModel | undefined,
+    request: Request,
+    answering: Answering,
+    signal: AbortSignal,
+    byHands?: () => Promise<Answer>,
+  ): Promise<Answer> {
     const name = request.settings.brainModel;
     const { watched, hasAnswered } = watch(answering);
-    const model = this.parts.servers.find(name);
     const unknown = { costUsd: 0, problem: { failure: "missing" as const, detail: "não conheço o servidor" } };
     const { problem, ...answer } = model ? await this.parts.chatMind.answer(model, request, watched, signal) : unknown;
     if (problem === undefined || signal.aborted) return answer;
+    if (problem.failure === "toolless" && byHands && !hasAnswered()) return await byHands();
     this.parts.log(`o modelo ${name} falhou (${[failures[problem.failure], problem.detail].filter((part) => part !== "").join("; ")})`);
     const sentence = this.#sentence(problem.failure, name);
-    if (hasAnswered()) {
-      answering.text(`\n${sentence}`);
-      return answer;
-    }
-    answering.text(sentence);
+    return { ...(await this.#answerAfter(sentence, hasAnswered(), request, answering, signal)), ...answer };
+  }
+
+  /** Says what went wrong with a model, and answers without one unless it had begun to answer. */
+  async #answerAfter(sentence: string, hasAnswered: boolean, request: Request, answering: Answering, signal: AbortSignal): Promise<Answer> {
+    answering.text(hasAnswered ? `\n${sentence}` : sentence);
+    if (hasAnswered) return { costUsd: 0 };
     return await this.#answerByHands(request, (text, context) => knownAnswer(text, context) ?? "", apart(answering), signal);
   }
 
@@ -122,30 +146,4 @@ export class EngineBrain implements Brain {
   #context({ settings, lastAnswer }: Request): AnswerContext {
     return { now: new Date(this.parts.clock.now()), locale: this.parts.locale, name: settings.voiceName, lastAnswer };
   }
-}
-
-/** Hands an answer on, and tells whether there was any. */
-function watch(answering: Answering): { watched: Answering; hasAnswered: () => boolean } {
-  let hasAnswered = false;
-  const watched: Answering = {
-    text(piece, spoken) {
-      hasAnswered = true;
-      answering.text(piece, spoken);
-    },
-    tool: (text) => answering.tool(text),
-  };
-  return { watched, hasAnswered: () => hasAnswered };
-}
-
-/** Hands on what follows a sentence. */
-function apart(answering: Answering): Answering {
-  let isFirst = true;
-  return {
-    text(piece, spoken) {
-      if (piece === "") return;
-      answering.text(isFirst ? ` ${piece}` : piece, spoken);
-      isFirst = false;
-    },
-    tool: (text) => answering.tool(text),
-  };
 }

@@ -54,11 +54,11 @@ const questions: Question[] = [
     pattern: /\b(what can you do|what do you (know|do)|help|o que (voce|vc) (sabe|pode|faz)|ajuda|me ajude)\b/,
     answer: {
       en: () =>
-        "I can tell you the time and the date, repeat my last answer, and read back what you ask. " +
-        "With the claude tool installed I can answer anything.",
+        "I can tell the time and the date, set timers, alarms and reminders, keep notes and lists, change the volume and the music, " +
+        "open applications, and work out sums. With a language model I can answer anything.",
       pt: () =>
-        "Sei dizer as horas e a data, repetir a última resposta e ler de volta o que você pede. " +
-        "Com a ferramenta claude instalada, respondo qualquer coisa.",
+        "Sei dizer as horas e a data, marcar timers, alarmes e lembretes, guardar notas e listas, mudar o volume e a música, " +
+        "abrir aplicativos e fazer contas. Com um modelo de linguagem, respondo qualquer coisa.",
     },
   },
   {

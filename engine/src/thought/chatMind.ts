@@ -66,7 +66,12 @@ export class ChatMind {
     this.#asking = new Asking(parts.clock, parts.phrases);
   }
 
-  /** The answer's `problem` says what went wrong. The text that came before it was handed on. Never rejects. */
+  /** False when the model cannot use tools, as far as is known. */
+  usesTools(model: ServedModel): boolean {
+    return this.#tools(model) !== undefined;
+  }
+
+  /** The answer's `problem` says what went wrong; after "toolless" the model is asked without tools. The text that came before it was handed on. Never rejects. */
   async answer(model: ServedModel, request: Request, answering: Answering, signal: AbortSignal): Promise<ChatAnswer> {
     const use = { request, answering: apart(answering), signal };
     const reply = this.#asking.reply(request);
@@ -79,8 +84,9 @@ export class ChatMind {
       answering.text(this.parts.phrases.allRight);
       return { costUsd: 0 };
     }
-    const { instructions, toolRules } = this.parts.phrases;
-    const system = [instructions(request.settings.voiceName), ...(this.#tools(model) ? [toolRules] : [])].join(" ");
+    const { handsBeside, instructions, toolRules } = this.parts.phrases;
+    const rules = this.usesTools(model) ? [toolRules] : this.parts.hands.length > 0 ? [handsBeside] : [];
+    const system = [instructions(request.settings.voiceName), ...rules].join(" ");
     const messages: Message[] = [
       { role: "system", content: system },
       ...earlierMessages([...request.earlier, { role: "user", text: request.text, at: request.askedAt }]),
@@ -112,7 +118,7 @@ export class ChatMind {
     return { costUsd: 0 };
   }
 
-  /** Asks the model once: again without tools when it cannot use them, and with half the conversation when that was too long. */
+  /** Asks the model once: again with half the conversation when that was too long. */
   async #ask(thought: Thought, { answering, signal }: Use): Promise<ChatOutcome> {
     const { model, messages } = thought;
     thought.rounds++;
@@ -123,8 +129,8 @@ export class ChatMind {
       const wanted = { model: model.id, messages: sent, ...(tools ? { tools } : {}) };
       const outcome = await chat(model.server, wanted, (piece) => answering.text(piece), this.parts.clock, signal);
       if (outcome.kind === "finished" || attempt === 3) return outcome;
-      if (outcome.failure === "toolless" && tools) this.#toolless.add(model.name);
-      else if (outcome.failure === "tooLong" && sent.length > 2) this.#windows.set(model.name, Math.min(outcome.window ?? Infinity, window / 2));
+      if (outcome.failure === "toolless") this.#toolless.add(model.name);
+      if (outcome.failure === "tooLong" && sent.length > 2) this.#windows.set(model.name, Math.min(outcome.window ?? Infinity, window / 2));
       else return outcome;
     }
   }

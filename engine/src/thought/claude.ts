@@ -136,7 +136,7 @@ function commandLine(request: Request, present: string[], allowed: string[], phr
     "--model",
     brainModel,
     "--append-system-prompt",
-    phrases.instructions(voiceName),
+    `${phrases.instructions(voiceName)} ${phrases.handsBeside}`,
     ...(request.session === undefined ? [] : ["--resume", request.session]),
     ...(tools.length === 0 ? [] : ["--allowedTools", tools.join(",")]),
     ...folders.filter((folder) => present.includes(folder)).flatMap((folder) => ["--add-dir", folder]),

@@ -1,5 +1,5 @@
-// Answers requests by hands, without a language model: each sentence that asks for one is done, or asked about first as the settings
-// say. What was asked is what a yes does.
+// Answers requests by hands, without a language model or beside one that cannot use hands: each sentence that asks for one is done, or
+// asked about first as the settings say. What was asked is what a yes does.
 
 import type { Clock } from "../base/clock.ts";
 import type { Language } from "../base/language.ts";
@@ -10,6 +10,7 @@ import { plainWords } from "../base/words.ts";
 import type { Hand } from "../hands/hand.ts";
 import { understood } from "../hands/parsing/sentence.ts";
 import type { Answer, Answering, Request } from "./answer.ts";
+import { apart } from "./answering.ts";
 import { Asking } from "./asking.ts";
 import { readAloud } from "./consent.ts";
 
@@ -18,6 +19,18 @@ interface Deed {
   given: Record<string, unknown>;
   /** What was asked; undefined for what would do nothing, and says so. */
   intent: string | undefined;
+}
+
+interface Sentence {
+  text: string;
+  deed: Deed | undefined;
+}
+
+/** A model that cannot use hands. */
+export interface HandlessModel {
+  answer(request: Request, answering: Answering): Promise<Answer>;
+  /** What it has asked leave for is refused. */
+  refuse(): void;
 }
 
 /** No more of a request is looked at than so many characters, and so many sentences. */
@@ -52,36 +65,68 @@ export class SentenceMind {
     return { costUsd: 0 };
   }
 
-  /** Answers the sentences that ask for no hand by `other`. */
+  /** Does what the sentences of a request ask for, and answers those that ask for no hand by `other`, each where it stands. */
   async answer(request: Request, other: (sentence: string) => string, answering: Answering, signal: AbortSignal): Promise<Answer> {
-    const now = new Date(this.parts.clock.now());
-    const sentences = cut(request.text, longestRequest).split(sentenceEnd).filter((sentence) => plainWords(sentence).length > 0);
-    const deeds = sentences.slice(0, mostSentences).map((sentence) => this.#deed(sentence, now));
+    const sentences = this.#read(request.text);
     // A request of plain sentences is answered as a whole.
-    if (deeds.every((deed) => deed === undefined)) {
+    if (sentences.every(({ deed }) => deed === undefined)) {
       answering.text(other(request.text));
       return { costUsd: 0 };
     }
-    const asked: Deed[] = [];
-    let isFirst = true;
-    for (const [at, deed] of deeds.entries()) {
-      if (signal.aborted) return { costUsd: 0 };
-      if (deed?.intent !== undefined && request.settings.confirmActions.includes(deed.hand.id)) {
-        asked.push(deed);
-        continue;
-      }
-      const text = deed ? await this.#act(deed, signal) : other(sentences[at] ?? "");
-      if (signal.aborted) return { costUsd: 0 };
-      answering.text(`${isFirst ? "" : " "}${text}`);
-      isFirst = false;
-    }
-    if (asked.length === 0) return { costUsd: 0 };
-    return { costUsd: 0, heard: this.#ask(asked, isFirst, answering, signal) };
+    const asked = await this.#do(sentences.slice(0, mostSentences), other, request, answering, signal);
+    if (asked.length === 0 || signal.aborted) return { costUsd: 0 };
+    return { costUsd: 0, heard: this.#ask(asked, asked.length === sentences.length, answering, signal) };
+  }
+
+  /**
+   * Does what the sentences of a request ask for, for a model that cannot use hands. The model gets the other sentences afterwards, as one
+   * request, and among them those that the hands understand and can do nothing about.
+   */
+  async answerFor(model: HandlessModel, request: Request, answering: Answering, signal: AbortSignal): Promise<Answer> {
+    const sentences = this.#read(request.text);
+    const plain = sentences.filter(({ deed }) => deed?.intent !== undefined);
+    if (plain.length === 0) return await model.answer(request, answering);
+    model.refuse();
+    const asked = await this.#do(plain, () => "", request, answering, signal);
+    if (signal.aborted) return { costUsd: 0 };
+    const isFirst = asked.length === plain.length;
+    const text = sentences.flatMap((one) => (plain.includes(one) ? [] : [one.text])).join(" ");
+    const answer = text === "" ? { costUsd: 0 } : await model.answer({ ...request, text }, isFirst ? answering : apart(answering));
+    if (asked.length === 0 || signal.aborted) return answer;
+    if (answer.heard === undefined) return { ...answer, heard: this.#ask(asked, isFirst && text === "", answering, signal) };
+    // A yes must not mean two things.
+    answering.text(`\n${asked.map(({ intent = "" }) => this.parts.phrases.askAgain(intent)).join(" ")}`);
+    return answer;
   }
 
   /** The user hears no more of it: what was asked is refused. */
   refuse(): void {
     this.#asking.refuse();
+  }
+
+  #read(request: string): Sentence[] {
+    const now = new Date(this.parts.clock.now());
+    const sentences = cut(request, longestRequest).split(sentenceEnd).filter((sentence) => plainWords(sentence).length > 0);
+    return sentences.map((text, at) => ({ text, deed: at < mostSentences ? this.#deed(text, now) : undefined }));
+  }
+
+  /** Does what needs no leave. Gives what does. */
+  async #do(sentences: Sentence[], other: (sentence: string) => string, request: Request, answering: Answering, signal: AbortSignal): Promise<Deed[]> {
+    const asked: Deed[] = [];
+    let isFirst = true;
+    for (const { text, deed } of sentences) {
+      if (signal.aborted) return [];
+      if (deed?.intent !== undefined && request.settings.confirmActions.includes(deed.hand.id)) {
+        asked.push(deed);
+        continue;
+      }
+      const answer = deed ? await this.#act(deed, signal) : other(text);
+      if (signal.aborted) return [];
+      if (answer === "") continue;
+      answering.text(`${isFirst ? "" : " "}${answer}`);
+      isFirst = false;
+    }
+    return asked;
   }
 
   #deed(sentence: string, now: Date): Deed | undefined {

@@ -5,6 +5,7 @@ import { join } from "node:path";
 import { systemClock } from "../../src/base/clock.ts";
 import { chooseLocale } from "../../src/base/language.ts";
 import { phrases } from "../../src/base/phrases.ts";
+import type { Hand } from "../../src/hands/hand.ts";
 import { Children } from "../../src/machine/children.ts";
 import { defaultSettings } from "../../src/memory/settings.ts";
 import type { Request } from "../../src/thought/answer.ts";
@@ -29,10 +30,10 @@ export function print(...lines: string[]): string {
   return lines.map((line) => `printf '%s\\n' '${line}'`).join("; ");
 }
 
-export async function brainOf(path: string, stallMs = 5_000): Promise<{ brain: EngineBrain; log: string[] }> {
+export async function brainOf(path: string, stallMs = 5_000, hands: readonly Hand[] = []): Promise<{ brain: EngineBrain; log: string[] }> {
   const children = new Children({ ...process.env, PATH: `${path === "" ? "" : join(path, "..")}:/usr/bin:/bin` });
   const claude = new Claude(children, systemClock, phrases.en, stallMs);
-  const { brain, log } = brainWith({ clock: systemClock, children, claude });
+  const { brain, log } = brainWith({ clock: systemClock, children, claude, hands });
   await brain.prepare();
   return { brain, log };
 }

@@ -1,11 +1,12 @@
 import { afterEach, describe, expect, test } from "bun:test";
-import { existsSync } from "node:fs";
+import { existsSync, readFileSync } from "node:fs";
 import type { Hand } from "../../src/hands/hand.ts";
 import { mindOf, modelOf, NotingHand } from "../support/chatMinds.ts";
 import { ChatServer } from "../support/chatServer.ts";
 import { ask, brainOf, init, print, request, result, text, tool } from "../support/claudeTool.ts";
 import { ManualClock } from "../support/clock.ts";
 import { jan } from "../support/servers/jan.ts";
+import { llamaCpp } from "../support/servers/llamaCpp.ts";
 import { lmStudio } from "../support/servers/lmStudio.ts";
 import { ollama } from "../support/servers/ollama.ts";
 
@@ -20,7 +21,7 @@ describe("a claude tool", () => {
   for (const [does, script] of failures) {
     test(`that ${does} leaves the built-in answers, and the engine says so`, async () => {
       const { brain, log } = await brainOf(tool(script), 200);
-      expect((await ask(brain, request("thank you"))).text).toBe("You are welcome.");
+      expect((await ask(brain, request("thank you"))).text).toBe("The language model did not answer. You are welcome.");
       expect((await ask(brain, request("Explain this"))).text).toBe("The language model did not answer.");
       expect(log[0]).toContain("o claude falhou");
     });
@@ -93,6 +94,32 @@ describe("a server's model", () => {
     expect(it.log).toEqual(told.map((words) => expect.stringContaining(words)));
   });
 
+  test("that cannot use tools leaves the hands to plain sentences, from the first one on, and gets the rest", async () => {
+    const hand = new NotingHand("note");
+    const it = await mind(llamaCpp, "en", new ManualClock(), [hand]);
+    const say = async (words: string) => {
+      const what = it.what(words);
+      return (await ask(it.brain, { ...what, settings: { ...what.settings, confirmActions: [] } })).text;
+    };
+    it.server.refuses(llamaCpp.toolless ?? ollama.missing);
+    it.server.says("It is warm.");
+    expect(await say("Note that it rains. How is the weather?")).toBe("Noted. It is warm.");
+    expect(await say("Note that it pours.")).toBe("Noted.");
+    expect(hand.done).toEqual([{ do: "note", text: "it rains" }, { do: "note", text: "it pours" }]);
+    expect(it.server.chats.map(({ body }) => [body.messages.at(-1)?.content, body.tools !== undefined])).toEqual([
+      ["Note that it rains. How is the weather?", true],
+      ["How is the weather?", false],
+    ]);
+  });
+
+  test("that uses tools decides itself what to do", async () => {
+    const hand = new NotingHand("note");
+    const it = await mind(ollama, "en", new ManualClock(), [hand]);
+    it.server.says("I would rather not.");
+    expect(await it.say("note that it rains")).toBe("I would rather not.");
+    expect(hand.done).toEqual([]);
+  });
+
   test("that is missing leaves the hands, and the yes to what they ask", async () => {
     const hand = new NotingHand("note");
     const it = await mind(ollama, "en", new ManualClock(), [hand]);
@@ -142,5 +169,86 @@ describe("a server's model", () => {
     expect(await it.say("thanks", "built-in")).toBe("You are welcome.");
     expect(await it.say("thanks", "haiku")).toBe("You are welcome.");
     expect(it.server.chats).toEqual([]);
+  });
+});
+
+const denial = '{"type":"result","subtype":"success","is_error":false,"result":"","session_id":"s1","permission_denials":[{"tool_name":"Bash","tool_input":{"command":"make"}}]}';
+
+/** A brain with the claude tool and two hands: "note", and "open", which opens nothing but example.org. */
+async function beside(script: string) {
+  const path = tool(script);
+  const note = new NotingHand("note");
+  const open = new NotingHand("open", () => "open example.org");
+  open.intent = (given) => ((given as { address?: string }).address === "example.org" ? "open example.org" : undefined);
+  open.act = async (given) => (open.done.push(given), open.intent(given) ? "Opening it." : "I find no such thing.");
+  const { brain, log } = await brainOf(path, 5_000, [note, open]);
+  const say = async (words: string, confirmActions: string[] = ["open"], session?: string) => {
+    const what = request(words, { session });
+    return await ask(brain, { ...what, settings: { ...what.settings, confirmActions } });
+  };
+  const asked = (): string | undefined => (existsSync(`${path}.input`) ? readFileSync(`${path}.input`, "utf8") : undefined);
+  return { brain, log, say, note, open, asked, path };
+}
+
+describe("beside the claude tool", () => {
+  test("what sentences plainly ask of a hand is done without it", async () => {
+    const { say, note, asked } = await beside(print(init, result));
+    expect(await say("Note that it rains. Note that it pours.")).toMatchObject({ text: "Noted. Noted.", tools: [], costUsd: 0 });
+    expect(note.done).toEqual([{ do: "note", text: "it rains" }, { do: "note", text: "it pours" }]);
+    expect(asked()).toBeUndefined();
+  });
+
+  test("what a hand asks leave for is done at a yes, and not at a no", async () => {
+    const { say, open, asked } = await beside(print(init, result));
+    for (const [reply, answer] of [["no", "All right, I will not."], ["yes", "Opening it."]] as const) {
+      expect((await say("Open example.org")).text).toBe("May I? Open example.org.");
+      expect((await say(reply)).text).toBe(answer);
+    }
+    expect(open.done).toEqual([{ address: "example.org" }]);
+    expect(asked()).toBeUndefined();
+  });
+
+  test("the tool answers what else was said, once, after what was done and before the question", async () => {
+    const { say, asked } = await beside(print(init, text("Good morning to you."), result));
+    const { text: said, session, costUsd } = await say("Good morning. Open example.org. Note that it rains. How are you?");
+    expect(said).toBe("Noted. Good morning to you.\nMay I? Open example.org.");
+    expect([session, costUsd]).toEqual(["s1", 0.02]);
+    expect(asked()).toBe("Good morning. How are you?");
+    expect((await say("yes")).text).toBe("Opening it.");
+  });
+
+  test("the tool is told what is done without it", async () => {
+    const { say, path } = await beside(print(init, result));
+    await say("How are you?");
+    expect(readFileSync(`${path}.args`, "utf8")).toContain("are done without you");
+  });
+
+  test("what hands understand and cannot do is the tool's to answer", async () => {
+    const { say, open, asked } = await beside(print(init, text("I have opened it."), result));
+    expect((await say("Open main.ts")).text).toBe("I have opened it.");
+    expect(open.done).toEqual([]);
+    expect(asked()).toBe("Open main.ts");
+  });
+
+  test("a question of the tool's is not mixed with one of the hands': that is to be asked for again", async () => {
+    const { say, open } = await beside(print(init, denial));
+    expect((await say("Build it. Open example.org")).text).toBe("\nMay I? make\nAsk me again afterwards to open example.org.");
+    await say("yes", ["open"], "s1");
+    expect(open.done).toEqual([]);
+  });
+
+  test("a question of the tool's is refused by a request for a hand", async () => {
+    const { say, path } = await beside(print(init, denial));
+    await say("Build it");
+    await say("Note that it rains", ["open"], "s1");
+    await say("yes", ["open"], "s1");
+    expect(readFileSync(`${path}.args`, "utf8")).not.toContain("Bash(make)");
+  });
+
+  test("when the tool fails, hands say why they cannot do what was asked", async () => {
+    const { say, log } = await beside("exit 3");
+    expect((await say("Open flurb")).text).toBe("The language model did not answer. I find no such thing.");
+    expect((await say("Note that it rains. Explain this")).text).toBe("Noted. The language model did not answer.");
+    expect(log).toHaveLength(2);
   });
 });

@@ -55,6 +55,7 @@ describe("a request to a model", () => {
     expect((await it.say("y")).text).toBe("Hi.");
     expect(it.server.chats.map(({ body }) => body.tools !== undefined)).toEqual([true, false, false]);
     expect(it.server.chats[2]?.body.messages[0]?.content).not.toContain("tools");
+    expect(it.server.chats[2]?.body.messages[0]?.content).toContain("done without you");
   });
 
   test("is asked again with less of the conversation when that is too long for the model", async () => {

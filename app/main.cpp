@@ -4,6 +4,7 @@
 #include "app/Resources.h"
 #include "app/Session.h"
 #include "app/doctorMain.h"
+#include "app/historyMain.h"
 #include "base/QtScheduler.h"
 #include "command/AutostartCommand.h"
 #include "command/CommandLine.h"
@@ -246,6 +247,8 @@ int main(int argc, char **argv) {
         return remote(line, argc, argv);
     case CommandLine::Mode::Autostart:
         return autostart(line, argc, argv);
+    case CommandLine::Mode::History:
+        return runHistory(line.isJson, argc, argv);
     case CommandLine::Mode::Doctor:
         return runDoctor(argc, argv);
     case CommandLine::Mode::Preview:

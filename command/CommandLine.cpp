@@ -72,6 +72,14 @@ CommandLine statusLine(const QStringList &arguments) {
     return line;
 }
 
+CommandLine historyLine(const QStringList &arguments) {
+    CommandLine line;
+    line.mode = CommandLine::Mode::History;
+    line.isJson = arguments.value(1) == u"--json"_s;
+    const qsizetype most = line.isJson ? 2 : 1;
+    return arguments.size() > most ? invalid(u"unexpected argument: "_s + arguments[most]) : line;
+}
+
 CommandLine autostartLine(const QStringList &arguments) {
     if (arguments.size() > 2)
         return invalid(u"unexpected argument: "_s + arguments[2]);
@@ -136,6 +144,8 @@ CommandLine CommandLine::parse(const QStringList &arguments) {
         return only(Mode::Doctor, rest);
     if (first == u"--status"_s)
         return statusLine(rest);
+    if (first == u"--history"_s)
+        return historyLine(rest);
     if (first == u"--autostart"_s)
         return autostartLine(rest);
     const auto *option =
@@ -172,6 +182,7 @@ std::vector<OptionGroup> CommandLine::options() {
     };
     add(remote, "--status", "[--json]", "print its state");
     add(remote, "--status", "--follow", "print its state at every change, until interrupted");
+    add(remote, "--history", "[--json]", "list the conversations that its backend keeps, the newest first");
 
     OptionGroup own{u"For itself"_s, {}};
     add(own, "--autostart", "on|off", "start with the session, or not any more");

@@ -19,6 +19,7 @@ struct CommandLine {
         Preview,   ///< Show or capture a pane with sample data; the preview reads its own arguments.
         Command,   ///< Tell the running instance something.
         Status,    ///< Ask the running instance how it is.
+        History,   ///< List what the backend keeps of past conversations.
         Autostart, ///< Start with the session or not any more, or say which.
         Doctor,    ///< Look at what works and what does not.
         Version,
@@ -31,7 +32,7 @@ struct CommandLine {
     Mode mode = Mode::Run;
     std::optional<RemoteCommand> command; ///< With `Command`.
     bool isTextOnInput = false;           ///< The command's text is to be read from standard input.
-    bool isJson = false;                  ///< With `Status`.
+    bool isJson = false;                  ///< With `Status` and `History`.
     bool isFollowing = false;             ///< With `Status`.
     Autostart autostart = Autostart::Status;
     QString problem; ///< With `Invalid`, in one line.

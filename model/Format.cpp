@@ -62,6 +62,10 @@ QString format::usd(double value) {
     return "US$ "_L1 + number(value, {2, isBelowOneCent ? 3 : 2});
 }
 
+QString format::outcome(qint64 answers, double costUsd) {
+    return QString(L("history.answers", Count{answers}) + u" \u00B7 "_s + usd(costUsd));
+}
+
 QString format::speed(double value) {
     return number(value, {0, 2}) + u'×';
 }

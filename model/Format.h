@@ -49,6 +49,9 @@ struct Digits {
 /// US dollars, "US$ 1.50"; below one cent with a third decimal.
 [[nodiscard]] QString usd(double value);
 
+/// What a conversation came to, "3 answers · US$ 0.02".
+[[nodiscard]] QString outcome(qint64 answers, double costUsd);
+
 /// A factor, "1.25×".
 [[nodiscard]] QString speed(double value);
 

@@ -73,6 +73,16 @@ TEST(CommandLine, AsksForTheStatusInEitherForm) {
     EXPECT_EQ(parse({"--status", "--json", "--json"}).mode, Mode::Invalid);
 }
 
+TEST(CommandLine, ListsTheHistoryInEitherForm) {
+    EXPECT_EQ(parse({"--history"}).mode, Mode::History);
+    EXPECT_FALSE(parse({"--history"}).isJson);
+    EXPECT_EQ(parse({"--history", "--json"}).mode, Mode::History);
+    EXPECT_TRUE(parse({"--history", "--json"}).isJson);
+    EXPECT_EQ(parse({"--history", "--follow"}).problem, u"unexpected argument: --follow"_s);
+    EXPECT_EQ(parse({"--history", "--json", "--json"}).problem, u"unexpected argument: --json"_s);
+    EXPECT_EQ(parse({"--json", "--history"}).problem, u"unknown argument: --json"_s);
+}
+
 TEST(CommandLine, TurnsTheAutostartOnAndOffAndTellsOfIt) {
     using Autostart = CommandLine::Autostart;
     EXPECT_EQ(parse({"--autostart", "on"}).mode, Mode::Autostart);
@@ -114,9 +124,25 @@ TEST(CommandLine, IgnoresACaptureWithoutAPreview) {
 
 TEST(CommandLine, NamesEveryOptionInItsHelp) {
     const auto help = CommandLine::help();
-    for (const auto *option :
-         {"--listen", "--stop", "--mute", "--new", "--say TEXT", "--act", "--clear-draft", "--open [PANE]", "--quit",
-          "--status", "--json", "--follow", "--autostart on|off", "--autostart status", "--doctor", "--preview [PANE]",
-          "--capture FILE", "--version", "--help"})
+    for (const auto *option : {"--listen",
+                               "--stop",
+                               "--mute",
+                               "--new",
+                               "--say TEXT",
+                               "--act",
+                               "--clear-draft",
+                               "--open [PANE]",
+                               "--quit",
+                               "--status",
+                               "--json",
+                               "--follow",
+                               "--history [--json]",
+                               "--autostart on|off",
+                               "--autostart status",
+                               "--doctor",
+                               "--preview [PANE]",
+                               "--capture FILE",
+                               "--version",
+                               "--help"})
         EXPECT_TRUE(help.contains(QString::fromUtf8(option))) << option;
 }

@@ -1,6 +1,5 @@
 #include "ui/screens/HistoryScreen.h"
 
-#include "localization/Localization.h"
 #include "model/Format.h"
 
 namespace palomet {
@@ -15,7 +14,7 @@ QVariant HistoryRows::data(const QModelIndex &index, int role) const {
     case Question:
         return format::oneLine(summary.firstQuestion);
     case Detail:
-        return QString(L("history.answers", Count{summary.answers}) + u" \u00B7 "_s + format::usd(summary.costUsd));
+        return format::outcome(summary.answers, summary.costUsd);
     default:
         return {};
     }

@@ -28,6 +28,8 @@ export class Watcher {
     readonly states: string[] = [];
     /** Each with its moment, for whoever looks for a fault. */
     readonly story: string[] = [];
+    /** The sentences that were begun to be spoken, in order. */
+    readonly spoken: string[] = [];
     level = 0;
     levelCount = 0;
     #isEnding = false;
@@ -106,6 +108,7 @@ export class Watcher {
 
     #handle(event: string, data: string): void {
         if (event === "phase") this.#note(data);
+        if (event === "spoken") this.spoken.push(JSON.parse(data) as string);
         if (event !== "level") return;
         this.level = Number(data);
         this.levelCount += 1;

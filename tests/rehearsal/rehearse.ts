@@ -4,7 +4,9 @@
 import { readFileSync } from "node:fs";
 import { ask, changeSettings, draft, talkOver } from "./conversation";
 import { freeWords, rename, sleepThroughSounds } from "./ears";
+import { calculate, changeVolume, openApplication, takeNote, timer } from "./hands";
 import { listenKey } from "./keys";
+import { thinkByServer } from "./mind";
 import { run, until } from "./process";
 import type { Path } from "./sound";
 import { check, perform, program, type Stage, step, words } from "./stage";
@@ -24,6 +26,7 @@ await perform("rehearsal", async (stage) => {
     await typeRequest(stage);
     await showPanes(stage);
     await changeSwitch(stage);
+    await thinkByServer(stage);
     await closeWindow(stage);
     const strip = await Strip.beside(stage);
     await hear(stage, strip);
@@ -33,6 +36,11 @@ await perform("rehearsal", async (stage) => {
     await sleepThroughSounds(stage);
     await rename(stage);
     await draft(stage, strip);
+    await timer(stage);
+    await calculate(stage);
+    await takeNote(stage);
+    await openApplication(stage);
+    await changeVolume(stage);
     await command(stage);
     await listenKey(stage, strip);
     await answer(stage);

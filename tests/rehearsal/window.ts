@@ -103,7 +103,7 @@ export async function closeWindow(stage: Stage): Promise<void> {
     step(`Alt+F4 closes the window; Palomet stays in the tray, "${status}"`);
 }
 
-async function find({ screen, tree }: Stage): Promise<Shown> {
+export async function find({ screen, tree }: Stage): Promise<Shown> {
     const window = await until("the window", () => screen.window());
     const node = await until("the window's contents", () => whichHas(tree, "page tab"));
     return { ...window, node };
@@ -117,7 +117,7 @@ async function whichHas(tree: AccessibleTree, role: string): Promise<Node | unde
 }
 
 /** Waits until that pane is what is chosen in the sidebar, and its title stands over the page. */
-async function reach({ tree }: Stage, { node }: Shown, title: string): Promise<void> {
+export async function reach({ tree }: Stage, { node }: Shown, title: string): Promise<void> {
     const tab = await tree.find(node, "page tab", title);
     await until(`the pane ${title}`, () => tree.has(tab, "selected"));
     await tree.find(node, "heading", title);

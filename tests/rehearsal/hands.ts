@@ -1,0 +1,85 @@
+// What it does besides talking, asked for aloud and without a language model: a timer, a sum, a note, an application, the volume.
+
+import { existsSync, mkdirSync, readFileSync, writeFileSync } from "node:fs";
+import { join } from "node:path";
+import { answerTo, say } from "./conversation";
+import { run, until } from "./process";
+import { otherVoice, usualVoice, type Voice } from "./sound";
+import { check, type Stage, step } from "./stage";
+
+/** Says something that is meant for it, and gives what it answers aloud, which has to be like that. */
+export async function tell(stage: Stage, text: string, wanted: RegExp, voice: Voice = usualVoice): Promise<string> {
+    const { watcher, sound } = stage;
+    const since = watcher.states.length;
+    const from = performance.now();
+    const heard = await say(stage, text, voice);
+    check(heard.action === "accepted", `"${text}" was ${JSON.stringify(heard)}`);
+    const answer = await answerTo(stage, since);
+    check(wanted.test(answer), `to "${heard.text}" it says "${answer}"`);
+    check(sound.speakers.audibleSeconds(from) > 0.3, `"${answer}" could not be heard`);
+    return answer;
+}
+
+/** A timer is set, asked after, rings aloud, and is stopped. */
+export async function timer(stage: Stage): Promise<void> {
+    const { watcher, sound } = stage;
+    const before = watcher.spoken.length;
+    const set = await tell(stage, "Palomet, set a timer for twenty seconds.", /^The timer rings in 20 seconds\.$/);
+    const left = await tell(stage, "Palomet, how much time is left?", /\b\d+ seconds/);
+    const ring = await until("the timer to ring", () => watcher.spoken.slice(before).find((sentence) => /20 seconds is done/.test(sentence)), 60_000);
+    const rung = performance.now();
+    await until("the ring to be heard", () => sound.speakers.audibleSeconds(rung) > 0.3);
+    await watcher.reach("waiting", watcher.states.lastIndexOf("speaking"));
+    const stop = await say(stage, "Palomet, stop.");
+    check(stop.action === "accepted", `"Palomet, stop" was ${JSON.stringify(stop)}`);
+    const since = watcher.states.length;
+    await watcher.post("say", { text: "How much time is left?" });
+    const after = await answerTo(stage, since);
+    check(after === "There are no timers.", `after the ring was stopped it says "${after}"`);
+    step(`A timer set aloud: "${set}", asked after: "${left}", ringing: "${ring}", stopped: "${after}"`);
+}
+
+export async function calculate(stage: Stage): Promise<void> {
+    const answer = await tell(stage, "Palomet, what is twenty plus thirty?", /\b50\b/);
+    step(`Asked what twenty plus thirty is, it says "${answer}"`);
+}
+
+/** What is to stay is written down after a yes, and read out. */
+export async function takeNote(stage: Stage): Promise<void> {
+    const file = join(stage.environment.HOME!, "Documents/Palomet/Notes.md");
+    const question = await tell(stage, "Palomet, note that the window is open.", /^May I\? Note: the window is open\.$/);
+    check(!existsSync(file), "it wrote the note before it was allowed to");
+    const done = await tell(stage, "Palomet, yes please.", /./);
+    check(readFileSync(file, "utf8").includes("the window is open"), `the notes are ${readFileSync(file, "utf8")}`);
+    const read = await tell(stage, "Palomet, can you read my notes?", /the window is open/i, otherVoice);
+    step(`A note is asked about: "${question}", taken: "${done}", and read: "${read}"`);
+}
+
+/** An application of the menu is opened by its name; where the user does not want to be asked, at once. */
+export async function openApplication(stage: Stage): Promise<void> {
+    const { environment, screen, watcher } = stage;
+    const folder = join(environment.XDG_DATA_HOME!, "applications");
+    mkdirSync(folder, { recursive: true });
+    writeFileSync(join(folder, "sums.desktop"), "[Desktop Entry]\nType=Application\nName=Calculator\nExec=xev -name Sums -geometry 200x100+900+500\n");
+    const asks = (await watcher.state())?.settings.confirmActions as string[];
+    await watcher.post("settings", { confirmActions: asks.filter((id) => id !== "open") });
+    const window = async (): Promise<string> => (await screen.do("search", "--onlyvisible", "--name", "^Sums$").catch(() => "")).trim();
+    check((await window()) === "", "the application is open before it was asked for");
+    const answer = await tell(stage, "Palomet, can you open the calculator?", /^Opening Calculator\.$/);
+    const id = await until("the application's window", window);
+    await screen.do("windowkill", id);
+    await until("the application to be gone", async () => (await window()) === "");
+    await watcher.post("settings", { confirmActions: asks });
+    step(`An application is opened, without a question when none is wanted: "${answer}"`);
+}
+
+export async function changeVolume(stage: Stage): Promise<void> {
+    const { environment } = stage;
+    const level = async (): Promise<string> => /(\d+)%/.exec(await run(["pactl", "get-sink-volume", "@DEFAULT_SINK@"], environment))?.[1] ?? "";
+    const before = await level();
+    const answer = await tell(stage, "Palomet, could you set the volume to forty percent?", /^The volume is at 40%\.$/, otherVoice);
+    const now = await level();
+    check(now === "40" && before !== now, `the volume went from ${before}% to ${now}%`);
+    await run(["pactl", "set-sink-volume", "@DEFAULT_SINK@", `${before}%`], environment);
+    step(`The volume is changed from ${before}% to ${now}%: "${answer}"`);
+}

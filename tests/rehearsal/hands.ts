@@ -74,12 +74,13 @@ export async function openApplication(stage: Stage): Promise<void> {
 }
 
 export async function changeVolume(stage: Stage): Promise<void> {
-    const { environment } = stage;
+    const { environment, watcher } = stage;
     const level = async (): Promise<string> => /(\d+)%/.exec(await run(["pactl", "get-sink-volume", "@DEFAULT_SINK@"], environment))?.[1] ?? "";
     const before = await level();
     const answer = await tell(stage, "Palomet, could you set the volume to forty percent?", /^The volume is at 40%\.$/, otherVoice);
     const now = await level();
     check(now === "40" && before !== now, `the volume went from ${before}% to ${now}%`);
     await run(["pactl", "set-sink-volume", "@DEFAULT_SINK@", `${before}%`], environment);
+    await watcher.settle();
     step(`The volume is changed from ${before}% to ${now}%: "${answer}"`);
 }

@@ -30,6 +30,7 @@ export async function thinkByServer(stage: Stage): Promise<void> {
         rmSync(file);
     }
     check(await watcher.post("settings", { brainModel: "built-in" }), "the built-in answers were refused");
+    await watcher.settle();
 }
 
 /** The model is among those of the Brain pane, and a click on it chooses it. */

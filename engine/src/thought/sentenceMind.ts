@@ -10,7 +10,7 @@ import { plainWords } from "../base/words.ts";
 import type { Hand } from "../hands/hand.ts";
 import { understood } from "../hands/parsing/sentence.ts";
 import type { Answer, Answering, Request } from "./answer.ts";
-import { apart } from "./answering.ts";
+import { apart, watch } from "./answering.ts";
 import { Asking } from "./asking.ts";
 import { readAloud } from "./consent.ts";
 
@@ -73,9 +73,10 @@ export class SentenceMind {
       answering.text(other(request.text));
       return { costUsd: 0 };
     }
-    const asked = await this.#do(sentences.slice(0, mostSentences), other, request, answering, signal);
+    const { watched, hasAnswered } = watch(answering);
+    const asked = await this.#do(sentences.slice(0, mostSentences), other, request, watched, signal);
     if (asked.length === 0 || signal.aborted) return { costUsd: 0 };
-    return { costUsd: 0, heard: this.#ask(asked, asked.length === sentences.length, answering, signal) };
+    return { costUsd: 0, heard: this.#ask(asked, !hasAnswered(), answering, signal) };
   }
 
   /**
@@ -87,13 +88,13 @@ export class SentenceMind {
     const plain = sentences.filter(({ deed }) => deed?.intent !== undefined);
     if (plain.length === 0) return await model.answer(request, answering);
     model.refuse();
-    const asked = await this.#do(plain, () => "", request, answering, signal);
+    const { watched, hasAnswered } = watch(answering);
+    const asked = await this.#do(plain, () => "", request, watched, signal);
     if (signal.aborted) return { costUsd: 0 };
-    const isFirst = asked.length === plain.length;
     const text = sentences.flatMap((one) => (plain.includes(one) ? [] : [one.text])).join(" ");
-    const answer = text === "" ? { costUsd: 0 } : await model.answer({ ...request, text }, isFirst ? answering : apart(answering));
+    const answer = text === "" ? { costUsd: 0 } : await model.answer({ ...request, text }, hasAnswered() ? apart(watched) : watched);
     if (asked.length === 0 || signal.aborted) return answer;
-    if (answer.heard === undefined) return { ...answer, heard: this.#ask(asked, isFirst && text === "", answering, signal) };
+    if (answer.heard === undefined) return { ...answer, heard: this.#ask(asked, !hasAnswered(), answering, signal) };
     // A yes must not mean two things.
     answering.text(`\n${asked.map(({ intent = "" }) => this.parts.phrases.askAgain(intent)).join(" ")}`);
     return answer;

@@ -60,7 +60,8 @@ export async function openApplication(stage: Stage): Promise<void> {
     const { environment, screen, watcher } = stage;
     const folder = join(environment.XDG_DATA_HOME!, "applications");
     mkdirSync(folder, { recursive: true });
-    writeFileSync(join(folder, "sums.desktop"), "[Desktop Entry]\nType=Application\nName=Calculator\nExec=xev -name Sums -geometry 200x100+900+500\n");
+    const entry = ["[Desktop Entry]", "Type=Application", "Name=Calculator", "Exec=xev -name Sums -geometry 200x100+900+500", ""];
+    writeFileSync(join(folder, "sums.desktop"), entry.join("\n"));
     const asks = (await watcher.state())?.settings.confirmActions as string[];
     await watcher.post("settings", { confirmActions: asks.filter((id) => id !== "open") });
     const window = async (): Promise<string> => (await screen.do("search", "--onlyvisible", "--name", "^Sums$").catch(() => "")).trim();

@@ -120,7 +120,8 @@ export const phrases: Record<Language, Phrases> = {
       "needs leave: do not ask yourself. Say that something was done only when the tool's result says so.",
     handsBeside:
       "Timers, alarms, reminders, notes, lists, volume, music, opening applications and pages, screenshots and sums are done without you, when " +
-      "they are asked for plainly, as in \"set a timer for five minutes\". If somebody wants one of these and you are asked, say in which words to ask for it.",
+      "they are asked for plainly, as in \"set a timer for five minutes\". " +
+      "If somebody wants one of these and you are asked, say in which words to ask for it.",
   },
   pt: {
     calls: ["ei", "oi", "ô", "olá", "ok"],
@@ -177,6 +178,7 @@ export const phrases: Record<Language, Phrases> = {
       "permissão é perguntado à pessoa: não pergunte você. Diga que algo foi feito só quando o resultado da ferramenta disser isso.",
     handsBeside:
       "Timers, alarmes, lembretes, notas, listas, volume, música, abrir aplicativos e páginas, capturas de tela e contas são feitos sem você, " +
-      "quando alguém pede diretamente, como em \"coloca um timer de cinco minutos\". Se alguém quiser uma dessas coisas e perguntarem a você, diga com que palavras pedir.",
+      "quando alguém pede diretamente, como em \"coloca um timer de cinco minutos\". " +
+      "Se alguém quiser uma dessas coisas e perguntarem a você, diga com que palavras pedir.",
   },
 };

@@ -71,7 +71,10 @@ export class ChatMind {
     return this.#tools(model) !== undefined;
   }
 
-  /** The answer's `problem` says what went wrong; after "toolless" the model is asked without tools. The text that came before it was handed on. Never rejects. */
+  /**
+   * The answer's `problem` says what went wrong; after "toolless" the model is asked without tools. The text that came before it was
+   * handed on. Never rejects.
+   */
   async answer(model: ServedModel, request: Request, answering: Answering, signal: AbortSignal): Promise<ChatAnswer> {
     const use = { request, answering: apart(answering), signal };
     const reply = this.#asking.reply(request);

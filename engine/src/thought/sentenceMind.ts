@@ -112,7 +112,13 @@ export class SentenceMind {
   }
 
   /** Does what needs no leave. Gives what does. */
-  async #do(sentences: Sentence[], other: (sentence: string) => string, request: Request, answering: Answering, signal: AbortSignal): Promise<Deed[]> {
+  async #do(
+    sentences: Sentence[],
+    other: (sentence: string) => string,
+    request: Request,
+    answering: Answering,
+    signal: AbortSignal,
+  ): Promise<Deed[]> {
     const asked: Deed[] = [];
     let isFirst = true;
     for (const { text, deed } of sentences) {

@@ -22,10 +22,10 @@ export async function think(stage: Stage, strip: Strip): Promise<void> {
         await watcher.reach("thinking", since);
         return since;
     };
-    await ask("What is in my notes?");
+    await ask("Whom do I have to call?");
     const asked = await strip.photograph("thinking", { line: /notes\.txt/ });
     await stopKey(stage, strip, "thinking");
-    const since = await ask("What is in my notes?");
+    const since = await ask("Whom do I have to call?");
     await strip.photograph("thinking", { line: /notes\.txt/ });
     await thinker.answer(notes);
     await watcher.reach("speaking", since);

@@ -76,13 +76,6 @@ public:
     /// Begins to quit, however often it is asked.
     void applicationShouldTerminate();
 
-    [[nodiscard]] const Backend &backend() const { return m_backend; }
-    [[nodiscard]] Navigation &navigation() { return m_nav; }
-    [[nodiscard]] StatusMenu &statusMenu() { return m_statusMenu; }
-    /// Null until it was opened.
-    [[nodiscard]] SettingsWindow *window() const { return m_window.get(); }
-    [[nodiscard]] StripWindow &strip() { return m_stripWindow; }
-
 Q_SIGNALS:
     /// All that had to be ended has ended: the event loop may end too.
     void mayTerminate();

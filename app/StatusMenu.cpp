@@ -35,7 +35,7 @@ void StatusMenu::setUpMenuBar() {
 void StatusMenu::showItem() {
     if (m_item)
         return;
-    m_item = std::make_unique<QSystemTrayIcon>(m_icon);
+    m_item = std::make_unique<QSystemTrayIcon>(m_icon, &m_menu);
     m_item->setToolTip(u"Palomet"_s);
     m_item->setContextMenu(&m_menu);
     // A panel may keep the menu for the other button.

@@ -24,14 +24,11 @@ public:
     /// Shows the item. To be called once a host is there: the toolkit looks for one only once. From then on the item
     /// follows the host by itself.
     void showItem();
-    [[nodiscard]] bool isItemShown() const { return m_item != nullptr; }
 
     void setIcon(const QIcon &icon);
 
     /// The keys that the menu shows for listening and for stopping; an empty sequence is none.
     void setKeys(const QKeySequence &listen, const QKeySequence &stop);
-
-    [[nodiscard]] QMenu &menu() { return m_menu; }
 
     /// The text that the desktop's menus show as exactly this one. They read an underscore as the mark of a mnemonic;
     /// the toolkit hands them the first ampersand as such a mark.

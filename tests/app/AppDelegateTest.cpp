@@ -13,6 +13,7 @@
 #include "tests/support/Processes.h"
 #include "tests/support/ScriptedAudioBackend.h"
 #include "tests/support/ScriptedBackend.h"
+#include "tests/support/Windows.h"
 #include "ui/kit/Wishes.h"
 
 #include <QDir>
@@ -169,10 +170,24 @@ protected:
         document[u"state"_s] = state;
         document[u"isMuted"_s] = false;
         server.serve("/state", QJsonDocument(document).toJson());
-        Q_EMIT delegate->statusMenu().menu().aboutToShow();
+        Q_EMIT test::trayMenu().aboutToShow();
         scheduler->advance(100ms);
         EXPECT_TRUE(eventually([&] { return remote->published.state == state; }));
     }
+
+    /// The window, once it was opened.
+    [[nodiscard]] static SettingsWindow *window() {
+        for (auto *window : QGuiApplication::allWindows())
+            if (auto *settings = qobject_cast<SettingsWindow *>(window))
+                return settings;
+        return nullptr;
+    }
+    [[nodiscard]] static AppView *view() { return window()->rootObject()->property("app").value<AppView *>(); }
+    [[nodiscard]] static bool isStripShown() {
+        const auto strips = test::stripWindows();
+        return !strips.isEmpty() && strips.constFirst()->isVisible();
+    }
+    [[nodiscard]] static bool isItemShown() { return test::trayMenu().findChild<QSystemTrayIcon *>() != nullptr; }
 
     QByteArray log() const { return test::contentOf(LogFile::pathBelow(folder.path())); }
 
@@ -207,7 +222,7 @@ TEST_F(AppDelegateTest, StartsNothingByItself) {
     EXPECT_EQ(launches, 0);
     EXPECT_EQ(sound->captureOpenings, 0);
     EXPECT_EQ(scheduler->pendingCount(), 0U);
-    EXPECT_FALSE(delegate->statusMenu().isItemShown());
+    EXPECT_FALSE(isItemShown());
 }
 
 TEST_P(AppDelegateWithPermission, StartsTheBackendAndThenTheSoundAtOnceWhenItIsDetermined) {
@@ -239,11 +254,11 @@ INSTANTIATE_TEST_SUITE_P(Determined, AppDelegateWithPermission,
 TEST_F(AppDelegateTest, ShowsItsItemOnceAHostIsThere) {
     create();
     launch();
-    EXPECT_FALSE(delegate->statusMenu().isItemShown());
+    EXPECT_FALSE(isItemShown());
     host->become(TrayHost::Status::Present);
-    EXPECT_TRUE(delegate->statusMenu().isItemShown());
+    EXPECT_TRUE(isItemShown());
     host->become(TrayHost::Status::Absent);
-    EXPECT_TRUE(delegate->statusMenu().isItemShown());
+    EXPECT_TRUE(isItemShown());
 }
 
 TEST_F(AppDelegateTest, NotesOnceThatThereIsNoHostWhenTheBackendWasStarted) {
@@ -272,9 +287,9 @@ TEST_F(AppDelegateTest, DoesNotMissAHostThatIsRestarted) {
     launch();
     for (int restart = 0; restart < 20; ++restart) {
         host->become(TrayHost::Status::Absent);
-        EXPECT_EQ(delegate->window(), nullptr);
+        EXPECT_EQ(window(), nullptr);
         host->become(TrayHost::Status::Present);
-        EXPECT_TRUE(delegate->statusMenu().isItemShown());
+        EXPECT_TRUE(isItemShown());
     }
     EXPECT_FALSE(log().contains("bandeja"));
 }
@@ -287,11 +302,11 @@ TEST_F(AppDelegateTest, ComesToTheSameInWhateverOrderThingsHappenAtTheStart) {
         delegate->applicationDidFinishLaunching();
         for (const auto happening : order)
             happen(happening);
-        EXPECT_TRUE(delegate->statusMenu().isItemShown());
+        EXPECT_TRUE(isItemShown());
         EXPECT_EQ(launches, 1);
         EXPECT_EQ(sound->captureOpenings, 1);
-        ASSERT_TRUE(delegate->window());
-        EXPECT_TRUE(delegate->window()->isVisible());
+        ASSERT_TRUE(window());
+        EXPECT_TRUE(window()->isVisible());
         EXPECT_FALSE(log().contains("bandeja"));
         delegate.reset();
     } while (std::ranges::next_permutation(order).found);
@@ -316,7 +331,7 @@ TEST_F(AppDelegateTest, QuitsInTheMiddleOfItsStartInWhateverOrderThingsHappen) {
         EXPECT_EQ(launches, launchesAtTheEnd);
         for (const auto process : test::processesNamed("pronto", log()))
             EXPECT_TRUE(test::hasEnded(process));
-        EXPECT_EQ(delegate->window(), nullptr);
+        EXPECT_EQ(window(), nullptr);
         delegate.reset();
     } while (std::ranges::next_permutation(order).found);
 }
@@ -384,7 +399,7 @@ TEST_F(AppDelegateTest, QuitsOnceHoweverOftenItIsAsked) {
 TEST_F(AppDelegateTest, QuitsFromItsMenu) {
     create();
     launch();
-    delegate->statusMenu().menu().actions().constLast()->trigger();
+    test::trayMenu().actions().constLast()->trigger();
     EXPECT_TRUE(eventually([this] { return terminations == 1; }));
 }
 
@@ -411,7 +426,7 @@ TEST_F(AppDelegateTest, RunsWithoutABackendThatCannotBeRun) {
     QFile::remove(folder.filePath(u"resources/bun"_s));
     create();
     delegate->applicationDidFinishLaunching();
-    EXPECT_EQ(delegate->backend().problem(), u"incomplete bundle: bun is missing"_s);
+    EXPECT_EQ(launches, 0);
     EXPECT_EQ(sound->captureOpenings, 1);
     quit();
     EXPECT_EQ(log(), "");
@@ -427,24 +442,22 @@ TEST_F(AppDelegateTest, WritesTheSoundsNotesToTheLog) {
 TEST_F(AppDelegateTest, MakesNeitherWindowNorStripBeforeTheyAreNeeded) {
     create();
     launch();
-    EXPECT_EQ(delegate->window(), nullptr);
-    EXPECT_EQ(delegate->strip().window(), nullptr);
     EXPECT_EQ(QGuiApplication::allWindows().size(), 0);
 }
 
 TEST_F(AppDelegateTest, MakesOneWindowHoweverOftenItIsOpenedAndLoadsHistoryAndOptionsEachTime) {
     create();
     delegate->openWindow();
-    const auto *window = delegate->window();
-    ASSERT_TRUE(window);
-    EXPECT_TRUE(window->isVisible());
-    EXPECT_EQ(window->title(), u"Palomet");
+    const auto *shown = window();
+    ASSERT_TRUE(shown);
+    EXPECT_TRUE(shown->isVisible());
+    EXPECT_EQ(shown->title(), u"Palomet");
     EXPECT_TRUE(eventually([this] { return server.count("/history") == 1 && server.count("/options") == 1; }));
-    delegate->window()->close();
-    EXPECT_FALSE(window->isVisible());
+    window()->close();
+    EXPECT_FALSE(shown->isVisible());
     delegate->openWindow();
-    EXPECT_EQ(delegate->window(), window);
-    EXPECT_TRUE(window->isVisible());
+    EXPECT_EQ(window(), shown);
+    EXPECT_TRUE(shown->isVisible());
     EXPECT_TRUE(eventually([this] { return server.count("/history") == 2 && server.count("/options") == 2; }));
 }
 
@@ -453,7 +466,7 @@ TEST_F(AppDelegateTest, ShowsEverythingWithTheContrastThatTheDesktopAsksForNowAn
     look->raiseContrast(true);
     delegate->applicationDidFinishLaunching();
     delegate->openWindow();
-    auto &wishes = Wishes::of(*delegate->window()->engine());
+    auto &wishes = Wishes::of(*window()->engine());
     EXPECT_TRUE(wishes.isContrastRaised());
     look->raiseContrast(false);
     EXPECT_FALSE(wishes.isContrastRaised());
@@ -466,7 +479,7 @@ TEST_F(AppDelegateTest, ShowsEverythingWithTheMotionThatTheDesktopAsksForNowAndL
     look->reduceMotion(true);
     delegate->applicationDidFinishLaunching();
     delegate->openWindow();
-    auto &wishes = Wishes::of(*delegate->window()->engine());
+    auto &wishes = Wishes::of(*window()->engine());
     EXPECT_TRUE(wishes.isMotionReduced());
     look->reduceMotion(false);
     EXPECT_FALSE(wishes.isMotionReduced());
@@ -477,69 +490,70 @@ TEST_F(AppDelegateTest, ShowsEverythingWithTheMotionThatTheDesktopAsksForNowAndL
 TEST_F(AppDelegateTest, OpensItsWindowFromTheMenuOnThePaneThatItHad) {
     create();
     delegate->openWindow(Pane::Brain);
-    delegate->window()->close();
-    for (auto *action : delegate->statusMenu().menu().actions()) {
+    window()->close();
+    for (auto *action : test::trayMenu().actions()) {
         if (action->shortcut() == QKeySequence(u"Ctrl+O"_s)) {
             EXPECT_TRUE(action->isEnabled());
             action->trigger();
         }
     }
-    EXPECT_TRUE(delegate->window()->isVisible());
-    EXPECT_EQ(delegate->navigation().pane(), Pane::Brain);
+    EXPECT_TRUE(window()->isVisible());
+    EXPECT_EQ(view()->pane(), Pane::Brain);
 }
 
 TEST_F(AppDelegateTest, OpensItsWindowForOtherProgramsOnThePaneThatTheyName) {
     create();
     EXPECT_EQ(remote->onCommand({u"open"_s, u"voice"_s}), RemoteOutcome::Done);
-    ASSERT_TRUE(delegate->window());
-    EXPECT_EQ(delegate->navigation().pane(), Pane::Voice);
+    ASSERT_TRUE(window());
+    EXPECT_EQ(view()->pane(), Pane::Voice);
     EXPECT_EQ(remote->onCommand({u"open"_s, std::nullopt}), RemoteOutcome::Done);
-    EXPECT_EQ(delegate->navigation().pane(), Pane::Voice);
-    delegate->window()->close();
+    EXPECT_EQ(view()->pane(), Pane::Voice);
+    window()->close();
     EXPECT_EQ(remote->onCommand({u"open"_s, u"cellar"_s}), RemoteOutcome::Unknown);
-    EXPECT_FALSE(delegate->window()->isVisible());
+    EXPECT_FALSE(window()->isVisible());
     remote->onActivate({});
-    EXPECT_TRUE(delegate->window()->isVisible());
-    EXPECT_EQ(delegate->navigation().pane(), Pane::Voice);
+    EXPECT_TRUE(window()->isVisible());
+    EXPECT_EQ(view()->pane(), Pane::Voice);
 }
 
 TEST_F(AppDelegateTest, OpensItsWindowOnceWhenThereIsNoHost) {
     create(MicrophoneStatus::NotDetermined);
     delegate->applicationDidFinishLaunching();
     host->become(TrayHost::Status::Absent);
-    EXPECT_EQ(delegate->window(), nullptr);
+    EXPECT_EQ(window(), nullptr);
     permission->answer(MicrophoneStatus::Authorized);
-    ASSERT_TRUE(delegate->window());
-    EXPECT_TRUE(delegate->window()->isVisible());
-    delegate->window()->close();
+    ASSERT_TRUE(window());
+    EXPECT_TRUE(window()->isVisible());
+    window()->close();
     host->become(TrayHost::Status::Present);
     host->become(TrayHost::Status::Absent);
-    EXPECT_FALSE(delegate->window()->isVisible());
+    EXPECT_FALSE(window()->isVisible());
 }
 
 TEST_F(AppDelegateTest, OpensNoWindowByItselfWhereThereIsAHost) {
     create();
     host->become(TrayHost::Status::Present);
     launch();
-    EXPECT_EQ(delegate->window(), nullptr);
+    EXPECT_EQ(window(), nullptr);
 }
 
 TEST_F(AppDelegateTest, ShowsTheStripWhileItIsBusyAndOpensTheNowPaneByAClickOnIt) {
     create();
     launch();
     become(u"waiting"_s);
-    EXPECT_FALSE(delegate->strip().isVisible());
+    EXPECT_FALSE(isStripShown());
     become(u"listening"_s);
-    ASSERT_TRUE(delegate->strip().isVisible());
-    EXPECT_EQ(delegate->window(), nullptr);
-    delegate->navigation().setPane(Pane::Voice);
-    QTest::mouseClick(delegate->strip().window(), Qt::LeftButton, {}, {200, 20});
-    ASSERT_TRUE(delegate->window());
-    EXPECT_EQ(delegate->navigation().pane(), Pane::Now);
+    ASSERT_TRUE(isStripShown());
+    EXPECT_EQ(window(), nullptr);
+    delegate->openWindow(Pane::Voice);
+    window()->close();
+    QTest::mouseClick(test::stripWindows().constFirst(), Qt::LeftButton, {}, {200, 20});
+    EXPECT_TRUE(window()->isVisible());
+    EXPECT_EQ(view()->pane(), Pane::Now);
     become(u"waiting"_s);
-    EXPECT_TRUE(delegate->strip().isVisible());
+    EXPECT_TRUE(isStripShown());
     scheduler->advance(5s);
-    EXPECT_FALSE(delegate->strip().isVisible());
+    EXPECT_FALSE(isStripShown());
 }
 
 TEST_F(AppDelegateTest, HoldsTheStopKeyOnlyWhileThereIsSomethingToStop) {
@@ -560,7 +574,7 @@ TEST_F(AppDelegateTest, HoldsTheStopKeyOnlyWhileThereIsSomethingToStop) {
 TEST_F(AppDelegateTest, OpensItsLogFromTheBrainPane) {
     create();
     delegate->openWindow(Pane::Brain);
-    auto *app = delegate->window()->rootObject()->property("app").value<AppView *>();
+    auto *app = view();
     ASSERT_TRUE(app);
     app->brain()->openLog();
     EXPECT_EQ(opened, QStringList{LogFile::pathBelow(folder.path())});
@@ -569,11 +583,11 @@ TEST_F(AppDelegateTest, OpensItsLogFromTheBrainPane) {
 TEST_F(AppDelegateTest, AsksForFoldersInTheDesktopsDialogAndInItsOwnWhereThereIsNone) {
     create();
     delegate->openWindow(Pane::Brain);
-    auto *app = delegate->window()->rootObject()->property("app").value<AppView *>();
+    auto *app = view();
     ASSERT_TRUE(app);
     app->brain()->addFolder();
     ASSERT_EQ(chooser->asked.size(), 1);
-    EXPECT_EQ(chooser->asked.front().owner, delegate->window()->winId());
+    EXPECT_EQ(chooser->asked.front().owner, window()->winId());
     EXPECT_EQ(chooser->asked.front().home, folder.path());
     const auto dialogs = [] {
         const auto widgets = QApplication::topLevelWidgets();
@@ -594,6 +608,6 @@ TEST_F(AppDelegateTest, OpensNothingAnyMoreOnceItQuits) {
     launch();
     delegate->applicationShouldTerminate();
     delegate->openWindow();
-    EXPECT_EQ(delegate->window(), nullptr);
+    EXPECT_EQ(window(), nullptr);
     EXPECT_TRUE(eventually([this] { return terminations > 0; }));
 }

@@ -6,6 +6,7 @@
 #include "tests/support/FakeMicrophonePermission.h"
 #include "tests/support/ManualScheduler.h"
 #include "tests/support/ScriptedBackend.h"
+#include "tests/support/Windows.h"
 
 #include <gtest/gtest.h>
 
@@ -35,12 +36,12 @@ protected:
     /// The titles in their order; "-" for a separator.
     QStringList titles() {
         QStringList found;
-        for (const auto *action : status->menu().actions())
+        for (const auto *action : test::trayMenu().actions())
             found.append(action->isSeparator() ? u"-"_s : action->text());
         return found;
     }
 
-    QAction &item(int index) { return *status->menu().actions().at(index); }
+    QAction &item(int index) { return *test::trayMenu().actions().at(index); }
     QString stateLine() { return item(0).text(); }
 
     test::ScriptedBackend backend;
@@ -67,7 +68,7 @@ TEST_F(StatusMenuTest, SpeaksTheUsersLanguage) {
 
 TEST_F(StatusMenuTest, EnablesWhatCanBeDone) {
     QList<bool> enabled;
-    for (const auto *action : status->menu().actions()) {
+    for (const auto *action : test::trayMenu().actions()) {
         if (!action->isSeparator())
             enabled.append(action->isEnabled());
     }
@@ -77,7 +78,7 @@ TEST_F(StatusMenuTest, EnablesWhatCanBeDone) {
 
 TEST_F(StatusMenuTest, HasKeysForOpenAndQuitAlone) {
     QStringList keys;
-    for (const auto *action : status->menu().actions())
+    for (const auto *action : test::trayMenu().actions())
         keys.append(action->shortcut().toString(QKeySequence::PortableText));
     keys.removeAll(QString());
     EXPECT_EQ(keys, (QStringList{u"Ctrl+O"_s, u"Ctrl+Q"_s}));
@@ -120,7 +121,7 @@ TEST_F(StatusMenuTest, OffersToUnmuteWhatIsMuted) {
 }
 
 TEST_F(StatusMenuTest, AsksForTheStateWhenItIsOpened) {
-    status->menu().aboutToShow();
+    test::trayMenu().aboutToShow();
     scheduler.advance(100ms);
     EXPECT_TRUE(eventually([this] { return backend.count("/state") == 1; }));
 }

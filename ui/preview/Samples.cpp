@@ -10,6 +10,8 @@
 
 namespace palomet::preview {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr double second = 1000;
@@ -33,99 +35,99 @@ QString voice() {
 }
 
 QJsonArray names() {
-    return {u"palomet"_qs, either("hey palomet", "ei palomet")};
+    return {u"palomet"_s, either("hey palomet", "ei palomet")};
 }
 
 QJsonObject conversation(double clock) {
-    const std::array roles{u"user"_qs, u"tool"_qs, u"agent"_qs};
-    const std::array texts{question(), u"Bash: gh run list --limit 1"_qs,
+    const std::array roles{u"user"_s, u"tool"_s, u"agent"_s};
+    const std::array texts{question(), u"Bash: gh run list --limit 1"_s,
                            either("The last deploy passed ten minutes ago, with no errors.",
                                   "O último deploy passou há dez minutos, sem erro.")};
     const std::array ages{300.0, 297.0, 294.0};
     const std::array durations{600.0, 1200.0, 2100.0};
     QJsonArray rows;
     for (std::size_t i = 0; i < roles.size(); ++i)
-        rows.append(QJsonObject{{u"role"_qs, roles[i]},
-                                {u"text"_qs, texts[i]},
-                                {u"at"_qs, clock - ages[i] * second},
-                                {u"durationMs"_qs, durations[i]},
-                                {u"isOpen"_qs, false}});
-    return {{u"startedAt"_qs, clock - 300 * second}, {u"rows"_qs, rows}, {u"costUsd"_qs, 0.03}, {u"answers"_qs, 1}};
+        rows.append(QJsonObject{{u"role"_s, roles[i]},
+                                {u"text"_s, texts[i]},
+                                {u"at"_s, clock - ages[i] * second},
+                                {u"durationMs"_s, durations[i]},
+                                {u"isOpen"_s, false}});
+    return {{u"startedAt"_s, clock - 300 * second}, {u"rows"_s, rows}, {u"costUsd"_s, 0.03}, {u"answers"_s, 1}};
 }
 
 QJsonObject settings() {
-    return {{u"inputDevice"_qs, microphone()},
-            {u"wakeWords"_qs, names()},
-            {u"inputPreference"_qs, QJsonArray{microphone()}},
-            {u"whisperModel"_qs, u"large-v3-turbo"_qs},
-            {u"followUpMs"_qs, 30'000},
-            {u"summonMs"_qs, 8'000},
-            {u"echoGuardMs"_qs, 800},
-            {u"endSilenceMs"_qs, 1'200},
-            {u"isDraftOn"_qs, false},
-            {u"isEchoCancelOn"_qs, true},
-            {u"isDirectedOn"_qs, true},
-            {u"actionPhrases"_qs, QJsonArray{L("default.actionPhrase")}},
-            {u"draftMaxAgeMs"_qs, 10 * minute},
-            {u"voiceId"_qs, u"7f92f8afb8ec43bf81429cc1c9199cb1"_qs},
-            {u"voiceName"_qs, u"Alma"_qs},
-            {u"voiceSpeed"_qs, 1.25},
-            {u"fishModel"_qs, u"s1"_qs},
-            {u"fallbackVoice"_qs, voice()},
-            {u"brainModel"_qs, u"claude-haiku-5-5"_qs},
-            {u"claudePath"_qs, u"/home/user/.local/bin/claude"_qs},
-            {u"folders"_qs, QJsonArray{u"/code/website"_qs}},
-            {u"confirmActions"_qs, QJsonArray{u"message"_qs, u"delete"_qs}},
-            {u"workingFolder"_qs, u"/code"_qs}};
+    return {{u"inputDevice"_s, microphone()},
+            {u"wakeWords"_s, names()},
+            {u"inputPreference"_s, QJsonArray{microphone()}},
+            {u"whisperModel"_s, u"large-v3-turbo"_s},
+            {u"followUpMs"_s, 30'000},
+            {u"summonMs"_s, 8'000},
+            {u"echoGuardMs"_s, 800},
+            {u"endSilenceMs"_s, 1'200},
+            {u"isDraftOn"_s, false},
+            {u"isEchoCancelOn"_s, true},
+            {u"isDirectedOn"_s, true},
+            {u"actionPhrases"_s, QJsonArray{L("default.actionPhrase")}},
+            {u"draftMaxAgeMs"_s, 10 * minute},
+            {u"voiceId"_s, u"7f92f8afb8ec43bf81429cc1c9199cb1"_s},
+            {u"voiceName"_s, u"Alma"_s},
+            {u"voiceSpeed"_s, 1.25},
+            {u"fishModel"_s, u"s1"_s},
+            {u"fallbackVoice"_s, voice()},
+            {u"brainModel"_s, u"claude-haiku-5-5"_s},
+            {u"claudePath"_s, u"/home/user/.local/bin/claude"_s},
+            {u"folders"_s, QJsonArray{u"/code/website"_s}},
+            {u"confirmActions"_s, QJsonArray{u"message"_s, u"delete"_s}},
+            {u"workingFolder"_s, u"/code"_s}};
 }
 
 QJsonObject state(double clock) {
-    const QJsonArray heard{QJsonObject{{u"at"_qs, clock - 58 * second},
-                                       {u"text"_qs, either("Palomet, how is the site's deploy going?",
-                                                           "Palomet, como está o deploy do site?")},
-                                       {u"action"_qs, u"accepted"_qs}},
-                           QJsonObject{{u"at"_qs, clock - 22 * second},
-                                       {u"text"_qs, either("Ok, see you at five.", "Ok, até as cinco.")},
-                                       {u"action"_qs, u"ignored"_qs},
-                                       {u"reason"_qs, either("not meant for Palomet", "não era para o Palomet")}}};
-    const QJsonArray draft{QJsonObject{{u"at"_qs, clock - 110 * second},
-                                       {u"text"_qs, either("Open a pull request with the form fix.",
-                                                           "Abre um pull request com a correção do formulário.")}}};
-    return {{u"state"_qs, u"waiting"_qs},
-            {u"isMuted"_qs, false},
-            {u"isMicDead"_qs, false},
-            {u"isEchoCancelled"_qs, true},
-            {u"device"_qs, microphone()},
-            {u"conversation"_qs, conversation(clock)},
-            {u"session"_qs, QJsonObject{{u"model"_qs, u"claude-haiku-5-5"_qs},
-                                        {u"claudePath"_qs, u"/home/user/.local/bin/claude"_qs},
-                                        {u"claudeVersion"_qs, u"2.1.0"_qs},
-                                        // A little more than 42 minutes: the display counts whole ones, rounded down.
-                                        {u"startedAt"_qs, clock - 42 * minute - 5 * second},
-                                        {u"isReady"_qs, true}}},
-            {u"heard"_qs, heard},
-            {u"draft"_qs, draft},
-            {u"settings"_qs, settings()},
-            {u"timings"_qs, QJsonObject{{u"transcribeMs"_qs, 600},
-                                        {u"modelMs"_qs, 2'100},
-                                        {u"voiceMs"_qs, 900},
-                                        {u"totalMs"_qs, 3'600},
-                                        {u"isSpoken"_qs, true}}},
-            {u"memory"_qs, QJsonObject{{u"isResumed"_qs, true}, {u"journalDays"_qs, 4}}}};
+    const QJsonArray heard{QJsonObject{{u"at"_s, clock - 58 * second},
+                                       {u"text"_s, either("Palomet, how is the site's deploy going?",
+                                                          "Palomet, como está o deploy do site?")},
+                                       {u"action"_s, u"accepted"_s}},
+                           QJsonObject{{u"at"_s, clock - 22 * second},
+                                       {u"text"_s, either("Ok, see you at five.", "Ok, até as cinco.")},
+                                       {u"action"_s, u"ignored"_s},
+                                       {u"reason"_s, either("not meant for Palomet", "não era para o Palomet")}}};
+    const QJsonArray draft{QJsonObject{{u"at"_s, clock - 110 * second},
+                                       {u"text"_s, either("Open a pull request with the form fix.",
+                                                          "Abre um pull request com a correção do formulário.")}}};
+    return {{u"state"_s, u"waiting"_s},
+            {u"isMuted"_s, false},
+            {u"isMicDead"_s, false},
+            {u"isEchoCancelled"_s, true},
+            {u"device"_s, microphone()},
+            {u"conversation"_s, conversation(clock)},
+            {u"session"_s, QJsonObject{{u"model"_s, u"claude-haiku-5-5"_s},
+                                       {u"claudePath"_s, u"/home/user/.local/bin/claude"_s},
+                                       {u"claudeVersion"_s, u"2.1.0"_s},
+                                       // A little more than 42 minutes: the display counts whole ones, rounded down.
+                                       {u"startedAt"_s, clock - 42 * minute - 5 * second},
+                                       {u"isReady"_s, true}}},
+            {u"heard"_s, heard},
+            {u"draft"_s, draft},
+            {u"settings"_s, settings()},
+            {u"timings"_s, QJsonObject{{u"transcribeMs"_s, 600},
+                                       {u"modelMs"_s, 2'100},
+                                       {u"voiceMs"_s, 900},
+                                       {u"totalMs"_s, 3'600},
+                                       {u"isSpoken"_s, true}}},
+            {u"memory"_s, QJsonObject{{u"isResumed"_s, true}, {u"journalDays"_s, 4}}}};
 }
 
 QJsonObject options() {
     const auto action = [](const char *id, const QString &label) {
-        return QJsonObject{{u"id"_qs, QString::fromUtf8(id)}, {u"label"_qs, label}};
+        return QJsonObject{{u"id"_s, QString::fromUtf8(id)}, {u"label"_s, label}};
     };
-    const QJsonObject claude{{u"path"_qs, u"/home/user/.local/bin/claude"_qs}, {u"version"_qs, u"2.1.0"_qs}};
-    return {{u"inputs"_qs, QJsonArray{microphone(), u"Built-in Audio Analog Stereo"_qs}},
-            {u"models"_qs, QJsonArray{u"claude-haiku-5-5"_qs, u"claude-sonnet-5-5"_qs}},
-            {u"whisperModels"_qs, QJsonArray{u"base"_qs, u"small"_qs, u"medium"_qs, u"large-v3-turbo"_qs}},
-            {u"fishModels"_qs, QJsonArray{u"s1"_qs, u"s1-mini"_qs}},
-            {u"macVoices"_qs, QJsonArray{voice()}},
-            {u"claudePaths"_qs, QJsonArray{claude}},
-            {u"confirmActions"_qs,
+    const QJsonObject claude{{u"path"_s, u"/home/user/.local/bin/claude"_s}, {u"version"_s, u"2.1.0"_s}};
+    return {{u"inputs"_s, QJsonArray{microphone(), u"Built-in Audio Analog Stereo"_s}},
+            {u"models"_s, QJsonArray{u"claude-haiku-5-5"_s, u"claude-sonnet-5-5"_s}},
+            {u"whisperModels"_s, QJsonArray{u"base"_s, u"small"_s, u"medium"_s, u"large-v3-turbo"_s}},
+            {u"fishModels"_s, QJsonArray{u"s1"_s, u"s1-mini"_s}},
+            {u"macVoices"_s, QJsonArray{voice()}},
+            {u"claudePaths"_s, QJsonArray{claude}},
+            {u"confirmActions"_s,
              QJsonArray{action("message", either("Send someone a message", "Mandar mensagem a alguém")),
                         action("delete", either("Delete files", "Apagar arquivos")),
                         action("spend", either("Spend money", "Gastar dinheiro"))}}};
@@ -163,11 +165,11 @@ QJsonArray history(double clock) {
     };
     QJsonArray entries;
     for (const auto &sample : samples)
-        entries.append(QJsonObject{{u"conversationId"_qs, u"sample-%1"_qs.arg(entries.size() + 1)},
-                                   {u"startedAt"_qs, sample.startedAt},
-                                   {u"firstQuestion"_qs, sample.question},
-                                   {u"answers"_qs, sample.answers},
-                                   {u"costUsd"_qs, sample.cost}});
+        entries.append(QJsonObject{{u"conversationId"_s, u"sample-%1"_s.arg(entries.size() + 1)},
+                                   {u"startedAt"_s, sample.startedAt},
+                                   {u"firstQuestion"_s, sample.question},
+                                   {u"answers"_s, sample.answers},
+                                   {u"costUsd"_s, sample.cost}});
     return entries;
 }
 

@@ -37,9 +37,6 @@ public:
     /// Whether something else tells a screen reader of a new state.
     std::function<bool()> isStateSaidElsewhere = [] { return false; };
 
-    /// Null until it was first shown.
-    [[nodiscard]] QQuickView *window() const { return m_window.get(); }
-
 private:
     [[nodiscard]] QRect usable(const QScreen &screen) const;
     void follow(const QScreen *screen) const;

@@ -1,3 +1,4 @@
+#include "tests/support/Windows.h"
 #include "tests/ui/desktop/WindowOnDesktop.h"
 #include "ui/strip/StripController.h"
 #include "ui/strip/StripWindow.h"
@@ -63,11 +64,11 @@ protected:
         const QPoint origin(screen.center().x() + 1 - size.width() / 2,
                             screen.bottom() + 1 - dock - qRound(48 * scale) - size.height());
         const auto isThere = [&] {
-            const auto found = rectangle(*m_panel.window());
+            const auto found = rectangle(*test::stripWindows().constFirst());
             return found.size() == size && (found.topLeft() - origin).manhattanLength() <= 3;
         };
         const auto isSeen = eventually(isThere);
-        const auto found = rectangle(*m_panel.window());
+        const auto found = rectangle(*test::stripWindows().constFirst());
         EXPECT_TRUE(isSeen) << "at " << scale << ": " << found.x() << ',' << found.y() << ' ' << found.width() << 'x'
                             << found.height() << " instead of " << origin.x() << ',' << origin.y();
         expectSharp(found, scale);

@@ -1,3 +1,4 @@
+#include "tests/support/Windows.h"
 #include "tests/ui/desktop/DesktopTest.h"
 #include "ui/strip/StripController.h"
 #include "ui/strip/StripWindow.h"
@@ -11,7 +12,7 @@ namespace {
 
 class StripOnDesktopTest : public test::DesktopTest {
 protected:
-    [[nodiscard]] QWindow &window() { return *m_panel.window(); }
+    [[nodiscard]] static QWindow &window() { return *test::stripWindows().constFirst(); }
     void awaitAt(QPoint origin) {
         EXPECT_TRUE(eventually([&] { return rectangle(window()) == QRect(origin, QSize(440, 40)); }))
             << rectangle(window()).x() << ',' << rectangle(window()).y();
@@ -190,5 +191,6 @@ TEST_F(StripOnTwoScreensTest, StandsOnTheMainScreenWhereThePointerIsNotKnown) {
     StripWindow blind(m_ui, m_view, &m_workArea, StripWindow::Pointer::Unknown);
     run("xdotool mousemove 2000 300");
     blind.orderFront(stripOrigin(blind.screens(), blind.pointer()));
-    EXPECT_TRUE(eventually([&] { return rectangle(*blind.window()).topLeft() == QPoint(640 - 220, 1024 - 48 - 40); }));
+    EXPECT_TRUE(eventually(
+        [&] { return rectangle(*test::stripWindows().constLast()).topLeft() == QPoint(640 - 220, 1024 - 48 - 40); }));
 }

@@ -3,6 +3,7 @@
 #include "localization/Localization.h"
 #include "model/Format.h"
 #include "tests/support/ScriptedBackend.h"
+#include "tests/support/Windows.h"
 #include "ui/preview/Preview.h"
 #include "ui/strip/StripWindow.h"
 
@@ -199,7 +200,7 @@ void Studio::takeStrip(const QString &language) {
         document[u"isMuted"_s] = isMuted;
         if (auto snapshot = decodeSnapshot(QJsonDocument(document).toJson()))
             model.setSnapshot(std::make_shared<const Snapshot>(std::move(*snapshot)));
-        take(*strip.window(), u"strip-"_s + name + u'-' + language);
+        take(*test::stripWindows().constFirst(), u"strip-"_s + name + u'-' + language);
     };
     picture(u"waiting"_s, u"waiting"_s);
     const auto events = backend.last("/events");
@@ -213,7 +214,7 @@ void Studio::takeStrip(const QString &language) {
     picture(u"muted"_s, u"muted-by-the-user"_s, true);
     picture(u"muted"_s, u"muted"_s);
     model.setSnapshot(nullptr);
-    take(*strip.window(), u"strip-offline-"_s + language);
+    take(*test::stripWindows().constFirst(), u"strip-offline-"_s + language);
 }
 
 bool Studio::takeFile(const QString &qml, const QString &path) {

@@ -1,3 +1,4 @@
+#include "tests/support/Windows.h"
 #include "tests/ui/support/Scene.h"
 #include "tests/ui/support/UiTest.h"
 #include "ui/UiEngine.h"
@@ -41,7 +42,8 @@ protected:
     }
     ~StripContentTest() override { QAccessible::installUpdateHandler(previousHandler); }
 
-    [[nodiscard]] QQuickItem *root() { return m_strip.window()->rootObject(); }
+    [[nodiscard]] static QQuickView *window() { return test::stripWindows().constFirst(); }
+    [[nodiscard]] static QQuickItem *root() { return window()->rootObject(); }
     /// The texts that can be seen, from left to right.
     [[nodiscard]] QList<QQuickItem *> texts() {
         QList<QQuickItem *> found;
@@ -83,17 +85,17 @@ TEST_F(StripContentTest, ShowsASignThatStopsWhenItIsClickedWhereNoKeyDoes) {
     m_view.setStopKey(QString());
     setState("listening");
     const QPoint end(420, 20);
-    QTest::mouseClick(m_strip.window(), Qt::LeftButton, {}, end);
+    QTest::mouseClick(window(), Qt::LeftButton, {}, end);
     EXPECT_EQ(m_opened, 1) << "there is nothing to stop";
     setState("speaking");
     EXPECT_EQ(words(), (QStringList{u"Speaking"_s, QString()}));
-    QTest::mouseClick(m_strip.window(), Qt::LeftButton, {}, end);
+    QTest::mouseClick(window(), Qt::LeftButton, {}, end);
     EXPECT_TRUE(test::eventually([this] { return backend().count("/stop") == 1; }));
-    QTest::mouseClick(m_strip.window(), Qt::LeftButton, {}, QPoint(60, 20));
+    QTest::mouseClick(window(), Qt::LeftButton, {}, QPoint(60, 20));
     EXPECT_EQ(m_opened, 2);
     m_view.setStopKey(u"Meta+F1"_s);
     EXPECT_EQ(words(), (QStringList{u"Speaking"_s, QString(), u"Meta+F1"_s}));
-    QTest::mouseClick(m_strip.window(), Qt::LeftButton, {}, end);
+    QTest::mouseClick(window(), Qt::LeftButton, {}, end);
     EXPECT_EQ(m_opened, 3);
     EXPECT_EQ(backend().count("/stop"), 1);
 }
@@ -135,14 +137,14 @@ TEST_F(StripContentTest, SaysAllOfALineThatItCutInATipAboveItAsLongAsItIsShown) 
     const auto question = u"<b>Why</b> "_s.repeated(40);
     setState("thinking", [&](Snapshot &snapshot) { snapshot.conversation.rows = {test::row("user", question)}; });
     m_strip.orderFront(QPoint(100, 400));
-    ASSERT_TRUE(QTest::qWaitForWindowExposed(m_strip.window()));
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(window()));
     for (const auto place : {QPoint(2, 2), QPoint(200, 20)})
-        QTest::mouseMove(m_strip.window(), place);
+        QTest::mouseMove(window(), place);
     ASSERT_TRUE(test::eventually([&] { return tip() != nullptr; }));
     EXPECT_EQ(tip()->title(), question.trimmed());
-    EXPECT_LE(tip()->width(), m_strip.window()->width());
-    EXPECT_NEAR(tip()->x() + tip()->width() / 2, m_strip.window()->x() + m_strip.window()->width() / 2, 1);
-    EXPECT_EQ(tip()->y() + tip()->height() + 4, m_strip.window()->y());
+    EXPECT_LE(tip()->width(), window()->width());
+    EXPECT_NEAR(tip()->x() + tip()->width() / 2, window()->x() + window()->width() / 2, 1);
+    EXPECT_EQ(tip()->y() + tip()->height() + 4, window()->y());
     EXPECT_TRUE(tip()->flags().testFlag(Qt::WindowDoesNotAcceptFocus));
     m_strip.orderOut();
     EXPECT_TRUE(test::eventually([&] { return tip() == nullptr; }));
@@ -157,15 +159,15 @@ TEST_F(StripContentTest, PutsALineOfSeveralLinesInOne) {
 }
 
 TEST_F(StripContentTest, IsFortyPointsHighAndDarkAllOver) {
-    EXPECT_EQ(m_strip.window()->size(), QSize(440, 40));
+    EXPECT_EQ(window()->size(), QSize(440, 40));
     EXPECT_EQ(root()->size(), QSizeF(440, 40));
-    EXPECT_EQ(m_strip.window()->color(), QColor(0x11, 0x18, 0x1C));
+    EXPECT_EQ(window()->color(), QColor(0x11, 0x18, 0x1C));
 }
 
 TEST_F(StripContentTest, OpensTheWindowByAClickAnywhere) {
     setState("thinking");
     for (const auto place : {QPoint(2, 2), QPoint(60, 20), QPoint(437, 37)})
-        QTest::mouseClick(m_strip.window(), Qt::LeftButton, {}, place);
+        QTest::mouseClick(window(), Qt::LeftButton, {}, place);
     EXPECT_EQ(m_opened, 3);
 }
 

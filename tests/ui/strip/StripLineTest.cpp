@@ -3,6 +3,7 @@
 #include "tests/ui/support/UiTest.h"
 
 using namespace palomet;
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -35,11 +36,11 @@ TEST_F(StripLineTest, IsAnEllipsisWhileHearing) {
 
 TEST_F(StripLineTest, CountsThePartsOfADraftAndNamesThePhraseThatCarriesItOut) {
     Snapshot snapshot;
-    snapshot.settings.actionPhrases = {{u"do it"_qs, u"go"_qs}};
+    snapshot.settings.actionPhrases = {{u"do it"_s, u"go"_s}};
     EXPECT_EQ(line(LoopState::Drafting, snapshot), u"0 parts · say “do it”");
-    snapshot.draft = {{1, u"a"_qs}};
+    snapshot.draft = {{1, u"a"_s}};
     EXPECT_EQ(line(LoopState::Drafting, snapshot), u"1 part · say “do it”");
-    snapshot.draft = {{1, u"a"_qs}, {2, u"b"_qs}};
+    snapshot.draft = {{1, u"a"_s}, {2, u"b"_s}};
     EXPECT_EQ(line(LoopState::Drafting, snapshot), u"2 parts · say “do it”");
 }
 
@@ -52,21 +53,21 @@ TEST_F(StripLineTest, NamesTheDefaultPhraseWhereThereIsNone) {
 
 TEST_F(StripLineTest, ShowsTheToolAtWorkWhileThinking) {
     Snapshot snapshot;
-    snapshot.conversation.rows = {test::row("user", u"How is it?"_qs), test::row("tool", u"Bash: ls"_qs)};
+    snapshot.conversation.rows = {test::row("user", u"How is it?"_s), test::row("tool", u"Bash: ls"_s)};
     EXPECT_EQ(line(LoopState::Thinking, snapshot), u"Bash: ls");
 }
 
 TEST_F(StripLineTest, ShowsTheLastQuestionWhileThinkingWithoutATool) {
     Snapshot snapshot;
-    snapshot.conversation.rows = {test::row("user", u"First"_qs), test::row("user", u"Second"_qs),
-                                  test::row("tool", u"Bash: ls"_qs), test::row("agent", u"Done."_qs)};
+    snapshot.conversation.rows = {test::row("user", u"First"_s), test::row("user", u"Second"_s),
+                                  test::row("tool", u"Bash: ls"_s), test::row("agent", u"Done."_s)};
     EXPECT_EQ(line(LoopState::Thinking, snapshot), u"Second");
 }
 
 TEST_F(StripLineTest, IsEmptyWhileThinkingAboutNothingThatWasAsked) {
     Snapshot snapshot;
     EXPECT_EQ(line(LoopState::Thinking, snapshot), QString());
-    snapshot.conversation.rows = {test::row("agent", u"Hello."_qs)};
+    snapshot.conversation.rows = {test::row("agent", u"Hello."_s)};
     EXPECT_EQ(line(LoopState::Thinking, snapshot), QString());
 }
 

@@ -75,7 +75,7 @@ public:
     [[nodiscard]] static QList<QQuickItem *> all(QQuickItem *from, const char *type) {
         QList<QQuickItem *> found;
         const auto name = QString::fromUtf8(from->metaObject()->className());
-        if (name.section(u"_QML"_qs, 0, 0).section(u"::"_qs, -1) == QString::fromUtf8(type))
+        if (name.section(u"_QML"_s, 0, 0).section(u"::"_s, -1) == QString::fromUtf8(type))
             found.append(from);
         for (auto *child : from->childItems())
             found += all(child, type);

@@ -5,7 +5,8 @@
 namespace palomet {
 
 /// Port: how the user wants programs to look on this desktop. What is told is as last known, and cheap; while nothing
-/// is known, panels may be either, things move, and contrast is the usual one. Main thread only.
+/// is known, panels are light, or of either scheme where that is as likely, things move, and contrast is the usual one.
+/// Main thread only.
 class DesktopLook {
 public:
     enum class Scheme { Unknown, Light, Dark };

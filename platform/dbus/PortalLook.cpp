@@ -1,5 +1,7 @@
 #include "platform/dbus/PortalLook.h"
 
+#include <algorithm>
+#include <array>
 #include <utility>
 
 namespace palomet {
@@ -15,6 +17,13 @@ constexpr uint preferLight = 2;
 constexpr uint reduceMotion = 1;
 constexpr uint raiseContrast = 1;
 
+/// Whether `desktop`, as $XDG_CURRENT_DESKTOP has it, is a compositor whose panels are dark as often as light, and
+/// whose portal does not say which.
+bool hasPanelsOfEitherScheme(const QStringList &desktop) {
+    const std::array compositors{"sway"_L1, "wlroots"_L1, "Hyprland"_L1, "river"_L1, "labwc"_L1, "Wayfire"_L1};
+    return std::ranges::any_of(compositors, [&](auto name) { return desktop.contains(name, Qt::CaseInsensitive); });
+}
+
 bool says(const PortalSetting &setting, uint wish) {
     const auto &value = setting.value();
     return value.typeId() == QMetaType::UInt && value.toUInt() == wish;
@@ -24,6 +33,7 @@ bool says(const PortalSetting &setting, uint wish) {
 
 PortalLook::PortalLook(const QDBusConnection &bus, const QString &desktop)
     : m_isPanelAlwaysDark(desktop.split(u':').contains("GNOME"_L1))
+    , m_usualPanelScheme(hasPanelsOfEitherScheme(desktop.split(u':')) ? Scheme::Unknown : Scheme::Light)
     , m_scheme(bus, appearance, u"color-scheme"_s)
     , m_motion(bus, appearance, u"reduced-motion"_s)
     , m_animations(bus, u"org.gnome.desktop.interface"_s, u"enable-animations"_s)
@@ -40,7 +50,7 @@ PortalLook::PortalLook(const QDBusConnection &bus, const QString &desktop)
 DesktopLook::Scheme PortalLook::panelSchemeNow() const {
     if (m_isPanelAlwaysDark || says(m_scheme, preferDark))
         return Scheme::Dark;
-    return says(m_scheme, preferLight) ? Scheme::Light : Scheme::Unknown;
+    return says(m_scheme, preferLight) ? Scheme::Light : m_usualPanelScheme;
 }
 
 PortalLook::Look PortalLook::currentLook() const {

@@ -5,9 +5,9 @@
 
 namespace palomet {
 
-/// The user's wishes as the portal tells them. The panel of one desktop is dark in every scheme, and that of a desktop
-/// whose user prefers none may be either; where motion has no
-/// setting of its own yet, GNOME's switch for animations stands for it.
+/// The user's wishes as the portal tells them. The panel of one desktop is dark in every scheme. Where nobody says
+/// anything panels are light, but for compositors that have panels of either scheme. Where motion has no setting of its
+/// own yet, GNOME's switch for animations stands for it.
 class PortalLook final : public DesktopLook {
 public:
     /// `desktop` is the desktop's name, as `$XDG_CURRENT_DESKTOP` has it.
@@ -19,7 +19,7 @@ public:
 
 private:
     struct Look {
-        Scheme panelScheme = Scheme::Unknown;
+        Scheme panelScheme = Scheme::Light;
         bool isMotionReduced = false;
         bool isContrastRaised = false;
 
@@ -29,6 +29,7 @@ private:
     [[nodiscard]] Scheme panelSchemeNow() const;
 
     const bool m_isPanelAlwaysDark;
+    const Scheme m_usualPanelScheme;
     const PortalSetting m_scheme;
     const PortalSetting m_motion;
     const PortalSetting m_animations;

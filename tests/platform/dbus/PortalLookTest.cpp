@@ -46,16 +46,23 @@ protected:
 
 } // namespace
 
-TEST_F(PortalLookTest, PanelsMayBeEitherUntilThePortalSaysWhich) {
+TEST_F(PortalLookTest, PanelsAreLightUntilThePortalSaysOtherwise) {
     desktop.settings[appearance][colorScheme] = 1U;
     create();
-    EXPECT_EQ(look->panelScheme(), Scheme::Unknown);
+    EXPECT_EQ(look->panelScheme(), Scheme::Light);
     EXPECT_TRUE(eventually([this] { return changes == 1; }));
     EXPECT_EQ(look->panelScheme(), Scheme::Dark);
 }
 
+TEST_F(PortalLookTest, PanelsOfSomeCompositorsMayBeEitherUntilThePortalSaysWhich) {
+    for (const auto &name : {u"sway"_s, u"wlroots:Hyprland"_s}) {
+        create(name);
+        EXPECT_EQ(look->panelScheme(), Scheme::Unknown);
+    }
+}
+
 TEST_F(PortalLookTest, PanelsFollowThePreference) {
-    create();
+    create(u"sway"_s);
     ASSERT_TRUE(isAsked());
     desktop.changeSetting(appearance, colorScheme, 2U);
     desktop.changeSetting(appearance, colorScheme, 1U);
@@ -82,7 +89,7 @@ TEST_F(PortalLookTest, PanelsAreDarkOnTheDesktopWhosePanelAlwaysIs) {
     EXPECT_EQ(changes, 0);
 }
 
-TEST_F(PortalLookTest, PanelsMayBeEitherWhenThePortalTalksNonsense) {
+TEST_F(PortalLookTest, PanelsAreAsEverWhenThePortalTalksNonsense) {
     desktop.settings[appearance][colorScheme] = u"dark"_s;
     create();
     ASSERT_TRUE(isAsked());

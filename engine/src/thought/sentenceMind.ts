@@ -52,14 +52,16 @@ export class SentenceMind {
     return { costUsd: 0 };
   }
 
-  /** Answers the sentences that ask for no hand by `other`. */
-  async answer(request: Request, other: (sentence: string) => string, answering: Answering, signal: AbortSignal): Promise<Answer> {
+  /** Answers the sentences that ask for no hand by `known`, and leaves out those that it does not; undefined when nothing is left. */
+  async answer(request: Request, known: (text: string) => string | undefined, answering: Answering, signal: AbortSignal): Promise<Answer | undefined> {
     const now = new Date(this.parts.clock.now());
     const sentences = cut(request.text, longestRequest).split(sentenceEnd).filter((sentence) => plainWords(sentence).length > 0);
     const deeds = sentences.slice(0, mostSentences).map((sentence) => this.#deed(sentence, now));
     // A request of plain sentences is answered as a whole.
     if (deeds.every((deed) => deed === undefined)) {
-      answering.text(other(request.text));
+      const text = known(request.text);
+      if (text === undefined) return undefined;
+      answering.text(text);
       return { costUsd: 0 };
     }
     const asked: Deed[] = [];
@@ -70,8 +72,9 @@ export class SentenceMind {
         asked.push(deed);
         continue;
       }
-      const text = deed ? await this.#act(deed, signal) : other(sentences[at] ?? "");
+      const text = deed ? await this.#act(deed, signal) : known(sentences[at] ?? "");
       if (signal.aborted) return { costUsd: 0 };
+      if (text === undefined) continue;
       answering.text(`${isFirst ? "" : " "}${text}`);
       isFirst = false;
     }

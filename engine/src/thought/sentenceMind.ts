@@ -52,8 +52,16 @@ export class SentenceMind {
     return { costUsd: 0 };
   }
 
-  /** Answers the sentences that ask for no hand by `known`, and leaves out those that it does not; undefined when nothing is left. */
-  async answer(request: Request, known: (text: string) => string | undefined, answering: Answering, signal: AbortSignal): Promise<Answer | undefined> {
+  /**
+   * Does what the sentences ask for, and answers those that ask for no hand by `known`; leaves out those that it knows no
+   * answer to. Undefined when nothing is left.
+   */
+  async answer(
+    request: Request,
+    known: (text: string) => string | undefined,
+    answering: Answering,
+    signal: AbortSignal,
+  ): Promise<Answer | undefined> {
     const now = new Date(this.parts.clock.now());
     const sentences = cut(request.text, longestRequest).split(sentenceEnd).filter((sentence) => plainWords(sentence).length > 0);
     const deeds = sentences.slice(0, mostSentences).map((sentence) => this.#deed(sentence, now));

@@ -117,6 +117,10 @@ OwnedProcess PrivateSoundServer::play(const QString &sink, const std::vector<flo
     return player;
 }
 
+OwnedProcess PrivateSoundServer::playFile(const QString &sink, const QString &path) const {
+    return launch(u"paplay"_s, {u"--device="_s + sink, path});
+}
+
 void PrivateSoundServer::start() {
     switch (m_kind) {
     case Kind::PulseAudio:

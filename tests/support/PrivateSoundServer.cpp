@@ -182,10 +182,12 @@ void PrivateSoundServer::unloadModule(int module) {
     control({u"unload-module"_s, QString::number(module)});
 }
 
+static QStringList layout(QStringView channels) {
+    return {u"channels="_s + QString::number(channels.count(u',') + 1), u"channel_map="_s + channels.toString()};
+}
+
 int PrivateSoundServer::addSpeakers(const QString &name, QStringView channels) {
-    QStringList arguments{u"module-null-sink"_s, u"sink_name="_s + name, u"rate=48000"_s,
-                          u"channels="_s + QString::number(channels.count(u',') + 1),
-                          u"channel_map="_s + channels.toString()};
+    auto arguments = QStringList{u"module-null-sink"_s, u"sink_name="_s + name, u"rate=48000"_s} + layout(channels);
     // Else it starts with two seconds in one block, whatever its client wants.
     if (m_kind == Kind::PulseAudio)
         arguments += u"norewinds=1"_s;
@@ -195,9 +197,9 @@ int PrivateSoundServer::addSpeakers(const QString &name, QStringView channels) {
 int PrivateSoundServer::addMicrophone(const QString &name, const QString &description, QStringView channels) {
     const auto feed = name + u"-feed"_s;
     addSpeakers(feed, channels);
-    const int module =
-        loadModule({u"module-remap-source"_s, u"master="_s + feed + u".monitor"_s, u"source_name="_s + name,
-                    u"source_properties=\"device.description='"_s + description + u"'\""_s});
+    const QStringList arguments{u"module-remap-source"_s, u"master="_s + feed + u".monitor"_s, u"source_name="_s + name,
+                                u"source_properties=\"device.description='"_s + description + u"'\""_s};
+    const int module = loadModule(arguments + layout(channels));
     const bool isThere = eventually([&] {
         return control({u"list"_s, u"short"_s, u"sources"_s}).contains(u'\t' + name + u'\t');
     });

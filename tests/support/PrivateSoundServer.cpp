@@ -118,15 +118,20 @@ OwnedProcess PrivateSoundServer::play(const QString &sink, const std::vector<flo
 }
 
 void PrivateSoundServer::start() {
+    QFile::remove(file(u"log"_s));
     switch (m_kind) {
     case Kind::PulseAudio:
         serve(u"pulseaudio"_s, {u"-n"_s, u"--daemonize=no"_s, u"--exit-idle-time=-1"_s, u"--use-pid-file=no"_s, u"-L"_s,
                                 u"module-native-protocol-unix socket="_s + file(u"pulse/native"_s)});
         break;
     case Kind::PipeWire:
-        serve(u"dbus-daemon"_s, {u"--session"_s, u"--nofork"_s, u"--address=unix:path="_s + file(u"bus"_s)});
+        // It names its address once it listens there; the session manager ends where nothing does.
+        serve(u"dbus-daemon"_s,
+              {u"--session"_s, u"--nofork"_s, u"--address=unix:path="_s + file(u"bus"_s), u"--print-address=1"_s});
+        if (!eventually([this] { return said().find("unix:path=") != std::string::npos; }))
+            throw std::runtime_error("the bus does not come up: " + said());
         serve(u"pipewire"_s, {});
-        if (!eventually([this] { return QFile::exists(file(u"bus"_s)) && QFile::exists(file(u"pipewire-0"_s)); }))
+        if (!eventually([this] { return QFile::exists(file(u"pipewire-0"_s)); }))
             throw std::runtime_error("PipeWire does not come up: " + said());
         serve(u"wireplumber"_s, {});
         serve(u"pipewire-pulse"_s, {});

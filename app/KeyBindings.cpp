@@ -114,7 +114,7 @@ QString KeyBindings::stopKeyWords() const {
     if (!m_parts.hotKeys.isKnown(stopId))
         return {};
     const auto &stop = m_parts.shortcuts.stop();
-    if (const auto words = granted(stopId, stop); !words.isEmpty())
+    if (auto words = granted(stopId, stop); !words.isEmpty())
         return words;
     const auto sequence = keySequence(stop, m_parts.layout);
     return sequence == QKeySequence(Qt::Key_Escape) ? u"esc"_s : sequence.toString(QKeySequence::NativeText);

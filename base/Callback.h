@@ -26,7 +26,7 @@ class Callback;
 /// Where one receiver is called, the last that was assigned or connected; while there is none a call does nothing, and
 /// gives the result's default. Whoever outlives the callback assigns, whoever may go first connects. A call takes no
 /// lock and allocates nothing; a receiver that is replaced or disconnected by its own call is whole until it returns.
-/// Called on one thread, and changed on that thread or before.
+/// Several threads may call it. It is changed before the first call, or on the thread that alone calls it.
 template <typename Outcome, typename... Arguments>
 class Callback<Outcome(Arguments...)> {
 public:

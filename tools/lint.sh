@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# lint.sh format | package MANUAL | tidy BUILD_FOLDER: exits 0 when there is nothing to complain of.
+# lint.sh format | package MANUAL… | tidy BUILD_FOLDER: exits 0 when there is nothing to complain of.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
@@ -12,10 +12,11 @@ format)
 package)
     desktop-file-validate packaging/org.palomet.Palomet.desktop
     appstreamcli validate --no-net packaging/org.palomet.Palomet.metainfo.xml
-    # What groff finds wrong with the manual it says and does not count.
-    problems=$(groff -man -ww -z "$2" 2>&1)
+    # What groff finds wrong with a manual it says and does not count.
+    problems=$(groff -man -ww -z "${@:2}" 2>&1)
     [ -z "$problems" ] || { echo "$problems"; exit 1; }
-    bash -n packaging/bash-completion/palomet
+    sh -n packaging/palomet-engine
+    for completion in packaging/bash-completion/*; do bash -n "$completion"; done
     ;;
 tidy)
     build=$2

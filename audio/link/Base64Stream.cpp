@@ -6,18 +6,18 @@
 namespace palomet {
 namespace {
 
-constexpr std::array<qint8, 256> makeValues() {
+constexpr std::array<qint16, 256> makeValues() {
     constexpr std::string_view alphabet = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
-    std::array<qint8, 256> values{};
+    std::array<qint16, 256> values{};
     values.fill(-1);
     for (std::size_t i = 0; i < alphabet.size(); ++i)
-        values[static_cast<unsigned char>(alphabet[i])] = static_cast<qint8>(i);
+        values[static_cast<unsigned char>(alphabet[i])] = static_cast<qint16>(i);
     return values;
 }
 
 constexpr auto values = makeValues();
 
-qint8 valueOf(char character) {
+int valueOf(char character) {
     return values[static_cast<unsigned char>(character)];
 }
 

@@ -86,16 +86,16 @@ bool canAsk() {
 /// A socket in one of the kernel's tables, whose columns stand in words of their own.
 struct Row {
     explicit Row(const QByteArray &line)
-        : columns(line.simplified().split(' ')) {}
+        : m_columns(line.simplified().split(' ')) {}
 
-    [[nodiscard]] bool isAt(quint16 port) const { return columns.value(1).endsWith(ending(port)); }
-    [[nodiscard]] bool isFrom(quint16 port) const { return columns.value(2).endsWith(ending(port)); }
-    [[nodiscard]] bool isListening() const { return columns.value(3) == "0A"; }
-    [[nodiscard]] uid_t user() const { return columns.value(7).toUInt(); }
-    [[nodiscard]] bool isSomebodys() const { return columns.value(9, "0") != "0"; }
+    [[nodiscard]] bool isAt(quint16 port) const { return m_columns.value(1).endsWith(ending(port)); }
+    [[nodiscard]] bool isFrom(quint16 port) const { return m_columns.value(2).endsWith(ending(port)); }
+    [[nodiscard]] bool isListening() const { return m_columns.value(3) == "0A"; }
+    [[nodiscard]] uid_t user() const { return m_columns.value(7).toUInt(); }
+    [[nodiscard]] bool isSomebodys() const { return m_columns.value(9, "0") != "0"; }
     /// The loopback interface's first address, or every address, alone or as one of the newer kind.
     [[nodiscard]] bool isLocal() const {
-        const auto address = columns.value(1).split(':').value(0);
+        const auto address = m_columns.value(1).split(':').value(0);
         return address == "0100007F" || address == QByteArray(address.size(), '0') ||
                address == "0000000000000000FFFF00000100007F";
     }
@@ -105,7 +105,7 @@ private:
         return ':' + QByteArray::number(port, 16).toUpper().rightJustified(4, '0');
     }
 
-    QByteArrayList columns;
+    QByteArrayList m_columns;
 };
 
 } // namespace

@@ -20,8 +20,8 @@ using namespace std::chrono_literals;
 
 /// Of what is queued beyond two requests the server gives half to the device. Were nothing left for it, the device
 /// would be run with its least latency, half a millisecond, and wake the machine two thousand times a second.
-constexpr auto queued = 40ms;
-constexpr auto request = 10ms;
+constexpr auto queued = 36ms;
+constexpr auto request = 9ms;
 constexpr pa_usec_t tick = 2 * PA_USEC_PER_MSEC;
 
 /// A clip may end in digital silence, and its end is waited for all the same.

@@ -1,29 +1,8 @@
 #include "tests/palomet/WindowInUse.h"
 
-#include <cmath>
-#include <numbers>
-
 namespace palomet::test {
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-/// A second and a half of a voice, so far as a detector of speech can tell: harmonics that swell four times a second.
-std::vector<float> voice() {
-    constexpr int rate = 48'000;
-    std::vector<float> samples(rate * 3 / 2);
-    for (std::size_t at = 0; at < samples.size(); ++at) {
-        const auto phase = 2 * std::numbers::pi * static_cast<double>(at) / rate;
-        double sum = 0;
-        for (int harmonic = 1; harmonic <= 8; ++harmonic)
-            sum += std::sin(phase * 140 * harmonic) / harmonic;
-        samples[at] = static_cast<float>(0.2 * sum * (0.6 - 0.4 * std::cos(phase * 4)));
-    }
-    return samples;
-}
-
-} // namespace
 
 WindowInUse::WindowInUse() {
     sound.start();
@@ -39,7 +18,6 @@ WindowInUse::WindowInUse() {
     set("PULSE_SERVER", QString::fromStdString(sound.address()));
     set("PULSE_COOKIE", sound.environment().value(u"PULSE_COOKIE"_s));
     set("PALOMET_RESOURCES", u"" PALOMET_BINARY_DIR "/resources"_s);
-    set("PALOMET_WHISPER_MODELS", desktop.home.filePath(u"models"_s));
     set("XDG_STATE_HOME", desktop.home.filePath(u"state"_s));
     set("QT_LINUX_ACCESSIBILITY_ALWAYS_ON", u"1"_s);
     desktop.tray.appear();
@@ -67,9 +45,6 @@ void WindowInUse::installScript(const QString &name, const QByteArray &commands)
 void WindowInUse::installTools() {
     installScript(u".local/bin/claude"_s, "echo 2.1.0");
     installScript(u".npm-global/bin/claude"_s, "echo 2.0.5");
-    installScript(u".local/bin/whisper-cli"_s, "cat \"$HOME/said\"");
-    installScript(u"models/ggml-base.bin"_s, "");
-    installScript(u"models/ggml-small.bin"_s, "");
 }
 
 QJsonObject WindowInUse::state() const {
@@ -131,12 +106,10 @@ bool WindowInUse::hasKeyboard() const {
     return owner.trimmed() == QByteArray::number(program.processId());
 }
 
-void WindowInUse::hear(const char *words) {
-    QFile said(desktop.home.filePath(u"said"_s));
-    ASSERT_TRUE(said.open(QFile::WriteOnly));
-    said.write(words);
-    said.close();
-    m_voices.push_back(sound.play(u"desk-feed"_s, voice()));
+void WindowInUse::hear(const QString &words) {
+    const auto said = desktop.home.filePath(u"said.wav"_s);
+    desktop.display.run(u"espeak-ng"_s, {u"-v"_s, u"en-us"_s, u"-s"_s, u"145"_s, u"-w"_s, said, words});
+    m_voices.push_back(sound.playFile(u"desk-feed"_s, said));
 }
 
 } // namespace palomet::test

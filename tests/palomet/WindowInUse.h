@@ -17,8 +17,7 @@ namespace palomet::test {
 using namespace Qt::StringLiterals;
 
 /// The program with its own engine on a desktop with a window manager and a sound server, used through what a screen
-/// reader sees and by the keyboard. Two speech models and two command-line tools are installed there; the recogniser
-/// hears whatever `hear` says.
+/// reader sees and by the keyboard. Two command-line tools are installed there.
 class WindowInUse : public ::testing::Test {
 protected:
     using Node = AccessibleTree::Node;
@@ -45,7 +44,7 @@ protected:
     void type(const QString &text) const { desktop.display.run(u"xdotool"_s, {u"type"_s, text}); }
     void key(const char *keys) const { desktop.display.key(QString::fromLatin1(keys)); }
     /// Somebody says that into the microphone.
-    void hear(const char *words);
+    void hear(const QString &words);
 
     Desktop desktop;
     PrivateSoundServer sound{PrivateSoundServer::Kind::PulseAudio};

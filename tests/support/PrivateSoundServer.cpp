@@ -117,16 +117,25 @@ OwnedProcess PrivateSoundServer::play(const QString &sink, const std::vector<flo
     return player;
 }
 
+OwnedProcess PrivateSoundServer::playFile(const QString &sink, const QString &path) const {
+    return launch(u"paplay"_s, {u"--device="_s + sink, path});
+}
+
 void PrivateSoundServer::start() {
+    QFile::remove(file(u"log"_s));
     switch (m_kind) {
     case Kind::PulseAudio:
         serve(u"pulseaudio"_s, {u"-n"_s, u"--daemonize=no"_s, u"--exit-idle-time=-1"_s, u"--use-pid-file=no"_s, u"-L"_s,
                                 u"module-native-protocol-unix socket="_s + file(u"pulse/native"_s)});
         break;
     case Kind::PipeWire:
-        serve(u"dbus-daemon"_s, {u"--session"_s, u"--nofork"_s, u"--address=unix:path="_s + file(u"bus"_s)});
+        // It names its address once it listens there; the session manager ends where nothing does.
+        serve(u"dbus-daemon"_s,
+              {u"--session"_s, u"--nofork"_s, u"--address=unix:path="_s + file(u"bus"_s), u"--print-address=1"_s});
+        if (!eventually([this] { return said().find("unix:path=") != std::string::npos; }))
+            throw std::runtime_error("the bus does not come up: " + said());
         serve(u"pipewire"_s, {});
-        if (!eventually([this] { return QFile::exists(file(u"bus"_s)) && QFile::exists(file(u"pipewire-0"_s)); }))
+        if (!eventually([this] { return QFile::exists(file(u"pipewire-0"_s)); }))
             throw std::runtime_error("PipeWire does not come up: " + said());
         serve(u"wireplumber"_s, {});
         serve(u"pipewire-pulse"_s, {});
@@ -182,10 +191,12 @@ void PrivateSoundServer::unloadModule(int module) {
     control({u"unload-module"_s, QString::number(module)});
 }
 
+static QStringList layout(QStringView channels) {
+    return {u"channels="_s + QString::number(channels.count(u',') + 1), u"channel_map="_s + channels.toString()};
+}
+
 int PrivateSoundServer::addSpeakers(const QString &name, QStringView channels) {
-    QStringList arguments{u"module-null-sink"_s, u"sink_name="_s + name, u"rate=48000"_s,
-                          u"channels="_s + QString::number(channels.count(u',') + 1),
-                          u"channel_map="_s + channels.toString()};
+    auto arguments = QStringList{u"module-null-sink"_s, u"sink_name="_s + name, u"rate=48000"_s} + layout(channels);
     // Else it starts with two seconds in one block, whatever its client wants.
     if (m_kind == Kind::PulseAudio)
         arguments += u"norewinds=1"_s;
@@ -195,9 +206,9 @@ int PrivateSoundServer::addSpeakers(const QString &name, QStringView channels) {
 int PrivateSoundServer::addMicrophone(const QString &name, const QString &description, QStringView channels) {
     const auto feed = name + u"-feed"_s;
     addSpeakers(feed, channels);
-    const int module =
-        loadModule({u"module-remap-source"_s, u"master="_s + feed + u".monitor"_s, u"source_name="_s + name,
-                    u"source_properties=\"device.description='"_s + description + u"'\""_s});
+    const QStringList arguments{u"module-remap-source"_s, u"master="_s + feed + u".monitor"_s, u"source_name="_s + name,
+                                u"source_properties=\"device.description='"_s + description + u"'\""_s};
+    const int module = loadModule(arguments + layout(channels));
     const bool isThere = eventually([&] {
         return control({u"list"_s, u"short"_s, u"sources"_s}).contains(u'\t' + name + u'\t');
     });

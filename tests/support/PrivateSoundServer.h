@@ -64,6 +64,8 @@ public:
     /// Plays 48 kHz samples, interleaved, on a sink. They sound until they end, or until the returned player does.
     [[nodiscard]] OwnedProcess play(const QString &sink, const std::vector<float> &samples,
                                     const QString &channels = u"mono"_s) const;
+    /// The same with a file of sound.
+    [[nodiscard]] OwnedProcess playFile(const QString &sink, const QString &path) const;
     int loadModule(const QStringList &arguments);
     void unloadModule(int module);
     /// Returns when it is in force.

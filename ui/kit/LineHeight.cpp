@@ -27,7 +27,8 @@ void LineHeight::setBox(int box) {
 
 qreal LineHeight::baseline() const {
     // Four fifths of a fixed line height lie above the baseline, in the sixty-fourths of a pixel of the text layout.
-    return (m_box * 64 * 4 / 5) / 64.0;
+    const int ascent = m_box * 64 * 4 / 5;
+    return ascent / 64.0;
 }
 
 void LineHeight::apply() {

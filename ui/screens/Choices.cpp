@@ -33,6 +33,10 @@ Choices durations(QString key, std::function<std::optional<double>(const Palomet
             .encoded = &encodedDuration};
 }
 
+Choice named(const QString &name, QString (*title)(QString name)) {
+    return {name, title != nullptr ? title(name) : name};
+}
+
 Choices names(QString key, std::function<Choice(const Snapshot::Settings &)> current,
               std::vector<QString> Options::*offered, QString (*title)(QString name)) {
     return {.key = std::move(key),
@@ -45,7 +49,7 @@ Choices names(QString key, std::function<Choice(const Snapshot::Settings &)> cur
                     if (!model.options())
                         return choices;
                     for (const auto &name : *model.options().*offered)
-                        choices.push_back({name, title(name)});
+                        choices.push_back(named(name, title));
                     return choices;
                 }};
 }
@@ -54,9 +58,7 @@ Choices names(QString key, std::function<Choice(const Snapshot::Settings &)> cur
 
 Choices names(QString Snapshot::Settings::*member, std::vector<QString> Options::*offered,
               QString (*title)(QString name)) {
-    const auto current = [=](const Snapshot::Settings &settings) {
-        return Choice{settings.*member, title(settings.*member)};
-    };
+    const auto current = [=](const Snapshot::Settings &settings) { return named(settings.*member, title); };
     return names(settingKey(member), current, offered, title);
 }
 
@@ -64,7 +66,7 @@ Choices names(std::optional<QString> Snapshot::Settings::*member, const char *wi
               std::vector<QString> Options::*offered, QString (*title)(QString name)) {
     const auto current = [=](const Snapshot::Settings &settings) {
         const auto &name = settings.*member;
-        return name ? Choice{*name, title(*name)} : Choice{{}, L(withoutKey)};
+        return name ? named(*name, title) : Choice{{}, L(withoutKey)};
     };
     return names(settingKey(member), current, offered, title);
 }

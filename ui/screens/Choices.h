@@ -28,10 +28,9 @@ inline const QString unknownValue = u"\u2014"_s;
 /// The default end of speech in milliseconds, which is also sent for a time that is no whole number.
 inline constexpr int defaultEndSilenceMs = 1'200;
 
-/// Names that the backend offers: sent as they came, and shown as `title` has them.
-[[nodiscard]] Choices names(
-    QString Snapshot::Settings::*member, std::vector<QString> Options::*offered,
-    QString (*title)(QString name) = [](QString name) { return name; });
+/// Names that the backend offers: sent as they came, and shown as `title` has them, or as they came without one.
+[[nodiscard]] Choices names(QString Snapshot::Settings::*member, std::vector<QString> Options::*offered,
+                            QString (*title)(QString name) = nullptr);
 
 /// As above; where the backend leaves the setting out, it is shown as the text of a key.
 [[nodiscard]] Choices names(std::optional<QString> Snapshot::Settings::*member, const char *withoutKey,

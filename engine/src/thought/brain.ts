@@ -11,7 +11,7 @@ import type { Choices } from "../machine/choices.ts";
 import type { ModelServers, ServedModel } from "../machine/modelServers.ts";
 import type { Answer, Answering, Brain, Request } from "./answer.ts";
 import { apart, watch } from "./answering.ts";
-import { builtInAnswer, knownAnswer, type AnswerContext } from "./builtInAnswers.ts";
+import { type AnswerContext, builtInAnswer, knownAnswers } from "./builtInAnswers.ts";
 import type { Failure } from "./chatClient.ts";
 import type { ChatMind } from "./chatMind.ts";
 import type { Claude } from "./claude.ts";
@@ -54,7 +54,7 @@ export class EngineBrain implements Brain {
     if (reply) return reply;
     if (partsOfServedModel(request.settings.brainModel)) return await this.#answerByServer(request, answering, signal);
     const path = this.#tool(request.settings);
-    if (path === undefined) return await this.#answerByHands(request, builtInAnswer, answering, signal);
+    if (path === undefined) return await this.#answerItself(request, answering, signal);
     const tool = { answer: (what: Request, to: Answering) => this.#askTool(path, what, to, signal), refuse: () => claude.refuse() };
     return await sentenceMind.answerFor(tool, request, answering, signal);
   }
@@ -119,13 +119,20 @@ export class EngineBrain implements Brain {
   async #answerAfter(sentence: string, hasAnswered: boolean, request: Request, answering: Answering, signal: AbortSignal): Promise<Answer> {
     answering.text(hasAnswered ? `\n${sentence}` : sentence);
     if (hasAnswered) return { costUsd: 0 };
-    return await this.#answerByHands(request, (text, context) => knownAnswer(text, context) ?? "", apart(answering), signal);
+    return (await this.#answerByHands(request, apart(answering), signal)) ?? { costUsd: 0 };
   }
 
-  /** Answers without a language model; by `other` what asks for no hand. */
-  async #answerByHands(request: Request, other: (text: string, context: AnswerContext) => string, answering: Answering, signal: AbortSignal): Promise<Answer> {
+  async #answerItself(request: Request, answering: Answering, signal: AbortSignal): Promise<Answer> {
+    const answer = await this.#answerByHands(request, answering, signal);
+    if (answer) return answer;
+    answering.text(builtInAnswer(request.text, this.#context(request)));
+    return { costUsd: 0 };
+  }
+
+  /** Answers without a language model what it understands; undefined when that is nothing. */
+  async #answerByHands(request: Request, answering: Answering, signal: AbortSignal): Promise<Answer | undefined> {
     const context = this.#context(request);
-    return await this.parts.sentenceMind.answer(request, (sentence) => other(sentence, context), answering, signal);
+    return await this.parts.sentenceMind.answer(request, (text) => knownAnswers(text, context), answering, signal);
   }
 
   /** What the user is told of a failure. */

@@ -113,10 +113,23 @@ export function knownAnswer(request: string, context: AnswerContext): string | u
   return questions.find((question) => question.pattern.test(plain))?.answer[locale.language](context);
 }
 
-/** Answers every sentence of a request, and reads back the sentences that are none of the questions. */
+/** Answers the sentences of a request that are questions, and leaves out the others; undefined when none is. */
+export function knownAnswers(request: string, context: AnswerContext): string | undefined {
+  const answers = sentencesOf(request).flatMap((sentence) => knownAnswer(sentence, context) ?? []);
+  return answers.length > 0 ? inOne(answers) : undefined;
+}
+
+/** Answers a request; reads it back when it knows nothing of it. */
 export function builtInAnswer(request: string, context: AnswerContext): string {
-  const sentences = cut(request, longestRequest).split(/(?<=[.!?;])\s+|\n+/).filter((sentence) => plainWords(sentence).length > 0);
-  const answers = sentences.map((sentence) => knownAnswer(sentence, context) ?? readBack(sentence, context));
+  return knownAnswers(request, context) ?? inOne(sentencesOf(request).map((sentence) => readBack(sentence, context)));
+}
+
+function sentencesOf(request: string): string[] {
+  return cut(request, longestRequest).split(/(?<=[.!?;])\s+|\n+/).filter((sentence) => plainWords(sentence).length > 0);
+}
+
+/** Says nothing twice. */
+function inOne(answers: readonly string[]): string {
   return [...new Set(answers)].join(" ");
 }
 

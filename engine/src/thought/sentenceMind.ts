@@ -65,16 +65,26 @@ export class SentenceMind {
     return { costUsd: 0 };
   }
 
-  /** Does what the sentences of a request ask for, and answers those that ask for no hand by `other`, each where it stands. */
-  async answer(request: Request, other: (sentence: string) => string, answering: Answering, signal: AbortSignal): Promise<Answer> {
+  /**
+   * Does what the sentences ask for, and answers those that ask for no hand by `known`, each where it stands; leaves out those that it
+   * knows no answer to. Undefined when nothing is left.
+   */
+  async answer(
+    request: Request,
+    known: (text: string) => string | undefined,
+    answering: Answering,
+    signal: AbortSignal,
+  ): Promise<Answer | undefined> {
     const sentences = this.#read(request.text);
     // A request of plain sentences is answered as a whole.
     if (sentences.every(({ deed }) => deed === undefined)) {
-      answering.text(other(request.text));
+      const text = known(request.text);
+      if (text === undefined) return undefined;
+      answering.text(text);
       return { costUsd: 0 };
     }
     const { watched, hasAnswered } = watch(answering);
-    const asked = await this.#do(sentences.slice(0, mostSentences), other, request, watched, signal);
+    const asked = await this.#do(sentences.slice(0, mostSentences), known, request, watched, signal);
     if (asked.length === 0 || signal.aborted) return { costUsd: 0 };
     return { costUsd: 0, heard: this.#ask(asked, !hasAnswered(), answering, signal) };
   }
@@ -89,7 +99,7 @@ export class SentenceMind {
     if (plain.length === 0) return await model.answer(request, answering);
     model.refuse();
     const { watched, hasAnswered } = watch(answering);
-    const asked = await this.#do(plain, () => "", request, watched, signal);
+    const asked = await this.#do(plain, () => undefined, request, watched, signal);
     if (signal.aborted) return { costUsd: 0 };
     const text = sentences.flatMap((one) => (plain.includes(one) ? [] : [one.text])).join(" ");
     const answer = text === "" ? { costUsd: 0 } : await model.answer({ ...request, text }, hasAnswered() ? apart(watched) : watched);
@@ -114,7 +124,7 @@ export class SentenceMind {
   /** Does what needs no leave. Gives what does. */
   async #do(
     sentences: Sentence[],
-    other: (sentence: string) => string,
+    known: (text: string) => string | undefined,
     request: Request,
     answering: Answering,
     signal: AbortSignal,
@@ -127,9 +137,9 @@ export class SentenceMind {
         asked.push(deed);
         continue;
       }
-      const answer = deed ? await this.#act(deed, signal) : other(text);
+      const answer = deed ? await this.#act(deed, signal) : known(text);
       if (signal.aborted) return [];
-      if (answer === "") continue;
+      if (answer === undefined) continue;
       answering.text(`${isFirst ? "" : " "}${answer}`);
       isFirst = false;
     }

@@ -106,11 +106,13 @@ describe("a companion", () => {
   test("drops a question that is stopped, and goes on", async () => {
     const { companion } = await bench();
     const before = await processOf(companion);
-    const ending = new AbortController();
-    const dropped = [ask(companion, { do: "wait" }, undefined, ending.signal), ask(companion, { do: "die" }, undefined, ending.signal)];
-    ending.abort();
+    const [first, second] = [new AbortController(), new AbortController()];
+    const dropped = [ask(companion, { do: "wait" }, undefined, first.signal), ask(companion, { do: "die" }, undefined, second.signal)];
+    // It does not come to the second one before the first has ended.
+    second.abort();
+    first.abort();
     expect(await Promise.all(dropped)).toEqual([{ kind: "stopped" }, { kind: "stopped" }]);
-    expect(await ask(companion, {}, undefined, ending.signal)).toEqual({ kind: "stopped" });
+    expect(await ask(companion, {}, undefined, first.signal)).toEqual({ kind: "stopped" });
     expect(await processOf(companion)).toBe(before);
     companion.stop();
   });

@@ -26,8 +26,17 @@ describe("the built-in answers", () => {
     expect(knownAnswer("Who are you?", english)).toContain("Ana");
   });
 
-  test("read back the rest, sentence by sentence", () => {
-    expect(builtInAnswer("Buy milk. What time is it?", english)).toBe("You said: Buy milk. It is 3:05 PM.");
+  test("leave out the sentences of a request that are no questions", () => {
+    for (const request of ["I love it. What time is it?", "What time is it? I love it.", "What time is it? What's the time?"]) {
+      expect([request, builtInAnswer(request, english)]).toEqual([request, "It is 3:05 PM."]);
+    }
+    expect(builtInAnswer("Comprar leite. Que dia é hoje? Que horas são?", portuguese)).toBe(
+      "Hoje é segunda-feira, 5 de janeiro de 2026. São 15 horas e 5 minutos.",
+    );
+  });
+
+  test("read a request back, sentence by sentence, that holds no question", () => {
+    expect(builtInAnswer("Buy milk. Buy bread!", english)).toBe("You said: Buy milk. You said: Buy bread.");
     expect(builtInAnswer("comprar leite", portuguese)).toBe("Você disse: comprar leite.");
   });
 

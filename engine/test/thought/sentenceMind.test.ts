@@ -27,6 +27,9 @@ class FakeHand implements Hand {
   }
 }
 
+/** Knows what is said politely. */
+const known = (text: string): string | undefined => (/hello|thank/i.test(text) ? `Welcome after "${text}"` : undefined);
+
 function mind(confirmActions: string[] = []) {
   const clock = new ManualClock();
   const [timer, note, open] = [new FakeHand("timer"), new FakeHand("note"), new FakeHand("open")];
@@ -38,9 +41,8 @@ function mind(confirmActions: string[] = []) {
     const settings = { ...requestOf("").settings, confirmActions };
     const request: Request = { ...requestOf(text), settings, askedAt: clock.now() };
     const answering = { text: (piece: string, aloud = piece) => void (pieces.push(piece), spoken.push(aloud)), tool: () => {} };
-    const other = (sentence: string): string => `You said: ${sentence}`;
-    const answer = (await it.reply(request, answering, signal)) ?? (await it.answer(request, other, answering, signal));
-    return { text: pieces.join(""), spoken: spoken.join(""), heard: answer.heard };
+    const answer = (await it.reply(request, answering, signal)) ?? (await it.answer(request, known, answering, signal));
+    return { text: pieces.join(""), spoken: spoken.join(""), heard: answer?.heard, isUnderstood: answer !== undefined };
   };
   return { it, say, clock, timer, note, open, log };
 }
@@ -54,25 +56,40 @@ describe("a sentence", () => {
 
   test("that asks for none is answered otherwise, whole", async () => {
     const { say } = mind();
-    expect((await say("One. Two!")).text).toBe("You said: One. Two!");
+    expect((await say("Hello. Two!")).text).toBe('Welcome after "Hello. Two!"');
+  });
+
+  test("that is not understood is left out beside one that is", async () => {
+    const { say, timer } = mind();
+    for (const request of ["I love it. Set a timer for 5 minutes.", "Set a timer for 5 minutes. I love it.", "Set a timer for 5 minutes; I love it"]) {
+      expect([request, (await say(request)).text]).toEqual([request, "Did timer."]);
+    }
+    expect(timer.done).toHaveLength(3);
+    expect((await say("I love it. Hello! I love it. Set a timer for 5 minutes.")).text).toBe('Welcome after "Hello!" Did timer.');
+  });
+
+  test("that is not understood has no answer, alone and beside others", async () => {
+    for (const request of ["I love it.", "I love it. I do.", ""]) {
+      expect(await mind().say(request)).toMatchObject({ text: "", isUnderstood: false });
+    }
   });
 
   test("of several is done as each asks, in their order", async () => {
     const { say, timer, note } = mind();
     const { text } = await say("Set a timer for 5 minutes. Hello there! Note that Dr. Silva comes at 7 p.m. tomorrow.\nAdd milk to the shopping list");
-    expect(text).toBe("Did timer. You said: Hello there! Did note. Did note.");
+    expect(text).toBe('Did timer. Welcome after "Hello there!" Did note. Did note.');
     expect(timer.done).toHaveLength(1);
     expect(note.done).toEqual([{ do: "note", text: "Dr. Silva comes at 7 p.m. tomorrow" }, { do: "add", items: "milk", list: "shopping" }]);
   });
 
   test("of a megabyte is answered like any other", async () => {
     for (const text of ["a. ".repeat(400_000), " ".repeat(1 << 20), "set a timer ".repeat(90_000), ".".repeat(1 << 20)]) {
-      expect((await mind().say(text)).text).toBe(`You said: ${text}`);
+      expect((await mind().say(text)).isUnderstood).toBe(false);
     }
   });
 
   test("that asks for a hand that is not there is answered otherwise", async () => {
-    expect((await mind().say("lock the screen")).text).toBe("You said: lock the screen");
+    expect((await mind().say("lock the screen")).isUnderstood).toBe(false);
   });
 
   test("that fails for a reason of the hand's own is said, and logged", async () => {
@@ -89,7 +106,7 @@ describe("what is asked about first", () => {
     expect((await say("set a timer for five minutes")).text).toBe('May I? Timer {"do":"timer","seconds":300}.');
     expect(timer.done).toEqual([]);
     expect((await say("Yes, please.")).text).toBe("Did timer.");
-    expect((await say("yes")).text).toBe("You said: yes");
+    expect((await say("yes")).isUnderstood).toBe(false);
     expect(timer.done).toHaveLength(1);
   });
 
@@ -97,7 +114,7 @@ describe("what is asked about first", () => {
     for (const reply of ["no", "what time is it", "yes and no"]) {
       const { say, timer } = mind(["timer"]);
       await say("set a timer for five minutes");
-      expect((await say(reply)).text).toBe(reply === "no" ? "All right, I will not." : `You said: ${reply}`);
+      expect((await say(reply)).text).toBe(reply === "no" ? "All right, I will not." : "");
       await say("yes");
       expect(timer.done).toEqual([]);
     }

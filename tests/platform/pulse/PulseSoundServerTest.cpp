@@ -74,7 +74,8 @@ protected:
         };
     }
 
-    /// Opens the microphone, which must work.
+    /// Opens the microphone, which must work. Before a test waits for news it opens this or the playback: on a busy
+    /// machine PipeWire (0.3.65) keeps some back until the program says something, as it does wherever a stream is.
     void openCapture() {
         m_sound->openCapture(opened());
         ASSERT_TRUE(eventually([this] { return m_answers == m_attempts; }));
@@ -113,6 +114,13 @@ protected:
         return std::vector<float>(static_cast<std::size_t>(duration.count()) * SoundStreams::sampleRate, 0.5F);
     }
 
+    static std::vector<float> twoChannels(std::chrono::seconds duration, float first, float second) {
+        std::vector<float> samples(2 * static_cast<std::size_t>(duration.count()) * SoundStreams::sampleRate, first);
+        for (std::size_t i = 1; i < samples.size(); i += 2)
+            samples[i] = second;
+        return samples;
+    }
+
     std::unique_ptr<PrivateSoundServer> m_server;
     int m_speakers = 0, m_microphone = 0;
     QtScheduler m_scheduler;
@@ -149,20 +157,18 @@ TEST_P(SoundServerTest, HearsTheFirstChannelAloneOfAMicrophoneWhoseChannelsDiffe
     const std::array maps{u"front-left,front-right"_s, u"front-right,front-left"_s, u"aux0,aux1"_s};
     for (std::size_t i = 0; i < maps.size(); ++i)
         m_server->addMicrophone(u"stereo%1"_s.arg(i), u"Stereo Microphone"_s, maps[i]);
-    std::vector<float> samples(std::size_t{20} * SoundStreams::sampleRate);
-    for (std::size_t frame = 0; frame < samples.size(); frame += 2) {
-        samples[frame] = 0.25F;
-        samples[frame + 1] = 0.75F;
-    }
     start();
+    openCapture();
     for (std::size_t i = 0; i < maps.size(); ++i) {
         const auto source = u"stereo%1"_s.arg(i);
         m_server->setDefaultInput(source);
         ASSERT_TRUE(eventually([&] { return m_sound->defaultInput() == source; }));
         openCapture();
-        const auto speaker = m_server->play(source + u"-feed"_s, samples, maps[i]);
-        // Mixed they would be 0.5 or more, the second one alone 0.75.
-        EXPECT_TRUE(eventually([&] { return std::abs(m_probe.takePeak() - 0.25F) < 0.001F; }))
+        // Another level for each microphone: what the one before it has left behind is not taken for it.
+        const float first = 0.1F * static_cast<float>(i + 1);
+        const auto speaker = m_server->play(source + u"-feed"_s, twoChannels(20s, first, 0.75F), maps[i]);
+        // Mixed they would be more than that, the second one alone 0.75.
+        EXPECT_TRUE(eventually([&] { return std::abs(m_probe.takePeak() - first) < 0.001F; }))
             << maps[i].toStdString() << ": " << m_probe.takePeak();
     }
 }
@@ -211,10 +217,10 @@ TEST_P(SoundServerTest, ReportsADefaultThatWasChangedFromOutsideOnce) {
     m_server->addMicrophone(u"headset"_s, u"Headset"_s);
     start();
     EXPECT_EQ(m_sound->inputDevices().size(), 2U);
+    openPlayback();
     m_server->setDefaultInput(u"headset"_s);
     EXPECT_TRUE(eventually([&] { return m_changes > 0; }));
     EXPECT_EQ(m_sound->defaultInput(), u"headset"_s);
-    openPlayback();
     letPlay(SoundStreams::sampleRate);
     EXPECT_EQ(m_changes, 1);
 }

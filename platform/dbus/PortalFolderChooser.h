@@ -1,12 +1,11 @@
 #pragma once
 
+#include "platform/dbus/PortalRequest.h"
 #include "ui/shell/FolderChooser.h"
 
 #include <QDBusConnection>
-#include <QDBusMessage>
 #include <QDBusServiceWatcher>
 #include <QObject>
-#include <QVariantMap>
 
 namespace palomet {
 
@@ -23,13 +22,9 @@ public:
     void ask(const Request &request, std::function<void(const QStringList &folders)> picked,
              std::function<void()> missing) override;
 
-private Q_SLOTS:
-    void responded(uint code, const QVariantMap &results);
-
 private:
-    /// Calls `answered` with the reply, unless another request has been made meanwhile, or this one is over.
-    void call(const QDBusMessage &message, int timeout, std::function<void(const QDBusMessage &)> answered);
     void open();
+    void answered(const PortalResponse &response);
     void fail();
     /// The request is over, and its callbacks are forgotten.
     void end();
@@ -37,11 +32,11 @@ private:
     QDBusConnection m_bus;
     const bool m_isX11;
     QDBusServiceWatcher m_watcher;
+    PortalRequest m_portal;
     Request m_request;
     std::function<void(const QStringList &)> m_picked; ///< Empty while no request is open.
     std::function<void()> m_missing;
-    QString m_path; ///< Of the portal's request, once it was made.
-    quint64 m_count = 0;
+    quint64 m_count = 0; ///< Of the requests; the answer to an earlier one's question does not count.
 };
 
 } // namespace palomet

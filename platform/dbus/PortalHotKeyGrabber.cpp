@@ -110,7 +110,7 @@ void PortalHotKeyGrabber::createSession() {
                                         // Some portals bind by this call alone.
                                         {u"shortcuts"_s, QVariant::fromValue(shortcuts())}}};
     };
-    m_request.make(u"CreateSession"_s, arguments, [this](const auto &results) { sessionCreated(results); });
+    m_request.make(u"CreateSession"_s, arguments, [this](const auto &response) { sessionCreated(response.results); });
 }
 
 void PortalHotKeyGrabber::sessionCreated(const Results &results) {
@@ -141,7 +141,8 @@ void PortalHotKeyGrabber::listShortcuts(void (PortalHotKeyGrabber::*listed)(cons
     const auto arguments = [this](const QString &token) {
         return QVariantList{QVariant::fromValue(QDBusObjectPath(m_session)), QVariantMap{{u"handle_token"_s, token}}};
     };
-    m_request.make(u"ListShortcuts"_s, arguments, [this, listed](const auto &results) { (this->*listed)(results); });
+    m_request.make(u"ListShortcuts"_s, arguments,
+                   [this, listed](const auto &response) { (this->*listed)(response.results); });
 }
 
 void PortalHotKeyGrabber::bindWhereMissing(const Results &listed) {
@@ -157,7 +158,8 @@ void PortalHotKeyGrabber::bindShortcuts() {
         return QVariantList{QVariant::fromValue(QDBusObjectPath(m_session)), QVariant::fromValue(shortcuts()),
                             QString(), QVariantMap{{u"handle_token"_s, token}}};
     };
-    m_request.make(u"BindShortcuts"_s, arguments, [this](const auto &results) {
+    m_request.make(u"BindShortcuts"_s, arguments, [this](const auto &response) {
+        const auto &results = response.results;
         // Some portals do not say in the answer what was granted.
         if (results && !results->contains(u"shortcuts"_s))
             listShortcuts(&PortalHotKeyGrabber::bound);

@@ -10,6 +10,18 @@ namespace palomet {
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+enum Code : uint { Success, Cancelled };
+
+/// No two requests on a connection may have one token.
+QString nextToken() {
+    static quint64 count = 0;
+    return u"palomet%1"_s.arg(++count);
+}
+
+} // namespace
+
 PortalRequest::PortalRequest(const QDBusConnection &bus, QString interface)
     : m_bus(bus)
     , m_interface(std::move(interface)) {}
@@ -17,7 +29,7 @@ PortalRequest::PortalRequest(const QDBusConnection &bus, QString interface)
 void PortalRequest::make(const QString &method, const Arguments &arguments, Answered answered) {
     withdraw();
     m_answered = std::move(answered);
-    const auto token = u"palomet%1"_s.arg(++m_count);
+    const auto token = nextToken();
     const auto sender = m_bus.baseService().mid(1).replace(u'.', u'_');
     m_path = u"%1/request/%2/%3"_s.arg(portal::path, sender, token);
     // Before the call: the answer may come with the call's return.
@@ -25,11 +37,11 @@ void PortalRequest::make(const QString &method, const Arguments &arguments, Answ
     auto call = QDBusMessage::createMethodCall(portal::service, portal::path, m_interface, method);
     call.setArguments(arguments(token));
     auto *watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(call), this);
-    connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher, count = m_count] {
+    connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher, path = m_path] {
         watcher->deleteLater();
         // The answer proper comes by the signal; here only that there will be none.
-        if (watcher->isError() && count == m_count && isPending())
-            answer(std::nullopt);
+        if (watcher->isError() && path == m_path && isPending())
+            answer({});
     });
 }
 
@@ -40,15 +52,21 @@ void PortalRequest::withdraw() {
     m_answered = nullptr;
 }
 
-void PortalRequest::responded(uint code, const QVariantMap &results, const QDBusMessage &message) {
-    if (isPending() && message.path() == m_path)
-        answer(code == 0 ? std::optional(results) : std::nullopt);
+void PortalRequest::close() {
+    if (isPending())
+        m_bus.send(QDBusMessage::createMethodCall(portal::service, m_path, portal::request, u"Close"_s));
+    withdraw();
 }
 
-void PortalRequest::answer(const std::optional<QVariantMap> &results) {
+void PortalRequest::responded(uint code, const QVariantMap &results, const QDBusMessage &message) {
+    if (isPending() && message.path() == m_path)
+        answer({.results = code == Success ? std::optional(results) : std::nullopt, .isCancelled = code == Cancelled});
+}
+
+void PortalRequest::answer(const PortalResponse &response) {
     const auto answered = m_answered;
     withdraw();
-    answered(results);
+    answered(response);
 }
 
 } // namespace palomet

@@ -10,6 +10,12 @@
 
 namespace palomet {
 
+struct PortalResponse {
+    /// None when the portal or the desktop's user refuses, or the portal does not know the call.
+    std::optional<QVariantMap> results;
+    bool isCancelled = false; ///< It was the user who refused.
+};
+
 /// A request to one interface of the desktop's portal, whose answer comes later, as a signal of the request's own. The
 /// newest request alone counts. Nothing waits for it. Main thread.
 class PortalRequest final : public QObject {
@@ -17,8 +23,7 @@ class PortalRequest final : public QObject {
 
 public:
     using Arguments = std::function<QVariantList(const QString &token)>;
-    /// Gets the results; none when the portal or the desktop's user refuses, or the portal does not know the call.
-    using Answered = std::function<void(const std::optional<QVariantMap> &results)>;
+    using Answered = std::function<void(const PortalResponse &response)>;
 
     PortalRequest(const QDBusConnection &bus, QString interface);
 
@@ -28,19 +33,20 @@ public:
 
     /// An answer that is still to come does not count any more.
     void withdraw();
+    /// The same, and the portal takes away what it shows for it.
+    void close();
     [[nodiscard]] bool isPending() const { return m_answered != nullptr; }
 
 private Q_SLOTS:
     void responded(uint code, const QVariantMap &results, const QDBusMessage &message);
 
 private:
-    void answer(const std::optional<QVariantMap> &results);
+    void answer(const PortalResponse &response);
 
     QDBusConnection m_bus;
     const QString m_interface;
     QString m_path;      ///< Of the request whose answer is awaited.
     Answered m_answered; ///< Empty while none is.
-    quint64 m_count = 0;
 };
 
 } // namespace palomet

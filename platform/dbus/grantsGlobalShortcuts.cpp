@@ -23,8 +23,8 @@ bool grantsGlobalShortcuts(const QDBusConnection &bus) {
         // Another name than that of the program's session, which may be open.
         return QVariantList{QVariantMap{{u"handle_token"_s, token}, {u"session_handle_token"_s, u"palomet_doctor"_s}}};
     };
-    request.make(u"CreateSession"_s, arguments, [&](const auto &results) {
-        isMade = results.has_value();
+    request.make(u"CreateSession"_s, arguments, [&](const auto &response) {
+        isMade = response.results.has_value();
         loop.quit();
     });
     loop.exec();

@@ -83,10 +83,11 @@ void SettingsWindow::takeFocus() {
     const auto activation = *std::exchange(m_wantedActivation, std::nullopt);
     if (m_management && m_management->activate(winId()))
         return;
+    if (activation.isEmpty())
+        return requestActivate();
     // On Wayland the toolkit takes it from there. Nobody else is to find it.
     constexpr auto *variable = "XDG_ACTIVATION_TOKEN";
-    if (!activation.isEmpty())
-        qputenv(variable, activation.toUtf8());
+    qputenv(variable, activation.toUtf8());
     requestActivate();
     qunsetenv(variable);
 }

@@ -1,7 +1,9 @@
 // How English asks for a hand: what its phrases share, and what is only polite.
 
-import { englishDoings } from "./englishDoings.ts";
+import { englishDesktop } from "./englishDesktop.ts";
 import { englishFacts } from "./englishFacts.ts";
+import { englishNotes } from "./englishNotes.ts";
+import { englishSound } from "./englishSound.ts";
 import { englishTimers } from "./englishTimers.ts";
 import type { Phrasing } from "./meanings.ts";
 
@@ -56,5 +58,5 @@ export const english: Phrasing = {
     "for me", "(now|right now|right away|immediately|at once|quickly|asap|for us)", "if possible", "ok", "okay", "then", "mate",
     "buddy", "again", "when you can", "real quick", "cheers",
   ],
-  requests: [...englishTimers, ...englishDoings, ...englishFacts],
+  requests: [...englishTimers, ...englishNotes, ...englishSound, ...englishDesktop, ...englishFacts],
 };

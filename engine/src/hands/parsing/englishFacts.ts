@@ -84,9 +84,9 @@ export const englishFacts: readonly Request[] = [
   [
     "daysSince",
     [
-      "how (many days|long|many weeks) (has it been|is it|have passed|is it been|ago was|have gone by|has passed|did pass) since {day}",
-      "how many days since {day}", "how (many days|long) ago was {day}", "how (many days|long) (have passed|has passed) since {day}",
-      "how many days have (passed|gone by) since {day}",
+      "how (many days|long|many weeks) (has it been|is it|have passed|is it been|ago was|have gone by|has passed|did pass) since {past:day}",
+      "how many days since {past:day}", "how (many days|long) ago was {past:day}", "how (many days|long) (have passed|has passed) since {past:day}",
+      "how many days have (passed|gone by) since {past:day}",
     ],
   ],
   [
@@ -125,21 +125,21 @@ export const englishFacts: readonly Request[] = [
   [
     "recall",
     [
-      "(do you remember|remember) what (we|i) (talked about|said|spoke about|discussed|asked|asked you) {day}",
+      "(do you remember|remember) what (we|i) (talked about|said|spoke about|discussed|asked|asked you) {past:day}",
       "what (did|have|do|were) (we|i|you and i) (talk|talked|speak|chat|discuss|spoken|discussed|talking|chatting|speaking|speak " +
-        "about|chatted) [about] [on] {day}",
-      "what did (we|i|you and i) (talk|speak|chat) about {day}",
-      "what did (i|we) (ask|ask you|say|say to you|tell you|want|want to know|ask you about|ask about) [on|about] {day}",
-      "(what|do you remember what) (did we|have we|we) (talk|talked|speak|spoken|chat|discuss|say|said|discussed) about {text} {day}",
+        "about|chatted) [about] [on] {past:day}",
+      "what did (we|i|you and i) (talk|speak|chat) about {past:day}",
+      "what did (i|we) (ask|ask you|say|say to you|tell you|want|want to know|ask you about|ask about) [on|about] {past:day}",
+      "(what|do you remember what) (did we|have we|we) (talk|talked|speak|spoken|chat|discuss|say|said|discussed) about {text} {past:day}",
       "what did (we|i) (talk|speak|say|chat|discuss|tell you|ask you|ask|discuss with you) about {text}",
-      "what did we discuss [on] {day}", "when did (we|i) (talk|speak|chat|ask|ask you|last talk|tell you) about {text}",
+      "what did we discuss [on] {past:day}", "when did (we|i) (talk|speak|chat|ask|ask you|last talk|tell you) about {text}",
       "(search|look through|look in|look up in|find in) (our|my|the|past|old) [past|old|previous] (conversations|conversation|" +
         "history|chats|chat history) for {text}",
       "(find|show me|look for) [the|our|my|a] (conversation|conversations|chat|chats) (about|on|where we talked about) {text}",
       "(do you remember|remember) (what we|what i) (talked|said|spoke|discussed|asked) about {text}",
       "(did|have) (we|i) (talk|talked|speak|spoken|ask you|asked you) about {text} [before]",
-      "(what have we|have we) (talked|spoken) about {text}", "what were we talking about [on] {day}",
-      "what was our conversation about {day}", "what was {day} conversation about",
+      "(what have we|have we) (talked|spoken) about {text}", "what were we talking about [on] {past:day}",
+      "what was our conversation about {past:day}", "what was {past:day} conversation about",
     ],
   ],
   [

@@ -1,7 +1,9 @@
 // How Portuguese asks for a hand: what its phrases share, and what is only polite.
 
-import { portugueseDoings } from "./portugueseDoings.ts";
+import { portugueseDesktop } from "./portugueseDesktop.ts";
 import { portugueseFacts } from "./portugueseFacts.ts";
+import { portugueseNotes } from "./portugueseNotes.ts";
+import { portugueseSound } from "./portugueseSound.ts";
 import { portugueseTimers } from "./portugueseTimers.ts";
 import type { Phrasing } from "./meanings.ts";
 
@@ -97,5 +99,5 @@ export const portuguese: Phrasing = {
     "(voce pode|pode ser|ta|ta bom|ok|tudo bem|viu|ne|beleza|pode|sim|entao|ai|la)", "se possivel", "se nao for incomodo", "de novo",
     "quando puder",
   ],
-  requests: [...portugueseTimers, ...portugueseDoings, ...portugueseFacts],
+  requests: [...portugueseTimers, ...portugueseNotes, ...portugueseSound, ...portugueseDesktop, ...portugueseFacts],
 };

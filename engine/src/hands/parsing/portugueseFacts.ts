@@ -84,9 +84,9 @@ export const portugueseFacts: readonly Request[] = [
   [
     "daysSince",
     [
-      "(ha|faz|fazem) (quantos dias|quanto tempo) (foi|que foi|desde|aconteceu|) {day}",
-      "quantos dias (se passaram|passaram|faz|faz que foi|ja passaram|fazem|tem|ha) desde [o|a] {day}",
-      "quantos dias desde [o|a] {day}", "quanto tempo (faz|passou|se passou|ja passou|tem) desde [o|a] {day}",
+      "(ha|faz|fazem) (quantos dias|quanto tempo) (foi|que foi|desde|aconteceu|) {past:day}",
+      "quantos dias (se passaram|passaram|faz|faz que foi|ja passaram|fazem|tem|ha) desde [o|a] {past:day}",
+      "quantos dias desde [o|a] {past:day}", "quanto tempo (faz|passou|se passou|ja passou|tem) desde [o|a] {past:day}",
     ],
   ],
   [
@@ -129,7 +129,7 @@ export const portugueseFacts: readonly Request[] = [
       "(sobre o que|do que|de que|o que|sobre que|que) (conversamos|falamos|a gente conversou|a gente falou|nos conversamos|nos " +
         "falamos|discutimos|eu falei|eu perguntei|eu te perguntei|perguntei|te perguntei|eu disse|eu pedi|estavamos falando|" +
         "estavamos conversando|eu te disse|eu te pedi|nos discutimos|conversei com voce|falei com voce|eu conversei com voce|eu te " +
-        "falei|pedi|voce e eu conversamos|foi que conversamos|foi que falamos|e que conversamos|e que falamos) [na|no|em] {day}",
+        "falei|pedi|voce e eu conversamos|foi que conversamos|foi que falamos|e que conversamos|e que falamos) [na|no|em] {past:day}",
       "(o que|que) (conversamos|falamos|dissemos|discutimos|a gente falou|a gente conversou|eu disse|eu falei|eu te disse|eu " +
         "perguntei|nos falamos|eu te falei|eu te perguntei|voce disse) (sobre|de|do|da|a respeito de|a respeito do|a respeito da) [o|" +
         "a|os|as] {text}",
@@ -142,12 +142,12 @@ export const portugueseFacts: readonly Request[] = [
       "(acha|ache|encontra|encontre|procura|procure|busca|mostra|mostre) (a|as|nossa|minhas|nossas) (conversa|conversas) sobre [o|a] " +
         "{text}",
       "(lembra|voce lembra|se lembra|voce se lembra) (do que|o que|de que|sobre o que) (conversamos|falamos|eu disse|eu falei|a " +
-        "gente conversou|a gente falou) {day}",
+        "gente conversou|a gente falou) {past:day}",
       "(lembra|voce lembra|se lembra|voce se lembra) (do que|o que|de que) (conversamos|falamos|eu disse|eu falei|a gente conversou|" +
         "a gente falou) sobre [o|a] {text}",
       "(ja falamos|ja conversamos|nos ja falamos|a gente ja falou) (sobre|de|do|da) [o|a] {text}",
-      "qual foi [o assunto da|o assunto de|o tema da] [nossa] conversa [de] {day}",
-      "{day} (conversamos|falamos|a gente conversou) sobre o que",
+      "qual foi [o assunto da|o assunto de|o tema da] [nossa] conversa [de] {past:day}",
+      "{past:day} (conversamos|falamos|a gente conversou) sobre o que",
     ],
   ],
   [

@@ -101,7 +101,7 @@ export const englishRequests: Requests = [
   ["calculate", { expression: "10 km", to: "mile" }, ["how many miles is 10 km", "convert 10 kilometers to miles", "what is ten kilometres in miles", "10 km in miles", "how many miles are there in ten kilometers", "how much is 10 km in miles"]],
   ["calculate", { expression: "70 degF", to: "degC" }, ["what is 70 degrees fahrenheit in celsius", "convert 70 fahrenheit to celsius", "70°F in °C"]],
   ["recall", { day: "2026-11-17" }, ["what did we talk about yesterday", "what did we talk about yesterday?", "what did I ask you yesterday", "what were we talking about yesterday", "do you remember what we talked about yesterday"]],
-  ["recall", { about: "the car" }, ["what did we say about the car", "when did we talk about the car", "search our conversations for the car"]],
+  ["recall", { about: "car" }, ["what did we say about the car", "when did we talk about the car", "search our conversations for the car"]],
   ["forget", {}, ["forget this conversation", "delete this conversation", "please forget this conversation", "forget everything we said", "erase our conversation"]],
   ["timer", { do: "snooze", seconds: 300 }, ["give me five more minutes", "five more minutes", "snooze for five minutes"]],
   ["timer", { do: "reminder", seconds: 7200, about: "stretch" }, ["two hours from now remind me to stretch"]],

@@ -3,7 +3,7 @@
 import type { Day } from "./days.ts";
 import type { Slots } from "./grammar.ts";
 import { localText, timeOf, type Moment, type Purpose } from "./moments.ts";
-import { isApplicationName, isTimerName, listName } from "./names.ts";
+import { isApplicationName, isItem, isTimerName, listName } from "./names.ts";
 
 /** A hand and what it is to do. */
 export interface Meant {
@@ -131,17 +131,17 @@ export const meanings = {
   note: (slots) => {
     const said = text(slots, "text");
     // "Take a note of caution" is said of something else.
-    return said === undefined || /^of\b/i.test(said) ? undefined : { hand: "note", given: { do: "note", text: said } };
+    return said === undefined || /^(of|from|off)\b/i.test(said) ? undefined : { hand: "note", given: { do: "note", text: said } };
   },
   addToList: (slots) => {
     const items = text(slots, "text");
     // "Write a poem about the shopping list" adds nothing to it.
-    const isWhole = items !== undefined && !/\s(about|of|for|with|from|sobre|de|para|com|do|da)$/i.test(` ${items}`);
+    const isWhole = items !== undefined && isItem(items) && !/\s(about|of|for|with|from|sobre|de|para|com|do|da)$/i.test(` ${items}`);
     return isWhole ? withList(slots, "note", { do: "add", items }) : undefined;
   },
   removeFromList: (slots) => {
     const item = text(slots, "text");
-    return item === undefined ? undefined : withList(slots, "note", { do: "remove", item });
+    return item === undefined || !isItem(item) ? undefined : withList(slots, "note", { do: "remove", item });
   },
   readNotes: fixed("notes"),
   readList: (slots) => withList(slots, "notes"),
@@ -168,7 +168,8 @@ export const meanings = {
   },
   openFolder: (slots) => {
     const folder = text(slots, "text");
-    return folder === undefined ? undefined : { hand: "open", given: { folder } };
+    // Of "the folder with my videos" only the last words are its name.
+    return folder === undefined || /^(with|of|for|where|containing|com|onde)\b/i.test(folder) ? undefined : { hand: "open", given: { folder } };
   },
   openKnownFolder: (slots) => {
     const folder = text(slots, "text");

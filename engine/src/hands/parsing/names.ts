@@ -15,24 +15,29 @@ const neverInNames = set(
 const neverInTimers = set(
   "a an any the my your this that these those what which another new first second last next other all every me us him her them it please is " +
     "are was were i you he she we they and or when while if mim nos o os um uma meu meus este esse isso nenhum outro novo todos de do ao " +
-    "per que se quando eu voce ele ela pensar",
+    "per que se quando eu voce ele ela pensar minus menos zero",
 );
 /** A list is not called so: "my shopping list is too long" tells something of it. */
 const neverInLists = set(
-  "is are was were be being been has have had gets getting got needs need will would should can could does did esta estao era foi e sao " +
+  "on in onto off from add adds put also is are was were be being been has have had gets getting got needs need will would should can could does did esta estao era foi e sao " +
     "fica ficou ficando tem tinha vai precisa deve pode que",
+);
+/** What is added does not begin so: "what goes on the shopping list" asks, and "it" is not said. */
+const neverFirstItem = set(
+  "what who which how why when where nothing anything something everything it that this them those i you we he she they que quem qual quais " +
+    "quanto quantos como quando onde nada algo tudo isso isto aquilo ele ela eles elas eu voce",
 );
 /** These are "the list", which needs no name. */
 const theList = set("a an the my our your this that it o os um uma meu meus minha nossa este esse esta essa ela ele");
 /** What an application's name does not begin with: "start over", "open your mind". */
 const neverFirst = set(
-  "a an new your his her their our its over for to with again from about up me it that this these those him them us at on in off of by as and " +
+  "the a an new your his her their our its over for to with again from about up me it that this these those him them us at on in off of by as and " +
     "i you we he she they who what why how when where if so too not no fire late early wide another some any every all both each mao de em " +
     "para isso isto aquilo com que se eu ele ela nos eles seu sua um uma outro outra cedo tarde logo quem quando como onde por muito",
 );
 /** Nor are these anywhere in one. */
 const neverInApplications = set(
-  "with com me my him her them us who whom whose because while until before esse essa esses essas aquele aquela dele dela comigo contigo porque " +
+  "please thanks favor obrigado obrigada with com me my him her them us who whom whose because while until before esse essa esses essas aquele aquela dele dela comigo contigo porque " +
     "enquanto sempre nunca everybody everyone somebody someone nobody alguem ninguem",
 );
 /** What people open, start and run that is no application. */
@@ -59,6 +64,10 @@ export function listName(said: string): string | undefined {
   const words = plainWords(name);
   if (words.length > 0 && words.every((word) => theList.has(word))) return "";
   return words.some((word) => neverInNames.has(word) || neverInLists.has(word)) ? undefined : name;
+}
+
+export function isItem(said: string): boolean {
+  return !neverFirstItem.has(plainWords(said)[0] ?? "it");
 }
 
 export function isApplicationName(said: string): boolean {

@@ -6,7 +6,7 @@ export const englishDesktop: readonly Request[] = [
   [
     "lock",
     [
-      "lock [<the>] <screen>", "lock (me out|it|everything|up) [of the <screen>]", "lock (up|down) [<the>] <screen>", "lock [<the>] <screen> (up|down|now)", "(secure|protect) [<the>] <screen>", "(get|have) <the> <screen> locked", "lock it (up|down)", "(go to|show|bring up) the lock screen", "screen lock", "lock screen",
+      "lock [<the>] <screen>", "lock (me out|it|everything|up) [of the <screen>]", "lock (up|down) [<the>] <screen>", "lock [<the>] <screen> (up|down|now)", "(get|have) <the> <screen> locked", "lock it (up|down)", "(go to|show|bring up) the lock screen", "screen lock", "lock screen",
       "(turn on|activate|start) the (lock screen|screen lock)", "put the (computer|screen) on lock", "i want [<the>] <screen> locked",
     ],
   ],

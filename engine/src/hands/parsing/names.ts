@@ -33,7 +33,7 @@ const theList = set("a an the my our your this that it o os um uma meu meus minh
 const neverFirst = set(
   "the a an new your his her their our its over for to with again from about up me it that this these those him them us at on in off of by as and " +
     "i you we he she they who what why how when where if so too not no fire late early wide another some any every all both each mao de em " +
-    "para isso isto aquilo com que se eu ele ela nos eles seu sua um uma outro outra cedo tarde logo quem quando como onde por muito",
+    "para isso isto aquilo com que se eu ele ela nos eles seu sua um uma outro outra cedo tarde logo quem quando como onde por muito mais menos more less",
 );
 /** Nor are these anywhere in one. */
 const neverInApplications = set(
@@ -42,7 +42,7 @@ const neverInApplications = set(
 );
 /** What people open, start and run that is no application. */
 const things = set(
-  "door doors window windows gate mouth eye eyes mind heart hand hands arms jar jars bottle bottles can tin box package parcel present gift " +
+  "party festa door doors window windows gate mouth eye eyes mind heart hand hands arms jar jars bottle bottles can tin box package parcel present gift " +
     "presents letter envelope curtain curtains blinds fridge oven drawer cupboard wardrobe garage trunk hood umbrella wound wounds account " +
     "source fire fight fights war argument diet family business company car engine bike dishwasher laundry bath bathtub shower race " +
     "marathon mile miles errand errands risk question questions conversation debate week month year morning life porta portas janela " +

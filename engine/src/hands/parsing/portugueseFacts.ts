@@ -19,7 +19,7 @@ export const portugueseFacts: readonly Request[] = [
       "(quantos|quanto) por cento [de] (bateria|tem a bateria|esta a bateria|tem de bateria|de bateria tem) [tem|tenho|resta|restam|" +
         "eu tenho]",
       "(tem|tenho|ainda tem|ainda tenho) [quanta|alguma|muita] bateria", "quanta (bateria|carga) [ainda] <restam> [ainda]",
-      "a bateria esta em quanto", "a quanto esta a bateria", "quanto falta de bateria",
+      "a bateria esta em quanto", "a quanto esta a bateria", "quanto falta de bateria", "(tem|tenho|ainda tem|ainda tenho) (quanto|quanta) [de] bateria", "(quanto|quantos por cento) [tem|de] [a|na|de|minha] [minha] (bateria|carga) [tem|esta|ta|eu tenho|eu ainda tenho|restam|sobra|sobrou]", "(diz|diga|fala|fale|mostra|mostre|ve|veja|checa|confere|verifica) [ai] [<the>] [nivel|porcentagem|percentual|carga|estado] [de|da] bateria", "[<the>] (nivel|porcentagem|percentual|estado|carga) [de|da] [minha] bateria", "[<the>] bateria (esta|ta) (em quanto|com quanto|como|acabando|no fim|boa|ok|baixa|cheia)", "(preciso|tenho que|precisa) [de] (carregar|por para carregar|botar para carregar|colocar na tomada) [<the>] (notebook|computador|laptop|bateria)", "bateria", "(esta|ta) (carregando|na tomada) [<the>] [notebook|computador]",
     ],
   ],
   [
@@ -35,7 +35,7 @@ export const portugueseFacts: readonly Request[] = [
       "[<the>] (disco|hd|ssd|armazenamento|computador) (esta|ta) (cheio|quase cheio|lotado|ficando cheio)",
       "(tem|tenho|ainda tem|ainda tenho|ha) [algum|muito] espaco [livre] [no|em] (disco|hd|computador|ssd)",
       "quao cheio esta o (disco|hd)", "(esta|estou) (faltando|sem|ficando sem) espaco [em disco|no disco]",
-      "quantos gigas [livres] (eu tenho|tenho|tem|restam|sobram|estao livres) [livres] [no disco|no hd|em disco]",
+      "quanto [de] (espaco|armazenamento|disco) [livre] [eu|a gente|] [ainda] (tem|tenho|temos|sobra|sobrou|resta|falta|ha) [ainda] [livre] [no|em|na] [disco|hd|computador|ssd|pc|notebook|maquina]", "quanto [ainda] (sobra|sobrou|resta|restou|tem|tenho|falta|cabe) [ainda] [de] [espaco|armazenamento|livre] [livre] (no|em|na) [meu|minha] (disco|hd|computador|ssd|pc|notebook|maquina)", "(meu|o) (disco|hd|ssd|computador) (esta|ta) [quase|muito|ficando] (cheio|lotado|sem espaco)", "(tem|tenho|ainda tem|ainda tenho|sobra) [muito|algum|quanto] espaco [livre]", "(tem|tenho) quanto [de] espaco [livre] [no disco|no hd|no computador]", "(espaco|armazenamento) (livre|disponivel|restante)", "(como esta|como anda|como ta) (o disco|o hd|meu hd|o espaco|meu disco)", "quantos gigas [livres] (eu tenho|tenho|tem|restam|sobram|estao livres) [livres] [no disco|no hd|em disco]",
     ],
   ],
   [
@@ -46,7 +46,7 @@ export const portugueseFacts: readonly Request[] = [
       "quanto (tem|tenho|resta|sobra|esta) de (memoria|ram|memoria ram) [<free>]",
       "(como esta|qual e|qual|quanto esta) [<the>] (uso de|uso da|consumo de|) (memoria|ram|memoria ram) [livre|do computador]",
       "(como esta|qual e) a memoria [ram] [do computador|livre]", "(uso de|uso da) (memoria|ram)", "memoria (livre|usada|disponivel)",
-      "[<the>] memoria (esta|ta) (cheia|quase cheia|acabando)",
+      "[<the>] memoria (esta|ta) (cheia|quase cheia|acabando)", "(quanto|quanta) [de] (memoria|ram|memoria ram) [ram] [livre] [que] [eu|o computador|esse computador|este computador|esta maquina|essa maquina|o notebook|meu computador|a maquina|esse notebook|o pc] [ainda] (tem|tenho|esta usando|ta usando|usa|sobra|sobrou|resta|restou|ha) [ainda] [livre|no computador]", "(quanto|quanta) [de] (memoria|ram|memoria ram) (tem|tenho|sobra|resta) [<free>] [no|neste|nesse] [computador|notebook|pc]", "(tem|tenho) (quanto|quanta) [de] (memoria|ram) [livre]", "quantos gigas de (memoria|ram|memoria ram) [eu|] (tem|tenho|tem o computador|tem esse computador|estao livres|sobram)", "(memoria|ram) (livre|usada|disponivel|em uso)", "[<the>] (uso|consumo) (de|da) (memoria|ram)",
       "quanta memoria (o computador|esse computador|a maquina|este computador) tem",
     ],
   ],
@@ -60,7 +60,7 @@ export const portugueseFacts: readonly Request[] = [
         "conectado na internet|offline|com internet|sem internet|conectado ao wifi|no wifi|conectado no wifi)",
       "(tem|tenho|ha|temos|eu tenho) (internet|conexao|rede|wifi|conexao com a internet|sinal de internet)",
       "[<the>] (internet|rede|wifi|conexao) (esta|ta|caiu) [funcionando|no ar|ligada|conectada|ok|fora do ar|conectado|ligado]",
-      "nome (da rede|do wifi)", "(como esta|como anda) [<the>] (internet|rede|conexao|wifi)", "como se chama [<the>] (rede|wifi)",
+      "nome (da rede|do wifi)", "(qual|qual e|como e|diz|me diz|diga|fala|me fala) [o] nome [da|do|de] [minha|meu|nossa|nosso] <network>", "como [e que] se chama [<the>] [minha|meu|nossa] <network>", "(eu|) [estou|estamos|to|o computador esta|o notebook esta|esta] [conectado|conectada|ligado|ligada|usando|na|no] [em|na|no|a] (qual|que) <network>", "(qual|que) <network> (e esta|e essa|que e essa|que estou usando|o computador esta usando|eu uso|estamos usando|esta conectada|esta conectado)", "(qual|que) [e] [a|o] [minha|meu|nossa] <network>", "(como esta|como anda) [<the>] (internet|rede|conexao|wifi)", "como se chama [<the>] (rede|wifi)",
     ],
   ],
   [
@@ -78,7 +78,7 @@ export const portugueseFacts: readonly Request[] = [
       "quantos dias (faltam|restam|tem|sao|ainda faltam|falta|ha|) [ainda] (para|ate) [o|a] {day}",
       "quantas semanas (faltam|restam|tem|) (para|ate) [o|a] {day}", "quantos dias (para|ate) [o|a] {day}",
       "(quanto tempo|quanto|quanto tempo ainda) (falta|resta|tem|faltam|ainda falta) (para|ate) [o|a] {day}",
-      "(daqui a|em) quantos dias (e|sera|vai ser|cai) {day}", "faltam quantos dias (para|ate) [o|a] {day}",
+      "(daqui a|em) quantos dias (e|sera|vai ser|cai) {day}", "(faltam|falta) (quantos dias|quanto|quanto tempo|muito) (para|ate) [o|a|chegar o|chegar] {day}", "(quanto|quanto tempo|quantos dias|quantos dias mais|quantas semanas) [ainda] (falta|faltam|resta|restam|ainda faltam|ainda falta|tem|temos) [ainda] (para|ate) [o|a|chegar o|chegar|chegar a|ser] {day}", "(esta|ta) longe [do|da|o] {day}", "daqui a quanto tempo e [o|a] {day}", "(conta|conte) [os|quantos] dias (para|ate) [o|a] {day}", "[o|a] {day} (e|cai) daqui a (quantos dias|quanto tempo|quanto)",
     ],
   ],
   [
@@ -96,10 +96,12 @@ export const portugueseFacts: readonly Request[] = [
       "(que|qual) (dia da semana|dia|data) [e|sera] [o|a|no|em] {day} (e|foi|sera|cai|caiu|vai cair|vai ser)",
       "{day} (e|cai|foi|sera|vai ser|vai cair) (que|em que|em qual|qual|num) (dia|dia da semana)",
       "(em que|que|qual) dia (da semana|) (cai|sera|foi|vai cair) [o|a] {day}",
-      "qual [e|sera|foi|vai ser] [a] data [de|da|do|em] {day}", "que data (e|sera|vai ser) {day}",
+      "qual [e|sera|foi|vai ser] [a] data [de|da|do|em] {day}", "que data (e|sera|vai ser) {day}", "(em que|que|qual|em qual) (dia|data|dia da semana) [e que] (cai|vai cair|sera|vai ser|foi|caiu|e) [o|a|no|na] {day}", "[o|a] {day} (cai|sera|e|vai ser|vai cair|foi|caiu) (em|num|no|) [um|uma] (que|qual) (dia|data|dia da semana)", "{day} (e|foi|sera|vai ser) (que dia|que data|qual dia|dia de que)", "[<the>] (data|dia da semana) [de|do|da] {day}",
       "quando (e|sera|cai|vai ser) [o|a] {day}",
     ],
   ],
+  // After the days: "quanto falta para o Natal" asks for those.
+  ["tellTimers", ["quanto [tempo] [ainda] falta [ainda] para (o|a|os|as) {word:name}", "quanto [tempo] [ainda] falta [ainda] para (o|a|os|as) {word:name} (ficar pronto|ficar pronta|ficarem prontos|ficarem prontas|acabar|terminar|sair)"]],
   [
     "convert",
     [
@@ -133,6 +135,8 @@ export const portugueseFacts: readonly Request[] = [
       "(o que|que) (conversamos|falamos|dissemos|discutimos|a gente falou|a gente conversou|eu disse|eu falei|eu te disse|eu " +
         "perguntei|nos falamos|eu te falei|eu te perguntei|voce disse) (sobre|de|do|da|a respeito de|a respeito do|a respeito da) [o|" +
         "a|os|as] {text}",
+      "quando [foi] [que] [nos|a gente|eu] [ja] (falamos|conversamos|falou|conversou|falei|discutimos|discutiu|tocamos no assunto) [com voce] (sobre|de|do|da|dos|das|a respeito de) [o|a|os|as] {text}", "(o que|que) [foi] [que] (a gente|nos|eu|) [ja] (conversou|falou|discutiu|conversamos|falamos|discutimos|te disse|te contei|falei|disse|te falei|comentei|decidiu|combinou) [com voce] (sobre|de|do|da|dos|das|a respeito de|a respeito do|a respeito da) [o|a|os|as] {text}",
+      "(o que|sobre o que|do que|de que|que) [foi] [que] [e que] (a gente|nos|eu|) [ja] (conversou|falou|discutiu|conversamos|falamos|discutimos|te disse|te contei|falei|disse|te falei|comentei|estava falando|estava conversando|estavamos falando|perguntei|te perguntei) [com voce] [na|no|em] {past:day}", "(a gente|nos|eu) (ja|alguma vez|chegou a|chegamos a) [ja] (falou|falamos|conversou|conversamos|falar|conversar|falei|conversei|discutiu|discutimos) [com voce] (sobre|de|do|da|dos|das) [o|a|os|as] {text}", "(me lembra|me lembre|me diz|me diga|lembra|me conta) [do|de] (o que|que) [foi] [que] (a gente|nos|eu|) (conversou|falou|falamos|conversamos|falei|disse|te disse) (sobre|de|do|da|dos|das) [o|a|os|as] {text}", "(me lembra|me lembre|me diz|me diga|me conta) [do|de|sobre] (o que|que) [foi] [que] (a gente|nos|eu|) (conversou|falou|falamos|conversamos|falei|disse|te disse) [na|no|em] {past:day}",
       "quando (falamos|conversamos|a gente falou|a gente conversou|eu falei|eu perguntei|foi que falamos|foi que conversamos|eu te " +
         "perguntei|nos falamos) (sobre|de|do|da) [o|a|os|as] {text}",
       "(procura|procure|procurar|busca|busque|buscar|pesquisa|pesquise|pesquisar) (por|) {text} (nas|em|na) [nossas|minhas] " +
@@ -159,7 +163,7 @@ export const portugueseFacts: readonly Request[] = [
       "(esquece|esqueca|apaga|apague|esquecer) (tudo o que|tudo que|o que) (conversamos|falamos|eu disse|eu falei|a gente conversou|" +
         "a gente falou|eu te disse|dissemos|eu acabei de dizer|acabamos de falar|acabei de falar|eu acabei de falar|acabamos de " +
         "conversar|discutimos) [nesta conversa|nessa conversa|agora|aqui|ate agora]",
-      "nao (guarda|guarde|salva|salve|lembra|armazene) (esta|essa) conversa", "(apaga|apague) [o|] historico (desta|dessa|da) conversa",
+      "nao (guarda|guarde|salva|salve|lembra|armazene) (esta|essa) conversa", "(esquece|esqueca|apaga|apague|exclui|exclua|deleta|delete|limpa|limpe|elimina|elimine) (tudo|tudo isso|tudo o que|tudo que|o que|isso que|aquilo que) [que] (a gente|nos|eu|voce e eu|) [acabou de|acabamos de|acabei de|ja] (conversou|falou|discutiu|conversamos|falamos|disse|falei|te disse|te falei|falar|conversar|dizer|contei|te contei) [agora|hoje|aqui|nessa conversa|nesta conversa|agora ha pouco|ate agora|ate aqui]", "(joga fora|jogue fora|some com|suma com|da um fim em) (esta|essa|nossa) conversa", "(esquece|esqueca|apaga|apague|exclui|exclua|deleta|delete) (a|essa|esta|nossa|toda a|toda essa) [nossa] conversa [toda|inteira|de agora|de hoje]", "(quero|preciso) que voce (esqueca|apague) (esta|essa|nossa|a nossa) conversa", "(apaga|apague) [o|] historico (desta|dessa|da) conversa",
     ],
   ],
 ];

@@ -6,7 +6,8 @@ export const portugueseNotes: readonly Request[] = [
   [
     "addToList",
     [
-      "<addverb> [ai] {text} <onto> [minha|nossa|meu|nosso] lista <listname>", "<addverb> [ai] {text} <onto> [minha|nossa] lista",
+      "<addverb> [ai] {text} [tambem|ai] <onto> [minha|nossa|meu|nosso] lista <listname>", "[na|a|minha|nossa|na minha] lista <listname> <addverb> {text}", "(quero|queria|eu quero|preciso de|precisamos de|gostaria de|falta|faltou|vai) [por|colocar|botar|adicionar|incluir] {text} <onto> [minha|nossa] lista <listname>",
+      "(acabou|acabaram|estamos sem|estou sem|faltou|esta faltando) [o|a|os|as] {text} (coloca|poe|bota|adiciona|anota|inclui|acrescenta) <onto> [minha|nossa] lista <listname>", "<addverb> [ai] {text} <onto> [minha|nossa] lista",
       "<addverb> <onto> [minha|nossa] lista <listname> {text}", "<onto> [minha|nossa] lista <listname> <addverb> {text}",
       "(quero|preciso de|precisamos de) {text} <onto> [minha|nossa] lista <listname>",
       "<addverb> {text} (nas compras|aos afazeres|nas tarefas|nos afazeres)",
@@ -16,7 +17,7 @@ export const portugueseNotes: readonly Request[] = [
     "removeFromList",
     [
       "<removeverb> {text} <ofwhose> lista <listname>", "<removeverb> {text} <ofwhose> lista",
-      "<removeverb> <ofwhose> lista <listname> {text}",
+      "<removeverb> <ofwhose> lista <listname> {text}", "(ja comprei|comprei|ja tenho|ja tem) [o|a|os|as] {text} [entao] [pode] (tira|tirar|risca|riscar|remove|remover|apaga|apagar|exclui) [ele|ela|eles|elas|isso] <ofwhose> lista <listname>",
       "(ja comprei|comprei) [o|a|os|as] {text} (tira|risca|pode tirar|pode riscar) <ofwhose> lista <listname>",
       "nao preciso mais de {text} na [minha] lista <listname>",
     ],
@@ -30,7 +31,7 @@ export const portugueseNotes: readonly Request[] = [
         "voce anotou)",
       "(quais|que) (notas|anotacoes) (eu tenho|tenho|ha|tem|eu fiz|existem)", "quais sao [<the>] (notas|anotacoes)",
       "(tenho|tem|eu tenho|ha) [alguma|algumas] (nota|notas|anotacao|anotacoes)", "minhas (notas|anotacoes)",
-      "quantas (notas|anotacoes) (eu tenho|tenho|tem|ha)", "quais [sao] as minhas (notas|anotacoes)", "o que eu tenho anotado",
+      "quantas (notas|anotacoes) (eu tenho|tenho|tem|ha)", "(tem|ha|existe|existem|tenho|eu tenho) (nota|notas|anotacao|anotacoes|alguma nota|alguma anotacao|algo anotado|alguma coisa anotada) [para mim]", "(o que|que) [e que] (eu|a gente|voce|) (tem|tenho|ha|deixei|deixou|guardei|salvei) (anotado|nas notas|nas anotacoes)", "(quero|queria|gostaria de) (ver|ouvir|ler) [<the>] (notas|anotacoes)", "(qual|qual e|qual foi) [<the>] (ultima nota|ultima anotacao)", "quais [sao] as minhas (notas|anotacoes)", "o que eu tenho anotado",
     ],
   ],
   [
@@ -56,7 +57,7 @@ export const portugueseNotes: readonly Request[] = [
       "(tem|ha|existe) (algo|alguma coisa|alguma) <ofwhose> lista <listname>",
       "(quantos|quantas) (itens|coisas) (tem|ha|tenho|estao) <ofwhose> lista <listname>",
       "(como esta|como ficou|qual e|qual) <whose> lista <listname>", "(o|a) {few:text} (esta|ta) <ofwhose> lista <listname>",
-      "tem {few:text} <ofwhose> lista <listname>", "[minha|nossa|a minha] lista <listname>", "o que falta comprar",
+      "tem {few:text} <ofwhose> lista <listname>", "[minha|nossa|a minha|a nossa] lista (de|da|do|das|dos|para|para o|para a) {word:list}", "o que (falta comprar|tem para comprar|a gente tem que comprar)", "(tem|ha|existe|falta) (algo|alguma coisa|mais alguma coisa) <ofwhose> lista <listname>", "(quero|queria|gostaria de) (ver|ouvir|ler) <whose> lista <listname>",
       "que (itens|coisas) estao <ofwhose> lista <listname>",
     ],
   ],
@@ -76,7 +77,8 @@ export const portugueseNotes: readonly Request[] = [
         "as|nas minhas|em minhas|as minhas) (notas|anotacoes)",
       "(adiciona|adicione|coloca|coloque|escreve|escreva|poe|ponha) (nas|em) [minhas] (notas|anotacoes) [que] {text}",
       "nas minhas (notas|anotacoes) (escreve|escreva|coloca|coloque|anota) [que] {text}", "nao (esquece|esqueca) que {text}",
-      "lembra que {text}", "lembre que {text}", "lembre se [de] que {text}",
+      "(guarda|guarde|grava|grave|registra|registre|salva|salve|anota|anote) (essa|esta|a seguinte|essa aqui) (informacao|nota|anotacao|observacao|frase|ideia) [que|ai|:] {text}", "(guarda|guarde|grava|grave|registra|salva|anota|anote) (isso|isto|o seguinte) (que|:) {text}", "(nota|anotacao|lembrete para mim|recado) : {text}", "(bota|coloca|poe|deixa) (no papel|por escrito|anotado|registrado) [ai] [que] {text}", "(quero|queria|gostaria de|preciso) (anotar|registrar|guardar) [que|o seguinte] {text}", "(fica|deixa|deixe) (anotado|registrado) que {text}", "(vai|pode) (anotando|anotar) [ai] [que] {text}",
+      "(lembra|lembre|guarda|nao esquece) [ai] que {text}", "lembre que {text}", "lembre se [de] que {text}",
     ],
   ],
 ];

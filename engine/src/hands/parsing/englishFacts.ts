@@ -98,7 +98,7 @@ export const englishFacts: readonly Request[] = [
       "what is the (date|day) [on|of] {day}", "(which|what) (day|weekday|date) is {day}", "what will the date be {day}",
       "what date (is|will it be|was it|was) {day}", "what day {day} (is|was|will be)",
       "is {day} a (monday|tuesday|wednesday|thursday|friday|saturday|sunday|weekday|workday)", "{day} is what (day|day of the week)",
-      "when is {day}", "what is [the] {day} [date|weekday]", "(what|which) (weekday|day|day of the week|date) (is|was|will) [it] [on|be] [on] {day} [be]", "(what|which) (day|date) (do we have|have we|have we got) {day}", "{day} (is|falls on|will be|was) (what|which) (day|weekday|day of the week|date)", "(does|will|did) {day} (fall|land|be) on a (weekend|weekday|monday|tuesday|wednesday|thursday|friday|saturday|sunday)", "(tell me|give me) the (date|weekday|day) (of|for|on) {day}", "[the] date (of|for|on) {day}", "(is|was) {day} on a (weekend|weekday|monday|tuesday|wednesday|thursday|friday|saturday|sunday)", "(what|which) (day|date|weekday) (is it|will it be|will that be|was it|was that) {day}",
+      "when is {day}", "(what|which) (was|is|will be) the (date|day|weekday|day of the week) {day}", "what is [the] {day} [date|weekday]", "(what|which) (weekday|day|day of the week|date) (is|was|will) [it] [on|be] [on] {day} [be]", "(what|which) (day|date) (do we have|have we|have we got) {day}", "{day} (is|falls on|will be|was) (what|which) (day|weekday|day of the week|date)", "(does|will|did) {day} (fall|land|be) on a (weekend|weekday|monday|tuesday|wednesday|thursday|friday|saturday|sunday)", "(tell me|give me) the (date|weekday|day) (of|for|on) {day}", "[the] date (of|for|on) {day}", "(is|was) {day} on a (weekend|weekday|monday|tuesday|wednesday|thursday|friday|saturday|sunday)", "(what|which) (day|date|weekday) (is it|will it be|will that be|was it|was that) {day}",
     ],
   ],
   [
@@ -108,16 +108,20 @@ export const englishFacts: readonly Request[] = [
         "how many|converted to|expressed in|in terms of) {unit}",
       "how many {unit} (is|are|are there in|are in|in|is in|make|make up|does|do|go into|is equal to|equal|there are in|fit in|fit " +
         "into) {measure} [make|have|equal]",
-      "<measure> {measure} (to|into|in) {unit}", "how much is {measure} (in|to) {unit}", "{measure} (to|in|into) {unit}",
+      "<measure> {measure} (to|into|in) {unit}", "how (hot|cold|warm|far|long|tall|high|heavy|big|wide|deep|fast|much) (is|are) {measure} (in|to|as) {unit}", "how much is {measure} (in|to) {unit}", "{measure} (to|in|into) {unit}",
       "what does {measure} (make|come to|equal) in {unit}",
     ],
   ],
+  ["add", ["(add|sum|sum up|add up|add together) {number:a} (and|to|with|plus) {number:b} [together]", "[what is] the sum of {number:a} and {number:b}"]],
+  ["subtract", ["(subtract|take|take away|deduct) {number:b} [away] from {number:a}", "[what is] the difference (between|of) {number:a} and {number:b}"]],
+  ["multiply", ["multiply {number:a} (by|with|and|times) {number:b}", "[what is] the product of {number:a} and {number:b}"]],
+  ["divide", ["(divide|split) {number:a} (by|into) {number:b}"]],
   [
     "calculate",
     [
       "[what is|what are|how much is|how much are|calculate|compute|work out|what does|solve|evaluate|figure out|what do you get for|" +
         "what would be|what would|what will|how much does|how much do|add up|tell me what|tell me|give me|find|the result of|what is " +
-        "the result of|what is the value of|what do|do the math on|do the math] {sum} [=] [equal|equals|make|come to|is|be|add up to|" +
+        "the result of|what is the value of|what do|do the math on|do the math] {sum} [dollars|pounds|euros|bucks|people|things] [=] [equal|equals|make|come to|is|be|add up to|" +
         "makes|give|equal to|give me]",
       "(add|sum) {sum}", "what {sum} is",
     ],

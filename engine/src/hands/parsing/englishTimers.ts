@@ -112,7 +112,7 @@ export const englishTimers: readonly Request[] = [
   [
     "snoozeMinutes",
     [
-      "(give me|i need|i want|just|snooze for) {number} more (minutes|minute|mins)", "{number} more (minutes|minute|mins)",
+      "(give me|i need|i want|just|snooze for) {number} more (minutes|minute|mins)", "snooze [it|this|the alarm] for [another] {number}", "{number} more (minutes|minute|mins)",
     ],
   ],
   [

@@ -97,6 +97,14 @@ function withList(slots: Slots, hand: string, given: Record<string, unknown> = {
   return list === undefined ? undefined : { hand, given: { ...given, list } };
 }
 
+/** "Add three to five": a sum of the numbers "a" and "b". */
+function operation(sign: string): Meaning {
+  return (slots) => {
+    const [a, b] = [count(slots, "a"), count(slots, "b")];
+    return a === undefined || b === undefined ? undefined : { hand: "calculate", given: { expression: `${a} ${sign} ${b}` } };
+  };
+}
+
 export const meanings = {
   setTimer: (slots) => {
     const seconds = count(slots, "duration");
@@ -197,6 +205,10 @@ export const meanings = {
     const expression = text(slots, "sum");
     return expression === undefined ? undefined : { hand: "calculate", given: { expression } };
   },
+  add: operation("+"),
+  subtract: operation("-"),
+  multiply: operation("*"),
+  divide: operation("/"),
   convert: (slots) => {
     const from = text(slots, "measure");
     const to = text(slots, "unit");

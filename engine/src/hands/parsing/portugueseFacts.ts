@@ -46,7 +46,7 @@ export const portugueseFacts: readonly Request[] = [
       "quanto (tem|tenho|resta|sobra|esta) de (memoria|ram|memoria ram) [<free>]",
       "(como esta|qual e|qual|quanto esta) [<the>] (uso de|uso da|consumo de|) (memoria|ram|memoria ram) [livre|do computador]",
       "(como esta|qual e) a memoria [ram] [do computador|livre]", "(uso de|uso da) (memoria|ram)", "memoria (livre|usada|disponivel)",
-      "[<the>] memoria (esta|ta) (cheia|quase cheia|acabando)", "(quanto|quanta) [de] (memoria|ram|memoria ram) [ram] [livre] [que] [eu|o computador|esse computador|este computador|esta maquina|essa maquina|o notebook|meu computador|a maquina|esse notebook|o pc] [ainda] (tem|tenho|esta usando|ta usando|usa|sobra|sobrou|resta|restou|ha) [ainda] [livre|no computador]", "(quanto|quanta) [de] (memoria|ram|memoria ram) (tem|tenho|sobra|resta) [<free>] [no|neste|nesse] [computador|notebook|pc]", "(tem|tenho) (quanto|quanta) [de] (memoria|ram) [livre]", "quantos gigas de (memoria|ram|memoria ram) [eu|] (tem|tenho|tem o computador|tem esse computador|estao livres|sobram)", "(memoria|ram) (livre|usada|disponivel|em uso)", "[<the>] (uso|consumo) (de|da) (memoria|ram)",
+      "[<the>] memoria (esta|ta) (cheia|quase cheia|acabando)", "(quanto|quanta) [de] (memoria|ram|memoria ram) [ram] [livre] [que] [eu|o computador|esse computador|este computador|esta maquina|essa maquina|o notebook|meu computador|a maquina|esse notebook|o pc] [ainda] (tem|tenho|esta usando|ta usando|usa|sobra|sobrou|resta|restou|ha) [ainda] [livre|no computador]", "(quanto|quanta) [de] (memoria|ram|memoria ram) (tem|tenho|sobra|resta) [<free>] [no|neste|nesse] [computador|notebook|pc]", "(tem|tenho) (quanto|quanta) [de] (memoria|ram) [livre]", "quantos gigas de (memoria|ram|memoria ram) [eu|] (tem|tenho|tem o computador|tem esse computador|estao livres|sobram)", "(memoria|ram) (livre|usada|disponivel|em uso)", "(quanto|quanta) [de] (memoria|ram|memoria ram) (tem|tenho|usa|ha) [livre] [n] [o|esse|este|meu|nesse|neste|no] (computador|notebook|pc|laptop)", "[<the>] (uso|consumo) (de|da) (memoria|ram)",
       "quanta memoria (o computador|esse computador|a maquina|este computador) tem",
     ],
   ],
@@ -114,13 +114,17 @@ export const portugueseFacts: readonly Request[] = [
       "{measure} (sao|e|da|dao|equivale a|equivalem a) (quantos|quantas) {unit}",
     ],
   ],
+  ["add", ["(soma|some|somar|adiciona|junta) {number:a} (com|e|mais|a) {number:b}", "[qual e|quanto e] a soma de {number:a} (e|com) {number:b}"]],
+  ["subtract", ["(subtrai|subtraia|tira|tire|diminui|desconta) {number:b} de {number:a}", "[qual e] a diferenca entre {number:a} e {number:b}"]],
+  ["multiply", ["(multiplica|multiplique|multiplicar) {number:a} (por|com|e|vezes) {number:b}", "[qual e] o produto de {number:a} (e|por) {number:b}"]],
+  ["divide", ["(divide|divida|dividir) {number:a} (por|em) {number:b}"]],
   [
     "calculate",
     [
       "[quanto e|quanto sao|quanto da|quanto fica|quanto e que da|quanto e que e|calcula|calcule|calcular|qual e|qual|qual o " +
         "resultado de|qual e o resultado de|resultado de|resolve|resolva|faz a conta|faca a conta|faz a conta de|faca a conta de|" +
         "computa|some|soma|quantos sao|quanto vale|o resultado de|me da o resultado de|conta de|faz as contas de|faz|quanto seria|" +
-        "quanto daria] {sum} [=] [da quanto|e quanto|sao quanto|e igual a|e igual a quanto|quanto e|quanto da|fica quanto|da|igual a|" +
+        "quanto daria] {sum} [reais|dolares|euros|pessoas|coisas] [=] [da quanto|e quanto|sao quanto|e igual a|e igual a quanto|quanto e|quanto da|fica quanto|da|igual a|" +
         "quanto]",
       "quantos (da|sao|e) {sum}",
     ],

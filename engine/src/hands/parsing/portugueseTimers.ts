@@ -104,6 +104,7 @@ export const portugueseTimers: readonly Request[] = [
       "nao precisa [mais] me lembrar (de|do|da|que|sobre) {text:name}",
     ],
   ],
+  ["snoozeMinutes", ["(soneca|sonequinha) de [mais] {number}", "(adia|adie) [<the>] [alarme|timer|despertador] (por|em) [mais] {number}"]],
   [
     "snooze",
     [

@@ -32,7 +32,7 @@ const before =
   "((can|could|would|will) you (please )?)?(tell|give) me|do you( happen to)? know|can i (know|ask)|i (want|need|would like) to know|" +
   "((voce )?(pode|poderia|consegue) )?(me )?(diz|diga|dizer|fala|fale|falar|informa|informe|informar|conta)( me)?|(voce )?sabe( me dizer)?|quero saber|queria saber|gostaria de saber)";
 const after =
-  "(please|now|right now|just now|currently|exactly|here|at the moment|today|again|thanks|thank you|already|then|por favor|por gentileza|agora|" +
+  "(please|now|right now|just now|currently|exactly|here|at the moment|today|again|thanks|thank you|already|then|dear|por favor|por gentileza|agora|" +
   "agora mesmo|nesse momento|neste momento|no momento|aqui|ai|hoje|ja|exatamente|obrigado|obrigada|mesmo|para mim|pra mim)";
 
 /** Takes plain words that are nothing but the question: what only speaks of the time is none. */
@@ -48,7 +48,7 @@ const questions: Question[] = [
     },
     pattern: whole(
       "what (time|hour) (is it|it is|do (we|you) have|have (we|you) got|(we|you) have)|(what( i?s)? |do you have |have you got |you got |got |check )?the (current |exact |right )?time( is)?|what s the time|time|how late is it",
-      "(agora )?(sao )?(que|quantas) horas?( (sao|e|tem|temos|(voce )?tem|marca o relogio|estamos))?|(ve |olha |tem |da )?(as )?horas( certas)?|(qual e?|ve|olha|da) ?a hora( certa| atual)?|a hora( certa| atual)?",
+      "(agora )?(sao )?(que|quantas) horas?( (sao|e|tem|temos|a gente tem|(voce )?tem|marca o relogio|estamos))?|(ve |olha |tem |da )?(as )?horas( certas)?|(qual e?|ve|olha|da) ?a hora( certa| atual)?|a hora( certa| atual)?",
     ),
     answer: { en: localTime, pt: localTime },
   },

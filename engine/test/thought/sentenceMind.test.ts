@@ -155,7 +155,7 @@ test("a request that is stopped does no more", async () => {
 });
 
 describe("what people say", () => {
-  for (const set of ["first", "second"]) {
+  for (const set of ["first", "second", "third"]) {
     for (const language of ["en", "pt"] as const) {
       test(`is understood in ${language}, the ${set} set of phrasings`, async () => {
         const all = await Promise.all(phrasingsOf(set, language).map((phrasing) => judged(phrasing, language)));
@@ -163,7 +163,8 @@ describe("what people say", () => {
         const share = 1 - others.length / all.length;
         console.log(`${set} set, ${language}: ${all.length - others.length} of ${all.length} right (${(100 * share).toFixed(1)} %)`);
         for (const { verdict, sentence, expected, done } of others) console.log(`  ${verdict}: "${sentence}": ${expected}; did ${done}`);
-        expect(share).toBeGreaterThan(0.75);
+        expect(others.filter(({ verdict }) => verdict !== "missed")).toEqual([]);
+        expect(share).toBeGreaterThan(0.95);
       }, 60_000);
     }
   }

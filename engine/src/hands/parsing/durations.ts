@@ -52,7 +52,7 @@ function unitAt(tokens: readonly Token[], at: number, language: Language): numbe
   return Object.hasOwn(units[language], plain) ? units[language][plain] : undefined;
 }
 
-/** What follows a unit: "and a half", "e meia", or the number of the next smaller unit without its name: "uma hora e quinze". */
+/** What follows a unit: "and a half", "e meia", or the number of the next smaller unit without its name. */
 function restAfter(tokens: readonly Token[], at: number, language: Language, unit: number, isJoined: boolean): Found<number> | undefined {
   // "An hour thirty", "one minute 30": the number of a smaller unit without its name.
   if (!isJoined && (language === "en" || unit === 60) && (unit === 3600 || unit === 60)) {

@@ -37,7 +37,7 @@ const neverFirst = set(
 );
 /** Nor are these anywhere in one. */
 const neverInApplications = set(
-  "please thanks favor obrigado obrigada with com me my him her them us who whom whose because while until before esse essa esses essas aquele aquela dele dela comigo contigo porque " +
+  "is are was were takes take has have makes make does can could will would hurts costs helps faz fazem fez esta sao tem vai vao pode doi custa leva ajuda foi era please thanks favor obrigado obrigada with com me my him her them us who whom whose because while until before esse essa esses essas aquele aquela dele dela comigo contigo porque " +
     "enquanto sempre nunca everybody everyone somebody someone nobody alguem ninguem",
 );
 /** What people open, start and run that is no application. */
@@ -72,8 +72,7 @@ export function isItem(said: string): boolean {
 
 export function isApplicationName(said: string): boolean {
   const words = plainWords(said);
-  const last = words.at(-1) ?? "";
-  if (words.length === 0 || words.length > mostApplicationWords || neverFirst.has(words[0]!) || things.has(words[0]!) || things.has(last)) return false;
+  if (words.length === 0 || words.length > mostApplicationWords || neverFirst.has(words[0]!) || words.some((word) => things.has(word))) return false;
   // "Passwords and Keys" is one, "Firefox and then the calculator" is more.
   if (words.length > 3 && words.some((word) => /^(and|e)$/.test(word))) return false;
   return words.every((word) => !neverInNames.has(word) && !neverInApplications.has(word));

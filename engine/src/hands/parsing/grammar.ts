@@ -144,16 +144,21 @@ function hasColon({ text, tokens }: Sentence, at: number): boolean {
 function fillings(type: SlotType, at: number, { text, tokens, language, now }: Sentence): Iterable<Found<Slots[string]>> {
   const one = (found: Found<Slots[string]> | undefined): Found<Slots[string]>[] => (found ? [found] : []);
   /** What it was corrected to counts, after "no, wait". */
-  const last = <T extends Slots[string]>(read: (place: number) => Found<T> | undefined): Found<Slots[string]>[] => {
-    const first = read(at) ?? number(tokens, at, language);
-    const again = first && correctedFrom(tokens, first.next, language);
-    return one((again === undefined ? undefined : read(again)) ?? read(at));
+  const last = <T extends Slots[string]>(read: (place: number, isAgain: boolean) => Found<T> | undefined): Found<Slots[string]>[] => {
+    const first = read(at, false);
+    const from = first ?? number(tokens, at, language);
+    const again = from && correctedFrom(tokens, from.next, language);
+    const second = again === undefined ? undefined : read(again, true);
+    const [before, after] = [first?.value, second?.value];
+    // "On Friday at six, no, at seven" is still on Friday.
+    if (second && typeof before === "object" && typeof after === "object") return one({ value: { ...before, ...after }, next: second.next });
+    return one(second ?? first);
   };
   switch (type) {
     case "duration":
       return last((place) => duration(tokens, place, language));
     case "moment":
-      return last((place) => moment(tokens, place, language, now));
+      return last((place, isAgain) => moment(tokens, place, language, now, isAgain));
     case "day":
       return one(day(tokens, at, language, now));
     case "past":

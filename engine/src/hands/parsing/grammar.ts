@@ -144,21 +144,20 @@ function hasColon({ text, tokens }: Sentence, at: number): boolean {
 function fillings(type: SlotType, at: number, { text, tokens, language, now }: Sentence): Iterable<Found<Slots[string]>> {
   const one = (found: Found<Slots[string]> | undefined): Found<Slots[string]>[] => (found ? [found] : []);
   /** What it was corrected to counts, after "no, wait". */
-  const last = <T extends Slots[string]>(read: (place: number, isAgain: boolean) => Found<T> | undefined): Found<Slots[string]>[] => {
+  type Read<T> = (place: number, isAgain: boolean) => Found<T> | undefined;
+  const last = <T extends Slots[string]>(read: Read<T>, joined = (_before: T, after: T): T => after): Found<Slots[string]>[] => {
     const first = read(at, false);
     const from = first ?? number(tokens, at, language);
     const again = from && correctedFrom(tokens, from.next, language);
     const second = again === undefined ? undefined : read(again, true);
-    const [before, after] = [first?.value, second?.value];
-    // "On Friday at six, no, at seven" is still on Friday.
-    if (second && typeof before === "object" && typeof after === "object") return one({ value: { ...before, ...after }, next: second.next });
-    return one(second ?? first);
+    return one(first && second ? { value: joined(first.value, second.value), next: second.next } : (second ?? first));
   };
   switch (type) {
     case "duration":
       return last((place) => duration(tokens, place, language));
     case "moment":
-      return last((place, isAgain) => moment(tokens, place, language, now, isAgain));
+      // "On Friday at six, no, at seven" is still on Friday.
+      return last<Moment>((place, isAgain) => moment(tokens, place, language, now, isAgain), (before, after) => ({ ...before, ...after }));
     case "day":
       return one(day(tokens, at, language, now));
     case "past":

@@ -26,13 +26,30 @@ interface Question {
   answer: Record<Language, (context: AnswerContext) => string>;
 }
 
+/** What may stand around a question without changing it. */
+const before =
+  "(please|hey|hi|hello|ok|okay|so|and|well|now|excuse me|sorry|right|por favor|ei|oi|ola|entao|e|agora|escuta|olha|por gentileza|com licenca|" +
+  "((can|could|would|will) you (please )?)?(tell|give) me|do you( happen to)? know|can i (know|ask)|i (want|need|would like) to know|" +
+  "((voce )?(pode|poderia|consegue) )?(me )?(diz|diga|dizer|fala|fale|falar|informa|informe|informar|conta)( me)?|(voce )?sabe( me dizer)?|quero saber|queria saber|gostaria de saber)";
+const after =
+  "(please|now|right now|just now|currently|exactly|here|at the moment|today|again|thanks|thank you|already|then|dear|por favor|por gentileza|agora|" +
+  "agora mesmo|nesse momento|neste momento|no momento|aqui|ai|hoje|ja|exatamente|obrigado|obrigada|mesmo|para mim|pra mim)";
+
+/** Takes plain words that are nothing but the question: what only speaks of the time is none. */
+function whole(english: string, portuguese: string): RegExp {
+  return new RegExp(`^(${before} ){0,4}(${english}|${portuguese})( ${after}){0,3}$`);
+}
+
 const questions: Question[] = [
   {
     phrases: {
       en: ["what time is it", "what is the time", "tell me the time", "do you know what time it is"],
       pt: ["que horas são", "que horas são agora", "me diga as horas", "você sabe que horas são"],
     },
-    pattern: /\b(what time|the time|time is it|que horas?|as horas|horas sao)\b/,
+    pattern: whole(
+      "what (time|hour) (is it|it is|do (we|you) have|have (we|you) got|(we|you) have)|(what( i?s)? |do you have |have you got |you got |got |check )?the (current |exact |right )?time( is)?|what s the time|time|how late is it",
+      "(agora )?(sao )?(que|quantas) horas?( (sao|e|tem|temos|a gente tem|(voce )?tem|marca o relogio|estamos))?|(ve |olha |tem |da )?(as )?horas( certas)?|(qual e?|ve|olha|da) ?a hora( certa| atual)?|a hora( certa| atual)?",
+    ),
     answer: { en: localTime, pt: localTime },
   },
   {
@@ -40,7 +57,10 @@ const questions: Question[] = [
       en: ["what day is it", "what day is it today", "what is the date", "what is the date today", "tell me the date"],
       pt: ["que dia é hoje", "qual é a data", "qual é a data de hoje", "em que dia estamos", "me diga a data"],
     },
-    pattern: /\b(what day|the date|todays date|que dia|a data|data de hoje|dia da semana)\b/,
+    pattern: whole(
+      "(what|which) (day|date|weekday|day of the week|day of the month)( (is it|is today|it is|are we|do we have|we have))?|(what( i?s)? |check )?(the|today ?s|the current) date( is)?|what s (the|today ?s) date|date",
+      "(hoje )?(e |estamos )?(em )?(que|qual) (dia|data)( (da semana|do mes))?( (e|estamos|temos|e hoje|hoje))?|(qual e? ?)?(a data|o dia( da semana)?)( de hoje| atual)?|hoje e (dia quanto|(que|qual) (dia|data)( da semana| do mes)?)|data( de hoje)?",
+    ),
     answer: {
       en: (context) => `Today is ${longDate(context)}.`,
       pt: (context) => `Hoje é ${longDate(context)}.`,

@@ -7,8 +7,16 @@ import { timeZoneOf } from "./timeZones.ts";
 
 /** "What time is it in Lisbon right now?", and "In Lisbon, what time is it?". The place, with the word before it, is the group. */
 const questions: Record<Language, RegExp[]> = {
-  en: [/\b(?:what|the) time\b.*?\s(in\s.+)$/iu, /^(in\s[^,]+?),?\s+what(?:'s| is)?(?: the)? time\b/iu],
-  pt: [/\bhoras?\b.*?\s((?:em|no|na|nos|nas)\s.+)$/iu, /^((?:em|no|na|nos|nas)\s[^,]+?),?\s+que horas?\b/iu],
+  en: [
+    /\b(?:what|the) (?:current |exact )?(?:time|hour)(?: is it| it is| is)?(?: (?:right |just )?now| currently| at the moment)?(?: over there| there| over)?,?\s(in\s.+)$/iu,
+    /^(?:current |local )?time\s(in\s.+)$/iu,
+    /\bhow late is it(?: (?:right )?now)?\s(in\s.+)$/iu,
+    /^(?:and )?(in\s[^,]+?),?\s+what(?:'s| is)?(?: the)? time(?: is it| it is)?(?: (?:right )?now)?$/iu,
+  ],
+  pt: [
+    /\b(?:que|quantas|as|a|sao|são) horas?(?: (?:s[ãa]o|é|tem|atual|certa))?(?: (?:agora|neste momento|nesse momento|l[áa]))?,?\s((?:em|no|na|nos|nas|de|do|da)\s.+)$/iu,
+    /^(?:e )?((?:em|no|na|nos|nas)\s[^,]+?),?\s+(?:agora )?(?:s[ãa]o )?que horas?(?: s[ãa]o)?(?: agora)?$/iu,
+  ],
 };
 /** What ends such a question, and is none of the place. */
 const endings: Record<Language, RegExp> = {
@@ -30,6 +38,8 @@ export function timeElsewhere(request: string, now: Date, language: Language, ta
   const place = askedPlace(request, language);
   if (place === undefined) return undefined;
   const zone = timeZoneOf(place.replace(/^\S+\s+/u, ""), language);
+  // "A hora de Brasília" asks for the time there, "a hora do almoço" does not.
+  if (zone === undefined && language === "pt" && /^d[eoa]\s/iu.test(place)) return undefined;
   if (zone === undefined) return unknown[language](place);
   const there = partsOf(now, tag, zone);
   const day = there.weekday === partsOf(now, tag).weekday ? undefined : there.weekday;

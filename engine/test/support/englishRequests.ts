@@ -101,7 +101,7 @@ export const englishRequests: Requests = [
   ["calculate", { expression: "10 km", to: "mile" }, ["how many miles is 10 km", "convert 10 kilometers to miles", "what is ten kilometres in miles", "10 km in miles", "how many miles are there in ten kilometers", "how much is 10 km in miles"]],
   ["calculate", { expression: "70 degF", to: "degC" }, ["what is 70 degrees fahrenheit in celsius", "convert 70 fahrenheit to celsius", "70°F in °C"]],
   ["recall", { day: "2026-11-17" }, ["what did we talk about yesterday", "what did we talk about yesterday?", "what did I ask you yesterday", "what were we talking about yesterday", "do you remember what we talked about yesterday"]],
-  ["recall", { about: "the car" }, ["what did we say about the car", "when did we talk about the car", "search our conversations for the car"]],
+  ["recall", { about: "car" }, ["what did we say about the car", "when did we talk about the car", "search our conversations for the car"]],
   ["forget", {}, ["forget this conversation", "delete this conversation", "please forget this conversation", "forget everything we said", "erase our conversation"]],
   ["timer", { do: "snooze", seconds: 300 }, ["give me five more minutes", "five more minutes", "snooze for five minutes"]],
   ["timer", { do: "reminder", seconds: 7200, about: "stretch" }, ["two hours from now remind me to stretch"]],
@@ -129,4 +129,7 @@ export const englishTalk: readonly string[] = [
   "if I ask you to set a timer for five minutes, what happens?", "imagine you set an alarm for seven", "a timer for the bomb went off", "unless I set a timer for five minutes", "forget the alarm was ever invented", "set the table for five", "set a good example", "turn the page", "turn left", "turn it into gold", "is it true that you lock the screen",
   "skip the introduction and explain", "resume writing tips", "open your mind", "what time is it in Tokyo when it is seven here", "start over", "run for president", "how long is the Nile", "how long is a meter", "how much is a car", "how much is that dog", "what is on TV", "what is on your mind",
   "take a note of caution with him", "please don't write down that I was late", "wake me up before you go go", "every day at seven wake me up", "wake me up every day at seven", "set an alarm for seven every Monday", "remind me every day to drink water", "set a timer for zero minutes", "set a timer for minus five minutes", "set the volume to 500 percent", "set an alarm for 25:00", "set an alarm for 7:75", "wake me up at thirteen o'clock pm yesterday", "remind me yesterday at seven to call",
+  "turn off the lights", "turn up the heat", "turn down the offer", "lower the price by ten percent", "raise your hand", "lock the door", "cross the street", "put the milk on the table", "remind him to call at five", "open the window please", "start the car",
+  "run the dishwasher", "give me five minutes", "I need ten minutes to think", "what goes on the shopping list", "take a note from her book", "get the party started", "it's too loud in this restaurant", "put something on the stove", "up", "call me at seven",
+  "delete my documents folder please", "take note of the irony", "set a timer for five no wait",
 ];

@@ -105,4 +105,6 @@ export const portugueseTalk: readonly string[] = [
   "desliga o computador", "apaga a pasta documentos", "coloca sal na sopa", "o que está passando no cinema", "cinco minutos bastam", "em cinco minutos acaba",
   "a reunião é às sete", "acordo às sete", "carrega meu telefone", "para o carro", "pausa para o café", "o que fizemos ontem", "lembra do leite", "faz uma lista de países",
   "me lembra ontem às sete de ligar", "abre mão disso", "corre para casa", "quanto tempo dura o filme", "quanto é um carro", "o que tem na televisão", "que horas são em Tóquio", "quanto custa um timer", "ele anotou que o carro vence", "quero que você seja feliz", "a próxima música é boa", "pare com isso", "para com isso", "volta aqui", "passa o sal",
+  "apaga a luz", "liga a luz", "liga pra Ana às sete", "abaixa a cabeça", "baixa o preço em dez por cento", "sobe aqui", "pula corda", "passa o café", "para tudo", "tira o lixo", "marca uma reunião às três", "conta até dez", "abre a janela por favor", "abre mais",
+  "quero dez minutos para pensar", "me dá cinco minutos para pensar", "não quero mais", "quanto falta para eu terminar", "abrir o coração faz bem", "isso me lembra que eu tenho que ligar pra Ana amanhã às três", "minha lista de compras está ficando enorme", "grava isso na sua cabeça",
 ];

@@ -5,6 +5,7 @@ import type { Request } from "../../src/thought/answer.ts";
 import { SentenceMind } from "../../src/thought/sentenceMind.ts";
 import { request as requestOf } from "../support/claudeTool.ts";
 import { ManualClock } from "../support/clock.ts";
+import { judged, phrasingsOf } from "../support/phrasings.ts";
 import { going } from "../support/processes.ts";
 
 /** A hand that notes what it did; what it would do is said with `state`. */
@@ -168,4 +169,20 @@ test("a request that is stopped does no more", async () => {
   };
   expect((await say("Set a timer for 5 minutes. Note that it rains.", ending.signal)).text).toBe("");
   expect(note.done).toEqual([]);
+});
+
+describe("what people say", () => {
+  for (const set of ["first", "second", "third"]) {
+    for (const language of ["en", "pt"] as const) {
+      test(`is understood in ${language}, the ${set} set of phrasings`, async () => {
+        const all = await Promise.all(phrasingsOf(set, language).map((phrasing) => judged(phrasing, language)));
+        const others = all.filter(({ verdict }) => verdict !== "right");
+        const share = 1 - others.length / all.length;
+        console.log(`${set} set, ${language}: ${all.length - others.length} of ${all.length} right (${(100 * share).toFixed(1)} %)`);
+        for (const { verdict, sentence, expected, done } of others) console.log(`  ${verdict}: "${sentence}": ${expected}; did ${done}`);
+        expect(others.filter(({ verdict }) => verdict !== "missed")).toEqual([]);
+        expect(share).toBeGreaterThan(0.95);
+      }, 60_000);
+    }
+  }
 });

@@ -44,8 +44,8 @@ export function daysBetween(from: Day, to: Day): number {
   return Math.round((Date.UTC(to.year, to.month - 1, to.day) - Date.UTC(from.year, from.month - 1, from.day)) / 86_400_000);
 }
 
-/** The day that is meant from `now` on: a weekday or a date without its year is the next one. */
-export function day(tokens: readonly Token[], at: number, language: Language, now: Date): Found<Day> | undefined {
+/** The day that is meant: a weekday or a date without its year is the next one, or the last one of the past. */
+export function day(tokens: readonly Token[], at: number, language: Language, now: Date, isOfPast = false): Found<Day> | undefined {
   const today = dayOf(now);
   const plain = (index: number): string => tokens[index]?.plain ?? "";
   const isSaid = (index: number, ...words: string[]): boolean => words.every((word, offset) => plain(index + offset) === word);
@@ -67,7 +67,10 @@ export function day(tokens: readonly Token[], at: number, language: Language, no
     if (isSaid(at, "antes", "de", "ontem")) return later(-2, at + 3);
     if (isSaid(at, "semana", "que", "vem") || isSaid(at, "proxima", "semana")) return later(7, at + (plain(at) === "semana" ? 3 : 2));
   }
-  return feast(tokens, at, language, today) ?? inSomeDays(tokens, at, language, today) ?? weekday(tokens, at, language, now) ?? date(tokens, at, language, today);
+  const reckoned = inSomeDays(tokens, at, language, today) ?? weekday(tokens, at, language, now, isOfPast);
+  const found = reckoned ?? feast(tokens, at, language, today) ?? date(tokens, at, language, today);
+  const isLast = isOfPast && found !== reckoned && found !== undefined && daysBetween(today, found.value) > 0;
+  return isLast ? { value: { ...found.value, year: found.value.year - 1 }, next: found.next } : found;
 }
 
 /** Days that have names: the next of each. */
@@ -102,10 +105,10 @@ function inSomeDays(tokens: readonly Token[], at: number, language: Language, to
   return sign === 0 ? undefined : { value: daysLater(today, sign * unit * count.value), next };
 }
 
-function weekday(tokens: readonly Token[], at: number, language: Language, now: Date): Found<Day> | undefined {
+function weekday(tokens: readonly Token[], at: number, language: Language, now: Date, isOfPast: boolean): Found<Day> | undefined {
   const plain = (index: number): string => tokens[index]?.plain ?? "";
   let start = at;
-  let isPast = false;
+  let isPast = isOfPast;
   if (language === "en" && /^(next|this|coming)$/.test(plain(start))) start++;
   else if (language === "en" && plain(start) === "last") [start, isPast] = [start + 1, true];
   else if (language === "pt" && /^(proxim[ao]|est[ae]|nest[ae])$/.test(plain(start))) start++;

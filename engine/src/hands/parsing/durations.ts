@@ -52,8 +52,14 @@ function unitAt(tokens: readonly Token[], at: number, language: Language): numbe
   return Object.hasOwn(units[language], plain) ? units[language][plain] : undefined;
 }
 
-/** What follows a unit: "and a half", "e meia", or the number of the next smaller unit without its name: "uma hora e quinze". */
+/** What follows a unit: "and a half", "e meia", or the number of the next smaller unit without its name. */
 function restAfter(tokens: readonly Token[], at: number, language: Language, unit: number, isJoined: boolean): Found<number> | undefined {
+  // "An hour thirty", "one minute 30": the number of a smaller unit without its name.
+  if (!isJoined && (language === "en" || unit === 60) && (unit === 3600 || unit === 60)) {
+    const bare = number(tokens, at, language);
+    const isBare = bare && Number.isInteger(bare.value) && bare.value >= 10 && bare.value < 60 && unitAt(tokens, bare.next, language) === undefined;
+    return isBare ? { value: (bare.value * unit) / 60, next: bare.next } : undefined;
+  }
   if (language === "en") {
     if (!isJoined || !/^(a|one)$/.test(plainAt(tokens, at))) return undefined;
     if (plainAt(tokens, at + 1) === "half") return { value: unit / 2, next: at + 2 };
@@ -61,10 +67,10 @@ function restAfter(tokens: readonly Token[], at: number, language: Language, uni
   }
   if (isJoined && /^mei[ao]$/.test(plainAt(tokens, at))) return { value: unit / 2, next: at + 1 };
   const written = unit === 3600 && /^\d{1,2}$/.test(plainAt(tokens, at));
-  if (unit !== 3600 || !(isJoined || written)) return undefined;
+  if ((unit !== 3600 && unit !== 60) || !(isJoined || written)) return undefined;
   const minutes = number(tokens, at, language);
   const isMinutes = minutes && Number.isInteger(minutes.value) && minutes.value > 0 && minutes.value < 60;
-  return isMinutes ? { value: minutes.value * 60, next: minutes.next } : undefined;
+  return isMinutes ? { value: (minutes.value * unit) / 60, next: minutes.next } : undefined;
 }
 
 interface Amount extends Found<number> {

@@ -1,34 +1,48 @@
 // How English asks for a hand: what its phrases share, and what is only polite.
 
-import { englishDoings } from "./englishDoings.ts";
+import { englishDesktop } from "./englishDesktop.ts";
 import { englishFacts } from "./englishFacts.ts";
+import { englishNotes } from "./englishNotes.ts";
+import { englishSound } from "./englishSound.ts";
 import { englishTimers } from "./englishTimers.ts";
 import type { Phrasing } from "./meanings.ts";
 
 export const english: Phrasing = {
   parts: {
     set:
-      "(set|start|create|make|begin|add|run|put on|put|set up|set me|setup|give me|get me|i need|i want|i would like|we need|let us " +
-        "have|let us set|let us do|let us start|launch|schedule|program|do|kick off|fire up|have)",
+      "(set|start|create|make|begin|add|run|put on|put|set up|set me|start me|make me|make us|set us|start us|do me|run me|" +
+      "setup|give me|get me|i need|i want|i would like|we need|let us have|let us set|let us do|let us start|launch|" +
+      "schedule|program|do|kick off|fire up|have|can i have|could i have|can i get|could i get|may i have|let me have|can " +
+      "we have|could we have|could we get|pop on|get|make it|make that)",
     a: "(a|an|another|one|one more|a new|the|my|another new|a quick)",
     called: "(called|named|labelled|labeled|titled|with the name|with the label|for|name it|call it|to)",
     the: "(the|my|our|this|that|the current|my current)",
     off:
-      "(cancel|stop|delete|remove|clear|kill|end|dismiss|disable|turn off|switch off|shut off|get rid of|scrap|drop|abort|silence|" +
-        "erase|discard|never mind|forget|forget about|call off|unset)",
+      "(cancel|stop|delete|remove|clear|kill|end|dismiss|disable|turn off|switch off|shut off|get rid of|scrap|drop|abort|" +
+      "silence|erase|discard|never mind|forget|forget about|call off|unset|deactivate|wipe|take off|lose|quit)",
     remind:
-      "(remind me|give me a reminder|set a reminder|set me a reminder|create a reminder|make a reminder|add a reminder|set up a " +
-        "reminder|i need a reminder|i want a reminder|put a reminder|i need you to remind me|make sure to remind me|schedule a " +
-        "reminder|do not let me forget|send me a reminder|reminder|new reminder|set a reminder for me|create a reminder for me)",
+      "(remind me|give me a reminder|set a reminder|set me a reminder|create a reminder|make a reminder|add a reminder|set " +
+      "up a reminder|i need a reminder|i want a reminder|put a reminder|i need you to remind me|make sure to remind me|" +
+      "schedule a reminder|do not let me forget|send me a reminder|reminder|new reminder|set a reminder for me|create a " +
+      "reminder for me|please remind me|jog my memory|nudge me)",
     about:
-      "(to|about|that|of|for|that i need to|that i have to|i need to|i have to|that i should|saying|it is time to|it is time for|to " +
-        "remember to)",
-    onto: "(to|on|onto|in|into)",
-    whose: "(the|my|our|a|that|this)",
+      "(to|about|that|of|for|that i need to|that i have to|i need to|i have to|that i should|saying|it is time to|it is " +
+      "time for|to remember to)",
+    onto: "(to|on|onto|in|into|on to)",
+    addverb:
+      "(add|put|write|append|include|stick|throw|place|note|get|jot|jot down|write down|put down|enter|insert|pop|chuck|" +
+      "toss|slap|whack|bung|drop|shove|log|pencil in|list)",
+    removeverb:
+      "(remove|delete|take|cross|scratch|strike|tick|check|erase|drop|cross off|strike off|tick off|check off|take off|" +
+      "scratch off|cross out|strike out|get rid of|clear|kick|pull|wipe|mark off)",
+    whose: "(the|my|our|a|that|this|the family|the household)",
+    listname: "({few:list} list|list (called|named|for|of) {few:list})",
     volume:
-      "(volume|sound|audio|speakers|speaker|system volume|sound volume|speaker volume|computer volume|master volume|volume level|" +
-        "sound level|computer|music volume|music|system sound)",
-    bit: "(a bit|a little|a little bit|slightly|some|a lot|a notch|a touch|just a bit|just a little|much|way)",
+      "(volume|sound|audio|speakers|speaker|system volume|sound volume|speaker volume|computer volume|master volume|volume " +
+      "level|sound level|computer|music volume|music|system sound)",
+    bit:
+      "(a bit more|a little more|a tad|a smidge|a tiny bit|a fraction|just a touch|a good bit|quite a bit|a bit|a little|a " +
+      "little bit|slightly|some|a lot|a notch|a touch|just a bit|just a little|much|way)",
     percent: "(percent|%|per cent)",
     song: "(song|track|tune|one|music track|video|episode)",
     music: "(music|song|track|video|playback|player|audio|movie|film|podcast|media|sound|tune|playing|playlist|album)",
@@ -41,20 +55,38 @@ export const english: Phrasing = {
   },
   before: [
     "please", "kindly", "(can|could|would|will) you [please|kindly|just|quickly]", "can i (get|have) you to",
-    "(hey|hi|hello|ok|okay|so|well|alright|all right|right|now|um|uh|oh|yo|then|and|also|great|thanks|yes|yeah|listen|excuse me|go " +
-      "ahead and|just|quickly|quick|actually|sorry|good morning|good evening)",
+    "(hey|hi|hello|ok|okay|so|well|alright|all right|right|now|um|uh|oh|yo|then|and|also|great|thanks|yes|yeah|listen|" +
+      "excuse me|go ahead and|just|quickly|quick|actually|sorry|good morning|good evening)",
     "(i would like|i want|i need) you to", "would you mind", "do me a favor and", "do me a favour and", "be so kind as to",
     "i was wondering if you could", "(could|can|would) you (tell me|let me know)", "(tell me|let me know)", "do you know",
     "do you think you could", "(are you able|would it be possible) to", "is it possible to", "if you could",
     "i would appreciate it if you could", "why do not you", "how about you", "you can", "you should", "let us", "it is time to",
-    "i would love it if you could", "(may|can|could) i (ask you to|ask)", "help me", "try to",
+    "i would love it if you could", "(can|could) you (also|quickly|maybe)", "i would like to",
+    "(i want|i need|i would like|i would love) to know", "you are mumbling", "(my dear|dear|darling|sweetie)",
+    "i am going to need you to", "(ok|okay) (so|now)", "you know what", "(be a dear|be a darling|be a good fellow) and",
+    "(will|would) you be so kind as to", "could i trouble you to", "feel free to", "while you are at it", "(can|could) we",
+    "(that|this|it) is [way|much|far|a bit|a little|really|so] too (loud|quiet|soft|noisy|low)",
+    "it is [so|very|really|too|a bit] (loud|quiet|noisy) [in here]",
+    "(i am|we are|i have to|i need to) (leaving|off|going out|heading out|stepping out|going|going away|about to leave|out " +
+      "of here|leave|go|go out|done for today|done here|in a meeting|on the phone|going to bed|going to sleep|cooking|baking|" +
+      "busy)",
+    "i (can not|can hardly|can barely) (hear|hear it|hear you|hear this|hear anything|hear the music)",
+    "(the|my) (baby|kids|children|neighbors|neighbours) (is|are) (sleeping|asleep|complaining)",
+    "someone is (calling|at the door)", "(may|can|could) i (ask you to|ask)", "help me", "try to",
   ],
   polite: [
-    "please", "(thanks|thank you) [so much|very much|a lot]", "(would|will|could|can) you", "if you (can|could|would|do not mind)",
+    "please", "(thanks|thank you) [so much|very much|a lot]", "(would|will|could|can) you",
+    "if you (can|could|would|do not mind)",
   ],
   after: [
     "for me", "(now|right now|right away|immediately|at once|quickly|asap|for us)", "if possible", "ok", "okay", "then", "mate",
-    "buddy", "again", "when you can", "real quick", "cheers",
+    "buddy", "again", "when you can", "real quick", "cheers", "(will|would) you please",
+    "(i am|we are) (on the phone|in a meeting|leaving|going out|trying to sleep|trying to work|on a call|busy|cooking|sleeping)",
+    "i (can not|can hardly|can barely) (hear|hear it|hear you|hear this|hear anything|hear the music)",
+    "(it is|this is|that is) [way|much|far|a bit|really] too (loud|quiet)", "(dear|darling|love|sweetie|honey)",
+    "if you do not mind", "as well", "too",
+    "(the|my) (baby|kids|children|neighbors|neighbours) (is|are) (sleeping|asleep|complaining)", "will you",
+    "(alright|all right|yeah|right|go|my dear)",
   ],
-  requests: [...englishTimers, ...englishDoings, ...englishFacts],
+  requests: [...englishTimers, ...englishNotes, ...englishSound, ...englishDesktop, ...englishFacts],
 };

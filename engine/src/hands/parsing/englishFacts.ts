@@ -6,48 +6,84 @@ export const englishFacts: readonly Request[] = [
   [
     "battery",
     [
-      "how much (battery|battery life|battery power|charge|power|juice) [do i have|is|does the battery have|does my battery have|has " +
-        "the battery|have i got|is there|does this computer have|does my laptop have|does the laptop have|has the laptop] [got] " +
-        "[<left>|in the battery|still]",
-      "(what is|how is|check|tell me|show me|what) [<the>] (battery|laptop battery) [at|is] [level|percentage|percent|status|charge|" +
-        "state|doing|life|looking|now|left]",
+      "how much (battery|battery life|battery power|charge|power|juice) [do i have|is|does the battery have|does my " +
+        "battery have|has the battery|have i got|is there|does this computer have|does my laptop have|does the laptop have|" +
+        "has the laptop] [got] [<left>|in the battery|still]",
+      "(what is|how is|check|tell me|show me|what) [<the>] (battery|laptop battery) [at|is] [level|percentage|percent|" +
+        "status|charge|state|doing|life|looking|now|left]",
       "[the] battery (level|status|percentage|charge|state|life)", "battery",
       "how (full|charged|empty|low) is [<the>] [laptop] (battery|laptop|computer)",
-      "is [<the>] (laptop|computer|battery|pc|machine) (charging|plugged in|charged|full|low|on battery|on battery power|fully " +
-        "charged)",
+      "is [<the>] (laptop|computer|battery|pc|machine) (charging|plugged in|charged|full|low|on battery|on battery power|" +
+        "fully charged)",
       "am i (plugged in|on battery|charging|running on battery)",
-      "how (long|much time|much longer) will [<the>] (battery|laptop|computer) last", "what percentage is [<the>] battery [at|on]",
-      "what is [<the>] (charge|level) of [<the>] battery", "how many percent [of] battery (do i have|is left) [left]",
-      "do i have [enough] battery [left]", "what percent (battery|is my battery) [do i have|is left|at]", "how is [<the>] battery",
+      "how (long|much time|much longer) will [<the>] (battery|laptop|computer) last",
+      "what percentage is [<the>] battery [at|on]", "what is [<the>] (charge|level) of [<the>] battery",
+      "how many percent [of] battery (do i have|is left) [left]", "do i have [enough] battery [left]",
+      "what percent (battery|is my battery) [do i have|is left|at]", "how is [<the>] battery",
+      "battery [percentage|percent|check|charge|life] [please|left]",
+      "(am i|are we|is it|is the laptop|is the computer|is [<the>] battery) [running|getting|almost|nearly] (low|out|empty|" +
+        "dead|flat|running low|dying) [on] [battery|charge|power|juice]",
+      "(tell me|give me|check|show me|read me) [<the>] [current] (battery|charge|power) [level|percentage|percent|status|" +
+        "state|left]",
+      "how much (longer|more time) (will|does) [<the>] (battery|charge|laptop) (last|have)",
+      "(will|does) [<the>] battery (last|hold|have enough)",
+      "(does|do) (the|my|this) (laptop|computer|battery|i) need (charging|to charge|a charge|to be charged|to be plugged in)",
+      "(do|should) i (need to|have to) (charge|plug in) [<the>] (laptop|computer|battery)",
+      "(what|how many) percent [of battery] (do i have|is left|have i got|are left|am i at|is the battery at)",
+      "how much (charge|battery|power|juice) (is in|does) [<the>] (battery|laptop|computer) [have|left]",
+      "how (full|charged) is [<the>] (battery|laptop|computer) [right now]",
+      "is [<the>] (laptop|computer|battery) (plugged in|charging|on mains|on power)",
     ],
   ],
   [
     "disk",
     [
-      "how much (space|disk space|storage|storage space|free space|room|disk|hard drive space|hard disk space|free disk space|free " +
-        "storage|drive space) (is|do i have|is there|have i got|does this computer have|does my computer have|does the computer have|" +
-        "does the disk have|are) [<free>|still <free>] [on [<the>] (disk|drive|hard drive|hard disk|computer|laptop|machine|ssd|pc|" +
-        "system)]",
-      "how much (space|disk space|storage|free space|room) [<free>] [on [<the>] (disk|drive|hard drive|hard disk|computer|laptop|" +
-        "machine|ssd)]",
+      "how much (space|disk space|storage|storage space|free space|room|disk|hard drive space|hard disk space|free disk " +
+        "space|free storage|drive space) (is|do i have|is there|have i got|does this computer have|does my computer have|" +
+        "does the computer have|does the disk have|are) [<free>|still <free>] [on [<the>] (disk|drive|hard drive|hard disk|" +
+        "computer|laptop|machine|ssd|pc|system)]",
+      "how much (space|disk space|storage|free space|room) [<free>] [on [<the>] (disk|drive|hard drive|hard disk|computer|" +
+        "laptop|machine|ssd)]",
       "how full is [<the>] (disk|drive|hard drive|hard disk|computer|ssd|storage)",
-      "(what is|check|tell me|show me) [<the>] (disk|storage|drive|hard drive|disk space|free space|free disk space) [usage|space|" +
-        "status|left]",
+      "(what is|check|tell me|show me) [<the>] (disk|storage|drive|hard drive|disk space|free space|free disk space) " +
+        "[usage|space|status|left]",
       "(disk|storage) (space|usage|status)",
       "is [<the>] (disk|drive|hard drive|hard disk|ssd) (full|almost full|getting full|nearly full)",
       "do i have [enough|any] (space|disk space|storage|room) <free>", "am i (running out of|low on) (space|disk space|storage)",
-      "how much (of [<the>] disk|disk|storage) is (used|full|free)", "how much free space",
+      "how much (of [<the>] disk|disk|storage) is (used|full|free)", "how much (free space|disk space|space|storage)",
+      "(have i|do i|have we|do we|is there) [still] [got|have] [enough|any|much|some|more] (space|disk space|storage|" +
+        "storage space|room|free space) [<free>] [on [<the>] (disk|drive|hard drive|hard disk|computer|laptop|machine|ssd|" +
+        "pc)]",
+      "how much (space|room|storage|disk space) (is|do i have|have i got|have we got|do we have|does the disk have) " +
+        "[<free>] (on|in) [<the>] (disk|drive|hard drive|hard disk|computer|laptop|machine|ssd|pc|system)",
+      "(is|am) [<the>] (disk|drive|hard drive|hard disk|computer|storage|i|ssd) [getting|nearly|almost|running] (full|out " +
+        "of space|out of room|out of storage|low on space|low on storage)",
+      "how (big|empty) is [<the>] (disk|drive|hard drive|hard disk|ssd)",
+      "how (many gigs|many gigabytes|much) (are|is|do i have) [<free>] (on|of) [<the>] (disk|drive|hard drive|hard disk|" +
+        "storage|ssd)",
+      "how many (gigs|gigabytes) [of space|of storage|of disk] (are|do i have|are there) [<free>]",
+      "free (disk|storage|drive) space", "[<the>] (disk|drive|hard drive) (space|usage) [<free>]",
+      "(what|how much) is <free> on [<the>] (disk|drive|hard drive|hard disk|ssd)",
     ],
   ],
   [
     "memory",
     [
-      "how much (memory|ram) (is|do i have|is there|have i got|does this computer have|does my computer have|does the computer have|" +
-        "does this machine have|are we using|am i using|is being used|is the computer using) [<free>|still <free>] [right now]",
+      "how much (memory|ram) (is|do i have|is there|have i got|does this computer have|does my computer have|does the " +
+        "computer have|does this machine have|are we using|am i using|is being used|is the computer using) [<free>|still " +
+        "<free>] [right now]",
       "how much (free|available|used) (memory|ram) [do i have|is there|is left|have i got]",
-      "(what is|check|tell me|show me) <the> (memory|ram) [usage|use|status|left]", "(check|show me) (memory|ram) [usage|use]", "what is [<the>] (memory|ram) (usage|use|status)", "(memory|ram) (usage|status|use)",
-      "how full is [<the>] (memory|ram)", "how much (of [<the>] memory|memory|ram) is (used|full|free|in use)",
-      "am i (running out of|low on) (memory|ram)",
+      "(what is|check|tell me|show me) <the> (memory|ram) [usage|use|status|left]", "(check|show me) (memory|ram) [usage|use]",
+      "what is [<the>] (memory|ram) (usage|use|status)", "(memory|ram) (usage|status|use)",
+      "how is [<the>] (memory|ram) [usage|use|doing|looking]", "how full is [<the>] (memory|ram)",
+      "how much (of [<the>] memory|memory|ram) is (used|full|free|in use)",
+      "(am i|are we|is the computer) [running|getting] (out of|low on) (memory|ram)",
+      "how much (memory|ram) (do we|have we|have i|does the machine|does this machine|does this thing|does this laptop|" +
+        "does it|does the laptop|does my laptop|does my machine) (have|got|use|got left|have left) [<free>]",
+      "how much (memory|ram) (is|are) [being] (free|used|taken|taken up|occupied|left|available|in use|consumed) [right now]",
+      "how many (gigs|gigabytes) of (memory|ram) (are|do i have|does it have|are there|is) [<free>]",
+      "(is|do i have) [<the>] [enough|any] (memory|ram) (<free>|full|almost full)", "(free|used|available) (memory|ram)",
+      "[<the>] (memory|ram) <free>",
     ],
   ],
   [
@@ -56,11 +92,21 @@ export const englishFacts: readonly Request[] = [
       "(what|which) <network> (am i|are we|is this|is the computer|is my computer|is this computer) (on|connected to|using|" +
         "connected) [to]",
       "what is [<the>] <network> [name|called]", "what is the name of [<the>] <network>",
-      "(am i|are we|is the computer|is this computer|is my computer) (online|connected|connected to the internet|connected to a " +
-        "network|on the internet|offline|connected to wifi|connected to the wifi|connected to wi fi|on wifi|on the wifi)",
-      "(is there|do i have|do we have|have i got) [an|a|any] (internet|internet connection|network|network connection|wifi|connection)",
+      "(am i|are we|is the computer|is this computer|is my computer) (online|connected|connected to the internet|connected " +
+        "to a network|on the internet|offline|connected to wifi|connected to the wifi|connected to wi fi|on wifi|on the wifi)",
+      "(is there|do i have|do we have|have i got) [an|a|any] (internet|internet connection|network|network connection|wifi|" +
+        "connection)",
       "is [<the>] (internet|wifi|network|wi fi|connection) (working|up|on|connected|down|there)", "<network> (name|status)",
-      "which <network>", "(check|tell me|show me) [<the>] <network> [name|status]", "what network",
+      "which <network>",
+      "(what|which) <network> (is it|is that|are you on|are you using|is my laptop on|is this laptop on|is the laptop " +
+        "using|is the computer using|is the laptop connected to)",
+      "(what|which) is [<the>] <network> [name]",
+      "(name|what is the name) of [<the>] <network> [i am on|we are on|i am using|i am connected to]",
+      "(what|how) is [<the>] <network> (called|named)",
+      "(am i|are we|is the laptop) [still] (on|using|connected to) [the] (wifi|wi fi|internet|network|web) [at all]",
+      "does [<the>] (internet|wifi|wi fi|network|connection) work",
+      "(tell me|give me) the (name of [<the>] <network>|<network> name)", "<network> i am (on|connected to)",
+      "(check|tell me|show me) [<the>] <network> [name|status]", "what network",
     ],
   ],
   [
@@ -75,84 +121,154 @@ export const englishFacts: readonly Request[] = [
   [
     "daysUntil",
     [
-      "how (many days|long|many weeks|many more days|much longer|many days left|many sleeps) [is it|are there|are left|is there|do " +
-        "we have|do i have|have i got|left|remain|remaining|are we] (until|till|to|before|from now until|away from) {day}",
+      "how (many days|long|many weeks|many more days|much longer|many days left|many sleeps|many more sleeps|many more " +
+        "weeks) [is it|are there|are left|is there|do we have|do i have|have i got|left|remain|remaining|are we] (until|till|" +
+        "to|before|from now until|away from) {day}",
       "how (many days|far|many weeks) (away is|off is|away from) {day}", "(days|weeks) (until|till|to|before) {day}",
       "how (far|many days) [away] is {day} [away]", "in how many days is {day}",
+      "(how long|how many days|how much time|how much longer|how far) [is it|is there|to go|left|do we have|do i have|have " +
+        "we got|do i have to wait] [still] (until|till|to|before) {day} [comes|arrives|is here]",
+      "(is it|are we) (long|far) (until|till|to|from) {day}", "count [down] [the] days (until|till|to) {day}",
+      "(number of|the number of) days (until|till|to|before) {day}", "(when|how soon) is {day} (coming|coming up)",
+      "how soon is {day}", "{day} is in how many days", "{day} is how (far|many days|long) (away|off|from now)",
     ],
   ],
   [
     "daysSince",
     [
-      "how (many days|long|many weeks) (has it been|is it|have passed|is it been|ago was|have gone by|has passed|did pass) since {day}",
-      "how many days since {day}", "how (many days|long) ago was {day}", "how (many days|long) (have passed|has passed) since {day}",
-      "how many days have (passed|gone by) since {day}",
+      "how (many days|long|many weeks) (has it been|is it|have passed|is it been|ago was|have gone by|has passed|did pass) " +
+        "since {past:day}",
+      "how many days since {past:day}", "how (many days|long) ago was {past:day}",
+      "how (many days|long) (have passed|has passed) since {past:day}", "how many days have (passed|gone by) since {past:day}",
     ],
   ],
   [
     "weekday",
     [
-      "what (day|day of the week|weekday|date|day of the month) (is|was|will be|will it be|is it|was it|will|falls on|does it fall " +
-        "on|is it on|will it be on|was it on) [on] {day} [be|on|fall on]",
+      "what (day|day of the week|weekday|date|day of the month) (is|was|will be|will it be|is it|was it|will|falls on|does " +
+        "it fall on|is it on|will it be on|was it on) [on] {day} [be|on|fall on]",
       "(on what|what) (day|weekday|day of the week) (does|will|did) {day} (fall|fall on|be|be on|land on)",
       "what is the (date|day) [on|of] {day}", "(which|what) (day|weekday|date) is {day}", "what will the date be {day}",
       "what date (is|will it be|was it|was) {day}", "what day {day} (is|was|will be)",
-      "is {day} a (monday|tuesday|wednesday|thursday|friday|saturday|sunday|weekday|workday)", "{day} is what (day|day of the week)",
-      "when is {day}",
+      "is {day} a (monday|tuesday|wednesday|thursday|friday|saturday|sunday|weekday|workday)",
+      "{day} is what (day|day of the week)", "when is {day}",
+      "(what|which) (was|is|will be) the (date|day|weekday|day of the week) {day}", "what is [the] {day} [date|weekday]",
+      "(what|which) (weekday|day|day of the week|date) (is|was|will) [it] [on|be] [on] {day} [be]",
+      "(what|which) (day|date) (do we have|have we|have we got) {day}",
+      "{day} (is|falls on|will be|was) (what|which) (day|weekday|day of the week|date)",
+      "(does|will|did) {day} (fall|land|be) on a (weekend|weekday|monday|tuesday|wednesday|thursday|friday|saturday|sunday)",
+      "(tell me|give me) the (date|weekday|day) (of|for|on) {day}", "[the] date (of|for|on) {day}",
+      "(is|was) {day} on a (weekend|weekday|monday|tuesday|wednesday|thursday|friday|saturday|sunday)",
+      "(what|which) (day|date|weekday) (is it|will it be|will that be|was it|was that) {day}",
     ],
   ],
   [
     "convert",
     [
-      "[what is|what are|how much is|how much are|<measure>|how many is] {measure} (in|to|into|as|is how many|are how many|equals " +
-        "how many|converted to|expressed in|in terms of) {unit}",
-      "how many {unit} (is|are|are there in|are in|in|is in|make|make up|does|do|go into|is equal to|equal|there are in|fit in|fit " +
-        "into) {measure} [make|have|equal]",
-      "<measure> {measure} (to|into|in) {unit}", "how much is {measure} (in|to) {unit}", "{measure} (to|in|into) {unit}",
+      "[what is|what are|how much is|how much are|<measure>|how many is] {measure} (in|to|into|as|is how many|are how many|" +
+        "equals how many|converted to|expressed in|in terms of) {unit}",
+      "how many {unit} (is|are|are there in|are in|in|is in|make|make up|does|do|go into|is equal to|equal|there are in|" +
+        "fit in|fit into) {measure} [make|have|equal]",
+      "<measure> {measure} (to|into|in) {unit}",
+      "how (hot|cold|warm|far|long|tall|high|heavy|big|wide|deep|fast|much) {measure} (is|are) (in|to|as) {unit}",
+      "how (hot|cold|warm|far|long|tall|high|heavy|big|wide|deep|fast|much) (is|are) {measure} (in|to|as) {unit}",
+      "how much is {measure} (in|to) {unit}", "{measure} (to|in|into) {unit}",
       "what does {measure} (make|come to|equal) in {unit}",
+    ],
+  ],
+  [
+    "add",
+    [
+      "(add|sum|sum up|add up|add together) {number:a} (and|to|with|plus) {number:b} [together]",
+      "[what is] the sum of {number:a} and {number:b}",
+    ],
+  ],
+  [
+    "subtract",
+    [
+      "(subtract|take|take away|deduct) {number:b} [away] from {number:a}",
+      "[what is] the difference (between|of) {number:a} and {number:b}",
+    ],
+  ],
+  [
+    "multiply",
+    [
+      "multiply {number:a} (by|with|and|times) {number:b}", "[what is] the product of {number:a} and {number:b}",
+    ],
+  ],
+  [
+    "divide",
+    [
+      "(divide|split) {number:a} (by|into) {number:b}",
     ],
   ],
   [
     "calculate",
     [
-      "[what is|what are|how much is|how much are|calculate|compute|work out|what does|solve|evaluate|figure out|what do you get for|" +
-        "what would be|what would|what will|how much does|how much do|add up|tell me what|tell me|give me|find|the result of|what is " +
-        "the result of|what is the value of|what do|do the math on|do the math] {sum} [=] [equal|equals|make|come to|is|be|add up to|" +
-        "makes|give|equal to|give me]",
+      "[what is|what are|how much is|how much are|calculate|compute|work out|what does|solve|evaluate|figure out|what do " +
+        "you get for|what would be|what would|what will|how much does|how much do|add up|tell me what|tell me|give me|find|" +
+        "the result of|what is the result of|what is the value of|what do|do the math on|do the math] {sum} [dollars|pounds|" +
+        "euros|bucks|people|things] [=] [equal|equals|make|come to|is|be|add up to|makes|give|equal to|give me]",
       "(add|sum) {sum}", "what {sum} is",
     ],
   ],
   [
     "recall",
     [
-      "(do you remember|remember) what (we|i) (talked about|said|spoke about|discussed|asked|asked you) {day}",
-      "what (did|have|do|were) (we|i|you and i) (talk|talked|speak|chat|discuss|spoken|discussed|talking|chatting|speaking|speak " +
-        "about|chatted) [about] [on] {day}",
-      "what did (we|i|you and i) (talk|speak|chat) about {day}",
-      "what did (i|we) (ask|ask you|say|say to you|tell you|want|want to know|ask you about|ask about) [on|about] {day}",
-      "(what|do you remember what) (did we|have we|we) (talk|talked|speak|spoken|chat|discuss|say|said|discussed) about {text} {day}",
-      "what did (we|i) (talk|speak|say|chat|discuss|tell you|ask you|ask|discuss with you) about {text}",
-      "what did we discuss [on] {day}", "when did (we|i) (talk|speak|chat|ask|ask you|last talk|tell you) about {text}",
-      "(search|look through|look in|look up in|find in) (our|my|the|past|old) [past|old|previous] (conversations|conversation|" +
-        "history|chats|chat history) for {text}",
+      "(do you remember|remember) what (we|i) (talked about|said|spoke about|discussed|asked|asked you) {past:day}",
+      "what (did|have|do|were) (we|i|you and i) (talk|talked|speak|chat|discuss|spoken|discussed|talking|chatting|speaking|" +
+        "speak about|chatted) [about] [on] {past:day}",
+      "what did (we|i|you and i) (talk|speak|chat) about {past:day}",
+      "what did (i|we) (ask|ask you|say|say to you|tell you|want|want to know|ask you about|ask about) [on|about] {past:day}",
+      "(what|do you remember what) (did we|have we|we) (talk|talked|speak|spoken|chat|discuss|say|said|discussed) about " +
+        "{text} {past:day}",
+      "(what|when) did (we|i|you and i) [ever|last] (talk|speak|say|chat|discuss|tell you|ask you|ask|discuss with you|" +
+        "talk to you|say to you) about <the> {text}",
+      "(what|when) did (we|i|you and i) [ever|last] (talk|speak|say|chat|discuss|tell you|ask you|ask|discuss with you|" +
+        "talk to you|say to you) about {text}",
+      "(what was it|what is it|what was) (we|i) (talked|spoke|chatted|discussed|said|asked) [about] [on] {past:day}",
+      "(what|remind me what|tell me what|tell me again what) (we|i) (talked|said|spoke|discussed|told you|asked you|" +
+        "decided|agreed) [about] [on] {past:day}",
+      "(remind me what|tell me what|tell me again what|remind me of what|what was it) (we|i) (talked|said|spoke|discussed|" +
+        "told you|asked you|asked) about [<the>] {text}",
+      "(did|have) (we|i|you and i) (ever|already|once|recently|just) (talk|talked|speak|spoken|chat|chatted|discussed|" +
+        "discuss|ask you|asked you|tell you|told you|mention|mentioned) [about] [<the>] {text} [before|already]",
+      "(when|where) was the last time (we|i) (talked|spoke) about [<the>] {text}",
+      "what have (we|i) (said|discussed|told you|asked you) about [<the>] {text}",
+      "(what|anything) did i (mention|want to know) (about|on) [<the>] {text}",
+      "(search|go through|look through) (our|my|the|past|old) [past|old|previous] (conversations|chats) (about|for) " +
+        "[<the>] {text}",
+      "what was (discussed|talked about|said) [on] {past:day}", "what were (we|you and i) (saying|discussing) [on] {past:day}",
+      "what was (yesterday|last) conversation about", "what did we discuss [on] {past:day}",
+      "when did (we|i) (talk|speak|chat|ask|ask you|last talk|tell you) about {text}",
+      "(search|look through|look in|look up in|find in) (our|my|the|past|old) [past|old|previous] (conversations|" +
+        "conversation|history|chats|chat history) for {text}",
       "(find|show me|look for) [the|our|my|a] (conversation|conversations|chat|chats) (about|on|where we talked about) {text}",
       "(do you remember|remember) (what we|what i) (talked|said|spoke|discussed|asked) about {text}",
       "(did|have) (we|i) (talk|talked|speak|spoken|ask you|asked you) about {text} [before]",
-      "(what have we|have we) (talked|spoken) about {text}", "what were we talking about [on] {day}",
-      "what was our conversation about {day}", "what was {day} conversation about",
+      "(what have we|have we) (talked|spoken) about {text}", "what were we talking about [on] {past:day}",
+      "what was our conversation about {past:day}", "what was {past:day} conversation about",
     ],
   ],
   [
     "forget",
     [
-      "(forget|delete|erase|remove|wipe|discard|clear) (this|our|the|the current|this whole|the whole|our current|this entire|all of " +
-        "this) (conversation|chat|talk|discussion|dialogue) [from your memory|from memory|completely]",
-      "forget (everything|all) [that] (we|i|i have|we have) [just] (said|talked about|discussed|told you) [in this conversation|just " +
-        "now]",
+      "(forget|delete|erase|remove|wipe|discard|clear) (this|our|the|the current|this whole|the whole|our current|this " +
+        "entire|all of this) (conversation|chat|talk|discussion|dialogue) [from your memory|from memory|completely]",
+      "forget (everything|all) [that] (we|i|i have|we have) [just] (said|talked about|discussed|told you) [in this " +
+        "conversation|just now]",
       "forget (what|all that) (we|i|i have|we have) [just] (said|talked about|discussed|told you|asked|asked you|talked)",
-      "(delete|erase|wipe) (this|our|the) (conversation|chat) history", "do not (keep|remember|save|store) this (conversation|chat)",
-      "forget that we (talked|spoke|had this conversation)", "forget that conversation", "forget this whole thing we talked about",
-      "erase this from [your] memory",
+      "(delete|erase|wipe) (this|our|the) (conversation|chat) history",
+      "do not (keep|remember|save|store) this (conversation|chat)", "forget that we (talked|spoke|had this conversation)",
+      "forget that conversation", "forget this whole thing we talked about", "erase this from [your] memory",
+      "(forget|delete|erase|remove|wipe|discard|clear) (everything|all) [that] (we|i|we have|i have) [just] (said|talked " +
+        "about|discussed|told you|talked) [today|just now|so far|here|in this conversation|right now]",
+      "(forget|delete|erase|remove|wipe|discard|clear) all of (this|our|the) (conversation|chat)",
+      "(wipe|clear|delete|erase) [the] (memory|record|history) of this (conversation|chat)",
+      "(get rid of|throw away|scrap|purge) (this|our|this whole|the whole) (conversation|chat)",
+      "(forget|erase|delete) (what was|everything that was) (said|discussed|talked about) [here|just now]",
+      "i want you to forget (this conversation|this chat|what we said|everything we said|what i said)",
+      "(forget|erase|delete) what (we|i) (were|was) (talking about|discussing)",
     ],
   ],
 ];

@@ -7,40 +7,55 @@ export const englishTimers: readonly Request[] = [
     "setTimer",
     [
       "[<set>] [<a>] {duration} timer [<called> [<whose>] {few:name}]",
-      "[<set>] [<a>] (timer|countdown|countdown timer|kitchen timer|egg timer|clock timer) [of|for|with|at|to|lasting|that lasts|set " +
-        "for|set to|running for|that goes off in|which ends in|that rings in|to go off in|for about|to ring in|in] {duration} " +
-        "[<called> [<whose>] {few:name}]",
+      "[<set>] [<a>] (timer|countdown|countdown timer|kitchen timer|egg timer|clock timer) [of|for|with|at|to|lasting|that " +
+        "lasts|set for|set to|running for|that goes off in|which ends in|that rings in|to go off in|for about|to ring in|in] " +
+        "{duration} [<called> [<whose>] {few:name}]",
       "<set> [<a>] {few:name} timer (for|of|at|to|with|lasting|in) {duration}", "{word:name} timer [for|of|at|to] {duration}",
-      "<set> [<a>] timer (for|called|named|labelled|labeled) [<whose>] {few:name} (for|of|with|at|to|in|lasting) {duration}",
-      "timer (for|called|named) [<whose>] {few:name} (for|of|with) {duration}", "<set> [<a>] {duration} {few:name} timer",
-      "<set> [<a>] {duration} (countdown|count down)", "{duration} (countdown|count down)",
-      "(time|count down|countdown|count) [me] [from|for|down from|down] {duration}",
-      "(tell|alert|notify|ping|warn|buzz|beep|beep at|call|ring|let|signal) me [know] (in|after) {duration}",
-      "(tell|alert|notify|ping|warn|let) me [know] when {duration} (are up|is up|have passed|has passed|are over|is over|have gone " +
-        "by|have elapsed|has elapsed|are done)",
+      "<set> [<a>] timer (for|called|named|labelled|labeled|going for|on for) [<whose>] {few:name} [for|of|with|at|to|in|" +
+        "lasting|say|about|maybe|like|it is|it takes|they take|they need|it needs] {duration}",
+      "[<a>] timer (for|called|named) [<whose>] {few:name} [for|of|with] {duration}",
+      "<set> [<a>] timer [going|running|on] (for|of) {duration} [(for|on) [<whose>] {few:name}]",
+      "[<set>] [<a>] {duration} on (a|the) timer [<called> [<whose>] {few:name}]", "{few:name} timer [for|of|at|to] {duration}",
+      "time [<whose>] {few:name} for {duration}", "<set> [<a>] timer it is {duration}",
+      "[<whose>] {few:name} (need|needs|take|takes) {duration} <set> [<a>] timer",
+      "<set> [<a>] timer [<called> [<whose>] {few:name}] (to go off|to ring|ringing|so it rings) in {duration}",
+      "<set> [<a>] {duration} {few:name} timer", "<set> [<a>] {duration} (countdown|count down)",
+      "{duration} (countdown|count down)", "(time|count down|countdown|count) [me] [from|for|down from|down] {duration}",
+      "(tell|alert|notify|ping|warn|buzz|beep|beep at|call|ring|let|signal|give me a shout|shout|holler|nudge) [me|at me] " +
+        "[know] (in|after) {duration}",
+      "in {duration} (tell|alert|notify|ping|warn|buzz|beep|beep at|signal|let) me [know]",
+      "(wake|get) me when {duration} (are|is) up",
+      "(tell|alert|notify|ping|warn|let) me [know] when {duration} (are up|is up|have passed|has passed|are over|is over|" +
+        "have gone by|have elapsed|has elapsed|are done)",
       "{duration} (on the clock|on the timer|timer start|starting now)", "set (the|a|my) clock for {duration}",
       "(ring|beep|go off) in {duration}", "set {duration} on the (timer|clock)", "put {duration} on the (timer|clock)",
-      "start counting [down] [from] {duration}", "start [a] {duration}", "(put|set|stick) [<a>] {few:name} on [a timer] for {duration}",
+      "start counting [down] [from] {duration}", "(put|set|stick) [<a>] {few:name} on a timer for {duration}",
     ],
   ],
   [
     "wake",
     [
-      "(wake me up|wake me|get me up|get me out of bed) {moment}", "{moment} (wake me up|wake me)", "wake up call {moment}",
+      "(wake me up|wake me|get me up|get me out of bed|get me going|rouse me|wake us up|wake us) [please|then] {moment}",
+      "{moment} (wake me up|wake me)", "wake up call {moment}",
       "<set> [<a>] (wake up call|wake up alarm|morning alarm) [for] {moment}", "(wake me up|wake me) in {duration}",
       "in {duration} (wake me up|wake me)",
       "i (need|have|want|would like|got) to (wake up|get up|be up|be awake|be woken up|be woken) {moment}",
       "make sure i (wake up|get up|am up|am awake) {moment}", "(make sure to|do not forget to) wake me [up] {moment}",
-      "wake us [up] {moment}",
+      "wake us [up] {moment}", "(wake|get) me [up] [early|nice and early] {moment}", "{moment} (wake|get) (me|us) [up]",
+      "(do not let|never let) me (sleep past|oversleep past|sleep in past) {moment}",
+      "i (have|need|must|have got|got) [to] (get up|wake up|be up|be awake) {moment} [so] (wake me|wake me up)",
     ],
   ],
   [
     "setAlarm",
     [
-      "[<set>] [<a>] (alarm|alarm clock) [for|to|set for|to go off|to ring|that rings|that goes off|clock for] {moment} [<called> " +
-        "[<whose>] {few:name}]",
+      "[<set>] [<a>] (alarm|alarm clock) [for|to|set for|to go off|to ring|that rings|that goes off|clock for] {moment} " +
+        "[<called> [<whose>] {few:name}]",
       "[<set>] [<a>] (alarm|alarm clock) (for|in|to go off in|that rings in) {duration} [<called> [<whose>] {few:name}]",
-      "[<set>] [<a>] {moment} alarm", "<set> [<a>] {few:name} alarm (for|at) {moment}",
+      "[<set>] [<a>] {moment} (alarm|alarm call)", "(get|have) (the|my|an) alarm [to] (ring|go off) {moment}",
+      "(ring|sound) (the|my|an) alarm {moment}",
+      "<set> [<a>] alarm (that|to) (wakes me|wake me|wakes me up|wake me up|get me up) {moment}",
+      "<set> [<a>] {few:name} alarm (for|at) {moment}",
       "<set> [<a>] alarm (called|named|labelled|labeled) {few:name} (for|at) {moment}", "{moment} [<set>] [<a>] alarm",
       "set (the|my|an) alarm clock (for|to) {moment}", "alarm {moment}", "(ring|beep|buzz) [me] {moment}",
       "<set> [<a>] alarm (for|on) {moment}", "<set> [<a>] {duration} alarm",
@@ -49,12 +64,17 @@ export const englishTimers: readonly Request[] = [
   [
     "remind",
     [
-      "<remind> in {duration} <about> {text}", "<remind> {moment} <about> {text}", "<remind> <about> {text} in {duration} [from now]",
-      "<remind> <about> {text} {moment}", "in {duration} <remind> <about> {text}", "{moment} <remind> <about> {text}",
-      "<remind> {duration} from now <about> {text}", "{duration} from now <remind> <about> {text}",
-      "<remind> <about> {text} {duration} from now", "<remind> for {moment} <about> {text}", "<remind> after {duration} <about> {text}",
+      "<remind> in {duration} <about> {text}", "<remind> {moment} <about> {text}",
+      "<remind> <about> {text} in {duration} [from now]", "<remind> <about> {text} {moment}",
+      "in {duration} <remind> <about> {text}", "{moment} <remind> <about> {text}", "<remind> {duration} from now <about> {text}",
+      "{duration} from now <remind> <about> {text}", "<remind> <about> {text} {duration} from now",
+      "<remind> for {moment} <about> {text}", "<remind> after {duration} <about> {text}",
       "<remind> <about> {text} after {duration}", "<set> [<a>] {duration} reminder <about> {text}",
       "<set> [<a>] {moment} reminder <about> {text}",
+      "(reminder|new reminder|set a reminder|create a reminder|add a reminder|i need a reminder) [for] {moment} [<about>] {text}",
+      "(reminder|new reminder) in {duration} [<about>] {text}", "(ping|nudge|alert|notify) me {moment} (to|that) {text}",
+      "(ping|nudge|alert|notify) me in {duration} (to|that) {text}", "(ping|nudge|alert|notify) me to {text} {moment}",
+      "(ping|nudge|alert|notify) me to {text} in {duration}", "{moment} (ping|nudge|alert|notify) me (to|that) {text}",
     ],
   ],
   [
@@ -80,8 +100,9 @@ export const englishTimers: readonly Request[] = [
   [
     "cancelTimer",
     [
-      "<off> [<the>] [running] (timer|countdown)", "<off> [<the>] {duration} timer", "<off> [<the>] timer (of|for|with) {duration}",
-      "<off> [<the>] {few:name} timer", "<off> [<the>] timer (for|called|named|labelled) [<whose>] {few:name}",
+      "<off> [<the>] [running] (timer|countdown)", "<off> [<the>] {duration} timer",
+      "<off> [<the>] timer (of|for|with) {duration}", "<off> [<the>] {few:name} timer",
+      "<off> [<the>] timer (for|called|named|labelled) [<whose>] {few:name}",
       "(turn|switch|shut) [<the>] [{few:name}] timer off", "i do not need [<the>] [{few:name}] timer anymore",
       "i do not need [<the>] [{few:name}] timer any more",
     ],
@@ -89,8 +110,9 @@ export const englishTimers: readonly Request[] = [
   [
     "cancelAlarm",
     [
-      "<off> [<the>] (alarm|alarm clock)", "<off> [<the>] {moment} alarm", "<off> [<the>] alarm [for|at|set for|set at|of] {moment}",
-      "<off> [<the>] alarm (for|on|of) {day}", "<off> [<the>] {few:name} alarm", "<off> [<the>] alarm (called|named|for) {few:name}",
+      "<off> [<the>] (alarm|alarm clock)", "<off> [<the>] {moment} alarm",
+      "<off> [<the>] alarm [for|at|set for|set at|of] {moment}", "<off> [<the>] alarm (for|on|of) {day}",
+      "<off> [<the>] {few:name} alarm", "<off> [<the>] alarm (called|named|for) {few:name}",
       "(turn|switch|shut) [<the>] alarm [for|at] [{moment}] off", "i do not need [<the>] alarm (anymore|any more)",
     ],
   ],
@@ -104,44 +126,65 @@ export const englishTimers: readonly Request[] = [
   [
     "snoozeMinutes",
     [
-      "(give me|i need|i want|just|snooze for) {number} more (minutes|minute|mins)", "{number} more (minutes|minute|mins)",
+      "(give me|i need|i want|just|snooze for) {number} more (minutes|minute|mins)",
+      "snooze [it|this|the alarm] for [another] {number}", "{number} more (minutes|minute|mins)",
     ],
   ],
   [
     "snooze",
     [
-      "snooze", "snooze [<the>] (alarm|timer|reminder|it)", "snooze [it|the alarm|the timer|that|this] for {duration}",
-      "{duration} more", "give me {duration} more", "snooze {duration}", "(ring|remind me|wake me|wake me up) again in {duration}",
+      "snooze [it|this|that]", "(hit|press|tap) [the] snooze [button]",
+      "(let me sleep|let me snooze|let me rest) [a bit|a little] (more|longer)", "snooze [<the>] (alarm|timer|reminder|it)",
+      "snooze [it|the alarm|the timer|that|this] for [another|an extra|an additional|about|just] {duration}",
+      "(postpone|delay|put off|push back) [it|<the> alarm|<the> timer|this] [for|by] {duration}",
+      "(give me|let me have|i want|i need|just) another {duration}",
+      "(give me|let me have|just|i want|i need) {duration} (more|longer)",
+      "let me sleep [for] [another] {duration} [more|longer]", "another {duration}", "{duration} more",
+      "give me {duration} more", "snooze [another] {duration}", "(ring|try|wake me|wake me up) again in [another] {duration}",
+      "(ring|remind me|wake me|wake me up) again in {duration}",
     ],
   ],
   [
     "tellTimers",
     [
-      "how (long|much time|much longer|many minutes|many seconds) (is|are|do i have|does it have|have i got|have i|is there|are " +
-        "there) [still] <left> [(on|for|in|of|until|with|before) [<the>] [{few:name}] (timer|timers|countdown|clock)]",
-      "how (long|much time|much longer|many minutes|many seconds) [do i have|have i got|is there|are there|does it have] [<left>] " +
-        "(on|for|in|of|until|till|before) [<the>] [{few:name}] (timer|timers|countdown) [(goes off|rings|ends|is done|is over|is up|" +
-        "finishes|runs out|expires)]",
-      "how (long|much longer|much time) (does|has|have|is|do) [<the>] [{few:name}] (timer|timers|countdown) (have|got|has|left|still " +
-        "have|still got) [<left>] [to run]",
+      "how (long|much time|much longer|many minutes|many seconds) (is|are|do i have|does it have|have i got|have i|is " +
+        "there|are there) [still] <left> [(on|for|in|of|until|with|before) [<the>] [{few:name}] (timer|timers|countdown|" +
+        "clock)]",
+      "how (long|much time|much longer|many minutes|many seconds) [do i have|have i got|is there|are there|does it have] " +
+        "[<left>] (on|for|in|of|until|till|before) [<the>] [{few:name}] (timer|timers|countdown) [(goes off|rings|ends|is " +
+        "done|is over|is up|finishes|runs out|expires)]",
+      "how (long|much longer|much time) (does|has|have|is|do) [<the>] [{few:name}] (timer|timers|countdown) (have|got|has|" +
+        "left|still have|still got) [<left>] [to run]",
       "how (long|much longer|much time) is [still] <left> (on|for|in) {few:name}",
       "how (long|much time) does [<the>] [{few:name}] (timer|countdown) [still] have <left>",
       "(what is|what has) [<the>] time <left> [on [<the>] [{few:name}] timer]", "time <left> [on [<the>] [{few:name}] timer]",
       "how is [<the>] [{few:name}] (timer|countdown) [doing|going|looking|coming along]",
-      "what is [<the>] status of [<the>] [{few:name}] (timer|timers)", "[<the>] [{few:name}] timer status", "how much time <left>",
-      "what is <left> (on|of) [<the>] [{few:name}] timer", "where is [<the>] [{few:name}] timer at",
-      "what is [<the>] [{few:name}] timer at", "how (much|many) (time|minutes|seconds) [<left>] (on|for) [<the>] [{few:name}] timer",
-      "how (much longer|long) (until|till|before) [<the>] [{few:name}] timer (goes off|rings|ends|is done|is over|is up|finishes|" +
-        "runs out)",
-      "when (does|will|is) [<the>] [{few:name}] timer (go off|end|finish|ring|be done|be over|done|up|over|run out|going to ring|" +
-        "going off|due|be up|expire)",
+      "what is [<the>] status of [<the>] [{few:name}] (timer|timers)", "[<the>] [{few:name}] timer status",
+      "how much time <left>", "what is <left> (on|of) [<the>] [{few:name}] timer", "where is [<the>] [{few:name}] timer at",
+      "what is [<the>] [{few:name}] timer at",
+      "how (much|many) (time|minutes|seconds) [<left>] (on|for) [<the>] [{few:name}] timer",
+      "how (much longer|long) (until|till|before) [<the>] [{few:name}] timer (goes off|rings|ends|is done|is over|is up|" +
+        "finishes|runs out)",
+      "how (much longer|many more minutes) [on|for|with] [<the>] [{few:name}] [timer]",
+      "how (much longer|many more minutes) (on|for) [<the>] {few:name}", "(how far along|how far) is [<the>] [{few:name}] timer",
+      "how are we doing (on|for|with) [<the>] [{few:name}] timer",
+      "(what does|how much does) [<the>] [{few:name}] timer (say|show)",
+      "when (are|is|will) [<the>] {few:name} (timer up|timer done|timer ready|timer over)",
+      "(is|are) [<the>] {few:name} timer (up|nearly up|almost up|nearly done|almost done) [yet]",
+      "how many (minutes|seconds) (to go|more)", "how long has [<the>] [{few:name}] timer (got|left|got left)",
+      "(is|are) there (any|much) time <left> [on [<the>] [{few:name}] timer]",
+      "when (does|will|is) [<the>] [{few:name}] timer (go off|end|finish|ring|be done|be over|done|up|over|run out|going " +
+        "to ring|going off|due|be up|expire)",
       "(what|which) timers (do i have|are running|are set|are there|are active|are on|have i set|have i got|i have)",
-      "(list|show|read|read out|tell me|give me|check|what are) [me] [all|all of] [<the>] [running|active|current] (timers|timer)",
-      "(do i have|are there|have i got|is there) (any|a|some) (timers|timer) [running|set|on|active|going|left|now|at the moment]",
+      "(list|show|read|read out|tell me|give me|check|what are) [me] [all|all of] [<the>] [running|active|current] (timers|" +
+        "timer)",
+      "(do i have|are there|have i got|is there) (any|a|some) (timers|timer) [running|set|on|active|going|left|now|at the " +
+        "moment]",
       "(is|are) [<the>] [{few:name}] (timer|timers) (running|set|on|active|going|still running|still going|still on|done|over)",
       "how many timers (do i have|are running|are set|are there|are active|have i set) [running|set]",
       "check [on] [<the>] [{few:name}] timer", "what about [<the>] [{few:name}] timer", "how (long|much) is <left>",
       "how (much|long) (do i|have i) [have|got] <left>", "my timers",
+      "(any|which|what) timers [on|running|going|set|active|left]",
     ],
   ],
   [
@@ -152,11 +195,14 @@ export const englishTimers: readonly Request[] = [
       "what time is [<the>] [next] alarm [set|set for|at|going off]", "what time (does|will) [<the>] [next] alarm (go off|ring)",
       "what time (do i|will i|am i going to|will you) (wake up|get up|wake me up|wake me|get woken up)",
       "(list|show|read|read out|tell me|give me|check|what are) [me] [all|all of] [<the>] (alarms|alarm)",
-      "(do i have|are there|have i got|is there|have i set) (any|a|an|some) (alarms|alarm) [set|on|active] [for tomorrow|tomorrow]",
+      "(do i have|are there|have i got|is there|have i set) (any|a|an|some) (alarms|alarm) [set|on|active] [for tomorrow|" +
+        "tomorrow]",
       "(is|are) [<the>] (alarm|alarms) (set|on|active)",
-      "how (long|much time|many hours) [is left|is it|do i have|is there] (until|till|before|on|to) [<the>] [next] alarm [goes off|" +
-        "rings]",
-      "when (will|are) you (wake|waking|going to wake) me [up]", "how many alarms (do i have|are set|are there) [set]",
+      "how (long|much time|many hours) [is left|is it|do i have|is there] (until|till|before|on|to) [<the>] [next] alarm " +
+        "[goes off|rings]",
+      "when (will|are) you (wake|waking|going to wake) me [up]", "(what|which) time (did i|have i) set [<the>] alarm [for|to]",
+      "(did i|have i) (set|got) [an|my|any|the] (alarm|alarms) [for tomorrow|tomorrow|set]",
+      "am i (getting up|waking up) tomorrow", "how many alarms (do i have|are set|are there) [set]",
     ],
   ],
   [
@@ -166,7 +212,9 @@ export const englishTimers: readonly Request[] = [
       "(list|show|read|read out|tell me|give me|check|what are) [me] [all|all of] [<the>] (reminders|upcoming reminders)",
       "(do i have|are there|have i got|is there|have i set) (any|a|some) (reminders|reminder) [set|today|left]",
       "when is [<the>] [next] reminder", "what (did i ask|have i asked) you to remind me (of|about)",
-      "what do you have to remind me (of|about)", "how many reminders (do i have|are there) [set]",
+      "what do you have to remind me (of|about)", "what am i [supposed] to (remember|be reminded of) [today]",
+      "(any|my) reminders [for today|today|for me]", "(what|which) reminders (are coming up|are pending|are next|are open)",
+      "what is my next reminder", "how many reminders (do i have|are there) [set]",
     ],
   ],
 ];

@@ -1,8 +1,9 @@
 // A grammar of requests. A phrase is a sequence of words, "[optional]" ones, "(one|of several)", "<part>"s that stand elsewhere,
-// and "{slots}" for numbers, times and free words. A sentence is a request only when a phrase takes all of it.
+// "{slots}" for numbers, times and free words, and ":" where one is written. A sentence is a request only when a phrase takes all of it.
 
 import type { Language } from "../../base/language.ts";
 import { day, type Day } from "./days.ts";
+import { correctedFrom } from "./corrections.ts";
 import { duration } from "./durations.ts";
 import { moment, type Moment } from "./moments.ts";
 import { number, type Found } from "./numbers.ts";
@@ -21,9 +22,9 @@ type Node =
   | { kind: "optional"; node: Node }
   | { kind: "slot"; type: SlotType; name: string };
 
-type SlotType = "duration" | "moment" | "day" | "number" | "sum" | "measure" | "unit" | "text" | "few" | "word";
+type SlotType = "duration" | "moment" | "day" | "past" | "number" | "sum" | "measure" | "unit" | "text" | "few" | "word";
 
-const slotTypes: readonly string[] = ["duration", "moment", "day", "number", "sum", "measure", "unit", "text", "few", "word"];
+const slotTypes: readonly string[] = ["duration", "moment", "day", "past", "number", "sum", "measure", "unit", "text", "few", "word"];
 /** A name is no longer than so many words. */
 const fewWords = 4;
 
@@ -108,6 +109,7 @@ export function matched<T>(what: Phrase, sentence: Sentence, accept: (slots: Slo
 function walk(node: Node, at: number, sentence: Sentence, slots: Record<string, Slots[string]>, goOn: (end: number) => boolean): boolean {
   switch (node.kind) {
     case "word":
+      if (node.word === ":") return hasColon(sentence, at) && goOn(at);
       return sentence.tokens[at]?.plain === node.word && goOn(at + 1);
     case "sequence": {
       const from = (index: number, place: number): boolean => {
@@ -133,17 +135,35 @@ function walk(node: Node, at: number, sentence: Sentence, slots: Record<string, 
   }
 }
 
+/** A colon stands before this token. */
+function hasColon({ text, tokens }: Sentence, at: number): boolean {
+  const [before, after] = [tokens[at - 1], tokens[at]];
+  return before !== undefined && after !== undefined && text.slice(before.end, after.start).includes(":");
+}
+
 function fillings(type: SlotType, at: number, { text, tokens, language, now }: Sentence): Iterable<Found<Slots[string]>> {
   const one = (found: Found<Slots[string]> | undefined): Found<Slots[string]>[] => (found ? [found] : []);
+  /** What it was corrected to counts, after "no, wait". */
+  type Read<T> = (place: number, isAgain: boolean) => Found<T> | undefined;
+  const last = <T extends Slots[string]>(read: Read<T>, joined = (_before: T, after: T): T => after): Found<Slots[string]>[] => {
+    const first = read(at, false);
+    const from = first ?? number(tokens, at, language);
+    const again = from && correctedFrom(tokens, from.next, language);
+    const second = again === undefined ? undefined : read(again, true);
+    return one(first && second ? { value: joined(first.value, second.value), next: second.next } : (second ?? first));
+  };
   switch (type) {
     case "duration":
-      return one(duration(tokens, at, language));
+      return last((place) => duration(tokens, place, language));
     case "moment":
-      return one(moment(tokens, at, language, now));
+      // "On Friday at six, no, at seven" is still on Friday.
+      return last<Moment>((place, isAgain) => moment(tokens, place, language, now, isAgain), (before, after) => ({ ...before, ...after }));
     case "day":
       return one(day(tokens, at, language, now));
+    case "past":
+      return one(day(tokens, at, language, now, true));
     case "number":
-      return one(number(tokens, at, language));
+      return last((place) => number(tokens, place, language));
     case "sum":
       return one(sum(tokens, at, language));
     case "measure":

@@ -3,6 +3,7 @@
 import type { Day } from "./days.ts";
 import type { Slots } from "./grammar.ts";
 import { localText, timeOf, type Moment, type Purpose } from "./moments.ts";
+import { isApplicationName, isItem, isTimerName, listName } from "./names.ts";
 
 /** A hand and what it is to do. */
 export interface Meant {
@@ -12,20 +13,10 @@ export interface Meant {
 
 type Meaning = (slots: Slots, now: Date) => Meant | undefined;
 
-/** An alarm for a day has no such name. */
-const aDay = /^(today|tomorrow|tonight|hoje|amanhã|amanha|(mon|tues|wednes|thurs|fri|satur|sun)day)$/i;
-/** What is opened is no application when it begins so: "start over", "open your mind". */
-const noApplication =
-  /^(a|an|new|your|over|for|to|with|again|from|about|up|me|it|that|this|him|her|them|us|at|on|in|off|of|by|as|and|i|you|we|a (timer|alarm|reminder|note)|mao|mão|de|em|para|isso|isto|aquilo|com|que|se|eu|seu|sua|um|uma)\b/i;
-
 /** These are folders without the word. */
 const knownFolders = /^(downloads|documents|pictures|photos|videos|documentos|imagens|fotos|vídeos|videos)$/i;
 
 const longestTimer = 7 * 86_400;
-/** Words that stand before "timer" without being its name. */
-const noName =
-  /^(a|an|any|the|my|your|this|that|what|which|no|not|another|new|first|second|last|next|other|all|every|me|us|him|her|them|it|please|mim|nos|o|os|um|uma|meu|meus|este|esse|nenhum|outro|novo|todos|de|do|ao|per)$/i;
-
 function text(slots: Slots, name: string): string | undefined {
   const value = slots[name];
   return typeof value === "string" && value !== "" ? value : undefined;
@@ -39,8 +30,7 @@ function count(slots: Slots, name: string): number | undefined {
 function name(slots: Slots): { name?: string } | undefined {
   const said = text(slots, "name");
   if (said === undefined) return {};
-  const words = said.split(" ").filter((word) => word !== "");
-  return words.some((word) => noName.test(word) || aDay.test(word)) ? undefined : { name: said };
+  return isTimerName(said) ? { name: said } : undefined;
 }
 
 function dayText({ year, month, day }: Day): string {
@@ -101,10 +91,18 @@ function volumeBy(of: "system" | "voice", sign: 1 | -1): Meaning {
   };
 }
 
-/** "The list" is the one that needs no name. */
-function list(slots: Slots): { list: string } {
-  const name = (text(slots, "list") ?? "").replace(/-/g, " ");
-  return { list: noName.test(name) ? "" : name };
+/** The list that is meant, with what is done with it; undefined where its name can be none. */
+function withList(slots: Slots, hand: string, given: Record<string, unknown> = {}): Meant | undefined {
+  const list = listName(text(slots, "list") ?? "");
+  return list === undefined ? undefined : { hand, given: { ...given, list } };
+}
+
+/** "Add three to five": a sum of the numbers "a" and "b". */
+function operation(sign: string): Meaning {
+  return (slots) => {
+    const [a, b] = [count(slots, "a"), count(slots, "b")];
+    return a === undefined || b === undefined ? undefined : { hand: "calculate", given: { expression: `${a} ${sign} ${b}` } };
+  };
 }
 
 export const meanings = {
@@ -141,20 +139,20 @@ export const meanings = {
   note: (slots) => {
     const said = text(slots, "text");
     // "Take a note of caution" is said of something else.
-    return said === undefined || /^of\b/i.test(said) ? undefined : { hand: "note", given: { do: "note", text: said } };
+    return said === undefined || /^(of|from|off)\b/i.test(said) ? undefined : { hand: "note", given: { do: "note", text: said } };
   },
   addToList: (slots) => {
     const items = text(slots, "text");
     // "Write a poem about the shopping list" adds nothing to it.
-    const isWhole = items !== undefined && !/\s(about|of|for|with|from|sobre|de|para|com|do|da)$/i.test(` ${items}`);
-    return isWhole ? { hand: "note", given: { do: "add", items, ...list(slots) } } : undefined;
+    const isWhole = items !== undefined && isItem(items) && !/\s(about|of|for|with|from|sobre|de|para|com|do|da)$/i.test(` ${items}`);
+    return isWhole ? withList(slots, "note", { do: "add", items }) : undefined;
   },
   removeFromList: (slots) => {
     const item = text(slots, "text");
-    return item === undefined ? undefined : { hand: "note", given: { do: "remove", item, ...list(slots) } };
+    return item === undefined || !isItem(item) ? undefined : withList(slots, "note", { do: "remove", item });
   },
   readNotes: fixed("notes"),
-  readList: (slots) => ({ hand: "notes", given: list(slots) }),
+  readList: (slots) => withList(slots, "notes"),
   tellLists: fixed("notes", { do: "lists" }),
   setVolume: volume("system"),
   louder: volumeBy("system", 1),
@@ -174,11 +172,12 @@ export const meanings = {
   tellPlaying: fixed("playing"),
   open: (slots) => {
     const what = text(slots, "text");
-    return what === undefined || noApplication.test(what) ? undefined : { hand: "open", given: { name: what } };
+    return what !== undefined && isApplicationName(what) ? { hand: "open", given: { name: what } } : undefined;
   },
   openFolder: (slots) => {
     const folder = text(slots, "text");
-    return folder === undefined ? undefined : { hand: "open", given: { folder } };
+    // Of "the folder with my videos" only the last words are its name.
+    return folder === undefined || /^(with|of|for|where|containing|com|onde)\b/i.test(folder) ? undefined : { hand: "open", given: { folder } };
   },
   openKnownFolder: (slots) => {
     const folder = text(slots, "text");
@@ -193,13 +192,7 @@ export const meanings = {
   screenshot: fixed("screenshot"),
   weekday: (slots) => (slots.day ? { hand: "date", given: { do: "weekday", day: dayText(slots.day as Day) } } : undefined),
   daysUntil: (slots) => (slots.day ? { hand: "date", given: { do: "until", day: dayText(slots.day as Day) } } : undefined),
-  daysSince: (slots, now) => {
-    if (!slots.day) return undefined;
-    const { year, month, day } = slots.day as Day;
-    // A date without its year is the last one here.
-    const isAhead = new Date(year, month - 1, day).getTime() > now.getTime();
-    return { hand: "date", given: { do: "since", day: dayText({ year: isAhead ? year - 1 : year, month, day }) } };
-  },
+  daysSince: (slots) => (slots.day ? { hand: "date", given: { do: "since", day: dayText(slots.day as Day) } } : undefined),
   daysBetween: (slots) => {
     if (!slots.from || !slots.to) return undefined;
     return { hand: "date", given: { do: "between", day: dayText(slots.from as Day), other: dayText(slots.to as Day) } };
@@ -212,6 +205,10 @@ export const meanings = {
     const expression = text(slots, "sum");
     return expression === undefined ? undefined : { hand: "calculate", given: { expression } };
   },
+  add: operation("+"),
+  subtract: operation("-"),
+  multiply: operation("*"),
+  divide: operation("/"),
   convert: (slots) => {
     const from = text(slots, "measure");
     const to = text(slots, "unit");

@@ -30,10 +30,10 @@ const prepositions: Record<Language, RegExp> = {
 };
 
 /** A time that is followed by its bare hour: "at seven", "às sete". */
-const announces: Record<Language, RegExp> = { en: /^(at|for|by|around|to)$/, pt: /^(as|a|pelas|pela)$/ };
+const announces: Record<Language, RegExp> = { en: /^(at|for|by|around|to)$/, pt: /^(as|a|das|pelas|pela)$/ };
 
-/** Gives a moment with its clock, its day or both, in any order. */
-export function moment(tokens: readonly Token[], at: number, language: Language, now: Date): Found<Moment> | undefined {
+/** Gives a moment with its clock, its day or both, in any order. A bare hour is one where `isHour` says that a time stood before it. */
+export function moment(tokens: readonly Token[], at: number, language: Language, now: Date, isHour = false): Found<Moment> | undefined {
   const value: Moment = {};
   let next = at;
   for (;;) {
@@ -43,7 +43,7 @@ export function moment(tokens: readonly Token[], at: number, language: Language,
       if (from > next && !prepositions[language].test(tokens[from - 1]?.plain ?? "")) break;
       const dayFound = value.day ? undefined : day(tokens, from, language, now);
       const partFound = value.part ? undefined : part(tokens, from, language);
-      const isAnnounced = announces[language].test(tokens[from - 1]?.plain ?? "") || value.part !== undefined || value.day !== undefined;
+      const isAnnounced = isHour || announces[language].test(tokens[from - 1]?.plain ?? "") || value.part !== undefined || value.day !== undefined;
       const clockFound = value.clock ? undefined : clock(tokens, from, language, isAnnounced);
       // "Seven in the morning" begins with a bare hour that only the part makes one.
       if (dayFound) [value.day, next, found] = [dayFound.value, dayFound.next, true];

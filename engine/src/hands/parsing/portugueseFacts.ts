@@ -9,32 +9,53 @@ export const portugueseFacts: readonly Request[] = [
       "quanto (de bateria|tem de bateria|resta de bateria|tenho de bateria|ainda tem de bateria|de carga)",
       "quanto [de] bateria <restam> [ainda|restando]",
       "quanto (tem|tenho|resta|falta|sobra|ainda tem|ainda resta|ainda tenho) de (bateria|carga) [na bateria|no notebook|ainda]",
-      "(como esta|como anda|qual e|qual|quanto esta|quanto tem|em quanto esta|quanto tem na|como vai|a quantas anda) [<the>] [nivel|" +
-        "carga|estado|porcentagem|percentual|status|nivel de carga] [de|da] (bateria|carga da bateria) [do notebook|do computador|" +
-        "agora]",
+      "(como esta|como anda|qual e|qual|quanto esta|quanto tem|em quanto esta|quanto tem na|como vai|a quantas anda) " +
+        "[<the>] [nivel|carga|estado|porcentagem|percentual|status|nivel de carga] [de|da] (bateria|carga da bateria) [do " +
+        "notebook|do computador|agora]",
       "[nivel|status|carga|estado|porcentagem] [de|da] bateria",
-      "[<the>] (notebook|computador|bateria|laptop|pc) (esta|ta) (carregando|na tomada|carregado|carregada|cheia|fraca|acabando|" +
-        "descarregando|ligado na tomada|baixa|conectado na tomada|na bateria)",
+      "[<the>] (notebook|computador|bateria|laptop|pc) (esta|ta) (carregando|na tomada|carregado|carregada|cheia|fraca|" +
+        "acabando|descarregando|ligado na tomada|baixa|conectado na tomada|na bateria)",
       "quanto tempo [ainda] (dura|vai durar|resta de|aguenta|tem de) [<the>] (bateria|notebook)",
-      "(quantos|quanto) por cento [de] (bateria|tem a bateria|esta a bateria|tem de bateria|de bateria tem) [tem|tenho|resta|restam|" +
-        "eu tenho]",
+      "(quantos|quanto) por cento [de] (bateria|tem a bateria|esta a bateria|tem de bateria|de bateria tem) [tem|tenho|" +
+        "resta|restam|eu tenho]",
       "(tem|tenho|ainda tem|ainda tenho) [quanta|alguma|muita] bateria", "quanta (bateria|carga) [ainda] <restam> [ainda]",
       "a bateria esta em quanto", "a quanto esta a bateria", "quanto falta de bateria",
+      "(tem|tenho|ainda tem|ainda tenho) (quanto|quanta) [de] bateria",
+      "(quanto|quantos por cento) [tem|de] [a|na|de|minha] [minha] (bateria|carga) [tem|esta|ta|eu tenho|eu ainda tenho|" +
+        "restam|sobra|sobrou]",
+      "(diz|diga|fala|fale|mostra|mostre|ve|veja|checa|confere|verifica) [ai] [<the>] [nivel|porcentagem|percentual|carga|" +
+        "estado] [de|da] bateria",
+      "[<the>] (nivel|porcentagem|percentual|estado|carga) [de|da] [minha] bateria",
+      "[<the>] bateria (esta|ta) (em quanto|com quanto|como|acabando|no fim|boa|ok|baixa|cheia)",
+      "(preciso|tenho que|precisa) [de] (carregar|por para carregar|botar para carregar|colocar na tomada) [<the>] " +
+        "(notebook|computador|laptop|bateria)",
+      "bateria", "[<the>] bateria [ainda] (dura|aguenta|vai durar|vai aguentar) (quanto tempo|quanto|ate quando|muito)",
+      "(esta|ta) (carregando|na tomada) [<the>] [notebook|computador]",
     ],
   ],
   [
     "disk",
     [
-      "quanto (espaco|espaco em disco|armazenamento|espaco de armazenamento|disco|espaco livre|espaco no disco|hd) [livre|em disco|" +
-        "disponivel] [<restam>] [ainda] [eu] [de] [<free>] [no (disco|hd|computador|ssd|pc|notebook|sistema)|em disco] [<free>]",
-      "quanto [eu] (tem|tenho|resta|sobra|ha|ainda tem|falta) de (espaco|espaco em disco|disco|armazenamento|espaco livre|espaco no " +
-        "disco|hd) [livre|no disco|no computador|disponivel|no hd|em disco|no ssd]",
-      "(como esta|qual e|qual) [<the>] (espaco|espaco em disco|uso do disco|armazenamento|uso de disco|espaco livre|disco|espaco do " +
-        "disco) [livre|em disco|no disco|disponivel|do disco]",
+      "quanto (espaco|espaco em disco|armazenamento|espaco de armazenamento|disco|espaco livre|espaco no disco|hd) [livre|" +
+        "em disco|disponivel] [<restam>] [ainda] [eu] [de] [<free>] [no (disco|hd|computador|ssd|pc|notebook|sistema)|em " +
+        "disco] [<free>]",
+      "quanto [eu] (tem|tenho|resta|sobra|ha|ainda tem|falta) de (espaco|espaco em disco|disco|armazenamento|espaco livre|" +
+        "espaco no disco|hd) [livre|no disco|no computador|disponivel|no hd|em disco|no ssd]",
+      "(como esta|qual e|qual) [<the>] (espaco|espaco em disco|uso do disco|armazenamento|uso de disco|espaco livre|disco|" +
+        "espaco do disco) [livre|em disco|no disco|disponivel|do disco]",
       "(espaco em disco|espaco livre|uso do disco|espaco no disco) [livre]",
       "[<the>] (disco|hd|ssd|armazenamento|computador) (esta|ta) (cheio|quase cheio|lotado|ficando cheio)",
       "(tem|tenho|ainda tem|ainda tenho|ha) [algum|muito] espaco [livre] [no|em] (disco|hd|computador|ssd)",
       "quao cheio esta o (disco|hd)", "(esta|estou) (faltando|sem|ficando sem) espaco [em disco|no disco]",
+      "quanto [de] (espaco|armazenamento|disco) [livre] [eu|a gente|] [ainda] (tem|tenho|temos|sobra|sobrou|resta|falta|" +
+        "ha) [ainda] [livre] [no|em|na] [disco|hd|computador|ssd|pc|notebook|maquina]",
+      "quanto [ainda] (sobra|sobrou|resta|restou|tem|tenho|falta|cabe) [ainda] [de] [espaco|armazenamento|livre] [livre] " +
+        "(no|em|na) [meu|minha] (disco|hd|computador|ssd|pc|notebook|maquina)",
+      "(meu|o) (disco|hd|ssd|computador) (esta|ta) [quase|muito|ficando] (cheio|lotado|sem espaco)",
+      "(tem|tenho|ainda tem|ainda tenho|sobra) [muito|algum|quanto] espaco [livre]",
+      "(tem|tenho) quanto [de] espaco [livre] [no disco|no hd|no computador]",
+      "(espaco|armazenamento) (livre|disponivel|restante)",
+      "(como esta|como anda|como ta) (o disco|o hd|meu hd|o espaco|meu disco)",
       "quantos gigas [livres] (eu tenho|tenho|tem|restam|sobram|estao livres) [livres] [no disco|no hd|em disco]",
     ],
   ],
@@ -45,22 +66,40 @@ export const portugueseFacts: readonly Request[] = [
       "quanto (de memoria|de ram|de memoria ram) [livre] (tem|tenho|resta|sobra|esta|estou|ha|eu tenho) [<free>]",
       "quanto (tem|tenho|resta|sobra|esta) de (memoria|ram|memoria ram) [<free>]",
       "(como esta|qual e|qual|quanto esta) [<the>] (uso de|uso da|consumo de|) (memoria|ram|memoria ram) [livre|do computador]",
-      "(como esta|qual e) a memoria [ram] [do computador|livre]", "(uso de|uso da) (memoria|ram)", "memoria (livre|usada|disponivel)",
-      "[<the>] memoria (esta|ta) (cheia|quase cheia|acabando)",
+      "(como esta|qual e) a memoria [ram] [do computador|livre]", "(uso de|uso da) (memoria|ram)",
+      "memoria (livre|usada|disponivel)", "[<the>] memoria (esta|ta) (cheia|quase cheia|acabando)",
+      "(quanto|quanta) [de] (memoria|ram|memoria ram) [ram] [livre] [que] [eu|o computador|esse computador|este computador|" +
+        "esta maquina|essa maquina|o notebook|meu computador|a maquina|esse notebook|o pc] [ainda] (tem|tenho|esta usando|ta " +
+        "usando|usa|sobra|sobrou|resta|restou|ha) [ainda] [livre|no computador]",
+      "(quanto|quanta) [de] (memoria|ram|memoria ram) (tem|tenho|sobra|resta) [<free>] [no|neste|nesse] [computador|notebook|pc]",
+      "(tem|tenho) (quanto|quanta) [de] (memoria|ram) [livre]",
+      "quantos gigas de (memoria|ram|memoria ram) [eu|] (tem|tenho|tem o computador|tem esse computador|estao livres|sobram)",
+      "(memoria|ram) (livre|usada|disponivel|em uso)",
+      "(quanto|quanta) [de] (memoria|ram|memoria ram) (tem|tenho|usa|ha) [livre] [n] [o|esse|este|meu|nesse|neste|no] " +
+        "(computador|notebook|pc|laptop)",
+      "[<the>] (uso|consumo) (de|da) (memoria|ram)",
       "quanta memoria (o computador|esse computador|a maquina|este computador) tem",
     ],
   ],
   [
     "network",
     [
-      "(em que|em qual|qual|que|a que|a qual) <network> (estou|eu estou|estamos|o computador esta|esta|e essa|e|estou conectado) " +
-        "[conectado|conectada|usando|ligado|conectados] [agora]",
+      "(em que|em qual|qual|que|a que|a qual) <network> (estou|eu estou|estamos|o computador esta|esta|e essa|e|estou " +
+        "conectado) [conectado|conectada|usando|ligado|conectados] [agora]",
       "qual [e] [o nome da|o nome do|a|o|minha|a minha|nome da] <network> [atual|conectada|que estou usando|em que estou]",
-      "(estou|estamos|eu estou|o computador esta|esse computador esta) (online|conectado|conectada|na internet|conectado a internet|" +
-        "conectado na internet|offline|com internet|sem internet|conectado ao wifi|no wifi|conectado no wifi)",
+      "(estou|estamos|eu estou|o computador esta|esse computador esta) (online|conectado|conectada|na internet|conectado a " +
+        "internet|conectado na internet|offline|com internet|sem internet|conectado ao wifi|no wifi|conectado no wifi)",
       "(tem|tenho|ha|temos|eu tenho) (internet|conexao|rede|wifi|conexao com a internet|sinal de internet)",
       "[<the>] (internet|rede|wifi|conexao) (esta|ta|caiu) [funcionando|no ar|ligada|conectada|ok|fora do ar|conectado|ligado]",
-      "nome (da rede|do wifi)", "(como esta|como anda) [<the>] (internet|rede|conexao|wifi)", "como se chama [<the>] (rede|wifi)",
+      "nome (da rede|do wifi)", "(que|qual) <network> e (esse|essa|este|esta)",
+      "(qual|qual e|como e|diz|me diz|diga|fala|me fala) [o] nome [da|do|de] [minha|meu|nossa|nosso] <network>",
+      "como [e que] se chama [<the>] [minha|meu|nossa] <network>",
+      "(eu|) [estou|estamos|to|o computador esta|o notebook esta|esta] [conectado|conectada|ligado|ligada|usando|na|no] " +
+        "[em|na|no|a] (qual|que) <network>",
+      "(qual|que) <network> (e esta|e essa|que e essa|que estou usando|o computador esta usando|eu uso|estamos usando|esta " +
+        "conectada|esta conectado)",
+      "(qual|que) [e] [a|o] [minha|meu|nossa] <network>", "(como esta|como anda) [<the>] (internet|rede|conexao|wifi)",
+      "como se chama [<the>] (rede|wifi)",
     ],
   ],
   [
@@ -78,15 +117,20 @@ export const portugueseFacts: readonly Request[] = [
       "quantos dias (faltam|restam|tem|sao|ainda faltam|falta|ha|) [ainda] (para|ate) [o|a] {day}",
       "quantas semanas (faltam|restam|tem|) (para|ate) [o|a] {day}", "quantos dias (para|ate) [o|a] {day}",
       "(quanto tempo|quanto|quanto tempo ainda) (falta|resta|tem|faltam|ainda falta) (para|ate) [o|a] {day}",
-      "(daqui a|em) quantos dias (e|sera|vai ser|cai) {day}", "faltam quantos dias (para|ate) [o|a] {day}",
+      "(daqui a|em) quantos dias (e|sera|vai ser|cai) {day}",
+      "(faltam|falta) (quantos dias|quanto|quanto tempo|muito) (para|ate) [o|a|chegar o|chegar] {day}",
+      "(quanto|quanto tempo|quantos dias|quantos dias mais|quantas semanas) [ainda] (falta|faltam|resta|restam|ainda " +
+        "faltam|ainda falta|tem|temos) [ainda] (para|ate) [o|a|chegar o|chegar|chegar a|ser] {day}",
+      "(esta|ta) longe [do|da|o] {day}", "daqui a quanto tempo e [o|a] {day}",
+      "(conta|conte) [os|quantos] dias (para|ate) [o|a] {day}", "[o|a] {day} (e|cai) daqui a (quantos dias|quanto tempo|quanto)",
     ],
   ],
   [
     "daysSince",
     [
-      "(ha|faz|fazem) (quantos dias|quanto tempo) (foi|que foi|desde|aconteceu|) {day}",
-      "quantos dias (se passaram|passaram|faz|faz que foi|ja passaram|fazem|tem|ha) desde [o|a] {day}",
-      "quantos dias desde [o|a] {day}", "quanto tempo (faz|passou|se passou|ja passou|tem) desde [o|a] {day}",
+      "(ha|faz|fazem) (quantos dias|quanto tempo) (foi|que foi|desde|aconteceu|) {past:day}",
+      "quantos dias (se passaram|passaram|faz|faz que foi|ja passaram|fazem|tem|ha) desde [o|a] {past:day}",
+      "quantos dias desde [o|a] {past:day}", "quanto tempo (faz|passou|se passou|ja passou|tem) desde [o|a] {past:day}",
     ],
   ],
   [
@@ -97,69 +141,132 @@ export const portugueseFacts: readonly Request[] = [
       "{day} (e|cai|foi|sera|vai ser|vai cair) (que|em que|em qual|qual|num) (dia|dia da semana)",
       "(em que|que|qual) dia (da semana|) (cai|sera|foi|vai cair) [o|a] {day}",
       "qual [e|sera|foi|vai ser] [a] data [de|da|do|em] {day}", "que data (e|sera|vai ser) {day}",
+      "(em que|que|qual|em qual) (dia|data|dia da semana) [e que] (cai|vai cair|sera|vai ser|foi|caiu|e) [o|a|no|na] {day}",
+      "[o|a] {day} (cai|sera|e|vai ser|vai cair|foi|caiu) (em|num|no|) [um|uma] (que|qual) (dia|data|dia da semana)",
+      "{day} (e|foi|sera|vai ser) (que dia|que data|qual dia|dia de que)", "[<the>] (data|dia da semana) [de|do|da] {day}",
       "quando (e|sera|cai|vai ser) [o|a] {day}",
+    ],
+  ],
+  // After the days: "quanto falta para o Natal" asks for those.
+  [
+    "tellTimers",
+    [
+      "quanto [tempo] [ainda] falta [ainda] para (o|a|os|as) {word:name}",
+      "quanto [tempo] [ainda] falta [ainda] para (o|a|os|as) {word:name} (ficar pronto|ficar pronta|ficarem prontos|" +
+        "ficarem prontas|acabar|terminar|sair)",
     ],
   ],
   [
     "convert",
     [
-      "[quanto e|quanto sao|quanto da|converte|converta|converter|quanto vale|passa|transforma|transforme|quanto fica] {measure} (em|" +
-        "para|a|equivale a quantos|equivalem a quantos|sao quantos|sao quantas|e quantos|da quantos|da quantas|dao quantos|em " +
-        "quantos) {unit}",
-      "(quantos|quantas) {unit} (sao|e|tem|ha|tem em|ha em|existem em|em|cabem em|da|dao|sao em|equivalem a|tem um|tem uma|equivale " +
-        "a|valem|fazem) {measure}",
+      "[quanto e|quanto sao|quanto da|converte|converta|converter|quanto vale|passa|transforma|transforme|quanto fica] " +
+        "{measure} (em|para|a|equivale a quantos|equivalem a quantos|sao quantos|sao quantas|e quantos|da quantos|da quantas|" +
+        "dao quantos|em quantos) {unit}",
+      "(quantos|quantas) {unit} (sao|e|tem|ha|tem em|ha em|existem em|em|cabem em|da|dao|sao em|equivalem a|tem um|tem uma|" +
+        "equivale a|valem|fazem) {measure}",
       "(quantos|quantas) {unit} {measure} (tem|sao|da|dao|e)", "{measure} (em|para) {unit}",
       "{measure} (sao|e|da|dao|equivale a|equivalem a) (quantos|quantas) {unit}",
     ],
   ],
   [
+    "add",
+    [
+      "(soma|some|somar|adiciona|junta) {number:a} (com|e|mais|a) {number:b}",
+      "[qual e|quanto e] a soma de {number:a} (e|com) {number:b}",
+    ],
+  ],
+  [
+    "subtract",
+    [
+      "(subtrai|subtraia|tira|tire|diminui|desconta) {number:b} de {number:a}",
+      "[qual e] a diferenca entre {number:a} e {number:b}",
+    ],
+  ],
+  [
+    "multiply",
+    [
+      "(multiplica|multiplique|multiplicar) {number:a} (por|com|e|vezes) {number:b}",
+      "[qual e] o produto de {number:a} (e|por) {number:b}",
+    ],
+  ],
+  [
+    "divide",
+    [
+      "(divide|divida|dividir) {number:a} (por|em) {number:b}",
+    ],
+  ],
+  [
     "calculate",
     [
-      "[quanto e|quanto sao|quanto da|quanto fica|quanto e que da|quanto e que e|calcula|calcule|calcular|qual e|qual|qual o " +
-        "resultado de|qual e o resultado de|resultado de|resolve|resolva|faz a conta|faca a conta|faz a conta de|faca a conta de|" +
-        "computa|some|soma|quantos sao|quanto vale|o resultado de|me da o resultado de|conta de|faz as contas de|faz|quanto seria|" +
-        "quanto daria] {sum} [=] [da quanto|e quanto|sao quanto|e igual a|e igual a quanto|quanto e|quanto da|fica quanto|da|igual a|" +
-        "quanto]",
+      "[quanto e|quanto sao|quanto da|quanto fica|quanto e que da|quanto e que e|calcula|calcule|calcular|qual e|qual|qual " +
+        "o resultado de|qual e o resultado de|resultado de|resolve|resolva|faz a conta|faca a conta|faz a conta de|faca a " +
+        "conta de|computa|some|soma|quantos sao|quanto vale|o resultado de|me da o resultado de|conta de|faz as contas de|" +
+        "faz|quanto seria|quanto daria] {sum} [reais|dolares|euros|pessoas|coisas] [=] [da quanto|e quanto|sao quanto|e " +
+        "igual a|e igual a quanto|quanto e|quanto da|fica quanto|da|igual a|quanto]",
       "quantos (da|sao|e) {sum}",
     ],
   ],
   [
     "recall",
     [
-      "(sobre o que|do que|de que|o que|sobre que|que) (conversamos|falamos|a gente conversou|a gente falou|nos conversamos|nos " +
-        "falamos|discutimos|eu falei|eu perguntei|eu te perguntei|perguntei|te perguntei|eu disse|eu pedi|estavamos falando|" +
-        "estavamos conversando|eu te disse|eu te pedi|nos discutimos|conversei com voce|falei com voce|eu conversei com voce|eu te " +
-        "falei|pedi|voce e eu conversamos|foi que conversamos|foi que falamos|e que conversamos|e que falamos) [na|no|em] {day}",
-      "(o que|que) (conversamos|falamos|dissemos|discutimos|a gente falou|a gente conversou|eu disse|eu falei|eu te disse|eu " +
-        "perguntei|nos falamos|eu te falei|eu te perguntei|voce disse) (sobre|de|do|da|a respeito de|a respeito do|a respeito da) [o|" +
-        "a|os|as] {text}",
-      "quando (falamos|conversamos|a gente falou|a gente conversou|eu falei|eu perguntei|foi que falamos|foi que conversamos|eu te " +
-        "perguntei|nos falamos) (sobre|de|do|da) [o|a|os|as] {text}",
-      "(procura|procure|procurar|busca|busque|buscar|pesquisa|pesquise|pesquisar) (por|) {text} (nas|em|na) [nossas|minhas] " +
-        "(conversas|conversa|historico|conversas antigas|conversas passadas)",
-      "(procura|procure|procurar|busca|busque|buscar|pesquisa|pesquise) (nas|em) [nossas|minhas] (conversas|conversas antigas|" +
-        "conversas passadas) [por|sobre|o|a] {text}",
-      "(acha|ache|encontra|encontre|procura|procure|busca|mostra|mostre) (a|as|nossa|minhas|nossas) (conversa|conversas) sobre [o|a] " +
-        "{text}",
-      "(lembra|voce lembra|se lembra|voce se lembra) (do que|o que|de que|sobre o que) (conversamos|falamos|eu disse|eu falei|a " +
-        "gente conversou|a gente falou) {day}",
-      "(lembra|voce lembra|se lembra|voce se lembra) (do que|o que|de que) (conversamos|falamos|eu disse|eu falei|a gente conversou|" +
-        "a gente falou) sobre [o|a] {text}",
+      "(sobre o que|do que|de que|o que|sobre que|que) (conversamos|falamos|a gente conversou|a gente falou|nos " +
+        "conversamos|nos falamos|discutimos|eu falei|eu perguntei|eu te perguntei|perguntei|te perguntei|eu disse|eu pedi|" +
+        "estavamos falando|estavamos conversando|eu te disse|eu te pedi|nos discutimos|conversei com voce|falei com voce|eu " +
+        "conversei com voce|eu te falei|pedi|voce e eu conversamos|foi que conversamos|foi que falamos|e que conversamos|e " +
+        "que falamos) [na|no|em] {past:day}",
+      "(o que|que) (conversamos|falamos|dissemos|discutimos|a gente falou|a gente conversou|eu disse|eu falei|eu te disse|" +
+        "eu perguntei|nos falamos|eu te falei|eu te perguntei|voce disse) (sobre|de|do|da|a respeito de|a respeito do|a " +
+        "respeito da) [o|a|os|as] {text}",
+      "quando [foi] [que] [nos|a gente|eu] [ja] (falamos|conversamos|falou|conversou|falei|discutimos|discutiu|tocamos no " +
+        "assunto) [com voce] (sobre|de|do|da|dos|das|a respeito de) [o|a|os|as] {text}",
+      "(o que|que) [foi] [que] (a gente|nos|eu|) [ja] (conversou|falou|discutiu|conversamos|falamos|discutimos|te disse|te " +
+        "contei|falei|disse|te falei|comentei|decidiu|combinou) [com voce] (sobre|de|do|da|dos|das|a respeito de|a respeito " +
+        "do|a respeito da) [o|a|os|as] {text}",
+      "(o que|sobre o que|do que|de que|que) [foi] [que] [e que] (a gente|nos|eu|) [ja] (conversou|falou|discutiu|" +
+        "conversamos|falamos|discutimos|te disse|te contei|falei|disse|te falei|comentei|estava falando|estava conversando|" +
+        "estavamos falando|perguntei|te perguntei) [com voce] [na|no|em] {past:day}",
+      "(a gente|nos|eu) (ja|alguma vez|chegou a|chegamos a) [ja] (falou|falamos|conversou|conversamos|falar|conversar|" +
+        "falei|conversei|discutiu|discutimos) [com voce] (sobre|de|do|da|dos|das) [o|a|os|as] {text}",
+      "(me lembra|me lembre|me diz|me diga|lembra|me conta) [do|de] (o que|que) [foi] [que] (a gente|nos|eu|) (conversou|" +
+        "falou|falamos|conversamos|falei|disse|te disse) (sobre|de|do|da|dos|das) [o|a|os|as] {text}",
+      "(me lembra|me lembre|me diz|me diga|me conta) [do|de|sobre] (o que|que) [foi] [que] (a gente|nos|eu|) (conversou|" +
+        "falou|falamos|conversamos|falei|disse|te disse) [na|no|em] {past:day}",
+      "quando (falamos|conversamos|a gente falou|a gente conversou|eu falei|eu perguntei|foi que falamos|foi que " +
+        "conversamos|eu te perguntei|nos falamos) (sobre|de|do|da) [o|a|os|as] {text}",
+      "(procura|procure|procurar|busca|busque|buscar|pesquisa|pesquise|pesquisar) (por|) {text} (nas|em|na) [nossas|" +
+        "minhas] (conversas|conversa|historico|conversas antigas|conversas passadas)",
+      "(procura|procure|procurar|busca|busque|buscar|pesquisa|pesquise) (nas|em) [nossas|minhas] (conversas|conversas " +
+        "antigas|conversas passadas) [por|sobre|o|a] {text}",
+      "(acha|ache|encontra|encontre|procura|procure|busca|mostra|mostre) (a|as|nossa|minhas|nossas) (conversa|conversas) " +
+        "sobre [o|a] {text}",
+      "(lembra|voce lembra|se lembra|voce se lembra) (do que|o que|de que|sobre o que) (conversamos|falamos|eu disse|eu " +
+        "falei|a gente conversou|a gente falou) {past:day}",
+      "(lembra|voce lembra|se lembra|voce se lembra) (do que|o que|de que) (conversamos|falamos|eu disse|eu falei|a gente " +
+        "conversou|a gente falou) sobre [o|a] {text}",
       "(ja falamos|ja conversamos|nos ja falamos|a gente ja falou) (sobre|de|do|da) [o|a] {text}",
-      "qual foi [o assunto da|o assunto de|o tema da] [nossa] conversa [de] {day}",
-      "{day} (conversamos|falamos|a gente conversou) sobre o que",
+      "qual foi [o assunto da|o assunto de|o tema da] [nossa] conversa [de] {past:day}",
+      "{past:day} (conversamos|falamos|a gente conversou) sobre o que",
     ],
   ],
   [
     "forget",
     [
-      "(esquece|esqueca|esquecer|apaga|apague|apagar|deleta|delete|deletar|exclui|exclua|excluir|limpa|limpe|elimina|elimine|remove|" +
-        "remova|descarta|descarte) (esta|essa|nossa|a nossa|toda esta|toda essa|a|toda a) (conversa|discussao) [inteira|toda|atual|" +
-        "da memoria|da sua memoria|toda da memoria]",
-      "(esquece|esqueca|apaga|apague|esquecer) (tudo o que|tudo que|o que) (conversamos|falamos|eu disse|eu falei|a gente conversou|" +
-        "a gente falou|eu te disse|dissemos|eu acabei de dizer|acabamos de falar|acabei de falar|eu acabei de falar|acabamos de " +
-        "conversar|discutimos) [nesta conversa|nessa conversa|agora|aqui|ate agora]",
-      "nao (guarda|guarde|salva|salve|lembra|armazene) (esta|essa) conversa", "(apaga|apague) [o|] historico (desta|dessa|da) conversa",
+      "(esquece|esqueca|esquecer|apaga|apague|apagar|deleta|delete|deletar|exclui|exclua|excluir|limpa|limpe|elimina|" +
+        "elimine|remove|remova|descarta|descarte) (esta|essa|nossa|a nossa|toda esta|toda essa|a|toda a) (conversa|" +
+        "discussao) [inteira|toda|atual|da memoria|da sua memoria|toda da memoria]",
+      "(esquece|esqueca|apaga|apague|esquecer) (tudo o que|tudo que|o que) (conversamos|falamos|eu disse|eu falei|a gente " +
+        "conversou|a gente falou|eu te disse|dissemos|eu acabei de dizer|acabamos de falar|acabei de falar|eu acabei de " +
+        "falar|acabamos de conversar|discutimos) [nesta conversa|nessa conversa|agora|aqui|ate agora]",
+      "nao (guarda|guarde|salva|salve|lembra|armazene) (esta|essa) conversa",
+      "(esquece|esqueca|apaga|apague|exclui|exclua|deleta|delete|limpa|limpe|elimina|elimine) (tudo|tudo isso|tudo o que|" +
+        "tudo que|o que|isso que|aquilo que) [que] (a gente|nos|eu|voce e eu|) [acabou de|acabamos de|acabei de|ja] " +
+        "(conversou|falou|discutiu|conversamos|falamos|disse|falei|te disse|te falei|falar|conversar|dizer|contei|te contei) " +
+        "[agora|hoje|aqui|nessa conversa|nesta conversa|agora ha pouco|ate agora|ate aqui]",
+      "(joga fora|jogue fora|some com|suma com|da um fim em) (esta|essa|nossa) conversa",
+      "(esquece|esqueca|apaga|apague|exclui|exclua|deleta|delete) (a|essa|esta|nossa|toda a|toda essa) [nossa] conversa " +
+        "[toda|inteira|de agora|de hoje]",
+      "(quero|preciso) que voce (esqueca|apague) (esta|essa|nossa|a nossa) conversa",
+      "(apaga|apague) [o|] historico (desta|dessa|da) conversa",
     ],
   ],
 ];

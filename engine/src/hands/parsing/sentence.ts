@@ -5,7 +5,7 @@ import { english } from "./english.ts";
 import { matched, phrase, type Phrase, type Sentence } from "./grammar.ts";
 import { meanings, verbatim, type MeaningName, type Meant, type Phrasing } from "./meanings.ts";
 import { portuguese } from "./portuguese.ts";
-import { isPause, tokensOf, type Token } from "./tokens.ts";
+import { isFiller, isPause, tokensOf, type Token } from "./tokens.ts";
 
 interface Compiled {
   before: Phrase[];
@@ -42,7 +42,7 @@ function compile({ parts, before, polite, after, requests }: Phrasing): Compiled
 
 /** The hand that the sentence asks for and what it is given, or undefined. `now` is what times are reckoned from. */
 export function understood(text: string, language: Language, now: Date): Meant | undefined {
-  const tokens = tokensOf(text, language).filter((token) => !isPause(token));
+  const tokens = tokensOf(text, language).filter((token) => !isPause(token) && !isFiller(token, language));
   if (tokens.length === 0 || tokens.length > mostTokens) return undefined;
   const { before, polite, after, requests } = compiledFor(language);
   const around = { text, language, now };

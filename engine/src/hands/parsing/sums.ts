@@ -81,10 +81,21 @@ export function sum(tokens: readonly Token[], at: number, language: Language): F
 /** A number with its unit. */
 export function measure(tokens: readonly Token[], at: number, language: Language): Found<string> | undefined {
   const isOne = language === "en" && /^(a|an)$/.test(tokens[at]?.plain ?? "");
+  const half = halfOf(tokens, at, language);
+  if (half) return half;
   const minus = /^(minus|menos|−)$/.test(tokens[at]?.plain ?? "") ? at + 1 : at;
   const count = isOne ? { value: 1, next: at + 1 } : number(tokens, minus, language);
   const of = count && unit(tokens, count.next, language);
   return of && { value: `${minus > at ? "-" : ""}${plainNumber(count.value)} ${of.value}`, next: of.next };
+}
+
+/** "Half a pound", "meia libra". */
+function halfOf(tokens: readonly Token[], at: number, language: Language): Found<string> | undefined {
+  const start = language === "en" && tokens[at]?.plain === "a" ? at + 1 : at;
+  if (!(language === "pt" ? /^mei[ao]$/ : /^half$/).test(tokens[start]?.plain ?? "")) return undefined;
+  const next = language === "en" && /^(a|an)$/.test(tokens[start + 1]?.plain ?? "") ? start + 2 : start + 1;
+  const of = unit(tokens, next, language);
+  return of && { value: `0.5 ${of.value}`, next: of.next };
 }
 
 function expression(tokens: readonly Token[], at: number, language: Language): Part | undefined {

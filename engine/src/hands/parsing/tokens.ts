@@ -67,6 +67,13 @@ export function isPause({ plain }: Token): boolean {
   return /^[.,;:!?…–—-]$/.test(plain);
 }
 
+const fillers: Record<Language, RegExp> = { en: /^(uh+|u[hm]m*|er+m?|hm+|ah+|eh|mm+)$/, pt: /^(ah+|eh+|ahn|hm+|hum+|uh+|ai|ne)$/ };
+
+/** A sound or a word that somebody makes while thinking. */
+export function isFiller({ plain }: Token, language: Language): boolean {
+  return fillers[language].test(plain);
+}
+
 /** The text from the first to the last of these tokens, as it was said, without the marks around it. */
 export function said(text: string, tokens: readonly Token[]): string {
   const first = tokens[0];

@@ -48,6 +48,28 @@ test("an hour without its half of the day is the next one", () => {
   expect(at("set an alarm for twelve", 13)).toBe("2026-11-19T00:00");
 });
 
+test("what was corrected counts as it was said last", () => {
+  const given = (sentence: string, language: Language): unknown => understood(sentence, language, now)?.given;
+  expect(given("set a timer for five, no, wait, ten minutes", "en")).toEqual({ do: "timer", seconds: 600 });
+  expect(given("wake me up at six, I mean seven", "en")).toEqual({ do: "alarm", at: "2026-11-19T07:00" });
+  expect(given("wake me up on Friday at six, no, at seven", "en")).toEqual({ do: "alarm", at: "2026-11-20T07:00" });
+  expect(given("set the volume to thirty, sorry, forty percent", "en")).toEqual({ of: "system", to: 40 });
+  expect(given("coloca um timer de cinco, não, dez minutos", "pt")).toEqual({ do: "timer", seconds: 600 });
+  expect(given("set a timer for five minutes, no, wait", "en")).toBeUndefined();
+});
+
+test("what was talked about was talked about in the past", () => {
+  const on = (sentence: string): unknown => understood(sentence, "en", now)?.given.day;
+  expect(on("what did we talk about on Monday")).toBe("2026-11-16");
+  expect(on("what did we talk about on Wednesday")).toBe("2026-11-11");
+  expect(on("what did we talk about on December 5th")).toBe("2025-12-05");
+});
+
+test("a note without a verb has a colon", () => {
+  expect(understood("Note: the lamp is broken", "en", now)?.given).toEqual({ do: "note", text: "the lamp is broken" });
+  expect(understood("note the lamp is broken", "en", now)).toBeUndefined();
+});
+
 test("a sentence of any length and any characters is answered at once", () => {
   const odd = ["", " ", "\0", "🎉🎉🎉", "add ".repeat(400), "and a half ".repeat(180), "1 ".repeat(900), "(".repeat(1_900), "x".repeat(longestSentence + 1), "\ud800 set a timer"];
   for (const language of ["en", "pt"] as const) {

@@ -1,0 +1,115 @@
+// The phrases by which English asks for notes and lists.
+
+import type { Request } from "./meanings.ts";
+
+export const englishNotes: readonly Request[] = [
+  [
+    "addToList",
+    [
+      "<addverb> {text} [down] <onto> [<whose>] <listname>", "[<whose>] {few:list} list [please] <addverb> {text}",
+      "<addverb> [also] {text} [down] as well <onto> [<whose>] <listname>",
+      "(i would like|i want|i need|we need|let us have|let us put|let us get|let us add|we could use|we want) {text} " +
+        "<onto> [<whose>] <listname>",
+      "(get|have) {text} (added|put|written) [down] <onto> [<whose>] <listname>",
+      "{text} (goes|go|needs to go|should go|has to go|belongs|belong) <onto> [<whose>] <listname>",
+      "make sure {text} (is|are) on [<whose>] <listname>",
+      "(we are|i am) [almost|nearly|all] out of {text} (add|put|stick|throw|write) (it|them|that|some) <onto> [<whose>] " +
+        "<listname>",
+      "(add|put|write|append|include|stick|throw|place|pop) {text} [down] <onto> (the|my|our) list",
+      "(add|write|put) <onto> <whose> {few:list} list [that i need|the following|these] {text}",
+      "(on|to|onto) <whose> {few:list} list (add|put|write) {text}",
+      "<whose> {few:list} list (needs|also needs|should have|should include) {text}",
+      "(i need|we need|i want|i would like) {text} <onto> <whose> {few:list} list",
+      "(add|put|write) {text} <onto> (the|my|our) (groceries|shopping|to do|todo)",
+    ],
+  ],
+  [
+    "removeFromList",
+    [
+      "<removeverb> {text} [off] (from|off|off of|out of|on) <whose> <listname>",
+      "(get|have) {text} (off|removed from|taken off) <whose> <listname>",
+      "[<whose>] {few:list} list [please] <removeverb> {text}",
+      "(i got|i bought|i have|i have got|i have bought|i already have|i already bought|we have|we got|we bought) [the|" +
+        "some] {text} [so] (remove|cross|take|tick|strike|scratch|check) (it|them|that|those) [off] (off|from) <whose> " +
+        "<listname>",
+      "(remove|delete|take|cross|scratch|strike|erase|drop|cross off) {text} [off] (from|off|off of|out of) (the|my|our) list",
+      "(i got|i bought|i have|we have|we got) the {text} (cross|take|tick|strike) it off <whose> {few:list} list",
+      "(cross|tick|strike|check|scratch) {text} off", "i do not need {text} on <whose> {few:list} list (anymore|any more)",
+    ],
+  ],
+  [
+    "readNotes",
+    [
+      "(read|read out|read back|show|tell|give|list|open|check|play|go over|go through|review) [me] [out] [<the>] [latest|" +
+        "last|recent|new|current|all] [of] [<the>] (notes|note) [to me|aloud|out loud|back to me|back|out]",
+      "what (are|is in|is on|do i have in|have i got in|did i write in|is written in|do) [<the>] [latest|last|recent|" +
+        "current] (notes|note) [say]",
+      "what did i (note|note down|write down|jot down|take down|ask you to note|ask you to write down|tell you to remember|" +
+        "ask you to remember)",
+      "(what|which) notes (do i have|have i made|have i taken|did i take|did i make|are there|have i got|have i written)",
+      "do i have (any|some) notes",
+      "(are there|is there|have i got|have you got|do you have|got) (any|some|a) (notes|note) [for me|from me]",
+      "(any|some) notes [for me|today|from me]", "(take me|go|run) (through|over) [<the>] notes",
+      "(what|which) (is|was) [<the>] (last|latest|newest) note", "let me (hear|see) [<the>] notes",
+      "i (want|would like) to (hear|see|read) [<the>] notes", "notes please",
+      "what have i (noted|written down|noted down|jotted down)", "are there (any|some) notes", "my notes",
+      "read me what i (wrote down|noted|noted down)", "how many notes (do i have|are there)", "what is in my (notebook|notes)",
+    ],
+  ],
+  [
+    "tellLists",
+    [
+      "(what|which) lists (do i have|are there|have i got|have i made|did i make|exist|i have)",
+      "(list|show|read|tell|give|name) [me] [all|all of] [<the>] lists", "how many lists (do i have|are there)", "my lists",
+      "what are my lists", "do i have (any|some) lists",
+    ],
+  ],
+  [
+    "readList",
+    [
+      "what (is|do i have|have i got|do we have|have we got|is still|is left|all is|is written|else is|did i put|do i " +
+        "still have) (on|in) <whose> {few:list} list [so far|right now|today|again]",
+      "what (is|do i have|have i got|do we have|is still|is left) (on|in) (the|my|our) list [so far]",
+      "(read|read out|show|tell|give|list|go over|go through|check|open|review|see|display|say) [me] [what is on|the items " +
+        "on|everything on|all the items on|the contents of|what is in|items on] <whose> {few:list} list [to me|aloud|out " +
+        "loud|back to me|back|out|so far]",
+      "(read|read out|show|go over|go through) [me] (the|my|our) list [to me|aloud|out loud]",
+      "what (do i|do we|does my list say i) [still] (need|have) to (buy|get) [from the store|at the store|at the " +
+        "supermarket|at the shop]",
+      "(is there|have i got|do we have|have we got) (anything|something) [left|still|else|yet] (on|in) <whose> {few:list} list",
+      "let me (hear|see) <whose> {few:list} list", "i (want|would like) to (hear|see) <whose> {few:list} list",
+      "(take me|go|run) (through|over) <whose> {few:list} list", "do i have anything (on|in) <whose> {few:list} list",
+      "how many (items|things|entries) (are|do i have|are there) on <whose> {few:list} list",
+      "what does <whose> {few:list} list (say|contain|have on it|look like)",
+      "what (are|are the things|are the items|items are|things are) (on|in) <whose> {few:list} list",
+      "is {text} on <whose> {few:list} list", "what should i (buy|get) [from the store|at the store|at the supermarket]",
+      "<whose> {few:list} list", "what do i need from the (store|shop|supermarket)", "what is <whose> {few:list} list",
+    ],
+  ],
+  [
+    "note",
+    [
+      "(note|make note|make a note|take note|take a note|write a note|write down|jot down|note down|take down|put down|" +
+        "create a note|create a new note|make a new note|add a note|leave a note|leave me a note|save a note|new note|a note|" +
+        "save the note|take a quick note|make a quick note|write me a note|make me a note|take a memo|write|write this down|" +
+        "note this|note this down|take this down|jot this down|remember this|make a note of this|start a note|keep a note|" +
+        "record a note|jot a note) (that says|which says|saying that|saying|to say that|to say|stating that|stating|that|" +
+        "about|reading|with the text) {text}",
+      "make [a] note of {text}", "(note|memo|reminder to self|note to self) : {text}",
+      "(make a note|take a note|write a note|write down|jot down|note down|take down|create a note|add a note|leave a note|" +
+        "save a note|new note|take a quick note|make a quick note|write this down|note this|note this down|take this down|" +
+        "jot this down|take a memo|make note|save this note) {text}",
+      "remember this : {text}", "note to self [that] {text}",
+      "(put|get|write|jot|take|note) this down [somewhere] [for me] [please] {text}",
+      "(write|jot|take) down [for me] [please] [that] {text}", "for the record : {text}",
+      "i (want|need|would like) to (make|take|write|leave) a note [that|saying|about] {text}",
+      "(could|can) i (make|leave|get|have) a note [that|saying] {text}",
+      "(log|record|remember|keep|save) (this|the following) [for me] [please] : {text}", "log that {text}",
+      "remember [please] that {text}", "(bear|keep) in mind [that] {text}", "(make a note|note) to [self|myself] [that] {text}",
+      "remember that {text}", "(add|put|write|save) {text} (to|in|into|on|down in) (my|the) (notes|notebook|note)",
+      "(add|put|write|save) [a note] (to|in|into) (my|the) notes [that] {text}",
+      "(keep in mind|do not forget|make sure to remember) that {text}", "(put|write|get) {text} down in my notes",
+      "in my notes (write|put|add) [that] {text}", "please note [that] {text}",
+    ],
+  ],
+];

@@ -1,0 +1,79 @@
+// Which words can be the name of a timer, a list or an application. What cannot be one makes a sentence talk.
+
+import { plainWords } from "../../base/words.ts";
+
+function set(words: string): ReadonlySet<string> {
+  return new Set(words.split(/\s+/));
+}
+
+/** Days, and what corrects what was said before: "for five, no wait, ten minutes". */
+const neverInNames = set(
+  "today tomorrow tonight yesterday monday tuesday wednesday thursday friday saturday sunday hoje amanha ontem " +
+    "no not wait sorry actually mean rather nao espera perai desculpa digo alias",
+);
+/** Words that stand before "timer" without being its name. */
+const neverInTimers = set(
+  "a an any the my your this that these those what which another new first second last next other all every me us him her them it please is " +
+    "are was were i you he she we they and or when while if mim nos o os um uma meu meus este esse isso nenhum outro novo todos de do ao " +
+    "per que se quando eu voce ele ela pensar minus menos zero",
+);
+/** A list is not called so: "my shopping list is too long" tells something of it. */
+const neverInLists = set(
+  "on in onto off from add adds put also is are was were be being been has have had gets getting got needs need will would should can could does did esta estao era foi e sao " +
+    "fica ficou ficando tem tinha vai precisa deve pode que",
+);
+/** What is added does not begin so: "what goes on the shopping list" asks, and "it" is not said. */
+const neverFirstItem = set(
+  "what who which how why when where nothing anything something everything it that this them those i you we he she they que quem qual quais " +
+    "quanto quantos como quando onde nada algo tudo isso isto aquilo ele ela eles elas eu voce",
+);
+/** These are "the list", which needs no name. */
+const theList = set("a an the my our your this that it o os um uma meu meus minha nossa este esse esta essa ela ele");
+/** What an application's name does not begin with: "start over", "open your mind". */
+const neverFirst = set(
+  "the a an new your his her their our its over for to with again from about up me it that this these those him them us at on in off of by as and " +
+    "i you we he she they who what why how when where if so too not no fire late early wide another some any every all both each mao de em " +
+    "para isso isto aquilo com que se eu ele ela nos eles seu sua um uma outro outra cedo tarde logo quem quando como onde por muito mais menos more less",
+);
+/** Nor are these anywhere in one. */
+const neverInApplications = set(
+  "is are was were takes take has have makes make does can could will would hurts costs helps faz fazem fez esta sao tem vai vao pode doi custa leva ajuda foi era please thanks favor obrigado obrigada with com me my him her them us who whom whose because while until before esse essa esses essas aquele aquela dele dela comigo contigo porque " +
+    "enquanto sempre nunca everybody everyone somebody someone nobody alguem ninguem",
+);
+/** What people open, start and run that is no application. */
+const things = set(
+  "party festa door doors window windows gate mouth eye eyes mind heart hand hands arms jar jars bottle bottles can tin box package parcel present gift " +
+    "presents letter envelope curtain curtains blinds fridge oven drawer cupboard wardrobe garage trunk hood umbrella wound wounds account " +
+    "source fire fight fights war argument diet family business company car engine bike dishwasher laundry bath bathtub shower race " +
+    "marathon mile miles errand errands risk question questions conversation debate week month year morning life porta portas janela " +
+    "janelas portao boca olho olhos mente coracao mao maos bracos pote garrafa garrafas lata caixa pacote presente presentes carta envelope " +
+    "cortina cortinas geladeira forno gaveta armario garagem guarda chuva ferida feridas conta jogo caminho espaco exceao excecao negocio " +
+    "empresa carro motor moto briga brigas guerra discussao dieta familia fogo partida corrida maratona risco pergunta perguntas " +
+    "conversa debate semana mes ano manha vida cabeca torneira chuveiro champanhe vinho cerveja pao processo inquerito concurso",
+);
+const mostApplicationWords = 5;
+
+/** The name of a timer or an alarm. */
+export function isTimerName(said: string): boolean {
+  return plainWords(said).every((word) => !neverInNames.has(word) && !neverInTimers.has(word));
+}
+
+/** The name of a list as it was said, "" for the usual one, or undefined where it can be none. */
+export function listName(said: string): string | undefined {
+  const name = said.replace(/-/g, " ");
+  const words = plainWords(name);
+  if (words.length > 0 && words.every((word) => theList.has(word))) return "";
+  return words.some((word) => neverInNames.has(word) || neverInLists.has(word)) ? undefined : name;
+}
+
+export function isItem(said: string): boolean {
+  return !neverFirstItem.has(plainWords(said)[0] ?? "it");
+}
+
+export function isApplicationName(said: string): boolean {
+  const words = plainWords(said);
+  if (words.length === 0 || words.length > mostApplicationWords || neverFirst.has(words[0]!) || words.some((word) => things.has(word))) return false;
+  // "Passwords and Keys" is one, "Firefox and then the calculator" is more.
+  if (words.length > 3 && words.some((word) => /^(and|e)$/.test(word))) return false;
+  return words.every((word) => !neverInNames.has(word) && !neverInApplications.has(word));
+}

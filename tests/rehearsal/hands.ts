@@ -2,18 +2,16 @@
 
 import { existsSync, mkdirSync, readFileSync, writeFileSync } from "node:fs";
 import { join } from "node:path";
-import { answerTo, say } from "./conversation";
+import { answerTo, sayUntil } from "./conversation";
 import { run, until } from "./process";
 import { otherVoice, usualVoice, type Voice } from "./sound";
 import { check, type Stage, step } from "./stage";
 
 /** Says something that is meant for it, and gives what it answers aloud, which has to be like that. */
 export async function tell(stage: Stage, text: string, wanted: RegExp, voice: Voice = usualVoice): Promise<string> {
-    const { watcher, sound } = stage;
-    const since = watcher.states.length;
+    const { sound } = stage;
     const from = performance.now();
-    const heard = await say(stage, text, voice);
-    check(heard.action === "accepted", `"${text}" was ${JSON.stringify(heard)}`);
+    const { heard, since } = await sayUntil(stage, text, ({ action }) => action === "accepted", voice);
     const answer = await answerTo(stage, since);
     check(wanted.test(answer), `to "${heard.text}" it says "${answer}"`);
     check(sound.speakers.audibleSeconds(from) > 0.3, `"${answer}" could not be heard`);
@@ -30,8 +28,7 @@ export async function timer(stage: Stage): Promise<void> {
     const rung = performance.now();
     await until("the ring to be heard", () => sound.speakers.audibleSeconds(rung) > 0.3);
     await watcher.reach("waiting", watcher.states.lastIndexOf("speaking"));
-    const stop = await say(stage, "Palomet, stop.");
-    check(stop.action === "accepted", `"Palomet, stop" was ${JSON.stringify(stop)}`);
+    await sayUntil(stage, "Palomet, stop.", ({ action }) => action === "accepted");
     const since = watcher.states.length;
     await watcher.post("say", { text: "How much time is left?" });
     const after = await answerTo(stage, since);

@@ -1,5 +1,5 @@
-// The whole application from the first click to the last, with the program as a user would start it. Pictures, recordings and
-// logs stay in build/rehearsal/.
+// The whole application from the first click to the last, with the program as a user would start it, or only the acts that are
+// named. Pictures, recordings and logs stay in build/rehearsal/.
 
 import { readFileSync } from "node:fs";
 import { ask, changeSettings, draft, talkOver } from "./conversation";
@@ -19,37 +19,56 @@ const soundServerKills = Number(process.env.PALOMET_SOUND_SERVER_KILLS ?? 10);
 /** Speakers on a desk, a good deal softer at the microphone than whoever sits there; monologue.ts has a louder room. */
 const desk: Path[] = [{ delayMs: 40, volumePercent: 45 }];
 
+/** The story's acts, in their order. Each can be played without the others, on a stage of its own. */
+const acts: Record<string, (stage: Stage) => Promise<void>> = {
+    async window(stage) {
+        await name(stage);
+        await openWindow(stage);
+        await typeRequest(stage);
+        await showPanes(stage);
+        await changeSwitch(stage);
+        await closeWindow(stage);
+    },
+    async hearing(stage) {
+        await hear(stage, await Strip.beside(stage));
+        await ask(stage);
+        await talkOver(stage);
+        await freeWords(stage);
+        await sleepThroughSounds(stage);
+        await rename(stage);
+    },
+    async hands(stage) {
+        await openWindow(stage);
+        await thinkByServer(stage);
+        await closeWindow(stage);
+        await draft(stage, await Strip.beside(stage));
+        await timer(stage);
+        await calculate(stage);
+        await takeNote(stage);
+        await openApplication(stage);
+        await changeVolume(stage);
+    },
+    async trouble(stage) {
+        const strip = await Strip.beside(stage);
+        await command(stage);
+        await listenKey(stage, strip);
+        await answer(stage);
+        await stop(stage);
+        await think(stage, strip);
+        await mute(stage, strip);
+        await loseBackend(stage, strip);
+        await loseMicrophone(stage, strip);
+        await storm(stage);
+    },
+};
+
+const wanted = process.argv.length > 2 ? process.argv.slice(2) : Object.keys(acts);
+const unknown = wanted.find((act) => !(act in acts));
+if (unknown !== undefined) throw new Error(`there is no act "${unknown}", only ${Object.keys(acts).join(", ")}`);
+
 await perform("rehearsal", async (stage) => {
-    await name(stage);
     await changeSettings(stage);
-    await openWindow(stage);
-    await typeRequest(stage);
-    await showPanes(stage);
-    await changeSwitch(stage);
-    await thinkByServer(stage);
-    await closeWindow(stage);
-    const strip = await Strip.beside(stage);
-    await hear(stage, strip);
-    await ask(stage);
-    await talkOver(stage);
-    await freeWords(stage);
-    await sleepThroughSounds(stage);
-    await rename(stage);
-    await draft(stage, strip);
-    await timer(stage);
-    await calculate(stage);
-    await takeNote(stage);
-    await openApplication(stage);
-    await changeVolume(stage);
-    await command(stage);
-    await listenKey(stage, strip);
-    await answer(stage);
-    await stop(stage);
-    await think(stage, strip);
-    await mute(stage, strip);
-    await loseBackend(stage, strip);
-    await loseMicrophone(stage, strip);
-    await storm(stage);
+    for (const act of wanted) await acts[act]!(stage);
     await quit(stage);
 }, desk);
 

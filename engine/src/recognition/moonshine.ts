@@ -41,8 +41,13 @@ export class MoonshineRecogniser implements Recogniser {
     if (reply.kind === "failed") return { kind: "failed", problem: reply.problem };
     const { text } = reply.answer;
     if (typeof text !== "string") return { kind: "failed", problem: "uma resposta sem texto" };
-    return { kind: "text", text: cut(text, longestText), isUnderstood: /[\p{L}\p{N}]/u.test(text) };
+    return { kind: "text", text: cut(inOneWord(text), longestText), isUnderstood: /[\p{L}\p{N}]/u.test(text) };
   }
+}
+
+/** The model has learned from old books, too, which part the words of days. */
+export function inOneWord(text: string): string {
+  return text.replace(/(?<![\p{L}-])(to)-(day|night|morrow)(?![\p{L}-])/giu, "$1$2");
 }
 
 /** Asks the companion about an utterance. */

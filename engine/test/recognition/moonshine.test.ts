@@ -6,7 +6,7 @@ import { systemClock } from "../../src/base/clock.ts";
 import { plainWords } from "../../src/base/words.ts";
 import { Children } from "../../src/machine/children.ts";
 import { findShipped, shipped, type Shipped } from "../../src/machine/shipped.ts";
-import { MoonshineRecogniser, moonshineCompanion } from "../../src/recognition/moonshine.ts";
+import { inOneWord, MoonshineRecogniser, moonshineCompanion } from "../../src/recognition/moonshine.ts";
 import { temporaryFolder } from "../support/folders.ts";
 import { going } from "../support/processes.ts";
 import { hasVoice, said } from "../support/speech.ts";
@@ -31,6 +31,10 @@ async function textOf(samples: Int16Array, from = base): Promise<string> {
   const found = await from!.recognise(samples, going);
   return found.kind === "text" ? found.text : JSON.stringify(found);
 }
+
+test("writes the words of days in one word, as people do now", () => {
+  expect(inOneWord("To-day or to-morrow, not to-night: a day-to-day matter")).toBe("Today or tomorrow, not tonight: a day-to-day matter");
+});
 
 describe.skipIf(!base || !hasVoice)("Moonshine", () => {
   const sentences = [

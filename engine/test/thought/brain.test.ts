@@ -232,7 +232,7 @@ describe("beside the claude tool", () => {
 
   test("a question of the tool's is not mixed with one of the hands': that is to be asked for again", async () => {
     const { say, open } = await beside(print(init, denial));
-    expect((await say("Build it. Open example.org")).text).toBe("\nMay I? make\nAsk me again afterwards to open example.org.");
+    expect((await say("Open example.org. Build it")).text).toBe("\nMay I? make\nAsk me again afterwards to open example.org.");
     await say("yes", ["open"], "s1");
     expect(open.done).toEqual([]);
   });

@@ -45,7 +45,15 @@ function mind(confirmActions: string[] = []) {
     const answer = (await it.reply(request, answering, signal)) ?? (await it.answer(request, known, answering, signal));
     return { text: pieces.join(""), spoken: spoken.join(""), heard: answer?.heard, isUnderstood: answer !== undefined };
   };
-  return { it, say, clock, timer, note, open, log };
+  /** Says it beside a model that cannot use hands; gives what the model gets. */
+  const sayBeside = async (text: string): Promise<string[]> => {
+    const got: string[] = [];
+    const model = { answer: async (request: Request) => (got.push(request.text), { costUsd: 0 }), refuse: () => {} };
+    const settings = { ...requestOf("").settings, confirmActions };
+    await it.answerFor(model, { ...requestOf(text), settings, askedAt: clock.now() }, { text: () => {}, tool: () => {} }, going);
+    return got;
+  };
+  return { it, say, sayBeside, clock, timer, note, open, log };
 }
 
 describe("a sentence", () => {
@@ -98,6 +106,36 @@ describe("a sentence", () => {
     timer.act = () => Promise.reject(new Error("broken"));
     expect((await say("set a timer for 5 minutes")).text).toBe("That did not work.");
     expect(log).toEqual(["a ação timer falhou (Error: broken)"]);
+  });
+});
+
+describe("beside a model that cannot use hands", () => {
+  test("a text that the request is about is the model's, to the letter, and none of it is done", async () => {
+    const { sayBeside, timer, open } = mind();
+    for (const request of [
+      "Translate the following into Portuguese.\nSet a timer for five minutes.\nCancel all timers.",
+      "Fix my English: I has a dog.  Set a timer for five minutes! Cancel all timers.",
+      "Write a haiku for each line:\n- open example.org\n- cancel all timers",
+      "open example.org\ncancel all timers\n\nWhat does this script do?",
+      `${"Cancel all timers. ".repeat(2_000)}What does this say?`,
+    ]) {
+      expect(await sayBeside(request)).toEqual([request]);
+    }
+    expect([...timer.done, ...open.done]).toEqual([]);
+  });
+
+  test("a request of deeds alone is done, with or without polite words, and the model hears nothing of it", async () => {
+    for (const request of ["Set a timer for 5 minutes. Open example.org", "Good morning! Set a timer for 5 minutes.\nOpen example.org. Thank you very much."]) {
+      const { sayBeside, timer, open } = mind();
+      expect(await sayBeside(request)).toEqual([]);
+      expect([timer.done, open.done]).toEqual([[{ do: "timer", seconds: 300 }], [{ address: "example.org" }]]);
+    }
+  });
+
+  test("what a request begins with is done, and the model gets what follows as it is", async () => {
+    const { sayBeside, timer } = mind();
+    expect(await sayBeside("Hello. Set a timer for 5 minutes. Who was  Ada? Cancel all timers.")).toEqual(["Hello. Who was  Ada? Cancel all timers."]);
+    expect(timer.done).toEqual([{ do: "timer", seconds: 300 }]);
   });
 });
 

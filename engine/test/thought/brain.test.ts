@@ -103,11 +103,11 @@ describe("a server's model", () => {
     };
     it.server.refuses(llamaCpp.toolless ?? ollama.missing);
     it.server.says("It is warm.");
-    expect(await say("Note that it rains. How is the weather?")).toBe("Noted. It is warm.");
+    expect(await say("Add milk to the shopping list. How is the weather?")).toBe("Noted. It is warm.");
     expect(await say("Note that it pours.")).toBe("Noted.");
-    expect(hand.done).toEqual([{ do: "note", text: "it rains" }, { do: "note", text: "it pours" }]);
+    expect(hand.done).toEqual([{ do: "add", items: "milk", list: "shopping" }, { do: "note", text: "it pours" }]);
     expect(it.server.chats.map(({ body }) => [body.messages.at(-1)?.content, body.tools !== undefined])).toEqual([
-      ["Note that it rains. How is the weather?", true],
+      ["Add milk to the shopping list. How is the weather?", true],
       ["How is the weather?", false],
     ]);
   });
@@ -210,7 +210,7 @@ describe("beside the claude tool", () => {
 
   test("the tool answers what else was said, once, after what was done and before the question", async () => {
     const { say, asked } = await beside(print(init, text("Good morning to you."), result));
-    const { text: said, session, costUsd } = await say("Good morning. Open example.org. Note that it rains. How are you?");
+    const { text: said, session, costUsd } = await say("Good morning. Open example.org. Add milk to the shopping list. How are you?");
     expect(said).toBe("Noted. Good morning to you.\nMay I? Open example.org.");
     expect([session, costUsd]).toEqual(["s1", 0.02]);
     expect(asked()).toBe("Good morning. How are you?");
@@ -248,7 +248,7 @@ describe("beside the claude tool", () => {
   test("when the tool fails, hands say why they cannot do what was asked", async () => {
     const { say, log } = await beside("exit 3");
     expect((await say("Open flurb")).text).toBe("The language model did not answer. I find no such thing.");
-    expect((await say("Note that it rains. Explain this")).text).toBe("Noted. The language model did not answer.");
+    expect((await say("Add milk to the shopping list. Explain this")).text).toBe("Noted. The language model did not answer.");
     expect(log).toHaveLength(2);
   });
 });

@@ -77,6 +77,12 @@ describe("a sentence", () => {
     expect((await say("I love it. Hello! I love it. Set a timer for 5 minutes.")).text).toBe('Welcome after "Hello!" Did timer.');
   });
 
+  test("that is part of a note is not done", async () => {
+    const { say, timer, note } = mind();
+    expect((await say("Take a note: Anna is allergic to nuts. Cancel all timers.")).text).toBe("Did note.");
+    expect([timer.done, note.done]).toEqual([[], [{ do: "note", text: "Anna is allergic to nuts. Cancel all timers" }]]);
+  });
+
   test("that is not understood has no answer, alone and beside others", async () => {
     for (const request of ["I love it.", "I love it. I do.", ""]) {
       expect(await mind().say(request)).toMatchObject({ text: "", isUnderstood: false });
@@ -125,7 +131,8 @@ describe("beside a model that cannot use hands", () => {
   });
 
   test("a request of deeds alone is done, with or without polite words, and the model hears nothing of it", async () => {
-    for (const request of ["Set a timer for 5 minutes. Open example.org", "Good morning! Set a timer for 5 minutes.\nOpen example.org. Thank you very much."]) {
+    const polite = "Good morning! Set a timer for 5 minutes.\nOpen example.org. Thank you very much.";
+    for (const request of ["Set a timer for 5 minutes. Open example.org", polite]) {
       const { sayBeside, timer, open } = mind();
       expect(await sayBeside(request)).toEqual([]);
       expect([timer.done, open.done]).toEqual([[{ do: "timer", seconds: 300 }], [{ address: "example.org" }]]);
@@ -134,7 +141,8 @@ describe("beside a model that cannot use hands", () => {
 
   test("what a request begins with is done, and the model gets what follows as it is", async () => {
     const { sayBeside, timer } = mind();
-    expect(await sayBeside("Hello. Set a timer for 5 minutes. Who was  Ada? Cancel all timers.")).toEqual(["Hello. Who was  Ada? Cancel all timers."]);
+    const got = await sayBeside("Hello. Set a timer for 5 minutes. Who was  Ada? Cancel all timers.");
+    expect(got).toEqual(["Hello. Who was  Ada? Cancel all timers."]);
     expect(timer.done).toEqual([{ do: "timer", seconds: 300 }]);
   });
 });
@@ -189,12 +197,12 @@ describe("what is asked about first", () => {
 
   test("stands after what was done without a question, and is asked together", async () => {
     const { say, timer, note, open } = mind(["note", "open"]);
-    const { text, spoken } = await say("Note that it rains. Set a timer for 5 minutes. Open example.org");
-    expect(text).toBe('Did timer.\nMay I? Note {"do":"note","text":"it rains"}; open {"address":"example.org"}.');
+    const { text, spoken } = await say("Open example.org. Set a timer for 5 minutes. Note that it rains.");
+    expect(text).toBe('Did timer.\nMay I? Open {"address":"example.org"}; note {"do":"note","text":"it rains"}.');
     // An address is read aloud to the letter.
     expect(spoken).toContain("example dot org");
     expect([timer, note, open].map(({ done }) => done.length)).toEqual([1, 0, 0]);
-    expect((await say("go ahead")).text).toBe("Did note. Did open.");
+    expect((await say("go ahead")).text).toBe("Did open. Did note.");
   });
 });
 

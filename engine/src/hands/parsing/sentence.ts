@@ -64,6 +64,11 @@ export function understood(text: string, language: Language, now: Date): Meant |
   return undefined;
 }
 
+/** It says thanks or please, and nothing else. */
+export function isThanks(text: string, language: Language, now: Date): boolean {
+  return isMade(text, compiledFor(language).polite, language, now);
+}
+
 /** It says nothing but what may stand around a request: "Good morning", "it is too loud", "thank you". */
 export function isPolite(text: string, language: Language, now: Date): boolean {
   const { before, polite, after } = compiledFor(language);

@@ -1,5 +1,6 @@
 import { afterEach, describe, expect, test } from "bun:test";
 import { existsSync, readFileSync } from "node:fs";
+import { DateHand } from "../../src/hands/facts/dateHand.ts";
 import type { Hand } from "../../src/hands/hand.ts";
 import { mindOf, modelOf, NotingHand } from "../support/chatMinds.ts";
 import { ChatServer } from "../support/chatServer.ts";
@@ -131,6 +132,15 @@ describe("a server's model", () => {
     expect(hand.done).toEqual([]);
     expect(await it.say("yes")).toBe("Noted.");
     expect(hand.done).toEqual([{ do: "note", text: "the tea is in the tin" }]);
+  });
+
+  test("that is not chosen leaves questions for the hour and the day to be answered one after the other", async () => {
+    const clock = new ManualClock();
+    const english = await mind(ollama, "en", clock, [new DateHand(clock)]);
+    const answer = /^It is \d+:\d\d [AP]M\. Today is Monday, January 5, 2026\.$/;
+    expect(await english.say("What time is it? What day is it today?", "built-in")).toMatch(answer);
+    const portuguese = await mind(ollama, "pt", clock, [new DateHand(clock)]);
+    expect(await portuguese.say("Que horas são? Que dia é hoje?", "built-in")).toMatch(/^(São|É) .*\. Hoje é segunda-feira, 5 de janeiro de 2026\.$/);
   });
 
   test("that is silent for a minute is said not to have answered", async () => {

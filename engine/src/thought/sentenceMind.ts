@@ -64,15 +64,18 @@ export class SentenceMind {
 
   /**
    * Does what the sentences ask for, and answers those that ask for no hand by `known`, each where it stands; leaves out those that it
-   * knows no answer to. Undefined when nothing is left.
+   * knows no answer to. Undefined when nothing is left. Of a request to a model, which has failed, only what it surely asks for is done.
    */
   async answer(
     request: Request,
     known: (text: string) => string | undefined,
     answering: Answering,
     signal: AbortSignal,
+    isForModel = false,
   ): Promise<Answer | undefined> {
-    const sentences = this.#read(request.text);
+    const all = this.#read(request.text);
+    const sure = isForModel ? this.#surely(request.text, all, ({ deed }) => deed !== undefined) : all;
+    const sentences = all.map((one) => (sure.includes(one) ? one : { ...one, deed: undefined }));
     // A request of plain sentences is answered as a whole.
     if (sentences.every(({ deed }) => deed === undefined)) {
       const text = known(request.text);
@@ -91,12 +94,18 @@ export class SentenceMind {
    * first sentence that asks for no hand may be a text that the request is about.
    */
   async answerFor(model: HandlessModel, request: Request, answering: Answering, signal: AbortSignal): Promise<Answer> {
-    const { deeds, rest } = this.#surely(request.text);
+    const sentences = this.#read(request.text);
+    const isDeed = ({ deed }: Sentence): boolean => deed?.intent !== undefined;
+    const sure = this.#surely(request.text, sentences, isDeed);
+    const deeds = sure.filter(isDeed);
     if (deeds.length === 0) return await model.answer(request, answering);
     model.refuse();
     const { watched, hasAnswered } = watch(answering);
     const asked = await this.#do(deeds, () => undefined, request, watched, signal);
     if (signal.aborted) return { costUsd: 0 };
+    const manners = sure.filter((one) => !isDeed(one)).map(({ text }) => text);
+    const other = sentences[sure.length];
+    const rest = other ? [...manners, request.text.slice(other.start)].join(" ") : "";
     const answer = rest === "" ? { costUsd: 0 } : await model.answer({ ...request, text: rest }, hasAnswered() ? apart(watched) : watched);
     if (asked.length === 0 || signal.aborted) return answer;
     if (answer.heard === undefined) return { ...answer, heard: this.#ask(asked, !hasAnswered(), answering, signal) };
@@ -116,20 +125,15 @@ export class SentenceMind {
   }
 
   /**
-   * The deeds that a request begins with, and what else it says. Of several lines that are not all deeds none is one: what is pasted may
-   * stand before the question about it.
+   * The sentences that a request begins with, of deeds and polite words alone. Of several lines that are not all such none is: what is
+   * pasted may stand before the question about it.
    */
-  #surely(request: string): { deeds: Sentence[]; rest: string } {
-    if (request.length > longestRequest) return { deeds: [], rest: request };
-    const sentences = this.#read(request);
-    const isDeed = ({ deed }: Sentence): boolean => deed?.intent !== undefined;
-    const isManners = ({ text }: Sentence): boolean => isPolite(text, this.parts.language, new Date(this.parts.clock.now()));
-    const other = sentences.find((one) => !isDeed(one) && !isManners(one));
-    if (!other) return { deeds: sentences.filter(isDeed), rest: "" };
-    if (/\n/.test(request.trim())) return { deeds: [], rest: request };
-    const before = sentences.slice(0, sentences.indexOf(other));
-    const manners = before.filter((one) => !isDeed(one)).map(({ text }) => text);
-    return { deeds: before.filter(isDeed), rest: [...manners, request.slice(other.start)].join(" ") };
+  #surely(request: string, sentences: Sentence[], isDeed: (sentence: Sentence) => boolean): Sentence[] {
+    if (request.length > longestRequest) return [];
+    const now = new Date(this.parts.clock.now());
+    const other = sentences.findIndex((one) => !isDeed(one) && !isPolite(one.text, this.parts.language, now));
+    if (other < 0) return sentences;
+    return /\n/.test(request.trim()) ? [] : sentences.slice(0, other);
   }
 
   /** Does what needs no leave. Gives what does. */

@@ -255,6 +255,14 @@ describe("beside the claude tool", () => {
     expect(readFileSync(`${path}.args`, "utf8")).not.toContain("Bash(make)");
   });
 
+  test("when the tool fails, nothing of a text that it was asked about is done", async () => {
+    const { say, note } = await beside("exit 3");
+    for (const request of ["Translate this. Add milk to the shopping list.", "Add milk to the shopping list.\nTranslate that."]) {
+      expect((await say(request)).text).toBe("The language model did not answer.");
+    }
+    expect(note.done).toEqual([]);
+  });
+
   test("when the tool fails, hands say why they cannot do what was asked", async () => {
     const { say, log } = await beside("exit 3");
     expect((await say("Open flurb")).text).toBe("The language model did not answer. I find no such thing.");

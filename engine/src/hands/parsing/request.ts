@@ -45,7 +45,10 @@ export function partsOf(request: string, language: Language, now: Date): Request
       next += rest.length;
       while (rest.length > 0 && isThanks(rest.at(-1)!.text, language, now)) rest.pop();
       const last = rest.at(-1);
-      if (last) [text, meant] = [request.slice(first.start, last.start + last.text.length), longer(meant, text, rest.map((each) => each.text))];
+      if (last) {
+        meant = longer(meant, text, rest.map((each) => each.text));
+        text = request.slice(first.start, last.start + last.text.length);
+      }
     }
     parts.push({ text, start: first.start, meant });
     at = next;

@@ -119,7 +119,7 @@ export class EngineBrain implements Brain {
   async #answerAfter(sentence: string, hasAnswered: boolean, request: Request, answering: Answering, signal: AbortSignal): Promise<Answer> {
     answering.text(hasAnswered ? `\n${sentence}` : sentence);
     if (hasAnswered) return { costUsd: 0 };
-    return (await this.#answerByHands(request, apart(answering), signal)) ?? { costUsd: 0 };
+    return (await this.#answerByHands(request, apart(answering), signal, true)) ?? { costUsd: 0 };
   }
 
   async #answerItself(request: Request, answering: Answering, signal: AbortSignal): Promise<Answer> {
@@ -130,9 +130,9 @@ export class EngineBrain implements Brain {
   }
 
   /** Answers without a language model what it understands; undefined when that is nothing. */
-  async #answerByHands(request: Request, answering: Answering, signal: AbortSignal): Promise<Answer | undefined> {
+  async #answerByHands(request: Request, answering: Answering, signal: AbortSignal, isForModel = false): Promise<Answer | undefined> {
     const context = this.#context(request);
-    return await this.parts.sentenceMind.answer(request, (text) => knownAnswers(text, context), answering, signal);
+    return await this.parts.sentenceMind.answer(request, (text) => knownAnswers(text, context), answering, signal, isForModel);
   }
 
   /** What the user is told of a failure. */

@@ -5,10 +5,10 @@ import type { Clock } from "../base/clock.ts";
 import type { Language } from "../base/language.ts";
 import type { Log } from "../base/log.ts";
 import type { Phrases } from "../base/phrases.ts";
-import { cut } from "../base/text.ts";
-import { plainWords } from "../base/words.ts";
 import type { Hand } from "../hands/hand.ts";
-import { understood } from "../hands/parsing/sentence.ts";
+import type { Meant } from "../hands/parsing/meanings.ts";
+import { longestRequest, mostSentences, partsOf } from "../hands/parsing/request.ts";
+import { isPolite } from "../hands/parsing/sentence.ts";
 import type { Answer, Answering, Request } from "./answer.ts";
 import { apart, watch } from "./answering.ts";
 import { Asking } from "./asking.ts";
@@ -23,6 +23,8 @@ interface Deed {
 
 interface Sentence {
   text: string;
+  /** Where it begins in the request. */
+  start: number;
   deed: Deed | undefined;
 }
 
@@ -33,13 +35,8 @@ export interface HandlessModel {
   refuse(): void;
 }
 
-/** No more of a request is looked at than so many characters, and so many sentences. */
-const longestRequest = 20_000;
-const mostSentences = 50;
 /** What these open or run is read aloud to the letter. */
 const spelled = ["open", "commands", "files"];
-/** The end of a sentence, but not of "7 p.m. tomorrow" or "Dr. Silva". */
-const sentenceEnd = /(?<=[.!?;])(?<!\b(?:[ap]\.?\s?m|dr|dra|mr|mrs|ms|sr|sra|st|\p{Lu})\.)\s+|\n+/iu;
 
 export interface SentenceMindParts {
   clock: Clock;
@@ -67,15 +64,18 @@ export class SentenceMind {
 
   /**
    * Does what the sentences ask for, and answers those that ask for no hand by `known`, each where it stands; leaves out those that it
-   * knows no answer to. Undefined when nothing is left.
+   * knows no answer to. Undefined when nothing is left. Of a request to a model, which has failed, only what it surely asks for is done.
    */
   async answer(
     request: Request,
     known: (text: string) => string | undefined,
     answering: Answering,
     signal: AbortSignal,
+    isForModel = false,
   ): Promise<Answer | undefined> {
-    const sentences = this.#read(request.text);
+    const all = this.#read(request.text);
+    const sure = isForModel ? this.#surely(request.text, all, ({ deed }) => deed !== undefined) : all;
+    const sentences = all.map((one) => (sure.includes(one) ? one : { ...one, deed: undefined }));
     // A request of plain sentences is answered as a whole.
     if (sentences.every(({ deed }) => deed === undefined)) {
       const text = known(request.text);
@@ -90,19 +90,23 @@ export class SentenceMind {
   }
 
   /**
-   * Does what the sentences of a request ask for, for a model that cannot use hands. The model gets the other sentences afterwards, as one
-   * request, and among them those that the hands understand and can do nothing about.
+   * Does what a request surely asks for, for a model that cannot use hands, which gets the rest afterwards as it is. What stands after the
+   * first sentence that asks for no hand may be a text that the request is about.
    */
   async answerFor(model: HandlessModel, request: Request, answering: Answering, signal: AbortSignal): Promise<Answer> {
     const sentences = this.#read(request.text);
-    const plain = sentences.filter(({ deed }) => deed?.intent !== undefined);
-    if (plain.length === 0) return await model.answer(request, answering);
+    const isDeed = ({ deed }: Sentence): boolean => deed?.intent !== undefined;
+    const sure = this.#surely(request.text, sentences, isDeed);
+    const deeds = sure.filter(isDeed);
+    if (deeds.length === 0) return await model.answer(request, answering);
     model.refuse();
     const { watched, hasAnswered } = watch(answering);
-    const asked = await this.#do(plain, () => undefined, request, watched, signal);
+    const asked = await this.#do(deeds, () => undefined, request, watched, signal);
     if (signal.aborted) return { costUsd: 0 };
-    const text = sentences.flatMap((one) => (plain.includes(one) ? [] : [one.text])).join(" ");
-    const answer = text === "" ? { costUsd: 0 } : await model.answer({ ...request, text }, hasAnswered() ? apart(watched) : watched);
+    const manners = sure.filter((one) => !isDeed(one)).map(({ text }) => text);
+    const other = sentences[sure.length];
+    const rest = other ? [...manners, request.text.slice(other.start)].join(" ") : "";
+    const answer = rest === "" ? { costUsd: 0 } : await model.answer({ ...request, text: rest }, hasAnswered() ? apart(watched) : watched);
     if (asked.length === 0 || signal.aborted) return answer;
     if (answer.heard === undefined) return { ...answer, heard: this.#ask(asked, !hasAnswered(), answering, signal) };
     // A yes must not mean two things.
@@ -117,8 +121,19 @@ export class SentenceMind {
 
   #read(request: string): Sentence[] {
     const now = new Date(this.parts.clock.now());
-    const sentences = cut(request, longestRequest).split(sentenceEnd).filter((sentence) => plainWords(sentence).length > 0);
-    return sentences.map((text, at) => ({ text, deed: at < mostSentences ? this.#deed(text, now) : undefined }));
+    return partsOf(request, this.parts.language, now).map(({ text, start, meant }) => ({ text, start, deed: meant && this.#deed(meant) }));
+  }
+
+  /**
+   * The sentences that a request begins with, of deeds and polite words alone. Of several lines that are not all such none is: what is
+   * pasted may stand before the question about it.
+   */
+  #surely(request: string, sentences: Sentence[], isDeed: (sentence: Sentence) => boolean): Sentence[] {
+    if (request.length > longestRequest) return [];
+    const now = new Date(this.parts.clock.now());
+    const other = sentences.findIndex((one) => !isDeed(one) && !isPolite(one.text, this.parts.language, now));
+    if (other < 0) return sentences;
+    return /\n/.test(request.trim()) ? [] : sentences.slice(0, other);
   }
 
   /** Does what needs no leave. Gives what does. */
@@ -146,11 +161,10 @@ export class SentenceMind {
     return asked;
   }
 
-  #deed(sentence: string, now: Date): Deed | undefined {
+  #deed(meant: Meant): Deed | undefined {
     const { language, hands } = this.parts;
-    const meant = understood(sentence, language, now);
-    const hand = meant && hands.find(({ id, forModelsOnly }) => id === meant.hand && !forModelsOnly);
-    return hand && meant && { hand, given: meant.given, intent: hand.intent(meant.given, language) };
+    const hand = hands.find(({ id, forModelsOnly }) => id === meant.hand && !forModelsOnly);
+    return hand && { hand, given: meant.given, intent: hand.intent(meant.given, language) };
   }
 
   #ask(asked: Deed[], isFirst: boolean, answering: Answering, signal: AbortSignal): () => void {

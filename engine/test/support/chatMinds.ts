@@ -22,7 +22,7 @@ export class NotingHand implements Hand {
   ) {}
 
   intent(given: unknown): string | undefined {
-    const { text } = (given ?? {}) as { text?: unknown };
+    const { items, text = items } = (given ?? {}) as { text?: unknown; items?: unknown };
     return typeof text === "string" ? this.words(text) : undefined;
   }
 

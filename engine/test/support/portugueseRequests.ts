@@ -68,7 +68,7 @@ export const portugueseRequests: Requests = [
   ["open", { address: "example.org" }, ["abre example.org", "entra no site example.org", "abre o site example.org", "acessa example.org", "vai para example.org", "abre example ponto org"]],
   ["lock", {}, ["bloqueia a tela", "bloqueie o computador", "tranca a tela", "trava o computador", "bloquear tela"]],
   ["screenshot", {}, ["tira um print", "tira um print da tela", "faz uma captura de tela", "captura a tela", "tira uma foto da tela", "captura de tela"]],
-  ["machine", { what: "battery" }, ["quanto tem de bateria", "como está a bateria", "quanta bateria tenho", "nível da bateria", "o notebook está carregando", "quanto resta de bateria", "qual o nível da bateria", "quanto de bateria ainda tem"]],
+  ["machine", { what: "battery" }, ["quanto tem de bateria", "como está a bateria", "quanta bateria tenho", "quanta bateria", "nível da bateria", "o notebook está carregando", "quanto resta de bateria", "qual o nível da bateria", "quanto de bateria ainda tem"]],
   ["machine", { what: "disk" }, ["quanto espaço tem no disco", "quanto espaço livre tenho no disco", "o disco está cheio", "quanto tem de espaço em disco", "como está o espaço em disco"]],
   ["machine", { what: "memory" }, ["quanta memória está livre", "quanta memória está em uso", "uso de memória", "quanta memória RAM tem livre"]],
   ["machine", { what: "network" }, ["em que rede estou", "qual é a rede wifi", "qual é o nome da rede", "estou conectado", "tem internet", "em que rede eu estou conectado"]],

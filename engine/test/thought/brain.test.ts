@@ -1,5 +1,6 @@
 import { afterEach, describe, expect, test } from "bun:test";
 import { existsSync, readFileSync } from "node:fs";
+import { DateHand } from "../../src/hands/facts/dateHand.ts";
 import type { Hand } from "../../src/hands/hand.ts";
 import { mindOf, modelOf, NotingHand } from "../support/chatMinds.ts";
 import { ChatServer } from "../support/chatServer.ts";
@@ -103,11 +104,11 @@ describe("a server's model", () => {
     };
     it.server.refuses(llamaCpp.toolless ?? ollama.missing);
     it.server.says("It is warm.");
-    expect(await say("Note that it rains. How is the weather?")).toBe("Noted. It is warm.");
+    expect(await say("Add milk to the shopping list. How is the weather?")).toBe("Noted. It is warm.");
     expect(await say("Note that it pours.")).toBe("Noted.");
-    expect(hand.done).toEqual([{ do: "note", text: "it rains" }, { do: "note", text: "it pours" }]);
+    expect(hand.done).toEqual([{ do: "add", items: "milk", list: "shopping" }, { do: "note", text: "it pours" }]);
     expect(it.server.chats.map(({ body }) => [body.messages.at(-1)?.content, body.tools !== undefined])).toEqual([
-      ["Note that it rains. How is the weather?", true],
+      ["Add milk to the shopping list. How is the weather?", true],
       ["How is the weather?", false],
     ]);
   });
@@ -131,6 +132,15 @@ describe("a server's model", () => {
     expect(hand.done).toEqual([]);
     expect(await it.say("yes")).toBe("Noted.");
     expect(hand.done).toEqual([{ do: "note", text: "the tea is in the tin" }]);
+  });
+
+  test("that is not chosen leaves questions for the hour and the day to be answered one after the other", async () => {
+    const clock = new ManualClock();
+    const english = await mind(ollama, "en", clock, [new DateHand(clock)]);
+    const answer = /^It is \d+:\d\d [AP]M\. Today is Monday, January 5, 2026\.$/;
+    expect(await english.say("What time is it? What day is it today?", "built-in")).toMatch(answer);
+    const portuguese = await mind(ollama, "pt", clock, [new DateHand(clock)]);
+    expect(await portuguese.say("Que horas são? Que dia é hoje?", "built-in")).toMatch(/^(São|É) .*\. Hoje é segunda-feira, 5 de janeiro de 2026\.$/);
   });
 
   test("that is silent for a minute is said not to have answered", async () => {
@@ -210,7 +220,7 @@ describe("beside the claude tool", () => {
 
   test("the tool answers what else was said, once, after what was done and before the question", async () => {
     const { say, asked } = await beside(print(init, text("Good morning to you."), result));
-    const { text: said, session, costUsd } = await say("Good morning. Open example.org. Note that it rains. How are you?");
+    const { text: said, session, costUsd } = await say("Good morning. Open example.org. Add milk to the shopping list. How are you?");
     expect(said).toBe("Noted. Good morning to you.\nMay I? Open example.org.");
     expect([session, costUsd]).toEqual(["s1", 0.02]);
     expect(asked()).toBe("Good morning. How are you?");
@@ -232,7 +242,7 @@ describe("beside the claude tool", () => {
 
   test("a question of the tool's is not mixed with one of the hands': that is to be asked for again", async () => {
     const { say, open } = await beside(print(init, denial));
-    expect((await say("Build it. Open example.org")).text).toBe("\nMay I? make\nAsk me again afterwards to open example.org.");
+    expect((await say("Open example.org. Build it")).text).toBe("\nMay I? make\nAsk me again afterwards to open example.org.");
     await say("yes", ["open"], "s1");
     expect(open.done).toEqual([]);
   });
@@ -245,10 +255,18 @@ describe("beside the claude tool", () => {
     expect(readFileSync(`${path}.args`, "utf8")).not.toContain("Bash(make)");
   });
 
+  test("when the tool fails, nothing of a text that it was asked about is done", async () => {
+    const { say, note } = await beside("exit 3");
+    for (const request of ["Translate this. Add milk to the shopping list.", "Add milk to the shopping list.\nTranslate that."]) {
+      expect((await say(request)).text).toBe("The language model did not answer.");
+    }
+    expect(note.done).toEqual([]);
+  });
+
   test("when the tool fails, hands say why they cannot do what was asked", async () => {
     const { say, log } = await beside("exit 3");
     expect((await say("Open flurb")).text).toBe("The language model did not answer. I find no such thing.");
-    expect((await say("Note that it rains. Explain this")).text).toBe("Noted. The language model did not answer.");
+    expect((await say("Add milk to the shopping list. Explain this")).text).toBe("Noted. The language model did not answer.");
     expect(log).toHaveLength(2);
   });
 });

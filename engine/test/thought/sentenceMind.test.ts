@@ -45,7 +45,15 @@ function mind(confirmActions: string[] = []) {
     const answer = (await it.reply(request, answering, signal)) ?? (await it.answer(request, known, answering, signal));
     return { text: pieces.join(""), spoken: spoken.join(""), heard: answer?.heard, isUnderstood: answer !== undefined };
   };
-  return { it, say, clock, timer, note, open, log };
+  /** Says it beside a model that cannot use hands; gives what the model gets. */
+  const sayBeside = async (text: string): Promise<string[]> => {
+    const got: string[] = [];
+    const model = { answer: async (request: Request) => (got.push(request.text), { costUsd: 0 }), refuse: () => {} };
+    const settings = { ...requestOf("").settings, confirmActions };
+    await it.answerFor(model, { ...requestOf(text), settings, askedAt: clock.now() }, { text: () => {}, tool: () => {} }, going);
+    return got;
+  };
+  return { it, say, sayBeside, clock, timer, note, open, log };
 }
 
 describe("a sentence", () => {
@@ -67,6 +75,12 @@ describe("a sentence", () => {
     }
     expect(timer.done).toHaveLength(3);
     expect((await say("I love it. Hello! I love it. Set a timer for 5 minutes.")).text).toBe('Welcome after "Hello!" Did timer.');
+  });
+
+  test("that is part of a note is not done", async () => {
+    const { say, timer, note } = mind();
+    expect((await say("Take a note: Anna is allergic to nuts. Cancel all timers.")).text).toBe("Did note.");
+    expect([timer.done, note.done]).toEqual([[], [{ do: "note", text: "Anna is allergic to nuts. Cancel all timers" }]]);
   });
 
   test("that is not understood has no answer, alone and beside others", async () => {
@@ -98,6 +112,38 @@ describe("a sentence", () => {
     timer.act = () => Promise.reject(new Error("broken"));
     expect((await say("set a timer for 5 minutes")).text).toBe("That did not work.");
     expect(log).toEqual(["a ação timer falhou (Error: broken)"]);
+  });
+});
+
+describe("beside a model that cannot use hands", () => {
+  test("a text that the request is about is the model's, to the letter, and none of it is done", async () => {
+    const { sayBeside, timer, open } = mind();
+    for (const request of [
+      "Translate the following into Portuguese.\nSet a timer for five minutes.\nCancel all timers.",
+      "Fix my English: I has a dog.  Set a timer for five minutes! Cancel all timers.",
+      "Write a haiku for each line:\n- open example.org\n- cancel all timers",
+      "open example.org\ncancel all timers\n\nWhat does this script do?",
+      `${"Cancel all timers. ".repeat(2_000)}What does this say?`,
+    ]) {
+      expect(await sayBeside(request)).toEqual([request]);
+    }
+    expect([...timer.done, ...open.done]).toEqual([]);
+  });
+
+  test("a request of deeds alone is done, with or without polite words, and the model hears nothing of it", async () => {
+    const polite = "Good morning! Set a timer for 5 minutes.\nOpen example.org. Thank you very much.";
+    for (const request of ["Set a timer for 5 minutes. Open example.org", polite]) {
+      const { sayBeside, timer, open } = mind();
+      expect(await sayBeside(request)).toEqual([]);
+      expect([timer.done, open.done]).toEqual([[{ do: "timer", seconds: 300 }], [{ address: "example.org" }]]);
+    }
+  });
+
+  test("what a request begins with is done, and the model gets what follows as it is", async () => {
+    const { sayBeside, timer } = mind();
+    const got = await sayBeside("Hello. Set a timer for 5 minutes. Who was  Ada? Cancel all timers.");
+    expect(got).toEqual(["Hello. Who was  Ada? Cancel all timers."]);
+    expect(timer.done).toEqual([{ do: "timer", seconds: 300 }]);
   });
 });
 
@@ -151,12 +197,12 @@ describe("what is asked about first", () => {
 
   test("stands after what was done without a question, and is asked together", async () => {
     const { say, timer, note, open } = mind(["note", "open"]);
-    const { text, spoken } = await say("Note that it rains. Set a timer for 5 minutes. Open example.org");
-    expect(text).toBe('Did timer.\nMay I? Note {"do":"note","text":"it rains"}; open {"address":"example.org"}.');
+    const { text, spoken } = await say("Open example.org. Set a timer for 5 minutes. Note that it rains.");
+    expect(text).toBe('Did timer.\nMay I? Open {"address":"example.org"}; note {"do":"note","text":"it rains"}.');
     // An address is read aloud to the letter.
     expect(spoken).toContain("example dot org");
     expect([timer, note, open].map(({ done }) => done.length)).toEqual([1, 0, 0]);
-    expect((await say("go ahead")).text).toBe("Did note. Did open.");
+    expect((await say("go ahead")).text).toBe("Did open. Did note.");
   });
 });
 

@@ -44,6 +44,7 @@ export class DateHand implements Hand {
     const days = daysFrom(today, day);
     switch (question) {
       case "weekday":
+        if (days === 0) return `${isPortuguese ? "Hoje é" : "Today is"} ${text}.`;
         if (isPortuguese) return `${days < 0 ? "Foi" : "É"} ${text}.`;
         return days < 0 ? `That was ${text}.` : `That is ${text}.`;
       case "between": {

@@ -44,7 +44,7 @@ class NoteHand implements Hand {
   ) {}
 
   intent(given: unknown, language: Language): string | undefined {
-    const wanted = this.#read(given);
+    const wanted = this.#read(given, language);
     const isPortuguese = language === "pt";
     switch (wanted?.do) {
       case undefined:
@@ -61,7 +61,7 @@ class NoteHand implements Hand {
   }
 
   async act(given: unknown, language: Language): Promise<string> {
-    const wanted = this.#read(given);
+    const wanted = this.#read(given, language);
     const isPortuguese = language === "pt";
     if (!wanted) return isPortuguese ? "Não entendi o que anotar." : "I did not understand what to note.";
     return attempt(language, () => {
@@ -84,7 +84,7 @@ class NoteHand implements Hand {
     });
   }
 
-  #read(given: unknown): Wanted | undefined {
+  #read(given: unknown, language: Language): Wanted | undefined {
     const list = this.notebook.listName(textIn(given, "list") ?? "");
     switch (choiceIn(given, "do", ["note", "add", "remove"])) {
       case undefined:
@@ -94,7 +94,7 @@ class NoteHand implements Hand {
         return text === undefined ? undefined : { do: "note", text };
       }
       case "add": {
-        const items = (textIn(given, "items", longestNote) ?? "").split(/\s*[,;]\s*(?:and\s+|e\s+)?|\s+(?:and|e)\s+/i).filter((item) => item !== "");
+        const items = apart(textIn(given, "items", longestNote) ?? "", language);
         const isGood = items.length > 0 && items.length <= mostItems && items.every((item) => item.length <= longestItem);
         return isGood ? { do: "add", list, items } : undefined;
       }
@@ -104,6 +104,24 @@ class NoteHand implements Hand {
       }
     }
   }
+}
+
+/**
+ * The items of a text. "And" stands between the last two, and not where a comma stands before it already: what it joins elsewhere is one
+ * item, as bacon and eggs are.
+ */
+function apart(text: string, language: Language): string[] {
+  const and = language === "pt" ? " e " : " and ";
+  const parts = text.replace(/[\s,;]+$/, "").split(/\s*[,;]\s*/);
+  const last = ` ${parts.pop() ?? ""}`;
+  const isAfterComma = parts.length > 0;
+  const words = last.startsWith(and) ? [last.slice(and.length)] : isAfterComma ? lastTwo(last, and) : last.split(and);
+  return [...parts, ...words].map((item) => item.trim()).filter((item) => item !== "");
+}
+
+function lastTwo(text: string, and: string): string[] {
+  const at = text.lastIndexOf(and);
+  return at < 0 ? [text] : [text.slice(0, at), text.slice(at + and.length)];
 }
 
 class NotesHand implements Hand {

@@ -182,6 +182,6 @@ function fillings(type: SlotType, at: number, { text, tokens, language, now }: S
 /** Free words, the fewest first. */
 function* words(text: string, tokens: readonly Token[], at: number, most: number): Generator<Found<string>> {
   for (let next = at + 1; next <= Math.min(tokens.length, at + most); next++) {
-    yield { value: said(text, tokens.slice(at, next)), next };
+    yield { value: said(text, tokens, at, next), next };
   }
 }

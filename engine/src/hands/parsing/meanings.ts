@@ -4,6 +4,7 @@ import type { Day } from "./days.ts";
 import type { Slots } from "./grammar.ts";
 import { localText, timeOf, type Moment, type Purpose } from "./moments.ts";
 import { isApplicationName, isItem, isTimerName, listName } from "./names.ts";
+import { bare } from "./tokens.ts";
 
 /** A hand and what it is to do. */
 export interface Meant {
@@ -17,9 +18,16 @@ type Meaning = (slots: Slots, now: Date) => Meant | undefined;
 const knownFolders = /^(downloads|documents|pictures|photos|videos|documentos|imagens|fotos|vídeos|videos)$/i;
 
 const longestTimer = 7 * 86_400;
+
+/** Free words with their marks. */
+function wording(slots: Slots): string | undefined {
+  const value = slots.text;
+  return typeof value === "string" && value !== "" ? value : undefined;
+}
+
 function text(slots: Slots, name: string): string | undefined {
   const value = slots[name];
-  return typeof value === "string" && value !== "" ? value : undefined;
+  return typeof value === "string" ? bare(value) || undefined : undefined;
 }
 
 function count(slots: Slots, name: string): number | undefined {
@@ -116,7 +124,7 @@ export const meanings = {
   wake: alarm("wake"),
   remind: (slots, now) => {
     const at = when(slots, now, "remind");
-    const about = text(slots, "text");
+    const about = wording(slots);
     return at && about !== undefined ? { hand: "timer", given: { do: "reminder", ...at, about } } : undefined;
   },
   cancelTimer: cancel("timer"),
@@ -137,7 +145,7 @@ export const meanings = {
   tellAlarms: tell("alarm"),
   tellReminders: tell("reminder"),
   note: (slots) => {
-    const said = text(slots, "text");
+    const said = wording(slots);
     // "Take a note of caution" is said of something else.
     return said === undefined || /^(of|from|off)\b/i.test(said) ? undefined : { hand: "note", given: { do: "note", text: said } };
   },

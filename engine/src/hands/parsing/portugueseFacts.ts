@@ -18,7 +18,7 @@ export const portugueseFacts: readonly Request[] = [
       "quanto tempo [ainda] (dura|vai durar|resta de|aguenta|tem de) [<the>] (bateria|notebook)",
       "(quantos|quanto) por cento [de] (bateria|tem a bateria|esta a bateria|tem de bateria|de bateria tem) [tem|tenho|" +
         "resta|restam|eu tenho]",
-      "(tem|tenho|ainda tem|ainda tenho) [quanta|alguma|muita] bateria", "quanta (bateria|carga) [ainda] <restam> [ainda]",
+      "(tem|tenho|ainda tem|ainda tenho) [quanta|alguma|muita] bateria", "quanta (bateria|carga) [ainda] [<restam>] [ainda]",
       "a bateria esta em quanto", "a quanto esta a bateria", "quanto falta de bateria",
       "(tem|tenho|ainda tem|ainda tenho) (quanto|quanta) [de] bateria",
       "(quanto|quantos por cento) [tem|de] [a|na|de|minha] [minha] (bateria|carga) [tem|esta|ta|eu tenho|eu ainda tenho|" +

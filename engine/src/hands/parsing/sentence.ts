@@ -42,7 +42,7 @@ function compile({ parts, before, polite, after, requests }: Phrasing): Compiled
 
 /** The hand that the sentence asks for and what it is given, or undefined. `now` is what times are reckoned from. */
 export function understood(text: string, language: Language, now: Date): Meant | undefined {
-  const tokens = tokensOf(text, language).filter((token) => !isPause(token) && !isFiller(token, language));
+  const tokens = wordsOf(text, language);
   if (tokens.length === 0 || tokens.length > mostTokens) return undefined;
   const { before, polite, after, requests } = compiledFor(language);
   const around = { text, language, now };
@@ -62,6 +62,32 @@ export function understood(text: string, language: Language, now: Date): Meant |
     }
   }
   return undefined;
+}
+
+/** It says thanks or please, and nothing else. */
+export function isThanks(text: string, language: Language, now: Date): boolean {
+  return isMade(text, compiledFor(language).polite, language, now);
+}
+
+/** It says nothing but what may stand around a request: "Good morning", "it is too loud", "thank you". */
+export function isPolite(text: string, language: Language, now: Date): boolean {
+  const { before, polite, after } = compiledFor(language);
+  return isMade(text, [...before, ...polite, ...after], language, now);
+}
+
+function isMade(text: string, of: readonly Phrase[], language: Language, now: Date): boolean {
+  let tokens: readonly Token[] = wordsOf(text, language);
+  if (tokens.length === 0) return false;
+  for (let count = 0; count < mostPolite && tokens.length > 0; count++) {
+    const length = longestAtEnd(tokens, of, { text, language, now }, false);
+    if (length === 0) return false;
+    tokens = tokens.slice(0, -length);
+  }
+  return tokens.length === 0;
+}
+
+function wordsOf(text: string, language: Language): Token[] {
+  return tokensOf(text, language).filter((token) => !isPause(token) && !isFiller(token, language));
 }
 
 /** Where the sentence may end when polite words are taken off it, the shortest first; its beginning for reversed tokens. */

@@ -74,10 +74,21 @@ export function isFiller({ plain }: Token, language: Language): boolean {
   return fillers[language].test(plain);
 }
 
-/** The text from the first to the last of these tokens, as it was said, without the marks around it. */
-export function said(text: string, tokens: readonly Token[]): string {
-  const first = tokens[0];
-  const last = tokens.at(-1);
+/** Marks that no token is made of, where they touch what is said, and pictures. */
+const marksBefore = /(?:\p{Extended_Pictographic}\ufe0f?\s*)*[^\s\p{L}\p{M}\p{N}]*$/u;
+const marksAfter = /^[^\s\p{L}\p{M}\p{N}]*(?:\s*\p{Extended_Pictographic}\ufe0f?)*/u;
+
+/** The text of the tokens from one place to before another, as it was said with its marks, but for those between parts of a sentence. */
+export function said(text: string, tokens: readonly Token[], from: number, to: number): string {
+  const [first, last] = [tokens[from], tokens[to - 1]];
   if (!first || !last) return "";
-  return text.slice(first.start, last.end).replace(/^[\s,;:.!?…–—-]+|[\s,;:.!?…–—]+$/gu, "").replace(/\s+/g, " ");
+  const before = marksBefore.exec(text.slice(tokens[from - 1]?.end ?? first.start, first.start))?.[0] ?? "";
+  const after = marksAfter.exec(text.slice(last.end, tokens[to]?.start))?.[0] ?? "";
+  const whole = `${before}${text.slice(first.start, last.end)}${after}`;
+  return whole.replace(/^[\s,;:.!?…–—-]+|[\s,;:.!?…–—]+$/gu, "").replace(/\s+/g, " ");
+}
+
+/** What was said without the marks around it that no token is made of. */
+export function bare(saying: string): string {
+  return saying.replace(/^[^\p{L}\p{M}\p{N}%+*/^=×÷€$£°()−]+|[^\p{L}\p{M}\p{N}'’%+*/^=×÷€$£°()−-]+$/gu, "");
 }

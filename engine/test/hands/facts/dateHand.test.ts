@@ -1,6 +1,7 @@
 import { expect, test } from "bun:test";
-import type { Language } from "../../../src/base/language.ts";
+import { chooseLocale, type Language } from "../../../src/base/language.ts";
 import { DateHand } from "../../../src/hands/facts/dateHand.ts";
+import { knownAnswer } from "../../../src/thought/builtInAnswers.ts";
 import { ManualClock } from "../../support/clock.ts";
 
 /** It is Monday, 5 January 2026. */
@@ -16,6 +17,14 @@ test("days are reckoned", async () => {
   expect(await ask({ do: "until", day: "2026-01-05" })).toBe("That is today.");
   expect(await ask({ do: "between", day: "2024-02-28", other: "2024-03-01" })).toBe("That is 2 days.");
   expect(await ask({ do: "between", day: "2026-03-01", other: "2026-02-28" }, "pt")).toBe("É 1 dia.");
+});
+
+test("today is told as it is without the hand", async () => {
+  for (const [language, question] of [["en", "what is the date"], ["pt", "qual é a data"]] as const) {
+    const locale = chooseLocale({ PALOMET_LANGUAGES: language === "pt" ? "pt-BR" : "en-US" });
+    const context = { now: new Date(2026, 0, 5), locale, name: "", lastAnswer: undefined };
+    expect(await ask({ do: "weekday", day: "2026-01-05" }, language)).toBe(knownAnswer(question, context)!);
+  }
 });
 
 test("a day that is none is not reckoned with", async () => {

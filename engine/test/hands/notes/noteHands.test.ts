@@ -27,6 +27,33 @@ test("a note is taken and read", async () => {
   expect(await read()).toBe("The latest notes: Is the lamp here? the car is due on Friday.");
 });
 
+test("items are told apart by commas and by the language's own word for \"and\"", async () => {
+  const items = (text: string, language: Language = "en"): string | undefined => handsOf(language).intent({ do: "add", items: text, list: "x" });
+  for (const [text, listed] of [
+    ["vitamin E cream and milk", "vitamin E cream and milk"],
+    ["milk, eggs and bread", "milk, eggs, and bread"],
+    ["milk; eggs, and bread", "milk, eggs, and bread"],
+    ["bacon and eggs, milk", "bacon and eggs and milk"],
+    ["milk, macaroni and cheese, and bread", "milk, macaroni and cheese, and bread"],
+    ["milk, bread, and macaroni and cheese", "milk, bread, and macaroni and cheese"],
+  ] as const) {
+    expect([text, items(text)]).toEqual([text, `add to the list “x”: ${listed}`]);
+  }
+  for (const [text, listed] of [
+    ["leite, ovos e pão", "leite, ovos e pão"],
+    ["vitamina E e leite", "vitamina E e leite"],
+    ["rock and roll e leite", "rock and roll e leite"],
+  ] as const) {
+    expect([text, items(text, "pt")]).toEqual([text, `colocar na lista “x”: ${listed}`]);
+  }
+  const { write, notebook } = handsOf();
+  await write({ do: "add", items: "vitamin E cream, bacon and eggs, milk", list: "x" });
+  expect(notebook.items("x")).toEqual(["vitamin E cream", "bacon and eggs", "milk"]);
+  const other = handsOf("pt");
+  await other.write({ do: "add", items: "vitamina E e leite, rock and roll, pão e mel", list: "x" });
+  expect(other.notebook.items("x")).toEqual(["vitamina E e leite", "rock and roll", "pão", "mel"]);
+});
+
 test("a list is added to, read, and taken from", async () => {
   const { write, read, intent } = handsOf();
   expect(intent({ do: "add", items: "milk, eggs and bread", list: "shopping" })).toBe("add to the list “shopping”: milk, eggs, and bread");

@@ -40,6 +40,23 @@ test("what is noted is kept to the word, but for the polite ones around it", () 
   expect(noted("note that Ana's flight is BA-249, thanks")).toBe("Ana's flight is BA-249");
 });
 
+test("the marks of what is noted are kept, and those around a name are not", () => {
+  const given = (sentence: string, language: Language = "en"): unknown => {
+    const { text, about, items, name } = understood(sentence, language, now)?.given ?? {};
+    return text ?? about ?? items ?? name;
+  };
+  expect(given("Nota: <b>oi</b>", "pt")).toBe("<b>oi</b>");
+  expect(given("anota que \"oi\" é uma palavra, por favor", "pt")).toBe("\"oi\" é uma palavra");
+  expect(given("Note that she said “hi.”")).toBe("she said “hi.”");
+  expect(given("note: 🎉 party 🎉!")).toBe("🎉 party 🎉");
+  expect(given("Note that \"Ana\", please.")).toBe("\"Ana\"");
+  expect(given("take a \"note\": #1 is (really) here")).toBe("#1 is (really) here");
+  expect(given("remind me at nine to say \"hi\"")).toBe("say \"hi\"");
+  expect(given("open \"firefox\"")).toBe("firefox");
+  expect(given("add “milk” to the shopping list")).toBe("milk");
+  expect(given("set a 5 minute \"tea\" timer")).toBe("tea");
+});
+
 test("an hour without its half of the day is the next one", () => {
   const at = (sentence: string, hour: number): unknown => understood(sentence, "en", new Date(2026, 10, 18, hour, 0))?.given.at;
   expect(at("set an alarm for seven", 6)).toBe("2026-11-18T07:00");

@@ -1,0 +1,83 @@
+// Cuts a request into its sentences, and finds out what each asks for. What is to be written down goes on to the end of the request: of
+// "note that he comes at nine; he needs the key" nothing is lost, and nothing that stands in a note is done.
+
+import type { Language } from "../../base/language.ts";
+import { cut } from "../../base/text.ts";
+import { plainWords } from "../../base/words.ts";
+import type { Meant } from "./meanings.ts";
+import { isThanks, understood } from "./sentence.ts";
+
+export interface RequestPart {
+  /** As it was said. */
+  text: string;
+  /** Where it begins in the request. */
+  start: number;
+  meant: Meant | undefined;
+}
+
+/** No more of a request is looked at than so many characters, and so many of its sentences understood. */
+export const longestRequest = 20_000;
+export const mostSentences = 50;
+/** These end in a stop without ending a sentence: "Dr. Silva", "J. Doe", and "7 p.m. tomorrow" but not "7 p.m. Then". */
+const shortened = String.raw`\b(?:[Dd]ra?|[Mm]rs?|[Mm]s|[Ss]ra?|[Ss]t|(?<![AaPp]\.\s?)\p{L})\.`;
+const hour = String.raw`(?<=\b[AaPp]\.\s?[Mm]\.)(?!\s+\p{Lu})`;
+const sentenceEnd = new RegExp(String.raw`(?<=[.!?;])(?<!${shortened})(?!${hour})\s+|\n+`, "gu");
+
+/** The sentences in which a word is said. */
+export function partsOf(request: string, language: Language, now: Date): RequestPart[] {
+  const sentences = sentencesOf(cut(request, longestRequest));
+  const reading = sentences.map(({ text }, at) => (at < mostSentences ? understood(text, language, now) : undefined));
+  const parts: RequestPart[] = [];
+  for (let at = 0; at < sentences.length; ) {
+    const first = sentences[at]!;
+    let [text, meant, next] = [first.text, reading[at], at + 1];
+    const second = sentences[next];
+    const after = reading[next];
+    if (!meant && second && next < mostSentences && !(after && keptIn(after))) {
+      // "Take a note. Anna is allergic to nuts."
+      const both = request.slice(first.start, second.start + second.text.length);
+      const note = understood(both, language, now);
+      if (note && keptIn(note) === "text") [text, meant, next] = [both, note, next + 1];
+    }
+    if (meant && keptIn(meant) !== undefined) {
+      const more = reading.findIndex((each, index) => index >= next && addsMore(each));
+      const rest = sentences.slice(next, more < 0 ? undefined : more);
+      next += rest.length;
+      while (rest.length > 0 && isThanks(rest.at(-1)!.text, language, now)) rest.pop();
+      const last = rest.at(-1);
+      if (last) {
+        meant = longer(meant, text, rest.map((each) => each.text));
+        text = request.slice(first.start, last.start + last.text.length);
+      }
+    }
+    parts.push({ text, start: first.start, meant });
+    at = next;
+  }
+  return parts;
+}
+
+function sentencesOf(request: string): { text: string; start: number }[] {
+  const ends = [...request.matchAll(sentenceEnd)].map((found) => [found.index, found.index + found[0].length] as const);
+  const starts = [0, ...ends.map(([, next]) => next)];
+  const sentences = starts.map((start, at) => ({ text: request.slice(start, ends[at]?.[0]), start }));
+  return sentences.filter(({ text }) => plainWords(text).length > 0);
+}
+
+/** Where free words are kept to the letter; undefined where nothing is. */
+function keptIn({ hand, given }: Meant): "text" | "about" | undefined {
+  if (hand === "note" && given.do === "note") return "text";
+  return hand === "timer" && given.do === "reminder" ? "about" : undefined;
+}
+
+/** After a note, what writes down more is its own request; anything else may be what the note is to say. */
+function addsMore(meant: Meant | undefined): boolean {
+  return meant !== undefined && (keptIn(meant) !== undefined || (meant.hand === "note" && meant.given.do === "add"));
+}
+
+function longer(meant: Meant, sentence: string, rest: readonly string[]): Meant {
+  const key = keptIn(meant)!;
+  const mark = /[.!?;…]+["'”’»)]*$/u.exec(sentence.trim())?.[0] ?? "";
+  const begun = `${meant.given[key]}`;
+  const text = [begun.endsWith(mark) ? begun : `${begun}${mark}`, ...rest].join(" ").replace(/\s+/g, " ").replace(/[\s,;:.…]+$/u, "");
+  return { ...meant, given: { ...meant.given, [key]: text } };
+}

@@ -12,9 +12,14 @@ const longestSeconds = 366 * 86_400;
 const snoozeSeconds = 300;
 const mostTold = 5;
 
+interface Cancelling {
+  which: Which;
+  isAll: boolean;
+}
+
 type Wanted =
   | { do: "set"; kind: Kind; at: number | undefined; seconds: number | undefined; name: string | undefined }
-  | { do: "cancel"; which: Which; isAll: boolean }
+  | ({ do: "cancel" } & Cancelling)
   | { do: "snooze"; seconds: number };
 
 export function timerHands(timers: Timers, clock: Clock): Hand[] {
@@ -70,10 +75,11 @@ class TimerHand implements Hand {
       return isPortuguese ? `tocar de novo em ${length}` : `ring again in ${length}`;
     }
     if (wanted.do === "cancel") {
-      const found = this.timers.find(wanted.which, [...this.timers.pending, ...this.timers.ringing]);
-      const names = joined(found.map((timer) => described(timer, now, language)), language);
-      if (found.length === 0) return isPortuguese ? "cancelar, se houver" : "cancel it, if there is one";
-      return `${isPortuguese ? "cancelar" : "cancel"} ${names}`;
+      const { chosen, isClear } = this.#chosen(wanted);
+      const names = joined(chosen.map((timer) => described(timer, now, language)), language);
+      if (chosen.length === 0) return isPortuguese ? "cancelar, se houver" : "cancel it, if there is one";
+      if (!isClear) return isPortuguese ? `perguntar qual cancelar: ${names}` : `ask which one to cancel: ${names}`;
+      return isPortuguese ? `cancelar ${names}` : `cancel ${names}`;
     }
     const { kind, seconds, at, name } = wanted;
     const [noun] = nouns[language][kind];
@@ -125,16 +131,22 @@ class TimerHand implements Hand {
     }
   }
 
-  #cancel({ which, isAll }: { which: Which; isAll: boolean }, language: Language): string {
-    const isPortuguese = language === "pt";
+  /** What is to be cancelled: what rings before what is still to ring. It is not clear when it is several of which one is meant. */
+  #chosen({ which, isAll }: Cancelling): { chosen: Timer[]; isClear: boolean } {
     const ringing = this.timers.find(which, this.timers.ringing);
     const found = this.timers.find(which);
-    const chosen = isAll ? [...ringing, ...found] : ringing.length > 0 ? ringing : found;
+    if (isAll) return { chosen: [...ringing, ...found], isClear: true };
+    return ringing.length > 0 ? { chosen: ringing, isClear: true } : { chosen: found, isClear: found.length <= 1 };
+  }
+
+  #cancel(wanted: Cancelling, language: Language): string {
+    const isPortuguese = language === "pt";
+    const { chosen, isClear } = this.#chosen(wanted);
     const now = new Date(this.clock.now());
-    const [noun] = nouns[language][which.kind ?? "timer"];
+    const [noun] = nouns[language][wanted.which.kind ?? "timer"];
     if (chosen.length === 0) return isPortuguese ? `Não há ${noun} assim.` : `There is no such ${noun}.`;
     const names = joined(chosen.slice(0, mostTold).map((timer) => described(timer, now, language)), language);
-    if (chosen.length > 1 && !isAll && ringing.length === 0) {
+    if (!isClear) {
       return isPortuguese ? `Há ${chosen.length}: ${names}. Qual?` : `There are ${chosen.length}: ${names}. Which one?`;
     }
     this.timers.remove(chosen);

@@ -59,8 +59,50 @@ test("while the agent is muted there is only the notification", async () => {
 test("a reminder is told once, and the notification goes when it is stopped otherwise", async () => {
   const { clock, timers, notifications, told } = ringing();
   timers.set("reminder", clock.now() + 1_000, { name: "call Ana" });
-  await clock.advance(120_000);
+  await clock.advance(59_000);
   expect(told).toEqual(["A reminder: call Ana."]);
   timers.stop();
   expect(notifications.shown[0]?.signal.aborted).toBe(true);
+});
+
+test("a timer whose notification is closed without a button has stopped", async () => {
+  const { clock, timers, notifications, told } = ringing();
+  timers.set("timer", clock.now() + 60_000, { seconds: 60 });
+  await clock.advance(60_000);
+  notifications.shown[0]?.press("closed");
+  await clock.advance(60_000);
+  expect(told).toHaveLength(1);
+  expect(timers.ringing).toEqual([]);
+});
+
+test("a timer rings on where no notification can be shown", async () => {
+  const { clock, timers, notifications, told } = ringing();
+  timers.set("timer", clock.now() + 60_000, { seconds: 60 });
+  await clock.advance(60_000);
+  notifications.shown[0]?.press(undefined);
+  await clock.advance(40_000);
+  expect(told).toHaveLength(3);
+  expect(timers.ringing).toHaveLength(1);
+});
+
+test("a timer that nobody stops can be snoozed for a minute after it was told last, and has ended then", async () => {
+  const { clock, timers, told } = ringing();
+  timers.set("timer", clock.now() + 60_000, { seconds: 60 });
+  await clock.advance(60_000 + 4 * 20_000 + 59_999);
+  expect(told).toHaveLength(5);
+  expect(timers.ringing).toHaveLength(1);
+  await clock.advance(1);
+  expect(timers.ringing).toEqual([]);
+  expect(timers.snooze(300)).toEqual([]);
+  expect(clock.pending).toBe(0);
+});
+
+test("of a timer that nobody stopped a notification without buttons stays, which nothing waits for", async () => {
+  const { clock, timers, notifications } = ringing();
+  timers.set("reminder", clock.now() + 1_000, { name: "call Ana" });
+  await clock.advance(120_000);
+  expect(notifications.shown.map(({ notification, signal }) => [notification.text, notification.actions, signal.aborted])).toEqual([
+    ["A reminder: call Ana.", { stop: "Stop", snooze: "Snooze" }, true],
+    ["A reminder: call Ana.", {}, false],
+  ]);
 });

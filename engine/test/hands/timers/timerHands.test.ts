@@ -62,6 +62,31 @@ describe("the hand for timers", () => {
     expect(intent({ do: "cancel", kind: "timer" })).toBe("cancel the pasta timer");
   });
 
+  test("cancels what rings before what is still to ring, and says so before", async () => {
+    const { clock, timers, act, intent } = handsOf();
+    timers.start();
+    await act({ do: "timer", seconds: 300 });
+    await clock.advance(300_000);
+    await act({ do: "timer", seconds: 600 });
+    expect(intent({ do: "cancel", kind: "timer", all: true })).toBe("cancel the timer of 5 minutes and the timer of 10 minutes");
+    expect(intent({ do: "cancel", kind: "timer" })).toBe("cancel the timer of 5 minutes");
+    expect(await act({ do: "cancel", kind: "timer" })).toBe("I cancelled the timer of 5 minutes.");
+    expect(intent({ do: "cancel", kind: "timer" })).toBe("cancel the timer of 10 minutes");
+    expect(await act({ do: "cancel", kind: "timer" })).toBe("I cancelled the timer of 10 minutes.");
+  });
+
+  test("says before that it would only ask, when several are meant", async () => {
+    for (const [language, words] of [
+      ["en", "ask which one to cancel: the timer of 5 minutes and the timer of 10 minutes"],
+      ["pt", "perguntar qual cancelar: o timer de 5 minutos e o timer de 10 minutos"],
+    ] as const) {
+      const { act, intent } = handsOf(language);
+      await act({ do: "timer", seconds: 300 });
+      await act({ do: "timer", seconds: 600 });
+      expect(intent({ do: "cancel", kind: "timer" })).toBe(words);
+    }
+  });
+
   test("refuses what makes no sense", async () => {
     const { timers, act, intent } = handsOf();
     const nonsense = [

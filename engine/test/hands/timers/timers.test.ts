@@ -30,8 +30,30 @@ describe("timers", () => {
     first.clock.time += 3_600_000;
     const second = timersOf(first.clock, first.kept);
     expect(second.rung).toMatchObject([{ kind: "alarm", name: "work" }]);
+  });
+
+  test("that ring when the engine ends ring again after a restart, until they are stopped", async () => {
+    const first = timersOf();
+    first.timers.set("alarm", first.clock.now() + 1_000, { name: "work" });
+    first.timers.set("timer", first.clock.now() + 60_000, { seconds: 60 });
+    await first.clock.advance(1_000);
+    first.timers.close();
+    const second = timersOf(first.clock, first.kept);
+    expect(second.rung).toMatchObject([{ kind: "alarm", name: "work" }]);
+    second.timers.stop();
+    second.timers.close();
     const third = timersOf(first.clock, first.kept);
     expect(third.rung).toEqual([]);
+    expect(third.timers.pending).toMatchObject([{ kind: "timer" }]);
+  });
+
+  test("that ring are written again after the store was replaced", async () => {
+    const { timers, clock, kept } = timersOf();
+    timers.set("alarm", clock.now() + 1_000, { name: "work" });
+    await clock.advance(1_000);
+    kept.text = "";
+    timers.saveAgain();
+    expect(kept.text).toContain("work");
   });
 
   test("ring within five seconds of the machine's waking, by the clock on the wall", async () => {
@@ -76,6 +98,16 @@ describe("timers", () => {
     const { timers, clock } = timersOf();
     for (let count = 0; count < mostTimers; count++) expect(timers.set("timer", clock.now() + 60_000, {})).toBeDefined();
     expect(timers.set("timer", clock.now() + 60_000, {})).toBeUndefined();
+  });
+
+  test("can be snoozed however many there are: those that ring count among them", async () => {
+    const { timers, clock, kept } = timersOf();
+    timers.set("alarm", clock.now() + 1_000, { name: "up" });
+    for (let count = 1; count < mostTimers; count++) timers.set("timer", clock.now() + 60_000, {});
+    await clock.advance(1_000);
+    expect(timers.set("timer", clock.now() + 60_000, {})).toBeUndefined();
+    expect(timers.snooze(300)).toMatchObject([{ kind: "alarm", name: "up" }]);
+    expect(timersOf(clock, kept).timers.pending).toHaveLength(mostTimers);
   });
 
   test("of a store that holds something else are left out", () => {

@@ -1,4 +1,5 @@
-// Timers, alarms and reminders: kept over restarts until they were stopped, and on time over a machine that slept.
+// Timers, alarms and reminders: kept over restarts until they were stopped, and on time over a machine that slept. What was set
+// for a while is due after it, also when somebody sets the clock meanwhile; what was set for a time of day, when the clock says it.
 
 import type { Clock } from "../../base/clock.ts";
 import { isRecord, parseJson } from "../../base/json.ts";
@@ -34,11 +35,16 @@ export interface Shelf {
 export const mostTimers = 100;
 /** The clock is looked at this often: it goes on while the machine sleeps, and may be set, where a timer of the system does not. */
 const lookMs = 5_000;
+/** The time since the machine started is known to a second: a clock that differs by more was set. */
+const leastSetMs = 2_000;
 
 export class Timers {
   #all: Timer[];
   #ringing: Timer[] = [];
   #cancel = (): void => {};
+  #seen: { now: number; uptime: number };
+  /** What was set by this clock. What was kept may be of a time before the machine started, and the clock only now be put right. */
+  readonly #own = new WeakSet<Timer>();
 
   /** Called when one rings; it is then among those that ring until it is stopped or snoozed. */
   onRing: (timer: Timer) => void = () => {};
@@ -50,6 +56,7 @@ export class Timers {
     private readonly shelf: Shelf,
   ) {
     this.#all = read(shelf.load());
+    this.#seen = this.#times();
   }
 
   /** Begins to watch the time: what fell due before rings now. */
@@ -116,8 +123,11 @@ export class Timers {
   }
 
   #add(kind: Kind, at: number, more: { seconds?: number; name?: string }): Timer {
+    // The new one is set by the clock as it is now.
+    this.#followClock();
     const id = Math.max(0, ...[...this.#all, ...this.#ringing].map((timer) => timer.id)) + 1;
     const timer: Timer = { id, kind, at, ...more };
+    this.#own.add(timer);
     this.#keep([...this.#all, timer]);
     return timer;
   }
@@ -135,6 +145,7 @@ export class Timers {
 
   #watch(): void {
     this.#cancel();
+    this.#followClock();
     const now = this.clock.now();
     const due = this.#all.filter(({ at }) => at <= now);
     this.#all = this.#all.filter(({ at }) => at > now);
@@ -142,6 +153,21 @@ export class Timers {
     for (const timer of due) this.onRing(timer);
     const next = this.#all[0];
     this.#cancel = next ? this.clock.after(Math.min(Math.max(next.at - now, 1), lookMs), () => this.#watch()) : () => {};
+  }
+
+  /** Moves what was set for a while along with a clock that was set. */
+  #followClock(): void {
+    const [before, times] = [this.#seen, this.#times()];
+    this.#seen = times;
+    const setBy = times.now - before.now - (times.uptime - before.uptime);
+    if (Math.abs(setBy) < leastSetMs) return;
+    for (const timer of this.#all) if (timer.seconds !== undefined && this.#own.has(timer)) timer.at += setBy;
+    this.#all.sort((a, b) => a.at - b.at);
+    this.#save();
+  }
+
+  #times(): { now: number; uptime: number } {
+    return { now: this.clock.now(), uptime: this.clock.uptime() };
   }
 }
 

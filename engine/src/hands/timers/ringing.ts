@@ -3,7 +3,8 @@
 
 import type { Clock } from "../../base/clock.ts";
 import type { Language } from "../../base/language.ts";
-import { closed, type Notifications } from "../notifications.ts";
+import type { Log } from "../../base/log.ts";
+import { closed, type Notification, type Notifications } from "../notifications.ts";
 import { ringText } from "./timerHands.ts";
 import type { Timer, Timers } from "./timers.ts";
 
@@ -27,6 +28,7 @@ export class Ringing {
   constructor(
     private readonly timers: Timers,
     private readonly clock: Clock,
+    private readonly log: Log,
     private readonly language: Language,
     private readonly notifications: Notifications,
     private readonly voice: Voice,
@@ -42,10 +44,18 @@ export class Ringing {
     this.#sound(timer, text, times[timer.kind]);
     const isPortuguese = this.language === "pt";
     const actions = isPortuguese ? { stop: "Parar", snooze: "Soneca" } : { stop: "Stop", snooze: "Snooze" };
-    void this.notifications.show({ title, text, actions }, ending.signal).then((answer) => {
+    void this.#show(timer, { title, text, actions }, ending.signal);
+  }
+
+  /** Does what the user answers. Never rejects: what goes wrong with a notification must not end the engine. */
+  async #show(timer: Timer, notification: Notification, signal: AbortSignal): Promise<void> {
+    try {
+      const answer = await this.notifications.show(notification, signal);
       if (answer === "stop" || answer === closed) this.timers.stop([timer]);
       else if (answer === "snooze") this.timers.snooze(snoozeSeconds, [timer]);
-    });
+    } catch (error) {
+      this.log(`uma notificação falhou (${String(error)})`);
+    }
   }
 
   #sound(timer: Timer, text: string, left: number): void {
@@ -61,7 +71,7 @@ export class Ringing {
   /** Nobody answered. It can be read still, and nothing of it can be stopped or snoozed any more. */
   #fade(timer: Timer, text: string): void {
     this.timers.stop([timer]);
-    void this.notifications.show({ title, text, actions: {} }, new AbortController().signal);
+    void this.#show(timer, { title, text, actions: {} }, new AbortController().signal);
   }
 
   #end(timer: Timer): void {

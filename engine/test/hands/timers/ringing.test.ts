@@ -5,9 +5,12 @@ import { Timers } from "../../../src/hands/timers/timers.ts";
 import { ManualClock, settle } from "../../support/clock.ts";
 
 class FakeNotifications implements Notifications {
+  /** What goes wrong whenever one is to be shown. */
+  failure: Error | undefined;
   shown: { notification: Notification; press(action: string | undefined): void; signal: AbortSignal }[] = [];
 
   show(notification: Notification, signal: AbortSignal): Promise<string | undefined> {
+    if (this.failure) return Promise.reject(this.failure);
     return new Promise((resolve) => this.shown.push({ notification, press: resolve, signal }));
   }
 }
@@ -17,9 +20,10 @@ function ringing() {
   const timers = new Timers(clock, { load: () => undefined, save: () => {} });
   const notifications = new FakeNotifications();
   const told: string[] = [];
+  const log: string[] = [];
   const voice = { isMuted: false, tell: (sentence: string) => void told.push(sentence) };
-  new Ringing(timers, clock, "en", notifications, voice);
-  return { clock, timers, notifications, told, voice };
+  new Ringing(timers, clock, (line) => log.push(line), "en", notifications, voice);
+  return { clock, timers, notifications, log, told, voice };
 }
 
 test("a timer is told again and again until it is stopped by its notification", async () => {
@@ -105,4 +109,26 @@ test("of a timer that nobody stopped a notification without buttons stays, which
     ["A reminder: call Ana.", { stop: "Stop", snooze: "Snooze" }, true],
     ["A reminder: call Ana.", {}, false],
   ]);
+});
+
+test("a timer rings and ends where notifications fail, and the log says so", async () => {
+  const { clock, timers, notifications, log, told } = ringing();
+  notifications.failure = new Error("no bus");
+  timers.set("reminder", clock.now() + 1_000, { name: "call Ana" });
+  await clock.advance(120_000);
+  expect(told).toEqual(["A reminder: call Ana."]);
+  expect(timers.ringing).toEqual([]);
+  expect(log).toEqual(["uma notificação falhou (Error: no bus)", "uma notificação falhou (Error: no bus)"]);
+});
+
+test("what goes wrong with the answer of a notification does not end the engine", async () => {
+  const { clock, timers, notifications, log } = ringing();
+  timers.set("alarm", clock.now() + 1_000, {});
+  await clock.advance(1_000);
+  timers.onStopped = () => {
+    throw new Error("odd");
+  };
+  notifications.shown[0]?.press("stop");
+  await settle();
+  expect(log).toEqual(["uma notificação falhou (Error: odd)"]);
 });

@@ -166,7 +166,7 @@ function set({ kind, seconds, at, name }: Timer, now: Date, language: Language):
   const [noun] = nouns[language][kind];
   const when = dayAndTime(new Date(at), now, language);
   if (language === "pt") {
-    if (kind === "reminder") return seconds === undefined ? `Lembro você ${when}: ${name}.` : `Lembro você em ${duration(seconds, language)}: ${name}.`;
+    if (kind === "reminder") return seconds === undefined ? `Lembro você ${when}: ${name}.` : `Em ${duration(seconds, language)} eu lembro você: ${name}.`;
     const called = name === undefined ? "" : ` “${name}”`;
     return seconds === undefined ? `Alarme${called} marcado para ${when}.` : `${kind === "alarm" ? "Alarme" : "Timer"}${called}: ${duration(seconds, language)}, contando.`;
   }
@@ -195,18 +195,18 @@ class TimersHand implements Hand {
 
   async act(given: unknown, language: Language): Promise<string> {
     const which = { kind: choiceIn(given, "kind", kinds), name: textIn(given, "name") };
-    const found = this.timers.find(which);
+    const meant = this.timers.find(which);
+    // Who asks for timers may mean an alarm.
+    const found = meant.length > 0 ? meant : this.timers.find({ name: which.name });
     const now = new Date(this.clock.now());
     const isPortuguese = language === "pt";
-    if (found.length === 0) {
-      const [, many] = nouns[language][which.kind ?? "timer"];
-      const called = which.name === undefined ? "" : ` “${which.name}”`;
-      return isPortuguese ? `Não há ${many}${called}.` : `There are no ${many}${called}.`;
-    }
+    const [, many] = nouns[language][which.kind ?? "timer"];
+    const called = which.name === undefined ? "" : ` “${which.name}”`;
+    const none = isPortuguese ? `Não há ${many}${called}.` : `There are no ${many}${called}.`;
     const told = found.slice(0, mostTold).map((timer) => left(timer, now, language));
     const more = found.length - told.length;
-    const rest = more === 0 ? "" : isPortuguese ? ` E mais ${more}.` : ` And ${more} more.`;
-    return `${told.join(" ")}${rest}`;
+    const rest = isPortuguese ? `E mais ${more}.` : `And ${more} more.`;
+    return [...(meant.length > 0 ? [] : [none]), ...told, ...(more > 0 ? [rest] : [])].join(" ");
   }
 }
 
@@ -215,7 +215,10 @@ function left(timer: Timer, now: Date, language: Language): string {
   const what = described(timer, now, language);
   const subject = what.charAt(0).toUpperCase() + what.slice(1);
   const rest = duration((timer.at - now.getTime()) / 1_000, language);
-  if (timer.seconds !== undefined) return language === "pt" ? `Faltam ${rest} para ${what}.` : `${subject} rings in ${rest}.`;
+  if (timer.seconds !== undefined) {
+    const isOne = /^1 \S+$/.test(rest);
+    return language === "pt" ? `${isOne ? "Falta" : "Faltam"} ${rest} para ${what}.` : `${subject} rings in ${rest}.`;
+  }
   if (timer.name === undefined) return language === "pt" ? `${subject} toca em ${rest}.` : `${subject} rings in ${rest}.`;
   const when = dayAndTime(new Date(timer.at), now, language);
   return language === "pt" ? `${subject} é ${when}.` : `${subject} is ${when}.`;

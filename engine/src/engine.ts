@@ -152,7 +152,7 @@ export class Engine implements Served {
       turnEnded: () => this.events.send("turnEnd", ""),
       level: (level) => this.events.send("level", String(level)),
     });
-    new Ringing(this.#timers, clock, locale.language, new DesktopNotifications(children, bus), this.loop);
+    new Ringing(this.#timers, clock, log, locale.language, new DesktopNotifications(children, bus), this.loop);
     clock.after(firstRingMs, () => this.#timers.start());
   }
 

@@ -47,7 +47,7 @@ class MediaHand implements Hand {
     const service = (await currentPlayer(this.bus, signal))?.service;
     if (service === undefined) return none(language);
     const reply = await this.bus.call({ service, path, method: `${player}.${methods[action]}` }, signal);
-    if (!reply) return isPortuguese ? "O tocador não respondeu." : "The player did not answer.";
+    if (!reply) return isPortuguese ? "O player não respondeu." : "The player did not answer.";
     return isPortuguese ? "Feito." : "Done.";
   }
 }
@@ -72,7 +72,7 @@ class PlayingHand implements Hand {
     const value = (key: string): unknown => (isRecord(metadata) ? plain(metadata[key]) : undefined);
     const title = value("xesam:title");
     const artists = value("xesam:artist");
-    if (typeof title !== "string" || title === "") return isPortuguese ? "O tocador não diz o que toca." : "The player does not say what it plays.";
+    if (typeof title !== "string" || title === "") return isPortuguese ? "O player não diz o que toca." : "The player does not say what it plays.";
     const artist = Array.isArray(artists) ? artists.filter((each) => typeof each === "string" && each !== "").join(", ") : "";
     const by = artist === "" ? "" : `, ${isPortuguese ? "de" : "by"} ${cut(artist, longestTitle)}`;
     const what = `“${cut(title, longestTitle)}”${by}`;
@@ -94,5 +94,5 @@ async function currentPlayer(bus: Bus, signal: AbortSignal): Promise<{ service: 
 }
 
 function none(language: Language): string {
-  return language === "pt" ? "Não há tocador aberto." : "No player is open.";
+  return language === "pt" ? "Nenhum player aberto." : "No player is open.";
 }

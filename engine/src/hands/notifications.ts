@@ -6,18 +6,28 @@ import type { Bus } from "./bus.ts";
 export interface Notification {
   title: string;
   text: string;
-  /** The buttons: what each is called here and on the screen. */
+  /** The buttons: what each is called here and on the screen. None is called "closed" here. */
   actions: Readonly<Record<string, string>>;
 }
 
+/** What the user answers who closes a notification without a button. */
+export const closed = "closed";
+
 export interface Notifications {
-  /** Resolves to the button that was pressed, or undefined when none was. Takes the notification back when `signal` is raised. Never rejects. */
+  /**
+   * Resolves to the button that was pressed, to `closed`, or to undefined: it could not be shown, or went by itself. One without buttons
+   * is not waited for. Takes the notification back when `signal` is raised. Never rejects.
+   */
   show(notification: Notification, signal: AbortSignal): Promise<string | undefined>;
 }
 
 const service = "org.freedesktop.Notifications";
 const path = "/org/freedesktop/Notifications";
 const maxOutput = 1 << 16;
+/** The tool waits as long for a service of notifications that does not answer. */
+const shownMs = 30_000;
+/** Why a notification was closed: the user did it. */
+const dismissed = 2;
 const icon = "org.palomet.Palomet";
 
 /** Shows notifications by `notify-send`, else over the bus. */
@@ -36,13 +46,15 @@ export class DesktopNotifications implements Notifications {
   /** The tool waits for the button, and prints its name. */
   async #showByTool({ title, text, actions }: Notification, signal: AbortSignal): Promise<string | undefined> {
     const buttons = Object.entries(actions).map(([name, label]) => `--action=${name}=${label}`);
+    const waiting = buttons.length === 0 ? [] : ["--wait", ...buttons];
     const outcome = await this.children.run(
-      ["notify-send", "--app-name=Palomet", `--icon=${icon}`, "--urgency=critical", "--wait", ...buttons, "--", title, escaped(text)],
-      { maxOutput, signal },
+      ["notify-send", "--app-name=Palomet", `--icon=${icon}`, "--urgency=critical", ...waiting, "--", title, escaped(text)],
+      { maxOutput, signal, ...(buttons.length === 0 ? { timeoutMs: shownMs } : {}) },
     );
-    if (outcome.kind !== "ended") return undefined;
-    const pressed = new TextDecoder().decode(outcome.output).trim();
-    return Object.hasOwn(actions, pressed) ? pressed : undefined;
+    if (outcome.kind !== "ended" || outcome.code !== 0 || buttons.length === 0) return undefined;
+    const answer = new TextDecoder().decode(outcome.output).trim();
+    if (answer === "") return closed;
+    return Object.hasOwn(actions, answer) ? answer : undefined;
   }
 
   async #showByBus({ title, text, actions }: Notification, signal: AbortSignal): Promise<string | undefined> {
@@ -54,9 +66,10 @@ export class DesktopNotifications implements Notifications {
     const ended = new Promise<void>((resolve) => (end = resolve));
     /** A button may be pressed before the answer with the notification's id has been read. */
     let early: [string | undefined, unknown[]][] = [];
-    const take = (name: string | undefined, [of, action]: unknown[]): void => {
+    const take = (name: string | undefined, [of, what]: unknown[]): void => {
       if (of !== id) return;
-      if (name === "ActionInvoked" && typeof action === "string" && Object.hasOwn(actions, action)) pressed ??= action;
+      if (name === "ActionInvoked" && typeof what === "string" && Object.hasOwn(actions, what)) pressed ??= what;
+      if (name === "NotificationClosed" && what === dismissed) pressed ??= closed;
       if (name === "ActionInvoked" || name === "NotificationClosed") end();
     };
     connection.onSignal = ({ member, body }) => (id === undefined ? early.push([member, body]) : take(member, body));
@@ -71,7 +84,7 @@ export class DesktopNotifications implements Notifications {
       id = answer;
       for (const [name, values] of early.splice(0)) take(name, values);
       early = [];
-      if (!signal.aborted) await ended;
+      if (!signal.aborted && buttons.length > 0) await ended;
       if (signal.aborted) await connection.call({ service, path, method: `${service}.CloseNotification`, signature: "u", arguments: [id] });
     }
     signal.removeEventListener("abort", end);

@@ -1,4 +1,5 @@
 import { expect, test } from "bun:test";
+import type { Language } from "../../src/base/language.ts";
 import { Bus } from "../../src/hands/bus.ts";
 import { mediaHands } from "../../src/hands/media.ts";
 import type { Call } from "../../src/machine/busConnection.ts";
@@ -28,10 +29,10 @@ class PlayersBus extends Bus {
   }
 }
 
-function handsOf(players: Record<string, Player>) {
+function handsOf(players: Record<string, Player>, language: Language = "en") {
   const bus = new PlayersBus(players);
   const [media, playing] = mediaHands(bus);
-  return { bus, act: (given: unknown) => media!.act(given, "en", going), tell: () => playing!.act({}, "en", going) };
+  return { bus, act: (given: unknown) => media!.act(given, language, going), tell: () => playing!.act({}, language, going) };
 }
 
 const song = { "xesam:title": { type: "s", data: "Águas de Março" }, "xesam:artist": { type: "as", data: ["Elis", "Tom"] } };
@@ -62,4 +63,9 @@ test("without a player, or with nonsense, that is said", async () => {
   expect(await act({ do: "play" })).toBe("No player is open.");
   expect(await tell()).toBe("No player is open.");
   expect(await act({ do: "dance" })).toBe("I did not understand what to do.");
+});
+
+test("in Portuguese a player is one, too", async () => {
+  expect(await handsOf({}, "pt").tell()).toBe("Nenhum player aberto.");
+  expect(await handsOf({ a: { status: "Playing" } }, "pt").tell()).toBe("O player não diz o que toca.");
 });

@@ -25,10 +25,20 @@ test("a notification of the tool has its buttons, and tells which was pressed", 
   expect(args).toContain("Tea &amp; &lt;b&gt;cake&lt;/b&gt;");
 });
 
-test("a notification that is closed, or answered with nonsense, was not pressed", async () => {
-  for (const script of ["exit 0", "exit 1", "echo explode"]) {
-    expect(await notificationsOf(program("notify-send", script)).show(notification, going)).toBeUndefined();
-  }
+test("a notification that is closed is not taken for one that could not be shown or was answered with nonsense", async () => {
+  const answer = (script: string): Promise<string | undefined> => notificationsOf(program("notify-send", script)).show(notification, going);
+  expect(await answer("exit 0")).toBe("closed");
+  for (const script of ["exit 1", "echo explode", "kill -9 $$"]) expect(await answer(script)).toBeUndefined();
+});
+
+test("a notification without buttons is not waited for", async () => {
+  const folder = program("notify-send", `printf '%s\\n' "$@" > $0.args`);
+  expect(await notificationsOf(folder).show({ ...notification, actions: {} }, going)).toBeUndefined();
+  expect(readFileSync(join(folder, "notify-send.args"), "utf8").split("\n")).not.toContain("--wait");
+  const it = await server(() => {});
+  expect(await it.notifications.show({ ...notification, actions: {} }, going)).toBeUndefined();
+  expect(it.calls.map(([member]) => member)).toEqual(["Notify"]);
+  it.close();
 });
 
 test("a notification goes when what it tells of has ended", async () => {
@@ -69,9 +79,15 @@ test("over the bus only the buttons of this notification count", async () => {
   const hints = [["urgency", { type: "y", data: 2 }]];
   expect(it.calls).toEqual([["Notify", ["Palomet", 0, "org.palomet.Palomet", "Palomet", "Tea &amp; &lt;b&gt;cake&lt;/b&gt;", actions, hints, 0]]]);
   it.close();
-  const closed = await server((connection) => connection.emit(path, `${name}.NotificationClosed`, "uu", [7, 2]));
-  expect(await closed.notifications.show(notification, going)).toBeUndefined();
-  closed.close();
+});
+
+test("over the bus a notification that the user closed is told from one that went by itself", async () => {
+  const [expired, dismissed] = [1, 2];
+  for (const [reason, answer] of [[dismissed, "closed"], [expired, undefined]] as const) {
+    const it = await server((connection) => connection.emit(path, `${name}.NotificationClosed`, "uu", [7, reason]));
+    expect(await it.notifications.show(notification, going)).toBe(answer as string);
+    it.close();
+  }
 });
 
 test("over the bus it is taken back when what it tells of has ended", async () => {

@@ -5,9 +5,21 @@ import type { Clock } from "../../src/base/clock.ts";
 export class ManualClock implements Clock {
   time = new Date(2026, 0, 5, 15, 20).getTime();
   #timers: { at: number; work: () => void }[] = [];
+  #wasSet = 0;
 
   now(): number {
     return this.time;
+  }
+
+  uptime(): number {
+    return this.time - this.#wasSet;
+  }
+
+  /** Somebody sets the clock on the wall so much later; what waits is not touched. */
+  set(ms: number): void {
+    this.time += ms;
+    this.#wasSet += ms;
+    for (const timer of this.#timers) timer.at += ms;
   }
 
   after(ms: number, work: () => void): () => void {

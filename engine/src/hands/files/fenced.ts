@@ -1,29 +1,29 @@
 // Paths within the folders of the settings. A link that leads out of them is outside.
 
-import { constants } from "node:fs";
-import { open, realpath } from "node:fs/promises";
+import { constants, realpathSync } from "node:fs";
+import { open } from "node:fs/promises";
 import { basename, dirname, isAbsolute, join, normalize, sep } from "node:path";
 
 /** The true path of what is there, when it lies within one of the folders. */
-export async function within(path: string, folders: readonly string[]): Promise<string | undefined> {
-  const found = await truePath(absolute(path, folders));
+export function within(path: string, folders: readonly string[]): string | undefined {
+  const found = truePath(absolute(path, folders));
   if (found === undefined) return undefined;
   for (const folder of folders) {
-    const root = await truePath(folder);
+    const root = truePath(folder);
     if (root !== undefined && (found === root || found.startsWith(root.endsWith(sep) ? root : root + sep))) return found;
   }
   return undefined;
 }
 
 /** The true path of a file that may not be there yet: its folder is. A link in its place is outside. */
-export async function placeWithin(path: string, folders: readonly string[]): Promise<string | undefined> {
+export function placeWithin(path: string, folders: readonly string[]): string | undefined {
   const wanted = absolute(path, folders);
   const name = basename(wanted);
   if (name === "" || name === "." || name === ".." || name.includes("\0")) return undefined;
-  const folder = await within(dirname(wanted), folders);
+  const folder = within(dirname(wanted), folders);
   if (folder === undefined) return undefined;
   const place = join(folder, name);
-  const found = await truePath(place);
+  const found = truePath(place);
   return found === undefined || found === place ? place : undefined;
 }
 
@@ -47,9 +47,9 @@ function absolute(path: string, folders: readonly string[]): string {
   return normalize(isAbsolute(path) ? path : join(folders[0] ?? sep, path));
 }
 
-async function truePath(path: string): Promise<string | undefined> {
+function truePath(path: string): string | undefined {
   try {
-    return await realpath(path);
+    return realpathSync(path);
   } catch {
     return undefined;
   }

@@ -1,7 +1,7 @@
 // The hands for files, for models alone: one that looks within the folders of the settings, one that writes there, and one that
 // runs commands.
 
-import { constants } from "node:fs";
+import { constants, statSync, type Stats } from "node:fs";
 import { open, readdir, rename, rm, stat } from "node:fs/promises";
 import { dirname, join } from "node:path";
 import type { Language } from "../../base/language.ts";
@@ -10,6 +10,7 @@ import { cut } from "../../base/text.ts";
 import type { Children } from "../../machine/children.ts";
 import { choiceIn, pathIn, textIn } from "../given.ts";
 import type { Hand } from "../hand.ts";
+import { numberText } from "../saying.ts";
 import { placeWithin, readPlain, within } from "./fenced.ts";
 
 const looks = ["list", "search", "read"] as const;
@@ -20,6 +21,8 @@ const mostMatches = 50;
 const mostSearched = 2_000;
 const longestLine = 200;
 const deepest = 8;
+/** A question names a file's contents when they are no longer than this together with its path. */
+const longestShown = 120;
 const longestCommand = 2_000;
 const commandMs = 60_000;
 const maxCommandOutput = 1 << 20;
@@ -51,7 +54,8 @@ class LookHand implements Hand {
 
   intent(given: unknown, language: Language): string | undefined {
     const what = choiceIn(given, "do", looks);
-    const path = pathIn(given, "path") ?? "";
+    const named = pathIn(given, "path");
+    const path = named === undefined ? "" : within(named, foldersOf(this.settings())) ?? named;
     const isPortuguese = language === "pt";
     switch (what) {
       case undefined:
@@ -70,7 +74,7 @@ class LookHand implements Hand {
     const path = pathIn(given, "path");
     const what = choiceIn(given, "do", looks);
     if (path === undefined) return what === "list" ? folders.join("\n") : "Which path?";
-    const found = await within(path, folders);
+    const found = within(path, folders);
     if (found === undefined) return `There is no ${path} in the allowed folders: ${folders.join(", ")}`;
     try {
       if (what === "list") return await list(found);
@@ -118,7 +122,7 @@ async function search(start: string, text: string, folders: readonly string[], s
       if (matches.length < mostMatches && line.toLowerCase().includes(wanted)) matches.push(`${path}:${at + 1}: ${cut(line.trim(), longestLine)}`);
     });
   };
-  if ((await within(start, folders)) !== undefined) await look(start, 0);
+  if (within(start, folders) !== undefined) await look(start, 0);
   return matches.join("\n") || "Nothing was found.";
 }
 
@@ -137,23 +141,29 @@ class WriteHand implements Hand {
 
   intent(given: unknown, language: Language): string | undefined {
     const wanted = writing(given);
-    if (!wanted) return undefined;
-    const length = wanted.text.length;
-    return language === "pt" ? `gravar ${length} caracteres em ${wanted.path}` : `write ${length} characters to ${wanted.path}`;
+    const place = wanted && placeWithin(wanted.path, foldersOf(this.settings()));
+    if (wanted === undefined || place === undefined) return undefined;
+    const about = lookAt(place);
+    if (about && !about.isFile()) return undefined;
+    const contents = contentsOf(wanted.text, longestShown - place.length, language);
+    const isPortuguese = language === "pt";
+    if (!about) return isPortuguese ? `gravar ${contents} em ${place}` : `write ${contents} to ${place}`;
+    return isPortuguese ? `substituir o conteúdo de ${place} por ${contents}` : `replace the contents of ${place} with ${contents}`;
   }
 
   async act(given: unknown, _language: Language): Promise<string> {
     const wanted = writing(given);
     if (!wanted) return "The path or the text makes no sense.";
     const folders = foldersOf(this.settings());
-    const place = await placeWithin(wanted.path, folders);
+    const place = placeWithin(wanted.path, folders);
     if (place === undefined) return `${wanted.path} is not in the allowed folders: ${folders.join(", ")}`;
     const unfinished = join(dirname(place), `.${crypto.randomUUID()}.tmp`);
     try {
-      const about = await stat(place).catch(() => undefined);
+      const about = lookAt(place);
       if (about && !about.isFile()) return `${place} is no plain file.`;
-      const file = await open(unfinished, constants.O_WRONLY | constants.O_CREAT | constants.O_EXCL, about ? about.mode & 0o777 : 0o644);
+      const file = await open(unfinished, constants.O_WRONLY | constants.O_CREAT | constants.O_EXCL, about ? 0o600 : 0o644);
       try {
+        if (about) await file.chmod(about.mode & 0o777);
         await file.writeFile(wanted.text);
         await file.sync();
       } finally {
@@ -175,6 +185,28 @@ function writing(given: unknown): { path: string; text: string } | undefined {
   return { path, text: text.toWellFormed() };
 }
 
+function lookAt(path: string): Stats | undefined {
+  try {
+    return statSync(path);
+  } catch {
+    return undefined;
+  }
+}
+
+/** A short text itself when it shows to the letter between quotes, but for the end of its only line; else its length. */
+function contentsOf(text: string, longest: number, language: Language): string {
+  const line = text.replace(/\n$/, "");
+  if (line !== "" && line.length <= longest && line === line.trim() && showsWhole(line) && !/[“”]/.test(line)) return `“${line}”`;
+  const count = [...text].length;
+  const noun = language === "pt" ? "caractere" : "character";
+  return `${numberText(count, language)} ${noun}${count === 1 ? "" : "s"}`;
+}
+
+/** Not so do marks that do not show, and blanks that look like fewer. */
+function showsWhole(text: string): boolean {
+  return !/[^\S ]|[\p{C}\p{Zl}\p{Zp}]| {2}/u.test(text);
+}
+
 class CommandHand implements Hand {
   readonly id = "commands";
   readonly description = "Runs a command line by the shell in the working folder, for at most a minute. The user is asked first.";
@@ -189,13 +221,15 @@ class CommandHand implements Hand {
 
   intent(given: unknown, language: Language): string | undefined {
     const command = commandIn(given);
-    return command === undefined ? undefined : `${language === "pt" ? "executar" : "run"}: ${command}`;
+    if (command === undefined) return undefined;
+    const folder = this.#folder() ?? this.settings().workingFolder;
+    return language === "pt" ? `executar em ${folder}: ${command}` : `run in ${folder}: ${command}`;
   }
 
   async act(given: unknown, _language: Language, signal: AbortSignal): Promise<string> {
     const command = commandIn(given);
     if (command === undefined) return "The command makes no sense: it has to be one line of plain characters.";
-    const folder = await within(this.settings().workingFolder, [this.settings().workingFolder]);
+    const folder = this.#folder();
     if (folder === undefined) return "The working folder is not there.";
     const outcome = await this.children.run(["/bin/sh", "-c", command], { cwd: folder, timeoutMs: commandMs, maxOutput: maxCommandOutput, signal });
     switch (outcome.kind) {
@@ -211,13 +245,18 @@ class CommandHand implements Hand {
         return "It did not run.";
     }
   }
+
+  #folder(): string | undefined {
+    const { workingFolder } = this.settings();
+    return within(workingFolder, [workingFolder]);
+  }
 }
 
-/** A command that can be shown to the letter: marks that do not show, and blanks that look like fewer, are refused. */
+/** A command that can be shown to the letter. */
 function commandIn(given: unknown): string | undefined {
   const command = typeof given === "object" && given !== null && "command" in given ? given.command : undefined;
   if (typeof command !== "string" || !command.isWellFormed() || command.trim() === "" || command.length > longestCommand) return undefined;
-  return /[^\S ]|[\p{C}\p{Zl}\p{Zp}]| {2}/u.test(command.trim()) ? undefined : command.trim();
+  return showsWhole(command.trim()) ? command.trim() : undefined;
 }
 
 function refusal(path: string, error: unknown): string {

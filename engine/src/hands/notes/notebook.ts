@@ -1,7 +1,21 @@
 // Notes and lists of the user's, in plain Markdown files. A file is replaced whole, so that it is never half written; what is no
 // plain file, or lies in no plain folder, is left alone.
 
-import { closeSync, constants, fstatSync, fsyncSync, lstatSync, mkdirSync, openSync, readdirSync, readFileSync, renameSync, rmSync, writeSync } from "node:fs";
+import {
+  closeSync,
+  constants,
+  fchmodSync,
+  fstatSync,
+  fsyncSync,
+  lstatSync,
+  mkdirSync,
+  openSync,
+  readdirSync,
+  readFileSync,
+  renameSync,
+  rmSync,
+  writeSync,
+} from "node:fs";
 import { join } from "node:path";
 import type { Language } from "../../base/language.ts";
 import { cut } from "../../base/text.ts";
@@ -131,8 +145,12 @@ export class Notebook {
     try {
       mkdirSync(folder, { recursive: true });
       this.#checkFolders();
-      const file = openSync(unfinished, constants.O_WRONLY | constants.O_CREAT | constants.O_EXCL, 0o644);
+      // The user may have closed it to others.
+      const before = lstatSync(path, { throwIfNoEntry: false });
+      const mode = before?.isFile() ? before.mode & 0o777 : undefined;
+      const file = openSync(unfinished, constants.O_WRONLY | constants.O_CREAT | constants.O_EXCL, mode === undefined ? 0o644 : 0o600);
       try {
+        if (mode !== undefined) fchmodSync(file, mode);
         const bytes = Buffer.from(text);
         for (let at = 0; at < bytes.length; ) at += writeSync(file, bytes, at);
         fsyncSync(file);

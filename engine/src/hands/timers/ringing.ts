@@ -1,9 +1,10 @@
 // What happens when a timer is due: a notification, and unless the agent is muted a chime and a sentence, again and again until
-// somebody stops it.
+// somebody stops it, or nobody did for long.
 
 import type { Clock } from "../../base/clock.ts";
 import type { Language } from "../../base/language.ts";
-import type { Notifications } from "../notifications.ts";
+import type { Log } from "../../base/log.ts";
+import { closed, type Notification, type Notifications } from "../notifications.ts";
 import { ringText } from "./timerHands.ts";
 import type { Timer, Timers } from "./timers.ts";
 
@@ -16,7 +17,10 @@ export interface Voice {
 const againMs = 20_000;
 /** An alarm may have to wake somebody; a reminder is said once. */
 const times: Record<Timer["kind"], number> = { alarm: 15, timer: 5, reminder: 1 };
+/** What was said for the last time goes on ringing for a while: somebody may still say "snooze". */
+const graceMs = 60_000;
 const snoozeSeconds = 300;
+const title = "Palomet";
 
 export class Ringing {
   readonly #going = new Map<Timer, { cancel: () => void; ending: AbortController }>();
@@ -24,6 +28,7 @@ export class Ringing {
   constructor(
     private readonly timers: Timers,
     private readonly clock: Clock,
+    private readonly log: Log,
     private readonly language: Language,
     private readonly notifications: Notifications,
     private readonly voice: Voice,
@@ -39,24 +44,34 @@ export class Ringing {
     this.#sound(timer, text, times[timer.kind]);
     const isPortuguese = this.language === "pt";
     const actions = isPortuguese ? { stop: "Parar", snooze: "Soneca" } : { stop: "Stop", snooze: "Snooze" };
-    void this.notifications.show({ title: "Palomet", text, actions }, ending.signal).then((action) => {
-      if (action === "stop") this.timers.stop([timer]);
-      else if (action === "snooze") this.timers.snooze(snoozeSeconds, [timer]);
-    });
+    void this.#show(timer, { title, text, actions }, ending.signal);
+  }
+
+  /** Does what the user answers. Never rejects: what goes wrong with a notification must not end the engine. */
+  async #show(timer: Timer, notification: Notification, signal: AbortSignal): Promise<void> {
+    try {
+      const answer = await this.notifications.show(notification, signal);
+      if (answer === "stop" || answer === closed) this.timers.stop([timer]);
+      else if (answer === "snooze") this.timers.snooze(snoozeSeconds, [timer]);
+    } catch (error) {
+      this.log(`uma notificação falhou (${String(error)})`);
+    }
   }
 
   #sound(timer: Timer, text: string, left: number): void {
     const going = this.#going.get(timer);
     if (!going) return;
     if (!this.voice.isMuted) this.voice.tell(text);
-    // What was said for the last time goes on ringing for a while: somebody may still say "snooze".
-    going.cancel = this.clock.after(againMs, () => (left > 1 ? this.#sound(timer, text, left - 1) : this.#fade(timer)));
+    going.cancel =
+      left > 1
+        ? this.clock.after(againMs, () => this.#sound(timer, text, left - 1))
+        : this.clock.after(graceMs, () => this.#fade(timer, text));
   }
 
-  /** It is not heard any more. The notification stays. */
-  #fade(timer: Timer): void {
-    const going = this.#going.get(timer);
-    if (going) going.cancel = (): void => {};
+  /** Nobody answered. It can be read still, and nothing of it can be stopped or snoozed any more. */
+  #fade(timer: Timer, text: string): void {
+    this.timers.stop([timer]);
+    void this.#show(timer, { title, text, actions: {} }, new AbortController().signal);
   }
 
   #end(timer: Timer): void {

@@ -12,9 +12,14 @@ const longestSeconds = 366 * 86_400;
 const snoozeSeconds = 300;
 const mostTold = 5;
 
+interface Cancelling {
+  which: Which;
+  isAll: boolean;
+}
+
 type Wanted =
   | { do: "set"; kind: Kind; at: number | undefined; seconds: number | undefined; name: string | undefined }
-  | { do: "cancel"; which: Which; isAll: boolean }
+  | ({ do: "cancel" } & Cancelling)
   | { do: "snooze"; seconds: number };
 
 export function timerHands(timers: Timers, clock: Clock): Hand[] {
@@ -70,10 +75,11 @@ class TimerHand implements Hand {
       return isPortuguese ? `tocar de novo em ${length}` : `ring again in ${length}`;
     }
     if (wanted.do === "cancel") {
-      const found = this.timers.find(wanted.which, [...this.timers.pending, ...this.timers.ringing]);
-      const names = joined(found.map((timer) => described(timer, now, language)), language);
-      if (found.length === 0) return isPortuguese ? "cancelar, se houver" : "cancel it, if there is one";
-      return `${isPortuguese ? "cancelar" : "cancel"} ${names}`;
+      const { chosen, isClear } = this.#chosen(wanted);
+      const names = joined(chosen.map((timer) => described(timer, now, language)), language);
+      if (chosen.length === 0) return isPortuguese ? "cancelar, se houver" : "cancel it, if there is one";
+      if (!isClear) return isPortuguese ? `perguntar qual cancelar: ${names}` : `ask which one to cancel: ${names}`;
+      return isPortuguese ? `cancelar ${names}` : `cancel ${names}`;
     }
     const { kind, seconds, at, name } = wanted;
     const [noun] = nouns[language][kind];
@@ -125,16 +131,22 @@ class TimerHand implements Hand {
     }
   }
 
-  #cancel({ which, isAll }: { which: Which; isAll: boolean }, language: Language): string {
-    const isPortuguese = language === "pt";
+  /** What is to be cancelled: what rings before what is still to ring. It is not clear when it is several of which one is meant. */
+  #chosen({ which, isAll }: Cancelling): { chosen: Timer[]; isClear: boolean } {
     const ringing = this.timers.find(which, this.timers.ringing);
     const found = this.timers.find(which);
-    const chosen = isAll ? [...ringing, ...found] : ringing.length > 0 ? ringing : found;
+    if (isAll) return { chosen: [...ringing, ...found], isClear: true };
+    return ringing.length > 0 ? { chosen: ringing, isClear: true } : { chosen: found, isClear: found.length <= 1 };
+  }
+
+  #cancel(wanted: Cancelling, language: Language): string {
+    const isPortuguese = language === "pt";
+    const { chosen, isClear } = this.#chosen(wanted);
     const now = new Date(this.clock.now());
-    const [noun] = nouns[language][which.kind ?? "timer"];
+    const [noun] = nouns[language][wanted.which.kind ?? "timer"];
     if (chosen.length === 0) return isPortuguese ? `Não há ${noun} assim.` : `There is no such ${noun}.`;
     const names = joined(chosen.slice(0, mostTold).map((timer) => described(timer, now, language)), language);
-    if (chosen.length > 1 && !isAll && ringing.length === 0) {
+    if (!isClear) {
       return isPortuguese ? `Há ${chosen.length}: ${names}. Qual?` : `There are ${chosen.length}: ${names}. Which one?`;
     }
     this.timers.remove(chosen);
@@ -154,7 +166,7 @@ function set({ kind, seconds, at, name }: Timer, now: Date, language: Language):
   const [noun] = nouns[language][kind];
   const when = dayAndTime(new Date(at), now, language);
   if (language === "pt") {
-    if (kind === "reminder") return seconds === undefined ? `Lembro você ${when}: ${name}.` : `Lembro você em ${duration(seconds, language)}: ${name}.`;
+    if (kind === "reminder") return seconds === undefined ? `Lembro você ${when}: ${name}.` : `Em ${duration(seconds, language)} eu lembro você: ${name}.`;
     const called = name === undefined ? "" : ` “${name}”`;
     return seconds === undefined ? `Alarme${called} marcado para ${when}.` : `${kind === "alarm" ? "Alarme" : "Timer"}${called}: ${duration(seconds, language)}, contando.`;
   }
@@ -183,18 +195,18 @@ class TimersHand implements Hand {
 
   async act(given: unknown, language: Language): Promise<string> {
     const which = { kind: choiceIn(given, "kind", kinds), name: textIn(given, "name") };
-    const found = this.timers.find(which);
+    const meant = this.timers.find(which);
+    // Who asks for timers may mean an alarm.
+    const found = meant.length > 0 ? meant : this.timers.find({ name: which.name });
     const now = new Date(this.clock.now());
     const isPortuguese = language === "pt";
-    if (found.length === 0) {
-      const [, many] = nouns[language][which.kind ?? "timer"];
-      const called = which.name === undefined ? "" : ` “${which.name}”`;
-      return isPortuguese ? `Não há ${many}${called}.` : `There are no ${many}${called}.`;
-    }
+    const [, many] = nouns[language][which.kind ?? "timer"];
+    const called = which.name === undefined ? "" : ` “${which.name}”`;
+    const none = isPortuguese ? `Não há ${many}${called}.` : `There are no ${many}${called}.`;
     const told = found.slice(0, mostTold).map((timer) => left(timer, now, language));
     const more = found.length - told.length;
-    const rest = more === 0 ? "" : isPortuguese ? ` E mais ${more}.` : ` And ${more} more.`;
-    return `${told.join(" ")}${rest}`;
+    const rest = isPortuguese ? `E mais ${more}.` : `And ${more} more.`;
+    return [...(meant.length > 0 ? [] : [none]), ...told, ...(more > 0 ? [rest] : [])].join(" ");
   }
 }
 
@@ -203,7 +215,10 @@ function left(timer: Timer, now: Date, language: Language): string {
   const what = described(timer, now, language);
   const subject = what.charAt(0).toUpperCase() + what.slice(1);
   const rest = duration((timer.at - now.getTime()) / 1_000, language);
-  if (timer.seconds !== undefined) return language === "pt" ? `Faltam ${rest} para ${what}.` : `${subject} rings in ${rest}.`;
+  if (timer.seconds !== undefined) {
+    const isOne = /^1 \S+$/.test(rest);
+    return language === "pt" ? `${isOne ? "Falta" : "Faltam"} ${rest} para ${what}.` : `${subject} rings in ${rest}.`;
+  }
   if (timer.name === undefined) return language === "pt" ? `${subject} toca em ${rest}.` : `${subject} rings in ${rest}.`;
   const when = dayAndTime(new Date(timer.at), now, language);
   return language === "pt" ? `${subject} é ${when}.` : `${subject} is ${when}.`;

@@ -1,4 +1,5 @@
-// Timers, alarms and reminders: kept over restarts, and on time over a machine that slept.
+// Timers, alarms and reminders: kept over restarts until they were stopped, and on time over a machine that slept. What was set
+// for a while is due after it, also when somebody sets the clock meanwhile; what was set for a time of day, when the clock says it.
 
 import type { Clock } from "../../base/clock.ts";
 import { isRecord, parseJson } from "../../base/json.ts";
@@ -34,13 +35,18 @@ export interface Shelf {
 export const mostTimers = 100;
 /** The clock is looked at this often: it goes on while the machine sleeps, and may be set, where a timer of the system does not. */
 const lookMs = 5_000;
+/** The time since the machine started is known to a second: a clock that differs by more was set. */
+const leastSetMs = 2_000;
 
 export class Timers {
   #all: Timer[];
   #ringing: Timer[] = [];
   #cancel = (): void => {};
+  #seen: { now: number; uptime: number };
+  /** What was set by this clock. What was kept may be of a time before the machine started, and the clock only now be put right. */
+  readonly #own = new WeakSet<Timer>();
 
-  /** Called when one rings; it is then among those that ring until it is stopped, snoozed or released. */
+  /** Called when one rings; it is then among those that ring until it is stopped or snoozed. */
   onRing: (timer: Timer) => void = () => {};
   /** Called when one that rings has been stopped or snoozed. */
   onStopped: (timer: Timer) => void = () => {};
@@ -50,6 +56,7 @@ export class Timers {
     private readonly shelf: Shelf,
   ) {
     this.#all = read(shelf.load());
+    this.#seen = this.#times();
   }
 
   /** Begins to watch the time: what fell due before rings now. */
@@ -68,11 +75,8 @@ export class Timers {
 
   /** Gives undefined when there are too many. */
   set(kind: Kind, at: number, more: { seconds?: number; name?: string }): Timer | undefined {
-    if (this.#all.length >= mostTimers) return undefined;
-    const id = Math.max(0, ...this.#all.map((timer) => timer.id), ...this.#ringing.map((timer) => timer.id)) + 1;
-    const timer: Timer = { id, kind, at, ...more };
-    this.#keep([...this.#all, timer]);
-    return timer;
+    // Those that ring count, too: there is always room to snooze them.
+    return this.#all.length + this.#ringing.length < mostTimers ? this.#add(kind, at, more) : undefined;
   }
 
   find(which: Which, among: readonly Timer[] = this.#all): Timer[] {
@@ -94,25 +98,38 @@ export class Timers {
   /** Stops those that ring: all, or these. */
   stop(timers: readonly Timer[] = this.#ringing): void {
     const stopped = this.#ringing.filter((timer) => timers.includes(timer));
+    if (stopped.length === 0) return;
     this.#ringing = this.#ringing.filter((timer) => !stopped.includes(timer));
+    this.#save();
     for (const timer of stopped) this.onStopped(timer);
   }
 
   /** Sets those that ring again, so many seconds from now, and gives them. */
   snooze(seconds: number, timers: readonly Timer[] = this.#ringing): Timer[] {
     const snoozed = this.#ringing.filter((timer) => timers.includes(timer));
-    this.stop(snoozed);
     const at = this.clock.now() + seconds * 1_000;
-    return snoozed.flatMap(({ kind, name }) => this.set(kind, at, name === undefined ? {} : { name }) ?? []);
+    const again = snoozed.map(({ kind, name }) => this.#add(kind, at, name === undefined ? {} : { name }));
+    this.stop(snoozed);
+    return again;
   }
 
   /** Writes them again, after the store was replaced. */
   saveAgain(): void {
-    if (this.#all.length > 0) this.#save();
+    if (this.#all.length + this.#ringing.length > 0) this.#save();
   }
 
   close(): void {
     this.#cancel();
+  }
+
+  #add(kind: Kind, at: number, more: { seconds?: number; name?: string }): Timer {
+    // The new one is set by the clock as it is now.
+    this.#followClock();
+    const id = Math.max(0, ...[...this.#all, ...this.#ringing].map((timer) => timer.id)) + 1;
+    const timer: Timer = { id, kind, at, ...more };
+    this.#own.add(timer);
+    this.#keep([...this.#all, timer]);
+    return timer;
   }
 
   #keep(timers: Timer[]): void {
@@ -121,23 +138,36 @@ export class Timers {
     this.#watch();
   }
 
+  /** What rings is kept, too: an engine that ends in the middle of it goes on when it is back. */
   #save(): void {
-    this.shelf.save(JSON.stringify(this.#all));
+    this.shelf.save(JSON.stringify([...this.#ringing, ...this.#all]));
   }
 
   #watch(): void {
     this.#cancel();
+    this.#followClock();
     const now = this.clock.now();
     const due = this.#all.filter(({ at }) => at <= now);
-    if (due.length > 0) {
-      this.#all = this.#all.filter(({ at }) => at > now);
-      this.#ringing = [...this.#ringing, ...due];
-      // What has rung does not ring again after a crash.
-      this.#save();
-      for (const timer of due) this.onRing(timer);
-    }
+    this.#all = this.#all.filter(({ at }) => at > now);
+    this.#ringing = [...this.#ringing, ...due];
+    for (const timer of due) this.onRing(timer);
     const next = this.#all[0];
     this.#cancel = next ? this.clock.after(Math.min(Math.max(next.at - now, 1), lookMs), () => this.#watch()) : () => {};
+  }
+
+  /** Moves what was set for a while along with a clock that was set. */
+  #followClock(): void {
+    const [before, times] = [this.#seen, this.#times()];
+    this.#seen = times;
+    const setBy = times.now - before.now - (times.uptime - before.uptime);
+    if (Math.abs(setBy) < leastSetMs) return;
+    for (const timer of this.#all) if (timer.seconds !== undefined && this.#own.has(timer)) timer.at += setBy;
+    this.#all.sort((a, b) => a.at - b.at);
+    this.#save();
+  }
+
+  #times(): { now: number; uptime: number } {
+    return { now: this.clock.now(), uptime: this.clock.uptime() };
   }
 }
 

@@ -1,5 +1,5 @@
 import { describe, expect, test } from "bun:test";
-import { mkdirSync, readdirSync, readFileSync, symlinkSync, writeFileSync } from "node:fs";
+import { chmodSync, mkdirSync, readdirSync, readFileSync, statSync, symlinkSync, writeFileSync } from "node:fs";
 import { join } from "node:path";
 import { fileHands } from "../../../src/hands/files/fileHands.ts";
 import { Children } from "../../../src/machine/children.ts";
@@ -19,7 +19,7 @@ function folders() {
   const settings = { ...request("").settings, workingFolder: work, folders: [more] };
   const [look, write, run] = fileHands(new Children({ PATH: "/usr/bin:/bin" }), () => settings);
   const act = (hand: typeof look) => (given: unknown) => hand!.act(given, "en", going);
-  return { outside, work, more, look: act(look), write: act(write), run: act(run), hands: [look!, write!, run!] };
+  return { outside, work, more, settings, look: act(look), write: act(write), run: act(run), hands: [look!, write!, run!] };
 }
 
 describe("files", () => {
@@ -59,6 +59,54 @@ describe("files", () => {
     expect(readdirSync(work).sort()).toEqual(["a.txt", "away", "link.txt", "sub"]);
   });
 
+  test("are asked about by their whole path, with what becomes of them and what a short text says", () => {
+    const { work, more, hands } = folders();
+    const asked = (path: string, text: string, language: "en" | "pt" = "en"): string | undefined => hands[1]!.intent({ path, text }, language);
+    expect(asked("new.txt", "milk\n")).toBe(`write “milk” to ${work}/new.txt`);
+    expect(asked("sub/../a.txt", "milk")).toBe(`replace the contents of ${work}/a.txt with “milk”`);
+    expect(asked(join(more, "new.txt"), "two\nlines")).toBe(`write 9 characters to ${more}/new.txt`);
+    expect(asked("a.txt", "\t")).toBe(`replace the contents of ${work}/a.txt with 1 character`);
+    expect(asked("new.txt", "leite", "pt")).toBe(`gravar “leite” em ${work}/new.txt`);
+    expect(asked("a.txt", "leite", "pt")).toBe(`substituir o conteúdo de ${work}/a.txt por “leite”`);
+    expect(asked("a.txt", "x".repeat(1_000), "pt")).toBe(`substituir o conteúdo de ${work}/a.txt por 1.000 caracteres`);
+    expect(asked("new.txt", "\n", "pt")).toBe(`gravar 1 caractere em ${work}/new.txt`);
+    for (const text of ["a  b", " a", "a\u200b", "a” to /b", "x".repeat(200)]) expect(asked("new.txt", text)).toContain(" characters to ");
+  });
+
+  test("are another question where another folder is the working folder, or a file has come", () => {
+    const { work, more, settings, hands } = folders();
+    const asked = (): string | undefined => hands[1]!.intent({ path: "new.txt", text: "x" }, "en");
+    expect(asked()).toBe(`write “x” to ${work}/new.txt`);
+    settings.workingFolder = more;
+    expect(asked()).toBe(`write “x” to ${more}/new.txt`);
+    writeFileSync(join(more, "new.txt"), "precious");
+    expect(asked()).toBe(`replace the contents of ${more}/new.txt with “x”`);
+  });
+
+  test("are not asked about where they cannot be written", () => {
+    const { outside, hands } = folders();
+    for (const path of [join(outside, "x"), "link.txt", "away/x", "nowhere/x", "sub", ""]) {
+      expect(hands[1]!.intent({ path, text: "x" }, "en")).toBeUndefined();
+    }
+  });
+
+  test("that are to be read are named by their whole path", () => {
+    const { work, hands } = folders();
+    expect(hands[0]!.intent({ do: "read", path: "sub/../a.txt" }, "en")).toBe(`read ${work}/a.txt`);
+    expect(hands[0]!.intent({ do: "list", path: "sub" }, "pt")).toBe(`listar ${work}/sub`);
+    expect(hands[0]!.intent({ do: "search", path: "nowhere" }, "en")).toBe("search nowhere");
+    expect(hands[0]!.intent({ do: "list" }, "en")).toBe("list");
+  });
+
+  test("keep their mode when they are replaced", async () => {
+    const { work, write } = folders();
+    for (const mode of [0o600, 0o666]) {
+      chmodSync(join(work, "a.txt"), mode);
+      await write({ path: "a.txt", text: "other" });
+      expect(statSync(join(work, "a.txt")).mode & 0o777).toBe(mode);
+    }
+  });
+
   test("that are no text, or no files, are not read", async () => {
     const { work, look } = folders();
     writeFileSync(join(work, "data.bin"), new Uint8Array([1, 0, 2]));
@@ -78,8 +126,10 @@ describe("a command", () => {
   });
 
   test("is asked about to the letter, and refused when it cannot be", async () => {
-    const { run, hands } = folders();
-    expect(hands[2]!.intent({ command: "rm -rf sub" }, "en")).toBe("run: rm -rf sub");
+    const { work, more, settings, run, hands } = folders();
+    expect(hands[2]!.intent({ command: "rm -rf *" }, "en")).toBe(`run in ${work}: rm -rf *`);
+    settings.workingFolder = more;
+    expect(hands[2]!.intent({ command: "rm -rf *" }, "pt")).toBe(`executar em ${more}: rm -rf *`);
     for (const command of ["", "  ", "a\nb", "a\tb", "echo \u202e x", "echo  two", "\u200becho", "x".repeat(3_000), 5, undefined]) {
       expect(hands[2]!.intent({ command }, "en")).toBeUndefined();
       expect(await run({ command })).toContain("makes no sense");

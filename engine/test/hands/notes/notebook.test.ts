@@ -1,5 +1,5 @@
 import { describe, expect, test } from "bun:test";
-import { existsSync, mkdirSync, readdirSync, readFileSync, symlinkSync, writeFileSync } from "node:fs";
+import { chmodSync, existsSync, mkdirSync, readdirSync, readFileSync, statSync, symlinkSync, writeFileSync } from "node:fs";
 import { join } from "node:path";
 import { Notebook, NotebookError } from "../../../src/hands/notes/notebook.ts";
 import { temporaryFolder } from "../../support/folders.ts";
@@ -28,6 +28,16 @@ describe("a notebook", () => {
     expect(it.remove("shopping", "the bread")).toBe("bread");
     expect(readFileSync(file, "utf8")).toBe("My list\n\n1. not an item\n- [x] Milk\n- [ ] tea\n");
     expect(it.remove("shopping", "sugar")).toBeUndefined();
+  });
+
+  test("keeps the mode that its user has given a file", () => {
+    const it = book();
+    it.note("one", at);
+    for (const mode of [0o600, 0o666]) {
+      chmodSync(it.notesFile, mode);
+      it.note("two", at);
+      expect(statSync(it.notesFile).mode & 0o777).toBe(mode);
+    }
   });
 
   test("finds a list however its name is said, and the one for shopping without a name", () => {

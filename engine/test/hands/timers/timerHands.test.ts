@@ -23,7 +23,29 @@ describe("the hand for timers", () => {
     await clock.advance(60_000);
     expect(await tell({ kind: "timer" })).toBe("The timer of 5 minutes rings in 4 minutes. The pasta timer rings in 1 hour and 29 minutes.");
     expect(await tell({ kind: "timer", name: "pasta" })).toBe("The pasta timer rings in 1 hour and 29 minutes.");
-    expect(await tell({ kind: "alarm" })).toBe("There are no alarms.");
+    expect(await tell({ kind: "alarm", name: "pasta" })).toBe("There are no alarms “pasta”. The pasta timer rings in 1 hour and 29 minutes.");
+  });
+
+  test("names what is set of another kind when there is none of the kind", async () => {
+    const { act, tell } = handsOf();
+    expect(await tell({ kind: "timer" })).toBe("There are no timers.");
+    await act({ do: "alarm", seconds: 3_600 });
+    await act({ do: "reminder", seconds: 7_200, about: "call Ana" });
+    expect(await tell({ kind: "timer" })).toBe("There are no timers. The alarm of 1 hour rings in 1 hour. The reminder “call Ana” rings in 2 hours.");
+    expect(await tell({ kind: "timer", name: "pasta" })).toBe("There are no timers “pasta”.");
+    const portuguese = handsOf("pt");
+    await portuguese.act({ do: "alarm", seconds: 7_200 });
+    expect(await portuguese.tell({ kind: "timer" })).toBe("Não há timers. Faltam 2 horas para o alarme de 2 horas.");
+  });
+
+  test("counts in Portuguese what is left", async () => {
+    for (const [seconds, left] of [
+      [1, "Falta 1 segundo"], [2, "Faltam 2 segundos"], [60, "Falta 1 minuto"], [61, "Faltam 1 minuto e 1 segundo"], [3_600, "Falta 1 hora"], [86_400, "Falta 1 dia"],
+    ] as const) {
+      const { act, tell } = handsOf("pt");
+      await act({ do: "timer", seconds, name: "chá" });
+      expect(await tell()).toBe(`${left} para o timer “chá”.`);
+    }
   });
 
   test("says the day and the hour of an alarm and of a reminder", async () => {
@@ -36,6 +58,7 @@ describe("the hand for timers", () => {
   test("says in Portuguese what it does", async () => {
     const { act, tell } = handsOf("pt");
     expect(await act({ do: "timer", seconds: 90 })).toBe("Timer: 1 minuto e 30 segundos, contando.");
+    expect(await act({ do: "reminder", seconds: 3_600, about: "ligar para a Ana" })).toBe("Em 1 hora eu lembro você: ligar para a Ana.");
     expect(await act({ do: "alarm", at: "2026-01-06T07:15" })).toBe("Alarme marcado para amanhã às 7 horas e 15 minutos.");
     expect(await tell({ kind: "timer" })).toBe("Faltam 1 minuto e 30 segundos para o timer de 1 minuto e 30 segundos.");
     expect(await act({ do: "cancel", kind: "timer" })).toBe("Cancelei o timer de 1 minuto e 30 segundos.");
@@ -60,6 +83,31 @@ describe("the hand for timers", () => {
     expect(intent({ do: "alarm", at: "2026-01-06T07:15" })).toBe("set an alarm for tomorrow at 7:15 AM");
     await act({ do: "timer", seconds: 300, name: "pasta" });
     expect(intent({ do: "cancel", kind: "timer" })).toBe("cancel the pasta timer");
+  });
+
+  test("cancels what rings before what is still to ring, and says so before", async () => {
+    const { clock, timers, act, intent } = handsOf();
+    timers.start();
+    await act({ do: "timer", seconds: 300 });
+    await clock.advance(300_000);
+    await act({ do: "timer", seconds: 600 });
+    expect(intent({ do: "cancel", kind: "timer", all: true })).toBe("cancel the timer of 5 minutes and the timer of 10 minutes");
+    expect(intent({ do: "cancel", kind: "timer" })).toBe("cancel the timer of 5 minutes");
+    expect(await act({ do: "cancel", kind: "timer" })).toBe("I cancelled the timer of 5 minutes.");
+    expect(intent({ do: "cancel", kind: "timer" })).toBe("cancel the timer of 10 minutes");
+    expect(await act({ do: "cancel", kind: "timer" })).toBe("I cancelled the timer of 10 minutes.");
+  });
+
+  test("says before that it would only ask, when several are meant", async () => {
+    for (const [language, words] of [
+      ["en", "ask which one to cancel: the timer of 5 minutes and the timer of 10 minutes"],
+      ["pt", "perguntar qual cancelar: o timer de 5 minutos e o timer de 10 minutos"],
+    ] as const) {
+      const { act, intent } = handsOf(language);
+      await act({ do: "timer", seconds: 300 });
+      await act({ do: "timer", seconds: 600 });
+      expect(intent({ do: "cancel", kind: "timer" })).toBe(words);
+    }
   });
 
   test("refuses what makes no sense", async () => {

@@ -30,8 +30,77 @@ describe("timers", () => {
     first.clock.time += 3_600_000;
     const second = timersOf(first.clock, first.kept);
     expect(second.rung).toMatchObject([{ kind: "alarm", name: "work" }]);
+  });
+
+  test("that ring when the engine ends ring again after a restart, until they are stopped", async () => {
+    const first = timersOf();
+    first.timers.set("alarm", first.clock.now() + 1_000, { name: "work" });
+    first.timers.set("timer", first.clock.now() + 60_000, { seconds: 60 });
+    await first.clock.advance(1_000);
+    first.timers.close();
+    const second = timersOf(first.clock, first.kept);
+    expect(second.rung).toMatchObject([{ kind: "alarm", name: "work" }]);
+    second.timers.stop();
+    second.timers.close();
     const third = timersOf(first.clock, first.kept);
     expect(third.rung).toEqual([]);
+    expect(third.timers.pending).toMatchObject([{ kind: "timer" }]);
+  });
+
+  test("that ring are written again after the store was replaced", async () => {
+    const { timers, clock, kept } = timersOf();
+    timers.set("alarm", clock.now() + 1_000, { name: "work" });
+    await clock.advance(1_000);
+    kept.text = "";
+    timers.saveAgain();
+    expect(kept.text).toContain("work");
+  });
+
+  test("that were set for a while ring after it, whatever the clock on the wall is set to", async () => {
+    for (const shift of [-3_600_000, 3_600_000]) {
+      const { timers, clock, rung } = timersOf();
+      timers.set("timer", clock.now() + 300_000, { seconds: 300 });
+      await clock.advance(2_000);
+      clock.set(shift);
+      // One that is set by the new time is not moved along.
+      timers.set("reminder", clock.now() + 600_000, { seconds: 600, name: "tea" });
+      await clock.advance(297_999);
+      expect(rung).toEqual([]);
+      await clock.advance(1);
+      expect(rung).toMatchObject([{ seconds: 300 }]);
+      await clock.advance(300_000 + 2_000);
+      expect(rung).toMatchObject([{ seconds: 300 }, { name: "tea" }]);
+    }
+  });
+
+  test("that were set for a time of day ring by the clock on the wall, when that is set too", async () => {
+    const { timers, clock, rung } = timersOf();
+    timers.set("alarm", clock.now() + 3_600_000, {});
+    clock.set(-1_800_000);
+    await clock.advance(3_600_000);
+    expect(rung).toEqual([]);
+    clock.set(1_800_000);
+    await clock.advance(5_000);
+    expect(rung).toHaveLength(1);
+  });
+
+  test("that were set for a while before a restart ring by the clock on the wall", async () => {
+    const first = timersOf();
+    first.timers.set("timer", first.clock.now() + 3_600_000, { seconds: 3_600 });
+    first.timers.close();
+    const { clock, rung } = timersOf(first.clock, first.kept);
+    clock.set(3_600_000);
+    await clock.advance(5_000);
+    expect(rung).toHaveLength(1);
+  });
+
+  test("go on while the machine sleeps", async () => {
+    const { timers, clock, rung } = timersOf();
+    timers.set("timer", clock.now() + 300_000, { seconds: 300 });
+    await clock.advance(10_000);
+    clock.time += 300_000;
+    await clock.advance(5_000);
+    expect(rung).toHaveLength(1);
   });
 
   test("ring within five seconds of the machine's waking, by the clock on the wall", async () => {
@@ -76,6 +145,16 @@ describe("timers", () => {
     const { timers, clock } = timersOf();
     for (let count = 0; count < mostTimers; count++) expect(timers.set("timer", clock.now() + 60_000, {})).toBeDefined();
     expect(timers.set("timer", clock.now() + 60_000, {})).toBeUndefined();
+  });
+
+  test("can be snoozed however many there are: those that ring count among them", async () => {
+    const { timers, clock, kept } = timersOf();
+    timers.set("alarm", clock.now() + 1_000, { name: "up" });
+    for (let count = 1; count < mostTimers; count++) timers.set("timer", clock.now() + 60_000, {});
+    await clock.advance(1_000);
+    expect(timers.set("timer", clock.now() + 60_000, {})).toBeUndefined();
+    expect(timers.snooze(300)).toMatchObject([{ kind: "alarm", name: "up" }]);
+    expect(timersOf(clock, kept).timers.pending).toHaveLength(mostTimers);
   });
 
   test("of a store that holds something else are left out", () => {

@@ -20,9 +20,10 @@ export class Asking<What> {
 
   /**
    * Takes note of what is asked for, in the place of what was. Gives the function that is to be called when the question has been
-   * heard; a question that `signal` cuts short has been heard as far as it goes.
+   * heard; a question that `signal` cuts short has been heard as far as it goes. An answer that was stopped before asks nothing.
    */
   ask(what: What, signal: AbortSignal): () => void {
+    if (signal.aborted) return () => {};
     const asked: { what: What; heardAt?: number } = { what };
     this.#asked = asked;
     const heard = (): void => void (asked.heardAt ??= this.clock.now());

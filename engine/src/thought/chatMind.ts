@@ -116,7 +116,7 @@ export class ChatMind {
       if (calls.length === 0) return { costUsd: 0 };
       thought.messages.push(callMessage(text, calls));
       const asked = await this.#use(calls, thought, use);
-      if (asked.length > 0) return this.#askLeave({ thought, calls: asked }, use);
+      if (asked.length > 0 && !use.signal.aborted) return this.#askLeave({ thought, calls: asked }, use);
     }
     return { costUsd: 0 };
   }

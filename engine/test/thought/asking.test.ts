@@ -50,6 +50,16 @@ describe("a question", () => {
     expect(it.reply("yes")).toBeUndefined();
   });
 
+  test("of an answer that was stopped before is not asked, and leaves what was asked meanwhile", () => {
+    const it = asking();
+    const stopped = new AbortController();
+    stopped.abort();
+    it.it.ask("rm y", stopped.signal)();
+    expect(it.reply("yes")).toEqual({ isYes: true, what: "rm x" });
+    it.it.ask("rm y", stopped.signal)();
+    expect(it.reply("yes")).toBeUndefined();
+  });
+
   test("that was refused, or gave way to another, is not answered any more", () => {
     const refused = asking();
     refused.it.refuse();

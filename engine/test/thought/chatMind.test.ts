@@ -1,7 +1,7 @@
 import { afterEach, describe, expect, test } from "bun:test";
 import { systemClock } from "../../src/base/clock.ts";
 import type { Row } from "../../src/base/protocol.ts";
-import { mindOf, modelOf, NotingHand } from "../support/chatMinds.ts";
+import { mindOf, modelOf, NotingHand, SlowHand } from "../support/chatMinds.ts";
 import { ChatServer, type Ways } from "../support/chatServer.ts";
 import { ask, request } from "../support/claudeTool.ts";
 import { ManualClock } from "../support/clock.ts";
@@ -195,6 +195,21 @@ describe("a tool that is to be asked about", () => {
     await clock.advance(10_001);
     await late.say("Yes");
     expect([other, stopped, late].map(({ hand }) => hand.done)).toEqual([[], [], []]);
+  });
+
+  test("is not asked about, nor used later, when the answer was stopped while another tool was in use", async () => {
+    const [slow, files] = [new SlowHand("note"), new NotingHand("files")];
+    const it = await mind([slow, files]);
+    it.server.calls({ name: "note", given: { text: "a" } }, { name: "files", given: { text: "b" } });
+    it.server.says("All gone.");
+    const ending = new AbortController();
+    const first = ask(it.brain, it.what("Tidy up"), ending.signal);
+    await slow.begun;
+    ending.abort();
+    slow.finish();
+    expect((await first).text).toBe("");
+    expect((await it.say("Yes")).text).toBe("All gone.");
+    expect(files.done).toEqual([]);
   });
 
   test("is asked about together with others, up to five, and the rest is not done", async () => {

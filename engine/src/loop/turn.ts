@@ -37,6 +37,11 @@ export class Turn {
   #isStopped = false;
   #text = "";
   #spokenLength = 0;
+  /** The sentences that were handed to the speaker, those that have begun to be heard, and those before the question. */
+  #saidCount = 0;
+  #begunCount = 0;
+  #countBeforeQuestion = Infinity;
+  #questionHeard = (): void => {};
   #firstSentenceAt: number | undefined;
   #modelMs: number | undefined;
   #timings: Timings | undefined;
@@ -74,8 +79,10 @@ export class Turn {
     conversations.closeAnswer(this.#modelMs);
     conversations.addCost(answer.costUsd, answer.session);
     this.ports.changed();
+    this.#questionHeard = answer.heard ?? this.#questionHeard;
+    if (this.#hasQuestionBegun) this.#questionHeard();
     await speaker.finished();
-    if (!this.#isStopped) answer.heard?.();
+    if (!this.#isStopped) this.#questionHeard();
     this.#settleTimings();
   }
 
@@ -90,9 +97,15 @@ export class Turn {
 
   /** Takes note that a sentence of the answer begins to be heard. */
   sentenceStarted(): void {
+    this.#begunCount++;
+    if (this.#hasQuestionBegun) this.#questionHeard();
     if (this.#phase === "speaking") return;
     this.#phase = "speaking";
     this.#settleTimings();
+  }
+
+  get #hasQuestionBegun(): boolean {
+    return this.#begunCount > this.#countBeforeQuestion;
   }
 
   #take(piece: string, spoken: string | undefined): void {
@@ -112,6 +125,7 @@ export class Turn {
     this.#text += piece.toWellFormed();
     this.#spokenLength = this.#text.length;
     this.ports.conversations.showAnswer(this.#text.trim());
+    this.#countBeforeQuestion = this.#saidCount;
     this.#say(plainSentences(spoken));
     this.ports.changed();
   }
@@ -130,6 +144,7 @@ export class Turn {
 
   #say(sentences: string[]): void {
     if (sentences.length > 0) this.#firstSentenceAt ??= this.ports.clock.now();
+    this.#saidCount += sentences.length;
     for (const sentence of sentences) this.ports.speaker.say(sentence);
   }
 

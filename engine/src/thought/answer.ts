@@ -24,7 +24,7 @@ export interface Answering {
 export interface Answer {
   costUsd: number;
   session?: string;
-  /** Called when it has been heard to its end. */
+  /** Called when the question at its end begins to be heard, and when it has been heard to its end. */
   heard?: () => void;
 }
 

@@ -1,5 +1,8 @@
-import { expect, test } from "bun:test";
+import { describe, expect, test } from "bun:test";
+import { phrases } from "../../src/base/phrases.ts";
+import { Asking } from "../../src/thought/asking.ts";
 import { bench } from "../support/bench.ts";
+import { settle } from "../support/clock.ts";
 
 test("a question after an answer of the greatest length is written and spoken whole", async () => {
   const it = bench();
@@ -13,4 +16,58 @@ test("a question after an answer of the greatest length is written and spoken wh
   expect(it.engine.state.conversation.rows.at(-1)?.text).toEndWith("aa\nMay I? rm -rf x");
   expect(it.events).toContainEqual(["spoken", '"May I? rm dash rf x"']);
   it.engine.close();
+});
+
+describe("a yes", () => {
+  /** An agent that asks leave after these words, and notes what a yes allows. */
+  function asker(words: string, question = "May I? remove x") {
+    const it = bench();
+    const asking = new Asking<string>(it.clock, phrases.en);
+    const done: string[] = [];
+    it.brain.answer = async (request, answering, signal) => {
+      const reply = asking.reply(request);
+      if (reply?.isYes) done.push(reply.what);
+      if (reply || request.text === "yes") return { costUsd: 0 };
+      if (words !== "") answering.text(words);
+      answering.text(`\n${question}`, question);
+      return { costUsd: 0, heard: asking.ask("remove x", signal) };
+    };
+    it.engine.loop.say("Tidy up");
+    return { ...it, done, spoken: () => it.events.filter(([name]) => name === "spoken").map(([, data]) => data) };
+  }
+
+  test("over an answer whose question has not begun to be heard allows nothing", async () => {
+    const it = asker("There are nine. Here they are.");
+    await it.clock.advance(1_300);
+    expect(it.spoken()).toEqual(['"There are nine."', '"Here they are."']);
+    it.engine.loop.say("yes");
+    await settle();
+    expect(it.done).toEqual([]);
+    it.engine.close();
+  });
+
+  test("over a question that has begun to be heard, or after it, allows what was asked", async () => {
+    for (const [words, ms] of [["There are nine.", 1_300], ["There are nine.", 8_000], ["", 0]] as const) {
+      const it = asker(words);
+      await settle();
+      await it.clock.advance(ms);
+      expect(it.spoken().at(-1)).toBe('"May I? remove x"');
+      it.engine.loop.say("yes");
+      await settle();
+      expect([ms, it.done]).toEqual([ms, ["remove x"]]);
+      it.engine.close();
+    }
+  });
+
+  test("ten seconds after the end of a question, however long it was, allows nothing", async () => {
+    for (const [ms, done] of [[9_000, ["remove x"]], [12_000, []]] as const) {
+      const it = asker("", `May I? ${"remove all of it, ".repeat(8)}`);
+      await settle();
+      await it.clock.advance(8_000 + ms);
+      it.engine.loop.say("yes");
+      await settle();
+      expect([ms, it.done]).toEqual([ms, [...done]]);
+      it.engine.close();
+    }
+  });
 });

@@ -42,12 +42,44 @@ describe("a question", () => {
     }
   });
 
+  test("has ten seconds from its end, not from its beginning", async () => {
+    const it = asking();
+    it.heard();
+    await it.clock.advance(8_000);
+    it.heard();
+    await it.clock.advance(8_000);
+    expect(it.reply("yes")).toEqual({ isYes: true, what: "rm x" });
+  });
+
   test("that is cut short waits ten seconds as well", async () => {
+    for (const [ms, isAnswered] of [[10_000, true], [10_001, false]] as const) {
+      const it = asking();
+      it.heard();
+      await it.clock.advance(5_000);
+      it.ending.abort();
+      await it.clock.advance(ms);
+      it.heard();
+      expect([ms, it.reply("yes") !== undefined]).toEqual([ms, isAnswered]);
+    }
+  });
+
+  test("of which nothing was heard before it was cut short is over", () => {
     const it = asking();
     it.ending.abort();
-    await it.clock.advance(10_001);
     it.heard();
     expect(it.reply("yes")).toBeUndefined();
+    const second = asking();
+    second.it.ask("rm y", new AbortController().signal);
+    second.ending.abort();
+    expect(second.reply("yes")).toEqual({ isYes: true, what: "rm y" });
+  });
+
+  test("is not answered by what was said before it began", async () => {
+    const it = asking();
+    const early = { ...request("yes"), askedAt: it.clock.now() };
+    await it.clock.advance(1);
+    it.heard();
+    expect(it.it.reply(early)).toBeUndefined();
   });
 
   test("of an answer that was stopped before is not asked, and leaves what was asked meanwhile", () => {

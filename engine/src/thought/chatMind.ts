@@ -167,8 +167,8 @@ export class ChatMind {
     const { answering, signal } = use;
     const { phrases } = this.parts;
     this.#tellDone(wanted.thought, use);
-    const ask = (words: (intent: string) => string): string => phrases.mayI(wanted.calls.map(({ intent }) => words(intent)).join("; "));
-    answering.text(ask((intent) => intent), ask((intent) => readIntent(intent, phrases)));
+    const ask = (words: (call: AskedCall) => string): string => phrases.mayI(wanted.calls.map(words).join("; "));
+    answering.text(ask(({ intent }) => intent), ask(({ hand, intent }) => readIntent(hand.id, intent, phrases)));
     return { costUsd: 0, heard: this.#asking.ask(wanted, signal) };
   }
 

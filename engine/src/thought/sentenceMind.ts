@@ -12,7 +12,7 @@ import { understood } from "../hands/parsing/sentence.ts";
 import type { Answer, Answering, Request } from "./answer.ts";
 import { apart, watch } from "./answering.ts";
 import { Asking } from "./asking.ts";
-import { readAloud } from "./consent.ts";
+import { isSpelled, readAloud } from "./consent.ts";
 
 interface Deed {
   hand: Hand;
@@ -36,8 +36,6 @@ export interface HandlessModel {
 /** No more of a request is looked at than so many characters, and so many sentences. */
 const longestRequest = 20_000;
 const mostSentences = 50;
-/** What these open or run is read aloud to the letter. */
-const spelled = ["open", "commands", "files"];
 /** The end of a sentence, but not of "7 p.m. tomorrow" or "Dr. Silva". */
 const sentenceEnd = /(?<=[.!?;])(?<!\b(?:[ap]\.?\s?m|dr|dra|mr|mrs|ms|sr|sra|st|\p{Lu})\.)\s+|\n+/iu;
 
@@ -156,7 +154,7 @@ export class SentenceMind {
   #ask(asked: Deed[], isFirst: boolean, answering: Answering, signal: AbortSignal): () => void {
     const { phrases } = this.parts;
     const written = asked.map(({ intent = "" }) => intent);
-    const spoken = asked.map(({ hand, intent = "" }) => (spelled.includes(hand.id) ? readAloud(intent, phrases) : intent));
+    const spoken = asked.map(({ hand, intent = "" }) => (isSpelled(hand.id) ? readAloud(intent, phrases) : intent));
     const heard = this.#asking.ask(asked, signal);
     answering.text(`${isFirst ? "" : "\n"}${phrases.mayI(sentenceOf(written))}`, phrases.mayI(sentenceOf(spoken)));
     return heard;

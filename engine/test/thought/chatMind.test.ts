@@ -235,13 +235,27 @@ describe("a tool that is to be asked about", () => {
     expect(server.chats[1]?.body.messages.at(-1)?.content).toBe("Not done: it would not be the same any more.");
   });
 
-  test("is read aloud with the marks that a voice leaves out", async () => {
-    const hand = new NotingHand("files");
-    const it = await mind([hand]);
-    it.server.calls({ name: "files", given: { text: 'run "rm -rf ~/a_b.txt", now' } });
+  async function spokenQuestion(id: string, text: string) {
+    const it = await mind([new NotingHand(id, (words) => words)]);
+    it.server.calls({ name: id, given: { text } });
     const spoken: (string | undefined)[] = [];
     const answering = { text: (_: string, words?: string) => void spoken.push(words), tool: () => {} };
-    await it.brain.answer(it.what("x"), answering, new AbortController().signal);
-    expect(spoken).toEqual(['May I? Note run "rm dash rf tilde slash a underscore b dot txt", now']);
+    const what = it.what("x");
+    await it.brain.answer({ ...what, settings: { ...what.settings, confirmActions: [id] } }, answering, new AbortController().signal);
+    return spoken;
+  }
+
+  test("is read aloud with the marks that a voice leaves out", async () => {
+    const spoken = await spokenQuestion("notes", 'Note "milk" for a_b.txt, now');
+    expect(spoken).toEqual(['May I? Note "milk" for a underscore b dot txt, now']);
+  });
+
+  test("is read aloud to the letter when it opens, runs or changes something", async () => {
+    for (const id of ["open", "commands", "files"]) {
+      expect([id, await spokenQuestion(id, 'rm -rf "my folder"; (a b)')]).toEqual([
+        id,
+        ["May I? rm dash rf quote my folder quote semicolon open parenthesis a b close parenthesis"],
+      ]);
+    }
   });
 });

@@ -11,7 +11,7 @@ import type { ServedModel } from "../machine/modelServers.ts";
 import type { Answer, Answering, Request } from "./answer.ts";
 import { Asking } from "./asking.ts";
 import { chat, type ChatOutcome, type Failure } from "./chatClient.ts";
-import { callMessage, earlierMessages, fitted, type Message } from "./chatHistory.ts";
+import { callMessage, earlierMessages, fitted, type Message, windowFor } from "./chatHistory.ts";
 import type { ToolCall } from "./chatReader.ts";
 import { isAskable, readIntent } from "./consent.ts";
 
@@ -121,20 +121,28 @@ export class ChatMind {
     return { costUsd: 0 };
   }
 
-  /** Asks the model once: again with half the conversation when that was too long. */
+  /** Asks the model once: again with less of the conversation when that was too long. */
   async #ask(thought: Thought, { answering, signal }: Use): Promise<ChatOutcome> {
     const { model, messages } = thought;
     thought.rounds++;
-    for (let attempt = 1; ; attempt++) {
-      const tools = thought.rounds < mostRounds ? this.#tools(model) : undefined;
-      const window = this.#windows.get(model.name) ?? model.window ?? usualWindow;
-      const sent = fitted(messages, window, tools ? JSON.stringify(tools).length : 0);
+    const tools = thought.rounds < mostRounds ? this.#tools(model) : undefined;
+    const toolBytes = tools ? JSON.stringify(tools).length : 0;
+    const known = this.#windows.get(model.name) ?? model.window ?? usualWindow;
+    for (let attempt = 1, window = known; ; attempt++) {
+      const sent = fitted(messages, window, toolBytes);
       const wanted = { model: model.id, messages: sent, ...(tools ? { tools } : {}) };
       const outcome = await chat(model.server, wanted, (piece) => answering.text(piece), this.parts.clock, signal);
-      if (outcome.kind === "finished" || attempt === 3) return outcome;
+      if (outcome.kind === "finished") {
+        if (window < known) this.#windows.set(model.name, window);
+        return outcome;
+      }
       if (outcome.failure === "toolless") this.#toolless.add(model.name);
-      if (outcome.failure === "tooLong" && sent.length > 2) this.#windows.set(model.name, Math.min(outcome.window ?? Infinity, window / 2));
-      else return outcome;
+      if (outcome.failure !== "tooLong") return outcome;
+      const told = outcome.window !== undefined && outcome.window > 0 ? outcome.window : Infinity;
+      if (told < window) this.#windows.set(model.name, told);
+      const needed = Math.min(window, windowFor(sent, toolBytes));
+      window = told < needed ? told : needed / 2;
+      if (attempt === 3 || windowFor(fitted(messages, window, toolBytes), 0) === windowFor(sent, 0)) return outcome;
     }
   }
 

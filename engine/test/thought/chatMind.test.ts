@@ -71,6 +71,50 @@ describe("a request to a model", () => {
     expect(next).toEqual([second]);
   });
 
+  const long = Array.from({ length: 10 }, (_, at): Row => ({ role: at % 2 === 0 ? "user" : "assistant", text: "word ".repeat(60), at }));
+  const counts = (server: ChatServer): number[] => server.chats.map(({ body }) => body.messages.length);
+  /** A server that does not tell how long its window is. */
+  const refusal = { status: 400, body: { error: { message: "the request exceeds the available context size", type: "exceed_context_size_error" } } };
+
+  test("that stays too long with less of the conversation takes nothing from the next", async () => {
+    const it = await mind([], systemClock, llamaCpp);
+    for (let attempt = 0; attempt < 3; attempt++) it.server.refuses(refusal);
+    it.server.says("Hi.");
+    expect((await it.say("x", long)).text).toBe("That is too long for me.");
+    expect((await it.say("y", long)).text).toBe("Hi.");
+    const [first = 0, second = 0, third = 0, ...next] = counts(it.server);
+    expect(first).toBe(12);
+    expect(first).toBeGreaterThan(second);
+    expect(second).toBeGreaterThan(third);
+    expect(next).toEqual([12]);
+  });
+
+  test("is asked again with less of what a tool said, before anything of the conversation is left out", async () => {
+    const hand = new NotingHand("note");
+    hand.result = "x".repeat(5_000);
+    const it = await mind([hand], systemClock, llamaCpp);
+    it.server.calls({ name: "note", given: { text: "a" } });
+    it.server.refuses(refusal);
+    it.server.says("Hi.");
+    expect((await it.say("x", long.slice(0, 4))).text).toBe("Hi.");
+    expect(counts(it.server)).toEqual([6, 8, 8]);
+    const [whole = 0, less = 0] = it.server.chats.slice(1).map(({ body }) => body.messages.at(-1)?.content.length);
+    expect([whole, less < 2_500, less > 1_000]).toEqual([5_000, true, true]);
+  });
+
+  test("is not asked again when there is nothing to leave out, and takes nothing from the next", async () => {
+    const hand = new NotingHand("note");
+    const it = await mind([hand], systemClock, llamaCpp);
+    for (let time = 0; time < 3; time++) {
+      it.server.calls({ name: "note", given: { text: "a" } });
+      it.server.refuses(refusal);
+    }
+    it.server.says("Hi.");
+    for (let time = 0; time < 3; time++) await it.say("x");
+    await it.say("y", long);
+    expect(counts(it.server)).toEqual([2, 4, 2, 4, 2, 4, 12]);
+  });
+
   test("that is too long by itself is said to be", async () => {
     const it = await mind([], systemClock, llamaCpp);
     it.server.refuses(llamaCpp.tooLong ?? ollama.missing);

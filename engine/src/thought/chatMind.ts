@@ -3,6 +3,7 @@
 
 import type { Clock } from "../base/clock.ts";
 import type { Language } from "../base/language.ts";
+import type { Log } from "../base/log.ts";
 import type { Phrases } from "../base/phrases.ts";
 import { parseJson } from "../base/json.ts";
 import { cut } from "../base/text.ts";
@@ -21,6 +22,7 @@ export interface ChatMindParts {
   clock: Clock;
   language: Language;
   phrases: Phrases;
+  log: Log;
   hands: readonly Hand[];
 }
 
@@ -37,7 +39,7 @@ interface Thought {
   model: ServedModel;
   messages: Message[];
   rounds: number;
-  /** What was done, as long as the model has not said so. */
+  /** What was done, in words for the user, as long as the model has not said so. */
   done: string[];
 }
 
@@ -181,18 +183,23 @@ export class ChatMind {
   }
 
   async #act({ call, hand, given, intent }: AskedCall, thought: Thought, { answering, signal }: Use): Promise<void> {
+    const { language, log, phrases } = this.parts;
     let content = "Not done: it would not be the same any more.";
+    let words = phrases.notTheSame;
     // The world may have changed since it was asked for.
     if (!signal.aborted && this.#intent(hand, given) === intent) {
       answering.tool(`${hand.id}: ${intent}`);
       try {
-        content = cut(await hand.act(given, this.parts.language, signal), longestResult);
+        content = cut(await hand.act(given, language, signal), longestResult);
+        words = content;
       } catch (error) {
+        log(`a ação ${hand.id} falhou (${String(error)})`);
         content = cut(`It failed: ${String(error)}`, longestResult);
+        words = phrases.handFailed;
       }
-      // What a model looks up is for its eyes.
-      if (!hand.forModelsOnly) thought.done.push(content);
     }
+    // What a model looks up is for its eyes.
+    if (!hand.forModelsOnly) thought.done.push(words);
     thought.messages.push({ role: "tool", content, tool_call_id: call.id });
   }
 

@@ -9,9 +9,11 @@ import { llamaCpp } from "../support/servers/llamaCpp.ts";
 import { ollama } from "../support/servers/ollama.ts";
 
 const servers: ChatServer[] = [];
+/** What goes wrong after a tool was used. */
+const failure = { status: 500, body: { error: "out of memory" } };
 afterEach(() => servers.splice(0).forEach((server) => server.close()));
 
-async function mind(hands: NotingHand[] = [], clock = systemClock, ways: Ways = ollama) {
+async function mind(hands: NotingHand[] = [], clock = systemClock, ways: Ways = ollama, language: "en" | "pt" = "en") {
   const server = await ChatServer.open(ways);
   servers.push(server);
   const confirmActions = ["files"];
@@ -19,7 +21,7 @@ async function mind(hands: NotingHand[] = [], clock = systemClock, ways: Ways = 
     const plain = request(words, { earlier, askedAt: clock.now() });
     return { ...plain, settings: { ...plain.settings, brainModel: modelOf(server), confirmActions } };
   };
-  const it = mindOf(server, hands, clock);
+  const it = mindOf(server, hands, clock, language);
   return { ...it, server, what, say: (words: string, earlier?: Row[]) => ask(it.brain, what(words, earlier)) };
 }
 
@@ -175,9 +177,21 @@ describe("a tool", () => {
   test("says itself what it did when the model fails afterwards", async () => {
     const it = await mind([new NotingHand("note")]);
     it.server.calls({ name: "note", given: { text: "milk" } });
-    it.server.refuses({ status: 500, body: { error: "out of memory" } });
+    it.server.refuses(failure);
     expect((await it.say("Note milk")).text).toBe("Noted.\nThe language model did not answer.");
     expect(it.log).toEqual([expect.stringContaining("500: out of memory")]);
+  });
+
+  test("that fails is said to have in the user's words when the model fails afterwards", async () => {
+    for (const [language, words] of [["en", "That did not work."], ["pt", "Não deu certo."]] as const) {
+      const hand = new NotingHand("note");
+      hand.act = () => Promise.reject(new Error("a flaw"));
+      const it = await mind([hand], systemClock, ollama, language);
+      it.server.calls({ name: "note", given: { text: "milk" } });
+      it.server.refuses(failure);
+      expect((await it.say("x")).text).toStartWith(`${words}\n`);
+      expect(it.log[0]).toBe("a ação note falhou (Error: a flaw)");
+    }
   });
 
   test("is not used any more when the answer was stopped", async () => {
@@ -277,6 +291,16 @@ describe("a tool that is to be asked about", () => {
     expect((await say("Yes")).text).toBe("All done.");
     expect(hand.done).toEqual([]);
     expect(server.chats[1]?.body.messages.at(-1)?.content).toBe("Not done: it would not be the same any more.");
+  });
+
+  test("is said to have been left alone then, when the model fails afterwards", async () => {
+    const hand = new NotingHand("files");
+    const it = await mind([hand], systemClock, ollama, "pt");
+    it.server.calls({ name: "files", given: { text: "milk" } });
+    it.server.refuses(failure);
+    await it.say("x");
+    hand.words = (text) => `Shout ${text}`;
+    expect((await it.say("Sim")).text).toStartWith("Isso mudou nesse meio tempo, e não mexi.\n");
   });
 
   async function spokenQuestion(id: string, text: string) {

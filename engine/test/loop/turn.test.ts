@@ -24,6 +24,7 @@ describe("a yes", () => {
     const it = bench();
     const asking = new Asking<string>(it.clock, phrases.en);
     const done: string[] = [];
+    it.brain.refuse = () => asking.refuse();
     it.brain.answer = async (request, answering, signal) => {
       const reply = asking.reply(request);
       if (reply?.isYes) done.push(reply.what);
@@ -57,6 +58,17 @@ describe("a yes", () => {
       expect([ms, it.done]).toEqual([ms, ["remove x"]]);
       it.engine.close();
     }
+  });
+
+  test("after the microphone was muted and heard again allows nothing", async () => {
+    const it = asker("");
+    await settle();
+    it.engine.loop.toggleMute();
+    it.engine.loop.toggleMute();
+    it.engine.loop.say("yes");
+    await settle();
+    expect(it.done).toEqual([]);
+    it.engine.close();
   });
 
   test("ten seconds after the end of a question, however long it was, allows nothing", async () => {

@@ -5,7 +5,7 @@ import type { Phrases } from "../base/phrases.ts";
 import type { Settings, Timings } from "../base/protocol.ts";
 import { cut } from "../base/text.ts";
 import type { Conversations } from "../memory/conversations.ts";
-import type { Brain } from "../thought/answer.ts";
+import type { Brain, Request } from "../thought/answer.ts";
 import { speakableLength } from "../voice/markup.ts";
 import { plainSentences, sentencesOf } from "../voice/sentences.ts";
 import type { Speaker } from "../voice/speaker.ts";
@@ -62,14 +62,13 @@ export class Turn {
 
   /** Resolves when the answer has been heard to its end, or has been stopped. */
   async run(): Promise<void> {
-    const { clock, brain, speaker, conversations, settings } = this.ports;
-    const { session, lastAnswer } = conversations;
-    const earlier = conversations.current.rows;
+    const { clock, brain, speaker, conversations } = this.ports;
+    const request = this.#request();
     const begunAt = clock.now();
     conversations.add("user", this.question.text);
     this.ports.changed();
     const answer = await brain.answer(
-      { text: this.question.text, askedAt: this.question.askedAt, earlier, settings: settings(), session, lastAnswer },
+      request,
       { text: (piece, spoken) => this.#take(piece, spoken), tool: (text) => this.#tool(text) },
       this.#abort.signal,
     );
@@ -102,6 +101,28 @@ export class Turn {
     if (this.#phase === "speaking") return;
     this.#phase = "speaking";
     this.#settleTimings();
+  }
+
+  /** What was said before is not known any more once the conversation is forgotten, which the answer itself may do. */
+  #request(): Request {
+    const { conversations, settings } = this.ports;
+    const { session, lastAnswer } = conversations;
+    const { rows, startedAt } = conversations.current;
+    const isForgotten = (): boolean => conversations.current.startedAt !== startedAt;
+    return {
+      text: this.question.text,
+      askedAt: this.question.askedAt,
+      settings: settings(),
+      get earlier() {
+        return isForgotten() ? [] : rows;
+      },
+      get session() {
+        return isForgotten() ? undefined : session;
+      },
+      get lastAnswer() {
+        return isForgotten() ? undefined : lastAnswer;
+      },
+    };
   }
 
   get #hasQuestionBegun(): boolean {

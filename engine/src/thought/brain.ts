@@ -131,8 +131,8 @@ export class EngineBrain implements Brain {
 
   /** Answers without a language model what it understands; undefined when that is nothing. */
   async #answerByHands(request: Request, answering: Answering, signal: AbortSignal): Promise<Answer | undefined> {
-    const context = this.#context(request);
-    return await this.parts.sentenceMind.answer(request, (text) => knownAnswers(text, context), answering, signal);
+    const known = (text: string): string | undefined => knownAnswers(text, this.#context(request));
+    return await this.parts.sentenceMind.answer(request, known, answering, signal);
   }
 
   /** What the user is told of a failure. */

@@ -1,8 +1,16 @@
 import { describe, expect, test } from "bun:test";
+import { dirname } from "node:path";
 import { phrases } from "../../src/base/phrases.ts";
+import { Children } from "../../src/machine/children.ts";
 import { Asking } from "../../src/thought/asking.ts";
+import type { EngineBrain } from "../../src/thought/brain.ts";
 import { bench } from "../support/bench.ts";
-import { settle } from "../support/clock.ts";
+import { brainWith } from "../support/brains.ts";
+import { mindOf, modelOf } from "../support/chatMinds.ts";
+import { ChatServer } from "../support/chatServer.ts";
+import { args, init, print, result, tool } from "../support/claudeTool.ts";
+import { ManualClock, settle } from "../support/clock.ts";
+import { llamaCpp } from "../support/servers/llamaCpp.ts";
 
 test("a question after an answer of the greatest length is written and spoken whole", async () => {
   const it = bench();
@@ -81,5 +89,61 @@ describe("a yes", () => {
       expect([ms, it.done]).toEqual([ms, [...done]]);
       it.engine.close();
     }
+  });
+});
+
+describe("a request that has the conversation forgotten first", () => {
+  const wish = "Forget this conversation. And what is a quark?";
+
+  /** Says this, and waits until it is answered. */
+  async function answered({ engine, clock }: ReturnType<typeof bench>, words: string): Promise<string | undefined> {
+    await clock.advance(60_000);
+    engine.loop.say(words);
+    while (engine.state.conversation.rows.at(-1)?.durationMs === undefined) await Bun.sleep(1);
+    return engine.state.conversation.rows.at(-1)?.text;
+  }
+
+  test("goes on in no session, and the next one in its own", async () => {
+    const path = tool(print(init, result));
+    const children = new Children({ ...process.env, PATH: `${dirname(path)}:/usr/bin:/bin` });
+    let brain: EngineBrain | undefined;
+    const clock = new ManualClock();
+    const it = bench(undefined, clock, "", { brain: (hands) => (brain = brainWith({ clock, children, hands }).brain) });
+    await brain?.prepare();
+    await it.engine.set({ confirmActions: [] });
+    await answered(it, "What is an atom?");
+    await answered(it, "What is a quark?");
+    expect(args(path)).toContain("--resume");
+    expect(await answered(it, wish)).toBe("I have forgotten this conversation. Done.");
+    expect(args(path)).not.toContain("--resume");
+    await answered(it, "What is an atom?");
+    expect(args(path)).toContain("--resume");
+    it.engine.close();
+  });
+
+  test("tells a model nothing of it", async () => {
+    const server = await ChatServer.open(llamaCpp);
+    const clock = new ManualClock();
+    const { servers } = mindOf(server, [], clock);
+    const it = bench(undefined, clock, "", { brain: (hands) => brainWith({ clock, hands, servers }).brain, servers });
+    await servers.look();
+    await it.engine.set({ confirmActions: [], brainModel: modelOf(server) });
+    server.refuses(llamaCpp.toolless ?? llamaCpp.missing);
+    server.says("It is small.");
+    await answered(it, "What is an atom?");
+    expect(await answered(it, wish)).toBe("I have forgotten this conversation. It is small.");
+    expect(server.chats.at(-1)?.body.messages.slice(1)).toEqual([{ role: "user", content: "And what is a quark?" }]);
+    it.engine.close();
+    server.close();
+  });
+
+  test("does not repeat what was said in it", async () => {
+    const clock = new ManualClock();
+    const it = bench(undefined, clock, "", { brain: (hands) => brainWith({ clock, hands }).brain });
+    await it.engine.set({ confirmActions: [] });
+    const said = await answered(it, "What can you do?");
+    expect(await answered(it, "Repeat that")).toBe(said as string);
+    expect(await answered(it, "Forget this conversation. Repeat that.")).not.toContain(said as string);
+    it.engine.close();
   });
 });

@@ -90,9 +90,11 @@ export class Loop {
     this.ports.changed();
   }
 
+  /** Muting takes back what was asked leave for: it would be another moment in which a yes is heard. */
   toggleMute(): void {
     this.#isMuted = !this.#isMuted;
     if (this.#isMuted) {
+      this.ports.brain.refuse();
       this.#window.close();
       this.ears.forget();
     }

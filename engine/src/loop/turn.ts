@@ -5,7 +5,7 @@ import type { Phrases } from "../base/phrases.ts";
 import type { Settings, Timings } from "../base/protocol.ts";
 import { cut } from "../base/text.ts";
 import type { Conversations } from "../memory/conversations.ts";
-import type { Brain } from "../thought/answer.ts";
+import type { Brain, Request } from "../thought/answer.ts";
 import { speakableLength } from "../voice/markup.ts";
 import { plainSentences, sentencesOf } from "../voice/sentences.ts";
 import type { Speaker } from "../voice/speaker.ts";
@@ -37,6 +37,11 @@ export class Turn {
   #isStopped = false;
   #text = "";
   #spokenLength = 0;
+  /** The sentences that were handed to the speaker, those that have begun to be heard, and those before the question. */
+  #saidCount = 0;
+  #begunCount = 0;
+  #countBeforeQuestion = Infinity;
+  #questionHeard = (): void => {};
   #firstSentenceAt: number | undefined;
   #modelMs: number | undefined;
   #timings: Timings | undefined;
@@ -57,14 +62,13 @@ export class Turn {
 
   /** Resolves when the answer has been heard to its end, or has been stopped. */
   async run(): Promise<void> {
-    const { clock, brain, speaker, conversations, settings } = this.ports;
-    const { session, lastAnswer } = conversations;
-    const earlier = conversations.current.rows;
+    const { clock, brain, speaker, conversations } = this.ports;
+    const request = this.#request();
     const begunAt = clock.now();
     conversations.add("user", this.question.text);
     this.ports.changed();
     const answer = await brain.answer(
-      { text: this.question.text, askedAt: this.question.askedAt, earlier, settings: settings(), session, lastAnswer },
+      request,
       { text: (piece, spoken) => this.#take(piece, spoken), tool: (text) => this.#tool(text) },
       this.#abort.signal,
     );
@@ -74,8 +78,10 @@ export class Turn {
     conversations.closeAnswer(this.#modelMs);
     conversations.addCost(answer.costUsd, answer.session);
     this.ports.changed();
+    this.#questionHeard = answer.heard ?? this.#questionHeard;
+    if (this.#hasQuestionBegun) this.#questionHeard();
     await speaker.finished();
-    if (!this.#isStopped) answer.heard?.();
+    if (!this.#isStopped) this.#questionHeard();
     this.#settleTimings();
   }
 
@@ -90,9 +96,37 @@ export class Turn {
 
   /** Takes note that a sentence of the answer begins to be heard. */
   sentenceStarted(): void {
+    this.#begunCount++;
+    if (this.#hasQuestionBegun) this.#questionHeard();
     if (this.#phase === "speaking") return;
     this.#phase = "speaking";
     this.#settleTimings();
+  }
+
+  /** What was said before is not known any more once the conversation is forgotten, which the answer itself may do. */
+  #request(): Request {
+    const { conversations, settings } = this.ports;
+    const { session, lastAnswer } = conversations;
+    const { rows, startedAt } = conversations.current;
+    const isForgotten = (): boolean => conversations.current.startedAt !== startedAt;
+    return {
+      text: this.question.text,
+      askedAt: this.question.askedAt,
+      settings: settings(),
+      get earlier() {
+        return isForgotten() ? [] : rows;
+      },
+      get session() {
+        return isForgotten() ? undefined : session;
+      },
+      get lastAnswer() {
+        return isForgotten() ? undefined : lastAnswer;
+      },
+    };
+  }
+
+  get #hasQuestionBegun(): boolean {
+    return this.#begunCount > this.#countBeforeQuestion;
   }
 
   #take(piece: string, spoken: string | undefined): void {
@@ -112,6 +146,7 @@ export class Turn {
     this.#text += piece.toWellFormed();
     this.#spokenLength = this.#text.length;
     this.ports.conversations.showAnswer(this.#text.trim());
+    this.#countBeforeQuestion = this.#saidCount;
     this.#say(plainSentences(spoken));
     this.ports.changed();
   }
@@ -130,6 +165,7 @@ export class Turn {
 
   #say(sentences: string[]): void {
     if (sentences.length > 0) this.#firstSentenceAt ??= this.ports.clock.now();
+    this.#saidCount += sentences.length;
     for (const sentence of sentences) this.ports.speaker.say(sentence);
   }
 

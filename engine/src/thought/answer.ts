@@ -6,12 +6,12 @@ export interface Request {
   text: string;
   /** The end of its last word, if it was said. */
   askedAt: number;
-  /** The conversation before it. */
-  earlier: readonly Row[];
   settings: Settings;
+  /** The conversation before it. This and what follows is to be read late: a hand may have the conversation forgotten. */
+  readonly earlier: readonly Row[];
   /** The language model's session to be continued. */
-  session: string | undefined;
-  lastAnswer: string | undefined;
+  readonly session: string | undefined;
+  readonly lastAnswer: string | undefined;
 }
 
 /** The answer as it comes. */
@@ -24,7 +24,7 @@ export interface Answering {
 export interface Answer {
   costUsd: number;
   session?: string;
-  /** Called when it has been heard to its end. */
+  /** Called when the question at its end begins to be heard, and when it has been heard to its end. */
   heard?: () => void;
 }
 

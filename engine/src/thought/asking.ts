@@ -1,5 +1,5 @@
 // What the agent has asked leave for, until the reply: a yes allows just that, once. A no refuses it, and so do ten seconds of
-// nothing after the question was heard.
+// nothing after the question was heard. A question that nobody has heard a word of is none.
 
 import type { Clock } from "../base/clock.ts";
 import type { Phrases } from "../base/phrases.ts";
@@ -10,8 +10,15 @@ const replyMs = 10_000;
 /** A longer text is no plain yes or no. */
 const longestReply = 100;
 
+interface Asked<What> {
+  what: What;
+  /** The times at which it began to be heard, and at which it was heard as far as it goes. */
+  begunAt?: number;
+  heardAt?: number;
+}
+
 export class Asking<What> {
-  #asked: { what: What; heardAt?: number } | undefined;
+  #asked: Asked<What> | undefined;
 
   constructor(
     private readonly clock: Clock,
@@ -19,22 +26,32 @@ export class Asking<What> {
   ) {}
 
   /**
-   * Takes note of what is asked for, in the place of what was. Gives the function that is to be called when the question has been
-   * heard; a question that `signal` cuts short has been heard as far as it goes.
+   * Takes note of what is asked for, in the place of what was. Gives the function that is to be called when the question begins to be
+   * heard, and when it has been heard to its end. A question that `signal` cuts short has been heard as far as it goes, and is over
+   * when it had not begun. An answer that was stopped before asks nothing.
    */
   ask(what: What, signal: AbortSignal): () => void {
-    const asked: { what: What; heardAt?: number } = { what };
+    if (signal.aborted) return () => {};
+    const asked: Asked<What> = { what };
     this.#asked = asked;
-    const heard = (): void => void (asked.heardAt ??= this.clock.now());
-    signal.addEventListener("abort", heard);
-    return heard;
+    signal.addEventListener("abort", () => {
+      if (asked.begunAt !== undefined) asked.heardAt = this.clock.now();
+      else if (this.#asked === asked) this.#asked = undefined;
+    });
+    return () => {
+      if (signal.aborted) return;
+      asked.begunAt ??= this.clock.now();
+      asked.heardAt = this.clock.now();
+    };
   }
 
   /** Takes what was asked for, and tells what the request says to it. Gives undefined when it is no reply to it. */
   reply({ text, askedAt }: Request): { isYes: boolean; what: What } | undefined {
     const asked = this.#asked;
     this.#asked = undefined;
-    if (asked === undefined || askedAt - (asked.heardAt ?? askedAt) > replyMs) return undefined;
+    if (asked === undefined) return undefined;
+    const { begunAt = askedAt, heardAt = askedAt } = asked;
+    if (askedAt < begunAt || askedAt - heardAt > replyMs) return undefined;
     const isYes = isOneOf(text, this.phrases.yes);
     return isYes || isOneOf(text, this.phrases.no) ? { isYes, what: asked.what } : undefined;
   }

@@ -131,8 +131,8 @@ export class EngineBrain implements Brain {
 
   /** Answers without a language model what it understands; undefined when that is nothing. */
   async #answerByHands(request: Request, answering: Answering, signal: AbortSignal, isForModel = false): Promise<Answer | undefined> {
-    const context = this.#context(request);
-    return await this.parts.sentenceMind.answer(request, (text) => knownAnswers(text, context), answering, signal, isForModel);
+    const known = (text: string): string | undefined => knownAnswers(text, this.#context(request));
+    return await this.parts.sentenceMind.answer(request, known, answering, signal, isForModel);
   }
 
   /** What the user is told of a failure. */

@@ -2,6 +2,7 @@
 
 import { isRecord, parseJson } from "../base/json.ts";
 import type { Row } from "../base/protocol.ts";
+import { cut } from "../base/text.ts";
 import type { ToolCall } from "./chatReader.ts";
 
 export type Message =
@@ -15,6 +16,8 @@ const bytesPerToken = 3;
 const messageTokens = 8;
 /** The part of the window that is kept for the answer. */
 const answerShare = 1 / 4;
+/** The part of the window that what tools say may always have. */
+const resultShare = 1 / 4;
 
 /** What was said before, without what the tools did: the words of the answers tell that. */
 export function earlierMessages(rows: readonly Row[]): Message[] {
@@ -41,13 +44,14 @@ export function callMessage(text: string, calls: readonly ToolCall[]): Message {
 }
 
 /**
- * The messages that fit into a window of so many tokens, with tools of so many bytes beside them. The oldest turns are left out
- * first; the first message and the last turn always stay.
+ * The messages that fit into a window of so many tokens, with tools of so many bytes beside them. What tools said is cut first, then
+ * the oldest turns are left out; the first message and the last turn always stay.
  */
 export function fitted(messages: readonly Message[], window: number, toolBytes: number): Message[] {
-  const [first, ...rest] = messages;
+  const room = window * (1 - answerShare) - toolBytes / bytesPerToken;
+  const [first, ...rest] = withResultsCut(messages, room, window * resultShare);
   if (first === undefined) return [];
-  let left = window * (1 - answerShare) - tokensOf(first) - toolBytes / bytesPerToken;
+  let left = room - tokensOf(first);
   const lastTurn = rest.findLastIndex(({ role }) => role === "user");
   let from = rest.length;
   for (let at = rest.length - 1; at >= 0; at--) {
@@ -58,6 +62,38 @@ export function fitted(messages: readonly Message[], window: number, toolBytes: 
     if (message.role === "user") from = at;
   }
   return [first, ...rest.slice(from)];
+}
+
+/** The window that holds these messages, with tools of so many bytes beside them, in tokens. */
+export function windowFor(messages: readonly Message[], toolBytes: number): number {
+  return (tokensIn(messages) + toolBytes / bytesPerToken) / (1 - answerShare);
+}
+
+/** Cuts the longest of what tools said, until all messages have room, or it has only `least` left. */
+function withResultsCut(messages: readonly Message[], room: number, least: number): readonly Message[] {
+  const tokens = tokensIn(messages);
+  const results = messages.filter(({ role }) => role === "tool");
+  if (tokens <= room || results.length === 0) return messages;
+  let left = Math.max(least, room - tokens + tokensIn(results));
+  let most = Infinity;
+  for (const [at, size] of results.map(tokensOf).sort((one, other) => one - other).entries()) {
+    const share = left / (results.length - at);
+    if (size > share) {
+      most = share;
+      break;
+    }
+    left -= size;
+  }
+  return messages.map((message) => {
+    const size = tokensOf(message);
+    if (message.role !== "tool" || size <= most) return message;
+    const kept = Math.max(0, most - messageTokens) / (size - messageTokens);
+    return { ...message, content: cut(message.content, Math.floor(message.content.length * kept)) };
+  });
+}
+
+function tokensIn(messages: readonly Message[]): number {
+  return messages.reduce((sum, message) => sum + tokensOf(message), 0);
 }
 
 function tokensOf(message: Message): number {

@@ -3,6 +3,7 @@
 
 import type { Clock } from "../base/clock.ts";
 import type { Language } from "../base/language.ts";
+import type { Log } from "../base/log.ts";
 import type { Phrases } from "../base/phrases.ts";
 import { parseJson } from "../base/json.ts";
 import { cut } from "../base/text.ts";
@@ -11,7 +12,7 @@ import type { ServedModel } from "../machine/modelServers.ts";
 import type { Answer, Answering, Request } from "./answer.ts";
 import { Asking } from "./asking.ts";
 import { chat, type ChatOutcome, type Failure } from "./chatClient.ts";
-import { callMessage, earlierMessages, fitted, type Message } from "./chatHistory.ts";
+import { callMessage, earlierMessages, fitted, type Message, windowFor } from "./chatHistory.ts";
 import type { ToolCall } from "./chatReader.ts";
 import { isAskable, readIntent } from "./consent.ts";
 
@@ -21,6 +22,7 @@ export interface ChatMindParts {
   clock: Clock;
   language: Language;
   phrases: Phrases;
+  log: Log;
   hands: readonly Hand[];
 }
 
@@ -37,7 +39,7 @@ interface Thought {
   model: ServedModel;
   messages: Message[];
   rounds: number;
-  /** What was done, as long as the model has not said so. */
+  /** What was done, in words for the user, as long as the model has not said so. */
   done: string[];
 }
 
@@ -116,25 +118,33 @@ export class ChatMind {
       if (calls.length === 0) return { costUsd: 0 };
       thought.messages.push(callMessage(text, calls));
       const asked = await this.#use(calls, thought, use);
-      if (asked.length > 0) return this.#askLeave({ thought, calls: asked }, use);
+      if (asked.length > 0 && !use.signal.aborted) return this.#askLeave({ thought, calls: asked }, use);
     }
     return { costUsd: 0 };
   }
 
-  /** Asks the model once: again with half the conversation when that was too long. */
+  /** Asks the model once: again with less of the conversation when that was too long. */
   async #ask(thought: Thought, { answering, signal }: Use): Promise<ChatOutcome> {
     const { model, messages } = thought;
     thought.rounds++;
-    for (let attempt = 1; ; attempt++) {
-      const tools = thought.rounds < mostRounds ? this.#tools(model) : undefined;
-      const window = this.#windows.get(model.name) ?? model.window ?? usualWindow;
-      const sent = fitted(messages, window, tools ? JSON.stringify(tools).length : 0);
+    const tools = thought.rounds < mostRounds ? this.#tools(model) : undefined;
+    const toolBytes = tools ? JSON.stringify(tools).length : 0;
+    const known = this.#windows.get(model.name) ?? model.window ?? usualWindow;
+    for (let attempt = 1, window = known; ; attempt++) {
+      const sent = fitted(messages, window, toolBytes);
       const wanted = { model: model.id, messages: sent, ...(tools ? { tools } : {}) };
       const outcome = await chat(model.server, wanted, (piece) => answering.text(piece), this.parts.clock, signal);
-      if (outcome.kind === "finished" || attempt === 3) return outcome;
+      if (outcome.kind === "finished") {
+        if (window < known) this.#windows.set(model.name, window);
+        return outcome;
+      }
       if (outcome.failure === "toolless") this.#toolless.add(model.name);
-      if (outcome.failure === "tooLong" && sent.length > 2) this.#windows.set(model.name, Math.min(outcome.window ?? Infinity, window / 2));
-      else return outcome;
+      if (outcome.failure !== "tooLong") return outcome;
+      const told = outcome.window !== undefined && outcome.window > 0 ? outcome.window : Infinity;
+      if (told < window) this.#windows.set(model.name, told);
+      const needed = Math.min(window, windowFor(sent, toolBytes));
+      window = told < needed ? told : needed / 2;
+      if (attempt === 3 || windowFor(fitted(messages, window, toolBytes), 0) === windowFor(sent, 0)) return outcome;
     }
   }
 
@@ -167,24 +177,29 @@ export class ChatMind {
     const { answering, signal } = use;
     const { phrases } = this.parts;
     this.#tellDone(wanted.thought, use);
-    const ask = (words: (intent: string) => string): string => phrases.mayI(wanted.calls.map(({ intent }) => words(intent)).join("; "));
-    answering.text(ask((intent) => intent), ask((intent) => readIntent(intent, phrases)));
+    const ask = (words: (call: AskedCall) => string): string => phrases.mayI(wanted.calls.map(words).join("; "));
+    answering.text(ask(({ intent }) => intent), ask(({ hand, intent }) => readIntent(hand.id, intent, phrases)));
     return { costUsd: 0, heard: this.#asking.ask(wanted, signal) };
   }
 
   async #act({ call, hand, given, intent }: AskedCall, thought: Thought, { answering, signal }: Use): Promise<void> {
+    const { language, log, phrases } = this.parts;
     let content = "Not done: it would not be the same any more.";
+    let words = phrases.notTheSame;
     // The world may have changed since it was asked for.
     if (!signal.aborted && this.#intent(hand, given) === intent) {
       answering.tool(`${hand.id}: ${intent}`);
       try {
-        content = cut(await hand.act(given, this.parts.language, signal), longestResult);
+        content = cut(await hand.act(given, language, signal), longestResult);
+        words = content;
       } catch (error) {
+        log(`a ação ${hand.id} falhou (${String(error)})`);
         content = cut(`It failed: ${String(error)}`, longestResult);
+        words = phrases.handFailed;
       }
-      // What a model looks up is for its eyes.
-      if (!hand.forModelsOnly) thought.done.push(content);
     }
+    // What a model looks up is for its eyes.
+    if (!hand.forModelsOnly) thought.done.push(words);
     thought.messages.push({ role: "tool", content, tool_call_id: call.id });
   }
 

@@ -95,7 +95,7 @@ export class Claude {
     const answer: ClaudeAnswer = { costUsd: result?.costUsd ?? 0 };
     const last = result?.session ?? session;
     if (last !== undefined) answer.session = last;
-    if (result?.denied.length && last !== undefined) {
+    if (result?.denied.length && last !== undefined && !signal.aborted) {
       const heard = this.#ask(result.denied, last, answering, signal);
       return heard ? { ...answer, heard } : answer;
     }

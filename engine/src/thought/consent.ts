@@ -14,6 +14,8 @@ export interface Leave {
 
 /** Nobody listens to more than this before saying yes, in characters. */
 const longest = 200;
+/** What these hands open or run is read aloud to the letter. */
+const spelled = ["open", "commands", "files"];
 /** A synthesiser leaves these out when it reads aloud. */
 const marks = /[!-/:-@[-`{-~]/g;
 
@@ -76,25 +78,31 @@ export function isAskable(text: unknown): text is string {
   return shown !== "" && !/ {2}|[^\S \n]|(?!\n)[\p{C}\p{Zl}\p{Zp}]/u.test(shown);
 }
 
-/** Words for an intention as it is read aloud: the marks of a sentence are heard as its pauses, all others are named. */
-export function readIntent(intent: string, phrases: Phrases): string {
-  const isOfSentence = (mark: string, before: string, after: string): boolean => {
-    if (",.;:!?".includes(mark)) return before !== "" && /^(\s|$)/.test(after);
-    return "'-".includes(mark) ? /[\p{L}\p{N}]/u.test(before) && /^[\p{L}\p{N}]/u.test(after) : `"()`.includes(mark);
-  };
-  const named = intent.replace(/\n/g, `, ${phrases.leave.newLine}, `).replace(marks, (mark, at: number, whole: string) => {
-    const isHeard = isOfSentence(mark, whole.slice(0, at).at(-1) ?? "", whole.slice(at + 1));
-    return isHeard ? mark : ` ${phrases.leave.marks[mark] ?? mark} `;
-  });
-  return tidy(named);
+/** Words for what a model wants of a hand, as they are read aloud: it is a sentence, unless each mark of it counts. */
+export function readIntent(hand: string, intent: string, phrases: Phrases): string {
+  return isSpelled(hand) ? readAloud(intent, phrases) : readSentence(intent, phrases);
+}
+
+export function isSpelled(hand: string): boolean {
+  return spelled.includes(hand);
 }
 
 /** The text with its marks in words: a synthesiser leaves marks out. */
-export function readAloud(text: string, { leave }: Phrases): string {
-  const named = text.replace(/\n/g, `, ${leave.newLine}, `).replace(marks, (mark) => (mark === "," ? "," : ` ${leave.marks[mark] ?? mark} `));
-  return tidy(named);
+export function readAloud(text: string, phrases: Phrases): string {
+  return named(text, phrases, () => false);
 }
 
-function tidy(text: string): string {
-  return text.replace(/ +,/g, ",").replace(/ +/g, " ").trim();
+/** The marks of a sentence are heard as its pauses, all others are named. */
+function readSentence(text: string, phrases: Phrases): string {
+  return named(text, phrases, (mark, before, after) => {
+    if (",.;:!?".includes(mark)) return before !== "" && /^(\s|$)/.test(after);
+    return "'-".includes(mark) ? /[\p{L}\p{N}]/u.test(before) && /^[\p{L}\p{N}]/u.test(after) : `"()`.includes(mark);
+  });
+}
+
+function named(text: string, { leave }: Phrases, isHeard: (mark: string, before: string, after: string) => boolean): string {
+  const words = text.replace(marks, (mark, at: number) =>
+    isHeard(mark, text.slice(0, at).at(-1) ?? "", text.slice(at + 1)) ? mark : ` ${leave.marks[mark] ?? mark} `,
+  );
+  return words.replace(/\n/g, `, ${leave.newLine}, `).replace(/ +,/g, ",").replace(/ +/g, " ").trim();
 }

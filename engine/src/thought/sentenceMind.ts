@@ -12,7 +12,7 @@ import { isPolite } from "../hands/parsing/sentence.ts";
 import type { Answer, Answering, Request } from "./answer.ts";
 import { apart, watch } from "./answering.ts";
 import { Asking } from "./asking.ts";
-import { readAloud } from "./consent.ts";
+import { isSpelled, readAloud } from "./consent.ts";
 
 interface Deed {
   hand: Hand;
@@ -34,9 +34,6 @@ export interface HandlessModel {
   /** What it has asked leave for is refused. */
   refuse(): void;
 }
-
-/** What these open or run is read aloud to the letter. */
-const spelled = ["open", "commands", "files"];
 
 export interface SentenceMindParts {
   clock: Clock;
@@ -170,7 +167,7 @@ export class SentenceMind {
   #ask(asked: Deed[], isFirst: boolean, answering: Answering, signal: AbortSignal): () => void {
     const { phrases } = this.parts;
     const written = asked.map(({ intent = "" }) => intent);
-    const spoken = asked.map(({ hand, intent = "" }) => (spelled.includes(hand.id) ? readAloud(intent, phrases) : intent));
+    const spoken = asked.map(({ hand, intent = "" }) => (isSpelled(hand.id) ? readAloud(intent, phrases) : intent));
     const heard = this.#asking.ask(asked, signal);
     answering.text(`${isFirst ? "" : "\n"}${phrases.mayI(sentenceOf(written))}`, phrases.mayI(sentenceOf(spoken)));
     return heard;

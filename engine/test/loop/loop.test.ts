@@ -200,6 +200,16 @@ describe("mute", () => {
     expect(it.engine.state).toMatchObject({ state: "listening", isMuted: false });
   });
 
+  test("takes back what was asked leave for, and lifting it does not", () => {
+    const it = bench();
+    let refused = 0;
+    it.brain.refuse = () => void refused++;
+    it.engine.loop.toggleMute();
+    expect(refused).toBe(1);
+    it.engine.loop.toggleMute();
+    expect(refused).toBe(1);
+  });
+
   test("lets typed requests be answered, and returns to muted", async () => {
     const it = bench();
     it.engine.loop.toggleMute();

@@ -32,6 +32,19 @@ export class NotingHand implements Hand {
   }
 }
 
+/** A hand that takes its time. */
+export class SlowHand extends NotingHand {
+  finish = (): void => {};
+  #begin = (): void => {};
+  readonly begun = new Promise<void>((resolve) => (this.#begin = resolve));
+
+  override async act(given: unknown): Promise<string> {
+    this.#begin();
+    await new Promise<void>((resolve) => (this.finish = resolve));
+    return await super.act(given);
+  }
+}
+
 /** The model that such a server offers, as the settings have it. */
 export const modelOf = ({ ways }: ChatServer): string => `${ways.offered[0]} · ${ways.name}`;
 

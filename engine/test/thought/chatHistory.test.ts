@@ -1,6 +1,6 @@
 import { describe, expect, test } from "bun:test";
 import type { Row } from "../../src/base/protocol.ts";
-import { callMessage, earlierMessages, fitted, type Message } from "../../src/thought/chatHistory.ts";
+import { callMessage, earlierMessages, fitted, type Message, windowFor } from "../../src/thought/chatHistory.ts";
 
 const row = (role: Row["role"], text: string): Row => ({ role, text, at: 0 });
 
@@ -46,12 +46,33 @@ describe("a window", () => {
     expect(fitted(all, 2_000, 1_500).length).toBeLessThan(sent.length);
   });
 
-  test("keeps the last turn with all that its tools said, however small it is", () => {
-    const calling = callMessage("", [{ id: "1", name: "note", given: "{}" }]);
-    const result: Message = { role: "tool", content: "r".repeat(3_000), tool_call_id: "1" };
-    const all = [system, ...turns(3), last, calling, result];
-    expect(fitted(all, 512, 0)).toEqual([system, last, calling, result]);
+  const [one, other] = [callMessage("", [{ id: "1", name: "note", given: "{}" }]), callMessage("", [{ id: "2", name: "note", given: "{}" }])];
+  const said = (length: number, id = "1", mark = "r"): Message => ({ role: "tool", content: mark.repeat(length), tool_call_id: id });
+
+  test("keeps the last turn, however small it is, and a quarter of it for what its tools said", () => {
+    const all = [system, ...turns(3), last, one, said(3_000)];
+    const sent = fitted(all, 512, 0);
+    expect(sent.slice(0, -1)).toEqual([system, last, one]);
+    expect(sent.at(-1)).toEqual(said((128 - 8) * 3));
+    expect(fitted(all, 0, 0)).toEqual([system, last, one, said(0)]);
     expect(fitted([], 512, 0)).toEqual([]);
+  });
+
+  test("cuts what tools said before it leaves out a turn, and the longest first", () => {
+    const all = [system, ...turns(3), last, one, said(90), other, said(6_000, "2"), one, said(9_000)];
+    const sent = fitted(all, 2_400, 0);
+    expect(sent).toHaveLength(all.length);
+    const lengths = sent.filter(({ role }) => role === "tool").map(({ content }) => content.length);
+    expect(lengths[0]).toBe(90);
+    expect(lengths[1]).toBe(lengths[2] as number);
+    expect(windowFor(sent, 0)).toBeLessThanOrEqual(2_400);
+    expect(windowFor(sent, 0)).toBeGreaterThan(2_390);
+  });
+
+  test("cuts what tools said between characters, whatever the script", () => {
+    const sent = fitted([system, last, one, said(1_000, "1", "👧")], 512, 0);
+    expect(sent.at(-1)?.content).toMatch(/^(👧)+$/u);
+    expect(windowFor(sent, 0)).toBeLessThanOrEqual(512);
   });
 
   test("counts the bytes of other scripts", () => {

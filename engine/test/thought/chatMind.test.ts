@@ -1,29 +1,14 @@
-import { afterEach, describe, expect, test } from "bun:test";
+import { describe, expect, test } from "bun:test";
 import { systemClock } from "../../src/base/clock.ts";
 import type { Row } from "../../src/base/protocol.ts";
-import { mindOf, modelOf, NotingHand } from "../support/chatMinds.ts";
-import { ChatServer, type Ways } from "../support/chatServer.ts";
-import { ask, request } from "../support/claudeTool.ts";
-import { ManualClock } from "../support/clock.ts";
+import { closeServers, failure, mind } from "../support/askedMinds.ts";
+import { NotingHand } from "../support/chatMinds.ts";
+import type { ChatServer } from "../support/chatServer.ts";
+import { ask } from "../support/claudeTool.ts";
 import { llamaCpp } from "../support/servers/llamaCpp.ts";
 import { ollama } from "../support/servers/ollama.ts";
 
-const servers: ChatServer[] = [];
-afterEach(() => servers.splice(0).forEach((server) => server.close()));
-
-async function mind(hands: NotingHand[] = [], clock = systemClock, ways: Ways = ollama) {
-  const server = await ChatServer.open(ways);
-  servers.push(server);
-  const confirmActions = ["files"];
-  const what = (words: string, earlier: Row[] = []) => {
-    const plain = request(words, { earlier, askedAt: clock.now() });
-    return { ...plain, settings: { ...plain.settings, brainModel: modelOf(server), confirmActions } };
-  };
-  const it = mindOf(server, hands, clock);
-  return { ...it, server, what, say: (words: string, earlier?: Row[]) => ask(it.brain, what(words, earlier)) };
-}
-
-const roles = (server: ChatServer, at: number): string[] | undefined => server.chats[at]?.body.messages.map(({ role }) => role);
+closeServers();
 
 describe("a request to a model", () => {
   test("goes with its part and the conversation, and its words come back", async () => {
@@ -69,6 +54,50 @@ describe("a request to a model", () => {
     expect(first).toBeGreaterThan(second);
     expect(second).toBeGreaterThan(2);
     expect(next).toEqual([second]);
+  });
+
+  const long = Array.from({ length: 10 }, (_, at): Row => ({ role: at % 2 === 0 ? "user" : "assistant", text: "word ".repeat(60), at }));
+  const counts = (server: ChatServer): number[] => server.chats.map(({ body }) => body.messages.length);
+  /** A server that does not tell how long its window is. */
+  const refusal = { status: 400, body: { error: { message: "the request exceeds the available context size", type: "exceed_context_size_error" } } };
+
+  test("that stays too long with less of the conversation takes nothing from the next", async () => {
+    const it = await mind([], systemClock, llamaCpp);
+    for (let attempt = 0; attempt < 3; attempt++) it.server.refuses(refusal);
+    it.server.says("Hi.");
+    expect((await it.say("x", long)).text).toBe("That is too long for me.");
+    expect((await it.say("y", long)).text).toBe("Hi.");
+    const [first = 0, second = 0, third = 0, ...next] = counts(it.server);
+    expect(first).toBe(12);
+    expect(first).toBeGreaterThan(second);
+    expect(second).toBeGreaterThan(third);
+    expect(next).toEqual([12]);
+  });
+
+  test("is asked again with less of what a tool said, before anything of the conversation is left out", async () => {
+    const hand = new NotingHand("note");
+    hand.result = "x".repeat(5_000);
+    const it = await mind([hand], systemClock, llamaCpp);
+    it.server.calls({ name: "note", given: { text: "a" } });
+    it.server.refuses(refusal);
+    it.server.says("Hi.");
+    expect((await it.say("x", long.slice(0, 4))).text).toBe("Hi.");
+    expect(counts(it.server)).toEqual([6, 8, 8]);
+    const [whole = 0, less = 0] = it.server.chats.slice(1).map(({ body }) => body.messages.at(-1)?.content.length);
+    expect([whole, less < 2_500, less > 1_000]).toEqual([5_000, true, true]);
+  });
+
+  test("is not asked again when there is nothing to leave out, and takes nothing from the next", async () => {
+    const hand = new NotingHand("note");
+    const it = await mind([hand], systemClock, llamaCpp);
+    for (let time = 0; time < 3; time++) {
+      it.server.calls({ name: "note", given: { text: "a" } });
+      it.server.refuses(refusal);
+    }
+    it.server.says("Hi.");
+    for (let time = 0; time < 3; time++) await it.say("x");
+    await it.say("y", long);
+    expect(counts(it.server)).toEqual([2, 4, 2, 4, 2, 4, 12]);
   });
 
   test("that is too long by itself is said to be", async () => {
@@ -131,9 +160,21 @@ describe("a tool", () => {
   test("says itself what it did when the model fails afterwards", async () => {
     const it = await mind([new NotingHand("note")]);
     it.server.calls({ name: "note", given: { text: "milk" } });
-    it.server.refuses({ status: 500, body: { error: "out of memory" } });
+    it.server.refuses(failure);
     expect((await it.say("Note milk")).text).toBe("Noted.\nThe language model did not answer.");
     expect(it.log).toEqual([expect.stringContaining("500: out of memory")]);
+  });
+
+  test("that fails is said to have in the user's words when the model fails afterwards", async () => {
+    for (const [language, words] of [["en", "That did not work."], ["pt", "Não deu certo."]] as const) {
+      const hand = new NotingHand("note");
+      hand.act = () => Promise.reject(new Error("a flaw"));
+      const it = await mind([hand], systemClock, ollama, language);
+      it.server.calls({ name: "note", given: { text: "milk" } });
+      it.server.refuses(failure);
+      expect((await it.say("x")).text).toStartWith(`${words}\n`);
+      expect(it.log[0]).toBe("a ação note falhou (Error: a flaw)");
+    }
   });
 
   test("is not used any more when the answer was stopped", async () => {
@@ -143,90 +184,5 @@ describe("a tool", () => {
     it.server.calls({ name: "note", given: { text: "x" } });
     await ask(it.brain, it.what("x"), ending.signal);
     expect([hand.done, it.server.chats.length]).toEqual([[], 1]);
-  });
-});
-
-describe("a tool that is to be asked about", () => {
-  async function asked(given: object[] = [{ text: "milk" }], clock = systemClock) {
-    const hand = new NotingHand("files");
-    const it = await mind([hand], clock);
-    it.server.calls(...given.map((one) => ({ name: "files", given: one })));
-    it.server.says("All done.");
-    const first = await it.say("Note milk");
-    return { ...it, hand, first };
-  }
-
-  test("is asked about in words, and used after a yes just as it was asked", async () => {
-    const { first, hand, say, server } = await asked();
-    expect(first.text).toBe("May I? Note milk");
-    expect(hand.done).toEqual([]);
-    expect(await say("Yes.")).toMatchObject({ text: "All done.", tools: ["files: Note milk"] });
-    expect(hand.done).toEqual([{ text: "milk" }]);
-    expect(roles(server, 1)).toEqual(["system", "user", "assistant", "tool"]);
-    expect(server.chats[1]?.body.messages.at(-1)?.content).toBe("Noted.");
-    await say("Yes.");
-    expect(hand.done).toHaveLength(1);
-  });
-
-  test("is asked about after what needed no leave was done and told", async () => {
-    const it = await mind([new NotingHand("note"), new NotingHand("files")]);
-    it.server.calls({ name: "files", given: { text: "a" } }, { name: "note", given: { text: "b" } });
-    expect((await it.say("x")).text).toBe("Noted.\nMay I? Note a");
-  });
-
-  test("is not used after a no, and the model is not asked about it", async () => {
-    const { hand, say, server } = await asked();
-    expect((await say("No, thanks.")).text).toBe("All right, I will not.");
-    expect([hand.done, server.chats.length]).toEqual([[], 1]);
-    await say("Yes");
-    expect(hand.done).toEqual([]);
-  });
-
-  test("is not used after another request, after stop, or after ten seconds of nothing", async () => {
-    const other = await asked();
-    await other.say("And the weather?");
-    await other.say("Yes");
-    const stopped = await asked();
-    stopped.brain.refuse();
-    await stopped.say("Yes");
-    const clock = new ManualClock();
-    const late = await asked(undefined, clock);
-    late.first.heard?.();
-    await clock.advance(10_001);
-    await late.say("Yes");
-    expect([other, stopped, late].map(({ hand }) => hand.done)).toEqual([[], [], []]);
-  });
-
-  test("is asked about together with others, up to five, and the rest is not done", async () => {
-    const { first, hand, say, server } = await asked(["a", "b", "c", "d", "e", "f"].map((text) => ({ text })));
-    expect(first.text).toBe("May I? Note a; Note b; Note c; Note d; Note e");
-    await say("yes");
-    expect(hand.done).toEqual(["a", "b", "c", "d", "e"].map((text) => ({ text })));
-    expect(server.chats[1]?.body.messages.filter(({ content }) => content.includes("too much"))).toHaveLength(1);
-  });
-
-  test("is not asked about in words that nobody would understand, and not used", async () => {
-    for (const text of ["x".repeat(300), "a\u202eb", "a  b", "a\u200bb"]) {
-      const { first, hand } = await asked([{ text }]);
-      expect([text, first.text, hand.done]).toEqual([text, "All done.", []]);
-    }
-  });
-
-  test("is not used when it would do something else by now", async () => {
-    const { hand, say, server } = await asked();
-    hand.words = (text) => `Shout ${text}`;
-    expect((await say("Yes")).text).toBe("All done.");
-    expect(hand.done).toEqual([]);
-    expect(server.chats[1]?.body.messages.at(-1)?.content).toBe("Not done: it would not be the same any more.");
-  });
-
-  test("is read aloud with the marks that a voice leaves out", async () => {
-    const hand = new NotingHand("files");
-    const it = await mind([hand]);
-    it.server.calls({ name: "files", given: { text: 'run "rm -rf ~/a_b.txt", now' } });
-    const spoken: (string | undefined)[] = [];
-    const answering = { text: (_: string, words?: string) => void spoken.push(words), tool: () => {} };
-    await it.brain.answer(it.what("x"), answering, new AbortController().signal);
-    expect(spoken).toEqual(['May I? Note run "rm dash rf tilde slash a underscore b dot txt", now']);
   });
 });

@@ -127,6 +127,18 @@ describe("a confirmation", () => {
     }
   });
 
+  test("is not asked for by an answer that was stopped", async () => {
+    const path = tool(`printf '%s\\n' '${init}' '${text("Let me see.")}' '${denied}'`);
+    const { brain } = await brainOf(path);
+    const ending = new AbortController();
+    const pieces: string[] = [];
+    const answering = { text: (piece: string) => (pieces.push(piece), ending.abort()), tool: () => {} };
+    await brain.answer(request("Remove x"), answering, ending.signal);
+    expect(pieces).toEqual(["Let me see."]);
+    await ask(brain, request("yes", { session: "s1" }));
+    expect(args(path)).not.toContain("--allowedTools");
+  });
+
   test("is refused without another run", async () => {
     const path = tool(print(init, denied));
     const { brain } = await brainOf(path);

@@ -87,7 +87,7 @@ describe("leave for other things", () => {
 });
 
 test("every mark has its name in both languages", () => {
-  const marks = [..."!\"#$%&'*+-./:;<=>?@[\\]^_`{|}~"];
+  const marks = [..."!\"#$%&'()*,+-./:;<=>?@[\\]^_`{|}~"];
   for (const { leave } of [phrases.en, phrases.pt]) expect(Object.keys(leave.marks).sort()).toEqual(marks.sort());
 });
 
@@ -100,12 +100,24 @@ describe("an intention", () => {
     ["Don't ring at well-known hours!", "Don't ring at well-known hours!"],
     ['Note "milk" (two)', 'Note "milk" (two)'],
     ["Run a;b", "Run a semicolon b"],
+    ["Run a,b", "Run a comma b"],
     [". x", "dot x"],
     ["Run a\nb", "Run a, new line, b"],
     ["# a", "hash a"],
   ];
   test("is read aloud as a sentence, with every other mark by its name", () => {
-    for (const [written, spoken] of read) expect([written, readIntent(written, phrases.en)]).toEqual([written, spoken]);
+    for (const [written, spoken] of read) expect([written, readIntent("note", written, phrases.en)]).toEqual([written, spoken]);
+  });
+
+  test("of a hand that opens or runs something is read aloud to the letter", () => {
+    for (const [written, spoken] of [
+      ['rm -rf "my folder"', "rm dash rf quote my folder quote"],
+      ["rm a, b", "rm a comma b"],
+      ["(a; b)\nc", "open parenthesis a semicolon b close parenthesis, new line, c"],
+      ["Is it?", "Is it question mark"],
+    ] as const) {
+      for (const hand of ["open", "commands", "files"]) expect([hand, readIntent(hand, written, phrases.en)]).toEqual([hand, spoken]);
+    }
   });
 
   test("can be asked about when a user who hears or reads it knows all of it", () => {

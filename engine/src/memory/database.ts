@@ -57,6 +57,13 @@ export function keepPrivate(folder: string, path: string): void {
   }
 }
 
+/** Makes the index of words anew, from the rows. */
+export function remakeSearch(database: Database): void {
+  database.transaction(() => {
+    database.run("DROP TRIGGER IF EXISTS wordsAdded; DROP TRIGGER IF EXISTS wordsRemoved; DROP TABLE IF EXISTS words;" + searchSchema);
+  })();
+}
+
 /** Makes a database ready for use. Throws when it is no database of the engine's, damaged, or locked. */
 export function prepared(database: Database): Database {
   database.run(`PRAGMA busy_timeout = ${lockWaitMs}`);
@@ -66,18 +73,24 @@ export function prepared(database: Database): Database {
   database.run("PRAGMA secure_delete = ON");
   const check = database.query<{ quick_check: string }, []>("PRAGMA quick_check(1)").get();
   if (check?.quick_check !== "ok") throw new Error(check?.quick_check ?? "quick_check");
-  const version = database.query<{ user_version: number }, []>("PRAGMA user_version").get()?.user_version;
-  if (version === 0) database.transaction(() => database.run(schema + searchSchema))();
-  else if (version === 1) database.transaction(() => database.run(askAboutHands + searchSchema))();
-  else if (version !== schemaVersion) throw new Error(`versão ${version}`);
-  // Only a write finds a lock that another program holds.
-  database.run("BEGIN IMMEDIATE");
-  database.run("ROLLBACK");
+  const upgrade = database.transaction(() => {
+    const version = database.query<{ user_version: number }, []>("PRAGMA user_version").get()?.user_version;
+    if (version === 0) database.run(schema + searchSchema);
+    else if (version === 1) database.run(askAboutHands + searchSchema);
+    else if (version !== schemaVersion) throw new Error(`versão ${version}`);
+  });
+  // Only a write finds a lock that another program holds, and two programs that begin at once are not to upgrade both.
+  upgrade.immediate();
   return database;
 }
 
+/** The file itself is sound and cannot be written now: it is to be kept in its place. */
+export function isUnwritable(error: unknown): boolean {
+  return isFull(error) || isBusy(error);
+}
+
 /** The disk is full, or the file cannot be written for another reason outside it. */
-export function isFull(error: unknown): boolean {
+function isFull(error: unknown): boolean {
   const code = error instanceof SQLiteError ? (error.code ?? "") : ((error as { code?: string }).code ?? "");
   return /^SQLITE_(FULL|IOERR|READONLY|CANTOPEN)/.test(code) || code === "ENOSPC";
 }
@@ -90,11 +103,6 @@ export function isBusy(error: unknown): boolean {
   return error instanceof SQLiteError && /^SQLITE_(BUSY|LOCKED)/.test(error.code ?? "");
 }
 
-export function isEmpty(database: Database): boolean {
-  const count = "SELECT (SELECT COUNT(*) FROM settings) + (SELECT COUNT(*) FROM conversations) AS count";
-  return database.query<{ count: number }, []>(count).get()?.count === 0;
-}
-
 /** Gives a copy in memory, or undefined when the database cannot be read. */
 export function copyOf(database: Database): Database | undefined {
   try {
@@ -104,8 +112,20 @@ export function copyOf(database: Database): Database | undefined {
   }
 }
 
-/** Gives a copy in memory of a file that cannot be opened. Changes that are still in its log are not in the copy. */
+/**
+ * Gives a copy in memory of a file that cannot be written. Where it cannot be read as a database either, changes that are
+ * still in its log are not in the copy.
+ */
 export function copyOfFile(path: string): Database | undefined {
+  let file: Database | undefined;
+  try {
+    file = new Database(path, { readonly: true });
+    return inMemory(file.serialize());
+  } catch {
+    // A log that nobody has opened yet cannot be read without writing beside it.
+  } finally {
+    file?.close();
+  }
   try {
     return inMemory(readFileSync(path));
   } catch {

@@ -1,5 +1,6 @@
 // Keeps settings and conversations in one SQLite file. A file that cannot be used is kept aside and a new one takes its
-// place. The engine goes on in memory when the disk is full, and writes down what has changed when there is room again.
+// place. The engine goes on in memory when the disk is full or another program holds the file, and writes down what has
+// changed when it can.
 // No function here throws.
 
 import { Database } from "bun:sqlite";
@@ -10,7 +11,7 @@ import type { Log } from "../base/log.ts";
 import type { ConversationSummary, Row } from "../base/protocol.ts";
 import { cut } from "../base/text.ts";
 import { forgetConversation, search, type FoundRow, type Span } from "./archive.ts";
-import { copyOf, copyOfFile, hasRoom, isBusy, isEmpty, isFull, keepPrivate, message, prepared } from "./database.ts";
+import { copyOf, copyOfFile, hasRoom, isBusy, isUnwritable, keepPrivate, message, prepared } from "./database.ts";
 
 export interface StoredConversation {
   conversationId: string;
@@ -29,6 +30,8 @@ interface Unwritten {
   /** These are to be forgotten in the file as well. */
   forgotten: Set<string>;
   afterRow: number;
+  /** The file is gone: everything is to be written. A file that is empty was made so, and stays so. */
+  isLost: boolean;
 }
 
 type Values = (string | number | null)[];
@@ -92,6 +95,7 @@ export class Store {
     this.#run(undefined, (database) => {
       database.query(addRow).run(conversationId, row.role, row.text, row.at, row.durationMs ?? null);
     });
+    this.#unwritten?.conversations.add(conversationId);
   }
 
   /** The conversation that was begun last, whatever the clock said, with at most `limit` of its last rows. */
@@ -183,8 +187,9 @@ export class Store {
       try {
         return this.#open(path);
       } catch (error) {
-        if (isFull(error)) {
-          this.log(`sem espaço para o banco de dados (${message(error)}); guardo tudo só na memória`);
+        if (isUnwritable(error)) {
+          const reason = isBusy(error) ? "outro programa ocupa o banco de dados" : "sem espaço para o banco de dados";
+          this.log(`${reason} (${message(error)}); guardo tudo só na memória`);
           return this.#inMemory(copyOfFile(path));
         }
         this.#keepAside(path, error);
@@ -207,7 +212,7 @@ export class Store {
 
   #replace(error: unknown): void {
     const failed = this.#database;
-    if (isFull(error)) {
+    if (isUnwritable(error)) {
       this.log(`não consigo gravar o banco de dados (${message(error)}); daqui em diante guardo só na memória`);
       const copy = copyOf(failed);
       this.#database = this.#inMemory(copy);
@@ -225,7 +230,8 @@ export class Store {
   #inMemory(copy: Database | undefined): Database {
     const memory = copy ?? prepared(new Database(":memory:"));
     const last = memory.query<{ id: number | null }, []>("SELECT MAX(id) AS id FROM rows").get();
-    this.#unwritten = { settings: new Set(), conversations: new Set(), forgotten: new Set(), afterRow: last?.id ?? 0 };
+    const afterRow = last?.id ?? 0;
+    this.#unwritten = { settings: new Set(), conversations: new Set(), forgotten: new Set(), afterRow, isLost: false };
     this.#awaitRoom(roomLookMs);
     return memory;
   }
@@ -241,13 +247,14 @@ export class Store {
   #returnToDisk(unwritten: Unwritten): boolean {
     if (!hasRoom(this.folder)) return false;
     const path = join(this.folder, fileName);
+    if (!existsSync(path)) unwritten.isLost = true;
     let file: Database | undefined;
     try {
       file = this.#open(path);
       this.#write(file, unwritten);
     } catch (error) {
       file?.close();
-      if (!isFull(error) && !isBusy(error)) this.#keepAside(path, error);
+      if (!isUnwritable(error)) this.#keepAside(path, error);
       return false;
     }
     this.#database.close();
@@ -257,9 +264,8 @@ export class Store {
     return true;
   }
 
-  #write(file: Database, { settings, conversations, forgotten, afterRow }: Unwritten): void {
+  #write(file: Database, { settings, conversations, forgotten, afterRow, isLost }: Unwritten): void {
     const memory = this.#database;
-    const isLost = isEmpty(file);
     const all = (query: string, ...values: number[]): Values[] => memory.query<never, number[]>(query).values(...values) as Values[];
     const isWanted = (changed: Set<string>) => ([key]: Values): boolean => isLost || changed.has(String(key));
     file.transaction(() => {

@@ -57,10 +57,23 @@ export function keepPrivate(folder: string, path: string): void {
   }
 }
 
-/** Makes the index of words anew, from the rows. */
-export function remakeSearch(database: Database): void {
+/** Makes the index of words anew, from the rows; `change` changes these while there is none. */
+export function remakeSearch(database: Database, change = (): void => {}): void {
   database.transaction(() => {
-    database.run("DROP TRIGGER IF EXISTS wordsAdded; DROP TRIGGER IF EXISTS wordsRemoved; DROP TABLE IF EXISTS words;" + searchSchema);
+    database.run("DROP TRIGGER IF EXISTS wordsAdded; DROP TRIGGER IF EXISTS wordsRemoved; DROP TABLE IF EXISTS words");
+    change();
+    database.run(searchSchema);
+  })();
+}
+
+/** Does what deletes many rows. The index is written anew without them: sooner done than to overwrite each of their words. */
+export function deleteMany(database: Database, work: () => void): void {
+  const isOverwriting = database.query("INSERT INTO words (words, rank) VALUES ('secure-delete', ?)");
+  database.transaction(() => {
+    isOverwriting.run(0);
+    work();
+    database.run("INSERT INTO words (words) VALUES ('optimize')");
+    isOverwriting.run(1);
   })();
 }
 

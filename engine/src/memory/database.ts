@@ -84,8 +84,12 @@ export function prepared(database: Database): Database {
   database.run("PRAGMA synchronous = NORMAL");
   // What is forgotten is not to be found in the file any more.
   database.run("PRAGMA secure_delete = ON");
-  const check = database.query<{ quick_check: string }, []>("PRAGMA quick_check(1)").get();
-  if (check?.quick_check !== "ok") throw new Error(check?.quick_check ?? "quick_check");
+  let problem = problemOf(database);
+  if (problem && isOfSearch(problem)) {
+    remakeSearch(database);
+    problem = problemOf(database);
+  }
+  if (problem) throw problem;
   const upgrade = database.transaction(() => {
     const version = database.query<{ user_version: number }, []>("PRAGMA user_version").get()?.user_version;
     if (version === 0) database.run(schema + searchSchema);
@@ -95,6 +99,16 @@ export function prepared(database: Database): Database {
   // Only a write finds a lock that another program holds, and two programs that begin at once are not to upgrade both.
   upgrade.immediate();
   return database;
+}
+
+function problemOf(database: Database): Error | undefined {
+  const check = database.query<{ quick_check: string }, []>("PRAGMA quick_check(1)").get()?.quick_check;
+  return check === "ok" ? undefined : new Error(check ?? "quick_check");
+}
+
+/** Only the index of words is damaged, which can be made anew. */
+export function isOfSearch(error: unknown): boolean {
+  return (error as { code?: string }).code === "SQLITE_CORRUPT_VTAB" || /fts5/i.test(message(error));
 }
 
 /** The file itself is sound and cannot be written now: it is to be kept in its place. */

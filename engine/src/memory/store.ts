@@ -11,7 +11,7 @@ import type { Log } from "../base/log.ts";
 import type { ConversationSummary, Row } from "../base/protocol.ts";
 import { cut } from "../base/text.ts";
 import { forgetSome, scrub, search, type FoundRow, type Span } from "./archive.ts";
-import { copyOf, copyOfFile, hasRoom, isBusy, isUnwritable, keepPrivate, message, prepared } from "./database.ts";
+import { copyOf, copyOfFile, hasRoom, isBusy, isOfSearch, isUnwritable, keepPrivate, message, prepared, remakeSearch } from "./database.ts";
 import { addRow, nothingUnwritten, saveConversation, saveSetting, writeDown, type Unwritten } from "./unwritten.ts";
 
 export interface StoredConversation {
@@ -212,8 +212,18 @@ export class Store {
     }
   }
 
-  #replace(error: unknown): void {
+  #replace(cause: unknown): void {
     const failed = this.#database;
+    let error = cause;
+    if (isOfSearch(cause)) {
+      try {
+        remakeSearch(failed);
+        this.log(`o índice de busca estava danificado (${message(cause)}); foi refeito`);
+        return;
+      } catch (problem) {
+        if (isUnwritable(problem)) error = problem;
+      }
+    }
     if (isUnwritable(error)) {
       this.log(`não consigo gravar o banco de dados (${message(error)}); daqui em diante guardo só na memória`);
       const copy = copyOf(failed);

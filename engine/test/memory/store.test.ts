@@ -76,6 +76,51 @@ describe("a database", () => {
     again.store.close();
   });
 
+  /** Overwrites the length in the head of each page of the index that begins with this word. */
+  function damageIndex(folder: string, word: string): void {
+    const path = join(folder, "palomet.db");
+    const bytes = readFileSync(path);
+    for (let at = 0; (at = bytes.indexOf(`0${word}`, at)) >= 0; at++) {
+      if (bytes[at - 1] === word.length + 1 && bytes.readUInt16BE(at - 5) === 0) bytes.writeUInt16BE(0xffff, at - 3);
+    }
+    writeFileSync(path, bytes);
+  }
+
+  function talk(folder: string): void {
+    const { store } = open(folder);
+    store.saveConversation(conversation);
+    for (let at = 0; at < 20; at++) store.addRow("c1", { role: "user", text: `aardvark zebra${at}`, at });
+    store.close();
+  }
+
+  test("whose index alone is damaged keeps all that it holds, and finds it again", () => {
+    const folder = temporaryFolder();
+    talk(folder);
+    damageIndex(folder, "aardvark");
+    const { store } = open(folder);
+    expect(store.history(10)).toHaveLength(1);
+    expect(store.search("aardvark", always, 99)).toHaveLength(20);
+    store.close();
+    expect(readdirSync(folder)).toEqual(["palomet.db"]);
+  });
+
+  test("whose index is found damaged later on keeps all that it holds, and finds it again", () => {
+    const folder = temporaryFolder();
+    talk(folder);
+    const { store, log } = open(folder);
+    damageIndex(folder, "aardvark");
+    // After another program has written, the engine reads the file anew.
+    const other = new Database(join(folder, "palomet.db"));
+    other.run("INSERT INTO settings VALUES ('a', '1')");
+    other.close();
+    expect(store.search("zebra", always, 99)).toHaveLength(20);
+    store.addRow("c1", { role: "user", text: "aardvark zebra", at: 30 });
+    expect(store.search("aardvark", always, 99)).toHaveLength(21);
+    expect(log).toEqual([expect.stringContaining("índice de busca")]);
+    store.close();
+    expect(readdirSync(folder)).toEqual(["palomet.db"]);
+  });
+
   test("of a later version is kept aside", () => {
     const folder = temporaryFolder();
     const other = new Database(join(folder, "palomet.db"), { create: true });

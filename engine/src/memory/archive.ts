@@ -77,7 +77,7 @@ export function forgetSome(database: Database, id: string): boolean {
   })();
 }
 
-/** Forgets these conversations at one go. */
+/** Forgets these conversations at one go; `scrub` is to follow. */
 export function forgetConversations(database: Database, ids: Iterable<string>): void {
   deleteMany(database, () => {
     for (const id of ids) {
@@ -85,10 +85,9 @@ export function forgetConversations(database: Database, ids: Iterable<string>): 
       database.query("DELETE FROM conversations WHERE id = ?").run(id);
     }
   });
-  scrub(database);
 }
 
-/** Forgets the conversations that were begun, or in which something was said, in this span. Gives their number. */
+/** Forgets the conversations that were begun in this span, or had words in it, and gives their number; `scrub` is to follow. */
 export function forgetSpan(database: Database, { from, to }: Span): number {
   const ids = database
     .query<{ id: string }, number[]>(
@@ -100,13 +99,14 @@ export function forgetSpan(database: Database, { from, to }: Span): number {
   return ids.length;
 }
 
-/** Forgets every conversation, with the index as a whole, and gives their number. The file becomes small again. */
+/** Forgets every conversation, with the index as a whole, and gives their number; `scrub` is to follow. */
 export function forgetAll(database: Database): number {
   const count = database.transaction(() => {
     remakeSearch(database, () => database.run("DELETE FROM rows"));
     return database.query("DELETE FROM conversations").run().changes;
   })();
-  scrub(database);
+  // First overwritten, then cut off: the file becomes small again.
+  if (!scrub(database)) return count;
   try {
     database.run("VACUUM");
   } catch (error) {

@@ -1,7 +1,7 @@
 // What has changed while the store is in memory, and how it comes into the file.
 
 import type { Database } from "bun:sqlite";
-import { forgetConversations } from "./archive.ts";
+import { forgetConversations, scrub } from "./archive.ts";
 
 /** The changes that are not yet in the file: settings and conversations by name, and all rows after `afterRow`. */
 export interface Unwritten {
@@ -39,6 +39,7 @@ export function writeDown(memory: Database, file: Database, { settings, conversa
     write(saveConversation, all(`SELECT ${columns} FROM conversations ORDER BY rowid`).filter(isWanted(conversations)));
     const rows = "SELECT conversation, role, text, at, durationMs FROM rows WHERE id > ? ORDER BY id";
     write(addRow, all(rows, isLost ? 0 : afterRow));
+    if (forgotten.size > 0) forgetConversations(file, forgotten);
   })();
-  if (forgotten.size > 0) forgetConversations(file, forgotten);
+  if (forgotten.size > 0) scrub(file);
 }

@@ -11,7 +11,8 @@ import { dayFrom, joined } from "./saying.ts";
 /** The conversations, as far as these hands need them. */
 export interface Remembered {
   search(words: string, span: Span, limit: number): FoundRow[];
-  forget(): void;
+  /** Forgets the current conversation. False when it is still on the disk, and leaves it as soon as this can be written. */
+  forget(): Promise<boolean>;
 }
 
 const mostFound = 200;
@@ -83,8 +84,11 @@ class ForgetHand implements Hand {
   }
 
   async act(_given: unknown, language: Language): Promise<string> {
-    this.conversations.forget();
-    return language === "pt" ? "Esqueci esta conversa." : "I have forgotten this conversation.";
+    const isForgotten = await this.conversations.forget();
+    if (isForgotten) return language === "pt" ? "Esqueci esta conversa." : "I have forgotten this conversation.";
+    return language === "pt"
+      ? "Esta conversa ainda está no disco, onde não consigo gravar agora. Apago assim que der."
+      : "This conversation is still on the disk, which I cannot write now. I delete it as soon as I can.";
   }
 }
 

@@ -3,11 +3,20 @@
 
 import { listenerByKernel } from "./socketDiagnosis.ts";
 
-/** Accounts outside of these are the system's: the servers that it runs have one of those. */
-const [firstPerson, lastPerson] = [1_000, 60_000];
+/**
+ * The servers that the system runs have a low number, that of "nobody", or one that is given out while a service runs
+ * (https://systemd.io/UIDS-GIDS). All others may be people, those of a directory too.
+ */
+function isSystems(user: number): boolean {
+  return user < 1_000 || user === 65_534 || (user >= 61_184 && user <= 65_519);
+}
 
 /** Another person listens at this port of 127.0.0.1. False where the system does not tell. */
-export function isStrangers(port: number, ownerOf: (port: number) => number | undefined = listenerByKernel, own = process.geteuid?.()): boolean {
+export function isStrangers(
+  port: number,
+  ownerOf: (port: number) => number | undefined = listenerByKernel,
+  own = process.geteuid?.(),
+): boolean {
   const owner = ownerOf(port);
-  return owner !== undefined && owner !== own && owner >= firstPerson && owner <= lastPerson;
+  return owner !== undefined && owner !== own && !isSystems(owner);
 }

@@ -3,6 +3,7 @@
 import type { Database } from "bun:sqlite";
 import type { Row } from "../base/protocol.ts";
 import { plainWords } from "../base/words.ts";
+import { deleteMany, isUnwritable, remakeSearch } from "./database.ts";
 
 /** The local days to be looked at: from the first moment of one up to, and without, that of another. */
 export interface Span {
@@ -26,6 +27,7 @@ export interface ArchivedConversation {
 
 export const always: Span = { from: -Number.MAX_SAFE_INTEGER, to: Number.MAX_SAFE_INTEGER };
 const mostWords = 10;
+const forgottenAtATime = 4;
 
 export function daySpan(day: Date): Span {
   const [year, month, date] = [day.getFullYear(), day.getMonth(), day.getDate()];
@@ -62,16 +64,30 @@ export function* conversations(database: Database, since: number): Generator<Arc
   }
 }
 
-/** Forgets the conversation of this id. */
-export function forgetConversation(database: Database, id: string): void {
-  database.transaction(() => {
-    database.query("DELETE FROM rows WHERE conversation = ?").run(id);
+/**
+ * Forgets some rows of a conversation, with the last ones the conversation itself, and gives whether there is more of it.
+ * The index overwrites every word on its own, which takes long; but nothing of the rows is left when the call ends.
+ */
+export function forgetSome(database: Database, id: string): boolean {
+  const some = "DELETE FROM rows WHERE id IN (SELECT id FROM rows WHERE conversation = ? LIMIT ?)";
+  return database.transaction(() => {
+    if (database.query(some).run(id, forgottenAtATime).changes === forgottenAtATime) return true;
     database.query("DELETE FROM conversations WHERE id = ?").run(id);
+    return false;
   })();
-  scrub(database);
 }
 
-/** Forgets the conversations that were begun, or in which something was said, in this span. Gives their number. */
+/** Forgets these conversations at one go; `scrub` is to follow. */
+export function forgetConversations(database: Database, ids: Iterable<string>): void {
+  deleteMany(database, () => {
+    for (const id of ids) {
+      database.query("DELETE FROM rows WHERE conversation = ?").run(id);
+      database.query("DELETE FROM conversations WHERE id = ?").run(id);
+    }
+  });
+}
+
+/** Forgets the conversations that were begun in this span, or had words in it, and gives their number; `scrub` is to follow. */
 export function forgetSpan(database: Database, { from, to }: Span): number {
   const ids = database
     .query<{ id: string }, number[]>(
@@ -79,17 +95,28 @@ export function forgetSpan(database: Database, { from, to }: Span): number {
        OR EXISTS (SELECT 1 FROM rows WHERE conversation = conversations.id AND at >= ? AND at < ?)`,
     )
     .all(from, to, from, to);
-  database.transaction(() => {
-    for (const { id } of ids) {
-      database.query("DELETE FROM rows WHERE conversation = ?").run(id);
-      database.query("DELETE FROM conversations WHERE id = ?").run(id);
-    }
-  })();
-  scrub(database);
+  if (ids.length > 0) forgetConversations(database, ids.map(({ id }) => id));
   return ids.length;
 }
 
-/** What is deleted is overwritten in the file, and leaves the log beside it here. */
-function scrub(database: Database): void {
-  database.run("PRAGMA wal_checkpoint(TRUNCATE)");
+/** Forgets every conversation, with the index as a whole, and gives their number; `scrub` is to follow. */
+export function forgetAll(database: Database): number {
+  const count = database.transaction(() => {
+    remakeSearch(database, () => database.run("DELETE FROM rows"));
+    return database.query("DELETE FROM conversations").run().changes;
+  })();
+  // First overwritten, then cut off: the file becomes small again.
+  if (!scrub(database)) return count;
+  try {
+    database.run("VACUUM");
+  } catch (error) {
+    // The file is clean, and stays large.
+    if (!isUnwritable(error)) throw error;
+  }
+  return count;
+}
+
+/** What is deleted is overwritten in the file, and leaves the log beside it here: false while another program reads there. */
+export function scrub(database: Database): boolean {
+  return database.query<{ busy: number }, []>("PRAGMA wal_checkpoint(TRUNCATE)").get()?.busy !== 1;
 }

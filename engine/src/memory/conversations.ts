@@ -58,10 +58,11 @@ export class Conversations {
     this.#current = this.#fresh();
   }
 
-  /** Forgets the current conversation, also on the disk, and begins another. */
-  forget(): void {
-    this.store.forgetConversation(this.#current.conversationId);
+  /** Begins another conversation and forgets this one. False when it is still on the disk, and leaves it when it can. */
+  async forget(): Promise<boolean> {
+    const { conversationId } = this.#current;
     this.begin();
+    return await this.store.forgetConversation(conversationId);
   }
 
   /** What was said on these days with these words, the newest first; not what is said now. */

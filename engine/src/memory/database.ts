@@ -57,6 +57,26 @@ export function keepPrivate(folder: string, path: string): void {
   }
 }
 
+/** Makes the index of words anew, from the rows; `change` changes these while there is none. */
+export function remakeSearch(database: Database, change = (): void => {}): void {
+  database.transaction(() => {
+    database.run("DROP TRIGGER IF EXISTS wordsAdded; DROP TRIGGER IF EXISTS wordsRemoved; DROP TABLE IF EXISTS words");
+    change();
+    database.run(searchSchema);
+  })();
+}
+
+/** Does what deletes many rows. The index is written anew without them: sooner done than to overwrite each of their words. */
+export function deleteMany(database: Database, work: () => void): void {
+  const isOverwriting = database.query("INSERT INTO words (words, rank) VALUES ('secure-delete', ?)");
+  database.transaction(() => {
+    isOverwriting.run(0);
+    work();
+    database.run("INSERT INTO words (words) VALUES ('optimize')");
+    isOverwriting.run(1);
+  })();
+}
+
 /** Makes a database ready for use. Throws when it is no database of the engine's, damaged, or locked. */
 export function prepared(database: Database): Database {
   database.run(`PRAGMA busy_timeout = ${lockWaitMs}`);
@@ -64,20 +84,40 @@ export function prepared(database: Database): Database {
   database.run("PRAGMA synchronous = NORMAL");
   // What is forgotten is not to be found in the file any more.
   database.run("PRAGMA secure_delete = ON");
-  const check = database.query<{ quick_check: string }, []>("PRAGMA quick_check(1)").get();
-  if (check?.quick_check !== "ok") throw new Error(check?.quick_check ?? "quick_check");
-  const version = database.query<{ user_version: number }, []>("PRAGMA user_version").get()?.user_version;
-  if (version === 0) database.transaction(() => database.run(schema + searchSchema))();
-  else if (version === 1) database.transaction(() => database.run(askAboutHands + searchSchema))();
-  else if (version !== schemaVersion) throw new Error(`versão ${version}`);
-  // Only a write finds a lock that another program holds.
-  database.run("BEGIN IMMEDIATE");
-  database.run("ROLLBACK");
+  let problem = problemOf(database);
+  if (problem && isOfSearch(problem)) {
+    remakeSearch(database);
+    problem = problemOf(database);
+  }
+  if (problem) throw problem;
+  const upgrade = database.transaction(() => {
+    const version = database.query<{ user_version: number }, []>("PRAGMA user_version").get()?.user_version;
+    if (version === 0) database.run(schema + searchSchema);
+    else if (version === 1) database.run(askAboutHands + searchSchema);
+    else if (version !== schemaVersion) throw new Error(`versão ${version}`);
+  });
+  // Only a write finds a lock that another program holds, and two programs that begin at once are not to upgrade both.
+  upgrade.immediate();
   return database;
 }
 
+function problemOf(database: Database): Error | undefined {
+  const check = database.query<{ quick_check: string }, []>("PRAGMA quick_check(1)").get()?.quick_check;
+  return check === "ok" ? undefined : new Error(check ?? "quick_check");
+}
+
+/** Only the index of words is damaged, which can be made anew. */
+export function isOfSearch(error: unknown): boolean {
+  return (error as { code?: string }).code === "SQLITE_CORRUPT_VTAB" || /fts5/i.test(message(error));
+}
+
+/** The file itself is sound and cannot be written now: it is to be kept in its place. */
+export function isUnwritable(error: unknown): boolean {
+  return isFull(error) || isBusy(error);
+}
+
 /** The disk is full, or the file cannot be written for another reason outside it. */
-export function isFull(error: unknown): boolean {
+function isFull(error: unknown): boolean {
   const code = error instanceof SQLiteError ? (error.code ?? "") : ((error as { code?: string }).code ?? "");
   return /^SQLITE_(FULL|IOERR|READONLY|CANTOPEN)/.test(code) || code === "ENOSPC";
 }
@@ -90,11 +130,6 @@ export function isBusy(error: unknown): boolean {
   return error instanceof SQLiteError && /^SQLITE_(BUSY|LOCKED)/.test(error.code ?? "");
 }
 
-export function isEmpty(database: Database): boolean {
-  const count = "SELECT (SELECT COUNT(*) FROM settings) + (SELECT COUNT(*) FROM conversations) AS count";
-  return database.query<{ count: number }, []>(count).get()?.count === 0;
-}
-
 /** Gives a copy in memory, or undefined when the database cannot be read. */
 export function copyOf(database: Database): Database | undefined {
   try {
@@ -104,8 +139,20 @@ export function copyOf(database: Database): Database | undefined {
   }
 }
 
-/** Gives a copy in memory of a file that cannot be opened. Changes that are still in its log are not in the copy. */
+/**
+ * Gives a copy in memory of a file that cannot be written. Where it cannot be read as a database either, changes that are
+ * still in its log are not in the copy.
+ */
 export function copyOfFile(path: string): Database | undefined {
+  let file: Database | undefined;
+  try {
+    file = new Database(path, { readonly: true });
+    return inMemory(file.serialize());
+  } catch {
+    // A log that nobody has opened yet cannot be read without writing beside it.
+  } finally {
+    file?.close();
+  }
   try {
     return inMemory(readFileSync(path));
   } catch {

@@ -6,7 +6,7 @@ import { homedir } from "node:os";
 import { join } from "node:path";
 import { chooseLocale, type Language } from "../base/language.ts";
 import { defaultPort, type Row } from "../base/protocol.ts";
-import { always, conversations, daySpan, forgetSpan, type ArchivedConversation } from "./archive.ts";
+import { always, conversations, daySpan, forgetAll, forgetSpan, scrub, type ArchivedConversation } from "./archive.ts";
 import { message, prepared } from "./database.ts";
 
 export interface CommandSurroundings {
@@ -24,6 +24,17 @@ A DAY is written 2026-11-22.
 `;
 
 const askMs = 2_000;
+
+const sayings = {
+  en: {
+    forgotten: (count: number) => `${count} ${count === 1 ? "conversation is" : "conversations are"} forgotten.`,
+    stillRead: "another program reads the conversations, and parts of them stay on the disk until it ends; then forget once more.",
+  },
+  pt: {
+    forgotten: (count: number) => `${count} ${count === 1 ? "conversa esquecida" : "conversas esquecidas"}.`,
+    stillRead: "outro programa está lendo as conversas, e partes delas ficam no disco até ele terminar; depois, esqueça outra vez.",
+  },
+} satisfies Record<Language, unknown>;
 
 /** Gives the exit code: 0 when it is done, 1 when it could not be, 2 when an argument is wrong. */
 export async function memoryCommand(words: readonly string[], surroundings: CommandSurroundings): Promise<number> {
@@ -73,11 +84,14 @@ async function forget(words: readonly string[], surroundings: CommandSurrounding
   const span = day ? daySpan(day) : always;
   // An engine that runs holds the current conversation, and would write it again.
   if (await isServing(surroundings, span)) await ask(surroundings, "/new", "POST");
+  const say = sayings[chooseLocale(surroundings.environment).language];
   return withDatabase(surroundings, false, (database) => {
-    const count = database ? forgetSpan(database, span) : 0;
+    const count = !database ? 0 : day ? forgetSpan(database, span) : forgetAll(database);
     if (!day) removeAsides(folderOf(surroundings));
-    surroundings.print(`${count} ${count === 1 ? "conversation is" : "conversations are"} forgotten.\n`);
-    return 0;
+    surroundings.print(`${say.forgotten(count)}\n`);
+    if (!database || scrub(database)) return 0;
+    surroundings.complain(`palomet-engine: ${say.stillRead}`);
+    return 1;
   });
 }
 
@@ -136,7 +150,9 @@ const names: Record<Language, Record<Row["role"], string>> = {
 
 /** A heading with the conversation's beginning, and a paragraph for each row; lines within one are quoted. */
 function inMarkdown({ startedAt, rows }: ArchivedConversation, language: Language): string {
-  const texts = rows.map(({ role, text, at }) => `**${names[language][role]}**, ${timeText(at).slice(11)}\n\n${text.replace(/^/gm, "> ")}\n`);
+  const texts = rows.map(({ role, text, at }) => {
+    return `**${names[language][role]}**, ${timeText(at).slice(11)}\n\n${text.replace(/^/gm, "> ")}\n`;
+  });
   return `## ${timeText(startedAt)}\n\n${texts.join("\n")}`;
 }
 

@@ -1,5 +1,6 @@
 // Keeps settings and conversations in one SQLite file. A file that cannot be used is kept aside and a new one takes its
-// place. The engine goes on in memory when the disk is full, and writes down what has changed when there is room again.
+// place. The engine goes on in memory when the disk is full or another program holds the file, and writes down what has
+// changed when it can.
 // No function here throws.
 
 import { Database } from "bun:sqlite";
@@ -9,8 +10,9 @@ import type { Clock } from "../base/clock.ts";
 import type { Log } from "../base/log.ts";
 import type { ConversationSummary, Row } from "../base/protocol.ts";
 import { cut } from "../base/text.ts";
-import { forgetConversation, search, type FoundRow, type Span } from "./archive.ts";
-import { copyOf, copyOfFile, hasRoom, isBusy, isEmpty, isFull, keepPrivate, message, prepared } from "./database.ts";
+import { forgetSome, scrub, search, type FoundRow, type Span } from "./archive.ts";
+import { copyOf, copyOfFile, hasRoom, isBusy, isOfSearch, isUnwritable, keepPrivate, message, prepared, remakeSearch } from "./database.ts";
+import { addRow, nothingUnwritten, saveConversation, saveSetting, writeDown, type Unwritten } from "./unwritten.ts";
 
 export interface StoredConversation {
   conversationId: string;
@@ -22,23 +24,7 @@ export interface StoredConversation {
   session: string | undefined;
 }
 
-/** The changes that are not yet in the file: settings and conversations by name, and all rows after `afterRow`. */
-interface Unwritten {
-  settings: Set<string>;
-  conversations: Set<string>;
-  /** These are to be forgotten in the file as well. */
-  forgotten: Set<string>;
-  afterRow: number;
-}
-
-type Values = (string | number | null)[];
-
 const fileName = "palomet.db";
-const saveSetting = "INSERT OR REPLACE INTO settings (key, value) VALUES (?, ?)";
-const saveConversation = `
-  INSERT INTO conversations (id, startedAt, firstQuestion, answers, costUsd, session) VALUES (?, ?, ?, ?, ?, ?)
-  ON CONFLICT (id) DO UPDATE SET answers = excluded.answers, costUsd = excluded.costUsd, session = excluded.session`;
-const addRow = "INSERT INTO rows (conversation, role, text, at, durationMs) VALUES (?, ?, ?, ?, ?)";
 /** The pause before looking for room again; it grows up to the longest one when there was room and it did not help. */
 const roomLookMs = 5_000;
 const longestPauseMs = 600_000;
@@ -50,6 +36,9 @@ export class Store {
   /** The changes that wait for room on the disk; undefined while the file is in use. */
   #unwritten: Unwritten | undefined;
   #cancelReturn = (): void => {};
+  /** Of these conversations a part is forgotten. */
+  #forgetting = new Set<string>();
+  #isClosed = false;
 
   /** Called after a new, empty database took the place of one that failed while in use. */
   onReplaced: () => void = () => {};
@@ -92,6 +81,7 @@ export class Store {
     this.#run(undefined, (database) => {
       database.query(addRow).run(conversationId, row.role, row.text, row.at, row.durationMs ?? null);
     });
+    this.#unwritten?.conversations.add(conversationId);
   }
 
   /** The conversation that was begun last, whatever the clock said, with at most `limit` of its last rows. */
@@ -146,19 +136,35 @@ export class Store {
     return this.#run([], (database) => search(database, words, span, limit));
   }
 
-  forgetConversation(conversationId: string): void {
-    this.#run(undefined, (database) => forgetConversation(database, conversationId));
-    // What waits for room on the disk is written whole then, and without it.
-    this.#unwritten?.forgotten.add(conversationId);
+  /**
+   * Forgets a conversation, a few rows at a time: the engine hears and stops meanwhile. Gives true when it has left the
+   * disk, false when it leaves it as soon as the file can be written.
+   */
+  async forgetConversation(conversationId: string): Promise<boolean> {
+    this.#forgetting.add(conversationId);
+    while (this.#forgetSome(conversationId)) await Bun.sleep(1);
+    return this.#run(false, scrub) && this.#unwritten === undefined;
   }
 
   close(): void {
+    for (const conversationId of this.#forgetting) while (this.#forgetSome(conversationId));
     this.#cancelReturn();
     if (this.#unwritten) this.#returnToDisk(this.#unwritten);
+    this.#isClosed = true;
     this.#database.close();
   }
 
+  /** False when nothing is left of the conversation. */
+  #forgetSome(conversationId: string): boolean {
+    if (this.#run(false, (database) => forgetSome(database, conversationId))) return true;
+    this.#forgetting.delete(conversationId);
+    // What waits for the file is written without it.
+    this.#unwritten?.forgotten.add(conversationId);
+    return false;
+  }
+
   #run<T>(fallback: T, work: (database: Database) => T): T {
+    if (this.#isClosed) return fallback;
     try {
       return work(this.#database);
     } catch (error) {
@@ -183,8 +189,9 @@ export class Store {
       try {
         return this.#open(path);
       } catch (error) {
-        if (isFull(error)) {
-          this.log(`sem espaço para o banco de dados (${message(error)}); guardo tudo só na memória`);
+        if (isUnwritable(error)) {
+          const reason = isBusy(error) ? "outro programa ocupa o banco de dados" : "sem espaço para o banco de dados";
+          this.log(`${reason} (${message(error)}); guardo tudo só na memória`);
           return this.#inMemory(copyOfFile(path));
         }
         this.#keepAside(path, error);
@@ -205,9 +212,19 @@ export class Store {
     }
   }
 
-  #replace(error: unknown): void {
+  #replace(cause: unknown): void {
     const failed = this.#database;
-    if (isFull(error)) {
+    let error = cause;
+    if (isOfSearch(cause)) {
+      try {
+        remakeSearch(failed);
+        this.log(`o índice de busca estava danificado (${message(cause)}); foi refeito`);
+        return;
+      } catch (problem) {
+        if (isUnwritable(problem)) error = problem;
+      }
+    }
+    if (isUnwritable(error)) {
       this.log(`não consigo gravar o banco de dados (${message(error)}); daqui em diante guardo só na memória`);
       const copy = copyOf(failed);
       this.#database = this.#inMemory(copy);
@@ -224,8 +241,7 @@ export class Store {
 
   #inMemory(copy: Database | undefined): Database {
     const memory = copy ?? prepared(new Database(":memory:"));
-    const last = memory.query<{ id: number | null }, []>("SELECT MAX(id) AS id FROM rows").get();
-    this.#unwritten = { settings: new Set(), conversations: new Set(), forgotten: new Set(), afterRow: last?.id ?? 0 };
+    this.#unwritten = nothingUnwritten(memory);
     this.#awaitRoom(roomLookMs);
     return memory;
   }
@@ -241,13 +257,14 @@ export class Store {
   #returnToDisk(unwritten: Unwritten): boolean {
     if (!hasRoom(this.folder)) return false;
     const path = join(this.folder, fileName);
+    if (!existsSync(path)) unwritten.isLost = true;
     let file: Database | undefined;
     try {
       file = this.#open(path);
-      this.#write(file, unwritten);
+      writeDown(this.#database, file, unwritten);
     } catch (error) {
       file?.close();
-      if (!isFull(error) && !isBusy(error)) this.#keepAside(path, error);
+      if (!isUnwritable(error)) this.#keepAside(path, error);
       return false;
     }
     this.#database.close();
@@ -255,22 +272,6 @@ export class Store {
     this.#unwritten = undefined;
     this.log("o banco de dados está outra vez em disco");
     return true;
-  }
-
-  #write(file: Database, { settings, conversations, forgotten, afterRow }: Unwritten): void {
-    const memory = this.#database;
-    const isLost = isEmpty(file);
-    const all = (query: string, ...values: number[]): Values[] => memory.query<never, number[]>(query).values(...values) as Values[];
-    const isWanted = (changed: Set<string>) => ([key]: Values): boolean => isLost || changed.has(String(key));
-    file.transaction(() => {
-      const write = (query: string, rows: Values[]): void => rows.forEach((row) => file.query(query).run(...row));
-      write(saveSetting, all("SELECT key, value FROM settings").filter(isWanted(settings)));
-      const columns = "id, startedAt, firstQuestion, answers, costUsd, session";
-      write(saveConversation, all(`SELECT ${columns} FROM conversations ORDER BY rowid`).filter(isWanted(conversations)));
-      const rows = "SELECT conversation, role, text, at, durationMs FROM rows WHERE id > ? ORDER BY id";
-      write(addRow, all(rows, isLost ? 0 : afterRow));
-    })();
-    for (const id of forgotten) forgetConversation(file, id);
   }
 
   #keepAside(path: string, error: unknown): void {

@@ -62,6 +62,13 @@ test("words that mean something to the search are words", async () => {
   for (const given of [undefined, {}, { day: "soon" }, { about: "" }]) expect(await recall(given)).toBe("I did not understand what to search for.");
 });
 
+test("a conversation that is still on the disk is not said to be forgotten", async () => {
+  for (const [language, said] of [["en", "This conversation is still on the disk"], ["pt", "Esta conversa ainda está no disco"]] as const) {
+    const [, forget] = memoryHands({ search: () => [], forget: async () => false }, new ManualClock());
+    expect(await forget!.act({}, language, going)).toStartWith(said);
+  }
+});
+
 test("a conversation is forgotten, and nothing of it is found any more", async () => {
   const { recall, forget, say, conversations } = remembering();
   say("My secret is xylophone", "Noted.");

@@ -1,8 +1,8 @@
 import { Database } from "bun:sqlite";
 import { describe, expect, test } from "bun:test";
-import { readdirSync, readFileSync } from "node:fs";
+import { readdirSync, readFileSync, statSync } from "node:fs";
 import { join } from "node:path";
-import { always, conversations, daySpan, forgetSpan, search } from "../../src/memory/archive.ts";
+import { always, conversations, daySpan, forgetAll, forgetSpan, scrub, search } from "../../src/memory/archive.ts";
 import { prepared } from "../../src/memory/database.ts";
 import { temporaryFolder } from "../support/folders.ts";
 
@@ -36,14 +36,45 @@ test("conversations are written out whole, the oldest first", () => {
   expect([...conversations(database, at(5, 0))].map(({ conversationId }) => conversationId)).toEqual(["b"]);
 });
 
+/** The text lies in a file of the folder: the database or the log beside it. */
+function isIn(folder: string, text: string): boolean {
+  return readdirSync(folder).some((name) => readFileSync(join(folder, name)).includes(text));
+}
+
 test("a day is forgotten with every conversation that touched it, and leaves nothing in the files", () => {
   const { database, folder } = archive();
+  // While an engine has the database open its log stays.
+  const engine = prepared(new Database(join(folder, "palomet.db")));
+  const add = "INSERT INTO rows (conversation, role, text, at) VALUES ('b', 'user', ?, 9)";
+  for (let word = 0; word < 500; word++) engine.query(add).run(`zanzibar${word} third`);
+  expect(isIn(folder, "third zanzibar")).toBe(true);
   expect(forgetSpan(database, daySpan(new Date(2026, 0, 5)))).toBe(1);
+  expect(scrub(database)).toBe(true);
   expect(search(database, "zanzibar", always, 9).map(({ text }) => text)).toEqual(["first zanzibar"]);
+  expect(isIn(folder, "third")).toBe(false);
   expect(forgetSpan(database, always)).toBe(1);
+  expect(scrub(database)).toBe(true);
   expect([...conversations(database, always.from)]).toEqual([]);
-  database.close();
-  for (const name of readdirSync(folder)) expect(readFileSync(join(folder, name)).includes("zanzibar")).toBe(false);
+  for (const word of ["zanzibar", "first ", "answer o"]) expect([word, isIn(folder, word)]).toEqual([word, false]);
+  engine.close();
+});
+
+test("everything is forgotten at one go, and leaves nothing in the files, which are small again; the next words are found", () => {
+  const { database, folder } = archive();
+  const engine = prepared(new Database(join(folder, "palomet.db")));
+  engine.run("INSERT INTO settings VALUES ('summonMs', '6000')");
+  const add = "INSERT INTO rows (conversation, role, text, at) VALUES ('a', 'user', ?, 9)";
+  const some = Array.from({ length: 2_000 }, (_, at) => `word${at} zanzibar${at} `.repeat(10));
+  database.transaction(() => some.forEach((text) => database.query(add).run(text)))();
+  expect(forgetAll(database)).toBe(2);
+  expect(scrub(database)).toBe(true);
+  expect(isIn(folder, "zanzibar")).toBe(false);
+  expect(isIn(folder, "summonMs")).toBe(true);
+  expect(statSync(join(folder, "palomet.db")).size).toBeLessThan(100_000);
+  engine.query(add).run("another zanzibar");
+  expect(search(engine, "zanzibar", always, 9).map(({ text }) => text)).toEqual(["another zanzibar"]);
+  expect(forgetAll(database)).toBe(0);
+  engine.close();
 });
 
 describe("a database of before", () => {

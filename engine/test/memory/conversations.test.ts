@@ -1,4 +1,9 @@
+import { Database } from "bun:sqlite";
 import { describe, expect, test } from "bun:test";
+import { readdirSync, readFileSync } from "node:fs";
+import { join } from "node:path";
+import { Conversations } from "../../src/memory/conversations.ts";
+import { Store } from "../../src/memory/store.ts";
 import { bench } from "../support/bench.ts";
 import { ManualClock } from "../support/clock.ts";
 import { temporaryFolder } from "../support/folders.ts";
@@ -89,5 +94,70 @@ describe("what is kept", () => {
     const again = bench(it.folder, it.clock);
     expect(JSON.stringify(again.engine.state).length).toBeLessThan(32 << 20);
     again.engine.close();
+  });
+});
+
+describe("a conversation that is forgotten", () => {
+  function talk(folder: string) {
+    const clock = new ManualClock();
+    const store = new Store(folder, () => {}, clock);
+    const conversations = new Conversations(store, clock);
+    for (let at = 0; at < 200; at++) conversations.add("user", `zanzibar ${at}`);
+    const other = new Database(join(folder, "palomet.db"));
+    return { store, conversations, clock, other, rows: () => other.query<{ n: number }, []>("SELECT COUNT(*) AS n FROM rows").get()?.n };
+  }
+  const isIn = (folder: string): boolean => readdirSync(folder).some((name) => readFileSync(join(folder, name)).includes("zanzibar"));
+
+  test("goes little by little, and the engine hears and stops meanwhile", async () => {
+    const folder = temporaryFolder();
+    const { store, conversations, rows, other } = talk(folder);
+    const seen = new Set([rows()]);
+    let isDone = false;
+    const forgotten = conversations.forget().finally(() => (isDone = true));
+    while (!isDone) {
+      seen.add(rows());
+      await new Promise(setImmediate);
+    }
+    expect(await forgotten).toBe(true);
+    expect(seen.size).toBeGreaterThan(10);
+    expect(conversations.history).toEqual([]);
+    expect(isIn(folder)).toBe(false);
+    other.close();
+    store.close();
+  });
+
+  test("is forgotten also when the engine ends in the middle", async () => {
+    const folder = temporaryFolder();
+    const { store, conversations, other } = talk(folder);
+    other.close();
+    const forgotten = conversations.forget();
+    store.close();
+    expect(await forgotten).toBe(false);
+    expect(readdirSync(folder)).toEqual(["palomet.db"]);
+    expect(isIn(folder)).toBe(false);
+  });
+
+  test("while the file cannot be written is said to be still there, and leaves it when it can be", async () => {
+    const folder = temporaryFolder();
+    const { store, conversations, other, clock, rows } = talk(folder);
+    other.run("BEGIN IMMEDIATE");
+    expect(await conversations.forget()).toBe(false);
+    expect(conversations.history).toEqual([]);
+    other.run("COMMIT");
+    expect(rows()).toBe(200);
+    await clock.advance(5_000);
+    expect(rows()).toBe(0);
+    expect(isIn(folder)).toBe(false);
+    other.close();
+    store.close();
+  });
+
+  test("while another program reads the file is said to be still there", async () => {
+    const { store, conversations, other, rows } = talk(temporaryFolder());
+    other.run("BEGIN");
+    rows();
+    expect(await conversations.forget()).toBe(false);
+    other.close();
+    store.close();
   });
 });

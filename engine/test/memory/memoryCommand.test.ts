@@ -13,12 +13,12 @@ import { freePort } from "../support/processes.ts";
 
 const dayMs = 86_400_000;
 
-async function commandIn(home: string) {
+async function commandIn(home: string, LANG = "en_US.UTF-8") {
   const port = await freePort();
   return async (...words: string[]) => {
     let output = "";
     const complaints: string[] = [];
-    const environment = { XDG_STATE_HOME: home, PALOMET_PORT: String(port), LANG: "en_US.UTF-8" };
+    const environment = { XDG_STATE_HOME: home, PALOMET_PORT: String(port), LANG };
     const code = await memoryCommand(words, { environment, print: (text) => (output += text), complain: (line) => complaints.push(line) });
     return { code, output, complaints };
   };
@@ -69,6 +69,42 @@ test("a day is forgotten, or everything, with what was kept aside", async () => 
   expect((await run("forget", "all")).output).toBe("1 conversation is forgotten.\n");
   expect(existsSync(aside)).toBe(false);
   expect((await run("forget", "all")).output).toBe("0 conversations are forgotten.\n");
+});
+
+test("what is forgotten is said in the user's language", async () => {
+  const run = await commandIn(kept(), "pt_BR.UTF-8");
+  expect((await run("forget", "2026-01-04")).output).toBe("1 conversa esquecida.\n");
+  expect((await run("forget", "2026-01-04")).output).toBe("0 conversas esquecidas.\n");
+});
+
+test("what another program still reads is not said to be forgotten for good", async () => {
+  const cases = [["en_US.UTF-8", "all", "another program reads"], ["pt_BR.UTF-8", "2026-01-04", "outro programa está lendo"]] as const;
+  for (const [language, what, complaint] of cases) {
+    const home = kept();
+    const run = await commandIn(home, language);
+    const reader = new Database(join(home, "palomet/palomet.db"));
+    reader.run("BEGIN");
+    reader.query("SELECT COUNT(*) FROM rows").get();
+    expect(await run("forget", what)).toMatchObject({ code: 1, complaints: [expect.stringContaining(complaint)] });
+    reader.close();
+    expect(await run("forget", what)).toMatchObject({ code: 0, complaints: [] });
+  }
+});
+
+test("an engine that runs keeps its settings and what is said next while everything is forgotten", async () => {
+  const home = kept();
+  const clock = new ManualClock();
+  const log: string[] = [];
+  const engine = new Store(join(home, "palomet"), (line) => log.push(line), clock);
+  engine.saveSetting("summonMs", "6000");
+  expect((await (await commandIn(home))("forget", "all")).output).toBe("2 conversations are forgotten.\n");
+  const next = new Conversations(engine, clock);
+  next.add("user", "Zanzibar?");
+  expect(next.history.map(({ firstQuestion }) => firstQuestion)).toEqual(["Zanzibar?"]);
+  expect(engine.search("zanzibar", always, 9)).toHaveLength(1);
+  expect(engine.loadSettings().get("summonMs")).toBe("6000");
+  expect(log).toEqual([]);
+  engine.close();
 });
 
 test("where nothing was ever kept nothing is made", async () => {

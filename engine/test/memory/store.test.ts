@@ -3,6 +3,7 @@ import { describe, expect, test } from "bun:test";
 import { chmodSync, existsSync, mkdirSync, readdirSync, readFileSync, rmSync, statSync, writeFileSync } from "node:fs";
 import { join } from "node:path";
 import type { Snapshot } from "../../src/base/protocol.ts";
+import { always } from "../../src/memory/archive.ts";
 import { Store } from "../../src/memory/store.ts";
 import { bench } from "../support/bench.ts";
 import { ManualClock } from "../support/clock.ts";
@@ -75,6 +76,51 @@ describe("a database", () => {
     again.store.close();
   });
 
+  /** Overwrites the length in the head of each page of the index that begins with this word. */
+  function damageIndex(folder: string, word: string): void {
+    const path = join(folder, "palomet.db");
+    const bytes = readFileSync(path);
+    for (let at = 0; (at = bytes.indexOf(`0${word}`, at)) >= 0; at++) {
+      if (bytes[at - 1] === word.length + 1 && bytes.readUInt16BE(at - 5) === 0) bytes.writeUInt16BE(0xffff, at - 3);
+    }
+    writeFileSync(path, bytes);
+  }
+
+  function talk(folder: string): void {
+    const { store } = open(folder);
+    store.saveConversation(conversation);
+    for (let at = 0; at < 20; at++) store.addRow("c1", { role: "user", text: `aardvark zebra${at}`, at });
+    store.close();
+  }
+
+  test("whose index alone is damaged keeps all that it holds, and finds it again", () => {
+    const folder = temporaryFolder();
+    talk(folder);
+    damageIndex(folder, "aardvark");
+    const { store } = open(folder);
+    expect(store.history(10)).toHaveLength(1);
+    expect(store.search("aardvark", always, 99)).toHaveLength(20);
+    store.close();
+    expect(readdirSync(folder)).toEqual(["palomet.db"]);
+  });
+
+  test("whose index is found damaged later on keeps all that it holds, and finds it again", () => {
+    const folder = temporaryFolder();
+    talk(folder);
+    const { store, log } = open(folder);
+    damageIndex(folder, "aardvark");
+    // After another program has written, the engine reads the file anew.
+    const other = new Database(join(folder, "palomet.db"));
+    other.run("INSERT INTO settings VALUES ('a', '1')");
+    other.close();
+    expect(store.search("zebra", always, 99)).toHaveLength(20);
+    store.addRow("c1", { role: "user", text: "aardvark zebra", at: 30 });
+    expect(store.search("aardvark", always, 99)).toHaveLength(21);
+    expect(log).toEqual([expect.stringContaining("índice de busca")]);
+    store.close();
+    expect(readdirSync(folder)).toEqual(["palomet.db"]);
+  });
+
   test("of a later version is kept aside", () => {
     const folder = temporaryFolder();
     const other = new Database(join(folder, "palomet.db"), { create: true });
@@ -86,34 +132,90 @@ describe("a database", () => {
     store.close();
   });
 
-  test("that another program holds locked is kept aside", () => {
-    const folder = temporaryFolder();
-    open(folder).store.close();
+  /** Holds the file as another program does that writes. */
+  function held(folder: string, how: "IMMEDIATE" | "EXCLUSIVE" = "IMMEDIATE"): Database {
     const other = new Database(join(folder, "palomet.db"));
-    other.run("BEGIN EXCLUSIVE");
-    const { store, log } = open(folder);
-    store.saveSetting("a", "1");
-    expect(store.loadSettings().get("a")).toBe("1");
-    expect(log[0]).toContain("locked");
-    other.close();
-    store.close();
-  });
+    other.run(`BEGIN ${how}`);
+    return other;
+  }
 
-  test("that is locked later on is replaced, with the settings and the conversation of now", async () => {
+  for (const how of ["IMMEDIATE", "EXCLUSIVE"] as const) {
+    test(`that another program holds (${how}) stays in its place, and what changed meanwhile is written when it is let go`, async () => {
+      const folder = temporaryFolder();
+      const before = open(folder);
+      before.store.saveConversation(conversation);
+      before.store.addRow("c1", conversation.rows[0]!);
+      const other = held(folder, how);
+      const { store, log, clock } = open(folder);
+      expect(log).toEqual([expect.stringContaining("outro programa ocupa o banco de dados (database is locked)")]);
+      store.saveSetting("a", "1");
+      store.addRow("c1", { role: "assistant", text: "Oi", at: 2 });
+      expect(store.latestConversation(9)?.rows.map(({ text }) => text)).toEqual(["Olá", "Oi"]);
+      await clock.advance(6_000);
+      expect(log).toHaveLength(1);
+      other.close();
+      await clock.advance(60_000);
+      expect(log.at(-1)).toContain("outra vez em disco");
+      store.close();
+      before.store.close();
+      expect(readdirSync(folder)).toEqual(["palomet.db"]);
+      const again = open(folder).store;
+      expect(again.latestConversation(9)?.rows.map(({ text }) => text)).toEqual(["Olá", "Oi"]);
+      expect(again.loadSettings()).toEqual(new Map([["a", "1"]]));
+      again.close();
+    });
+  }
+
+  test("that another program holds later on stays in its place, with the settings and the conversations", async () => {
     const it = bench();
     await it.engine.set({ summonMs: 6_000 });
     it.engine.loop.say("Thanks");
     await it.clock.advance(10_000);
-    const other = new Database(join(it.folder, "palomet.db"));
-    other.run("BEGIN EXCLUSIVE");
+    const other = held(it.folder);
     await it.engine.set({ voiceSpeed: 2 });
-    expect(it.log.join()).toContain("começo um novo");
+    expect(it.log.join()).toContain("guardo só na memória");
+    expect(it.engine.history).toHaveLength(1);
     other.close();
     it.engine.close();
+    expect(asides(it.folder)).toEqual([]);
     const again = bench(it.folder, it.clock);
     expect(again.engine.state.settings).toMatchObject({ summonMs: 6_000, voiceSpeed: 2 });
     expect(again.engine.state.conversation.rows).toHaveLength(2);
     again.engine.close();
+  });
+
+  test("that another program empties while it holds it stays empty but for what is said meanwhile", async () => {
+    const folder = temporaryFolder();
+    const { store, clock } = open(folder);
+    store.saveConversation(conversation);
+    store.addRow("c1", conversation.rows[0]!);
+    const other = held(folder);
+    store.saveConversation({ ...conversation, conversationId: "c2" });
+    store.addRow("c2", { role: "user", text: "Now", at: 9 });
+    other.run("DELETE FROM rows");
+    other.run("DELETE FROM conversations");
+    other.run("COMMIT");
+    other.close();
+    await clock.advance(5_000);
+    expect(store.history(9).map(({ conversationId }) => conversationId)).toEqual(["c2"]);
+    expect(store.search("", always, 9).map(({ text }) => text)).toEqual(["Now"]);
+    store.close();
+  });
+
+  test("that is lost while the engine is in memory is written whole", async () => {
+    const folder = temporaryFolder();
+    const { store, clock } = open(folder);
+    store.saveConversation(conversation);
+    store.addRow("c1", conversation.rows[0]!);
+    const other = held(folder);
+    store.saveSetting("a", "1");
+    other.close();
+    for (const name of readdirSync(folder)) rmSync(join(folder, name));
+    await clock.advance(5_000);
+    expect(readdirSync(folder)).toContain("palomet.db");
+    expect(store.latestConversation(9)?.rows).toHaveLength(1);
+    expect(store.loadSettings()).toEqual(new Map([["a", "1"]]));
+    store.close();
   });
 
   test("that is full goes on in memory with all it holds, and says so", () => {

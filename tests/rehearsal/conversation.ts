@@ -45,11 +45,16 @@ export async function sayUntil(stage: Stage, text: string, isMeant: (heard: Hear
         const since = watcher.states.length;
         const heard = await say(stage, text, voice);
         if (isMeant(heard)) return { heard, since };
-        check(++repeated <= mostRepeated, `"${text}" was ${JSON.stringify(heard)}`);
-        step(`"${text}" was ${heard.action} as "${heard.text}", and is said again`);
-        await watcher.post("stop");
-        await settle(stage);
+        await giveUp(stage, `"${text}" was ${JSON.stringify(heard)}`);
     }
+}
+
+/** Ends what was not as it was meant, so that it can be said again, as long as that has not been too often. */
+export async function giveUp(stage: Stage, problem: string): Promise<void> {
+    check(++repeated <= mostRepeated, problem);
+    step(`To be said again: ${problem}`);
+    await stage.watcher.post("stop");
+    await settle(stage);
 }
 
 /** Waits until nothing goes on, and what it would hear without its name is over. */

@@ -2,7 +2,7 @@
 
 import { existsSync, mkdirSync, readFileSync, writeFileSync } from "node:fs";
 import { join } from "node:path";
-import { answerTo, sayUntil } from "./conversation";
+import { answerTo, giveUp, sayUntil } from "./conversation";
 import { run, until } from "./process";
 import { otherVoice, usualVoice, type Voice } from "./sound";
 import { check, type Stage, step } from "./stage";
@@ -10,12 +10,14 @@ import { check, type Stage, step } from "./stage";
 /** Says something that is meant for it, and gives what it answers aloud, which has to be like that. */
 export async function tell(stage: Stage, text: string, wanted: RegExp, voice: Voice = usualVoice): Promise<string> {
     const { sound } = stage;
-    const from = performance.now();
-    const { heard, since } = await sayUntil(stage, text, ({ action }) => action === "accepted", voice);
-    const answer = await answerTo(stage, since);
-    check(wanted.test(answer), `to "${heard.text}" it says "${answer}"`);
-    check(sound.speakers.audibleSeconds(from) > 0.3, `"${answer}" could not be heard`);
-    return answer;
+    for (;;) {
+        const from = performance.now();
+        const { heard, since } = await sayUntil(stage, text, ({ action }) => action === "accepted", voice);
+        const answer = await answerTo(stage, since);
+        check(sound.speakers.audibleSeconds(from) > 0.3, `"${answer}" could not be heard`);
+        if (wanted.test(answer)) return answer;
+        await giveUp(stage, `to "${heard.text}" it says "${answer}"`);
+    }
 }
 
 /** A timer is set, asked after, rings aloud, and is stopped. */

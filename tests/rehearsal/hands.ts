@@ -46,11 +46,11 @@ export async function calculate(stage: Stage): Promise<void> {
 /** What is to stay is written down after a yes, and read out. */
 export async function takeNote(stage: Stage): Promise<void> {
     const file = join(stage.environment.HOME!, "Documents/Palomet/Notes.md");
-    const question = await tell(stage, "Palomet, note that the window is open.", /^May I\? Note: the window is open\.$/);
+    const question = await tell(stage, "Palomet, note that the milk is gone.", /^May I\? Note: the milk is gone\.$/);
     check(!existsSync(file), "it wrote the note before it was allowed to");
     const done = await tell(stage, "Palomet, yes please.", /./);
-    check(readFileSync(file, "utf8").includes("the window is open"), `the notes are ${readFileSync(file, "utf8")}`);
-    const read = await tell(stage, "Palomet, can you read my notes?", /the window is open/i, otherVoice);
+    check(readFileSync(file, "utf8").includes("the milk is gone"), `the notes are ${readFileSync(file, "utf8")}`);
+    const read = await tell(stage, "Palomet, can you read my notes?", /the milk is gone/i, otherVoice);
     step(`A note is asked about: "${question}", taken: "${done}", and read: "${read}"`);
 }
 

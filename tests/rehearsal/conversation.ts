@@ -43,10 +43,20 @@ export async function sayUntil(stage: Stage, text: string, isMeant: (heard: Hear
     const { watcher } = stage;
     for (;;) {
         const since = watcher.states.length;
-        const heard = await say(stage, text, voice);
+        const first = await say(stage, text, voice);
+        // A gap after the name: what follows is heard by itself.
+        const heard = first.action === "summoned" ? await following(stage, first).catch(() => first) : first;
         if (isMeant(heard)) return { heard, since };
         await giveUp(stage, `"${text}" was ${JSON.stringify(heard)}`);
     }
+}
+
+async function following({ watcher }: Stage, { at }: Heard): Promise<Heard> {
+    return await until("what follows the name", async () => {
+        const now = await watcher.state();
+        const newest = now?.state === "hearing" ? undefined : now?.heard?.at(-1);
+        return newest?.at === at ? undefined : newest;
+    }, 5_000);
 }
 
 /** Ends what was not as it was meant, so that it can be said again, as long as that has not been too often. */

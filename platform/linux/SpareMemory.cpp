@@ -33,9 +33,15 @@ void keepNoLargeBlocks() {
 void trim() {
     malloc_trim(mebibyte);
 }
+std::size_t freeBytes() {
+    return mallinfo2().fordblks;
+}
 #else
 void keepNoLargeBlocks() {}
 void trim() {}
+std::size_t freeBytes() {
+    return 0;
+}
 #endif
 
 /// The memory that the process holds; 0 where the system does not say.
@@ -55,11 +61,17 @@ SpareMemory::SpareMemory() {
 }
 
 void SpareMemory::giveBack() {
-    const auto resident = residentBytes();
-    m_resident = std::min(m_resident, resident);
-    if (resident - m_resident < worthwhile)
+    // A document that goes leaves more free; one that came and went since the last look, more held.
+    const auto more = [](std::size_t &least, std::size_t now) {
+        least = std::min(least, now);
+        return now - least >= worthwhile;
+    };
+    const bool moreIsFree = more(m_free, freeBytes());
+    const bool moreIsHeld = more(m_resident, residentBytes());
+    if (!moreIsFree && !moreIsHeld)
         return;
     trim();
+    m_free = freeBytes();
     m_resident = residentBytes();
 }
 

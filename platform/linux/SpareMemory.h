@@ -16,11 +16,14 @@ class SpareMemory {
 public:
     SpareMemory();
 
-private:
+    /// Looks for what was freed since the last time and gives it back; its timer does so every ten seconds.
     void giveBack();
 
+private:
     QTimer m_timer;
-    std::size_t m_resident = 0; ///< The least since it was last given back.
+    // The least since memory was last given back.
+    std::size_t m_free = 0;     ///< What lies free in the allocator.
+    std::size_t m_resident = 0; ///< What the process holds.
 };
 
 } // namespace palomet

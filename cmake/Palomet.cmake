@@ -17,6 +17,11 @@ if(CCACHE)
   set(CMAKE_CXX_COMPILER_LAUNCHER ${CMAKE_COMMAND} -E env CCACHE_SLOPPINESS=pch_defines,time_macros ${CCACHE})
 endif()
 
+# palomet_compact(): what is compiled below this folder is made small: it waits for people and services, not for its loops.
+macro(palomet_compact)
+  add_compile_options($<$<CONFIG:Release>:-Os>)
+endmacro()
+
 add_library(palomet-options INTERFACE)
 target_include_directories(palomet-options INTERFACE ${PROJECT_SOURCE_DIR})
 target_compile_definitions(palomet-options INTERFACE QT_NO_KEYWORDS QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII)

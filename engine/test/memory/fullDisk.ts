@@ -1,10 +1,11 @@
 // store.test.ts runs this with a small file system mounted on the folder in the argument. It fills the file system, and
 // prints what became of the store.
 
-import { rmSync, writeFileSync } from "node:fs";
+import { rmSync } from "node:fs";
 import { join } from "node:path";
 import { Store } from "../../src/memory/store.ts";
 import { ManualClock } from "../support/clock.ts";
+import { fillDisk } from "../support/fullDisk.ts";
 
 const [folder = ""] = process.argv.slice(2);
 const data = join(folder, "data");
@@ -16,24 +17,12 @@ const row = (text: string, at: number) => ({ role: "assistant" as const, text, a
 const conversation = (id: string) => ({ conversationId: id, startedAt: 1, costUsd: 0, answers: 0, rows: [], session: undefined });
 const texts = (store: Store): string[] | undefined => store.latestConversation(1_000)?.rows.map(({ text }) => text.slice(0, 5));
 
-function fill(): void {
-  for (let size = 64 << 10; size > 0; size >>= 1) {
-    for (;;) {
-      try {
-        writeFileSync(filler, new Uint8Array(size), { flag: "a" });
-      } catch {
-        break;
-      }
-    }
-  }
-}
-
 const report: Record<string, unknown> = {};
 let store = open();
 store.saveSetting("kept", "1");
 store.saveConversation(conversation("first"));
 store.addRow("first", row("first", 1));
-fill();
+fillDisk(filler);
 for (let at = 2; at < 60; at++) store.addRow("first", row(`${at}`.padEnd(5_000), at));
 store.saveSetting("changed", "2");
 await clock.advance(60_000);
@@ -50,7 +39,7 @@ const kept = store.latestConversation(1_000);
 report.kept = { rows: kept?.rows.length, answers: kept?.answers, last: texts(store)?.at(-1), settings: [...store.loadSettings()] };
 store.close();
 
-fill();
+fillDisk(filler);
 store = open();
 report.begunFull = { log: log.splice(0).length, rows: texts(store)?.length, settings: store.loadSettings().size };
 store.addRow("first", row("added", 100));

@@ -1,10 +1,11 @@
 // download.test.ts runs this with a small file system mounted on the folder in the argument. The disk fills up while a model
 // is fetched, and has room again; what became of the two attempts is printed.
 
-import { rmSync, writeFileSync } from "node:fs";
+import { rmSync } from "node:fs";
 import { join } from "node:path";
 import { fetchModel, partOf, sizeOf } from "../../src/models/download.ts";
 import { serveFile } from "../support/fileServer.ts";
+import { fillDisk } from "../support/fullDisk.ts";
 
 const [folder = ""] = process.argv.slice(2);
 const contents = new Uint8Array(600_000).fill(7);
@@ -16,15 +17,7 @@ const server = await serveFile(contents, { endsAfter: [100_000] });
 let isFull = false;
 function progress(bytes: number): void {
   server.arrived(bytes);
-  for (let size = isFull ? 0 : 64 << 10; size > 0; size >>= 1) {
-    for (;;) {
-      try {
-        writeFileSync(filler, new Uint8Array(size), { flag: "a" });
-      } catch {
-        break;
-      }
-    }
-  }
+  if (!isFull) fillDisk(filler);
   isFull = true;
 }
 

@@ -4,17 +4,11 @@ import { mkdtempSync, readFileSync, rmSync } from "node:fs";
 import { createServer } from "node:net";
 import { tmpdir } from "node:os";
 import { join, resolve } from "node:path";
+import type { Heard } from "../../engine/src/base/protocol";
 import { Microphone } from "./microphone";
 import { type Played, Loudspeaker } from "./loudspeaker";
 
 const main = resolve(import.meta.dir, "../../engine/src/main.ts");
-
-export interface Heard {
-    at: number;
-    text: string;
-    action: string;
-    reason?: string;
-}
 
 interface State {
     state: string;

@@ -1,6 +1,7 @@
 // Says the clips of the set to the engine one after another, each when the one before has been dealt with.
 
-import { Engine, type Heard, until, type Wanted } from "./engine";
+import type { Heard } from "../../engine/src/base/protocol";
+import { Engine, until, type Wanted } from "./engine";
 import type { Clip, ClipSet } from "./set/clips";
 import { activeLevel, pink, rate, scaled, seconds, type Signal } from "./set/signal";
 

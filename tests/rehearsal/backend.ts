@@ -1,15 +1,9 @@
 // The voice backend, as anybody on this machine sees it: its state, its events, its commands.
 
+import type { Heard } from "../../engine/src/base/protocol";
 import { until } from "./process";
 
 const base = "http://127.0.0.1:4780";
-
-export interface Heard {
-    at: number;
-    text: string;
-    action: string;
-    reason?: string;
-}
 
 export interface State {
     state: string;

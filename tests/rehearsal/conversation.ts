@@ -1,6 +1,7 @@
 // The sentences that are said aloud in a rehearsal, and what must come of them.
 
-import type { Heard, State } from "./backend";
+import type { Heard } from "../../engine/src/base/protocol";
+import type { State } from "./backend";
 import { until } from "./process";
 import { check, type Stage, step } from "./stage";
 import { otherVoice, usualVoice, type Voice } from "./sound";

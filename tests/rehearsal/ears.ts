@@ -1,7 +1,7 @@
 // What is said in free words, what is no speech, and names that it is given: all of it heard as it was meant.
 
 import { join } from "node:path";
-import type { Heard } from "./backend";
+import type { Heard } from "../../engine/src/base/protocol";
 import { say, sayUntil, settle } from "./conversation";
 import { run, startPiped } from "./process";
 import { otherVoice, usualVoice } from "./sound";

@@ -1,6 +1,6 @@
 // What the engine takes while nobody speaks.
 
-import { readFileSync } from "node:fs";
+import { fileText } from "../../../engine/src/machine/fileText";
 import { Engine } from "../engine";
 import { roomNoise } from "../hearing";
 import { marked, told, type Row } from "../row";
@@ -19,20 +19,12 @@ export function memoryOf(processes: number[]): number {
 /** The processor time that these processes have taken so far, in seconds. */
 function processorTime(processes: number[]): number {
     return processes.reduce((sum, process) => {
-        const fields = contentOf(`/proc/${process}/stat`).replace(/^.*\) /s, "").split(" ");
+        const fields = fileText(`/proc/${process}/stat`).replace(/^.*\) /s, "").split(" ");
         return sum + (Number(fields[11] ?? 0) + Number(fields[12] ?? 0)) / ticksASecond;
     }, 0);
 }
 
-function contentOf(path: string): string {
-    try {
-        return readFileSync(path, "utf8");
-    } catch {
-        return "";
-    }
-}
-
-const numberIn = (path: string, pattern: RegExp): number => Number(pattern.exec(contentOf(path))?.[1] ?? 0);
+const numberIn = (path: string, pattern: RegExp): number => Number(pattern.exec(fileText(path))?.[1] ?? 0);
 
 export async function footprint({ every }: Bench): Promise<Row[]> {
     const engine = await Engine.start();

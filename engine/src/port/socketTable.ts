@@ -1,7 +1,7 @@
 // Finds the owner of a connection in the kernel's table of all connections, which the kernel takes milliseconds to write.
 
-import { readFileSync } from "node:fs";
 import { addressBytes, listening, timeWait, type Connection, type Owner } from "../machine/connection.ts";
+import { fileText } from "../machine/fileText.ts";
 
 /** Reads the owner from the lines of /proc/net/tcp and tcp6. */
 export function ownerInTable(table: string | undefined, { address, port, to }: Connection): Owner {
@@ -32,12 +32,6 @@ function hex(value: number, digits: number): string {
 }
 
 export function socketTable(): string | undefined {
-  const tables = ["/proc/net/tcp", "/proc/net/tcp6"].map((path) => {
-    try {
-      return readFileSync(path, "latin1");
-    } catch {
-      return "";
-    }
-  });
+  const tables = ["/proc/net/tcp", "/proc/net/tcp6"].map(fileText);
   return tables.every((table) => table === "") ? undefined : tables.join("\n");
 }

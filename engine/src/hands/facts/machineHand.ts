@@ -1,11 +1,12 @@
 // The hand that tells of this machine: battery, disk, memory, network.
 
-import { readdirSync, readFileSync } from "node:fs";
+import { readdirSync } from "node:fs";
 import { statfs } from "node:fs/promises";
 import { networkInterfaces } from "node:os";
 import { join } from "node:path";
 import type { Language } from "../../base/language.ts";
 import type { Children } from "../../machine/children.ts";
+import { fileText } from "../../machine/fileText.ts";
 import { homeOf } from "../../machine/userFolders.ts";
 import { choiceIn } from "../given.ts";
 import type { Hand } from "../hand.ts";
@@ -51,7 +52,7 @@ export class MachineHand implements Hand {
   #battery(language: Language): string {
     const folder = join(this.root, "sys/class/power_supply");
     const batteries = entries(folder).flatMap((name) => {
-      const value = (file: string): string => text(join(folder, name, file)).trim();
+      const value = (file: string): string => fileText(join(folder, name, file)).trim();
       // A mouse has a battery, too: its scope is its own.
       if (value("type") !== "Battery" || value("scope") === "Device" || !/^\d+$/.test(value("capacity"))) return [];
       return [{ percent: Number(value("capacity")), status: value("status") }];
@@ -77,7 +78,7 @@ export class MachineHand implements Hand {
   }
 
   #memory(language: Language): string {
-    const lines = text(join(this.root, "proc/meminfo"));
+    const lines = fileText(join(this.root, "proc/meminfo"));
     const bytes = (name: string): number => Number(new RegExp(`^${name}:\\s+(\\d+) kB`, "m").exec(lines)?.[1] ?? NaN) * 1_024;
     const [free, all] = [bytes("MemAvailable"), bytes("MemTotal")].map((each) => numberText(each / giga, language, 3));
     if (language === "pt") return `Há ${free} GB de memória livres de ${all} GB.`;
@@ -98,14 +99,6 @@ export class MachineHand implements Hand {
     const isUp = Object.values(networkInterfaces()).some((addresses) => addresses?.some(({ internal }) => !internal));
     if (isPortuguese) return isUp ? "Há uma rede, mas não sei o nome dela." : "Não há rede.";
     return isUp ? "There is a network, but I do not know its name." : "There is no network.";
-  }
-}
-
-function text(path: string): string {
-  try {
-    return readFileSync(path, "utf8");
-  } catch {
-    return "";
   }
 }
 

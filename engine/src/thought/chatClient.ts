@@ -13,6 +13,16 @@ export interface ChatRequest {
   tools?: readonly unknown[];
 }
 
+export interface ChatCall {
+  server: ModelServer;
+  wanted: ChatRequest;
+  /** Gets the words of the answer as they come. */
+  onText: (text: string) => void;
+  clock: Clock;
+  /** Closes the connection at once. */
+  signal: AbortSignal;
+}
+
 export type Failure =
   /** The server does not have the model. */
   | "missing"
@@ -40,29 +50,17 @@ const longestMs = 5 * 60_000;
 const [longestStream, longestText] = [32 << 20, 64 << 10];
 const longestDetail = 200;
 
-/** Never rejects. A raised `signal` closes the connection at once. */
-export async function chat(
-  server: ModelServer,
-  wanted: ChatRequest,
-  onText: (text: string) => void,
-  clock: Clock,
-  signal: AbortSignal,
-): Promise<ChatOutcome> {
-  const outcome = await exchange(server, wanted, onText, clock, signal);
+/** Never rejects. */
+export async function chat(call: ChatCall): Promise<ChatOutcome> {
+  const outcome = await exchange(call);
   if (outcome.kind === "finished") return outcome;
   // A server may say the key that it refuses.
-  const key = server.key?.();
+  const key = call.server.key?.();
   const detail = key === undefined ? outcome.detail : outcome.detail.replaceAll(key, "…");
   return { ...outcome, detail: cut(detail, longestDetail) };
 }
 
-async function exchange(
-  server: ModelServer,
-  wanted: ChatRequest,
-  onText: (text: string) => void,
-  clock: Clock,
-  signal: AbortSignal,
-): Promise<ChatOutcome> {
+async function exchange({ server, wanted, onText, clock, signal }: ChatCall): Promise<ChatOutcome> {
   const ending = new AbortController();
   let failure: Failure | undefined;
   const giveUp = (why: Failure) => (): void => {

@@ -1,10 +1,6 @@
 // Answers by a server of the chat API: the conversation goes to the model, its words are handed on as they come, and the tools
 // that it calls are the agent's hands. What `confirmActions` names is asked about first.
 
-import type { Clock } from "../base/clock.ts";
-import type { Language } from "../base/language.ts";
-import type { Log } from "../base/log.ts";
-import type { Phrases } from "../base/phrases.ts";
 import { parseJson } from "../base/json.ts";
 import { cut } from "../base/text.ts";
 import type { Hand } from "../hands/hand.ts";
@@ -15,16 +11,9 @@ import { chat, type ChatOutcome, type Failure } from "./chatClient.ts";
 import { callMessage, earlierMessages, fitted, type Message, windowFor } from "./chatHistory.ts";
 import type { ToolCall } from "./chatReader.ts";
 import { isAskable, readIntent } from "./consent.ts";
+import type { MindParts } from "./mind.ts";
 
 export type ChatAnswer = Answer & { problem?: { failure: Failure; detail: string } };
-
-export interface ChatMindParts {
-  clock: Clock;
-  language: Language;
-  phrases: Phrases;
-  log: Log;
-  hands: readonly Hand[];
-}
 
 /** A call that waits for a yes, with the words that it was asked for in. */
 interface AskedCall {
@@ -64,7 +53,7 @@ export class ChatMind {
   readonly #toolless = new Set<string>();
   readonly #windows = new Map<string, number>();
 
-  constructor(private readonly parts: ChatMindParts) {
+  constructor(private readonly parts: MindParts) {
     this.#asking = new Asking(parts.clock, parts.phrases);
   }
 
@@ -133,7 +122,13 @@ export class ChatMind {
     for (let attempt = 1, window = known; ; attempt++) {
       const sent = fitted(messages, window, toolBytes);
       const wanted = { model: model.id, messages: sent, ...(tools ? { tools } : {}) };
-      const outcome = await chat(model.server, wanted, (piece) => answering.text(piece), this.parts.clock, signal);
+      const outcome = await chat({
+        server: model.server,
+        wanted,
+        onText: (piece) => answering.text(piece),
+        clock: this.parts.clock,
+        signal,
+      });
       if (outcome.kind === "finished") {
         if (window < known) this.#windows.set(model.name, window);
         return outcome;

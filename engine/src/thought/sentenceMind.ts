@@ -1,10 +1,6 @@
 // Answers requests by hands, without a language model or beside one that cannot use hands: each sentence that asks for one is done, or
 // asked about first as the settings say. What was asked is what a yes does.
 
-import type { Clock } from "../base/clock.ts";
-import type { Language } from "../base/language.ts";
-import type { Log } from "../base/log.ts";
-import type { Phrases } from "../base/phrases.ts";
 import type { Hand } from "../hands/hand.ts";
 import type { Meant } from "../hands/parsing/meanings.ts";
 import { longestRequest, mostSentences, partsOf } from "../hands/parsing/request.ts";
@@ -13,6 +9,7 @@ import type { Answer, Answering, Request } from "./answer.ts";
 import { apart, watch } from "./answering.ts";
 import { Asking } from "./asking.ts";
 import { isSpelled, readAloud } from "./consent.ts";
+import type { MindParts } from "./mind.ts";
 
 interface Deed {
   hand: Hand;
@@ -35,18 +32,10 @@ export interface HandlessModel {
   refuse(): void;
 }
 
-export interface SentenceMindParts {
-  clock: Clock;
-  language: Language;
-  phrases: Phrases;
-  log: Log;
-  hands: readonly Hand[];
-}
-
 export class SentenceMind {
   readonly #asking: Asking<Deed[]>;
 
-  constructor(private readonly parts: SentenceMindParts) {
+  constructor(private readonly parts: MindParts) {
     this.#asking = new Asking(parts.clock, parts.phrases);
   }
 

@@ -92,7 +92,8 @@ describe("the servers on this machine", () => {
     const { it, log } = among([theirs]);
     await it.look();
     expect([it.names, log]).toEqual([[], ["outro usuário serve na porta de Ollama; não uso"]]);
-    expect(await chat(theirs, { model: "m", messages: [] }, () => {}, systemClock, going)).toMatchObject({ failure: "away", detail: "outro usuário serve na porta" });
+    const call = { server: theirs, wanted: { model: "m", messages: [] }, onText: () => {}, clock: systemClock, signal: going };
+    expect(await chat(call)).toMatchObject({ failure: "away", detail: "outro usuário serve na porta" });
     expect(child.exitCode).toBeNull();
     child.kill();
     await child.exited;

@@ -22,7 +22,7 @@ async function serve(ways: Ways = ollama): Promise<ChatServer> {
 async function ask(server: ChatServer, clock = systemClock, signal = going, onText: (text: string) => void = () => {}) {
   const { key, name } = server.ways;
   const known = { name, address: server.address, ...(key === undefined ? {} : { key: () => key }) };
-  return await chat(known, { model: "m", messages: [{ role: "user", content: "x" }] }, onText, clock, signal);
+  return await chat({ server: known, wanted: { model: "m", messages: [{ role: "user", content: "x" }] }, onText, clock, signal });
 }
 
 for (const ways of all) {
@@ -184,9 +184,10 @@ describe("a server that fails", () => {
   test("by saying the key that it refuses does not bring it into the detail", async () => {
     const server = await serve(jan);
     const known = { name: "Jan", address: server.address, key: () => "wrong-key-456" };
-    const outcome = await chat(known, { model: "m", messages: [] }, () => {}, systemClock, going);
+    const call = { server: known, wanted: { model: "m", messages: [] }, onText: () => {}, clock: systemClock, signal: going };
+    const outcome = await chat(call);
     expect(outcome).toEqual({ kind: "failed", failure: "away", detail: "401: Invalid key …" });
-    const unreadable = await chat({ ...known, key: () => undefined }, { model: "m", messages: [] }, () => {}, systemClock, going);
+    const unreadable = await chat({ ...call, server: { ...known, key: () => undefined } });
     expect([unreadable, server.chats.length]).toEqual([{ kind: "failed", failure: "away", detail: "não consigo ler a chave" }, 1]);
   });
 });

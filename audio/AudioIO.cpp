@@ -11,16 +11,13 @@ AudioIO::AudioIO(Parts parts)
     , m_makeWakeup(std::move(parts.makeWakeup))
     , m_chimeFile(std::move(parts.chimeFile))
     , m_microphone(
-          {parts.server, parts.scheduler, std::move(parts.makeEchoCanceller), std::move(parts.defaultInputName)})
+          {parts.server, parts.scheduler, *this, std::move(parts.makeEchoCanceller), std::move(parts.defaultInputName)})
     , m_player(m_engine.mixer(), std::move(parts.decode))
     , m_speechWatch(parts.scheduler, m_engine.mixer(), m_player) {
     m_microphone.onCanceller = [this](std::unique_ptr<EchoCanceller> canceller) {
         m_engine.setCapture(canceller ? std::make_unique<CaptureChain>(std::move(canceller), onPCM) : nullptr);
     };
     m_microphone.onChange = [this] { updatePlayback(); };
-    m_microphone.onNote = [this](const QString &line) { onNote(line); };
-    m_microphone.onConfigured = [this](const QString &name) { onConfigured(name); };
-    m_microphone.onDeviceName = [this](const QString &name) { onDeviceName(name); };
     m_microphone.selectsDevice = [this] { return selectsDevice; };
 
     const auto onMainThread = [this](auto action) {

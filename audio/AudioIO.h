@@ -23,7 +23,7 @@ namespace palomet {
 /// input device, opens again what has failed or changed, and plays speech. `Microphone`, `SpeechPlayer` and
 /// `SpeechWatch` do so; here they meet, and keep the speakers open as long as one of them needs that. Everything is
 /// called on the main thread and calls back there, except where it says otherwise.
-class AudioIO {
+class AudioIO : public MicrophoneReports {
 public:
     using EchoCancellerFactory = Microphone::EchoCancellerFactory;
     using Ended = Microphone::Ended;
@@ -46,18 +46,12 @@ public:
     /// After `stopReporting`, if `startReporting` was called.
     ~AudioIO();
 
-    // Set before `start`.
+    // Set before `start`, as its reports are.
     /// One chunk of the microphone, 16 kHz mono. On the real-time thread, whose rules it keeps: no lock, no allocation,
     /// no waiting.
     std::function<void(PcmSamples)> onPCM = [](PcmSamples) {};
     /// A clip was heard to its end (on the thread of `startReporting`), was stopped or failed (main thread).
     Callback<void(ClipId id)> onPlayed;
-    /// A line for the log.
-    Callback<void(const QString &line)> onNote;
-    /// The microphone was opened; the name of the input device in use.
-    Callback<void(const QString &deviceName)> onConfigured;
-    /// `deviceName` is another.
-    Callback<void(const QString &deviceName)> onDeviceName;
 
     /// Whether the desktop's default input may be changed to the wanted device.
     bool selectsDevice = true;

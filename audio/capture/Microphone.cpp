@@ -34,7 +34,7 @@ void Microphone::shutdown() {
     m_parts.server.closeCapture();
     onCanceller(nullptr);
     restoreDefaultInput();
-    onNote(u"áudio: cancelamento de eco desligado na tela Escuta"_s);
+    m_parts.reports.onNote(u"áudio: cancelamento de eco desligado na tela Escuta"_s);
     onChange();
     for (const auto &ended : abandoned)
         ended();
@@ -101,8 +101,8 @@ void Microphone::endAttempt(quint64 number, const std::optional<Failure> &failur
     if (!failure) {
         m_retry.reset();
         m_retryCount = 0;
-        onNote(u"áudio: microfone %1 com cancelamento de eco"_s.arg(m_deviceName));
-        onConfigured(m_deviceName);
+        m_parts.reports.onNote(u"áudio: microfone %1 com cancelamento de eco"_s.arg(m_deviceName));
+        m_parts.reports.onConfigured(m_deviceName);
     } else if (attempt.isRetry) {
         retryLater(failure->reason);
     }
@@ -123,7 +123,8 @@ std::vector<Microphone::Ended> Microphone::abandonAttempts() {
 void Microphone::retryLater(const QString &reason) {
     ++m_retryCount;
     if (m_retryCount == 1 || m_retryCount % attemptsPerNote == 0)
-        onNote(u"áudio: não consegui abrir o microfone com cancelamento de eco (%1); tentando de novo"_s.arg(reason));
+        m_parts.reports.onNote(
+            u"áudio: não consegui abrir o microfone com cancelamento de eco (%1); tentando de novo"_s.arg(reason));
     m_retry = m_parts.scheduler.after(retryPeriod, [this] { startWithRetry(); });
 }
 
@@ -153,7 +154,8 @@ std::optional<InputDevice> Microphone::switchDefaultInput() {
     if (!m_originalDefaultInput)
         m_originalDefaultInput = current;
     m_parts.server.setDefaultInput(device->id);
-    onNote(u"áudio: entrada padrão do macOS agora é %1 (volta à anterior quando o app fecha)"_s.arg(*name));
+    m_parts.reports.onNote(
+        u"áudio: entrada padrão do macOS agora é %1 (volta à anterior quando o app fecha)"_s.arg(*name));
     return *device;
 }
 
@@ -175,7 +177,7 @@ void Microphone::nameDevice(const QString &name) {
     if (name == m_deviceName)
         return;
     m_deviceName = name;
-    onDeviceName(name);
+    m_parts.reports.onDeviceName(name);
 }
 
 /// An attempt that was made before waits with the server, which opens the microphone next.
@@ -187,7 +189,7 @@ void Microphone::devicesTold() {
 void Microphone::configurationChanged() {
     if (!m_isStarted)
         return;
-    onNote(u"áudio: dispositivos mudaram; reabrindo"_s);
+    m_parts.reports.onNote(u"áudio: dispositivos mudaram; reabrindo"_s);
     configure(Asker::Once);
     onChange();
 }

@@ -15,6 +15,16 @@
 
 namespace palomet {
 
+/// What is told of the microphone. Main thread only.
+struct MicrophoneReports {
+    /// A line for the log.
+    Callback<void(const QString &line)> onNote;
+    /// The microphone was opened; the name of the input device in use.
+    Callback<void(const QString &deviceName)> onConfigured;
+    /// `deviceName` is another.
+    Callback<void(const QString &deviceName)> onDeviceName;
+};
+
 /// Opens the microphone: makes the wanted device the default input, gives each opening an echo canceller of its own,
 /// and opens again what has failed or changed. Main thread only.
 ///
@@ -25,10 +35,11 @@ public:
     using EchoCancellerFactory = std::function<Result<std::unique_ptr<EchoCanceller>>()>;
     using Ended = std::function<void()>;
 
-    /// Its parts. The server and the scheduler outlive it.
+    /// Its parts. The server, the scheduler and those who get its reports outlive it.
     struct Parts {
         SoundServer &server;
         Scheduler &scheduler;
+        const MicrophoneReports &reports;
         EchoCancellerFactory makeEchoCanceller;
         QString defaultInputName; ///< The default input's while its own is not known.
     };
@@ -41,12 +52,6 @@ public:
     Callback<void(std::unique_ptr<EchoCanceller> canceller)> onCanceller;
     /// An attempt has ended or the microphone was released, and nobody else was told yet.
     Callback<void()> onChange;
-    /// A line for the log.
-    Callback<void(const QString &line)> onNote;
-    /// The microphone was opened; the name of the input device in use.
-    Callback<void(const QString &deviceName)> onConfigured;
-    /// `deviceName` is another.
-    Callback<void(const QString &deviceName)> onDeviceName;
     /// Whether the desktop's default input may be changed to the wanted device.
     Callback<bool()> selectsDevice;
 

@@ -1,4 +1,4 @@
-#include "audio/link/WebSocketReader.h"
+#include "tests/audio/link/InPieces.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -20,12 +20,8 @@ std::vector<std::string> eventsOf(QByteArrayView stream, qsizetype size) {
             std::abort();
         events.push_back("ping" + std::string(payload.begin(), payload.end()));
     };
-    for (qsizetype from = 0; from < stream.size(); from += size) {
-        if (!reader.read(stream.sliced(from, std::min(size, stream.size() - from)))) {
-            events.emplace_back("end");
-            break;
-        }
-    }
+    if (!palomet::test::readInPieces(reader, stream, size))
+        events.emplace_back("end");
     return events;
 }
 

@@ -1,4 +1,4 @@
-#include "audio/link/WebSocketReader.h"
+#include "tests/audio/link/InPieces.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -14,27 +14,23 @@ using testing::IsEmpty;
 namespace {
 
 /// The messages of a stream that comes in pieces of one size: "text", "ping:…", and "end" where the reader gave it up.
-std::vector<std::string> readInPieces(const std::string &stream, std::size_t size) {
+std::vector<std::string> eventsOf(QByteArrayView stream, qsizetype size) {
     std::vector<std::string> events;
     std::string text;
     WebSocketReader reader;
     reader.onText = [&](QByteArrayView piece) { text.append(piece.data(), static_cast<std::size_t>(piece.size())); };
     reader.onTextEnd = [&] { events.push_back(std::exchange(text, {})); };
     reader.onPing = [&](QByteArrayView payload) { events.push_back("ping:" + payload.toByteArray().toStdString()); };
-    for (std::size_t from = 0; from < stream.size(); from += size) {
-        const auto piece = stream.substr(from, size);
-        if (!reader.read({piece.data(), static_cast<qsizetype>(piece.size())})) {
-            events.emplace_back("end");
-            break;
-        }
-    }
+    if (!test::readInPieces(reader, stream, size))
+        events.emplace_back("end");
     return events;
 }
 
 std::vector<std::string> eventsOf(const std::string &stream) {
-    auto events = readInPieces(stream, stream.size());
-    for (std::size_t size = 1; size < 9; ++size)
-        EXPECT_EQ(readInPieces(stream, size), events) << "in pieces of " << size;
+    const QByteArrayView bytes(stream.data(), static_cast<qsizetype>(stream.size()));
+    auto events = eventsOf(bytes, bytes.size());
+    for (qsizetype size = 1; size < 9; ++size)
+        EXPECT_EQ(eventsOf(bytes, size), events) << "in pieces of " << size;
     return events;
 }
 

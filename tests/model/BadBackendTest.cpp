@@ -105,6 +105,18 @@ const std::pair<const char *, QByteArray> strangers[] = {
     {"WithZippedNonsense", "HTTP/1.1 200 OK\r\ncontent-encoding: gzip\r\ncontent-length: 5\r\n\r\nabcde"},
 };
 
+/// A state that is larger than any that is read.
+class HugeStateTest : public ModelTest {
+protected:
+    void expectGivenUp() {
+        m_model.setSnapshot(std::make_shared<const Snapshot>());
+        m_model.refresh();
+        m_scheduler.advance(100ms);
+        EXPECT_TRUE(eventually([&] { return !m_model.snapshot(); }));
+        EXPECT_TRUE(eventually([&] { return !m_backend.last("/state")->isOpen(); }));
+    }
+};
+
 } // namespace
 
 TEST_P(StrangerTest, IsOfflineAndNothingMore) {
@@ -130,27 +142,19 @@ TEST_P(StrangerTest, IsOfflineAndNothingMore) {
 INSTANTIATE_TEST_SUITE_P(APort, StrangerTest, ::testing::ValuesIn(strangers),
                          [](const auto &tested) { return tested.param.first; });
 
-TEST_F(ModelTest, AStateThatSaysItIsBeyondItsLimitIsGivenUpAtItsFirstByte) {
+TEST_F(HugeStateTest, ThatSaysItIsBeyondItsLimitIsGivenUpAtItsFirstByte) {
     m_backend.on("/state", [](const Exchange &exchange) {
         exchange->write("HTTP/1.1 200 OK\r\ncontent-length: " + QByteArray::number(maximumDocumentSize + 1) +
                         "\r\n\r\n{");
     });
-    m_model.setSnapshot(std::make_shared<const Snapshot>());
-    m_model.refresh();
-    m_scheduler.advance(100ms);
-    EXPECT_TRUE(eventually([&] { return !m_model.snapshot(); }));
-    EXPECT_TRUE(eventually([&] { return !m_backend.last("/state")->isOpen(); }));
+    expectGivenUp();
 }
 
-TEST_F(ModelTest, AStateWithoutEndIsGivenUpAtItsLimit) {
+TEST_F(HugeStateTest, WithoutEndIsGivenUpAtItsLimit) {
     m_backend.on("/state", [](const Exchange &exchange) {
         exchange->write("HTTP/1.1 200 OK\r\n\r\n");
         for (int i = 0; i <= 64; ++i)
             exchange->write(QByteArray(1024 * 1024, ' '));
     });
-    m_model.setSnapshot(std::make_shared<const Snapshot>());
-    m_model.refresh();
-    m_scheduler.advance(100ms);
-    EXPECT_TRUE(eventually([&] { return !m_model.snapshot(); }));
-    EXPECT_TRUE(eventually([&] { return !m_backend.last("/state")->isOpen(); }));
+    expectGivenUp();
 }

@@ -8,17 +8,11 @@ ZenBox {
     Behavior on color {
         enabled: root.Exposure.isShown && !Zen.isMotionReduced
 
-        ColorAnimation {
-            duration: Zen.hoverTime
-            easing.type: Easing.OutCubic
-        }
+        HoverAnimation {}
     }
     Behavior on edge {
         enabled: root.Exposure.isShown && !Zen.isMotionReduced
 
-        ColorAnimation {
-            duration: Zen.hoverTime
-            easing.type: Easing.OutCubic
-        }
+        HoverAnimation {}
     }
 }

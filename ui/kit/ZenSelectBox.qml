@@ -40,10 +40,7 @@ SoftBox {
         Behavior on rotation {
             enabled: root.Exposure.isShown && !Zen.isMotionReduced
 
-            NumberAnimation {
-                duration: Zen.moveTime
-                easing.type: Easing.OutCubic
-            }
+            MoveAnimation {}
         }
     }
 }

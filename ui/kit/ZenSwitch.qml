@@ -44,10 +44,7 @@ Pressable {
         Behavior on x {
             enabled: root.Exposure.isShown && !Zen.isMotionReduced
 
-            NumberAnimation {
-                duration: Zen.moveTime
-                easing.type: Easing.OutCubic
-            }
+            MoveAnimation {}
         }
     }
     FocusRing {

@@ -45,24 +45,24 @@ Item {
 
         anchors.fill: parent
         isFocused: input.activeFocus
-        isPointed: pointer.hovered
-    }
-    ZenInput {
-        id: input
 
-        anchors.fill: parent
-        placeholder: root.placeholder
-        name: root.name
-        description: root.isBusy ? `${root.busyText} ${root.description}` : root.description
-        rightPadding: busy.visible ? root.width - busy.x + Zen.space2 : Zen.space3
-        color: busy.visible ? Zen.noteInk : Zen.gray9
-        onAccepted: root.commit()
-        Keys.onEscapePressed: root.leave()
-        onActiveFocusChanged: {
-            if (activeFocus)
-                root.isEditing = true;
-            else if (root.Window.active || !root.Window.window?.visible)
-                root.isEditing = false;
+        ZenInput {
+            id: input
+
+            anchors.fill: parent
+            placeholder: root.placeholder
+            name: root.name
+            description: root.isBusy ? `${root.busyText} ${root.description}` : root.description
+            rightPadding: busy.visible ? root.width - busy.x + Zen.space2 : Zen.space3
+            color: busy.visible ? Zen.noteInk : Zen.gray9
+            onAccepted: root.commit()
+            Keys.onEscapePressed: root.leave()
+            onActiveFocusChanged: {
+                if (activeFocus)
+                    root.isEditing = true;
+                else if (root.Window.active || !root.Window.window?.visible)
+                    root.isEditing = false;
+            }
         }
     }
     ZenData {
@@ -75,10 +75,5 @@ Item {
         box: root.height
         color: Zen.noteInk
         Accessible.ignored: true
-    }
-    HoverHandler {
-        id: pointer
-
-        cursorShape: Qt.IBeamCursor
     }
 }

@@ -15,7 +15,6 @@ Row {
         width: root.width - send.width - root.spacing
         height: Zen.control
         isFocused: input.activeFocus
-        isPointed: pointer.hovered
 
         ZenInput {
             id: input
@@ -33,11 +32,6 @@ Row {
             id: menu
 
             input: input
-        }
-        HoverHandler {
-            id: pointer
-
-            cursorShape: Qt.IBeamCursor
         }
     }
     ZenButton {

@@ -2,50 +2,32 @@ import QtQuick
 import Palomet.Kit
 
 // An utterance: its time, its words, and what became of it.
-SelectableRow {
+WordsRow {
     id: root
 
     required property string clock
-    required property string words
     property string reason
     property string action
     property bool isQuiet: false
 
-    // Whether it continues the text of the row before.
-    required property bool isContinued
-    readonly property int line: isContinued ? 0 : rule + Zen.space3
     readonly property color ink: isQuiet ? Zen.noteInk : Zen.gray9
 
-    prose: text
     implicitHeight: text.y + text.height + (reason ? why.height : 0) + Zen.space3
+    text.width: root.width - root.text.x - (result.visible ? result.width + Zen.space5 : 0)
+    text.color: root.ink
 
-    Accessible.role: Accessible.ListItem
     Accessible.name: isContinued ? `${words} ${reason}` : `${clock} ${action} ${words} ${reason}`
 
-    ZenData {
-        y: root.line + Zen.baseline(13, 21) - Zen.baseline(12, 20)
+    SmallData {
+        line: root.line
         text: root.clock
-        size: 12
-        color: Zen.noteInk
-        Accessible.ignored: true
-    }
-    Prose {
-        id: text
-
-        x: Zen.roleColumn
-        y: root.line
-        width: root.width - x - (result.visible ? result.width + Zen.space5 : 0)
-        text: root.words
-        selectionStart: root.selectionStart
-        selectionEnd: root.selectionEnd
-        color: root.ink
     }
     ZenText {
         id: why
 
-        x: text.x
-        y: text.y + text.height
-        width: text.width
+        x: root.text.x
+        y: root.text.y + root.text.height
+        width: root.text.width
         visible: root.reason !== ""
         text: root.reason
         size: 12
@@ -54,15 +36,13 @@ SelectableRow {
         wrapMode: Text.Wrap
         Accessible.ignored: true
     }
-    ZenData {
+    SmallData {
         id: result
 
         x: root.width - width
-        y: root.line + Zen.baseline(13, 21) - Zen.baseline(12, 20)
+        line: root.line
         visible: text !== ""
         text: root.action
-        size: 12
         color: root.ink
-        Accessible.ignored: true
     }
 }

@@ -11,11 +11,12 @@ ListPage {
 
     model: screen.rows
     listName: Words.t("history.title")
+    emptyText: Words.t("history.empty")
+    note: Words.t("history.note")
     textRole: "question"
     head: [
         ListHead {
-            width: root.columnWidth
-            text: Words.t("history.title")
+            title: Words.t("history.title")
         }
     ]
     delegate: DataRow {
@@ -33,18 +34,4 @@ ListPage {
         selectionStart: root.words.startIn(index, root.words.revision)
         selectionEnd: root.words.endIn(index, root.words.revision)
     }
-    foot: [
-        EmptyListText {
-            width: root.columnWidth
-            visible: root.rows.count === 0
-            text: Words.t("history.empty")
-        },
-        Gap {
-            height: Zen.space3
-        },
-        ZenNote {
-            width: root.columnWidth
-            text: Words.t("history.note")
-        }
-    ]
 }

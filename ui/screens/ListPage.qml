@@ -10,6 +10,10 @@ ScreenPage {
     property alias delegate: list.delegate
     property alias head: head.data
     property alias foot: foot.data
+    // Stands under the head while there are no rows.
+    required property string emptyText
+    // Stands under the list.
+    property string note
     // The list's name for a screen reader.
     property string listName
     property alias textRole: area.textRole
@@ -68,6 +72,23 @@ ScreenPage {
             y: root.rowsEnd
             width: root.columnWidth
             bottomPadding: Zen.space6
+
+            EmptyListText {
+                width: parent.width
+                visible: list.count === 0
+                text: root.emptyText
+            }
+            Gap {
+                height: Zen.space3
+                visible: note.visible
+            }
+            ZenNote {
+                id: note
+
+                width: parent.width
+                visible: text !== ""
+                text: root.note
+            }
         }
     }
 }

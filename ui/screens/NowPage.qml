@@ -43,6 +43,8 @@ ListPage {
     ]
     model: screen.rows
     listName: Words.t("now.conversation")
+    emptyText: screen.shown.emptyText
+    note: rows.count === 0 ? screen.shown.rememberedText : ""
     scroller.onScrolled: {
         isMoved = true;
         isFollowing = scroller.isEndWanted || rowsEnd <= view.contentY + view.height + 1;
@@ -67,8 +69,7 @@ ListPage {
             height: Zen.space6
         },
         ListHead {
-            width: root.columnWidth
-            text: Words.t("now.lastAnswer")
+            title: Words.t("now.lastAnswer")
         }
     ]
     delegate: ConversationRow {
@@ -81,22 +82,6 @@ ListPage {
         selectionEnd: root.words.endIn(index, root.words.revision)
     }
     foot: [
-        EmptyListText {
-            width: root.columnWidth
-            visible: root.rows.count === 0
-            text: root.screen.shown.emptyText
-        },
-        Gap {
-            height: Zen.space3
-            visible: remembered.visible
-        },
-        ZenNote {
-            id: remembered
-
-            width: root.columnWidth
-            visible: root.rows.count === 0 && text !== ""
-            text: root.screen.shown.rememberedText
-        },
         Gap {
             height: Zen.space4
         },

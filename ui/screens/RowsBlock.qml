@@ -3,28 +3,19 @@ import Palomet.Kit
 
 // A heading over rows inside a page that scrolls, and the items under them. It shows only while there are rows. `position`
 // is where it begins in the page's content.
-Column {
+Block {
     id: root
 
     required property ScreenPage page
     required property real position
-    required property string title
+    required title
     property alias model: rows.model
     property alias delegate: rows.delegate
     readonly property alias words: rows.words
 
-    width: parent ? parent.width : 0
+    topPadding: Zen.space6
     visible: rows.count > 0
 
-    Gap {
-        height: Zen.space6
-    }
-    BlockLabel {
-        text: root.title
-    }
-    Gap {
-        height: Zen.space2
-    }
     WindowedRows {
         id: rows
 

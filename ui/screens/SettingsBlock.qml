@@ -3,23 +3,16 @@ import Palomet.Kit
 import Palomet.Ui
 
 // A label over setting rows, those of a group before all others, and the items under them.
-Column {
+Block {
     id: root
 
     property SettingGroup group: null
-    property string title: group?.title ?? ""
     property alias row: repeater.delegate
     default property alias settings: rows.content
     property alias after: extra.data
 
-    width: parent ? parent.width : 0
+    title: group?.title ?? ""
 
-    BlockLabel {
-        text: root.title
-    }
-    Gap {
-        height: Zen.space2
-    }
     SettingRows {
         id: rows
 

@@ -2,7 +2,7 @@ import QtQuick
 import Palomet.Kit
 
 // Says whether the microphone is on. While it is off, a press asks to mend that.
-Pressable {
+SidebarLine {
     id: root
 
     property bool isOn: true
@@ -13,8 +13,10 @@ Pressable {
 
     signal fix
 
-    width: parent ? parent.width : 0
-    height: Zen.control
+    icon: isOn ? "check" : "lock"
+    iconSize: Zen.iconSmall
+    iconInk: ink
+    ground: !isOn && isPointed ? Zen.gray2 : Zen.gray0
     activeFocusOnTab: !isOn
     onClicked: if (!isOn) fix()
 
@@ -22,18 +24,6 @@ Pressable {
     Accessible.name: words
     Accessible.onPressAction: clicked()
 
-    SoftBox {
-        anchors.fill: parent
-        radius: Zen.radius2
-        color: !root.isOn && root.isPointed ? Zen.gray2 : Zen.gray0
-    }
-    Icon {
-        x: Zen.space3
-        anchors.verticalCenter: parent.verticalCenter
-        name: root.isOn ? "check" : "lock"
-        size: Zen.iconSmall
-        color: root.ink
-    }
     ElidedText {
         x: Zen.space3 + Zen.iconSmall + Zen.space2
         anchors.verticalCenter: parent.verticalCenter
@@ -47,9 +37,5 @@ Pressable {
     Ground {
         anchors.fill: parent
         visible: root.isOn
-    }
-    FocusRing {
-        isInside: true
-        visible: root.isReached
     }
 }

@@ -2,10 +2,9 @@ import QtQuick
 import Palomet.Kit
 
 // A pane in the sidebar.
-Pressable {
+SidebarLine {
     id: root
 
-    property string icon
     property string title
     property string badge
     property bool isActive: false
@@ -13,8 +12,8 @@ Pressable {
     // The arrows ask for the pane above or below.
     signal walked(step: int)
 
-    width: parent ? parent.width : 0
-    height: Zen.control
+    ground: isActive ? Zen.gray2 : isPointed ? Zen.gray1 : Zen.gray0
+    iconInk: isActive ? Zen.gray9 : Zen.noteInk
 
     Keys.onUpPressed: walked(-1)
     Keys.onDownPressed: walked(1)
@@ -26,18 +25,6 @@ Pressable {
     Accessible.selected: isActive
     Accessible.onPressAction: clicked()
 
-    SoftBox {
-        anchors.fill: parent
-        radius: Zen.radius2
-        color: root.isActive ? Zen.gray2 : root.isPointed ? Zen.gray1 : Zen.gray0
-    }
-    Icon {
-        x: Zen.space3
-        anchors.verticalCenter: parent.verticalCenter
-        name: root.icon
-        size: Zen.iconSidebar
-        color: root.isActive ? Zen.gray9 : Zen.noteInk
-    }
     ZenText {
         x: Zen.space3 + Zen.iconSidebar + Zen.space3
         anchors.verticalCenter: parent.verticalCenter
@@ -53,9 +40,5 @@ Pressable {
         size: 12
         color: root.isActive ? Zen.bodyInk : Zen.noteInk
         Accessible.ignored: true
-    }
-    FocusRing {
-        isInside: true
-        visible: root.isReached
     }
 }

@@ -10,8 +10,15 @@ TwoColumns {
     required property AppView app
     readonly property int pane: app.pane
     // The page that shows; null while another is being made.
-    readonly property ScreenPage page: panes.find(pane => pane.count > 0)?.itemAt(0) as ScreenPage ?? null
-    readonly property var panes: [now, history, listening, voice, brain]
+    property ScreenPage page: null
+    // A page is made when its pane is to show, and goes with it.
+    readonly property var pages: ({
+            [Navigation.Now]: now,
+            [Navigation.History]: history,
+            [Navigation.Listening]: listening,
+            [Navigation.Voice]: voice,
+            [Navigation.Brain]: brain
+        })
 
     // Goes from a pane of the sidebar to the one above or below it, and shows that.
     function walk(from: int, step: int): void {
@@ -86,49 +93,45 @@ TwoColumns {
         actions: root.page?.actions ?? []
 
         When {
-            id: now
-
-            holds: root.pane === Navigation.Now
-
-            NowPage {
-                screen: root.app.now
-            }
+            holds: true
+            delegate: root.pages[root.pane]
+            onItemAdded: (_, item) => root.page = item as ScreenPage
+            onItemRemoved: root.page = null
         }
-        When {
-            id: history
+    }
+    Component {
+        id: now
 
-            holds: root.pane === Navigation.History
-
-            HistoryPage {
-                screen: root.app.history
-            }
+        NowPage {
+            screen: root.app.now
         }
-        When {
-            id: listening
+    }
+    Component {
+        id: history
 
-            holds: root.pane === Navigation.Listening
-
-            ListeningPage {
-                screen: root.app.listening
-            }
+        HistoryPage {
+            screen: root.app.history
         }
-        When {
-            id: voice
+    }
+    Component {
+        id: listening
 
-            holds: root.pane === Navigation.Voice
-
-            VoicePage {
-                screen: root.app.voice
-            }
+        ListeningPage {
+            screen: root.app.listening
         }
-        When {
-            id: brain
+    }
+    Component {
+        id: voice
 
-            holds: root.pane === Navigation.Brain
+        VoicePage {
+            screen: root.app.voice
+        }
+    }
+    Component {
+        id: brain
 
-            BrainPage {
-                screen: root.app.brain
-            }
+        BrainPage {
+            screen: root.app.brain
         }
     }
 }

@@ -22,14 +22,6 @@ constexpr auto page = R"(
                         ZenSwitch { objectName: "switch" + index } } } } }
         Scroller { objectName: "scroller"; flickable: view; onScrolled: page.scrolls += 1 } })";
 
-void draw(Scene &scene) {
-    for (int frame = 0; frame < 3; ++frame) {
-        scene.window().update();
-        [[maybe_unused]] const auto picture = scene.window().grabWindow();
-        QCoreApplication::processEvents();
-    }
-}
-
 double at(Scene &scene) {
     return scene.value("view", "contentY").toReal();
 }
@@ -43,7 +35,7 @@ bool isInView(Scene &scene, const char *name) {
 
 TEST(Scroller, GoesToThePlaceOnItsTrackThatIsPressedAndOnFromThere) {
     Scene scene(page);
-    draw(scene);
+    scene.draw();
     const auto last = scene.value("scroller", "last").toReal();
     QTest::mousePress(&scene.window(), Qt::LeftButton, {}, {634, 240});
     EXPECT_NEAR(at(scene), last / 2, 2);
@@ -59,7 +51,7 @@ TEST(Scroller, GoesToThePlaceOnItsTrackThatIsPressedAndOnFromThere) {
 
 TEST(Scroller, StaysWhereItIsWhenItsThumbIsPressedAndDragsFromThere) {
     Scene scene(page);
-    draw(scene);
+    scene.draw();
     QTest::mousePress(&scene.window(), Qt::LeftButton, {}, {634, 10});
     EXPECT_EQ(at(scene), 0);
     QTest::mouseMove(&scene.window(), {634, 30});
@@ -71,7 +63,7 @@ TEST(Scroller, StaysWhereItIsWhenItsThumbIsPressedAndDragsFromThere) {
 
 TEST(Scroller, ShowsAControlThatIsReachedWithItsWholeRow) {
     Scene scene(page);
-    draw(scene);
+    scene.draw();
     scene.item("switch9")->forceActiveFocus(Qt::TabFocusReason);
     EXPECT_GT(at(scene), 0);
     EXPECT_TRUE(isInView(scene, "row9"));
@@ -82,7 +74,7 @@ TEST(Scroller, ShowsAControlThatIsReachedWithItsWholeRow) {
 TEST(Scroller, ShowsWhatWasReachedBeforeThePageWasLaidOut) {
     Scene scene(page);
     scene.root()->setProperty("rows", 1);
-    draw(scene);
+    scene.draw();
     auto *stack = scene.item("switch0");
     stack->forceActiveFocus(Qt::TabFocusReason);
     ASSERT_EQ(at(scene), 0);
@@ -92,18 +84,18 @@ TEST(Scroller, ShowsWhatWasReachedBeforeThePageWasLaidOut) {
     stack->setY(1'200);
     scene.item("row0")->setHeight(1'500);
     EXPECT_TRUE(eventually([&] {
-        draw(scene);
+        scene.draw();
         return isInView(scene, "switch0");
     }));
 }
 
 TEST(Scroller, LeavesItToTheUserWhereThePageStandsOnceItWasScrolled) {
     Scene scene(page);
-    draw(scene);
+    scene.draw();
     scene.item("switch20")->forceActiveFocus(Qt::TabFocusReason);
     QTest::mouseClick(&scene.window(), Qt::LeftButton, {}, {634, 2});
     ASSERT_EQ(at(scene), 0);
     scene.root()->setProperty("rows", 41);
-    draw(scene);
+    scene.draw();
     EXPECT_EQ(at(scene), 0);
 }

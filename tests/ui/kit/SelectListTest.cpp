@@ -11,11 +11,11 @@ TEST(SelectList, KeepsWhatTheKeyboardChoseWhileRowsSlideUnderAPointerAtRest) {
     Scene scene(twenty);
     scene.press("select");
     scene.point(choice(scene, 3));
-    draw(scene);
+    scene.draw();
     ASSERT_EQ(current(scene), 3);
     for (int press = 0; press < 10; ++press) {
         scene.key(Qt::Key_Down);
-        draw(scene);
+        scene.draw();
     }
     EXPECT_EQ(current(scene), 13);
     scene.key(Qt::Key_Return);
@@ -35,7 +35,7 @@ TEST(SelectList, FollowsThePointerAgainOnceItMoves) {
 TEST(SelectList, PicksByAPressOnTheCheckMarkOfAListThatScrolls) {
     Scene scene(twenty);
     scene.press("select");
-    draw(scene);
+    scene.draw();
     QQuickItem *mark = nullptr;
     for (auto *icon : Scene::all(choice(scene, 1), "Icon"))
         mark = icon;
@@ -54,7 +54,7 @@ TEST(SelectList, ScrollsByWholeRowsWithTheWheel) {
     const auto top = [&] { return choice(scene, 10)->mapToItem(lists(scene).first(), QPointF()).y(); };
     for (const int angle : {-120, -120, -40, -40, -40, 120, -120, -30, -30, -30, -30, -30, -30}) {
         wheel(scene, at, angle);
-        draw(scene);
+        scene.draw();
         EXPECT_EQ(std::fmod(top() - 4, 32), 0) << top();
     }
     // What a touchpad gives bit by bit adds up.
@@ -67,12 +67,12 @@ TEST(SelectList, KeepsItsPlaceAmongChoicesThatBecomeOthersWhileItIsOpen) {
             ZenSelect { objectName: "select"; y: 440; selected: "b"
                 choices: [{ id: "a", title: "Alpha" }, { id: "b", title: "Beta" }] } })");
     scene.press("select");
-    draw(scene);
+    scene.draw();
     ASSERT_EQ(current(scene), 1);
     scene.item("select")->setProperty("choices", QVariantList{QVariantMap{{u"id"_s, u"new"_s}, {u"title"_s, u"New"_s}},
                                                               QVariantMap{{u"id"_s, u"a"_s}, {u"title"_s, u"Alpha"_s}},
                                                               QVariantMap{{u"id"_s, u"b"_s}, {u"title"_s, u"Beta"_s}}});
-    draw(scene);
+    scene.draw();
     EXPECT_EQ(current(scene), 2);
     EXPECT_EQ(lists(scene).first()->mapToScene({}).y(), 440 - 4 - (8 + 3 * 32));
 }
@@ -85,7 +85,7 @@ TEST(SelectList, TakesItsListAlongWhenItIsGone) {
     scene.press("select");
     ASSERT_EQ(lists(scene).size(), 1);
     scene.item("selects")->setProperty("model", 0);
-    draw(scene);
+    scene.draw();
     EXPECT_TRUE(eventually([&] { return lists(scene).isEmpty(); }));
 }
 

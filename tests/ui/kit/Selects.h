@@ -51,15 +51,6 @@ inline QQuickItem *choice(Scene &scene, int index) {
     return nullptr;
 }
 
-/// Lets the window draw, and with it find out what is under the pointer.
-inline void draw(Scene &scene) {
-    for (int frame = 0; frame < 3; ++frame) {
-        scene.window().update();
-        [[maybe_unused]] const auto picture = scene.window().grabWindow();
-        QCoreApplication::processEvents();
-    }
-}
-
 inline void wheel(Scene &scene, QPointF at, int angle) {
     QWheelEvent event(at, scene.window().mapToGlobal(at), {}, {0, angle}, Qt::NoButton, Qt::NoModifier,
                       Qt::NoScrollPhase, false);

@@ -21,6 +21,9 @@ protected:
     }
     void openAll() {
         open(Pane::Now);
+        showAll();
+    }
+    void showAll() {
         for (const auto pane : allPanes) {
             navigation.setPane(pane);
             settle();
@@ -197,9 +200,5 @@ TEST_F(BadInputTest, ShowsLongAndForeignTexts) {
     openAll();
     window->resize(960, 640);
     settle();
-    for (const auto pane : allPanes) {
-        navigation.setPane(pane);
-        settle();
-        EXPECT_TRUE(fits()) << rawValue(pane).toStdString();
-    }
+    showAll();
 }

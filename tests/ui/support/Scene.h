@@ -50,6 +50,15 @@ public:
     [[nodiscard]] QVariant value(const char *name, const char *property) { return item(name)->property(property); }
     [[nodiscard]] QString text(const char *name, const char *property) { return value(name, property).toString(); }
 
+    /// Lets the window draw, and with it find out what is under the pointer.
+    void draw() {
+        for (int frame = 0; frame < 3; ++frame) {
+            m_view.update();
+            [[maybe_unused]] const auto picture = m_view.grabWindow();
+            QCoreApplication::processEvents();
+        }
+    }
+
     void press(QQuickItem *target) {
         QTest::mouseClick(&m_view, Qt::LeftButton, {}, target->mapToScene(target->boundingRect().center()).toPoint());
     }

@@ -1,18 +1,10 @@
-#include "app/Backend.h"
+#include "tests/app/BackendTest.h"
 
 #include "localization/Localization.h"
-#include "platform/linux/startChildProcess.h"
-#include "tests/support/Eventually.h"
-#include "tests/support/ManualScheduler.h"
-#include "tests/support/Processes.h"
 
-#include <QDir>
 #include <QElapsedTimer>
-#include <QFile>
-#include <QTemporaryDir>
 #include <QThread>
 
-#include <gtest/gtest.h>
 #include <signal.h>
 #include <unistd.h>
 
@@ -20,16 +12,11 @@
 #include <thread>
 
 using namespace palomet;
+using namespace palomet::test;
 using namespace std::chrono_literals;
 using namespace Qt::StringLiterals;
-using test::EnvironmentVariable;
-using test::eventually;
-using test::hasEnded;
 
 namespace {
-
-constexpr uid_t nobody = 65534;
-const QByteArray marker = "\n--- 2026-01-05 09:30:00 +0000 iniciando ---\n";
 
 /// One that has ended when somebody has looked so often.
 class PatientProcess final : public ChildProcess {
@@ -44,67 +31,6 @@ public:
 
 private:
     mutable std::atomic<int> m_looks;
-};
-
-class BackendTest : public ::testing::Test {
-protected:
-    BackendTest() {
-        scheduler.setNow(std::chrono::sys_days{std::chrono::year{2026} / 1 / 5} + 9h + 30min);
-        QDir(folder.path()).mkpath(u"resources/engine"_s);
-        EXPECT_TRUE(QFile::link(u"" PALOMET_FAKE_BACKEND ""_s, runtime()));
-        makeBackend();
-    }
-
-    void makeBackend() {
-        backend.emplace(
-            [this](const ChildProcess::Launch &launch, std::function<void()> onExit) {
-                ++launches;
-                return startChildProcess(launch, [this, onExit = std::move(onExit)] {
-                    ++exits;
-                    onExit();
-                });
-            },
-            scheduler, resources, home());
-    }
-
-    QString home() const { return folder.path(); }
-    QString runtime() const { return *resources + u"/bun"_s; }
-    QString logPath() const { return LogFile::pathBelow(home()); }
-    QByteArray log() const { return test::contentOf(logPath()); }
-    QList<qint64> backends() const { return test::processesNamed("pronto", log()); }
-
-    /// Starts it and gives its process, once it runs.
-    qint64 start() {
-        const auto before = backends().size();
-        backend->start();
-        return awaitNext(before);
-    }
-    qint64 awaitNext(qsizetype before) {
-        if (!eventually([&] { return backends().size() > before; }))
-            ADD_FAILURE() << "no backend: " << log().constData();
-        return backends().value(before, -1);
-    }
-
-    bool stopWithin(std::chrono::duration<double> within) {
-        bool isDone = false;
-        backend->stop(within, [&] { isDone = true; });
-        return eventually([&] { return isDone; });
-    }
-
-    QByteArray variable(qint64 process, const QByteArray &name) const {
-        for (const auto &entry : test::processFile(process, u"environ"_s).split('\0')) {
-            if (entry.startsWith(name + '='))
-                return entry.mid(name.size() + 1);
-        }
-        return "(not set)";
-    }
-
-    QTemporaryDir folder;
-    std::optional<QString> resources = folder.filePath(u"resources"_s);
-    test::ManualScheduler scheduler;
-    int launches = 0;
-    int exits = 0;
-    std::optional<Backend> backend;
 };
 
 } // namespace
@@ -319,89 +245,4 @@ TEST_F(BackendTest, KeepsTheLinesOfTheBackendAndItsOwnWhole) {
             << line.constData();
     }
     EXPECT_EQ(spoken, 2000);
-}
-
-TEST_F(BackendTest, LaunchesNothingWithoutAResourceFolder) {
-    resources.reset();
-    makeBackend();
-    backend->start();
-    EXPECT_EQ(launches, 0);
-    EXPECT_EQ(backend->problem(), std::nullopt);
-    EXPECT_FALSE(QFile::exists(logPath()));
-}
-
-TEST_F(BackendTest, SaysThatTheBundleIsIncompleteWithoutTheRuntime) {
-    QFile::remove(runtime());
-    backend->start();
-    EXPECT_EQ(launches, 0);
-    EXPECT_EQ(backend->problem(), u"incomplete bundle: bun is missing"_s);
-    EXPECT_FALSE(QFile::exists(logPath()));
-    scheduler.advance(1h);
-    EXPECT_EQ(launches, 0);
-}
-
-TEST_F(BackendTest, TakesAFolderForNoRuntime) {
-    QFile::remove(runtime());
-    QDir().mkdir(runtime());
-    backend->start();
-    EXPECT_EQ(launches, 0);
-    EXPECT_EQ(backend->problem(), u"incomplete bundle: bun is missing"_s);
-}
-
-TEST_F(BackendTest, TakesAFileThatCannotBeRunForNoRuntime) {
-    QFile::remove(runtime());
-    QFile file(runtime());
-    ASSERT_TRUE(file.open(QFile::WriteOnly));
-    file.setPermissions(QFile::ReadOwner | QFile::WriteOwner);
-    backend->start();
-    EXPECT_EQ(launches, 0);
-    EXPECT_EQ(backend->problem(), u"incomplete bundle: bun is missing"_s);
-}
-
-TEST_F(BackendTest, FindsNoRuntimeInAResourceFolderThatItMayNotRead) {
-    QFile::setPermissions(*resources, {});
-    const auto startAsNobody = [this] {
-        // Nothing is forbidden to root.
-        if (geteuid() == 0 && setresuid(nobody, nobody, nobody) != 0)
-            exit(2);
-        backend->start();
-        exit(launches == 0 && backend->problem() == u"incomplete bundle: bun is missing"_s ? 0 : 1);
-    };
-    EXPECT_EXIT(startAsNobody(), ::testing::ExitedWithCode(0), "");
-    QFile::setPermissions(*resources, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-}
-
-TEST_F(BackendTest, LogsWhyTheBackendCouldNotBeLaunchedAndDoesNotTryAgain) {
-    QDir().rmdir(*resources + u"/engine"_s);
-    backend->start();
-    EXPECT_EQ(log(), marker + "não consegui iniciar o assistente: " + resources->toUtf8() +
-                         "/engine: No such file or directory\n");
-    EXPECT_EQ(scheduler.pendingCount(), 0U);
-    EXPECT_TRUE(stopWithin(0s));
-}
-
-TEST_F(BackendTest, LaunchesNothingWhenTheFolderOfTheLogCannotBeMade) {
-    QFile obstacle(home() + u"/Library"_s);
-    ASSERT_TRUE(obstacle.open(QFile::WriteOnly));
-    backend->start();
-    EXPECT_EQ(launches, 0);
-    EXPECT_EQ(scheduler.pendingCount(), 0U);
-    EXPECT_EQ(backend->problem(), std::nullopt);
-    backend->note(u"perdida"_s);
-}
-
-TEST_F(BackendTest, LaunchesNothingWhenTheLogIsAFolder) {
-    QDir().mkpath(logPath());
-    backend->start();
-    EXPECT_EQ(launches, 0);
-    backend->note(u"perdida"_s);
-}
-
-TEST_F(BackendTest, RunsTheBackendWhenTheDiskIsFull) {
-    QDir().mkpath(QFileInfo(logPath()).path());
-    ASSERT_TRUE(QFile::link(u"/dev/full"_s, logPath()));
-    backend->start();
-    EXPECT_EQ(launches, 1);
-    backend->note(u"perdida"_s);
-    EXPECT_TRUE(stopWithin(2s));
 }

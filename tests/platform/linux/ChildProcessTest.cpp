@@ -1,108 +1,12 @@
-#include "platform/linux/GroupGuard.h"
-#include "platform/linux/startChildProcess.h"
-#include "tests/support/Eventually.h"
-#include "tests/support/Processes.h"
-
-#include <QProcess>
-#include <QTemporaryDir>
+#include "tests/platform/linux/ChildProcessTest.h"
 
 #include <fcntl.h>
-#include <gtest/gtest.h>
 #include <signal.h>
-#include <sys/prctl.h>
-#include <sys/stat.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 using namespace palomet;
+using namespace palomet::test;
 using namespace Qt::StringLiterals;
-using test::EnvironmentVariable;
-using test::eventually;
-using test::hasEnded;
-using test::processFile;
-
-namespace {
-
-const QString fakeBackend = u"" PALOMET_FAKE_BACKEND ""_s;
-const QString guardPath = u"" PALOMET_GUARD ""_s;
-
-/// Makes this process the parent of all below it who have lost theirs, which a guard has from the start.
-class Foster {
-public:
-    Foster() { prctl(PR_SET_CHILD_SUBREAPER, 1); }
-    Foster(const Foster &) = delete;
-    Foster &operator=(const Foster &) = delete;
-    ~Foster() {
-        prctl(PR_SET_CHILD_SUBREAPER, 0);
-        EXPECT_TRUE(eventually([] {
-            while (waitpid(-1, nullptr, WNOHANG) > 0) {
-            }
-            return processFile(getpid(), u"task/%1/children"_s.arg(getpid())).isEmpty();
-        }));
-    }
-
-    /// The guard that has come to this process, or 0.
-    [[nodiscard]] qint64 guard() const {
-        for (const auto &word : processFile(getpid(), u"task/%1/children"_s.arg(getpid())).split(' ')) {
-            const auto process = word.toLongLong();
-            if (processFile(process, u"comm"_s) == "group-guard\n" && !hasEnded(process))
-                return process;
-        }
-        return 0;
-    }
-};
-
-class ChildProcessTest : public ::testing::Test {
-protected:
-    ChildProcessTest() {
-        m_log.setFileName(folder.filePath(u"log"_s));
-        EXPECT_TRUE(m_log.open(QFile::WriteOnly | QFile::Append | QFile::Unbuffered));
-    }
-
-    ChildProcess::Launch launch() {
-        return {.program = fakeBackend,
-                .arguments = {u"src/main.ts"_s},
-                .workingDirectory = folder.path(),
-                .environment = {},
-                .output = m_log.handle()};
-    }
-
-    void start(std::function<void()> onExit = [] {}) { start(launch(), std::move(onExit)); }
-    void start(
-        const ChildProcess::Launch &what, std::function<void()> onExit = [] {}) {
-        auto started = startChildProcess(what, std::move(onExit), guard);
-        ASSERT_TRUE(started) << qPrintable(started.reason());
-        child = std::move(*started);
-        EXPECT_TRUE(eventually([this] { return log().contains("pronto "); }));
-    }
-
-    QString reasonOf(const ChildProcess::Launch &what) {
-        const auto started = startChildProcess(
-            what, [] { ADD_FAILURE() << "nothing was started"; }, guard);
-        return started ? QString() : started.reason();
-    }
-
-    /// Starts a front end of its own, which starts the backend, and gives the backend's process once it is there.
-    qint64 startFrontEnd(const QString &itsGuard) {
-        QFile::resize(m_log.fileName(), 0);
-        frontEnd.start(u"" PALOMET_FRONT_END ""_s, {fakeBackend, m_log.fileName(), itsGuard});
-        EXPECT_TRUE(eventually([this] { return log().contains("pronto "); }));
-        return test::processesNamed("pronto", log()).value(0, -1);
-    }
-
-    QByteArray log() const { return test::contentOf(m_log.fileName()); }
-    QList<qint64> children() const { return test::processesNamed("filho", log()); }
-
-    QTemporaryDir folder;
-    std::shared_ptr<GroupGuard> guard = std::make_shared<GroupGuard>(guardPath);
-    std::unique_ptr<ChildProcess> child;
-    QProcess frontEnd;
-
-private:
-    QFile m_log;
-};
-
-} // namespace
 
 TEST_F(ChildProcessTest, RunsTheProgramWithItsArgumentsInItsFolder) {
     start();
@@ -144,79 +48,6 @@ TEST_F(ChildProcessTest, StartsItEvenFromAProgramWithoutStandardDescriptors) {
     EXPECT_EQ(test::descriptorsOf(backend), (QStringList{u"0 -> /dev/null"_s, u"1 -> "_s + path, u"2 -> "_s + path}));
     frontEnd.kill();
     frontEnd.waitForFinished();
-}
-
-TEST_F(ChildProcessTest, NeverOutlivesAFrontEndThatWasKilledAlsoWithoutAGuard) {
-    const EnvironmentVariable behaviour("FAKE_BACKEND", "stubborn");
-    const auto backend = startFrontEnd({});
-    EXPECT_FALSE(hasEnded(backend));
-    frontEnd.kill();
-    frontEnd.waitForFinished();
-    EXPECT_TRUE(eventually([&] { return hasEnded(backend); }));
-}
-
-TEST_F(ChildProcessTest, EndsWithAllThatItHasStartedHoweverTheFrontEndEnds) {
-    for (const auto *behaviour : {"family", "parent"}) {
-        const EnvironmentVariable variable("FAKE_BACKEND", behaviour);
-        for (const int number : {SIGKILL, SIGSEGV, SIGABRT}) {
-            const auto backend = startFrontEnd(guardPath);
-            ASSERT_EQ(children().size(), 2);
-            kill(static_cast<pid_t>(frontEnd.processId()), number);
-            frontEnd.waitForFinished();
-            EXPECT_TRUE(eventually([&] { return hasEnded(children()[0]) && hasEnded(children()[1]); })) << behaviour;
-            EXPECT_TRUE(eventually([&] { return hasEnded(backend); })) << behaviour;
-        }
-    }
-}
-
-TEST_F(ChildProcessTest, IsAskedToEndBeforeItIsEndedWhenTheFrontEndHasEnded) {
-    const EnvironmentVariable behaviour("FAKE_BACKEND", "farewell");
-    const auto backend = startFrontEnd(guardPath);
-    frontEnd.kill();
-    frontEnd.waitForFinished();
-    EXPECT_TRUE(eventually([&] { return hasEnded(backend); }));
-    EXPECT_TRUE(log().contains("adeus\n"));
-}
-
-TEST_F(ChildProcessTest, IsGuardedAlsoWhenItsGuardWasKilled) {
-    guard.reset();
-    const Foster foster;
-    const EnvironmentVariable behaviour("FAKE_BACKEND", "family");
-    const auto backend = startFrontEnd(guardPath);
-    const auto first = foster.guard();
-    ASSERT_GT(first, 0);
-    kill(static_cast<pid_t>(first), SIGKILL);
-    qint64 next = 0;
-    ASSERT_TRUE(eventually([&] {
-        next = foster.guard();
-        return next > 0 && next != first;
-    }));
-    frontEnd.kill();
-    frontEnd.waitForFinished();
-    EXPECT_TRUE(eventually([&] { return hasEnded(backend) && hasEnded(children()[0]) && hasEnded(children()[1]); }));
-}
-
-TEST_F(ChildProcessTest, HasAGuardThatKeepsNothingOfTheFrontEndsAndEndsWithItOnly) {
-    guard.reset();
-    const Foster foster;
-    guard = std::make_shared<GroupGuard>(guardPath);
-    const auto process = foster.guard();
-    ASSERT_GT(process, 0);
-    EXPECT_EQ(processFile(process, u"cmdline"_s), QByteArray("group-guard\0", 12));
-    EXPECT_EQ(processFile(process, u"environ"_s), "");
-    EXPECT_EQ(QFile::symLinkTarget(u"/proc/%1/cwd"_s.arg(process)), u"/"_s);
-    const auto descriptors = test::descriptorsOf(process);
-    ASSERT_EQ(descriptors.size(), 3);
-    EXPECT_TRUE(descriptors[0].startsWith(u"0 -> "_s) && descriptors[0].contains(u"socket:"_s));
-    EXPECT_EQ(descriptors.mid(1), (QStringList{u"1 -> /dev/null"_s, u"2 -> /dev/null"_s}));
-    EXPECT_NE(getsid(static_cast<pid_t>(process)), getsid(0));
-    for (const int number : {SIGTERM, SIGINT, SIGHUP, SIGQUIT})
-        kill(static_cast<pid_t>(process), number);
-    start();
-    child.reset();
-    EXPECT_FALSE(hasEnded(process));
-    guard.reset();
-    EXPECT_TRUE(eventually([&] { return hasEnded(process); }));
 }
 
 TEST_F(ChildProcessTest, IsTheOnlyChild) {

@@ -1,15 +1,9 @@
-#include "ui/screens/KeyRecorder.h"
+#include "tests/ui/screens/KeyRecorderTest.h"
 
 #include "localization/Localization.h"
-#include "shortcuts/Keys.h"
-#include "tests/shortcuts/FixedKeyboardLayout.h"
 
 #include <QCoreApplication>
 #include <QKeyEvent>
-#include <QSettings>
-#include <QTemporaryDir>
-
-#include <gtest/gtest.h>
 
 using namespace palomet;
 using namespace palomet::test;
@@ -17,8 +11,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr quint32 keyA = 0;
-constexpr quint32 keyK = 40;
 constexpr quint32 space = 49;
 constexpr quint32 backspace = 51;
 constexpr quint32 escape = 53;
@@ -34,21 +26,6 @@ public:
         return QObject::event(event);
     }
     int heard = 0;
-};
-
-class KeyRecorderTest : public ::testing::Test {
-protected:
-    KeyRecorderTest() {
-        shortcuts.onChange = [this] { ++changes; };
-    }
-
-    QTemporaryDir folder;
-    QSettings file{folder.filePath(u"palomet.conf"_s), QSettings::IniFormat};
-    Shortcuts shortcuts{file};
-    FixedKeyboardLayout layout{{{keyA, u"a"_s}, {keyK, u"k"_s}}};
-    KeyRecorder listen{KeyRecorder::Role::Listen, shortcuts, layout};
-    KeyRecorder stop{KeyRecorder::Role::Stop, shortcuts, layout};
-    int changes = 0;
 };
 
 } // namespace
@@ -266,44 +243,4 @@ TEST_F(KeyRecorderTest, IsLeftWithoutAChangeByTabWhichGoesOnToTheWindow) {
     QKeyEvent tab(QEvent::KeyPress, Qt::Key_Tab, Qt::ControlModifier, 15 + 8, 0, 0);
     QCoreApplication::sendEvent(qApp, &tab);
     EXPECT_EQ(shortcuts.listen(), Shortcut(48, Shortcut::control)) << "with another modifier it is a key like others";
-}
-
-TEST_F(KeyRecorderTest, CallsItsKeyAsTheLayoutThatIsActiveDoes) {
-    shortcuts.setListen(Shortcut(keyK, Shortcut::control));
-    stop.toggle();
-    stop.handle(keyK, Shortcut::control);
-    int changed = 0;
-    QObject::connect(&listen, &KeyRecorder::changed, [&] { ++changed; });
-    layout.become({{keyK, u"л"_s}});
-    EXPECT_EQ(changed, 1);
-    EXPECT_EQ(listen.caps(), QStringList({u"icon:chevron-up"_s, u"Л"_s}));
-    EXPECT_EQ(listen.spoken(), u"Ctrl + Л"_s);
-    EXPECT_EQ(stop.message(), u"⌃Л already does “Listen”."_s);
-}
-
-TEST_F(KeyRecorderTest, SaysItsShortcutInCapsAndInWords) {
-    EXPECT_EQ(listen.caps(), Shortcuts::defaultListen.caps(layout));
-    EXPECT_EQ(listen.spoken(), u"Alt + Space"_s);
-    EXPECT_EQ(stop.spoken(), u"Esc"_s);
-    shortcuts.setListen(Shortcut(keyK, Shortcut::relevant));
-    EXPECT_EQ(listen.spoken(), u"Ctrl + Alt + Shift + Super + K"_s);
-}
-
-TEST_F(KeyRecorderTest, TellsWhatAPressDoesNow) {
-    EXPECT_EQ(listen.help(), L("recorder.help.idle"));
-    listen.toggle();
-    EXPECT_EQ(listen.help(), L("recorder.help.recording"));
-    listen.toggle();
-}
-
-TEST_F(KeyRecorderTest, ShowsTheKeysThatTheDesktopGrantedInPlaceOfTheStoredOnes) {
-    int announcements = 0;
-    QObject::connect(&listen, &KeyRecorder::changed, [&] { ++announcements; });
-    shortcuts.setGranted(u"Meta+1"_s, {});
-    EXPECT_EQ(announcements, 1);
-    EXPECT_EQ(listen.caps(), QStringList(u"Meta+1"_s));
-    EXPECT_EQ(listen.spoken(), u"Meta+1"_s);
-    EXPECT_EQ(stop.caps(), Shortcuts::defaultStop.caps(layout));
-    shortcuts.setGranted({}, {});
-    EXPECT_EQ(listen.caps(), Shortcuts::defaultListen.caps(layout));
 }

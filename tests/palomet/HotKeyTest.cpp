@@ -1,8 +1,7 @@
 #include "app/KeyBindings.h"
 #include "model/PalometModel.h"
-#include "tests/palomet/BackendAtItsPort.h"
+#include "tests/palomet/FollowingTest.h"
 #include "tests/palomet/OtherProgram.h"
-#include "tests/palomet/ProgramTest.h"
 #include "tests/palomet/WindowManager.h"
 #include "tests/support/FakeKeyboard.h"
 #include "tests/support/FakeMicrophonePermission.h"
@@ -24,15 +23,9 @@ constexpr quint8 capsLock = 0x02;
 constexpr quint8 numLock = 0x10;
 
 /// The program under an X server with a window manager.
-class HotKeyTest : public test::ProgramTest {
+class HotKeyTest : public test::FollowingTest {
 protected:
     void startWindowManager(const char *keys = "") { windowManager.start(desktop, keys); }
-
-    void startAndFollow() {
-        start();
-        awaitBackend();
-        ASSERT_TRUE(backend.isFollowed());
-    }
 
     /// Whether "listen" was posted so often, and not once more.
     bool wasListening(int times) {
@@ -52,7 +45,6 @@ protected:
         return QJsonDocument::fromJson(status.output)[u"hotKeyProblem"_s].toString();
     }
 
-    test::BackendAtItsPort backend;
     FakeKeyboard keyboard{desktop.display.name()};
     test::WindowManager windowManager;
 };

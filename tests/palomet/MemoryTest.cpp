@@ -1,6 +1,5 @@
 #include "platform/dbus/RemoteNames.h"
-#include "tests/palomet/BackendAtItsPort.h"
-#include "tests/palomet/ProgramTest.h"
+#include "tests/palomet/FollowingTest.h"
 
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
@@ -16,15 +15,13 @@ using test::eventually;
 namespace {
 
 /// The memory that the program keeps of a backend's messages.
-class MemoryTest : public test::ProgramTest {
+class MemoryTest : public test::FollowingTest {
 protected:
     void SetUp() override {
 #ifdef __SANITIZE_ADDRESS__
         GTEST_SKIP() << "the sanitizer keeps what was freed";
 #endif
-        start();
-        awaitBackend();
-        ASSERT_TRUE(backend.isFollowed());
+        startAndFollow();
         ASSERT_TRUE(eventually([this] { return backend.audio.isConnected(); }));
     }
 
@@ -53,8 +50,6 @@ protected:
         backend.tell("turn");
         return eventually([&] { return command({u"--status"_s}).output.startsWith(state); }, 60s);
     }
-
-    test::BackendAtItsPort backend;
 };
 
 } // namespace

@@ -1,5 +1,4 @@
-#include "tests/palomet/BackendAtItsPort.h"
-#include "tests/palomet/ProgramTest.h"
+#include "tests/palomet/FollowingTest.h"
 #include "tests/palomet/StallProbe.h"
 #include "tests/support/ClipFiles.h"
 #include "tests/support/Control.h"
@@ -111,7 +110,7 @@ void closeAtRandom(test::BackendAtItsPort &backend) {
         backend.tell("turnEnd");
 }
 
-class MisbehavingBackend : public test::ProgramTest, public ::testing::WithParamInterface<Misbehaviour> {
+class MisbehavingBackend : public test::FollowingTest, public ::testing::WithParamInterface<Misbehaviour> {
 protected:
     void SetUp() override {
 #ifdef __SANITIZE_ADDRESS__
@@ -124,9 +123,7 @@ protected:
         setVariable("PULSE_SERVER", QString::fromStdString(sound.address()));
         setVariable("PULSE_COOKIE", sound.environment().value(u"PULSE_COOKIE"_s));
         desktop.tray.appear();
-        start();
-        awaitBackend();
-        ASSERT_TRUE(backend.isFollowed());
+        startAndFollow();
         ASSERT_TRUE(eventually([this] { return !backend.audio.audio().empty(); }));
         ASSERT_EQ(command({u"--open"_s}).exitCode, 0);
         ASSERT_TRUE(eventually([this] { return backend.http.count("/options") > 0; }));
@@ -157,7 +154,6 @@ protected:
     }
 
     test::PrivateSoundServer sound{test::PrivateSoundServer::Kind::PulseAudio};
-    test::BackendAtItsPort backend;
     QDBusConnection bus = desktop.bus.connect();
 };
 

@@ -1,5 +1,4 @@
-#include "tests/palomet/BackendAtItsPort.h"
-#include "tests/palomet/ProgramTest.h"
+#include "tests/palomet/FollowingTest.h"
 #include "tests/platform/dbus/RealPortal.h"
 
 using namespace palomet;
@@ -10,18 +9,12 @@ using test::RealPortal;
 namespace {
 
 /// The program in a Wayland session, where keys are the portal's.
-class PortalTest : public test::ProgramTest {
+class PortalTest : public test::FollowingTest {
 protected:
     void SetUp() override {
         if (!RealPortal::isInstalled())
             GTEST_SKIP() << "xdg-desktop-portal is not installed";
         setVariable("XDG_SESSION_TYPE", u"wayland"_s);
-    }
-
-    void startAndFollow() {
-        start();
-        awaitBackend();
-        ASSERT_TRUE(backend.isFollowed());
     }
 
     bool saysThatTheKeyIsTaken() {
@@ -32,7 +25,6 @@ protected:
     }
 
     RealPortal portal{desktop.bus.connect(), desktop.bus.address()};
-    test::BackendAtItsPort backend;
 };
 
 } // namespace

@@ -1,5 +1,4 @@
-#include "tests/palomet/BackendAtItsPort.h"
-#include "tests/palomet/ProgramTest.h"
+#include "tests/palomet/FollowingTest.h"
 
 using namespace palomet;
 using namespace Qt::StringLiterals;
@@ -8,22 +7,14 @@ using test::eventually;
 namespace {
 
 /// The program with its backend, and commands that are given to it as a user gives them.
-class RemoteCommandTest : public test::ProgramTest {
+class RemoteCommandTest : public test::FollowingTest {
 protected:
-    void startAndFollow() {
-        start();
-        awaitBackend();
-        ASSERT_TRUE(backend.isFollowed());
-    }
-
     /// The one request that is a command.
     test::ScriptedBackend::ExchangePointer posted() {
         EXPECT_TRUE(eventually([this] { return !backend.commands().empty(); }));
         EXPECT_EQ(backend.commands().size(), 1U);
         return backend.commands().at(0);
     }
-
-    test::BackendAtItsPort backend;
 };
 
 struct Command {

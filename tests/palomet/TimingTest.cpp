@@ -1,5 +1,4 @@
-#include "tests/palomet/BackendAtItsPort.h"
-#include "tests/palomet/ProgramTest.h"
+#include "tests/palomet/FollowingTest.h"
 #include "tests/support/ClipFiles.h"
 #include "tests/support/Control.h"
 #include "tests/support/PrivateSoundServer.h"
@@ -20,7 +19,7 @@ namespace {
 using Clock = std::chrono::steady_clock;
 
 /// The program between a real sound server and a backend that writes down what comes, and when.
-class TimingTest : public test::ProgramTest {
+class TimingTest : public test::FollowingTest {
 protected:
     TimingTest() {
         startSound();
@@ -34,12 +33,6 @@ protected:
         sound.addMicrophone(u"microphone"_s, u"Desk microphone"_s);
         sound.control({u"set-default-sink"_s, u"speakers"_s});
         sound.setDefaultInput(u"microphone"_s);
-    }
-
-    void startAndFollow() {
-        start();
-        awaitBackend();
-        ASSERT_TRUE(backend.isFollowed());
     }
 
     bool isHeard(std::size_t chunks = 1) {
@@ -65,7 +58,6 @@ protected:
     }
 
     test::PrivateSoundServer sound{test::PrivateSoundServer::Kind::PulseAudio};
-    test::BackendAtItsPort backend;
 };
 
 } // namespace

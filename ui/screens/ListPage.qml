@@ -10,7 +10,7 @@ ScreenPage {
     property alias delegate: list.delegate
     property alias head: head.data
     property alias foot: foot.data
-    // Stands under the head while there are no rows.
+    // Stands in place of the list while that has no rows.
     required property string emptyText
     // Stands under the list.
     property string note
@@ -73,10 +73,15 @@ ScreenPage {
             width: root.columnWidth
             bottomPadding: Zen.space6
 
-            EmptyListText {
+            Column {
                 width: parent.width
+                topPadding: Zen.space5
                 visible: list.count === 0
-                text: root.emptyText
+
+                ZenBody {
+                    width: parent.width
+                    text: root.emptyText
+                }
             }
             Gap {
                 height: Zen.space3

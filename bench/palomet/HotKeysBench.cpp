@@ -117,9 +117,7 @@ int main(int argc, char **argv) {
         exchange->reply("{}");
     });
 
-    QProcess palomet;
-    palomet.setProcessEnvironment(environment);
-    palomet.start(u"" PALOMET_EXECUTABLE ""_s, {});
+    bench::Program palomet(environment);
     require(test::eventually([&] { return backend.count("/events") > 0; }), "the program does not come up");
 
     const std::unique_ptr<QThread> driver(QThread::create([&] {
@@ -141,7 +139,6 @@ int main(int argc, char **argv) {
     QObject::connect(driver.get(), &QThread::finished, &application, &QCoreApplication::quit);
     driver->start();
     QCoreApplication::exec();
-    palomet.terminate();
-    test::eventually([&] { return palomet.state() == QProcess::NotRunning; });
+    palomet.end();
     return 0;
 }

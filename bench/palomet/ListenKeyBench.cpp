@@ -110,9 +110,7 @@ int main(int argc, char **argv) {
         ++commands;
         exchange->reply("{}");
     });
-    QProcess palomet;
-    palomet.setProcessEnvironment(environment);
-    palomet.start(u"" PALOMET_EXECUTABLE ""_s, {});
+    bench::Program palomet(environment);
     if (!backend.isFollowed()) {
         std::fprintf(stderr, "listen-key-bench: the program does not come up\n");
         return 1;
@@ -145,8 +143,7 @@ int main(int argc, char **argv) {
     // One more than there should be would come now.
     turn.stop();
     test::eventually([&] { return commands > presses; }, 500ms);
-    palomet.terminate();
-    test::eventually([&] { return palomet.state() == QProcess::NotRunning; });
+    palomet.end();
 
     const bool isEqual = commands == pressed;
     std::printf(

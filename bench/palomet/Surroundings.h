@@ -19,4 +19,21 @@ inline QProcessEnvironment surroundingsOn(const test::Desktop &desktop) {
     return environment;
 }
 
+/// The program itself.
+class Program {
+public:
+    explicit Program(const QProcessEnvironment &environment) {
+        m_process.setProcessEnvironment(environment);
+        m_process.start(u"" PALOMET_EXECUTABLE ""_s, {});
+    }
+
+    void end() {
+        m_process.terminate();
+        test::eventually([this] { return m_process.state() == QProcess::NotRunning; });
+    }
+
+private:
+    QProcess m_process;
+};
+
 } // namespace palomet::bench

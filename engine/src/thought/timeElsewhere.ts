@@ -14,7 +14,7 @@ const questions: Record<Language, RegExp[]> = {
     /^(?:and )?(in\s[^,]+?),?\s+what(?:'s| is)?(?: the)? time(?: is it| it is)?(?: (?:right )?now)?$/iu,
   ],
   pt: [
-    /\b(?:que|quantas|as|a|sao|são) horas?(?: (?:s[ãa]o|é|tem|atual|certa))?(?: (?:agora|neste momento|nesse momento|l[áa]))?,?\s((?:em|no|na|nos|nas|de|do|da)\s.+)$/iu,
+    /\b(?:que|quantas|as|a|sao|são) horas?(?: (?:s[ãa]o|é|tem|atual|certa|(?:est[áa] |t[áa] )?marcando|est[áa]|ser[áa]|ser[ãa]o))?(?: (?:agora|neste momento|nesse momento|l[áa]))?,?\s((?:em|no|na|nos|nas|de|do|da)\s.+)$/iu,
     /^(?:e )?((?:em|no|na|nos|nas)\s[^,]+?),?\s+(?:agora )?(?:s[ãa]o )?que horas?(?: s[ãa]o)?(?: agora)?$/iu,
   ],
 };

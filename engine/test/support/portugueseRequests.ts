@@ -32,6 +32,7 @@ export const portugueseRequests: Requests = [
   ["timer", { do: "cancel", kind: "timer", seconds: 300 }, ["cancela o timer de cinco minutos", "para o timer de 5 minutos"]],
   ["timer", { do: "cancel", kind: "timer", all: true }, ["cancela todos os timers", "cancele todos os temporizadores", "apaga todos os timers", "cancela os timers", "para todos os meus timers"]],
   ["timer", { do: "cancel", kind: "alarm" }, ["cancela o alarme", "desliga o alarme", "desative o despertador", "para o alarme", "apaga o meu alarme"]],
+  ["timer", { do: "cancel", kind: "alarm", day: "2026-11-19" }, ["desliga o alarme de amanhã", "cancela o despertador de amanhã"]],
   ["timer", { do: "cancel", kind: "alarm", at: "2026-11-19T07:00" }, ["cancela o alarme das sete da manhã", "desliga o alarme das 7h da manhã", "apaga o alarme das sete da manhã de amanhã"]],
   ["timer", { do: "cancel", kind: "reminder", name: "ligar pra mãe" }, ["cancela o lembrete de ligar pra mãe", "apaga o lembrete de ligar pra mãe"]],
   ["timer", { do: "snooze" }, ["soneca", "ativa a soneca", "adia o alarme", "modo soneca"]],

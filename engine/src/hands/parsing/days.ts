@@ -28,7 +28,7 @@ const ordinals = [
 
 const feasts: Record<Language, [string, number, number][]> = {
   en: [["christmas eve", 12, 24], ["christmas day", 12, 25], ["christmas", 12, 25], ["new years eve", 12, 31], ["new year eve", 12, 31], ["new years day", 1, 1], ["new year day", 1, 1], ["new years", 1, 1], ["new year", 1, 1], ["the new year", 1, 1], ["halloween", 10, 31]],
-  pt: [["vespera de natal", 12, 24], ["natal", 12, 25], ["ano novo", 1, 1], ["reveillon", 12, 31]],
+  pt: [["natal", 12, 25], ["ano novo", 1, 1], ["reveillon", 12, 31]],
 };
 
 export function dayOf(date: Date): Day {
@@ -75,6 +75,10 @@ export function day(tokens: readonly Token[], at: number, language: Language, no
 
 /** Days that have names: the next of each. */
 function feast(tokens: readonly Token[], at: number, language: Language, today: Day): Found<Day> | undefined {
+  if (tokens[at]?.plain === "vespera" && /^d[eoa]$/.test(tokens[at + 1]?.plain ?? "")) {
+    const after = feast(tokens, at + 2, language, daysLater(today, 1));
+    return after && { ...after, value: daysLater(after.value, -1) };
+  }
   for (const [name, month, dayOfMonth] of feasts[language]) {
     const words = name.split(" ");
     if (!words.every((word, offset) => tokens[at + offset]?.plain === word)) continue;
@@ -164,9 +168,10 @@ function date(tokens: readonly Token[], at: number, language: Language, today: D
   return value && isReal(value) ? { value, next: year ? year.next : found.next } : undefined;
 }
 
+/** The calendar of today began in 1582. */
 function yearIn(tokens: readonly Token[], at: number, language: Language): Found<number> | undefined {
   const year = wholeNumber(tokens, at, language);
-  return year && year.value >= 1900 && year.value <= 2200 ? year : undefined;
+  return year && year.value >= 1583 && year.value <= 2200 ? year : undefined;
 }
 
 /** Without a month it is the next day of this number. */

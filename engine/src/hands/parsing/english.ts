@@ -65,7 +65,7 @@ export const english: Phrasing = {
     "(i want|i need|i would like|i would love) to know", "you are mumbling", "(my dear|dear|darling|sweetie)",
     "i am going to need you to", "(ok|okay) (so|now)", "you know what", "(be a dear|be a darling|be a good fellow) and",
     "(will|would) you be so kind as to", "could i trouble you to", "feel free to", "while you are at it", "(can|could) we",
-    "(that|this|it) is [way|much|far|a bit|a little|really|so] too (loud|quiet|soft|noisy|low)",
+    "(that is|this is|it is|you are) [way|much|far|a bit|a little|really|so] too (loud|quiet|soft|noisy|low)",
     "it is [so|very|really|too|a bit] (loud|quiet|noisy) [in here]",
     "(i am|we are|i have to|i need to) (leaving|off|going out|heading out|stepping out|going|going away|about to leave|out " +
       "of here|leave|go|go out|done for today|done here|in a meeting|on the phone|going to bed|going to sleep|cooking|baking|" +

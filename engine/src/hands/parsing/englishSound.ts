@@ -130,7 +130,7 @@ export const englishSound: readonly Request[] = [
     "tellVolume",
     [
       "what is [<the>] (volume|sound level|volume level|current volume|system volume) [at|level|set to|right now]",
-      "how loud is (it|the volume|the sound|the computer|the music)", "(what|how high) is [<the>] volume [level]",
+      "how loud (is|are) (it|the volume|the sound|the computer|the music|the speakers) [set|set to|right now]", "(what|how high) is [<the>] volume [level]",
       "(tell me|check) [<the>] volume [level]", "what volume (is it|are we) [at|on]",
     ],
   ],

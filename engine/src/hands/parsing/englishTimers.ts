@@ -27,7 +27,7 @@ export const englishTimers: readonly Request[] = [
       "(wake|get) me when {duration} (are|is) up",
       "(tell|alert|notify|ping|warn|let) me [know] when {duration} (are up|is up|have passed|has passed|are over|is over|" +
         "have gone by|have elapsed|has elapsed|are done)",
-      "{duration} (on the clock|on the timer|timer start|starting now)", "set (the|a|my) clock for {duration}",
+      "{duration} (on the clock|on the timer|timer start|starting now)", "(set|start|run) (the|a|my) clock for {duration}",
       "(ring|beep|go off) in {duration}", "set {duration} on the (timer|clock)", "put {duration} on the (timer|clock)",
       "start counting [down] [from] {duration}", "(put|set|stick) [<a>] {few:name} on a timer for {duration}",
     ],
@@ -110,7 +110,7 @@ export const englishTimers: readonly Request[] = [
   [
     "cancelAlarm",
     [
-      "<off> [<the>] (alarm|alarm clock)", "<off> [<the>] {moment} alarm",
+      "<off> [<the>] (alarm|alarm clock)", "<off> [<the>] {moment} alarm", "<off> [<the>] {day} alarm", "(turn|switch|shut) [<the>] {day} alarm off",
       "<off> [<the>] alarm [for|at|set for|set at|of] {moment}", "<off> [<the>] alarm (for|on|of) {day}",
       "<off> [<the>] {few:name} alarm", "<off> [<the>] alarm (called|named|for) {few:name}",
       "(turn|switch|shut) [<the>] alarm [for|at] [{moment}] off", "i do not need [<the>] alarm (anymore|any more)",

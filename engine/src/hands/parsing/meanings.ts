@@ -66,9 +66,9 @@ function cancel(kind: string | undefined): Meaning {
     const called = name(slots);
     const seconds = count(slots, "duration");
     const at = slots.moment === undefined ? undefined : timeOf(slots.moment as Moment, now, "alarm");
-    // A day alone is no hour: which alarm is meant then is for its user to say.
-    if (!called || slots.day !== undefined || (slots.moment !== undefined && !at)) return undefined;
-    const which = { ...(kind === undefined ? {} : { kind }), ...called };
+    if (!called || (slots.moment !== undefined && !at)) return undefined;
+    const on = slots.day === undefined ? {} : { day: dayText(slots.day as Day) };
+    const which = { ...(kind === undefined ? {} : { kind }), ...called, ...on };
     return { hand: "timer", given: { do: "cancel", ...which, ...(seconds === undefined ? {} : { seconds }), ...(at ? { at: localText(at) } : {}) } };
   };
 }
@@ -234,6 +234,12 @@ export type MeaningName = keyof typeof meanings;
 
 /** What these note down is kept to the word: "note that I have to go now". */
 export const verbatim: readonly MeaningName[] = ["note", "addToList", "removeFromList", "remind"];
+
+/** Where free words are kept to the letter; undefined where nothing is. */
+export function keptIn({ hand, given }: Meant): "text" | "about" | undefined {
+  if (hand === "note" && given.do === "note") return "text";
+  return hand === "timer" && given.do === "reminder" ? "about" : undefined;
+}
 
 /** A meaning, and the phrases that have it. */
 export type Request = readonly [MeaningName, readonly string[]];

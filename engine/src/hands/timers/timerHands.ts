@@ -2,7 +2,7 @@
 
 import type { Clock } from "../../base/clock.ts";
 import type { Language } from "../../base/language.ts";
-import { choiceIn, flagIn, isGiven, numberIn, textIn, timeIn } from "../given.ts";
+import { choiceIn, dayIn, flagIn, isGiven, numberIn, textIn, timeIn } from "../given.ts";
 import type { Hand } from "../hand.ts";
 import { clockTime, dayAndTime, duration, joined } from "../saying.ts";
 import { mostTimers, type Kind, type Timer, type Timers, type Which } from "./timers.ts";
@@ -53,6 +53,7 @@ class TimerHand implements Hand {
       name: { type: "string", description: "The name of the timer or alarm, or a part of what to cancel is called" },
       about: { type: "string", description: "What a reminder is about" },
       kind: { type: "string", enum: kinds, description: "For cancel" },
+      day: { type: "string", description: "For cancel: the day on which it would ring, YYYY-MM-DD" },
       all: { type: "boolean", description: "Cancel all of the kind" },
     },
     required: ["do"],
@@ -113,6 +114,8 @@ class TimerHand implements Hand {
     if (isGiven(given, "seconds") && seconds === undefined) return undefined;
     const at = timeIn(given, "at")?.getTime();
     if (isGiven(given, "at") && at === undefined) return undefined;
+    const day = dayIn(given, "day");
+    if (isGiven(given, "day") && day === undefined) return undefined;
     const name = textIn(given, "about") ?? textIn(given, "name");
     switch (what) {
       case undefined:
@@ -122,7 +125,7 @@ class TimerHand implements Hand {
       case "cancel": {
         const kind = choiceIn(given, "kind", kinds);
         const isAll = flagIn(given, "all") ?? false;
-        return { do: "cancel", which: { kind, name, seconds, at }, isAll };
+        return { do: "cancel", which: { kind, name, seconds, at, day }, isAll };
       }
       default:
         if ((seconds === undefined) === (at === undefined)) return undefined;

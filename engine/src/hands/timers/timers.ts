@@ -26,6 +26,8 @@ export interface Which {
   name?: string | undefined;
   seconds?: number | undefined;
   at?: number | undefined;
+  /** The local day on which it rings. */
+  day?: Date | undefined;
 }
 
 /** Where the timers are kept: one text. */
@@ -92,6 +94,7 @@ export class Timers {
         (which.kind === undefined || timer.kind === which.kind) &&
         (which.seconds === undefined || timer.seconds === which.seconds) &&
         (which.at === undefined || timer.at === which.at) &&
+        (which.day === undefined || new Date(timer.at).toDateString() === which.day.toDateString()) &&
         words.every((word) => plainWords(timer.name ?? "").includes(word)),
     );
   }

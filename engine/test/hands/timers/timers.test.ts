@@ -161,6 +161,8 @@ describe("timers", () => {
     expect(timers.find({ seconds: 600 })).toHaveLength(1);
     expect(timers.find({ at: clock.now() + 900_000 })).toMatchObject([{ kind: "alarm" }]);
     expect(timers.find({ name: "arroz" })).toEqual([]);
+    expect(timers.find({ kind: "alarm", day: new Date(clock.now()) })).toHaveLength(1);
+    expect(timers.find({ day: new Date(clock.now() + 86_400_000) })).toEqual([]);
   });
 
   test("that ring can be snoozed or stopped, and say so", async () => {

@@ -144,7 +144,7 @@ async function written(id: string, given: Record<string, unknown>, language: Lan
     case "calculate":
       return `value ${(await calculator.act(given, "en")).replace(/[^\d.-]/g, "").replace(/\.$/, "")}`;
     case "recall":
-      return `talked ${given["about"] === undefined ? monthAndDay(given["day"]) : `about ${plain(String(given["about"]))}`}`;
+      return `talked ${given["about"] === undefined ? (given["days"] === 7 ? "last week" : monthAndDay(given["day"])) : `about ${plain(String(given["about"]))}`}`;
     default:
       return id;
   }

@@ -9,6 +9,8 @@ export interface Day {
   year: number;
   month: number;
   day: number;
+  /** It is the first of so many: "last week". */
+  days?: number;
 }
 
 const weekdays: Record<Language, string[]> = {
@@ -50,6 +52,8 @@ export function day(tokens: readonly Token[], at: number, language: Language, no
   const plain = (index: number): string => tokens[index]?.plain ?? "";
   const isSaid = (index: number, ...words: string[]): boolean => words.every((word, offset) => plain(index + offset) === word);
   const later = (days: number, next: number): Found<Day> => ({ value: daysLater(today, days), next });
+  const week = isOfPast ? weekOfPast(tokens, at, language, now) : undefined;
+  if (week) return week;
   if (language === "en") {
     if (plain(at) === "today") return later(0, at + 1);
     if (plain(at) === "tomorrow") return later(1, at + 1);
@@ -71,6 +75,15 @@ export function day(tokens: readonly Token[], at: number, language: Language, no
   const found = reckoned ?? feast(tokens, at, language, today) ?? date(tokens, at, language, today);
   const isLast = isOfPast && found !== reckoned && found !== undefined && daysBetween(today, found.value) > 0;
   return isLast ? { value: { ...found.value, year: found.value.year - 1 }, next: found.next } : found;
+}
+
+/** A week from its Monday: "last week", "esta semana". */
+function weekOfPast(tokens: readonly Token[], at: number, language: Language, now: Date): Found<Day> | undefined {
+  const said = `${tokens[at]?.plain} ${tokens[at + 1]?.plain}`;
+  const [ago, start] = language === "pt" ? [/^semana passada$/, /^(ness|nest|est|ess)a semana$/] : [/^(last|past) week$/, /^this week$/];
+  if (!ago.test(said) && !start.test(said)) return undefined;
+  const monday = -((now.getDay() + 6) % 7);
+  return { value: { ...daysLater(dayOf(now), ago.test(said) ? monday - 7 : monday), days: 7 }, next: at + 2 };
 }
 
 /** Days that have names: the next of each. */

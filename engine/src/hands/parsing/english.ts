@@ -19,7 +19,7 @@ export const english: Phrasing = {
     the: "(the|my|our|this|that|the current|my current)",
     off:
       "(cancel|stop|delete|remove|clear|kill|end|dismiss|disable|turn off|switch off|shut off|get rid of|scrap|drop|abort|" +
-      "silence|erase|discard|never mind|forget|forget about|call off|unset|deactivate|wipe|take off|lose|quit)",
+      "silence|erase|scratch|ditch|skip|discard|never mind|forget|forget about|call off|unset|deactivate|wipe|take off|lose|quit)",
     remind:
       "(remind me|give me a reminder|set a reminder|set me a reminder|create a reminder|make a reminder|add a reminder|set " +
       "up a reminder|i need a reminder|i want a reminder|put a reminder|i need you to remind me|make sure to remind me|" +

@@ -10,12 +10,12 @@ export const englishTimers: readonly Request[] = [
       "[<set>] [<a>] (timer|countdown|countdown timer|kitchen timer|egg timer|clock timer) [of|for|with|at|to|lasting|that " +
         "lasts|set for|set to|running for|that goes off in|which ends in|that rings in|to go off in|for about|to ring in|in] " +
         "{duration} [<called> [<whose>] {few:name}]",
-      "<set> [<a>] {few:name} timer (for|of|at|to|with|lasting|in) {duration}", "{word:name} timer [for|of|at|to] {duration}",
+      "<set> [<a>] {few:name} timer [for|of|at|to|with|lasting|in] {duration}", "{word:name} timer [for|of|at|to] {duration}",
       "<set> [<a>] timer (for|called|named|labelled|labeled|going for|on for) [<whose>] {few:name} [for|of|with|at|to|in|" +
         "lasting|say|about|maybe|like|it is|it takes|they take|they need|it needs] {duration}",
       "[<a>] timer (for|called|named) [<whose>] {few:name} [for|of|with] {duration}",
       "<set> [<a>] timer [going|running|on] (for|of) {duration} [(for|on) [<whose>] {few:name}]",
-      "[<set>] [<a>] {duration} on (a|the) timer [<called> [<whose>] {few:name}]", "{few:name} timer [for|of|at|to] {duration}",
+      "[<set>] {duration} on the clock", "[<set>] [<a>] {duration} on (a|the) timer [<called> [<whose>] {few:name}]", "{few:name} timer [for|of|at|to] {duration}",
       "time [<whose>] {few:name} for {duration}", "<set> [<a>] timer it is {duration}",
       "[<whose>] {few:name} (need|needs|take|takes) {duration} <set> [<a>] timer",
       "<set> [<a>] timer [<called> [<whose>] {few:name}] (to go off|to ring|ringing|so it rings) in {duration}",
@@ -111,6 +111,7 @@ export const englishTimers: readonly Request[] = [
     "cancelAlarm",
     [
       "<off> [<the>] (alarm|alarm clock)", "<off> [<the>] {moment} alarm", "<off> [<the>] {day} alarm", "(turn|switch|shut) [<the>] {day} alarm off",
+      "(turn|switch|shut) [<the>] alarm off (for|on) {day}",
       "<off> [<the>] alarm [for|at|set for|set at|of] {moment}", "<off> [<the>] alarm (for|on|of) {day}",
       "<off> [<the>] {few:name} alarm", "<off> [<the>] alarm (called|named|for) {few:name}",
       "(turn|switch|shut) [<the>] alarm [for|at] [{moment}] off", "i do not need [<the>] alarm (anymore|any more)",
@@ -175,7 +176,7 @@ export const englishTimers: readonly Request[] = [
       "(is|are) there (any|much) time <left> [on [<the>] [{few:name}] timer]",
       "when (does|will|is) [<the>] [{few:name}] timer (go off|end|finish|ring|be done|be over|done|up|over|run out|going " +
         "to ring|going off|due|be up|expire)",
-      "(what|which) timers (do i have|are running|are set|are there|are active|are on|have i set|have i got|i have)",
+      "(what|which) timers (do i have|do we have|are running|are set|are there|are active|are on|have i set|have i got|i have) [going|running|set|on|left]",
       "(list|show|read|read out|tell me|give me|check|what are) [me] [all|all of] [<the>] [running|active|current] (timers|" +
         "timer)",
       "(do i have|are there|have i got|is there) (any|a|some) (timers|timer) [running|set|on|active|going|left|now|at the " +

@@ -225,7 +225,8 @@ export const meanings = {
   recall: (slots) => {
     const about = text(slots, "text");
     const on = slots.day as Day | undefined;
-    return { hand: "recall", given: { ...(on ? { day: dayText(on) } : {}), ...(about === undefined ? {} : { about }) } };
+    const days = on?.days === undefined ? {} : { days: on.days };
+    return { hand: "recall", given: { ...(on ? { day: dayText(on), ...days } : {}), ...(about === undefined ? {} : { about }) } };
   },
   forget: fixed("forget"),
 } satisfies Record<string, Meaning>;

@@ -22,7 +22,7 @@ const neverInTimers = set(
 /** A list is not called so: "my shopping list is too long" tells something of it. */
 const neverInLists = set(
   "on in onto off from add adds put also is are was were be being been has have had gets getting got needs need will would should can could does did esta estao era foi e sao " +
-    "fica ficou ficando tem tinha vai precisa deve pode que",
+    "fica ficou ficando tem tinha vai precisa deve pode que too also well please tambem favor",
 );
 /** What is added does not begin so: "what goes on the shopping list" asks, and "it" is not said. */
 const neverFirstItem = set(
@@ -40,7 +40,7 @@ const neverFirst = set(
 /** Nor are these anywhere in one. */
 const neverInApplications = set(
   "is are was were takes take has have makes make does can could will would hurts costs helps faz fazem fez esta sao tem vai vao pode doi custa leva ajuda foi era please thanks favor obrigado obrigada with com me my him her them us who whom whose because while until before esse essa esses essas aquele aquela dele dela comigo contigo porque " +
-    "enquanto sempre nunca everybody everyone somebody someone nobody alguem ninguem",
+    "enquanto sempre nunca everybody everyone somebody someone nobody alguem ninguem it ela ele isso isto open launch abre abra abrir",
 );
 /** "Five minutes, then ten" is no name, and "start the clock for twenty minutes" opens nothing. */
 const lengths = /^(seconds?|minutes?|hours?|segundos?|minutos?|horas?)$/;

@@ -16,7 +16,8 @@ import { callMessage, earlierMessages, fitted, type Message, windowFor } from ".
 import type { ToolCall } from "./chatReader.ts";
 import { isAskable, readIntent } from "./consent.ts";
 
-export type ChatAnswer = Answer & { problem?: { failure: Failure; detail: string } };
+/** A problem has begun when the answer had, and broke off. */
+export type ChatAnswer = Answer & { problem?: { failure: Failure; detail: string; hasBegun?: boolean } };
 
 export interface ChatMindParts {
   clock: Clock;

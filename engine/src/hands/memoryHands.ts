@@ -55,7 +55,7 @@ class RecallHand implements Hand {
     const span = wanted.day ? spanOf(wanted.day, wanted.days) : always;
     const found = this.conversations.search(wanted.about ?? "", span, mostFound);
     const day = wanted.day && dayFrom(wanted.day, now, language);
-    const when = day === undefined ? "" : wanted.days === 1 ? ` ${day}` : isPortuguese ? ` nos ${wanted.days} dias desde ${bareDay(day)}` : ` in ${wanted.days} days from ${bareDay(day)}`;
+    const when = day === undefined ? "" : ` ${wanted.days === 1 ? day : spanText(bareDay(day), wanted.days, language)}`;
     if (found.length === 0) {
       const what = wanted.about === undefined ? "" : isPortuguese ? ` sobre “${wanted.about}”` : ` about “${wanted.about}”`;
       return isPortuguese ? `Não encontro nada${what}${when}.` : `I find nothing${what}${when}.`;
@@ -106,6 +106,11 @@ function read(given: unknown): { day?: Date; days: number; about?: string } | un
 function spanOf(first: Date, days: number): Span {
   const last = new Date(first.getFullYear(), first.getMonth(), first.getDate() + days - 1);
   return { from: daySpan(first).from, to: daySpan(last).to };
+}
+
+function spanText(day: string, days: number, language: Language): string {
+  if (days === 7) return language === "pt" ? `na semana de ${day}` : `in the week from ${day}`;
+  return language === "pt" ? `nos ${days} dias desde ${day}` : `in the ${days} days from ${day}`;
 }
 
 /** "November 9" of "on November 9". */

@@ -6,7 +6,7 @@ import { cut } from "../base/text.ts";
 import { always, daySpan, type FoundRow, type Span } from "../memory/archive.ts";
 import { dayIn, isGiven, numberIn, textIn } from "./given.ts";
 import type { Hand } from "./hand.ts";
-import { dayFrom, joined } from "./saying.ts";
+import { bareDay, dayFrom, joined } from "./saying.ts";
 
 /** The conversations, as far as these hands need them. */
 export interface Remembered {
@@ -111,11 +111,6 @@ function spanOf(first: Date, days: number): Span {
 function spanText(day: string, days: number, language: Language): string {
   if (days === 7) return language === "pt" ? `na semana de ${day}` : `in the week from ${day}`;
   return language === "pt" ? `nos ${days} dias desde ${day}` : `in the ${days} days from ${day}`;
-}
-
-/** "November 9" of "on November 9". */
-function bareDay(day: string): string {
-  return day.replace(/^(on|na|no|em) /, "");
 }
 
 function short(text: string): string {

@@ -96,9 +96,15 @@ function feast(tokens: readonly Token[], at: number, language: Language, today: 
     const words = name.split(" ");
     if (!words.every((word, offset) => tokens[at + offset]?.plain === word)) continue;
     const value = nextDate(month, dayOfMonth, today);
-    if (value) return { value, next: at + words.length };
+    if (value) return { value, next: at + words.length + yearSaid(tokens, at + words.length, language) };
   }
   return undefined;
+}
+
+/** The length of "this year", which says nothing of what is to come. */
+function yearSaid(tokens: readonly Token[], at: number, language: Language): number {
+  const said = `${tokens[at]?.plain} ${tokens[at + 1]?.plain}`;
+  return (language === "pt" ? /^(n?este|n?esse|deste|desse) ano$/ : /^this year$/).test(said) ? 2 : 0;
 }
 
 /** "In three days", "three days from now", "daqui a três dias", "há dois dias". */

@@ -13,7 +13,8 @@ export const english: Phrasing = {
       "(set|start|create|make|begin|add|run|put on|put|set up|set me|start me|make me|make us|set us|start us|do me|run me|" +
       "setup|give me|get me|i need|i want|i would like|we need|let us have|let us set|let us do|let us start|launch|" +
       "schedule|program|do|kick off|fire up|have|can i have|could i have|can i get|could i get|may i have|let me have|can " +
-      "we have|could we have|could we get|pop on|get|make it|make that)",
+      "we have|could we have|could we get|pop on|get|make it|make that|how about|what about|i could use|i will have|i will take|" +
+      "let us go with)",
     a: "(a|an|another|one|one more|a new|the|my|another new|a quick)",
     called: "(called|named|labelled|labeled|titled|with the name|with the label|for|name it|call it|to)",
     the: "(the|my|our|this|that|the current|my current)",

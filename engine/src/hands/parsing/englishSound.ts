@@ -80,7 +80,7 @@ export const englishSound: readonly Request[] = [
     [
       "(speak|talk) [in] [a] (whisper|low voice|whispers|soft voice|quiet voice|quieter voice|softer voice|lower voice)",
       "whisper", "(pipe|tone) down", "(use|speak with|talk with) a (softer|quieter|lower) voice", "not so loud",
-      "you are (speaking|talking|shouting) [<bit>] too loud", "your voice is [<bit>] too loud", "stop (shouting|yelling)",
+      "you are (speaking|talking|shouting) [<bit>] too loud", "your voice is [<bit>] too loud", "stop (shouting|yelling)", "stop (talking|speaking) so (loud|loudly)",
       "do not (shout|yell) [at me]",
       "(speak|talk) [<bit>] (less loud|less loudly|lower|softer|quieter|more quietly|more softly|quietly|softly|down)",
       "(lower|turn down|decrease|reduce|bring down) your (voice|volume) [<bit>] [by {number} [<percent>]]",

@@ -21,7 +21,7 @@ export const englishTimers: readonly Request[] = [
       "<set> [<a>] timer [<called> [<whose>] {few:name}] (to go off|to ring|ringing|so it rings) in {duration}",
       "<set> [<a>] {duration} {few:name} timer", "<set> [<a>] {duration} (countdown|count down)",
       "{duration} (countdown|count down)", "(time|count down|countdown|count) [me] [from|for|down from|down] {duration}",
-      "(tell|alert|notify|ping|warn|buzz|beep|beep at|call|ring|let|signal|give me a shout|shout|holler|nudge) [me|at me] " +
+      "(tell|alert|notify|ping|warn|buzz|beep|beep at|call|ring|let|signal|give me a shout|give me a heads up|give me a ping|shout|holler|nudge) [me|at me] " +
         "[know] (in|after) {duration}",
       "in {duration} (tell|alert|notify|ping|warn|buzz|beep|beep at|signal|let) me [know]",
       "(wake|get) me when {duration} (are|is) up",
@@ -36,7 +36,7 @@ export const englishTimers: readonly Request[] = [
     "wake",
     [
       "(wake me up|wake me|get me up|get me out of bed|get me going|rouse me|wake us up|wake us) [please|then] {moment}",
-      "{moment} (wake me up|wake me)", "wake up call {moment}",
+      "{moment} (wake me up|wake me)", "wake up call {moment}", "(wake me up|wake me) {duration} from now",
       "<set> [<a>] (wake up call|wake up alarm|morning alarm) [for] {moment}", "(wake me up|wake me) in {duration}",
       "in {duration} (wake me up|wake me)",
       "i (need|have|want|would like|got) to (wake up|get up|be up|be awake|be woken up|be woken) {moment}",
@@ -100,7 +100,7 @@ export const englishTimers: readonly Request[] = [
   [
     "cancelTimer",
     [
-      "<off> [<the>] [running] (timer|countdown)", "<off> [<the>] {duration} timer",
+      "<off> [<the>] [running] (timer|countdown)", "[<the>] timer off", "<off> [<the>] {duration} timer",
       "<off> [<the>] timer (of|for|with) {duration}", "<off> [<the>] {few:name} timer",
       "<off> [<the>] timer (for|called|named|labelled) [<whose>] {few:name}",
       "(turn|switch|shut) [<the>] [{few:name}] timer off", "i do not need [<the>] [{few:name}] timer anymore",
@@ -110,7 +110,7 @@ export const englishTimers: readonly Request[] = [
   [
     "cancelAlarm",
     [
-      "<off> [<the>] (alarm|alarm clock)", "<off> [<the>] {moment} alarm", "<off> [<the>] {day} alarm", "(turn|switch|shut) [<the>] {day} alarm off",
+      "<off> [<the>] (alarm|alarm clock)", "[<the>] alarm off", "<off> [<the>] {moment} alarm", "<off> [<the>] {day} alarm", "(turn|switch|shut) [<the>] {day} alarm off",
       "(turn|switch|shut) [<the>] alarm off (for|on) {day}",
       "<off> [<the>] alarm [for|at|set for|set at|of] {moment}", "<off> [<the>] alarm (for|on|of) {day}",
       "<off> [<the>] {few:name} alarm", "<off> [<the>] alarm (called|named|for) {few:name}",
@@ -195,7 +195,7 @@ export const englishTimers: readonly Request[] = [
       "(what|which) alarms (do i have|are set|are there|are on|have i set|have i got|are active|i have) [set|for tomorrow]",
       "what time is [<the>] [next] alarm [set|set for|at|going off]", "what time (does|will) [<the>] [next] alarm (go off|ring)",
       "what time (do i|will i|am i going to|will you) (wake up|get up|wake me up|wake me|get woken up)",
-      "(list|show|read|read out|tell me|give me|check|what are) [me] [all|all of] [<the>] (alarms|alarm)",
+      "(list|show|read|read out|tell me|give me|check|what are) [me] [all|all of] [<the>] (alarms|alarm) [(for|on) {day}]",
       "(do i have|are there|have i got|is there|have i set) (any|a|an|some) (alarms|alarm) [set|on|active] [for tomorrow|" +
         "tomorrow]",
       "(is|are) [<the>] (alarm|alarms) (set|on|active)",
@@ -210,7 +210,7 @@ export const englishTimers: readonly Request[] = [
     "tellReminders",
     [
       "(what|which) reminders (do i have|are set|are there|have i set|have i got|i have) [set|today|left|coming up]",
-      "(list|show|read|read out|tell me|give me|check|what are) [me] [all|all of] [<the>] (reminders|upcoming reminders)",
+      "(list|show|read|read out|tell me|give me|check|what are) [me] [all|all of] [<the>] (reminders|upcoming reminders) [(for|on) {day}]", "[what are] {day} reminders",
       "(do i have|are there|have i got|is there|have i set) (any|a|some) (reminders|reminder) [set|today|left]",
       "when is [<the>] [next] reminder", "what (did i ask|have i asked) you to remind me (of|about)",
       "what do you have to remind me (of|about)", "what am i [supposed] to (remember|be reminded of) [today]",

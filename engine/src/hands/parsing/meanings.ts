@@ -2,7 +2,7 @@
 
 import type { Day } from "./days.ts";
 import type { Slots } from "./grammar.ts";
-import { localText, timeOf, type Moment, type Purpose } from "./moments.ts";
+import { localText, timeOf, timesOf, type Moment, type Purpose } from "./moments.ts";
 import { isApplicationName, isItem, isTimerName, listName } from "./names.ts";
 import { bare } from "./tokens.ts";
 
@@ -65,18 +65,22 @@ function cancel(kind: string | undefined): Meaning {
   return (slots, now) => {
     const called = name(slots);
     const seconds = count(slots, "duration");
-    const at = slots.moment === undefined ? undefined : timeOf(slots.moment as Moment, now, "alarm");
+    const moment = slots.moment as Moment | undefined;
+    const at = moment && timeOf(moment, now, "alarm");
     if (!called || (slots.moment !== undefined && !at)) return undefined;
     const on = slots.day === undefined ? {} : { day: dayText(slots.day as Day) };
     const which = { ...(kind === undefined ? {} : { kind }), ...called, ...on };
-    return { hand: "timer", given: { do: "cancel", ...which, ...(seconds === undefined ? {} : { seconds }), ...(at ? { at: localText(at) } : {}) } };
+    // "My seven o'clock alarm" may be that of another day.
+    const times = moment && !moment.day ? { times: timesOf(moment) } : {};
+    return { hand: "timer", given: { do: "cancel", ...which, ...(seconds === undefined ? {} : { seconds }), ...(at ? { at: localText(at) } : {}), ...times } };
   };
 }
 
 function tell(kind: string | undefined): Meaning {
   return (slots) => {
     const called = name(slots);
-    return called && { hand: "timers", given: { ...(kind === undefined ? {} : { kind }), ...called } };
+    const on = slots.day === undefined ? {} : { day: dayText(slots.day as Day) };
+    return called && { hand: "timers", given: { ...(kind === undefined ? {} : { kind }), ...called, ...on } };
   };
 }
 

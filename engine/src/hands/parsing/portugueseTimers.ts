@@ -217,7 +217,7 @@ export const portugueseTimers: readonly Request[] = [
     "tellReminders",
     [
       "(quais|que) lembretes (eu tenho|tenho|estao ativos|existem|ha|tem|estao marcados|eu marquei|eu criei|estao programados)",
-      "quais sao [<the>] [proximos] lembretes", "<readverb> [todos] [<the>] lembretes",
+      "quais sao [<the>] [proximos] lembretes [(de|para|do|da) {day}]", "[<the>] lembretes (de|para|do|da) {day}", "<readverb> [todos] [<the>] lembretes",
       "(tem|tenho|ha|existe|eu tenho) [algum|alguns|um] (lembrete|lembretes) [ativo|marcado|para hoje|hoje|marcados]",
       "quantos lembretes (eu tenho|tenho|ha|tem)", "qual [e] [<the>] [proximo|meu proximo] lembrete",
       "quando e [<the>] [proximo|meu proximo] lembrete",

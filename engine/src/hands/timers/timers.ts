@@ -26,6 +26,8 @@ export interface Which {
   name?: string | undefined;
   seconds?: number | undefined;
   at?: number | undefined;
+  /** The times of a local day, "07:00", at one of which it rings. */
+  times?: readonly string[] | undefined;
   /** The local day on which it rings. */
   day?: Date | undefined;
 }
@@ -94,6 +96,7 @@ export class Timers {
         (which.kind === undefined || timer.kind === which.kind) &&
         (which.seconds === undefined || timer.seconds === which.seconds) &&
         (which.at === undefined || timer.at === which.at) &&
+        (which.times === undefined || which.times.includes(new Date(timer.at).toTimeString().slice(0, 5))) &&
         (which.day === undefined || new Date(timer.at).toDateString() === which.day.toDateString()) &&
         words.every((word) => plainWords(timer.name ?? "").includes(word)),
     );

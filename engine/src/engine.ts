@@ -1,6 +1,6 @@
 // Wires the parts of the engine together, gives the documents and takes the commands. Only the port is not part of it.
 
-import { mkdirSync } from "node:fs";
+import { mkdirSync, realpathSync } from "node:fs";
 import { join } from "node:path";
 import type { Clock } from "./base/clock.ts";
 import type { Locale } from "./base/language.ts";
@@ -18,6 +18,7 @@ import { Timers } from "./hands/timers/timers.ts";
 import { Loop } from "./loop/loop.ts";
 import { actions, type Choices } from "./machine/choices.ts";
 import { presentFolders } from "./machine/folders.ts";
+import type { Span } from "./memory/archive.ts";
 import { Conversations } from "./memory/conversations.ts";
 import type { Found } from "./memory/settingChecks.ts";
 import { SettingsKeeper } from "./memory/settings.ts";
@@ -204,6 +205,13 @@ export class Engine implements Served {
       if (this.link.isConnected) await this.#deviceNameComes();
     }
     return undefined;
+  }
+
+  forget(folder: string, span: Span): number {
+    if (folder !== realpathSync(this.parts.folder)) return 0;
+    if (this.#conversations.isWithin(span)) this.newConversation();
+    this.changed();
+    return this.#store.forgetUnwritten(span);
   }
 
   /** Tells the front ends that something they show has changed. */

@@ -3,6 +3,7 @@
 import type { Language } from "./language.ts";
 
 export interface Phrases {
+  language: Language;
   /** A user may put one of these words before the agent's name. */
   calls: string[];
   /** Ends what the agent is saying or thinking out. */
@@ -11,6 +12,7 @@ export interface Phrases {
   clearDraft: string[];
   newConversation: string[];
   mute: string[];
+  /** What a recogniser of phrases listens for; `replies.ts` knows more. */
   yes: string[];
   no: string[];
   sample: (name: string) => string;
@@ -66,6 +68,7 @@ export interface Phrases {
 
 export const phrases: Record<Language, Phrases> = {
   en: {
+    language: "en",
     calls: ["hey", "ok", "okay", "hello", "hi"],
     stop: ["stop", "be quiet", "quiet", "cancel", "enough", "never mind"],
     clearDraft: ["clear the draft", "discard the draft", "forget the draft"],
@@ -124,6 +127,7 @@ export const phrases: Record<Language, Phrases> = {
       "If somebody wants one of these and you are asked, say in which words to ask for it.",
   },
   pt: {
+    language: "pt",
     calls: ["ei", "oi", "ô", "olá", "ok"],
     stop: ["para", "pare", "chega", "silêncio", "cancela", "deixa pra lá"],
     clearDraft: ["apaga o rascunho", "limpa o rascunho", "descarta o rascunho"],

@@ -4,9 +4,9 @@ import type { Clock } from "../base/clock.ts";
 import type { Language } from "../base/language.ts";
 import { cut } from "../base/text.ts";
 import { always, daySpan, type FoundRow, type Span } from "../memory/archive.ts";
-import { dayIn, isGiven, textIn } from "./given.ts";
+import { dayIn, isGiven, numberIn, textIn } from "./given.ts";
 import type { Hand } from "./hand.ts";
-import { dayFrom, joined } from "./saying.ts";
+import { bareDay, dayFrom, joined } from "./saying.ts";
 
 /** The conversations, as far as these hands need them. */
 export interface Remembered {
@@ -16,6 +16,7 @@ export interface Remembered {
 }
 
 const mostFound = 200;
+const mostDays = 366;
 const mostTold = 3;
 const longestTold = 160;
 
@@ -30,6 +31,7 @@ class RecallHand implements Hand {
     type: "object",
     properties: {
       day: { type: "string", description: "YYYY-MM-DD" },
+      days: { type: "number", description: "So many days from that one; without it that day alone" },
       about: { type: "string", description: "Words that were said" },
     },
   } as const;
@@ -50,9 +52,10 @@ class RecallHand implements Hand {
     const wanted = read(given);
     if (!wanted) return isPortuguese ? "Não entendi o que procurar." : "I did not understand what to search for.";
     const now = new Date(this.clock.now());
-    const span = wanted.day ? daySpan(wanted.day) : always;
+    const span = wanted.day ? spanOf(wanted.day, wanted.days) : always;
     const found = this.conversations.search(wanted.about ?? "", span, mostFound);
-    const when = wanted.day ? ` ${dayFrom(wanted.day, now, language)}` : "";
+    const day = wanted.day && dayFrom(wanted.day, now, language);
+    const when = day === undefined ? "" : ` ${wanted.days === 1 ? day : spanText(bareDay(day), wanted.days, language)}`;
     if (found.length === 0) {
       const what = wanted.about === undefined ? "" : isPortuguese ? ` sobre “${wanted.about}”` : ` about “${wanted.about}”`;
       return isPortuguese ? `Não encontro nada${what}${when}.` : `I find nothing${what}${when}.`;
@@ -92,11 +95,22 @@ class ForgetHand implements Hand {
   }
 }
 
-function read(given: unknown): { day?: Date; about?: string } | undefined {
+function read(given: unknown): { day?: Date; days: number; about?: string } | undefined {
   const day = dayIn(given, "day");
+  const days = isGiven(given, "days") ? numberIn(given, "days", 1, mostDays) : 1;
   const about = textIn(given, "about");
-  if ((isGiven(given, "day") && !day) || (!day && about === undefined)) return undefined;
-  return { ...(day ? { day } : {}), ...(about === undefined ? {} : { about }) };
+  if ((isGiven(given, "day") && !day) || days === undefined || (!day && about === undefined)) return undefined;
+  return { ...(day ? { day } : {}), days: Math.round(days), ...(about === undefined ? {} : { about }) };
+}
+
+function spanOf(first: Date, days: number): Span {
+  const last = new Date(first.getFullYear(), first.getMonth(), first.getDate() + days - 1);
+  return { from: daySpan(first).from, to: daySpan(last).to };
+}
+
+function spanText(day: string, days: number, language: Language): string {
+  if (days === 7) return language === "pt" ? `na semana de ${day}` : `in the week from ${day}`;
+  return language === "pt" ? `nos ${days} dias desde ${day}` : `in the ${days} days from ${day}`;
 }
 
 function short(text: string): string {

@@ -30,7 +30,7 @@ const shownMs = 30_000;
 const dismissed = 2;
 const icon = "org.palomet.Palomet";
 
-/** Shows notifications by `notify-send`, else over the bus. */
+/** Shows notifications over the bus, which says why one was closed; else by `notify-send`, which reaches them otherwise in a sandbox. */
 export class DesktopNotifications implements Notifications {
   constructor(
     private readonly children: Children,
@@ -38,12 +38,12 @@ export class DesktopNotifications implements Notifications {
   ) {}
 
   async show(notification: Notification, signal: AbortSignal): Promise<string | undefined> {
-    return this.children.find("notify-send") === undefined
-      ? await this.#showByBus(notification, signal)
-      : await this.#showByTool(notification, signal);
+    const shown = await this.#showByBus(notification, signal);
+    if (shown) return shown.answer;
+    return signal.aborted || this.children.find("notify-send") === undefined ? undefined : await this.#showByTool(notification, signal);
   }
 
-  /** The tool waits for the button, and prints its name. */
+  /** The tool waits for the button, and prints its name: nothing when the notification was closed, by the user or by itself. */
   async #showByTool({ title, text, actions }: Notification, signal: AbortSignal): Promise<string | undefined> {
     const buttons = Object.entries(actions).map(([name, label]) => `--action=${name}=${label}`);
     const waiting = buttons.length === 0 ? [] : ["--wait", ...buttons];
@@ -53,11 +53,11 @@ export class DesktopNotifications implements Notifications {
     );
     if (outcome.kind !== "ended" || outcome.code !== 0 || buttons.length === 0) return undefined;
     const answer = new TextDecoder().decode(outcome.output).trim();
-    if (answer === "") return closed;
     return Object.hasOwn(actions, answer) ? answer : undefined;
   }
 
-  async #showByBus({ title, text, actions }: Notification, signal: AbortSignal): Promise<string | undefined> {
+  /** Gives undefined when nothing on the bus shows it. */
+  async #showByBus({ title, text, actions }: Notification, signal: AbortSignal): Promise<{ answer: string | undefined } | undefined> {
     const connection = await this.bus.connect();
     if (!connection) return undefined;
     let pressed: string | undefined;
@@ -89,7 +89,7 @@ export class DesktopNotifications implements Notifications {
     }
     signal.removeEventListener("abort", end);
     connection.close();
-    return pressed;
+    return id === undefined ? undefined : { answer: pressed };
   }
 }
 

@@ -37,6 +37,11 @@ export function clockTime(date: Date, language: Language): string {
   return minutes === 0 ? hour : `${hour} e ${minutes} ${minutes === 1 ? "minuto" : "minutos"}`;
 }
 
+/** "Friday" of "on Friday": what stands behind "for", "de" and "para". */
+export function bareDay(day: string): string {
+  return day.replace(/^(on|na|no|em) /, "");
+}
+
 /** "today", "tomorrow", "on Friday", "on 5 March". */
 export function dayFrom(date: Date, now: Date, language: Language): string {
   const days = Math.round((startOf(date).getTime() - startOf(now).getTime()) / 86_400_000);

@@ -3,7 +3,7 @@
 
 import type { Clock } from "../base/clock.ts";
 import type { Log } from "../base/log.ts";
-import type { Settings } from "../base/protocol.ts";
+import { sampleRate, type Settings } from "../base/protocol.ts";
 import type { Recogniser } from "../recognition/recogniser.ts";
 import { LevelMeter } from "../sound/levelMeter.ts";
 import { levelOf } from "../sound/loudness.ts";
@@ -65,7 +65,8 @@ export class Ears {
   #isWindowOpen = false;
   #overlaps = false;
   #isSounding = false;
-  #cancelGuard = (): void => {};
+  /** The samples to come that may still hold the agent's own voice. */
+  #guarded = 0;
   #isConnected = false;
   #isMicDead = false;
   #samplesAt = 0;
@@ -118,6 +119,7 @@ export class Ears {
       this.#isMicDead = false;
       this.events.changed();
     }
+    if (this.#guarded > 0 && (this.#guarded -= samples.length) <= 0) this.#hearing.isOwnVoice = this.#isSounding;
     if (this.events.context().isMuted) return this.#meter.clear();
     // The agent's voice cannot be told from another without echo cancellation.
     if (this.#hearing.isOwnVoice && !this.ports.settings().isEchoCancelOn) return this.forget();
@@ -130,18 +132,17 @@ export class Ears {
   ownVoice(isSounding: boolean): void {
     this.#isSounding = isSounding;
     if (isSounding) {
-      this.#cancelGuard();
+      this.#guarded = 0;
       this.#hearing.isOwnVoice = true;
     } else {
       this.guard(this.ports.settings().echoGuardMs);
     }
   }
 
-  /** Hears nothing but what stands out above the agent's own voice, for this time. */
+  /** Hears nothing but what stands out above the agent's own voice, for this time of the sound that is to come. */
   guard(ms: number): void {
-    this.#cancelGuard();
+    this.#guarded = (ms * sampleRate) / 1_000;
     this.#hearing.isOwnVoice = this.#isSounding || ms > 0;
-    if (ms > 0) this.#cancelGuard = this.ports.clock.after(ms, () => (this.#hearing.isOwnVoice = this.#isSounding));
   }
 
   /** Drops the utterance that is being heard. The ones that are already being recognised are still told. */

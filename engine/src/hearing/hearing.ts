@@ -6,6 +6,7 @@ import { sampleRate } from "../base/protocol.ts";
 import { SampleRing } from "../sound/sampleRing.ts";
 import { EnergyGate, onsetFrames } from "./energyGate.ts";
 import { InterruptionDetector } from "./interruptionDetector.ts";
+import { OwnVoice } from "./ownVoice.ts";
 import { Room } from "./room.ts";
 import type { SpeechDetector, Verdict } from "./speechDetector.ts";
 import { SpeechEvidence } from "./speechEvidence.ts";
@@ -80,13 +81,15 @@ export class Hearing {
   readonly #gate = new EnergyGate();
   readonly #evidence = new SpeechEvidence();
   readonly #ring = new SampleRing(longest + longestNotice + preRoll);
-  #isOwnVoice = false;
+  readonly #ownVoice = new OwnVoice();
   #rest = new Int16Array(0);
   #open: Open | undefined;
   /** Samples before this number belong to what is over. */
   #over = 0;
   #judged = 0;
   #loudEnd = 0;
+  /** The ends of the loud frames of the utterance that are not judged yet. */
+  #unjudged: number[] = [];
   #interruptedAt = -Infinity;
 
   constructor(
@@ -107,17 +110,15 @@ export class Hearing {
 
   /** The agent's own voice sounds or echoes: only what both detectors take for somebody else is heard. */
   get isOwnVoice(): boolean {
-    return this.#isOwnVoice;
+    return this.#ownVoice.isNow;
   }
 
   set isOwnVoice(isSo: boolean) {
-    if (isSo === this.#isOwnVoice) return;
-    this.#isOwnVoice = isSo;
+    if (isSo === this.isOwnVoice) return;
+    this.#ownVoice.set(isSo, this.#ring.end);
     this.#interruptedAt = -Infinity;
     this.#gate.rest();
     this.detector.rest();
-    // What spoke for speech may have been that voice.
-    if (this.#open === undefined) this.#evidence.rest();
   }
 
   /** The samples of the utterance that is being heard, so far. */
@@ -144,6 +145,7 @@ export class Hearing {
   reset(): void {
     this.#open = undefined;
     this.#over = this.#ring.end;
+    this.#unjudged = [];
     this.#rest = new Int16Array(0);
     this.#interruptedAt = -Infinity;
     this.#gate.rest();
@@ -157,15 +159,16 @@ export class Hearing {
     this.#ring.add(frame);
     const isLoud = this.#gate.goesOn(level, this.noise);
     if (isLoud) this.#loudEnd = this.#ring.end;
+    if (isLoud && this.isHearing) this.#unjudged.push(this.#ring.end);
     this.speech?.take(frame, at, this.isHearing || level > this.noise + urgentMargin);
     const isJudged = this.speech?.isAnswering ?? false;
     if (this.#open === undefined) this.#awaitOnset(level, isJudged);
-    else this.#follow(this.#open, isLoud, isJudged);
+    else this.#follow(this.#open, isJudged);
     return level;
   }
 
   #awaitOnset(level: number, isJudged: boolean): void {
-    if (this.#isOwnVoice) {
+    if (this.isOwnVoice) {
       if (this.detector.take(level, this.noise)) this.#interruptedAt = this.#ring.end;
       if (!isJudged && this.#interruptedAt === this.#ring.end) return this.#begin(this.#ring.end, 0);
       return this.#awaitAgreement();
@@ -176,28 +179,33 @@ export class Hearing {
   /** Somebody talks over the agent when both detectors say so. */
   #awaitAgreement(): void {
     const isRecent = this.#ring.end - this.#interruptedAt <= agreement;
-    if (isRecent && this.#evidence.hasBegun) this.#begin(this.#ring.end, 0);
+    if (isRecent && this.#ownVoice.isAt(this.#judged) && this.#evidence.hasBegun) this.#begin(this.#ring.end, 0);
   }
 
   #judge(verdict: Verdict): void {
     if (verdict.to <= this.#over) return;
+    const isOwn = this.#ownVoice.isAt(verdict.to);
+    // What spoke for speech may have been that voice, or the one before it.
+    if (this.#open === undefined && isOwn !== this.#ownVoice.isAt(this.#judged)) this.#evidence.rest();
+    this.#ownVoice.forget(verdict.to);
     this.#judged = verdict.to;
+    this.#unjudged = this.#unjudged.filter((end) => end > verdict.to);
     this.#evidence.take(verdict);
     if (this.#open === undefined) {
-      if (this.#isOwnVoice) this.#awaitAgreement();
-      else if (this.#evidence.hasBegun) this.#begin(this.#evidence.begunAt, 0, verdict.to);
+      if (isOwn) this.#awaitAgreement();
+      else if (this.#evidence.hasBegun) this.#begin(this.#evidence.begunAt, 0, verdict.to, false);
       return;
     }
     this.#followVerdict(this.#open, verdict);
   }
 
-  #begin(noticedFrom: number, voicedFrames: number, now = this.#ring.end): void {
+  #begin(noticedFrom: number, voicedFrames: number, now = this.#ring.end, overlaps = this.isOwnVoice): void {
     const from = Math.max(noticedFrom - preRoll, now - longestNotice - preRoll, this.#over);
     this.#open = {
       from,
       begunAt: now,
       speechEnd: now,
-      overlaps: this.#isOwnVoice,
+      overlaps,
       isSure: this.#evidence.isSure,
       voicedFrames,
       goneOn: 0,
@@ -208,12 +216,13 @@ export class Hearing {
     this.events.began(this.#open.overlaps);
   }
 
-  #follow(open: Open, isLoud: boolean, isJudged: boolean): void {
+  #follow(open: Open, isJudged: boolean): void {
     const now = this.#ring.end;
     if (!isJudged) {
-      if (isLoud) {
+      // A detector that is late has not judged what came before either.
+      for (const end of this.#unjudged.splice(0)) {
         open.voicedFrames++;
-        this.#goOn(open, now, now - frameLength);
+        this.#goOn(open, end, end - frameLength);
       }
       return this.#look(open, now);
     }
@@ -253,6 +262,7 @@ export class Hearing {
   #end(open: Open, now: number, isSpeech: boolean): void {
     this.#open = undefined;
     this.#over = now;
+    this.#unjudged = [];
     this.#evidence.rest();
     if (!isSpeech) return this.events.dropped();
     this.events.ended({

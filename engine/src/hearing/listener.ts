@@ -33,6 +33,8 @@ export class Listener implements SpeechDetector {
   #hasAnswered = false;
   /** What it was given and has not answered: up to where, and since when. */
   #given: { to: number; since: number }[] = [];
+  #isLate = false;
+  #cancelLate = (): void => {};
 
   constructor(
     children: Children,
@@ -54,13 +56,13 @@ export class Listener implements SpeechDetector {
         this.#hasAnswered = false;
         this.#given = [];
         this.#filled = 0;
+        this.#awaitAnswer();
       },
     });
   }
 
   get isAnswering(): boolean {
-    const [oldest] = this.#given;
-    return this.#hasAnswered && (oldest === undefined || this.clock.now() - oldest.since < lateMs);
+    return this.#hasAnswered && !this.#isLate;
   }
 
   tell(taker: (verdict: Verdict) => void): void {
@@ -88,8 +90,12 @@ export class Listener implements SpeechDetector {
     const samples = this.#waiting.subarray(0, this.#count);
     const to = this.#at + this.#count;
     this.#given.push({ to, since: this.clock.now() });
+    if (this.#given.length === 1) this.#awaitAnswer();
     const isGiven = this.#companion.tell({ at: this.#at }, new Uint8Array(samples.buffer, 0, samples.byteLength));
-    if (!isGiven) this.#given = [];
+    if (!isGiven) {
+      this.#given = [];
+      this.#awaitAnswer();
+    }
     this.#filled = (this.#filled + this.#count) % windowLength;
     this.#at = to;
     this.#count = 0;
@@ -99,9 +105,23 @@ export class Listener implements SpeechDetector {
     if (typeof from !== "number" || typeof to !== "number" || !Array.isArray(p)) return;
     this.#hasAnswered = true;
     this.#given = this.#given.filter((part) => part.to > to);
+    this.#awaitAnswer();
     p.forEach((probability: unknown, index) => {
       const begin = from + index * windowLength;
       if (typeof probability === "number") this.#taker({ from: begin, to: begin + windowLength, probability });
+    });
+  }
+
+  /** Notices when what was given first is not answered in time. */
+  #awaitAnswer(): void {
+    this.#cancelLate();
+    this.#isLate = false;
+    const [oldest] = this.#given;
+    if (oldest === undefined) return;
+    const leftMs = Math.max(0, oldest.since + lateMs - this.clock.now());
+    // Where the engine itself was held up the answer may be there, and is read before the second look.
+    this.#cancelLate = this.clock.after(leftMs, () => {
+      this.#cancelLate = this.clock.after(0, () => (this.#isLate = true));
     });
   }
 }

@@ -32,7 +32,10 @@ export interface Circumstances {
   phrases: Phrases;
 }
 
-export type Command = "stop" | "clearDraft" | "newConversation" | "mute" | "runDraft" | "draft" | "ask";
+const housekeeping = ["stop", "clearDraft", "newConversation", "mute"] as const;
+/** What needs nothing but the words that name it. */
+export type Housekeeping = (typeof housekeeping)[number];
+export type Command = Housekeeping | "runDraft" | "draft" | "ask";
 
 export interface Interpretation {
   action: HeardAction;
@@ -90,6 +93,13 @@ export function interpret(speech: Speech, around: Circumstances): Interpretation
   return { action: "accepted", command: "ask", text: said(rest), ...over };
 }
 
+/** What is typed, when it is nothing but such a command. Who types misspells no sound: it has to be in just these words. */
+export function commandIn(text: string, wakeWords: string[], phrases: Phrases): Housekeeping | undefined {
+  const words = wordsOf(text);
+  const said = (withoutName(words, { wakeWords, phrases }) ?? words).map(({ plain }) => plain).join(" ");
+  return housekeeping.find((command) => phrases[command].some((phrase) => plainWords(phrase).join(" ") === said));
+}
+
 /** A word in the form in which it is compared, and the piece of the text that it came from. */
 interface Word {
   plain: string;
@@ -121,7 +131,7 @@ function startsWith(words: Word[], phrase: string[], at: number): boolean {
  * Gives the words without the agent's name, which stands first, last, or between pauses, or undefined when it was not said. It
  * is the recogniser that spells it right.
  */
-function withoutName(words: Word[], { wakeWords, phrases }: Circumstances): Word[] | undefined {
+function withoutName(words: Word[], { wakeWords, phrases }: Pick<Circumstances, "wakeWords" | "phrases">): Word[] | undefined {
   const names = wakeWords.map(plainWords).sort((a, b) => b.length - a.length);
   const calls = phrases.calls.map((call) => plainWords(call).join(""));
   for (const name of names) {

@@ -4,7 +4,7 @@ import type { Heard, LoopState, Timings } from "../base/protocol.ts";
 import { Ears, type HeardSpeech } from "../hearing/ears.ts";
 import { Draft } from "./draft.ts";
 import { HeardLately } from "./heardLately.ts";
-import { interpret, type Interpretation } from "./interpretation.ts";
+import { commandIn, interpret, type Housekeeping, type Interpretation } from "./interpretation.ts";
 import { ListeningWindow } from "./listeningWindow.ts";
 import type { LoopPorts } from "./ports.ts";
 import { Tellings } from "./tellings.ts";
@@ -111,7 +111,10 @@ export class Loop {
     this.ports.turnEnded();
   }
 
+  /** Takes a typed request: what stops the agent when it is said stops it when it is typed. */
   say(text: string): void {
+    const command = commandIn(text, this.ports.settings().wakeWords, this.ports.phrases);
+    if (command) return this.#command(command);
     this.#ask({ text: text.toWellFormed(), isSpoken: false, askedAt: this.ports.clock.now() });
   }
 
@@ -194,15 +197,6 @@ export class Loop {
       transcribeMs: speech.transcribeMs,
     });
     switch (command) {
-      case "stop":
-        return this.stop();
-      case "clearDraft":
-        return this.#draft.clear();
-      case "newConversation":
-        this.newConversation();
-        return void this.#announce(this.ports.phrases.conversationBegun);
-      case "mute":
-        return this.toggleMute();
       case "draft":
         this.#window.close();
         return this.#draft.add(text);
@@ -211,9 +205,25 @@ export class Loop {
         return this.#ask(question(this.#draft.take()));
       case "ask":
         return this.#ask(question(text));
+      default:
+        return this.#command(command);
       case undefined:
         // It was called, or silenced without a request, and listens for what follows.
         if (action === "summoned" || action === "interrupted") this.#summon();
+    }
+  }
+
+  #command(command: Housekeeping): void {
+    switch (command) {
+      case "stop":
+        return this.stop();
+      case "clearDraft":
+        return this.clearDraft();
+      case "newConversation":
+        this.newConversation();
+        return void this.#announce(this.ports.phrases.conversationBegun);
+      case "mute":
+        return this.toggleMute();
     }
   }
 

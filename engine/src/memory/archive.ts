@@ -87,16 +87,17 @@ export function forgetConversations(database: Database, ids: Iterable<string>): 
   });
 }
 
-/** Forgets the conversations that were begun in this span, or had words in it, and gives their number; `scrub` is to follow. */
-export function forgetSpan(database: Database, { from, to }: Span): number {
-  const ids = database
+/** Forgets the conversations that were begun in this span, or had words in it, and gives their names; `scrub` is to follow. */
+export function forgetSpan(database: Database, { from, to }: Span): string[] {
+  const found = database
     .query<{ id: string }, number[]>(
       `SELECT id FROM conversations WHERE (startedAt >= ? AND startedAt < ?)
        OR EXISTS (SELECT 1 FROM rows WHERE conversation = conversations.id AND at >= ? AND at < ?)`,
     )
     .all(from, to, from, to);
-  if (ids.length > 0) forgetConversations(database, ids.map(({ id }) => id));
-  return ids.length;
+  const ids = found.map(({ id }) => id);
+  if (ids.length > 0) forgetConversations(database, ids);
+  return ids;
 }
 
 /** Forgets every conversation, with the index as a whole, and gives their number; `scrub` is to follow. */

@@ -52,6 +52,12 @@ export class Conversations {
     return this.#current.rows.findLast((row) => row.role === "assistant")?.text;
   }
 
+  /** The current conversation was begun in this span, or has words of it. */
+  isWithin({ from, to }: Span): boolean {
+    const { startedAt, rows } = this.current;
+    return [startedAt, ...rows.map(({ at }) => at)].some((at) => at >= from && at < to);
+  }
+
   begin(): void {
     this.#open = undefined;
     this.#isResumed = false;

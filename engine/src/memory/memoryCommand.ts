@@ -1,12 +1,13 @@
 // `palomet-engine export` and `palomet-engine forget`: for people, about the conversations that the engine has kept.
 
 import { Database } from "bun:sqlite";
-import { existsSync, readdirSync, rmSync } from "node:fs";
+import { existsSync, readdirSync, realpathSync, rmSync } from "node:fs";
 import { homedir } from "node:os";
 import { join } from "node:path";
+import { isRecord } from "../base/json.ts";
 import { chooseLocale, type Language } from "../base/language.ts";
 import { defaultPort, type Row } from "../base/protocol.ts";
-import { always, conversations, daySpan, forgetAll, forgetSpan, scrub, type ArchivedConversation } from "./archive.ts";
+import { always, conversations, daySpan, forgetAll, forgetSpan, scrub, type ArchivedConversation, type Span } from "./archive.ts";
 import { message, prepared } from "./database.ts";
 
 export interface CommandSurroundings {
@@ -82,30 +83,29 @@ async function forget(words: readonly string[], surroundings: CommandSurrounding
   const day = dayOf(which);
   if (more.length > 0 || (which !== "all" && !day)) return wrong(surroundings);
   const span = day ? daySpan(day) : always;
-  // An engine that runs holds the current conversation, and would write it again.
-  if (await isServing(surroundings, span)) await ask(surroundings, "/new", "POST");
+  // An engine that runs holds the current conversation, and those that it could not write yet: it would write them later.
+  const unwritten = await forgetInEngine(surroundings, span);
   const say = sayings[chooseLocale(surroundings.environment).language];
   return withDatabase(surroundings, false, (database) => {
-    const count = !database ? 0 : day ? forgetSpan(database, span) : forgetAll(database);
+    const count = !database ? 0 : day ? forgetSpan(database, span).length : forgetAll(database);
     if (!day) removeAsides(folderOf(surroundings));
-    surroundings.print(`${say.forgotten(count)}\n`);
+    surroundings.print(`${say.forgotten(Math.max(count, unwritten))}\n`);
     if (!database || scrub(database)) return 0;
     surroundings.complain(`palomet-engine: ${say.stillRead}`);
     return 1;
   });
 }
 
-/** An engine runs on this store, and its current conversation falls into the span. */
-async function isServing(surroundings: CommandSurroundings, { from, to }: { from: number; to: number }): Promise<boolean> {
-  const answer = await ask(surroundings, "/state", "GET");
-  const state = (await answer?.json().catch(() => undefined)) as { conversation?: { startedAt?: number; rows?: Row[] } } | undefined;
-  const times = [state?.conversation?.startedAt ?? NaN, ...(state?.conversation?.rows ?? []).map(({ at }) => at)];
-  return times.some((at) => at >= from && at < to);
-}
-
-async function ask({ environment }: CommandSurroundings, path: string, method: string): Promise<Response | undefined> {
-  const port = Number(environment.PALOMET_PORT ?? defaultPort);
-  return await fetch(`http://127.0.0.1:${port}${path}`, { method, signal: AbortSignal.timeout(askMs) }).catch(() => undefined);
+/** Gives the number of conversations that an engine that runs on this store held in memory. */
+async function forgetInEngine(surroundings: CommandSurroundings, span: Span): Promise<number> {
+  const port = Number(surroundings.environment.PALOMET_PORT ?? defaultPort);
+  const folder = folderOf(surroundings);
+  if (!existsSync(folder)) return 0;
+  const body = JSON.stringify({ folder: realpathSync(folder), ...span });
+  const answer = await fetch(`http://127.0.0.1:${port}/forget`, { method: "POST", body, signal: AbortSignal.timeout(askMs) })
+    .then((response) => response.json())
+    .catch(() => undefined);
+  return isRecord(answer) && typeof answer.forgotten === "number" ? answer.forgotten : 0;
 }
 
 /** Hands on undefined when nothing was ever kept. Gives what `work` gives, or 1 when the file cannot be used. */

@@ -10,7 +10,7 @@ import type { Clock } from "../base/clock.ts";
 import type { Log } from "../base/log.ts";
 import type { ConversationSummary, Row } from "../base/protocol.ts";
 import { cut } from "../base/text.ts";
-import { forgetSome, scrub, search, type FoundRow, type Span } from "./archive.ts";
+import { forgetSome, forgetSpan, scrub, search, type FoundRow, type Span } from "./archive.ts";
 import { copyOf, copyOfFile, hasRoom, isBusy, isOfSearch, isUnwritable, keepPrivate, message, prepared, remakeSearch } from "./database.ts";
 import { addRow, nothingUnwritten, saveConversation, saveSetting, writeDown, type Unwritten } from "./unwritten.ts";
 
@@ -144,6 +144,14 @@ export class Store {
     this.#forgetting.add(conversationId);
     while (this.#forgetSome(conversationId)) await Bun.sleep(1);
     return this.#run(false, scrub) && this.#unwritten === undefined;
+  }
+
+  /** Forgets the conversations of these days that are in memory, also when they are written later, and gives their number. */
+  forgetUnwritten(span: Span): number {
+    if (!this.#unwritten) return 0;
+    const ids = this.#run([], (database) => forgetSpan(database, span));
+    for (const id of ids) this.#unwritten.forgotten.add(id);
+    return ids.length;
   }
 
   close(): void {

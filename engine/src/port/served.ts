@@ -23,6 +23,11 @@ export interface Served {
   };
   options(): Promise<Options>;
   newConversation(): void;
+  /**
+   * Begins another conversation when the current one falls into this span, and forgets those that are not on the disk yet, whose number
+   * it gives. Nothing happens when its data lie in another folder than this, which is the path without links.
+   */
+  forget(folder: string, span: { from: number; to: number }): number;
   /** Sets all of these or none, and resolves to what is wrong, if anything is. */
   set(values: Record<string, unknown>): Promise<string | undefined>;
 }

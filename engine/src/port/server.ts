@@ -96,6 +96,12 @@ const commands: Record<string, Command> = {
     engine.loop.say(text);
     return undefined;
   },
+  // It is asked for by `palomet-engine forget`, which forgets what is on the disk.
+  "/forget": async (engine, request) => {
+    const { folder, from, to } = (await readBody(request)) ?? {};
+    if (typeof folder !== "string" || typeof from !== "number" || typeof to !== "number") return problem(400, "a JSON object of a folder and a span");
+    return Response.json({ forgotten: engine.forget(folder, { from, to }) });
+  },
   "/settings": async (engine, request) => {
     const body = await readBody(request, maxSettings);
     if (body === undefined || Object.keys(body).length === 0) return problem(400, "a JSON object of settings");

@@ -3,7 +3,7 @@
 
 import type { Clock } from "../base/clock.ts";
 import type { Phrases } from "../base/phrases.ts";
-import { plainWords } from "../base/words.ts";
+import { replyIn } from "../base/replies.ts";
 import type { Request } from "./answer.ts";
 
 const replyMs = 10_000;
@@ -52,17 +52,11 @@ export class Asking<What> {
     if (asked === undefined) return undefined;
     const { begunAt = askedAt, heardAt = askedAt } = asked;
     if (askedAt < begunAt || askedAt - heardAt > replyMs) return undefined;
-    const isYes = isOneOf(text, this.phrases.yes);
-    return isYes || isOneOf(text, this.phrases.no) ? { isYes, what: asked.what } : undefined;
+    const reply = text.length > longestReply ? undefined : replyIn(text, this.phrases.language);
+    return reply === undefined ? undefined : { isYes: reply === "yes", what: asked.what };
   }
 
   refuse(): void {
     this.#asked = undefined;
   }
-}
-
-function isOneOf(text: string, list: string[]): boolean {
-  if (text.length > longestReply) return false;
-  const plain = plainWords(text).join(" ");
-  return list.some((phrase) => plainWords(phrase).join(" ") === plain);
 }

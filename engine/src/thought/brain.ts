@@ -13,7 +13,7 @@ import type { Answer, Answering, Brain, Request } from "./answer.ts";
 import { apart, watch } from "./answering.ts";
 import { type AnswerContext, builtInAnswer, knownAnswers } from "./builtInAnswers.ts";
 import type { Failure } from "./chatClient.ts";
-import type { ChatMind } from "./chatMind.ts";
+import type { ChatAnswer, ChatMind } from "./chatMind.ts";
 import type { Claude } from "./claude.ts";
 import type { SentenceMind } from "./sentenceMind.ts";
 
@@ -106,12 +106,12 @@ export class EngineBrain implements Brain {
   ): Promise<Answer> {
     const name = request.settings.brainModel;
     const { watched, hasAnswered } = watch(answering);
-    const unknown = { costUsd: 0, problem: { failure: "missing" as const, detail: "não conheço o servidor" } };
+    const unknown: ChatAnswer = { costUsd: 0, problem: { failure: "missing", detail: "não conheço o servidor" } };
     const { problem, ...answer } = model ? await this.parts.chatMind.answer(model, request, watched, signal) : unknown;
     if (problem === undefined || signal.aborted) return answer;
     if (problem.failure === "toolless" && byHands && !hasAnswered()) return await byHands();
     this.parts.log(`o modelo ${name} falhou (${[failures[problem.failure], problem.detail].filter((part) => part !== "").join("; ")})`);
-    const sentence = this.#sentence(problem.failure, name);
+    const sentence = this.#sentence(problem.failure, name, problem.hasBegun);
     return { ...(await this.#answerAfter(sentence, hasAnswered(), request, answering, signal)), ...answer };
   }
 
@@ -136,11 +136,11 @@ export class EngineBrain implements Brain {
   }
 
   /** What the user is told of a failure. */
-  #sentence(failure: Failure, name: string): string {
+  #sentence(failure: Failure, name: string, hasBegun = false): string {
     const { modelAway, modelBroke, modelMissing, tooLong } = phrases[this.parts.locale.language];
     if (failure === "missing") return modelMissing(partsOfServedModel(name)?.model ?? name);
     if (failure === "tooLong") return tooLong;
-    return failure === "cutOff" ? modelBroke : modelAway;
+    return failure === "cutOff" || hasBegun ? modelBroke : modelAway;
   }
 
   #tool(settings: Settings): string | undefined {

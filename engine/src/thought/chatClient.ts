@@ -40,7 +40,7 @@ export type Failure =
 export type ChatOutcome =
   | { kind: "finished"; text: string; calls: ToolCall[] }
   /** `detail` says more, for the log. The words that came before were handed on. */
-  | { kind: "failed"; failure: Failure; detail: string; window?: number };
+  | { kind: "failed"; failure: Failure; detail: string; window?: number; hasBegun?: boolean };
 
 /** A server that says nothing for so long has hung. */
 const silenceMs = 60_000;
@@ -52,12 +52,17 @@ const longestDetail = 200;
 
 /** Never rejects. */
 export async function chat(call: ChatCall): Promise<ChatOutcome> {
-  const outcome = await exchange(call);
+  let hasBegun = false;
+  const told = (text: string): void => {
+    hasBegun ||= text.trim() !== "";
+    call.onText(text);
+  };
+  const outcome = await exchange({ ...call, onText: told });
   if (outcome.kind === "finished") return outcome;
   // A server may say the key that it refuses.
   const key = call.server.key?.();
   const detail = key === undefined ? outcome.detail : outcome.detail.replaceAll(key, "…");
-  return { ...outcome, detail: cut(detail, longestDetail) };
+  return { ...outcome, detail: cut(detail, longestDetail), ...(hasBegun ? { hasBegun } : {}) };
 }
 
 async function exchange({ server, wanted, onText, clock, signal }: ChatCall): Promise<ChatOutcome> {
@@ -102,13 +107,17 @@ async function read(answer: Response, onText: (text: string) => void, heard: () 
     onText(piece);
   });
   const reader = new ChatReader((piece) => musing.take(piece));
+  const type = answer.headers.get("content-type") ?? "";
+  const isStream = /^text\/event-stream\b/.test(type);
   const outcome = (ending: Ending | undefined): ChatOutcome => {
     if (ending?.kind === "error") return refusal(answer.status, ending);
     if (ending?.kind === "nonsense") return failed("away", "a resposta não se entende");
     musing.end();
-    return ending ? { kind: "finished", text, calls: reader.calls } : failed("cutOff", "");
+    if (ending) return { kind: "finished", text, calls: reader.calls };
+    // A page, or any other text, is no answer that broke off.
+    return isStream || reader.hasBegun ? failed("cutOff", "") : failed("away", "a resposta não se entende");
   };
-  if (/^application\/json\b/.test(answer.headers.get("content-type") ?? "")) {
+  if (/^application\/json\b/.test(type)) {
     const whole = await jsonOf(answer);
     reader.take(JSON.stringify(whole) ?? "");
     reader.end();

@@ -13,7 +13,8 @@ import type { ToolCall } from "./chatReader.ts";
 import { isAskable, readIntent } from "./consent.ts";
 import type { MindParts } from "./mind.ts";
 
-export type ChatAnswer = Answer & { problem?: { failure: Failure; detail: string } };
+/** A problem has begun when the answer had, and broke off. */
+export type ChatAnswer = Answer & { problem?: { failure: Failure; detail: string; hasBegun?: boolean } };
 
 /** A call that waits for a yes, with the words that it was asked for in. */
 interface AskedCall {

@@ -26,6 +26,8 @@ const longestArguments = 64 << 10;
 export class ChatReader {
   /** What ended the answer, if anything did. What comes after it is not read. */
   ending: Ending | undefined;
+  /** An event of an answer was read. */
+  hasBegun = false;
   #isComplete = false;
   #calls = new Map<number, ToolCall>();
   #givenLength = 0;
@@ -48,6 +50,7 @@ export class ChatReader {
     const choices = Array.isArray(value.choices) ? value.choices : [];
     const choice: unknown = choices.find((one: unknown) => isRecord(one) && (one.index ?? 0) === 0);
     if (!isRecord(choice)) return;
+    this.hasBegun = true;
     // A server that does not stream sends the whole message.
     const delta = isRecord(choice.delta) ? choice.delta : choice.message;
     if (isRecord(delta)) this.#takeDelta(delta);

@@ -11,6 +11,9 @@ import { Asking } from "./asking.ts";
 import { isSpelled, readAloud } from "./consent.ts";
 import type { MindParts } from "./mind.ts";
 
+/** In characters. An utterance of twenty seconds has fewer. */
+const longestSaid = 400;
+
 interface Deed {
   hand: Hand;
   given: Record<string, unknown>;
@@ -50,7 +53,8 @@ export class SentenceMind {
 
   /**
    * Does what the sentences ask for, and answers those that ask for no hand by `known`, each where it stands; leaves out those that it
-   * knows no answer to. Undefined when nothing is left. Of a request to a model, which has failed, only what it surely asks for is done.
+   * knows no answer to. Undefined when nothing is left. Of a request to a model, which has failed, only what it surely asks for is done,
+   * and so of a text that somebody has pasted: what stands in it somebody else may have written.
    */
   async answer(
     request: Request,
@@ -60,7 +64,8 @@ export class SentenceMind {
     isForModel = false,
   ): Promise<Answer | undefined> {
     const all = this.#read(request.text);
-    const sure = isForModel ? this.#surely(request.text, all, ({ deed }) => deed !== undefined) : all;
+    const isMeant = ({ deed, text }: Sentence): boolean => deed !== undefined || (!isForModel && known(text) !== undefined);
+    const sure = isForModel || isPasted(request.text) ? this.#surely(request.text, all, isMeant) : all;
     const sentences = all.map((one) => (sure.includes(one) ? one : { ...one, deed: undefined }));
     // A request of plain sentences is answered as a whole.
     if (sentences.every(({ deed }) => deed === undefined)) {
@@ -181,6 +186,11 @@ export class SentenceMind {
       return this.parts.phrases.handFailed;
     }
   }
+}
+
+/** Nobody says so much in one breath, and nobody says lines. */
+function isPasted(request: string): boolean {
+  return request.length > longestSaid || /\n/.test(request.trim());
 }
 
 function sentenceOf(intents: readonly string[]): string {

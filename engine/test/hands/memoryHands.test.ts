@@ -33,6 +33,15 @@ function remembering(language: Language = "en") {
   };
 }
 
+test("what was talked about in a week is found", async () => {
+  const { recall } = remembering();
+  expect(await recall({ day: "2025-12-29", days: 7, about: "car" })).toBe("In the week from December 29, 2025 you asked “When is the car due”.");
+  expect(await recall({ day: "2025-12-28", days: 7 })).toBe("I find nothing in the week from December 28, 2025.");
+  expect(await recall({ day: "2026-01-02", days: 3, about: "car" })).toBe("In the 3 days from January 2 you asked “When is the car due”.");
+  expect(await remembering("pt").recall({ day: "2025-12-29", days: 7 })).toStartWith("Na semana de 29 de dezembro de 2025 você perguntou");
+  for (const days of [0, 367, "7"]) expect(await recall({ day: "2025-12-29", days })).toBe("I did not understand what to search for.");
+});
+
 test("what was talked about on a day is found", async () => {
   const { recall } = remembering();
   expect(await recall({ day: "2026-01-04" })).toBe("Yesterday you asked “When is the car due” and “Onde fica São Paulo”.");

@@ -25,10 +25,17 @@ test("a notification of the tool has its buttons, and tells which was pressed", 
   expect(args).toContain("Tea &amp; &lt;b&gt;cake&lt;/b&gt;");
 });
 
-test("a notification that is closed is not taken for one that could not be shown or was answered with nonsense", async () => {
+test("a notification of the tool that was closed is no answer: the tool does not say whether the user did it", async () => {
   const answer = (script: string): Promise<string | undefined> => notificationsOf(program("notify-send", script)).show(notification, going);
-  expect(await answer("exit 0")).toBe("closed");
-  for (const script of ["exit 1", "echo explode", "kill -9 $$"]) expect(await answer(script)).toBeUndefined();
+  for (const script of ["exit 0", "exit 1", "echo explode", "kill -9 $$"]) expect(await answer(script)).toBeUndefined();
+});
+
+test("the tool is not asked where the bus shows the notification, and is where it shows none", async () => {
+  const folder = program("notify-send", "echo stop");
+  const it = await server((connection) => connection.emit(path, `${name}.ActionInvoked`, "us", [7, "snooze"]), folder);
+  expect(await it.notifications.show(notification, going)).toBe("snooze");
+  it.close();
+  expect(await it.notifications.show(notification, going)).toBe("stop");
 });
 
 test("a notification without buttons is not waited for", async () => {
@@ -53,7 +60,10 @@ test("a notification goes when what it tells of has ended", async () => {
 });
 
 /** A server of notifications: each is the seventh, and when it is shown the server does this. */
-async function server(shown: (connection: BusConnection) => void): Promise<{ calls: [string | undefined, unknown[]][]; notifications: DesktopNotifications; close(): void }> {
+async function server(
+  shown: (connection: BusConnection) => void,
+  programs = "",
+): Promise<{ calls: [string | undefined, unknown[]][]; notifications: DesktopNotifications; close(): void }> {
   const connection = await service(name);
   const calls: [string | undefined, unknown[]][] = [];
   connection.onCall = ({ member, body }) => {
@@ -61,7 +71,7 @@ async function server(shown: (connection: BusConnection) => void): Promise<{ cal
     if (member === "Notify") queueMicrotask(() => shown(connection));
     return member === "Notify" ? { signature: "u", body: [7] } : { signature: "", body: [] };
   };
-  const children = new Children({ PATH: "" });
+  const children = new Children({ PATH: programs });
   return { calls, notifications: new DesktopNotifications(children, new Bus(await privateBus())), close: () => connection.close() };
 }
 

@@ -86,6 +86,20 @@ describe("speaking over an answer", () => {
     expect(it.engine.state.heard).toEqual([]);
   });
 
+  test("is not what its echo does that reaches the engine late", async () => {
+    const { it, socket } = await answering();
+    for (let clip = 0; clip < 10; clip++) {
+      it.engine.link.text(socket, socket.played(clip));
+      await settle();
+    }
+    expect(it.engine.state.state).toBe("waiting");
+    // The engine was held up: the sound comes long after the clip had ended.
+    await it.clock.advance(3_000);
+    await hear(it, socket, 200, -40);
+    await hear(it, socket, 1_500);
+    expect(it.engine.state).toMatchObject({ state: "waiting", heard: [] });
+  });
+
   test("is not possible without echo cancellation", async () => {
     const { it, socket } = await answering();
     await it.engine.set({ isEchoCancelOn: false });

@@ -142,6 +142,32 @@ describe("a typed request", () => {
     expect(it.engine.state.state).toBe("speaking");
   });
 
+  test("to stop is what the command does, and no request", async () => {
+    for (const text of ["Stop.", "never mind", "Palomet, be quiet!"]) {
+      const it = bench();
+      const socket = connect(it);
+      it.engine.loop.say("What time is it?");
+      await settle();
+      it.engine.loop.say(text);
+      await settle();
+      expect(socket.types).toEqual(["play", "stop"]);
+      expect(it.engine.state).toMatchObject({ state: "waiting", conversation: { rows: [{ text: "What time is it?" }, { role: "assistant" }] } });
+    }
+  });
+
+  test("can begin a new conversation, or mute the microphone, and only in just these words", async () => {
+    const it = bench();
+    it.engine.loop.say("Thanks");
+    await settle();
+    it.engine.loop.say("Quite!");
+    await settle();
+    expect(it.engine.state.conversation.rows.map(({ text }) => text)).toContain("Quite!");
+    it.engine.loop.say("New conversation");
+    expect(it.engine.state.conversation.rows).toEqual([]);
+    it.engine.loop.say("mute yourself");
+    expect(it.engine.state.isMuted).toBe(true);
+  });
+
   test("without a front end is shown line by line for as long as it takes to read", async () => {
     const it = bench();
     it.engine.loop.say("What can you do?");

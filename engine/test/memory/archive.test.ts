@@ -48,11 +48,11 @@ test("a day is forgotten with every conversation that touched it, and leaves not
   const add = "INSERT INTO rows (conversation, role, text, at) VALUES ('b', 'user', ?, 9)";
   for (let word = 0; word < 500; word++) engine.query(add).run(`zanzibar${word} third`);
   expect(isIn(folder, "third zanzibar")).toBe(true);
-  expect(forgetSpan(database, daySpan(new Date(2026, 0, 5)))).toBe(1);
+  expect(forgetSpan(database, daySpan(new Date(2026, 0, 5)))).toHaveLength(1);
   expect(scrub(database)).toBe(true);
   expect(search(database, "zanzibar", always, 9).map(({ text }) => text)).toEqual(["first zanzibar"]);
   expect(isIn(folder, "third")).toBe(false);
-  expect(forgetSpan(database, always)).toBe(1);
+  expect(forgetSpan(database, always)).toHaveLength(1);
   expect(scrub(database)).toBe(true);
   expect([...conversations(database, always.from)]).toEqual([]);
   for (const word of ["zanzibar", "first ", "answer o"]) expect([word, isIn(folder, word)]).toEqual([word, false]);

@@ -7,14 +7,16 @@ import { Conversations } from "../../src/memory/conversations.ts";
 import { prepared } from "../../src/memory/database.ts";
 import { memoryCommand } from "../../src/memory/memoryCommand.ts";
 import { Store } from "../../src/memory/store.ts";
+import { serve } from "../../src/port/server.ts";
+import { bench } from "../support/bench.ts";
 import { ManualClock } from "../support/clock.ts";
 import { temporaryFolder } from "../support/folders.ts";
 import { freePort } from "../support/processes.ts";
 
 const dayMs = 86_400_000;
 
-async function commandIn(home: string, LANG = "en_US.UTF-8") {
-  const port = await freePort();
+async function commandIn(home: string, LANG = "en_US.UTF-8", port?: number) {
+  port ??= await freePort();
   return async (...words: string[]) => {
     let output = "";
     const complaints: string[] = [];
@@ -105,6 +107,52 @@ test("an engine that runs keeps its settings and what is said next while everyth
   expect(engine.loadSettings().get("summonMs")).toBe("6000");
   expect(log).toEqual([]);
   engine.close();
+});
+
+/** An engine that serves, and has two conversations in memory alone: another program held the file. */
+async function engineInMemory(home: string) {
+  const it = bench(join(home, "palomet"));
+  it.clock.time += dayMs;
+  const other = new Database(join(home, "palomet/palomet.db"));
+  other.run("BEGIN IMMEDIATE");
+  for (const question of ["Zanzibar?", "Madagascar?"]) {
+    it.engine.newConversation();
+    it.engine.loop.say(question);
+    await it.clock.advance(10);
+  }
+  other.close();
+  expect(it.log.join()).toContain("guardo só na memória");
+  const server = serve(it.engine, 0, () => {});
+  const end = async (): Promise<void> => {
+    await server.stop(true);
+    it.engine.close();
+  };
+  return { ...it, port: server.port!, end };
+}
+
+test("what an engine that runs could not write yet is forgotten too, and not written later", async () => {
+  for (const [what, questions] of [["all", []], ["2026-01-06", ["Yesterday's?", "Today's?"]]] as const) {
+    const home = kept();
+    const it = await engineInMemory(home);
+    const run = await commandIn(home, "en_US.UTF-8", it.port);
+    expect(await run("forget", what)).toEqual({ code: 0, output: `${4 - questions.length} conversations are forgotten.\n`, complaints: [] });
+    expect(it.engine.state.conversation.rows).toEqual([]);
+    await it.clock.advance(6_000);
+    expect(it.log.join()).toContain("outra vez em disco");
+    const all = JSON.parse((await run("export", "--json")).output) as ArchivedConversation[];
+    expect(all.map(({ rows }) => rows[0]?.text ?? "")).toEqual([...questions]);
+    await it.end();
+  }
+});
+
+test("an engine whose conversations lie elsewhere, or in other days, goes on with its own", async () => {
+  const it = await engineInMemory(kept());
+  expect((await (await commandIn(kept(), "en_US.UTF-8", it.port))("forget", "all")).code).toBe(0);
+  expect(it.engine.state.conversation.rows[0]?.text).toBe("Madagascar?");
+  const elsewhere = await (await commandIn(join(it.folder, ".."), "en_US.UTF-8", it.port))("forget", "2026-01-04");
+  expect(elsewhere.output).toBe("1 conversation is forgotten.\n");
+  expect(it.engine.state.conversation.rows[0]?.text).toBe("Madagascar?");
+  await it.end();
 });
 
 test("where nothing was ever kept nothing is made", async () => {

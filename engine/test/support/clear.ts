@@ -7,4 +7,5 @@ import { endPrivateBus } from "./privateBus.ts";
 afterAll(() => {
   endPrivateBus();
   removeTemporaryFolders();
-});
+  // The disk of a busy machine takes its time.
+}, 60_000);

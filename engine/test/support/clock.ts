@@ -4,6 +4,7 @@ import type { Clock } from "../../src/base/clock.ts";
 
 export class ManualClock implements Clock {
   time = new Date(2026, 0, 5, 15, 20).getTime();
+  run = "first";
   #timers: { at: number; work: () => void }[] = [];
   #wasSet = 0;
 

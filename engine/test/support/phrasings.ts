@@ -144,7 +144,7 @@ async function written(id: string, given: Record<string, unknown>, language: Lan
     case "calculate":
       return `value ${(await calculator.act(given, "en")).replace(/[^\d.-]/g, "").replace(/\.$/, "")}`;
     case "recall":
-      return `talked ${given["about"] === undefined ? monthAndDay(given["day"]) : `about ${plain(String(given["about"]))}`}`;
+      return `talked ${given["about"] === undefined ? (given["days"] === 7 ? "last week" : monthAndDay(given["day"])) : `about ${plain(String(given["about"]))}`}`;
     default:
       return id;
   }
@@ -198,7 +198,7 @@ function isPart(expected: string, done: string, language: Language): boolean {
     case "value":
       return done.startsWith("value ") && Math.abs(Number(done.slice(6)) - Number(rest[0])) <= 0.005 * Math.abs(Number(rest[0]));
     case "talked":
-      return done === (rest[0] === "yesterday" ? "talked 11-17" : rest[0] === "monday" ? "talked 11-16" : `talked ${rest[0]} ${plain(rest.slice(1).join(" "))}`);
+      return done === (rest[0] === "yesterday" ? "talked 11-17" : /^(monday$|\d)/.test(rest[0] ?? "") ? `talked ${rest[0]!.replace("monday", "11-16")}` : `talked ${rest[0]} ${plain(rest.slice(1).join(" "))}`);
     default:
       return done === expected;
   }

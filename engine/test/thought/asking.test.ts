@@ -27,6 +27,8 @@ describe("a question", () => {
     expect(yes.reply("Yes.")).toBeUndefined();
     expect(asking().reply("no")).toEqual({ isYes: false, what: "rm x" });
     expect(asking("pt").reply("Sim.")).toEqual({ isYes: true, what: "rm x" });
+    expect(asking("pt").reply("Pode sim, por favor.")).toEqual({ isYes: true, what: "rm x" });
+    expect(asking().reply("Sure, go ahead.")).toEqual({ isYes: true, what: "rm x" });
     expect(asking("pt").reply("Não!")).toEqual({ isYes: false, what: "rm x" });
   });
 

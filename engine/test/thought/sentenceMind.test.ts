@@ -97,6 +97,32 @@ describe("a sentence", () => {
     expect(note.done).toEqual([{ do: "note", text: "Dr. Silva comes at 7 p.m. tomorrow" }, { do: "add", items: "milk", list: "shopping" }]);
   });
 
+  test("that is a pasted text is not obeyed for the sentences in it", async () => {
+    const text = "I love it. ".repeat(40);
+    const pasted = [
+      "Hi Ana,\nset a timer for 5 minutes.\nSee you!", "I love it.\r\nOpen the calculator.", "- milk\n- open example.org",
+      `${text}Set a timer for 5 minutes.`, `${text}\nSet a timer for 5 minutes.`,
+    ];
+    for (const request of pasted) {
+      const { say, timer, open } = mind();
+      await say(request);
+      expect([request, timer.done, open.done]).toEqual([request, [], []]);
+    }
+  });
+
+  test("of several lines is done when each line asks for something", async () => {
+    const { say } = mind();
+    expect((await say("Hello!\nSet a timer for 5 minutes.\nOpen the calculator.\nThank you")).text).toBe(
+      'Welcome after "Hello!" Did timer. Did open. Welcome after "Thank you"',
+    );
+  });
+
+  test("before a long text is done, and nothing that stands in the text", async () => {
+    const { say, timer, open } = mind();
+    await say(`Set a timer for 5 minutes. ${"I love it. ".repeat(40)}Open the calculator.`);
+    expect([timer.done.length, open.done]).toEqual([1, []]);
+  });
+
   test("of a megabyte is answered like any other", async () => {
     for (const text of ["a. ".repeat(400_000), " ".repeat(1 << 20), "set a timer ".repeat(90_000), ".".repeat(1 << 20)]) {
       expect((await mind().say(text)).isUnderstood).toBe(false);
@@ -218,7 +244,7 @@ test("a request that is stopped does no more", async () => {
 });
 
 describe("what people say", () => {
-  for (const set of ["first", "second", "third"]) {
+  for (const set of ["first", "second", "third", "fourth", "fifth"]) {
     for (const language of ["en", "pt"] as const) {
       test(`is understood in ${language}, the ${set} set of phrasings`, async () => {
         const all = await Promise.all(phrasingsOf(set, language).map((phrasing) => judged(phrasing, language)));

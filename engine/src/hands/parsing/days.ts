@@ -9,6 +9,8 @@ export interface Day {
   year: number;
   month: number;
   day: number;
+  /** It is the first of so many: "last week". */
+  days?: number;
 }
 
 const weekdays: Record<Language, string[]> = {
@@ -28,7 +30,7 @@ const ordinals = [
 
 const feasts: Record<Language, [string, number, number][]> = {
   en: [["christmas eve", 12, 24], ["christmas day", 12, 25], ["christmas", 12, 25], ["new years eve", 12, 31], ["new year eve", 12, 31], ["new years day", 1, 1], ["new year day", 1, 1], ["new years", 1, 1], ["new year", 1, 1], ["the new year", 1, 1], ["halloween", 10, 31]],
-  pt: [["vespera de natal", 12, 24], ["natal", 12, 25], ["ano novo", 1, 1], ["reveillon", 12, 31]],
+  pt: [["natal", 12, 25], ["ano novo", 1, 1], ["reveillon", 12, 31]],
 };
 
 export function dayOf(date: Date): Day {
@@ -50,6 +52,8 @@ export function day(tokens: readonly Token[], at: number, language: Language, no
   const plain = (index: number): string => tokens[index]?.plain ?? "";
   const isSaid = (index: number, ...words: string[]): boolean => words.every((word, offset) => plain(index + offset) === word);
   const later = (days: number, next: number): Found<Day> => ({ value: daysLater(today, days), next });
+  const week = isOfPast ? weekOfPast(tokens, at, language, now) : undefined;
+  if (week) return week;
   if (language === "en") {
     if (plain(at) === "today") return later(0, at + 1);
     if (plain(at) === "tomorrow") return later(1, at + 1);
@@ -73,15 +77,34 @@ export function day(tokens: readonly Token[], at: number, language: Language, no
   return isLast ? { value: { ...found.value, year: found.value.year - 1 }, next: found.next } : found;
 }
 
+/** A week from its Monday: "last week", "esta semana". */
+function weekOfPast(tokens: readonly Token[], at: number, language: Language, now: Date): Found<Day> | undefined {
+  const said = `${tokens[at]?.plain} ${tokens[at + 1]?.plain}`;
+  const [ago, start] = language === "pt" ? [/^semana passada$/, /^(ness|nest|est|ess)a semana$/] : [/^(last|past) week$/, /^this week$/];
+  if (!ago.test(said) && !start.test(said)) return undefined;
+  const monday = -((now.getDay() + 6) % 7);
+  return { value: { ...daysLater(dayOf(now), ago.test(said) ? monday - 7 : monday), days: 7 }, next: at + 2 };
+}
+
 /** Days that have names: the next of each. */
 function feast(tokens: readonly Token[], at: number, language: Language, today: Day): Found<Day> | undefined {
+  if (tokens[at]?.plain === "vespera" && /^d[eoa]$/.test(tokens[at + 1]?.plain ?? "")) {
+    const after = feast(tokens, at + 2, language, daysLater(today, 1));
+    return after && { ...after, value: daysLater(after.value, -1) };
+  }
   for (const [name, month, dayOfMonth] of feasts[language]) {
     const words = name.split(" ");
     if (!words.every((word, offset) => tokens[at + offset]?.plain === word)) continue;
     const value = nextDate(month, dayOfMonth, today);
-    if (value) return { value, next: at + words.length };
+    if (value) return { value, next: at + words.length + yearSaid(tokens, at + words.length, language) };
   }
   return undefined;
+}
+
+/** The length of "this year", which says nothing of what is to come. */
+function yearSaid(tokens: readonly Token[], at: number, language: Language): number {
+  const said = `${tokens[at]?.plain} ${tokens[at + 1]?.plain}`;
+  return (language === "pt" ? /^(n?este|n?esse|deste|desse) ano$/ : /^this year$/).test(said) ? 2 : 0;
 }
 
 /** "In three days", "three days from now", "daqui a três dias", "há dois dias". */
@@ -164,9 +187,10 @@ function date(tokens: readonly Token[], at: number, language: Language, today: D
   return value && isReal(value) ? { value, next: year ? year.next : found.next } : undefined;
 }
 
+/** The calendar of today began in 1582. */
 function yearIn(tokens: readonly Token[], at: number, language: Language): Found<number> | undefined {
   const year = wholeNumber(tokens, at, language);
-  return year && year.value >= 1900 && year.value <= 2200 ? year : undefined;
+  return year && year.value >= 1583 && year.value <= 2200 ? year : undefined;
 }
 
 /** Without a month it is the next day of this number. */

@@ -13,13 +13,14 @@ export const english: Phrasing = {
       "(set|start|create|make|begin|add|run|put on|put|set up|set me|start me|make me|make us|set us|start us|do me|run me|" +
       "setup|give me|get me|i need|i want|i would like|we need|let us have|let us set|let us do|let us start|launch|" +
       "schedule|program|do|kick off|fire up|have|can i have|could i have|can i get|could i get|may i have|let me have|can " +
-      "we have|could we have|could we get|pop on|get|make it|make that)",
+      "we have|could we have|could we get|pop on|get|make it|make that|how about|what about|i could use|i will have|i will take|" +
+      "let us go with)",
     a: "(a|an|another|one|one more|a new|the|my|another new|a quick)",
     called: "(called|named|labelled|labeled|titled|with the name|with the label|for|name it|call it|to)",
     the: "(the|my|our|this|that|the current|my current)",
     off:
       "(cancel|stop|delete|remove|clear|kill|end|dismiss|disable|turn off|switch off|shut off|get rid of|scrap|drop|abort|" +
-      "silence|erase|discard|never mind|forget|forget about|call off|unset|deactivate|wipe|take off|lose|quit)",
+      "silence|erase|scratch|ditch|skip|discard|never mind|forget|forget about|call off|unset|deactivate|wipe|take off|lose|quit)",
     remind:
       "(remind me|give me a reminder|set a reminder|set me a reminder|create a reminder|make a reminder|add a reminder|set " +
       "up a reminder|i need a reminder|i want a reminder|put a reminder|i need you to remind me|make sure to remind me|" +
@@ -65,7 +66,7 @@ export const english: Phrasing = {
     "(i want|i need|i would like|i would love) to know", "you are mumbling", "(my dear|dear|darling|sweetie)",
     "i am going to need you to", "(ok|okay) (so|now)", "you know what", "(be a dear|be a darling|be a good fellow) and",
     "(will|would) you be so kind as to", "could i trouble you to", "feel free to", "while you are at it", "(can|could) we",
-    "(that|this|it) is [way|much|far|a bit|a little|really|so] too (loud|quiet|soft|noisy|low)",
+    "(that is|this is|it is|you are) [way|much|far|a bit|a little|really|so] too (loud|quiet|soft|noisy|low)",
     "it is [so|very|really|too|a bit] (loud|quiet|noisy) [in here]",
     "(i am|we are|i have to|i need to) (leaving|off|going out|heading out|stepping out|going|going away|about to leave|out " +
       "of here|leave|go|go out|done for today|done here|in a meeting|on the phone|going to bed|going to sleep|cooking|baking|" +

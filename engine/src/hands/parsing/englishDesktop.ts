@@ -62,7 +62,7 @@ export const englishDesktop: readonly Request[] = [
       "(open|go to|visit|browse to|navigate to|show me|take me to|bring up|load|launch|pull up|surf to|head to|open up) " +
         "[the] [website|site|web page|page|web site|address|webpage|url] {text} [website|page|site] [in the browser|in my " +
         "browser]",
-      "open the (website|site|page) {text}",
+      "open the (website|site|page) {text}", "<open> [up] [the|my|a] [web] browser (at|on|to|with) {text}",
       "(i want|i would like|i need) (to go to|to visit|to see|to open) [the] [website|site|page] {text}",
       "(get|bring|take) me (to|onto|on) [the] [website|site|page] {text}",
       "(open|show|load|pull up|bring up|get) [me] {text} (in|with|on) (the|my|a) (browser|web browser|internet|web)",

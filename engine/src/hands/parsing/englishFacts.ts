@@ -2,6 +2,11 @@
 
 import type { Request } from "./meanings.ts";
 
+/** What was talked about may be asked for with its day. */
+function onADay(phrases: readonly string[]): string[] {
+  return phrases.flatMap((phrase) => (phrase.endsWith("{text}") ? [`${phrase} [on] {past:day}`, phrase] : [phrase]));
+}
+
 export const englishFacts: readonly Request[] = [
   [
     "battery",
@@ -15,7 +20,7 @@ export const englishFacts: readonly Request[] = [
       "how (full|charged|empty|low) is [<the>] [laptop] (battery|laptop|computer)",
       "is [<the>] (laptop|computer|battery|pc|machine) (charging|plugged in|charged|full|low|on battery|on battery power|" +
         "fully charged)",
-      "am i (plugged in|on battery|charging|running on battery)",
+      "am i [running] (plugged in|on battery|on battery power|on mains|on the battery|using the battery|charging|running on battery)",
       "how (long|much time|much longer) will [<the>] (battery|laptop|computer) last",
       "what percentage is [<the>] battery [at|on]", "what is [<the>] (charge|level) of [<the>] battery",
       "how many percent [of] battery (do i have|is left) [left]", "do i have [enough] battery [left]",
@@ -214,14 +219,14 @@ export const englishFacts: readonly Request[] = [
   ],
   [
     "recall",
-    [
+    onADay([
       "(do you remember|remember) what (we|i) (talked about|said|spoke about|discussed|asked|asked you) {past:day}",
       "what (did|have|do|were) (we|i|you and i) (talk|talked|speak|chat|discuss|spoken|discussed|talking|chatting|speaking|" +
         "speak about|chatted) [about] [on] {past:day}",
       "what did (we|i|you and i) (talk|speak|chat) about {past:day}",
       "what did (i|we) (ask|ask you|say|say to you|tell you|want|want to know|ask you about|ask about) [on|about] {past:day}",
-      "(what|do you remember what) (did we|have we|we) (talk|talked|speak|spoken|chat|discuss|say|said|discussed) about " +
-        "{text} {past:day}",
+      "(what|do you remember what) (did we|did i|have we|have i|we|i) (talk|talked|speak|spoken|chat|" +
+        "discuss|say|said|discussed|ask|tell you) [you] about {text} {past:day}",
       "(what|when) did (we|i|you and i) [ever|last] (talk|speak|say|chat|discuss|tell you|ask you|ask|discuss with you|" +
         "talk to you|say to you) about <the> {text}",
       "(what|when) did (we|i|you and i) [ever|last] (talk|speak|say|chat|discuss|tell you|ask you|ask|discuss with you|" +
@@ -248,7 +253,7 @@ export const englishFacts: readonly Request[] = [
       "(did|have) (we|i) (talk|talked|speak|spoken|ask you|asked you) about {text} [before]",
       "(what have we|have we) (talked|spoken) about {text}", "what were we talking about [on] {past:day}",
       "what was our conversation about {past:day}", "what was {past:day} conversation about",
-    ],
+    ]),
   ],
   [
     "forget",

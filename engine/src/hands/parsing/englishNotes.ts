@@ -41,7 +41,7 @@ export const englishNotes: readonly Request[] = [
     "readNotes",
     [
       "(read|read out|read back|show|tell|give|list|open|check|play|go over|go through|review) [me] [out] [<the>] [latest|" +
-        "last|recent|new|current|all] [of] [<the>] (notes|note) [to me|aloud|out loud|back to me|back|out]",
+        "last|recent|new|current|all] [of] [<the>] (notes|note) [to me|with me|for me|aloud|out loud|back to me|back|out]",
       "what (are|is in|is on|do i have in|have i got in|did i write in|is written in|do) [<the>] [latest|last|recent|" +
         "current] (notes|note) [say]",
       "what did i (note|note down|write down|jot down|take down|ask you to note|ask you to write down|tell you to remember|" +
@@ -70,6 +70,7 @@ export const englishNotes: readonly Request[] = [
       "what (is|do i have|have i got|do we have|have we got|is still|is left|all is|is written|else is|did i put|do i " +
         "still have) (on|in) <whose> {few:list} list [so far|right now|today|again]",
       "what (is|do i have|have i got|do we have|is still|is left) (on|in) (the|my|our) list [so far]",
+      "(do i|do we|have i got|is there|are there|did i put) [have] [any|some] {few:item} (on|in) <whose> {few:list} list",
       "(read|read out|show|tell|give|list|go over|go through|check|open|review|see|display|say) [me] [what is on|the items " +
         "on|everything on|all the items on|the contents of|what is in|items on] <whose> {few:list} list [to me|aloud|out " +
         "loud|back to me|back|out|so far]",

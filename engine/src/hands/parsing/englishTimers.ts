@@ -10,24 +10,24 @@ export const englishTimers: readonly Request[] = [
       "[<set>] [<a>] (timer|countdown|countdown timer|kitchen timer|egg timer|clock timer) [of|for|with|at|to|lasting|that " +
         "lasts|set for|set to|running for|that goes off in|which ends in|that rings in|to go off in|for about|to ring in|in] " +
         "{duration} [<called> [<whose>] {few:name}]",
-      "<set> [<a>] {few:name} timer (for|of|at|to|with|lasting|in) {duration}", "{word:name} timer [for|of|at|to] {duration}",
+      "<set> [<a>] {few:name} timer [for|of|at|to|with|lasting|in] {duration}", "{word:name} timer [for|of|at|to] {duration}",
       "<set> [<a>] timer (for|called|named|labelled|labeled|going for|on for) [<whose>] {few:name} [for|of|with|at|to|in|" +
         "lasting|say|about|maybe|like|it is|it takes|they take|they need|it needs] {duration}",
       "[<a>] timer (for|called|named) [<whose>] {few:name} [for|of|with] {duration}",
       "<set> [<a>] timer [going|running|on] (for|of) {duration} [(for|on) [<whose>] {few:name}]",
-      "[<set>] [<a>] {duration} on (a|the) timer [<called> [<whose>] {few:name}]", "{few:name} timer [for|of|at|to] {duration}",
+      "[<set>] {duration} on the clock", "[<set>] [<a>] {duration} on (a|the) timer [<called> [<whose>] {few:name}]", "{few:name} timer [for|of|at|to] {duration}",
       "time [<whose>] {few:name} for {duration}", "<set> [<a>] timer it is {duration}",
       "[<whose>] {few:name} (need|needs|take|takes) {duration} <set> [<a>] timer",
       "<set> [<a>] timer [<called> [<whose>] {few:name}] (to go off|to ring|ringing|so it rings) in {duration}",
       "<set> [<a>] {duration} {few:name} timer", "<set> [<a>] {duration} (countdown|count down)",
       "{duration} (countdown|count down)", "(time|count down|countdown|count) [me] [from|for|down from|down] {duration}",
-      "(tell|alert|notify|ping|warn|buzz|beep|beep at|call|ring|let|signal|give me a shout|shout|holler|nudge) [me|at me] " +
+      "(tell|alert|notify|ping|warn|buzz|beep|beep at|call|ring|let|signal|give me a shout|give me a heads up|give me a ping|shout|holler|nudge) [me|at me] " +
         "[know] (in|after) {duration}",
       "in {duration} (tell|alert|notify|ping|warn|buzz|beep|beep at|signal|let) me [know]",
       "(wake|get) me when {duration} (are|is) up",
       "(tell|alert|notify|ping|warn|let) me [know] when {duration} (are up|is up|have passed|has passed|are over|is over|" +
         "have gone by|have elapsed|has elapsed|are done)",
-      "{duration} (on the clock|on the timer|timer start|starting now)", "set (the|a|my) clock for {duration}",
+      "{duration} (on the clock|on the timer|timer start|starting now)", "(set|start|run) (the|a|my) clock for {duration}",
       "(ring|beep|go off) in {duration}", "set {duration} on the (timer|clock)", "put {duration} on the (timer|clock)",
       "start counting [down] [from] {duration}", "(put|set|stick) [<a>] {few:name} on a timer for {duration}",
     ],
@@ -36,7 +36,7 @@ export const englishTimers: readonly Request[] = [
     "wake",
     [
       "(wake me up|wake me|get me up|get me out of bed|get me going|rouse me|wake us up|wake us) [please|then] {moment}",
-      "{moment} (wake me up|wake me)", "wake up call {moment}",
+      "{moment} (wake me up|wake me)", "wake up call {moment}", "(wake me up|wake me) {duration} from now",
       "<set> [<a>] (wake up call|wake up alarm|morning alarm) [for] {moment}", "(wake me up|wake me) in {duration}",
       "in {duration} (wake me up|wake me)",
       "i (need|have|want|would like|got) to (wake up|get up|be up|be awake|be woken up|be woken) {moment}",
@@ -100,7 +100,7 @@ export const englishTimers: readonly Request[] = [
   [
     "cancelTimer",
     [
-      "<off> [<the>] [running] (timer|countdown)", "<off> [<the>] {duration} timer",
+      "<off> [<the>] [running] (timer|countdown)", "[<the>] timer off", "<off> [<the>] {duration} timer",
       "<off> [<the>] timer (of|for|with) {duration}", "<off> [<the>] {few:name} timer",
       "<off> [<the>] timer (for|called|named|labelled) [<whose>] {few:name}",
       "(turn|switch|shut) [<the>] [{few:name}] timer off", "i do not need [<the>] [{few:name}] timer anymore",
@@ -110,7 +110,8 @@ export const englishTimers: readonly Request[] = [
   [
     "cancelAlarm",
     [
-      "<off> [<the>] (alarm|alarm clock)", "<off> [<the>] {moment} alarm",
+      "<off> [<the>] (alarm|alarm clock)", "[<the>] alarm off", "<off> [<the>] {moment} alarm", "<off> [<the>] {day} alarm", "(turn|switch|shut) [<the>] {day} alarm off",
+      "(turn|switch|shut) [<the>] alarm off (for|on) {day}",
       "<off> [<the>] alarm [for|at|set for|set at|of] {moment}", "<off> [<the>] alarm (for|on|of) {day}",
       "<off> [<the>] {few:name} alarm", "<off> [<the>] alarm (called|named|for) {few:name}",
       "(turn|switch|shut) [<the>] alarm [for|at] [{moment}] off", "i do not need [<the>] alarm (anymore|any more)",
@@ -175,7 +176,7 @@ export const englishTimers: readonly Request[] = [
       "(is|are) there (any|much) time <left> [on [<the>] [{few:name}] timer]",
       "when (does|will|is) [<the>] [{few:name}] timer (go off|end|finish|ring|be done|be over|done|up|over|run out|going " +
         "to ring|going off|due|be up|expire)",
-      "(what|which) timers (do i have|are running|are set|are there|are active|are on|have i set|have i got|i have)",
+      "(what|which) timers (do i have|do we have|are running|are set|are there|are active|are on|have i set|have i got|i have) [going|running|set|on|left]",
       "(list|show|read|read out|tell me|give me|check|what are) [me] [all|all of] [<the>] [running|active|current] (timers|" +
         "timer)",
       "(do i have|are there|have i got|is there) (any|a|some) (timers|timer) [running|set|on|active|going|left|now|at the " +
@@ -194,7 +195,7 @@ export const englishTimers: readonly Request[] = [
       "(what|which) alarms (do i have|are set|are there|are on|have i set|have i got|are active|i have) [set|for tomorrow]",
       "what time is [<the>] [next] alarm [set|set for|at|going off]", "what time (does|will) [<the>] [next] alarm (go off|ring)",
       "what time (do i|will i|am i going to|will you) (wake up|get up|wake me up|wake me|get woken up)",
-      "(list|show|read|read out|tell me|give me|check|what are) [me] [all|all of] [<the>] (alarms|alarm)",
+      "(list|show|read|read out|tell me|give me|check|what are) [me] [all|all of] [<the>] (alarms|alarm) [(for|on) {day}]",
       "(do i have|are there|have i got|is there|have i set) (any|a|an|some) (alarms|alarm) [set|on|active] [for tomorrow|" +
         "tomorrow]",
       "(is|are) [<the>] (alarm|alarms) (set|on|active)",
@@ -209,7 +210,7 @@ export const englishTimers: readonly Request[] = [
     "tellReminders",
     [
       "(what|which) reminders (do i have|are set|are there|have i set|have i got|i have) [set|today|left|coming up]",
-      "(list|show|read|read out|tell me|give me|check|what are) [me] [all|all of] [<the>] (reminders|upcoming reminders)",
+      "(list|show|read|read out|tell me|give me|check|what are) [me] [all|all of] [<the>] (reminders|upcoming reminders) [(for|on) {day}]", "[what are] {day} reminders",
       "(do i have|are there|have i got|is there|have i set) (any|a|some) (reminders|reminder) [set|today|left]",
       "when is [<the>] [next] reminder", "what (did i ask|have i asked) you to remind me (of|about)",
       "what do you have to remind me (of|about)", "what am i [supposed] to (remember|be reminded of) [today]",

@@ -2,7 +2,7 @@
 
 import type { Day } from "./days.ts";
 import type { Slots } from "./grammar.ts";
-import { localText, timeOf, type Moment, type Purpose } from "./moments.ts";
+import { localText, timeOf, timesOf, type Moment, type Purpose } from "./moments.ts";
 import { isApplicationName, isItem, isTimerName, listName } from "./names.ts";
 import { bare } from "./tokens.ts";
 
@@ -65,18 +65,22 @@ function cancel(kind: string | undefined): Meaning {
   return (slots, now) => {
     const called = name(slots);
     const seconds = count(slots, "duration");
-    const at = slots.moment === undefined ? undefined : timeOf(slots.moment as Moment, now, "alarm");
-    // A day alone is no hour: which alarm is meant then is for its user to say.
-    if (!called || slots.day !== undefined || (slots.moment !== undefined && !at)) return undefined;
-    const which = { ...(kind === undefined ? {} : { kind }), ...called };
-    return { hand: "timer", given: { do: "cancel", ...which, ...(seconds === undefined ? {} : { seconds }), ...(at ? { at: localText(at) } : {}) } };
+    const moment = slots.moment as Moment | undefined;
+    const at = moment && timeOf(moment, now, "alarm");
+    if (!called || (slots.moment !== undefined && !at)) return undefined;
+    const on = slots.day === undefined ? {} : { day: dayText(slots.day as Day) };
+    const which = { ...(kind === undefined ? {} : { kind }), ...called, ...on };
+    // "My seven o'clock alarm" may be that of another day.
+    const times = moment && !moment.day ? { times: timesOf(moment) } : {};
+    return { hand: "timer", given: { do: "cancel", ...which, ...(seconds === undefined ? {} : { seconds }), ...(at ? { at: localText(at) } : {}), ...times } };
   };
 }
 
 function tell(kind: string | undefined): Meaning {
   return (slots) => {
     const called = name(slots);
-    return called && { hand: "timers", given: { ...(kind === undefined ? {} : { kind }), ...called } };
+    const on = slots.day === undefined ? {} : { day: dayText(slots.day as Day) };
+    return called && { hand: "timers", given: { ...(kind === undefined ? {} : { kind }), ...called, ...on } };
   };
 }
 
@@ -225,7 +229,8 @@ export const meanings = {
   recall: (slots) => {
     const about = text(slots, "text");
     const on = slots.day as Day | undefined;
-    return { hand: "recall", given: { ...(on ? { day: dayText(on) } : {}), ...(about === undefined ? {} : { about }) } };
+    const days = on?.days === undefined ? {} : { days: on.days };
+    return { hand: "recall", given: { ...(on ? { day: dayText(on), ...days } : {}), ...(about === undefined ? {} : { about }) } };
   },
   forget: fixed("forget"),
 } satisfies Record<string, Meaning>;
@@ -234,6 +239,12 @@ export type MeaningName = keyof typeof meanings;
 
 /** What these note down is kept to the word: "note that I have to go now". */
 export const verbatim: readonly MeaningName[] = ["note", "addToList", "removeFromList", "remind"];
+
+/** Where free words are kept to the letter; undefined where nothing is. */
+export function keptIn({ hand, given }: Meant): "text" | "about" | undefined {
+  if (hand === "note" && given.do === "note") return "text";
+  return hand === "timer" && given.do === "reminder" ? "about" : undefined;
+}
 
 /** A meaning, and the phrases that have it. */
 export type Request = readonly [MeaningName, readonly string[]];

@@ -80,7 +80,9 @@ function clock(tokens: readonly Token[], at: number, language: Language, isAnnou
     const hour = Number(written[1]);
     return withHalf(tokens, { hour, minute: Number(written[2]), isExact: hour > 12 || hour === 0 || written[1]!.startsWith("0") }, at + 1, language);
   }
-  return language === "en" ? englishClock(tokens, at, isAnnounced) : portugueseClock(tokens, at, isAnnounced);
+  if (language === "pt") return portugueseClock(tokens, at, isAnnounced);
+  const found = englishClock(tokens, at, isAnnounced);
+  return found && { ...found, next: found.next + (/^(sharp|exactly)$/.test(plain(found.next)) ? 1 : 0) };
 }
 
 /** Takes "am" or "pm" along. */
@@ -252,6 +254,15 @@ export function timeOf(said: Moment, now: Date, purpose: Purpose): Date | undefi
   }
   const both = ahead(on(today, early, minute), now) ?? ahead(on(today, early + 12, minute), now);
   return both ?? (said.day ? undefined : on(daysLater(today, 1), early, minute));
+}
+
+/** The times of a day that are meant, "07:00": two where the half of the day is open. */
+export function timesOf(said: Moment): string[] {
+  if (!said.clock) return [];
+  const hour = hourOf(said);
+  const two = (value: number): string => String(value).padStart(2, "0");
+  const hours = hour === undefined ? [said.clock.hour % 12, (said.clock.hour % 12) + 12] : [hour];
+  return hours.map((each) => `${two(each)}:${two(said.clock!.minute)}`);
 }
 
 function ahead(date: Date, now: Date): Date | undefined {

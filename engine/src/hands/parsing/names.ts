@@ -9,7 +9,9 @@ function set(words: string): ReadonlySet<string> {
 /** Days, and what corrects what was said before: "for five, no wait, ten minutes". */
 const neverInNames = set(
   "today tomorrow tonight yesterday monday tuesday wednesday thursday friday saturday sunday hoje amanha ontem " +
-    "no not wait sorry actually mean rather nao espera perai desculpa digo alias",
+    "no not wait sorry actually mean rather nao espera perai desculpa digo alias " +
+    // What comes again and again is no name, and is not what would be set.
+    "daily weekly monthly yearly hourly nightly every each recurring repeating weekday weekdays diario diaria semanal mensal anual cada",
 );
 /** Words that stand before "timer" without being its name. */
 const neverInTimers = set(
@@ -20,7 +22,7 @@ const neverInTimers = set(
 /** A list is not called so: "my shopping list is too long" tells something of it. */
 const neverInLists = set(
   "on in onto off from add adds put also is are was were be being been has have had gets getting got needs need will would should can could does did esta estao era foi e sao " +
-    "fica ficou ficando tem tinha vai precisa deve pode que",
+    "fica ficou ficando tem tinha vai precisa deve pode que too also well please tambem favor",
 );
 /** What is added does not begin so: "what goes on the shopping list" asks, and "it" is not said. */
 const neverFirstItem = set(
@@ -38,8 +40,10 @@ const neverFirst = set(
 /** Nor are these anywhere in one. */
 const neverInApplications = set(
   "is are was were takes take has have makes make does can could will would hurts costs helps faz fazem fez esta sao tem vai vao pode doi custa leva ajuda foi era please thanks favor obrigado obrigada with com me my him her them us who whom whose because while until before esse essa esses essas aquele aquela dele dela comigo contigo porque " +
-    "enquanto sempre nunca everybody everyone somebody someone nobody alguem ninguem",
+    "enquanto sempre nunca everybody everyone somebody someone nobody alguem ninguem it ela ele isso isto open launch abre abra abrir",
 );
+/** "Five minutes, then ten" is no name, and "start the clock for twenty minutes" opens nothing. */
+const lengths = /^(seconds?|minutes?|hours?|segundos?|minutos?|horas?)$/;
 /** What people open, start and run that is no application. */
 const things = set(
   "party festa door doors window windows gate mouth eye eyes mind heart hand hands arms jar jars bottle bottles can tin box package parcel present gift " +
@@ -55,7 +59,7 @@ const mostApplicationWords = 5;
 
 /** The name of a timer or an alarm. */
 export function isTimerName(said: string): boolean {
-  return plainWords(said).every((word) => !neverInNames.has(word) && !neverInTimers.has(word));
+  return plainWords(said).every((word) => !neverInNames.has(word) && !neverInTimers.has(word) && !lengths.test(word));
 }
 
 /** The name of a list as it was said, "" for the usual one, or undefined where it can be none. */
@@ -75,5 +79,5 @@ export function isApplicationName(said: string): boolean {
   if (words.length === 0 || words.length > mostApplicationWords || neverFirst.has(words[0]!) || words.some((word) => things.has(word))) return false;
   // "Passwords and Keys" is one, "Firefox and then the calculator" is more.
   if (words.length > 3 && words.some((word) => /^(and|e)$/.test(word))) return false;
-  return words.every((word) => !neverInNames.has(word) && !neverInApplications.has(word));
+  return words.every((word) => !neverInNames.has(word) && !neverInApplications.has(word) && !lengths.test(word));
 }

@@ -97,8 +97,8 @@ export const portuguese: Phrasing = {
     "(ei|oi|ola|ok|ta bom|entao|bom|bem|agora|e|ah|hum|ai|opa|certo|beleza|legal|escuta|olha|vai|valeu|sim|faz favor|" +
       "tambem|rapidinho|rapido|bom dia|boa tarde|boa noite|alo|ne|tipo|viu|so|faz o seguinte|seguinte|por acaso|meu bem|" +
       "querida|querido|amigo|amiga|cara|mano|oxe|uai|ue|perfeito|otimo|show|pronto|depois|dai)",
-    "(esta|isso esta|o som esta|o volume esta|a musica esta|ficou|estou achando) [muito|bem|tao|meio|um pouco] (alto|baixo|" +
-      "barulhento) [demais]",
+    "(esta|isso esta|voce esta|o som esta|o volume esta|a musica esta|ficou|estou achando) [muito|bem|tao|meio|um pouco] (alto|alta|baixo|" +
+      "baixa|barulhento) [demais]",
     "(o|a|os|as|meu|minha|meus|minhas) (bebe|nenem|crianca|criancas|vizinho|vizinhos|filho|filha|mae) (esta|estao) " +
       "(dormindo|reclamando)",
     "(estou|eu estou|eu vou|vou|a gente vai|estamos|ja vou|preciso|tenho que) (saindo|indo|indo embora|sair|embora|ir|ir " +

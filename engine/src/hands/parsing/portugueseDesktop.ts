@@ -20,7 +20,7 @@ export const portugueseDesktop: readonly Request[] = [
         "captura da tela|screenshot da tela|foto do ecra|printe|print do ecra|fotografia da tela|print de tela|copia da tela|" +
         "instantaneo da tela) [disso|da tela|aqui]",
       "(captura|capture|capturar|fotografa|fotografe|printa|printe) [<the>] [minha] tela",
-      "(captura de tela|captura da tela|print da tela|print|screenshot|print screen)",
+      "[um|uma] (captura de tela|captura da tela|print da tela|print|screenshot|print screen|foto da tela)",
       "(tira|tire|tirar|faz|faca|fazer|da|bate|pega|salva) [um|uma|o|a|ai] (print|captura|captura de tela|screenshot|foto|" +
         "imagem) (disso|disto|da tela|da minha tela|do meu computador|da tela toda|da tela inteira|desta tela|dessa tela|" +
         "dessa pagina|dessa janela|da janela|de tudo|do monitor|da area de trabalho) [ai|aqui|toda|inteira]",
@@ -53,6 +53,7 @@ export const portugueseDesktop: readonly Request[] = [
     [
       "(abre|abra|abrir|entra|entre|entrar|vai|va|acessa|acesse|acessar|visita|visite|navega|navegue|mostra|me leva|" +
         "carrega) [o|a|no|na|em|para|para o|ate] [site|pagina|endereco|pagina web|portal] [da|do|de] {text} [no navegador]",
+      "<open> [o|meu] navegador (em|no|na|com) [o] [site|pagina|endereco] {text}",
     ],
   ],
   [

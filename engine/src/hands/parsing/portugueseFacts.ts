@@ -2,6 +2,11 @@
 
 import type { Request } from "./meanings.ts";
 
+/** What was talked about may be asked for with its day. */
+function onADay(phrases: readonly string[]): string[] {
+  return phrases.flatMap((phrase) => (phrase.endsWith("{text}") ? [`${phrase} [na|no|em|nessa|nesta] {past:day}`, phrase] : [phrase]));
+}
+
 export const portugueseFacts: readonly Request[] = [
   [
     "battery",
@@ -13,6 +18,7 @@ export const portugueseFacts: readonly Request[] = [
         "[<the>] [nivel|carga|estado|porcentagem|percentual|status|nivel de carga] [de|da] (bateria|carga da bateria) [do " +
         "notebook|do computador|agora]",
       "[nivel|status|carga|estado|porcentagem] [de|da] bateria",
+      "[eu] (estou|estamos) (na|usando a|com a|so na) bateria", "[eu] (estou|estamos) (na tomada|carregando)",
       "[<the>] (notebook|computador|bateria|laptop|pc) (esta|ta) (carregando|na tomada|carregado|carregada|cheia|fraca|" +
         "acabando|descarregando|ligado na tomada|baixa|conectado na tomada|na bateria)",
       "quanto tempo [ainda] (dura|vai durar|resta de|aguenta|tem de) [<the>] (bateria|notebook)",
@@ -136,7 +142,7 @@ export const portugueseFacts: readonly Request[] = [
   [
     "weekday",
     [
-      "(que|qual|em que|em qual) (dia|dia da semana|data) (e|foi|sera|vai ser|cai|caiu|vai cair|e que e|esta) [o|a|no|em] {day}",
+      "(que|qual|em que|em qual) (dia|dia da semana|data) (e|era|foi|sera|vai ser|cai|caiu|vai cair|e que e|esta) [o|a|no|em] {day}",
       "(que|qual) (dia da semana|dia|data) [e|sera] [o|a|no|em] {day} (e|foi|sera|cai|caiu|vai cair|vai ser)",
       "{day} (e|cai|foi|sera|vai ser|vai cair) (que|em que|em qual|qual|num) (dia|dia da semana)",
       "(em que|que|qual) dia (da semana|) (cai|sera|foi|vai cair) [o|a] {day}",
@@ -208,7 +214,7 @@ export const portugueseFacts: readonly Request[] = [
   ],
   [
     "recall",
-    [
+    onADay([
       "(sobre o que|do que|de que|o que|sobre que|que) (conversamos|falamos|a gente conversou|a gente falou|nos " +
         "conversamos|nos falamos|discutimos|eu falei|eu perguntei|eu te perguntei|perguntei|te perguntei|eu disse|eu pedi|" +
         "estavamos falando|estavamos conversando|eu te disse|eu te pedi|nos discutimos|conversei com voce|falei com voce|eu " +
@@ -246,7 +252,7 @@ export const portugueseFacts: readonly Request[] = [
       "(ja falamos|ja conversamos|nos ja falamos|a gente ja falou) (sobre|de|do|da) [o|a] {text}",
       "qual foi [o assunto da|o assunto de|o tema da] [nossa] conversa [de] {past:day}",
       "{past:day} (conversamos|falamos|a gente conversou) sobre o que",
-    ],
+    ]),
   ],
   [
     "forget",

@@ -32,7 +32,7 @@ export const portugueseNotes: readonly Request[] = [
   [
     "readNotes",
     [
-      "<readverb> [todas] [<the>] [ultimas|ultima] (notas|anotacoes|nota|anotacao) [para mim|em voz alta]",
+      "<readverb> [todas] [<the>] [ultimas|ultima] (notas|anotacoes|nota|anotacao) [para mim|comigo|em voz alta]",
       "(o que|que) (tem|esta|ha|esta escrito|eu tenho|tenho) (nas|em) [minhas] (notas|anotacoes)",
       "(o que|que) (eu anotei|anotei|eu escrevi|eu pedi para anotar|pedi para voce anotar|eu pedi para voce anotar|ficou " +
         "anotado|voce anotou)",

@@ -161,6 +161,7 @@ export const portugueseTimers: readonly Request[] = [
         "[<called> {few:name}]] [acabar|tocar|terminar]",
       "quantas horas <restam> (no|para o|do) [meu] <timer>",
       "quanto [tempo] (<restam>) (para|no|na|do|da) [o|a] {few:name} (ficar pronto|ficar pronta|acabar|terminar)",
+      "quando [e que] [<the>] <timer> [<called> {few:name}] (acaba|termina|toca|vai tocar|vai acabar|fica pronto)",
       "quando (acaba|termina|toca|vai tocar|vai acabar|vai terminar|termina o tempo) [<the>] <timer> [<called> {few:name}]",
       "(como esta|como anda|como vai|em quanto esta|em que pe esta|cade|a quantas anda) [<the>] <timer> [<called> {few:name}]",
       "quanto [tempo] (marca|mostra|diz) [<the>] <timer>",
@@ -216,7 +217,7 @@ export const portugueseTimers: readonly Request[] = [
     "tellReminders",
     [
       "(quais|que) lembretes (eu tenho|tenho|estao ativos|existem|ha|tem|estao marcados|eu marquei|eu criei|estao programados)",
-      "quais sao [<the>] [proximos] lembretes", "<readverb> [todos] [<the>] lembretes",
+      "quais sao [<the>] [proximos] lembretes [(de|para|do|da) {day}]", "[<the>] lembretes (de|para|do|da) {day}", "<readverb> [todos] [<the>] lembretes",
       "(tem|tenho|ha|existe|eu tenho) [algum|alguns|um] (lembrete|lembretes) [ativo|marcado|para hoje|hoje|marcados]",
       "quantos lembretes (eu tenho|tenho|ha|tem)", "qual [e] [<the>] [proximo|meu proximo] lembrete",
       "quando e [<the>] [proximo|meu proximo] lembrete",

@@ -4,7 +4,8 @@
 import type { Language } from "../../base/language.ts";
 import { cut } from "../../base/text.ts";
 import { plainWords } from "../../base/words.ts";
-import type { Meant } from "./meanings.ts";
+import { severalIn } from "./joined.ts";
+import { keptIn, type Meant } from "./meanings.ts";
 import { isThanks, understood } from "./sentence.ts";
 
 export interface RequestPart {
@@ -18,6 +19,8 @@ export interface RequestPart {
 /** No more of a request is looked at than so many characters, and so many of its sentences understood. */
 export const longestRequest = 20_000;
 export const mostSentences = 50;
+/** A longer text joins no requests. In characters. */
+const longestJoined = 400;
 /** These end in a stop without ending a sentence: "Dr. Silva", "J. Doe", and "7 p.m. tomorrow" but not "7 p.m. Then". */
 const shortened = String.raw`\b(?:[Dd]ra?|[Mm]rs?|[Mm]s|[Ss]ra?|[Ss]t|(?<![AaPp]\.\s?)\p{L})\.`;
 const hour = String.raw`(?<=\b[AaPp]\.\s?[Mm]\.)(?!\s+\p{Lu})`;
@@ -25,8 +28,12 @@ const sentenceEnd = new RegExp(String.raw`(?<=[.!?;])(?<!${shortened})(?!${hour}
 
 /** The sentences in which a word is said. */
 export function partsOf(request: string, language: Language, now: Date): RequestPart[] {
-  const sentences = sentencesOf(cut(request, longestRequest));
-  const reading = sentences.map(({ text }, at) => (at < mostSentences ? understood(text, language, now) : undefined));
+  const isShort = request.length <= longestJoined;
+  const sentences = sentencesOf(cut(request, longestRequest)).flatMap(({ text, start }, at): RequestPart[] => {
+    const meant = at < mostSentences ? understood(text, language, now) : undefined;
+    return (!meant && isShort && severalIn(text, start, language, now)) || [{ text, start, meant }];
+  });
+  const reading = sentences.map(({ meant }) => meant);
   const parts: RequestPart[] = [];
   for (let at = 0; at < sentences.length; ) {
     const first = sentences[at]!;
@@ -61,12 +68,6 @@ function sentencesOf(request: string): { text: string; start: number }[] {
   const starts = [0, ...ends.map(([, next]) => next)];
   const sentences = starts.map((start, at) => ({ text: request.slice(start, ends[at]?.[0]), start }));
   return sentences.filter(({ text }) => plainWords(text).length > 0);
-}
-
-/** Where free words are kept to the letter; undefined where nothing is. */
-function keptIn({ hand, given }: Meant): "text" | "about" | undefined {
-  if (hand === "note" && given.do === "note") return "text";
-  return hand === "timer" && given.do === "reminder" ? "about" : undefined;
 }
 
 /** After a note, what writes down more is its own request; anything else may be what the note is to say. */

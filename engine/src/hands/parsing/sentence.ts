@@ -5,7 +5,7 @@ import { english } from "./english.ts";
 import { matched, phrase, type Phrase, type Sentence } from "./grammar.ts";
 import { meanings, verbatim, type MeaningName, type Meant, type Phrasing } from "./meanings.ts";
 import { portuguese } from "./portuguese.ts";
-import { isFiller, isPause, tokensOf, type Token } from "./tokens.ts";
+import { isFiller, isPause, tokensOf, withoutAsides, type Token } from "./tokens.ts";
 
 interface Compiled {
   before: Phrase[];
@@ -44,6 +44,13 @@ function compile({ parts, before, polite, after, requests }: Phrasing): Compiled
 export function understood(text: string, language: Language, now: Date): Meant | undefined {
   const tokens = wordsOf(text, language);
   if (tokens.length === 0 || tokens.length > mostTokens) return undefined;
+  const found = asked(text, tokens, language, now);
+  if (found) return found;
+  const fewer = withoutAsides(tokens, language);
+  return fewer.length < tokens.length ? asked(text, fewer, language, now) : undefined;
+}
+
+function asked(text: string, tokens: readonly Token[], language: Language, now: Date): Meant | undefined {
   const { before, polite, after, requests } = compiledFor(language);
   const around = { text, language, now };
   const starts = [...ends(tokens.toReversed(), before, around, true)].map((length) => tokens.length - length);

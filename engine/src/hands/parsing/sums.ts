@@ -85,8 +85,18 @@ export function measure(tokens: readonly Token[], at: number, language: Language
   if (half) return half;
   const minus = /^(minus|menos|−)$/.test(tokens[at]?.plain ?? "") ? at + 1 : at;
   const count = isOne ? { value: 1, next: at + 1 } : number(tokens, minus, language);
-  const of = count && unit(tokens, count.next, language);
-  return of && { value: `${minus > at ? "-" : ""}${plainNumber(count.value)} ${of.value}`, next: of.next };
+  if (!count) return undefined;
+  const more = language === "en" && startsWith(tokens, count.next, ["and", "a", "half"]) ? 3 : 0;
+  const of = unit(tokens, count.next + more, language);
+  const after = of && more === 0 ? halfAfter(tokens, of.next, language) : 0;
+  const value = more + after > 0 ? count.value + 0.5 : count.value;
+  return of && { value: `${minus > at ? "-" : ""}${plainNumber(value)} ${of.value}`, next: of.next + after };
+}
+
+/** The length of "and a half" after a unit: "dois quilos e meio". */
+function halfAfter(tokens: readonly Token[], at: number, language: Language): number {
+  if (language === "en") return startsWith(tokens, at, ["and", "a", "half"]) ? 3 : 0;
+  return /^mei[ao]$/.test(tokens[at + 1]?.plain ?? "") && tokens[at]?.plain === "e" ? 2 : 0;
 }
 
 /** "Half a pound", "meia libra". */

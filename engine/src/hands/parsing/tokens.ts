@@ -74,6 +74,31 @@ export function isFiller({ plain }: Token, language: Language): boolean {
   return fillers[language].test(plain);
 }
 
+const forMe: Record<Language, readonly [string, string]> = { en: ["for", "me"], pt: ["para", "mim"] };
+const latestForMe = 4;
+const questionWords: Record<Language, RegExp> = {
+  en: /^(what|which|how|when|where|who|is|are|do|does|am|have|has|any)$/,
+  pt: /^(o|que|quais|qual|quant[oa]s?|como|quando|onde|quem|do|tem|tenho|ha|esta)$/,
+};
+const adverbs: Record<Language, RegExp> = { en: /^(still|currently|actually|exactly)$/, pt: /^(ainda|atualmente|exatamente|mesmo|eu)$/ };
+
+/**
+ * Leaves out what changes nothing: "for me" near the beginning of "open for me the calculator", in a question such words as "still", and
+ * "é que" after a question word.
+ */
+export function withoutAsides(tokens: readonly Token[], language: Language): readonly Token[] {
+  const plain = (at: number): string => tokens[at]?.plain ?? "";
+  const isPair = (at: number, [one, other]: readonly [string, string]): boolean => plain(at) === one && plain(at + 1) === other;
+  const isForMe = (at: number): boolean => at > 0 && at <= latestForMe && at + 2 < tokens.length && isPair(at, forMe[language]);
+  const isQuestion = questionWords[language].test(plain(0));
+  const isCleft = (at: number): boolean =>
+    language === "pt" && isQuestion && at > 0 && at < 3 && (isPair(at, ["e", "que"]) || isPair(at, ["foi", "que"]));
+  return tokens.filter((_, at) => {
+    if (isForMe(at) || isForMe(at - 1) || isCleft(at) || isCleft(at - 1)) return false;
+    return !(isQuestion && adverbs[language].test(plain(at)));
+  });
+}
+
 /** Marks that no token is made of, where they touch what is said, and pictures. */
 const marksBefore = /(?:\p{Extended_Pictographic}\ufe0f?\s*)*[^\s\p{L}\p{M}\p{N}]*$/u;
 const marksAfter = /^[^\s\p{L}\p{M}\p{N}]*(?:\s*\p{Extended_Pictographic}\ufe0f?)*/u;

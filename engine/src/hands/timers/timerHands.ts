@@ -1,10 +1,11 @@
 // The hands for timers, alarms and reminders: one that sets and cancels them, one that tells of them.
 
 import type { Clock } from "../../base/clock.ts";
+import { isRecord } from "../../base/json.ts";
 import type { Language } from "../../base/language.ts";
-import { choiceIn, flagIn, isGiven, numberIn, textIn, timeIn } from "../given.ts";
+import { choiceIn, dayIn, flagIn, isGiven, numberIn, textIn, timeIn } from "../given.ts";
 import type { Hand } from "../hand.ts";
-import { clockTime, dayAndTime, duration, joined } from "../saying.ts";
+import { bareDay, clockTime, dayAndTime, duration, joined } from "../saying.ts";
 import { mostTimers, type Kind, type Timer, type Timers, type Which } from "./timers.ts";
 
 const kinds: readonly Kind[] = ["timer", "alarm", "reminder"];
@@ -14,6 +15,8 @@ const mostTold = 5;
 
 interface Cancelling {
   which: Which;
+  /** What else may be meant where there is none at that time. */
+  times: readonly string[];
   isAll: boolean;
 }
 
@@ -34,7 +37,7 @@ const nouns: Record<Language, Record<Kind, [one: string, many: string]>> = {
 /** "the pasta timer", "the alarm for tomorrow at 7:00 AM", "the reminder to buy milk". */
 export function described({ kind, name, seconds, at }: Timer, now: Date, language: Language): string {
   const [noun] = nouns[language][kind];
-  const when = seconds === undefined ? dayAndTime(new Date(at), now, language) : duration(seconds, language);
+  const when = seconds === undefined ? bareDay(dayAndTime(new Date(at), now, language)) : duration(seconds, language);
   if (language === "pt") return name === undefined ? `o ${noun} de ${when}` : kind === "reminder" ? `o lembrete “${name}”` : `o ${noun} “${name}”`;
   if (name !== undefined) return kind === "reminder" ? `the reminder “${name}”` : `the ${name} ${noun}`;
   return seconds === undefined ? `the ${noun} for ${when}` : `the ${noun} of ${when}`;
@@ -53,6 +56,7 @@ class TimerHand implements Hand {
       name: { type: "string", description: "The name of the timer or alarm, or a part of what to cancel is called" },
       about: { type: "string", description: "What a reminder is about" },
       kind: { type: "string", enum: kinds, description: "For cancel" },
+      day: { type: "string", description: "For cancel: the day on which it would ring, YYYY-MM-DD" },
       all: { type: "boolean", description: "Cancel all of the kind" },
     },
     required: ["do"],
@@ -88,7 +92,7 @@ class TimerHand implements Hand {
       const length = duration(seconds, language);
       return isPortuguese ? `marcar um ${noun}${called} para daqui a ${length}` : `set ${kind === "alarm" ? "an" : "a"} ${noun}${called} that rings in ${length}`;
     }
-    const when = dayAndTime(new Date(at ?? 0), now, language);
+    const when = bareDay(dayAndTime(new Date(at ?? 0), now, language));
     return isPortuguese ? `marcar um ${noun}${called} para ${when}` : `set ${kind === "alarm" ? "an" : "a"} ${noun}${called} for ${when}`;
   }
 
@@ -113,6 +117,8 @@ class TimerHand implements Hand {
     if (isGiven(given, "seconds") && seconds === undefined) return undefined;
     const at = timeIn(given, "at")?.getTime();
     if (isGiven(given, "at") && at === undefined) return undefined;
+    const day = dayIn(given, "day");
+    if (isGiven(given, "day") && day === undefined) return undefined;
     const name = textIn(given, "about") ?? textIn(given, "name");
     switch (what) {
       case undefined:
@@ -122,7 +128,7 @@ class TimerHand implements Hand {
       case "cancel": {
         const kind = choiceIn(given, "kind", kinds);
         const isAll = flagIn(given, "all") ?? false;
-        return { do: "cancel", which: { kind, name, seconds, at }, isAll };
+        return { do: "cancel", which: { kind, name, seconds, at, day }, times: timesIn(given), isAll };
       }
       default:
         if ((seconds === undefined) === (at === undefined)) return undefined;
@@ -132,9 +138,10 @@ class TimerHand implements Hand {
   }
 
   /** What is to be cancelled: what rings before what is still to ring. It is not clear when it is several of which one is meant. */
-  #chosen({ which, isAll }: Cancelling): { chosen: Timer[]; isClear: boolean } {
+  #chosen({ which, times, isAll }: Cancelling): { chosen: Timer[]; isClear: boolean } {
     const ringing = this.timers.find(which, this.timers.ringing);
-    const found = this.timers.find(which);
+    const exact = this.timers.find(which);
+    const found = exact.length > 0 || times.length === 0 ? exact : this.timers.find({ ...which, at: undefined, times });
     if (isAll) return { chosen: [...ringing, ...found], isClear: true };
     return ringing.length > 0 ? { chosen: ringing, isClear: true } : { chosen: found, isClear: found.length <= 1 };
   }
@@ -162,17 +169,23 @@ class TimerHand implements Hand {
   }
 }
 
+/** Sentences give these. */
+function timesIn(given: unknown): string[] {
+  const times = isRecord(given) && Array.isArray(given.times) ? given.times : [];
+  return times.slice(0, 2).filter((time) => typeof time === "string");
+}
+
 function set({ kind, seconds, at, name }: Timer, now: Date, language: Language): string {
   const [noun] = nouns[language][kind];
   const when = dayAndTime(new Date(at), now, language);
   if (language === "pt") {
     if (kind === "reminder") return seconds === undefined ? `Lembro você ${when}: ${name}.` : `Em ${duration(seconds, language)} eu lembro você: ${name}.`;
     const called = name === undefined ? "" : ` “${name}”`;
-    return seconds === undefined ? `Alarme${called} marcado para ${when}.` : `${kind === "alarm" ? "Alarme" : "Timer"}${called}: ${duration(seconds, language)}, contando.`;
+    return seconds === undefined ? `Alarme${called} marcado para ${bareDay(when)}.` : `${kind === "alarm" ? "Alarme" : "Timer"}${called}: ${duration(seconds, language)}, contando.`;
   }
   if (kind === "reminder") return seconds === undefined ? `I will remind you ${when}: ${name}.` : `I will remind you in ${duration(seconds, language)}: ${name}.`;
   const called = name === undefined ? `The ${noun}` : `The ${name} ${noun}`;
-  return seconds === undefined ? `${called} is set for ${when}.` : `${called} rings in ${duration(seconds, language)}.`;
+  return seconds === undefined ? `${called} is set for ${bareDay(when)}.` : `${called} rings in ${duration(seconds, language)}.`;
 }
 
 class TimersHand implements Hand {
@@ -180,7 +193,7 @@ class TimersHand implements Hand {
   readonly description = "Tells which timers, alarms and reminders are set and how long is left.";
   readonly parameters = {
     type: "object",
-    properties: { kind: { type: "string", enum: kinds }, name: { type: "string" } },
+    properties: { kind: { type: "string", enum: kinds }, name: { type: "string" }, day: { type: "string", description: "YYYY-MM-DD" } },
   } as const;
   readonly changes = false;
 
@@ -194,10 +207,10 @@ class TimersHand implements Hand {
   }
 
   async act(given: unknown, language: Language): Promise<string> {
-    const which = { kind: choiceIn(given, "kind", kinds), name: textIn(given, "name") };
+    const which = { kind: choiceIn(given, "kind", kinds), name: textIn(given, "name"), day: dayIn(given, "day") };
     const meant = this.timers.find(which);
     // Who asks for timers may mean an alarm.
-    const found = meant.length > 0 ? meant : this.timers.find({ name: which.name });
+    const found = meant.length > 0 ? meant : this.timers.find({ name: which.name, day: which.day });
     const now = new Date(this.clock.now());
     const isPortuguese = language === "pt";
     const [, many] = nouns[language][which.kind ?? "timer"];
@@ -228,7 +241,7 @@ function left(timer: Timer, now: Date, language: Language): string {
 export function ringText({ kind, name, seconds, at }: Timer, now: Date, language: Language): string {
   const isLate = now.getTime() - at > 60_000;
   const isPortuguese = language === "pt";
-  const was = isLate ? (isPortuguese ? ` Era para ${dayAndTime(new Date(at), now, language)}.` : ` It was due ${dayAndTime(new Date(at), now, language)}.`) : "";
+  const was = isLate ? (isPortuguese ? ` Era para ${bareDay(dayAndTime(new Date(at), now, language))}.` : ` It was due ${dayAndTime(new Date(at), now, language)}.`) : "";
   if (kind === "reminder") return `${isPortuguese ? "Lembrete" : "A reminder"}: ${name}.${was}`;
   if (kind === "alarm") {
     const time = clockTime(isLate ? now : new Date(at), language);

@@ -14,6 +14,8 @@ export interface Timer {
   at: number;
   /** The length for which it was set, in seconds; none for one that was set for a time of day. */
   seconds?: number;
+  /** It is due after a while, and not when the clock says a time. After a restart of the machine the clock is all there is. */
+  isElapsing?: boolean;
   /** A timer's name, or what a reminder is about. */
   name?: string;
 }
@@ -24,12 +26,21 @@ export interface Which {
   name?: string | undefined;
   seconds?: number | undefined;
   at?: number | undefined;
+  /** The times of a local day, "07:00", at one of which it rings. */
+  times?: readonly string[] | undefined;
+  /** The local day on which it rings. */
+  day?: Date | undefined;
 }
 
 /** Where the timers are kept: one text. */
 export interface Shelf {
   load(): string | undefined;
   save(text: string): void;
+}
+
+interface Times {
+  now: number;
+  uptime: number;
 }
 
 export const mostTimers = 100;
@@ -42,9 +53,7 @@ export class Timers {
   #all: Timer[];
   #ringing: Timer[] = [];
   #cancel = (): void => {};
-  #seen: { now: number; uptime: number };
-  /** What was set by this clock. What was kept may be of a time before the machine started, and the clock only now be put right. */
-  readonly #own = new WeakSet<Timer>();
+  #seen: Times;
 
   /** Called when one rings; it is then among those that ring until it is stopped or snoozed. */
   onRing: (timer: Timer) => void = () => {};
@@ -55,8 +64,8 @@ export class Timers {
     private readonly clock: Clock,
     private readonly shelf: Shelf,
   ) {
-    this.#all = read(shelf.load());
     this.#seen = this.#times();
+    this.#all = read(shelf.load(), this.#seen, clock.run);
   }
 
   /** Begins to watch the time: what fell due before rings now. */
@@ -76,7 +85,8 @@ export class Timers {
   /** Gives undefined when there are too many. */
   set(kind: Kind, at: number, more: { seconds?: number; name?: string }): Timer | undefined {
     // Those that ring count, too: there is always room to snooze them.
-    return this.#all.length + this.#ringing.length < mostTimers ? this.#add(kind, at, more) : undefined;
+    if (this.#all.length + this.#ringing.length >= mostTimers) return undefined;
+    return this.#add({ kind, at, ...more, isElapsing: more.seconds !== undefined });
   }
 
   find(which: Which, among: readonly Timer[] = this.#all): Timer[] {
@@ -86,6 +96,8 @@ export class Timers {
         (which.kind === undefined || timer.kind === which.kind) &&
         (which.seconds === undefined || timer.seconds === which.seconds) &&
         (which.at === undefined || timer.at === which.at) &&
+        (which.times === undefined || which.times.includes(new Date(timer.at).toTimeString().slice(0, 5))) &&
+        (which.day === undefined || new Date(timer.at).toDateString() === which.day.toDateString()) &&
         words.every((word) => plainWords(timer.name ?? "").includes(word)),
     );
   }
@@ -108,7 +120,7 @@ export class Timers {
   snooze(seconds: number, timers: readonly Timer[] = this.#ringing): Timer[] {
     const snoozed = this.#ringing.filter((timer) => timers.includes(timer));
     const at = this.clock.now() + seconds * 1_000;
-    const again = snoozed.map(({ kind, name }) => this.#add(kind, at, name === undefined ? {} : { name }));
+    const again = snoozed.map((timer) => this.#add({ ...timer, at, isElapsing: true }));
     this.stop(snoozed);
     return again;
   }
@@ -122,12 +134,11 @@ export class Timers {
     this.#cancel();
   }
 
-  #add(kind: Kind, at: number, more: { seconds?: number; name?: string }): Timer {
+  #add(wanted: Omit<Timer, "id">): Timer {
     // The new one is set by the clock as it is now.
     this.#followClock();
     const id = Math.max(0, ...[...this.#all, ...this.#ringing].map((timer) => timer.id)) + 1;
-    const timer: Timer = { id, kind, at, ...more };
-    this.#own.add(timer);
+    const timer: Timer = { ...wanted, id };
     this.#keep([...this.#all, timer]);
     return timer;
   }
@@ -140,7 +151,12 @@ export class Timers {
 
   /** What rings is kept, too: an engine that ends in the middle of it goes on when it is back. */
   #save(): void {
-    this.shelf.save(JSON.stringify([...this.#ringing, ...this.#all]));
+    const { now, uptime } = this.#seen;
+    const { run } = this.clock;
+    const kept = [...this.#ringing, ...this.#all].map(({ isElapsing, ...timer }) =>
+      isElapsing ? { ...timer, due: { run, uptime: timer.at - now + uptime } } : timer,
+    );
+    this.shelf.save(JSON.stringify(kept));
   }
 
   #watch(): void {
@@ -161,18 +177,18 @@ export class Timers {
     this.#seen = times;
     const setBy = times.now - before.now - (times.uptime - before.uptime);
     if (Math.abs(setBy) < leastSetMs) return;
-    for (const timer of this.#all) if (timer.seconds !== undefined && this.#own.has(timer)) timer.at += setBy;
+    for (const timer of this.#all) if (timer.isElapsing) timer.at += setBy;
     this.#all.sort((a, b) => a.at - b.at);
     this.#save();
   }
 
-  #times(): { now: number; uptime: number } {
+  #times(): Times {
     return { now: this.clock.now(), uptime: this.clock.uptime() };
   }
 }
 
 /** Leaves out what is no timer: the file may have been written by anybody. */
-function read(text: string | undefined): Timer[] {
+function read(text: string | undefined, times: Times, run: string): Timer[] {
   const value = parseJson(text ?? "[]");
   if (!Array.isArray(value)) return [];
   const timers = value.slice(0, mostTimers).flatMap((entry: unknown, index): Timer[] => {
@@ -180,7 +196,15 @@ function read(text: string | undefined): Timer[] {
     const kind = (["timer", "alarm", "reminder"] as const).find((each) => each === entry.kind);
     if (!kind) return [];
     const seconds = typeof entry.seconds === "number" ? { seconds: entry.seconds } : {};
-    return [{ id: index + 1, kind, at: entry.at, ...seconds, ...(typeof entry.name === "string" ? { name: entry.name } : {}) }];
+    const name = typeof entry.name === "string" ? { name: entry.name } : {};
+    return [{ id: index + 1, kind, ...dueOf(entry.at, entry.due, times, run), ...seconds, ...name }];
   });
   return timers.sort((a, b) => a.at - b.at);
+}
+
+/** The clock may have been set while the engine was away. */
+function dueOf(at: number, due: unknown, { now, uptime }: Times, run: string): Pick<Timer, "at" | "isElapsing"> {
+  if (!isRecord(due) || run === "" || due.run !== run || typeof due.uptime !== "number" || !Number.isFinite(due.uptime)) return { at };
+  const elapsed = now + due.uptime - uptime;
+  return { at: Math.abs(elapsed - at) < leastSetMs ? at : elapsed, isElapsing: true };
 }

@@ -77,6 +77,23 @@ describe("the hand for timers", () => {
     expect(timers.pending).toEqual([]);
   });
 
+  test("cancels the one of the hour that is said, whatever its day, and those of a day", async () => {
+    const { timers, act, tell } = handsOf();
+    await act({ do: "alarm", at: "2026-01-08T07:00" });
+    const atSeven = { do: "cancel", kind: "alarm", at: "2026-01-05T19:00", times: ["07:00", "19:00"] };
+    expect(await act(atSeven)).toBe("I cancelled the alarm for Thursday at 7:00 AM.");
+    await act({ do: "alarm", at: "2026-01-08T07:00" });
+    await act({ do: "alarm", at: "2026-01-05T19:00" });
+    expect(await act(atSeven)).toBe("I cancelled the alarm for today at 7:00 PM.");
+    await act({ do: "alarm", at: "2026-01-09T19:00" });
+    expect(await act(atSeven)).toStartWith("There are 2: ");
+    expect(await tell({ kind: "alarm", day: "2026-01-09" })).toBe("The alarm for Friday at 7:00 PM rings in 4 days, 3 hours, and 40 minutes.");
+    expect(await act({ do: "cancel", kind: "alarm", day: "2026-01-09" })).toBe("I cancelled the alarm for Friday at 7:00 PM.");
+    expect(await act({ do: "cancel", kind: "alarm", day: "2026-01-09" })).toBe("There is no such alarm.");
+    expect(await act({ do: "cancel", kind: "alarm", day: "Friday" })).toBe("I did not understand when.");
+    expect(timers.pending).toHaveLength(1);
+  });
+
   test("says before exactly what it would do", async () => {
     const { act, intent } = handsOf();
     expect(intent({ do: "timer", seconds: 300, name: "pasta" })).toBe("set a timer “pasta” that rings in 5 minutes");

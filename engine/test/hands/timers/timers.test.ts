@@ -84,10 +84,47 @@ describe("timers", () => {
     expect(rung).toHaveLength(1);
   });
 
-  test("that were set for a while before a restart ring by the clock on the wall", async () => {
+  test("that were set for a while ring after it over a restart of the engine, whatever the clock is set to meanwhile or later", async () => {
+    for (const shift of [-3_600_000, 3_600_000]) {
+      const first = timersOf();
+      first.timers.set("timer", first.clock.now() + 300_000, { seconds: 300 });
+      await first.clock.advance(100_000);
+      first.timers.close();
+      first.clock.set(shift);
+      const second = timersOf(first.clock, first.kept);
+      await second.clock.advance(100_000);
+      second.timers.close();
+      const { clock, rung } = timersOf(first.clock, first.kept);
+      clock.set(-shift / 2);
+      await clock.advance(99_999);
+      expect(rung).toEqual([]);
+      await clock.advance(1);
+      expect(rung).toHaveLength(1);
+    }
+  });
+
+  test("that are snoozed ring after the while, whatever the clock is set to, and are of the same length", async () => {
+    for (const shift of [-3_600_000, 3_600_000]) {
+      const { timers, clock, rung } = timersOf();
+      timers.set("timer", clock.now() + 60_000, { seconds: 60 });
+      timers.set("alarm", clock.now() + 60_000, { name: "up" });
+      await clock.advance(60_000);
+      expect(timers.snooze(300)).toMatchObject([{ seconds: 60 }, { name: "up" }]);
+      clock.set(shift);
+      await clock.advance(299_999);
+      expect(rung).toHaveLength(2);
+      await clock.advance(1);
+      expect(rung).toHaveLength(4);
+      await clock.advance(7_200_000);
+      expect(rung).toHaveLength(4);
+    }
+  });
+
+  test("that were set for a while before a restart of the machine ring by the clock on the wall", async () => {
     const first = timersOf();
     first.timers.set("timer", first.clock.now() + 3_600_000, { seconds: 3_600 });
     first.timers.close();
+    first.clock.run = "second";
     const { clock, rung } = timersOf(first.clock, first.kept);
     clock.set(3_600_000);
     await clock.advance(5_000);
@@ -124,6 +161,8 @@ describe("timers", () => {
     expect(timers.find({ seconds: 600 })).toHaveLength(1);
     expect(timers.find({ at: clock.now() + 900_000 })).toMatchObject([{ kind: "alarm" }]);
     expect(timers.find({ name: "arroz" })).toEqual([]);
+    expect(timers.find({ kind: "alarm", day: new Date(clock.now()) })).toHaveLength(1);
+    expect(timers.find({ day: new Date(clock.now() + 86_400_000) })).toEqual([]);
   });
 
   test("that ring can be snoozed or stopped, and say so", async () => {

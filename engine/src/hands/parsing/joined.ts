@@ -1,0 +1,83 @@
+// Finds the requests of a sentence that asks for several things: "pause the music and lock the screen", "set two timers, one for ten
+// minutes and one for fifteen". It is one only when all of it asks for something.
+
+import type { Language } from "../../base/language.ts";
+import { keptIn, type Meant } from "./meanings.ts";
+import { understood } from "./sentence.ts";
+
+export interface JoinedPart {
+  /** As it was said. */
+  text: string;
+  /** Where it begins in the request. */
+  start: number;
+  meant: Meant;
+}
+
+/** One with more of them is no request. */
+const mostJoints = 4;
+/** "Turn off" has two words, "set an alarm" three. */
+const longestVerb = 3;
+const joints: Record<Language, RegExp> = {
+  en: /,?\s+(?:and then|and also|and|then|plus)\s+|,\s+/giu,
+  pt: /,?\s+(?:e depois|e também|e tambem|e então|e entao|e|depois|mais)\s+|,\s+/giu,
+};
+
+/** `start` is where the sentence begins in the request. Undefined when it does not ask for several things. */
+export function severalIn(sentence: string, start: number, language: Language, now: Date): JoinedPart[] | undefined {
+  return joinedIn(sentence, start, language, now) ?? timersIn(sentence, start, language, now);
+}
+
+/**
+ * The requests of a sentence that joins several: "pause the music and lock the screen". Each has to be understood by itself, or with the
+ * verb of the one before it: "cancel the pasta timer and the egg timer".
+ */
+function joinedIn(sentence: string, start: number, language: Language, now: Date, verb?: Meant & { words: readonly string[] }): JoinedPart[] | undefined {
+  const places = [...sentence.matchAll(joints[language])];
+  if (places.length > mostJoints) return undefined;
+  for (const end of [...places.map(({ index }) => index), sentence.length]) {
+    const text = sentence.slice(0, end);
+    const meant = understood(text, language, now) ?? (verb && elided(text, verb, language, now));
+    // What is written down would go on.
+    if (!meant || (keptIn(meant) !== undefined && end < sentence.length)) continue;
+    const part = { text, start, meant };
+    if (end === sentence.length) return verb ? [part] : undefined;
+    const next = end + places.find(({ index }) => index === end)![0].length;
+    const rest = joinedIn(sentence.slice(next), start + next, language, now, { ...meant, words: text.split(/\s+/).slice(0, longestVerb) });
+    if (rest) return [part, ...rest];
+  }
+  return undefined;
+}
+
+/** What it asks for with the verb of the request before it, of which it has to be another one. */
+function elided(text: string, verb: Meant & { words: readonly string[] }, language: Language, now: Date): Meant | undefined {
+  for (let count = 1; count <= verb.words.length; count++) {
+    const meant = understood(`${verb.words.slice(0, count).join(" ")} ${text}`, language, now);
+    if (meant?.hand === verb.hand && meant.given.do === verb.given.do) return meant;
+  }
+  return undefined;
+}
+
+const several: Record<Language, RegExp> = {
+  en: /^(.*\b)(two|three|four|five|[2-5])\s+(timers)[\s,:]+(.+)$/iu,
+  pt: /^(.*\b)(dois|duas|três|tres|quatro|cinco|[2-5])\s+(timers|temporizadores)[\s,:]+(.+)$/iu,
+};
+const counts = ["two dois duas 2", "three três tres 3", "four quatro 4", "five cinco 5"];
+/** What stands before each length or time, and is said for the timer itself. */
+const each = /^(?:(?:one|another|the other|um|outro|o outro|o)\s+)?(?:(?:of|for|at|de|para|pra|com)\s+)?/iu;
+
+/** "Three timers: 5, 10 and 15 minutes": as many as it says. */
+function timersIn(sentence: string, start: number, language: Language, now: Date): JoinedPart[] | undefined {
+  const [, verb = "", count = "", noun = "", rest = ""] = several[language].exec(sentence) ?? [];
+  const wanted = counts.findIndex((words) => words.split(" ").includes(count.toLowerCase())) + 2;
+  const items = rest.split(joints[language]).map((item) => item.replace(each, "").replace(/[.!?]+$/, "").trim());
+  if (count === "" || items.length !== wanted) return undefined;
+  // "Ten minutes and fifteen", "5, 10 and 15 minutes": the unit is said once.
+  const unit = items.map((item) => /\s(\p{L}+)$/u.exec(item)?.[1]).findLast((word) => word !== undefined) ?? "";
+  const one = noun.replace(/(?:(?<=r)es|s)$/iu, "");
+  const parts = items.map((item): JoinedPart | undefined => {
+    const ask = (length: string): Meant | undefined => understood(`${verb}${language === "pt" ? `um ${one} de` : `a ${one} for`} ${length}`, language, now);
+    const meant = ask(item) ?? ask(`${item} ${unit}`);
+    return meant?.hand === "timer" && meant.given.name === undefined ? { text: sentence, start, meant } : undefined;
+  });
+  return parts.every((part) => part !== undefined) ? parts : undefined;
+}

@@ -222,9 +222,10 @@ TEST_P(SoundServerTest, TheDelayThatItTellsFitsWhatWasPlayedWhateverTheServersPe
         auto lateness = std::chrono::microseconds::max();
         for (int tone = 0; tone < 9; ++tone) {
             m_probe.playTone(480);
-            ASSERT_TRUE(eventually([this] { return m_probe.toneLateness() && m_probe.toneHeardAt() > 0us; }));
-            lateness = std::min(lateness, std::chrono::abs(*m_probe.toneLateness()));
+            ASSERT_TRUE(eventually([this] { return m_probe.toneHeardAt() > 0us; }));
             letPlay(SoundStreams::sampleRate / 5);
+            if (const auto told = m_probe.toneLateness())
+                lateness = std::min(lateness, std::chrono::abs(*told));
         }
         EXPECT_LT(lateness, 10ms) << frames;
     }

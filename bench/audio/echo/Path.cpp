@@ -13,6 +13,7 @@ Processed processOnPath(const Recording &recording, const Scenario &scenario,
                         std::unique_ptr<EchoCanceller> canceller) {
     using std::chrono::microseconds;
     constexpr double millisecond = sampleRate / 1000.0;
+    constexpr double quietSeconds = 3;
     constexpr double toldWrong = 1 * millisecond;
     const double delay = scenario.delayMs * millisecond;
     const double queue = std::min(36 * millisecond, 0.8 * delay);
@@ -28,7 +29,15 @@ Processed processOnPath(const Recording &recording, const Scenario &scenario,
     const auto odd = [&](double least, double most) {
         return least + (most - least) * (static_cast<double>(noise()) + 1) / 2;
     };
-    const Signal &microphone = recording.microphone;
+    // The program opens both streams when it starts, and does not speak at once.
+    const auto quiet = samplesIn(quietSeconds);
+    const auto afterQuiet = [quiet](const Signal &signal) {
+        Signal later(quiet);
+        later.insert(later.end(), signal.begin(), signal.end());
+        return later;
+    };
+    const auto microphone = afterQuiet(recording.microphone);
+    const auto played = afterQuiet(recording.reference);
     const auto start = std::clock();
     std::size_t written = 0;
     std::size_t heard = 0;
@@ -39,9 +48,8 @@ Processed processOnPath(const Recording &recording, const Scenario &scenario,
         for (auto asked = samplesIn(odd(0.006, 0.012)); static_cast<double>(written + asked) <= wanted;
              asked = samplesIn(odd(0.006, 0.012))) {
             Signal samples(asked);
-            const auto there =
-                std::min(asked, recording.reference.size() - std::min(written, recording.reference.size()));
-            std::copy_n(recording.reference.begin() + static_cast<std::ptrdiff_t>(written), there, samples.begin());
+            const auto there = std::min(asked, played.size() - std::min(written, played.size()));
+            std::copy_n(played.begin() + static_cast<std::ptrdiff_t>(written), there, samples.begin());
             reference.write(samples);
             written += asked;
         }
@@ -53,6 +61,7 @@ Processed processOnPath(const Recording &recording, const Scenario &scenario,
     }
     processed.microsecondsAFrame = 1e6 * static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC /
                                    (static_cast<double>(microphone.size()) / EchoCanceller::frameSize);
+    processed.samples.erase(processed.samples.begin(), processed.samples.begin() + samplesIn(quietSeconds, heardRate));
     return processed;
 }
 

@@ -32,7 +32,7 @@ EchoCanceller3Config tunedConfig() {
     EchoCanceller3Config config;
     auto &filter = config.filter;
     filter.refined.length_blocks = 27;
-    filter.coarse.length_blocks = 27;
+    filter.coarse.length_blocks = 13;
     filter.refined_initial.length_blocks = 12;
     filter.coarse_initial.length_blocks = 12;
     filter.refined.leakage_converged = 0.000139F;

@@ -41,10 +41,10 @@ void EchoMatch::take(std::span<const float> microphone, std::span<const float> l
     const float left = m_microphone - 2 * m_cross + m_expected;
     const float shared = m_cross - m_expected;
     const bool canTell = m_expected > expectedPower && left > 0;
-    m_likeness = canTell ? std::min(1.0F, shared * shared / (m_expected * left)) : 0;
     const float factor = canTell ? m_cross / m_expected : 1;
     const bool isOff = factor > leastMismatch || (factor > 0 && factor < 1 / leastMismatch);
-    m_alike = m_likeness > sure && isOff ? std::min(m_alike + 1, onset) : 0;
+    m_likeness = isOff ? std::min(1.0F, shared * shared / (m_expected * left)) : 0;
+    m_alike = m_likeness > sure ? std::min(m_alike + 1, onset) : 0;
     m_mismatch = m_alike == onset ? std::clamp(factor, 1 / mostMismatch, mostMismatch) : 1;
 }
 

@@ -13,7 +13,8 @@ public:
     /// What the filter was given and what it left of that, in step.
     void take(std::span<const float> microphone, std::span<const float> linear) noexcept;
 
-    /// The part of what was left that is the expected echo once more, 0 to 1.
+    /// The part of what was left that is the expected echo once more, 0 to 1; 0 where that would not make the echo
+    /// louder or softer by more than a decibel and a half, for then it is hardly to be heard.
     [[nodiscard]] float likeness() const noexcept { return m_likeness; }
 
     /// By which factor the echo is surely louder than expected; 1 while it is as expected or nobody can tell.

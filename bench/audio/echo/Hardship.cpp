@@ -201,6 +201,7 @@ Result<Recording> recordHardship(const Scenario &scenario, const Hardship &hards
         auto second = speaker.talk({"en-gb+m5", 140}, userSentences(), scenario.seed + 5, scenario.both);
         if (!second)
             return Failure{second.reason()};
+        recording.otherSentences = second->sentences;
         auto heard = heardFrom(*second, scenario, {scene.room.response(scene.secondUser, scene.device)});
         amplify(heard, -6);
         std::transform(heard.begin(), heard.end(), recording.nearEnd.begin(), recording.nearEnd.begin(), std::plus<>());

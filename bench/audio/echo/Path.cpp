@@ -31,13 +31,16 @@ Processed processOnPath(const Recording &recording, const Scenario &scenario,
     };
     // The program opens both streams when it starts, and does not speak at once.
     const auto quiet = samplesIn(quietSeconds);
-    const auto afterQuiet = [quiet](const Signal &signal) {
+    const auto afterQuiet = [quiet](const Signal &signal, double noiseGain) {
+        Noise hiss(1);
         Signal later(quiet);
+        for (float &sample : later)
+            sample = static_cast<float>(noiseGain) * hiss();
         later.insert(later.end(), signal.begin(), signal.end());
         return later;
     };
-    const auto microphone = afterQuiet(recording.microphone);
-    const auto played = afterQuiet(recording.reference);
+    const auto microphone = afterQuiet(recording.microphone, std::sqrt(3) * std::pow(10, scenario.noiseLevel / 20));
+    const auto played = afterQuiet(recording.reference, 0);
     const auto start = std::clock();
     std::size_t written = 0;
     std::size_t heard = 0;

@@ -46,11 +46,12 @@ struct Scenario {
 
 /// The signals that are known of it, all of one length.
 struct Recording {
-    Signal reference;                             ///< What was handed to the speakers.
-    Signal microphone;                            ///< Near end, echo and noise.
-    Signal nearEnd;                               ///< As the microphone hears it.
-    Signal echo;                                  ///< Likewise.
-    std::vector<Speaker::Sentence> nearSentences; ///< Timed from the moment when both talk.
+    Signal reference;                              ///< What was handed to the speakers.
+    Signal microphone;                             ///< Near end, echo and noise.
+    Signal nearEnd;                                ///< As the microphone hears it.
+    Signal echo;                                   ///< Likewise.
+    std::vector<Speaker::Sentence> nearSentences;  ///< Timed from the moment when both talk.
+    std::vector<Speaker::Sentence> otherSentences; ///< Likewise, of a second user.
 };
 
 /// Every combination of delay, reverberation and loudness, then one thing at a time that goes wrong. Set 1 is what was

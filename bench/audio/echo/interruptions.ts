@@ -12,6 +12,8 @@ interface Recording {
   kind: string;
   /** From when until when the user spoke, in seconds. */
   said: [number, number][];
+  /** The same of somebody else, who is neither to be noticed nor false. */
+  others: [number, number][];
 }
 
 const frame = 160;
@@ -27,7 +29,7 @@ class Count {
   falseOnes = 0;
   aloneSeconds = 0;
 
-  add({ file, said }: Recording): void {
+  add({ file, said, others }: Recording): void {
     const bytes = readFileSync(join(folder, file));
     const samples = new Int16Array(bytes.buffer, bytes.byteOffset, bytes.byteLength / 2);
     const detector = new InterruptionDetector();
@@ -38,12 +40,13 @@ class Count {
       const now = (at + frame) / 16_000;
       const level = room.measure(samples.subarray(at, at + frame));
       const sentence = said.findIndex(([from, to]) => now >= from && now <= to + late);
-      if (sentence < 0) this.aloneSeconds += 0.01;
+      const isOther = others.some(([from, to]) => now >= from && now <= to + late);
+      if (sentence < 0 && !isOther) this.aloneSeconds += 0.01;
       if (now < deafUntil) continue;
       if (!detector.take(level, room.noise)) continue;
       const to = said[sentence]?.[1];
       deafUntil = to === undefined ? now + heardFor : to + late;
-      if (to === undefined) this.falseOnes++;
+      if (to === undefined) this.falseOnes += isOther ? 0 : 1;
       else if (!found.has(sentence)) {
         found.add(sentence);
         this.delays.push(now - (said[sentence]?.[0] ?? now));

@@ -78,14 +78,18 @@ bool keep(const QDir &folder, const std::string &way, const Recording &recording
     std::transform(samples.begin(), samples.end(), heard.begin(),
                    [](float sample) { return static_cast<std::int16_t>(std::lround(sample * 32767)); });
     sound.write(reinterpret_cast<const char *>(heard.data()), static_cast<qint64>(heard.size() * sizeof(heard[0])));
-    QJsonArray said;
-    for (const auto &[text, from, to] : recording.nearSentences)
-        said.append(QJsonArray{outcome.scenario.farAlone + from, outcome.scenario.farAlone + to});
+    const auto times = [&](const std::vector<Speaker::Sentence> &sentences) {
+        QJsonArray said;
+        for (const auto &[text, from, to] : sentences)
+            said.append(QJsonArray{outcome.scenario.farAlone + from, outcome.scenario.farAlone + to});
+        return said;
+    };
     const auto &hardship = outcome.scenario.hardship;
     index.write(QJsonDocument(QJsonObject{{u"file"_s, name},
                                           {u"way"_s, QString::fromStdString(way)},
                                           {u"kind"_s, hardship ? QString::fromStdString(hardship->kind) : u"easy"_s},
-                                          {u"said"_s, said}})
+                                          {u"said"_s, times(recording.nearSentences)},
+                                          {u"others"_s, times(recording.otherSentences)}})
                     .toJson(QJsonDocument::Compact) +
                 '\n');
     return true;

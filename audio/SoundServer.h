@@ -30,7 +30,7 @@ public:
 
     /// The microphone delivered `samples`, in whatever number the server chose (1 to several thousands were seen).
     /// `delay` is how long after its reference was written an echo is expected in these samples: what both streams
-    /// report as their latency now, added up.
+    /// report as their latency now, at the moment of this call, added up.
     virtual void captured(std::span<const float> samples, std::chrono::microseconds delay) noexcept = 0;
 
     /// The speakers want the next `samples`; all of them must be written.

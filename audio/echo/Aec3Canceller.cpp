@@ -1,5 +1,7 @@
 #include "audio/echo/EchoCanceller.h"
+#include "audio/echo/EchoMatch.h"
 #include "audio/echo/LinearOutputGate.h"
+#include "audio/echo/LowBand.h"
 #include "audio/echo/ProcessingStream.h"
 #include "audio/echo/RestingCanceller.h"
 #include "audio/echo/Samples.h"
@@ -8,6 +10,8 @@
 #include <api/audio/echo_canceller3_factory.h>
 #include <modules/audio_processing/include/audio_processing.h>
 #include <rtc_base/logging.h>
+
+#include <algorithm>
 
 // AEC3 with its linear output beside the suppressed one, from the library that gives access to both its settings.
 
@@ -28,7 +32,7 @@ EchoCanceller3Config tunedConfig() {
     EchoCanceller3Config config;
     auto &filter = config.filter;
     filter.refined.length_blocks = 27;
-    filter.coarse.length_blocks = 27;
+    filter.coarse.length_blocks = 13;
     filter.refined_initial.length_blocks = 12;
     filter.coarse_initial.length_blocks = 12;
     filter.refined.leakage_converged = 0.000139F;
@@ -78,15 +82,21 @@ public:
     void capture(std::span<const float, frameSize> in, int delayHintMs,
                  std::span<float, frameSize> out) noexcept override {
         auto frame = m_offset.apply(in);
+        const float level = m_level;
+        for (float &sample : frame)
+            sample /= level;
         const float microphonePower = echo::meanSquare(frame);
+        const auto microphone = m_lowBand.process(frame);
         m_stream.capture(frame, delayHintMs);
 
         std::array<std::array<float, TripleRate::inputSize>, 1> linearAt16kHz{};
         m_stream.processing().GetLinearAecOutput(linearAt16kHz);
         m_tripleRate.push(linearAt16kHz.front());
 
-        const bool isLinearBetter = m_gate.isLinearBetter(
-            {m_referencePower, microphonePower, echo::meanSquare(m_tripleRate.delayed()), echo::meanSquare(frame)});
+        m_match.take(microphone, linearAt16kHz.front());
+        const bool isLinearBetter =
+            m_gate.isLinearBetter({m_referencePower, microphonePower, echo::meanSquare(m_tripleRate.delayed()),
+                                   echo::meanSquare(frame), m_match.likeness()});
         const float from = m_linearShare;
         m_linearShare = isLinearBetter ? 1 : 0;
         if (from > 0 || isLinearBetter) {
@@ -94,16 +104,52 @@ public:
             m_tripleRate.read(linear);
             echo::crossFade(frame, linear, from, m_linearShare);
         }
+        restoreLevel(frame, level);
+        follow();
         std::copy(frame.begin(), frame.end(), out.begin());
     }
 
 private:
     using TripleRate = echo::TripleRate;
 
+    /// Makes the frame as loud as the microphone was, and turns down what is echo.
+    void restoreLevel(Frame &frame, float level) noexcept {
+        const float from = m_share;
+        m_share = m_gate.isEcho() ? echoShare : 1;
+        for (std::size_t i = 0; i < frame.size(); ++i) {
+            const float share = from + (m_share - from) * static_cast<float>(i + 1) / frameSize;
+            frame[i] *= share * (i < echo::aec3Delay ? m_levelBefore : level);
+        }
+        m_levelBefore = level;
+    }
+
+    /// Speakers or a microphone that were turned up or down change nothing but the level of the echo. The filter would
+    /// need seconds to learn that; so it is given the microphone at the level that it knows, and what comes of that is
+    /// turned back. The level then returns by little and little, and the filter follows.
+    void follow() noexcept {
+        if (m_match.mismatch() != 1) {
+            m_level = std::clamp(m_level * m_match.mismatch(), leastLevel, mostLevel);
+            m_match.restart();
+        } else if (m_referencePower > audible) {
+            m_level = m_level > 1 ? std::max(1.0F, m_level / levelReturn) : std::min(1.0F, m_level * levelReturn);
+        }
+    }
+
+    static constexpr float echoShare = 0.1F;   // -20 dB.
+    static constexpr float leastLevel = 0.25F; // Or what is loud would be beyond full scale.
+    static constexpr float mostLevel = 10;
+    static constexpr float levelReturn = 1.00115F; // 1 dB a second.
+    static constexpr float audible = 1e-5F;        // -50 dBFS.
+
     echo::ProcessingStream<rtc::scoped_refptr<AudioProcessing>, webrtc::StreamConfig> m_stream;
     echo::OffsetFilter m_offset;
     TripleRate m_tripleRate{linearLead - TripleRate::filterDelay};
     echo::LinearOutputGate m_gate;
+    echo::LowBand m_lowBand;
+    echo::EchoMatch m_match;
+    float m_level = 1;       ///< How much louder the echo is than the filter learned it.
+    float m_levelBefore = 1; ///< The same, of the last frame.
+    float m_share = 1;       ///< Of the output that was given at the end of the last frame.
     float m_referencePower = 0;
     float m_linearShare = 0; ///< Of the linear output at the end of the last frame.
 };

@@ -54,10 +54,14 @@ std::chrono::microseconds EchoReference::follow(std::size_t samples, std::size_t
         return lead;
 
     if (m_hasBegun || m_left <= countedOfFirst) {
+        const auto captured = m_matched + static_cast<std::int64_t>(unmatched);
+        m_drift.add(count, delaySamples - static_cast<double>(m_written - captured));
         m_watched += count;
         m_delaySum += delaySamples * static_cast<double>(count);
         m_ageSum += age * static_cast<double>(count);
     }
+    if (m_hasBegun)
+        m_step = 1 + std::clamp(m_return - m_drift.value(), -mostCorrection, mostCorrection);
     m_left -= count;
     if (m_left > 0 || m_watched == 0)
         return lead;
@@ -66,7 +70,7 @@ std::chrono::microseconds EchoReference::follow(std::size_t samples, std::size_t
     if (m_hasBegun) {
         const double stray = m_lead - (meanDelay - meanAge);
         const double excess = stray - std::clamp(stray, -toleratedStray, toleratedStray);
-        m_step = 1 + std::clamp(excess / returnTime, -mostCorrection, mostCorrection);
+        m_return = excess / returnTime;
     } else {
         begin(std::llround(meanDelay), std::llround(meanAge));
     }
@@ -81,6 +85,7 @@ bool EchoReference::isReady() const noexcept {
 
 void EchoReference::read(EchoCanceller::Frame &frame) noexcept {
     frame.fill(0);
+    m_matched += frameSize;
     const bool isLate = !isReady() || backlog() < frameSize;
     m_lateInARow = isLate ? m_lateInARow + 1 : 0;
     if (m_lateInARow > mostLateInARow)
@@ -109,6 +114,8 @@ void EchoReference::clear() noexcept {
     m_read = m_written;
     m_fraction = 0;
     m_step = 1;
+    m_return = 0;
+    m_drift.clear();
     m_lateInARow = 0;
     m_isPlayed = false;
     m_hasBegun = false;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "audio/echo/ClockDrift.h"
 #include "audio/echo/EchoCanceller.h"
 #include "audio/echo/Interpolator.h"
 
@@ -22,8 +23,9 @@ namespace palomet {
 ///
 /// Samples come out as they were written, whatever they hold.
 ///
-/// Clocks that run apart change the lead slowly. Where it has gone astray by more than five milliseconds the reference
-/// is read so much faster or slower, by parts of a sample, that it comes back. Real-time thread only.
+/// Clocks that run apart change the lead slowly: the reference is read so much faster or slower, by parts of a sample,
+/// that it stays, as soon as it is known how much they are apart, and that it comes back where it has gone astray by
+/// more than five milliseconds. Real-time thread only.
 class EchoReference {
 public:
     EchoReference();
@@ -58,12 +60,15 @@ private:
     std::vector<float> m_samples;
     std::int64_t m_written = 0; ///< A position, as the next one is.
     std::int64_t m_read = 0;
-    double m_fraction = 0;   ///< Of a sample, by which the position to read from is ahead of `m_read`.
-    double m_step = 1;       ///< Samples of the reference for one of the microphone.
-    int m_lateInARow = 0;    ///< Frames that were not there.
-    bool m_isPlayed = false; ///< Something was written since all was forgotten.
-    bool m_hasBegun = false; ///< The lead is set.
-    double m_lead = 0;       ///< What it was set to, in samples.
+    std::int64_t m_matched = 0; ///< Samples of the microphone, in frames that were given.
+    double m_fraction = 0;      ///< Of a sample, by which the position to read from is ahead of `m_read`.
+    double m_step = 1;          ///< Samples of the reference for one of the microphone.
+    int m_lateInARow = 0;       ///< Frames that were not there.
+    bool m_isPlayed = false;    ///< Something was written since all was forgotten.
+    bool m_hasBegun = false;    ///< The lead is set.
+    double m_lead = 0;          ///< What it was set to, in samples.
+    double m_return = 0;        ///< The part of `m_step` that brings a lead back that went astray.
+    ClockDrift m_drift;
     // Of the watch that is under way, weighted by samples:
     std::int64_t m_left = 0;
     std::int64_t m_watched = 0;

@@ -14,7 +14,10 @@ constexpr int nearEndHold = 15;          // Frames.
 constexpr float referencePower = 1e-5F;  // -50 dBFS: loud enough to judge the filter by.
 constexpr float microphonePower = 1e-6F; // -60 dBFS: likewise.
 constexpr float residualSmoothing = 0.02F;
-constexpr float goodResidual = 0.1F; // -10 dB.
+constexpr float goodResidual = 0.1F;  // -10 dB.
+constexpr float begunResidual = 0.5F; // -3 dB.
+constexpr int beginning = 250;        // Frames of the far end at most.
+constexpr float echoLikeness = 0.5F;
 
 void approach(float &value, float target, float share) {
     value += share * (target - value);
@@ -28,14 +31,18 @@ bool LinearOutputGate::isLinearBetter(const Powers &powers) noexcept {
     approach(m_smoothed.suppressed, powers.suppressed, smoothing);
     m_reference = std::max(powers.reference, referenceDecay * m_reference);
 
-    const bool isNearEnd = m_smoothed.suppressed > nearEndShare * m_smoothed.linear && m_smoothed.linear > nearEndPower;
+    const bool isFarEnd = m_reference > referencePower;
+    const bool isNearEnd = powers.likeness < echoLikeness && m_smoothed.suppressed > nearEndShare * m_smoothed.linear &&
+                           m_smoothed.linear > nearEndPower;
     m_nearEndFrames = isNearEnd ? std::min(m_nearEndFrames + 1, nearEndOnset) : 0;
     m_heldFrames = m_nearEndFrames == nearEndOnset ? nearEndHold : std::max(m_heldFrames - 1, 0);
 
-    if (m_reference > referencePower && m_heldFrames == 0 && m_nearEndFrames == 0 &&
-        m_smoothed.microphone > microphonePower)
+    if (isFarEnd && m_heldFrames == 0 && m_nearEndFrames == 0 && m_smoothed.microphone > microphonePower)
         approach(m_residual, std::min(m_smoothed.linear / m_smoothed.microphone, 1.0F), residualSmoothing);
 
+    m_farEndFrames = std::min(m_farEndFrames + (isFarEnd ? 1 : 0), beginning);
+    const bool isBeginning = m_farEndFrames < beginning && m_residual > begunResidual;
+    m_isEcho = isFarEnd && (isBeginning || powers.likeness >= echoLikeness);
     return m_heldFrames > 0 && m_residual < goodResidual;
 }
 

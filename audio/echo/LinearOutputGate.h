@@ -7,8 +7,8 @@ namespace palomet::echo {
 /// gone and with it, now and then, a piece of the near end.
 ///
 /// The linear output is the better one while somebody here talks and the filter is good. Somebody talks when the
-/// suppressor lets most of the linear output through for three frames; a word is then not cut off for fifteen. The
-/// filter is judged by how much of the microphone it leaves while only the far end talks.
+/// suppressor lets most of the linear output through for three frames, and that is not echo; a word is then not cut off
+/// for fifteen. The filter is judged by how much of the microphone it leaves while only the far end talks.
 class LinearOutputGate {
 public:
     /// Mean squares of the same 10 ms, at full scale 1.
@@ -17,16 +17,23 @@ public:
         float microphone = 0;
         float linear = 0;
         float suppressed = 0;
+        float likeness = 0; ///< The part of the linear output that is certainly echo.
     };
 
     /// True when this frame is to be the linear output.
     [[nodiscard]] bool isLinearBetter(const Powers &powers) noexcept;
+
+    /// True while the far end talks and neither output is worth anything: the filter has only begun, or what it left is
+    /// the echo. That a filter finds no echo to take out does not mean that it has not begun; so it begins but once.
+    [[nodiscard]] bool isEcho() const noexcept { return m_isEcho; }
 
 private:
     Powers m_smoothed;
     float m_reference = 0; ///< Envelope of the far end.
     /// The part of the microphone that the linear filter leaves while only the far end talks; 1 before it was measured.
     float m_residual = 1;
+    bool m_isEcho = false;
+    int m_farEndFrames = 0;  ///< In which the far end has talked, up to when a filter has surely begun.
     int m_nearEndFrames = 0; ///< In which the near end was heard, in a row.
     int m_heldFrames = 0;    ///< For which it counts as heard still.
 };

@@ -21,10 +21,10 @@ constexpr int firstChannelOnly = PA_STREAM_NO_REMAP_CHANNELS | PA_STREAM_NO_REMI
 } // namespace
 
 PulseCapture::PulseCapture(PulseConnection &connection, const QString &device, SoundStreams &streams,
-                           const std::atomic<std::int64_t> &playbackLatency, Events events)
+                           const PulseSpeakers &speakers, Events events)
     : m_connection(connection)
     , m_streams(streams)
-    , m_playbackLatency(playbackLatency)
+    , m_speakers(speakers)
     , m_events(std::move(events)) {
     const PulseMainloop::Lock lock(connection.mainloop());
     m_stream.reset(pa_stream_new(connection.context(), "Palomet", &pulseFormat, nullptr));
@@ -120,8 +120,7 @@ void PulseCapture::onSamples(pa_stream *stream, std::size_t, void *self) {
 }
 
 void PulseCapture::deliver(const float *samples, std::size_t count) const noexcept {
-    const auto delay = PulseClock::latency(m_stream.get()) +
-                       std::chrono::microseconds{m_playbackLatency.load(std::memory_order_relaxed)};
+    const auto delay = PulseClock::latency(m_stream.get()) + m_speakers.latency();
     if (samples) {
         m_streams.captured({samples, count}, delay);
         return;

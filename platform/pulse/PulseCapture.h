@@ -4,11 +4,11 @@
 #include "platform/pulse/PulseClock.h"
 #include "platform/pulse/PulseConnection.h"
 #include "platform/pulse/PulseHandles.h"
+#include "platform/pulse/PulseSpeakers.h"
 
 #include <QObject>
 #include <QString>
 
-#include <atomic>
 #include <chrono>
 #include <functional>
 
@@ -25,9 +25,9 @@ public:
         std::function<void(Ending, int)> ended; ///< Not opened, or closed from outside, with a `pa_error_code_t`.
     };
 
-    /// `playbackLatency` is what the playback stream last measured, in microseconds; written on the sound thread.
+    /// What `speakers` play is echoed in the samples.
     PulseCapture(PulseConnection &connection, const QString &device, SoundStreams &streams,
-                 const std::atomic<std::int64_t> &playbackLatency, Events events);
+                 const PulseSpeakers &speakers, Events events);
     /// Once it has returned, no more samples come.
     ~PulseCapture();
     PulseCapture(const PulseCapture &) = delete;
@@ -43,7 +43,7 @@ private:
 
     PulseConnection &m_connection;
     SoundStreams &m_streams;
-    const std::atomic<std::int64_t> &m_playbackLatency;
+    const PulseSpeakers &m_speakers;
     const Events m_events;
     QObject m_receiver;
 

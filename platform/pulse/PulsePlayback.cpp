@@ -29,11 +29,10 @@ constexpr std::int64_t closelyAfterSound = SoundStreams::sampleRate;
 
 } // namespace
 
-PulsePlayback::PulsePlayback(PulseConnection &connection, SoundStreams &streams, std::atomic<std::int64_t> &latency,
-                             Events events)
+PulsePlayback::PulsePlayback(PulseConnection &connection, SoundStreams &streams, PulseSpeakers &speakers, Events events)
     : m_connection(connection)
     , m_streams(streams)
-    , m_latency(latency)
+    , m_speakers(speakers)
     , m_events(std::move(events)) {
     const PulseMainloop::Lock lock(connection.mainloop());
     m_stream.reset(pa_stream_new(connection.context(), "Palomet", &pulseFormat, nullptr));
@@ -43,6 +42,7 @@ PulsePlayback::PulsePlayback(PulseConnection &connection, SoundStreams &streams,
         end();
         return;
     }
+    m_speakers.stream = m_stream.get();
     pa_stream_set_state_callback(m_stream.get(), &PulsePlayback::onState, this);
     pa_stream_set_moved_callback(m_stream.get(), &PulsePlayback::onOutput, this);
     pa_stream_set_suspended_callback(m_stream.get(), &PulseClock::onBreak, &m_clock);
@@ -58,8 +58,9 @@ PulsePlayback::PulsePlayback(PulseConnection &connection, SoundStreams &streams,
 PulsePlayback::~PulsePlayback() {
     const PulseMainloop::Lock lock(m_connection.mainloop());
     m_ticks.reset();
+    if (m_speakers.stream == m_stream.get())
+        m_speakers.stream = nullptr;
     m_stream.reset();
-    m_latency = 0;
 }
 
 void PulsePlayback::end() {
@@ -118,7 +119,6 @@ void PulsePlayback::write(std::size_t bytes) noexcept {
             return;
         const std::span samples(static_cast<float *>(room), std::min(roomBytes, bytes) / sizeof(float));
         m_streams.fill(samples);
-        m_latency.store(PulseClock::latency(m_stream.get()).count(), std::memory_order_relaxed);
         const bool isSilent = std::all_of(samples.begin(), samples.end(), [](float sample) { return sample == 0; });
         if (pa_stream_write(m_stream.get(), room, samples.size_bytes(), nullptr, 0, PA_SEEK_RELATIVE) < 0)
             return;

@@ -4,12 +4,12 @@
 #include "platform/pulse/PulseClock.h"
 #include "platform/pulse/PulseConnection.h"
 #include "platform/pulse/PulseHandles.h"
+#include "platform/pulse/PulseSpeakers.h"
 
 #include <QObject>
 
 #include <pulse/mainloop-api.h>
 
-#include <atomic>
 #include <cstdint>
 #include <functional>
 
@@ -26,10 +26,8 @@ public:
         std::function<void()> ended; ///< Once: there is no output, or the stream was closed from outside.
     };
 
-    /// `latency` takes the time from writing a sample to its leaving the speakers, in microseconds, as measured with
-    /// each write; zero without a stream.
-    PulsePlayback(PulseConnection &connection, SoundStreams &streams, std::atomic<std::int64_t> &latency,
-                  Events events);
+    /// `speakers` is told of the stream while there is one.
+    PulsePlayback(PulseConnection &connection, SoundStreams &streams, PulseSpeakers &speakers, Events events);
     /// Once it has returned, no more samples are asked for.
     ~PulsePlayback();
     PulsePlayback(const PulsePlayback &) = delete;
@@ -47,7 +45,7 @@ private:
 
     PulseConnection &m_connection;
     SoundStreams &m_streams;
-    std::atomic<std::int64_t> &m_latency;
+    PulseSpeakers &m_speakers;
     const Events m_events;
     QObject m_receiver;
 

@@ -210,7 +210,7 @@ void PulseSoundServer::startCapture() {
     if (!device)
         return failOpening(0ms, noMicrophone());
     m_capture = std::make_unique<PulseCapture>(
-        *m_connection, *device, *m_streams, m_playbackLatency,
+        *m_connection, *device, *m_streams, m_speakers,
         PulseCapture::Events{
             .open = [this] { captureOpened(); },
             .ended = [this](PulseCapture::Ending ending, int error) { captureEnded(ending, error); },
@@ -261,7 +261,7 @@ void PulseSoundServer::closePlayback() {
 }
 
 void PulseSoundServer::startPlayback() {
-    m_playback = std::make_unique<PulsePlayback>(*m_connection, *m_streams, m_playbackLatency,
+    m_playback = std::make_unique<PulsePlayback>(*m_connection, *m_streams, m_speakers,
                                                  PulsePlayback::Events{
                                                      .playsOn = [this](std::uint32_t output) { playsOn(output); },
                                                      .ended =

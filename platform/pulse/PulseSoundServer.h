@@ -7,8 +7,8 @@
 #include "platform/pulse/PulseConnection.h"
 #include "platform/pulse/PulseMainloop.h"
 #include "platform/pulse/PulsePlayback.h"
+#include "platform/pulse/PulseSpeakers.h"
 
-#include <atomic>
 #include <cstdint>
 #include <memory>
 #include <optional>
@@ -59,7 +59,7 @@ private:
     Scheduler &m_scheduler;
     const std::string m_server;
     SoundStreams *m_streams = nullptr;
-    std::atomic<std::int64_t> m_playbackLatency{0};
+    PulseSpeakers m_speakers; ///< Under the main loop's lock.
 
     Link m_link = Link::Away;
     bool m_wasAway = false;     ///< The next connection is a return.

@@ -121,6 +121,18 @@ OwnedProcess PrivateSoundServer::playFile(const QString &sink, const QString &pa
     return launch(u"paplay"_s, {u"--device="_s + sink, path});
 }
 
+OwnedProcess PrivateSoundServer::setPeriod(const QString &sink, int frames) const {
+    if (m_kind == Kind::PipeWire) {
+        auto metadata = launch(u"pw-metadata"_s,
+                               {u"-n"_s, u"settings"_s, u"0"_s, u"clock.force-quantum"_s, QString::number(frames)});
+        metadata->waitForFinished();
+        return metadata;
+    }
+    return launch(u"pacat"_s,
+                  {u"--playback"_s, u"--raw"_s, u"--rate=48000"_s, u"--latency-msec="_s + QString::number(frames / 48),
+                   u"--device="_s + sink, u"/dev/zero"_s});
+}
+
 void PrivateSoundServer::start() {
     QFile::remove(file(u"log"_s));
     switch (m_kind) {

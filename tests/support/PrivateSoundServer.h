@@ -66,6 +66,9 @@ public:
                                     const QString &channels = u"mono"_s) const;
     /// The same with a file of sound.
     [[nodiscard]] OwnedProcess playFile(const QString &sink, const QString &path) const;
+    /// From now on the server works so many frames at a time: PipeWire all of it, PulseAudio's `sink` while the
+    /// returned player lives, and only where that is less than before.
+    [[nodiscard]] OwnedProcess setPeriod(const QString &sink, int frames) const;
     int loadModule(const QStringList &arguments);
     void unloadModule(int module);
     /// Returns when it is in force.

@@ -82,9 +82,10 @@ double spectralDistance(View a, View b) {
     return std::sqrt(sum / static_cast<double>(left.size()));
 }
 
-void measureNearEnd(View nearEnd, View heard, Measures &measures) {
+/// `softer` than usual by so many decibels the near end's strong frames are, too.
+void measureNearEnd(View nearEnd, View heard, double softer, Measures &measures) {
     constexpr std::size_t frameSize = heardRate / 50;
-    const double strong = std::pow(10, -32 / 10.0);
+    const double strong = std::pow(10, (-32 - softer) / 10.0);
     std::size_t count = 0;
     std::size_t lost = 0;
     double distance = 0;
@@ -152,9 +153,16 @@ Measures measure(const Recording &recording, const Scenario &scenario, const Pro
     if (scenario.jumpMs != 0)
         measures.recoverySeconds = timeTo20Db(echo, heard, scenario.jumpAt(), both);
 
+    constexpr double piece = 0.1;
+    for (double at = settling; at + piece <= scenario.seconds(); at += piece / 2) {
+        if (at + piece <= both || at >= again + settling)
+            measures.ownVoiceDb = std::max(measures.ownVoiceDb, toDecibels(meanSquare(cut(heard, at, at + piece))));
+    }
+
     const auto said = cut(nearEnd, both, again);
     const auto late = latency(said, cut(heard, both, again));
-    measureNearEnd(said, heard.subspan(std::min(samplesIn(both, heardRate) + late, heard.size())), measures);
+    const double softer = scenario.hardship ? std::max(0.0, -scenario.signalToEcho) : 0;
+    measureNearEnd(said, heard.subspan(std::min(samplesIn(both, heardRate) + late, heard.size())), softer, measures);
     return measures;
 }
 

@@ -27,6 +27,7 @@ struct Measures {
     std::optional<double> secondsTo20Db;   ///< From the first word on; none when never reached.
     std::optional<double> recoverySeconds; ///< The same from the jump of the delay on.
     double lostPercent = 0;                ///< Of the near end's strong frames while both talk: cut by over 10 dB.
+    double ownVoiceDb = -120;              ///< The loudest tenth of a second of the output while the program is alone.
     double spectralDistanceDb = 0;         ///< Log-spectral distance to the near end in these frames.
 };
 

@@ -1,5 +1,7 @@
 #include "bench/audio/echo/Scenario.h"
 
+#include "bench/audio/echo/Hardship.h"
+
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -107,6 +109,8 @@ std::vector<Scenario> scenarios(std::uint32_t set) {
 }
 
 Result<Recording> record(const Scenario &scenario, Speaker &speaker) {
+    if (scenario.hardship)
+        return recordHardship(scenario, *scenario.hardship, speaker);
     auto program = speaker.talk(scenario.farVoice, programSentences(), scenario.seed, scenario.seconds());
     if (!program)
         return Failure{program.reason()};

@@ -119,15 +119,53 @@ void writeTable(const std::vector<Column> &columns, std::optional<double> nearEn
         meanAlone, "130");
 }
 
+void writeKinds(const std::vector<Column> &columns) {
+    std::printf("| |");
+    for (const auto &column : columns)
+        std::printf(" %s |", column.name.c_str());
+    std::printf("\n|---|");
+    for (std::size_t i = 0; i < columns.size(); ++i)
+        std::printf("---|");
+    std::printf("\n");
+
+    const auto writeKind = [&](const std::string &name, const Choice &choice) {
+        std::printf("| %s |", name.c_str());
+        for (const auto &column : columns) {
+            const auto figures = [&](const auto &figure) {
+                std::vector<double> values;
+                for (const auto &outcome : column.outcomes) {
+                    if (choice(outcome.scenario))
+                        values.push_back(figure(outcome));
+                }
+                std::sort(values.begin(), values.end());
+                return values;
+            };
+            const auto loudest = figures([](const Outcome &outcome) { return outcome.measures.ownVoiceDb; }).back();
+            std::printf(" %s; %s; %s |", meanAndLeast(figures(erle)).c_str(), medianAndMost(figures(lost)).c_str(),
+                        number(loudest, 0).c_str());
+        }
+        std::printf("\n");
+    };
+    writeKind("all", [](const Scenario &) { return true; });
+    std::string last;
+    for (const auto &outcome : columns.front().outcomes) {
+        const auto kind = outcome.scenario.hardship ? outcome.scenario.hardship->kind : outcome.scenario.name;
+        if (std::exchange(last, kind) != kind)
+            writeKind(kind, [&](const Scenario &scenario) {
+                return scenario.hardship ? scenario.hardship->kind == kind : scenario.name == kind;
+            });
+    }
+}
+
 void writeDetails(const std::vector<Column> &columns) {
     for (const auto &column : columns) {
         std::printf("\n%s\n", column.name.c_str());
         for (const auto &[scenario, measures, microseconds, utterances, words] : column.outcomes) {
             const auto time = measures.secondsTo20Db ? number(*measures.secondsTo20Db, 2) : "never";
-            std::printf(
-                "%-32s ERLE %5.1f dB, 20 dB after %5s s, lost %5.1f %%, distance %4.1f dB, word errors %5.1f %%\n",
-                scenario.name.c_str(), measures.erleDb, time.c_str(), measures.lostPercent, measures.spectralDistanceDb,
-                words);
+            std::printf("%-32s ERLE %5.1f dB, 20 dB after %5s s, lost %5.1f %%, own voice %5.1f dBFS, distance %4.1f "
+                        "dB, word errors %5.1f %%\n",
+                        scenario.name.c_str(), measures.erleDb, time.c_str(), measures.lostPercent, measures.ownVoiceDb,
+                        measures.spectralDistanceDb, words);
         }
     }
 }

@@ -28,6 +28,10 @@ struct Column {
 /// no recogniser; `nearEndWordErrors` is what it makes of the near end alone.
 void writeTable(const std::vector<Column> &columns, std::optional<double> nearEndWordErrors);
 
+/// Writes one row for each kind of hardship, in the order in which they come: ERLE in dB, mean and least, the near end
+/// lost in per cent, median and most, and the level of what is left of the program's voice at its loudest, in dBFS.
+void writeKinds(const std::vector<Column> &columns);
+
 /// Every scenario's own figures.
 void writeDetails(const std::vector<Column> &columns);
 

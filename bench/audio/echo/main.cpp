@@ -1,10 +1,16 @@
+#include "bench/audio/echo/Path.h"
 #include "bench/audio/echo/PlainCanceller.h"
 #include "bench/audio/echo/Table.h"
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
+#include <QDir>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
 
 #include <algorithm>
+#include <cmath>
 #include <cstdio>
 #include <functional>
 
@@ -17,20 +23,28 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-using Create = std::function<std::unique_ptr<EchoCanceller>()>;
-
 struct Way {
     std::string name;
-    Create create;
+    std::function<Processed(const Recording &, const Scenario &)> process;
 };
 
+std::unique_ptr<EchoCanceller> createOurs() {
+    auto canceller = EchoCanceller::create();
+    return canceller ? std::move(*canceller) : nullptr;
+}
+
 std::vector<Way> ways() {
-    std::vector<Way> all{{"raw", [] { return nullptr; }}};
+    std::vector<Way> all{
+        {"raw", [](const auto &recording, const auto &scenario) { return process(recording, scenario, nullptr); }}};
     if (createPlainCanceller())
-        all.push_back({"plain", createPlainCanceller});
-    all.push_back({"ours", [] {
-                       auto canceller = EchoCanceller::create();
-                       return canceller ? std::move(*canceller) : nullptr;
+        all.push_back({"plain", [](const auto &recording, const auto &scenario) {
+                           return process(recording, scenario, createPlainCanceller().get());
+                       }});
+    all.push_back({"ours", [](const auto &recording, const auto &scenario) {
+                       return process(recording, scenario, createOurs().get());
+                   }});
+    all.push_back({"path", [](const auto &recording, const auto &scenario) {
+                       return processOnPath(recording, scenario, createOurs());
                    }});
     return all;
 }
@@ -50,23 +64,58 @@ std::vector<Utterance> utterancesOf(const Recording &recording, const Scenario &
     return utterances;
 }
 
-/// Fills the columns, and `nearEnd` with what would be heard were there no echo.
-std::optional<Failure> run(std::uint32_t set, std::vector<Column> &columns, std::vector<Utterance> &nearEnd) {
+/// Writes what the backend would get as 16-bit samples to a file in `folder`, and what is to be heard in it to a line
+/// of its index: seconds from which on and until which the user's sentences are said.
+bool keep(const QDir &folder, const std::string &way, const Recording &recording, const Outcome &outcome,
+          const Signal &samples) {
+    const auto name =
+        QString::fromStdString(way + " " + outcome.scenario.name).replace(u' ', u'-').remove(u':') + u".raw"_s;
+    QFile sound(folder.filePath(name));
+    QFile index(folder.filePath(u"index.jsonl"_s));
+    if (!sound.open(QFile::WriteOnly) || !index.open(QFile::Append))
+        return false;
+    std::vector<std::int16_t> heard(samples.size());
+    std::transform(samples.begin(), samples.end(), heard.begin(),
+                   [](float sample) { return static_cast<std::int16_t>(std::lround(sample * 32767)); });
+    sound.write(reinterpret_cast<const char *>(heard.data()), static_cast<qint64>(heard.size() * sizeof(heard[0])));
+    const auto times = [&](const std::vector<Speaker::Sentence> &sentences) {
+        QJsonArray said;
+        for (const auto &[text, from, to] : sentences)
+            said.append(QJsonArray{outcome.scenario.farAlone + from, outcome.scenario.farAlone + to});
+        return said;
+    };
+    const auto &hardship = outcome.scenario.hardship;
+    index.write(QJsonDocument(QJsonObject{{u"file"_s, name},
+                                          {u"way"_s, QString::fromStdString(way)},
+                                          {u"kind"_s, hardship ? QString::fromStdString(hardship->kind) : u"easy"_s},
+                                          {u"said"_s, times(recording.nearSentences)},
+                                          {u"others"_s, times(recording.otherSentences)}})
+                    .toJson(QJsonDocument::Compact) +
+                '\n');
+    return true;
+}
+
+/// Fills the columns, and `nearEnd` with what would be heard were there no echo. Keeps all recordings in a folder if
+/// one is named.
+std::optional<Failure> run(const std::vector<Scenario> &chosen, const QString &folder, std::vector<Column> &columns,
+                           std::vector<Utterance> &nearEnd) {
     const auto all = ways();
     for (const auto &way : all)
         columns.push_back({way.name, {}});
     Speaker speaker;
-    for (const auto &scenario : scenarios(set)) {
+    for (const auto &scenario : chosen) {
         std::fprintf(stderr, "%s\n", scenario.name.c_str());
         const auto recording = record(scenario, speaker);
         if (!recording)
             return Failure{recording.reason()};
         for (std::size_t i = 0; i < all.size(); ++i) {
-            const auto canceller = all[i].create();
-            const auto processed = process(*recording, scenario, canceller.get());
+            const auto processed = all[i].process(*recording, scenario);
             columns[i].outcomes.push_back({scenario, measure(*recording, scenario, processed),
                                            processed.microsecondsAFrame,
                                            utterancesOf(*recording, scenario, processed.samples), 0});
+            if (!folder.isEmpty() &&
+                !keep(QDir(folder), all[i].name, *recording, columns[i].outcomes.back(), processed.samples))
+                return Failure{u"cannot write to "_s + folder};
         }
         const auto alone = utterancesOf(*recording, scenario, asHeard(recording->nearEnd));
         nearEnd.insert(nearEnd.end(), alone.begin(), alone.end());
@@ -113,18 +162,33 @@ int main(int argc, char **argv) {
     arguments.addHelpOption();
     const QCommandLineOption setOption(u"set"_s, u"Which rooms, sentences and voices."_s, u"number"_s, u"1"_s);
     const QCommandLineOption detailsOption(u"details"_s, u"Every scenario's own figures too."_s);
-    arguments.addOptions({setOption, detailsOption});
+    const QCommandLineOption hardOption(u"hard"_s, u"What is hard for a canceller, so many recordings of each."_s,
+                                        u"count"_s);
+    const QCommandLineOption onlyOption(u"only"_s, u"The scenarios whose names contain one of these."_s, u"text"_s);
+    const QCommandLineOption keepOption(u"keep"_s, u"Keeps what is heard in this folder."_s, u"folder"_s);
+    arguments.addOptions({setOption, detailsOption, hardOption, onlyOption, keepOption});
     arguments.process(application);
     const auto set = arguments.value(setOption).toUInt();
     if (set == 0)
         return fail(u"sets are numbered from 1"_s);
 
+    const bool isHard = arguments.isSet(hardOption);
+    auto chosen = isHard ? hardScenarios(set, arguments.value(hardOption).toInt()) : scenarios(set);
+    if (const auto only = arguments.values(onlyOption); !only.isEmpty())
+        std::erase_if(chosen, [&](const Scenario &scenario) {
+            return std::none_of(only.begin(), only.end(), [&](const QString &text) {
+                return QString::fromStdString(scenario.name).contains(text);
+            });
+        });
+    if (chosen.empty())
+        return fail(u"no such scenarios"_s);
+
     std::vector<Column> columns;
     std::vector<Utterance> nearEnd;
-    if (const auto failure = run(set, columns, nearEnd))
+    if (const auto failure = run(chosen, arguments.value(keepOption), columns, nearEnd))
         return fail(failure->reason);
     std::optional<double> nearEndWordErrors;
-    if (isRecogniserInstalled()) {
+    if (isRecogniserInstalled() && !isHard) {
         if (const auto failure = countWordErrors(columns))
             return fail(failure->reason);
         const auto errors = wordErrors(nearEnd);
@@ -132,7 +196,10 @@ int main(int argc, char **argv) {
             return fail(errors.reason());
         nearEndWordErrors = *errors;
     }
-    writeTable(columns, nearEndWordErrors);
+    if (isHard)
+        writeKinds(columns);
+    else
+        writeTable(columns, nearEndWordErrors);
     if (arguments.isSet(detailsOption))
         writeDetails(columns);
     return 0;

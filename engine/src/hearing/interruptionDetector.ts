@@ -12,9 +12,12 @@ const residueMargin = 4;
 const firstResidue = -38;
 /** The residue of the first two seconds of the agent's voice says nothing about the later one. */
 const firstFrames = 200;
-/** The residue is the level that 199 of 200 frames of the agent's own voice do not reach: a quantile by steps, in dB. */
-const upStep = 0.995;
-const downStep = 0.005;
+/**
+ * The residue is the level that 197 of 200 frames of the agent's own voice do not reach: a quantile by steps, in dB. It
+ * sinks by 0.75 dB a second: who speaks softly is heard soon after a loud residue, or a missed word, has raised it.
+ */
+const upStep = 0.4925;
+const downStep = 0.0075;
 /** The residue is never taken to be more than this, dBFS: a person who speaks up is heard in any case. */
 const mostResidue = -30;
 /** A voice must not raise the gate that it is to pass: frames count for the residue only after this many others. */
@@ -22,7 +25,7 @@ const learningDelayFrames = 40;
 /** A frame this many dB above the gate, or below it, has the evidence 1; no frame has more than `mostEvidence`. */
 const evidenceScale = 6;
 const mostEvidence = 1.5;
-const enoughEvidence = 9;
+const enoughEvidence = 10;
 
 export class InterruptionDetector {
   #residue = firstResidue;

@@ -61,6 +61,20 @@ describe("somebody talking over the agent", () => {
     expect(decide(failed, speech)).toBeLessThanOrEqual(20);
   });
 
+  test("is noticed when soft after a dozen seconds in which the canceller did well", () => {
+    const detector = new InterruptionDetector();
+    decide(detector, residue(12, -72, -68));
+    expect(decide(detector, new Array<number>(40).fill(-37))).toBeLessThanOrEqual(20);
+  });
+
+  test("is noticed at once when a word was too short to be noticed and is said again", () => {
+    const detector = new InterruptionDetector();
+    decide(detector, residue(30, -72, -68));
+    expect(decide(detector, new Array<number>(12).fill(-44))).toBeUndefined();
+    decide(detector, residue(1, -72, -68));
+    expect(decide(detector, new Array<number>(20).fill(-43))).toBeLessThanOrEqual(15);
+  });
+
   test("does not raise the gate for itself", () => {
     const soft = Array.from({ length: 100 }, (_, index) => -36 - 4 * Math.sin(index));
     const [heard, other] = [new InterruptionDetector(), new InterruptionDetector()];

@@ -150,6 +150,35 @@ TEST(EchoCanceller, FullScaleNoiseDoesNoHarmAndItRecovers) {
     EXPECT_GT(enhancement(echo, output, 6, 8), 20);
 }
 
+TEST(EchoCanceller, SpeakersOrAMicrophoneThatAreTurnedUpOrDownAreNotHeardAsSomebody) {
+    const auto reference = speechLike(12, 21, 0.7F);
+    for (const float turned : {3.16F, 0.316F}) {
+        auto echo = echoOf(reference);
+        for (std::size_t i = bench::samplesIn(6); i < echo.size(); ++i)
+            echo[i] *= turned;
+        const auto canceller = make();
+        const auto output = run(*canceller, reference, echo);
+        EXPECT_GT(enhancement(echo, output, 6.2, 8), 20) << turned;
+        EXPECT_GT(enhancement(echo, output, 9, 12), 20) << turned;
+    }
+}
+
+TEST(EchoCanceller, SomebodyIsAsLoudAsBeforeWhenTheSpeakersWereTurnedUpOrDown) {
+    auto reference = speechLike(9, 22, 0.7F);
+    std::fill(reference.begin() + static_cast<std::ptrdiff_t>(bench::samplesIn(7)), reference.end(), 0.0F);
+    Signal voice(reference.size());
+    const auto said = speechLike(1.2, 23, 1);
+    std::copy(said.begin(), said.end(), voice.begin() + static_cast<std::ptrdiff_t>(bench::samplesIn(7.5)));
+    for (const float turned : {2.0F, 0.5F}) {
+        auto echo = echoOf(reference);
+        for (std::size_t i = bench::samplesIn(6); i < echo.size(); ++i)
+            echo[i] *= turned;
+        const auto canceller = make();
+        const auto output = run(*canceller, reference, sum(echo, voice));
+        EXPECT_NEAR(enhancement(voice, output, 7.6, 8.6), 0, 2) << turned;
+    }
+}
+
 TEST(EchoCanceller, AConstantOffsetIsTakenOut) {
     const auto reference = speechLike(6, 13, 1);
     const auto echo = echoOf(reference);

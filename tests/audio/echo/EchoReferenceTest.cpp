@@ -246,8 +246,8 @@ void keepsStepWithAClockThatIsApartBy(double partsPerMillion) {
         }
         ASSERT_LE(unmatched, 3 * frameSize);
     }
-    EXPECT_LT(longest, 20'000 + 13'000);
-    EXPECT_GT(shortest, 20'000 - 13'000);
+    EXPECT_LT(longest, 20'000 + 4'000);
+    EXPECT_GT(shortest, 20'000 - 4'000);
     EXPECT_LT(roughest, 2e-3F);
 }
 

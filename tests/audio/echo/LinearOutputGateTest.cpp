@@ -74,3 +74,33 @@ TEST(LinearOutputGate, SilenceIsNoNearEnd) {
     auto gate = afterFarEnd();
     EXPECT_EQ(framesUntil(true, gate, silence), -1);
 }
+
+TEST(LinearOutputGate, EchoThatTheSuppressorLetsThroughIsNobody) {
+    auto gate = afterFarEnd();
+    auto echoHeard = bothHeard;
+    echoHeard.likeness = 0.8F;
+    EXPECT_EQ(framesUntil(true, gate, echoHeard), -1);
+    EXPECT_TRUE(gate.isEcho());
+    // And the filter that let it through is not trusted any more.
+    EXPECT_EQ(framesUntil(true, gate, bothHeard), -1);
+    EXPECT_FALSE(gate.isEcho());
+}
+
+TEST(LinearOutputGate, ForTwoAndAHalfSecondsWhatAFilterLeavesIsEchoUntilItHasBegun) {
+    LinearOutputGate gate;
+    constexpr Powers useless{.reference = 1e-2F, .microphone = 1e-2F, .linear = 1e-2F, .suppressed = 1e-3F};
+    for (int i = 0; i < 100; ++i) {
+        static_cast<void>(gate.isLinearBetter(useless));
+        EXPECT_TRUE(gate.isEcho());
+        static_cast<void>(gate.isLinearBetter(silence));
+    }
+    static_cast<void>(framesUntil(true, gate, silence));
+    EXPECT_FALSE(gate.isEcho());
+    // Somebody wears headphones: there is no echo to take out.
+    for (int i = 0; i < 250; ++i)
+        static_cast<void>(gate.isLinearBetter(useless));
+    EXPECT_FALSE(gate.isEcho());
+
+    LinearOutputGate begun = afterFarEnd(60);
+    EXPECT_FALSE(begun.isEcho());
+}

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <atomic>
 #include <cmath>
+#include <optional>
 #include <thread>
 
 namespace palomet::test {
@@ -18,6 +19,7 @@ public:
     void playTone(std::int64_t frames) {
         m_toneEnd = -1;
         m_toneHeardAt = 0;
+        m_isToneCaptured = false;
         m_toneToStart = frames;
     }
 
@@ -31,6 +33,10 @@ public:
     /// The loudest sample since the last call.
     [[nodiscard]] float takePeak() { return m_peak.exchange(0); }
     [[nodiscard]] std::chrono::microseconds delay() const { return std::chrono::microseconds{m_delay}; }
+    /// How much later than the delay said the beginning of the last tone was captured; none until it was.
+    [[nodiscard]] std::optional<std::chrono::microseconds> toneLateness() const {
+        return m_isToneCaptured ? std::optional(std::chrono::microseconds{m_toneLateness}) : std::nullopt;
+    }
     [[nodiscard]] bool isOneThread() const { return m_isOneThread; }
     /// The frame after the tone's last, once that was given, else -1; when its start was written; when it was told
     /// heard.
@@ -43,12 +49,20 @@ public:
         for (const float sample : samples)
             m_peak = std::max(m_peak.load(), std::abs(sample));
         m_delay = delay.count();
+        const auto loud =
+            std::find_if(samples.begin(), samples.end(), [](float sample) { return std::abs(sample) > 0.1F; });
+        if (loud != samples.end() && m_toneEnd > 0 && !m_isToneCaptured) {
+            const auto expected = delay.count() * sampleRate / 1'000'000 - (m_filled - m_toneStart);
+            m_toneLateness = (std::distance(samples.begin(), loud) - expected) * 1'000'000 / sampleRate;
+            m_isToneCaptured = true;
+        }
         m_captured += static_cast<std::int64_t>(samples.size());
     }
     void fill(std::span<float> samples) noexcept override {
         checkThread();
         if (const auto frames = m_toneToStart.exchange(0); frames > 0) {
             m_toneLeft = frames;
+            m_toneStart = m_filled;
             m_toneEnd = m_filled + frames;
             m_toneWrittenAt = static_cast<std::int64_t>(pa_rtclock_now());
         }
@@ -90,6 +104,9 @@ private:
     std::atomic<int> m_openings = 0;
     std::atomic<float> m_peak = 0;
     std::int64_t m_toneLeft = 0;
+    std::int64_t m_toneStart = 0;
+    std::atomic<std::int64_t> m_toneLateness = 0;
+    std::atomic<bool> m_isToneCaptured = false;
 };
 
 } // namespace palomet::test

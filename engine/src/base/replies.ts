@@ -14,8 +14,10 @@ const words: Record<Language, Words> = {
   en: {
     yes: [
       "yes", "yeah", "yep", "yup", "sure", "sure thing", "ok", "okay", "alright", "all right", "of course", "certainly", "absolutely",
-      "definitely", "by all means", "go ahead", "go for it", "do it", "do that", "do so", "please do", "you may", "you can", "that is fine",
-      "that's fine", "that is ok", "that's ok", "that's okay", "sounds good", "fine by me", "i confirm", "confirmed", "allow it", "i allow it",
+      "definitely", "by all means", "go ahead", "go for it", "do it", "do that", "do so", "please do", "you may", "you can",
+      "that is fine",
+      "that's fine", "that is ok", "that's ok", "that's okay", "sounds good", "fine by me", "i confirm", "confirmed", "allow it",
+      "i allow it",
     ],
     no: [
       "no", "nope", "nah", "no way", "don't", "do not", "don't do it", "do not do it", "don't do that", "do not do that", "you may not",
@@ -26,14 +28,17 @@ const words: Record<Language, Words> = {
   },
   pt: {
     yes: [
-      "sim", "pode", "pode sim", "pode ser", "pode fazer", "pode fazer isso", "pode ir", "claro", "claro que sim", "com certeza", "certeza",
+      "sim", "pode", "pode sim", "pode ser", "pode fazer", "pode fazer isso", "pode ir", "claro", "claro que sim", "com certeza",
+      "certeza",
       "isso", "isso mesmo", "isso aí", "ok", "okay", "tá", "tá bom", "tá bem", "tá certo", "está bem", "está bom", "tudo bem", "beleza",
       "certo", "faz", "faça", "faz isso", "faça isso", "vai", "vai em frente", "vá em frente", "manda", "manda ver", "quero", "quero sim",
       "confirmo", "confirmado", "autorizo", "permito", "concordo", "é claro", "por favor sim",
     ],
     no: [
-      "não", "não pode", "não precisa", "não faz", "não faça", "não faz isso", "não faça isso", "não quero", "não quero não", "nem pensar",
-      "de jeito nenhum", "agora não", "ainda não", "hoje não", "melhor não", "é melhor não", "acho melhor não", "prefiro que não", "claro que não",
+      "não", "não pode", "não precisa", "não faz", "não faça", "não faz isso", "não faça isso", "não quero", "não quero não",
+      "nem pensar",
+      "de jeito nenhum", "agora não", "ainda não", "hoje não", "melhor não", "é melhor não", "acho melhor não", "prefiro que não",
+      "claro que não",
       "deixa", "deixa pra lá", "deixa para lá", "deixa disso", "esquece", "esqueça", "cancela", "cancele", "isso não", "negativo",
     ],
     courtesies: ["por favor", "por gentileza", "obrigado", "obrigada", "valeu", "agora", "então", "aí", "pra mim", "para mim"],

@@ -99,7 +99,8 @@ const commands: Record<string, Command> = {
   // It is asked for by `palomet-engine forget`, which forgets what is on the disk.
   "/forget": async (engine, request) => {
     const { folder, from, to } = (await readBody(request)) ?? {};
-    if (typeof folder !== "string" || typeof from !== "number" || typeof to !== "number") return problem(400, "a JSON object of a folder and a span");
+    const isSpan = typeof from === "number" && typeof to === "number";
+    if (typeof folder !== "string" || !isSpan) return problem(400, "a JSON object of a folder and a span");
     return Response.json({ forgotten: engine.forget(folder, { from, to }) });
   },
   "/settings": async (engine, request) => {

@@ -80,7 +80,8 @@ export const englishSound: readonly Request[] = [
     [
       "(speak|talk) [in] [a] (whisper|low voice|whispers|soft voice|quiet voice|quieter voice|softer voice|lower voice)",
       "whisper", "(pipe|tone) down", "(use|speak with|talk with) a (softer|quieter|lower) voice", "not so loud",
-      "you are (speaking|talking|shouting) [<bit>] too loud", "your voice is [<bit>] too loud", "stop (shouting|yelling)", "stop (talking|speaking) so (loud|loudly)",
+      "you are (speaking|talking|shouting) [<bit>] too loud", "your voice is [<bit>] too loud", "stop (shouting|yelling)",
+      "stop (talking|speaking) so (loud|loudly)",
       "do not (shout|yell) [at me]",
       "(speak|talk) [<bit>] (less loud|less loudly|lower|softer|quieter|more quietly|more softly|quietly|softly|down)",
       "(lower|turn down|decrease|reduce|bring down) your (voice|volume) [<bit>] [by {number} [<percent>]]",
@@ -130,7 +131,8 @@ export const englishSound: readonly Request[] = [
     "tellVolume",
     [
       "what is [<the>] (volume|sound level|volume level|current volume|system volume) [at|level|set to|right now]",
-      "how loud (is|are) (it|the volume|the sound|the computer|the music|the speakers) [set|set to|right now]", "(what|how high) is [<the>] volume [level]",
+      "how loud (is|are) (it|the volume|the sound|the computer|the music|the speakers) [set|set to|right now]",
+      "(what|how high) is [<the>] volume [level]",
       "(tell me|check) [<the>] volume [level]", "what volume (is it|are we) [at|on]",
     ],
   ],

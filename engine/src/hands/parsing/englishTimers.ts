@@ -15,13 +15,15 @@ export const englishTimers: readonly Request[] = [
         "lasting|say|about|maybe|like|it is|it takes|they take|they need|it needs] {duration}",
       "[<a>] timer (for|called|named) [<whose>] {few:name} [for|of|with] {duration}",
       "<set> [<a>] timer [going|running|on] (for|of) {duration} [(for|on) [<whose>] {few:name}]",
-      "[<set>] {duration} on the clock", "[<set>] [<a>] {duration} on (a|the) timer [<called> [<whose>] {few:name}]", "{few:name} timer [for|of|at|to] {duration}",
+      "[<set>] {duration} on the clock", "[<set>] [<a>] {duration} on (a|the) timer [<called> [<whose>] {few:name}]",
+      "{few:name} timer [for|of|at|to] {duration}",
       "time [<whose>] {few:name} for {duration}", "<set> [<a>] timer it is {duration}",
       "[<whose>] {few:name} (need|needs|take|takes) {duration} <set> [<a>] timer",
       "<set> [<a>] timer [<called> [<whose>] {few:name}] (to go off|to ring|ringing|so it rings) in {duration}",
       "<set> [<a>] {duration} {few:name} timer", "<set> [<a>] {duration} (countdown|count down)",
       "{duration} (countdown|count down)", "(time|count down|countdown|count) [me] [from|for|down from|down] {duration}",
-      "(tell|alert|notify|ping|warn|buzz|beep|beep at|call|ring|let|signal|give me a shout|give me a heads up|give me a ping|shout|holler|nudge) [me|at me] " +
+      "(tell|alert|notify|ping|warn|buzz|beep|beep at|call|ring|let|signal|give me a shout|give me a heads up|give me a ping|" +
+        "shout|holler|nudge) [me|at me] " +
         "[know] (in|after) {duration}",
       "in {duration} (tell|alert|notify|ping|warn|buzz|beep|beep at|signal|let) me [know]",
       "(wake|get) me when {duration} (are|is) up",
@@ -66,12 +68,14 @@ export const englishTimers: readonly Request[] = [
     [
       "<remind> in {duration} <about> {text}", "<remind> {moment} <about> {text}",
       "<remind> <about> {text} in {duration} [from now]", "<remind> <about> {text} {moment}",
-      "in {duration} <remind> <about> {text}", "{moment} <remind> <about> {text}", "<remind> {duration} from now <about> {text}",
+      "in {duration} <remind> <about> {text}", "{moment} <remind> <about> {text}",
+      "<remind> {duration} from now <about> {text}",
       "{duration} from now <remind> <about> {text}", "<remind> <about> {text} {duration} from now",
       "<remind> for {moment} <about> {text}", "<remind> after {duration} <about> {text}",
       "<remind> <about> {text} after {duration}", "<set> [<a>] {duration} reminder <about> {text}",
       "<set> [<a>] {moment} reminder <about> {text}",
-      "(reminder|new reminder|set a reminder|create a reminder|add a reminder|i need a reminder) [for] {moment} [<about>] {text}",
+      "(reminder|new reminder|set a reminder|create a reminder|add a reminder|i need a reminder) [for] {moment} [<about>] " +
+        "{text}",
       "(reminder|new reminder) in {duration} [<about>] {text}", "(ping|nudge|alert|notify) me {moment} (to|that) {text}",
       "(ping|nudge|alert|notify) me in {duration} (to|that) {text}", "(ping|nudge|alert|notify) me to {text} {moment}",
       "(ping|nudge|alert|notify) me to {text} in {duration}", "{moment} (ping|nudge|alert|notify) me (to|that) {text}",
@@ -110,7 +114,8 @@ export const englishTimers: readonly Request[] = [
   [
     "cancelAlarm",
     [
-      "<off> [<the>] (alarm|alarm clock)", "[<the>] alarm off", "<off> [<the>] {moment} alarm", "<off> [<the>] {day} alarm", "(turn|switch|shut) [<the>] {day} alarm off",
+      "<off> [<the>] (alarm|alarm clock)", "[<the>] alarm off", "<off> [<the>] {moment} alarm", "<off> [<the>] {day} alarm",
+      "(turn|switch|shut) [<the>] {day} alarm off",
       "(turn|switch|shut) [<the>] alarm off (for|on) {day}",
       "<off> [<the>] alarm [for|at|set for|set at|of] {moment}", "<off> [<the>] alarm (for|on|of) {day}",
       "<off> [<the>] {few:name} alarm", "<off> [<the>] alarm (called|named|for) {few:name}",
@@ -167,7 +172,8 @@ export const englishTimers: readonly Request[] = [
       "how (much longer|long) (until|till|before) [<the>] [{few:name}] timer (goes off|rings|ends|is done|is over|is up|" +
         "finishes|runs out)",
       "how (much longer|many more minutes) [on|for|with] [<the>] [{few:name}] [timer]",
-      "how (much longer|many more minutes) (on|for) [<the>] {few:name}", "(how far along|how far) is [<the>] [{few:name}] timer",
+      "how (much longer|many more minutes) (on|for) [<the>] {few:name}",
+      "(how far along|how far) is [<the>] [{few:name}] timer",
       "how are we doing (on|for|with) [<the>] [{few:name}] timer",
       "(what does|how much does) [<the>] [{few:name}] timer (say|show)",
       "when (are|is|will) [<the>] {few:name} (timer up|timer done|timer ready|timer over)",
@@ -176,7 +182,8 @@ export const englishTimers: readonly Request[] = [
       "(is|are) there (any|much) time <left> [on [<the>] [{few:name}] timer]",
       "when (does|will|is) [<the>] [{few:name}] timer (go off|end|finish|ring|be done|be over|done|up|over|run out|going " +
         "to ring|going off|due|be up|expire)",
-      "(what|which) timers (do i have|do we have|are running|are set|are there|are active|are on|have i set|have i got|i have) [going|running|set|on|left]",
+      "(what|which) timers (do i have|do we have|are running|are set|are there|are active|are on|have i set|have i got|i " +
+        "have) [going|running|set|on|left]",
       "(list|show|read|read out|tell me|give me|check|what are) [me] [all|all of] [<the>] [running|active|current] (timers|" +
         "timer)",
       "(do i have|are there|have i got|is there) (any|a|some) (timers|timer) [running|set|on|active|going|left|now|at the " +
@@ -193,7 +200,8 @@ export const englishTimers: readonly Request[] = [
     [
       "when (is|does|will) [<the>] [next|first] alarm [set|set for|go off|ring|going off|due|to go off|supposed to go off]",
       "(what|which) alarms (do i have|are set|are there|are on|have i set|have i got|are active|i have) [set|for tomorrow]",
-      "what time is [<the>] [next] alarm [set|set for|at|going off]", "what time (does|will) [<the>] [next] alarm (go off|ring)",
+      "what time is [<the>] [next] alarm [set|set for|at|going off]",
+      "what time (does|will) [<the>] [next] alarm (go off|ring)",
       "what time (do i|will i|am i going to|will you) (wake up|get up|wake me up|wake me|get woken up)",
       "(list|show|read|read out|tell me|give me|check|what are) [me] [all|all of] [<the>] (alarms|alarm) [(for|on) {day}]",
       "(do i have|are there|have i got|is there|have i set) (any|a|an|some) (alarms|alarm) [set|on|active] [for tomorrow|" +
@@ -210,7 +218,8 @@ export const englishTimers: readonly Request[] = [
     "tellReminders",
     [
       "(what|which) reminders (do i have|are set|are there|have i set|have i got|i have) [set|today|left|coming up]",
-      "(list|show|read|read out|tell me|give me|check|what are) [me] [all|all of] [<the>] (reminders|upcoming reminders) [(for|on) {day}]", "[what are] {day} reminders",
+      "(list|show|read|read out|tell me|give me|check|what are) [me] [all|all of] [<the>] (reminders|upcoming reminders) " +
+        "[(for|on) {day}]", "[what are] {day} reminders",
       "(do i have|are there|have i got|is there|have i set) (any|a|some) (reminders|reminder) [set|today|left]",
       "when is [<the>] [next] reminder", "what (did i ask|have i asked) you to remind me (of|about)",
       "what do you have to remind me (of|about)", "what am i [supposed] to (remember|be reminded of) [today]",

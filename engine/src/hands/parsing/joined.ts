@@ -13,6 +13,11 @@ export interface JoinedPart {
   meant: Meant;
 }
 
+/** The request that stands before, with the words that it begins with. */
+interface Before extends Meant {
+  words: readonly string[];
+}
+
 /** One with more of them is no request. */
 const mostJoints = 4;
 /** "Turn off" has two words, "set an alarm" three. */
@@ -31,7 +36,7 @@ export function severalIn(sentence: string, start: number, language: Language, n
  * The requests of a sentence that joins several: "pause the music and lock the screen". Each has to be understood by itself, or with the
  * verb of the one before it: "cancel the pasta timer and the egg timer".
  */
-function joinedIn(sentence: string, start: number, language: Language, now: Date, verb?: Meant & { words: readonly string[] }): JoinedPart[] | undefined {
+function joinedIn(sentence: string, start: number, language: Language, now: Date, verb?: Before): JoinedPart[] | undefined {
   const places = [...sentence.matchAll(joints[language])];
   if (places.length > mostJoints) return undefined;
   for (const end of [...places.map(({ index }) => index), sentence.length]) {
@@ -49,7 +54,7 @@ function joinedIn(sentence: string, start: number, language: Language, now: Date
 }
 
 /** What it asks for with the verb of the request before it, of which it has to be another one. */
-function elided(text: string, verb: Meant & { words: readonly string[] }, language: Language, now: Date): Meant | undefined {
+function elided(text: string, verb: Before, language: Language, now: Date): Meant | undefined {
   for (let count = 1; count <= verb.words.length; count++) {
     const meant = understood(`${verb.words.slice(0, count).join(" ")} ${text}`, language, now);
     if (meant?.hand === verb.hand && meant.given.do === verb.given.do) return meant;
@@ -75,7 +80,8 @@ function timersIn(sentence: string, start: number, language: Language, now: Date
   const unit = items.map((item) => /\s(\p{L}+)$/u.exec(item)?.[1]).findLast((word) => word !== undefined) ?? "";
   const one = noun.replace(/(?:(?<=r)es|s)$/iu, "");
   const parts = items.map((item): JoinedPart | undefined => {
-    const ask = (length: string): Meant | undefined => understood(`${verb}${language === "pt" ? `um ${one} de` : `a ${one} for`} ${length}`, language, now);
+    const begin = `${verb}${language === "pt" ? `um ${one} de` : `a ${one} for`}`;
+    const ask = (length: string): Meant | undefined => understood(`${begin} ${length}`, language, now);
     const meant = ask(item) ?? ask(`${item} ${unit}`);
     return meant?.hand === "timer" && meant.given.name === undefined ? { text: sentence, start, meant } : undefined;
   });

@@ -72,7 +72,8 @@ function cancel(kind: string | undefined): Meaning {
     const which = { ...(kind === undefined ? {} : { kind }), ...called, ...on };
     // "My seven o'clock alarm" may be that of another day.
     const times = moment && !moment.day ? { times: timesOf(moment) } : {};
-    return { hand: "timer", given: { do: "cancel", ...which, ...(seconds === undefined ? {} : { seconds }), ...(at ? { at: localText(at) } : {}), ...times } };
+    const when = { ...(seconds === undefined ? {} : { seconds }), ...(at ? { at: localText(at) } : {}), ...times };
+    return { hand: "timer", given: { do: "cancel", ...which, ...when } };
   };
 }
 

@@ -87,7 +87,8 @@ export const portuguese: Phrasing = {
     free:
       "(livre|livres|disponivel|disponiveis|sobrando|restando|restante|de sobra|vago|usada|usado|em uso|ocupado|ocupada|" +
       "sendo usada|sendo usado|usando|de folga|sobrou)",
-    network: "(rede do wifi|rede de internet|rede|wifi|wi fi|rede wifi|rede wi fi|rede sem fio|internet|conexao|conexao de rede)",
+    network: "(rede do wifi|rede de internet|rede|wifi|wi fi|rede wifi|rede wi fi|rede sem fio|internet|conexao|conexao de " +
+      "rede)",
   },
   before: [
     "por favor", "por gentileza", "por obsequio",
@@ -97,7 +98,8 @@ export const portuguese: Phrasing = {
     "(ei|oi|ola|ok|ta bom|entao|bom|bem|agora|e|ah|hum|ai|opa|certo|beleza|legal|escuta|olha|vai|valeu|sim|faz favor|" +
       "tambem|rapidinho|rapido|bom dia|boa tarde|boa noite|alo|ne|tipo|viu|so|faz o seguinte|seguinte|por acaso|meu bem|" +
       "querida|querido|amigo|amiga|cara|mano|oxe|uai|ue|perfeito|otimo|show|pronto|depois|dai)",
-    "(esta|isso esta|voce esta|o som esta|o volume esta|a musica esta|ficou|estou achando) [muito|bem|tao|meio|um pouco] (alto|alta|baixo|" +
+    "(esta|isso esta|voce esta|o som esta|o volume esta|a musica esta|ficou|estou achando) [muito|bem|tao|meio|um pouco] " +
+      "(alto|alta|baixo|" +
       "baixa|barulhento) [demais]",
     "(o|a|os|as|meu|minha|meus|minhas) (bebe|nenem|crianca|criancas|vizinho|vizinhos|filho|filha|mae) (esta|estao) " +
       "(dormindo|reclamando)",

@@ -184,7 +184,8 @@ export const portugueseTimers: readonly Request[] = [
         "apitar|desperta)",
       "(o|meu) <timer> [(do|da|de|dos|das) {few:name}] (toca|acaba|termina) (quando|em quanto tempo|daqui a quanto)",
       "(ja|esta) (acabou|acabando|terminou|terminando|tocou) [o|meu] <timer> [(do|da|de|dos|das) {few:name}]",
-      "(quantos minutos|quantos segundos|quanto tempo) (ainda|mais|ainda tem|ainda faltam) [faltam|falta|no <timer>|para acabar]",
+      "(quantos minutos|quantos segundos|quanto tempo) (ainda|mais|ainda tem|ainda faltam) [faltam|falta|no <timer>|para " +
+        "acabar]",
       "quanto falta (no|na) {few:name}",
     ],
   ],
@@ -202,7 +203,8 @@ export const portugueseTimers: readonly Request[] = [
       "<readverb> [todos] [<the>] (alarmes|despertadores|alarme|despertador)",
       "(tem|tenho|ha|existe|eu tenho|tem algum) [algum|alguns|um] (alarme|alarmes|despertador) [ativo|ligado|marcado|" +
         "programado|ativos|marcados] [para amanha]",
-      "[<the>] <alarm> (esta|ficou) (ligado|marcado|ativo|programado)", "quantos alarmes (eu tenho|tenho|ha|tem|estao marcados)",
+      "[<the>] <alarm> (esta|ficou) (ligado|marcado|ativo|programado)",
+      "quantos alarmes (eu tenho|tenho|ha|tem|estao marcados)",
       "(a que horas|que horas|quando) (voce vai|vai|vou|eu vou) (me acordar|acordar)",
       "quanto tempo <restam> (para|ate) [<the>] <alarm> [tocar]", "quando (e|toca) [<the>] [proximo|meu proximo] <alarm>",
       "qual [e] [<the>] [proximo|meu proximo] <alarm>", "a que horas eu acordo",
@@ -217,7 +219,8 @@ export const portugueseTimers: readonly Request[] = [
     "tellReminders",
     [
       "(quais|que) lembretes (eu tenho|tenho|estao ativos|existem|ha|tem|estao marcados|eu marquei|eu criei|estao programados)",
-      "quais sao [<the>] [proximos] lembretes [(de|para|do|da) {day}]", "[<the>] lembretes (de|para|do|da) {day}", "<readverb> [todos] [<the>] lembretes",
+      "quais sao [<the>] [proximos] lembretes [(de|para|do|da) {day}]", "[<the>] lembretes (de|para|do|da) {day}",
+      "<readverb> [todos] [<the>] lembretes",
       "(tem|tenho|ha|existe|eu tenho) [algum|alguns|um] (lembrete|lembretes) [ativo|marcado|para hoje|hoje|marcados]",
       "quantos lembretes (eu tenho|tenho|ha|tem)", "qual [e] [<the>] [proximo|meu proximo] lembrete",
       "quando e [<the>] [proximo|meu proximo] lembrete",

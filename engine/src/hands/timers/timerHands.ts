@@ -241,7 +241,8 @@ function left(timer: Timer, now: Date, language: Language): string {
 export function ringText({ kind, name, seconds, at }: Timer, now: Date, language: Language): string {
   const isLate = now.getTime() - at > 60_000;
   const isPortuguese = language === "pt";
-  const was = isLate ? (isPortuguese ? ` Era para ${bareDay(dayAndTime(new Date(at), now, language))}.` : ` It was due ${dayAndTime(new Date(at), now, language)}.`) : "";
+  const due = dayAndTime(new Date(at), now, language);
+  const was = !isLate ? "" : isPortuguese ? ` Era para ${bareDay(due)}.` : ` It was due ${due}.`;
   if (kind === "reminder") return `${isPortuguese ? "Lembrete" : "A reminder"}: ${name}.${was}`;
   if (kind === "alarm") {
     const time = clockTime(isLate ? now : new Date(at), language);

@@ -86,8 +86,8 @@ Result<std::shared_ptr<const MaskWeights>> MaskWeights::parse(QByteArrayView fil
     return std::shared_ptr<const MaskWeights>(std::move(weights));
 }
 
-Result<std::shared_ptr<const MaskWeights>> MaskWeights::read(const QString &path) {
-    QFile file(path);
+Result<std::shared_ptr<const MaskWeights>> MaskWeights::read(const QString &resources) {
+    QFile file(resources + u"/echo-mask.bin"_s);
     if (!file.open(QIODevice::ReadOnly))
         return Failure{file.errorString()};
     // A byte more than there may be shows that there are too many.

@@ -36,7 +36,8 @@ struct MaskWeights {
 
     /// What a file holds, or why it does not.
     static Result<std::shared_ptr<const MaskWeights>> parse(QByteArrayView file);
-    static Result<std::shared_ptr<const MaskWeights>> read(const QString &path);
+    /// That of "echo-mask.bin" in the resource folder. Not on the sound thread.
+    static Result<std::shared_ptr<const MaskWeights>> read(const QString &resources);
 };
 
 } // namespace palomet::echo

@@ -12,13 +12,14 @@ import scenes
 from voices import Voices
 
 
-def recorded(recorder: Path, channels: np.ndarray) -> np.ndarray:
-    """Linear output, microphone, suppressed output, what is to be kept, and voice, at 16 kHz."""
+def recorded(recorder: Path, channels: np.ndarray, *masks: Path) -> np.ndarray:
+    """Linear output, microphone, suppressed output, what is to be kept, and voice, at 16 kHz; with the folder of a mask also
+    what the program hears without that and with it."""
     with tempfile.TemporaryDirectory() as folder:
         given, made = Path(folder, "in"), Path(folder, "out")
         channels.tofile(given)
-        subprocess.run([recorder], input=f"{given} {made}\n".encode(), check=True)
-        return np.fromfile(made, np.float32).reshape(-1, 5).T.astype(np.float64)
+        subprocess.run([recorder, *masks], input=f"{given} {made}\n".encode(), check=True)
+        return np.fromfile(made, np.float32).reshape(-1, 7 if masks else 5).T.astype(np.float64)
 
 
 class Collector:
@@ -35,8 +36,6 @@ class Collector:
             return
         channels, _ = scenes.make(seed, self.voices, kind == "held")
         linear, microphone, suppressed, kept, voice = recorded(self.recorder, channels)
-        if kind == "held":
-            channels.astype(np.float16).tofile(out.with_suffix(".f16"))
         arriving = out.with_suffix(".arriving")
         with open(arriving, "wb") as file:
             np.savez(file, features=features.features(linear, microphone, suppressed).astype(np.float16),
@@ -54,7 +53,7 @@ def one(task: tuple) -> None:
 
 
 def collect(folder: Path, voices: Path, recorder: Path, training: int, held: int) -> None:
-    """So many scenes of each kind, as far as they are not there; those held out with their sound, for judging."""
+    """So many scenes of each kind, as far as they are not there."""
     folder.mkdir(parents=True, exist_ok=True)
     tasks = [("held", seed) for seed in range(held)] + [("training", seed) for seed in range(training)]
     with Pool(2, begin, (folder, voices, recorder)) as pool:

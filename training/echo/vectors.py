@@ -38,7 +38,7 @@ def main(folder: Path) -> None:
     made, learned = signals(rng), state(rng)
     seen = features.features(*made).astype(np.float64)
     (made * 32768).astype("<i2").tofile(folder / "signals.s16")
-    weights.write(folder / "weights.bin", learned)
+    weights.write(folder / "echo-mask.bin", learned)
     seen.astype("<f4").tofile(folder / "features.f32")
     # From the features as they are written: the network's arithmetic alone.
     weights.forward(learned, seen.astype("<f4").astype(np.float64)).astype("<f4").tofile(folder / "outputs.f32")

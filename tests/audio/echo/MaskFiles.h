@@ -26,7 +26,7 @@ std::vector<Number> maskNumbers(const char *name) {
 
 /// Null, if the file is not as it is to be.
 inline std::shared_ptr<const echo::MaskWeights> maskWeights() {
-    const auto weights = echo::MaskWeights::parse(maskFile("weights.bin"));
+    const auto weights = echo::MaskWeights::parse(maskFile("echo-mask.bin"));
     return weights ? *weights : nullptr;
 }
 

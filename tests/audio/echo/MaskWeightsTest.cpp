@@ -15,7 +15,7 @@ constexpr int header = 56; // The mark, four numbers, the hash.
 
 /// The file with this byte changed; its hash is true again where `isSigned`.
 QByteArray changed(int at, char to, bool isSigned = false) {
-    auto file = test::maskFile("weights.bin");
+    auto file = test::maskFile("echo-mask.bin");
     file[at] = to;
     if (isSigned)
         file.replace(24, 32, QCryptographicHash::hash(file.sliced(header), QCryptographicHash::Sha256));
@@ -24,8 +24,8 @@ QByteArray changed(int at, char to, bool isSigned = false) {
 
 } // namespace
 
-TEST(MaskWeights, AreReadFromAFile) {
-    const auto weights = MaskWeights::read(QStringLiteral(PALOMET_SOURCE_DIR "/tests/audio/echo/mask/weights.bin"));
+TEST(MaskWeights, AreReadFromTheResourceFolder) {
+    const auto weights = MaskWeights::read(QStringLiteral(PALOMET_SOURCE_DIR "/tests/audio/echo/mask"));
     ASSERT_TRUE(weights);
     EXPECT_NE((*weights)->entry.weights[0][0], 0);
     EXPECT_NE((*weights)->exit.biases.back(), 0);
@@ -33,13 +33,13 @@ TEST(MaskWeights, AreReadFromAFile) {
 
 TEST(MaskWeights, AFileThatIsNotThereIsAReasonAndNoWeights) {
     const QTemporaryDir folder;
-    const auto weights = MaskWeights::read(folder.filePath(u"none"_s));
+    const auto weights = MaskWeights::read(folder.path());
     ASSERT_FALSE(weights);
     EXPECT_FALSE(weights.reason().isEmpty());
 }
 
 TEST(MaskWeights, AFileThatIsCutShortAnywhereIsRefused) {
-    const auto file = test::maskFile("weights.bin");
+    const auto file = test::maskFile("echo-mask.bin");
     ASSERT_TRUE(MaskWeights::parse(file));
     for (qsizetype size = 0; size < 80; ++size)
         EXPECT_FALSE(MaskWeights::parse(file.first(size))) << size;
@@ -47,13 +47,13 @@ TEST(MaskWeights, AFileThatIsCutShortAnywhereIsRefused) {
 }
 
 TEST(MaskWeights, AFileThatGoesOnIsRefused) {
-    EXPECT_FALSE(MaskWeights::parse(test::maskFile("weights.bin") + '\0'));
+    EXPECT_FALSE(MaskWeights::parse(test::maskFile("echo-mask.bin") + '\0'));
 }
 
 TEST(MaskWeights, AChangedByteAnywhereIsRefused) {
-    const auto size = static_cast<int>(test::maskFile("weights.bin").size());
+    const auto size = static_cast<int>(test::maskFile("echo-mask.bin").size());
     for (int at = 0; at < size; at += at < header ? 1 : 9973) {
-        const char was = test::maskFile("weights.bin")[at];
+        const char was = test::maskFile("echo-mask.bin")[at];
         EXPECT_FALSE(MaskWeights::parse(changed(at, static_cast<char>(was ^ 1)))) << at;
     }
 }

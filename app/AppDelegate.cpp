@@ -2,6 +2,7 @@
 
 #include "app/LogFile.h"
 #include "app/StatusIcon.h"
+#include "audio/echo/MaskWeights.h"
 #include "localization/Localization.h"
 #include "ui/shell/FolderDialog.h"
 
@@ -78,10 +79,18 @@ AdmitPeer AppDelegate::admitPeer() {
 }
 
 std::unique_ptr<AudioIO> AppDelegate::makeAudioIO() {
+    EchoCanceller::Mask mask;
+    if (EchoCanceller::takesMask()) {
+        if (auto read = echo::MaskWeights::read(m_parts.resources.value_or(QString())))
+            mask = *read;
+        else
+            m_backend.note(u"eco: a máscara não pôde ser lida; \"palomet --doctor\" diz por quê"_s);
+    }
     return std::make_unique<AudioIO>(AudioIO::Parts{
         .server = *m_parts.soundServer,
         .scheduler = *m_parts.scheduler,
         .makeWakeup = m_parts.makeWakeup,
+        .makeEchoCanceller = [mask] { return EchoCanceller::create(mask); },
         .chimeFile = m_parts.resources.value_or(QString()) + u"/sounds/chime.aiff"_s,
         .defaultInputName = L(u"device.systemDefault"),
     });

@@ -5,6 +5,7 @@
 #include "app/Resources.h"
 #include "app/Session.h"
 #include "audio/echo/EchoCanceller.h"
+#include "audio/echo/MaskWeights.h"
 #include "base/BackendPort.h"
 #include "base/QtScheduler.h"
 #include "doctor/Doctor.h"
@@ -149,6 +150,10 @@ int runDoctor(int argumentCount, char **arguments) {
     found.portOwner = KernelSocketOwner()(backendPort, 0);
     if (EchoCanceller::create())
         found.echoCanceller = EchoCanceller::library();
+    if (EchoCanceller::takesMask()) {
+        if (const auto mask = echo::MaskWeights::read(found.resources.value_or(QString())); !mask)
+            found.echoMaskProblem = mask.reason();
+    }
 
     QtScheduler scheduler;
     const auto sound = session.makeSound(scheduler);

@@ -33,7 +33,7 @@ public:
         SoundServer &server;
         Scheduler &scheduler;
         WakeupFactory makeWakeup;
-        EchoCancellerFactory makeEchoCanceller = &EchoCanceller::create;
+        EchoCancellerFactory makeEchoCanceller = [] { return EchoCanceller::create(); };
         SpeechDecoder::Decode decode = &decodeClip;
         QString chimeFile;          ///< The sound of `chime`; an AIFF file.
         QString defaultInputName{}; ///< What the default input is called while its own name is not known.

@@ -208,6 +208,10 @@ std::vector<Finding> diagnose(const Examination &found) {
     findings.push_back(found.echoCanceller.isEmpty()
                            ? fails(u"echo canceller"_s, u"it cannot be made; install Palomet again"_s)
                            : works(u"echo canceller"_s, found.echoCanceller));
+    if (!found.echoMaskProblem.isEmpty())
+        findings.push_back(
+            fails(u"echo mask"_s, u"not read (%1), so words spoken over the agent's voice are heard less well; install "
+                                  "Palomet again"_s.arg(found.echoMaskProblem)));
     return findings;
 }
 

@@ -63,7 +63,8 @@ struct Examination {
     std::optional<QString> defaultInput; ///< Its id.
     MicrophoneStatus permission = MicrophoneStatus::Authorized;
     bool isCaptureOpen = false;
-    QString echoCanceller; ///< Empty: there is none.
+    QString echoCanceller;   ///< Empty: there is none.
+    QString echoMaskProblem; ///< Why its learned mask cannot be read; empty: it can, or would not be used.
 
     TrayHost::Status tray = TrayHost::Status::NotDetermined;
     HotKeyRoute hotKeyRoute = HotKeyRoute::None;

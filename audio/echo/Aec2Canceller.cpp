@@ -39,7 +39,7 @@ private:
 
 } // namespace
 
-Result<std::unique_ptr<EchoCanceller>> EchoCanceller::create() {
+Result<std::unique_ptr<EchoCanceller>> EchoCanceller::create(Mask) {
     webrtc::Config config;
     config.Set<webrtc::ExtendedFilter>(new webrtc::ExtendedFilter(true));
     config.Set<webrtc::DelayAgnostic>(new webrtc::DelayAgnostic(true));
@@ -52,6 +52,10 @@ Result<std::unique_ptr<EchoCanceller>> EchoCanceller::create() {
     canceller->Enable(true);
     processing->high_pass_filter()->Enable(true);
     return std::unique_ptr<EchoCanceller>(std::make_unique<Aec2Canceller>(std::move(processing)));
+}
+
+bool EchoCanceller::takesMask() {
+    return false;
 }
 
 QString EchoCanceller::library() {

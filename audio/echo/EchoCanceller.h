@@ -8,6 +8,10 @@
 
 namespace palomet {
 
+namespace echo {
+struct MaskWeights;
+}
+
 /// Takes the program's own speech out of what the microphone hears: 48 kHz mono in frames of 10 ms. Not thread-safe:
 /// one thread calls `render` and `capture`. No call after creation allocates memory of ours, locks or logs. The same
 /// input gives the same output, always. It never forgets the room: another device or server gets a new canceller.
@@ -19,8 +23,15 @@ public:
     static constexpr int frameSize = 480;
     using Frame = std::array<float, frameSize>;
 
-    /// Made by the library that was chosen at build time.
-    static Result<std::unique_ptr<EchoCanceller>> create();
+    /// What a learned mask knows; null: there is none.
+    using Mask = std::shared_ptr<const echo::MaskWeights>;
+
+    /// Made by the library that was chosen at build time. One that has a linear output takes what is left of the echo
+    /// by `mask`, where there is one.
+    static Result<std::unique_ptr<EchoCanceller>> create(Mask mask = {});
+
+    /// Whether that library has a use for a mask.
+    [[nodiscard]] static bool takesMask();
 
     /// Which library that is, in words.
     [[nodiscard]] static QString library();

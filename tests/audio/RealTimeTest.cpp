@@ -1,4 +1,5 @@
 #include "audio/SoundEngine.h"
+#include "audio/echo/SpeechMask.h"
 #include "audio/link/LinkSocket.h"
 #include "tests/support/FakeEchoCanceller.h"
 #include "tests/support/RealTimeWatch.h"
@@ -85,4 +86,20 @@ TEST(RealTime, CaptureAndPlaybackNeitherAllocateNorFreeNorLock) {
         ++finished;
     EXPECT_EQ(finished, clips);
     socket.close();
+}
+
+TEST(RealTime, TheMaskNeitherAllocatesNorFreesNorLocks) {
+    auto weights = std::make_shared<echo::MaskWeights>();
+    weights->exit.biases.fill(1);
+    echo::SpeechMask mask(std::move(weights));
+    echo::MaskSignals signals;
+    signals.linear.fill(0.1F);
+    int offences = 0;
+    {
+        const test::RealTimeWatch watch;
+        for (int i = 0; i < 100; ++i)
+            (void)mask.process(signals);
+        offences = test::RealTimeWatch::offences();
+    }
+    EXPECT_EQ(offences, 0);
 }

@@ -152,6 +152,9 @@ TEST(Diagnosis, TellsWhatIsMissingOfTheInstallation) {
     found = allIsWell();
     found.echoCanceller.clear();
     expectFailure(found, u"echo canceller"_s, u"install"_s);
+    found = allIsWell();
+    found.echoMaskProblem = u"it is damaged"_s;
+    expectFailure(found, u"echo mask"_s, u"it is damaged"_s);
 }
 
 TEST(Diagnosis, TellsWhatTheDesktopLacks) {

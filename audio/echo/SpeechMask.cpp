@@ -1,0 +1,35 @@
+#include "audio/echo/SpeechMask.h"
+
+#include "audio/echo/Approximations.h"
+
+#include <algorithm>
+
+namespace palomet::echo {
+namespace {
+
+// A word that is lost costs more than an echo that is heard softly: the mask opens early, and gains are nearer to 1
+// than was learned, by this power of them. On the scenes held out that halves what is lost, and costs 3 dB.
+constexpr float likelyVoice = 0.2F;
+constexpr float caution = 0.7F;
+constexpr int held = 20;         // Frames: a stop within a word is no end of it.
+constexpr float closing = 0.25F; // A frame.
+
+/// Of a positive number.
+float powerOf(float base, float exponent) {
+    constexpr float ln2 = 0.693147181F;
+    return exponential(exponent * ln2 * binaryLogarithm(base));
+}
+
+} // namespace
+
+const LowFrame &SpeechMask::process(const MaskSignals &signals) noexcept {
+    auto [gains, voice] = m_network.process(m_features.process(signals));
+    m_heldFrames = voice > likelyVoice ? held : std::max(m_heldFrames - 1, 0);
+    m_openness = m_heldFrames > 0 ? 1 : std::max(m_openness - closing, 0.0F);
+    for (float &gain : gains)
+        gain = m_openness * powerOf(gain, caution);
+    m_filter.process(signals.linear, gains, m_masked);
+    return m_masked;
+}
+
+} // namespace palomet::echo

@@ -11,6 +11,9 @@ export interface XWindow {
     height: number;
 }
 
+/** Left, top, width and height. */
+export type Rectangle = [number, number, number, number];
+
 /** Nothing else of the program's has the strip's size. */
 export const isStrip = ({ width, height }: { width: number; height: number }) => width === 440 && height === 40;
 
@@ -49,8 +52,8 @@ export class Screen {
     }
 
     /** Clicks into the middle of that place. */
-    async click([left, top, width, height]: [number, number, number, number]): Promise<void> {
-        await this.do("mousemove", String(left + (width >> 1)), String(top + (height >> 1)), "click", "1");
+    async click([left, top, width, height]: Rectangle, button: 1 | 3 = 1): Promise<void> {
+        await this.do("mousemove", String(left + (width >> 1)), String(top + (height >> 1)), "click", String(button));
     }
 
     /** Takes a picture of that window, which has to show something, and says what it is like. */
@@ -61,6 +64,13 @@ export class Screen {
         check(columns === width && rows === height, `the picture ${name} is ${columns}×${rows}, and not ${width}×${height}`);
         check(colours! > 10, `the picture ${name} has no more than ${colours} colours`);
         return `${columns}×${rows}, ${colours} colours`;
+    }
+
+    /** Takes a picture of the whole screen, and gives its path. */
+    async whole(name: string): Promise<string> {
+        const path = join(this.#folder, `${name}.png`);
+        await run(["import", "-silent", "-window", "root", path], this.environment);
+        return path;
     }
 
     do(...parameters: string[]): Promise<string> {

@@ -1,0 +1,68 @@
+// A session on a desktop: from the login to the logout. Whoever logs in again gets a new display and a new bus, and the same home.
+
+import { mkdirSync, readdirSync, readFileSync } from "node:fs";
+import { join } from "node:path";
+import { AccessibleTree } from "../rehearsal/accessible";
+import { homeOf, sessionOf, startBus, startDisplay, trayHost } from "../rehearsal/desktop";
+import { end, type Environment, type Program, run, start, until } from "../rehearsal/process";
+import { Screen } from "../rehearsal/screen";
+import type { Desktop } from "./desktop";
+
+export class Session {
+    private constructor(
+        /** What the session's programs have. */
+        readonly environment: Environment,
+        readonly screen: Screen,
+        readonly tree: AccessibleTree,
+        private readonly desktop: Desktop,
+        private readonly manager: Program,
+        private readonly below: Program[],
+    ) {}
+
+    static async login(desktop: Desktop, folder: string, runtimeFolder: string): Promise<Session> {
+        mkdirSync(join(folder, "home"), { recursive: true });
+        const environment: Environment = {
+            ...homeOf(join(folder, "home")),
+            ...sessionOf(desktop.name, desktop.type, runtimeFolder),
+            ...desktop.environment,
+            LIBGL_ALWAYS_SOFTWARE: "1",
+            USER: "somebody",
+            SHELL: "/bin/bash",
+        };
+        const display = await startDisplay(environment, folder, "1280x800");
+        const bus = await startBus(environment, folder);
+        const manager = start(desktop.session, environment, join(folder, "session.log"));
+        await trayHost(environment);
+        const member = await until(`${desktop.member} of the session`, () => environmentOf(desktop.member));
+        if (member.SESSION_MANAGER) environment.SESSION_MANAGER = member.SESSION_MANAGER;
+        const tree = await AccessibleTree.open(environment);
+        return new Session(environment, new Screen(environment, folder), tree, desktop, manager, [bus, display]);
+    }
+
+    /** Ends it as its own menu does, and waits until it is over. */
+    async logout(): Promise<void> {
+        await run(this.desktop.logout, this.environment);
+        await until("the session to end", () => this.manager.exitCode !== null);
+        for (const program of this.below) await end(program);
+    }
+}
+
+/** The processes of that name. */
+export function processesOf(name: string): number[] {
+    return readdirSync("/proc").map(Number).filter((pid) => pid > 0 && nameOf(pid) === name.slice(0, 15));
+}
+
+function nameOf(pid: number): string {
+    try {
+        return readFileSync(`/proc/${pid}/comm`, "utf8").trim();
+    } catch {
+        return "";
+    }
+}
+
+function environmentOf(name: string): Environment | undefined {
+    const [pid] = processesOf(name);
+    if (pid === undefined) return undefined;
+    const pairs = readFileSync(`/proc/${pid}/environ`, "utf8").split("\0").filter((pair) => pair.includes("="));
+    return Object.fromEntries(pairs.map((pair) => [pair.slice(0, pair.indexOf("=")), pair.slice(pair.indexOf("=") + 1)]));
+}

@@ -1,0 +1,113 @@
+// The keys that work from anywhere, and those that others had first.
+
+import { type Node } from "../../rehearsal/accessible";
+import { until } from "../../rehearsal/process";
+import { OtherProgram } from "../../rehearsal/screen";
+import { check, words } from "../../rehearsal/stage";
+import { join } from "node:path";
+import { closeWindow, palomet, type Place, status, Terminal, windowInFront } from "../place";
+import { run } from "../../rehearsal/process";
+import { differenceOf } from "./tray";
+
+const layouts = ["us", "de", "us"];
+/** What nobody has. */
+const freeKey = "ctrl+alt+j";
+
+/** The desktop has Alt+Space for the window menu: it is refused, the window says so and what to do, and the doctor too. */
+export async function refused(place: Place): Promise<string> {
+    const { hotKeyProblem } = await status(place);
+    check(hotKeyProblem === words["shortcut.taken"]!.replace("%@", "⌥Space"), `of Alt+Space it says "${hotKeyProblem}"`);
+    await palomet(place, "--open", "listening");
+    const button = await recorder(place);
+    const said = await place.session.tree.description(button);
+    check(said.includes("did not grant"), `in the window it says "${said}"`);
+    await place.session.screen.whole("key-refused");
+    await closeWindow(place);
+    const doctor = await run(["sh", "-c", '"$0" --doctor || true', process.env.PALOMET_PROGRAM!], place.session.environment);
+    check(/^!! {2}hot keys: Alt\+Space is refused/m.test(doctor), "the doctor has no word about Alt+Space");
+    return `Alt+Space is the desktop's, and the window says: ${hotKeyProblem}`;
+}
+
+/** Alt+Space goes on to open the window menu, after the keyboard's layout has changed, too. */
+export async function others(place: Place): Promise<string> {
+    const { session: { screen, environment } } = place;
+    const terminal = await Terminal.open(place);
+    const opensWindowMenu = async (when: string) => {
+        await screen.whole("before-window-menu");
+        await screen.key("alt+space");
+        await until(`the window menu ${when}`, async () => (await differenceOf(place, "before-window-menu", "window-menu")) > 5000);
+        await screen.key("Escape");
+        await until("the window menu to go", async () => (await differenceOf(place, "before-window-menu", "after-window-menu")) < 5000);
+    };
+    await opensWindowMenu("at first");
+    for (const layout of layouts) {
+        await run(["setxkbmap", layout], environment);
+        await opensWindowMenu(`with the layout ${layout}`);
+        check((await status(place)).hotKeyProblem !== "", `with the layout ${layout} it took Alt+Space from the desktop`);
+    }
+    await terminal.close();
+    return `Alt+Space opens the window menu, with the layouts ${layouts.join(", ")} too`;
+}
+
+/** Another key, pressed in the window, works from another program's window at once, which gets nothing of it. */
+export async function another(place: Place): Promise<string> {
+    const { session: { screen, environment, tree }, watcher, folder } = place;
+    await palomet(place, "--open", "listening");
+    const button = await recorder(place);
+    await screen.click(await tree.place(button));
+    await until("the recording", async () => (await tree.description(button)).includes(words["recorder.type"]!));
+    await screen.key(freeKey);
+    await until("the key to be granted", async () => (await status(place)).hotKeyProblem === "");
+    await screen.whole("key-granted");
+    await closeWindow(place);
+    const other = await OtherProgram.start(environment, screen, join(folder, "other-program.log"));
+    const since = watcher.states.length;
+    await screen.key(freeKey);
+    await watcher.reach("listening", since);
+    check(!other.keys.includes("j"), "the key went to the other program too");
+    await watcher.post("stop");
+    await watcher.settle();
+    const doctor = await run(["sh", "-c", '"$0" --doctor || true', process.env.PALOMET_PROGRAM!], environment);
+    check(/^ok {2}hot keys: /m.test(doctor), `the doctor says of the key: ${/^.*hot keys.*$/m.exec(doctor)?.[0]}`);
+    const [before, beforeSince] = [count(other), watcher.states.length];
+    await watcher.post("say", { text: "What can you do?" });
+    await watcher.reach("speaking", beforeSince);
+    await until("the strip", () => screen.strip());
+    await screen.whole("speaking");
+    await screen.key("Escape");
+    await watcher.reach("waiting", watcher.after("speaking", beforeSince), 5000);
+    check(count(other) === before, "the Escape that stopped it went to the other program too");
+    await until("Escape in the other program", async () => {
+        await screen.key("Escape");
+        return count(other) > before;
+    });
+    await screen.key("alt+F4");
+    return `${freeKey}, pressed in the window, listens from another program; Escape stops it while it speaks, and is the other's again`;
+}
+
+const count = ({ keys }: OtherProgram) => keys.filter((key) => key === "Escape").length;
+
+/** The button that records the listen key, scrolled to where it can be seen. */
+async function recorder(place: Place): Promise<Node> {
+    const { session: { screen, tree } } = place;
+    await windowInFront(place);
+    const button = await until("the listen key in the window", async () => {
+        for (const window of await tree.windows()) {
+            const buttons = await tree.all(window, /^push button$/);
+            const names = await Promise.all(buttons.map((node) => tree.name(node)));
+            const places = await Promise.all(buttons.map((node) => tree.place(node)));
+            const index = names.findIndex((name, at) => name === words["menu.listen"] && places[at]![1] > 200);
+            if (index >= 0) return buttons[index];
+        }
+        return undefined;
+    });
+    const [left] = await tree.place(button);
+    await screen.do("mousemove", String(left), "500");
+    await until("the listen key in sight", async () => {
+        const [, top] = await tree.place(button);
+        if (top > 220 && top < 700) return true;
+        await screen.do("click", "5");
+        return false;
+    });
+    return button;
+}

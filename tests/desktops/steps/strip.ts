@@ -1,0 +1,32 @@
+// The strip above a window that fills the screen: seen, without the focus, and in no list.
+
+import { until } from "../../rehearsal/process";
+import { check } from "../../rehearsal/stage";
+import { palomet, type Place, property, Terminal } from "../place";
+import { differenceOf } from "./tray";
+
+export async function aboveFullScreen(place: Place): Promise<string> {
+    const { session, desktop, watcher } = place;
+    const { screen } = session;
+    const terminal = await Terminal.open(place, "-fullscreen");
+    await until("a window that fills the screen", async () => /FULLSCREEN/.test(await property(place, terminal.id, "_NET_WM_STATE")));
+    await screen.whole("full-screen");
+    const since = watcher.states.length;
+    await palomet(place, "--listen");
+    await watcher.reach("listening", since);
+    const strip = await until("the strip", () => screen.strip());
+    // Nothing else changes on a screen that is filled.
+    const area = await until("the strip to be seen", async () => {
+        const found = await differenceOf(place, "full-screen", "strip-above-full-screen");
+        return found > 5000 && found;
+    });
+    check(Number(await screen.focused()) === Number(terminal.id), "the strip took the focus");
+    const names = await desktop.windowList(session);
+    check(!names.includes("Palomet"), `the list of windows has the strip: ${names.join(", ")}`);
+    const state = await property(place, strip.id, "_NET_WM_STATE", "_NET_WM_WINDOW_TYPE");
+    await palomet(place, "--stop");
+    await watcher.reach("waiting", since);
+    await until("the strip to go", async () => (await screen.strip()) === undefined);
+    await terminal.close();
+    return `the strip is seen above a window that fills the screen (${area} pixels), has no focus, and is in no list (${state.trim().replaceAll(/\s+/g, " ")})`;
+}

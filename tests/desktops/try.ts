@@ -1,0 +1,79 @@
+// try.ts NAME: lives on that desktop with Palomet as a person does, step by step. A step that fails is noted, and the next one
+// tried. Ends with 0 only if every step held. Pictures and logs stay in $PALOMET_DESKTOP.
+
+import { cpSync, existsSync, mkdirSync, mkdtempSync, rmSync, writeFileSync } from "node:fs";
+import { join } from "node:path";
+import { Watcher } from "../rehearsal/backend";
+import { endAll, run } from "../rehearsal/process";
+import { SoundDesk } from "../rehearsal/sound";
+import { step } from "../rehearsal/stage";
+import type { Desktop } from "./desktop";
+import type { Place } from "./place";
+import { Session } from "./session";
+import * as keys from "./steps/keys";
+import * as life from "./steps/session";
+import * as strip from "./steps/strip";
+import * as tray from "./steps/tray";
+import * as window from "./steps/window";
+import { xfce } from "./xfce";
+
+const desktops: Record<string, Desktop> = { xfce };
+
+type Step = (place: Place) => Promise<string>;
+
+const steps: [string, Step][] = [
+    ["--doctor before the start", life.doctor],
+    ["start", life.start],
+    ["icon in the tray", tray.icon],
+    ["menu of the tray", tray.menu],
+    ["click on the tray", tray.click],
+    ["--open, second start", window.fromTerminal],
+    ["applications menu", window.fromMenu],
+    ["name and icon", window.identity],
+    ["strip above full screen", strip.aboveFullScreen],
+    ["Alt+Space that is refused", keys.refused],
+    ["keys of others", keys.others],
+    ["another listen key, Escape", keys.another],
+    ["logout, login", life.again],
+    ["--doctor after the login", life.doctor],
+    ["quit", life.quit],
+];
+
+const name = process.argv[2] ?? "";
+const desktop = desktops[name];
+if (!desktop) throw new Error(`no desktop "${name}"`);
+const folder = process.env.PALOMET_DESKTOP!;
+rmSync(folder, { recursive: true, force: true });
+mkdirSync(folder, { recursive: true });
+const runtimeFolder = mkdtempSync("/tmp/palomet-");
+
+const session = await Session.login(desktop, folder, runtimeFolder);
+const version = (await run(["dpkg-query", "-W", "-f", "${Version}", desktop.package], session.environment)).trim();
+step(`${desktop.name} ${version} is there`);
+const sound = new SoundDesk(session.environment, folder);
+await sound.start();
+const watcher = new Watcher();
+watcher.start();
+const place: Place = { desktop, sound, watcher, folder, session };
+
+const only = process.argv.slice(3);
+const seen: Record<string, string> = {};
+let failures = 0;
+for (const [title, take] of steps) {
+    if (only.length > 0 && !only.some((word) => title.includes(word))) continue;
+    try {
+        seen[title] = `ok: ${await take(place)}`;
+    } catch (problem) {
+        failures++;
+        seen[title] = `FAILED: ${problem instanceof Error ? problem.message : problem}`;
+        await place.session.screen.whole(`failed-${failures}`).catch(() => undefined);
+    }
+    step(`${title}: ${seen[title]}`);
+}
+writeFileSync(join(folder, "steps.json"), JSON.stringify({ desktop: desktop.name, version, steps: seen }, undefined, 1));
+const log = join(folder, "home/Library/Logs/loquent/palomet.log");
+if (existsSync(log)) cpSync(log, join(folder, "palomet.log"));
+watcher.end();
+sound.end();
+await endAll();
+process.exit(failures === 0 ? 0 : 1);

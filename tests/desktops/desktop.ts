@@ -13,7 +13,7 @@ export interface Desktop {
     /** What a login tells it besides. */
     readonly environment: Environment;
     /** A program of the session that is there to its end, and has its environment. */
-    readonly member: string;
+    readonly member: RegExp;
     /** The package whose version tells which desktop it is. */
     readonly package: string;
     /** Ends the session at once, as its own menu does. */

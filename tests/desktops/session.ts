@@ -47,9 +47,9 @@ export class Session {
     }
 }
 
-/** The processes of that name. */
-export function processesOf(name: string): number[] {
-    return readdirSync("/proc").map(Number).filter((pid) => pid > 0 && nameOf(pid) === name.slice(0, 15));
+/** The processes that are so called. */
+export function processesOf(name: RegExp): number[] {
+    return readdirSync("/proc").map(Number).filter((pid) => pid > 0 && name.test(nameOf(pid)));
 }
 
 function nameOf(pid: number): string {
@@ -60,7 +60,7 @@ function nameOf(pid: number): string {
     }
 }
 
-function environmentOf(name: string): Environment | undefined {
+function environmentOf(name: RegExp): Environment | undefined {
     const [pid] = processesOf(name);
     if (pid === undefined) return undefined;
     const pairs = readFileSync(`/proc/${pid}/environ`, "utf8").split("\0").filter((pair) => pair.includes("="));

@@ -1,6 +1,5 @@
 // XFCE. Its panel shows the tray in a process of its own, whose window stands in the panel.
 
-import { readFileSync } from "node:fs";
 import { run } from "../rehearsal/process";
 import type { Rectangle } from "../rehearsal/screen";
 import type { Desktop } from "./desktop";
@@ -14,13 +13,13 @@ export const xfce: Desktop = {
     type: "x11",
     session: ["xfce4-session"],
     environment: { XDG_MENU_PREFIX: "xfce-", XDG_CONFIG_DIRS: "/etc/xdg", DESKTOP_SESSION: "xfce" },
-    member: "xfce4-panel",
+    member: /^xfce4-panel$/,
     package: "xfce4-session",
     logout: ["xfce4-session-logout", "--logout", "--fast"],
     hasWindowMenuKey: true,
 
     async trayItem({ environment }: Session): Promise<Rectangle | undefined> {
-        const tray = processesOf("wrapper-2.0").find((pid) => readFileSync(`/proc/${pid}/cmdline`, "utf8").includes("libsystray.so"));
+        const [tray] = processesOf(/^panel-\d+-systray/);
         if (tray === undefined) return undefined;
         const windows = [...(await run(["xwininfo", "-root", "-tree"], environment)).matchAll(/^\s+(0x\w+) "wrapper-2\.0": .* (\d+)x(\d+)\+\S+ +\+(\d+)\+(\d+)$/gm)];
         for (const [, leader] of windows) {

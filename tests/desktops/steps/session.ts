@@ -5,13 +5,13 @@ import { join } from "node:path";
 import { TrayItem } from "../../rehearsal/desktop";
 import { run, until } from "../../rehearsal/process";
 import { check } from "../../rehearsal/stage";
-import { palomet, type Place } from "../place";
+import { palomet, type Place, status } from "../place";
 import { processesOf, Session } from "../session";
 
 /** What the doctor says in a fresh session, with Palomet or without: all is well but for these. */
 export async function doctor(place: Place): Promise<string> {
     const text = await run(["sh", "-c", '"$0" --doctor || true', process.env.PALOMET_PROGRAM!], place.session.environment);
-    await Bun.write(join(place.folder, `doctor-${processesOf("palomet").length ? "running" : "before"}.txt`), text);
+    await Bun.write(join(place.folder, `doctor-${processesOf(/^palomet$/).length ? "running" : "before"}.txt`), text);
     const expected = place.desktop.hasWindowMenuKey ? ["hot keys", "level"] : ["level"];
     const wrong = [...text.matchAll(/^!! {2}([^:]+):/gm)].map(([, subject]) => subject!).filter((subject) => !expected.includes(subject));
     check(wrong.length === 0, `the doctor complains of ${wrong.join(", ")}`);
@@ -32,19 +32,19 @@ export async function again(place: Place): Promise<string> {
     await palomet(place, "--autostart", "on");
     const log = join(place.session.environment.HOME!, "Library/Logs/loquent/palomet.log");
     await place.session.logout();
-    await until("Palomet to end", () => processesOf("palomet").length === 0);
+    await until("Palomet to end", () => processesOf(/^palomet$/).length === 0);
     const lines = readFileSync(log, "utf8").split("\n").filter((line) => line.startsWith("saindo: "));
     check(lines.length === 3 && lines[2] === "saindo: pronto", `the log's last lines are not those of an orderly end: ${lines.join(" | ")}`);
     place.session = await Session.login(place.desktop, place.folder, place.session.environment.XDG_RUNTIME_DIR!);
-    await until("Palomet, by itself", () => processesOf("palomet").length === 1);
+    await until("Palomet, by itself", () => processesOf(/^palomet$/).length === 1);
     await TrayItem.find(place.session.environment);
-    await until("the backend", async () => (await place.watcher.state())?.state === "waiting");
+    await until("it to wait", async () => (await status(place)).state === "waiting");
     await place.session.screen.whole("after-login");
     return `logging out ends it in order (${lines[0]}), and after the next login it is there by itself`;
 }
 
 export async function quit(place: Place): Promise<string> {
     await palomet(place, "--quit");
-    await until("it to be gone", () => processesOf("palomet").length === 0);
+    await until("it to be gone", () => processesOf(/^palomet$/).length === 0);
     return "palomet --quit ends it";
 }

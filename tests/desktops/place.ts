@@ -18,32 +18,29 @@ export interface Place {
     session: Session;
 }
 
-/** Numbers of windows are written in either way. */
-const sameWindow = (one: string, other: string) => Number(one) === Number(other);
-
 /** The window of a terminal, in which a person types commands. */
 export class Terminal {
+    static readonly #open = new Set<Terminal>();
+
     private constructor(
         private readonly place: Place,
         readonly id: string,
         private readonly process: Program,
     ) {}
 
-    static async open(place: Place, ...options: string[]): Promise<Terminal> {
-        const { session, folder } = place;
-        const title = `terminal ${performance.now()}`;
-        const process = start(["xterm", "-T", title, ...options, "-e", "bash", "--norc"], session.environment, join(folder, "terminal.log"));
-        const id = await until("the terminal", async () =>
-            (await session.screen.do("search", "--onlyvisible", "--name", `^${title}$`).catch(() => "")).trim());
+    static async open(place: Place, { isFullScreen = false } = {}): Promise<Terminal> {
+        const { session, desktop, folder } = place;
+        const title = `terminal ${Math.round(performance.now())}`;
+        const process = start(desktop.terminal(title, isFullScreen), session.environment, join(folder, "terminal.log"));
+        const id = await until("the terminal", () => desktop.windows.find(session, title));
+        await until("the terminal's focus", () => desktop.windows.isInFront(session, id));
         const terminal = new Terminal(place, id, process);
-        await until("the terminal's focus", async () => isInFront(place, id));
+        Terminal.#open.add(terminal);
         return terminal;
     }
 
-    /** A click into it brings it to the front. */
-    async turnTo(): Promise<void> {
-        await this.place.session.screen.do("windowactivate", "--sync", this.id);
-        await until("the terminal in front", () => isInFront(this.place, this.id));
+    static async closeAll(): Promise<void> {
+        for (const terminal of Terminal.#open) await terminal.close();
     }
 
     async type(command: string): Promise<void> {
@@ -53,32 +50,33 @@ export class Terminal {
     async close(): Promise<void> {
         this.process.kill("SIGTERM");
         await this.process.exited;
+        Terminal.#open.delete(this);
     }
 }
 
-/** Whether it lies above all others, and gets the keys. */
-export async function isInFront({ session }: Place, id: string): Promise<boolean> {
-    const text = await run(["xprop", "-root", "_NET_ACTIVE_WINDOW", "_NET_CLIENT_LIST_STACKING"], session.environment);
-    const active = /^_NET_ACTIVE_WINDOW.*# (0x\w+)/m.exec(text)?.[1] ?? "0";
-    if (!sameWindow(active, id)) return false;
-    const stack = [...(/^_NET_CLIENT_LIST_STACKING.*$/m.exec(text)?.[0] ?? "").matchAll(/0x\w+/g)].map(([one]) => one);
-    const kinds = await Promise.all(stack.map((one) => run(["xprop", "-id", one, "_NET_WM_WINDOW_TYPE"], session.environment).catch(() => "")));
-    const ordinary = stack.filter((_, index) => !/_DOCK|_DESKTOP/.test(kinds[index]!));
-    return sameWindow(ordinary.at(-1) ?? "0", id);
+/** Closes what a step has left open that ended before its time. */
+export async function tidy(place: Place): Promise<void> {
+    const { desktop: { windows }, session } = place;
+    await session.screen.key("Escape");
+    await Terminal.closeAll();
+    const window = await session.screen.window();
+    if (!window) return;
+    await windows.activate(session, (await windows.find(session, "Palomet")) ?? window.id);
+    await closeWindow(place);
 }
 
 /** The program's window, once it is in front and has the focus. */
 export async function windowInFront(place: Place): Promise<XWindow> {
     return until("the window in front, with the focus", async () => {
         const window = await place.session.screen.window();
-        return window && (await isInFront(place, window.id)) && window;
+        return window && (await place.desktop.windows.isInFront(place.session, window.id)) && window;
     });
 }
 
 /** Closes the window that is in front by the desktop's own key. */
 export async function closeWindow(place: Place): Promise<void> {
     await windowInFront(place);
-    await place.session.screen.key("alt+F4");
+    await place.session.screen.key(place.desktop.closeKey);
     await until("the window to close", async () => (await place.session.screen.window()) === undefined);
 }
 

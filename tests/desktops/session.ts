@@ -1,12 +1,15 @@
 // A session on a desktop: from the login to the logout. Whoever logs in again gets a new display and a new bus, and the same home.
 
-import { mkdirSync, readdirSync, readFileSync } from "node:fs";
+import { existsSync, mkdirSync, readdirSync, readFileSync } from "node:fs";
 import { join } from "node:path";
 import { AccessibleTree } from "../rehearsal/accessible";
 import { homeOf, sessionOf, startBus, startDisplay, trayHost } from "../rehearsal/desktop";
 import { end, type Environment, type Program, run, start, until } from "../rehearsal/process";
 import { Screen } from "../rehearsal/screen";
 import type { Desktop } from "./desktop";
+
+/** What a session tells its programs besides what the login told it. */
+const told = ["SESSION_MANAGER", "DISPLAY", "WAYLAND_DISPLAY", "SWAYSOCK"];
 
 export class Session {
     private constructor(
@@ -20,28 +23,34 @@ export class Session {
     ) {}
 
     static async login(desktop: Desktop, folder: string, runtimeFolder: string): Promise<Session> {
-        mkdirSync(join(folder, "home"), { recursive: true });
-        const environment: Environment = {
-            ...homeOf(join(folder, "home")),
+        const home = join(folder, "home");
+        if (!existsSync(home)) {
+            mkdirSync(home);
+            desktop.setUp?.(home);
+        }
+        const outside: Environment = {
+            ...homeOf(home),
             ...sessionOf(desktop.name, desktop.type, runtimeFolder),
             ...desktop.environment,
             LIBGL_ALWAYS_SOFTWARE: "1",
             USER: "somebody",
             SHELL: "/bin/bash",
         };
-        const display = await startDisplay(environment, folder, "1280x800");
-        const bus = await startBus(environment, folder);
-        const manager = start(desktop.session, environment, join(folder, "session.log"));
-        await trayHost(environment);
+        const display = await startDisplay(outside, folder, "1280x800");
+        const bus = await startBus(outside, folder);
+        const manager = start(desktop.session, outside, join(folder, "session.log"));
+        await trayHost(outside);
         const member = await until(`${desktop.member} of the session`, () => environmentOf(desktop.member));
-        if (member.SESSION_MANAGER) environment.SESSION_MANAGER = member.SESSION_MANAGER;
+        const environment = { ...outside };
+        for (const name of told) if (member[name] !== undefined) environment[name] = member[name];
         const tree = await AccessibleTree.open(environment);
-        return new Session(environment, new Screen(environment, folder), tree, desktop, manager, [bus, display]);
+        return new Session(environment, new Screen(environment, folder, outside), tree, desktop, manager, [bus, display]);
     }
 
     /** Ends it as its own menu does, and waits until it is over. */
     async logout(): Promise<void> {
-        await run(this.desktop.logout, this.environment);
+        // It may be gone before it answers.
+        await run(this.desktop.logout, this.environment).catch(() => undefined);
         await until("the session to end", () => this.manager.exitCode !== null);
         for (const program of this.below) await end(program);
     }

@@ -8,32 +8,38 @@ import { endAll, run } from "../rehearsal/process";
 import { SoundDesk } from "../rehearsal/sound";
 import { step } from "../rehearsal/stage";
 import type { Desktop } from "./desktop";
-import type { Place } from "./place";
+import { type Place, tidy } from "./place";
 import { Session } from "./session";
 import * as keys from "./steps/keys";
 import * as life from "./steps/session";
 import * as strip from "./steps/strip";
 import * as tray from "./steps/tray";
 import * as window from "./steps/window";
+import { sway } from "./sway";
 import { xfce } from "./xfce";
 
-const desktops: Record<string, Desktop> = { xfce };
+const desktops: Record<string, Desktop> = { sway, xfce };
 
-type Step = (place: Place) => Promise<string>;
+/** A step is left out where the desktop has nothing of the kind. */
+type Step = [title: string, take: (place: Place) => Promise<string>, isFor?: (desktop: Desktop) => boolean];
 
-const steps: [string, Step][] = [
+const steps: Step[] = [
     ["--doctor before the start", life.doctor],
     ["start", life.start],
     ["icon in the tray", tray.icon],
     ["menu of the tray", tray.menu],
     ["click on the tray", tray.click],
-    ["--open, second start", window.fromTerminal],
-    ["applications menu", window.fromMenu],
+    ["click on the tray, window behind", tray.clickBehind],
+    ["--open", window.open],
+    ["--open, window behind", window.openBehind],
+    ["second start, window behind", window.startAgain],
+    ["applications menu, window behind", window.launch],
     ["name and icon", window.identity],
     ["strip above full screen", strip.aboveFullScreen],
-    ["Alt+Space that is refused", keys.refused],
-    ["keys of others", keys.others],
-    ["another listen key, Escape", keys.another],
+    ["Alt+Space that is refused", keys.refused, ({ keys }) => keys === "x11"],
+    ["keys of others", keys.others, ({ keys }) => keys === "x11"],
+    ["another listen key, Escape", keys.another, ({ keys }) => keys === "x11"],
+    ["keys by commands", keys.byCommand, ({ keys }) => keys === "nobody"],
     ["logout, login", life.again],
     ["--doctor after the login", life.doctor],
     ["quit", life.quit],
@@ -59,7 +65,8 @@ const place: Place = { desktop, sound, watcher, folder, session };
 const only = process.argv.slice(3);
 const seen: Record<string, string> = {};
 let failures = 0;
-for (const [title, take] of steps) {
+for (const [title, take, isFor] of steps) {
+    if (isFor && !isFor(desktop)) continue;
     if (only.length > 0 && !only.some((word) => title.includes(word))) continue;
     try {
         seen[title] = `ok: ${await take(place)}`;
@@ -67,6 +74,7 @@ for (const [title, take] of steps) {
         failures++;
         seen[title] = `FAILED: ${problem instanceof Error ? problem.message : problem}`;
         await place.session.screen.whole(`failed-${failures}`).catch(() => undefined);
+        await tidy(place).catch((other) => step(`and cannot be tidied up: ${other}`));
     }
     step(`${title}: ${seen[title]}`);
 }

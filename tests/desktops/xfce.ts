@@ -4,6 +4,7 @@ import { run } from "../rehearsal/process";
 import type { Rectangle } from "../rehearsal/screen";
 import type { Desktop } from "./desktop";
 import { processesOf, type Session } from "./session";
+import { x11Terminal, x11Windows } from "./x11";
 
 /** The part of a window's number that the X server gave to the program. */
 const clientOf = (id: string) => Number(id) >> 21;
@@ -16,7 +17,11 @@ export const xfce: Desktop = {
     member: /^xfce4-panel$/,
     package: "xfce4-session",
     logout: ["xfce4-session-logout", "--logout", "--fast"],
-    hasWindowMenuKey: true,
+    closeKey: "alt+F4",
+    keys: "x11",
+    hasAutostart: true,
+    terminal: x11Terminal,
+    windows: { ...x11Windows, list: windowButtons },
 
     async trayItem({ environment }: Session): Promise<Rectangle | undefined> {
         const [tray] = processesOf(/^panel-\d+-systray/);
@@ -31,15 +36,16 @@ export const xfce: Desktop = {
         }
         return undefined;
     },
-
-    async windowList({ tree }: Session): Promise<string[]> {
-        const names: string[] = [];
-        for (const panel of await tree.windows(/^xfce4-panel$/)) {
-            for (const button of await tree.all(panel, /^toggle button$/)) {
-                // What is hidden has a place nevertheless.
-                if ((await tree.place(button))[0] >= 0) names.push(await tree.name(button));
-            }
-        }
-        return names;
-    },
 };
+
+/** The names on the buttons of the panel's list of windows, among those of other buttons. */
+async function windowButtons({ tree }: Session): Promise<string[]> {
+    const names: string[] = [];
+    for (const panel of await tree.windows(/^xfce4-panel$/)) {
+        for (const button of await tree.all(panel, /^toggle button$/)) {
+            // What is hidden has a place nevertheless.
+            if ((await tree.place(button))[0] >= 0) names.push(await tree.name(button));
+        }
+    }
+    return names;
+}

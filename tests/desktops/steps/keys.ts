@@ -72,7 +72,7 @@ export async function another(place: Place): Promise<string> {
     const [before, beforeSince] = [count(other), watcher.states.length];
     await watcher.post("say", { text: "What can you do?" });
     await watcher.reach("speaking", beforeSince);
-    await until("the strip", () => screen.strip());
+    await until("it to speak", async () => (await status(place)).state === "speaking" && (await screen.strip()));
     await screen.whole("speaking");
     await screen.key("Escape");
     await watcher.reach("waiting", watcher.after("speaking", beforeSince), 5000);
@@ -81,11 +81,47 @@ export async function another(place: Place): Promise<string> {
         await screen.key("Escape");
         return count(other) > before;
     });
-    await screen.key("alt+F4");
+    await screen.key(place.desktop.closeKey);
     return `${freeKey}, pressed in the window, listens from another program; Escape stops it while it speaks, and is the other's again`;
 }
 
 const count = ({ keys }: OtherProgram) => keys.filter((key) => key === "Escape").length;
+
+/** Where nobody gives keys to programs, the window and the doctor say what to bind instead, and that works. */
+export async function byCommand(place: Place): Promise<string> {
+    const { session, desktop, watcher } = place;
+    const { screen, tree } = session;
+    await palomet(place, "--open", "listening");
+    const said = await until("the window's advice", async () => {
+        for (const window of await tree.windows()) {
+            const all = await tree.names(window);
+            const texts = [...all, ...(await Promise.all((await tree.all(window, /^push button$/)).map((node) => tree.description(node))))];
+            const found = texts.find((text) => text.includes(words["listening.keysByCommand"]!));
+            if (found) return found;
+        }
+        return undefined;
+    });
+    await screen.whole("keys-by-command");
+    await closeWindow(place);
+    const doctor = await run(["sh", "-c", '"$0" --doctor || true', process.env.PALOMET_PROGRAM!], session.environment);
+    check(/^!! {2}hot keys: .*bind "palomet --listen" and "palomet --stop"/m.test(doctor), "the doctor does not say what to bind");
+    await desktop.bind!(session, { "Mod1+space": "palomet --listen", "Mod1+Escape": "palomet --stop" });
+    const terminal = await Terminal.open(place);
+    const since = watcher.states.length;
+    await screen.key("alt+space");
+    await watcher.reach("listening", since);
+    await watcher.post("stop");
+    await watcher.settle();
+    const asked = watcher.states.length;
+    await watcher.post("say", { text: "What can you do?" });
+    await watcher.reach("speaking", asked);
+    await until("it to speak", async () => (await status(place)).state === "speaking" && (await screen.strip()));
+    await screen.whole("speaking");
+    await screen.key("alt+Escape");
+    await watcher.reach("waiting", watcher.after("speaking", asked), 5000);
+    await terminal.close();
+    return `the window says: ${said}; bound so, Alt+Space listens and Alt+Escape stops it while it speaks`;
+}
 
 /** The button that records the listen key, scrolled to where it can be seen. */
 async function recorder(place: Place): Promise<Node> {
@@ -102,11 +138,11 @@ async function recorder(place: Place): Promise<Node> {
         return undefined;
     });
     const [left] = await tree.place(button);
-    await screen.do("mousemove", String(left), "500");
+    await screen.hand("mousemove", String(left), "500");
     await until("the listen key in sight", async () => {
         const [, top] = await tree.place(button);
         if (top > 220 && top < 700) return true;
-        await screen.do("click", "5");
+        await screen.hand("click", "5");
         return false;
     });
     return button;

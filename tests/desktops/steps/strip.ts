@@ -8,8 +8,8 @@ import { differenceOf } from "./tray";
 export async function aboveFullScreen(place: Place): Promise<string> {
     const { session, desktop, watcher } = place;
     const { screen } = session;
-    const terminal = await Terminal.open(place, "-fullscreen");
-    await until("a window that fills the screen", async () => /FULLSCREEN/.test(await property(place, terminal.id, "_NET_WM_STATE")));
+    const terminal = await Terminal.open(place, { isFullScreen: true });
+    await until("a window that fills the screen", () => desktop.windows.isFullScreen(session, terminal.id));
     await screen.whole("full-screen");
     const since = watcher.states.length;
     await palomet(place, "--listen");
@@ -20,8 +20,8 @@ export async function aboveFullScreen(place: Place): Promise<string> {
         const found = await differenceOf(place, "full-screen", "strip-above-full-screen");
         return found > 5000 && found;
     });
-    check(Number(await screen.focused()) === Number(terminal.id), "the strip took the focus");
-    const names = await desktop.windowList(session);
+    check(await desktop.windows.isInFront(session, terminal.id), "the strip took the focus");
+    const names = await desktop.windows.list(session);
     check(!names.includes("Palomet"), `the list of windows has the strip: ${names.join(", ")}`);
     const state = await property(place, strip.id, "_NET_WM_STATE", "_NET_WM_WINDOW_TYPE");
     await palomet(place, "--stop");

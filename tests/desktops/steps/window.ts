@@ -2,34 +2,42 @@
 
 import { until } from "../../rehearsal/process";
 import { check } from "../../rehearsal/stage";
-import { closeWindow, type Place, property, Terminal, windowInFront } from "../place";
+import { closeWindow, palomet, type Place, property, Terminal, windowInFront } from "../place";
 
-/** Asked for in a terminal, it comes to the front with the focus, from nowhere and from behind the terminal. */
-export async function fromTerminal(place: Place): Promise<string> {
-    const terminal = await Terminal.open(place, "-geometry", "150x40+60+60");
-    for (const command of ["palomet --open", "palomet --open voice", "palomet"]) {
-        await terminal.turnTo();
-        await terminal.type(command);
-        await windowInFront(place);
-        await place.session.screen.whole(`after-${command.replaceAll(/\W+/g, "-")}`);
-    }
-    await closeWindow(place);
-    await terminal.close();
-    return "palomet --open and a second palomet bring the window to the front with the focus, from behind the terminal too";
+/** Asked for in a terminal, it comes to the front with the focus. */
+export async function open(place: Place): Promise<string> {
+    await type(place, await Terminal.open(place), "palomet --open voice");
+    return "palomet --open, typed in a terminal, opens the window in front, with the focus";
 }
 
-/** The launcher of the desktop's menu does the same. */
-export async function fromMenu(place: Place): Promise<string> {
-    const terminal = await Terminal.open(place, "-geometry", "150x40+60+60");
-    const launch = "gio launch /usr/share/applications/org.palomet.Palomet.desktop";
-    await terminal.type(launch);
-    await windowInFront(place);
-    await terminal.turnTo();
-    await terminal.type(launch);
+/** So it does when it lies behind the terminal. */
+export async function openBehind(place: Place): Promise<string> {
+    await type(place, await terminalBefore(place), "palomet --open voice");
+    return "palomet --open brings the window to the front, with the focus";
+}
+
+export async function startAgain(place: Place): Promise<string> {
+    await type(place, await terminalBefore(place), "palomet");
+    return "a second palomet brings the window to the front, with the focus";
+}
+
+/** What the desktop's own launchers do with its entry. */
+export async function launch(place: Place): Promise<string> {
+    await type(place, await terminalBefore(place), "gio launch /usr/share/applications/org.palomet.Palomet.desktop");
+    return "its entry, launched, brings the window to the front, with the focus";
+}
+
+async function terminalBefore(place: Place): Promise<Terminal> {
+    await palomet(place, "--open");
+    await until("the window", () => place.session.screen.window());
+    return Terminal.open(place);
+}
+
+async function type(place: Place, terminal: Terminal, command: string): Promise<void> {
+    await terminal.type(command);
     await windowInFront(place);
     await closeWindow(place);
     await terminal.close();
-    return "its entry in the applications menu brings the window to the front, from behind another too";
 }
 
 /** It says which program it is of, and the panel's list of windows has it by its name, once. */
@@ -46,10 +54,10 @@ export async function identity(place: Place): Promise<string> {
     }
     const sizes = [...text.matchAll(/Icon \((\d+) x \d+\)/g)].map(([, size]) => Number(size));
     check([16, 32, 48].every((size) => sizes.includes(size)), `it has icons of ${sizes.join(", ")} only`);
-    await until("its name in the list of windows", async () => (await desktop.windowList(session)).filter((name) => name === "Palomet").length === 1);
+    await until("its name in the list of windows", async () => (await desktop.windows.list(session)).filter((name) => name === "Palomet").length === 1);
     await session.screen.whole("window-list");
     await closeWindow(place);
-    await until("its name to leave the list of windows", async () => !(await desktop.windowList(session)).includes("Palomet"));
+    await until("its name to leave the list of windows", async () => !(await desktop.windows.list(session)).includes("Palomet"));
     await terminal.close();
     return `its class, desktop file and icons (${sizes.join(", ")}) are its own, and the panel lists it as "Palomet", once`;
 }

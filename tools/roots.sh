@@ -2,7 +2,7 @@
 #
 # They say which by variables: suite, base (a root to be copied, or nothing), roots (the folder of the two roots build and run)
 # and output (the folder of Palomet's packages).
-# shellcheck disable=SC2154
+# shellcheck shell=bash disable=SC2154
 
 source=$PWD
 

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # try-desktop.sh NAME…: builds the packages in a fresh Debian, installs them in another beside a real desktop, starts that without
-# a screen, and does there with Palomet what a person does. NAME is xfce or sway; "all" takes one after the other.
+# a screen, and does there with Palomet what a person does. NAME is xfce, sway or plasma-x11; "all" takes one after the other.
 #
 #   --base FOLDER       a root made by debootstrap earlier, to be copied instead of making one; it is not changed
 #   --packages FOLDER   try the packages that lie there instead of building any
@@ -14,7 +14,7 @@ cd "$(dirname "$0")/.."
 . tools/roots.sh
 
 suite=bookworm
-desktops=(xfce sway)
+desktops=(xfce sway plasma-x11)
 
 installDesktop() {
     local root=$roots/run
@@ -36,11 +36,13 @@ liveThere() {
     mkdir -p "$root/dev/pts"
     mount -t devpts -o newinstance,ptmxmode=0666,mode=0620 devpts "$root/dev/pts"
     ln -sf pts/ptmx "$root/dev/ptmx"
-    mkdir -p -m 1777 "$root/tmp/.X11-unix" "$root/tmp/.ICE-unix"
+    mkdir "$root/tmp/.X11-unix" "$root/tmp/.ICE-unix"
+    chmod 1777 "$root/tmp/.X11-unix" "$root/tmp/.ICE-unix"
+    local result=0
     within "$root" unshare --net sh -c 'ip link set lo up && exec "$@"' sh \
         setpriv --reuid 1000 --regid 1000 --clear-groups env HOME=/home/somebody USER=somebody \
-        PALOMET_PROGRAM=/usr/bin/palomet PALOMET_DESKTOP=/tmp/desktop /usr/share/palomet/bun "/source/tests/desktops/try.ts" "$name" ${STEPS:-} &&
-        local result=0 || local result=$?
+        PALOMET_PROGRAM=/usr/bin/palomet PALOMET_DESKTOP=/tmp/desktop \
+        /usr/share/palomet/bun /source/tests/desktops/try.ts "$name" || result=$?
     rm -rf "$kept"
     mkdir -p "$(dirname "$kept")"
     cp -r "$root/tmp/desktop" "$kept" || true

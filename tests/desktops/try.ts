@@ -15,10 +15,11 @@ import * as life from "./steps/session";
 import * as strip from "./steps/strip";
 import * as tray from "./steps/tray";
 import * as window from "./steps/window";
+import { plasmaX11 } from "./plasma";
 import { sway } from "./sway";
 import { xfce } from "./xfce";
 
-const desktops: Record<string, Desktop> = { sway, xfce };
+const desktops: Record<string, Desktop> = { "plasma-x11": plasmaX11, sway, xfce };
 
 /** A step is left out where the desktop has nothing of the kind. */
 type Step = [title: string, take: (place: Place) => Promise<string>, isFor?: (desktop: Desktop) => boolean];

@@ -1,15 +1,16 @@
 // The keys that work from anywhere, and those that others had first.
 
-import { type Node } from "../../rehearsal/accessible";
-import { until } from "../../rehearsal/process";
+import { join } from "node:path";
+import type { Node } from "../../rehearsal/accessible";
+import { run, until } from "../../rehearsal/process";
 import { OtherProgram } from "../../rehearsal/screen";
 import { check, words } from "../../rehearsal/stage";
-import { join } from "node:path";
 import { closeWindow, palomet, type Place, status, Terminal, windowInFront } from "../place";
-import { run } from "../../rehearsal/process";
 import { differenceOf } from "./tray";
 
 const layouts = ["us", "de", "us"];
+/** What it says takes longer than this. */
+const longestStopMs = 1500;
 /** What nobody has. */
 const freeKey = "ctrl+alt+j";
 
@@ -69,13 +70,9 @@ export async function another(place: Place): Promise<string> {
     await watcher.settle();
     const doctor = await run(["sh", "-c", '"$0" --doctor || true', process.env.PALOMET_PROGRAM!], environment);
     check(/^ok {2}hot keys: /m.test(doctor), `the doctor says of the key: ${/^.*hot keys.*$/m.exec(doctor)?.[0]}`);
-    const [before, beforeSince] = [count(other), watcher.states.length];
-    await watcher.post("say", { text: "What can you do?" });
-    await watcher.reach("speaking", beforeSince);
-    await until("it to speak", async () => (await status(place)).state === "speaking" && (await screen.strip()));
-    await screen.whole("speaking");
-    await screen.key("Escape");
-    await watcher.reach("waiting", watcher.after("speaking", beforeSince), 5000);
+    await pictureOfSpeech(place);
+    const before = count(other);
+    await stopBy(place, "Escape");
     check(count(other) === before, "the Escape that stopped it went to the other program too");
     await until("Escape in the other program", async () => {
         await screen.key("Escape");
@@ -83,6 +80,31 @@ export async function another(place: Place): Promise<string> {
     });
     await screen.key(place.desktop.closeKey);
     return `${freeKey}, pressed in the window, listens from another program; Escape stops it while it speaks, and is the other's again`;
+}
+
+/** Makes it speak, until it says so itself, and the strip does. */
+async function speak(place: Place): Promise<number> {
+    const { session: { screen }, watcher } = place;
+    const since = watcher.states.length;
+    await watcher.post("say", { text: "What can you do?" });
+    await until("it to speak", async () => (await status(place)).state === "speaking" && (await screen.strip()));
+    return since;
+}
+
+async function pictureOfSpeech(place: Place): Promise<void> {
+    await speak(place);
+    await place.session.screen.whole("speaking");
+    await place.watcher.post("stop");
+    await place.watcher.settle();
+}
+
+/** That key stops it while it speaks, long before it would end by itself. */
+async function stopBy(place: Place, key: string): Promise<void> {
+    const { session: { screen }, watcher } = place;
+    const since = await speak(place);
+    check(watcher.states.at(-1) === "speaking", "it did not speak long enough");
+    await screen.key(key);
+    await watcher.reach("waiting", watcher.after("speaking", since), longestStopMs);
 }
 
 const count = ({ keys }: OtherProgram) => keys.filter((key) => key === "Escape").length;
@@ -101,6 +123,7 @@ export async function byCommand(place: Place): Promise<string> {
         }
         return undefined;
     });
+    await recorder(place);
     await screen.whole("keys-by-command");
     await closeWindow(place);
     const doctor = await run(["sh", "-c", '"$0" --doctor || true', process.env.PALOMET_PROGRAM!], session.environment);
@@ -112,13 +135,8 @@ export async function byCommand(place: Place): Promise<string> {
     await watcher.reach("listening", since);
     await watcher.post("stop");
     await watcher.settle();
-    const asked = watcher.states.length;
-    await watcher.post("say", { text: "What can you do?" });
-    await watcher.reach("speaking", asked);
-    await until("it to speak", async () => (await status(place)).state === "speaking" && (await screen.strip()));
-    await screen.whole("speaking");
-    await screen.key("alt+Escape");
-    await watcher.reach("waiting", watcher.after("speaking", asked), 5000);
+    await pictureOfSpeech(place);
+    await stopBy(place, "alt+Escape");
     await terminal.close();
     return `the window says: ${said}; bound so, Alt+Space listens and Alt+Escape stops it while it speaks`;
 }

@@ -55,7 +55,13 @@ const row = ([left, top, width, height]: Rectangle, index: number): Rectangle =>
 async function openMenu(place: Place): Promise<Rectangle> {
     const { session: { screen, environment }, session, desktop } = place;
     const where = await until("the icon in the tray", () => desktop.trayItem(session));
+    // What was closed before may take its time to go.
     await screen.whole("menu-before");
+    await until("the screen to be still", async () => {
+        const still = (await differenceOf(place, "menu-before", "menu")) < 100;
+        await screen.whole("menu-before");
+        return still;
+    });
     await screen.click(where, 3);
     const from = where[1] + where[3] + 2;
     return until("the menu", async () => {

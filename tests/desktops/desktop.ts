@@ -33,8 +33,10 @@ export interface Desktop {
     readonly logout: string[];
     /** The key that closes the window in front. */
     readonly closeKey: string;
-    /** Who gives keys to programs: X11, where the desktop has Alt+Space for the window menu, or nobody. */
+    /** Who gives keys to programs: X11, unless somebody has them already, or nobody. */
     readonly keys: "x11" | "nobody";
+    /** What the desktop itself opens on Alt+Space, if anything. */
+    readonly hasOnAltSpace?: string;
     /** Whether it starts at the login what the user's autostart folder names. */
     readonly hasAutostart: boolean;
     readonly windows: Windows;

@@ -5,6 +5,9 @@ import type { Desktop } from "./desktop";
 import type { Session } from "./session";
 import { x11Terminal, x11Windows } from "./x11";
 
+/** The windows stand left of it, the tray right. */
+const middle = 640;
+
 /** What stands in the panel, by name and place. */
 async function inPanel({ tree }: Session): Promise<{ name: string; place: Rectangle }[]> {
     const found: { name: string; place: Rectangle }[] = [];
@@ -26,17 +29,18 @@ export const plasmaX11: Desktop = {
     logout: ["gdbus", "call", "--session", "--dest", "org.kde.Shutdown", "--object-path", "/Shutdown", "--method", "org.kde.Shutdown.logout"],
     closeKey: "alt+F4",
     keys: "x11",
+    hasOnAltSpace: "KRunner",
     hasAutostart: true,
     terminal: x11Terminal,
 
     windows: {
         ...x11Windows,
         async list(session: Session) {
-            return (await inPanel(session)).filter(({ place }) => place[2] > 60).map(({ name }) => name);
+            return (await inPanel(session)).filter(({ place }) => place[0] < middle).map(({ name }) => name);
         },
     },
 
     async trayItem(session: Session): Promise<Rectangle | undefined> {
-        return (await inPanel(session)).find(({ name, place }) => /^Palomet/.test(name) && place[2] <= 60)?.place;
+        return (await inPanel(session)).find(({ name, place }) => /^palomet$/i.test(name) && place[0] > middle)?.place;
     },
 };

@@ -19,6 +19,7 @@ export const xfce: Desktop = {
     logout: ["xfce4-session-logout", "--logout", "--fast"],
     closeKey: "alt+F4",
     keys: "x11",
+    hasOnAltSpace: "the window menu",
     hasAutostart: true,
     terminal: x11Terminal,
     windows: { ...x11Windows, list: windowButtons },

@@ -2,15 +2,15 @@
 
 import { until } from "../../rehearsal/process";
 import { check } from "../../rehearsal/stage";
+import { differenceOf, stillPicture } from "../pictures";
 import { palomet, type Place, property, Terminal } from "../place";
-import { differenceOf } from "./tray";
 
 export async function aboveFullScreen(place: Place): Promise<string> {
     const { session, desktop, watcher } = place;
     const { screen } = session;
     const terminal = await Terminal.open(place, { isFullScreen: true });
     await until("a window that fills the screen", () => desktop.windows.isFullScreen(session, terminal.id));
-    await screen.whole("full-screen");
+    await stillPicture(place, "full-screen");
     const since = watcher.states.length;
     await palomet(place, "--listen");
     await watcher.reach("listening", since);
@@ -18,7 +18,7 @@ export async function aboveFullScreen(place: Place): Promise<string> {
     // Nothing else changes on a screen that is filled.
     const area = await until("the strip to be seen", async () => {
         const found = await differenceOf(place, "full-screen", "strip-above-full-screen");
-        return found > 5000 && found;
+        return found > 5000 && found < 440 * 40 * 1.5 && found;
     });
     check(await desktop.windows.isInFront(session, terminal.id), "the strip took the focus");
     const names = await desktop.windows.list(session);

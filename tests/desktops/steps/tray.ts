@@ -3,6 +3,7 @@
 import { until, run } from "../../rehearsal/process";
 import type { Rectangle } from "../../rehearsal/screen";
 import { words } from "../../rehearsal/stage";
+import { stillPicture } from "../pictures";
 import { closeWindow, palomet, type Place, Terminal, windowInFront } from "../place";
 
 /** A sign can be made out from this contrast on. */
@@ -46,6 +47,7 @@ export async function menu(place: Place): Promise<string> {
     return `its menu (${area[2]}×${area[3]}) opens; "${words["menu.open"]}" opens the window (${window.width}×${window.height}) in front, "${words["menu.listen"]}" listens`;
 }
 
+const screenHeight = 800;
 /** The state, Listen, Stop, Mute, Open, Quit, all of a height. */
 const rows = 6;
 const row = ([left, top, width, height]: Rectangle, index: number): Rectangle =>
@@ -55,30 +57,20 @@ const row = ([left, top, width, height]: Rectangle, index: number): Rectangle =>
 async function openMenu(place: Place): Promise<Rectangle> {
     const { session: { screen, environment }, session, desktop } = place;
     const where = await until("the icon in the tray", () => desktop.trayItem(session));
-    // What was closed before may take its time to go.
-    await screen.whole("menu-before");
-    await until("the screen to be still", async () => {
-        const still = (await differenceOf(place, "menu-before", "menu")) < 100;
-        await screen.whole("menu-before");
-        return still;
-    });
+    await stillPicture(place, "menu-before");
     await screen.click(where, 3);
-    const from = where[1] + where[3] + 2;
+    // Without the panel, in which the icon changes.
+    const isBelow = where[1] < screenHeight / 2;
+    const from = isBelow ? where[1] + where[3] + 2 : 0;
+    const area = isBelow ? `x${screenHeight}+0+${from}` : `x${where[1] - 10}+0+0`;
     return until("the menu", async () => {
         const picture = await screen.whole("menu");
-        const changed = ["-compose", "difference", "-composite", "-crop", `x2000+0+${from}`, "+repage", "-threshold", "4%", "-trim"];
+        const changed = ["-compose", "difference", "-composite", "-crop", area, "+repage", "-threshold", "4%", "-trim"];
         const before = picture.replace("menu.png", "menu-before.png");
         const found = await run(["convert", before, picture, ...changed, "-format", "%w %h %X %Y", "info:"], environment).catch(() => "");
         const [width, height, left, top] = found.split(" ").map(Number);
         return width! > 80 && height! > 100 && ([left, from + top!, width, height] as Rectangle);
     });
-}
-
-/** How many pixels are not the same in a picture that was taken and in another that is taken now. */
-export async function differenceOf({ session: { screen, environment } }: Place, before: string, now: string): Promise<number> {
-    const picture = await screen.whole(now);
-    const both = [picture.replace(`${now}.png`, `${before}.png`), picture];
-    return Number(await run(["sh", "-c", 'compare -metric AE -fuzz 3% "$1" "$2" null: 2>&1 || true', "sh", ...both], environment));
 }
 
 /** A click on it opens the window in front. */

@@ -200,4 +200,9 @@ void AppDelegate::applicationShouldTerminate() {
     });
 }
 
+void AppDelegate::terminateAtOnce() {
+    applicationShouldTerminate();
+    m_backend.awaitStop();
+}
+
 } // namespace palomet

@@ -76,6 +76,9 @@ public:
     /// Begins to quit, however often it is asked.
     void applicationShouldTerminate();
 
+    /// Quits, or goes on to quit, without an event loop, which the program has lost. Waits until all has ended.
+    void terminateAtOnce();
+
 Q_SIGNALS:
     /// All that had to be ended has ended: the event loop may end too.
     void mayTerminate();

@@ -1,5 +1,6 @@
 #include "app/AppDelegate.h"
 #include "app/Application.h"
+#include "app/EarlyExit.h"
 #include "app/PreviewMode.h"
 #include "app/Resources.h"
 #include "app/Session.h"
@@ -39,6 +40,7 @@
 #include <QStandardPaths>
 
 #include <cstdio>
+#include <cstdlib>
 
 using namespace palomet;
 using namespace std::chrono_literals;
@@ -164,6 +166,11 @@ int run(int argumentCount, char **arguments) {
     localization::load(parts.resources.value_or(QString()), localization::preferredLanguages());
     translateToolkit(application, localization::language());
     AppDelegate delegate(std::move(parts));
+    const EarlyExit earlyExit([&delegate] {
+        delegate.terminateAtOnce();
+        // What else an exit does takes the globals away from threads that still run.
+        std::_Exit(0);
+    });
     QObject::connect(&application, &Application::quitRequested, &delegate, &AppDelegate::applicationShouldTerminate);
     // From the event loop: it may be asked before that has begun.
     QObject::connect(

@@ -27,6 +27,7 @@
 #include "platform/linux/ThreadTrial.h"
 #include "platform/linux/WaylandSocket.h"
 #include "platform/linux/startChildProcess.h"
+#include "platform/sway/SwayWindowManagement.h"
 #include "platform/x11/X11HotKeyGrabber.h"
 #include "platform/x11/X11WindowManagement.h"
 #include "platform/x11/X11WorkArea.h"
@@ -88,7 +89,11 @@ std::unique_ptr<HotKeyGrabber> hotKeyGrabber(const Session &session, const Keybo
 std::unique_ptr<WindowManagement> windowManagement(X11Connection *x11) {
     if (x11 == nullptr || QGuiApplication::platformName() != "xcb"_L1)
         return nullptr;
-    return std::make_unique<X11WindowManagement>(*x11, Session::applicationId());
+    auto management = std::make_unique<X11WindowManagement>(*x11, Session::applicationId());
+    const auto sway = qEnvironmentVariable("SWAYSOCK");
+    if (sway.isEmpty())
+        return management;
+    return std::make_unique<SwayWindowManagement>(sway, std::move(management));
 }
 
 /// What the desktop gave to this start of the program, so that a window may come to the front.

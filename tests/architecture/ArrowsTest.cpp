@@ -60,6 +60,7 @@ const std::map<std::string, std::set<std::string>> ports{
       "shortcuts/KeyboardLayout.h", "ui/shell/FolderChooser.h"}},
     {"linux", {"app/ChildProcess.h", "doctor/PortHolder.h"}},
     {"pulse", {"audio/SoundServer.h"}},
+    {"sway", {"ui/shell/WindowManagement.h"}},
     {"x11",
      {"shortcuts/HotKeyGrabber.h", "shortcuts/Keys.h", "shortcuts/KeyboardLayout.h", "ui/shell/WindowManagement.h",
       "ui/strip/WorkArea.h"}},

@@ -149,7 +149,7 @@ int run(int argumentCount, char **arguments) {
     const bool isPlatformOurs = preferXWayland();
     // The toolkit takes some of it out of the environment.
     const auto activation = givenActivation();
-    QCoreApplication::setApplicationName(u"palomet"_s);
+    QCoreApplication::setApplicationName(u"Palomet"_s);
     QGuiApplication::setApplicationDisplayName(u"Palomet"_s);
     QGuiApplication::setDesktopFileName(Session::applicationId());
     UiEngine::chooseRenderer();
@@ -190,7 +190,7 @@ int runPreview(const QStringList &arguments, int argumentCount, char **rawArgume
     if (preview::capturePath(arguments) && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
     preferXWayland();
-    QCoreApplication::setApplicationName(u"palomet"_s);
+    QCoreApplication::setApplicationName(u"Palomet"_s);
     QGuiApplication::setApplicationDisplayName(u"Palomet"_s);
     QGuiApplication::setDesktopFileName(Session::applicationId());
     UiEngine::chooseRenderer();

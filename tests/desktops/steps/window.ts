@@ -47,7 +47,7 @@ export async function identity(place: Place): Promise<string> {
     await terminal.type("palomet --open");
     const { id } = await windowInFront(place);
     const text = await property(place, id, "WM_CLASS", "_NET_WM_NAME", "_KDE_NET_WM_DESKTOP_FILE", "_GTK_APPLICATION_ID", "_NET_WM_ICON");
-    check(/^WM_CLASS\(STRING\) = "palomet", "palomet"$/m.test(text), `its class is not palomet: ${text}`);
+    check(/^WM_CLASS\(STRING\) = "palomet", "Palomet"$/m.test(text), `its class is not Palomet: ${text}`);
     check(/^_NET_WM_NAME\(UTF8_STRING\) = "Palomet"$/m.test(text), "its title is not Palomet");
     for (const name of ["_KDE_NET_WM_DESKTOP_FILE", "_GTK_APPLICATION_ID"]) {
         check(text.includes(`${name}(UTF8_STRING) = "org.palomet.Palomet"`), `${name} is not that of its desktop file`);

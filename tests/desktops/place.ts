@@ -75,9 +75,13 @@ export async function windowInFront(place: Place): Promise<XWindow> {
 
 /** Closes the window that is in front by the desktop's own key. */
 export async function closeWindow(place: Place): Promise<void> {
+    const { screen } = place.session;
     await windowInFront(place);
-    await place.session.screen.key(place.desktop.closeKey);
-    await until("the window to close", async () => (await place.session.screen.window()) === undefined);
+    await until("the window to close", async () => {
+        await screen.key(place.desktop.closeKey);
+        // A menu that is still closing takes the key.
+        return until("it", async () => (await screen.window()) === undefined, 3000).catch(() => false);
+    });
 }
 
 export async function status(place: Place): Promise<{ state: string; hotKeyProblem: string }> {

@@ -33,6 +33,6 @@ function properties({ environment }: Session, window: string[], ...names: string
     return run(["xprop", ...window, ...names], environment);
 }
 
-/** A terminal of X11, large enough to lie above others. */
+/** A terminal of X11, large enough to lie above others, and of a colour that no menu has. */
 export const x11Terminal = (title: string, isFullScreen: boolean) =>
-    ["xterm", "-T", title, ...(isFullScreen ? ["-fullscreen"] : ["-geometry", "150x40+60+60"]), "-e", "bash", "--norc"];
+    ["xterm", "-T", title, "-bg", "lightsteelblue", ...(isFullScreen ? ["-fullscreen"] : ["-geometry", "150x40+60+60"]), "-e", "bash", "--norc"];

@@ -48,6 +48,7 @@ export async function menu(place: Place): Promise<string> {
 }
 
 const screenHeight = 800;
+const widestMenu = 260;
 /** The state, Listen, Stop, Mute, Open, Quit, all of a height. */
 const rows = 6;
 const row = ([left, top, width, height]: Rectangle, index: number): Rectangle =>
@@ -59,17 +60,19 @@ async function openMenu(place: Place): Promise<Rectangle> {
     const where = await until("the icon in the tray", () => desktop.trayItem(session));
     await stillPicture(place, "menu-before");
     await screen.click(where, 3);
-    // Without the panel, in which the icon changes.
+    // Without the panel, in which the icon changes, and without what is far away: another panel may come or go meanwhile.
     const isBelow = where[1] < screenHeight / 2;
     const from = isBelow ? where[1] + where[3] + 2 : 0;
-    const area = isBelow ? `x${screenHeight}+0+${from}` : `x${where[1] - 10}+0+0`;
+    const height = isBelow ? screenHeight - from : where[1] - 10;
+    const side = Math.max(0, where[0] - widestMenu);
+    const area = `${2 * widestMenu}x${height}+${side}+${from}`;
     return until("the menu", async () => {
         const picture = await screen.whole("menu");
         const changed = ["-compose", "difference", "-composite", "-crop", area, "+repage", "-threshold", "4%", "-trim"];
         const before = picture.replace("menu.png", "menu-before.png");
         const found = await run(["convert", before, picture, ...changed, "-format", "%w %h %X %Y", "info:"], environment).catch(() => "");
         const [width, height, left, top] = found.split(" ").map(Number);
-        return width! > 80 && height! > 100 && ([left, from + top!, width, height] as Rectangle);
+        return width! > 80 && height! > 100 && ([side + left!, from + top!, width, height] as Rectangle);
     });
 }
 

@@ -14,6 +14,7 @@
 #include "localization/Localization.h"
 #include "platform/dbus/DBusRemoteClient.h"
 #include "platform/dbus/DBusRemoteService.h"
+#include "platform/dbus/DesktopNotifier.h"
 #include "platform/dbus/PortalFolderChooser.h"
 #include "platform/dbus/PortalHotKeyGrabber.h"
 #include "platform/dbus/PortalLook.h"
@@ -22,6 +23,7 @@
 #include "platform/linux/EventWakeup.h"
 #include "platform/linux/GroupGuard.h"
 #include "platform/linux/KernelSocketOwner.h"
+#include "platform/linux/ProcPortHolder.h"
 #include "platform/linux/SpareMemory.h"
 #include "platform/linux/TerminationSignals.h"
 #include "platform/linux/ThreadTrial.h"
@@ -130,10 +132,12 @@ AppDelegate::Parts makeParts(std::unique_ptr<RemoteService> remote, const Sessio
         .keyboardLayout = std::move(layout),
         .hotKeyGrabber = std::move(grabber),
         .remote = std::move(remote),
+        .notifier = std::make_unique<DesktopNotifier>(bus, Session::applicationId()),
         .settings = Session::makeSettings(),
         .openFile = [](const QString &path) { QDesktopServices::openUrl(QUrl::fromLocalFile(path)); },
         .openMicrophoneSettings = [desktop] { openFirst(microphoneSettings(desktop)); },
         .findSocketOwner = KernelSocketOwner(),
+        .findPortHolder = [](quint16 port) { return procPortHolder(port); },
     };
 }
 

@@ -47,6 +47,8 @@ export interface Desktop {
     trayItem(session: Session): Promise<Rectangle | undefined>;
     /** What the user has set up there before the first login. */
     setUp?(home: string): void;
+    /** Lays the windows out beside each other, or behind each other as before, where the desktop does that at all. */
+    tile?(session: Session, isBeside: boolean): Promise<void>;
     /** Binds commands to keys, as its documentation says. */
     bind?(session: Session, keys: Record<string, string>): Promise<void>;
 }

@@ -85,6 +85,10 @@ export const sway: Desktop = {
         writeFileSync(configuration(home), own + additions);
     },
 
+    async tile({ environment }: Session, isBeside: boolean): Promise<void> {
+        await run(["swaymsg", "layout", isBeside ? "splith" : "tabbed"], environment);
+    },
+
     async bind({ environment }: Session, keys: Record<string, string>): Promise<void> {
         const path = configuration(environment.HOME!);
         const lines = Object.entries(keys).map(([key, command]) => `bindsym ${key} exec ${command}\n`);

@@ -36,6 +36,7 @@ const steps: Step[] = [
     ["second start, window behind", window.startAgain],
     ["applications menu, window behind", window.launch],
     ["name and icon", window.identity],
+    ["narrow tile", window.inTile, ({ tile }) => tile !== undefined],
     ["strip above full screen", strip.aboveFullScreen],
     ["Alt+Space that is refused", keys.refused, ({ hasOnAltSpace }) => hasOnAltSpace !== undefined],
     ["keys of others", keys.others, ({ hasOnAltSpace }) => hasOnAltSpace !== undefined],

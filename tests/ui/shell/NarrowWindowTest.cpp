@@ -24,8 +24,7 @@ protected:
     }
 
     /// By two fingers, or a wheel that is tilted.
-    void goSideways(int angle) {
-        const QPointF at(300, 400);
+    void goSideways(int angle, const QPointF &at = {450, 400}) {
         QWheelEvent event(at, m_window->mapToGlobal(at), {}, {angle, 0}, Qt::NoButton, Qt::NoModifier,
                           Qt::NoScrollPhase, false);
         QCoreApplication::sendEvent(m_window.get(), &event);
@@ -58,6 +57,9 @@ TEST_F(NarrowWindowTest, KeepsItsLayoutAndGoesSideways) {
     EXPECT_LT(place(now()).left(), 0);
     goSideways(1200);
     EXPECT_TRUE(isInView(now()));
+    const QPointF onTheSidebar(150, 400);
+    goSideways(-1200, onTheSidebar);
+    EXPECT_TRUE(isInView(listen()));
 }
 
 TEST_F(NarrowWindowTest, GoesSidewaysByTheThumbAtItsFoot) {

@@ -14,6 +14,8 @@ export const x11Windows: Omit<Windows, "list"> = {
         const active = /^_NET_ACTIVE_WINDOW.*# (0x\w+)/m.exec(text)?.[1];
         // The numbers are written in either way.
         if (Number(active) !== Number(window)) return false;
+        // The window manager says who is in front before that one gets the keys.
+        if (Number(await session.screen.do("getwindowfocus").catch(() => "")) !== Number(window)) return false;
         const stack = [...(/^_NET_CLIENT_LIST_STACKING.*$/m.exec(text)?.[0] ?? "").matchAll(/0x\w+/g)].map(([one]) => one);
         const kinds = await Promise.all(stack.map((one) => properties(session, ["-id", one], "_NET_WM_WINDOW_TYPE").catch(() => "")));
         const ordinary = stack.filter((_, index) => !/_DOCK|_DESKTOP/.test(kinds[index]!));

@@ -54,7 +54,16 @@ AppDelegate::AppDelegate(Parts parts)
     , m_remoteControl(*m_parts.remote, m_model)
     , m_uiEngine(m_parts.resources.value_or(QString()))
     , m_stripView(m_model, [this] { openWindow(Pane::Now); })
-    , m_stripWindow(m_uiEngine, m_stripView, m_parts.workArea.get(), m_parts.pointer) {
+    , m_stripWindow(m_uiEngine, m_stripView, m_parts.workArea.get(), m_parts.pointer)
+    , m_problemNotices({
+          .model = m_model,
+          .notifier = *m_parts.notifier,
+          .scheduler = *m_parts.scheduler,
+          .isPortTaken = [this] { return isPortTaken(); },
+          .isWindowShown = [this] { return m_appView && m_appView->isShown(); },
+          .open = [this](Pane pane, const QString &activation) { openWindow(pane, activation); },
+          .port = static_cast<quint16>(m_parts.backend.port()),
+      }) {
     m_remoteControl.onOpen = [this](const auto &name, const auto &activation) {
         const auto pane = name ? paneFrom(*name) : std::nullopt;
         if (name && !pane)
@@ -165,6 +174,7 @@ void AppDelegate::startBackend() {
     m_stage = Stage::Running;
     m_backend.start();
     m_audioLink.start();
+    m_problemNotices.start();
     noteStranger();
     trayHostChanged();
 }
@@ -182,6 +192,12 @@ void AppDelegate::trayHostChanged() {
     m_backend.note(
         u"bandeja: falta um painel com StatusNotifierHost; o ícone do Palomet aparece assim que houver um"_s);
     openWindow();
+}
+
+bool AppDelegate::isPortTaken() const {
+    const auto holder = m_parts.findPortHolder(static_cast<quint16>(m_parts.backend.port()));
+    // The backend is ours, and so is what it has started.
+    return holder && !holder->lineage.contains("palomet"_L1);
 }
 
 void AppDelegate::noteStranger() {
@@ -202,11 +218,17 @@ void AppDelegate::applicationShouldTerminate() {
     if (std::exchange(m_stage, Stage::Terminating) == Stage::Terminating)
         return;
     m_backend.note(u"saindo: pedido de saída recebido"_s);
+    m_problemNotices.stop();
     m_audioLink.restoreDefaultInput();
     m_backend.stop(backendEndsWithin, [this] {
         m_backend.note(u"saindo: pronto"_s);
         Q_EMIT mayTerminate();
     });
+}
+
+void AppDelegate::terminateAtOnce() {
+    applicationShouldTerminate();
+    m_backend.awaitStop();
 }
 
 } // namespace palomet

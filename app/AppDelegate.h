@@ -3,6 +3,8 @@
 #include "app/Backend.h"
 #include "app/DesktopLook.h"
 #include "app/KeyBindings.h"
+#include "app/Notifier.h"
+#include "app/ProblemNotices.h"
 #include "app/RemoteControl.h"
 #include "app/StatusMenu.h"
 #include "audio/link/AudioLink.h"
@@ -10,6 +12,7 @@
 #include "base/Scheduler.h"
 #include "base/TrayHost.h"
 #include "base/Wakeup.h"
+#include "doctor/PortHolder.h"
 #include "model/MicrophonePermission.h"
 #include "model/PalometModel.h"
 #include "ui/UiEngine.h"
@@ -54,10 +57,12 @@ public:
         std::unique_ptr<KeyboardLayout> keyboardLayout;
         std::unique_ptr<HotKeyGrabber> hotKeyGrabber;
         std::unique_ptr<RemoteService> remote;
+        std::unique_ptr<Notifier> notifier;
         std::unique_ptr<QSettings> settings;
         std::function<void(const QString &path)> openFile; ///< Shows a file in the program of the user's choice.
         std::function<void()> openMicrophoneSettings;
         FindSocketOwner findSocketOwner = [](quint16, quint16) { return SocketOwner::Unknown; };
+        FindPortHolder findPortHolder = [](quint16) { return std::nullopt; };
         QUrl backend = hudBase();
         QUrl audio = AudioLink::defaultUrl();
     };
@@ -76,6 +81,9 @@ public:
     /// Begins to quit, however often it is asked.
     void applicationShouldTerminate();
 
+    /// Quits, or goes on to quit, without an event loop, which the program has lost. Waits until all has ended.
+    void terminateAtOnce();
+
 Q_SIGNALS:
     /// All that had to be ended has ended: the event loop may end too.
     void mayTerminate();
@@ -86,6 +94,7 @@ private:
 
     [[nodiscard]] AdmitPeer admitPeer();
     [[nodiscard]] std::unique_ptr<AudioIO> makeAudioIO();
+    [[nodiscard]] bool isPortTaken() const;
     void setUpMenuBar();
     void setUpStrip();
     void setUpWindow();
@@ -112,6 +121,7 @@ private:
     std::optional<StripController> m_strip;
     std::unique_ptr<AppView> m_appView;
     std::unique_ptr<SettingsWindow> m_window;
+    ProblemNotices m_problemNotices;
     Stage m_stage = Stage::Launching;
     bool m_isStrangerUnnoted = false;
     bool m_isTrayHostSettled = false;        ///< There was one, or it was said that there is none.

@@ -2,6 +2,7 @@
 
 #include "localization/Localization.h"
 
+#include <QCoreApplication>
 #include <QDateTime>
 #include <QFile>
 #include <QFileInfo>
@@ -112,6 +113,12 @@ void Backend::stop(std::chrono::duration<double> within, std::function<void()> d
             };
             QMetaObject::invokeMethod(this, finish, Qt::QueuedConnection);
         });
+}
+
+void Backend::awaitStop() {
+    if (m_waiter.joinable())
+        m_waiter.join();
+    QCoreApplication::sendPostedEvents(this, QEvent::MetaCall);
 }
 
 void Backend::endWithin(std::chrono::duration<double> within, ChildProcess &process,

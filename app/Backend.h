@@ -36,6 +36,9 @@ public:
     /// once.
     void stop(std::chrono::duration<double> within, std::function<void()> done);
 
+    /// Waits for the end of what `stop` has begun, and lets it call `done`: for an end without an event loop.
+    void awaitStop();
+
     /// Why the backend cannot run at all, if so.
     [[nodiscard]] const std::optional<QString> &problem() const { return m_problem; }
 

@@ -1,5 +1,6 @@
 #include "app/AppDelegate.h"
 #include "app/Application.h"
+#include "app/EarlyExit.h"
 #include "app/PreviewMode.h"
 #include "app/Resources.h"
 #include "app/Session.h"
@@ -13,6 +14,7 @@
 #include "localization/Localization.h"
 #include "platform/dbus/DBusRemoteClient.h"
 #include "platform/dbus/DBusRemoteService.h"
+#include "platform/dbus/DesktopNotifier.h"
 #include "platform/dbus/PortalFolderChooser.h"
 #include "platform/dbus/PortalHotKeyGrabber.h"
 #include "platform/dbus/PortalLook.h"
@@ -21,11 +23,13 @@
 #include "platform/linux/EventWakeup.h"
 #include "platform/linux/GroupGuard.h"
 #include "platform/linux/KernelSocketOwner.h"
+#include "platform/linux/ProcPortHolder.h"
 #include "platform/linux/SpareMemory.h"
 #include "platform/linux/TerminationSignals.h"
 #include "platform/linux/ThreadTrial.h"
 #include "platform/linux/WaylandSocket.h"
 #include "platform/linux/startChildProcess.h"
+#include "platform/sway/SwayWindowManagement.h"
 #include "platform/x11/X11HotKeyGrabber.h"
 #include "platform/x11/X11WindowManagement.h"
 #include "platform/x11/X11WorkArea.h"
@@ -39,6 +43,7 @@
 #include <QStandardPaths>
 
 #include <cstdio>
+#include <cstdlib>
 
 using namespace palomet;
 using namespace std::chrono_literals;
@@ -86,7 +91,11 @@ std::unique_ptr<HotKeyGrabber> hotKeyGrabber(const Session &session, const Keybo
 std::unique_ptr<WindowManagement> windowManagement(X11Connection *x11) {
     if (x11 == nullptr || QGuiApplication::platformName() != "xcb"_L1)
         return nullptr;
-    return std::make_unique<X11WindowManagement>(*x11, Session::applicationId());
+    auto management = std::make_unique<X11WindowManagement>(*x11, Session::applicationId());
+    const auto sway = qEnvironmentVariable("SWAYSOCK");
+    if (sway.isEmpty())
+        return management;
+    return std::make_unique<SwayWindowManagement>(sway, std::move(management));
 }
 
 /// What the desktop gave to this start of the program, so that a window may come to the front.
@@ -123,10 +132,12 @@ AppDelegate::Parts makeParts(std::unique_ptr<RemoteService> remote, const Sessio
         .keyboardLayout = std::move(layout),
         .hotKeyGrabber = std::move(grabber),
         .remote = std::move(remote),
+        .notifier = std::make_unique<DesktopNotifier>(bus, Session::applicationId()),
         .settings = Session::makeSettings(),
         .openFile = [](const QString &path) { QDesktopServices::openUrl(QUrl::fromLocalFile(path)); },
         .openMicrophoneSettings = [desktop] { openFirst(microphoneSettings(desktop)); },
         .findSocketOwner = KernelSocketOwner(),
+        .findPortHolder = [](quint16 port) { return procPortHolder(port); },
     };
 }
 
@@ -142,7 +153,7 @@ int run(int argumentCount, char **arguments) {
     const bool isPlatformOurs = preferXWayland();
     // The toolkit takes some of it out of the environment.
     const auto activation = givenActivation();
-    QCoreApplication::setApplicationName(u"palomet"_s);
+    QCoreApplication::setApplicationName(u"Palomet"_s);
     QGuiApplication::setApplicationDisplayName(u"Palomet"_s);
     QGuiApplication::setDesktopFileName(Session::applicationId());
     UiEngine::chooseRenderer();
@@ -164,6 +175,11 @@ int run(int argumentCount, char **arguments) {
     localization::load(parts.resources.value_or(QString()), localization::preferredLanguages());
     translateToolkit(application, localization::language());
     AppDelegate delegate(std::move(parts));
+    const EarlyExit earlyExit([&delegate] {
+        delegate.terminateAtOnce();
+        // What else an exit does takes the globals away from threads that still run.
+        std::_Exit(0);
+    });
     QObject::connect(&application, &Application::quitRequested, &delegate, &AppDelegate::applicationShouldTerminate);
     // From the event loop: it may be asked before that has begun.
     QObject::connect(
@@ -178,7 +194,7 @@ int runPreview(const QStringList &arguments, int argumentCount, char **rawArgume
     if (preview::capturePath(arguments) && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
     preferXWayland();
-    QCoreApplication::setApplicationName(u"palomet"_s);
+    QCoreApplication::setApplicationName(u"Palomet"_s);
     QGuiApplication::setApplicationDisplayName(u"Palomet"_s);
     QGuiApplication::setDesktopFileName(Session::applicationId());
     UiEngine::chooseRenderer();

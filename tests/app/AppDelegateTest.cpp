@@ -1,5 +1,6 @@
 #include "tests/app/AppDelegateTest.h"
 
+#include "localization/Localization.h"
 #include "tests/support/ScriptedAudioBackend.h"
 
 #include <algorithm>
@@ -144,6 +145,18 @@ TEST_F(AppDelegateTest, SaysNothingOfAHostThatIsThere) {
     host->become(TrayHost::Status::Present);
     launch();
     EXPECT_FALSE(log().contains("bandeja"));
+}
+
+TEST_F(AppDelegateTest, SaysThatTheBackendHasBeenAwayForAMinuteAndOpensThePaneThatHelps) {
+    create();
+    launch();
+    scheduler->advance(1min);
+    ASSERT_EQ(notifier->said, std::vector{L(u"notice.backend")});
+    notifier->choose();
+    ASSERT_TRUE(window());
+    EXPECT_EQ(view()->pane(), Pane::Brain);
+    quit();
+    EXPECT_TRUE(notifier->showing.empty());
 }
 
 TEST_F(AppDelegateTest, QuitsInOrder) {

@@ -6,6 +6,7 @@
 #include "tests/support/Eventually.h"
 #include "tests/support/FakeHotKeyGrabber.h"
 #include "tests/support/FakeMicrophonePermission.h"
+#include "tests/support/FakeNotifier.h"
 #include "tests/support/FakeRemoteService.h"
 #include "tests/support/FakeSoundServer.h"
 #include "tests/support/Farewell.h"
@@ -98,6 +99,8 @@ protected:
         auto ownedRemote = std::make_unique<test::FakeRemoteService>();
         grabber = ownedGrabber.get();
         remote = ownedRemote.get();
+        auto ownedNotifier = std::make_unique<test::FakeNotifier>();
+        notifier = ownedNotifier.get();
         delegate = std::make_unique<AppDelegate>(AppDelegate::Parts{
             .resources = folder.filePath(u"resources"_s),
             .home = folder.path(),
@@ -120,6 +123,7 @@ protected:
             .keyboardLayout = std::make_unique<NoKeyboardLayout>(),
             .hotKeyGrabber = std::move(ownedGrabber),
             .remote = std::move(ownedRemote),
+            .notifier = std::move(ownedNotifier),
             .settings = std::make_unique<QSettings>(folder.filePath(u"palomet.conf"_s), QSettings::IniFormat),
             .openFile = [this](const QString &path) { opened.append(path); },
             .openMicrophoneSettings = [] {},
@@ -199,6 +203,7 @@ protected:
     FakeLook *look = nullptr;
     test::FakeHotKeyGrabber *grabber = nullptr;
     test::FakeRemoteService *remote = nullptr;
+    test::FakeNotifier *notifier = nullptr;
     FakeFolderChooser *chooser = nullptr;
 };
 

@@ -55,11 +55,12 @@ const std::set<std::string> sharedByRooms{"audio/SoundServer.h"};
 /// there.
 const std::map<std::string, std::set<std::string>> ports{
     {"dbus",
-     {"app/DesktopLook.h", "base/TrayHost.h", "command/RemoteClient.h", "command/RemoteService.h",
+     {"app/DesktopLook.h", "app/Notifier.h", "base/TrayHost.h", "command/RemoteClient.h", "command/RemoteService.h",
       "command/RemoteStatusJson.h", "model/MicrophonePermission.h", "shortcuts/HotKeyGrabber.h", "shortcuts/Keys.h",
       "shortcuts/KeyboardLayout.h", "ui/shell/FolderChooser.h"}},
     {"linux", {"app/ChildProcess.h", "doctor/PortHolder.h"}},
     {"pulse", {"audio/SoundServer.h"}},
+    {"sway", {"ui/shell/WindowManagement.h"}},
     {"x11",
      {"shortcuts/HotKeyGrabber.h", "shortcuts/Keys.h", "shortcuts/KeyboardLayout.h", "ui/shell/WindowManagement.h",
       "ui/strip/WorkArea.h"}},

@@ -23,6 +23,7 @@ menu.listen menu.stop menu.mute menu.unmute menu.open menu.quit
 status.micOn status.micOff
 sidebar.version
 group.conversation group.settings
+notice.microphone notice.microphone.text notice.backend notice.backend.text notice.port notice.port.text
 strip.listening strip.say strip.drafted.one strip.drafted.other strip.needsMicrophone strip.mutedInMenu
 recorder.none recorder.type recorder.hint recorder.hint.keyAlone recorder.needsModifier
 recorder.unknownKey recorder.duplicate
@@ -80,6 +81,7 @@ const QMap<QString, QString> argumentsOf{
     {u"history.answers.one"_s, u"d"_s}, {u"history.answers.other"_s, u"d"_s},
     {u"since.minutes"_s, u"d"_s},       {u"since.hours"_s, u"d"_s},
     {u"day.today"_s, u"@"_s},           {u"day.yesterday"_s, u"@"_s},
+    {u"notice.port.text"_s, u"@"_s},
 };
 
 QSet<QString> toSet(const QStringList &list) {

@@ -227,3 +227,10 @@ TEST_F(PalometTest, PreviewsBesideARunningInstanceAndEndsAtOnceAndWithoutATraceW
     sendSignal(SIGTERM);
     expectOrderlyEnd(backend);
 }
+
+TEST_F(PalometTest, ItsItemInTheTrayHasItsName) {
+    desktop.tray.appear();
+    start();
+    ASSERT_TRUE(eventually([this] { return !desktop.tray.menu().empty(); }));
+    EXPECT_EQ(desktop.tray.property(u"Title"_s).toString(), u"Palomet"_s);
+}

@@ -31,6 +31,16 @@ protected:
     }
 };
 
+class DisplayEndTest : public test::ProgramTest {
+protected:
+    void loseDisplay(End end) {
+        start();
+        const auto backend = awaitBackend();
+        desktop.display.end();
+        expectOrderlyEnd(backend, end);
+    }
+};
+
 } // namespace
 
 TEST_P(QuitTest, EndsInOrderWithZero) {
@@ -56,6 +66,36 @@ TEST_P(QuitTest, EndsWithZeroWithoutABackend) {
     EXPECT_EQ(program.exitStatus(), QProcess::NormalExit);
     EXPECT_EQ(program.exitCode(), 0);
     EXPECT_EQ(log(), "");
+}
+
+TEST_F(DisplayEndTest, EndsInOrderWhenItsDisplayGoes) {
+    loseDisplay(End::Polite);
+}
+
+TEST_F(DisplayEndTest, ForcesABackendThatDoesNotListenWhenItsDisplayGoes) {
+    setVariable("FAKE_BACKEND", u"stubborn"_s);
+    loseDisplay(End::Forced);
+}
+
+TEST_F(DisplayEndTest, FinishesAnEndThatHadBegunWhenItsDisplayGoes) {
+    setVariable("FAKE_BACKEND", u"stubborn"_s);
+    start();
+    const auto backend = awaitBackend();
+    sendSignal(SIGTERM);
+    ASSERT_TRUE(eventually([this] { return farewell().size() == 2; }));
+    desktop.display.end();
+    expectOrderlyEnd(backend, End::Forced);
+}
+
+TEST_F(DisplayEndTest, EndsWithoutABackendWhenItsDisplayGoes) {
+    QFile::remove(desktop.home.filePath(u"resources/bun"_s));
+    desktop.tray.appear();
+    start();
+    ASSERT_TRUE(eventually([this] { return !desktop.tray.menu().empty(); }));
+    desktop.display.end();
+    EXPECT_TRUE(awaitEnd());
+    EXPECT_EQ(program.exitStatus(), QProcess::NormalExit);
+    EXPECT_EQ(program.exitCode(), 0);
 }
 
 INSTANTIATE_TEST_SUITE_P(By, QuitTest,

@@ -54,7 +54,7 @@ TEST_F(WindowInFrontTest, HasTheProgramsNameAndIcon) {
     startWithWindow();
     EXPECT_EQ(manager.text(window, "_KDE_NET_WM_DESKTOP_FILE"), "org.palomet.Palomet");
     EXPECT_EQ(manager.text(window, "_GTK_APPLICATION_ID"), "org.palomet.Palomet");
-    EXPECT_EQ(manager.text(window, "WM_CLASS"), QByteArray("palomet\0palomet\0", 16));
+    EXPECT_EQ(manager.text(window, "WM_CLASS"), QByteArray("palomet\0Palomet\0", 16));
     EXPECT_FALSE(manager.property(window, "_NET_WM_ICON").empty());
 }
 
@@ -64,6 +64,6 @@ TEST_F(WindowInFrontTest, HasTheProgramsNameAndIconInThePreview) {
     window = manager.windows().front();
     EXPECT_TRUE(
         eventually([this] { return manager.text(window, "_KDE_NET_WM_DESKTOP_FILE") == "org.palomet.Palomet"; }));
-    EXPECT_EQ(manager.text(window, "WM_CLASS"), QByteArray("palomet\0palomet\0", 16));
+    EXPECT_EQ(manager.text(window, "WM_CLASS"), QByteArray("palomet\0Palomet\0", 16));
     EXPECT_FALSE(manager.property(window, "_NET_WM_ICON").empty());
 }

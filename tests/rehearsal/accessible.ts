@@ -25,11 +25,11 @@ export class AccessibleTree {
         return new AccessibleTree({ ...environment, DBUS_SESSION_BUS_ADDRESS: address });
     }
 
-    /** The program's windows, shown or not. */
-    async windows(): Promise<Node[]> {
+    /** The windows of the programs that are so called, shown or not: our own, if no others are asked for. */
+    async windows(called = /^palomet$/i): Promise<Node[]> {
         const programs = await this.children(registry);
-        const ours = await inTurn(programs, async (program) => /^palomet$/i.test(await this.name(program).catch(() => "")));
-        return (await inTurn(programs.filter((_, index) => ours[index]), (program) => this.children(program))).flat();
+        const wanted = await inTurn(programs, async (program) => called.test(await this.name(program).catch(() => "")));
+        return (await inTurn(programs.filter((_, index) => wanted[index]), (program) => this.children(program))).flat();
     }
 
     /** The node of that role ("push button") and name below this one; waits for it. What is hidden is none. */
@@ -41,6 +41,15 @@ export class AccessibleTree {
     /** The first node of that role below this one, if there is any. */
     firstOf(from: Node, role: string): Promise<Node | undefined> {
         return this.#first(from, async (node) => (await this.role(node)) === role);
+    }
+
+    /** All nodes of such a role below this one that have a place. */
+    async all(from: Node, role: RegExp): Promise<Node[]> {
+        const below = await this.children(from).catch(() => []);
+        return (await inTurn(below, async (node) => {
+            const isOne = role.test(await this.role(node).catch(() => "")) && (await this.#hasPlace(node).catch(() => false));
+            return [...(isOne ? [node] : []), ...(await this.all(node, role))];
+        })).flat();
     }
 
     /** Everything below this node that has a name and a place, in the order of the tree. What goes away meanwhile has neither. */
@@ -56,6 +65,11 @@ export class AccessibleTree {
 
     async name(node: Node): Promise<string> {
         const reply = await this.#call(node, "org.freedesktop.DBus.Properties.Get", "org.a11y.atspi.Accessible", "Name");
+        return textIn(reply);
+    }
+
+    async description(node: Node): Promise<string> {
+        const reply = await this.#call(node, "org.freedesktop.DBus.Properties.Get", "org.a11y.atspi.Accessible", "Description");
         return textIn(reply);
     }
 

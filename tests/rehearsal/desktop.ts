@@ -2,7 +2,7 @@
 
 import { mkdirSync, writeFileSync } from "node:fs";
 import { join } from "node:path";
-import { type Environment, firstLine, run, start, startPiped, until } from "./process";
+import { type Environment, firstLine, type Program, run, start, startPiped, until } from "./process";
 
 const panelSettings = `<?xml version="1.0" encoding="UTF-8"?>
 <channel name="xfce4-panel" version="1.0">
@@ -31,47 +31,67 @@ const windowManagerSettings = `<?xml version="1.0" encoding="UTF-8"?>
 
 /** Starts all of it and gives the environment in which a user's programs run there. */
 export async function startDesktop(folder: string, runtimeFolder: string): Promise<Environment> {
-    const home = join(folder, "home");
-    const config = join(home, ".config");
-    const panelFolder = join(config, "xfce4/xfconf/xfce-perchannel-xml");
+    const environment: Environment = { ...homeOf(join(folder, "home")), ...sessionOf("XFCE", "x11", runtimeFolder), QT_QPA_PLATFORM: "xcb" };
+    const panelFolder = join(environment.XDG_CONFIG_HOME!, "xfce4/xfconf/xfce-perchannel-xml");
     mkdirSync(panelFolder, { recursive: true });
     writeFileSync(join(panelFolder, "xfce4-panel.xml"), panelSettings);
 
     const windowManagerFile = join(folder, "window-manager.xml");
     writeFileSync(windowManagerFile, windowManagerSettings);
 
-    const environment: Environment = {
-        PATH: process.env.PATH ?? "/usr/local/bin:/usr/bin:/bin",
-        HOME: home,
-        XDG_CONFIG_HOME: config,
-        XDG_STATE_HOME: join(home, ".local/state"),
-        XDG_DATA_HOME: join(home, ".local/share"),
-        XDG_CACHE_HOME: join(home, ".cache"),
-        XDG_RUNTIME_DIR: runtimeFolder,
-        XDG_CURRENT_DESKTOP: "XFCE",
-        XDG_SESSION_TYPE: "x11",
-        LANG: "C.UTF-8",
-        LANGUAGE: "en",
-        QT_QPA_PLATFORM: "xcb",
-    };
     // What a sanitizer is told, if the program was built with one.
     for (const name of ["ASAN_OPTIONS", "LSAN_OPTIONS", "UBSAN_OPTIONS"]) {
         if (process.env[name] !== undefined) environment[name] = process.env[name];
     }
-    const xServer = startPiped(
-        ["Xvfb", "-displayfd", "1", "-noreset", "-nolisten", "tcp", "-screen", "0", "1280x800x24"],
+    await startDisplay(environment, folder, "1280x800");
+    await startBus(environment, folder);
+    start(["openbox", "--config-file", windowManagerFile], environment, join(folder, "window-manager.log"));
+    start(["xfce4-panel", "--disable-wm-check"], environment, join(folder, "panel.log"));
+    await trayHost(environment);
+    return environment;
+}
+
+/** A user's own folders, as programs are told of them. */
+export function homeOf(home: string): Environment {
+    return {
+        PATH: process.env.PATH ?? "/usr/local/bin:/usr/bin:/bin",
+        HOME: home,
+        XDG_CONFIG_HOME: join(home, ".config"),
+        XDG_STATE_HOME: join(home, ".local/state"),
+        XDG_DATA_HOME: join(home, ".local/share"),
+        XDG_CACHE_HOME: join(home, ".cache"),
+        LANG: "C.UTF-8",
+        LANGUAGE: "en",
+    };
+}
+
+/** What a login tells the programs of a session. */
+export function sessionOf(desktop: string, type: "x11" | "wayland", runtimeFolder: string): Environment {
+    return { XDG_RUNTIME_DIR: runtimeFolder, XDG_CURRENT_DESKTOP: desktop, XDG_SESSION_TYPE: type };
+}
+
+/** Starts an X server without a screen, and names it in the environment. */
+export async function startDisplay(environment: Environment, folder: string, size: string): Promise<Program> {
+    const server = startPiped(
+        ["Xvfb", "-displayfd", "1", "-noreset", "-nolisten", "tcp", "-screen", "0", `${size}x24`],
         environment,
         join(folder, "x-server.log"),
     );
-    environment.DISPLAY = `:${(await firstLine(xServer)).trim()}`;
+    environment.DISPLAY = `:${(await firstLine(server)).trim()}`;
+    return server;
+}
+
+/** Starts a session bus, and names it in the environment. */
+export async function startBus(environment: Environment, folder: string): Promise<Program> {
     const bus = startPiped(["dbus-daemon", "--session", "--nofork", "--print-address=1"], environment, join(folder, "bus.log"));
     environment.DBUS_SESSION_BUS_ADDRESS = (await firstLine(bus)).trim();
-    start(["openbox", "--config-file", windowManagerFile], environment, join(folder, "window-manager.log"));
-    start(["xfce4-panel", "--disable-wm-check"], environment, join(folder, "panel.log"));
+    return bus;
+}
+
+/** Waits until something on the desktop shows tray items. */
+export async function trayHost(environment: Environment): Promise<void> {
     await until("the tray host", async () =>
-        (await property(environment, "IsStatusNotifierHostRegistered").catch(() => "")).includes("true"),
-    );
-    return environment;
+        (await property(environment, "IsStatusNotifierHostRegistered").catch(() => "")).includes("true"), 60_000);
 }
 
 async function property(environment: Environment, name: string): Promise<string> {

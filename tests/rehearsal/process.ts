@@ -4,8 +4,9 @@ import type { Subprocess } from "bun";
 import { openSync } from "node:fs";
 
 export type Environment = Record<string, string>;
+export type Program = Pick<Subprocess, "pid" | "exited" | "exitCode" | "kill">;
 
-const running: Subprocess[] = [];
+const running: Program[] = [];
 
 /** Starts a program whose output goes to a file. It is ended when the rehearsal ends. */
 export function start(command: string[], environment: Environment, logPath: string): Subprocess {
@@ -50,12 +51,15 @@ export async function firstLine(process: Subprocess<"ignore", "pipe", number>): 
 
 /** Ends everything that is still running, the last started first. */
 export async function endAll(): Promise<void> {
-    for (const process of running.reverse()) {
-        if (process.exitCode !== null) continue;
-        process.kill("SIGTERM");
-        const ended = await Promise.race([process.exited.then(() => true), Bun.sleep(2000).then(() => false)]);
-        if (!ended) process.kill("SIGKILL");
-    }
+    for (const process of running.reverse()) await end(process);
+}
+
+/** Ends it in order, or after two seconds without. */
+export async function end(process: Program): Promise<void> {
+    if (process.exitCode !== null) return;
+    process.kill("SIGTERM");
+    const ended = await Promise.race([process.exited.then(() => true), Bun.sleep(2000).then(() => false)]);
+    if (!ended) process.kill("SIGKILL");
 }
 
 /** Looks again and again until something holds, and gives it; throws after the limit. */

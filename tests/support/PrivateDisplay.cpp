@@ -20,6 +20,10 @@ PrivateDisplay::PrivateDisplay(const QString &screen) {
 }
 
 PrivateDisplay::~PrivateDisplay() {
+    end();
+}
+
+void PrivateDisplay::end() {
     m_server.terminate();
     m_server.waitForFinished();
 }

@@ -14,6 +14,9 @@ public:
     explicit PrivateDisplay(const QString &screen = u"1280x800x24"_s);
     ~PrivateDisplay();
 
+    /// Ends the server, before this object's end.
+    void end();
+
     /// As `DISPLAY` has it, ":42"; empty when the server could not be started.
     [[nodiscard]] const QByteArray &name() const { return m_name; }
 

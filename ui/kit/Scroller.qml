@@ -109,6 +109,8 @@ Item {
     }
     WheelHandler {
         target: null
+        // Of itself it takes a mouse's wheel alone, and no touchpad's. XWayland calls every wheel a touchpad's.
+        acceptedDevices: PointerDevice.AllDevices
         onWheel: event => root.scrollBy(-event.angleDelta.y / 120 * root.step)
     }
     DragHandler {

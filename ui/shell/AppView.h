@@ -50,6 +50,7 @@ public:
 
     /// Whether the window can be seen: only then the selected screen follows the model.
     void setShown(bool isShown);
+    [[nodiscard]] bool isShown() const { return m_isShown; }
 
     [[nodiscard]] Navigation *navigation() const { return &m_navigation; }
     [[nodiscard]] Pane pane() const { return m_navigation.pane(); }

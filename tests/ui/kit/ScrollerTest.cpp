@@ -99,3 +99,21 @@ TEST(Scroller, LeavesItToTheUserWhereThePageStandsOnceItWasScrolled) {
     scene.draw();
     EXPECT_EQ(at(scene), 0);
 }
+
+TEST(Scroller, ScrollsByTheWheelAndByTwoFingersOnATouchpad) {
+    using enum QInputDevice::DeviceType;
+    for (const auto type : {Mouse, TouchPad, Stylus}) {
+        const QPointingDevice device(u"device"_s, 1, type, QPointingDevice::PointerType::Generic,
+                                     QInputDevice::Capability::Position | QInputDevice::Capability::Scroll, 1, 0);
+        Scene scene(page);
+        draw(scene);
+        const QPointF place(300, 240);
+        // Fingers move by parts of a notch.
+        for (int i = 0; i < 8; ++i) {
+            QWheelEvent event(place, scene.window().mapToGlobal(place), {}, {0, -15}, Qt::NoButton, Qt::NoModifier,
+                              Qt::NoScrollPhase, false, Qt::MouseEventNotSynthesized, &device);
+            QCoreApplication::sendEvent(&scene.window(), &event);
+        }
+        EXPECT_EQ(at(scene), scene.value("scroller", "step").toReal()) << static_cast<int>(type);
+    }
+}

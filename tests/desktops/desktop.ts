@@ -1,0 +1,54 @@
+// A whole desktop, as its own packages bring it, and how a person logs in and out of it there.
+
+import type { Environment } from "../rehearsal/process";
+import type { Rectangle } from "../rehearsal/screen";
+import type { Session } from "./session";
+
+/** The windows of a desktop, as it has them itself. One is named by its title, or by its number if it is of X11. */
+export interface Windows {
+    /** The window of that title, if it is there. */
+    find(session: Session, title: string): Promise<string | undefined>;
+    /** Whether nothing lies above it, and it gets the keys. */
+    isInFront(session: Session, window: string): Promise<boolean>;
+    isFullScreen(session: Session, window: string): Promise<boolean>;
+    /** Turns to it, as a click in the list of windows does. */
+    activate(session: Session, window: string): Promise<void>;
+    /** The names of all in the panel's list of windows, or what the desktop has instead of one. */
+    list(session: Session): Promise<string[]>;
+}
+
+export interface Desktop {
+    /** As it calls itself in XDG_CURRENT_DESKTOP. */
+    readonly name: string;
+    readonly type: "x11" | "wayland";
+    /** The command that a login runs. It is over when the session is. */
+    readonly session: string[];
+    /** What a login tells it besides. */
+    readonly environment: Environment;
+    /** A program of the session that is there to its end, and has its environment. */
+    readonly member: RegExp;
+    /** The package whose version tells which desktop it is. */
+    readonly package: string;
+    /** What ends the session at once, as its own menu does. */
+    readonly logout: string[];
+    /** The key that closes the window in front. */
+    readonly closeKey: string;
+    /** Who gives keys to programs: X11, unless somebody has them already, or nobody. */
+    readonly keys: "x11" | "nobody";
+    /** What the desktop itself opens on Alt+Space, if anything. */
+    readonly hasOnAltSpace?: string;
+    /** Whether it starts at the login what the user's autostart folder names. */
+    readonly hasAutostart: boolean;
+    readonly windows: Windows;
+
+    /** A terminal of that title with a shell. */
+    terminal(title: string, isFullScreen: boolean): string[];
+    /** Where the only item of the tray is shown. */
+    trayItem(session: Session): Promise<Rectangle | undefined>;
+    /** What the user has set up there before the first login. */
+    setUp?(home: string): void;
+    /** Lays the windows out beside each other, or behind each other as before, where the desktop does that at all. */
+    tile?(session: Session, isBeside: boolean): Promise<void>;
+    /** Binds commands to keys, as its documentation says. */
+    bind?(session: Session, keys: Record<string, string>): Promise<void>;
+}

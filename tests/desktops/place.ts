@@ -1,0 +1,99 @@
+// Where the steps happen: the desktop, its session of the moment, and what a person has there besides.
+
+import { join } from "node:path";
+import type { Watcher } from "../rehearsal/backend";
+import { type Program, run, start, until } from "../rehearsal/process";
+import type { XWindow } from "../rehearsal/screen";
+import type { SoundDesk } from "../rehearsal/sound";
+import { program } from "../rehearsal/stage";
+import type { Desktop } from "./desktop";
+import type { Session } from "./session";
+
+export interface Place {
+    readonly desktop: Desktop;
+    readonly sound: SoundDesk;
+    readonly watcher: Watcher;
+    readonly folder: string;
+    /** The session of the moment; there is another after a new login. */
+    session: Session;
+}
+
+/** The window of a terminal, in which a person types commands. */
+export class Terminal {
+    static readonly #open = new Set<Terminal>();
+
+    private constructor(
+        private readonly place: Place,
+        readonly id: string,
+        private readonly process: Program,
+    ) {}
+
+    static async open(place: Place, { isFullScreen = false } = {}): Promise<Terminal> {
+        const { session, desktop, folder } = place;
+        const title = `terminal ${Math.round(performance.now())}`;
+        const process = start(desktop.terminal(title, isFullScreen), session.environment, join(folder, "terminal.log"));
+        const id = await until("the terminal", () => desktop.windows.find(session, title));
+        await until("the terminal's focus", () => desktop.windows.isInFront(session, id));
+        const terminal = new Terminal(place, id, process);
+        Terminal.#open.add(terminal);
+        return terminal;
+    }
+
+    static async closeAll(): Promise<void> {
+        for (const terminal of Terminal.#open) await terminal.close();
+    }
+
+    async type(command: string): Promise<void> {
+        await this.place.session.screen.type(`${command}\n`);
+    }
+
+    async close(): Promise<void> {
+        this.process.kill("SIGTERM");
+        await this.process.exited;
+        Terminal.#open.delete(this);
+    }
+}
+
+/** Closes what a step has left open that ended before its time. */
+export async function tidy(place: Place): Promise<void> {
+    const { desktop: { windows }, session } = place;
+    await session.screen.key("Escape");
+    await Terminal.closeAll();
+    const window = await session.screen.window();
+    if (!window) return;
+    await windows.activate(session, (await windows.find(session, "Palomet")) ?? window.id);
+    await closeWindow(place);
+}
+
+/** The program's window, once it is in front and has the focus. */
+export async function windowInFront(place: Place): Promise<XWindow> {
+    return until("the window in front, with the focus", async () => {
+        const window = await place.session.screen.window();
+        return window && (await place.desktop.windows.isInFront(place.session, window.id)) && window;
+    });
+}
+
+/** Closes the window that is in front by the desktop's own key. */
+export async function closeWindow(place: Place): Promise<void> {
+    const { screen } = place.session;
+    await windowInFront(place);
+    await until("the window to close", async () => {
+        await screen.key(place.desktop.closeKey);
+        // A menu that is still closing takes the key.
+        return until("it", async () => (await screen.window()) === undefined, 3000).catch(() => false);
+    });
+}
+
+export async function status(place: Place): Promise<{ state: string; hotKeyProblem: string }> {
+    return JSON.parse(await run([program, "--status", "--json"], place.session.environment));
+}
+
+/** What the program says to that. */
+export function palomet({ session }: Place, ...options: string[]): Promise<string> {
+    return run([program, ...options], session.environment);
+}
+
+/** A property of that window, as xprop has it. */
+export async function property({ session }: Place, id: string, ...names: string[]): Promise<string> {
+    return run(["xprop", "-id", id, ...names], session.environment);
+}

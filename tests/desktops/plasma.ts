@@ -1,0 +1,46 @@
+// Plasma on X11. A screen reader sees its panel as one tree, with what is in the tray by name.
+
+import type { Rectangle } from "../rehearsal/screen";
+import type { Desktop } from "./desktop";
+import type { Session } from "./session";
+import { x11Terminal, x11Windows } from "./x11";
+
+/** The windows stand left of it, the tray right. */
+const middle = 640;
+
+/** What stands in the panel, by name and place. */
+async function inPanel({ tree }: Session): Promise<{ name: string; place: Rectangle }[]> {
+    const found: { name: string; place: Rectangle }[] = [];
+    for (const window of await tree.windows(/^plasmashell$/)) {
+        // The desktop itself is a window too.
+        if ((await tree.place(window))[3] > 200) continue;
+        for (const node of await tree.all(window, /./)) found.push({ name: await tree.name(node), place: await tree.place(node) });
+    }
+    return found;
+}
+
+export const plasmaX11: Desktop = {
+    name: "KDE",
+    type: "x11",
+    session: ["startplasma-x11"],
+    environment: { DESKTOP_SESSION: "plasma", XDG_CONFIG_DIRS: "/etc/xdg" },
+    member: /^plasmashell$/,
+    package: "plasma-workspace",
+    logout: ["gdbus", "call", "--session", "--dest", "org.kde.Shutdown", "--object-path", "/Shutdown", "--method", "org.kde.Shutdown.logout"],
+    closeKey: "alt+F4",
+    keys: "x11",
+    hasOnAltSpace: "KRunner",
+    hasAutostart: true,
+    terminal: x11Terminal,
+
+    windows: {
+        ...x11Windows,
+        async list(session: Session) {
+            return (await inPanel(session)).filter(({ place }) => place[0] < middle).map(({ name }) => name);
+        },
+    },
+
+    async trayItem(session: Session): Promise<Rectangle | undefined> {
+        return (await inPanel(session)).find(({ name, place }) => /^palomet$/i.test(name) && place[0] > middle)?.place;
+    },
+};

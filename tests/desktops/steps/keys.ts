@@ -1,0 +1,172 @@
+// The keys that work from anywhere, and those that others had first.
+
+import { join } from "node:path";
+import type { Node } from "../../rehearsal/accessible";
+import { run, until } from "../../rehearsal/process";
+import { OtherProgram } from "../../rehearsal/screen";
+import { check, words } from "../../rehearsal/stage";
+import { differenceOf, stillPicture } from "../pictures";
+import { closeWindow, palomet, type Place, status, Terminal, windowInFront } from "../place";
+
+const layouts = ["us", "de", "us"];
+/** What it says takes longer than this. */
+const longestStopMs = 1500;
+/** A title bar that loses its colour is less than a menu. */
+const leastArea = 25_000;
+/** What nobody has. */
+const freeKey = "ctrl+alt+j";
+
+/** The desktop has Alt+Space: it is refused, the window says so and what to do, and the doctor too. */
+export async function refused(place: Place): Promise<string> {
+    const { hotKeyProblem } = await status(place);
+    check(hotKeyProblem === words["shortcut.taken"]!.replace("%@", "⌥Space"), `of Alt+Space it says "${hotKeyProblem}"`);
+    await palomet(place, "--open", "listening");
+    const button = await recorder(place);
+    const said = await place.session.tree.description(button);
+    check(said.includes("did not grant"), `in the window it says "${said}"`);
+    await place.session.screen.whole("key-refused");
+    await closeWindow(place);
+    const doctor = await run(["sh", "-c", '"$0" --doctor || true', process.env.PALOMET_PROGRAM!], place.session.environment);
+    check(/^!! {2}hot keys: Alt\+Space is refused/m.test(doctor), "the doctor has no word about Alt+Space");
+    return `Alt+Space is the desktop's, and the window says: ${hotKeyProblem}`;
+}
+
+/** Alt+Space goes on to open what the desktop has there, after the keyboard's layout has changed, too. */
+export async function others(place: Place): Promise<string> {
+    const { session: { screen, environment } } = place;
+    const terminal = await Terminal.open(place);
+    const opensItsOwn = async (when: string) => {
+        await stillPicture(place, "before-alt-space");
+        await screen.key("alt+space");
+        await until(`what Alt+Space opens ${when}`, async () => {
+            await stillPicture(place, "alt-space-still");
+            return (await differenceOf(place, "before-alt-space", "alt-space")) > leastArea;
+        });
+        await screen.key("Escape");
+        await until("it to go", async () => (await differenceOf(place, "before-alt-space", "after-alt-space")) < 5000);
+    };
+    await opensItsOwn("at first");
+    for (const layout of layouts) {
+        await run(["setxkbmap", layout], environment);
+        await opensItsOwn(`with the layout ${layout}`);
+        check((await status(place)).hotKeyProblem !== "", `with the layout ${layout} it took Alt+Space from the desktop`);
+    }
+    await terminal.close();
+    return `Alt+Space opens ${place.desktop.hasOnAltSpace}, with the layouts ${layouts.join(", ")} too`;
+}
+
+/** Another key, pressed in the window, works from another program's window at once, which gets nothing of it. */
+export async function another(place: Place): Promise<string> {
+    const { session: { screen, environment, tree }, watcher, folder } = place;
+    await palomet(place, "--open", "listening");
+    const button = await recorder(place);
+    await screen.click(await tree.place(button));
+    await until("the recording", async () => (await tree.description(button)).includes(words["recorder.type"]!));
+    await screen.key(freeKey);
+    await until("the key to be granted", async () => (await status(place)).hotKeyProblem === "");
+    await screen.whole("key-granted");
+    await closeWindow(place);
+    const other = await OtherProgram.start(environment, screen, join(folder, "other-program.log"));
+    const since = watcher.states.length;
+    await screen.key(freeKey);
+    await watcher.reach("listening", since);
+    check(!other.keys.includes("j"), "the key went to the other program too");
+    await watcher.post("stop");
+    await watcher.settle();
+    const doctor = await run(["sh", "-c", '"$0" --doctor || true', process.env.PALOMET_PROGRAM!], environment);
+    check(/^ok {2}hot keys: /m.test(doctor), `the doctor says of the key: ${/^.*hot keys.*$/m.exec(doctor)?.[0]}`);
+    await pictureOfSpeech(place);
+    const before = count(other);
+    await stopBy(place, "Escape");
+    check(count(other) === before, "the Escape that stopped it went to the other program too");
+    await until("Escape in the other program", async () => {
+        await screen.key("Escape");
+        return count(other) > before;
+    });
+    await screen.key(place.desktop.closeKey);
+    return `${freeKey}, pressed in the window, listens from another program; Escape stops it while it speaks, and is the other's again`;
+}
+
+/** Makes it speak, until it says so itself, and the strip does. */
+async function speak(place: Place): Promise<number> {
+    const { session: { screen }, watcher } = place;
+    const since = watcher.states.length;
+    await watcher.post("say", { text: "What can you do?" });
+    await until("it to speak", async () => (await status(place)).state === "speaking" && (await screen.strip()));
+    return since;
+}
+
+async function pictureOfSpeech(place: Place): Promise<void> {
+    await speak(place);
+    await place.session.screen.whole("speaking");
+    await place.watcher.post("stop");
+    await place.watcher.settle();
+}
+
+/** That key stops it while it speaks, long before it would end by itself. */
+async function stopBy(place: Place, key: string): Promise<void> {
+    const { session: { screen }, watcher } = place;
+    const since = await speak(place);
+    check(watcher.states.at(-1) === "speaking", "it did not speak long enough");
+    await screen.key(key);
+    await watcher.reach("waiting", watcher.after("speaking", since), longestStopMs);
+}
+
+const count = ({ keys }: OtherProgram) => keys.filter((key) => key === "Escape").length;
+
+/** Where nobody gives keys to programs, the window and the doctor say what to bind instead, and that works. */
+export async function byCommand(place: Place): Promise<string> {
+    const { session, desktop, watcher } = place;
+    const { screen, tree } = session;
+    await palomet(place, "--open", "listening");
+    const said = await until("the window's advice", async () => {
+        for (const window of await tree.windows()) {
+            const all = await tree.names(window);
+            const texts = [...all, ...(await Promise.all((await tree.all(window, /^push button$/)).map((node) => tree.description(node))))];
+            const found = texts.find((text) => text.includes(words["listening.keysByCommand"]!));
+            if (found) return found;
+        }
+        return undefined;
+    });
+    await recorder(place);
+    await screen.whole("keys-by-command");
+    await closeWindow(place);
+    const doctor = await run(["sh", "-c", '"$0" --doctor || true', process.env.PALOMET_PROGRAM!], session.environment);
+    check(/^!! {2}hot keys: .*bind "palomet --listen" and "palomet --stop"/m.test(doctor), "the doctor does not say what to bind");
+    await desktop.bind!(session, { "Mod1+space": "palomet --listen", "Mod1+Escape": "palomet --stop" });
+    const terminal = await Terminal.open(place);
+    const since = watcher.states.length;
+    await screen.key("alt+space");
+    await watcher.reach("listening", since);
+    await watcher.post("stop");
+    await watcher.settle();
+    await pictureOfSpeech(place);
+    await stopBy(place, "alt+Escape");
+    await terminal.close();
+    return `the window says: ${said}; bound so, Alt+Space listens and Alt+Escape stops it while it speaks`;
+}
+
+/** The button that records the listen key, scrolled to where it can be seen. */
+async function recorder(place: Place): Promise<Node> {
+    const { session: { screen, tree } } = place;
+    await windowInFront(place);
+    const button = await until("the listen key in the window", async () => {
+        for (const window of await tree.windows()) {
+            const buttons = await tree.all(window, /^push button$/);
+            const names = await Promise.all(buttons.map((node) => tree.name(node)));
+            const places = await Promise.all(buttons.map((node) => tree.place(node)));
+            const index = names.findIndex((name, at) => name === words["menu.listen"] && places[at]![1] > 200);
+            if (index >= 0) return buttons[index];
+        }
+        return undefined;
+    });
+    const [left] = await tree.place(button);
+    await screen.hand("mousemove", String(left), "500");
+    await until("the listen key in sight", async () => {
+        const [, top] = await tree.place(button);
+        if (top > 220 && top < 700) return true;
+        await screen.hand("click", "5");
+        return false;
+    });
+    return button;
+}

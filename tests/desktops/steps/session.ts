@@ -1,0 +1,55 @@
+// The beginning and the end of a session, and what the doctor says in it.
+
+import { readFileSync } from "node:fs";
+import { join } from "node:path";
+import { TrayItem } from "../../rehearsal/desktop";
+import { run, until } from "../../rehearsal/process";
+import { check } from "../../rehearsal/stage";
+import { palomet, type Place, status } from "../place";
+import { processesOf, Session } from "../session";
+
+/**
+ * What the doctor says in a fresh session, with Palomet or without: all is well but for the keys, which the desktop has, and
+ * the level, for nobody makes a sound. */
+export async function doctor(place: Place): Promise<string> {
+    const text = await run(["sh", "-c", '"$0" --doctor || true', process.env.PALOMET_PROGRAM!], place.session.environment);
+    await Bun.write(join(place.folder, `doctor-${processesOf(/^palomet$/).length ? "running" : "before"}.txt`), text);
+    const expected = ["hot keys", "level"];
+    const wrong = [...text.matchAll(/^!! {2}([^:]+):/gm)].map(([, subject]) => subject!).filter((subject) => !expected.includes(subject));
+    check(wrong.length === 0, `the doctor complains of ${wrong.join(", ")}`);
+    check(/^ok {2}tray: there$/m.test(text), "the doctor sees no tray");
+    return `${text.trim().split("\n").length} lines, right for this desktop`;
+}
+
+/** Started from a terminal, it is in the tray and waits. */
+export async function start(place: Place): Promise<string> {
+    Bun.spawn([process.env.PALOMET_PROGRAM!], { env: place.session.environment, stdin: "ignore", stdout: "ignore", stderr: "ignore" });
+    await TrayItem.find(place.session.environment);
+    await until("it to wait", async () => (await status(place)).state === "waiting");
+    return "it is in the tray, and waits";
+}
+
+/** The end of the session ends it in order, and the next session begins with it. */
+export async function again(place: Place): Promise<string> {
+    const { hasAutostart } = place.desktop;
+    if (hasAutostart) await palomet(place, "--autostart", "on");
+    const log = join(place.session.environment.HOME!, "Library/Logs/loquent/palomet.log");
+    await place.session.logout();
+    await until("Palomet to end", () => processesOf(/^palomet$/).length === 0);
+    const ended = readFileSync(log, "utf8");
+    place.session = await Session.login(place.desktop, place.folder, place.session.environment.XDG_RUNTIME_DIR!);
+    if (!hasAutostart) await start(place);
+    await until("Palomet, by itself", () => processesOf(/^palomet$/).length === 1);
+    await TrayItem.find(place.session.environment);
+    await until("it to wait", async () => (await status(place)).state === "waiting");
+    await place.session.screen.whole("after-login");
+    const lines = ended.split("\n").filter((line) => line.startsWith("saindo: "));
+    check(lines.length === 3 && lines[2] === "saindo: pronto", `the log's last lines were not those of an orderly end: ${lines.join(" | ")}`);
+    return `logging out ends it in order (${lines[0]}), and after the next login it is there${hasAutostart ? " by itself" : " when started"}`;
+}
+
+export async function quit(place: Place): Promise<string> {
+    await palomet(place, "--quit");
+    await until("it to be gone", () => processesOf(/^palomet$/).length === 0);
+    return "palomet --quit ends it";
+}

@@ -1,0 +1,52 @@
+// XFCE. Its panel shows the tray in a process of its own, whose window stands in the panel.
+
+import { run } from "../rehearsal/process";
+import type { Rectangle } from "../rehearsal/screen";
+import type { Desktop } from "./desktop";
+import { processesOf, type Session } from "./session";
+import { x11Terminal, x11Windows } from "./x11";
+
+/** The part of a window's number that the X server gave to the program. */
+const clientOf = (id: string) => Number(id) >> 21;
+
+export const xfce: Desktop = {
+    name: "XFCE",
+    type: "x11",
+    session: ["xfce4-session"],
+    environment: { XDG_MENU_PREFIX: "xfce-", XDG_CONFIG_DIRS: "/etc/xdg", DESKTOP_SESSION: "xfce" },
+    member: /^xfce4-panel$/,
+    package: "xfce4-session",
+    logout: ["xfce4-session-logout", "--logout", "--fast"],
+    closeKey: "alt+F4",
+    keys: "x11",
+    hasOnAltSpace: "the window menu",
+    hasAutostart: true,
+    terminal: x11Terminal,
+    windows: { ...x11Windows, list: windowButtons },
+
+    async trayItem({ environment }: Session): Promise<Rectangle | undefined> {
+        const [tray] = processesOf(/^panel-\d+-systray/);
+        if (tray === undefined) return undefined;
+        const windows = [...(await run(["xwininfo", "-root", "-tree"], environment)).matchAll(/^\s+(0x\w+) "wrapper-2\.0": .* (\d+)x(\d+)\+\S+ +\+(\d+)\+(\d+)$/gm)];
+        for (const [, leader] of windows) {
+            if (!(await run(["xprop", "-id", leader!, "_NET_WM_PID"], environment).catch(() => "")).trim().endsWith(` = ${tray}`)) continue;
+            // The window in the panel is of the same client.
+            const inside = windows.find(([, id, width, , , top]) => clientOf(id!) === clientOf(leader!) && Number(width) > 10 && Number(top) === 0);
+            const [width, height, left, top] = (inside ?? []).slice(2).map(Number);
+            if (inside) return [left!, top!, width!, height!];
+        }
+        return undefined;
+    },
+};
+
+/** The names on the buttons of the panel's list of windows, among those of other buttons. */
+async function windowButtons({ tree }: Session): Promise<string[]> {
+    const names: string[] = [];
+    for (const panel of await tree.windows(/^xfce4-panel$/)) {
+        for (const button of await tree.all(panel, /^toggle button$/)) {
+            // What is hidden has a place nevertheless.
+            if ((await tree.place(button))[0] >= 0) names.push(await tree.name(button));
+        }
+    }
+    return names;
+}

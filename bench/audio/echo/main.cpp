@@ -1,3 +1,4 @@
+#include "audio/echo/MaskWeights.h"
 #include "bench/audio/echo/Path.h"
 #include "bench/audio/echo/PlainCanceller.h"
 #include "bench/audio/echo/Table.h"
@@ -45,6 +46,19 @@ std::vector<Way> ways() {
                    }});
     all.push_back({"path", [](const auto &recording, const auto &scenario) {
                        return processOnPath(recording, scenario, createOurs());
+                   }});
+    const auto mask = echo::MaskWeights::read(QStringLiteral(PALOMET_SOURCE_DIR "/resources/echo-mask.bin"));
+    if (!mask || !EchoCanceller::takesMask())
+        return all;
+    const auto createMasked = [weights = *mask] {
+        auto canceller = EchoCanceller::create(weights);
+        return canceller ? std::move(*canceller) : nullptr;
+    };
+    all.push_back({"mask", [=](const auto &recording, const auto &scenario) {
+                       return process(recording, scenario, createMasked().get());
+                   }});
+    all.push_back({"mask, path", [=](const auto &recording, const auto &scenario) {
+                       return processOnPath(recording, scenario, createMasked());
                    }});
     return all;
 }

@@ -106,7 +106,7 @@ TEST(Scroller, ScrollsByTheWheelAndByTwoFingersOnATouchpad) {
         const QPointingDevice device(u"device"_s, 1, type, QPointingDevice::PointerType::Generic,
                                      QInputDevice::Capability::Position | QInputDevice::Capability::Scroll, 1, 0);
         Scene scene(page);
-        draw(scene);
+        scene.draw();
         const QPointF place(300, 240);
         // Fingers move by parts of a notch.
         for (int i = 0; i < 8; ++i) {

@@ -86,6 +86,7 @@ public:
 
     void render(std::span<const float, frameSize> reference) noexcept override {
         m_isPlaying = echo::meanSquare(reference) > audible;
+        m_silentFrames = m_isPlaying ? 0 : std::min(m_silentFrames + 1, reverberation);
         m_canceller->render(reference);
     }
 
@@ -96,7 +97,7 @@ public:
         m_canceller->capture(microphone, delayHintMs, m_outputs);
         const auto &signals = m_inputs.process(microphone, m_outputs);
         m_level.follow(signals.microphone, signals.linear, m_isPlaying);
-        m_tripleRate.push(m_mask.process(signals));
+        m_tripleRate.push(m_mask.process(signals, m_silentFrames < reverberation));
         Frame frame;
         m_tripleRate.read(frame);
         m_level.restore(frame);
@@ -104,6 +105,7 @@ public:
     }
 
 private:
+    static constexpr int reverberation = 40; ///< Frames after which nothing is heard of what was played.
     /// What the mask takes of the time by which the linear output leads is not waited for.
     static constexpr int spareLead =
         TunedAec3::linearLead - TripleRate::filterDelay - static_cast<int>(echo::SpeechMask::delay);
@@ -116,6 +118,7 @@ private:
     echo::SpeechMask m_mask;
     TripleRate m_tripleRate{spareLead};
     bool m_isPlaying = false;
+    int m_silentFrames = reverberation; ///< Since something was played.
 };
 
 } // namespace

@@ -22,12 +22,12 @@ float powerOf(float base, float exponent) {
 
 } // namespace
 
-const LowFrame &SpeechMask::process(const MaskSignals &signals) noexcept {
+const LowFrame &SpeechMask::process(const MaskSignals &signals, bool hasEcho) noexcept {
     auto [gains, voice] = m_network.process(m_features.process(signals));
     m_heldFrames = voice > likelyVoice ? held : std::max(m_heldFrames - 1, 0);
-    m_openness = m_heldFrames > 0 ? 1 : std::max(m_openness - closing, 0.0F);
+    m_openness = m_heldFrames > 0 || !hasEcho ? 1 : std::max(m_openness - closing, 0.0F);
     for (float &gain : gains)
-        gain = m_openness * powerOf(gain, caution);
+        gain = hasEcho ? m_openness * powerOf(gain, caution) : 1;
     m_filter.process(signals.linear, gains, m_masked);
     return m_masked;
 }

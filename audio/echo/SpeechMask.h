@@ -18,7 +18,8 @@ public:
     explicit SpeechMask(std::shared_ptr<const MaskWeights> weights)
         : m_network(std::move(weights)) {}
 
-    const LowFrame &process(const MaskSignals &signals) noexcept;
+    /// Without any echo the linear output is given as it is, for who talks softly is not to be taken for an echo.
+    const LowFrame &process(const MaskSignals &signals, bool hasEcho = true) noexcept;
 
 private:
     MaskFeatures m_features;

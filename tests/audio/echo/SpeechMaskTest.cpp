@@ -1,6 +1,7 @@
 #include "audio/echo/SpeechMask.h"
 
 #include "audio/echo/EchoCanceller.h"
+#include "audio/echo/Samples.h"
 #include "tests/audio/echo/MaskFiles.h"
 
 #include <gtest/gtest.h>
@@ -87,6 +88,22 @@ TEST(SpeechMask, IsSilentToTheLastBitWhileNobodyTalks) {
     }
 }
 
+TEST(SpeechMask, GivesTheLinearOutputAsItIsWhereThereIsNoEcho) {
+    SpeechMask mask(constantWeights(-surely, -surely));
+    std::minstd_rand random(1);
+    LowFrame before{};
+    for (int i = 0; i < 30; ++i) {
+        const auto signals = noise(random);
+        const auto &frame = mask.process(signals, false);
+        for (std::size_t n = 0; n < lowFrameSize && i > 0; ++n) {
+            const float in = n < SpeechMask::delay ? before[lowFrameSize + n - SpeechMask::delay]
+                                                   : signals.linear[n - SpeechMask::delay];
+            EXPECT_NEAR(frame[n], in, 1e-6F) << i << ", " << n;
+        }
+        before = signals.linear;
+    }
+}
+
 TEST(SpeechMask, GivesTheSameForTheSame) {
     const auto frames = test::maskSignals();
     SpeechMask one(test::maskWeights());
@@ -135,5 +152,28 @@ TEST(SpeechMask, TheProgramHearsSilenceToTheLastBitWhileNobodyTalks) {
         (*canceller)->capture(frame, 0, frame);
         const bool isSilent = std::all_of(frame.begin(), frame.end(), [](float value) { return value == 0; });
         EXPECT_TRUE(isSilent || i <= 3) << i; // Then the canceller is listened to.
+    }
+}
+
+TEST(SpeechMask, TheProgramHearsWhateverComesOnceTheAgentIsSilent) {
+    if (!EchoCanceller::takesMask())
+        GTEST_SKIP() << "the library has no linear output";
+    const auto canceller = EchoCanceller::create(constantWeights(-surely, -surely));
+    ASSERT_TRUE(canceller);
+    std::minstd_rand random(6);
+    std::uniform_real_distribution<float> sample(-0.2F, 0.2F);
+    EchoCanceller::Frame frame;
+    const auto fill = [&] { std::generate(frame.begin(), frame.end(), [&] { return sample(random); }); };
+    for (int i = 0; i < 200; ++i) {
+        EchoCanceller::Frame played{};
+        if (i < 100)
+            std::generate(played.begin(), played.end(), [&] { return sample(random); });
+        fill();
+        (*canceller)->render(played);
+        (*canceller)->capture(frame, 0, frame);
+        // From 50 frames after the last one that was played; the canceller rests only after 200.
+        if (i >= 150) {
+            EXPECT_GT(echo::meanSquare(frame), 0.003F) << i;
+        }
     }
 }

@@ -23,7 +23,8 @@ void ClockDrift::add(std::int64_t samples, double distance) noexcept {
     if (m_watched < momentLength)
         return;
     m_time += m_watched;
-    m_moments[m_next] = {static_cast<double>(m_time - m_watched / 2), m_sum / static_cast<double>(m_watched)};
+    m_moments[m_next] = {static_cast<double>(m_time) - static_cast<double>(m_watched) / 2,
+                         m_sum / static_cast<double>(m_watched)};
     m_next = (m_next + 1) % moments;
     m_count = std::min(m_count + 1, moments);
     m_sum = 0;

@@ -22,8 +22,9 @@ public:
 
 private:
     static constexpr std::size_t window = 2 * lowFrameSize;
-    /// Quantities that are summed up by band; two more, that they fill whole vectors.
-    enum Quantity { Linear, Microphone, Suppressed, Echo, CrossReal, CrossImaginary, quantities = 8 };
+    /// What is summed up by band.
+    enum Quantity { Linear, Microphone, Suppressed, Echo, CrossReal, CrossImaginary };
+    static constexpr std::size_t quantities = 8; ///< Two more, that they fill whole vectors.
     using Sums = std::array<float, quantities>;
     using Window = std::array<float, FourierTransform::size>;
 

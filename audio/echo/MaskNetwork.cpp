@@ -9,12 +9,12 @@
 namespace palomet::echo {
 namespace {
 
-template <std::size_t inputCount, std::size_t outputCount>
-std::array<float, outputCount> weighted(const MaskWeights::Layer<inputCount, outputCount> &layer,
-                                        const std::array<float, inputCount> &inputs) noexcept {
+template <std::size_t InputCount, std::size_t OutputCount>
+std::array<float, OutputCount> weighted(const MaskWeights::Layer<InputCount, OutputCount> &layer,
+                                        const std::array<float, InputCount> &inputs) noexcept {
     auto sums = layer.biases;
-    for (std::size_t i = 0; i < inputCount; ++i) {
-        for (std::size_t output = 0; output < outputCount; ++output)
+    for (std::size_t i = 0; i < InputCount; ++i) {
+        for (std::size_t output = 0; output < OutputCount; ++output)
             sums[output] += layer.weights[i][output] * inputs[i];
     }
     return sums;

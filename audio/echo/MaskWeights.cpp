@@ -19,7 +19,7 @@ constexpr qsizetype hashSize = 32;
 constexpr qsizetype headerSize = magic.size() + qsizetype{sizeof(shape)} + hashSize;
 
 constexpr qsizetype sizeOf(std::size_t inputs, std::size_t outputs) {
-    return static_cast<qsizetype>((inputs + 1) * outputs * sizeof(quint16));
+    return static_cast<qsizetype>(inputs + 1) * static_cast<qsizetype>(outputs * sizeof(quint16));
 }
 
 constexpr qsizetype bodySize = sizeOf(MaskWeights::features, MaskWeights::units) +

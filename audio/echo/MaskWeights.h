@@ -23,10 +23,10 @@ struct MaskWeights {
     static constexpr std::size_t outputs = MaskBands::count + 1; ///< The last one: whether somebody here talks.
 
     /// A layer, all of one input after all of another: so its loops are vectorised over outputs.
-    template <std::size_t inputCount, std::size_t outputCount>
+    template <std::size_t InputCount, std::size_t OutputCount>
     struct Layer {
-        std::array<std::array<float, outputCount>, inputCount> weights{};
-        std::array<float, outputCount> biases{};
+        std::array<std::array<float, OutputCount>, InputCount> weights{};
+        std::array<float, OutputCount> biases{};
     };
 
     Layer<features, units> entry;

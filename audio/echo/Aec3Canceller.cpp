@@ -23,9 +23,10 @@ using echo::TunedAec3;
 
 constexpr float audible = 1e-5F; // -50 dBFS.
 
-class GatedCanceller final : public EchoCanceller {
+/// What stands before the gate and the mask alike.
+class TunedCanceller : public EchoCanceller {
 public:
-    explicit GatedCanceller(std::unique_ptr<TunedAec3> canceller)
+    explicit TunedCanceller(std::unique_ptr<TunedAec3> canceller)
         : m_canceller(std::move(canceller)) {}
 
     void render(std::span<const float, frameSize> reference) noexcept override {
@@ -33,14 +34,37 @@ public:
         m_canceller->render(reference);
     }
 
-    void capture(std::span<const float, frameSize> in, int delayHintMs,
-                 std::span<float, frameSize> out) noexcept override {
+protected:
+    /// What the filter is given of the microphone. `m_outputs` is then what comes of it.
+    Frame filter(echo::FrameView in, int delayHintMs) noexcept {
         auto microphone = m_offset.apply(in);
         m_level.lower(microphone);
         m_canceller->capture(microphone, delayHintMs, m_outputs);
+        return microphone;
+    }
+
+    /// The far end can be heard in this frame.
+    [[nodiscard]] bool isPlaying() const noexcept { return m_referencePower > audible; }
+
+    TunedAec3::Outputs m_outputs{};
+    echo::EchoLevel m_level;
+    float m_referencePower = 0;
+
+private:
+    std::unique_ptr<TunedAec3> m_canceller;
+    echo::OffsetFilter m_offset;
+};
+
+class GatedCanceller final : public TunedCanceller {
+public:
+    using TunedCanceller::TunedCanceller;
+
+    void capture(std::span<const float, frameSize> in, int delayHintMs,
+                 std::span<float, frameSize> out) noexcept override {
+        const auto microphone = filter(in, delayHintMs);
         auto &frame = m_outputs.suppressed;
         m_tripleRate.push(m_outputs.linear);
-        m_level.follow(m_lowBand.process(microphone), m_outputs.linear, m_referencePower > audible);
+        m_level.follow(m_lowBand.process(microphone), m_outputs.linear, isPlaying());
 
         const bool isLinearBetter = m_gate.isLinearBetter({m_referencePower, echo::meanSquare(microphone),
                                                            echo::meanSquare(m_tripleRate.delayed()),
@@ -66,37 +90,24 @@ private:
             frame[i] *= from + (m_share - from) * static_cast<float>(i + 1) / frameSize;
     }
 
-    std::unique_ptr<TunedAec3> m_canceller;
-    echo::OffsetFilter m_offset;
-    echo::EchoLevel m_level;
     TunedAec3::LowBand m_lowBand{TunedAec3::linearDelay};
-    TunedAec3::Outputs m_outputs{};
     TripleRate m_tripleRate{TunedAec3::linearLead - TripleRate::filterDelay};
     echo::LinearOutputGate m_gate;
-    float m_referencePower = 0;
     float m_share = 1;       ///< Of the output that was given at the end of the last frame.
     float m_linearShare = 0; ///< Of the linear output at the end of the last frame.
 };
 
-class MaskedCanceller final : public EchoCanceller {
+class MaskedCanceller final : public TunedCanceller {
 public:
     MaskedCanceller(std::unique_ptr<TunedAec3> canceller, Mask mask)
-        : m_canceller(std::move(canceller))
+        : TunedCanceller(std::move(canceller))
         , m_mask(std::move(mask)) {}
-
-    void render(std::span<const float, frameSize> reference) noexcept override {
-        m_isPlaying = echo::meanSquare(reference) > audible;
-        m_silentFrames = m_isPlaying ? 0 : std::min(m_silentFrames + 1, reverberation);
-        m_canceller->render(reference);
-    }
 
     void capture(std::span<const float, frameSize> in, int delayHintMs,
                  std::span<float, frameSize> out) noexcept override {
-        auto microphone = m_offset.apply(in);
-        m_level.lower(microphone);
-        m_canceller->capture(microphone, delayHintMs, m_outputs);
-        const auto &signals = m_inputs.process(microphone, m_outputs);
-        m_level.follow(signals.microphone, signals.linear, m_isPlaying);
+        const auto &signals = m_inputs.process(filter(in, delayHintMs), m_outputs);
+        m_level.follow(signals.microphone, signals.linear, isPlaying());
+        m_silentFrames = isPlaying() ? 0 : std::min(m_silentFrames + 1, reverberation);
         m_tripleRate.push(m_mask.process(signals, m_silentFrames < reverberation));
         Frame frame;
         m_tripleRate.read(frame);
@@ -110,14 +121,9 @@ private:
     static constexpr int spareLead =
         TunedAec3::linearLead - TripleRate::filterDelay - static_cast<int>(echo::SpeechMask::delay);
 
-    std::unique_ptr<TunedAec3> m_canceller;
-    echo::OffsetFilter m_offset;
-    echo::EchoLevel m_level;
-    TunedAec3::Outputs m_outputs{};
     echo::MaskInputs m_inputs;
     echo::SpeechMask m_mask;
     TripleRate m_tripleRate{spareLead};
-    bool m_isPlaying = false;
     int m_silentFrames = reverberation; ///< Since something was played.
 };
 

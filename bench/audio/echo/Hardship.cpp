@@ -175,17 +175,11 @@ std::vector<Scenario> hardScenarios(std::uint32_t set, int count) {
     return all;
 }
 
-Result<Recording> recordHardship(const Scenario &scenario, const Hardship &hardship, Speaker &speaker) {
-    auto program = speaker.talk(scenario.farVoice, programSentences(), scenario.seed, scenario.seconds());
-    if (!program)
-        return Failure{program.reason()};
-    auto user = speaker.talk(scenario.nearVoice, userSentences(), scenario.seed, scenario.both);
-    if (!user)
-        return Failure{user.reason()};
-
+Result<Recording> recordHardship(const Scenario &scenario, const Hardship &hardship, Talks talks, Speaker &speaker) {
+    auto &[program, user] = talks;
     const Scene scene(scenario);
     Recording recording;
-    recording.reference = std::move(program->signal);
+    recording.reference = std::move(program.signal);
     setActiveLevel(recording.reference, -20);
     recording.echo = echoOf(recording.reference, scenario, hardship, scene);
 
@@ -196,7 +190,7 @@ Result<Recording> recordHardship(const Scenario &scenario, const Hardship &hards
         if (!hardship.doesUserMove)
             break;
     }
-    recording.nearEnd = heardFrom(*user, scenario, responses);
+    recording.nearEnd = heardFrom(user, scenario, responses);
     if (hardship.hasSecondUser) {
         auto second = speaker.talk({"en-gb+m5", 140}, userSentences(), scenario.seed + 5, scenario.both);
         if (!second)
@@ -207,7 +201,7 @@ Result<Recording> recordHardship(const Scenario &scenario, const Hardship &hards
         std::transform(heard.begin(), heard.end(), recording.nearEnd.begin(), recording.nearEnd.begin(), std::plus<>());
     }
     amplify(recording.nearEnd, scenario.signalToEcho);
-    recording.nearSentences = std::move(user->sentences);
+    recording.nearSentences = std::move(user.sentences);
 
     Signal others(recording.reference.size());
     if (hardship.musicLevel)

@@ -109,14 +109,14 @@ std::vector<Scenario> scenarios(std::uint32_t set) {
 }
 
 Result<Recording> record(const Scenario &scenario, Speaker &speaker) {
-    if (scenario.hardship)
-        return recordHardship(scenario, *scenario.hardship, speaker);
     auto program = speaker.talk(scenario.farVoice, programSentences(), scenario.seed, scenario.seconds());
     if (!program)
         return Failure{program.reason()};
     auto user = speaker.talk(scenario.nearVoice, userSentences(), scenario.seed, scenario.both);
     if (!user)
         return Failure{user.reason()};
+    if (scenario.hardship)
+        return recordHardship(scenario, *scenario.hardship, {std::move(*program), std::move(*user)}, speaker);
 
     Recording recording;
     recording.reference = std::move(program->signal);

@@ -30,25 +30,25 @@ public:
         : m_canceller(std::move(canceller)) {}
 
     void render(std::span<const float, frameSize> reference) noexcept override {
-        m_referencePower = echo::meanSquare(reference);
+        referencePower = echo::meanSquare(reference);
         m_canceller->render(reference);
     }
 
 protected:
-    /// What the filter is given of the microphone. `m_outputs` is then what comes of it.
+    /// What the filter is given of the microphone. `outputs` is then what comes of it.
     Frame filter(echo::FrameView in, int delayHintMs) noexcept {
         auto microphone = m_offset.apply(in);
-        m_level.lower(microphone);
-        m_canceller->capture(microphone, delayHintMs, m_outputs);
+        level.lower(microphone);
+        m_canceller->capture(microphone, delayHintMs, outputs);
         return microphone;
     }
 
     /// The far end can be heard in this frame.
-    [[nodiscard]] bool isPlaying() const noexcept { return m_referencePower > audible; }
+    [[nodiscard]] bool isPlaying() const noexcept { return referencePower > audible; }
 
-    TunedAec3::Outputs m_outputs{};
-    echo::EchoLevel m_level;
-    float m_referencePower = 0;
+    TunedAec3::Outputs outputs{};
+    echo::EchoLevel level;
+    float referencePower = 0;
 
 private:
     std::unique_ptr<TunedAec3> m_canceller;
@@ -62,13 +62,13 @@ public:
     void capture(std::span<const float, frameSize> in, int delayHintMs,
                  std::span<float, frameSize> out) noexcept override {
         const auto microphone = filter(in, delayHintMs);
-        auto &frame = m_outputs.suppressed;
-        m_tripleRate.push(m_outputs.linear);
-        m_level.follow(m_lowBand.process(microphone), m_outputs.linear, isPlaying());
+        auto &frame = outputs.suppressed;
+        m_tripleRate.push(outputs.linear);
+        level.follow(m_lowBand.process(microphone), outputs.linear, isPlaying());
 
-        const bool isLinearBetter = m_gate.isLinearBetter({m_referencePower, echo::meanSquare(microphone),
+        const bool isLinearBetter = m_gate.isLinearBetter({referencePower, echo::meanSquare(microphone),
                                                            echo::meanSquare(m_tripleRate.delayed()),
-                                                           echo::meanSquare(frame), m_level.likeness()});
+                                                           echo::meanSquare(frame), level.likeness()});
         const float from = m_linearShare;
         m_linearShare = isLinearBetter ? 1 : 0;
         if (from > 0 || isLinearBetter) {
@@ -76,7 +76,7 @@ public:
             m_tripleRate.read(linear);
             echo::crossFade(frame, linear, from, m_linearShare);
         }
-        m_level.restore(frame);
+        level.restore(frame);
         turnDownEcho(frame);
         std::copy(frame.begin(), frame.end(), out.begin());
     }
@@ -105,13 +105,13 @@ public:
 
     void capture(std::span<const float, frameSize> in, int delayHintMs,
                  std::span<float, frameSize> out) noexcept override {
-        const auto &signals = m_inputs.process(filter(in, delayHintMs), m_outputs);
-        m_level.follow(signals.microphone, signals.linear, isPlaying());
+        const auto &signals = m_inputs.process(filter(in, delayHintMs), outputs);
+        level.follow(signals.microphone, signals.linear, isPlaying());
         m_silentFrames = isPlaying() ? 0 : std::min(m_silentFrames + 1, reverberation);
         m_tripleRate.push(m_mask.process(signals, m_silentFrames < reverberation));
         Frame frame;
         m_tripleRate.read(frame);
-        m_level.restore(frame);
+        level.restore(frame);
         std::copy(frame.begin(), frame.end(), out.begin());
     }
 

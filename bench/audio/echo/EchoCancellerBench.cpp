@@ -1,4 +1,5 @@
 #include "audio/echo/EchoCanceller.h"
+#include "audio/echo/MaskWeights.h"
 #include "bench/audio/echo/PlainCanceller.h"
 
 #include <benchmark/benchmark.h>
@@ -7,8 +8,8 @@
 #include <random>
 #include <vector>
 
-// One frame of 10 ms past the canceller while both ends talk, beside its floor: the library's canceller with the
-// settings that it comes with.
+// One frame of 10 ms past the canceller, its mask included, while both ends talk, beside its floor: the library's
+// canceller with the settings that it comes with.
 
 using namespace palomet;
 
@@ -49,7 +50,8 @@ void run(benchmark::State &state, EchoCanceller *canceller) {
 }
 
 void echoCanceller(benchmark::State &state) {
-    const auto canceller = EchoCanceller::create();
+    const auto mask = echo::MaskWeights::read(QStringLiteral(PALOMET_SOURCE_DIR "/resources/echo-mask.bin"));
+    const auto canceller = EchoCanceller::create(mask ? *mask : nullptr);
     run(state, canceller ? canceller->get() : nullptr);
 }
 

@@ -50,7 +50,7 @@ void run(benchmark::State &state, EchoCanceller *canceller) {
 }
 
 void echoCanceller(benchmark::State &state) {
-    const auto mask = echo::MaskWeights::read(QStringLiteral(PALOMET_SOURCE_DIR "/resources/echo-mask.bin"));
+    const auto mask = echo::MaskWeights::read(QStringLiteral(PALOMET_SOURCE_DIR "/resources"));
     const auto canceller = EchoCanceller::create(mask ? *mask : nullptr);
     run(state, canceller ? canceller->get() : nullptr);
 }

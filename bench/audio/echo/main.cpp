@@ -47,7 +47,7 @@ std::vector<Way> ways() {
     all.push_back({"path", [](const auto &recording, const auto &scenario) {
                        return processOnPath(recording, scenario, createOurs());
                    }});
-    const auto mask = echo::MaskWeights::read(QStringLiteral(PALOMET_SOURCE_DIR "/resources/echo-mask.bin"));
+    const auto mask = echo::MaskWeights::read(QStringLiteral(PALOMET_SOURCE_DIR "/resources"));
     if (!mask || !EchoCanceller::takesMask())
         return all;
     const auto createMasked = [weights = *mask] {

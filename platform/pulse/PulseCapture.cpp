@@ -27,7 +27,7 @@ PulseCapture::PulseCapture(PulseConnection &connection, const QString &device, S
     , m_speakers(speakers)
     , m_events(std::move(events)) {
     const PulseMainloop::Lock lock(connection.mainloop());
-    m_stream.reset(pa_stream_new(connection.context(), "Palomet", &pulseFormat, nullptr));
+    m_stream = connection.newStream();
     if (!m_stream) {
         end(Ending::Failed, pa_context_errno(connection.context()));
         return;

@@ -1,5 +1,7 @@
 #include "platform/pulse/PulseConnection.h"
 
+#include "platform/pulse/PulseFormat.h"
+
 #include <QMetaObject>
 
 #include <pulse/error.h>
@@ -49,6 +51,10 @@ PulseConnection::~PulseConnection() {
     m_askingServer.reset();
     m_askingSources.reset();
     m_context.reset();
+}
+
+PulseStream PulseConnection::newStream() const {
+    return PulseStream(pa_stream_new(m_context.get(), "Palomet", &pulseFormat, nullptr));
 }
 
 // The callee may end this object, and its events with it: a copy of the event travels.

@@ -52,8 +52,11 @@ public:
     /// Whether it worked is not told.
     void setDefaultInput(const QString &id);
 
+    /// An unconnected stream of the program's one format; null when libpulse cannot make it. Under the lock.
+    [[nodiscard]] PulseStream newStream() const;
+
     [[nodiscard]] const PulseMainloop &mainloop() const { return m_mainloop; }
-    /// For streams on this connection; under the lock.
+    /// Under the lock.
     [[nodiscard]] pa_context *context() const { return m_context.get(); }
 
 private:

@@ -35,9 +35,9 @@ PulsePlayback::PulsePlayback(PulseConnection &connection, SoundStreams &streams,
     , m_speakers(speakers)
     , m_events(std::move(events)) {
     const PulseMainloop::Lock lock(connection.mainloop());
-    m_stream.reset(pa_stream_new(connection.context(), "Palomet", &pulseFormat, nullptr));
     m_ticks = PulseTimer(pa_context_rttime_new(connection.context(), PA_USEC_INVALID, &PulsePlayback::onTick, this),
                          EndPulseTimer{connection.mainloop().api()});
+    m_stream = connection.newStream();
     if (!m_stream) {
         end();
         return;

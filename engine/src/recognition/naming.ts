@@ -50,7 +50,7 @@ const lossARarity = 2 / 3;
 const leastRarity = 6;
 const rareLoss = 9.2;
 /** A name that no pause sets off may lose this share of it: what ends a sentence without one is mostly a part of it. */
-const unpausedShare = 2 / 3;
+const unpausedShare = 0.6;
 /**
  * A name is heard as at most so many words more than it has, and so many letters for each of its own, and some more: "Palomet"
  * as "Pearl omelette", half of whose letters are silent.

@@ -8,7 +8,7 @@ import { calculate, changeVolume, openApplication, takeNote, timer } from "./han
 import { listenKey } from "./keys";
 import { thinkByServer } from "./mind";
 import { run, until } from "./process";
-import type { Path } from "./sound";
+import type { Room } from "./sound";
 import { check, perform, program, type Stage, step, words } from "./stage";
 import { loseBackend, loseMicrophone, mute, think } from "./states";
 import { Strip } from "./strip";
@@ -17,7 +17,7 @@ import { changeSwitch, closeWindow, openWindow, showPanes, typeRequest } from ".
 const soundServerKills = Number(process.env.PALOMET_SOUND_SERVER_KILLS ?? 10);
 
 /** Speakers on a desk, a good deal softer at the microphone than whoever sits there; monologue.ts has a louder room. */
-const desk: Path[] = [{ delayMs: 40, volumePercent: 45 }];
+const desk: Room = { paths: [{ delayMs: 40, volumePercent: 45 }] };
 
 /** The story's acts, in their order. Each can be played without the others, on a stage of its own. */
 const acts: Record<string, (stage: Stage) => Promise<void>> = {

@@ -91,6 +91,12 @@ export interface Path {
     volumePercent: number;
 }
 
+export interface Room {
+    paths: Path[];
+    /** The speakers' clock is not the microphone's, and the echo's way changes all the time. */
+    isDrifting?: boolean;
+}
+
 /** Who speaks in the room. */
 export const usualVoice = "espeak-ng en-us";
 export const otherVoice = "flite slt";
@@ -111,17 +117,19 @@ export class SoundDesk {
     constructor(
         private readonly environment: Environment,
         private readonly folder: string,
-        private readonly paths: Path[] = [{ delayMs: 40, volumePercent: 100 }],
+        private readonly room: Room = { paths: [{ delayMs: 40, volumePercent: 100 }] },
     ) {}
 
     async start(): Promise<void> {
         // A null sink keeps its time in whole microseconds a piece and loses what is over, the more the smaller the pieces: at 48 kHz
         // two of them were 260 ppm apart. At this rate a sample lasts 20 µs, and all of them keep the same time.
+        const sinkRate = this.room.isDrifting ? 48_000 : 50_000;
         const sink = (name: string, description: string) =>
-            `module-null-sink sink_name=${name} rate=50000 sink_properties=device.description=${description}`;
+            `module-null-sink sink_name=${name} rate=${sinkRate} sink_properties=device.description=${description}`;
         // Left alone, a loopback sets its rate again and again, which is an echo that never stands still.
+        const adjusting = this.room.isDrifting ? 1 : 0;
         const loopback = (source: string, delayMs: number, more = "") =>
-            `module-loopback source=${source}.monitor sink=room latency_msec=${delayMs} adjust_time=0 remix=no ${more}`;
+            `module-loopback source=${source}.monitor sink=room latency_msec=${delayMs} adjust_time=${adjusting} remix=no ${more}`;
         const modules = [
             "module-native-protocol-unix",
             sink("speakers", "Speakers"),
@@ -129,7 +137,7 @@ export class SoundDesk {
             sink("room", "Room"),
             "module-remap-source master=room.monitor source_name=microphone source_properties=device.description=Microphone",
             loopback("mouth", 20),
-            ...this.paths.map(({ delayMs }, index) => loopback("speakers", delayMs, `sink_input_properties=media.name=path${index}`)),
+            ...this.room.paths.map(({ delayMs }, index) => loopback("speakers", delayMs, `sink_input_properties=media.name=path${index}`)),
         ];
         // A room does not stutter, whatever the machine is busy with.
         const urgently = await run(["chrt", "--rr", "5", "true"], this.environment).then(() => ["chrt", "--rr", "5"], () => []);
@@ -161,6 +169,11 @@ export class SoundDesk {
         await this.start();
     }
 
+    /** Somebody turns the speakers' volume. */
+    async turn(percent: number): Promise<void> {
+        await run(["pactl", "set-sink-volume", "speakers", `${percent}%`], this.environment);
+    }
+
     /** Somebody in the room says something; resolves when they have finished. */
     async speak(text: string, voice = usualVoice as Voice): Promise<void> {
         await this.play(await this.prepare(text, voice));
@@ -187,7 +200,7 @@ export class SoundDesk {
     }
 
     async #setVolumes(): Promise<void> {
-        for (const [index, { volumePercent }] of this.paths.entries()) {
+        for (const [index, { volumePercent }] of this.room.paths.entries()) {
             if (volumePercent === 100) continue;
             const inputs = await run(["pactl", "list", "sink-inputs"], this.environment);
             const input = inputs.split(/^Sink Input #/m).find((text) => text.includes(`media.name = "path${index}"`));

@@ -9,7 +9,7 @@ import { Watcher } from "./backend";
 import { startDesktop, TrayItem } from "./desktop";
 import { endAll, type Environment, start, until } from "./process";
 import { Screen } from "./screen";
-import { type Path, SoundDesk } from "./sound";
+import { type Room, SoundDesk } from "./sound";
 
 const root = resolve(import.meta.dir, "../..");
 export const program = process.env.PALOMET_PROGRAM ?? join(root, "build/release/palomet");
@@ -39,10 +39,10 @@ export interface Stage {
 }
 
 /** Builds the stage, lets it happen, clears up, and ends with 0 only if all of it happened. */
-export async function perform(name: string, play: (stage: Stage) => Promise<void>, paths?: Path[]): Promise<never> {
+export async function perform(name: string, play: (stage: Stage) => Promise<void>, room?: Room): Promise<never> {
     const folder = process.env.PALOMET_REHEARSAL ?? join(root, "build", name);
     try {
-        await onStage(folder, play, paths);
+        await onStage(folder, play, room);
         console.log(`${seconds()} s  Everything happened. Pictures, recordings and logs: ${folder}`);
         process.exit(0);
     } catch (problem) {
@@ -54,7 +54,7 @@ export async function perform(name: string, play: (stage: Stage) => Promise<void
     }
 }
 
-async function onStage(folder: string, play: (stage: Stage) => Promise<void>, paths?: Path[]): Promise<void> {
+async function onStage(folder: string, play: (stage: Stage) => Promise<void>, room?: Room): Promise<void> {
     rmSync(folder, { recursive: true, force: true });
     mkdirSync(folder, { recursive: true });
     const runtimeFolder = mkdtempSync(join(tmpdir(), "palomet-"));
@@ -63,7 +63,7 @@ async function onStage(folder: string, play: (stage: Stage) => Promise<void>, pa
     const screen = new Screen(environment, folder);
     const tree = await AccessibleTree.open(environment);
     step("A desktop with a tray is there");
-    const sound = new SoundDesk(environment, folder, paths);
+    const sound = new SoundDesk(environment, folder, room);
     await sound.start();
     step("A sound server with a microphone and speakers is there");
 

@@ -12,15 +12,12 @@ export interface Clip {
 
 export const envelopeStepMs = 50;
 
-const headerSize = 44;
-
 /**
- * Reads a synthesiser's WAV file, whose header may not know its length where it was written to a pipe, and leaves out the
- * silence before its first sound: Flite begins with a fifth of a second, for which the answer would be late. Gives
- * undefined when the file is not 16-bit mono PCM or holds no sample.
+ * Reads a WAV file and writes the true lengths into its header, which a program that writes to a pipe cannot know.
+ * Gives undefined when the file is not 16-bit mono PCM or holds no sample.
  */
 export function readClip(file: Uint8Array): Clip | undefined {
-  if (file.length < headerSize || tag(file, 0) !== "RIFF" || tag(file, 8) !== "WAVE") return undefined;
+  if (file.length < 44 || tag(file, 0) !== "RIFF" || tag(file, 8) !== "WAVE") return undefined;
   const view = new DataView(file.buffer, file.byteOffset, file.byteLength);
   let rate = 0;
   for (let at = 12; at + 8 <= file.length; ) {
@@ -33,29 +30,21 @@ export function readClip(file: Uint8Array): Clip | undefined {
     if (tag(file, at) === "data") {
       const bytes = Math.min(length, file.length - at - 8) & ~1;
       if (rate === 0 || bytes === 0) return undefined;
-      const samples = withoutLead(new Int16Array(new Uint8Array(file.subarray(at + 8, at + 8 + bytes)).buffer), rate);
-      return { file: writeWav(samples, rate), durationMs: (samples.length * 1000) / rate, envelope: envelopeOf(samples, rate) };
+      const whole = new Uint8Array(file.subarray(0, at + 8 + bytes));
+      const lengths = new DataView(whole.buffer);
+      lengths.setUint32(4, whole.length - 8, true);
+      lengths.setUint32(at + 4, bytes, true);
+      const samples = new Int16Array(whole.slice(at + 8).buffer);
+      return { file: whole, durationMs: (samples.length * 1000) / rate, envelope: envelopeOf(samples, rate) };
     }
     at += 8 + length + (length & 1);
   }
   return undefined;
 }
 
-/** What is softer than the loudest 5 ms by so much, in decibels, is silence. */
-const leadDepth = 40;
-/** So much of it stays: a word may begin with a breath. */
-const leadKeptMs = 50;
-
-function withoutLead(samples: Int16Array, rate: number): Int16Array {
-  const levels = loudnessOf(samples, rate, 5);
-  const loudest = levels.reduce((most, level) => Math.max(most, level));
-  const first = levels.findIndex((level) => level > loudest - leadDepth);
-  return samples.subarray(Math.max(0, Math.round((rate * (first * 5 - leadKeptMs)) / 1000)));
-}
-
 /** Makes a WAV file of these samples. */
 export function writeWav(samples: Int16Array, rate: number): Uint8Array {
-  const file = new Uint8Array(headerSize + samples.byteLength);
+  const file = new Uint8Array(44 + samples.byteLength);
   const view = new DataView(file.buffer);
   const put = (at: number, text: string): void => file.set(new TextEncoder().encode(text), at);
   put(0, "RIFF");
@@ -70,7 +59,7 @@ export function writeWav(samples: Int16Array, rate: number): Uint8Array {
   view.setUint16(34, 16, true);
   put(36, "data");
   view.setUint32(40, samples.byteLength, true);
-  file.set(new Uint8Array(samples.buffer, samples.byteOffset, samples.byteLength), headerSize);
+  file.set(new Uint8Array(samples.buffer, samples.byteOffset, samples.byteLength), 44);
   return file;
 }
 
@@ -79,18 +68,13 @@ function tag(file: Uint8Array, at: number): string {
 }
 
 function envelopeOf(samples: Int16Array, rate: number): number[] {
-  return loudnessOf(samples, rate, envelopeStepMs).map(levelOf);
-}
-
-/** In decibels below full scale, one value each `stepMs`. */
-function loudnessOf(samples: Int16Array, rate: number, stepMs: number): number[] {
-  const step = Math.max(1, Math.round((rate * stepMs) / 1000));
+  const step = Math.max(1, Math.round((rate * envelopeStepMs) / 1000));
   const levels: number[] = [];
   for (let from = 0; from < samples.length; from += step) {
     const part = samples.subarray(from, from + step);
     let sum = 0;
     for (const sample of part) sum += (sample / 32768) ** 2;
-    levels.push(decibels(sum / part.length));
+    levels.push(levelOf(decibels(sum / part.length)));
   }
   return levels;
 }
@@ -99,6 +83,13 @@ function loudnessOf(samples: Int16Array, rate: number, stepMs: number): number[]
 export function withGain(file: Uint8Array, gain: number): Uint8Array {
   const copy = new Uint8Array(file);
   const view = new DataView(copy.buffer);
-  for (let at = headerSize; at + 2 <= copy.length; at += 2) view.setInt16(at, Math.round(view.getInt16(at, true) * gain), true);
+  for (let at = 12; at + 8 <= copy.length; ) {
+    const length = view.getUint32(at + 4, true);
+    const end = Math.min(at + 8 + length, copy.length);
+    if (tag(copy, at) === "data") {
+      for (let place = at + 8; place + 2 <= end; place += 2) view.setInt16(place, Math.round(view.getInt16(place, true) * gain), true);
+    }
+    at += 8 + length + (length & 1);
+  }
   return copy;
 }

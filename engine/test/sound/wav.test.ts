@@ -13,21 +13,6 @@ describe("a clip", () => {
     expect(clip?.envelope).toHaveLength(20);
   });
 
-  test("begins with its first sound, and a breath before it", () => {
-    const rate = 16_000;
-    const silence = Int16Array.from({ length: 0.3 * rate }, (_, at) => 40 * (at % 3));
-    const word = new Int16Array(rate).fill(12_000);
-    const clip = readClip(writeWav(Int16Array.of(...silence, ...word), rate));
-    expect(clip?.durationMs).toBe(1_050);
-    expect(clip?.file).toEqual(writeWav(Int16Array.of(...silence.slice(0.25 * rate), ...word), rate));
-    expect(clip?.envelope).toHaveLength(21);
-  });
-
-  test("keeps the whole of a sound that begins at once", () => {
-    const file = writeWav(new Int16Array(8_000).fill(-9_000), 16_000);
-    expect(readClip(file)?.file).toEqual(file);
-  });
-
   test("that is none is refused", () => {
     const file = writeWav(new Int16Array(100), 22_050);
     const stereo = Buffer.from(file);

@@ -14,7 +14,7 @@ export async function tell(stage: Stage, text: string, wanted: RegExp, voice: Vo
         const from = performance.now();
         const { heard, since } = await sayUntil(stage, text, ({ action }) => action === "accepted", voice);
         const answer = await answerTo(stage, since);
-        check(sound.speakers.audibleSeconds(from) > 0.3, `"${answer}" could not be heard`);
+        await until(`"${answer}" to be heard`, () => sound.speakers.audibleSeconds(from) > 0.3);
         if (wanted.test(answer)) return answer;
         await giveUp(stage, `to "${heard.text}" it says "${answer}"`);
     }
@@ -24,9 +24,9 @@ export async function tell(stage: Stage, text: string, wanted: RegExp, voice: Vo
 export async function timer(stage: Stage): Promise<void> {
     const { watcher, sound } = stage;
     const before = watcher.spoken.length;
-    const set = await tell(stage, "Palomet, set a timer for twenty seconds.", /^The timer rings in 20 seconds\.$/);
-    const left = await tell(stage, "Palomet, how much time is left?", /\b\d+ seconds/);
-    const ring = await until("the timer to ring", () => watcher.spoken.slice(before).find((sentence) => /20 seconds is done/.test(sentence)), 60_000);
+    const set = await tell(stage, "Palomet, set a timer for thirty seconds.", /^The timer rings in 30 seconds\.$/);
+    const left = await tell(stage, "Palomet, how much time is left?", /rings in \d+ seconds?\.$/);
+    const ring = await until("the timer to ring", () => watcher.spoken.slice(before).find((sentence) => /30 seconds is done/.test(sentence)), 60_000);
     const rung = performance.now();
     await until("the ring to be heard", () => sound.speakers.audibleSeconds(rung) > 0.3);
     await watcher.reach("waiting", watcher.states.lastIndexOf("speaking"));

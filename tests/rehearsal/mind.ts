@@ -63,12 +63,14 @@ async function listenWhileItWrites({ watcher, sound, ...stage }: Stage, server: 
     server.answers = [{ body: whole.slice(0, end), then: "silence" }];
     const since = watcher.states.length;
     const before = watcher.spoken.length;
+    const from = performance.now();
     const heard = await say({ watcher, sound, ...stage }, "Palomet, tell me about the lighthouse.");
     check(heard.action === "accepted", `the question was ${JSON.stringify(heard)}`);
     await until("the first sentence", () => watcher.spoken.slice(before).includes(first));
     server.more(whole.slice(end));
     const answer = await answerTo({ watcher, sound, ...stage }, since);
     check(answer === `${first} ${second}`, `it says "${answer}"`);
+    await until("the answer to be heard", () => sound.speakers.audibleSeconds(from) > 0.3);
     check(watcher.spoken.slice(before).join(" ") === answer, `it spoke "${watcher.spoken.slice(before).join('", "')}"`);
     const { body } = server.chats.at(-1)!;
     check(/lighthouse|light house/i.test(body.messages.at(-1)!.content), `the model was asked "${body.messages.at(-1)!.content}"`);
@@ -83,7 +85,9 @@ async function allow(stage: Stage, server: ChatServer): Promise<void> {
     const question = /^May I\? add to the list “shopping”: tea$/;
     server.answers = [call];
     const asked = await tell(stage, "Palomet, I am out of tea.", question);
+    const asks = server.chats.length;
     const refused = await tell(stage, "Palomet, no thanks.", /^All right, I will not\.$/);
+    check(server.chats.length === asks, "the model was asked what the user had refused");
     check(!existsSync(list), "it did what it was not allowed to");
     server.answers = [call, { body: ollama.words("Tea is on your list.") }];
     const since = stage.watcher.states.length;

@@ -60,8 +60,11 @@ for (const ways of all) {
 
     test("when something goes wrong in the middle", async () => {
       const server = await serve(ways);
-      server.answers = [{ body: ways.words("One.").replace(/data: \[DONE\]\s+$/, "").replace(/"finish_reason":"stop"/, '"finish_reason":null') + ways.broken }];
-      expect(await ask(server)).toMatchObject({ kind: "failed", failure: "away", detail: expect.stringMatching(/./) });
+      const begun = ways.words("One.").replace(/data: \[DONE\]\s+$/, "").replace(/"finish_reason":"stop"/, '"finish_reason":null');
+      for (const broken of ways.broken) {
+        server.answers = [{ body: begun + broken }];
+        expect(await ask(server)).toMatchObject({ kind: "failed", failure: "away", detail: expect.stringMatching(/./) });
+      }
     });
 
     test("when it breaks off, in words and in a tool call", async () => {

@@ -49,7 +49,7 @@ export const llamaCpp: Ways = {
       },
     },
   },
-  // The first is what b6210 sends, the second what it sends since it was restructured (November 2025).
+  // The first is what b6210 sends, the second what later ones do (tools/server/server-context.cpp).
   broken: [
     `error: ${JSON.stringify(shifted)}\n\n`,
     `data: ${JSON.stringify({ error: shifted })}\n\n`,

@@ -4,7 +4,7 @@
 import { readFileSync } from "node:fs";
 import { ask, changeSettings, draft, talkOver } from "./conversation";
 import { freeWords, rename, sleepThroughSounds } from "./ears";
-import { calculate, changeVolume, openApplication, takeNote, timer } from "./hands";
+import { calculate, changeVolume, openApplication, takeNote, timer, useDesktop } from "./hands";
 import { listenKey } from "./keys";
 import { thinkByServer } from "./mind";
 import { run, until } from "./process";
@@ -47,6 +47,7 @@ const acts: Record<string, (stage: Stage) => Promise<void>> = {
         await closeWindow(stage);
         await draft(stage, await Strip.beside(stage));
         await timer(stage);
+        await useDesktop(stage);
         await calculate(stage);
         await takeNote(stage);
         await openApplication(stage);

@@ -42,4 +42,5 @@ function ofBus(method: string) {
 /** clear.ts calls this when all files have been tested. */
 export function endPrivateBus(): void {
   daemon?.kill();
+  started = undefined;
 }

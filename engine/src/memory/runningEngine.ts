@@ -27,7 +27,7 @@ export class RunningEngine {
     const answer = await this.#ask("unwritten");
     if (!isRecord(answer)) return nothingWaiting;
     const { conversations, forgotten } = answer;
-    return { conversations: all(conversations, isConversation), forgotten: all(forgotten, (one): one is string => typeof one === "string") };
+    return { conversations: all(conversations, isConversation), forgotten: all(forgotten, isText) };
   }
 
   /** Gives undefined when no engine is there, or one that does not know this. */
@@ -57,5 +57,10 @@ function isConversation(value: unknown): value is ArchivedConversation {
 
 function isRow(value: unknown): value is Row {
   if (!isRecord(value) || typeof value.text !== "string" || !Number.isFinite(value.at)) return false;
-  return ["user", "assistant", "tool"].includes(String(value.role)) && (value.durationMs === undefined || Number.isFinite(value.durationMs));
+  const hasDuration = value.durationMs === undefined || Number.isFinite(value.durationMs);
+  return hasDuration && ["user", "assistant", "tool"].includes(String(value.role));
+}
+
+function isText(value: unknown): value is string {
+  return typeof value === "string";
 }

@@ -10,7 +10,8 @@ import type { Clock } from "../base/clock.ts";
 import type { Log } from "../base/log.ts";
 import type { ConversationSummary, Row } from "../base/protocol.ts";
 import { cut } from "../base/text.ts";
-import { forgetSome, forgetSpan, nothingWaiting, rowOf, scrub, search, type FoundRow, type KeptRow, type Span, type Waiting } from "./archive.ts";
+import { forgetSome, forgetSpan, nothingWaiting, rowOf, scrub, search } from "./archive.ts";
+import type { FoundRow, KeptRow, Span, Waiting } from "./archive.ts";
 import { copyOf, copyOfFile, hasRoom, isBusy, isOfSearch, isUnwritable, keepPrivate, message, prepared, remakeSearch } from "./database.ts";
 import { addRow, nothingUnwritten, saveConversation, saveSetting, waitingIn, writeDown, type Unwritten } from "./unwritten.ts";
 
@@ -94,12 +95,8 @@ export class Store {
         )
         .get();
       if (found === null) return undefined;
-      const rows = database
-        .query<KeptRow, [string, number]>(
-          `SELECT role, text, at, durationMs FROM rows WHERE conversation = ? ORDER BY id DESC LIMIT ?`,
-        )
-        .all(found.conversationId, limit)
-        .reverse();
+      const last = "SELECT role, text, at, durationMs FROM rows WHERE conversation = ? ORDER BY id DESC LIMIT ?";
+      const rows = database.query<KeptRow, [string, number]>(last).all(found.conversationId, limit).reverse();
       return { ...found, session: found.session ?? undefined, rows: rows.map(rowOf) };
     });
   }

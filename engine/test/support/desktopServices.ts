@@ -90,9 +90,10 @@ export class ScreenshotPortal extends Service {
       else queueMicrotask(respond);
       return [handle];
     };
-    super(name, path, connection, (interfaceName, member) =>
-      interfaceName === "org.freedesktop.portal.Screenshot" && member === "Screenshot" ? { takes: "sa{sv}", gives: "o", does: screenshot } : undefined,
-    );
+    super(name, path, connection, (interfaceName, member) => {
+      const isKnown = interfaceName === "org.freedesktop.portal.Screenshot" && member === "Screenshot";
+      return isKnown ? { takes: "sa{sv}", gives: "o", does: screenshot } : undefined;
+    });
   }
 }
 

@@ -54,7 +54,7 @@ export class Loudspeaker {
     }
 }
 
-function leadOf(file: Uint8Array): number {
+export function leadOf(file: Uint8Array): number {
     const view = new DataView(file.buffer, file.byteOffset, file.byteLength);
     const samples = new Int16Array(file.slice(44, file.length & ~1).buffer);
     // The frames are counted at 16 kHz; the clip may have another rate.

@@ -1,5 +1,5 @@
 // Measures, through the engine's port, what it adds to a model's time and a voice's. The voice is a program that gives a clip that
-// is there already: what remains of it, the start of a program, counts as the engine's.
+// is there already: what remains of it, the start of a program, counts as the engine's. Without a model the voice is a real one.
 //   bun measure.ts
 
 import { mkdirSync, mkdtempSync, rmSync, writeFileSync } from "node:fs";
@@ -7,6 +7,7 @@ import { createServer, type AddressInfo } from "node:net";
 import { cpus, loadavg, tmpdir } from "node:os";
 import { join, resolve } from "node:path";
 import { Model } from "./model";
+import { withoutModel } from "./withoutModel";
 
 const rounds = 60;
 /** What the first rounds cost is the runtime's. */
@@ -57,10 +58,12 @@ engine.kill("SIGTERM");
 await engine.exited;
 model.close();
 rmSync(folder, { recursive: true, force: true });
+const plain = await withoutModel(rounds, warming);
 
 console.log(`on ${new Date().toISOString().slice(0, 10)}: ${cpus().length} cores of ${cpus()[0]!.model}, load average ${loadavg()[0]!.toFixed(1)}, ${rounds} answers, median and 95th of a hundred\n`);
 console.log("| what | floor in the same run | here | to reach | met |\n|---|---|---|---|---|");
 row("from a request to the first sound, without the model's and the voice's time", "one request, one program", leastSound!, sound!, 40);
+row("without a model: from a request to the first sound, the voice's time included", "the voice alone", plain.least, plain.here, 250);
 row("from stop to the end of the model's stream", "the request dropped", leastStop!, stop!, 50);
 
 interface Times {

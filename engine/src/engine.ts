@@ -1,6 +1,5 @@
 // Wires the parts of the engine together, gives the documents and takes the commands. Only the port is not part of it.
 
-import { mkdirSync, realpathSync } from "node:fs";
 import { join } from "node:path";
 import type { Clock } from "./base/clock.ts";
 import type { Locale } from "./base/language.ts";
@@ -17,8 +16,8 @@ import { Ringing } from "./hands/timers/ringing.ts";
 import { Timers } from "./hands/timers/timers.ts";
 import { Loop } from "./loop/loop.ts";
 import { actions, type Choices } from "./machine/choices.ts";
-import { presentFolders } from "./machine/folders.ts";
-import type { Span } from "./memory/archive.ts";
+import { isPathOf, makeFolder, presentFolders } from "./machine/folders.ts";
+import { nothingWaiting, type Span, type Waiting } from "./memory/archive.ts";
 import { Conversations } from "./memory/conversations.ts";
 import type { Found } from "./memory/settingChecks.ts";
 import { SettingsKeeper } from "./memory/settings.ts";
@@ -78,11 +77,8 @@ export class Engine implements Served {
     const workingFolder = join(parts.folder, "work");
     this.#sessionStartedAt = clock.now();
     this.#store = new Store(parts.folder, log, clock);
-    try {
-      mkdirSync(workingFolder, { recursive: true, mode: 0o700 });
-    } catch {
-      // The store has logged what is wrong with the folder.
-    }
+    makeFolder(workingFolder);
+    this.#conversations = new Conversations(this.#store, clock);
     const kept = this.#store.loadSettings();
     const shelf = { load: () => kept.get(timersKey), save: (text: string) => this.#store.saveSetting(timersKey, text) };
     this.#timers = new Timers(clock, shelf);
@@ -94,10 +90,7 @@ export class Engine implements Served {
       locale,
       children,
       settings: () => this.#settings.current,
-      conversations: {
-        search: (words, span, limit) => this.#conversations.search(words, span, limit),
-        forget: () => this.#conversations.forget(),
-      },
+      conversations: this.#conversations,
       timers: this.#timers,
       voice,
       bus,
@@ -112,7 +105,6 @@ export class Engine implements Served {
       actionIds: [...actions.map(({ id }) => id), ...this.#rows.map(({ id }) => id)],
       askedActionIds: [...actions.map(({ id }) => id), ...this.#rows.flatMap(({ id, isAsked }) => (isAsked ? [id] : []))],
     });
-    this.#conversations = new Conversations(this.#store, clock);
     this.#store.onReplaced = () => {
       this.#settings.saveAll();
       this.#conversations.saveAgain();
@@ -207,8 +199,12 @@ export class Engine implements Served {
     return undefined;
   }
 
+  unwritten(folder: string): Waiting {
+    return isPathOf(folder, this.parts.folder) ? this.#store.waiting : nothingWaiting;
+  }
+
   forget(folder: string, span: Span): number {
-    if (folder !== realpathSync(this.parts.folder)) return 0;
+    if (!isPathOf(folder, this.parts.folder)) return 0;
     if (this.#conversations.isWithin(span)) this.newConversation();
     this.changed();
     return this.#store.forgetUnwritten(span);

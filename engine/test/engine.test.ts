@@ -4,6 +4,7 @@ import { mindOf, modelOf, NotingHand } from "./support/chatMinds.ts";
 import { ChatServer } from "./support/chatServer.ts";
 import { ManualClock, settle } from "./support/clock.ts";
 import { llamaCpp } from "./support/servers/llamaCpp.ts";
+import { ollama } from "./support/servers/ollama.ts";
 import { program } from "./support/folders.ts";
 
 describe("the microphone that is chosen", () => {
@@ -156,4 +157,34 @@ test("a model that the user has is chosen, answers aloud, and does what it was a
   expect(log).toEqual([]);
   it.engine.close();
   server.close();
+});
+
+test("stop closes a model's stream within 50 ms of a bare connection that is dropped in the same moment", async () => {
+  const clock = new ManualClock();
+  const [server, control] = [await ChatServer.open(ollama), await ChatServer.open(ollama)];
+  const { brain, servers } = mindOf(server, [], clock);
+  const it = bench(undefined, clock, "", { brain: () => brain, servers });
+  connect(it);
+  await it.engine.set({ brainModel: modelOf(server) });
+  const sentence = ollama.words("One. ", "Two").split("\n\n")[0] + "\n\n";
+  const later: number[] = [];
+  for (let round = 1; round <= 10; round++) {
+    // Now while it waits for the first word, now while it speaks.
+    const body = round % 2 === 0 ? sentence : "";
+    for (const each of [server, control]) each.answers = [{ body, then: "silence" }];
+    it.engine.loop.say("Tell me.");
+    const dropping = new AbortController();
+    await fetch(`${control.address}/chat/completions`, { method: "POST", body: "{}", signal: dropping.signal });
+    await server.asked(round);
+    while (body !== "" && !it.synthesiser.spoken.includes("One.")) await Bun.sleep(1);
+    it.synthesiser.spoken.length = 0;
+    const closed = [server, control].map(async (each) => (await each.left(), performance.now()));
+    it.engine.loop.stop();
+    dropping.abort();
+    const [mine = 0, least = 0] = await Promise.all(closed);
+    later.push(mine - least);
+  }
+  expect(later.sort((a, b) => a - b)[5]).toBeLessThan(50);
+  it.engine.close();
+  for (const each of [server, control]) each.close();
 });

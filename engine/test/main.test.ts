@@ -60,7 +60,7 @@ describe("the engine", () => {
       new Response(Bun.spawn([process.execPath, "src/command.ts", ...words], { cwd: folder, env: { ...environment, PALOMET_PORT: String(port) }, stdout: "pipe" }).stdout).text();
     expect(await command("export")).toContain("> what is 6 times 7");
     expect(await command("forget", "all")).toBe("1 conversation is forgotten.\n");
-    expect(await command("export", "--json")).toBe("[\n]\n");
+    expect(await command("export", "--json")).toBe("[]\n");
     const { conversation, memory } = await state();
     expect(conversation.rows).toEqual([]);
     expect(memory).toEqual({ isResumed: false, journalDays: 0 });

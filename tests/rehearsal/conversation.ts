@@ -2,8 +2,8 @@
 
 import type { Heard } from "../../engine/src/base/protocol";
 import type { State } from "./backend";
-import { until } from "./process";
-import { check, type Stage, step } from "./stage";
+import { run, until } from "./process";
+import { check, program, type Stage, step } from "./stage";
 import { otherVoice, usualVoice, type Voice } from "./sound";
 import type { Strip } from "./strip";
 
@@ -33,7 +33,7 @@ export async function say({ watcher, sound }: Stage, text: string, voice?: Voice
 }
 
 /** So many sentences of a rehearsal may have to be said again. */
-const mostRepeated = 2;
+const mostRepeated = 3;
 let repeated = 0;
 
 /**
@@ -41,15 +41,20 @@ let repeated = 0;
  * a piece of a sentence now and then.
  */
 export async function sayUntil(stage: Stage, text: string, isMeant: (heard: Heard) => boolean, voice?: Voice): Promise<{ heard: Heard; since: number }> {
-    const { watcher } = stage;
     for (;;) {
-        const since = watcher.states.length;
-        const first = await say(stage, text, voice);
-        // A gap after the name: what follows is heard by itself.
-        const heard = first.action === "summoned" ? await following(stage, first).catch(() => first) : first;
-        if (isMeant(heard)) return { heard, since };
-        await giveUp(stage, `"${text}" was ${JSON.stringify(heard)}`);
+        const said = await sayOnce(stage, text, voice);
+        if (isMeant(said.heard)) return said;
+        await giveUp(stage, `"${text}" was ${JSON.stringify(said.heard)}`);
     }
+}
+
+/** Says something, and gives what it took that for, and where its states begin then. */
+export async function sayOnce(stage: Stage, text: string, voice?: Voice): Promise<{ heard: Heard; since: number }> {
+    const since = stage.watcher.states.length;
+    const first = await say(stage, text, voice);
+    // A gap after the name: what follows is heard by itself.
+    const heard = first.action === "summoned" ? await following(stage, first).catch(() => first) : first;
+    return { heard, since };
 }
 
 async function following({ watcher }: Stage, { at }: Heard): Promise<Heard> {
@@ -72,6 +77,13 @@ export async function giveUp(stage: Stage, problem: string): Promise<void> {
 export async function settle({ watcher }: Stage): Promise<void> {
     await until("it to wait", () => watcher.states.at(-1) === "waiting");
     await watcher.settle();
+}
+
+/** Types a request, and gives the answer, once it has said all of it. */
+export async function request(stage: Stage, text: string): Promise<string> {
+    const since = stage.watcher.states.length;
+    await run([program, "--say", text], stage.environment);
+    return await answerTo(stage, since);
 }
 
 /** What it has answered, once it has said all of it. */

@@ -4,7 +4,7 @@
 import { readFileSync } from "node:fs";
 import { ask, changeSettings, draft, talkOver } from "./conversation";
 import { freeWords, rename, sleepThroughSounds } from "./ears";
-import { calculate, changeVolume, openApplication, takeNote, timer } from "./hands";
+import { calculate, changeVolume, openApplication, takeNote, timer, useDesktop } from "./hands";
 import { listenKey } from "./keys";
 import { thinkByServer } from "./mind";
 import { run, until } from "./process";
@@ -12,12 +12,15 @@ import type { Room } from "./sound";
 import { check, perform, program, type Stage, step, words } from "./stage";
 import { loseBackend, loseMicrophone, mute, think } from "./states";
 import { Strip } from "./strip";
-import { changeSwitch, closeWindow, openWindow, showPanes, typeRequest } from "./window";
+import { changeSwitch, closeWindow, listHistory, openWindow, showPanes, typeRequest } from "./window";
 
 const soundServerKills = Number(process.env.PALOMET_SOUND_SERVER_KILLS ?? 10);
 
 /** Speakers on a desk, a good deal softer at the microphone than whoever sits there; monologue.ts has a louder room. */
 const desk: Room = { paths: [{ delayMs: 40, volumePercent: 45 }] };
+
+/** Only what is about hearing needs a room in which the speakers are heard: on a busy machine their echo comes when nobody expects it. */
+const headphones: Path[] = [];
 
 /** The story's acts, in their order. Each can be played without the others, on a stage of its own. */
 const acts: Record<string, (stage: Stage) => Promise<void>> = {
@@ -25,6 +28,7 @@ const acts: Record<string, (stage: Stage) => Promise<void>> = {
         await name(stage);
         await openWindow(stage);
         await typeRequest(stage);
+        await listHistory(stage);
         await showPanes(stage);
         await changeSwitch(stage);
         await closeWindow(stage);
@@ -43,6 +47,7 @@ const acts: Record<string, (stage: Stage) => Promise<void>> = {
         await closeWindow(stage);
         await draft(stage, await Strip.beside(stage));
         await timer(stage);
+        await useDesktop(stage);
         await calculate(stage);
         await takeNote(stage);
         await openApplication(stage);
@@ -70,7 +75,7 @@ await perform("rehearsal", async (stage) => {
     await changeSettings(stage);
     for (const act of wanted) await acts[act]!(stage);
     await quit(stage);
-}, desk);
+}, wanted.includes("hearing") ? desk : headphones);
 
 /** The menu names the microphone. */
 async function name({ tray }: Stage): Promise<void> {

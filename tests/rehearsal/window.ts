@@ -70,6 +70,30 @@ export async function typeRequest(stage: Stage): Promise<void> {
     step(`Typed in the window, "${question}" is answered "${answer}" (${audible.toFixed(1)} s heard; ${picture})`);
 }
 
+/** The command line lists the conversations that the window lists, in its words and for programs. */
+export async function listHistory(stage: Stage): Promise<void> {
+    const { screen, tree, watcher, environment } = stage;
+    const asked = ["What time is it?", "What day is it?"];
+    check(await watcher.post("new"), "no other conversation is begun");
+    const since = watcher.states.length;
+    await run([program, "--say", asked[0]!], environment);
+    await answerTo(stage, since);
+    await watcher.settle();
+    const shown = await find(stage);
+    await screen.click(await tree.place(await tree.find(shown.node, "page tab", words["pane.history"]!)));
+    await reach(stage, shown, words["pane.history"]!);
+    const listed = await until("both conversations in the window", async () => {
+        const names = await Promise.all((await tree.all(shown.node, /^list item$/)).map((item) => tree.name(item)));
+        return names.length === asked.length && names;
+    });
+    const lines = (await run([program, "--history"], environment)).trimEnd().split("\n").map((line) => line.split(/ {2,}/));
+    const told = lines.map(([day, outcome, question]) => `${question} ${day} ${outcome}`);
+    check(told.join() === listed.join(), `--history says "${told.join('", "')}", the window "${listed.join('", "')}"`);
+    const kept = JSON.parse(await run([program, "--history", "--json"], environment)) as { firstQuestion: string; answers: number }[];
+    check(kept.map(({ firstQuestion }) => firstQuestion).join() === asked.join(), `--history --json says ${JSON.stringify(kept)}`);
+    step(`palomet --history lists what the window lists: "${told.join('", "')}"; --json the same`);
+}
+
 /** A switch is turned by the mouse and turned back by the keyboard, and the engine follows. */
 export async function changeSwitch(stage: Stage): Promise<void> {
     const { screen, tree, watcher } = stage;

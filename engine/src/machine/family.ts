@@ -27,8 +27,12 @@ export class Family {
     for (const { id, group } of this.#living) if (group !== this.group) send(id, signal);
   }
 
+  /** As they are now: one may have left the group since it was found. */
   get #living(): Process[] {
-    return this.#descendants.filter(({ id, begunAt }) => lookAt(id)?.begunAt === begunAt);
+    return this.#descendants.flatMap(({ id, begunAt }) => {
+      const now = lookAt(id);
+      return now?.begunAt === begunAt ? [now] : [];
+    });
   }
 }
 

@@ -25,6 +25,19 @@ export interface ArchivedConversation {
   rows: Row[];
 }
 
+/** What an engine that runs has not written into the file yet. */
+export interface Waiting {
+  /** With all of their rows, or with those that the file does not have. */
+  conversations: ArchivedConversation[];
+  /** The names of those that are forgotten, and still in the file. */
+  forgotten: string[];
+}
+
+/** A row as the database has it. */
+export type KeptRow = Omit<Row, "durationMs"> & { durationMs: number | null };
+type Head = Omit<ArchivedConversation, "rows">;
+
+export const nothingWaiting: Waiting = { conversations: [], forgotten: [] };
 export const always: Span = { from: -Number.MAX_SAFE_INTEGER, to: Number.MAX_SAFE_INTEGER };
 const mostWords = 10;
 const forgottenAtATime = 4;
@@ -47,21 +60,39 @@ export function search(database: Database, words: string, { from, to }: Span, li
   return database.query<FoundRow, [string, number, number, number]>(query).all(wanted, from, to, limit);
 }
 
-/** The conversations with rows, the oldest first, one at a time: all of them need not fit into memory. */
-export function* conversations(database: Database, since: number): Generator<ArchivedConversation> {
-  const heads = database
-    .query<Omit<ArchivedConversation, "rows">, [number]>(
-      `SELECT id AS conversationId, startedAt, answers, costUsd FROM conversations
-       WHERE EXISTS (SELECT 1 FROM rows WHERE conversation = conversations.id AND at >= ?) ORDER BY startedAt, rowid`,
-    )
-    .all(since);
-  const rows = database.query<Omit<Row, "durationMs"> & { durationMs: number | null }, [string]>(
-    "SELECT role, text, at, durationMs FROM rows WHERE conversation = ? ORDER BY id",
-  );
-  for (const head of heads) {
-    const all = rows.all(head.conversationId).map(({ durationMs, ...row }) => (durationMs === null ? row : { ...row, durationMs }));
-    yield { ...head, rows: all };
+/**
+ * The conversations with rows since then, written down or waiting, the oldest first, one at a time: all of them need not fit into memory.
+ */
+export function* conversations(database: Database | undefined, since: number, waiting = nothingWaiting): Generator<ArchivedConversation> {
+  const known = new Map(waiting.conversations.map((one) => [one.conversationId, one]));
+  const found = database ? headsOf(database, since, [...known.keys()]) : [];
+  const written = new Map(found.map((head) => [head.conversationId, head]));
+  const heads = new Map<string, Head>([...written, ...known]);
+  for (const id of waiting.forgotten) heads.delete(id);
+  for (const head of [...heads.values()].sort((one, other) => one.startedAt - other.startedAt)) {
+    const { conversationId, startedAt, answers, costUsd } = head;
+    const rows = database && written.has(conversationId) ? rowsOf(database, conversationId) : [];
+    const isWritten = new Set(rows.map(({ at }) => at));
+    rows.push(...(known.get(conversationId)?.rows ?? []).filter(({ at }) => !isWritten.has(at)));
+    if (rows.some(({ at }) => at >= since)) yield { conversationId, startedAt, answers, costUsd, rows };
   }
+}
+
+/** Of the conversations with rows since then, and of these. */
+function headsOf(database: Database, since: number, ids: readonly string[]): Head[] {
+  const query = `SELECT id AS conversationId, startedAt, answers, costUsd FROM conversations
+    WHERE EXISTS (SELECT 1 FROM rows WHERE conversation = conversations.id AND at >= ?)
+    OR id IN (SELECT value FROM json_each(?)) ORDER BY startedAt, rowid`;
+  return database.query<Head, [number, string]>(query).all(since, JSON.stringify(ids));
+}
+
+function rowsOf(database: Database, id: string): Row[] {
+  const query = "SELECT role, text, at, durationMs FROM rows WHERE conversation = ? ORDER BY id";
+  return database.query<KeptRow, [string]>(query).all(id).map(rowOf);
+}
+
+export function rowOf({ durationMs, ...row }: KeptRow): Row {
+  return durationMs === null ? row : { ...row, durationMs };
 }
 
 /**

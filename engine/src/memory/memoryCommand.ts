@@ -1,17 +1,19 @@
 // `palomet-engine export` and `palomet-engine forget`: for people, about the conversations that the engine has kept.
 
 import { Database } from "bun:sqlite";
-import { existsSync, readdirSync, realpathSync, rmSync } from "node:fs";
+import { existsSync, readdirSync, rmSync } from "node:fs";
 import { homedir } from "node:os";
 import { join } from "node:path";
-import { isRecord } from "../base/json.ts";
 import { chooseLocale, type Language } from "../base/language.ts";
 import { defaultPort, type Row } from "../base/protocol.ts";
-import { always, conversations, daySpan, forgetAll, forgetSpan, scrub, type ArchivedConversation, type Span } from "./archive.ts";
+import { always, conversations, daySpan, forgetAll, forgetSpan, scrub, type ArchivedConversation } from "./archive.ts";
 import { message, prepared } from "./database.ts";
+import { RunningEngine, Unanswered } from "./runningEngine.ts";
 
 export interface CommandSurroundings {
   environment: Record<string, string | undefined>;
+  /** How long an engine that runs may take to answer. */
+  answerMs?: number;
   /** Writes to standard output. */
   print(text: string): void;
   /** Writes a line to standard error. */
@@ -24,15 +26,15 @@ export const memoryUsage = `       palomet-engine export [--since DAY] [--json] 
 A DAY is written 2026-11-22.
 `;
 
-const askMs = 2_000;
-
 const sayings = {
   en: {
     forgotten: (count: number) => `${count} ${count === 1 ? "conversation is" : "conversations are"} forgotten.`,
+    unanswered: "the engine does not answer, and may hold conversations that are not on the disk yet; try once more.",
     stillRead: "another program reads the conversations, and parts of them stay on the disk until it ends; then forget once more.",
   },
   pt: {
     forgotten: (count: number) => `${count} ${count === 1 ? "conversa esquecida" : "conversas esquecidas"}.`,
+    unanswered: "o motor não responde e pode ter conversas que ainda não estão no disco; tente outra vez.",
     stillRead: "outro programa está lendo as conversas, e partes delas ficam no disco até ele terminar; depois, esqueça outra vez.",
   },
 } satisfies Record<Language, unknown>;
@@ -40,9 +42,15 @@ const sayings = {
 /** Gives the exit code: 0 when it is done, 1 when it could not be, 2 when an argument is wrong. */
 export async function memoryCommand(words: readonly string[], surroundings: CommandSurroundings): Promise<number> {
   const [command, ...rest] = words;
-  if (command === "export") return exportAll(rest, surroundings);
-  if (command === "forget") return await forget(rest, surroundings);
-  return wrong(surroundings);
+  try {
+    if (command === "export") return await exportAll(rest, surroundings);
+    if (command === "forget") return await forget(rest, surroundings);
+    return wrong(surroundings);
+  } catch (error) {
+    if (!(error instanceof Unanswered)) throw error;
+    surroundings.complain(`palomet-engine: ${sayings[chooseLocale(surroundings.environment).language].unanswered}`);
+    return 1;
+  }
 }
 
 function wrong({ complain }: CommandSurroundings): number {
@@ -50,7 +58,7 @@ function wrong({ complain }: CommandSurroundings): number {
   return 2;
 }
 
-function exportAll(words: readonly string[], surroundings: CommandSurroundings): number {
+async function exportAll(words: readonly string[], surroundings: CommandSurroundings): Promise<number> {
   let since = always.from;
   let isJson = false;
   for (let at = 0; at < words.length; at++) {
@@ -60,20 +68,18 @@ function exportAll(words: readonly string[], surroundings: CommandSurroundings):
     else return wrong(surroundings);
   }
   const { language } = chooseLocale(surroundings.environment);
+  // Asked first: what it writes down meanwhile is in the file then.
+  const waiting = await engineOf(surroundings).waiting();
   return withDatabase(surroundings, true, (database) => {
     const { print } = surroundings;
-    if (!database) {
-      if (isJson) print("[]\n");
-      return 0;
-    }
     let isFirst = true;
     if (isJson) print("[");
-    for (const conversation of conversations(database, since)) {
+    for (const conversation of conversations(database, since, waiting)) {
       if (isJson) print(`${isFirst ? "\n" : ",\n"}${JSON.stringify(conversation)}`);
       else print(`${isFirst ? "" : "\n"}${inMarkdown(conversation, language)}`);
       isFirst = false;
     }
-    if (isJson) print("\n]\n");
+    if (isJson) print(isFirst ? "]\n" : "\n]\n");
     return 0;
   });
 }
@@ -84,7 +90,7 @@ async function forget(words: readonly string[], surroundings: CommandSurrounding
   if (more.length > 0 || (which !== "all" && !day)) return wrong(surroundings);
   const span = day ? daySpan(day) : always;
   // An engine that runs holds the current conversation, and those that it could not write yet: it would write them later.
-  const unwritten = await forgetInEngine(surroundings, span);
+  const unwritten = await engineOf(surroundings).forget(span);
   const say = sayings[chooseLocale(surroundings.environment).language];
   return withDatabase(surroundings, false, (database) => {
     const count = !database ? 0 : day ? forgetSpan(database, span).length : forgetAll(database);
@@ -96,16 +102,9 @@ async function forget(words: readonly string[], surroundings: CommandSurrounding
   });
 }
 
-/** Gives the number of conversations that an engine that runs on this store held in memory. */
-async function forgetInEngine(surroundings: CommandSurroundings, span: Span): Promise<number> {
-  const port = Number(surroundings.environment.PALOMET_PORT ?? defaultPort);
-  const folder = folderOf(surroundings);
-  if (!existsSync(folder)) return 0;
-  const body = JSON.stringify({ folder: realpathSync(folder), ...span });
-  const answer = await fetch(`http://127.0.0.1:${port}/forget`, { method: "POST", body, signal: AbortSignal.timeout(askMs) })
-    .then((response) => response.json())
-    .catch(() => undefined);
-  return isRecord(answer) && typeof answer.forgotten === "number" ? answer.forgotten : 0;
+function engineOf(surroundings: CommandSurroundings): RunningEngine {
+  const { environment, answerMs } = surroundings;
+  return new RunningEngine(Number(environment.PALOMET_PORT ?? defaultPort), folderOf(surroundings), answerMs);
 }
 
 /** Hands on undefined when nothing was ever kept. Gives what `work` gives, or 1 when the file cannot be used. */

@@ -10,9 +10,10 @@ import type { Clock } from "../base/clock.ts";
 import type { Log } from "../base/log.ts";
 import type { ConversationSummary, Row } from "../base/protocol.ts";
 import { cut } from "../base/text.ts";
-import { forgetSome, forgetSpan, scrub, search, type FoundRow, type Span } from "./archive.ts";
+import { forgetSome, forgetSpan, nothingWaiting, rowOf, scrub, search } from "./archive.ts";
+import type { FoundRow, KeptRow, Span, Waiting } from "./archive.ts";
 import { copyOf, copyOfFile, hasRoom, isBusy, isOfSearch, isUnwritable, keepPrivate, message, prepared, remakeSearch } from "./database.ts";
-import { addRow, nothingUnwritten, saveConversation, saveSetting, writeDown, type Unwritten } from "./unwritten.ts";
+import { addRow, nothingUnwritten, saveConversation, saveSetting, waitingIn, writeDown, type Unwritten } from "./unwritten.ts";
 
 export interface StoredConversation {
   conversationId: string;
@@ -94,17 +95,9 @@ export class Store {
         )
         .get();
       if (found === null) return undefined;
-      const rows = database
-        .query<Omit<Row, "durationMs"> & { durationMs: number | null }, [string, number]>(
-          `SELECT role, text, at, durationMs FROM rows WHERE conversation = ? ORDER BY id DESC LIMIT ?`,
-        )
-        .all(found.conversationId, limit)
-        .reverse();
-      return {
-        ...found,
-        session: found.session ?? undefined,
-        rows: rows.map(({ durationMs, ...row }) => (durationMs === null ? row : { ...row, durationMs })),
-      };
+      const last = "SELECT role, text, at, durationMs FROM rows WHERE conversation = ? ORDER BY id DESC LIMIT ?";
+      const rows = database.query<KeptRow, [string, number]>(last).all(found.conversationId, limit).reverse();
+      return { ...found, session: found.session ?? undefined, rows: rows.map(rowOf) };
     });
   }
 
@@ -152,6 +145,14 @@ export class Store {
     const ids = this.#run([], (database) => forgetSpan(database, span));
     for (const id of ids) this.#unwritten.forgotten.add(id);
     return ids.length;
+  }
+
+  /** The conversations that wait for the file. */
+  get waiting(): Waiting {
+    const unwritten = this.#unwritten;
+    if (!unwritten) return nothingWaiting;
+    unwritten.isLost ||= !existsSync(join(this.folder, fileName));
+    return this.#run(nothingWaiting, (memory) => waitingIn(memory, unwritten));
   }
 
   close(): void {
@@ -265,7 +266,7 @@ export class Store {
   #returnToDisk(unwritten: Unwritten): boolean {
     if (!hasRoom(this.folder)) return false;
     const path = join(this.folder, fileName);
-    if (!existsSync(path)) unwritten.isLost = true;
+    unwritten.isLost ||= !existsSync(path);
     let file: Database | undefined;
     try {
       file = this.#open(path);

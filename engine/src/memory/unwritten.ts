@@ -1,7 +1,7 @@
 // What has changed while the store is in memory, and how it comes into the file.
 
 import type { Database } from "bun:sqlite";
-import { forgetConversations, scrub } from "./archive.ts";
+import { always, conversations as conversationsOf, forgetConversations, scrub, type Waiting } from "./archive.ts";
 
 /** The changes that are not yet in the file: settings and conversations by name, and all rows after `afterRow`. */
 export interface Unwritten {
@@ -26,6 +26,15 @@ export const addRow = "INSERT INTO rows (conversation, role, text, at, durationM
 export function nothingUnwritten(memory: Database): Unwritten {
   const afterRow = memory.query<{ id: number | null }, []>("SELECT MAX(id) AS id FROM rows").get()?.id ?? 0;
   return { settings: new Set(), conversations: new Set(), forgotten: new Set(), afterRow, isLost: false };
+}
+
+/** The conversations among the changes: all of them if the file was lost meanwhile. */
+export function waitingIn(memory: Database, { conversations, forgotten, isLost }: Unwritten): Waiting {
+  const waiting: Waiting = { conversations: [], forgotten: [...forgotten] };
+  for (const one of conversationsOf(memory, always.from)) {
+    if (isLost || conversations.has(one.conversationId)) waiting.conversations.push(one);
+  }
+  return waiting;
 }
 
 /** Writes the changes to the file, or everything if the file was lost meanwhile. Throws when it cannot be written. */

@@ -23,6 +23,8 @@ export interface Served {
   };
   options(): Promise<Options>;
   newConversation(): void;
+  /** The conversations that are not on the disk yet, in a form for JSON: none when its data lie in another folder than this. */
+  unwritten(folder: string): unknown;
   /**
    * Begins another conversation when the current one falls into this span, and forgets those that are not on the disk yet, whose number
    * it gives. Nothing happens when its data lie in another folder than this, which is the path without links.

@@ -96,6 +96,11 @@ const commands: Record<string, Command> = {
     engine.loop.say(text);
     return undefined;
   },
+  // It is asked for by `palomet-engine export`, which knows what is on the disk.
+  "/unwritten": async (engine, request) => {
+    const { folder } = (await readBody(request)) ?? {};
+    return typeof folder === "string" ? Response.json(engine.unwritten(folder)) : problem(400, "a JSON object of a folder");
+  },
   // It is asked for by `palomet-engine forget`, which forgets what is on the disk.
   "/forget": async (engine, request) => {
     const { folder, from, to } = (await readBody(request)) ?? {};

@@ -11,12 +11,28 @@ export interface Clip {
 }
 
 export const envelopeStepMs = 50;
+/** What is so soft beside the loudest sample is silence. */
+const silence = 0.01;
+/** So much of the silence before the first sound stays: many words begin softly. */
+const keptLeadMs = 40;
 
 /**
  * Reads a WAV file and writes the true lengths into its header, which a program that writes to a pipe cannot know.
  * Gives undefined when the file is not 16-bit mono PCM or holds no sample.
  */
 export function readClip(file: Uint8Array): Clip | undefined {
+  const found = samplesIn(file);
+  if (!found) return undefined;
+  const { samples, rate, at } = found;
+  const whole = new Uint8Array(file.subarray(0, at + samples.byteLength));
+  const lengths = new DataView(whole.buffer);
+  lengths.setUint32(4, whole.length - 8, true);
+  lengths.setUint32(at - 4, samples.byteLength, true);
+  return { file: whole, durationMs: (samples.length * 1000) / rate, envelope: envelopeOf(samples, rate) };
+}
+
+/** The samples, their rate, and where they begin. */
+function samplesIn(file: Uint8Array): { samples: Int16Array; rate: number; at: number } | undefined {
   if (file.length < 44 || tag(file, 0) !== "RIFF" || tag(file, 8) !== "WAVE") return undefined;
   const view = new DataView(file.buffer, file.byteOffset, file.byteLength);
   let rate = 0;
@@ -30,12 +46,7 @@ export function readClip(file: Uint8Array): Clip | undefined {
     if (tag(file, at) === "data") {
       const bytes = Math.min(length, file.length - at - 8) & ~1;
       if (rate === 0 || bytes === 0) return undefined;
-      const whole = new Uint8Array(file.subarray(0, at + 8 + bytes));
-      const lengths = new DataView(whole.buffer);
-      lengths.setUint32(4, whole.length - 8, true);
-      lengths.setUint32(at + 4, bytes, true);
-      const samples = new Int16Array(whole.slice(at + 8).buffer);
-      return { file: whole, durationMs: (samples.length * 1000) / rate, envelope: envelopeOf(samples, rate) };
+      return { samples: new Int16Array(new Uint8Array(file.subarray(at + 8, at + 8 + bytes)).buffer), rate, at: at + 8 };
     }
     at += 8 + length + (length & 1);
   }
@@ -81,15 +92,19 @@ function envelopeOf(samples: Int16Array, rate: number): number[] {
 
 /** A copy of a WAV file that `readClip` has given, its samples times `gain`. */
 export function withGain(file: Uint8Array, gain: number): Uint8Array {
-  const copy = new Uint8Array(file);
-  const view = new DataView(copy.buffer);
-  for (let at = 12; at + 8 <= copy.length; ) {
-    const length = view.getUint32(at + 4, true);
-    const end = Math.min(at + 8 + length, copy.length);
-    if (tag(copy, at) === "data") {
-      for (let place = at + 8; place + 2 <= end; place += 2) view.setInt16(place, Math.round(view.getInt16(place, true) * gain), true);
-    }
-    at += 8 + length + (length & 1);
-  }
-  return copy;
+  const found = samplesIn(file);
+  if (!found) return file;
+  return writeWav(found.samples.map((sample) => Math.round(sample * gain)), found.rate);
+}
+
+/** The clip without the silence that it begins with. */
+export function withoutLead(clip: Clip): Clip {
+  const found = samplesIn(clip.file);
+  if (!found) return clip;
+  const { samples, rate } = found;
+  let loudest = 0;
+  for (const sample of samples) loudest = Math.max(loudest, Math.abs(sample));
+  const first = samples.findIndex((sample) => Math.abs(sample) > silence * loudest);
+  const from = first - Math.round((rate * keptLeadMs) / 1000);
+  return from > 0 ? (readClip(writeWav(samples.subarray(from), rate)) ?? clip) : clip;
 }

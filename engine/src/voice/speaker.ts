@@ -4,7 +4,7 @@
 import type { Clock } from "../base/clock.ts";
 import type { Settings } from "../base/protocol.ts";
 import { LevelMeter } from "../sound/levelMeter.ts";
-import { envelopeStepMs, type Clip } from "../sound/wav.ts";
+import { envelopeStepMs, withoutLead, type Clip } from "../sound/wav.ts";
 import type { Synthesiser } from "./synthesiser.ts";
 
 export interface SpeakerOutput {
@@ -138,12 +138,14 @@ export class Speaker {
 
   async #make(line: Line): Promise<void> {
     line.state = "making";
+    // Before the others the silence is the pause between two sentences.
+    const isAwaited = line === this.#lines[0];
     const signal = this.#abort.signal;
     const clip = this.output.isConnected
       ? await this.synthesiser.speak(line.sentence, this.settings(), signal).catch(() => undefined)
       : undefined;
     if (signal.aborted) return;
-    if (clip) line.clip = clip;
+    if (clip) line.clip = isAwaited ? withoutLead(clip) : clip;
     line.state = "made";
     this.#advance();
   }

@@ -1,71 +1,77 @@
-import { expect, test } from "bun:test";
+import { afterEach, expect, test } from "bun:test";
 import type { Language } from "../../src/base/language.ts";
 import { Bus } from "../../src/hands/bus.ts";
 import { mediaHands } from "../../src/hands/media.ts";
-import type { Call } from "../../src/machine/busConnection.ts";
+import type { Variant } from "../../src/machine/busMessages.ts";
+import { MediaPlayer } from "../support/desktopServices.ts";
+import { privateBus } from "../support/privateBus.ts";
 import { going } from "../support/processes.ts";
 
-interface Player {
-  status: string;
-  metadata?: unknown;
+const players: MediaPlayer[] = [];
+afterEach(async () => void (await Promise.all(players.splice(0).map((player) => player.close()))));
+
+async function open(called: string, status: string, metadata?: Variant): Promise<MediaPlayer> {
+  const player = await MediaPlayer.open(called, status, metadata);
+  players.push(player);
+  return player;
 }
 
-/** A bus with these media players. */
-class PlayersBus extends Bus {
-  readonly calls: string[] = [];
-
-  constructor(private readonly players: Record<string, Player>) {
-    super({});
-  }
-
-  override async call({ service, method, arguments: given = [] }: Call): Promise<unknown[] | undefined> {
-    const name = method.split(".").at(-1)!;
-    if (name === "ListNames") return [["org.freedesktop.DBus", ":1.5", ...Object.keys(this.players).map((each) => `org.mpris.MediaPlayer2.${each}`)]];
-    const player = this.players[service.split(".").at(-1)!];
-    if (!player) return undefined;
-    if (name !== "Get") this.calls.push(`${service.split(".").at(-1)} ${name}`);
-    if (name !== "Get") return [];
-    return given[1] === "PlaybackStatus" ? [{ type: "s", data: player.status }] : [{ type: "a{sv}", data: typeof player.metadata === "object" ? Object.entries(player.metadata ?? {}) : player.metadata }];
-  }
+async function hands(language: Language = "en") {
+  const [media, playing] = mediaHands(new Bus(await privateBus()));
+  return { act: (what: string) => media!.act({ do: what }, language, going), tell: () => playing!.act({}, language, going) };
 }
 
-function handsOf(players: Record<string, Player>, language: Language = "en") {
-  const bus = new PlayersBus(players);
-  const [media, playing] = mediaHands(bus);
-  return { bus, act: (given: unknown) => media!.act(given, language, going), tell: () => playing!.act({}, language, going) };
-}
-
-const song = { "xesam:title": { type: "s", data: "Águas de Março" }, "xesam:artist": { type: "as", data: ["Elis", "Tom"] } };
+const song: Variant = {
+  type: "a{sv}",
+  data: [["xesam:title", { type: "s", data: "Águas de Março" }], ["xesam:artist", { type: "as", data: ["Elis", "Tom"] }]],
+};
 
 test("the player that plays is the one that is meant", async () => {
-  const { bus, act } = handsOf({ aaa: { status: "Stopped" }, bbb: { status: "Paused" }, ccc: { status: "Playing" } });
-  expect(await act({ do: "pause" })).toBe("Done.");
-  expect(await act({ do: "next" })).toBe("Done.");
-  expect(bus.calls).toEqual(["ccc Pause", "ccc Next"]);
+  const [stopped, paused, playing] = [await open("aaa", "Stopped"), await open("bbb", "Paused"), await open("ccc.instance7", "Playing")];
+  const { act } = await hands();
+  for (const what of ["pause", "next", "previous", "play"]) expect(await act(what)).toBe("Done.");
+  expect(playing.calls).toEqual(["Pause", "Next", "Previous", "Play"]);
+  expect([...stopped.calls, ...paused.calls]).toEqual([]);
 });
 
 test("a paused player is played before one that was stopped", async () => {
-  const { bus, act } = handsOf({ aaa: { status: "Stopped" }, bbb: { status: "Paused" } });
-  await act({ do: "play" });
-  expect(bus.calls).toEqual(["bbb Play"]);
+  const [stopped, paused] = [await open("aaa", "Stopped"), await open("bbb", "Paused")];
+  await (await hands()).act("play");
+  expect([stopped.calls, paused.calls]).toEqual([[], ["Play"]]);
+});
+
+test("a player that does not do it is said not to answer", async () => {
+  const player = await open("aaa", "Playing");
+  player.isStubborn = true;
+  expect(await (await hands()).act("pause")).toBe("The player did not answer.");
+  expect(await (await hands("pt")).act("pause")).toBe("O player não respondeu.");
 });
 
 test("what is playing is told", async () => {
-  expect(await handsOf({ a: { status: "Playing", metadata: song } }).tell()).toBe("This is “Águas de Março”, by Elis, Tom.");
-  expect(await handsOf({ a: { status: "Paused", metadata: song } }).tell()).toBe("It is paused at “Águas de Março”, by Elis, Tom.");
-  for (const metadata of [undefined, {}, 5, { "xesam:title": 5 }]) {
-    expect(await handsOf({ a: { status: "Playing", metadata } }).tell()).toBe("The player does not say what it plays.");
+  const told = async (status: string, metadata?: Variant): Promise<string> => {
+    const player = await MediaPlayer.open("aaa", status, metadata);
+    const said = await (await hands()).tell();
+    await player.close();
+    return said;
+  };
+  expect(await told("Playing", song)).toBe("This is “Águas de Março”, by Elis, Tom.");
+  expect(await told("Paused", song)).toBe("It is paused at “Águas de Março”, by Elis, Tom.");
+  const untitled = { type: "a{sv}", data: [["xesam:title", { type: "i", data: 5 }]] };
+  for (const metadata of [undefined, { type: "a{sv}", data: [] }, { type: "i", data: 5 }, untitled]) {
+    expect(await told("Playing", metadata)).toBe("The player does not say what it plays.");
   }
 });
 
 test("without a player, or with nonsense, that is said", async () => {
-  const { act, tell } = handsOf({});
-  expect(await act({ do: "play" })).toBe("No player is open.");
+  const { act, tell } = await hands();
+  expect(await act("play")).toBe("No player is open.");
   expect(await tell()).toBe("No player is open.");
-  expect(await act({ do: "dance" })).toBe("I did not understand what to do.");
+  expect(await act("dance")).toBe("I did not understand what to do.");
 });
 
 test("in Portuguese a player is one, too", async () => {
-  expect(await handsOf({}, "pt").tell()).toBe("Nenhum player aberto.");
-  expect(await handsOf({ a: { status: "Playing" } }, "pt").tell()).toBe("O player não diz o que toca.");
+  const { tell } = await hands("pt");
+  expect(await tell()).toBe("Nenhum player aberto.");
+  await open("a", "Playing");
+  expect(await tell()).toBe("O player não diz o que toca.");
 });

@@ -1,12 +1,12 @@
-import { expect, test } from "bun:test";
+import { afterEach, expect, test } from "bun:test";
 import { existsSync, readFileSync } from "node:fs";
 import { join } from "node:path";
 import { Bus } from "../../src/hands/bus.ts";
 import { DesktopNotifications } from "../../src/hands/notifications.ts";
 import { Children } from "../../src/machine/children.ts";
-import type { BusConnection } from "../../src/machine/busConnection.ts";
+import { NotificationServer } from "../support/desktopServices.ts";
 import { program } from "../support/folders.ts";
-import { privateBus, service } from "../support/privateBus.ts";
+import { privateBus } from "../support/privateBus.ts";
 import { going, gone } from "../support/processes.ts";
 
 const notification = { title: "Palomet", text: "Tea & <b>cake</b>", actions: { stop: "Stop", snooze: "Snooze" } };
@@ -32,20 +32,19 @@ test("a notification of the tool that was closed is no answer: the tool does not
 
 test("the tool is not asked where the bus shows the notification, and is where it shows none", async () => {
   const folder = program("notify-send", "echo stop");
-  const it = await server((connection) => connection.emit(path, `${name}.ActionInvoked`, "us", [7, "snooze"]), folder);
-  expect(await it.notifications.show(notification, going)).toBe("snooze");
-  it.close();
-  expect(await it.notifications.show(notification, going)).toBe("stop");
+  const { server, notifications } = await overBus((it, id) => it.press(id, "snooze"), folder);
+  expect(await notifications.show(notification, going)).toBe("snooze");
+  await server.close();
+  expect(await notifications.show(notification, going)).toBe("stop");
 });
 
 test("a notification without buttons is not waited for", async () => {
   const folder = program("notify-send", `printf '%s\\n' "$@" > $0.args`);
   expect(await notificationsOf(folder).show({ ...notification, actions: {} }, going)).toBeUndefined();
   expect(readFileSync(join(folder, "notify-send.args"), "utf8").split("\n")).not.toContain("--wait");
-  const it = await server(() => {});
-  expect(await it.notifications.show({ ...notification, actions: {} }, going)).toBeUndefined();
-  expect(it.calls.map(([member]) => member)).toEqual(["Notify"]);
-  it.close();
+  const { server, notifications } = await overBus(() => {});
+  expect(await notifications.show({ ...notification, actions: {} }, going)).toBeUndefined();
+  expect([server.shown.length, server.takenBack]).toEqual([1, []]);
 });
 
 test("a notification goes when what it tells of has ended", async () => {
@@ -59,63 +58,57 @@ test("a notification goes when what it tells of has ended", async () => {
   await gone([Number(readFileSync(pid, "utf8"))]);
 });
 
-/** A server of notifications: each is the seventh, and when it is shown the server does this. */
-async function server(
-  shown: (connection: BusConnection) => void,
-  programs = "",
-): Promise<{ calls: [string | undefined, unknown[]][]; notifications: DesktopNotifications; close(): void }> {
-  const connection = await service(name);
-  const calls: [string | undefined, unknown[]][] = [];
-  connection.onCall = ({ member, body }) => {
-    calls.push([member, body]);
-    if (member === "Notify") queueMicrotask(() => shown(connection));
-    return member === "Notify" ? { signature: "u", body: [7] } : { signature: "", body: [] };
-  };
-  const children = new Children({ PATH: programs });
-  return { calls, notifications: new DesktopNotifications(children, new Bus(await privateBus())), close: () => connection.close() };
+const servers: NotificationServer[] = [];
+afterEach(async () => void (await Promise.all(servers.splice(0).map((server) => server.close()))));
+
+/** A server on the bus that does this when it has shown a notification, and what shows them there or by these programs. */
+async function overBus(onShown: (server: NotificationServer, id: number) => void, programs = "") {
+  const server = await NotificationServer.open();
+  servers.push(server);
+  server.onShown = ({ id }) => onShown(server, id);
+  return { server, notifications: new DesktopNotifications(new Children({ PATH: programs }), new Bus(await privateBus())) };
 }
 
-const name = "org.freedesktop.Notifications";
-const path = "/org/freedesktop/Notifications";
-
 test("over the bus only the buttons of this notification count", async () => {
-  const it = await server((connection) => {
-    connection.emit(path, `${name}.ActionInvoked`, "us", [6, "stop"]);
-    connection.emit(path, `${name}.NotificationClosed`, "uu", [6, 1]);
-    connection.emit(path, `${name}.ActionInvoked`, "us", [7, "snooze"]);
-  });
-  expect(await it.notifications.show(notification, going)).toBe("snooze");
-  const actions = ["stop", "Stop", "snooze", "Snooze"];
-  const hints = [["urgency", { type: "y", data: 2 }]];
-  expect(it.calls).toEqual([["Notify", ["Palomet", 0, "org.palomet.Palomet", "Palomet", "Tea &amp; &lt;b&gt;cake&lt;/b&gt;", actions, hints, 0]]]);
-  it.close();
+  for (const isEarly of [false, true]) {
+    const { server, notifications } = await overBus((it, id) => {
+      it.press(id - 1, "stop");
+      it.dismiss(id - 1);
+      it.press(id, "snooze");
+    });
+    server.isEarly = isEarly;
+    expect(await notifications.show(notification, going)).toBe("snooze");
+    expect(server.shown).toEqual([
+      {
+        id: 7, app: "Palomet", icon: "org.palomet.Palomet", title: "Palomet", text: "Tea &amp; &lt;b&gt;cake&lt;/b&gt;",
+        actions: ["stop", "Stop", "snooze", "Snooze"], hints: [["urgency", { type: "y", data: 2 }]], expiry: 0,
+      },
+    ]);
+    await server.close();
+    servers.length = 0;
+  }
 });
 
 test("over the bus a notification that the user closed is told from one that went by itself", async () => {
-  const [expired, dismissed] = [1, 2];
-  for (const [reason, answer] of [[dismissed, "closed"], [expired, undefined]] as const) {
-    const it = await server((connection) => connection.emit(path, `${name}.NotificationClosed`, "uu", [7, reason]));
-    expect(await it.notifications.show(notification, going)).toBe(answer as string);
-    it.close();
-  }
+  const { server, notifications } = await overBus((it, id) => it.dismiss(id));
+  expect(await notifications.show(notification, going)).toBe("closed");
+  server.onShown = ({ id }) => server.expire(id);
+  expect(await notifications.show(notification, going)).toBeUndefined();
 });
 
 test("over the bus it is taken back when what it tells of has ended", async () => {
   const ending = new AbortController();
-  const it = await server(() => ending.abort());
-  expect(await it.notifications.show(notification, ending.signal)).toBeUndefined();
-  expect(it.calls.at(-1)).toEqual(["CloseNotification", [7]]);
-  it.close();
+  const { server, notifications } = await overBus(() => ending.abort());
+  expect(await notifications.show(notification, ending.signal)).toBeUndefined();
+  expect(server.takenBack).toEqual([7]);
 });
 
 test("a server that ends takes its notifications along, and a bus without one shows none", async () => {
-  const it = await server(() => it.close());
   const ending = new AbortController();
-  const shown = it.notifications.show(notification, ending.signal);
-  while (it.calls.length === 0) await Bun.sleep(1);
-  ending.abort();
-  expect(await shown).toBeUndefined();
-  expect(await it.notifications.show(notification, going)).toBeUndefined();
+  const { server, notifications } = await overBus((it) => void it.close().then(() => ending.abort()));
+  expect(await notifications.show(notification, ending.signal)).toBeUndefined();
+  expect(server.shown).toHaveLength(1);
+  expect(await notifications.show(notification, going)).toBeUndefined();
 });
 
 test("where nothing shows notifications nothing breaks", async () => {

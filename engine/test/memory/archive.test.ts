@@ -3,6 +3,7 @@ import { describe, expect, test } from "bun:test";
 import { readdirSync, readFileSync, statSync } from "node:fs";
 import { join } from "node:path";
 import { always, conversations, daySpan, forgetAll, forgetSpan, scrub, search } from "../../src/memory/archive.ts";
+import type { Row } from "../../src/base/protocol.ts";
 import { prepared } from "../../src/memory/database.ts";
 import { temporaryFolder } from "../support/folders.ts";
 
@@ -34,6 +35,27 @@ test("conversations are written out whole, the oldest first", () => {
   const { database } = archive();
   expect([...conversations(database, always.from)].map(({ conversationId, rows }) => [conversationId, rows.length])).toEqual([["a", 2], ["b", 3]]);
   expect([...conversations(database, at(5, 0))].map(({ conversationId }) => conversationId)).toEqual(["b"]);
+});
+
+test("what waits to be written is written out with the rest: new rows once, new conversations in their place, forgotten ones not", () => {
+  const { database } = archive();
+  const row = (text: string, when: number): Row => ({ role: "user", text, at: when });
+  const one = { answers: 2, costUsd: 0.5 };
+  const waiting = {
+    conversations: [
+      { ...one, conversationId: "b", startedAt: at(4, 23), rows: [row("third zanzibar", at(5, 1)), row("fourth", at(6))] },
+      { ...one, conversationId: "c", startedAt: at(4), rows: [row("between", at(4))] },
+      { ...one, conversationId: "d", startedAt: at(7), rows: [] },
+    ],
+    forgotten: ["a", "e"],
+  };
+  const texts = (since: number): [string, string[]][] =>
+    [...conversations(database, since, waiting)].map(({ conversationId, rows }) => [conversationId, rows.map(({ text }) => text)]);
+  const b = ["b", ["second", "zanzibar tool", "third zanzibar", "fourth"]];
+  expect(texts(always.from)).toEqual([["c", ["between"]], b] as never);
+  expect(texts(at(6))).toEqual([b] as never);
+  expect([...conversations(database, at(6), waiting)][0]).toMatchObject(one);
+  expect([...conversations(undefined, always.from, waiting)].map(({ conversationId }) => conversationId)).toEqual(["c", "b"]);
 });
 
 /** The text lies in a file of the folder: the database or the log beside it. */

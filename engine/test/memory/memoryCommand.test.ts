@@ -1,6 +1,6 @@
 import { Database } from "bun:sqlite";
 import { expect, test } from "bun:test";
-import { existsSync, mkdirSync, readdirSync, writeFileSync } from "node:fs";
+import { existsSync, mkdirSync, readdirSync, rmSync, writeFileSync } from "node:fs";
 import { join } from "node:path";
 import { always, search, type ArchivedConversation } from "../../src/memory/archive.ts";
 import { Conversations } from "../../src/memory/conversations.ts";
@@ -11,17 +11,17 @@ import { serve } from "../../src/port/server.ts";
 import { bench } from "../support/bench.ts";
 import { ManualClock } from "../support/clock.ts";
 import { temporaryFolder } from "../support/folders.ts";
-import { freePort } from "../support/processes.ts";
+import { freePort, patient } from "../support/processes.ts";
 
 const dayMs = 86_400_000;
 
-async function commandIn(home: string, LANG = "en_US.UTF-8", port?: number) {
+async function commandIn(home: string, LANG = "en_US.UTF-8", port?: number, answerMs = patient) {
   port ??= await freePort();
   return async (...words: string[]) => {
     let output = "";
     const complaints: string[] = [];
     const environment = { XDG_STATE_HOME: home, PALOMET_PORT: String(port), LANG };
-    const code = await memoryCommand(words, { environment, print: (text) => (output += text), complain: (line) => complaints.push(line) });
+    const code = await memoryCommand(words, { environment, answerMs, print: (text) => (output += text), complain: (line) => complaints.push(line) });
     return { code, output, complaints };
   };
 }
@@ -142,6 +142,67 @@ test("what an engine that runs could not write yet is forgotten too, and not wri
     const all = JSON.parse((await run("export", "--json")).output) as ArchivedConversation[];
     expect(all.map(({ rows }) => rows[0]?.text ?? "")).toEqual([...questions]);
     await it.end();
+  }
+});
+
+test("what an engine that runs could not write yet is exported with the rest, as it is when it has been written", async () => {
+  const home = kept();
+  const it = await engineInMemory(home);
+  const run = await commandIn(home, "en_US.UTF-8", it.port);
+  const everything = ["export", "--json"];
+  const waiting = await run(...everything);
+  const all = JSON.parse(waiting.output) as ArchivedConversation[];
+  expect(all.map(({ rows }) => rows[0]?.text ?? "")).toEqual(["Yesterday's?", "Today's?", "Zanzibar?", "Madagascar?"]);
+  expect(all[2]?.rows.map(({ role }) => role)).toEqual(["user", "assistant"]);
+  const since = await run("export", "--since", "2026-01-06");
+  expect(since.output.match(/^> .*\?$/gm)).toEqual(["> Zanzibar?", "> Madagascar?"]);
+  expect((await (await commandIn(home))(...everything)).output).not.toContain("Zanzibar");
+  expect((await (await commandIn(kept(), "en_US.UTF-8", it.port))(...everything)).output).not.toContain("Zanzibar");
+  rmSync(join(home, "palomet/palomet.db"));
+  expect(await run(...everything)).toEqual(waiting);
+  await it.clock.advance(6_000);
+  expect(it.log.join()).toContain("outra vez em disco");
+  expect(await run(...everything)).toEqual(waiting);
+  await it.end();
+});
+
+test("an engine that runs is asked by itself, whatever proxy the environment names", async () => {
+  const home = kept();
+  const it = await engineInMemory(home);
+  const before = { ...process.env };
+  const proxy = `http://127.0.0.1:${await freePort()}`;
+  Object.assign(process.env, { http_proxy: proxy, HTTP_PROXY: proxy });
+  const { output } = await (await commandIn(home, "en_US.UTF-8", it.port))("export");
+  for (const name of ["http_proxy", "HTTP_PROXY"]) delete process.env[name];
+  Object.assign(process.env, before);
+  expect(output).toContain("Zanzibar?");
+  await it.end();
+});
+
+test("an engine that does not answer is said to, for it may hold more", async () => {
+  const home = kept();
+  const silent = Bun.listen({ hostname: "127.0.0.1", port: 0, socket: { data() {} } });
+  for (const [language, complaint] of [["en_US.UTF-8", "does not answer"], ["pt_BR.UTF-8", "não responde"]] as const) {
+    const run = await commandIn(home, language, silent.port, 20);
+    for (const words of [["export"], ["forget", "all"]]) {
+      expect(await run(...words)).toEqual({ code: 1, output: "", complaints: [expect.stringContaining(complaint)] });
+    }
+  }
+  silent.stop(true);
+  expect(JSON.parse((await (await commandIn(home))("export", "--json")).output)).toHaveLength(2);
+});
+
+test("what another backend answers takes nothing from the export, and adds nothing to it", async () => {
+  const row = { role: "user", text: "x", at: 5 };
+  const half = { conversationId: "a", startedAt: 5, answers: 0, costUsd: 0 };
+  const bad = [{ ...half, rows: [row, { ...row, role: "other" }] }, { ...half, rows: [{ ...row, at: "5" }] }, { ...half, rows: 5 }, { rows: [row] }, half, null];
+  const answers = [null, [], {}, { conversations: 5, forgotten: 5 }, { conversations: bad, forgotten: [5, {}] }].map((value) => JSON.stringify(value));
+  const home = kept();
+  const whole = await (await commandIn(home))("export", "--json");
+  for (const answer of [...answers, "{", ""]) {
+    const backend = Bun.serve({ hostname: "127.0.0.1", port: 0, fetch: () => new Response(answer) });
+    expect([answer, await (await commandIn(home, "en_US.UTF-8", backend.port))("export", "--json")]).toEqual([answer, whole]);
+    await backend.stop(true);
   }
 });
 

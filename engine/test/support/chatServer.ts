@@ -27,8 +27,8 @@ export interface Ways {
   missing: Refusal;
   toolless?: Refusal;
   tooLong?: Refusal;
-  /** What it sends when something goes wrong in the middle. */
-  broken: string;
+  /** What it sends when something goes wrong in the middle, by its version. */
+  broken: string[];
 }
 
 export interface Answer {

@@ -89,7 +89,7 @@ describe("a server's model", () => {
     expect(await it.say("obrigado")).toBe("O modelo de linguagem não respondeu. De nada.");
     it.server.answers = [{ body: lmStudio.words("Um.", " Dois").slice(0, -200) }];
     expect(await it.say("obrigado")).toBe("Um. Dois\nO modelo de linguagem parou no meio.");
-    it.server.answers = [{ body: `${lmStudio.words("Um.").slice(0, lmStudio.words("Um.").indexOf("\n\n") + 2)}${lmStudio.broken}` }];
+    it.server.answers = [{ body: `${lmStudio.words("Um.").slice(0, lmStudio.words("Um.").indexOf("\n\n") + 2)}${lmStudio.broken[0]}` }];
     expect(await it.say("obrigado")).toBe("Um.\nO modelo de linguagem parou no meio.");
     it.server.close();
     expect(await it.say("Explique isto")).toBe("O modelo de linguagem não respondeu.");

@@ -19,6 +19,9 @@ async function serve(ways: Ways = ollama): Promise<ChatServer> {
   return server;
 }
 
+/** An answer that has no end yet. */
+const cut = (text: string): string => text.slice(0, text.indexOf('"finish_reason":"stop"'));
+
 async function ask(server: ChatServer, clock = systemClock, signal = going, onText: (text: string) => void = () => {}) {
   const { key, name } = server.ways;
   const known = { name, address: server.address, ...(key === undefined ? {} : { key: () => key }) };
@@ -57,8 +60,38 @@ for (const ways of all) {
 
     test("when something goes wrong in the middle", async () => {
       const server = await serve(ways);
-      server.answers = [{ body: ways.words("One.").replace(/data: \[DONE\]\s+$/, "").replace(/"finish_reason":"stop"/, '"finish_reason":null') + ways.broken }];
-      expect(await ask(server)).toMatchObject({ kind: "failed", failure: "away", detail: expect.stringMatching(/./) });
+      const begun = ways.words("One.").replace(/data: \[DONE\]\s+$/, "").replace(/"finish_reason":"stop"/, '"finish_reason":null');
+      for (const broken of ways.broken) {
+        server.answers = [{ body: begun + broken }];
+        expect(await ask(server)).toMatchObject({ kind: "failed", failure: "away", detail: expect.stringMatching(/./) });
+      }
+    });
+
+    test("when it breaks off, in words and in a tool call", async () => {
+      const server = await serve(ways);
+      const calls = ways.calls({ name: "note", given: { text: "milk" } });
+      for (const body of [cut(ways.words("One.")), calls.slice(0, calls.lastIndexOf('"finish_reason":"tool_calls"'))]) {
+        server.answers = [{ body }];
+        expect(await ask(server)).toMatchObject({ kind: "failed", failure: "cutOff" });
+      }
+    });
+
+    test("when it says nothing for 60 s, before it answers and in the middle", async () => {
+      for (const body of ["", cut(ways.words("One."))]) {
+        const server = await serve(ways);
+        const clock = new ManualClock();
+        server.answers = [{ body, then: "silence" }];
+        let hasText = (): void => {};
+        const texts = new Promise<void>((resolve) => (hasText = resolve));
+        const asked = ask(server, clock, going, hasText);
+        await server.asked(1);
+        if (body !== "") await texts;
+        await clock.advance(59_000);
+        expect(server.open).toBe(1);
+        await clock.advance(60_000);
+        expect(await asked).toEqual({ kind: "failed", failure: "silent", detail: "", ...(body === "" ? {} : { hasBegun: true }) });
+        await server.left();
+      }
     });
   });
 }
@@ -86,8 +119,6 @@ test("the request is one for a stream, with the key and nothing that the server 
 });
 
 describe("a server that fails", () => {
-  const cut = (text: string): string => text.slice(0, text.indexOf('"finish_reason":"stop"'));
-
   test("in the middle is told from one that has answered, and its words were handed on", async () => {
     const server = await serve();
     for (const then of ["end", "loss"] as const) {
@@ -133,24 +164,6 @@ describe("a server that fails", () => {
     Object.assign(process.env, before);
     expect(outcome).toMatchObject({ text: "Direct." });
     expect([proxy.chats, proxy.open]).toEqual([[], 0]);
-  });
-
-  test("by its silence is given up after 60 s, before it answers and in the middle", async () => {
-    for (const body of ["", cut(ollama.words("One."))]) {
-      const server = await serve();
-      const clock = new ManualClock();
-      server.answers = [{ body, then: "silence" }];
-      let hasText = (): void => {};
-      const texts = new Promise<void>((resolve) => (hasText = resolve));
-      const asked = ask(server, clock, going, hasText);
-      await server.asked(1);
-      if (body !== "") await texts;
-      await clock.advance(59_000);
-      expect(server.open).toBe(1);
-      await clock.advance(60_000);
-      expect(await asked).toEqual({ kind: "failed", failure: "silent", detail: "", ...(body === "" ? {} : { hasBegun: true }) });
-      await server.left();
-    }
   });
 
   test("by its slowness is given up after five minutes, though it is never silent for long", async () => {

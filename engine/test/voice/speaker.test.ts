@@ -1,4 +1,5 @@
 import { describe, expect, test } from "bun:test";
+import { readClip, writeWav } from "../../src/sound/wav.ts";
 import { bench, connect } from "../support/bench.ts";
 import { settle } from "../support/clock.ts";
 import { FakeSocket } from "../support/fakes.ts";
@@ -36,6 +37,16 @@ describe("a clip", () => {
     it.engine.loop.say("Thanks");
     await settle();
     expect(it.engine.state.state).toBe("speaking");
+  });
+
+  test("begins with its sound when somebody waits for it, and with a pause when another stands before it", async () => {
+    const it = bench();
+    const socket = connect(it);
+    it.synthesiser.clip = readClip(writeWav(Int16Array.from({ length: 32_000 }, (_, at) => (at < 16_000 ? 0 : 9_000)), 16_000));
+    it.engine.loop.say("One. Two.");
+    await settle();
+    const lengths = socket.sent.map(({ data }) => readClip(Buffer.from(String(data), "base64"))?.durationMs);
+    expect(lengths).toEqual([1_040, 2_000]);
   });
 
   test("is spoken when the one before it was played, and no more than three wait", async () => {

@@ -1,28 +1,26 @@
 import { expect, test } from "bun:test";
 import { Bus } from "../../../src/hands/bus.ts";
 import { ScreenshotHand } from "../../../src/hands/desktop/screenshotHand.ts";
-import { privateBus, service } from "../../support/privateBus.ts";
+import { ScreenshotPortal } from "../../support/desktopServices.ts";
+import { privateBus } from "../../support/privateBus.ts";
 import { going } from "../../support/processes.ts";
 
 /** Takes a screenshot by a portal that answers so. */
-async function take(code: number, results: unknown[]): Promise<string> {
-  const portal = await service("org.freedesktop.portal.Desktop");
-  portal.onCall = ({ member, sender = "", body: [, options] }) => {
-    const token = (options as [string, { data: string }][]).find(([key]) => key === "handle_token")![1].data;
-    const handle = `/org/freedesktop/portal/desktop/request/${sender.slice(1).replaceAll(".", "_")}/${token}`;
-    // It answers to whoever has asked, and to nobody else.
-    portal.emit(handle, "org.freedesktop.portal.Request.Response", "ua{sv}", [code, results], sender);
-    return member === "Screenshot" ? { signature: "o", body: [handle] } : undefined;
-  };
+async function take(code: number, results: unknown[], order?: "early" | "late"): Promise<string> {
+  const portal = await ScreenshotPortal.open([code, results], order);
   const said = await new ScreenshotHand(new Bus(await privateBus())).act({}, "en", going);
-  portal.close();
+  expect(portal.options).toHaveLength(1);
+  await portal.close();
   return said;
 }
 
 const uri = (data: string): unknown[] => [["uri", { type: "s", data }]];
 
-test("a screenshot is where the portal says", async () => {
-  expect(await take(0, uri("file:///home/ana/Pictures/Screenshot%201.png"))).toBe("The screenshot is /home/ana/Pictures/Screenshot 1.png.");
+test("a screenshot is where the portal says, whenever it says so", async () => {
+  for (const order of ["early", "late"] as const) {
+    const said = await take(0, uri("file:///home/ana/Pictures/Screenshot%201.png"), order);
+    expect(said).toBe("The screenshot is /home/ana/Pictures/Screenshot 1.png.");
+  }
 });
 
 test("a screenshot that the user refuses, or that fails, is said", async () => {

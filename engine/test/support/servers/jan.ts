@@ -24,5 +24,5 @@ export const jan: Ways = {
       .join(between) +
     chunk({}, "tool_calls") + done,
   missing: { status: 404, body: { error: { message: "No running session found for model 'gone'", type: "not_found" } } },
-  broken: `data: ${JSON.stringify({ error: "upstream failed" })}\r\n\r\n`,
+  broken: [`data: ${JSON.stringify({ error: "upstream failed" })}\r\n\r\n`],
 };

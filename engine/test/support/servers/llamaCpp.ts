@@ -12,6 +12,7 @@ const chunk = (delta: object, reason: string | null = null, more: object = {}): 
 const first = chunk({ role: "assistant", content: null });
 const last = (reason: string): string =>
   chunk({}, reason, { usage: { completion_tokens: 11, prompt_tokens: 14, total_tokens: 25 }, timings: { prompt_n: 14, prompt_ms: 53.734 } }) + "data: [DONE]\n\n";
+const shifted = { code: 500, message: "context shift is disabled", type: "server_error" };
 const path = "../models/Meta-Llama-3.1-8B-Instruct-Q4_K_M.gguf";
 
 export const llamaCpp: Ways = {
@@ -48,5 +49,9 @@ export const llamaCpp: Ways = {
       },
     },
   },
-  broken: `error: ${JSON.stringify({ code: 500, message: "context shift is disabled", type: "server_error" })}\n\n`,
+  // The first is what b6210 sends, the second what later ones do (tools/server/server-context.cpp).
+  broken: [
+    `error: ${JSON.stringify(shifted)}\n\n`,
+    `data: ${JSON.stringify({ error: shifted })}\n\n`,
+  ],
 };

@@ -39,5 +39,5 @@ export const lmStudio: Ways = {
       },
     },
   },
-  broken: `event: error\ndata: ${JSON.stringify({ error: { message: "The model has crashed without additional information. (Exit code: 6)" } })}\n\n`,
+  broken: [`event: error\ndata: ${JSON.stringify({ error: { message: "The model has crashed without additional information. (Exit code: 6)" } })}\n\n`],
 };

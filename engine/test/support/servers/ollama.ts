@@ -32,5 +32,5 @@ export const ollama: Ways = {
     status: 400,
     body: { error: { message: "registry.ollama.ai/library/gemma:2b does not support tools", type: "invalid_request_error", param: null, code: null } },
   },
-  broken: `data: ${JSON.stringify({ error: { message: "an error was encountered while running the model", type: "api_error", param: null, code: null } })}\n\n`,
+  broken: [`data: ${JSON.stringify({ error: { message: "an error was encountered while running the model", type: "api_error", param: null, code: null } })}\n\n`],
 };

@@ -20,7 +20,7 @@ const soundServerKills = Number(process.env.PALOMET_SOUND_SERVER_KILLS ?? 10);
 const desk: Room = { paths: [{ delayMs: 40, volumePercent: 45 }] };
 
 /** Only what is about hearing needs a room in which the speakers are heard: on a busy machine their echo comes when nobody expects it. */
-const headphones: Path[] = [];
+const headphones: Room = { paths: [] };
 
 /** The story's acts, in their order. Each can be played without the others, on a stage of its own. */
 const acts: Record<string, (stage: Stage) => Promise<void>> = {

@@ -9,6 +9,7 @@ import { moment, type Moment } from "./moments.ts";
 import { number, type Found } from "./numbers.ts";
 import { measure, sum, unit } from "./sums.ts";
 import { said, type Token } from "./tokens.ts";
+import { lemmaOf } from "./verbs.ts";
 
 /** What the slots of a phrase have found, by name. */
 export interface Slots {
@@ -110,7 +111,7 @@ function walk(node: Node, at: number, sentence: Sentence, slots: Record<string, 
   switch (node.kind) {
     case "word":
       if (node.word === ":") return hasColon(sentence, at) && goOn(at);
-      return sentence.tokens[at]?.plain === node.word && goOn(at + 1);
+      return isWord(sentence.tokens[at], node.word, sentence.language) && goOn(at + 1);
     case "sequence": {
       const from = (index: number, place: number): boolean => {
         const next = node.nodes[index];
@@ -133,6 +134,12 @@ function walk(node: Node, at: number, sentence: Sentence, slots: Record<string, 
       return false;
     }
   }
+}
+
+/** It is the word, or another form of the same verb. */
+function isWord(token: Token | undefined, word: string, language: Language): boolean {
+  if (token === undefined) return false;
+  return token.plain === word || (token.lemma !== token.plain && token.lemma === lemmaOf(word, language));
 }
 
 /** A colon stands before this token. */
@@ -173,10 +180,17 @@ function fillings(type: SlotType, at: number, { text, tokens, language, now }: S
     case "word":
       return words(text, tokens, at, 1);
     case "few":
-      return words(text, tokens, at, fewWords);
+      return words(text, tokens, at, unbroken(text, tokens, at, fewWords));
     case "text":
       return words(text, tokens, at, tokens.length);
   }
+}
+
+/** How many of the next words stand without a mark between them, and so may be one name. */
+function unbroken(text: string, tokens: readonly Token[], at: number, most: number): number {
+  let count = 1;
+  while (count < most && tokens[at + count] && !/[,;:.!?…]/.test(text.slice(tokens[at + count - 1]!.end, tokens[at + count]!.start))) count++;
+  return count;
 }
 
 /** Free words, the fewest first. */

@@ -214,7 +214,10 @@ export const englishFacts: readonly Request[] = [
         "you get for|what would be|what would|what will|how much does|how much do|add up|tell me what|tell me|give me|find|" +
         "the result of|what is the result of|what is the value of|what do|do the math on|do the math] {sum} [dollars|pounds|" +
         "euros|bucks|people|things] [=] [equal|equals|make|come to|is|be|add up to|makes|give|equal to|give me]",
-      "(add|sum) {sum}", "what {sum} is",
+      "(add|sum) {sum}",
+      "(add|add up|sum|sum up|total|total up|what is the (sum|total) of|the (sum|total) of|add together|tot up) {numbers:sum} [together|up|for me]", "what do {numbers:sum} (add up to|come to|make [together])",
+      "(what is|tell me|give me|work out|calculate|calculates|what) [the] (result|answer|value|sum|total|solution) (of|to|for) {sum}", "{sum} (is what|is how much|makes what|gives what|equals what|what is that)",
+      "(what|how much) [do|does] {sum} [is|makes|make|comes to|come to|gives|give|equals|adds up to|would be]", "(tell me|work out|figure out|calculate|find out) (what|how much) {sum} (is|makes|comes to|gives|equals|would be|adds up to)", "what {sum} is",
     ],
   ],
   [

@@ -66,6 +66,8 @@ export const englishTimers: readonly Request[] = [
   [
     "remind",
     [
+      "(i have to|i have got to|i need to|i must|i should|i am supposed to|i have) {text} ({moment}|in {duration}) [so|and] (remind me|do not let me " +
+        "forget|give me a reminder|make sure i remember|set a reminder|remind me of it|remind me about it|remind me about that)",
       "<remind> in {duration} <about> {text}", "<remind> {moment} <about> {text}",
       "<remind> <about> {text} in {duration} [from now]", "<remind> <about> {text} {moment}",
       "in {duration} <remind> <about> {text}", "{moment} <remind> <about> {text}",

@@ -7,7 +7,7 @@ import { correctedFrom } from "./corrections.ts";
 import { duration } from "./durations.ts";
 import { moment, type Moment } from "./moments.ts";
 import { number, type Found } from "./numbers.ts";
-import { measure, sum, unit } from "./sums.ts";
+import { added, measure, sum, unit } from "./sums.ts";
 import { said, type Token } from "./tokens.ts";
 import { lemmaOf } from "./verbs.ts";
 
@@ -23,9 +23,9 @@ type Node =
   | { kind: "optional"; node: Node }
   | { kind: "slot"; type: SlotType; name: string };
 
-type SlotType = "duration" | "moment" | "day" | "past" | "number" | "sum" | "measure" | "unit" | "text" | "few" | "word";
+type SlotType = "duration" | "moment" | "day" | "past" | "number" | "numbers" | "sum" | "measure" | "unit" | "text" | "few" | "word";
 
-const slotTypes: readonly string[] = ["duration", "moment", "day", "past", "number", "sum", "measure", "unit", "text", "few", "word"];
+const slotTypes: readonly string[] = ["duration", "moment", "day", "past", "number", "numbers", "sum", "measure", "unit", "text", "few", "word"];
 /** A name is no longer than so many words. */
 const fewWords = 4;
 
@@ -173,6 +173,8 @@ function fillings(type: SlotType, at: number, { text, tokens, language, now }: S
       return last((place) => number(tokens, place, language));
     case "sum":
       return one(sum(tokens, at, language));
+    case "numbers":
+      return one(added(tokens, at, language));
     case "measure":
       return one(measure(tokens, at, language));
     case "unit":

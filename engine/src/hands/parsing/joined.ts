@@ -48,9 +48,15 @@ function joinedIn(sentence: string, start: number, language: Language, now: Date
     if (end === sentence.length) return verb ? [part] : undefined;
     const next = end + places.find(({ index }) => index === end)![0].length;
     const rest = joinedIn(sentence.slice(next), start + next, language, now, { ...meant, words: text.split(/\s+/).slice(0, longestVerb) });
-    if (rest) return [part, ...rest];
+    // "You are too loud, speak softly" asks for one thing.
+    if (rest) return repeats(meant, rest[0]!.meant) ? rest : [part, ...rest];
   }
   return undefined;
+}
+
+/** Said in two ways, a thing is asked for once: but two songs may be skipped, and two timers set. */
+function repeats(one: Meant, other: Meant): boolean {
+  return !/^(timer|media|note)$/.test(one.hand) && one.hand === other.hand && JSON.stringify(one.given) === JSON.stringify(other.given);
 }
 
 /** What it asks for with the verb of the request before it, of which it has to be another one. */
@@ -63,27 +69,29 @@ function elided(text: string, verb: Before, language: Language, now: Date): Mean
 }
 
 const several: Record<Language, RegExp> = {
-  en: /^(.*\b)(two|three|four|five|[2-5])\s+(timers)[\s,:]+(.+)$/iu,
-  pt: /^(.*\b)(dois|duas|três|tres|quatro|cinco|[2-5])\s+(timers|temporizadores)[\s,:]+(.+)$/iu,
+  en: /^(.*\b)(two|three|four|five|[2-5])\s+(?:(?:new|more|different)\s+)?(timers|alarms|reminders)\b([^,:]*?)[\s,:]+((?:(?:the first|one|for|at|of)\s)?.+)$/iu,
+  pt: /^(.*\b)(dois|duas|três|tres|quatro|cinco|[2-5])\s+(?:novos\s+)?(timers|temporizadores|alarmes|despertadores)\b([^,:]*?)[\s,:]+((?:(?:um|o primeiro|às|as|de|para|pra)\s)?.+)$/iu,
 };
 const counts = ["two dois duas 2", "three três tres 3", "four quatro 4", "five cinco 5"];
 /** What stands before each length or time, and is said for the timer itself. */
-const each = /^(?:(?:one|another|the other|um|outro|o outro|o)\s+)?(?:(?:of|for|at|de|para|pra|com)\s+)?/iu;
+const each = /^(?:(?:one|another|the other|the first|the second|um|outro|o outro|o)\s+)?(?:(?:of|for|at|de|das|para|pra|com)\s+)?/iu;
 
 /** "Three timers: 5, 10 and 15 minutes": as many as it says. */
 function timersIn(sentence: string, start: number, language: Language, now: Date): JoinedPart[] | undefined {
-  const [, verb = "", count = "", noun = "", rest = ""] = several[language].exec(sentence) ?? [];
+  const [, verb = "", count = "", noun = "", shared = "", rest = ""] = several[language].exec(sentence) ?? [];
   const wanted = counts.findIndex((words) => words.split(" ").includes(count.toLowerCase())) + 2;
   const items = rest.split(joints[language]).map((item) => item.replace(each, "").replace(/[.!?]+$/, "").trim());
   if (count === "" || items.length !== wanted) return undefined;
   // "Ten minutes and fifteen", "5, 10 and 15 minutes": the unit is said once.
   const unit = items.map((item) => /\s(\p{L}+)$/u.exec(item)?.[1]).findLast((word) => word !== undefined) ?? "";
   const one = noun.replace(/(?:(?<=r)es|s)$/iu, "");
+  const isTimer = /^t/i.test(noun);
+  const of = language === "pt" ? (isTimer ? "de" : "para") : isTimer ? "for" : "at";
   const parts = items.map((item): JoinedPart | undefined => {
-    const begin = `${verb}${language === "pt" ? `um ${one} de` : `a ${one} for`}`;
-    const ask = (length: string): Meant | undefined => understood(`${begin} ${length}`, language, now);
-    const meant = ask(item) ?? ask(`${item} ${unit}`);
-    return meant?.hand === "timer" && meant.given.name === undefined ? { text: sentence, start, meant } : undefined;
+    const begin = `${verb}${language === "pt" ? "um" : "a"} ${one} ${isTimer ? "" : shared}`.trim();
+    const ask = (what: string): Meant | undefined => understood(`${begin} ${of} ${what}`, language, now) ?? understood(`${begin} ${what}`, language, now);
+    const meant = ask(item) ?? ask(`${item} ${unit}`) ?? (language === "pt" ? ask(`as ${item}`) : undefined);
+    return meant?.hand === "timer" ? { text: sentence, start, meant } : undefined;
   });
   return parts.every((part) => part !== undefined) ? parts : undefined;
 }

@@ -70,8 +70,11 @@ export function listName(said: string): string | undefined {
   return words.some((word) => neverInNames.has(word) || neverInLists.has(word)) ? undefined : name;
 }
 
+/** So much is meant to be said yet: "add something to the list". */
+const unsaid = /^((some|a few|a couple of|one more|another|an|a|one) )?(thing|things|item|items|stuff|entry|entries)$|^((uma|umas|alguma|algumas|outra|mais uma|um|uns|mais um|outro) )?(coisa|coisas|item|itens|negocio|trem|troco)$/;
+
 export function isItem(said: string): boolean {
-  return !neverFirstItem.has(plainWords(said)[0] ?? "it");
+  return !unsaid.test(plainWords(said).join(" ")) && !neverFirstItem.has(plainWords(said)[0] ?? "it");
 }
 
 export function isApplicationName(said: string): boolean {

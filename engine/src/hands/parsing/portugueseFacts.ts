@@ -210,6 +210,9 @@ export const portugueseFacts: readonly Request[] = [
         "faz|quanto seria|quanto daria] {sum} [reais|dolares|euros|pessoas|coisas] [=] [da quanto|e quanto|sao quanto|e " +
         "igual a|e igual a quanto|quanto e|quanto da|fica quanto|da|igual a|quanto]",
       "quantos (da|sao|e) {sum}",
+      "(soma|some|somar|junta|adiciona|qual e a soma de|a soma de|o total de) {numbers:sum}", "quanto (da|e|sao|fica|dao) {numbers:sum} [somados|juntos|tudo junto]",
+      "(qual|me diz|me da|calcula|quero) [e|seria] [o] (resultado|valor|total) (de|da conta) {sum}", "{sum} (da|e|sao|fica|igual a|e igual a) (quanto|quantos)", "{sum} (quanto e|quanto da|quanto fica)",
+      "(me diz|me fala|calcula|descobre|quero saber) quanto (e|da|fica|sao) {sum}",
     ],
   ],
   [

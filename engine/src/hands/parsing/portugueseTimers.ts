@@ -71,6 +71,8 @@ export const portugueseTimers: readonly Request[] = [
   [
     "remind",
     [
+      "(tenho que|tenho de|preciso|devo|vou ter que|eu tenho que|eu preciso|tenho) {text} ({moment}|(em|daqui a|dentro de) {duration}) [entao|e] " +
+        "(me lembra|me lembre|me avisa|me avise|nao me deixa esquecer|me lembra disso|me cria um lembrete|cria um lembrete)",
       "<remind> (em|daqui a|dentro de|depois de|para daqui a) {duration} <about> {text}", "<remind> {moment} <about> {text}",
       "<remind> <about> {text} (em|daqui a|dentro de|depois de) {duration}", "<remind> <about> {text} {moment}",
       "(em|daqui a|dentro de|depois de) {duration} <remind> <about> {text}", "{moment} <remind> <about> {text}",

@@ -2,9 +2,11 @@
 
 import type { Language } from "../../base/language.ts";
 import { english } from "./english.ts";
+import { gistOf, prepareGist } from "./gist.ts";
 import { matched, phrase, type Phrase, type Sentence } from "./grammar.ts";
-import { meanings, verbatim, type MeaningName, type Meant, type Phrasing } from "./meanings.ts";
+import { keptIn, meanings, verbatim, type MeaningName, type Meant, type Phrasing } from "./meanings.ts";
 import { portuguese } from "./portuguese.ts";
+import { withoutRemarks } from "./remarks.ts";
 import { isFiller, isPause, tokensOf, withoutAsides, type Token } from "./tokens.ts";
 
 interface Compiled {
@@ -28,6 +30,7 @@ function compiledFor(language: Language): Compiled {
 /** Makes the first sentence as quick as the others. */
 export function prepare(language: Language): void {
   compiledFor(language);
+  prepareGist(language);
 }
 
 function compile({ parts, before, polite, after, requests }: Phrasing): Compiled {
@@ -47,7 +50,31 @@ export function understood(text: string, language: Language, now: Date): Meant |
   const found = asked(text, tokens, language, now);
   if (found) return found;
   const fewer = withoutAsides(tokens, language);
-  return fewer.length < tokens.length ? asked(text, fewer, language, now) : undefined;
+  const meant = (fewer.length < tokens.length ? asked(text, fewer, language, now) : undefined) ?? gist(text, fewer, language, now);
+  if (meant) return meant;
+  for (const rest of withoutRemarks(text, tokens, language)) {
+    const isBefore = rest.at(-1) === tokens.at(-1);
+    const bare = withoutAsides(rest, language);
+    const request = asked(text, bare, language, now) ?? gist(text, bare, language, now);
+    // What is to be written down may be told like a remark.
+    if (request && (isBefore || keptIn(request) === undefined)) return request;
+  }
+  return undefined;
+}
+
+/** What it asks for by its words, with the polite ones around it or without. */
+function gist(text: string, tokens: readonly Token[], language: Language, now: Date): Meant | undefined {
+  const { before, polite, after } = compiledFor(language);
+  const around = { text, language, now };
+  const starts = [...ends(tokens.toReversed(), before, around, true)].map((length) => tokens.length - length);
+  const stops = ends(tokens, [...polite, ...after], around);
+  for (const start of new Set([...starts, 0])) {
+    for (const stop of stops.toReversed()) {
+      const meant = start < stop ? gistOf({ ...around, tokens: tokens.slice(start, stop) }) : undefined;
+      if (meant) return meant;
+    }
+  }
+  return undefined;
 }
 
 function asked(text: string, tokens: readonly Token[], language: Language, now: Date): Meant | undefined {

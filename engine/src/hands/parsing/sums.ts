@@ -78,6 +78,20 @@ export function sum(tokens: readonly Token[], at: number, language: Language): F
   return whole?.isSum ? whole : undefined;
 }
 
+/** Numbers that are to be added: "19, 23 and 8". */
+export function added(tokens: readonly Token[], at: number, language: Language): Found<string> | undefined {
+  const numbers: string[] = [];
+  let next = at;
+  for (;;) {
+    const from = numbers.length > 0 && /^(and|plus|e|mais|com)$/.test(tokens[next]?.plain ?? "") ? next + 1 : next;
+    const found = number(tokens, from, language);
+    if (!found) break;
+    numbers.push(plainNumber(found.value));
+    next = found.next;
+  }
+  return numbers.length > 1 ? { value: numbers.join(" + "), next } : undefined;
+}
+
 /** A number with its unit. */
 export function measure(tokens: readonly Token[], at: number, language: Language): Found<string> | undefined {
   const isOne = language === "en" && /^(a|an)$/.test(tokens[at]?.plain ?? "");
@@ -150,7 +164,10 @@ function operand(tokens: readonly Token[], at: number, language: Language): Part
   if (shared) return shared;
   const found = number(tokens, isNegative ? at + 1 : at, language);
   if (!found) return undefined;
-  const value = isNegative ? `(-${plainNumber(found.value)})` : plainNumber(found.value);
+  const after = halfAfter(tokens, found.next, language);
+  const count = after > 0 ? found.value + 0.5 : found.value;
+  const value = isNegative ? `(-${plainNumber(count)})` : plainNumber(count);
+  if (after > 0) return { value, next: found.next + after, isSum: false };
   return percentOf(tokens, value, found.next, language) ?? { value, next: found.next, isSum: false };
 }
 

@@ -120,7 +120,7 @@ async function written(id: string, given: Record<string, unknown>, language: Lan
       return `${what} ${monthAndDay(at)} ${plain(`${given["about"] ?? ""}`)}${called}`.trim();
     }
     case "timers":
-      return `pending ${given["kind"]} ${called}`.trim();
+      return `pending ${given["kind"] ?? ""} ${called}`.replace(/ +/g, " ").trim();
     case "note":
       if (given["do"] === "note") return `note ${plain(String(given["text"]))}`;
       return `${given["do"]} ${plain(String(given["list"])) || usualList}: ${items(String(given["items"] ?? given["item"]))}`;

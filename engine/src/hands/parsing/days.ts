@@ -29,8 +29,8 @@ const ordinals = [
 ];
 
 const feasts: Record<Language, [string, number, number][]> = {
-  en: [["christmas eve", 12, 24], ["christmas day", 12, 25], ["christmas", 12, 25], ["new years eve", 12, 31], ["new year eve", 12, 31], ["new years day", 1, 1], ["new year day", 1, 1], ["new years", 1, 1], ["new year", 1, 1], ["the new year", 1, 1], ["halloween", 10, 31]],
-  pt: [["natal", 12, 25], ["ano novo", 1, 1], ["reveillon", 12, 31]],
+  en: [["christmas eve", 12, 24], ["christmas day", 12, 25], ["christmas", 12, 25], ["new years eve", 12, 31], ["new year eve", 12, 31], ["new years day", 1, 1], ["new year day", 1, 1], ["new years", 1, 1], ["new year", 1, 1], ["the new year", 1, 1], ["the end of the year", 12, 31], ["end of the year", 12, 31], ["end of year", 12, 31], ["the year is over", 12, 31], ["the year ends", 12, 31], ["halloween", 10, 31]],
+  pt: [["natal", 12, 25], ["ano novo", 1, 1], ["reveillon", 12, 31], ["fim do ano", 12, 31], ["fim de ano", 12, 31], ["final do ano", 12, 31], ["acabar o ano", 12, 31], ["o ano acabar", 12, 31]],
 };
 
 export function dayOf(date: Date): Day {

@@ -93,7 +93,7 @@ export const english: Phrasing = {
   ],
   after: [
     "for me", "(now|right now|right away|immediately|at once|quickly|asap|for us)", "if possible", "ok", "okay", "then", "mate",
-    "buddy", "again", "when you can", "real quick", "cheers", "(will|would) you please",
+    "buddy", "again", "when you can", "real quick", "quick", "instead", "cheers", "(will|would) you please",
     "(i am|we are) (on the phone|in a meeting|leaving|going out|trying to sleep|trying to work|on a call|busy|cooking|sleeping)",
     "i (can not|can hardly|can barely) (hear|hear it|hear you|hear this|hear anything|hear the music)",
     "(it is|this is|that is) [way|much|far|a bit|really] too (loud|quiet)", "(dear|darling|love|sweetie|honey)",

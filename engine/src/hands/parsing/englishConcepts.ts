@@ -4,10 +4,10 @@ import type { Lexicon } from "./concepts.ts";
 
 export const englishConcepts: Lexicon = {
   /** These change nothing. */
-  light: "the|my|our|this|that|these|those|a|an|one|please|now|right|right now|away|for|to|at|on|in|of|by|with|me|us|just|then|there|here|as well|too|again|yet|so|" +
+  light: "completely|entirely|altogether|instead|quick|the|my|our|this|that|these|those|a|an|one|please|now|right|right now|away|for|to|at|on|in|of|by|with|me|us|just|then|there|here|as well|too|again|yet|so|" +
     "kindly|quickly|maybe|perhaps|also|currently|at the moment|at present|for me|for us|go ahead and|today|exactly|actually|from|which|be|go|going|get",
   /** Nor do these in a question. */
-  asking: "is|are|do|does|i|we|have|got|has|it|there|any|some|what|which|how|much|many|when|tell|show|give|know|still|me|if|whether|will|" +
+  asking: "they|nice|great|good|lovely|beautiful|is|are|do|does|i|we|have|got|has|it|there|any|some|what|which|how|much|many|when|tell|show|give|know|still|me|if|whether|will|" +
     "am|been|like|look|looking|doing|my|see|hear|let|check|find out|got to|until|till|before|can i see|that|currently",
   ask: "what|which|how is|how are|am i|are we|do i have|do we have|have i got|have we got|have you got|do you have|is there|are there|any|when|tell me|let me know|give me|how long|" +
     "how much time|how many|what time|what have i got|got any|do i still have",
@@ -20,7 +20,7 @@ export const englishConcepts: Lexicon = {
   names: "for|called|named|labelled|labeled|on|of|has|does|with",
   timer: "timer|countdown|count down|egg timer|kitchen timer|timers|countdowns",
   timers: "timers|timer|countdowns",
-  alarm: "alarm|alarms|alarm clock|wake up call|alarm call",
+  alarm: "alarm|alarms|alarm clock|wake up call|alarm call|buzzer",
   alarms: "alarms|alarm",
   reminder: "reminder|reminders",
   reminders: "reminders|reminder",

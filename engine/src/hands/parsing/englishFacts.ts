@@ -208,6 +208,13 @@ export const englishFacts: readonly Request[] = [
     ],
   ],
   [
+    "percentage",
+    [
+      "[what is|what] (what|) (percent|percentage|per cent) of {number:b} is {number:a}", "{number:a} is (what|how many) (percent|percentage|per cent) of {number:b}",
+      "[what is|calculate|how much is] {number:a} as a percentage of {number:b}", "(how many|how much) (percent|per cent) of {number:b} is {number:a}",
+    ],
+  ],
+  [
     "calculate",
     [
       "[what is|what are|how much is|how much are|calculate|compute|work out|what does|solve|evaluate|figure out|what do " +
@@ -243,6 +250,7 @@ export const englishFacts: readonly Request[] = [
         "discuss|ask you|asked you|tell you|told you|mention|mentioned) [about] [<the>] {text} [before|already]",
       "(when|where) was the last time (we|i) (talked|spoke) about [<the>] {text}",
       "what have (we|i) (said|discussed|told you|asked you) about [<the>] {text}",
+      "(what|what all|did|have|when|where) [did|were|have|was] (we|i|you and i) [ever|last|just] (say|saying|said|talking|discussing|discussed|talk|telling you|mention|decide|decided|chat|chatting|speak|speaking) [you] [something|anything|much] (about|on|regarding|concerning) [<the>] {text}",
       "(what|anything) did i (mention|want to know) (about|on) [<the>] {text}",
       "(search|go through|look through) (our|my|the|past|old) [past|old|previous] (conversations|chats) (about|for) " +
         "[<the>] {text}",
@@ -266,6 +274,7 @@ export const englishFacts: readonly Request[] = [
       "forget (everything|all) [that] (we|i|i have|we have) [just] (said|talked about|discussed|told you) [in this " +
         "conversation|just now]",
       "forget (what|all that) (we|i|i have|we have) [just] (said|talked about|discussed|told you|asked|asked you|talked)",
+      "(forget|delete|erase|clear|wipe) (what|everything|all|all that) (we|i|we have|i have) [just] (said|talked about|discussed|told you|asked) (just now|today|now|earlier|so far|before)",
       "(delete|erase|wipe) (this|our|the) (conversation|chat) history",
       "do not (keep|remember|save|store) this (conversation|chat)", "forget that we (talked|spoke|had this conversation)",
       "forget that conversation", "forget this whole thing we talked about", "erase this from [your] memory",

@@ -110,13 +110,13 @@ export const englishTimers: readonly Request[] = [
       "<off> [<the>] timer (of|for|with) {duration}", "<off> [<the>] {few:name} timer",
       "<off> [<the>] timer (for|called|named|labelled) [<whose>] {few:name}",
       "(turn|switch|shut) [<the>] [{few:name}] timer off", "i do not need [<the>] [{few:name}] timer anymore",
-      "i do not need [<the>] [{few:name}] timer any more",
+      "i do not need [<the>] [{few:name}] timer any more", "[never mind|forget|forget about|about|as for] [<the>] [{few:name}] timer <off> it",
     ],
   ],
   [
     "cancelAlarm",
     [
-      "<off> [<the>] (alarm|alarm clock)", "[<the>] alarm off", "<off> [<the>] {moment} alarm", "<off> [<the>] {day} alarm",
+      "<off> [<the>] (alarm|alarm clock)", "[never mind|forget|forget about|about|as for] [<the>] alarm <off> it", "[<the>] alarm off", "<off> [<the>] {moment} alarm", "<off> [<the>] {day} alarm",
       "(turn|switch|shut) [<the>] {day} alarm off",
       "(turn|switch|shut) [<the>] alarm off (for|on) {day}",
       "<off> [<the>] alarm [for|at|set for|set at|of] {moment}", "<off> [<the>] alarm (for|on|of) {day}",

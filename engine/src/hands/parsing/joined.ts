@@ -16,12 +16,14 @@ export interface JoinedPart {
 /** The request that stands before, with the words that it begins with. */
 interface Before extends Meant {
   words: readonly string[];
+  text: string;
 }
 
 /** One with more of them is no request. */
 const mostJoints = 4;
 /** "Turn off" has two words, "set an alarm" three. */
 const longestVerb = 3;
+const another = /^(?:one|another(?: one)?|um|uma|outro|outra)\s+(?=(?:of|for|at|de|do|da|para|pra|pro|às|as)\s)/iu;
 const joints: Record<Language, RegExp> = {
   en: /,?\s+(?:and then|and also|and|then|plus)\s+|,\s+/giu,
   pt: /,?\s+(?:e depois|e também|e tambem|e então|e entao|e|depois|mais)\s+|,\s+/giu,
@@ -47,7 +49,7 @@ function joinedIn(sentence: string, start: number, language: Language, now: Date
     const part = { text, start, meant };
     if (end === sentence.length) return verb ? [part] : undefined;
     const next = end + places.find(({ index }) => index === end)![0].length;
-    const rest = joinedIn(sentence.slice(next), start + next, language, now, { ...meant, words: text.split(/\s+/).slice(0, longestVerb) });
+    const rest = joinedIn(sentence.slice(next), start + next, language, now, { ...meant, words: text.split(/\s+/).slice(0, longestVerb), text });
     // "You are too loud, speak softly" asks for one thing.
     if (rest) return repeats(meant, rest[0]!.meant) ? rest : [part, ...rest];
   }
@@ -61,8 +63,12 @@ function repeats(one: Meant, other: Meant): boolean {
 
 /** What it asks for with the verb of the request before it, of which it has to be another one. */
 function elided(text: string, verb: Before, language: Language, now: Date): Meant | undefined {
-  for (let count = 1; count <= verb.words.length; count++) {
-    const meant = understood(`${verb.words.slice(0, count).join(" ")} ${text}`, language, now);
+  // "Put a timer of ten minutes and one of half an hour": "one" is another timer.
+  const bare = text.replace(another, "");
+  const unit = /\b(seconds?|minutes?|hours?|segundos?|minutos?|horas?)\b/iu.exec(verb.text)?.[1];
+  const wholes = [text, ...(unit === undefined ? [] : [`${text} ${unit}`]), ...(bare === text ? [] : [bare])];
+  for (const [count, whole] of verb.words.flatMap((_, at) => wholes.map((each) => [at + 1, each] as const))) {
+    const meant = understood(`${verb.words.slice(0, count).join(" ")} ${whole}`, language, now);
     if (meant?.hand === verb.hand && meant.given.do === verb.given.do) return meant;
   }
   return undefined;
@@ -84,14 +90,20 @@ function timersIn(sentence: string, start: number, language: Language, now: Date
   if (count === "" || items.length !== wanted) return undefined;
   // "Ten minutes and fifteen", "5, 10 and 15 minutes": the unit is said once.
   const unit = items.map((item) => /\s(\p{L}+)$/u.exec(item)?.[1]).findLast((word) => word !== undefined) ?? "";
+  const lengthUnit = /\b(seconds|minutes|hours|segundos|minutos|horas)\b/iu.exec(rest)?.[1] ?? "";
   const one = noun.replace(/(?:(?<=r)es|s)$/iu, "");
   const isTimer = /^t/i.test(noun);
   const of = language === "pt" ? (isTimer ? "de" : "para") : isTimer ? "for" : "at";
   const parts = items.map((item): JoinedPart | undefined => {
     const begin = `${verb}${language === "pt" ? "um" : "a"} ${one} ${isTimer ? "" : shared}`.trim();
     const ask = (what: string): Meant | undefined => understood(`${begin} ${of} ${what}`, language, now) ?? understood(`${begin} ${what}`, language, now);
-    const meant = ask(item) ?? ask(`${item} ${unit}`) ?? (language === "pt" ? ask(`as ${item}`) : undefined);
+    const meant = ask(item) ?? ask(`${item} ${unit}`) ?? ask(withUnit(item, lengthUnit)) ?? (language === "pt" ? ask(`as ${item}`) : undefined);
     return meant?.hand === "timer" ? { text: sentence, start, meant } : undefined;
   });
   return parts.every((part) => part !== undefined) ? parts : undefined;
+}
+
+/** "Ten for the bread" among "five minutes for the coffee" is ten minutes. */
+function withUnit(item: string, unit: string): string {
+  return item.replace(/^(\S+)\s/u, `$1 ${unit} `);
 }

@@ -149,6 +149,7 @@ export const meanings = {
   tellTimers: tell("timer"),
   tellAlarms: tell("alarm"),
   tellReminders: tell("reminder"),
+  tellPending: tell(undefined),
   note: (slots) => {
     const said = wording(slots);
     // "Take a note of caution" is said of something else.
@@ -222,6 +223,11 @@ export const meanings = {
   subtract: operation("-"),
   multiply: operation("*"),
   divide: operation("/"),
+  /** What part of "b" is "a". */
+  percentage: (slots) => {
+    const [a, b] = [count(slots, "a"), count(slots, "b")];
+    return a === undefined || b === undefined ? undefined : { hand: "calculate", given: { expression: `${a} / ${b} * 100` } };
+  },
   convert: (slots) => {
     const from = text(slots, "measure");
     const to = text(slots, "unit");

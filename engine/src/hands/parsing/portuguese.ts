@@ -99,7 +99,7 @@ export const portuguese: Phrasing = {
       "da para) [voce] [por favor|por gentileza|me fazer o favor de]",
     "(ei|oi|ola|ok|ta bom|entao|bom|bem|agora|e|ah|hum|ai|opa|certo|beleza|legal|escuta|olha|vai|valeu|sim|faz favor|" +
       "tambem|rapidinho|rapido|bom dia|boa tarde|boa noite|alo|ne|tipo|viu|so|faz o seguinte|seguinte|por acaso|meu bem|" +
-      "querida|querido|amigo|amiga|cara|mano|oxe|uai|ue|perfeito|otimo|show|pronto|depois|dai)",
+      "querida|querido|amigo|amiga|cara|mano|oxe|uai|ue|perfeito|otimo|show|pronto|dai|minha filha|meu filho|meu amor|amor|gata|meu anjo|minha querida|meu querido|minha amiga|meu amigo)",
     "(esta|isso esta|voce esta|o som esta|o volume esta|a musica esta|ficou|estou achando) [muito|bem|tao|meio|um pouco] " +
       "(alto|alta|baixo|" +
       "baixa|barulhento) [demais]",

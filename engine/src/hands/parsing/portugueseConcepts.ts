@@ -4,10 +4,10 @@ import type { Lexicon } from "./concepts.ts";
 
 export const portugueseConcepts: Lexicon = {
   /** These change nothing. */
-  light: "o|a|os|as|um|uma|meu|minha|meus|minhas|nosso|nossa|esse|essa|este|esta|esses|essas|desse|dessa|deste|desta|nesse|nessa|neste|nesta|isso|de|do|da|dos|das|no|na|nos|nas|em|por|para|com|ao|" +
+  light: "totalmente|completamente|de vez|de uma vez|o|a|os|as|um|uma|meu|minha|meus|minhas|nosso|nossa|esse|essa|este|esta|esses|essas|desse|dessa|deste|desta|nesse|nessa|neste|nesta|isso|de|do|da|dos|das|no|na|nos|nas|em|por|para|com|ao|" +
     "a gente|por favor|agora|ja|me|para mim|aqui|ai|la|so|entao|tambem|de novo|novamente|outra vez|rapidinho|hoje|atual|favor|logo|agora mesmo|neste momento|no momento|mesmo|pelo|pela|hein",
   /** Nor do these in a question. */
-  asking: "e|esta|estao|tem|tenho|temos|ha|existe|existem|eu|voce|nos|algum|alguma|alguns|algumas|o que|que|qual|quais|quanto|quanta|quantos|quantas|quando|como|ainda|quero ver|quero ouvir|" +
+  asking: "bonita|linda|boa|legal|bacana|massa|bonito|e|esta|estao|tem|tenho|temos|ha|existe|existem|eu|voce|nos|algum|alguma|alguns|algumas|o que|que|qual|quais|quanto|quanta|quantos|quantas|quando|como|ainda|quero ver|quero ouvir|" +
     "ver|ouvir|saber|diz|fala|conta|mostra|sao|fica|ficou|vai|vou|estou|estamos|anda|e que|sera que|sabe|quero saber|ter|sera|ser|deixa eu ver|marcado|ate|para|ao todo|mais|alguma coisa",
   definition: "o que e um|o que e uma|para que serve|como faco|como eu faco|como se|como que eu",
   ask: "o que|que|qual|quais|quantos|quantas|quanto|quando|como esta|como anda|como vai|a que horas|que horas|para que horas|cade",

@@ -121,7 +121,7 @@ export const portugueseFacts: readonly Request[] = [
     "daysUntil",
     [
       "quantos dias (faltam|restam|tem|sao|ainda faltam|falta|ha|) [ainda] (para|ate) [o|a] {day}",
-      "quantas semanas (faltam|restam|tem|) (para|ate) [o|a] {day}", "quantos dias (para|ate) [o|a] {day}",
+      "quantas semanas (faltam|restam|tem|) (para|ate) [o|a] {day}", "[daqui] (ate|para) [o|a] {day} (sao|faltam|falta|tem|da|dao|ha) (quantos dias|quanto tempo|quanto)", "quantos dias (para|ate) [o|a] {day}",
       "(quanto tempo|quanto|quanto tempo ainda) (falta|resta|tem|faltam|ainda falta) (para|ate) [o|a] {day}",
       "(daqui a|em) quantos dias (e|sera|vai ser|cai) {day}",
       "(faltam|falta) (quantos dias|quanto|quanto tempo|muito) (para|ate) [o|a|chegar o|chegar] {day}",
@@ -144,7 +144,7 @@ export const portugueseFacts: readonly Request[] = [
     [
       "(que|qual|em que|em qual) (dia|dia da semana|data) (e|era|foi|sera|vai ser|cai|caiu|vai cair|e que e|esta) [o|a|no|em] {day}",
       "(que|qual) (dia da semana|dia|data) [e|sera] [o|a|no|em] {day} (e|foi|sera|cai|caiu|vai cair|vai ser)",
-      "{day} (e|cai|foi|sera|vai ser|vai cair) (que|em que|em qual|qual|num) (dia|dia da semana)",
+      "{day} (e|vai ser|sera|cai) [no] dia (quanto|quantos|qual)", "{day} (e|cai|foi|sera|vai ser|vai cair) (que|em que|em qual|qual|num) (dia|dia da semana)",
       "(em que|que|qual) dia (da semana|) (cai|sera|foi|vai cair) [o|a] {day}",
       "qual [e|sera|foi|vai ser] [a] data [de|da|do|em] {day}", "que data (e|sera|vai ser) {day}",
       "(em que|que|qual|em qual) (dia|data|dia da semana) [e que] (cai|vai cair|sera|vai ser|foi|caiu|e) [o|a|no|na] {day}",
@@ -202,9 +202,16 @@ export const portugueseFacts: readonly Request[] = [
     ],
   ],
   [
+    "percentage",
+    [
+      "(quantos por cento|quanto por cento|que porcentagem|qual porcentagem|que percentual|qual percentual) (de|do|da) {number:b} (e|sao|representa|da|corresponde a) {number:a}",
+      "{number:a} (e|sao|representa|corresponde a) (quantos por cento|quanto por cento|que porcentagem|qual porcentagem) (de|do|da) {number:b}",
+    ],
+  ],
+  [
     "calculate",
     [
-      "[quanto e|quanto sao|quanto da|quanto fica|quanto e que da|quanto e que e|calcula|calcule|calcular|qual e|qual|qual " +
+      "[quanto que e|quanto que da|quanto que fica|quanto que sao|quanto e|quanto sao|quanto da|quanto fica|quanto e que da|quanto e que e|calcula|calcule|calcular|qual e|qual|qual " +
         "o resultado de|qual e o resultado de|resultado de|resolve|resolva|faz a conta|faca a conta|faz a conta de|faca a " +
         "conta de|computa|some|soma|quantos sao|quanto vale|o resultado de|me da o resultado de|conta de|faz as contas de|" +
         "faz|quanto seria|quanto daria] {sum} [reais|dolares|euros|pessoas|coisas] [=] [da quanto|e quanto|sao quanto|e " +
@@ -254,7 +261,7 @@ export const portugueseFacts: readonly Request[] = [
         "conversou|a gente falou) sobre [o|a] {text}",
       "(ja falamos|ja conversamos|nos ja falamos|a gente ja falou) (sobre|de|do|da) [o|a] {text}",
       "qual foi [o assunto da|o assunto de|o tema da] [nossa] conversa [de] {past:day}",
-      "{past:day} (conversamos|falamos|a gente conversou) sobre o que",
+      "(conversamos|falamos|a gente conversou|a gente falou) (sobre o que|de que|o que|do que) [na|no|em|nessa|nesta] {past:day}", "{past:day} (conversamos|falamos|a gente conversou) sobre o que",
     ]),
   ],
   [

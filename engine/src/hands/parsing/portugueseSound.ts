@@ -129,7 +129,7 @@ export const portugueseSound: readonly Request[] = [
   [
     "next",
     [
-      "proxima", "(pula|pule|pular|avanca|avance)", "outra <music>",
+      "proxima", "(essa|esta|esse|este) nao [toca|poe|bota] [a] (proxima|outra)", "(pula|pule|pular|avanca|avance)", "outra <music>",
       "(vai|va|ir|passa|passe|pula|pule|avanca|avance|muda|mude) [la] (para|pra) [a|o] (proxima|proximo|seguinte|outra) " +
         "[<music>]",
       "(avanca|avance) [uma|1|essa|a] <music>", "(muda|mude|troca|troque) [de|a|essa|esta] (<music>|faixa)",

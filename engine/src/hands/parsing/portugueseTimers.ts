@@ -188,7 +188,8 @@ export const portugueseTimers: readonly Request[] = [
       "(ja|esta) (acabou|acabando|terminou|terminando|tocou) [o|meu] <timer> [(do|da|de|dos|das) {few:name}]",
       "(quantos minutos|quantos segundos|quanto tempo) (ainda|mais|ainda tem|ainda faltam) [faltam|falta|no <timer>|para " +
         "acabar]",
-      "quanto falta (no|na) {few:name}",
+      "quanto falta (no|na) {few:name}", "(falta|faltam) (muito|quanto|quantos minutos|quanto tempo) [tempo] [ainda] (para|no|na) [o|a|os|as] {few:name} [ficar pronto|acabar|terminar]",
+      "[e] (o|a|os|as) {few:name} (falta|faltam) (muito|quanto|quanto tempo|quantos minutos)", "quanto [tempo] [ainda] falta para (o|a) (fim|final|termino) (do|da|de|dos|das) {few:name}",
     ],
   ],
   [

@@ -7,7 +7,8 @@ import type { Token } from "./tokens.ts";
 /** How a remark begins: with who is in which state. What somebody says, asks or writes is none. */
 const begins: Record<Language, RegExp> = {
   en: new RegExp(
-    "^((and|so|but) )?((i|we) (am|are|have|will|need|want|would|can|do|could|did|just|already|really|think|no longer|must|was|ca|got|had|should|cannot|hate|love|like|only|bought|finished|never|forgot|keep|left|missed|barely|feel|changed|get|usually)|" +
+    "^((and|so|but) )?((i|we) (am|are|have|will|need|want|would|can|do|could|did|just|already|really|think|no longer|must|was|ca|got|had|should|cannot|hate|love|like|only|bought|finished|never|forgot|keep|left|missed|barely|feel|changed|get|usually|found|made|took|put|gave|saw|went|ended|decided|do|know|like|prefer|see|overslept)|" +
+      "\\S+ (is|are) (in|on|at|too|so|very|not|asleep|done|ready|over|here|out|coming|calling|packed|off|gone|away|about|really|back|getting)|you (talk|speak|sound|are)|" +
       "(it|this|that|there|you|they|he|she|everyone|everybody|someone|somebody|nobody|people) (is|are|has|have|will|needs|does|do|can|did|was|were|hurts|wants|sounds|gets|keeps|should|starts|takes)|" +
       "(the|my|our|his|her|all the|this|these|those) \\S+( \\S+){0,2} (is|are|has|have|will|needs|need|does|do|can|did|starts|takes|keeps|hurts|was|were|wants|want|ran|just)|" +
       "no (need|longer)|not (needed|necessary|now)|too (loud|quiet|noisy|low)|much (too|better))\\b",
@@ -21,10 +22,12 @@ const begins: Record<Language, RegExp> = {
 };
 /** What is told of, asked or thought may stand after it, and is not asked for. */
 const tells: Record<Language, RegExp> = {
-  en: /\b(say|says|said|tell|tells|told|ask|asks|asked|if|when|unless|until|whether|hear|heard|read|wrote|write|sing|song called|mean|means|remember|remembered|try|tried|going to|used to|supposed to|why|how|what|who|yesterday|wish|hope|dream|dreamed|learn|learned|reminder|remind|timer|alarm)\b/,
+  en: /\b(say|says|said|tell|tells|told|ask|asks|asked|if|when|unless|until|whether|hear|heard|read|wrote|write|sing|song called|mean|means|remember|remembered|try|tried|used to|supposed to|why|how|what|who|yesterday|wish|hope|dream|dreamed|learn|learned|reminder|remind|timer|alarm)\b/,
   pt: /\b(disse|diz|dizer|dizem|falou|fala|falei|pediu|pedi|perguntou|perguntei|se|quando|caso|ouvi|leu|li|escreveu|escrever|lembro|lembrei|tentei|tentar|porque|como|ontem|queria|sonhei|aprender|lembrete|lembra|timer|alarme)\b/,
 };
 const because: Record<Language, RegExp> = { en: /^(because|since|cause|cos|coz)$/, pt: /^(porque|pois|que|ja)$/ };
+/** After "que" a reason is told of somebody or something. */
+const reason = /^(o|a|os|as|meu|minha|meus|minhas|eu|a gente|aqui|ele|ela|ja|hoje|ainda|la) \S+ /;
 const between = /[,;:.!?–—-]/;
 const longest = 12;
 
@@ -38,7 +41,8 @@ export function withoutRemarks(text: string, tokens: readonly Token[], language:
     if (!isMarked && !isReason) continue;
     const rest = tokens.slice(at);
     const said = isReason ? [rest, rest.slice(1), rest[1]?.plain === "que" ? rest.slice(2) : rest] : [rest];
-    if (said.some((each) => isRemark(each, language))) ways.push(tokens.slice(0, at));
+    const isTold = language === "pt" && tokens[at]!.plain === "que" && isReasonOf(rest.slice(1));
+    if (isTold || said.some((each) => isRemark(each, language))) ways.push(tokens.slice(0, at));
   }
   return ways;
 }
@@ -46,6 +50,14 @@ export function withoutRemarks(text: string, tokens: readonly Token[], language:
 function isSo({ plain }: Token): boolean {
   return /^(so|then|entao|e|and)$/.test(plain);
 }
+
+function isReasonOf(tokens: readonly Token[]): boolean {
+  const said = `${tokens.map(({ plain }) => plain).join(" ")} `;
+  return tokens.length > 1 && tokens.length <= longest && reason.test(said) && !tells.pt.test(said) && !chose.test(said);
+}
+
+/** What follows says which of several is meant, and is no reason. */
+const chose = /\b(coloquei|botei|pus|marquei|fiz|criei|programei|deixei|tenho|liguei|toca|tocar|esta|estao|tocando|rodando|abri|salvei|anotei|acabei|fizemos|marcamos)\b/;
 
 function isRemark(tokens: readonly Token[], language: Language): boolean {
   if (tokens.length < 2 || tokens.length > longest) return false;

@@ -97,7 +97,7 @@ const questionWords: Record<Language, RegExp> = {
   en: /^(what|which|how|when|where|who|is|are|do|does|am|have|has|any)$/,
   pt: /^(o|que|quais|qual|quant[oa]s?|como|quando|onde|quem|do|tem|tenho|ha|esta)$/,
 };
-const adverbs: Record<Language, RegExp> = { en: /^(still|currently|actually|exactly)$/, pt: /^(ainda|atualmente|exatamente|mesmo|eu)$/ };
+const adverbs: Record<Language, RegExp> = { en: /^(still|currently|actually|exactly|already)$/, pt: /^(ainda|ja|atualmente|exatamente|mesmo|eu)$/ };
 
 /**
  * Leaves out what changes nothing: "for me" near the beginning of "open for me the calculator", in a question such words as "still", and

@@ -33,7 +33,7 @@ export const englishConcepts: Lexicon = {
   goes: "go off|goes off|going off|ring|rings|end|ends|finish|finishes|be up|be done|done|over|run out|up",
   off: "cancel|stop|delete|remove|clear|kill|end|dismiss|disable|turn off|switch off|shut off|off|get rid of|scrap|drop|abort|silence|erase|ditch|call off|unset|" +
     "deactivate|forget about|forget|never mind|scratch|bin|axe|nix|shut down|shut up|lose|no more|do away with|discard|bin off|take off",
-  set: "set|start|create|make|begin|add|run|put|put on|set up|setup|give|need|want|launch|schedule|program|do|kick off|fire up|have|get|new|arrange|organise|organize|" +
+  set: "i would like|i want|i need|i could use|we need|i would love|set|start|create|make|begin|add|run|put|put on|set up|setup|give|need|want|launch|schedule|program|do|kick off|fire up|have|get|new|arrange|organise|organize|" +
     "another|would like|could use|book|throw on|stick on|pop on|stick|pop|whack|whack on|throw|chuck|chuck on|set going|sort out|sort me out with",
   alerts: "tell me|alert me|notify me|ping me|warn me|buzz me|beep|beep me|ring|ring me|let me know|give me a shout|give me a heads up|give me a ping|shout|shout at me|" +
     "give me a nudge|give me a buzz|give me a beep|give me a call|call me|give me a yell|time|count|count down|clock|signal|signal me|time me|to ring|to go off|that goes off|that rings|sound|" +
@@ -43,7 +43,7 @@ export const englishConcepts: Lexicon = {
   early: "early|bright and early|nice and early|sharp",
   so: "so|and|then|that",
   snooze: "snooze|snooze button|hit snooze|press snooze|hit the snooze button|remind me again|wake me again|ring again|put the alarm off|push the alarm back|delay the alarm|postpone the alarm",
-  sleep: "let me sleep|let me lie in|let me doze|sleep|let me stay in bed|let me rest|leave me",
+  sleep: "let me sleep|let me lie in|let me doze|let me stay in bed|let me rest|leave me",
   more: "more|longer|extra|additional|another|a bit|a little|a bit more|a little more|a while|a bit longer|a little longer",
   sound: "sound|sounds|audio|volume|speakers|speaker|the sound|system sound|noise",
   volume: "volume|sound level|volume level|system volume|audio level|loudness|master volume",
@@ -58,7 +58,7 @@ export const englishConcepts: Lexicon = {
   out: "out of|off",
   on: "on|turn on|switch on|back on|put on|enable|reenable|re enable|restore|on again",
   back: "back|back on|again|return|bring back|give back|give me back|restore|let me hear",
-  change: "put|set|make|bring|adjust|change|move|push|get|have|take|go|switch|want|need|could use|give|would like|let us have|play|use|run|a setting of|sit|sits",
+  change: "i would like|i want|i need|i could use|we need|i would love|put|set|make|bring|adjust|change|move|push|get|have|take|go|switch|want|need|could use|give|would like|let us have|play|use|run|a setting of|sit|sits",
   turn: "turn|crank|pump|bump|jack|whack|nudge|dial|knock|notch|ramp|tone",
   bit: "a bit|a little|a little bit|a tad|a touch|slightly|a notch|some|a lot|a smidge|a fraction|a good bit|quite a bit|a bit more|a little more|somewhat|much|way|a hair|a few notches|" +
     "just a bit|just a little|a wee bit|a tiny bit|more|a couple of notches|a step|a good deal|considerably|significantly|one notch|two notches|even|a whole lot",
@@ -88,7 +88,7 @@ export const englishConcepts: Lexicon = {
   lock: "lock|lock up|lock down|locked|secure|keep locked|put a lock on",
   screen: "screen|display|desktop|session|monitor|workstation",
   shot: "screenshot|screen shot|screengrab|screen grab|screen capture|print screen|screencap|screen cap|snapshot of the screen|screen snap|screenshots",
-  take: "take|make|grab|capture|do|snap|save|shoot|create|get|give me|would like|want|need|i want|i need|have|could use",
+  take: "i would like|i want|i need|i could use|we need|i would love|take|make|grab|capture|do|snap|save|shoot|create|get|give me|would like|want|need|i want|i need|have|could use",
   picture: "picture|photo|image|snapshot|snap|shot|capture|grab|copy|pic",
   whole: "whole|entire|full|everything on|all of|what is on|what i see|page|window|of everything|what i am seeing|current",
   howlong: "how long|how much time|how much longer|how many minutes|how many more minutes|how many seconds|much longer|much time|how many hours|how much more time|how much",

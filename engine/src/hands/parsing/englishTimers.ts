@@ -45,7 +45,7 @@ export const englishTimers: readonly Request[] = [
       "make sure i (wake up|get up|am up|am awake) {moment}", "(make sure to|do not forget to) wake me [up] {moment}",
       "wake us [up] {moment}", "(wake|get) me [up] [early|nice and early] {moment}", "{moment} (wake|get) (me|us) [up]",
       "(do not let|never let) me (sleep past|oversleep past|sleep in past) {moment}",
-      "i (have|need|must|have got|got) [to] (get up|wake up|be up|be awake) {moment} [so] (wake me|wake me up)",
+      "i (have|need|must|have got|got) [to] (get up|wake up|be up|be awake) {moment} [so] (wake me|wake me up|wake us|wake us up|<set> [<a>] alarm)",
     ],
   ],
   [
@@ -165,6 +165,8 @@ export const englishTimers: readonly Request[] = [
         "left|still have|still got) [<left>] [to run]",
       "how (long|much longer|much time) is [still] <left> (on|for|in) {few:name}",
       "how (long|much time) does [<the>] [{few:name}] (timer|countdown) [still] have <left>",
+      "how (long|much longer|much time) (until|till|before) <the> {few:name} (is|are) (over|done|ready|finished|up|cooked)",
+      "how (long|much longer|much time) (has|have) <the> {few:name} [still] (got|left) [left|to go|still]", "how (long|much longer|much time) (does|do|will) <the> {few:name} [still] (need|have) [left|to go|still]",
       "(what is|what has) [<the>] time <left> [on [<the>] [{few:name}] timer]", "time <left> [on [<the>] [{few:name}] timer]",
       "how is [<the>] [{few:name}] (timer|countdown) [doing|going|looking|coming along]",
       "what is [<the>] status of [<the>] [{few:name}] (timer|timers)", "[<the>] [{few:name}] timer status",

@@ -45,12 +45,19 @@ export function gistOf(sentence: Sentence): Meant | undefined {
     const pieces = piecesOf(sentence, isMeasure);
     for (const rule of rules) {
       if ((rule.needs.includes("measure")) !== isMeasure) continue;
+      if (!rule.isAsked && isToldOf(pieces, sentence)) continue;
       const slots = slotsFor(rule, pieces, sentence);
       const meant = slots && meanings[rule.meaning](slots, sentence.now);
       if (meant) return meant;
     }
   }
   return undefined;
+}
+
+/** "O meu alarme toca às sete" tells of it: the verb stands after what it is said of, as nobody asks. */
+function isToldOf(pieces: readonly Piece[], { tokens, language }: Sentence): boolean {
+  if (language !== "pt" || !/^(o|a|os|as|meu|minha|meus|minhas|esse|essa|este|nosso|nossa)$/.test(tokens[0]!.plain)) return false;
+  return pieces.some(({ from }) => from > 0 && tokens[from]!.lemma !== tokens[from]!.plain);
 }
 
 /** `isMeasure`: numbers are read with their units. */

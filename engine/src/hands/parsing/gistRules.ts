@@ -73,7 +73,7 @@ export const rules: readonly Rule[] = [
   telling("tellTimers", ["ask|list", "timer"], ["running", "left", "howlong", "all", "pending", "goes"], named("timer")),
   telling("tellAlarms", ["ask|list", "alarm"], ["running", "set", "next", "moment", "day", "howlong", "left", "all", "pending", "goes", "wake"]),
   telling("tellReminders", ["ask|list", "reminder"], ["running", "next", "day", "moment", "left", "all", "pending"]),
-  telling("tellPending", ["ask|list", "pending"], ["all"]),
+  telling("tellPending", ["ask|list|which", "pending"], ["all", "running", "which"]),
   telling("readNotes", ["list|ask", "notes"], ["all", "last", "noted"]),
   telling("tellVolume", ["ask|list", "volume"], ["loud", "running"]),
   telling("tellPlaying", ["which", "song"], ["playing", "sings", "author", "called"]),

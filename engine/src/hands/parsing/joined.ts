@@ -43,7 +43,7 @@ function joinedIn(sentence: string, start: number, language: Language, now: Date
   if (places.length > mostJoints) return undefined;
   for (const end of [...places.map(({ index }) => index), sentence.length]) {
     const text = sentence.slice(0, end);
-    const meant = understood(text, language, now) ?? (verb && elided(text, verb, language, now));
+    const meant = understood(text, language, now) ?? (verb && (elided(text, verb, language, now) ?? anotherOf(text, verb, language, now)));
     // What is written down would go on.
     if (!meant || (keptIn(meant) !== undefined && end < sentence.length)) continue;
     const part = { text, start, meant };
@@ -72,6 +72,16 @@ function elided(text: string, verb: Before, language: Language, now: Date): Mean
     if (meant?.hand === verb.hand && meant.given.do === verb.given.do) return meant;
   }
   return undefined;
+}
+
+const nouns: Record<Language, Record<string, string>> = { en: { timer: "timer", alarm: "alarm", reminder: "reminder" }, pt: { timer: "timer", alarm: "alarme", reminder: "lembrete" } };
+const anew: Record<Language, RegExp> = { en: /\b(another|a new)(?: one)?(?=\s)/iu, pt: /\b(outr[oa]|um novo|uma nova)(?=\s)/iu };
+
+/** "Cancel my alarm and set another one for eight": another alarm. */
+function anotherOf(text: string, before: Before, language: Language, now: Date): Meant | undefined {
+  const noun = nouns[language][`${before.given.kind ?? before.given.do}`];
+  if (before.hand !== "timer" || noun === undefined || !anew[language].test(text)) return undefined;
+  return understood(text.replace(anew[language], `$1 ${noun}`), language, now);
 }
 
 const several: Record<Language, RegExp> = {

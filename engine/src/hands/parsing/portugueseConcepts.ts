@@ -4,7 +4,7 @@ import type { Lexicon } from "./concepts.ts";
 
 export const portugueseConcepts: Lexicon = {
   /** These change nothing. */
-  light: "totalmente|completamente|de vez|de uma vez|o|a|os|as|um|uma|meu|minha|meus|minhas|nosso|nossa|esse|essa|este|esta|esses|essas|desse|dessa|deste|desta|nesse|nessa|neste|nesta|isso|de|do|da|dos|das|no|na|nos|nas|em|por|para|com|ao|" +
+  light: "totalmente|completamente|de vez|de uma vez|o|a|os|as|um|uma|meu|minha|meus|minhas|nosso|nossa|esse|essa|este|esses|essas|desse|dessa|deste|desta|nesse|nessa|neste|nesta|isso|de|do|da|dos|das|no|na|nos|nas|em|por|para|com|ao|" +
     "a gente|por favor|agora|ja|me|para mim|aqui|ai|la|so|entao|tambem|de novo|novamente|outra vez|rapidinho|hoje|atual|favor|logo|agora mesmo|neste momento|no momento|mesmo|pelo|pela|hein",
   /** Nor do these in a question. */
   asking: "bonita|linda|boa|legal|bacana|massa|bonito|e|esta|estao|tem|tenho|temos|ha|existe|existem|eu|voce|nos|algum|alguma|alguns|algumas|o que|que|qual|quais|quanto|quanta|quantos|quantas|quando|como|ainda|quero ver|quero ouvir|" +
@@ -27,7 +27,7 @@ export const portugueseConcepts: Lexicon = {
   running: "ativo|ativos|rodando|correndo|ligado|ligados|marcado|marcados|programado|programados|em andamento|funcionando|contando|que esta rodando|que estao rodando|que esta ligado|que estao ligados|" +
     "que esta correndo|que estao correndo|que eu marquei|que marquei|que eu coloquei|que coloquei|que eu tenho|que tenho|que eu pus|que eu botei|que esta ativo|que estao ativos|que eu criei|que esta marcado|que estao marcados|que tiver|que houver|" +
     "que pedi|que eu pedi|que programei|que esta contando|que existe|que existem|que tem|agendado|agendados|pendente|pendentes|no ar|em curso|aberto|abertos|eu tenho|configurado|configurados",
-  pending: "pendente|pendentes|agendado|agendados|programado|programados|proximos|por vir|vindo|a caminho|marcado|marcados|para hoje|para amanha",
+  pending: "esta pendente|que esta pendente|pendentes|agendado|agendados|programado|programados|proximos|por vir|vindo|a caminho|marcado|marcados|para hoje|para amanha",
   goes: "toca|vai tocar|acaba|vai acabar|termina|vai terminar|tocar|acabar|terminar|acabou|terminou|apita|desperta|vai despertar|disparar|dispara|vai disparar|acabando|terminando",
   off: "cancela|apaga|remove|exclui|deleta|desliga|desativa|tira|encerra|interrompe|elimina|silencia|esquece|anula|desmarca|limpa|descarta|termina|mata|derruba|zera|corta|acaba com|para|pare|parar|para com|" +
     "pode parar|da fim|da um fim|joga fora|dispensa|nao quero mais|nao preciso mais|nao precisa mais|some com|para de tocar|dispense|suspende|suspenda|mate|corte|desarma|desarme|cala|larga|retira|remova",
@@ -41,7 +41,7 @@ export const portugueseConcepts: Lexicon = {
     "que me desperte|para me despertar|que me acorda|estar de pe|ficar de pe|estar acordado|estar acordada|me levantar|me poe de pe|me bota de pe|me tira do sono|me faz acordar|me ajuda a acordar|pular da cama|sair da cama",
   early: "cedo|cedinho|bem cedo|em ponto|sem falta",
   snooze: "soneca|sonequinha|adia|adiar|me acorda de novo|toca de novo|posterga|prorroga|empurra o alarme|atrasa o alarme|funcao soneca|modo soneca|botao de soneca|botao soneca|botao da soneca",
-  sleep: "deixa eu dormir|me deixa dormir|dormir|cochilar|me deixa|deixa eu|ficar na cama|descansar|deixa eu ficar na cama|me deixa ficar na cama|me deixa cochilar|deixa eu cochilar",
+  sleep: "deixa eu dormir|me deixa dormir|deixa eu ficar na cama|me deixa ficar na cama|me deixa cochilar|deixa eu cochilar",
   more: "mais|mais um pouco|mais um pouquinho|mais um tempo|mais um tempinho|um pouco mais|um pouquinho mais|outros|outras|um pouco|so mais|a mais|ativa|aperta|poe|bota|coloca|da|faz|aciona",
   sound: "som|audio|volume|alto falante|alto falantes|caixa de som|caixas de som|caixinha|som do computador|som do pc|barulho|caixas|som do sistema|sons",
   volume: "volume|volume do som|volume do sistema|nivel do volume|nivel do som|volume do computador|altura do som|altura do volume",
@@ -76,8 +76,8 @@ export const portugueseConcepts: Lexicon = {
   next: "proxima|proximo|seguinte|outra|outro|diferente|da frente|adiante|que vem",
   skip: "pula|avanca|pula essa|pula isso|avanca essa|pular essa|passa essa|troca essa|pular",
   previous: "anterior|passada|passado|de antes|ultima|que passou|para tras|que tocou antes|volta|retrocede|retroceda|retroceder|de tras|que acabou de tocar|que estava tocando antes|que estava antes",
-  song: "musica|faixa|cancao|video|episodio|musicas|hit|album|disco|faixas",
-  music: "musica|faixa|cancao|video|player|reproducao|filme|podcast|audio|tocador|playlist|album|midia|serie|musicas|radio|musiquinha|som|cancoes|sonzinho|trilha|show|sonzeira",
+  song: "esta musica|esta faixa|esta cancao|musica|faixa|cancao|video|episodio|musicas|hit|album|disco|faixas",
+  music: "esta musica|esta faixa|esta cancao|musica|faixa|cancao|video|player|reproducao|filme|podcast|audio|tocador|playlist|album|midia|serie|musicas|radio|musiquinha|som|cancoes|sonzinho|trilha|show|sonzeira",
   pause: "pausa|para|pare|parar|interrompe|segura|desliga|congela|suspende|trava|corta|para de tocar|pare de tocar|da pausa|da um pause|da uma pausa|da um stop|em pausa|na pausa|para com|pare com|da um tempo|freia|cala|pausada|" +
     "em pausa|poe em pausa|coloca em pausa|bota em pausa|deixa em pausa|deixar em pausa|estanca|da pause",
   pausing: "pausa|pausar|da pausa|da um pause|da uma pausa|aperta o pause|poe em pausa|coloca em pausa|bota em pausa|deixa em pausa|da pause|para de tocar",
@@ -87,7 +87,7 @@ export const portugueseConcepts: Lexicon = {
   again: "de novo|novamente|outra vez|de onde parou|de onde parei|de onde paramos|onde parou|onde parei|onde paramos|mais uma vez",
   some: "alguma|um|uma|algumas|umas|qualquer",
   lock: "bloqueia|tranca|trava|bloqueado|bloqueada|trancado|trancada|protege|fecha com senha|bloqueio|travado|travada|proteja|proteger|travamento",
-  screen: "tela|sessao|area de trabalho|monitor|ecra|telinha|pagina|janela",
+  screen: "esta tela|esta janela|esta pagina|tela|sessao|area de trabalho|monitor|ecra|telinha|pagina|janela",
   shot: "print|screenshot|captura de tela|captura da tela|print da tela|print screen|printscreen|foto da tela|imagem da tela|print de tela|printa|prints|fotografia da tela|screen shot|copia da tela|captura|instantaneo da tela|retrato da tela|" +
     "tirada de tela|printzinho",
   take: "tira|faz|captura|bate|pega|da|salva|registra|fotografa|quero|preciso|queria|gostaria|me arruma|me ve|guarda|faca|clica",
@@ -101,8 +101,8 @@ export const portugueseConcepts: Lexicon = {
   sings: "canta|cantando|cantor|cantora|banda|artista|interprete|que canta|quem canta",
   author: "e essa|essa|e esse|e|esta|compositor|fez|gravou|compos|escreveu|ta|autor",
   called: "nome|chama|titulo|se chama|chamada",
-  quantity: "quanto|quanta|nivel|porcentagem|percentual|carga|estado|status|quantos|acabando|no fim|baixa|fraca|cheia|por cento|uso|muito|muita|bastante|suficiente|dura|aguenta|descarregando|vazia|duracao|consumo|quantidade|boa|" +
-    "bem|morrendo|vai durar|durar|aguentar|como esta|como anda|como vai|a quantas anda|quantos por cento|quantos gigas|gigas|gb|para quanto|pouca|pouco|tamanho|total|capacidade|em quanto|acabou|vai acabar|acaba",
+  quantity: "quanto|quanta|nivel|porcentagem|percentual|carga|estado|status|quantos|acabando|no fim|baixa|fraca|cheia|por cento|uso|muito|muita|bastante|suficiente|dura|aguenta|descarregando|vazia|duracao|consumo|quantidade|" +
+    "morrendo|vai durar|durar|aguentar|como esta|como anda|como vai|a quantas anda|quantos por cento|quantos gigas|gigas|gb|para quanto|pouca|pouco|tamanho|total|capacidade|em quanto|acabou|vai acabar|acaba",
   battery: "bateria|carga da bateria|nivel da bateria|nivel de bateria|carga|baterias|pilha",
   charging: "carregando|na tomada|plugado|plugada|ligado na tomada|conectado na tomada|carregado|carregada|na energia|no carregador|no cabo|na bateria|usando a bateria|precisando carregar|precisa carregar|precisa de carga|precisa ser carregado|" +
     "ligado na energia|pela bateria",

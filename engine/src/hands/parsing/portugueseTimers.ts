@@ -45,7 +45,8 @@ export const portugueseTimers: readonly Request[] = [
       "{moment} (me acorda|me acorde|me desperta|me chama|me levanta|me acordar)",
       "(me levanta|me levante|me tira da cama|me acorda ai|acorda a gente|nos acorda|nos acorde|me da um bom dia) {moment}",
       "{moment} (eu|) (preciso|tenho que|quero|vou) (acordar|levantar|estar de pe)",
-      "(preciso|tenho que|quero) (acordar|levantar) {moment} [entao] (me acorda|me acorde|me chama)",
+      "(preciso|tenho que|quero|tenho de|vou ter que) (acordar|levantar|estar de pe|estar acordado|estar acordada|sair da cama|me levantar) {moment} [entao|e] (me acorda|me acorde|me chama|me desperta|" +
+        "<set> [<a>] <alarm>)",
       "(me acorda|me acorde|me desperta|me acordar) (em|daqui a|depois de|dentro de) {duration}",
       "(daqui a|em) {duration} (me acorda|me acorde)",
       "(preciso|eu preciso|tenho que|eu tenho que|quero|eu quero|tenho de|vou|devo|gostaria de) (acordar|levantar|estar de " +

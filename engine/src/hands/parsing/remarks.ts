@@ -22,7 +22,7 @@ const begins: Record<Language, RegExp> = {
 };
 /** What is told of, asked or thought may stand after it, and is not asked for. */
 const tells: Record<Language, RegExp> = {
-  en: /\b(say|says|said|tell|tells|told|ask|asks|asked|if|when|unless|until|whether|hear|heard|read|wrote|write|sing|song called|mean|means|remember|remembered|try|tried|used to|supposed to|why|how|what|who|yesterday|wish|hope|dream|dreamed|learn|learned|reminder|remind|timer|alarm)\b/,
+  en: /\b(say|says|said|tell|tells|told|ask|asks|asked|if|when|unless|until|whether|hear that|heard|read|wrote|write|sing|song called|mean|means|remember|remembered|try|tried|used to|supposed to|why|how|what|who|yesterday|wish|hope|dream|dreamed|learn|learned|reminder|remind|timer|alarm)\b/,
   pt: /\b(disse|diz|dizer|dizem|falou|fala|falei|pediu|pedi|perguntou|perguntei|se|quando|caso|ouvi|leu|li|escreveu|escrever|lembro|lembrei|tentei|tentar|porque|como|ontem|queria|sonhei|aprender|lembrete|lembra|timer|alarme)\b/,
 };
 const because: Record<Language, RegExp> = { en: /^(because|since|cause|cos|coz)$/, pt: /^(porque|pois|que|ja)$/ };

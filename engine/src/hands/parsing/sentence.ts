@@ -7,7 +7,7 @@ import { matched, phrase, type Phrase, type Sentence } from "./grammar.ts";
 import { keptIn, meanings, verbatim, type MeaningName, type Meant, type Phrasing } from "./meanings.ts";
 import { portuguese } from "./portuguese.ts";
 import { withoutRemarks } from "./remarks.ts";
-import { isFiller, isPause, tokensOf, withoutAsides, type Token } from "./tokens.ts";
+import { isFiller, isPause, said, tokensOf, withoutAsides, type Token } from "./tokens.ts";
 
 interface Compiled {
   before: Phrase[];
@@ -107,6 +107,17 @@ export function isThanks(text: string, language: Language, now: Date): boolean {
 export function isPolite(text: string, language: Language, now: Date): boolean {
   const { before, polite, after } = compiledFor(language);
   return isMade(text, [...before, ...polite, ...after], language, now);
+}
+
+/** The sentence without what is polite before it or around it; none where nothing is. */
+export function withoutManners(text: string, language: Language, now: Date): string[] {
+  const { before, polite, after } = compiledFor(language);
+  const tokens = wordsOf(text, language);
+  if (tokens.length > mostTokens) return [];
+  const around = { text, language, now };
+  const stops = [...ends(tokens, [...polite, ...after], around)].reverse();
+  const starts = ends(tokens.toReversed(), before, around, true).map((length) => tokens.length - length);
+  return starts.flatMap((start) => stops.filter((stop) => start < stop && stop - start < tokens.length).map((stop) => said(text, tokens, start, stop)));
 }
 
 function isMade(text: string, of: readonly Phrase[], language: Language, now: Date): boolean {

@@ -57,7 +57,7 @@ export function tokensOf(text: string, language: Language): Token[] {
 /** English endings after a mark, and the words that they are short for. */
 const endings: readonly [RegExp, string][] = [[/^(.+)['’]re$/i, "are"], [/^(.+)['’]ll$/i, "will"], [/^(.+)['’]ve$/i, "have"], [/^(.+)['’]d$/i, "would"], [/^(.+)n['’]t$/i, "not"]];
 /** Before these "'s" is "is", whatever it stands after: "the music's too loud". */
-const saysIs = /^\s+(too|so|very|really|way|not|still|getting|asleep|sleeping|awake|ready|done|playing|running|over|coming|due|here|home|calling|ringing)\b/i;
+const saysIs = /^\s+(too|so|very|really|way|not|still|getting|asleep|sleeping|awake|ready|done|playing|running|over|coming|due|here|home|calling|ringing|(?:in|on|at) (?:the|my))\b/i;
 
 function plainOf(word: string, rest: string, language: Language): string[] {
   if (/^[ap]\.\s?m\.?$/i.test(word)) return [word.replace(/[^a-z]/gi, "").toLowerCase()];
@@ -84,7 +84,7 @@ export function isPause({ plain }: Token): boolean {
   return /^[.,;:!?…–—-]$/.test(plain);
 }
 
-const fillers: Record<Language, RegExp> = { en: /^(uh+|u[hm]m*|er+m?|hm+|ah+|eh|mm+)$/, pt: /^(ah+|eh+|ahn|hm+|hum+|uh+|ai|ne)$/ };
+const fillers: Record<Language, RegExp> = { en: /^(uh+|u[hm]m*|er+m?|hm+|ah+|eh|mm+)$/, pt: /^(ah+|eh+|ahn|hm+|hum+|uh+|ai|ne|hein|hem)$/ };
 
 /** A sound or a word that somebody makes while thinking. */
 export function isFiller({ plain }: Token, language: Language): boolean {

@@ -57,7 +57,8 @@ export const englishSound: readonly Request[] = [
     [
       "unmute", "unmute [<the>] (<volume>|system|computer)",
       "(turn|switch) (on|back on) [<the>] (sound|volume|audio|speakers|speaker)",
-      "(turn|switch|put|bring) [<the>] (sound|volume|audio|speakers|speaker) [back] on", "(put|bring) [<the>] (sound|volume|audio) back [on]",
+      "(turn|switch|put|bring) [<the>] (sound|volume|audio|speakers|speaker) [back] on",
+      "(put|bring) [<the>] (sound|volume|audio) back [on]",
       "(turn|switch|bring) <the> (sound|audio|volume|noise) back", "(take|get) (it|the sound|the computer) off mute",
       "unmute (it|that|everything|this)", "stop muting", "(turn|switch) off mute", "mute off",
       "(give me|i want|let me hear) [back] [<the>] sound [back|again]", "sound on", "volume on", "bring [<the>] sound back",

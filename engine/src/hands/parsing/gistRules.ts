@@ -15,7 +15,9 @@ export interface Rule {
   isAsked?: boolean;
 }
 
-const doing = (meaning: MeaningName, needs: readonly string[], may: readonly string[] = [], more: Partial<Rule> = {}): Rule => ({ meaning, needs, may, ...more });
+const doing = (meaning: MeaningName, needs: readonly string[], may: readonly string[] = [], more: Partial<Rule> = {}): Rule => ({
+  meaning, needs, may, ...more,
+});
 const telling = (meaning: MeaningName, needs: readonly string[], may: readonly string[] = [], more: Partial<Rule> = {}): Rule => ({
   meaning, needs, may, isAsked: true, ...more,
 });

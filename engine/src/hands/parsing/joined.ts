@@ -74,7 +74,10 @@ function elided(text: string, verb: Before, language: Language, now: Date): Mean
   return undefined;
 }
 
-const nouns: Record<Language, Record<string, string>> = { en: { timer: "timer", alarm: "alarm", reminder: "reminder" }, pt: { timer: "timer", alarm: "alarme", reminder: "lembrete" } };
+const nouns: Record<Language, Record<string, string>> = {
+  en: { timer: "timer", alarm: "alarm", reminder: "reminder" },
+  pt: { timer: "timer", alarm: "alarme", reminder: "lembrete" },
+};
 const anew: Record<Language, RegExp> = { en: /\b(another|a new)(?: one)?(?=\s)/iu, pt: /\b(outr[oa]|um novo|uma nova)(?=\s)/iu };
 
 /** "Cancel my alarm and set another one for eight": another alarm. */
@@ -85,8 +88,8 @@ function anotherOf(text: string, before: Before, language: Language, now: Date):
 }
 
 const several: Record<Language, RegExp> = {
-  en: /^(.*\b)(two|three|four|five|[2-5])\s+(?:(?:new|more|different)\s+)?(timers|alarms|reminders)\b([^,:]*?)[\s,:]+((?:(?:the first|one|for|at|of)\s)?.+)$/iu,
-  pt: /^(.*\b)(dois|duas|três|tres|quatro|cinco|[2-5])\s+(?:novos\s+)?(timers|temporizadores|alarmes|despertadores)\b([^,:]*?)[\s,:]+((?:(?:um|o primeiro|às|as|de|para|pra)\s)?.+)$/iu,
+  en: /^(.*\b)(two|three|four|five|[2-5])\s+(?:(?:new|more|different)\s+)?(timers|alarms)((?:\s+(?:for |on )?(?:today|tonight|tomorrow|\p{L}+day))?)[\s,:]+(.+)$/iu,
+  pt: /^(.*\b)(dois|duas|três|tres|quatro|cinco|[2-5])\s+(?:novos\s+)?(timers|temporizadores|alarmes|despertadores)((?:\s+(?:para |pra |na |no )?(?:hoje|amanhã|amanha|segunda|terça|quarta|quinta|sexta|sábado|domingo))?)[\s,:]+(.+)$/iu,
 };
 const counts = ["two dois duas 2", "three três tres 3", "four quatro 4", "five cinco 5"];
 /** What stands before each length or time, and is said for the timer itself. */
@@ -106,8 +109,10 @@ function timersIn(sentence: string, start: number, language: Language, now: Date
   const of = language === "pt" ? (isTimer ? "de" : "para") : isTimer ? "for" : "at";
   const parts = items.map((item): JoinedPart | undefined => {
     const begin = `${verb}${language === "pt" ? "um" : "a"} ${one} ${isTimer ? "" : shared}`.trim();
-    const ask = (what: string): Meant | undefined => understood(`${begin} ${of} ${what}`, language, now) ?? understood(`${begin} ${what}`, language, now);
-    const meant = ask(item) ?? ask(`${item} ${unit}`) ?? ask(withUnit(item, lengthUnit)) ?? (language === "pt" ? ask(`as ${item}`) : undefined);
+    const ask = (what: string): Meant | undefined =>
+      understood(`${begin} ${of} ${what}`, language, now) ?? understood(`${begin} ${what}`, language, now);
+    const meant =
+      ask(item) ?? ask(`${item} ${unit}`) ?? ask(withUnit(item, lengthUnit)) ?? (language === "pt" ? ask(`as ${item}`) : undefined);
     return meant?.hand === "timer" ? { text: sentence, start, meant } : undefined;
   });
   return parts.every((part) => part !== undefined) ? parts : undefined;

@@ -74,12 +74,16 @@ export function listName(said: string): string | undefined {
 }
 
 /** So much is meant to be said yet: "add something to the list". */
-const unsaid = /^((some|a few|a couple of|one more|another|an|a|one) )?(thing|things|item|items|stuff|entry|entries)$|^((uma|umas|alguma|algumas|outra|mais uma|um|uns|mais um|outro) )?(coisa|coisas|item|itens|negocio|trem|troco)$/;
+const unsaid = new RegExp(
+  "^((some|a few|a couple of|one more|another|an|a|one) )?(thing|things|item|items|stuff|entry|entries)$|" +
+    "^((uma|umas|alguma|algumas|outra|mais uma|um|uns|mais um|outro) )?(coisa|coisas|item|itens|negocio|trem|troco)$",
+);
+const otherLists = /\b(list|lista|listas|lists|(add|put) (it|them|that)|(coloca|poe|bota) (ele|ela|isso))\b|^(for me|(para|pra) mim)\b/;
 
 export function isItem(said: string): boolean {
   const words = plainWords(said).join(" ");
   // "Balloons on the party list and milk" speaks of two lists, and "candles, add them" asks twice.
-  if (unsaid.test(words) || /\b(list|lista|listas|lists|(add|put) (it|them|that)|(coloca|poe|bota) (ele|ela|isso))\b|^(for me|(para|pra) mim)\b/.test(words)) return false;
+  if (unsaid.test(words) || otherLists.test(words)) return false;
   return !neverFirstItem.has(plainWords(said)[0] ?? "it");
 }
 

@@ -55,7 +55,8 @@ export const portugueseSound: readonly Request[] = [
       "(tira|tire) [<the>] (som|volume|computador|audio) do mudo", "tira do mudo",
       "(volta|liga|devolve|traz|quero) [com] [de volta] o (som|audio) [de volta|de novo]",
       "(sai|tira|saia) [o som|isso|o computador] do (mudo|silencioso|modo silencioso)",
-      "(desativa|desliga|tira) o (mudo|modo silencioso)", "(volta|liga) com o som", "(volta|voltar|volte) [com] [<the>] (som|audio|volume)", "desmuta", "desmutar",
+      "(desativa|desliga|tira) o (mudo|modo silencioso)", "(volta|liga) com o som",
+      "(volta|voltar|volte) [com] [<the>] (som|audio|volume)", "desmuta", "desmutar",
     ],
   ],
   [

@@ -1,5 +1,5 @@
-// What somebody tells beside a request, as its reason: "I'm off to bed, lock the screen", "turn it down because the baby is asleep". It is no
-// part of the request, and asks for nothing.
+// What somebody tells beside a request, as its reason: "I'm off to bed, lock the screen", "turn it down because the baby is asleep". It is
+// no part of the request, and asks for nothing.
 
 import type { Language } from "../../base/language.ts";
 import type { Token } from "./tokens.ts";
@@ -7,23 +7,40 @@ import type { Token } from "./tokens.ts";
 /** How a remark begins: with who is in which state. What somebody says, asks or writes is none. */
 const begins: Record<Language, RegExp> = {
   en: new RegExp(
-    "^((and|so|but) )?((i|we) (am|are|have|will|need|want|would|can|do|could|did|just|already|really|think|no longer|must|was|ca|got|had|should|cannot|hate|love|like|only|bought|finished|never|forgot|keep|left|missed|barely|feel|changed|get|usually|found|made|took|put|gave|saw|went|ended|decided|do|know|like|prefer|see|overslept)|" +
-      "\\S+ (is|are) (in|on|at|too|so|very|not|asleep|done|ready|over|here|out|coming|calling|packed|off|gone|away|about|really|back|getting)|you (talk|speak|sound|are)|" +
-      "(it|this|that|there|you|they|he|she|everyone|everybody|someone|somebody|nobody|people) (is|are|has|have|will|needs|does|do|can|did|was|were|hurts|wants|sounds|gets|keeps|should|starts|takes)|" +
-      "(the|my|our|his|her|all the|this|these|those) \\S+( \\S+){0,2} (is|are|has|have|will|needs|need|does|do|can|did|starts|takes|keeps|hurts|was|were|wants|want|ran|just)|" +
+    "^((and|so|but) )?((i|we) (am|are|have|will|need|want|would|can|do|could|did|just|already|really|think|no longer|must|was|ca|got|" +
+      "had|should|cannot|hate|love|like|only|bought|finished|never|forgot|keep|left|missed|barely|feel|changed|get|usually|found|made|" +
+      "took|put|gave|saw|went|ended|decided|do|know|like|prefer|see|overslept)|" +
+      "\\S+ (is|are) (in|on|at|too|so|very|not|asleep|done|ready|over|here|out|coming|calling|packed|off|gone|away|about|really|back|" +
+      "getting)|you (talk|speak|sound|are)|" +
+      "(it|this|that|there|you|they|he|she|everyone|everybody|someone|somebody|nobody|people) (is|are|has|have|will|needs|does|do|can|" +
+      "did|was|were|hurts|wants|sounds|gets|keeps|should|starts|takes)|" +
+      "(the|my|our|his|her|all the|this|these|those) \\S+( \\S+){0,2} (is|are|has|have|will|needs|need|does|do|can|did|starts|takes|" +
+      "keeps|hurts|was|were|wants|want|ran|just)|" +
       "no (need|longer)|not (needed|necessary|now)|too (loud|quiet|noisy|low)|much (too|better))\\b",
   ),
   pt: new RegExp(
-    "^((e|mas|entao) )?((eu |nos |a gente |ja )?(estou|estamos|esta|vou|vamos|vai|tenho|temos|tem|preciso|precisamos|quero|queremos|nao|ja|acabei|acabamos|so|comprei|compramos|mal|acho|sou|fiquei|cheguei|perdi|mudei|esqueci|fico|detesto|odeio|gosto|desisti|terminei|costumo)|" +
-      "(isso|isto|ela|ele|voce|eles|elas|todo mundo|alguem|ninguem|aqui) (ja |nao |so |mal )?(esta|estao|e|sao|tem|vai|vao|fica|ficou|ficaram|precisa|incomoda|quer|comeca|comecou|acabou|chegou)|" +
-      "(o|a|os|as|meu|minha|meus|minhas|nosso|nossa|esse|essa|este|esta|tudo) (\\S+ ){1,3}?(ja |nao |so |mal )?(esta|estao|e|sao|tem|vai|vao|fica|ficou|ficaram|precisa|precisam|comeca|comecou|chegou|acabou|quer|querem|demora|leva|doi)|" +
-      "(ja )?(e|esta|ficou|acabou|tem|ha|muito|alto|baixo|barulho|gente) |nao (precisa|preciso|quero|consigo|estou|da|e|te|aguento|ouco|escuto)|ninguem |(muito|tao) (alto|baixo))",
+    "^((e|mas|entao) )?((eu |nos |a gente |ja )?(estou|estamos|esta|vou|vamos|vai|tenho|temos|tem|preciso|precisamos|quero|queremos|nao|" +
+      "ja|acabei|acabamos|so|comprei|compramos|mal|acho|sou|fiquei|cheguei|perdi|mudei|esqueci|fico|detesto|odeio|gosto|desisti|" +
+      "terminei|costumo)|" +
+      "(isso|isto|ela|ele|voce|eles|elas|todo mundo|alguem|ninguem|aqui) (ja |nao |so |mal )?(esta|estao|e|sao|tem|vai|vao|fica|ficou|" +
+      "ficaram|precisa|incomoda|quer|comeca|comecou|acabou|chegou)|" +
+      "(o|a|os|as|meu|minha|meus|minhas|nosso|nossa|esse|essa|este|esta|tudo) (\\S+ ){1,3}?(ja |nao |so |mal )?(esta|estao|e|sao|tem|" +
+      "vai|vao|fica|ficou|ficaram|precisa|precisam|comeca|comecou|chegou|acabou|quer|querem|demora|leva|doi)|" +
+      "(ja )?(e|esta|ficou|acabou|tem|ha|muito|alto|baixo|barulho|gente) |nao (precisa|preciso|quero|consigo|estou|da|e|te|aguento|ouco|" +
+      "escuto)|ninguem |(muito|tao) (alto|baixo))",
   ),
 };
 /** What is told of, asked or thought may stand after it, and is not asked for. */
 const tells: Record<Language, RegExp> = {
-  en: /\b(say|says|said|tell|tells|told|ask|asks|asked|if|when|unless|until|whether|hear that|heard|read|wrote|write|sing|song called|mean|means|remember|remembered|try|tried|used to|supposed to|why|how|what|who|yesterday|wish|hope|dream|dreamed|learn|learned|reminder|remind|timer|alarm)\b/,
-  pt: /\b(disse|diz|dizer|dizem|falou|fala|falei|pediu|pedi|perguntou|perguntei|se|quando|caso|ouvi|leu|li|escreveu|escrever|lembro|lembrei|tentei|tentar|porque|como|ontem|queria|sonhei|aprender|lembrete|lembra|timer|alarme)\b/,
+  en: wordsOf(
+    "say|says|said|tell|tells|told|ask|asks|asked|if|when|unless|until|whether|hear that|heard|read|wrote|write|sing|" +
+      "song called|mean|means|remember|remembered|try|tried|used to|supposed to|why|how|what|who|yesterday|wish|hope|dream|" +
+      "dreamed|learn|learned|reminder|remind|timer|alarm",
+  ),
+  pt: wordsOf(
+    "disse|diz|dizer|dizem|falou|fala|falei|pediu|pedi|perguntou|perguntei|se|quando|caso|ouvi|leu|li|escreveu|escrever|" +
+      "lembro|lembrei|tentei|tentar|porque|como|ontem|queria|sonhei|aprender|lembrete|lembra|timer|alarme",
+  ),
 };
 const because: Record<Language, RegExp> = { en: /^(because|since|cause|cos|coz)$/, pt: /^(porque|pois|que|ja)$/ };
 /** After "que" a reason is told of somebody or something. */
@@ -57,10 +74,17 @@ function isReasonOf(tokens: readonly Token[]): boolean {
 }
 
 /** What follows says which of several is meant, and is no reason. */
-const chose = /\b(coloquei|botei|pus|marquei|fiz|criei|programei|deixei|tenho|liguei|toca|tocar|esta|estao|tocando|rodando|abri|salvei|anotei|acabei|fizemos|marcamos)\b/;
+const chose = wordsOf(
+  "coloquei|botei|pus|marquei|fiz|criei|programei|deixei|tenho|liguei|toca|tocar|esta|estao|tocando|rodando|abri|salvei|" +
+    "anotei|acabei|fizemos|marcamos",
+);
 
 function isRemark(tokens: readonly Token[], language: Language): boolean {
   if (tokens.length < 2 || tokens.length > longest) return false;
   const said = `${tokens.map(({ plain }) => plain).join(" ")} `;
   return begins[language].test(said) && !tells[language].test(said);
+}
+
+function wordsOf(words: string): RegExp {
+  return new RegExp(`\\b(${words})\\b`);
 }

@@ -117,7 +117,8 @@ export function withoutManners(text: string, language: Language, now: Date): str
   const around = { text, language, now };
   const stops = [...ends(tokens, [...polite, ...after], around)].reverse();
   const starts = ends(tokens.toReversed(), before, around, true).map((length) => tokens.length - length);
-  return starts.flatMap((start) => stops.filter((stop) => start < stop && stop - start < tokens.length).map((stop) => said(text, tokens, start, stop)));
+  const isPart = (start: number, stop: number): boolean => start < stop && stop - start < tokens.length;
+  return starts.flatMap((start) => stops.filter((stop) => isPart(start, stop)).map((stop) => said(text, tokens, start, stop)));
 }
 
 function isMade(text: string, of: readonly Phrase[], language: Language, now: Date): boolean {

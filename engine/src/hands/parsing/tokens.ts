@@ -55,7 +55,9 @@ export function tokensOf(text: string, language: Language): Token[] {
 }
 
 /** English endings after a mark, and the words that they are short for. */
-const endings: readonly [RegExp, string][] = [[/^(.+)['’]re$/i, "are"], [/^(.+)['’]ll$/i, "will"], [/^(.+)['’]ve$/i, "have"], [/^(.+)['’]d$/i, "would"], [/^(.+)n['’]t$/i, "not"]];
+const endings: readonly [RegExp, string][] = [
+  [/^(.+)['’]re$/i, "are"], [/^(.+)['’]ll$/i, "will"], [/^(.+)['’]ve$/i, "have"], [/^(.+)['’]d$/i, "would"], [/^(.+)n['’]t$/i, "not"],
+];
 /** Before these "'s" is "is", whatever it stands after: "the music's too loud". */
 const saysIs = /^\s+(too|so|very|really|way|not|still|getting|asleep|sleeping|awake|ready|done|playing|running|over|coming|due|here|home|calling|ringing|(?:in|on|at) (?:the|my))\b/i;
 

@@ -16,19 +16,19 @@ const regular = `
   verificar visitar voltar zerar`;
 
 const irregular: Record<string, string> = {
-  por: "poe ponha", fazer: "faz faca fazendo", ler: "le leia lendo", ouvir: "ouve ouca", dizer: "diz diga dizendo", descer: "desce desca descendo",
+  por: "poe ponha", fazer: "faz faca", ler: "le leia", ouvir: "ouve ouca", dizer: "diz diga", descer: "desce desca",
   subir: "sobe suba subindo", repetir: "repete repita", despertar: "desperta desperte", seguir: "segue siga", excluir: "exclui exclua",
   incluir: "inclui inclua", diminuir: "diminui diminua", reduzir: "reduz reduza", reproduzir: "reproduz reproduza", conferir: "confere confira",
-  inserir: "insere insira", abrir: "abre abra abrindo", subtrair: "subtrai subtraia", trazer: "traz traga",
+  inserir: "insere insira", abrir: "abre abra", subtrair: "subtrai subtraia", trazer: "traz traga",
 };
 const otherWords = new Set(["por", "para", "de", "da", "marca", "regular", "toma", "chama"]);
 
 function portugueseForms(infinitive: string): string[] {
   const stem = infinitive.slice(0, -2);
   if (irregular[infinitive]) return [infinitive, ...irregular[infinitive].split(" ")];
-  if (!infinitive.endsWith("ar")) return [infinitive, `${stem}e`, `${stem.replace(/c$/, "c")}a`, `${stem}${infinitive.at(-2)}ndo`];
+  if (!infinitive.endsWith("ar")) return [infinitive, `${stem}e`, `${stem}a`];
   const soft = stem.endsWith("c") && !softened.has(infinitive) ? `${stem.slice(0, -1)}qu` : stem.endsWith("g") ? `${stem}u` : stem;
-  return [infinitive, `${stem}a`, `${soft}e`, `${stem}ando`, `${stem}asse`];
+  return [infinitive, `${stem}a`, `${soft}e`, `${stem}asse`];
 }
 
 /** Without its cedilla the "c" of these looks hard. */

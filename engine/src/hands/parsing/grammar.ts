@@ -37,10 +37,44 @@ export interface Sentence {
 }
 
 /** A compiled phrase. */
-export type Phrase = Node;
+export interface Phrase {
+  node: Node;
+  /** The words with which it can begin; undefined where any can stand there. */
+  first: ReadonlySet<string> | undefined;
+}
 
 /** Compiles a phrase. Throws for one that is malformed: phrases are part of the program. */
 export function phrase(source: string, parts: Readonly<Record<string, string>>): Phrase {
+  const node = nodeOf(source, parts);
+  const words = new Set<string>();
+  return { node, first: begin(node, words) === "word" ? words : undefined };
+}
+
+/** Collects the words with which the node can begin. Tells whether a word has to stand there, nothing may, or anything. */
+function begin(node: Node, words: Set<string>): "word" | "nothing" | "anything" {
+  switch (node.kind) {
+    case "word":
+      if (node.word === ":") return "nothing";
+      words.add(node.word).add(lemmaOf(node.word, "pt"));
+      return "word";
+    case "slot":
+      return "anything";
+    case "optional":
+      return begin(node.node, words) === "anything" ? "anything" : "nothing";
+    case "choice": {
+      const kinds = node.nodes.map((each) => begin(each, words));
+      return kinds.includes("anything") ? "anything" : kinds.includes("nothing") ? "nothing" : "word";
+    }
+    case "sequence":
+      for (const each of node.nodes) {
+        const kind = begin(each, words);
+        if (kind !== "nothing") return kind;
+      }
+      return "nothing";
+  }
+}
+
+function nodeOf(source: string, parts: Readonly<Record<string, string>>): Node {
   const pieces = [...source.matchAll(/[[\]()|]|\{(\w+)(?::(\w+))?\}|<(\w+)>|[^\s[\]()|{}<>]+/g)];
   let at = 0;
   const choice = (): Node => {
@@ -67,7 +101,7 @@ export function phrase(source: string, parts: Readonly<Record<string, string>>):
       else if (text === "(") nodes.push(closed(")"));
       else {
         at++;
-        if (part !== undefined) nodes.push(phrase(known(parts, part), parts));
+        if (part !== undefined) nodes.push(nodeOf(known(parts, part), parts));
         else if (type !== undefined) nodes.push(slot(type, name ?? type));
         else nodes.push({ kind: "word", word: text });
       }
@@ -96,9 +130,11 @@ function slot(type: string, name: string): Node {
 
 /** Gives what the slots hold when the phrase takes the whole sentence, in the first of all ways that `accept` takes. */
 export function matched<T>(what: Phrase, sentence: Sentence, accept: (slots: Slots) => T | undefined): T | undefined {
+  const [token] = sentence.tokens;
+  if (token && what.first && !what.first.has(token.plain) && !what.first.has(token.lemma)) return undefined;
   let accepted: T | undefined;
   const slots: Record<string, Slots[string]> = {};
-  walk(what, 0, sentence, slots, (end) => {
+  walk(what.node, 0, sentence, slots, (end) => {
     if (end !== sentence.tokens.length) return false;
     accepted = accept({ ...slots });
     return accepted !== undefined;

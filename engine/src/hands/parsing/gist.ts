@@ -38,14 +38,29 @@ export function prepareGist(language: Language): void {
   conceptsFor(language);
 }
 
-/** What the sentence asks for by the words that it is made of, or undefined. */
-export function gistOf(sentence: Sentence): Meant | undefined {
-  if (sentence.tokens.length === 0 || sentence.tokens.length > longest) return undefined;
-  for (const isMeasure of [false, true]) {
-    const pieces = piecesOf(sentence, isMeasure);
+/** What one of the parts of a sentence asks for by the words that it is made of, in the first of these that does; undefined where none does. */
+export function gistOf(sentence: Sentence, parts: Iterable<readonly [number, number]>): Meant | undefined {
+  const { tokens } = sentence;
+  if (tokens.length === 0 || tokens.length > longest) return undefined;
+  const readings = [false, true].map((isMeasure) => piecesOf(sentence, isMeasure));
+  for (const [start, stop] of parts) {
+    const meant = gistOfPart(sentence, readings, start, stop);
+    if (meant) return meant;
+  }
+  return undefined;
+}
+
+function gistOfPart(sentence: Sentence, readings: readonly Piece[][], start: number, stop: number): Meant | undefined {
+  for (const [at, reading] of readings.entries()) {
+    const isMeasure = at === 1;
+    const within = reading.filter(({ from, to }) => from >= start && to <= stop);
+    // What stands around it has taken a word of it.
+    if (within[0]?.from !== start || within.at(-1)?.to !== stop) continue;
+    const pieces = asked(within);
+    const isTold = isToldOf(pieces, sentence);
     for (const rule of rules) {
       if ((rule.needs.includes("measure")) !== isMeasure) continue;
-      if (!rule.isAsked && isToldOf(pieces, sentence)) continue;
+      if (!rule.isAsked && isTold) continue;
       const slots = slotsFor(rule, pieces, sentence);
       const meant = slots && meanings[rule.meaning](slots, sentence.now);
       if (meant) return meant;
@@ -54,10 +69,16 @@ export function gistOf(sentence: Sentence): Meant | undefined {
   return undefined;
 }
 
+/** "Is my alarm set?" asks, and "my alarm is set" tells. */
+function asked([first, ...others]: readonly Piece[]): Piece[] {
+  if (!first?.concepts.has("inverted")) return first ? [first, ...others] : [];
+  return [{ ...first, concepts: new Set([...first.concepts, "ask", "yesno"]) }, ...others];
+}
+
 /** "O meu alarme toca às sete" tells of it: the verb stands after what it is said of, as nobody asks. */
 function isToldOf(pieces: readonly Piece[], { tokens, language }: Sentence): boolean {
-  if (language !== "pt" || !/^(o|a|os|as|meu|minha|meus|minhas|esse|essa|este|nosso|nossa)$/.test(tokens[0]!.plain)) return false;
-  return pieces.some(({ from }) => from > 0 && tokens[from]!.lemma !== tokens[from]!.plain);
+  if (language !== "pt" || !/^(o|a|os|as|meu|minha|meus|minhas|esse|essa|este|nosso|nossa)$/.test(tokens[pieces[0]!.from]!.plain)) return false;
+  return pieces.slice(1).some(({ from }) => tokens[from]!.lemma !== tokens[from]!.plain);
 }
 
 /** `isMeasure`: numbers are read with their units. */
@@ -74,9 +95,6 @@ function piecesOf(sentence: Sentence, isMeasure: boolean): Piece[] {
     else pieces.push({ from: at, to: at + 1, concepts: new Set(["unknown"]) });
     at = pieces.at(-1)!.to;
   }
-  // "Is my alarm set?" asks, and "my alarm is set" tells.
-  const [first] = pieces;
-  if (first?.concepts.has("inverted")) first.concepts = new Set([...first.concepts, "ask", "yesno"]);
   return pieces;
 }
 

@@ -31,6 +31,8 @@ const joints: Record<Language, RegExp> = {
 
 /** `start` is where the sentence begins in the request. Undefined when it does not ask for several things. */
 export function severalIn(sentence: string, start: number, language: Language, now: Date): JoinedPart[] | undefined {
+  const places = [...sentence.matchAll(joints[language])];
+  if (places.length === 0 || places.length > mostJoints) return undefined;
   return joinedIn(sentence, start, language, now) ?? timersIn(sentence, start, language, now);
 }
 

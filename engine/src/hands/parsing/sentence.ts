@@ -68,13 +68,8 @@ function gist(text: string, tokens: readonly Token[], language: Language, now: D
   const around = { text, language, now };
   const starts = [...ends(tokens.toReversed(), before, around, true)].map((length) => tokens.length - length);
   const stops = ends(tokens, [...polite, ...after], around);
-  for (const start of new Set([...starts, 0])) {
-    for (const stop of stops.toReversed()) {
-      const meant = start < stop ? gistOf({ ...around, tokens: tokens.slice(start, stop) }) : undefined;
-      if (meant) return meant;
-    }
-  }
-  return undefined;
+  const parts = [...new Set([...starts, 0])].flatMap((start) => stops.toReversed().map((stop) => [start, stop] as const));
+  return gistOf({ ...around, tokens }, parts.filter(([start, stop]) => start < stop));
 }
 
 function asked(text: string, tokens: readonly Token[], language: Language, now: Date): Meant | undefined {

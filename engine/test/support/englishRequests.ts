@@ -165,4 +165,5 @@ export const englishTalk: readonly string[] = [
   "what does lock the screen mean", "can a screenshot be edited", "did you lock the screen", "did you set the alarm",
   "have you stopped the timer", "was the alarm for seven", "I'm tired, good night", "I'm at home, it is quiet", "I'm busy, stop",
   "the baby is asleep, we go home at seven", "it is late, the alarm is at seven",
+  "I am going to lock the screen", "no more alarms today",
 ];

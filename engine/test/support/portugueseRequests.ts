@@ -130,4 +130,5 @@ export const portugueseTalk: readonly string[] = [
   "você desligou o timer?", "ontem eu falei pra você aumentar o som", "tá frio aqui", "eu gosto de dormir mais",
   "acordar às sete é ruim", "é bom acordar cedo", "levantar às seis todo dia cansa", "não precisa bloquear a tela",
   "o alarme é às sete", "meu alarme toca às sete", "o timer é de dez minutos",
+  "eu aumento o volume", "mais um dia", "ela aumenta o som toda noite", "o celular desperta às seis",
 ];

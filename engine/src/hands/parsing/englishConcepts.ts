@@ -39,7 +39,7 @@ export const englishConcepts: Lexicon = {
   goes: "go off|goes off|going off|ring|rings|end|ends|finish|finishes|be up|be done|done|over|run out|up",
   off: "cancel|stop|delete|remove|clear|kill|end|dismiss|disable|turn off|switch off|shut off|off|get rid of|scrap|drop|abort|silence|" +
     "erase|ditch|call off|unset|" +
-    "deactivate|forget about|forget|never mind|scratch|bin|axe|nix|shut down|shut up|lose|no more|do away with|discard|bin off|take off",
+    "deactivate|forget about|forget|never mind|scratch|bin|axe|nix|shut down|shut up|lose|do away with|discard|bin off|take off",
   set: "i would like|i want|i need|i could use|we need|i would love|set|start|create|make|begin|add|run|put|put on|set up|setup|give|" +
     "need|want|launch|schedule|program|do|kick off|fire up|have|get|new|arrange|organise|organize|" +
     "another|would like|could use|book|throw on|stick on|pop on|stick|pop|whack|whack on|throw|chuck|chuck on|set going|sort out|sort " +

@@ -44,6 +44,8 @@ export function gistOf(sentence: Sentence, parts: Iterable<readonly [number, num
   if (tokens.length === 0 || tokens.length > longest) return undefined;
   const readings = [false, true].map((isMeasure) => piecesOf(sentence, isMeasure));
   for (const [start, stop] of parts) {
+    // "I am going to lock the screen" only tells of it.
+    if (start > 0 && tokens[start]!.plain === "to") continue;
     const meant = gistOfPart(sentence, readings, start, stop);
     if (meant) return meant;
   }

@@ -89,7 +89,7 @@ export const portugueseConcepts: Lexicon = {
   up: "para cima",
   louder: "aumenta|sobe|levanta|eleva|mais alto|alto|mais forte|da uma aumentada|da uma subida|mais volume|mais som|mais altinho|uma " +
     "aumentada|da um gas|altinho|em voz alta|mais alta|alta|da uma levantada|subida|aumentada|" +
-    "aumentadinha|da uma aumentadinha|da uma subidinha|mais audivel|da um up|mais potente|intensifica|amplia|aumento",
+    "aumentadinha|da uma aumentadinha|da uma subidinha|mais audivel|da um up|mais potente|intensifica|amplia",
   down: "para baixo",
   quieter: "abaixa|diminui|baixa|reduz|desce|mais baixo|baixo|baixinho|mais baixinho|da uma abaixada|da uma baixada|da uma diminuida|" +
     "menos volume|menos som|menos barulho|menos alto|em voz baixa|sussurra|sussurrando|" +
@@ -148,7 +148,7 @@ export const portugueseConcepts: Lexicon = {
   quantity: "quanto|quanta|nivel|porcentagem|percentual|carga|estado|status|quantos|acabando|no fim|baixa|fraca|cheia|por cento|uso|" +
     "muito|muita|bastante|suficiente|dura|aguenta|descarregando|vazia|duracao|consumo|quantidade|" +
     "morrendo|vai durar|durar|aguentar|como esta|como anda|como vai|a quantas anda|quantos por cento|quantos gigas|gigas|gb|para quanto|" +
-    "pouca|pouco|tamanho|total|capacidade|em quanto|acabou|vai acabar|acaba",
+    "pouca|pouco|tamanho|total|capacidade|em quanto|acabou",
   battery: "bateria|carga da bateria|nivel da bateria|nivel de bateria|carga|baterias|pilha",
   charging: "carregando|na tomada|plugado|plugada|ligado na tomada|conectado na tomada|carregado|carregada|na energia|no carregador|no " +
     "cabo|na bateria|usando a bateria|precisando carregar|precisa carregar|precisa de carga|precisa ser carregado|" +

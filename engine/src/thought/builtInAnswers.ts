@@ -4,6 +4,7 @@
 import type { Language, Locale } from "../base/language.ts";
 import { cut } from "../base/text.ts";
 import { plainWords } from "../base/words.ts";
+import { withoutManners } from "../hands/parsing/sentence.ts";
 import { timeElsewhere } from "./timeElsewhere.ts";
 import { saidTime } from "./timeOfDay.ts";
 
@@ -130,6 +131,10 @@ export function knownAnswer(request: string, context: AnswerContext): string | u
   const elsewhere = timeElsewhere(request, now, locale.language, locale.tag);
   if (elsewhere !== undefined) return elsewhere;
   const plain = plainWords(request).join(" ");
+  // "Good morning dear, could you tell me what time it is?" wants the time and not the greeting.
+  const bare = withoutManners(request, locale.language, now).map((text) => plainWords(text).join(" "));
+  const timely = questions.slice(0, 2).find(({ pattern }) => bare.some((each) => pattern.test(each)));
+  if (timely) return timely.answer[locale.language](context);
   return questions.find((question) => question.pattern.test(plain))?.answer[locale.language](context);
 }
 

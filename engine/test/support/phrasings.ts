@@ -120,10 +120,10 @@ async function written(id: string, given: Record<string, unknown>, language: Lan
       return `${what} ${monthAndDay(at)} ${plain(`${given["about"] ?? ""}`)}${called}`.trim();
     }
     case "timers":
-      return `pending ${given["kind"]} ${called}`.trim();
+      return `pending ${given["kind"] ?? ""} ${called}`.replace(/ +/g, " ").trim();
     case "note":
       if (given["do"] === "note") return `note ${plain(String(given["text"]))}`;
-      return `${given["do"]} ${plain(String(given["list"])) || usualList}: ${given["do"] === "add" ? items(String(given["items"])) : item(String(given["item"]))}`;
+      return `${given["do"]} ${plain(String(given["list"])) || usualList}: ${items(String(given["items"] ?? given["item"]))}`;
     case "notes":
       return given["list"] === undefined ? "notes" : `list ${plain(String(given["list"])) || usualList}`;
     case "volume": {
@@ -182,7 +182,7 @@ function isPart(expected: string, done: string, language: Language): boolean {
     case "add":
     case "remove": {
       const [list = "", what = ""] = detail.split(": ");
-      return done === `${word} ${plain(list)}: ${word === "add" ? items(what) : item(what)}`;
+      return done === `${word} ${plain(list)}: ${items(what)}`;
     }
     case "list":
       return done === `list ${plain(detail)}`;

@@ -76,7 +76,10 @@ class NoteHand implements Hand {
           return isPortuguese ? `Coloquei na lista “${wanted.list}”: ${items}.` : `Added to the list “${wanted.list}”: ${items}.`;
         }
         case "remove": {
-          const removed = this.notebook.remove(wanted.list, wanted.item);
+          const whole = this.notebook.remove(wanted.list, wanted.item);
+          // "Salt and pepper" may be one item, and may be two.
+          const each = whole === undefined ? apart(wanted.item, language).flatMap((item) => this.notebook.remove(wanted.list, item) ?? []) : [whole];
+          const removed = each.length > 0 ? joined(each, language) : undefined;
           if (removed !== undefined) return isPortuguese ? `Tirei da lista “${wanted.list}”: ${removed}.` : `Taken off the list “${wanted.list}”: ${removed}.`;
           return isPortuguese ? `Isso não está na lista “${wanted.list}”.` : `That is not on the list “${wanted.list}”.`;
         }

@@ -29,8 +29,8 @@ const ordinals = [
 ];
 
 const feasts: Record<Language, [string, number, number][]> = {
-  en: [["christmas eve", 12, 24], ["christmas day", 12, 25], ["christmas", 12, 25], ["new years eve", 12, 31], ["new year eve", 12, 31], ["new years day", 1, 1], ["new year day", 1, 1], ["new years", 1, 1], ["new year", 1, 1], ["the new year", 1, 1], ["halloween", 10, 31]],
-  pt: [["natal", 12, 25], ["ano novo", 1, 1], ["reveillon", 12, 31]],
+  en: [["christmas eve", 12, 24], ["christmas day", 12, 25], ["christmas", 12, 25], ["new years eve", 12, 31], ["new year eve", 12, 31], ["new years day", 1, 1], ["new year day", 1, 1], ["new years", 1, 1], ["new year", 1, 1], ["the new year", 1, 1], ["the end of the year", 12, 31], ["end of the year", 12, 31], ["end of year", 12, 31], ["the year is over", 12, 31], ["the year ends", 12, 31], ["halloween", 10, 31]],
+  pt: [["natal", 12, 25], ["ano novo", 1, 1], ["reveillon", 12, 31], ["fim do ano", 12, 31], ["fim de ano", 12, 31], ["final do ano", 12, 31], ["acabar o ano", 12, 31], ["o ano acabar", 12, 31]],
 };
 
 export function dayOf(date: Date): Day {
@@ -54,6 +54,8 @@ export function day(tokens: readonly Token[], at: number, language: Language, no
   const later = (days: number, next: number): Found<Day> => ({ value: daysLater(today, days), next });
   const week = isOfPast ? weekOfPast(tokens, at, language, now) : undefined;
   if (week) return week;
+  const early = isOfPast ? partOfPast(tokens, at, language) : undefined;
+  if (early) return later(early.value, early.next);
   if (language === "en") {
     if (plain(at) === "today") return later(0, at + 1);
     if (plain(at) === "tomorrow") return later(1, at + 1);
@@ -75,6 +77,22 @@ export function day(tokens: readonly Token[], at: number, language: Language, no
   const found = reckoned ?? feast(tokens, at, language, today) ?? date(tokens, at, language, today);
   const isLast = isOfPast && found !== reckoned && found !== undefined && daysBetween(today, found.value) > 0;
   return isLast ? { value: { ...found.value, year: found.value.year - 1 }, next: found.next } : found;
+}
+
+const partsOfPast: Record<Language, [RegExp, number][]> = {
+  en: [[/^(earlier (today|this (morning|afternoon|evening))|(this|today) (morning|afternoon|evening)|today earlier|earlier)( |$)/, 0], [/^(last night|yesterday (morning|afternoon|evening|night))( |$)/, -1]],
+  pt: [[/^(hoje (mais cedo|cedo|de manha|pela manha|a tarde|de tarde)|mais cedo( hoje)?|(nesta|nessa|esta|essa) (manha|tarde)|hoje de madrugada)( |$)/, 0],
+    [/^(ontem (de manha|de tarde|de noite|a tarde|a noite|pela manha|cedo|mais cedo)|(noite|tarde) passada)( |$)/, -1]],
+};
+
+/** "This morning", "ontem à noite": the day, in days from today. */
+function partOfPast(tokens: readonly Token[], at: number, language: Language): Found<number> | undefined {
+  const said = tokens.slice(at, at + 4).map(({ plain }) => plain).join(" ");
+  for (const [words, days] of partsOfPast[language]) {
+    const found = words.exec(said)?.[1];
+    if (found !== undefined) return { value: days, next: at + found.split(" ").length };
+  }
+  return undefined;
 }
 
 /** A week from its Monday: "last week", "esta semana". */

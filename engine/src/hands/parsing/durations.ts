@@ -17,8 +17,15 @@ const units: Record<Language, Record<string, number>> = {
 
 const half: Record<Language, RegExp> = { en: /^half$/, pt: /^mei[ao]$/ };
 
+/** What is said before a length that need not be exact. */
+const about: Record<Language, string[][]> = {
+  en: [["about"], ["around"], ["roughly"], ["approximately"], ["like"], ["say"], ["some"], ["exactly"], ["just"], ["only"], ["maybe"], ["a", "good"], ["just", "about"], ["something", "like"]],
+  pt: [["uns"], ["umas"], ["cerca", "de"], ["mais", "ou", "menos"], ["aproximadamente"], ["tipo"], ["exatamente"], ["exatos"], ["por", "volta", "de"], ["quase"]],
+};
+
 /** A length of time in seconds, more than none. */
-export function duration(tokens: readonly Token[], at: number, language: Language): Found<number> | undefined {
+export function duration(tokens: readonly Token[], start: number, language: Language): Found<number> | undefined {
+  const at = start + (about[language].find((words) => words.every((word, offset) => plainAt(tokens, start + offset) === word))?.length ?? 0);
   let total = 0;
   let next = at;
   let smallest = Infinity;
@@ -98,6 +105,8 @@ function counted(tokens: readonly Token[], at: number, language: Language): Amou
   } else if (language === "pt" && plainAt(tokens, next) === "e" && /^mei[ao]$/.test(plainAt(tokens, next + 1))) {
     if (unitAt(tokens, next + 2, language)) [value, next] = [value + 0.5, next + 2];
   }
+  // "Ten more minutes", "two whole hours".
+  if (/^(more|extra|additional|whole|full|further)$/.test(plainAt(tokens, next)) && language === "en") next++;
   const unit = unitAt(tokens, next, language);
   return unit === undefined ? undefined : { value: value * unit, next: next + 1, unit };
 }

@@ -2,6 +2,7 @@
 
 import { englishDesktop } from "./englishDesktop.ts";
 import { englishFacts } from "./englishFacts.ts";
+import { englishMemory } from "./englishMemory.ts";
 import { englishNotes } from "./englishNotes.ts";
 import { englishSound } from "./englishSound.ts";
 import { englishTimers } from "./englishTimers.ts";
@@ -25,7 +26,12 @@ export const english: Phrasing = {
       "(remind me|give me a reminder|set a reminder|set me a reminder|create a reminder|make a reminder|add a reminder|set " +
       "up a reminder|i need a reminder|i want a reminder|put a reminder|i need you to remind me|make sure to remind me|" +
       "schedule a reminder|do not let me forget|send me a reminder|reminder|new reminder|set a reminder for me|create a " +
-      "reminder for me|please remind me|jog my memory|nudge me)",
+      "reminder for me|please remind me|jog my memory|nudge me|i want you to remind me|i would like you to remind me|can you remind me|" +
+      "leave me a reminder|set reminder|add reminder|" +
+      "do not forget to remind me|see that i remember|make sure i remember|help me remember|i want to be reminded|i need to be reminded|" +
+      "i would like to be reminded|i want reminding|" +
+      "i need reminding|give me a nudge|give me a shout|remember to remind me|drop me a reminder|ping me|prompt me|do not allow me to " +
+      "forget|let me not forget|reminder for me|reminding me)",
     about:
       "(to|about|that|of|for|that i need to|that i have to|i need to|i have to|that i should|saying|it is time to|it is " +
       "time for|to remember to)",
@@ -73,7 +79,27 @@ export const english: Phrasing = {
       "busy)",
     "i (can not|can hardly|can barely) (hear|hear it|hear you|hear this|hear anything|hear the music)",
     "(the|my) (baby|kids|children|neighbors|neighbours) (is|are) (sleeping|asleep|complaining)",
-    "someone is (calling|at the door)", "(may|can|could) i (ask you to|ask)", "help me", "try to",
+    "someone is (calling|at the door)",
+    "(could|can|would|will|might|may) (you|i|we) (please|possibly|maybe|perhaps|just|also|kindly|quickly|quick|at least) [ask you to|" +
+      "have you|get you to]",
+    "(i would|i will) (appreciate it|be grateful|be glad|be happy|love it|like it) if you (could|would)",
+    "(could|can) i (get|have|ask) you to",
+    "(i was|i am|just) (wondering|curious) (if|whether) you (could|can|would|might)", "(do|would) you mind", "mind",
+    "would it be (possible|ok|okay|alright|a bother) to",
+    "(if it is|if that is) (possible|not too much trouble|no trouble|ok|okay)", "(if you could|if you can|if you do not mind|when you " +
+      "have a moment|when you get a chance|whenever you can)",
+    "(be so good|be so kind) as to", "would you be (so kind|kind enough|so good) [as] to",
+    "i (would|will|am going to) [also|just] need you to", "any chance you (could|can)",
+    "(is there any way|is there a way) (you could|you can|to)", "(oh|ok|okay|right|alright|hey|so) (yeah|yes|and|hey|then|one more " +
+      "thing)", "one more thing", "before i forget",
+    "(i think|i guess|i suppose) (you|we|i) (could|should|can)", "(i wonder|wonder) if you (could|can)", "go on [and]",
+    "could use you to", "i want to", "i need to", "i have to",
+    "(real|really) quick", "by the way", "hang on", "hold on", "wait", "oh (and|also|right)", "(quick|one) (question|thing)",
+    "how (about|would you feel about)", "(can|could) you (help me|help me to)",
+    "(would|could) you be able to", "remember to", "do not forget to", "make sure to", "make sure you", "be sure to",
+    "(computer|assistant|there)", "(i am|we are) trying to", "(may|might) i (know|ask)",
+    "(any idea|have you any idea|do you have any idea|do you happen to know|i am curious|just curious|remind me|out of curiosity|i " +
+      "forget|i forgot)", "your (job|task) is to", "you (may|might|could)", "(may|can|could) i (ask you to|ask)", "help me", "try to",
   ],
   polite: [
     "please", "(thanks|thank you) [so much|very much|a lot]", "(would|will|could|can) you",
@@ -81,13 +107,20 @@ export const english: Phrasing = {
   ],
   after: [
     "for me", "(now|right now|right away|immediately|at once|quickly|asap|for us)", "if possible", "ok", "okay", "then", "mate",
-    "buddy", "again", "when you can", "real quick", "cheers", "(will|would) you please",
+    "buddy", "again", "when you can", "real quick", "quick", "instead", "cheers", "(will|would) you please",
     "(i am|we are) (on the phone|in a meeting|leaving|going out|trying to sleep|trying to work|on a call|busy|cooking|sleeping)",
     "i (can not|can hardly|can barely) (hear|hear it|hear you|hear this|hear anything|hear the music)",
     "(it is|this is|that is) [way|much|far|a bit|really] too (loud|quiet)", "(dear|darling|love|sweetie|honey)",
     "if you do not mind", "as well", "too",
     "(the|my) (baby|kids|children|neighbors|neighbours) (is|are) (sleeping|asleep|complaining)", "will you",
-    "(alright|all right|yeah|right|go|my dear)",
+    "(alright|all right|yeah|right|go|my dear|man|pal|friend|computer|assistant)",
+    "when you (get a chance|have a moment|have a second|have a sec|are ready)", "thanks in advance",
+    "if (that is|it is) (ok|okay|possible|not too much trouble|no trouble|alright|all right)", "if you (would|could) be so kind",
+    "(whenever you are ready|whenever you can|before i forget)",
+    "(do you know|can you tell me|could you tell me|any idea|i wonder|by the way|please and thank you|by any chance|straight away|" +
+      "straightaway|this instant|this minute|this second)",
+    "(i do not|i will not|we do not|i no longer) need (it|that|them) [anymore|any more|any longer|now]",
+    "(for a bit|for a while|for a second|for a sec|for a moment|for a minute|for now)",
   ],
-  requests: [...englishTimers, ...englishNotes, ...englishSound, ...englishDesktop, ...englishFacts],
+  requests: [...englishTimers, ...englishNotes, ...englishSound, ...englishDesktop, ...englishFacts, ...englishMemory],
 };

@@ -75,6 +75,8 @@ export const englishDesktop: readonly Request[] = [
     "open",
     [
       "<open> [up] [<whose>] [app|application|program] {text} [app|application|program]",
+      "i (need|want|would like|have|am going) [to use|to open|to work in|to work with|to work on] [<whose>] {few:text} [so|please] " +
+        "(open|launch|start|fire) (it|that) [up]",
       "(pop|get|pull|bring|load|fire|start|boot) [<whose>] {few:text} (open|up|running|going|started)",
       "(get|have) [<whose>] {few:text} (open|opened|started|running)",
       "(open|launch|start) (an app|a program|the app|the program) (called|named) {text}",

@@ -6,6 +6,9 @@ export const englishNotes: readonly Request[] = [
   [
     "addToList",
     [
+      "(we need|i need|we are out of|we are running out of|we ran out of|i ran out of|i want|we want|we are low on|buy|get) {text} [so|" +
+        "please|and] (add|put|stick|" +
+        "throw|write|pop) (it|them|that|those|some) [down] <onto> [<whose>] <listname>",
       "<addverb> {text} [down] <onto> [<whose>] <listname>", "[<whose>] {few:list} list [please] <addverb> {text}",
       "<addverb> [also] {text} [down] as well <onto> [<whose>] <listname>",
       "(i would like|i want|i need|we need|let us have|let us put|let us get|let us add|we could use|we want) {text} " +
@@ -26,6 +29,8 @@ export const englishNotes: readonly Request[] = [
   [
     "removeFromList",
     [
+      "[<whose>] {text} (is|are|was|were|has been|have been) {word:how} [so] <removeverb> (it|them|that|those) [off] (from|off|off of|" +
+        "out of) <whose> <listname>",
       "<removeverb> {text} [off] (from|off|off of|out of|on) <whose> <listname>",
       "(get|have) {text} (off|removed from|taken off) <whose> <listname>",
       "[<whose>] {few:list} list [please] <removeverb> {text}",
@@ -46,6 +51,8 @@ export const englishNotes: readonly Request[] = [
         "current] (notes|note) [say]",
       "what did i (note|note down|write down|jot down|take down|ask you to note|ask you to write down|tell you to remember|" +
         "ask you to remember)",
+      "what (did|have) i (ask|asked|tell|told|had|have|get) you [to] (note|write|jot|take|put|remember|write this|noted|written) " +
+        "[down]", "what (did|have) i (noted|written|jotted|put|write|note|jot) [down]",
       "(what|which) notes (do i have|have i made|have i taken|did i take|did i make|are there|have i got|have i written)",
       "do i have (any|some) notes",
       "(are there|is there|have i got|have you got|do you have|got) (any|some|a) (notes|note) [for me|from me]",
@@ -96,6 +103,9 @@ export const englishNotes: readonly Request[] = [
         "note this|note this down|take this down|jot this down|remember this|make a note of this|start a note|keep a note|" +
         "record a note|jot a note) (that says|which says|saying that|saying|to say that|to say|stating that|stating|that|" +
         "about|reading|with the text) {text}",
+      "(take|make|write|jot|put|create|add|leave|save|start|record|keep|note|scribble|get) [me] [down] [a|another|one] [new|quick|short|" +
+        "little] (note|memo) [down] [for me|to self|to myself] " +
+        "[that|saying|saying that|that says|about|reading|to say] {text}",
       "make [a] note of {text}", "(note|memo|reminder to self|note to self) : {text}",
       "(make a note|take a note|write a note|write down|jot down|note down|take down|create a note|add a note|leave a note|" +
         "save a note|new note|take a quick note|make a quick note|write this down|note this|note this down|take this down|" +

@@ -57,7 +57,8 @@ export const englishSound: readonly Request[] = [
     [
       "unmute", "unmute [<the>] (<volume>|system|computer)",
       "(turn|switch) (on|back on) [<the>] (sound|volume|audio|speakers|speaker)",
-      "(turn|switch) [<the>] (sound|volume|audio|speakers|speaker) [back] on",
+      "(turn|switch|put|bring) [<the>] (sound|volume|audio|speakers|speaker) [back] on",
+      "(put|bring) [<the>] (sound|volume|audio) back [on]",
       "(turn|switch|bring) <the> (sound|audio|volume|noise) back", "(take|get) (it|the sound|the computer) off mute",
       "unmute (it|that|everything|this)", "stop muting", "(turn|switch) off mute", "mute off",
       "(give me|i want|let me hear) [back] [<the>] sound [back|again]", "sound on", "volume on", "bring [<the>] sound back",
@@ -148,7 +149,7 @@ export const englishSound: readonly Request[] = [
   [
     "next",
     [
-      "next", "next one",
+      "next", "next one", "not (this|that) [one|song] [play|give me] [the] next [one|song]",
       "[play|go to|skip to|jump to|move to|put on|switch to|give me] [the] next <song> [in the playlist|on the list]",
       "skip [this|the|it|that] [<song>|to the next <song>|ahead]", "skip [to] [the] next",
       "(play|hear) (another|a different) <song>", "next (song|track|video|episode)", "skip forward", "play the next",

@@ -45,7 +45,8 @@ export const englishTimers: readonly Request[] = [
       "make sure i (wake up|get up|am up|am awake) {moment}", "(make sure to|do not forget to) wake me [up] {moment}",
       "wake us [up] {moment}", "(wake|get) me [up] [early|nice and early] {moment}", "{moment} (wake|get) (me|us) [up]",
       "(do not let|never let) me (sleep past|oversleep past|sleep in past) {moment}",
-      "i (have|need|must|have got|got) [to] (get up|wake up|be up|be awake) {moment} [so] (wake me|wake me up)",
+      "i (have|need|must|have got|got) [to] (get up|wake up|be up|be awake) {moment} [so] (wake me|wake me up|wake us|wake us up|<set> " +
+        "[<a>] alarm)",
     ],
   ],
   [
@@ -66,6 +67,9 @@ export const englishTimers: readonly Request[] = [
   [
     "remind",
     [
+      "(i have to|i have got to|i need to|i must|i should|i am supposed to|i have) {text} ({moment}|in {duration}) [so|and] (remind me|" +
+        "do not let me " +
+        "forget|give me a reminder|make sure i remember|set a reminder|remind me of it|remind me about it|remind me about that)",
       "<remind> in {duration} <about> {text}", "<remind> {moment} <about> {text}",
       "<remind> <about> {text} in {duration} [from now]", "<remind> <about> {text} {moment}",
       "in {duration} <remind> <about> {text}", "{moment} <remind> <about> {text}",
@@ -108,13 +112,15 @@ export const englishTimers: readonly Request[] = [
       "<off> [<the>] timer (of|for|with) {duration}", "<off> [<the>] {few:name} timer",
       "<off> [<the>] timer (for|called|named|labelled) [<whose>] {few:name}",
       "(turn|switch|shut) [<the>] [{few:name}] timer off", "i do not need [<the>] [{few:name}] timer anymore",
-      "i do not need [<the>] [{few:name}] timer any more",
+      "i do not need [<the>] [{few:name}] timer any more", "[never mind|forget|forget about|about|as for] [<the>] [{few:name}] timer " +
+        "<off> it",
     ],
   ],
   [
     "cancelAlarm",
     [
-      "<off> [<the>] (alarm|alarm clock)", "[<the>] alarm off", "<off> [<the>] {moment} alarm", "<off> [<the>] {day} alarm",
+      "<off> [<the>] (alarm|alarm clock)", "[never mind|forget|forget about|about|as for] [<the>] alarm <off> it", "[<the>] alarm off",
+      "<off> [<the>] {moment} alarm", "<off> [<the>] {day} alarm",
       "(turn|switch|shut) [<the>] {day} alarm off",
       "(turn|switch|shut) [<the>] alarm off (for|on) {day}",
       "<off> [<the>] alarm [for|at|set for|set at|of] {moment}", "<off> [<the>] alarm (for|on|of) {day}",
@@ -163,6 +169,9 @@ export const englishTimers: readonly Request[] = [
         "left|still have|still got) [<left>] [to run]",
       "how (long|much longer|much time) is [still] <left> (on|for|in) {few:name}",
       "how (long|much time) does [<the>] [{few:name}] (timer|countdown) [still] have <left>",
+      "how (long|much longer|much time) (until|till|before) <the> {few:name} (is|are) (over|done|ready|finished|up|cooked)",
+      "how (long|much longer|much time) (has|have) <the> {few:name} [still] (got|left) [left|to go|still]",
+      "how (long|much longer|much time) (does|do|will) <the> {few:name} [still] (need|have) [left|to go|still]",
       "(what is|what has) [<the>] time <left> [on [<the>] [{few:name}] timer]", "time <left> [on [<the>] [{few:name}] timer]",
       "how is [<the>] [{few:name}] (timer|countdown) [doing|going|looking|coming along]",
       "what is [<the>] status of [<the>] [{few:name}] (timer|timers)", "[<the>] [{few:name}] timer status",

@@ -7,8 +7,9 @@ import { correctedFrom } from "./corrections.ts";
 import { duration } from "./durations.ts";
 import { moment, type Moment } from "./moments.ts";
 import { number, type Found } from "./numbers.ts";
-import { measure, sum, unit } from "./sums.ts";
+import { added, measure, sum, unit } from "./sums.ts";
 import { said, type Token } from "./tokens.ts";
+import { lemmaOf } from "./verbs.ts";
 
 /** What the slots of a phrase have found, by name. */
 export interface Slots {
@@ -22,9 +23,9 @@ type Node =
   | { kind: "optional"; node: Node }
   | { kind: "slot"; type: SlotType; name: string };
 
-type SlotType = "duration" | "moment" | "day" | "past" | "number" | "sum" | "measure" | "unit" | "text" | "few" | "word";
+type SlotType = "duration" | "moment" | "day" | "past" | "number" | "numbers" | "sum" | "measure" | "unit" | "text" | "few" | "word";
 
-const slotTypes: readonly string[] = ["duration", "moment", "day", "past", "number", "sum", "measure", "unit", "text", "few", "word"];
+const slotTypes: readonly string[] = ["duration", "moment", "day", "past", "number", "numbers", "sum", "measure", "unit", "text", "few", "word"];
 /** A name is no longer than so many words. */
 const fewWords = 4;
 
@@ -36,10 +37,44 @@ export interface Sentence {
 }
 
 /** A compiled phrase. */
-export type Phrase = Node;
+export interface Phrase {
+  node: Node;
+  /** The words with which it can begin; undefined where any can stand there. */
+  first: ReadonlySet<string> | undefined;
+}
 
 /** Compiles a phrase. Throws for one that is malformed: phrases are part of the program. */
 export function phrase(source: string, parts: Readonly<Record<string, string>>): Phrase {
+  const node = nodeOf(source, parts);
+  const words = new Set<string>();
+  return { node, first: begin(node, words) === "word" ? words : undefined };
+}
+
+/** Collects the words with which the node can begin. Tells whether a word has to stand there, nothing may, or anything. */
+function begin(node: Node, words: Set<string>): "word" | "nothing" | "anything" {
+  switch (node.kind) {
+    case "word":
+      if (node.word === ":") return "nothing";
+      words.add(node.word).add(lemmaOf(node.word, "pt"));
+      return "word";
+    case "slot":
+      return "anything";
+    case "optional":
+      return begin(node.node, words) === "anything" ? "anything" : "nothing";
+    case "choice": {
+      const kinds = node.nodes.map((each) => begin(each, words));
+      return kinds.includes("anything") ? "anything" : kinds.includes("nothing") ? "nothing" : "word";
+    }
+    case "sequence":
+      for (const each of node.nodes) {
+        const kind = begin(each, words);
+        if (kind !== "nothing") return kind;
+      }
+      return "nothing";
+  }
+}
+
+function nodeOf(source: string, parts: Readonly<Record<string, string>>): Node {
   const pieces = [...source.matchAll(/[[\]()|]|\{(\w+)(?::(\w+))?\}|<(\w+)>|[^\s[\]()|{}<>]+/g)];
   let at = 0;
   const choice = (): Node => {
@@ -66,7 +101,7 @@ export function phrase(source: string, parts: Readonly<Record<string, string>>):
       else if (text === "(") nodes.push(closed(")"));
       else {
         at++;
-        if (part !== undefined) nodes.push(phrase(known(parts, part), parts));
+        if (part !== undefined) nodes.push(nodeOf(known(parts, part), parts));
         else if (type !== undefined) nodes.push(slot(type, name ?? type));
         else nodes.push({ kind: "word", word: text });
       }
@@ -95,9 +130,11 @@ function slot(type: string, name: string): Node {
 
 /** Gives what the slots hold when the phrase takes the whole sentence, in the first of all ways that `accept` takes. */
 export function matched<T>(what: Phrase, sentence: Sentence, accept: (slots: Slots) => T | undefined): T | undefined {
+  const [token] = sentence.tokens;
+  if (token && what.first && !what.first.has(token.plain) && !what.first.has(token.lemma)) return undefined;
   let accepted: T | undefined;
   const slots: Record<string, Slots[string]> = {};
-  walk(what, 0, sentence, slots, (end) => {
+  walk(what.node, 0, sentence, slots, (end) => {
     if (end !== sentence.tokens.length) return false;
     accepted = accept({ ...slots });
     return accepted !== undefined;
@@ -110,7 +147,7 @@ function walk(node: Node, at: number, sentence: Sentence, slots: Record<string, 
   switch (node.kind) {
     case "word":
       if (node.word === ":") return hasColon(sentence, at) && goOn(at);
-      return sentence.tokens[at]?.plain === node.word && goOn(at + 1);
+      return isWord(sentence.tokens[at], node.word, sentence.language) && goOn(at + 1);
     case "sequence": {
       const from = (index: number, place: number): boolean => {
         const next = node.nodes[index];
@@ -133,6 +170,12 @@ function walk(node: Node, at: number, sentence: Sentence, slots: Record<string, 
       return false;
     }
   }
+}
+
+/** It is the word, or another form of the same verb. */
+function isWord(token: Token | undefined, word: string, language: Language): boolean {
+  if (token === undefined) return false;
+  return token.plain === word || (token.lemma !== token.plain && token.lemma === lemmaOf(word, language));
 }
 
 /** A colon stands before this token. */
@@ -166,6 +209,8 @@ function fillings(type: SlotType, at: number, { text, tokens, language, now }: S
       return last((place) => number(tokens, place, language));
     case "sum":
       return one(sum(tokens, at, language));
+    case "numbers":
+      return one(added(tokens, at, language));
     case "measure":
       return one(measure(tokens, at, language));
     case "unit":
@@ -173,10 +218,17 @@ function fillings(type: SlotType, at: number, { text, tokens, language, now }: S
     case "word":
       return words(text, tokens, at, 1);
     case "few":
-      return words(text, tokens, at, fewWords);
+      return words(text, tokens, at, unbroken(text, tokens, at, fewWords));
     case "text":
       return words(text, tokens, at, tokens.length);
   }
+}
+
+/** How many of the next words stand without a mark between them, and so may be one name. */
+function unbroken(text: string, tokens: readonly Token[], at: number, most: number): number {
+  let count = 1;
+  while (count < most && tokens[at + count] && !/[,;:.!?…]/.test(text.slice(tokens[at + count - 1]!.end, tokens[at + count]!.start))) count++;
+  return count;
 }
 
 /** Free words, the fewest first. */

@@ -18,6 +18,8 @@ type Meaning = (slots: Slots, now: Date) => Meant | undefined;
 const knownFolders = /^(downloads|documents|pictures|photos|videos|documentos|imagens|fotos|vídeos|videos)$/i;
 
 const longestTimer = 7 * 86_400;
+/** "One more day" is said of something else. */
+const longestSnooze = 12 * 3_600;
 
 /** Free words with their marks. */
 function wording(slots: Slots): string | undefined {
@@ -140,6 +142,7 @@ export const meanings = {
   cancelReminders: fixed("timer", { do: "cancel", kind: "reminder", all: true }),
   snooze: (slots) => {
     const seconds = count(slots, "duration");
+    if (seconds !== undefined && seconds > longestSnooze) return undefined;
     return { hand: "timer", given: { do: "snooze", ...(seconds === undefined ? {} : { seconds: Math.round(seconds) }) } };
   },
   snoozeMinutes: (slots) => {
@@ -149,6 +152,7 @@ export const meanings = {
   tellTimers: tell("timer"),
   tellAlarms: tell("alarm"),
   tellReminders: tell("reminder"),
+  tellPending: tell(undefined),
   note: (slots) => {
     const said = wording(slots);
     // "Take a note of caution" is said of something else.
@@ -222,6 +226,11 @@ export const meanings = {
   subtract: operation("-"),
   multiply: operation("*"),
   divide: operation("/"),
+  /** What part of "b" is "a". */
+  percentage: (slots) => {
+    const [a, b] = [count(slots, "a"), count(slots, "b")];
+    return a === undefined || b === undefined ? undefined : { hand: "calculate", given: { expression: `${a} / ${b} * 100` } };
+  },
   convert: (slots) => {
     const from = text(slots, "measure");
     const to = text(slots, "unit");

@@ -46,6 +46,9 @@ export function moment(tokens: readonly Token[], at: number, language: Language,
       const isAnnounced = isHour || announces[language].test(tokens[from - 1]?.plain ?? "") || value.part !== undefined || value.day !== undefined;
       const clockFound = value.clock ? undefined : clock(tokens, from, language, isAnnounced);
       // "Seven in the morning" begins with a bare hour that only the part makes one.
+      // "Check in tomorrow": "in" belongs to the verb before it.
+      const isOfVerb = language === "en" && from > next && tokens[from - 1]?.plain === "in" && dayFound !== undefined;
+      if (isOfVerb) break;
       if (dayFound) [value.day, next, found] = [dayFound.value, dayFound.next, true];
       else if (clockFound) [value.clock, next, found] = [clockFound.value, clockFound.next, true];
       else if (partFound) {
@@ -177,7 +180,7 @@ function portugueseClock(tokens: readonly Token[], at: number, isAnnounced: bool
   const { hour: whole, isExact } = hour.value;
   const compact = /^h(\d{2})?(min|m)?$/.exec(plain(hour.next));
   if (compact && (compact[1] === undefined || Number(compact[1]) < 60)) {
-    return minutesAfter(tokens, { hour: whole, minute: Number(compact[1] ?? 0), isExact }, hour.next + 1);
+    return minutesAfter(tokens, { hour: whole, minute: Number(compact[1] ?? 0), isExact: isExact || (compact[1] === undefined && whole < 7 && /^\d/.test(plain(at))) }, hour.next + 1);
   }
   const isHours = /^horas?$/.test(plain(hour.next));
   const found = minutesAfter(tokens, { hour: whole, minute: 0, isExact }, isHours ? hour.next + 1 : hour.next);

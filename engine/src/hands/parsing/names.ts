@@ -16,8 +16,8 @@ const neverInNames = set(
 /** Words that stand before "timer" without being its name. */
 const neverInTimers = set(
   "a an any the my your this that these those what which another new first second last next other all every me us him her them it please is " +
-    "are was were i you he she we they and or when while if mim nos o os um uma meu meus este esse isso nenhum outro novo todos de do ao " +
-    "per que se quando eu voce ele ela pensar minus menos zero",
+    "are was were i you he she we they and or when while if dia dias natal ano mim nos o os um uma meu meus este esse isso nenhum outro novo todos de do ao " +
+    "like about around roughly approximately some uns umas went goes is was off exploded per que se quando eu voce ele ela pensar minus menos zero",
 );
 /** A list is not called so: "my shopping list is too long" tells something of it. */
 const neverInLists = set(
@@ -27,7 +27,7 @@ const neverInLists = set(
 /** What is added does not begin so: "what goes on the shopping list" asks, and "it" is not said. */
 const neverFirstItem = set(
   "what who which how why when where nothing anything something everything it that this them those i you we he she they que quem qual quais " +
-    "quanto quantos como quando onde nada algo tudo isso isto aquilo ele ela eles elas eu voce",
+    "hear see read know ouvir ver ler saber escutar quanto quantos como quando onde nada algo tudo isso isto aquilo ele ela eles elas eu voce",
 );
 /** These are "the list", which needs no name. */
 const theList = set("a an the my our your this that it o os um uma meu meus minha nossa este esse esta essa ela ele");
@@ -40,7 +40,7 @@ const neverFirst = set(
 /** Nor are these anywhere in one. */
 const neverInApplications = set(
   "is are was were takes take has have makes make does can could will would hurts costs helps faz fazem fez esta sao tem vai vao pode doi custa leva ajuda foi era please thanks favor obrigado obrigada with com me my him her them us who whom whose because while until before esse essa esses essas aquele aquela dele dela comigo contigo porque " +
-    "enquanto sempre nunca everybody everyone somebody someone nobody alguem ninguem it ela ele isso isto open launch abre abra abrir",
+    "enquanto sempre nunca que eu since so everybody everyone somebody someone nobody alguem ninguem it ela ele isso isto open launch abre abra abrir",
 );
 /** "Five minutes, then ten" is no name, and "start the clock for twenty minutes" opens nothing. */
 const lengths = /^(seconds?|minutes?|hours?|segundos?|minutos?|horas?)$/;
@@ -59,7 +59,10 @@ const mostApplicationWords = 5;
 
 /** The name of a timer or an alarm. */
 export function isTimerName(said: string): boolean {
-  return plainWords(said).every((word) => !neverInNames.has(word) && !neverInTimers.has(word) && !lengths.test(word));
+  const words = plainWords(said);
+  // "Dever de casa" is a name, "de casa" is none.
+  const isInside = (at: number): boolean => at > 0 && at < words.length - 1 && /^(de|do|da|dos|das)$/.test(words[at]!);
+  return words.every((word, at) => isInside(at) || (!neverInNames.has(word) && !neverInTimers.has(word) && !lengths.test(word)));
 }
 
 /** The name of a list as it was said, "" for the usual one, or undefined where it can be none. */
@@ -70,7 +73,17 @@ export function listName(said: string): string | undefined {
   return words.some((word) => neverInNames.has(word) || neverInLists.has(word)) ? undefined : name;
 }
 
+/** So much is meant to be said yet: "add something to the list". */
+const unsaid = new RegExp(
+  "^((some|a few|a couple of|one more|another|an|a|one) )?(thing|things|item|items|stuff|entry|entries)$|" +
+    "^((uma|umas|alguma|algumas|outra|mais uma|um|uns|mais um|outro) )?(coisa|coisas|item|itens|negocio|trem|troco)$",
+);
+const otherLists = /\b(list|lista|listas|lists|(add|put) (it|them|that)|(coloca|poe|bota) (ele|ela|isso))\b|^(for me|(para|pra) mim)\b/;
+
 export function isItem(said: string): boolean {
+  const words = plainWords(said).join(" ");
+  // "Balloons on the party list and milk" speaks of two lists, and "candles, add them" asks twice.
+  if (unsaid.test(words) || otherLists.test(words)) return false;
   return !neverFirstItem.has(plainWords(said)[0] ?? "it");
 }
 

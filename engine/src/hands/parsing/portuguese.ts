@@ -2,6 +2,7 @@
 
 import { portugueseDesktop } from "./portugueseDesktop.ts";
 import { portugueseFacts } from "./portugueseFacts.ts";
+import { portugueseMemory } from "./portugueseMemory.ts";
 import { portugueseNotes } from "./portugueseNotes.ts";
 import { portugueseSound } from "./portugueseSound.ts";
 import { portugueseTimers } from "./portugueseTimers.ts";
@@ -38,7 +39,11 @@ export const portuguese: Phrasing = {
       "recorda|me recorde|<set> [<a>] lembrete|<set> [<a>] aviso|preciso de um lembrete|quero um lembrete|me cria um " +
       "lembrete|quero ser lembrado|quero ser lembrada|preciso ser lembrado|preciso que voce me lembre|quero que voce me " +
       "lembre|preciso que me lembre|quero que me lembre|me faz lembrar|me faca lembrar|me lembra ai|me relembra|me " +
-      "relembre|me alerta|me alerte|me recordar|lembra eu|lembra a gente|nao me deixa perder|avisa eu)",
+      "relembre|me alerta|me alerte|me recordar|lembra eu|lembra a gente|nao me deixa perder|avisa eu|voce me lembra|voce me lembre|" +
+      "voce me avisa|que voce me lembre|que voce me avise|que me lembre|que me avise|" +
+      "me lembrar ai|me ajuda a lembrar|me ajude a lembrar|me cutuca|me da um toque|me cobra|me cobre|me lembrasse|me avisasse|faz um " +
+      "lembrete|lembra me ai|me manda um lembrete|" +
+      "quero lembrar|preciso lembrar|nao posso esquecer|me notifica|me notifique)",
     about:
       "(de|do|da|que|sobre|para|para eu|que eu preciso|que eu tenho que|que eu tenho de|que eu preciso de|que devo|que eu " +
       "devo|que preciso|que tenho que|que tenho|do dos|dos|das|que eu tenho|que e hora de|que esta na hora de|para lembrar " +
@@ -97,7 +102,8 @@ export const portuguese: Phrasing = {
       "da para) [voce] [por favor|por gentileza|me fazer o favor de]",
     "(ei|oi|ola|ok|ta bom|entao|bom|bem|agora|e|ah|hum|ai|opa|certo|beleza|legal|escuta|olha|vai|valeu|sim|faz favor|" +
       "tambem|rapidinho|rapido|bom dia|boa tarde|boa noite|alo|ne|tipo|viu|so|faz o seguinte|seguinte|por acaso|meu bem|" +
-      "querida|querido|amigo|amiga|cara|mano|oxe|uai|ue|perfeito|otimo|show|pronto|depois|dai)",
+      "querida|querido|amigo|amiga|cara|mano|oxe|uai|ue|perfeito|otimo|show|pronto|dai|minha filha|meu filho|meu amor|amor|gata|meu " +
+      "anjo|minha querida|meu querido|minha amiga|meu amigo)",
     "(esta|isso esta|voce esta|o som esta|o volume esta|a musica esta|ficou|estou achando) [muito|bem|tao|meio|um pouco] " +
       "(alto|alta|baixo|" +
       "baixa|barulhento) [demais]",
@@ -116,6 +122,22 @@ export const portuguese: Phrasing = {
       "gostaria de saber|quero saber|queria saber|eu quero saber|eu queria saber|preciso saber)",
     "(tem como|teria como|e possivel|seria possivel|da pra|tem jeito de) [voce]", "me ajuda a", "vamos", "se puder", "se der",
     "nao se importa de", "(eu) queria", "estou querendo", "se voce puder", "se nao for incomodo", "eu", "me faz um favor",
+    "(voce|tu) (pode|poderia|consegue|podia|conseguiria|nao pode|nao poderia) [por favor|por gentileza|so|rapidinho|tambem|ai]",
+    "(sera que|por acaso) (voce|tu|da|daria|tem como) [pode|poderia|consegue|conseguiria|podia|para]",
+    "(tem|teria|tinha|da|daria|dava) (como|jeito de|para|jeito) [voce] [so]", "(nao|) (se importa|se importaria|te importa) (de|em)",
+    "(voce|) (se importa|se importaria|te incomoda) (de|em|se)",
+    "(faz|faca|me faz|me faca|da para fazer) (o favor|um favor|a gentileza|essa gentileza|esse favor|a bondade|uma gentileza) [de|para " +
+      "mim|e|ai]", "(teria|tenha) a (gentileza|bondade) de",
+    "(eu|) (gostaria|queria|quero|preciso|precisava|adoraria|ia querer|estou precisando|estou querendo|tava querendo) (que (voce|tu)|de|" +
+      ")", "(antes que eu esqueca|ah e|so mais uma coisa|mais uma coisa|uma coisa|outra coisa|escuta aqui|olha so|deixa eu te pedir)",
+    "(ve|veja|olha) (se|ai se) (da|consegue|pode) [para]", "(ve|veja) (para mim|ai) [se]",
+    "(pode|poderia|consegue) (ir|me fazer o favor de|so|tambem|ai|por favor)", "(assistente|computador|meu caro|minha cara|chefe|" +
+      "parceiro|galera|gente|menina|moca|moco)",
+    "(tem|faz) ideia de", "(voce|) (tem ideia|faz ideia) (de|)", "(me ajuda|me ajude|ajuda) (a|ai a)",
+    "(vamos|bora|hora de|ta na hora de|que tal|e se voce|aproveita e|aproveitando)", "(nao esquece|nao esqueca|lembra|lembre) de",
+    "trata de", "por via das duvidas",
+    "(fiquei|estou) (curioso|curiosa|na duvida)", "(preciso|quero|queria|gostaria de) (saber|ver|entender|descobrir)",
+    "me (tira|tire) uma duvida", "seria (possivel|bom|otimo) [voce]", "(acho que|entao|bom) (voce|) (pode|podia|poderia)",
   ],
   polite: [
     "por favor", "por gentileza", "(obrigado|obrigada|valeu|muito obrigado|muito obrigada)", "se puder", "se der", "faz favor",
@@ -136,7 +158,12 @@ export const portuguese: Phrasing = {
     "(que|porque|pois) (esta|isso esta|o som esta|o volume esta) [muito|bem|tao|meio] (alto|baixo) [demais]",
     "(que|porque) (o|a|os|as|meu|minha|meus|minhas) (bebe|nenem|crianca|criancas|vizinho|vizinhos|filho|filha|mae) (esta|" +
       "estao) (dormindo|reclamando)",
-    "(so|um instante|um momento)", "quando puder",
+    "(so|um instante|um momento|hein|por enquanto|por ora|de uma vez|sem demora|faz favor|por acaso|afinal|mesmo|certo|computador|" +
+      "assistente|chefe|parceiro|gente)", "quando (puder|der|voce puder)", "se (voce|) (conseguir|quiser|der|puder|nao se importar)",
+    "(antes que eu esqueca|se nao for pedir muito|se nao for incomodar|se for possivel|para eu nao esquecer|desde ja|por um instante|" +
+      "por um momento|por um tempo|um pouquinho|um minutinho|um segundo)", "(voce sabe|sabe me dizer|voce sabe me dizer|me diz|me fala|" +
+      "pode me dizer|ta bem|esta bem|esta bom|combinado)",
+    "(eu|) nao (preciso|vou precisar|quero) mais [dele|dela|disso|deles|delas]",
   ],
-  requests: [...portugueseTimers, ...portugueseNotes, ...portugueseSound, ...portugueseDesktop, ...portugueseFacts],
+  requests: [...portugueseTimers, ...portugueseNotes, ...portugueseSound, ...portugueseDesktop, ...portugueseFacts, ...portugueseMemory],
 };

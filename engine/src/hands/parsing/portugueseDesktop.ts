@@ -60,6 +60,8 @@ export const portugueseDesktop: readonly Request[] = [
     "open",
     [
       "<open> [<the>] [aplicativo|app|programa|aplicacao|software] {text}",
+      "(preciso|quero|queria|vou) [usar|mexer|abrir|trabalhar] [de|do|da|o|a|no|na|em] {few:text} [entao] (abre|abra|abre ai|abre ele|" +
+        "abre ela|abre isso|pode abrir)",
       "(abre|abra|abrir) (o|a|os|as|meu|minha) [meus|minhas] {text}",
       "(quero|queria|preciso) [de] <the> {few:text} (aberto|aberta|abertos|rodando)",
       "(bota|coloca|poe) [<the>] {few:text} para (rodar|abrir)",

@@ -1,11 +1,6 @@
-// The phrases by which Portuguese asks for facts, sums and memory.
+// The phrases by which Portuguese asks for facts and sums.
 
 import type { Request } from "./meanings.ts";
-
-/** What was talked about may be asked for with its day. */
-function onADay(phrases: readonly string[]): string[] {
-  return phrases.flatMap((phrase) => (phrase.endsWith("{text}") ? [`${phrase} [na|no|em|nessa|nesta] {past:day}`, phrase] : [phrase]));
-}
 
 export const portugueseFacts: readonly Request[] = [
   [
@@ -121,7 +116,8 @@ export const portugueseFacts: readonly Request[] = [
     "daysUntil",
     [
       "quantos dias (faltam|restam|tem|sao|ainda faltam|falta|ha|) [ainda] (para|ate) [o|a] {day}",
-      "quantas semanas (faltam|restam|tem|) (para|ate) [o|a] {day}", "quantos dias (para|ate) [o|a] {day}",
+      "quantas semanas (faltam|restam|tem|) (para|ate) [o|a] {day}", "[daqui] (ate|para) [o|a] {day} (sao|faltam|falta|tem|da|dao|ha) " +
+        "(quantos dias|quanto tempo|quanto)", "quantos dias (para|ate) [o|a] {day}",
       "(quanto tempo|quanto|quanto tempo ainda) (falta|resta|tem|faltam|ainda falta) (para|ate) [o|a] {day}",
       "(daqui a|em) quantos dias (e|sera|vai ser|cai) {day}",
       "(faltam|falta) (quantos dias|quanto|quanto tempo|muito) (para|ate) [o|a|chegar o|chegar] {day}",
@@ -144,7 +140,8 @@ export const portugueseFacts: readonly Request[] = [
     [
       "(que|qual|em que|em qual) (dia|dia da semana|data) (e|era|foi|sera|vai ser|cai|caiu|vai cair|e que e|esta) [o|a|no|em] {day}",
       "(que|qual) (dia da semana|dia|data) [e|sera] [o|a|no|em] {day} (e|foi|sera|cai|caiu|vai cair|vai ser)",
-      "{day} (e|cai|foi|sera|vai ser|vai cair) (que|em que|em qual|qual|num) (dia|dia da semana)",
+      "{day} (e|vai ser|sera|cai) [no] dia (quanto|quantos|qual)", "{day} (e|cai|foi|sera|vai ser|vai cair) (que|em que|em qual|qual|" +
+        "num) (dia|dia da semana)",
       "(em que|que|qual) dia (da semana|) (cai|sera|foi|vai cair) [o|a] {day}",
       "qual [e|sera|foi|vai ser] [a] data [de|da|do|em] {day}", "que data (e|sera|vai ser) {day}",
       "(em que|que|qual|em qual) (dia|data|dia da semana) [e que] (cai|vai cair|sera|vai ser|foi|caiu|e) [o|a|no|na] {day}",
@@ -202,77 +199,29 @@ export const portugueseFacts: readonly Request[] = [
     ],
   ],
   [
+    "percentage",
+    [
+      "(quantos por cento|quanto por cento|que porcentagem|qual porcentagem|que percentual|qual percentual) (de|do|da) {number:b} (e|" +
+        "sao|representa|da|corresponde a) {number:a}",
+      "{number:a} (e|sao|representa|corresponde a) (quantos por cento|quanto por cento|que porcentagem|qual porcentagem) (de|do|da) " +
+        "{number:b}",
+    ],
+  ],
+  [
     "calculate",
     [
-      "[quanto e|quanto sao|quanto da|quanto fica|quanto e que da|quanto e que e|calcula|calcule|calcular|qual e|qual|qual " +
+      "[quanto que e|quanto que da|quanto que fica|quanto que sao|quanto e|quanto sao|quanto da|quanto fica|quanto e que da|quanto e " +
+        "que e|calcula|calcule|calcular|qual e|qual|qual " +
         "o resultado de|qual e o resultado de|resultado de|resolve|resolva|faz a conta|faca a conta|faz a conta de|faca a " +
         "conta de|computa|some|soma|quantos sao|quanto vale|o resultado de|me da o resultado de|conta de|faz as contas de|" +
         "faz|quanto seria|quanto daria] {sum} [reais|dolares|euros|pessoas|coisas] [=] [da quanto|e quanto|sao quanto|e " +
         "igual a|e igual a quanto|quanto e|quanto da|fica quanto|da|igual a|quanto]",
       "quantos (da|sao|e) {sum}",
-    ],
-  ],
-  [
-    "recall",
-    onADay([
-      "(sobre o que|do que|de que|o que|sobre que|que) (conversamos|falamos|a gente conversou|a gente falou|nos " +
-        "conversamos|nos falamos|discutimos|eu falei|eu perguntei|eu te perguntei|perguntei|te perguntei|eu disse|eu pedi|" +
-        "estavamos falando|estavamos conversando|eu te disse|eu te pedi|nos discutimos|conversei com voce|falei com voce|eu " +
-        "conversei com voce|eu te falei|pedi|voce e eu conversamos|foi que conversamos|foi que falamos|e que conversamos|e " +
-        "que falamos) [na|no|em] {past:day}",
-      "(o que|que) (conversamos|falamos|dissemos|discutimos|a gente falou|a gente conversou|eu disse|eu falei|eu te disse|" +
-        "eu perguntei|nos falamos|eu te falei|eu te perguntei|voce disse) (sobre|de|do|da|a respeito de|a respeito do|a " +
-        "respeito da) [o|a|os|as] {text}",
-      "quando [foi] [que] [nos|a gente|eu] [ja] (falamos|conversamos|falou|conversou|falei|discutimos|discutiu|tocamos no " +
-        "assunto) [com voce] (sobre|de|do|da|dos|das|a respeito de) [o|a|os|as] {text}",
-      "(o que|que) [foi] [que] (a gente|nos|eu|) [ja] (conversou|falou|discutiu|conversamos|falamos|discutimos|te disse|te " +
-        "contei|falei|disse|te falei|comentei|decidiu|combinou) [com voce] (sobre|de|do|da|dos|das|a respeito de|a respeito " +
-        "do|a respeito da) [o|a|os|as] {text}",
-      "(o que|sobre o que|do que|de que|que) [foi] [que] [e que] (a gente|nos|eu|) [ja] (conversou|falou|discutiu|" +
-        "conversamos|falamos|discutimos|te disse|te contei|falei|disse|te falei|comentei|estava falando|estava conversando|" +
-        "estavamos falando|perguntei|te perguntei) [com voce] [na|no|em] {past:day}",
-      "(a gente|nos|eu) (ja|alguma vez|chegou a|chegamos a) [ja] (falou|falamos|conversou|conversamos|falar|conversar|" +
-        "falei|conversei|discutiu|discutimos) [com voce] (sobre|de|do|da|dos|das) [o|a|os|as] {text}",
-      "(me lembra|me lembre|me diz|me diga|lembra|me conta) [do|de] (o que|que) [foi] [que] (a gente|nos|eu|) (conversou|" +
-        "falou|falamos|conversamos|falei|disse|te disse) (sobre|de|do|da|dos|das) [o|a|os|as] {text}",
-      "(me lembra|me lembre|me diz|me diga|me conta) [do|de|sobre] (o que|que) [foi] [que] (a gente|nos|eu|) (conversou|" +
-        "falou|falamos|conversamos|falei|disse|te disse) [na|no|em] {past:day}",
-      "quando (falamos|conversamos|a gente falou|a gente conversou|eu falei|eu perguntei|foi que falamos|foi que " +
-        "conversamos|eu te perguntei|nos falamos) (sobre|de|do|da) [o|a|os|as] {text}",
-      "(procura|procure|procurar|busca|busque|buscar|pesquisa|pesquise|pesquisar) (por|) {text} (nas|em|na) [nossas|" +
-        "minhas] (conversas|conversa|historico|conversas antigas|conversas passadas)",
-      "(procura|procure|procurar|busca|busque|buscar|pesquisa|pesquise) (nas|em) [nossas|minhas] (conversas|conversas " +
-        "antigas|conversas passadas) [por|sobre|o|a] {text}",
-      "(acha|ache|encontra|encontre|procura|procure|busca|mostra|mostre) (a|as|nossa|minhas|nossas) (conversa|conversas) " +
-        "sobre [o|a] {text}",
-      "(lembra|voce lembra|se lembra|voce se lembra) (do que|o que|de que|sobre o que) (conversamos|falamos|eu disse|eu " +
-        "falei|a gente conversou|a gente falou) {past:day}",
-      "(lembra|voce lembra|se lembra|voce se lembra) (do que|o que|de que) (conversamos|falamos|eu disse|eu falei|a gente " +
-        "conversou|a gente falou) sobre [o|a] {text}",
-      "(ja falamos|ja conversamos|nos ja falamos|a gente ja falou) (sobre|de|do|da) [o|a] {text}",
-      "qual foi [o assunto da|o assunto de|o tema da] [nossa] conversa [de] {past:day}",
-      "{past:day} (conversamos|falamos|a gente conversou) sobre o que",
-    ]),
-  ],
-  [
-    "forget",
-    [
-      "(esquece|esqueca|esquecer|apaga|apague|apagar|deleta|delete|deletar|exclui|exclua|excluir|limpa|limpe|elimina|" +
-        "elimine|remove|remova|descarta|descarte) (esta|essa|nossa|a nossa|toda esta|toda essa|a|toda a) (conversa|" +
-        "discussao) [inteira|toda|atual|da memoria|da sua memoria|toda da memoria]",
-      "(esquece|esqueca|apaga|apague|esquecer) (tudo o que|tudo que|o que) (conversamos|falamos|eu disse|eu falei|a gente " +
-        "conversou|a gente falou|eu te disse|dissemos|eu acabei de dizer|acabamos de falar|acabei de falar|eu acabei de " +
-        "falar|acabamos de conversar|discutimos) [nesta conversa|nessa conversa|agora|aqui|ate agora]",
-      "nao (guarda|guarde|salva|salve|lembra|armazene) (esta|essa) conversa",
-      "(esquece|esqueca|apaga|apague|exclui|exclua|deleta|delete|limpa|limpe|elimina|elimine) (tudo|tudo isso|tudo o que|" +
-        "tudo que|o que|isso que|aquilo que) [que] (a gente|nos|eu|voce e eu|) [acabou de|acabamos de|acabei de|ja] " +
-        "(conversou|falou|discutiu|conversamos|falamos|disse|falei|te disse|te falei|falar|conversar|dizer|contei|te contei) " +
-        "[agora|hoje|aqui|nessa conversa|nesta conversa|agora ha pouco|ate agora|ate aqui]",
-      "(joga fora|jogue fora|some com|suma com|da um fim em) (esta|essa|nossa) conversa",
-      "(esquece|esqueca|apaga|apague|exclui|exclua|deleta|delete) (a|essa|esta|nossa|toda a|toda essa) [nossa] conversa " +
-        "[toda|inteira|de agora|de hoje]",
-      "(quero|preciso) que voce (esqueca|apague) (esta|essa|nossa|a nossa) conversa",
-      "(apaga|apague) [o|] historico (desta|dessa|da) conversa",
+      "(soma|some|somar|junta|adiciona|qual e a soma de|a soma de|o total de) {numbers:sum}",
+      "quanto (da|e|sao|fica|dao) {numbers:sum} [somados|juntos|tudo junto]",
+      "(qual|me diz|me da|calcula|quero) [e|seria] [o] (resultado|valor|total) (de|da conta) {sum}",
+      "{sum} (da|e|sao|fica|igual a|e igual a) (quanto|quantos)", "{sum} (quanto e|quanto da|quanto fica)",
+      "(me diz|me fala|calcula|descobre|quero saber) quanto (e|da|fica|sao) {sum}",
     ],
   ],
 ];

@@ -6,6 +6,8 @@ export const portugueseNotes: readonly Request[] = [
   [
     "addToList",
     [
+      "(precisamos de|preciso de|acabou|acabaram|estamos sem|estou sem|falta|faltam|faltou) [o|a|os|as] {text} [entao] <addverb> (isso|" +
+        "ele|ela|eles|elas|ai) <onto> [minha|nossa] lista <listname>",
       "<addverb> [ai] {text} [tambem|ai] <onto> [minha|nossa|meu|nosso] lista <listname>",
       "[na|a|minha|nossa|na minha] lista <listname> <addverb> {text}",
       "(quero|queria|eu quero|preciso de|precisamos de|gostaria de|falta|faltou|vai) [por|colocar|botar|adicionar|incluir] " +
@@ -34,6 +36,8 @@ export const portugueseNotes: readonly Request[] = [
     [
       "<readverb> [todas] [<the>] [ultimas|ultima] (notas|anotacoes|nota|anotacao) [para mim|comigo|em voz alta]",
       "(o que|que) (tem|esta|ha|esta escrito|eu tenho|tenho) (nas|em) [minhas] (notas|anotacoes)",
+      "[<readverb>] [para mim] (o que|que) (eu|) (mandei|pedi para|te pedi para|falei para|disse para) [voce|tu] (anotar|escrever|" +
+        "guardar|registrar)",
       "(o que|que) (eu anotei|anotei|eu escrevi|eu pedi para anotar|pedi para voce anotar|eu pedi para voce anotar|ficou " +
         "anotado|voce anotou)",
       "(quais|que) (notas|anotacoes) (eu tenho|tenho|ha|tem|eu fiz|existem)", "quais sao [<the>] (notas|anotacoes)",
@@ -60,7 +64,10 @@ export const portugueseNotes: readonly Request[] = [
     [
       "(o que|que|o que mais|que coisas|quais itens|o que e que|que itens) (tem|esta|ha|temos|tenho|eu tenho|eu coloquei|" +
         "falta|ainda tem|existe|estao|ta|ficou|eu pus|consta) <ofwhose> lista <listname> [ate agora]",
-      "(o que|que) (tem|esta|ha|temos|tenho) <ofwhose> lista",
+      "(o que|que) (tem|esta|ha|temos|tenho) <ofwhose> lista", "<ofwhose> lista <listname> (tem|ha|esta|temos|falta) (o que|que|quais " +
+        "coisas|quais itens)",
+      "(o que|que) (esta|ainda esta|ta) faltando [comprar|comprarmos] [no mercado]",
+      "(o que|que) (e para|tem para|precisa|e que falta) comprar", "<readverb> comigo <whose> lista <listname>",
       "<readverb> [o que tem|os itens|tudo que tem|tudo o que esta|o que esta|o conteudo] [<whose>|<ofwhose>] lista " +
         "<listname> [para mim|em voz alta]",
       "<readverb> <whose> lista [para mim|em voz alta]",
@@ -88,6 +95,9 @@ export const portugueseNotes: readonly Request[] = [
         "para mim|escreve para mim|registra para mim|toma nota para mim|toma nota ai|escreve uma nota|escreva uma nota|grava " +
         "uma nota|grave uma nota|fazer uma nota|lembre se|salva|salve) (que|dizendo|dizendo que|de que|falando que|com o " +
         "texto|sobre|para dizer que|assim) {text}",
+      "(anota|faz|cria|escreve|registra|grava|salva|adiciona|toma|tome|guarda|deixa|bota|poe|coloca|fazer) [ai|me|para mim|aqui] [uma|" +
+        "essa|esta|a seguinte|mais uma|outra] [nova|pequena] (nota|anotacao|" +
+        "observacao) [nova|rapida|ai|para mim] [que|dizendo|dizendo que|de que|sobre|assim|com] {text}",
       "(anota|anote|anotar|toma nota|tome nota|anota ai|anote ai|faz uma nota|faca uma nota|faz uma anotacao|faca uma " +
         "anotacao|cria uma nota|crie uma nota|nova nota|nova anotacao|toma nota ai|escreve ai|anota isso|anote isso|anota " +
         "isso ai|escreve uma nota|escreva uma nota|deixa anotado|registra ai|escreve isso|registre isso|anota para mim) " +

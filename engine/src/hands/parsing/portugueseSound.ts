@@ -55,7 +55,8 @@ export const portugueseSound: readonly Request[] = [
       "(tira|tire) [<the>] (som|volume|computador|audio) do mudo", "tira do mudo",
       "(volta|liga|devolve|traz|quero) [com] [de volta] o (som|audio) [de volta|de novo]",
       "(sai|tira|saia) [o som|isso|o computador] do (mudo|silencioso|modo silencioso)",
-      "(desativa|desliga|tira) o (mudo|modo silencioso)", "(volta|liga) com o som", "desmuta", "desmutar",
+      "(desativa|desliga|tira) o (mudo|modo silencioso)", "(volta|liga) com o som",
+      "(volta|voltar|volte) [com] [<the>] (som|audio|volume)", "desmuta", "desmutar",
     ],
   ],
   [
@@ -129,7 +130,7 @@ export const portugueseSound: readonly Request[] = [
   [
     "next",
     [
-      "proxima", "(pula|pule|pular|avanca|avance)", "outra <music>",
+      "proxima", "(essa|esta|esse|este) nao [toca|poe|bota] [a] (proxima|outra)", "(pula|pule|pular|avanca|avance)", "outra <music>",
       "(vai|va|ir|passa|passe|pula|pule|avanca|avance|muda|mude) [la] (para|pra) [a|o] (proxima|proximo|seguinte|outra) " +
         "[<music>]",
       "(avanca|avance) [uma|1|essa|a] <music>", "(muda|mude|troca|troque) [de|a|essa|esta] (<music>|faixa)",

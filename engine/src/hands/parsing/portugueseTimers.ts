@@ -45,7 +45,9 @@ export const portugueseTimers: readonly Request[] = [
       "{moment} (me acorda|me acorde|me desperta|me chama|me levanta|me acordar)",
       "(me levanta|me levante|me tira da cama|me acorda ai|acorda a gente|nos acorda|nos acorde|me da um bom dia) {moment}",
       "{moment} (eu|) (preciso|tenho que|quero|vou) (acordar|levantar|estar de pe)",
-      "(preciso|tenho que|quero) (acordar|levantar) {moment} [entao] (me acorda|me acorde|me chama)",
+      "(preciso|tenho que|quero|tenho de|vou ter que) (acordar|levantar|estar de pe|estar acordado|estar acordada|sair da cama|me " +
+        "levantar) {moment} [entao|e] (me acorda|me acorde|me chama|me desperta|" +
+        "<set> [<a>] <alarm>)",
       "(me acorda|me acorde|me desperta|me acordar) (em|daqui a|depois de|dentro de) {duration}",
       "(daqui a|em) {duration} (me acorda|me acorde)",
       "(preciso|eu preciso|tenho que|eu tenho que|quero|eu quero|tenho de|vou|devo|gostaria de) (acordar|levantar|estar de " +
@@ -71,6 +73,9 @@ export const portugueseTimers: readonly Request[] = [
   [
     "remind",
     [
+      "(tenho que|tenho de|preciso|devo|vou ter que|eu tenho que|eu preciso|tenho) {text} ({moment}|(em|daqui a|dentro de) {duration}) " +
+        "[entao|e] " +
+        "(me lembra|me lembre|me avisa|me avise|nao me deixa esquecer|me lembra disso|me cria um lembrete|cria um lembrete)",
       "<remind> (em|daqui a|dentro de|depois de|para daqui a) {duration} <about> {text}", "<remind> {moment} <about> {text}",
       "<remind> <about> {text} (em|daqui a|dentro de|depois de) {duration}", "<remind> <about> {text} {moment}",
       "(em|daqui a|dentro de|depois de) {duration} <remind> <about> {text}", "{moment} <remind> <about> {text}",
@@ -186,7 +191,10 @@ export const portugueseTimers: readonly Request[] = [
       "(ja|esta) (acabou|acabando|terminou|terminando|tocou) [o|meu] <timer> [(do|da|de|dos|das) {few:name}]",
       "(quantos minutos|quantos segundos|quanto tempo) (ainda|mais|ainda tem|ainda faltam) [faltam|falta|no <timer>|para " +
         "acabar]",
-      "quanto falta (no|na) {few:name}",
+      "quanto falta (no|na) {few:name}", "(falta|faltam) (muito|quanto|quantos minutos|quanto tempo) [tempo] [ainda] (para|no|na) [o|a|" +
+        "os|as] {few:name} [ficar pronto|acabar|terminar]",
+      "[e] (o|a|os|as) {few:name} (falta|faltam) (muito|quanto|quanto tempo|quantos minutos)",
+      "quanto [tempo] [ainda] falta para (o|a) (fim|final|termino) (do|da|de|dos|das) {few:name}",
     ],
   ],
   [

@@ -2,10 +2,12 @@
 
 import type { Language } from "../../base/language.ts";
 import { english } from "./english.ts";
+import { gistOf, prepareGist } from "./gist.ts";
 import { matched, phrase, type Phrase, type Sentence } from "./grammar.ts";
-import { meanings, verbatim, type MeaningName, type Meant, type Phrasing } from "./meanings.ts";
+import { keptIn, meanings, verbatim, type MeaningName, type Meant, type Phrasing } from "./meanings.ts";
 import { portuguese } from "./portuguese.ts";
-import { isFiller, isPause, tokensOf, withoutAsides, type Token } from "./tokens.ts";
+import { withoutRemarks } from "./remarks.ts";
+import { isFiller, isPause, said, tokensOf, withoutAsides, type Token } from "./tokens.ts";
 
 interface Compiled {
   before: Phrase[];
@@ -28,6 +30,7 @@ function compiledFor(language: Language): Compiled {
 /** Makes the first sentence as quick as the others. */
 export function prepare(language: Language): void {
   compiledFor(language);
+  prepareGist(language);
 }
 
 function compile({ parts, before, polite, after, requests }: Phrasing): Compiled {
@@ -47,7 +50,26 @@ export function understood(text: string, language: Language, now: Date): Meant |
   const found = asked(text, tokens, language, now);
   if (found) return found;
   const fewer = withoutAsides(tokens, language);
-  return fewer.length < tokens.length ? asked(text, fewer, language, now) : undefined;
+  const meant = (fewer.length < tokens.length ? asked(text, fewer, language, now) : undefined) ?? gist(text, fewer, language, now);
+  if (meant) return meant;
+  for (const rest of withoutRemarks(text, tokens, language)) {
+    const isBefore = rest.at(-1) === tokens.at(-1);
+    const bare = withoutAsides(rest, language);
+    const request = asked(text, bare, language, now) ?? gist(text, bare, language, now);
+    // What is to be written down may be told like a remark.
+    if (request && (isBefore || keptIn(request) === undefined)) return request;
+  }
+  return undefined;
+}
+
+/** What it asks for by its words, with the polite ones around it or without. */
+function gist(text: string, tokens: readonly Token[], language: Language, now: Date): Meant | undefined {
+  const { before, polite, after } = compiledFor(language);
+  const around = { text, language, now };
+  const starts = [...ends(tokens.toReversed(), before, around, true)].map((length) => tokens.length - length);
+  const stops = ends(tokens, [...polite, ...after], around);
+  const parts = [...new Set([...starts, 0])].flatMap((start) => stops.toReversed().map((stop) => [start, stop] as const));
+  return gistOf({ ...around, tokens }, parts.filter(([start, stop]) => start < stop));
 }
 
 function asked(text: string, tokens: readonly Token[], language: Language, now: Date): Meant | undefined {
@@ -80,6 +102,18 @@ export function isThanks(text: string, language: Language, now: Date): boolean {
 export function isPolite(text: string, language: Language, now: Date): boolean {
   const { before, polite, after } = compiledFor(language);
   return isMade(text, [...before, ...polite, ...after], language, now);
+}
+
+/** The sentence without what is polite before it or around it; none where nothing is. */
+export function withoutManners(text: string, language: Language, now: Date): string[] {
+  const { before, polite, after } = compiledFor(language);
+  const tokens = wordsOf(text, language);
+  if (tokens.length > mostTokens) return [];
+  const around = { text, language, now };
+  const stops = [...ends(tokens, [...polite, ...after], around)].reverse();
+  const starts = ends(tokens.toReversed(), before, around, true).map((length) => tokens.length - length);
+  const isPart = (start: number, stop: number): boolean => start < stop && stop - start < tokens.length;
+  return starts.flatMap((start) => stops.filter((stop) => isPart(start, stop)).map((stop) => said(text, tokens, start, stop)));
 }
 
 function isMade(text: string, of: readonly Phrase[], language: Language, now: Date): boolean {

@@ -45,6 +45,11 @@ const fractions: Record<Language, Record<string, string>> = {
   pt: { metade: "1/2", "um terco": "1/3", "um quarto": "1/4", "dois tercos": "2/3", "tres quartos": "3/4" },
 };
 
+const shares: Record<Language, Record<string, number>> = {
+  en: { third: 3, thirds: 3, quarter: 4, quarters: 4, fifth: 5, fifths: 5, sixth: 6, sixths: 6, eighth: 8, eighths: 8, tenth: 10, tenths: 10 },
+  pt: { terco: 3, tercos: 3, quarto: 4, quartos: 4, quinto: 5, quintos: 5, sexto: 6, sextos: 6, oitavo: 8, oitavos: 8, decimo: 10, decimos: 10 },
+};
+
 function startsWith(tokens: readonly Token[], at: number, words: readonly string[]): boolean {
   return words.every((word, offset) => tokens[at + offset]?.plain === word);
 }
@@ -76,6 +81,20 @@ interface Part extends Found<string> {
 export function sum(tokens: readonly Token[], at: number, language: Language): Found<string> | undefined {
   const whole = expression(tokens, at, language);
   return whole?.isSum ? whole : undefined;
+}
+
+/** Numbers that are to be added: "19, 23 and 8". */
+export function added(tokens: readonly Token[], at: number, language: Language): Found<string> | undefined {
+  const numbers: string[] = [];
+  let next = at;
+  for (;;) {
+    const from = numbers.length > 0 && /^(and|plus|e|mais|com)$/.test(tokens[next]?.plain ?? "") ? next + 1 : next;
+    const found = number(tokens, from, language);
+    if (!found) break;
+    numbers.push(plainNumber(found.value));
+    next = found.next;
+  }
+  return numbers.length > 1 ? { value: numbers.join(" + "), next } : undefined;
 }
 
 /** A number with its unit. */
@@ -150,13 +169,21 @@ function operand(tokens: readonly Token[], at: number, language: Language): Part
   if (shared) return shared;
   const found = number(tokens, isNegative ? at + 1 : at, language);
   if (!found) return undefined;
-  const value = isNegative ? `(-${plainNumber(found.value)})` : plainNumber(found.value);
-  return percentOf(tokens, value, found.next, language) ?? { value, next: found.next, isSum: false };
+  const after = halfAfter(tokens, found.next, language);
+  const count = after > 0 ? found.value + 0.5 : found.value;
+  const value = isNegative ? `(-${plainNumber(count)})` : plainNumber(count);
+  return percentOf(tokens, value, found.next + after, language) ?? { value, next: found.next + after, isSum: false };
 }
 
 /** "Half of 30", "a third of 90", "a metade de 30". */
 function fractionOf(tokens: readonly Token[], at: number, language: Language): Part | undefined {
   const start = /^(a|one)$/.test(tokens[at]?.plain ?? "") && language === "en" ? at + 1 : at;
+  const parts = number(tokens, at, language);
+  const share = parts && shares[language][tokens[parts.next]?.plain ?? ""];
+  if (parts && share !== undefined && /^(of|de|do|da)$/.test(tokens[parts.next + 1]?.plain ?? "")) {
+    const whole = operand(tokens, parts.next + 2, language);
+    if (whole) return { value: `(${plainNumber(parts.value)}/${share}) * ${whole.value}`, next: whole.next, isSum: true };
+  }
   for (const [name, value] of Object.entries(fractions[language])) {
     const words = name.split(" ");
     const of = start + words.length;

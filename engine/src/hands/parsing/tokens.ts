@@ -2,10 +2,13 @@
 
 import type { Language } from "../../base/language.ts";
 import { plainWords } from "../../base/words.ts";
+import { baseOf, lemmaOf } from "./verbs.ts";
 
 export interface Token {
   /** In lower case and without accents; a number as it is written, a mark that counts or a mark between sentences by itself. */
   plain: string;
+  /** The verb that it is a form of, or `plain`. */
+  lemma: string;
   /** Where it stands in the text. Both words of "what's" stand in the same place. */
   start: number;
   end: number;
@@ -17,7 +20,7 @@ export const longestSentence = 2_000;
 const shortened: Record<Language, Record<string, string[]>> = {
   en: {
     whats: ["what", "is"], hows: ["how", "is"], wheres: ["where", "is"], thats: ["that", "is"], its: ["it", "is"], whens: ["when", "is"],
-    theres: ["there", "is"], id: ["i", "would"], ill: ["i", "will"], im: ["i", "am"], ive: ["i", "have"],
+    theres: ["there", "is"], whos: ["who", "is"], heres: ["here", "is"], id: ["i", "would"], ill: ["i", "will"], im: ["i", "am"], ive: ["i", "have"],
     youre: ["you", "are"], youd: ["you", "would"], lets: ["let", "us"], dont: ["do", "not"], didnt: ["did", "not"], doesnt: ["does", "not"],
     isnt: ["is", "not"], wasnt: ["was", "not"], cant: ["can", "not"], cannot: ["can", "not"], wont: ["will", "not"],
     whatre: ["what", "are"], gimme: ["give", "me"], wanna: ["want", "to"], gonna: ["going", "to"], hes: ["he", "is"], shes: ["she", "is"],
@@ -30,7 +33,7 @@ const shortened: Record<Language, Record<string, string[]>> = {
 };
 
 /** Words that end in "'s" lose it where it stands for "is", not where it tells whose something is. */
-const isShortened = /^(what|how|where|that|it|when|there|who|he|she|let)['’]s$/i;
+const isShortened = /^(what|how|where|that|it|when|there|who|here|he|she|let)['’]s$/i;
 
 const piece =
   /\d+(?:[.,:]\d+)*(?=$|[^\d])|[ap]\.\s?m\.?(?![\p{L}])|\p{L}[\p{L}\p{M}\p{N}'’]*|[%+*/^=×÷€$£°()−]|-(?=\s?\d)|[.,;:!?…–—-]/giu;
@@ -42,16 +45,32 @@ export function tokensOf(text: string, language: Language): Token[] {
   for (const found of text.matchAll(piece)) {
     const [word] = found;
     const [start, end] = [found.index, found.index + word.length];
-    if (word === "-" && /^\s?\d/.test(text.slice(end))) tokens.push({ plain: "−", start, end });
-    else for (const plain of plainOf(word, language)) tokens.push({ plain, start, end });
+    const isMinus = word === "-" && /^\s?\d/.test(text.slice(end));
+    for (const said of isMinus ? ["−"] : plainOf(word, text.slice(end), language)) {
+      const plain = language === "en" ? baseOf(said, tokens.at(-1)?.plain) : said;
+      tokens.push({ plain, lemma: lemmaOf(plain, language), start, end });
+    }
   }
   return tokens;
 }
 
-function plainOf(word: string, language: Language): string[] {
+/** English endings after a mark, and the words that they are short for. */
+const endings: readonly [RegExp, string][] = [
+  [/^(.+)['’]re$/i, "are"], [/^(.+)['’]ll$/i, "will"], [/^(.+)['’]ve$/i, "have"], [/^(.+)['’]d$/i, "would"], [/^(.+)n['’]t$/i, "not"],
+];
+/** Before these "'s" is "is", whatever it stands after: "the music's too loud". */
+const saysIs = /^\s+(too|so|very|really|way|not|still|getting|asleep|sleeping|awake|ready|done|playing|running|over|coming|due|here|home|calling|ringing|(?:in|on|at) (?:the|my))\b/i;
+
+function plainOf(word: string, rest: string, language: Language): string[] {
   if (/^[ap]\.\s?m\.?$/i.test(word)) return [word.replace(/[^a-z]/gi, "").toLowerCase()];
   if (!/^\p{L}/u.test(word)) return [word];
   const whose = /^(.+)['’]s$/u.exec(word);
+  if (language === "en") {
+    if (whose?.[1] !== undefined && saysIs.test(rest)) return [plainWords(whose[1]).join(""), "is"];
+    const [, stem, long] = endings.map(([ending, full]) => [...(ending.exec(word) ?? []), full]).find(({ length }) => length === 3) ?? [];
+    const isOwn = Object.hasOwn(shortened.en, plainWords(word.replace(/['’]/g, "")).join(""));
+    if (stem !== undefined && long !== undefined && !isOwn) return [plainWords(stem).join(""), long];
+  }
   const bare = whose?.[1] !== undefined && !isShortened.test(word) ? whose[1] : word.replace(/['’]/g, "");
   const plain = plainWords(bare).join("");
   const longer = shortened[language][plain];
@@ -67,7 +86,7 @@ export function isPause({ plain }: Token): boolean {
   return /^[.,;:!?…–—-]$/.test(plain);
 }
 
-const fillers: Record<Language, RegExp> = { en: /^(uh+|u[hm]m*|er+m?|hm+|ah+|eh|mm+)$/, pt: /^(ah+|eh+|ahn|hm+|hum+|uh+|ai|ne)$/ };
+const fillers: Record<Language, RegExp> = { en: /^(uh+|u[hm]m*|er+m?|hm+|ah+|eh|mm+)$/, pt: /^(ah+|eh+|ahn|hm+|hum+|uh+|ai|ne|hein|hem)$/ };
 
 /** A sound or a word that somebody makes while thinking. */
 export function isFiller({ plain }: Token, language: Language): boolean {
@@ -80,7 +99,7 @@ const questionWords: Record<Language, RegExp> = {
   en: /^(what|which|how|when|where|who|is|are|do|does|am|have|has|any)$/,
   pt: /^(o|que|quais|qual|quant[oa]s?|como|quando|onde|quem|do|tem|tenho|ha|esta)$/,
 };
-const adverbs: Record<Language, RegExp> = { en: /^(still|currently|actually|exactly)$/, pt: /^(ainda|atualmente|exatamente|mesmo|eu)$/ };
+const adverbs: Record<Language, RegExp> = { en: /^(still|currently|actually|exactly|already)$/, pt: /^(ainda|ja|atualmente|exatamente|mesmo|eu)$/ };
 
 /**
  * Leaves out what changes nothing: "for me" near the beginning of "open for me the calculator", in a question such words as "still", and

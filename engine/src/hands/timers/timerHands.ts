@@ -215,7 +215,8 @@ class TimersHand implements Hand {
     const isPortuguese = language === "pt";
     const [, many] = nouns[language][which.kind ?? "timer"];
     const called = which.name === undefined ? "" : ` “${which.name}”`;
-    const none = isPortuguese ? `Não há ${many}${called}.` : `There are no ${many}${called}.`;
+    const nothing = isPortuguese ? "Não há nada marcado." : "Nothing is set.";
+    const none = which.kind === undefined && which.name === undefined ? nothing : isPortuguese ? `Não há ${many}${called}.` : `There are no ${many}${called}.`;
     const told = found.slice(0, mostTold).map((timer) => left(timer, now, language));
     const more = found.length - told.length;
     const rest = isPortuguese ? `E mais ${more}.` : `And ${more} more.`;

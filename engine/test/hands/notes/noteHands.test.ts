@@ -86,3 +86,12 @@ test("what lies in the way is said", async () => {
   symlinkSync("/etc/passwd", notebook.notesFile);
   expect(await write({ do: "note", text: "x" })).toBe(`${join(notebook.folder, "Notes.md")} is no plain file or folder; I left it alone.`);
 });
+
+test("several things are taken off a list at once, and one whose name joins two as one", async () => {
+  const { write, notebook } = handsOf();
+  await write({ do: "add", items: "salt, pepper, macaroni and cheese, milk", list: "shopping" });
+  expect(await write({ do: "remove", item: "salt and pepper", list: "shopping" })).toBe("Taken off the list “shopping”: salt and pepper.");
+  expect(notebook.items("shopping")).not.toContain("salt");
+  expect(await write({ do: "remove", item: "macaroni and cheese", list: "shopping" })).toContain("macaroni and cheese");
+  expect(await write({ do: "remove", item: "milk and honey", list: "shopping" })).toBe("Taken off the list “shopping”: milk.");
+});

@@ -57,6 +57,22 @@ test("the marks of what is noted are kept, and those around a name are not", () 
   expect(given("set a 5 minute \"tea\" timer")).toBe("tea");
 });
 
+test("what is told beside a request is left out, and asks for nothing by itself", () => {
+  const meant = (sentence: string, language: Language = "en"): unknown => understood(sentence, language, now)?.hand;
+  expect(meant("I'm off to a meeting, lock the screen")).toBe("lock");
+  expect(meant("Lock the screen because I have to see somebody")).toBe("lock");
+  expect(meant("Bloqueia a tela que eu vou almoçar fora", "pt")).toBe("lock");
+  expect(meant("If I am off to a meeting, lock the screen")).toBeUndefined();
+  expect(meant("She said that it is late, lock the screen")).toBeUndefined();
+});
+
+test("a request in another order, and in another form of its verb, is the same", () => {
+  const seconds = (sentence: string, language: Language = "en"): unknown => understood(sentence, language, now)?.given.seconds;
+  expect(seconds("ten minutes, if you could, on that timer of mine")).toBeUndefined();
+  expect(seconds("would you mind starting a timer of roughly ten minutes")).toBe(600);
+  expect(seconds("daria pra você começar um timer de uns dez minutos", "pt")).toBe(600);
+});
+
 test("an hour without its half of the day is the next one", () => {
   const at = (sentence: string, hour: number): unknown => understood(sentence, "en", new Date(2026, 10, 18, hour, 0))?.given.at;
   expect(at("set an alarm for seven", 6)).toBe("2026-11-18T07:00");

@@ -29,6 +29,7 @@ describe("the hand for timers", () => {
   test("names what is set of another kind when there is none of the kind", async () => {
     const { act, tell } = handsOf();
     expect(await tell({ kind: "timer" })).toBe("There are no timers.");
+    expect(await tell({})).toBe("Nothing is set.");
     await act({ do: "alarm", seconds: 3_600 });
     await act({ do: "reminder", seconds: 7_200, about: "call Ana" });
     expect(await tell({ kind: "timer" })).toBe("There are no timers. The alarm of 1 hour rings in 1 hour. The reminder “call Ana” rings in 2 hours.");

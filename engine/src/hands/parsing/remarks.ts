@@ -1,0 +1,90 @@
+// What somebody tells beside a request, as its reason: "I'm off to bed, lock the screen", "turn it down because the baby is asleep". It is
+// no part of the request, and asks for nothing.
+
+import type { Language } from "../../base/language.ts";
+import type { Token } from "./tokens.ts";
+
+/** How a remark begins: with who is in which state. What somebody says, asks or writes is none. */
+const begins: Record<Language, RegExp> = {
+  en: new RegExp(
+    "^((and|so|but) )?((i|we) (am|are|have|will|need|want|would|can|do|could|did|just|already|really|think|no longer|must|was|ca|got|" +
+      "had|should|cannot|hate|love|like|only|bought|finished|never|forgot|keep|left|missed|barely|feel|changed|get|usually|found|made|" +
+      "took|put|gave|saw|went|ended|decided|do|know|like|prefer|see|overslept)|" +
+      "\\S+ (is|are) (in|on|at|too|so|very|not|asleep|done|ready|over|here|out|coming|calling|packed|off|gone|away|about|really|back|" +
+      "getting)|you (talk|speak|sound|are)|" +
+      "(it|this|that|there|you|they|he|she|everyone|everybody|someone|somebody|nobody|people) (is|are|has|have|will|needs|does|do|can|" +
+      "did|was|were|hurts|wants|sounds|gets|keeps|should|starts|takes)|" +
+      "(the|my|our|his|her|all the|this|these|those) \\S+( \\S+){0,2} (is|are|has|have|will|needs|need|does|do|can|did|starts|takes|" +
+      "keeps|hurts|was|were|wants|want|ran|just)|" +
+      "no (need|longer)|not (needed|necessary|now)|too (loud|quiet|noisy|low)|much (too|better))\\b",
+  ),
+  pt: new RegExp(
+    "^((e|mas|entao) )?((eu |nos |a gente |ja )?(estou|estamos|esta|vou|vamos|vai|tenho|temos|tem|preciso|precisamos|quero|queremos|nao|" +
+      "ja|acabei|acabamos|so|comprei|compramos|mal|acho|sou|fiquei|cheguei|perdi|mudei|esqueci|fico|detesto|odeio|gosto|desisti|" +
+      "terminei|costumo)|" +
+      "(isso|isto|ela|ele|voce|eles|elas|todo mundo|alguem|ninguem|aqui) (ja |nao |so |mal )?(esta|estao|e|sao|tem|vai|vao|fica|ficou|" +
+      "ficaram|precisa|incomoda|quer|comeca|comecou|acabou|chegou)|" +
+      "(o|a|os|as|meu|minha|meus|minhas|nosso|nossa|esse|essa|este|esta|tudo) (\\S+ ){1,3}?(ja |nao |so |mal )?(esta|estao|e|sao|tem|" +
+      "vai|vao|fica|ficou|ficaram|precisa|precisam|comeca|comecou|chegou|acabou|quer|querem|demora|leva|doi)|" +
+      "(ja )?(e|esta|ficou|acabou|tem|ha|muito|alto|baixo|barulho|gente) |nao (precisa|preciso|quero|consigo|estou|da|e|te|aguento|ouco|" +
+      "escuto)|ninguem |(muito|tao) (alto|baixo))",
+  ),
+};
+/** What is told of, asked or thought may stand after it, and is not asked for. */
+const tells: Record<Language, RegExp> = {
+  en: wordsOf(
+    "say|says|said|tell|tells|told|ask|asks|asked|if|when|unless|until|whether|hear that|heard|read|wrote|write|sing|" +
+      "song called|mean|means|remember|remembered|try|tried|used to|supposed to|why|how|what|who|yesterday|wish|hope|dream|" +
+      "dreamed|learn|learned|reminder|remind|timer|alarm",
+  ),
+  pt: wordsOf(
+    "disse|diz|dizer|dizem|falou|fala|falei|pediu|pedi|perguntou|perguntei|se|quando|caso|ouvi|leu|li|escreveu|escrever|" +
+      "lembro|lembrei|tentei|tentar|porque|como|ontem|queria|sonhei|aprender|lembrete|lembra|timer|alarme",
+  ),
+};
+const because: Record<Language, RegExp> = { en: /^(because|since|cause|cos|coz)$/, pt: /^(porque|pois|que|ja)$/ };
+/** After "que" a reason is told of somebody or something. */
+const reason = /^(o|a|os|as|meu|minha|meus|minhas|eu|a gente|aqui|ele|ela|ja|hoje|ainda|la) \S+ /;
+const between = /[,;:.!?–—-]/;
+const longest = 12;
+
+/** The tokens without what is only told beside them, in each way that leaves a request; none where nothing is told. */
+export function withoutRemarks(text: string, tokens: readonly Token[], language: Language): (readonly Token[])[] {
+  const ways: (readonly Token[])[] = [];
+  for (let at = 1; at < tokens.length; at++) {
+    const isMarked = between.test(text.slice(tokens[at - 1]!.end, tokens[at]!.start));
+    if (isMarked && isRemark(tokens.slice(0, at), language)) ways.push(tokens.slice(isSo(tokens[at]!) ? at + 1 : at));
+    const isReason = because[language].test(tokens[at]!.plain);
+    if (!isMarked && !isReason) continue;
+    const rest = tokens.slice(at);
+    const said = isReason ? [rest, rest.slice(1), rest[1]?.plain === "que" ? rest.slice(2) : rest] : [rest];
+    const isTold = language === "pt" && tokens[at]!.plain === "que" && isReasonOf(rest.slice(1));
+    if (isTold || said.some((each) => isRemark(each, language))) ways.push(tokens.slice(0, at));
+  }
+  return ways;
+}
+
+function isSo({ plain }: Token): boolean {
+  return /^(so|then|entao|e|and)$/.test(plain);
+}
+
+function isReasonOf(tokens: readonly Token[]): boolean {
+  const said = `${tokens.map(({ plain }) => plain).join(" ")} `;
+  return tokens.length > 1 && tokens.length <= longest && reason.test(said) && !tells.pt.test(said) && !chose.test(said);
+}
+
+/** What follows says which of several is meant, and is no reason. */
+const chose = wordsOf(
+  "coloquei|botei|pus|marquei|fiz|criei|programei|deixei|tenho|liguei|toca|tocar|esta|estao|tocando|rodando|abri|salvei|" +
+    "anotei|acabei|fizemos|marcamos",
+);
+
+function isRemark(tokens: readonly Token[], language: Language): boolean {
+  if (tokens.length < 2 || tokens.length > longest) return false;
+  const said = `${tokens.map(({ plain }) => plain).join(" ")} `;
+  return begins[language].test(said) && !tells[language].test(said);
+}
+
+function wordsOf(words: string): RegExp {
+  return new RegExp(`\\b(${words})\\b`);
+}

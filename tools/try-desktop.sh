@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # try-desktop.sh NAME…: builds the packages in a fresh Debian, installs them in another beside a real desktop, starts that without
-# a screen, and does there with Palomet what a person does. NAME is xfce, sway or plasma-x11; "all" takes one after the other.
+# a screen, and does there with Palomet what a person does. NAME is xfce, sway, plasma-x11, gnome-x11, or gnome-x11-icons with the
+# extension that shows the icons of programs; "all" takes one after the other.
 #
 #   --base FOLDER       a root made by debootstrap earlier, to be copied instead of making one; it is not changed
 #   --packages FOLDER   try the packages that lie there instead of building any
@@ -14,7 +15,7 @@ cd "$(dirname "$0")/.."
 . tools/roots.sh
 
 suite=bookworm
-desktops=(xfce sway plasma-x11)
+desktops=(xfce sway plasma-x11 gnome-x11 gnome-x11-icons)
 
 installDesktop() {
     local root=$roots/run

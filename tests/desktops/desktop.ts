@@ -21,6 +21,12 @@ export interface Desktop {
     /** As it calls itself in XDG_CURRENT_DESKTOP. */
     readonly name: string;
     readonly type: "x11" | "wayland";
+    /** Whether it cannot do without a system bus. It gets an empty one. */
+    readonly hasSystemBus?: boolean;
+    /** Whether it shows the icons of programs. */
+    readonly hasTray: boolean;
+    /** Whether it takes two clicks to open the window by the icon. */
+    readonly opensTrayByTwoClicks?: boolean;
     /** The command that a login runs. It is over when the session is. */
     readonly session: string[];
     /** What a login tells it besides. */
@@ -46,7 +52,9 @@ export interface Desktop {
     /** Where the only item of the tray is shown. */
     trayItem(session: Session): Promise<Rectangle | undefined>;
     /** What the user has set up there before the first login. */
-    setUp?(home: string): void;
+    setUp?(home: string): void | Promise<void>;
+    /** What the user does first after each login. */
+    settle?(session: Session): Promise<void>;
     /** Lays the windows out beside each other, or behind each other as before, where the desktop does that at all. */
     tile?(session: Session, isBeside: boolean): Promise<void>;
     /** Binds commands to keys, as its documentation says. */

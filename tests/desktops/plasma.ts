@@ -22,6 +22,7 @@ async function inPanel({ tree }: Session): Promise<{ name: string; place: Rectan
 export const plasmaX11: Desktop = {
     name: "KDE",
     type: "x11",
+    hasTray: true,
     session: ["startplasma-x11"],
     environment: { DESKTOP_SESSION: "plasma", XDG_CONFIG_DIRS: "/etc/xdg" },
     member: /^plasmashell$/,

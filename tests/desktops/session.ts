@@ -26,7 +26,7 @@ export class Session {
         const home = join(folder, "home");
         if (!existsSync(home)) {
             mkdirSync(home);
-            desktop.setUp?.(home);
+            await desktop.setUp?.(home);
         }
         const outside: Environment = {
             ...homeOf(home),
@@ -38,13 +38,21 @@ export class Session {
         };
         const display = await startDisplay(outside, folder, "1280x800");
         const bus = await startBus(outside, folder);
+        const below = [bus, display];
+        if (desktop.hasSystemBus) {
+            const system: Environment = { ...outside };
+            below.unshift(await startBus(system, folder));
+            outside.DBUS_SYSTEM_BUS_ADDRESS = system.DBUS_SESSION_BUS_ADDRESS!;
+        }
         const manager = start(desktop.session, outside, join(folder, "session.log"));
-        await trayHost(outside);
+        if (desktop.hasTray) await trayHost(outside);
         const member = await until(`${desktop.member} of the session`, () => environmentOf(desktop.member));
         const environment = { ...outside };
         for (const name of told) if (member[name] !== undefined) environment[name] = member[name];
         const tree = await AccessibleTree.open(environment);
-        return new Session(environment, new Screen(environment, folder, outside), tree, desktop, manager, [bus, display]);
+        const session = new Session(environment, new Screen(environment, folder, outside), tree, desktop, manager, below);
+        await desktop.settle?.(session);
+        return session;
     }
 
     /** Ends it as its own menu does, and waits until it is over. */

@@ -37,6 +37,7 @@ const configuration = (home: string) => join(home, ".config/sway/config");
 export const sway: Desktop = {
     name: "sway",
     type: "wayland",
+    hasTray: true,
     session: ["sway"],
     environment: { WLR_BACKENDS: "x11", WLR_RENDERER: "pixman" },
     member: /^waybar$/,

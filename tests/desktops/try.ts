@@ -15,11 +15,19 @@ import * as life from "./steps/session";
 import * as strip from "./steps/strip";
 import * as tray from "./steps/tray";
 import * as window from "./steps/window";
+import { gnomeX11Bare, gnomeX11WithIcons } from "./gnome";
 import { plasmaX11 } from "./plasma";
 import { sway } from "./sway";
 import { xfce } from "./xfce";
 
-const desktops: Record<string, Desktop> = { "plasma-x11": plasmaX11, sway, xfce };
+const desktops: Record<string, Desktop> = {
+    "gnome-x11": gnomeX11Bare,
+    "gnome-x11-icons": gnomeX11WithIcons,
+    "plasma-x11": plasmaX11,
+    sway,
+    xfce,
+};
+const hasTray = (desktop: Desktop) => desktop.hasTray;
 
 /** A step is left out where the desktop has nothing of the kind. */
 type Step = [title: string, take: (place: Place) => Promise<string>, isFor?: (desktop: Desktop) => boolean];
@@ -27,10 +35,11 @@ type Step = [title: string, take: (place: Place) => Promise<string>, isFor?: (de
 const steps: Step[] = [
     ["--doctor before the start", life.doctor],
     ["start", life.start],
-    ["icon in the tray", tray.icon],
-    ["menu of the tray", tray.menu],
-    ["click on the tray", tray.click],
-    ["click on the tray, window behind", tray.clickBehind],
+    ["no tray", tray.none, (desktop) => !hasTray(desktop)],
+    ["icon in the tray", tray.icon, hasTray],
+    ["menu of the tray", tray.menu, hasTray],
+    ["click on the tray", tray.click, hasTray],
+    ["click on the tray, window behind", tray.clickBehind, hasTray],
     ["--open", window.open],
     ["--open, window behind", window.openBehind],
     ["second start, window behind", window.startAgain],

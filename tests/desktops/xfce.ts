@@ -12,6 +12,7 @@ const clientOf = (id: string) => Number(id) >> 21;
 export const xfce: Desktop = {
     name: "XFCE",
     type: "x11",
+    hasTray: true,
     session: ["xfce4-session"],
     environment: { XDG_MENU_PREFIX: "xfce-", XDG_CONFIG_DIRS: "/etc/xdg", DESKTOP_SESSION: "xfce" },
     member: /^xfce4-panel$/,

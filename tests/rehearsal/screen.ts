@@ -53,9 +53,10 @@ export class Screen {
         await this.hand("type", text);
     }
 
-    /** Clicks into the middle of that place. */
-    async click([left, top, width, height]: Rectangle, button: 1 | 3 = 1): Promise<void> {
-        await this.hand("mousemove", String(left + (width >> 1)), String(top + (height >> 1)), "click", String(button));
+    /** Clicks into the middle of that place, so many times as fast as one does for a double click. */
+    async click([left, top, width, height]: Rectangle, button: 1 | 3 = 1, times = 1): Promise<void> {
+        const middle = [String(left + (width >> 1)), String(top + (height >> 1))];
+        await this.hand("mousemove", ...middle, "click", "--repeat", String(times), "--delay", "80", String(button));
     }
 
     /** Takes a picture of that window, which has to show something, and says what it is like. */

@@ -9,24 +9,31 @@ import { palomet, type Place, status } from "../place";
 import { processesOf, Session } from "../session";
 
 /**
- * What the doctor says in a fresh session, with Palomet or without: all is well but for the keys, which the desktop has, and
- * the level, for nobody makes a sound. */
+ * What the doctor says in a fresh session, with Palomet or without: all is well but for the keys, which the desktop has, the
+ * level, for nobody makes a sound, and the tray where there is none. */
 export async function doctor(place: Place): Promise<string> {
     const text = await run(["sh", "-c", '"$0" --doctor || true', process.env.PALOMET_PROGRAM!], place.session.environment);
     await Bun.write(join(place.folder, `doctor-${processesOf(/^palomet$/).length ? "running" : "before"}.txt`), text);
-    const expected = ["hot keys", "level"];
+    const { hasTray } = place.desktop;
+    const expected = ["hot keys", "level", ...(hasTray ? [] : ["tray"])];
     const wrong = [...text.matchAll(/^!! {2}([^:]+):/gm)].map(([, subject]) => subject!).filter((subject) => !expected.includes(subject));
     check(wrong.length === 0, `the doctor complains of ${wrong.join(", ")}`);
-    check(/^ok {2}tray: there$/m.test(text), "the doctor sees no tray");
+    const ofTray = hasTray ? /^ok {2}tray: there$/m : /^!! {2}tray: .*install the extension AppIndicator/m;
+    check(ofTray.test(text), `of the tray the doctor says: ${/^.*tray.*$/m.exec(text)?.[0]}`);
     return `${text.trim().split("\n").length} lines, right for this desktop`;
 }
 
-/** Started from a terminal, it is in the tray and waits. */
+/** It is in the tray, where there is one, and waits. */
+async function isThere(place: Place): Promise<void> {
+    if (place.desktop.hasTray) await TrayItem.find(place.session.environment);
+    await until("it to wait", async () => (await status(place).catch(() => undefined))?.state === "waiting");
+}
+
+/** Started from a terminal, it is there. */
 export async function start(place: Place): Promise<string> {
     Bun.spawn([process.env.PALOMET_PROGRAM!], { env: place.session.environment, stdin: "ignore", stdout: "ignore", stderr: "ignore" });
-    await TrayItem.find(place.session.environment);
-    await until("it to wait", async () => (await status(place)).state === "waiting");
-    return "it is in the tray, and waits";
+    await isThere(place);
+    return place.desktop.hasTray ? "it is in the tray, and waits" : "it waits";
 }
 
 /** The end of the session ends it in order, and the next session begins with it. */
@@ -40,8 +47,7 @@ export async function again(place: Place): Promise<string> {
     place.session = await Session.login(place.desktop, place.folder, place.session.environment.XDG_RUNTIME_DIR!);
     if (!hasAutostart) await start(place);
     await until("Palomet, by itself", () => processesOf(/^palomet$/).length === 1);
-    await TrayItem.find(place.session.environment);
-    await until("it to wait", async () => (await status(place)).state === "waiting");
+    await isThere(place);
     await place.session.screen.whole("after-login");
     const lines = ended.split("\n").filter((line) => line.startsWith("saindo: "));
     check(lines.length === 3 && lines[2] === "saindo: pronto", `the log's last lines were not those of an orderly end: ${lines.join(" | ")}`);

@@ -9,6 +9,14 @@ import { closeWindow, palomet, type Place, Terminal, windowInFront } from "../pl
 /** A sign can be made out from this contrast on. */
 const leastContrast = 3;
 
+/** Where there is no tray its window comes by itself, or nothing of it would be seen. */
+export async function none(place: Place): Promise<string> {
+    const { width, height } = await windowInFront(place);
+    await place.session.screen.whole("no-tray");
+    await closeWindow(place);
+    return `its window (${width}×${height}) opens by itself`;
+}
+
 /** Its icon is there, and can be made out on the panel. */
 export async function icon(place: Place): Promise<string> {
     const { session, desktop } = place;
@@ -91,7 +99,9 @@ export async function clickBehind(place: Place): Promise<string> {
 }
 
 async function clickIt(place: Place, terminal: Terminal): Promise<void> {
-    await place.session.screen.click(await until("the icon in the tray", () => place.desktop.trayItem(place.session)));
+    const { session, desktop } = place;
+    const where = await until("the icon in the tray", () => desktop.trayItem(session));
+    await session.screen.click(where, 1, desktop.opensTrayByTwoClicks ? 2 : 1);
     await windowInFront(place);
     await closeWindow(place);
     await terminal.close();

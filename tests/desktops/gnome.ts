@@ -1,0 +1,88 @@
+// GNOME on X11, with the extension that shows the icons of programs, and as it comes, without.
+
+import { mkdirSync, readFileSync, writeFileSync } from "node:fs";
+import { join } from "node:path";
+import { homeOf } from "../rehearsal/desktop";
+import { run, until } from "../rehearsal/process";
+import type { Rectangle } from "../rehearsal/screen";
+import type { Desktop } from "./desktop";
+import type { Session } from "./session";
+import { x11Terminal, x11Windows } from "./x11";
+
+const appIndicators = "ubuntu-appindicators@ubuntu.com";
+/** Lets the shell answer what its looking glass would, for it tells nobody where it shows what. */
+const lookingGlass = "looking-glass@palomet.org";
+
+/** What the shell says to that expression. */
+async function ask({ environment }: Pick<Session, "environment">, expression: string): Promise<unknown> {
+    const shell = ["--dest", "org.gnome.Shell", "--object-path", "/org/gnome/Shell", "--method", "org.gnome.Shell.Eval"];
+    // Without quotes in the answer there is nothing to be escaped.
+    const code = `Array.from(JSON.stringify(${expression}) ?? "null", (sign) => sign.charCodeAt(0)).join(" ")`;
+    const answer = await run(["gdbus", "call", "--session", ...shell, code], environment);
+    const signs = /^\(true, '"([\d ]+)"'\)$/m.exec(answer)?.[1];
+    if (signs === undefined) throw new Error(`the shell does not say: ${answer}`);
+    return JSON.parse(String.fromCharCode(...signs.split(" ").map(Number)));
+}
+
+async function setUp(home: string, extensions: string[]): Promise<void> {
+    const folder = join(home, ".local/share/gnome-shell/extensions", lookingGlass);
+    mkdirSync(folder, { recursive: true });
+    writeFileSync(join(folder, "metadata.json"), JSON.stringify({ uuid: lookingGlass, name: "Looking glass", description: "Says what is where", "shell-version": ["43"] }));
+    writeFileSync(join(folder, "extension.js"), "function init() {}\nfunction enable() { global.context.unsafe_mode = true; }\nfunction disable() {}\n");
+    // Where nobody guards what is plugged in, its guard falls over, and the session with it.
+    const sessions = join(home, ".config/gnome-session/sessions");
+    mkdirSync(sessions, { recursive: true });
+    const own = readFileSync("/usr/share/gnome-session/sessions/gnome.session", "utf8").replace("org.gnome.SettingsDaemon.UsbProtection;", "");
+    writeFileSync(join(sessions, "gnome.session"), own);
+    const settings = [
+        ["org.gnome.shell", "enabled-extensions", JSON.stringify([lookingGlass, ...extensions]).replaceAll('"', "'")],
+        ["org.gnome.shell", "welcome-dialog-last-shown-version", "'99'"],
+        ["org.gnome.desktop.session", "idle-delay", "0"],
+    ];
+    for (const setting of settings) await run(["dbus-run-session", "--", "gsettings", "set", ...setting], homeOf(home));
+}
+
+const gnomeX11: Omit<Desktop, "hasTray" | "setUp"> = {
+    name: "GNOME",
+    type: "x11",
+    session: ["gnome-session", "--builtin"],
+    environment: { DESKTOP_SESSION: "gnome", XDG_SESSION_DESKTOP: "gnome", XDG_MENU_PREFIX: "gnome-", XDG_CONFIG_DIRS: "/etc/xdg" },
+    hasSystemBus: true,
+    member: /^gnome-shell$/,
+    package: "gnome-shell",
+    logout: ["gnome-session-quit", "--logout", "--no-prompt"],
+    closeKey: "alt+F4",
+    keys: "x11",
+    // The window menu has Alt+Space on each window alone, and whoever asks for it on the whole screen gets it.
+    hasAutostart: true,
+    // One click opens the menu.
+    opensTrayByTwoClicks: true,
+    terminal: x11Terminal,
+
+    windows: {
+        ...x11Windows,
+        /** The switcher's, by the names of their programs. */
+        async list(session: Session) {
+            const names = "imports.ui.altTab.getWindows(null).map((window) => imports.gi.Shell.WindowTracker.get_default().get_window_app(window).get_name())";
+            return (await ask(session, names)) as string[];
+        },
+    },
+
+    async trayItem(session: Session): Promise<Rectangle | undefined> {
+        const items = "Object.entries(Main.panel.statusArea).filter(([name, item]) => /^appindicator-/i.test(name) && item.visible).map(([, item]) => [...item.get_transformed_position(), ...item.get_transformed_size()].map(Math.round))";
+        return ((await ask(session, items)) as Rectangle[])[0];
+    },
+
+    /** It shows the overview first. */
+    async settle(session: Session): Promise<void> {
+        await until("the shell", () => ask(session, "true").catch(() => false), 60_000);
+        await until("the overview to go", async () => {
+            if (!(await ask(session, "Main.layoutManager._startingUp || Main.overview.visible"))) return true;
+            await session.screen.key("Escape");
+            return false;
+        });
+    },
+};
+
+export const gnomeX11Bare: Desktop = { ...gnomeX11, hasTray: false, setUp: (home) => setUp(home, []) };
+export const gnomeX11WithIcons: Desktop = { ...gnomeX11, hasTray: true, setUp: (home) => setUp(home, [appIndicators]) };

@@ -20,14 +20,18 @@ public:
         float likeness = 0; ///< The part of the linear output that is certainly echo.
     };
 
-    /// True when this frame is to be the linear output.
-    [[nodiscard]] bool isLinearBetter(const Powers &powers) noexcept;
+    void take(const Powers &powers) noexcept;
+
+    /// True when the last frame is to be the linear output.
+    [[nodiscard]] bool isLinearBetter() const noexcept { return m_heldFrames > 0 && m_residual < goodResidual; }
 
     /// True while the far end talks and neither output is worth anything: the filter has only begun, or what it left is
     /// the echo. That a filter finds no echo to take out does not mean that it has not begun; so it begins but once.
     [[nodiscard]] bool isEcho() const noexcept { return m_isEcho; }
 
 private:
+    static constexpr float goodResidual = 0.1F; // -10 dB.
+
     Powers m_smoothed;
     float m_reference = 0; ///< Envelope of the far end.
     /// The part of the microphone that the linear filter leaves while only the far end talks; 1 before it was measured.

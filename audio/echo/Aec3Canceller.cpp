@@ -26,8 +26,9 @@ constexpr float audible = 1e-5F; // -50 dBFS.
 /// What stands before the gate and the mask alike.
 class TunedCanceller : public EchoCanceller {
 public:
-    explicit TunedCanceller(std::unique_ptr<TunedAec3> canceller)
-        : m_canceller(std::move(canceller)) {}
+    TunedCanceller(std::unique_ptr<TunedAec3> canceller, echo::LinearOutputGate judge)
+        : gate(judge)
+        , m_canceller(std::move(canceller)) {}
 
     void render(std::span<const float, frameSize> reference) noexcept override {
         referencePower = echo::meanSquare(reference);
@@ -81,7 +82,8 @@ private:
 
 class GatedCanceller final : public TunedCanceller {
 public:
-    using TunedCanceller::TunedCanceller;
+    explicit GatedCanceller(std::unique_ptr<TunedAec3> canceller)
+        : TunedCanceller(std::move(canceller), echo::LinearOutputGate()) {}
 
     void capture(std::span<const float, frameSize> in, int delayHintMs,
                  std::span<float, frameSize> out) noexcept override {
@@ -110,7 +112,7 @@ private:
 class MaskedCanceller final : public TunedCanceller {
 public:
     MaskedCanceller(std::unique_ptr<TunedAec3> canceller, Mask mask)
-        : TunedCanceller(std::move(canceller))
+        : TunedCanceller(std::move(canceller), echo::LinearOutputGate(beginning))
         , m_mask(std::move(mask)) {}
 
     void capture(std::span<const float, frameSize> in, int delayHintMs,
@@ -127,6 +129,8 @@ public:
     }
 
 private:
+    /// Frames of the far end from which on the mask knows its echo by itself, and who talks is not to be turned down.
+    static constexpr int beginning = 60;
     static constexpr int reverberation = 40; ///< Frames after which nothing is heard of what was played.
     /// What the mask takes of the time by which the linear output leads is not waited for.
     static constexpr int spareLead =

@@ -15,7 +15,6 @@ constexpr float referencePower = 1e-5F;  // -50 dBFS: loud enough to judge the f
 constexpr float microphonePower = 1e-6F; // -60 dBFS: likewise.
 constexpr float residualSmoothing = 0.02F;
 constexpr float begunResidual = 0.5F; // -3 dB.
-constexpr int beginning = 250;        // Frames of the far end at most.
 constexpr float echoLikeness = 0.5F;
 
 void approach(float &value, float target, float share) {
@@ -39,8 +38,8 @@ void LinearOutputGate::take(const Powers &powers) noexcept {
     if (isFarEnd && m_heldFrames == 0 && m_nearEndFrames == 0 && m_smoothed.microphone > microphonePower)
         approach(m_residual, std::min(m_smoothed.linear / m_smoothed.microphone, 1.0F), residualSmoothing);
 
-    m_farEndFrames = std::min(m_farEndFrames + (isFarEnd ? 1 : 0), beginning);
-    const bool isBeginning = m_farEndFrames < beginning && m_residual > begunResidual;
+    m_beginningFrames = std::max(m_beginningFrames - (isFarEnd ? 1 : 0), 0);
+    const bool isBeginning = m_beginningFrames > 0 && m_residual > begunResidual;
     m_isEcho = isFarEnd && (isBeginning || powers.likeness >= echoLikeness);
 }
 

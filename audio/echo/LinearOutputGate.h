@@ -20,6 +20,10 @@ public:
         float likeness = 0; ///< The part of the linear output that is certainly echo.
     };
 
+    /// A filter has surely begun when the far end has talked for so many frames.
+    explicit LinearOutputGate(int beginning = 250)
+        : m_beginningFrames(beginning) {}
+
     void take(const Powers &powers) noexcept;
 
     /// True when the last frame is to be the linear output.
@@ -37,7 +41,7 @@ private:
     /// The part of the microphone that the linear filter leaves while only the far end talks; 1 before it was measured.
     float m_residual = 1;
     bool m_isEcho = false;
-    int m_farEndFrames = 0;  ///< In which the far end has talked, up to when a filter has surely begun.
+    int m_beginningFrames;   ///< Of the far end that are left of the filter's beginning.
     int m_nearEndFrames = 0; ///< In which the near end was heard, in a row.
     int m_heldFrames = 0;    ///< For which it counts as heard still.
 };

@@ -22,6 +22,9 @@ public:
     /// Goes by what the filter was given of a frame and what it left of it, in step.
     void follow(std::span<const float> microphone, std::span<const float> linear, bool isPlaying) noexcept;
 
+    /// By how much the microphone's last frame was lowered, as a factor of its amplitude.
+    [[nodiscard]] float lowered() const noexcept { return m_current; }
+
     /// `EchoMatch::likeness` of the last frame.
     [[nodiscard]] float likeness() const noexcept { return m_likeness; }
 

@@ -14,9 +14,7 @@ constexpr int nearEndHold = 15;          // Frames.
 constexpr float referencePower = 1e-5F;  // -50 dBFS: loud enough to judge the filter by.
 constexpr float microphonePower = 1e-6F; // -60 dBFS: likewise.
 constexpr float residualSmoothing = 0.02F;
-constexpr float goodResidual = 0.1F;  // -10 dB.
 constexpr float begunResidual = 0.5F; // -3 dB.
-constexpr int beginning = 250;        // Frames of the far end at most.
 constexpr float echoLikeness = 0.5F;
 
 void approach(float &value, float target, float share) {
@@ -25,7 +23,7 @@ void approach(float &value, float target, float share) {
 
 } // namespace
 
-bool LinearOutputGate::isLinearBetter(const Powers &powers) noexcept {
+void LinearOutputGate::take(const Powers &powers) noexcept {
     approach(m_smoothed.microphone, powers.microphone, smoothing);
     approach(m_smoothed.linear, powers.linear, smoothing);
     approach(m_smoothed.suppressed, powers.suppressed, smoothing);
@@ -40,10 +38,9 @@ bool LinearOutputGate::isLinearBetter(const Powers &powers) noexcept {
     if (isFarEnd && m_heldFrames == 0 && m_nearEndFrames == 0 && m_smoothed.microphone > microphonePower)
         approach(m_residual, std::min(m_smoothed.linear / m_smoothed.microphone, 1.0F), residualSmoothing);
 
-    m_farEndFrames = std::min(m_farEndFrames + (isFarEnd ? 1 : 0), beginning);
-    const bool isBeginning = m_farEndFrames < beginning && m_residual > begunResidual;
+    m_beginningFrames = std::max(m_beginningFrames - (isFarEnd ? 1 : 0), 0);
+    const bool isBeginning = m_beginningFrames > 0 && m_residual > begunResidual;
     m_isEcho = isFarEnd && (isBeginning || powers.likeness >= echoLikeness);
-    return m_heldFrames > 0 && m_residual < goodResidual;
 }
 
 } // namespace palomet::echo

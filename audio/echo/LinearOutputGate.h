@@ -20,20 +20,28 @@ public:
         float likeness = 0; ///< The part of the linear output that is certainly echo.
     };
 
-    /// True when this frame is to be the linear output.
-    [[nodiscard]] bool isLinearBetter(const Powers &powers) noexcept;
+    /// A filter has surely begun when the far end has talked for so many frames.
+    explicit LinearOutputGate(int beginning = 250)
+        : m_beginningFrames(beginning) {}
+
+    void take(const Powers &powers) noexcept;
+
+    /// True when the last frame is to be the linear output.
+    [[nodiscard]] bool isLinearBetter() const noexcept { return m_heldFrames > 0 && m_residual < goodResidual; }
 
     /// True while the far end talks and neither output is worth anything: the filter has only begun, or what it left is
     /// the echo. That a filter finds no echo to take out does not mean that it has not begun; so it begins but once.
     [[nodiscard]] bool isEcho() const noexcept { return m_isEcho; }
 
 private:
+    static constexpr float goodResidual = 0.1F; // -10 dB.
+
     Powers m_smoothed;
     float m_reference = 0; ///< Envelope of the far end.
     /// The part of the microphone that the linear filter leaves while only the far end talks; 1 before it was measured.
     float m_residual = 1;
     bool m_isEcho = false;
-    int m_farEndFrames = 0;  ///< In which the far end has talked, up to when a filter has surely begun.
+    int m_beginningFrames;   ///< Of the far end that are left of the filter's beginning.
     int m_nearEndFrames = 0; ///< In which the near end was heard, in a row.
     int m_heldFrames = 0;    ///< For which it counts as heard still.
 };

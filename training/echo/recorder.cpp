@@ -1,3 +1,4 @@
+#include "audio/echo/EchoLevel.h"
 #include "audio/echo/MaskInputs.h"
 #include "audio/echo/MaskWeights.h"
 
@@ -21,6 +22,7 @@ namespace {
 constexpr std::size_t frameSize = EchoCanceller::frameSize;
 constexpr std::size_t channelsIn = 4;
 constexpr int delayHintMs = 60;
+constexpr float audible = 1e-5F; // -50 dBFS.
 
 [[noreturn]] void fail(const char *what, const char *file) {
     std::fprintf(stderr, "echo-recorder: %s %s\n", what, file);
@@ -43,18 +45,28 @@ public:
 
     void process(const std::array<EchoCanceller::Frame, channelsIn> &frames, std::vector<LowFrame> &out) override {
         m_canceller->render(frames[0]);
-        const auto microphone = m_offsets[0].apply(frames[1]);
+        auto microphone = m_offsets[0].apply(frames[1]);
+        m_level.lower(microphone);
         m_canceller->capture(microphone, delayHintMs, m_outputs);
         const auto &signals = m_inputs.process(microphone, m_outputs);
         out.insert(out.end(), {signals.linear, signals.microphone, signals.suppressed});
-        out.push_back(m_kept.process(m_offsets[1].apply(frames[2])));
-        out.push_back(m_voice.process(m_offsets[2].apply(frames[3])));
+        out.push_back(m_kept.process(lowered(m_offsets[1].apply(frames[2]))));
+        out.push_back(m_voice.process(lowered(m_offsets[2].apply(frames[3]))));
+        m_level.follow(signals.microphone, signals.linear, meanSquare(frames[0]) > audible);
     }
 
 private:
+    /// As the microphone was for this frame.
+    [[nodiscard]] EchoCanceller::Frame lowered(EchoCanceller::Frame frame) const {
+        for (float &sample : frame)
+            sample /= m_level.lowered();
+        return frame;
+    }
+
     std::unique_ptr<TunedAec3> m_canceller;
     TunedAec3::Outputs m_outputs{};
     MaskInputs m_inputs;
+    EchoLevel m_level;
     std::array<OffsetFilter, 3> m_offsets;
     TunedAec3::LowBand m_kept{TunedAec3::linearDelay};
     TunedAec3::LowBand m_voice{TunedAec3::linearDelay};

@@ -15,6 +15,27 @@ double between(Noise &noise, double least, double most) {
     return least + (most - least) * (static_cast<double>(noise()) + 1) / 2;
 }
 
+/// Images all have one sign, so that what is below every voice adds up where it would not in a room. Allen and Berkley
+/// (Image method for efficiently simulating small-room acoustics, JASA 65, 1979) take it out by a high pass, and so do
+/// microphones: Butterworth's of the second order, by the bilinear transform.
+Signal withoutRumble(Signal response) {
+    constexpr double cutOff = 60;
+    const double k = std::tan(std::numbers::pi * cutOff / sampleRate);
+    const double norm = 1 / (1 + std::numbers::sqrt2 * k + k * k);
+    const double a1 = 2 * (k * k - 1) * norm;
+    const double a2 = (1 - std::numbers::sqrt2 * k + k * k) * norm;
+    double first = 0;
+    double second = 0;
+    for (float &sample : response) {
+        const double in = static_cast<double>(sample) * norm;
+        const double out = in + first;
+        first = -2 * in - a1 * out + second;
+        second = in - a2 * out;
+        sample = static_cast<float>(out);
+    }
+    return response;
+}
+
 double distance(const Place &a, const Place &b) {
     return std::hypot(a[0] - b[0], a[1] - b[1], a[2] - b[2]);
 }
@@ -85,7 +106,7 @@ Signal Room::response(const Place &source, const Place &microphone) const {
         const double fall = -3 * static_cast<double>(i - before) / (m_reverberation * sampleRate);
         response[i] = noise() * static_cast<float>(level * std::pow(10, fall));
     }
-    return response;
+    return withoutRumble(std::move(response));
 }
 
 Signal heardInMotion(const Signal &signal, const std::vector<Signal> &responses, double from, double to) {

@@ -108,6 +108,13 @@ std::vector<Scenario> scenarios(std::uint32_t set) {
     return all;
 }
 
+Recording nearEndAlone(Recording recording) {
+    recording.microphone = recording.nearEnd;
+    for (auto *signal : {&recording.reference, &recording.echo})
+        std::fill(signal->begin(), signal->end(), 0.0F);
+    return recording;
+}
+
 Result<Recording> record(const Scenario &scenario, Speaker &speaker) {
     auto program = speaker.talk(scenario.farVoice, programSentences(), scenario.seed, scenario.seconds());
     if (!program)

@@ -61,6 +61,9 @@ std::vector<Scenario> scenarios(std::uint32_t set);
 /// What is hard for a canceller, each of it with `count` recordings; other sets have other seeds.
 std::vector<Scenario> hardScenarios(std::uint32_t set, int count);
 
+/// The same while nothing is played and nothing else is to be heard: what is lost of it, the measure loses.
+Recording nearEndAlone(Recording recording);
+
 Result<Recording> record(const Scenario &scenario, Speaker &speaker);
 
 } // namespace palomet::bench

@@ -111,17 +111,19 @@ bool keep(const QDir &folder, const std::string &way, const Recording &recording
 
 /// Fills the columns, and `nearEnd` with what would be heard were there no echo. Keeps all recordings in a folder if
 /// one is named.
-std::optional<Failure> run(const std::vector<Scenario> &chosen, const QString &folder, std::vector<Column> &columns,
-                           std::vector<Utterance> &nearEnd) {
+std::optional<Failure> run(const std::vector<Scenario> &chosen, bool isAlone, const QString &folder,
+                           std::vector<Column> &columns, std::vector<Utterance> &nearEnd) {
     const auto all = ways();
     for (const auto &way : all)
         columns.push_back({way.name, {}});
     Speaker speaker;
     for (const auto &scenario : chosen) {
         std::fprintf(stderr, "%s\n", scenario.name.c_str());
-        const auto recording = record(scenario, speaker);
+        auto recording = record(scenario, speaker);
         if (!recording)
             return Failure{recording.reason()};
+        if (isAlone)
+            *recording = nearEndAlone(std::move(*recording));
         for (std::size_t i = 0; i < all.size(); ++i) {
             const auto processed = all[i].process(*recording, scenario);
             columns[i].outcomes.push_back({scenario, measure(*recording, scenario, processed),
@@ -179,8 +181,10 @@ int main(int argc, char **argv) {
     const QCommandLineOption hardOption(u"hard"_s, u"What is hard for a canceller, so many recordings of each."_s,
                                         u"count"_s);
     const QCommandLineOption onlyOption(u"only"_s, u"The scenarios whose names contain one of these."_s, u"text"_s);
+    const QCommandLineOption aloneOption(u"alone"_s,
+                                         u"Only the user, without any echo: what the measure itself loses."_s);
     const QCommandLineOption keepOption(u"keep"_s, u"Keeps what is heard in this folder."_s, u"folder"_s);
-    arguments.addOptions({setOption, detailsOption, hardOption, onlyOption, keepOption});
+    arguments.addOptions({setOption, detailsOption, hardOption, onlyOption, aloneOption, keepOption});
     arguments.process(application);
     const auto set = arguments.value(setOption).toUInt();
     if (set == 0)
@@ -199,7 +203,7 @@ int main(int argc, char **argv) {
 
     std::vector<Column> columns;
     std::vector<Utterance> nearEnd;
-    if (const auto failure = run(chosen, arguments.value(keepOption), columns, nearEnd))
+    if (const auto failure = run(chosen, arguments.isSet(aloneOption), arguments.value(keepOption), columns, nearEnd))
         return fail(failure->reason);
     std::optional<double> nearEndWordErrors;
     if (isRecogniserInstalled() && !isHard) {

@@ -1,5 +1,6 @@
 #include "audio/echo/MaskWeights.h"
 #include "bench/audio/echo/Measures.h"
+#include "bench/audio/echo/Path.h"
 #include "bench/audio/echo/PlainCanceller.h"
 
 #include <gtest/gtest.h>
@@ -77,4 +78,27 @@ TEST(EchoFigures, OursLosesLessOfTheNearEndThanThePlainOneAndTheMaskStillLess) {
         return; // Ours is the library's own, as it comes.
     EXPECT_LT(figuresOf(ours).lost, figuresOf(plain).lost);
     EXPECT_GT(figuresOf(ours).erle, figuresOf(plain).erle - 6);
+}
+
+TEST(EchoFigures, TheProgramsFirstWordsAreNotLoudEnoughToBeTakenForSomebody) {
+    const auto mask = echo::MaskWeights::read(QStringLiteral(PALOMET_SOURCE_DIR "/resources"));
+    ASSERT_TRUE(mask.isOk()) << mask.reason().toStdString();
+    Speaker speaker;
+    for (auto &scenario : hardScenarios(1, 3)) {
+        if (scenario.hardship->kind != "plain rooms")
+            continue;
+        scenario.farAlone = 1;
+        scenario.both = 6;
+        scenario.farAgain = 4;
+        const auto recording = record(scenario, speaker);
+        ASSERT_TRUE(recording.isOk()) << recording.reason().toStdString();
+        for (const auto &weights : {EchoCanceller::Mask{}, EchoCanceller::Mask{*mask}}) {
+            auto canceller = EchoCanceller::create(weights);
+            ASSERT_TRUE(canceller.isOk());
+            const auto heard = processOnPath(*recording, scenario, std::move(*canceller)).samples;
+            for (std::size_t at = 0; at < heardRate; at += heardRate / 20)
+                EXPECT_LT(toDecibels(meanSquare(std::span(heard).subspan(at, heardRate / 20))), -38)
+                    << scenario.name << (weights ? ", mask, " : ", gate, ") << at;
+        }
+    }
 }

@@ -56,7 +56,8 @@ export const englishMemory: readonly Request[] = [
         "entire|all of this) (conversation|chat|talk|discussion|dialogue) [from your memory|from memory|completely]",
       "forget (everything|all) [that] (we|i|i have|we have) [just] (said|talked about|discussed|told you) [in this " +
         "conversation|just now]",
-      "forget (what|all that) (we|i|i have|we have) [just] (said|talked about|discussed|told you|asked|asked you|talked)",
+      "forget (what|all that) (we|i|i have|we have) [just] (said|talked about|discussed|told you|asked|asked you|talked) " +
+        "[in this conversation]",
       "(forget|delete|erase|clear|wipe) (what|everything|all|all that) (we|i|we have|i have) [just] (said|talked about|discussed|told " +
         "you|asked) (just now|today|now|earlier|so far|before)",
       "(delete|erase|wipe) (this|our|the) (conversation|chat) history",

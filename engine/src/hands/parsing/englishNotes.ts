@@ -47,7 +47,7 @@ export const englishNotes: readonly Request[] = [
     [
       "(read|read out|read back|show|tell|give|list|open|check|play|go over|go through|review) [me] [out] [<the>] [latest|" +
         "last|recent|new|current|all] [of] [<the>] (notes|note) [to me|with me|for me|aloud|out loud|back to me|back|out]",
-      "what (are|is in|is on|do i have in|have i got in|did i write in|is written in|do) [<the>] [latest|last|recent|" +
+      "what (are|is in|is on|do i have in|have i got in|did i write in|have i written in|is written in|do) [<the>] [latest|last|recent|" +
         "current] (notes|note) [say]",
       "what did i (note|note down|write down|jot down|take down|ask you to note|ask you to write down|tell you to remember|" +
         "ask you to remember)",

@@ -73,7 +73,7 @@ export const englishTimers: readonly Request[] = [
       "<remind> in {duration} <about> {text}", "<remind> {moment} <about> {text}",
       "<remind> <about> {text} in {duration} [from now]", "<remind> <about> {text} {moment}",
       "in {duration} <remind> <about> {text}", "{moment} <remind> <about> {text}",
-      "<remind> {duration} from now <about> {text}",
+      "<remind> {duration} from now <about> {text}", "when it is {moment} <remind> <about> {text}",
       "{duration} from now <remind> <about> {text}", "<remind> <about> {text} {duration} from now",
       "<remind> for {moment} <about> {text}", "<remind> after {duration} <about> {text}",
       "<remind> <about> {text} after {duration}", "<set> [<a>] {duration} reminder <about> {text}",

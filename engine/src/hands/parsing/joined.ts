@@ -70,10 +70,25 @@ function elided(text: string, verb: Before, language: Language, now: Date): Mean
   const unit = /\b(seconds?|minutes?|hours?|segundos?|minutos?|horas?)\b/iu.exec(verb.text)?.[1];
   const wholes = [text, ...(unit === undefined ? [] : [`${text} ${unit}`]), ...(bare === text ? [] : [bare])];
   for (const [count, whole] of verb.words.flatMap((_, at) => wholes.map((each) => [at + 1, each] as const))) {
-    const meant = understood(`${verb.words.slice(0, count).join(" ")} ${whole}`, language, now);
-    if (meant?.hand === verb.hand && meant.given.do === verb.given.do) return meant;
+    const asked = `${verb.words.slice(0, count).join(" ")} ${whole}`;
+    const meant = understood(asked, language, now);
+    if (meant?.hand === verb.hand && meant.given.do === verb.given.do) return onSameDay(asked, meant, verb, language);
   }
   return undefined;
+}
+
+/** "An alarm tomorrow at seven and another at seven twenty": the day is said once, and so is the half of it. */
+function onSameDay(asked: string, meant: Meant, before: Before, language: Language): Meant {
+  const [one, other] = [before.given.at, meant.given.at];
+  if (typeof one !== "string" || typeof other !== "string") return meant;
+  const day = one.slice(0, 10);
+  if (other.slice(0, 10) === day) return meant;
+  const away = ({ given }: Meant): number => Math.abs(Date.parse(`${given.at}`) - Date.parse(one));
+  const [nearest] = ["00:00", "12:00"]
+    .flatMap((time) => understood(asked, language, new Date(`${day}T${time}`)) ?? [])
+    .filter(({ given }) => given.do === meant.given.do && `${given.at}`.startsWith(day))
+    .sort((a, b) => away(a) - away(b));
+  return nearest ?? meant;
 }
 
 const nouns: Record<Language, Record<string, string>> = {
@@ -90,7 +105,7 @@ function anotherOf(text: string, before: Before, language: Language, now: Date):
 }
 
 const several: Record<Language, RegExp> = {
-  en: /^(.*\b)(two|three|four|five|[2-5])\s+(?:(?:new|more|different)\s+)?(timers|alarms)((?:\s+(?:for |on )?(?:today|tonight|tomorrow|\p{L}+day))?)[\s,:]+(.+)$/iu,
+  en: /^(.*\b)(two|three|four|five|[2-5])\s+(?:(?:new|more|different)\s+)?(timers|alarms)((?:\s+(?:for |on )?(?:today|tonight|tomorrow|\p{L}+day))?)(?:,?\s+please)?[\s,:]+(.+)$/iu,
   pt: /^(.*\b)(dois|duas|três|tres|quatro|cinco|[2-5])\s+(?:novos\s+)?(timers|temporizadores|alarmes|despertadores)((?:\s+(?:para |pra |na |no )?(?:hoje|amanhã|amanha|segunda|terça|quarta|quinta|sexta|sábado|domingo))?)[\s,:]+(.+)$/iu,
 };
 const counts = ["two dois duas 2", "three três tres 3", "four quatro 4", "five cinco 5"];

@@ -3,7 +3,7 @@
 import type { Day } from "./days.ts";
 import type { Slots } from "./grammar.ts";
 import { localText, timeOf, timesOf, type Moment, type Purpose } from "./moments.ts";
-import { isApplicationName, isItem, isTimerName, listName } from "./names.ts";
+import { isApplicationName, isItem, isTimerName, isUnsaid, listName } from "./names.ts";
 import { bare } from "./tokens.ts";
 
 /** A hand and what it is to do. */
@@ -21,10 +21,13 @@ const longestTimer = 7 * 86_400;
 /** "One more day" is said of something else. */
 const longestSnooze = 12 * 3_600;
 
+/** "Note, please, that …": so much of it belongs to the request. */
+const manners = /^[\s,]*(?:please|por favor|por gentileza)\b[\s,]*(?:(?:that|que)\s+)?/iu;
+
 /** Free words with their marks. */
 function wording(slots: Slots): string | undefined {
   const value = slots.text;
-  return typeof value === "string" && value !== "" ? value : undefined;
+  return typeof value === "string" ? value.replace(manners, "") || undefined : undefined;
 }
 
 function text(slots: Slots, name: string): string | undefined {
@@ -132,7 +135,7 @@ export const meanings = {
   remind: (slots, now) => {
     const at = when(slots, now, "remind");
     const about = wording(slots);
-    return at && about !== undefined ? { hand: "timer", given: { do: "reminder", ...at, about } } : undefined;
+    return at && about !== undefined && !isUnsaid(about) ? { hand: "timer", given: { do: "reminder", ...at, about } } : undefined;
   },
   cancelTimer: cancel("timer"),
   cancelAlarm: cancel("alarm"),

@@ -57,31 +57,50 @@ const things = set(
 );
 const mostApplicationWords = 5;
 
+const months =
+  "january|february|march|april|may|june|july|august|september|october|november|december|" +
+  "janeiro|fevereiro|marco|abril|maio|junho|julho|agosto|setembro|outubro|novembro|dezembro";
+/** "How long until the twelfth of June" asks after no timer. */
+const date = new RegExp(`\\b(\\S+ (of|de) (${months})|(${months}) \\d+)\\b`);
+
 /** The name of a timer or an alarm. */
 export function isTimerName(said: string): boolean {
   const words = plainWords(said);
   // "Dever de casa" is a name, "de casa" is none.
+  if (date.test(words.join(" "))) return false;
   const isInside = (at: number): boolean => at > 0 && at < words.length - 1 && /^(de|do|da|dos|das)$/.test(words[at]!);
   return words.every((word, at) => isInside(at) || (!neverInNames.has(word) && !neverInTimers.has(word) && !lengths.test(word)));
 }
+
+/** Words that are no thing, however many of them stand together: "remove the bread, you can", "tira da lista". */
+const smallWords = set("you i we can could may please of from so then now de da do das dos pode podes voce ja ai agora por favor");
 
 /** The name of a list as it was said, "" for the usual one, or undefined where it can be none. */
 export function listName(said: string): string | undefined {
   const name = said.replace(/-/g, " ");
   const words = plainWords(name);
   if (words.length > 0 && words.every((word) => theList.has(word))) return "";
+  if (words.length > 0 && words.every((word) => smallWords.has(word))) return undefined;
   return words.some((word) => neverInNames.has(word) || neverInLists.has(word)) ? undefined : name;
 }
 
 /** So much is meant to be said yet: "add something to the list". */
 const unsaid = new RegExp(
-  "^((some|a few|a couple of|one more|another|an|a|one) )?(thing|things|item|items|stuff|entry|entries)$|" +
+  "^(something|algo)$|^((some|a few|a couple of|one more|another|an|a|one) )?(thing|things|item|items|stuff|entry|entries)$|" +
     "^((uma|umas|alguma|algumas|outra|mais uma|um|uns|mais um|outro) )?(coisa|coisas|item|itens|negocio|trem|troco)$",
 );
 const otherLists = /\b(list|lista|listas|lists|(add|put) (it|them|that)|(coloca|poe|bota) (ele|ela|isso))\b|^(for me|(para|pra) mim)\b/;
 
+/** Nothing is named yet: "remind me of something". */
+export function isUnsaid(said: string): boolean {
+  // "Of something at three": a part of the time may stand there.
+  return unsaid.test(plainWords(said).join(" ").replace(/ (at|on|in|by|a|as|ao|no|na|em|para|daqui)( .*)?$/, ""));
+}
+
 export function isItem(said: string): boolean {
   const words = plainWords(said).join(" ");
+  const items = said.split(",").map(plainWords).filter((item) => item.length > 0);
+  if (items.some((item) => item.every((word) => smallWords.has(word)))) return false;
   // "Balloons on the party list and milk" speaks of two lists, and "candles, add them" asks twice.
   if (unsaid.test(words) || otherLists.test(words)) return false;
   return !neverFirstItem.has(plainWords(said)[0] ?? "it");

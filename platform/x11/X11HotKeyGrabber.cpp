@@ -1,7 +1,6 @@
 #include "platform/x11/X11HotKeyGrabber.h"
 
 #include "platform/x11/X11Connection.h"
-#include "platform/x11/X11DeviceGrabs.h"
 #include "platform/x11/XcbKeyboard.h"
 #include "platform/x11/XcbReply.h"
 #include "shortcuts/Keys.h"
@@ -67,13 +66,6 @@ bool X11HotKeyGrabber::take(const Combination &combination) {
     std::erase_if(missing, [this](const auto &grab) { return m_grabs.contains(grab); });
     if (missing.empty())
         return xcb_connection_has_error(connection) == 0;
-    std::set<quint16> masks;
-    for (const auto &[keycode, modifiers] : missing)
-        masks.insert(modifiers);
-    if (isHeldByDeviceGrab(m_connection, combination.keycode, masks)) {
-        m_connection.deliverLater();
-        return false;
-    }
     rememberHeld(combination.keycode);
     std::vector<xcb_void_cookie_t> cookies;
     cookies.reserve(missing.size());

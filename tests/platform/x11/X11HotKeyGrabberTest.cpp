@@ -1,14 +1,12 @@
 #include "platform/x11/X11HotKeyGrabber.h"
 
 #include "platform/x11/X11Connection.h"
-#include "platform/x11/XcbReply.h"
 #include "tests/support/Eventually.h"
 #include "tests/support/FakeKeyboard.h"
 #include "tests/support/PrivateDisplay.h"
 
 #include <gtest/gtest.h>
 #include <xcb/xcb.h>
-#include <xcb/xinput.h>
 
 #include <vector>
 
@@ -134,31 +132,6 @@ TEST_F(X11HotKeyGrabberTest, ReportsThatAnotherProgramHoldsTheKey) {
     other.release(1);
     // The release travels on another connection: wait until the server has seen it.
     EXPECT_TRUE(test::eventually([&] { return grabber->grab(1, space, option); }));
-}
-
-TEST_F(X11HotKeyGrabberTest, LeavesAKeyToTheProgramThatHoldsItByTheInputExtension) {
-    const auto otherConnection = X11Connection::open(display.name());
-    ASSERT_NE(otherConnection, nullptr);
-    auto *const other = otherConnection->get();
-    constexpr quint8 keycode = test::FakeKeyboard::space;
-    constexpr quint32 alt = XCB_MOD_MASK_1;
-    constexpr quint32 presses = XCB_INPUT_XI_EVENT_MASK_KEY_PRESS;
-    const auto asked = xcb_input_xi_passive_grab_device(
-        other, XCB_CURRENT_TIME, otherConnection->root(), XCB_NONE, keycode, XCB_INPUT_DEVICE_ALL_MASTER, 1, 1,
-        XCB_INPUT_GRAB_TYPE_KEYCODE, XCB_INPUT_GRAB_MODE_22_ASYNC, XCB_INPUT_GRAB_MODE_22_ASYNC,
-        XCB_INPUT_GRAB_OWNER_NO_OWNER, &presses, &alt);
-    const XcbReply<xcb_input_xi_passive_grab_device_reply_t> granted(
-        xcb_input_xi_passive_grab_device_reply(other, asked, nullptr));
-    ASSERT_TRUE(granted && granted->num_modifiers == 0);
-    EXPECT_FALSE(grabber->grab(1, space, option));
-    EXPECT_TRUE(grabber->grab(2, escape, 0));
-    xcb_input_xi_passive_ungrab_device(other, otherConnection->root(), keycode, XCB_INPUT_DEVICE_ALL_MASTER, 1,
-                                       XCB_INPUT_GRAB_TYPE_KEYCODE, &alt);
-    xcb_flush(other);
-    // The release travels on another connection: wait until the server has seen it.
-    EXPECT_TRUE(test::eventually([&] { return grabber->grab(1, space, option); }));
-    pressAndSettle(u"alt+space"_s);
-    EXPECT_EQ(pressed, std::vector<quint32>({1}));
 }
 
 TEST_F(X11HotKeyGrabberTest, LeavesNothingTakenAfterAPartialRefusal) {

@@ -43,8 +43,6 @@ export interface Desktop {
     readonly keys: "x11" | "nobody";
     /** What the desktop itself opens on Alt+Space, if anything. */
     readonly hasOnAltSpace?: string;
-    /** A key that it has for the whole screen: its code and modifiers as the settings have them, and as texts write it. */
-    readonly ofScreen?: { keyCode: number; flags: number; text: string };
     /** Whether it starts at the login what the user's autostart folder names. */
     readonly hasAutostart: boolean;
     readonly windows: Windows;

@@ -54,8 +54,6 @@ const gnomeX11: Omit<Desktop, "hasTray" | "setUp"> = {
     closeKey: "alt+F4",
     keys: "x11",
     // The window menu has Alt+Space on each window alone, and whoever asks for it on the whole screen gets it.
-    // What runs a command.
-    ofScreen: { keyCode: 120, flags: 0x80000, text: "⌥F2" },
     hasAutostart: true,
     // One click opens the menu.
     opensTrayByTwoClicks: true,

@@ -49,7 +49,6 @@ const steps: Step[] = [
     ["strip above full screen", strip.aboveFullScreen],
     ["Alt+Space that is refused", keys.refused, ({ hasOnAltSpace }) => hasOnAltSpace !== undefined],
     ["keys of others", keys.others, ({ hasOnAltSpace }) => hasOnAltSpace !== undefined],
-    ["key of the whole screen", keys.ofScreen, ({ ofScreen }) => ofScreen !== undefined],
     ["another listen key, Escape", keys.another, ({ keys }) => keys === "x11"],
     ["keys by commands", keys.byCommand, ({ keys }) => keys === "nobody"],
     ["logout, login", life.again],

@@ -1,6 +1,5 @@
 // The keys that work from anywhere, and those that others had first.
 
-import { readFileSync, writeFileSync } from "node:fs";
 import { join } from "node:path";
 import type { Node } from "../../rehearsal/accessible";
 import { run, until } from "../../rehearsal/process";
@@ -8,7 +7,6 @@ import { OtherProgram } from "../../rehearsal/screen";
 import { check, words } from "../../rehearsal/stage";
 import { differenceOf, stillPicture } from "../pictures";
 import { closeWindow, palomet, type Place, status, Terminal, windowInFront } from "../place";
-import { quit, start } from "./session";
 
 const layouts = ["us", "de", "us"];
 /** What it says takes longer than this. */
@@ -31,24 +29,6 @@ export async function refused(place: Place): Promise<string> {
     const doctor = await run(["sh", "-c", '"$0" --doctor || true', process.env.PALOMET_PROGRAM!], place.session.environment);
     check(/^!! {2}hot keys: Alt\+Space is refused/m.test(doctor), "the doctor has no word about Alt+Space");
     return `Alt+Space is the desktop's, and the window says: ${hotKeyProblem}`;
-}
-
-/** Whoever wishes for a key that the desktop has for the whole screen is told that it is refused. */
-export async function ofScreen(place: Place): Promise<string> {
-    const { session: { environment }, desktop } = place;
-    const { text, ...key } = desktop.ofScreen!;
-    const settings = join(environment.XDG_CONFIG_HOME!, "palomet/palomet.conf");
-    await quit(place);
-    const before = readFileSync(settings, "utf8");
-    const wish = `listenShortcut=${JSON.stringify(JSON.stringify(key))}`;
-    writeFileSync(settings, /^listenShortcut=/m.test(before) ? before.replace(/^listenShortcut=.*$/m, wish) : `${before}${wish}\n`);
-    await start(place);
-    const { hotKeyProblem } = await status(place);
-    await quit(place);
-    writeFileSync(settings, before);
-    await start(place);
-    check(hotKeyProblem === words["shortcut.taken"]!.replace("%@", text), `of ${text} it says "${hotKeyProblem}"`);
-    return `of a key that the desktop has it says: ${hotKeyProblem}`;
 }
 
 /** Alt+Space goes on to open what the desktop has there, after the keyboard's layout has changed, too. */

@@ -15,11 +15,12 @@ constexpr std::int64_t second = SoundStreams::sampleRate;
 constexpr std::int64_t millisecond = second / 1000;
 constexpr std::int64_t capacity = 65536; // 1.4 s: more than any server buffers ahead
 
-/// Streams that open are out of step by more than they ever are again: of these two seconds only the last one counts.
-constexpr std::int64_t firstWatch = 2 * second;
-constexpr std::int64_t countedOfFirst = second;
-constexpr std::int64_t laterWatch = 5 * second;
+/// Streams that open are out of step by more than they ever are again.
+constexpr std::int64_t settlingTime = 2 * second;
+constexpr std::int64_t shortWatch = second / 4;
+constexpr std::int64_t longWatch = 5 * second;
 constexpr std::int64_t wantedLead = 20 * millisecond;
+constexpr std::int64_t leadThatMayStay = 10 * millisecond; // that the wanted one and another may differ by
 
 constexpr int mostLateInARow = 100; // a stream that has stood still so long does not catch up
 
@@ -35,8 +36,10 @@ EchoReference::EchoReference()
 }
 
 void EchoReference::write(std::span<const float> samples) noexcept {
-    for (const float sample : samples)
+    for (const float sample : samples) {
         m_samples[static_cast<std::size_t>(m_written++ % capacity)] = sample;
+        m_isHeard |= sample != 0;
+    }
     m_isPlayed |= !samples.empty();
     // Nobody reads while the microphone is closed.
     m_read = std::max(m_read, m_written - capacity + Interpolator::taps);
@@ -53,28 +56,18 @@ std::chrono::microseconds EchoReference::follow(std::size_t samples, std::size_t
     if (!m_isPlayed)
         return lead;
 
-    if (m_hasBegun || m_left <= countedOfFirst) {
+    m_settling -= std::min(m_settling, count);
+    if (m_settling <= settlingTime / 2) {
         const auto captured = m_matched + static_cast<std::int64_t>(unmatched);
         m_drift.add(count, delaySamples - static_cast<double>(m_written - captured));
-        m_watched += count;
-        m_delaySum += delaySamples * static_cast<double>(count);
-        m_ageSum += age * static_cast<double>(count);
     }
     if (m_hasBegun)
         m_step = 1 + std::clamp(m_return - m_drift.value(), -mostCorrection, mostCorrection);
-    m_left -= count;
-    if (m_left > 0 || m_watched == 0)
-        return lead;
-    const double meanDelay = m_delaySum / static_cast<double>(m_watched);
-    const double meanAge = m_ageSum / static_cast<double>(m_watched);
-    if (m_hasBegun) {
-        const double stray = m_lead - (meanDelay - meanAge);
-        const double excess = stray - std::clamp(stray, -toleratedStray, toleratedStray);
-        m_return = excess / returnTime;
-    } else {
-        begin(std::llround(meanDelay), std::llround(meanAge));
-    }
-    watchAnew(laterWatch);
+    m_watched += count;
+    m_delaySum += delaySamples * static_cast<double>(count);
+    m_ageSum += age * static_cast<double>(count);
+    if (m_watched >= (m_isSettled ? longWatch : shortWatch))
+        endWatch(m_delaySum / static_cast<double>(m_watched), m_ageSum / static_cast<double>(m_watched));
     return lead;
 }
 
@@ -118,20 +111,37 @@ void EchoReference::clear() noexcept {
     m_drift.clear();
     m_lateInARow = 0;
     m_isPlayed = false;
+    m_isHeard = false;
     m_hasBegun = false;
-    watchAnew(firstWatch);
+    m_isSettled = false;
+    m_settling = settlingTime;
+    watchAnew();
 }
 
-void EchoReference::begin(std::int64_t delay, std::int64_t age) noexcept {
-    const auto wantedAge = std::clamp<std::int64_t>(delay - wantedLead, 0, delay / 2);
-    const auto oldest = std::max<std::int64_t>(0, m_written - capacity + Interpolator::taps);
-    m_read = std::max(m_read + age - wantedAge, oldest);
-    m_lead = static_cast<double>(delay - wantedAge);
-    m_hasBegun = true;
+void EchoReference::endWatch(double delay, double age) noexcept {
+    const double lead = delay - age;
+    if (m_isSettled) {
+        const double stray = m_lead - lead;
+        m_return = (stray - std::clamp(stray, -toleratedStray, toleratedStray)) / returnTime;
+    } else {
+        m_isSettled = m_settling == 0;
+        const std::int64_t whole = std::llround(delay);
+        const auto wantedAge = std::clamp<std::int64_t>(whole - wantedLead, 0, whole / 2);
+        const std::int64_t strayed = std::llround(age) - wantedAge;
+        // Before the first sound nothing was learned that a jump could undo.
+        if (!m_hasBegun || !m_isHeard || (m_isSettled && std::abs(strayed) > leadThatMayStay)) {
+            const auto oldest = std::max<std::int64_t>(0, m_written - capacity + Interpolator::taps);
+            m_read = std::max(m_read + strayed, oldest);
+            m_lead = lead + static_cast<double>(strayed);
+        } else if (m_isSettled) {
+            m_lead = lead;
+        }
+        m_hasBegun = true;
+    }
+    watchAnew();
 }
 
-void EchoReference::watchAnew(std::int64_t samples) noexcept {
-    m_left = samples;
+void EchoReference::watchAnew() noexcept {
     m_watched = 0;
     m_delaySum = 0;
     m_ageSum = 0;

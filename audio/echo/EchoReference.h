@@ -16,10 +16,12 @@ namespace palomet {
 /// run on callbacks of their own sizes, and perhaps on clocks of their own; an echo canceller lives on a steady time
 /// from reference to echo, and each jump of it is a room to be learned anew. So samples are counted, not timed.
 ///
-/// For the first two seconds a frame that is not there yet is silence and makes the reference older. Then its lead, the
-/// time by which it comes before its echo, is set once and for all: to half of what the streams take together, and to
-/// 20 ms, or all that they take, where half is less. From there on the microphone waits for a frame that is late, and
-/// only what comes later still is silence, and passed over: it was not played in time either.
+/// For the first quarter of a second a frame that is not there yet is silence and makes the reference older. Then its
+/// lead, the time by which it comes before its echo, is set: to half of what the streams take together, and to 20 ms,
+/// or all that they take, where half is less. From there on the microphone waits for a frame that is late, and only
+/// what comes later still is silence, and passed over: it was not played in time either. While nothing but silence was
+/// written the lead is set anew four times a second, and after two seconds it is settled: it stays as it is unless it
+/// has come to lie over 10 ms off by then.
 ///
 /// Samples come out as they were written, whatever they hold.
 ///
@@ -51,8 +53,8 @@ public:
     [[nodiscard]] std::int64_t backlog() const { return m_written - m_read; }
 
 private:
-    void begin(std::int64_t delay, std::int64_t age) noexcept;
-    void watchAnew(std::int64_t samples) noexcept;
+    void endWatch(double delay, double age) noexcept;
+    void watchAnew() noexcept;
     [[nodiscard]] bool isWhole() const noexcept { return m_step == 1 && m_fraction == 0; }
     [[nodiscard]] float at(std::int64_t position) const noexcept;
 
@@ -60,17 +62,19 @@ private:
     std::vector<float> m_samples;
     std::int64_t m_written = 0; ///< A position, as the next one is.
     std::int64_t m_read = 0;
-    std::int64_t m_matched = 0; ///< Samples of the microphone, in frames that were given.
-    double m_fraction = 0;      ///< Of a sample, by which the position to read from is ahead of `m_read`.
-    double m_step = 1;          ///< Samples of the reference for one of the microphone.
-    int m_lateInARow = 0;       ///< Frames that were not there.
-    bool m_isPlayed = false;    ///< Something was written since all was forgotten.
-    bool m_hasBegun = false;    ///< The lead is set.
-    double m_lead = 0;          ///< What it was set to, in samples.
-    double m_return = 0;        ///< The part of `m_step` that brings a lead back that went astray.
+    std::int64_t m_matched = 0;  ///< Samples of the microphone, in frames that were given.
+    double m_fraction = 0;       ///< Of a sample, by which the position to read from is ahead of `m_read`.
+    double m_step = 1;           ///< Samples of the reference for one of the microphone.
+    int m_lateInARow = 0;        ///< Frames that were not there.
+    bool m_isPlayed = false;     ///< Something was written since all was forgotten.
+    bool m_isHeard = false;      ///< Something else than silence was.
+    bool m_hasBegun = false;     ///< The lead is set.
+    bool m_isSettled = false;    ///< It is set for good.
+    std::int64_t m_settling = 0; ///< Samples of the microphone until it is.
+    double m_lead = 0;           ///< What it was set to, in samples.
+    double m_return = 0;         ///< The part of `m_step` that brings a lead back that went astray.
     ClockDrift m_drift;
     // Of the watch that is under way, weighted by samples:
-    std::int64_t m_left = 0;
     std::int64_t m_watched = 0;
     double m_delaySum = 0;
     double m_ageSum = 0;

@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <limits>
+#include <utility>
 
 namespace palomet {
 
@@ -15,9 +17,10 @@ constexpr std::int64_t second = SoundStreams::sampleRate;
 constexpr std::int64_t millisecond = second / 1000;
 constexpr std::int64_t capacity = 65536; // 1.4 s: more than any server buffers ahead
 
-/// Streams that open are out of step by more than they ever are again.
+/// Streams that open are out of step by more than they ever are again: for the first tenths of a second PipeWire tells
+/// up to 170 ms too little, and a busy machine takes longer.
 constexpr std::int64_t settlingTime = 2 * second;
-constexpr std::int64_t shortWatch = second / 4;
+constexpr std::int64_t shortWatch = second / 10;
 constexpr std::int64_t longWatch = 5 * second;
 constexpr std::int64_t wantedLead = 20 * millisecond;
 constexpr std::int64_t leadThatMayStay = 10 * millisecond; // that the wanted one and another may differ by
@@ -115,15 +118,17 @@ void EchoReference::clear() noexcept {
     m_hasBegun = false;
     m_isSettled = false;
     m_settling = settlingTime;
+    m_watchedLead = std::numeric_limits<double>::quiet_NaN();
     watchAnew();
 }
 
 void EchoReference::endWatch(double delay, double age) noexcept {
     const double lead = delay - age;
+    const bool isSteady = std::abs(lead - std::exchange(m_watchedLead, lead)) < toleratedStray;
     if (m_isSettled) {
         const double stray = m_lead - lead;
         m_return = (stray - std::clamp(stray, -toleratedStray, toleratedStray)) / returnTime;
-    } else {
+    } else if (isSteady || m_settling == 0) {
         m_isSettled = m_settling == 0;
         const std::int64_t whole = std::llround(delay);
         const auto wantedAge = std::clamp<std::int64_t>(whole - wantedLead, 0, whole / 2);

@@ -16,12 +16,12 @@ namespace palomet {
 /// run on callbacks of their own sizes, and perhaps on clocks of their own; an echo canceller lives on a steady time
 /// from reference to echo, and each jump of it is a room to be learned anew. So samples are counted, not timed.
 ///
-/// For the first quarter of a second a frame that is not there yet is silence and makes the reference older. Then its
-/// lead, the time by which it comes before its echo, is set: to half of what the streams take together, and to 20 ms,
-/// or all that they take, where half is less. From there on the microphone waits for a frame that is late, and only
-/// what comes later still is silence, and passed over: it was not played in time either. While nothing but silence was
-/// written the lead is set anew four times a second, and after two seconds it is settled: it stays as it is unless it
-/// has come to lie over 10 ms off by then.
+/// At first a frame that is not there yet is silence and makes the reference older. As soon as two tenths of a second
+/// agree on it the lead, the time by which the reference comes before its echo, is set: to half of what the streams
+/// take together, and to 20 ms, or all that they take, where half is less. From there on the microphone waits for a
+/// frame that is late, and only what comes later still is silence, and passed over: it was not played in time either.
+/// While nothing but silence was written the lead is set anew ten times a second, and after two seconds it is settled:
+/// it stays as it is unless it has come to lie over 10 ms off by then.
 ///
 /// Samples come out as they were written, whatever they hold.
 ///
@@ -72,6 +72,7 @@ private:
     bool m_isSettled = false;    ///< It is set for good.
     std::int64_t m_settling = 0; ///< Samples of the microphone until it is.
     double m_lead = 0;           ///< What it was set to, in samples.
+    double m_watchedLead = 0;    ///< The mean of the last watch, NaN before the first.
     double m_return = 0;         ///< The part of `m_step` that brings a lead back that went astray.
     ClockDrift m_drift;
     // Of the watch that is under way, weighted by samples:

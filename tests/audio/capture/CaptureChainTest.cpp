@@ -287,8 +287,8 @@ TEST_F(CaptureChainTest, AReferenceLongerOrShorterThanTheMicrophoneCostsNoSample
     // At the end up to ten frames wait for a reference that is late.
     const auto allButWhatWaits = testing::AllOf(testing::Ge(all - 11 * 160), testing::Le(all));
     EXPECT_EQ(freed({}, 480, microphone, 480).size(), all);
-    EXPECT_THAT(freed(played, 480, microphone, 480).size(), allButWhatWaits); // ends half-way
-    EXPECT_THAT(freed(played, 240, microphone, 480).size(), allButWhatWaits); // comes half as fast
-    EXPECT_EQ(freed(played, 1920, microphone, 960).size(), all);              // twice as fast
-    EXPECT_THAT(freed(played, 441, microphone, 480).size(), allButWhatWaits); // by another clock
+    EXPECT_THAT(freed(played, 480, microphone, 480).size(), allButWhatWaits);  // ends half-way
+    EXPECT_THAT(freed(played, 240, microphone, 480).size(), allButWhatWaits);  // comes half as fast
+    EXPECT_THAT(freed(played, 1920, microphone, 960).size(), allButWhatWaits); // twice as fast
+    EXPECT_THAT(freed(played, 441, microphone, 480).size(), allButWhatWaits);  // by another clock
 }

@@ -122,9 +122,9 @@ export class SoundDesk {
 
     async start(): Promise<void> {
         // A null sink keeps its time in whole microseconds a piece and loses what is over, the more the smaller the pieces: at 48 kHz
-        // two of them were 260 ppm apart. At this rate a sample lasts 20 µs, and all of them keep the same time.
-        const sinkRate = this.room.isDrifting ? 48_000 : 50_000;
-        const sink = (name: string, description: string) =>
+        // two of them were 260 ppm apart, and 900 on a busy machine. At 50 kHz a sample lasts 20 µs, and all of them keep the same
+        // time; at 49,992 they are 160 ppm apart, whatever the pieces.
+        const sink = (name: string, description: string, sinkRate = 50_000) =>
             `module-null-sink sink_name=${name} rate=${sinkRate} sink_properties=device.description=${description}`;
         // Left alone, a loopback sets its rate again and again, which is an echo that never stands still.
         const adjusting = this.room.isDrifting ? 1 : 0;
@@ -132,7 +132,7 @@ export class SoundDesk {
             `module-loopback source=${source}.monitor sink=room latency_msec=${delayMs} adjust_time=${adjusting} remix=no ${more}`;
         const modules = [
             "module-native-protocol-unix",
-            sink("speakers", "Speakers"),
+            sink("speakers", "Speakers", this.room.isDrifting ? 49_992 : 50_000),
             sink("mouth", "Mouth"),
             sink("room", "Room"),
             "module-remap-source master=room.monitor source_name=microphone source_properties=device.description=Microphone",
@@ -153,8 +153,21 @@ export class SoundDesk {
         await run(["pactl", "set-default-sink", "speakers"], this.environment);
         await run(["pactl", "set-default-source", "microphone"], this.environment);
         await this.#setVolumes();
+        if (this.room.isDrifting) await this.#settle();
         void this.#record("speakers", this.speakers);
         void this.#record("mouth", this.mouth);
+    }
+
+    /** The air sets its rates to the two clocks, for which a loopback takes some ten seconds, and no room does. */
+    async #settle(): Promise<void> {
+        const seen: number[][] = [];
+        const mean = (rates: number[]) => rates.reduce((sum, rate) => sum + rate, 0) / rates.length;
+        await until("a room that has settled", async () => {
+            await Bun.sleep(1000);
+            const inputs = await run(["pactl", "list", "sink-inputs"], this.environment);
+            seen.push([...inputs.matchAll(/(\d+)Hz/g)].map(([, rate]) => Number(rate)));
+            return seen.length >= 10 && Math.abs(mean(seen.slice(-10, -5).flat()) - mean(seen.slice(-5).flat())) < 1;
+        }, 60_000);
     }
 
     /** The server dies without a word, as servers do. */

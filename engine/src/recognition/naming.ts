@@ -20,6 +20,8 @@ export interface Naming {
   end: number;
   /** The name as it is set, after the word of a call if that was misheard as well. */
   text: string;
+  /** It begins the utterance, or follows a pause or the word of a call. */
+  isSetOff: boolean;
   /** What the decoder expects after the name. */
   after: Followed;
 }
@@ -103,11 +105,11 @@ export class NameFinder {
     let best: Found | undefined;
     for (const name of names) {
       for (const spelling of await this.#spellings(name, isCalled ? [] : calls)) {
-        for (const { start, ends, isSetOff } of places(words, heard.tokens, spelling, isCalled)) {
+        for (const place of places(words, heard.tokens, spelling, isCalled)) {
           if (signal.aborted) return undefined;
-          const short = ends.filter((end) => lettersOf(this.#textOf(heard, start, end)) <= spelling.mostLetters);
-          const found = short.length > 0 ? await this.#tryAt(features, heard, start, short, spelling) : undefined;
-          const allowed = isSetOff ? spelling.allowed : unpausedShare * spelling.allowed;
+          const short = place.ends.filter((end) => lettersOf(this.#textOf(heard, place.start, end)) <= spelling.mostLetters);
+          const found = short.length > 0 ? await this.#tryAt(features, heard, { ...place, ends: short }, spelling) : undefined;
+          const allowed = place.isSetOff ? spelling.allowed : unpausedShare * spelling.allowed;
           if (found && found.loss <= allowed && found.loss < (best?.loss ?? Infinity)) best = found;
         }
       }
@@ -145,8 +147,8 @@ export class NameFinder {
     return [spelling(name, forms, false), ...called];
   }
 
-  /** Puts a spelling in the place of the tokens from `start` up to one of the ends. */
-  async #tryAt(features: Tensor, heard: Transcript, start: number, ends: number[], spelling: Spelling): Promise<Found | undefined> {
+  /** Puts a spelling in a place, up to one of its ends. */
+  async #tryAt(features: Tensor, heard: Transcript, { start, ends, isSetOff }: Place, spelling: Spelling): Promise<Found | undefined> {
     const spelled = await this.#follow(features, heard, start, spelling.tree);
     if (spelled === undefined) return undefined;
     const { tokens, after } = spelled;
@@ -167,7 +169,7 @@ export class NameFinder {
       const advantage =
         (await this.taste.of(prefix, [...tokens, ...tail])) - (await this.taste.of(prefix, heard.tokens.slice(start, end + tail.length)));
       const taken = Math.min(spelling.mostTaste, Math.max(0, tasteShare * advantage));
-      if (loss + taken < (best?.loss ?? Infinity)) best = { naming: { start, end, text: spelling.text, after }, loss: loss + taken };
+      if (loss + taken < (best?.loss ?? Infinity)) best = { naming: { start, end, text: spelling.text, isSetOff, after }, loss: loss + taken };
     }
     return best;
   }

@@ -11,6 +11,7 @@ import type { Transcript } from "./decoding.ts";
 import { likelihood, type Expectation, type Past, type SpeechModel } from "./speechModel.ts";
 import { hasMark, wordsOf, type SpelledWord } from "./spelledWords.ts";
 import { capitalised, treeOf, variantsOf, type SpellingTree } from "./spellings.ts";
+import { syllablesOf } from "./syllables.ts";
 import type { Taste } from "./taste.ts";
 import { beginToken, endToken, type Vocabulary } from "./vocabulary.ts";
 
@@ -51,8 +52,11 @@ const lossARarity = 2 / 3;
 /** A rarer name is looked for with other vowels as well, and may lose so much at least. */
 const leastRarity = 6;
 const rareLoss = 9.2;
-/** A name that no pause sets off may lose this share of it: what ends a sentence without one is mostly a part of it. */
-const unpausedShare = 0.6;
+/**
+ * A name that no pause sets off may lose this share of it: what ends a sentence without one is mostly a part of it. So may one
+ * in whose place words of fewer syllables were heard: a decoder that does not know a name writes down all of its sound.
+ */
+const doubtfulShare = 0.6;
 /**
  * A name is heard as at most so many words more than it has, and so many letters for each of its own, and some more: "Palomet"
  * as "Pearl omelette", half of whose letters are silent.
@@ -109,8 +113,9 @@ export class NameFinder {
           if (signal.aborted) return undefined;
           const short = place.ends.filter((end) => lettersOf(this.#textOf(heard, place.start, end)) <= spelling.mostLetters);
           const found = short.length > 0 ? await this.#tryAt(features, heard, { ...place, ends: short }, spelling) : undefined;
-          const allowed = place.isSetOff ? spelling.allowed : unpausedShare * spelling.allowed;
-          if (found && found.loss <= allowed && found.loss < (best?.loss ?? Infinity)) best = found;
+          if (!found || found.loss >= (best?.loss ?? Infinity)) continue;
+          const isDoubtful = !place.isSetOff || isShorter(this.#textOf(heard, place.start, found.naming.end), spelling.text);
+          if (found.loss <= (isDoubtful ? doubtfulShare : 1) * spelling.allowed) best = found;
         }
       }
     }
@@ -229,4 +234,9 @@ function places(words: SpelledWord[], tokens: number[], { mostWords, isCall }: S
 
 function lettersOf(text: string): number {
   return text.match(/[\p{L}\p{N}]/gu)?.length ?? 0;
+}
+
+/** What was heard has fewer syllables than the name. Where nothing was heard, the decoder has left out what was said. */
+function isShorter(heard: string, name: string): boolean {
+  return heard !== "" && syllablesOf(heard) < syllablesOf(name);
 }

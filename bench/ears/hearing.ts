@@ -3,7 +3,7 @@
 import type { Heard } from "../../engine/src/base/protocol";
 import { Engine, until, type Wanted } from "./engine";
 import type { Clip, ClipSet } from "./set/clips";
-import { activeLevel, pink, rate, scaled, seconds, type Signal } from "./set/signal";
+import { activeLevel, joined, pink, rate, scaled, seconds, type Signal, silence } from "./set/signal";
 
 /** The level of a room in which nobody speaks, dBFS. */
 const roomLevel = -75;
@@ -12,6 +12,8 @@ const noiseSeconds = 16;
 const tailMs = 1600;
 /** Time that the engine has after a clip, at least. */
 const leastWaitMs = 400;
+/** Samples by which each pass lies later. No multiple of it that is used is one of a frame: those have 320, 384 and 512. */
+const passShift = 139;
 /** The echo of its chime is not to be heard. */
 const chimeMs = 500;
 
@@ -29,26 +31,34 @@ export const textOf = ({ heard }: Outcome): string => heard.map(({ text }) => te
 /** It was called by its name: an utterance that does not hold it is ignored, for nothing else lets it in here. */
 export const isCalled = ({ heard }: Outcome): boolean => heard.some(({ action }) => action !== "ignored" && action !== "echo");
 
-export const roomNoise = (): Signal => scaled(pink(seconds(noiseSeconds), 1), roomLevel);
+export const roomNoise = (seed = 1): Signal => scaled(pink(seconds(noiseSeconds), seed), roomLevel);
 
 /** The noise that lies so far below the voices of the set, dB. */
 export function noiseBelow(signal: Signal, dB: number, seed = 2): Signal {
     return scaled(pink(seconds(noiseSeconds), seed), activeLevel(signal) - dB);
 }
 
-/** Gives each clip to an engine of its own, in noise if a ratio is given, and tells what came of it. */
+export interface Room {
+    /** The noise in it lies so far below the voices, dB; without it nobody hears any. */
+    ratio?: number;
+    /** The same clips in another pass lie elsewhere in the engine's frames, in other noise. */
+    pass?: number;
+}
+
+/** Gives the clips to an engine, and tells what came of each. */
 export async function sayEach(
-    set: ClipSet, clips: Clip[], wanted: Wanted, { ratio, onOutcome }: { ratio?: number; onOutcome?: (outcome: Outcome) => void } = {},
+    set: ClipSet, clips: Clip[], wanted: Wanted, { ratio, pass = 0, onOutcome }: Room & { onOutcome?: (outcome: Outcome) => void } = {},
 ): Promise<Outcome[]> {
     const engine = await Engine.start(wanted);
     engine.loudspeaker.isOff = true;
-    engine.microphone.noise = roomNoise();
+    engine.microphone.noise = roomNoise(1 + pass);
+    const lead = silence(pass * passShift);
     const outcomes: Outcome[] = [];
     try {
         // The room becomes known, and what starts with the first sound is started.
         await engine.microphone.reach(engine.microphone.place + seconds(2));
         for (const clip of clips) {
-            const outcome = await say(engine, clip, set.sound(clip), ratio);
+            const outcome = await say(engine, clip, joined([lead, set.sound(clip)]), ratio);
             onOutcome?.(outcome);
             if (engine.phase !== "waiting") {
                 await engine.quiet();

@@ -1,7 +1,7 @@
 // What each scene of the bench is given.
 
 import { appendFileSync } from "node:fs";
-import { sayEach, type Outcome } from "./hearing";
+import { type Outcome, type Room, sayEach } from "./hearing";
 import type { Row } from "./row";
 import type { Clip, ClipSet } from "./set/clips";
 import type { Wanted } from "./engine";
@@ -18,15 +18,14 @@ export interface Bench {
 
 export type Scene = (bench: Bench) => Promise<Row[]>;
 
-export interface Saying {
+export interface Saying extends Room {
     label: string;
-    ratio?: number;
     wanted?: Wanted;
     isWrong?: (outcome: Outcome) => boolean;
 }
 
 /** Says the clips, and writes down what became of each. */
-export async function sayAll({ set, speed, report, every }: Bench, clips: Clip[], { label, ratio, wanted = {}, isWrong }: Saying): Promise<Outcome[]> {
+export async function sayAll({ set, speed, report, every }: Bench, clips: Clip[], { label, wanted = {}, isWrong, ...room }: Saying): Promise<Outcome[]> {
     const onOutcome = (outcome: Outcome): void => {
         const { clip, heard, openings, request } = outcome;
         const { id, package: package_, path, voice, words } = clip;
@@ -34,5 +33,5 @@ export async function sayAll({ set, speed, report, every }: Bench, clips: Clip[]
         appendFileSync(report, `${JSON.stringify(line)}\n`);
     };
     const some = clips.filter((_, index) => index % every === 0);
-    return await sayEach(set, some, { speed, ...wanted }, { onOutcome, ...(ratio === undefined ? {} : { ratio }) });
+    return await sayEach(set, some, { speed, ...wanted }, { onOutcome, ...room });
 }

@@ -11,6 +11,7 @@ import type { Transcript } from "./decoding.ts";
 import { likelihood, type Expectation, type Past, type SpeechModel } from "./speechModel.ts";
 import { hasMark, wordsOf, type SpelledWord } from "./spelledWords.ts";
 import { capitalised, treeOf, variantsOf, type SpellingTree } from "./spellings.ts";
+import { syllablesOf } from "./syllables.ts";
 import type { Taste } from "./taste.ts";
 import { beginToken, endToken, type Vocabulary } from "./vocabulary.ts";
 
@@ -20,6 +21,8 @@ export interface Naming {
   end: number;
   /** The name as it is set, after the word of a call if that was misheard as well. */
   text: string;
+  /** It begins the utterance, or follows a pause or the word of a call. */
+  isSetOff: boolean;
   /** What the decoder expects after the name. */
   after: Followed;
 }
@@ -49,8 +52,11 @@ const lossARarity = 2 / 3;
 /** A rarer name is looked for with other vowels as well, and may lose so much at least. */
 const leastRarity = 6;
 const rareLoss = 9.2;
-/** A name that no pause sets off may lose this share of it: what ends a sentence without one is mostly a part of it. */
-const unpausedShare = 0.6;
+/**
+ * A name that no pause sets off may lose this share of it: what ends a sentence without one is mostly a part of it. So may one
+ * in whose place words of fewer syllables were heard: a decoder that does not know a name writes down all of its sound.
+ */
+const doubtfulShare = 0.6;
 /**
  * A name is heard as at most so many words more than it has, and so many letters for each of its own, and some more: "Palomet"
  * as "Pearl omelette", half of whose letters are silent.
@@ -103,12 +109,13 @@ export class NameFinder {
     let best: Found | undefined;
     for (const name of names) {
       for (const spelling of await this.#spellings(name, isCalled ? [] : calls)) {
-        for (const { start, ends, isSetOff } of places(words, heard.tokens, spelling, isCalled)) {
+        for (const place of places(words, heard.tokens, spelling, isCalled)) {
           if (signal.aborted) return undefined;
-          const short = ends.filter((end) => lettersOf(this.#textOf(heard, start, end)) <= spelling.mostLetters);
-          const found = short.length > 0 ? await this.#tryAt(features, heard, start, short, spelling) : undefined;
-          const allowed = isSetOff ? spelling.allowed : unpausedShare * spelling.allowed;
-          if (found && found.loss <= allowed && found.loss < (best?.loss ?? Infinity)) best = found;
+          const short = place.ends.filter((end) => lettersOf(this.#textOf(heard, place.start, end)) <= spelling.mostLetters);
+          const found = short.length > 0 ? await this.#tryAt(features, heard, { ...place, ends: short }, spelling) : undefined;
+          if (!found || found.loss >= (best?.loss ?? Infinity)) continue;
+          const isDoubtful = !place.isSetOff || isShorter(this.#textOf(heard, place.start, found.naming.end), spelling.text);
+          if (found.loss <= (isDoubtful ? doubtfulShare : 1) * spelling.allowed) best = found;
         }
       }
     }
@@ -145,8 +152,8 @@ export class NameFinder {
     return [spelling(name, forms, false), ...called];
   }
 
-  /** Puts a spelling in the place of the tokens from `start` up to one of the ends. */
-  async #tryAt(features: Tensor, heard: Transcript, start: number, ends: number[], spelling: Spelling): Promise<Found | undefined> {
+  /** Puts a spelling in a place, up to one of its ends. */
+  async #tryAt(features: Tensor, heard: Transcript, { start, ends, isSetOff }: Place, spelling: Spelling): Promise<Found | undefined> {
     const spelled = await this.#follow(features, heard, start, spelling.tree);
     if (spelled === undefined) return undefined;
     const { tokens, after } = spelled;
@@ -167,7 +174,7 @@ export class NameFinder {
       const advantage =
         (await this.taste.of(prefix, [...tokens, ...tail])) - (await this.taste.of(prefix, heard.tokens.slice(start, end + tail.length)));
       const taken = Math.min(spelling.mostTaste, Math.max(0, tasteShare * advantage));
-      if (loss + taken < (best?.loss ?? Infinity)) best = { naming: { start, end, text: spelling.text, after }, loss: loss + taken };
+      if (loss + taken < (best?.loss ?? Infinity)) best = { naming: { start, end, text: spelling.text, isSetOff, after }, loss: loss + taken };
     }
     return best;
   }
@@ -227,4 +234,9 @@ function places(words: SpelledWord[], tokens: number[], { mostWords, isCall }: S
 
 function lettersOf(text: string): number {
   return text.match(/[\p{L}\p{N}]/gu)?.length ?? 0;
+}
+
+/** What was heard has fewer syllables than the name. Where nothing was heard, the decoder has left out what was said. */
+function isShorter(heard: string, name: string): boolean {
+  return heard !== "" && syllablesOf(heard) < syllablesOf(name);
 }

@@ -36,6 +36,11 @@ export class Vocabulary {
     });
   }
 
+  /** The token of exactly this text. */
+  tokenOf(text: string): number | undefined {
+    return this.#numbers.get(text);
+  }
+
   textOf(tokens: readonly number[]): string {
     const bytes = tokens.flatMap((token) => {
       const text = this.texts[token];

@@ -95,6 +95,26 @@ describe.skipIf(!base || !hasVoice)("the name", () => {
     }
   }, 120_000);
 
+  const requests: [sentence: string, voice: string, wordsAMinute: number][] = [
+    ["Palomet, open my documents.", "en-gb-x-rp", 145],
+    ["Palomet, who is calling?", "en-gb-x-rp", 145],
+    ["Palomet, how are you?", "en-gb-scotland", 160],
+  ];
+  for (const [sentence, voice, wordsAMinute] of requests) {
+    test(`calls somebody, and what follows it in "${sentence}" is what is asked`, async () => {
+      names = ["palomet"];
+      expect(plainWords(await textOf(await said(sentence, voice, wordsAMinute)))).toEqual(plainWords(sentence));
+    }, 60_000);
+  }
+
+  test("is all that was said when nothing follows", async () => {
+    names = ["palomet"];
+    for (const voice of ["en-us", "en-gb", "en-gb-x-rp"]) {
+      expect(plainWords(await textOf(await said("Palomet.", voice)))).toEqual(["palomet"]);
+      expect(plainWords(await textOf(await said("Thank you, Palomet.", voice))).slice(-1)).toEqual(["palomet"]);
+    }
+  }, 120_000);
+
   test("is not found in what only sounds alike, or where another name is set", async () => {
     names = ["palomet"];
     for (const sentence of ["The parliament met on Monday.", "My pal met him at the station.", "Hey Paul, I met your sister."]) {

@@ -21,6 +21,11 @@ describe.skipIf(real === undefined)("the vocabulary", () => {
     expect([word, mark, part].map((token) => real!.isMark(token))).toEqual([false, true, false]);
   });
 
+  test("knows the token of a text that is one", () => {
+    expect(real!.textOf([real!.tokenOf(",")!])).toBe(",");
+    expect(real!.tokenOf("a comma")).toBeUndefined();
+  });
+
   test("has no text for tokens that it does not know", () => {
     expect(real!.textOf([0, 1, 2, 32_700, 1e9, -1, NaN])).toBe("");
     expect(real!.beginsWord(32_700)).toBe(false);

@@ -123,7 +123,7 @@ export class SoundDesk {
     async start(): Promise<void> {
         // A null sink keeps its time in whole microseconds a piece and loses what is over, the more the smaller the pieces: at 48 kHz
         // two of them were 260 ppm apart, and 900 on a busy machine. At 50 kHz a sample lasts 20 µs, and all of them keep the same
-        // time; at 49,992 they are 160 ppm apart, whatever the pieces.
+        // time; at 49,992 they are 50 to 160 ppm apart.
         const sink = (name: string, description: string, sinkRate = 50_000) =>
             `module-null-sink sink_name=${name} rate=${sinkRate} sink_properties=device.description=${description}`;
         // Left alone, a loopback sets its rate again and again, which is an echo that never stands still.
@@ -140,16 +140,19 @@ export class SoundDesk {
             ...this.room.paths.map(({ delayMs }, index) => loopback("speakers", delayMs, `sink_input_properties=media.name=path${index}`)),
         ];
         // A room does not stutter, whatever the machine is busy with.
-        const urgently = await run(["chrt", "--rr", "5", "true"], this.environment).then(() => ["chrt", "--rr", "5"], () => []);
+        const isUrgent = await run(["chrt", "--rr", "5", "true"], this.environment).then(() => true, () => false);
         this.#server = start(
             [
-                ...urgently, "pulseaudio", "-n", "--daemonize=no", "--exit-idle-time=-1", "--disable-shm=yes", "--use-pid-file=no",
+                ...(isUrgent ? ["chrt", "--rr", "5"] : []),
+                "pulseaudio", "-n", "--daemonize=no", "--exit-idle-time=-1", "--disable-shm=yes", "--use-pid-file=no",
                 ...modules.flatMap((module) => ["-L", module]),
             ],
             this.environment,
             join(this.folder, "sound-server.log"),
         );
         await until("the sound server", () => run(["pactl", "info"], this.environment).catch(() => undefined));
+        // It gives its main thread, which hands samples to programs, the usual class again.
+        if (isUrgent) await run(["chrt", "--rr", "-p", "5", String(this.#server.pid)], this.environment);
         await run(["pactl", "set-default-sink", "speakers"], this.environment);
         await run(["pactl", "set-default-source", "microphone"], this.environment);
         await this.#setVolumes();

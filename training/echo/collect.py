@@ -30,11 +30,11 @@ class Collector:
     def __init__(self, folder: Path, voices: Path, recorder: Path):
         self.folder, self.voices, self.recorder = folder, Voices(voices), recorder
 
-    def collect(self, kind: str, seed: int) -> None:
-        out = self.folder / f"{kind}-{seed:04}.npz"
+    def collect(self, purpose: str, kind: str, seed: int) -> None:
+        out = self.folder / f"{purpose}-{kind}-{seed:04}.npz"
         if out.exists():
             return
-        channels, _ = scenes.make(seed, self.voices, kind == "held")
+        channels, _ = scenes.make(seed, self.voices, purpose == "held", scenes.KINDS[kind])
         linear, microphone, suppressed, kept, voice = recorded(self.recorder, channels)
         arriving = out.with_suffix(".arriving")
         with open(arriving, "wb") as file:
@@ -52,10 +52,11 @@ def one(task: tuple) -> None:
     Collector.current.collect(*task)
 
 
-def collect(folder: Path, voices: Path, recorder: Path, training: int, held: int) -> None:
-    """So many scenes of each kind, as far as they are not there."""
+def collect(folder: Path, voices: Path, recorder: Path, training: dict, held: int) -> None:
+    """So many scenes of each kind to train with, and to judge by, as far as they are not there."""
     folder.mkdir(parents=True, exist_ok=True)
-    tasks = [("held", seed) for seed in range(held)] + [("training", seed) for seed in range(training)]
+    tasks = [("held", kind, seed) for kind in training for seed in range(held)]
+    tasks += [("training", kind, seed) for kind, count in training.items() for seed in range(count)]
     with Pool(2, begin, (folder, voices, recorder)) as pool:
         for count, _ in enumerate(pool.imap_unordered(one, tasks), 1):
             if count % 20 == 0:

@@ -1,11 +1,26 @@
 """Loudspeakers: what the air gets of what the program plays."""
 
+from dataclasses import dataclass
+
 import numpy as np
 from scipy.signal import butter, iirpeak, lfilter, resample_poly, sosfilt
 
 RATE = 16000
 KINDS = ["clean", "soft clip", "hard clip", "excursion", "limiter", "rattle"]
-CHANCES = [0.35, 0.17, 0.1, 0.14, 0.12, 0.12]
+
+
+@dataclass(frozen=True)
+class Loudspeakers:
+    """Those that there are: how often which kind, how far they are driven, how many are in a box."""
+
+    chances: tuple = (0.35, 0.17, 0.1, 0.14, 0.12, 0.12)
+    drives: tuple = (2, 9)
+    limits: tuple = (0.1, 0.35)
+    boxed: float = 0.85
+
+
+EVERYDAY = Loudspeakers()
+STRAINED = Loudspeakers((0.26, 0.26, 0.13, 0.13, 0.14, 0.08), (3, 16), (0.06, 0.25), 0.65)
 
 
 def envelope(signal: np.ndarray, attack: float, release: float) -> np.ndarray:
@@ -21,13 +36,13 @@ def envelope(signal: np.ndarray, attack: float, release: float) -> np.ndarray:
     return np.repeat(values, block)[:len(signal)]
 
 
-def distorted(signal: np.ndarray, kind: str, rng: np.random.Generator) -> np.ndarray:
+def distorted(signal: np.ndarray, kind: str, rng: np.random.Generator, among: Loudspeakers) -> np.ndarray:
     """`signal` has an active level of -20 dBFS about."""
     if kind == "soft clip":
-        drive = rng.uniform(2, 9)
+        drive = rng.uniform(*among.drives)
         return resample_poly(np.tanh(drive * resample_poly(signal, 2, 1)) / drive, 1, 2)
     if kind == "hard clip":
-        limit = rng.uniform(0.1, 0.35)
+        limit = rng.uniform(*among.limits)
         return resample_poly(np.clip(resample_poly(signal, 2, 1), -limit, limit), 1, 2)
     if kind == "excursion":
         # The cone is stiffer far out, and its motor weaker: what is low shapes what is high.
@@ -47,11 +62,10 @@ def distorted(signal: np.ndarray, kind: str, rng: np.random.Generator) -> np.nda
     return signal
 
 
-def played(signal: np.ndarray, rng: np.random.Generator, kind: str | None = None) -> np.ndarray:
+def played(signal: np.ndarray, rng: np.random.Generator, among: Loudspeakers = EVERYDAY) -> np.ndarray:
     """Distorted, and by a box that has no bass, loses the highest, and rings here and there."""
-    kind = kind or str(rng.choice(KINDS, p=CHANCES))
-    out = distorted(signal, kind, rng)
-    if rng.random() < 0.85:
+    out = distorted(signal, str(rng.choice(KINDS, p=among.chances)), rng, among)
+    if rng.random() < among.boxed:
         out = sosfilt(butter(2, rng.uniform(80, 380), "high", fs=RATE, output="sos"), out)
         out = sosfilt(butter(int(rng.integers(1, 4)), rng.uniform(4500, 7900), fs=RATE, output="sos"), out)
         for _ in range(int(rng.integers(0, 4))):

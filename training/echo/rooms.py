@@ -83,6 +83,22 @@ class Room:
         return whole
 
 
+class DiffuseRoom(Room):
+    """A room by its statistics alone: the direct sound, and behind it at once noise that falls off. How loud that is
+    follows from the critical distance (H. Kuttruff, Room Acoustics, 5th ed., 5.1)."""
+
+    def response(self, source: np.ndarray) -> np.ndarray:
+        distance = max(float(np.linalg.norm(source - self.microphone)), 0.1)
+        critical = 0.057 * np.sqrt(float(np.prod(self.size)) / self.reverberation)
+        time = np.arange(int(min(self.reverberation, 1.0) * RATE)) / RATE
+        begins = int(self.rng.uniform(0.001, 0.006) * RATE)
+        tail = self.rng.standard_normal(len(time)) * np.exp(-3 * np.log(10) * time / self.reverberation)
+        tail[:begins] = 0
+        response = tail * (1 / critical / np.sqrt(np.sum(tail ** 2)))
+        response[0] = 1 / distance
+        return response.astype(np.float32)
+
+
 def heard(signal: np.ndarray, responses: list, shares: np.ndarray | None = None) -> np.ndarray:
     """The signal by one response, or by two between which it goes: `shares` is the second one's, for each sample."""
     first = fftconvolve(signal, responses[0])[:len(signal)]

@@ -4,16 +4,39 @@ A scene is wholly given by its seed. Four channels at 48 kHz: reference, microph
 microphone (people here, noise, music), and the people here alone.
 """
 
+from dataclasses import dataclass
+
 import numpy as np
 from scipy.ndimage import map_coordinates
 from scipy.signal import butter, lfilter, resample_poly
 
 import loudspeakers
-from rooms import RATE, Room, heard, movement
+from rooms import RATE, DiffuseRoom, Room, heard, movement
 from voices import Voices
 
 SECONDS = 30
 LENGTH = SECONDS * RATE
+
+
+@dataclass(frozen=True)
+class Kind:
+    """A kind of scenes: in how many of them what happens."""
+
+    speakers: loudspeakers.Loudspeakers = loudspeakers.EVERYDAY
+    diffuse: float = 0  # Rooms that are known by their statistics alone.
+    early: float = 0    # Somebody talks within two seconds, before the canceller knows anything.
+    music: float = 0.18
+    turned: float = 0.25     # The program's volume...
+    gained: float = 0.12     # ...and the microphone's gain...
+    most: float = 10         # ...by so many decibels.
+    automatic: float = 0.1   # A gain that follows, where none is turned.
+
+
+KINDS = {
+    "everyday": Kind(),
+    "demanding": Kind(loudspeakers.STRAINED, diffuse=0.25, early=0.45, music=0.22, turned=0.28, gained=0.16, most=12,
+                      automatic=0.16),
+}
 
 
 def level(signal: np.ndarray) -> float:
@@ -90,11 +113,13 @@ def clocked(signal: np.ndarray, ppm: float) -> np.ndarray:
     return map_coordinates(signal, [at], order=3, mode="constant").astype(np.float32)
 
 
-def people(rng: np.random.Generator, room: Room, voices: dict, decibels: float) -> np.ndarray:
+def people(rng: np.random.Generator, room: Room, voices: dict, decibels: float, early: float) -> np.ndarray:
     """Who talks here: mostly one, who may walk about, now and then a second one who is softer."""
     sentences = pick(rng, voices)
     words = [one for one in sentences if len(one) < 1.2 * RATE] or sentences
-    said = talk(rng, words if rng.random() < 0.25 else sentences, (0.3, 3.5), rng.uniform(0.5, 9))
+    told = words if rng.random() < 0.25 else sentences
+    first = (0.1, 2) if early > 0 and rng.random() < early else (0.5, 9)
+    said = talk(rng, told, (0.3, 3.5), rng.uniform(*first))
     spot = room.near(room.microphone, rng.uniform(0.25, 2.5))
     responses = [room.response(spot)]
     shares = None
@@ -108,9 +133,9 @@ def people(rng: np.random.Generator, room: Room, voices: dict, decibels: float) 
     return total
 
 
-def disturbances(rng: np.random.Generator, room: Room, voices: Voices) -> np.ndarray:
+def disturbances(rng: np.random.Generator, room: Room, voices: Voices, musical: float) -> np.ndarray:
     total = noise(rng, rng.uniform(-82, -62) if rng.random() < 0.6 else rng.uniform(-62, -42))
-    if rng.random() < 0.18:
+    if rng.random() < musical:
         name = list(voices.music)[int(rng.integers(len(voices.music)))]
         music = talk(rng, voices.music[name], (0, 0.5), 0)
         total = total + at_level(heard(music, [room.response(room.place())]), rng.uniform(-50, -28))
@@ -120,11 +145,13 @@ def disturbances(rng: np.random.Generator, room: Room, voices: Voices) -> np.nda
     return total
 
 
-def echo(rng: np.random.Generator, room: Room, reference: np.ndarray, decibels: float) -> np.ndarray:
+def echo(rng: np.random.Generator, room: Room, reference: np.ndarray, decibels: float, kind: Kind) -> np.ndarray:
     """What the microphone hears of the program; at 16 kHz, without the time that it takes."""
     spot = room.near(room.microphone, rng.uniform(0.1, 1.6) if rng.random() < 0.8 else rng.uniform(1, 3))
-    turned = reference * gain_curve(rng, int(rng.integers(1, 4)), 10) if rng.random() < 0.25 else reference
-    played = loudspeakers.played(turned, rng)
+    turned = reference
+    if rng.random() < kind.turned:
+        turned = reference * gain_curve(rng, int(rng.integers(1, 4)), kind.most)
+    played = loudspeakers.played(turned, rng, kind.speakers)
     responses, shares = [room.response(spot)], None
     if rng.random() < 0.3:
         responses.append(room.response(room.near(spot, rng.uniform(0.02, 0.6))))
@@ -132,26 +159,26 @@ def echo(rng: np.random.Generator, room: Room, reference: np.ndarray, decibels: 
     return at_level(heard(played, responses, shares), decibels)
 
 
-def make(seed: int, voices: Voices, held: bool = False) -> tuple[np.ndarray, dict]:
+def make(seed: int, voices: Voices, held: bool = False, kind: Kind = KINDS["everyday"]) -> tuple[np.ndarray, dict]:
     """The four channels, interleaved; and what is known of the scene."""
     rng = np.random.default_rng([seed, int(held)])
     pool = voices.held if held else voices.training
-    room = Room(rng)
+    room = DiffuseRoom(rng) if kind.diffuse > 0 and rng.random() < kind.diffuse else Room(rng)
     echo_level = rng.uniform(-40, -18)
     ratio = rng.uniform(-12, 12)
     reference = talk(rng, pick(rng, pool), (0.15, 0.9), rng.uniform(0, 1.5), 1.0 if rng.random() < 0.7 else 0.5)
     is_silent = rng.random() < 0.03
     # The program plays louder or softer; the echo's level does not depend on it.
     reference = at_level(reference, rng.uniform(-30, -14))
-    back = np.zeros(LENGTH) if is_silent else echo(rng, room, at_level(reference, -20), echo_level)
+    back = np.zeros(LENGTH) if is_silent else echo(rng, room, at_level(reference, -20), echo_level, kind)
     if is_silent:
         reference = np.zeros(LENGTH)
-    here = people(rng, room, pool, echo_level + ratio) if rng.random() < 0.93 else np.zeros(LENGTH)
-    around = disturbances(rng, room, voices)
+    here = people(rng, room, pool, echo_level + ratio, kind.early) if rng.random() < 0.93 else np.zeros(LENGTH)
+    around = disturbances(rng, room, voices, kind.music)
     gain = np.ones(LENGTH)
-    if rng.random() < 0.12:
-        gain = gain_curve(rng, int(rng.integers(1, 3)), 10)
-    elif rng.random() < 0.1:
+    if rng.random() < kind.gained:
+        gain = gain_curve(rng, int(rng.integers(1, 3)), kind.most)
+    elif rng.random() < kind.automatic:
         gain = automatic_gain(rng, back + here + around)
 
     up = lambda signal: resample_poly(signal, 3, 1)

@@ -1,10 +1,13 @@
-// What the bundled engine takes for an interruption in what the canceller leaves, frame by frame.
+// What the bundled engine takes for an interruption in what the canceller leaves, frame by frame: by the level alone, and
+// where its speech detector has to agree, as it has in the engine.
 //   echo-bench --hard 4 --keep FOLDER; bun interruptions.ts FOLDER
 
 import { readFileSync } from "node:fs";
 import { join } from "node:path";
+import { Hearing } from "../../../engine/src/hearing/hearing.ts";
 import { InterruptionDetector } from "../../../engine/src/hearing/interruptionDetector.ts";
 import { Room } from "../../../engine/src/hearing/room.ts";
+import { Found, startListening } from "./listening.ts";
 
 interface Recording {
   file: string;
@@ -16,11 +19,57 @@ interface Recording {
   others: [number, number][];
 }
 
+/** Takes a frame; gives true when it takes somebody to speak over the agent. */
+interface Judge {
+  take(frame: Int16Array): boolean;
+  /** What was taken for somebody is over. */
+  goOn(): void;
+}
+
 const frame = 160;
 /** What is noticed so long after it was said was noticed still, in seconds. */
 const late = 0.3;
 /** What was taken for somebody is heard for at least so long: nothing else is found meanwhile, in seconds. */
 const heardFor = 1;
+
+class ByLevel implements Judge {
+  readonly #detector = new InterruptionDetector();
+  readonly #room = new Room();
+  #isDeaf = false;
+
+  take(samples: Int16Array): boolean {
+    const level = this.#room.measure(samples);
+    if (this.#isDeaf) return false;
+    this.#isDeaf = this.#detector.take(level, this.#room.noise);
+    return this.#isDeaf;
+  }
+
+  goOn(): void {
+    this.#isDeaf = false;
+  }
+}
+
+class AsTheEngine implements Judge {
+  #hasBegun = false;
+  readonly #hearing: Hearing;
+
+  constructor(probabilities: number[]) {
+    const nothing = (): void => {};
+    const began = (): void => void (this.#hasBegun = true);
+    this.#hearing = new Hearing({ began, paused: nothing, resumed: nothing, ended: nothing, dropped: nothing }, new Found(probabilities));
+    this.#hearing.isOwnVoice = true;
+  }
+
+  take(samples: Int16Array): boolean {
+    this.#hasBegun = false;
+    this.#hearing.take(samples);
+    return this.#hasBegun;
+  }
+
+  goOn(): void {
+    this.#hearing.reset();
+  }
+}
 
 class Count {
   said = 0;
@@ -29,21 +78,19 @@ class Count {
   falseOnes = 0;
   aloneSeconds = 0;
 
-  add({ file, said, others }: Recording): void {
-    const bytes = readFileSync(join(folder, file));
-    const samples = new Int16Array(bytes.buffer, bytes.byteOffset, bytes.byteLength / 2);
-    const detector = new InterruptionDetector();
-    const room = new Room();
+  add({ said, others }: Recording, samples: Int16Array, judge: Judge): void {
     const found = new Set<number>();
     let deafUntil = 0;
     for (let at = 0; at + frame <= samples.length; at += frame) {
       const now = (at + frame) / 16_000;
-      const level = room.measure(samples.subarray(at, at + frame));
       const sentence = said.findIndex(([from, to]) => now >= from && now <= to + late);
       const isOther = others.some(([from, to]) => now >= from && now <= to + late);
       if (sentence < 0 && !isOther) this.aloneSeconds += 0.01;
-      if (now < deafUntil) continue;
-      if (!detector.take(level, room.noise)) continue;
+      if (deafUntil > 0 && now >= deafUntil) {
+        judge.goOn();
+        deafUntil = 0;
+      }
+      if (!judge.take(samples.subarray(at, at + frame)) || deafUntil > 0) continue;
       const to = said[sentence]?.[1];
       deafUntil = to === undefined ? now + heardFor : to + late;
       if (to === undefined) this.falseOnes += isOther ? 0 : 1;
@@ -66,17 +113,29 @@ class Count {
 
 const [folder = "."] = process.argv.slice(2);
 const recordings = readFileSync(join(folder, "index.jsonl"), "utf8").trim().split("\n").map((line) => JSON.parse(line) as Recording);
-const ways = [...new Set(recordings.map(({ way }) => way))].filter((way) => way !== "raw");
-const kinds = ["all", ...new Set(recordings.map(({ kind }) => kind))];
-console.log(`| noticed of what was said, after how long; false ones while the program is alone | ${ways.join(" | ")} |`);
-console.log(`|---|${"---|".repeat(ways.length)}`);
-for (const kind of kinds) {
-  const cells = ways.map((way) => {
-    const count = new Count();
-    for (const recording of recordings) {
-      if (recording.way === way && (kind === "all" || recording.kind === kind)) count.add(recording);
-    }
-    return count.toString();
-  });
-  console.log(`| ${kind} | ${cells.join(" | ")} |`);
+const listen = startListening();
+const counts = new Map<string, Count>();
+const countOf = (kind: string, column: string): Count => {
+  const key = `${kind} | ${column}`;
+  const count = counts.get(key) ?? new Count();
+  counts.set(key, count);
+  return count;
+};
+const columns = new Set<string>();
+for (const recording of recordings.filter(({ way }) => way !== "raw")) {
+  const bytes = readFileSync(join(folder, recording.file));
+  const samples = new Int16Array(bytes.buffer, bytes.byteOffset, bytes.byteLength / 2);
+  const probabilities = await listen?.(samples);
+  for (const kind of ["all", recording.kind]) {
+    const add = (column: string, judge: Judge): void => {
+      columns.add(column);
+      countOf(kind, column).add(recording, samples, judge);
+    };
+    add(`${recording.way}: level`, new ByLevel());
+    if (probabilities) add(`${recording.way}: engine`, new AsTheEngine(probabilities));
+  }
 }
+console.log(`| noticed of what was said, after how long; false ones while the program is alone | ${[...columns].join(" | ")} |`);
+console.log(`|---|${"---|".repeat(columns.size)}`);
+for (const kind of ["all", ...new Set(recordings.map(({ kind }) => kind))])
+  console.log(`| ${kind} | ${[...columns].map((column) => countOf(kind, column)).join(" | ")} |`);

@@ -34,7 +34,8 @@ std::unique_ptr<EchoCanceller> createOurs() {
     return canceller ? std::move(*canceller) : nullptr;
 }
 
-std::vector<Way> ways() {
+/// All of them, the mask's with that of a folder.
+std::vector<Way> ways(const QString &maskFolder) {
     std::vector<Way> all{
         {"raw", [](const auto &recording, const auto &scenario) { return process(recording, scenario, nullptr); }}};
     if (createPlainCanceller())
@@ -47,7 +48,7 @@ std::vector<Way> ways() {
     all.push_back({"path", [](const auto &recording, const auto &scenario) {
                        return processOnPath(recording, scenario, createOurs());
                    }});
-    const auto mask = echo::MaskWeights::read(QStringLiteral(PALOMET_SOURCE_DIR "/resources"));
+    const auto mask = echo::MaskWeights::read(maskFolder);
     if (!mask || !EchoCanceller::takesMask())
         return all;
     const auto createMasked = [weights = *mask] {
@@ -111,9 +112,8 @@ bool keep(const QDir &folder, const std::string &way, const Recording &recording
 
 /// Fills the columns, and `nearEnd` with what would be heard were there no echo. Keeps all recordings in a folder if
 /// one is named.
-std::optional<Failure> run(const std::vector<Scenario> &chosen, bool isAlone, const QString &folder,
-                           std::vector<Column> &columns, std::vector<Utterance> &nearEnd) {
-    const auto all = ways();
+std::optional<Failure> run(const std::vector<Scenario> &chosen, const std::vector<Way> &all, bool isAlone,
+                           const QString &folder, std::vector<Column> &columns, std::vector<Utterance> &nearEnd) {
     for (const auto &way : all)
         columns.push_back({way.name, {}});
     Speaker speaker;
@@ -184,7 +184,11 @@ int main(int argc, char **argv) {
     const QCommandLineOption aloneOption(u"alone"_s,
                                          u"Only the user, without any echo: what the measure itself loses."_s);
     const QCommandLineOption keepOption(u"keep"_s, u"Keeps what is heard in this folder."_s, u"folder"_s);
-    arguments.addOptions({setOption, detailsOption, hardOption, onlyOption, aloneOption, keepOption});
+    const QCommandLineOption maskOption(u"mask"_s, u"The mask of this folder, instead of the program's."_s, u"folder"_s,
+                                        QStringLiteral(PALOMET_SOURCE_DIR "/resources"));
+    const QCommandLineOption wayOption(u"way"_s, u"The columns of these names alone."_s, u"name"_s);
+    arguments.addOptions(
+        {setOption, detailsOption, hardOption, onlyOption, aloneOption, keepOption, maskOption, wayOption});
     arguments.process(application);
     const auto set = arguments.value(setOption).toUInt();
     if (set == 0)
@@ -201,9 +205,16 @@ int main(int argc, char **argv) {
     if (chosen.empty())
         return fail(u"no such scenarios"_s);
 
+    auto all = ways(arguments.value(maskOption));
+    if (const auto names = arguments.values(wayOption); !names.isEmpty())
+        std::erase_if(all, [&](const Way &way) { return !names.contains(QString::fromStdString(way.name)); });
+    if (all.empty())
+        return fail(u"no such columns"_s);
+
     std::vector<Column> columns;
     std::vector<Utterance> nearEnd;
-    if (const auto failure = run(chosen, arguments.isSet(aloneOption), arguments.value(keepOption), columns, nearEnd))
+    if (const auto failure =
+            run(chosen, all, arguments.isSet(aloneOption), arguments.value(keepOption), columns, nearEnd))
         return fail(failure->reason);
     std::optional<double> nearEndWordErrors;
     if (isRecogniserInstalled() && !isHard) {

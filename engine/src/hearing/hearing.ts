@@ -169,7 +169,7 @@ export class Hearing {
 
   #awaitOnset(level: number, isJudged: boolean): void {
     if (this.isOwnVoice) {
-      if (this.detector.take(level, this.noise)) this.#interruptedAt = this.#ring.end;
+      if (this.detector.take(level, this.noise, isJudged)) this.#interruptedAt = this.#ring.end;
       if (!isJudged && this.#interruptedAt === this.#ring.end) return this.#begin(this.#ring.end, 0);
       return this.#awaitAgreement();
     }

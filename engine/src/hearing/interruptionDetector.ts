@@ -26,6 +26,8 @@ const learningDelayFrames = 40;
 const evidenceScale = 6;
 const mostEvidence = 1.5;
 const enoughEvidence = 10;
+/** Less is enough where a speech detector has to agree: what only sounds loud is none of its speech. */
+const enoughToAsk = 8;
 
 export class InterruptionDetector {
   #residue = firstResidue;
@@ -33,12 +35,15 @@ export class InterruptionDetector {
   #pending: number[] = [];
   #evidence = 0;
 
-  /** Takes the level of one frame while the agent's own voice sounds, dBFS. Gives true when somebody else speaks. */
-  take(level: number, noise: number): boolean {
+  /**
+   * Takes the level of one frame while the agent's own voice sounds, dBFS. Gives true when somebody else speaks, or may
+   * speak where a speech detector has to agree.
+   */
+  take(level: number, noise: number, hasToAgree = false): boolean {
     const gate = Math.max(leastGate, noise + noiseMargin, this.#residue + residueMargin);
     const evidence = Math.max(-mostEvidence, Math.min(mostEvidence, (level - gate) / evidenceScale));
     this.#evidence = Math.max(0, this.#evidence + evidence);
-    if (this.#evidence >= enoughEvidence) {
+    if (this.#evidence >= (hasToAgree ? enoughToAsk : enoughEvidence)) {
       this.rest();
       return true;
     }

@@ -75,6 +75,16 @@ describe("somebody talking over the agent", () => {
     expect(decide(detector, new Array<number>(20).fill(-43))).toBeLessThanOrEqual(15);
   });
 
+  test("is noticed sooner where a speech detector has to agree", () => {
+    const [alone, agreeing] = [false, true].map((hasToAgree) => {
+      const detector = new InterruptionDetector();
+      decide(detector, residue(12, -72, -68));
+      return [...Array(40).keys()].findIndex(() => detector.take(-34, -70, hasToAgree));
+    });
+    expect(agreeing).toBeGreaterThan(0);
+    expect(agreeing).toBeLessThan(alone!);
+  });
+
   test("does not raise the gate for itself", () => {
     const soft = Array.from({ length: 100 }, (_, index) => -36 - 4 * Math.sin(index));
     const [heard, other] = [new InterruptionDetector(), new InterruptionDetector()];

@@ -6,9 +6,6 @@ export const englishNotes: readonly Request[] = [
   [
     "addToList",
     [
-      "(we need|i need|we are out of|we are running out of|we ran out of|i ran out of|i want|we want|we are low on|buy|get) {text} [so|" +
-        "please|and] (add|put|stick|" +
-        "throw|write|pop) (it|them|that|those|some) [down] <onto> [<whose>] <listname>",
       "<addverb> {text} [down] <onto> [<whose>] <listname>", "[<whose>] {few:list} list [please] <addverb> {text}",
       "<addverb> [also] {text} [down] as well <onto> [<whose>] <listname>",
       "(i would like|i want|i need|we need|let us have|let us put|let us get|let us add|we could use|we want) {text} " +
@@ -16,8 +13,6 @@ export const englishNotes: readonly Request[] = [
       "(get|have) {text} (added|put|written) [down] <onto> [<whose>] <listname>",
       "{text} (goes|go|needs to go|should go|has to go|belongs|belong) <onto> [<whose>] <listname>",
       "make sure {text} (is|are) on [<whose>] <listname>",
-      "(we are|i am) [almost|nearly|all] out of {text} (add|put|stick|throw|write) (it|them|that|some) <onto> [<whose>] " +
-        "<listname>",
       "(add|put|write|append|include|stick|throw|place|pop) {text} [down] <onto> (the|my|our) list",
       "(add|write|put) <onto> <whose> {few:list} list [that i need|the following|these] {text}",
       "(on|to|onto) <whose> {few:list} list (add|put|write) {text}",
@@ -29,16 +24,10 @@ export const englishNotes: readonly Request[] = [
   [
     "removeFromList",
     [
-      "[<whose>] {text} (is|are|was|were|has been|have been) {word:how} [so] <removeverb> (it|them|that|those) [off] (from|off|off of|" +
-        "out of) <whose> <listname>",
       "<removeverb> {text} [off] (from|off|off of|out of|on) <whose> <listname>",
       "(get|have) {text} (off|removed from|taken off) <whose> <listname>",
       "[<whose>] {few:list} list [please] <removeverb> {text}",
-      "(i got|i bought|i have|i have got|i have bought|i already have|i already bought|we have|we got|we bought) [the|" +
-        "some] {text} [so] (remove|cross|take|tick|strike|scratch|check) (it|them|that|those) [off] (off|from) <whose> " +
-        "<listname>",
       "(remove|delete|take|cross|scratch|strike|erase|drop|cross off) {text} [off] (from|off|off of|out of) (the|my|our) list",
-      "(i got|i bought|i have|we have|we got) the {text} (cross|take|tick|strike) it off <whose> {few:list} list",
       "(cross|tick|strike|check|scratch) {text} off", "i do not need {text} on <whose> {few:list} list (anymore|any more)",
     ],
   ],

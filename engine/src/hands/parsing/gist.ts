@@ -166,7 +166,8 @@ function valuesOf(pieces: readonly Piece[], taken: readonly string[]): Slots | u
 function nameIn(rule: Rule, unknown: readonly Piece[], pieces: readonly Piece[], { text, tokens }: Sentence): string | undefined {
   const [from, to] = [unknown[0]!.from, unknown.at(-1)!.to];
   const isWhole = unknown.every((piece, at) => piece.concepts.has("unknown") && (at === 0 || piece.from === unknown[at - 1]!.to));
-  if (!isWhole || to - from > longestName) return undefined;
+  const isBroken = /[,;:.!?…]/.test(text.slice(tokens[from]!.start, tokens[to - 1]!.end));
+  if (!isWhole || isBroken || to - from > longestName) return undefined;
   const before = pieces.find((piece) => piece.to === from);
   const after = pieces.find((piece) => piece.from === to);
   const isCalled = before?.concepts.has("names") === true || (after !== undefined && rule.named !== undefined && after.concepts.has(rule.named));

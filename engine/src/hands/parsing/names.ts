@@ -17,6 +17,7 @@ const neverInNames = set(
 const neverInTimers = set(
   "a an any the my your this that these those what which another new first second last next other all every me us him her them it please is " +
     "are was were i you he she we they and or when while if dia dias natal ano mim nos o os um uma meu meus este esse isso nenhum outro novo todos de do ao " +
+    "its their his her your our dele dela deles delas " +
     "like about around roughly approximately some uns umas went goes is was off exploded per que se quando eu voce ele ela pensar minus menos zero",
 );
 /** A list is not called so: "my shopping list is too long" tells something of it. */
@@ -97,10 +98,14 @@ export function isUnsaid(said: string): boolean {
   return unsaid.test(plainWords(said).join(" ").replace(/ (at|on|in|by|a|as|ao|no|na|em|para|daqui)( .*)?$/, ""));
 }
 
+/** "Milk, add it": what follows asks again. */
+const asksAgain = /^(add|put|write|remove|take|cross|adiciona|coloca|coloque|bota|bote|poe|ponha|inclui|inclua|anota|tira|tire|risca|entao|so)$/;
+
 export function isItem(said: string): boolean {
   const words = plainWords(said).join(" ");
   const items = said.split(",").map(plainWords).filter((item) => item.length > 0);
   if (items.some((item) => item.every((word) => smallWords.has(word)))) return false;
+  if (items.slice(1).some(([first = ""]) => asksAgain.test(first))) return false;
   // "Balloons on the party list and milk" speaks of two lists, and "candles, add them" asks twice.
   if (unsaid.test(words) || otherLists.test(words)) return false;
   return !neverFirstItem.has(plainWords(said)[0] ?? "it");

@@ -6,14 +6,10 @@ export const portugueseNotes: readonly Request[] = [
   [
     "addToList",
     [
-      "(precisamos de|preciso de|acabou|acabaram|estamos sem|estou sem|falta|faltam|faltou) [o|a|os|as] {text} [entao] <addverb> (isso|" +
-        "ele|ela|eles|elas|ai) <onto> [minha|nossa] lista <listname>",
       "<addverb> [ai] {text} [tambem|ai] <onto> [minha|nossa|meu|nosso] lista <listname>",
       "[na|a|minha|nossa|na minha] lista <listname> <addverb> {text}",
       "(quero|queria|eu quero|preciso de|precisamos de|gostaria de|falta|faltou|vai) [por|colocar|botar|adicionar|incluir] " +
         "{text} <onto> [minha|nossa] lista <listname>",
-      "(acabou|acabaram|estamos sem|estou sem|faltou|esta faltando) [o|a|os|as] {text} (coloca|poe|bota|adiciona|anota|" +
-        "inclui|acrescenta) <onto> [minha|nossa] lista <listname>",
       "<addverb> [ai] {text} <onto> [minha|nossa] lista", "<addverb> <onto> [minha|nossa] lista <listname> {text}",
       "<onto> [minha|nossa] lista <listname> <addverb> {text}",
       "(quero|preciso de|precisamos de) {text} <onto> [minha|nossa] lista <listname>",
@@ -25,9 +21,6 @@ export const portugueseNotes: readonly Request[] = [
     [
       "<removeverb> {text} <ofwhose> lista <listname>", "<removeverb> {text} <ofwhose> lista",
       "<removeverb> <ofwhose> lista <listname> {text}",
-      "(ja comprei|comprei|ja tenho|ja tem) [o|a|os|as] {text} [entao] [pode] (tira|tirar|risca|riscar|remove|remover|" +
-        "apaga|apagar|exclui) [ele|ela|eles|elas|isso] <ofwhose> lista <listname>",
-      "(ja comprei|comprei) [o|a|os|as] {text} (tira|risca|pode tirar|pode riscar) <ofwhose> lista <listname>",
       "nao preciso mais de {text} na [minha] lista <listname>",
     ],
   ],

@@ -6,7 +6,7 @@ import { cut } from "../../base/text.ts";
 import { plainWords } from "../../base/words.ts";
 import { severalIn } from "./joined.ts";
 import { keptIn, type Meant } from "./meanings.ts";
-import { isThanks, understood } from "./sentence.ts";
+import { isThanks, understood, understoodTogether } from "./sentence.ts";
 
 export interface RequestPart {
   /** As it was said. */
@@ -44,7 +44,9 @@ export function partsOf(request: string, language: Language, now: Date): Request
       // "Take a note. Anna is allergic to nuts."
       const both = request.slice(first.start, second.start + second.text.length);
       const note = understood(both, language, now);
-      if (note && keptIn(note) === "text") [text, meant, next] = [both, note, next + 1];
+      // "We are out of milk. Put it on the list."
+      const together = note && keptIn(note) === "text" ? note : after ? undefined : understoodTogether(both, language, now);
+      if (together) [text, meant, next] = [both, together, next + 1];
     }
     if (meant && keptIn(meant) !== undefined) {
       const more = reading.findIndex((each, index) => index >= next && addsMore(each));

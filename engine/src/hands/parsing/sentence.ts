@@ -6,6 +6,7 @@ import { gistOf, prepareGist } from "./gist.ts";
 import { matched, phrase, type Phrase, type Sentence } from "./grammar.ts";
 import { keptIn, meanings, verbatim, type MeaningName, type Meant, type Phrasing } from "./meanings.ts";
 import { portuguese } from "./portuguese.ts";
+import { withReferences } from "./references.ts";
 import { withoutRemarks } from "./remarks.ts";
 import { isFiller, isPause, said, tokensOf, withoutAsides, type Token } from "./tokens.ts";
 
@@ -52,6 +53,8 @@ export function understood(text: string, language: Language, now: Date): Meant |
   const fewer = withoutAsides(tokens, language);
   const meant = (fewer.length < tokens.length ? asked(text, fewer, language, now) : undefined) ?? gist(text, fewer, language, now);
   if (meant) return meant;
+  const referred = understoodOf(text, tokens, language, now);
+  if (referred) return referred;
   for (const rest of withoutRemarks(text, tokens, language)) {
     const isBefore = rest.at(-1) === tokens.at(-1);
     const bare = withoutAsides(rest, language);
@@ -60,6 +63,25 @@ export function understood(text: string, language: Language, now: Date): Meant |
     if (request && (isBefore || keptIn(request) === undefined)) return request;
   }
   return undefined;
+}
+
+/** What is asked for of a thing that the text speaks of first, as two sentences or as one: "We are out of milk. Put it on the list." */
+export function understoodTogether(text: string, language: Language, now: Date): Meant | undefined {
+  return understoodOf(text, wordsOf(text, language), language, now);
+}
+
+function understoodOf(text: string, tokens: readonly Token[], language: Language, now: Date): Meant | undefined {
+  for (const request of withReferences({ text, tokens, language, now })) {
+    const words = wordsOf(request, language);
+    const meant = asked(request, words, language, now) ?? gist(request, words, language, now);
+    if (meant && isOfThing(meant)) return meant;
+  }
+  return undefined;
+}
+
+/** It is done with a thing that somebody names: it goes on a list or off it, or its timer is stopped. */
+function isOfThing({ hand, given }: Meant): boolean {
+  return hand === "note" ? given.do !== "note" : hand === "timer" && given.do === "cancel";
 }
 
 /** What it asks for by its words, with the polite ones around it or without. */

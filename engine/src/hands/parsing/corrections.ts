@@ -5,8 +5,8 @@ import type { Token } from "./tokens.ts";
 
 /** Each alone or after another one. */
 const marks: Record<Language, string[][]> = {
-  en: ["no", "wait", "sorry", "actually", "i mean", "i meant", "i meant to say", "make it", "make that", "rather", "or rather", "correction", "scratch that", "better"].map(words),
-  pt: ["nao", "espera", "perai", "desculpa", "quer dizer", "quero dizer", "digo", "alias", "melhor", "ou melhor", "na verdade", "corrigindo"].map(words),
+  en: ["no", "wait", "sorry", "actually", "i mean", "i meant", "i meant to say", "make that", "rather", "or rather", "hang on", "hold on", "oops", "make it", "correction", "scratch that", "better"].map(words),
+  pt: ["nao", "espera", "perai", "desculpa", "quer dizer", "quero dizer", "digo", "alias", "melhor", "ou melhor", "na verdade", "corrigindo", "ops", "opa", "pera", "eu quis dizer", "pensando bem"].map(words),
 };
 const mostMarks = 4;
 

@@ -26,6 +26,8 @@ type Node =
 type SlotType = "duration" | "moment" | "day" | "past" | "number" | "numbers" | "sum" | "measure" | "unit" | "text" | "few" | "word";
 
 const slotTypes: readonly string[] = ["duration", "moment", "day", "past", "number", "numbers", "sum", "measure", "unit", "text", "few", "word"];
+/** May stand between a correction and what it says: "de cinco, não, de dez". */
+const isSmall = /^(for|at|to|de|para|em|as)$/;
 /** A name is no longer than so many words. */
 const fewWords = 4;
 
@@ -192,7 +194,7 @@ function fillings(type: SlotType, at: number, { text, tokens, language, now }: S
     const first = read(at, false);
     const from = first ?? number(tokens, at, language);
     const again = from && correctedFrom(tokens, from.next, language);
-    const second = again === undefined ? undefined : read(again, true);
+    const second = again === undefined ? undefined : (read(again, true) ?? (isSmall.test(tokens[again]?.plain ?? "") ? read(again + 1, true) : undefined));
     return one(first && second ? { value: joined(first.value, second.value), next: second.next } : (second ?? first));
   };
   switch (type) {

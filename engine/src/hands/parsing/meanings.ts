@@ -259,6 +259,13 @@ export function keptIn({ hand, given }: Meant): "text" | "about" | undefined {
   return hand === "timer" && given.do === "reminder" ? "about" : undefined;
 }
 
+const tellers: readonly string[] = ["timers", "notes", "playing", "date", "machine", "calculate", "recall"];
+
+/** It does something, and does not only tell. */
+export function changes({ hand }: Meant): boolean {
+  return !tellers.includes(hand);
+}
+
 /** A meaning, and the phrases that have it. */
 export type Request = readonly [MeaningName, readonly string[]];
 

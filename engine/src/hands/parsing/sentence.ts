@@ -149,7 +149,8 @@ function isMade(text: string, of: readonly Phrase[], language: Language, now: Da
   return tokens.length === 0;
 }
 
-function wordsOf(text: string, language: Language): Token[] {
+/** The words of a text that count. */
+export function wordsOf(text: string, language: Language): Token[] {
   return tokensOf(text, language).filter((token) => !isPause(token) && !isFiller(token, language));
 }
 

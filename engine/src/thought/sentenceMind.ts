@@ -5,6 +5,7 @@ import type { Hand } from "../hands/hand.ts";
 import type { Meant } from "../hands/parsing/meanings.ts";
 import { longestRequest, mostSentences, partsOf } from "../hands/parsing/request.ts";
 import { isPolite } from "../hands/parsing/sentence.ts";
+import { asksForTime } from "./builtInAnswers.ts";
 import type { Answer, Answering, Request } from "./answer.ts";
 import { apart, watch } from "./answering.ts";
 import { Asking } from "./asking.ts";
@@ -112,7 +113,9 @@ export class SentenceMind {
 
   #read(request: string): Sentence[] {
     const now = new Date(this.parts.clock.now());
-    return partsOf(request, this.parts.language, now).map(({ text, start, meant }) => ({ text, start, deed: meant && this.#deed(meant) }));
+    const { language } = this.parts;
+    const isAnswered = (text: string): boolean => asksForTime(text, language, now);
+    return partsOf(request, language, now, isAnswered).map(({ text, start, meant }) => ({ text, start, deed: meant && this.#deed(meant) }));
   }
 
   /**

@@ -3,6 +3,7 @@
 
 import type { Language } from "../../base/language.ts";
 import { keptIn, type Meant } from "./meanings.ts";
+import { isItem } from "./names.ts";
 import { understood } from "./sentence.ts";
 
 export interface JoinedPart {
@@ -10,7 +11,17 @@ export interface JoinedPart {
   text: string;
   /** Where it begins in the request. */
   start: number;
-  meant: Meant;
+  /** Undefined for a question that is answered without a hand. */
+  meant: Meant | undefined;
+}
+
+/** It is a question that is answered without a hand, such as what time it is. */
+export type IsAnswered = (text: string) => boolean;
+
+interface Around {
+  language: Language;
+  now: Date;
+  isAnswered: IsAnswered;
 }
 
 /** The request that stands before, with the words that it begins with. */
@@ -25,35 +36,37 @@ const mostJoints = 4;
 const longestVerb = 3;
 const another = /^(?:one|another(?: one)?|um|uma|outro|outra)\s+(?=(?:of|for|at|de|do|da|para|pra|pro|às|as)\s)/iu;
 const joints: Record<Language, RegExp> = {
-  en: /,?\s+(?:and then|and also|and|then|plus)\s+|,\s+/giu,
-  pt: /,?\s+(?:e depois|e também|e tambem|e então|e entao|e|depois|mais)\s+|,\s+/giu,
+  en: /,?\s+(?:and then|and|then|plus)\s+|,\s+/giu,
+  pt: /,?\s+(?:e depois|e então|e entao|e|depois|mais)\s+|,\s+/giu,
 };
 
 /** `start` is where the sentence begins in the request. Undefined when it does not ask for several things. */
-export function severalIn(sentence: string, start: number, language: Language, now: Date): JoinedPart[] | undefined {
+export function severalIn(sentence: string, start: number, language: Language, now: Date, isAnswered: IsAnswered): JoinedPart[] | undefined {
   const places = [...sentence.matchAll(joints[language])];
   if (places.length === 0 || places.length > mostJoints) return undefined;
-  return joinedIn(sentence, start, language, now) ?? timersIn(sentence, start, language, now);
+  return joinedIn(sentence, start, { language, now, isAnswered }) ?? timersIn(sentence, start, language, now);
 }
 
 /**
  * The requests of a sentence that joins several: "pause the music and lock the screen". Each has to be understood by itself, or with the
  * verb of the one before it: "cancel the pasta timer and the egg timer".
  */
-function joinedIn(sentence: string, start: number, language: Language, now: Date, verb?: Before): JoinedPart[] | undefined {
+function joinedIn(sentence: string, start: number, around: Around, isRest = false, before?: Before): JoinedPart[] | undefined {
+  const { language, now, isAnswered } = around;
   const places = [...sentence.matchAll(joints[language])];
   if (places.length > mostJoints) return undefined;
-  for (const end of [...places.map(({ index }) => index), sentence.length]) {
+  for (const [at, end] of [...places.map(({ index }) => index), sentence.length].entries()) {
     const text = sentence.slice(0, end);
-    const meant = understood(text, language, now) ?? (verb && (elided(text, verb, language, now) ?? anotherOf(text, verb, language, now)));
+    const meant = understood(text, language, now) ?? (before && afterOther(text, before, language, now));
     // What is written down would go on.
-    if (!meant || (keptIn(meant) !== undefined && end < sentence.length)) continue;
+    if (meant ? keptIn(meant) !== undefined && end < sentence.length : !isAnswered(text)) continue;
     const part = { text, start, meant };
-    if (end === sentence.length) return verb ? [part] : undefined;
-    const next = end + places.find(({ index }) => index === end)![0].length;
-    const rest = joinedIn(sentence.slice(next), start + next, language, now, { ...meant, words: text.split(/\s+/).slice(0, longestVerb), text });
+    if (end === sentence.length) return isRest ? [part] : undefined;
+    const next = end + places[at]![0].length;
+    const words = text.split(/\s+/).slice(0, longestVerb);
+    const rest = joinedIn(sentence.slice(next), start + next, around, true, meant ? { ...meant, words, text } : before);
     // "You are too loud, speak softly" asks for one thing.
-    if (rest) return repeats(meant, rest[0]!.meant) ? rest : [part, ...rest];
+    if (rest) return meant && rest[0]!.meant && repeats(meant, rest[0]!.meant) ? rest : [part, ...rest];
   }
   return undefined;
 }
@@ -95,13 +108,59 @@ const nouns: Record<Language, Record<string, string>> = {
   en: { timer: "timer", alarm: "alarm", reminder: "reminder" },
   pt: { timer: "timer", alarm: "alarme", reminder: "lembrete" },
 };
-const anew: Record<Language, RegExp> = { en: /\b(another|a new)(?: one)?(?=\s)/iu, pt: /\b(outr[oa]|um novo|uma nova)(?=\s)/iu };
+const anew: Record<Language, RegExp> = {
+  en: /\b(?:(another|a new)(?: one)?(?=\s)|(?:a )?one(?=\s(?:for|of|at|in|to)\b))/iu,
+  pt: /(?<![\p{L}])(?:(?:outr[oa]|um novo|uma nova)(?=\s)|uma?(?=\s(?:de|d[oa]s?|para|pr[ao]s?|às|as|com)\s))/iu,
+};
 
 /** "Cancel my alarm and set another one for eight": another alarm. */
 function anotherOf(text: string, before: Before, language: Language, now: Date): Meant | undefined {
   const noun = nouns[language][`${before.given.kind ?? before.given.do}`];
   if (before.hand !== "timer" || noun === undefined || !anew[language].test(text)) return undefined;
-  return understood(text.replace(anew[language], `$1 ${noun}`), language, now);
+  return understood(text.replace(anew[language], `${language === "pt" ? "um" : "a"} ${noun}`), language, now);
+}
+
+/** What a request is about, as one would say it. */
+function objectOf({ hand, given }: Meant, language: Language): string | undefined {
+  const isPortuguese = language === "pt";
+  if ((hand === "note" && given.do !== "note") || (hand === "notes" && given.list !== undefined)) {
+    const list = given.list === "" ? "" : `${given.list} `;
+    return isPortuguese ? (list === "" ? "a minha lista" : `a lista de ${list}`.trim()) : `the ${list}list`;
+  }
+  if (hand === "note" || hand === "notes") return isPortuguese ? "as minhas notas" : "my notes";
+  const noun = hand === "timer" || hand === "timers" ? nouns[language][`${given.kind ?? given.do}`] : undefined;
+  const name = given.name === undefined ? "" : `${given.name}`;
+  if (noun === undefined) return undefined;
+  return isPortuguese ? `o ${noun}${name === "" ? "" : ` do ${name}`}` : `the ${name} ${noun}`.replace(/ +/g, " ");
+}
+
+const standIns: Record<Language, RegExp> = { en: /\b(?:it|that|them|those)\b/iu, pt: /(?<![\p{L}])(?:el[ea]s?|isso)(?![\p{L}])/iu };
+
+/** "Add onions to the shopping list and then read it to me": the list. Portuguese may leave it out: "e lê pra mim". */
+function withObject(text: string, before: Before, language: Language, now: Date): Meant | undefined {
+  const object = objectOf(before, language);
+  if (object === undefined) return undefined;
+  const [, verb = "", rest = ""] = /^((?:me\s+)?\S+)(.*)$/u.exec(text) ?? [];
+  const isSaid = standIns[language].test(text);
+  if (!isSaid && language !== "pt") return undefined;
+  return understood(isSaid ? text.replace(standIns[language], object) : `${verb} ${object}${rest}`, language, now);
+}
+
+const alsoBefore: Record<Language, RegExp> = { en: /^(?:also|maybe|perhaps|some|oh|oh and)\s+(?=\S)/iu, pt: /^(?:também|tambem|mais|talvez)\s+(?=\S)/iu };
+const alsoAfter: Record<Language, RegExp> = { en: /,?\s+(?:too|as well|also)(?:,? please)?[.!?]*$/iu, pt: /,?\s+(?:também|tambem)(?:,? por favor)?[.!?]*$/iu };
+const mostItemWords = 4;
+
+/** "Put pegs on the camping list and also matches": another thing of the same list. */
+function alsoOf(text: string, { hand, given }: Before, language: Language): Meant | undefined {
+  if (hand !== "note" || (given.do !== "add" && given.do !== "remove")) return undefined;
+  const item = text.replace(alsoBefore[language], "").replace(alsoAfter[language], "").replace(/[.!?]+$/, "");
+  if (item === text.replace(/[.!?]+$/, "") || item.split(/\s+/).length > mostItemWords || !isItem(item)) return undefined;
+  return { hand, given: { ...given, [given.do === "add" ? "items" : "item"]: item } };
+}
+
+function afterOther(text: string, before: Before, language: Language, now: Date): Meant | undefined {
+  return elided(text, before, language, now) ?? anotherOf(text, before, language, now) ?? withObject(text, before, language, now) ??
+    alsoOf(text, before, language);
 }
 
 const several: Record<Language, RegExp> = {

@@ -4,7 +4,7 @@
 import type { Language } from "../../base/language.ts";
 import { cut } from "../../base/text.ts";
 import { plainWords } from "../../base/words.ts";
-import { severalIn } from "./joined.ts";
+import { severalIn, type IsAnswered } from "./joined.ts";
 import { changes, keptIn, type Meant } from "./meanings.ts";
 import { corrected, takesBack } from "./revisions.ts";
 import { isThanks, understood, understoodTogether, wordsOf } from "./sentence.ts";
@@ -27,12 +27,12 @@ const shortened = String.raw`\b(?:[Dd]ra?|[Mm]rs?|[Mm]s|[Ss]ra?|[Ss]t|(?<![AaPp]
 const hour = String.raw`(?<=\b[AaPp]\.\s?[Mm]\.)(?!\s+\p{Lu})`;
 const sentenceEnd = new RegExp(String.raw`(?<=[.!?;])(?<!${shortened})(?!${hour})\s+|\n+`, "gu");
 
-/** The sentences in which a word is said. */
-export function partsOf(request: string, language: Language, now: Date): RequestPart[] {
+/** The sentences in which a word is said. `isAnswered` knows the questions that no hand answers. */
+export function partsOf(request: string, language: Language, now: Date, isAnswered: IsAnswered = () => false): RequestPart[] {
   const isShort = request.length <= longestJoined;
   const read = sentencesOf(cut(request, longestRequest)).flatMap(({ text, start }, at): RequestPart[] => {
     const meant = at < mostSentences && !isTakenBack(text, language, now) ? understood(text, language, now) : undefined;
-    return (!meant && isShort && severalIn(text, start, language, now)) || [{ text, start, meant }];
+    return (!meant && isShort && severalIn(text, start, language, now, isAnswered)) || [{ text, start, meant }];
   });
   const sentences = revised(read, language, now);
   const reading = sentences.map(({ meant }) => meant);

@@ -23,7 +23,7 @@ export const english: Phrasing = {
       "(cancel|stop|delete|remove|clear|kill|end|dismiss|disable|turn off|switch off|shut off|get rid of|scrap|drop|abort|" +
       "silence|erase|scratch|ditch|skip|discard|never mind|forget|forget about|call off|unset|deactivate|wipe|take off|lose|quit)",
     remind:
-      "(remind me|give me a reminder|set a reminder|set me a reminder|create a reminder|make a reminder|add a reminder|set " +
+      "(remind me|remind us|give me a reminder|set a reminder|set me a reminder|create a reminder|make a reminder|add a reminder|set " +
       "up a reminder|i need a reminder|i want a reminder|put a reminder|i need you to remind me|make sure to remind me|" +
       "schedule a reminder|do not let me forget|send me a reminder|reminder|new reminder|set a reminder for me|create a " +
       "reminder for me|please remind me|jog my memory|nudge me|i want you to remind me|i would like you to remind me|can you remind me|" +
@@ -31,7 +31,7 @@ export const english: Phrasing = {
       "do not forget to remind me|see that i remember|make sure i remember|help me remember|i want to be reminded|i need to be reminded|" +
       "i would like to be reminded|i want reminding|" +
       "i need reminding|give me a nudge|give me a shout|remember to remind me|drop me a reminder|ping me|prompt me|do not allow me to " +
-      "forget|let me not forget|reminder for me|reminding me)",
+      "forget|let me not forget|reminder for me|reminding me|reminding us)",
     about:
       "(to|about|that|of|for|that i need to|that i have to|i need to|i have to|that i should|saying|it is time to|it is " +
       "time for|to remember to)",
@@ -61,7 +61,7 @@ export const english: Phrasing = {
     measure: "(convert|change|turn|transform|translate)",
   },
   before: [
-    "please", "kindly", "(can|could|would|will) you [please|kindly|just|quickly]", "can i (get|have) you to",
+    "please", "kindly", "(like|you know|basically)", "(can|could|would|will) you [please|kindly|just|quickly]", "can i (get|have) you to",
     "(hey|hi|hello|ok|okay|so|well|alright|all right|right|now|um|uh|oh|yo|then|and|also|great|thanks|yes|yeah|listen|" +
       "excuse me|go ahead and|just|quickly|quick|actually|sorry|good morning|good evening)",
     "(i would like|i want|i need) you to", "would you mind", "do me a favor and", "do me a favour and", "be so kind as to",

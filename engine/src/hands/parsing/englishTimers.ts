@@ -18,7 +18,8 @@ export const englishTimers: readonly Request[] = [
       "[<set>] {duration} on the clock", "[<set>] [<a>] {duration} on (a|the) timer [<called> [<whose>] {few:name}]",
       "{few:name} timer [for|of|at|to] {duration}",
       "time [<whose>] {few:name} for {duration}", "<set> [<a>] timer it is {duration}",
-      "[<whose>] {few:name} (need|needs|take|takes) {duration} <set> [<a>] timer",
+      "[<whose>] {few:name} (need|needs|take|takes) {duration} (<set> [<a>] timer|time (it|them|that|this))",
+      "{duration} (for|on) [<whose>] {few:name} (go|starting now|start now|starts now|from now)",
       "<set> [<a>] timer [<called> [<whose>] {few:name}] (to go off|to ring|ringing|so it rings) in {duration}",
       "<set> [<a>] {duration} {few:name} timer", "<set> [<a>] {duration} (countdown|count down)",
       "{duration} (countdown|count down)", "(time|count down|countdown|count) [me] [from|for|down from|down] {duration}",
@@ -67,7 +68,7 @@ export const englishTimers: readonly Request[] = [
   [
     "remind",
     [
-      "(i have to|i have got to|i need to|i must|i should|i am supposed to|i have) {text} ({moment}|in {duration}) [so|and] (remind me|" +
+      "(i have to|i have got to|i need to|i must|i should|i am supposed to|i have) {text} ({moment}|in {duration}) [so|and] (remind me|remind us|" +
         "do not let me " +
         "forget|give me a reminder|make sure i remember|set a reminder|remind me of it|remind me about it|remind me about that)",
       "<remind> in {duration} <about> {text}", "<remind> {moment} <about> {text}",
@@ -80,6 +81,8 @@ export const englishTimers: readonly Request[] = [
       "<set> [<a>] {moment} reminder <about> {text}",
       "(reminder|new reminder|set a reminder|create a reminder|add a reminder|i need a reminder) [for] {moment} [<about>] " +
         "{text}",
+      "<remind> : [<about>] {text} {moment}", "<remind> : [<about>] {text} in {duration}",
+      "(i must not|i can not|i should not|we must not) forget [<about>] {text} ({moment}|in {duration}) [so] (remind me|remind us)",
       "(reminder|new reminder) in {duration} [<about>] {text}", "(ping|nudge|alert|notify) me {moment} (to|that) {text}",
       "(ping|nudge|alert|notify) me in {duration} (to|that) {text}", "(ping|nudge|alert|notify) me to {text} {moment}",
       "(ping|nudge|alert|notify) me to {text} in {duration}", "{moment} (ping|nudge|alert|notify) me (to|that) {text}",
@@ -111,8 +114,9 @@ export const englishTimers: readonly Request[] = [
       "<off> [<the>] [running] (timer|countdown)", "[<the>] timer off", "<off> [<the>] {duration} timer",
       "<off> [<the>] timer (of|for|with) {duration}", "<off> [<the>] {few:name} timer",
       "<off> [<the>] timer (for|called|named|labelled) [<whose>] {few:name}",
-      "(turn|switch|shut) [<the>] [{few:name}] timer off", "i do not need [<the>] [{few:name}] timer anymore",
-      "i do not need [<the>] [{few:name}] timer any more", "[never mind|forget|forget about|about|as for] [<the>] [{few:name}] timer " +
+      "(turn|switch|shut) [<the>] [{few:name}] timer off",
+      "(i|we) (do not|no longer) (need|want) [<the>] [{few:name}] timer (anymore|any more|any longer|now|after all)",
+      "(i|we) no longer (need|want) [<the>] [{few:name}] timer", "[never mind|forget|forget about|about|as for] [<the>] [{few:name}] timer " +
         "<off> it",
     ],
   ],
@@ -125,7 +129,8 @@ export const englishTimers: readonly Request[] = [
       "(turn|switch|shut) [<the>] alarm off (for|on) {day}",
       "<off> [<the>] alarm [for|at|set for|set at|of] {moment}", "<off> [<the>] alarm (for|on|of) {day}",
       "<off> [<the>] {few:name} alarm", "<off> [<the>] alarm (called|named|for) {few:name}",
-      "(turn|switch|shut) [<the>] alarm [for|at] [{moment}] off", "i do not need [<the>] alarm (anymore|any more)",
+      "(turn|switch|shut) [<the>] alarm [for|at] [{moment}] off", "(i|we) (do not|no longer) (need|want) [<the>] alarm (anymore|any more|any longer|now|after all)",
+      "(i|we) (do not|no longer) (need|want) [<the>] alarm (for|on|) {day} [anymore] [cancel it|turn it off|switch it off|delete it]",
     ],
   ],
   [
@@ -230,7 +235,8 @@ export const englishTimers: readonly Request[] = [
       "(list|show|read|read out|tell me|give me|check|what are) [me] [all|all of] [<the>] (reminders|upcoming reminders) " +
         "[(for|on) {day}]", "[what are] {day} reminders",
       "(do i have|are there|have i got|is there|have i set) (any|a|some) (reminders|reminder) [set|today|left]",
-      "when is [<the>] [next] reminder", "what (did i ask|have i asked) you to remind me (of|about)",
+      "when is [<the>] [next] reminder", "what (did|do) i (want|need|ask|have) to be reminded (of|about)",
+      "(do i have|is there|have i got|was there) (anything|something) [i have|i need|i am supposed] to (remember|be reminded of) [today|tomorrow]", "what (did i ask|have i asked) you to remind me (of|about)",
       "what do you have to remind me (of|about)", "what am i [supposed] to (remember|be reminded of) [today]",
       "(any|my) reminders [for today|today|for me]", "(what|which) reminders (are coming up|are pending|are next|are open)",
       "what is my next reminder", "how many reminders (do i have|are there) [set]",

@@ -29,6 +29,8 @@ export const portugueseNotes: readonly Request[] = [
     [
       "<readverb> [todas] [<the>] [ultimas|ultima] (notas|anotacoes|nota|anotacao) [para mim|comigo|em voz alta]",
       "(o que|que) (tem|esta|ha|esta escrito|eu tenho|tenho) (nas|em) [minhas] (notas|anotacoes)",
+      "(o que|que) (dizem|diz) [<the>] (notas|anotacoes)", "(posso|da para|pode me deixar) (ouvir|ver|ler) [<the>] (notas|anotacoes)",
+      "<readverb> [de volta|para mim] o que (eu|) (anotei|escrevi|ditei)",
       "[<readverb>] [para mim] (o que|que) (eu|) (mandei|pedi para|te pedi para|falei para|disse para) [voce|tu] (anotar|escrever|" +
         "guardar|registrar)",
       "(o que|que) (eu anotei|anotei|eu escrevi|eu pedi para anotar|pedi para voce anotar|eu pedi para voce anotar|ficou " +

@@ -13,7 +13,8 @@ export const portugueseTimers: readonly Request[] = [
       "<set> [<a>] <timer> <called> {few:name} {duration}", "<timer> <called> {few:name} (de|com|por) {duration}",
       "<timer> <called> {few:name} {duration}", "<timer> {word:name} [de|por|com] {duration}",
       "<timer> (do|da|de|dos|das|para|para o|para a) {few:name} [de|por|com|sao|e|uns|de uns] {duration}",
-      "(o|a|os|as) {few:name} (leva|levam|precisa de|precisam de|demora|demoram) {duration} <set> [<a>] <timer>",
+      "(o|a|os|as) {few:name} (leva|levam|precisa de|precisam de|demora|demoram) {duration} (<set> [<a>] <timer>|marca|cronometra|conta) " +
+        "[para mim|ai|o tempo|isso]", "{duration} (para|para o|para a|no|na) {few:name} (vai|ja|valendo|a partir de agora|contando)",
       "[<set>] {duration} [de|no|em um|como] <timer> [<called> {few:name}]",
       "<set> [<a>] (tempo|tempinho|contagem) de {duration} [<called> {few:name}]",
       "<set> {duration} (no relogio|no cronometro|de contagem|de tempo) [<called> {few:name}]",
@@ -84,7 +85,9 @@ export const portugueseTimers: readonly Request[] = [
       "(lembrete|novo lembrete|<set> [<a>] lembrete|<set> [<a>] aviso|cria um lembrete|preciso de um lembrete|quero um " +
         "lembrete) [para|de] {moment} [<about>|:] {text}",
       "(lembrete|novo lembrete|<set> [<a>] lembrete) (em|daqui a|para daqui a) {duration} [<about>] {text}",
-      "{moment} [<about>] {text} [e] (me lembra|me lembre)",
+      "{moment} [<about>] {text} [e] (me lembra|me lembre)", "<remind> : [<about>] {text} {moment}",
+      "<remind> : [<about>] {text} (em|daqui a|dentro de) {duration}",
+      "nao (posso|devo|quero) esquecer [<about>] {text} ({moment}|(em|daqui a) {duration}) [entao|e] (me lembra|me lembre|me avisa)",
     ],
   ],
   [
@@ -114,7 +117,7 @@ export const portugueseTimers: readonly Request[] = [
     [
       "<off> [<the>] <timer>", "<off> [<the>] <timer> [de|com|dos|das] {duration}",
       "<off> [<the>] <timer> (chamado|do|da|de|dos|das|para|para o|para a) {few:name}", "<off> [<the>] <timer> {word:name}",
-      "nao (preciso|quero) mais [do|o] <timer> [<called> {few:name}]",
+      "nao (preciso|quero|precisa|precisamos|vou precisar) mais [do|o|de] <timer> [<called> {few:name}]", "desiste (do|desse) <timer>",
     ],
   ],
   [
@@ -122,7 +125,8 @@ export const portugueseTimers: readonly Request[] = [
     [
       "<off> [<the>] <alarm>", "<off> [<the>] <alarm> [das|para|de|do|da|para as|marcado para] {moment}",
       "<off> [<the>] <alarm> (de|para|da|do) {day}", "<off> [<the>] <alarm> (chamado|do|da|de|para|para o|para a) {few:name}",
-      "nao (preciso|quero) mais (do|o|ser) <alarm>", "nao (precisa|precisa mais) me acordar [mais]",
+      "nao (preciso|quero|precisa|vou precisar) mais (do|o|ser) <alarm>",
+      "nao (preciso|quero|precisa|vou precisar) (do|o|de) <alarm> [de|para] {day} [pode] [<off>]", "nao (precisa|precisa mais) me acordar [mais]",
     ],
   ],
   [
@@ -176,7 +180,7 @@ export const portugueseTimers: readonly Request[] = [
       "<readverb> [todos] [<the>] (timers|temporizadores|cronometros|timer|temporizador|cronometro) [ativos|todos]",
       "(tem|tenho|ha|existe|eu tenho|temos) [algum|alguns|um] (timer|timers|temporizador|temporizadores|cronometro) [ativo|" +
         "ligado|rodando|correndo|marcado|ativos|funcionando]",
-      "[<the>] <timer> (esta|ainda esta) (ligado|rodando|ativo|correndo|funcionando)",
+      "[<the>] <timer> [<called> {few:name}] (esta|ainda esta) (ligado|rodando|ativo|correndo|funcionando)",
       "quantos (timers|temporizadores|cronometros) (eu tenho|tenho|estao rodando|estao ativos|ha|tem|existem)",
       "tempo restante [(do|no) [meu] <timer> [<called> {few:name}]]",
       "qual [e] o tempo restante [(do|no) [meu] <timer> [<called> {few:name}]]",
@@ -189,6 +193,7 @@ export const portugueseTimers: readonly Request[] = [
         "apitar|desperta)",
       "(o|meu) <timer> [(do|da|de|dos|das) {few:name}] (toca|acaba|termina) (quando|em quanto tempo|daqui a quanto)",
       "(ja|esta) (acabou|acabando|terminou|terminando|tocou) [o|meu] <timer> [(do|da|de|dos|das) {few:name}]",
+      "(quantos minutos|quantos segundos|quanto tempo) [ainda] (falta|faltam) [ainda] (para|no|na) [o|a|os|as] {few:name}",
       "(quantos minutos|quantos segundos|quanto tempo) (ainda|mais|ainda tem|ainda faltam) [faltam|falta|no <timer>|para " +
         "acabar]",
       "quanto falta (no|na) {few:name}", "(falta|faltam) (muito|quanto|quantos minutos|quanto tempo) [tempo] [ainda] (para|no|na) [o|a|" +

@@ -50,7 +50,7 @@ export function understood(text: string, language: Language, now: Date): Meant |
   if (tokens.length === 0 || tokens.length > mostTokens) return undefined;
   const found = asked(text, tokens, language, now);
   if (found) return found;
-  const fewer = withoutAsides(tokens, language);
+  const fewer = withoutAsides(withoutInnerManners(text, tokens, language, now), language);
   const meant = (fewer.length < tokens.length ? asked(text, fewer, language, now) : undefined) ?? gist(text, fewer, language, now);
   if (meant) return meant;
   const referred = understoodOf(text, tokens, language, now);
@@ -136,6 +136,21 @@ export function withoutManners(text: string, language: Language, now: Date): str
   const starts = ends(tokens.toReversed(), before, around, true).map((length) => tokens.length - length);
   const isPart = (start: number, stop: number): boolean => start < stop && stop - start < tokens.length;
   return starts.flatMap((start) => stops.filter((stop) => isPart(start, stop)).map((stop) => said(text, tokens, start, stop)));
+}
+
+/** Without what is polite at the beginning of each of its parts: "I have to be up by seven, so could you please set an alarm". */
+function withoutInnerManners(text: string, tokens: readonly Token[], language: Language, now: Date): readonly Token[] {
+  const kept: Token[] = [];
+  for (let at = 0; at < tokens.length; at++) {
+    const isMarked = at > 0 && /[,;:.!?–—]/.test(text.slice(tokens[at - 1]!.end, tokens[at]!.start));
+    if (isMarked) {
+      const rest = tokens.slice(at);
+      const [left = rest.length] = ends(rest.toReversed(), compiledFor(language).before, { text, language, now }, true);
+      at = tokens.length - left;
+    }
+    kept.push(tokens[at]!);
+  }
+  return kept;
 }
 
 function isMade(text: string, of: readonly Phrase[], language: Language, now: Date): boolean {

@@ -99,6 +99,9 @@ const questionWords: Record<Language, RegExp> = {
   en: /^(what|which|how|when|where|who|is|are|do|does|am|have|has|any)$/,
   pt: /^(o|que|quais|qual|quant[oa]s?|como|quando|onde|quem|do|tem|tenho|ha|esta)$/,
 };
+/** "At what time", "on which day": the question begins with what is asked. */
+const beforeQuestion: Record<Language, RegExp> = { en: /^(at|on|in|for|to|by)$/, pt: /^(em|a|para|de|do)$/ };
+const asksWhat: Record<Language, RegExp> = { en: /^(what|which)$/, pt: /^(que|qual|quais)$/ };
 const adverbs: Record<Language, RegExp> = { en: /^(still|currently|actually|exactly|already)$/, pt: /^(ainda|ja|atualmente|exatamente|mesmo|eu)$/ };
 
 /**
@@ -109,10 +112,12 @@ export function withoutAsides(tokens: readonly Token[], language: Language): rea
   const plain = (at: number): string => tokens[at]?.plain ?? "";
   const isPair = (at: number, [one, other]: readonly [string, string]): boolean => plain(at) === one && plain(at + 1) === other;
   const isForMe = (at: number): boolean => at > 0 && at <= latestForMe && at + 2 < tokens.length && isPair(at, forMe[language]);
-  const isQuestion = questionWords[language].test(plain(0));
+  const isLed = beforeQuestion[language].test(plain(0)) && asksWhat[language].test(plain(1));
+  const isQuestion = isLed || questionWords[language].test(plain(0));
   const isCleft = (at: number): boolean =>
     language === "pt" && isQuestion && at > 0 && at < 3 && (isPair(at, ["e", "que"]) || isPair(at, ["foi", "que"]));
   return tokens.filter((_, at) => {
+    if (isLed && at === 0) return false;
     if (isForMe(at) || isForMe(at - 1) || isCleft(at) || isCleft(at - 1)) return false;
     return !(isQuestion && adverbs[language].test(plain(at)));
   });

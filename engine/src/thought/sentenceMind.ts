@@ -69,7 +69,8 @@ export class SentenceMind {
     const sure = isForModel || isPasted(request.text) ? this.#surely(request.text, all, isMeant) : all;
     const sentences = all.map((one) => (sure.includes(one) ? one : { ...one, deed: undefined }));
     // A request of plain sentences is answered as a whole.
-    if (sentences.every(({ deed }) => deed === undefined)) {
+    const isJoined = sentences.length > 1 && sentences.every(({ text }) => this.#isForTime(text));
+    if (!isJoined && sentences.every(({ deed }) => deed === undefined)) {
       const text = known(request.text);
       if (text === undefined) return undefined;
       answering.text(text);
@@ -113,9 +114,13 @@ export class SentenceMind {
 
   #read(request: string): Sentence[] {
     const now = new Date(this.parts.clock.now());
-    const { language } = this.parts;
-    const isAnswered = (text: string): boolean => asksForTime(text, language, now);
-    return partsOf(request, language, now, isAnswered).map(({ text, start, meant }) => ({ text, start, deed: meant && this.#deed(meant) }));
+    const parts = partsOf(request, this.parts.language, now, (text) => this.#isForTime(text));
+    return parts.map(({ text, start, meant }) => ({ text, start, deed: meant && this.#deed(meant) }));
+  }
+
+  /** No hand tells the time. */
+  #isForTime(text: string): boolean {
+    return asksForTime(text, this.parts.language, new Date(this.parts.clock.now()));
   }
 
   /**

@@ -9,7 +9,7 @@ export const englishConcepts: Lexicon = {
     "kindly|quickly|maybe|perhaps|also|currently|at the moment|at present|for me|for us|go ahead and|today|exactly|actually|from|which|" +
     "be|go|going|get",
   /** Nor do these in a question. */
-  asking: "they|nice|great|good|lovely|beautiful|is|are|do|does|i|we|have|got|has|it|there|any|some|what|which|how|much|many|when|tell|" +
+  asking: "nearly|almost|about|soon|already|yet|they|nice|great|good|lovely|beautiful|is|are|do|does|i|we|have|got|has|it|there|any|some|what|which|how|much|many|when|tell|" +
     "show|give|know|still|me|if|whether|will|" +
     "am|been|like|look|looking|doing|my|see|hear|let|check|find out|got to|until|till|before|can i see|that|currently",
   ask: "what|which|how is|how are|am i|are we|do i have|do we have|have i got|have we got|have you got|do you have|is there|are there|" +
@@ -35,7 +35,7 @@ export const englishConcepts: Lexicon = {
   running: "running|active|set|going|ticking|on|still running|that is running|that is set|that are running|that are set|that are on|i " +
     "set|i have set|i have|i made|going on|i have on|i have got|" +
     "i have running|currently running|that i set|that i have set|counting|up|in progress",
-  pending: "pending|coming up|upcoming|outstanding|scheduled|lined up|due|waiting|in store",
+  pending: "set up|planned|pending|coming up|upcoming|outstanding|scheduled|lined up|due|waiting|in store",
   goes: "go off|goes off|going off|ring|rings|end|ends|finish|finishes|be up|be done|done|over|run out|up",
   off: "cancel|stop|delete|remove|clear|kill|end|dismiss|disable|turn off|switch off|shut off|off|get rid of|scrap|drop|abort|silence|" +
     "erase|ditch|call off|unset|" +

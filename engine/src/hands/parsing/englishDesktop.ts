@@ -53,7 +53,15 @@ export const englishDesktop: readonly Request[] = [
   [
     "openKnownFolder",
     [
-      "(open|open up|show|show me|go to|take me to|bring up|let me see|view|browse|pull up|find) [all] [of] [<whose>] {few:text}",
+      "(open|open up|show|show me|go to|take me to|bring up|let me see|view|browse|pull up|find|see|look at|i want to see|i would like to " +
+        "see|can i see|could i see) [all] [of] [<whose>] {few:text}",
+    ],
+  ],
+  [
+    "openKnownApplication",
+    [
+      "(i need|i want|i would like|i could use|we need|get|get me|give me|show|show me|bring|bring me|put up|let me use|let me have|let us " +
+        "see|turn on|switch on|use|can i have|could i have|could i get|can i get|take me to|go to|switch to) [<whose>|a] {few:text} [up|app]",
     ],
   ],
   [

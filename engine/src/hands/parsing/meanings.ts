@@ -17,6 +17,14 @@ type Meaning = (slots: Slots, now: Date) => Meant | undefined;
 /** These are folders without the word. */
 const knownFolders = /^(downloads|documents|pictures|photos|videos|documentos|imagens|fotos|vídeos|videos)$/i;
 
+/** These are applications whatever is said of them: "I need the calculator". */
+const knownApplications = new RegExp(
+  "^(calculator|(web |internet )?browser|terminal|text editor|file manager|(system )?settings|calendar|(e-?mail|mail)( client)?|music player|" +
+    "video player|camera|spreadsheets?|word processor|task manager|image viewer|calculadora|navegador( de internet)?|editor de textos?|" +
+    "gerenciador de (arquivos|tarefas)|configurações|configuracoes|calendário|calendario|player de música|tocador de música|câmera|camera|planilhas?)$",
+  "i",
+);
+
 const longestTimer = 7 * 86_400;
 /** "One more day" is said of something else. */
 const longestSnooze = 12 * 3_600;
@@ -193,6 +201,10 @@ export const meanings = {
   open: (slots) => {
     const what = text(slots, "text");
     return what !== undefined && isApplicationName(what) ? { hand: "open", given: { name: what } } : undefined;
+  },
+  openKnownApplication: (slots) => {
+    const what = text(slots, "text");
+    return what !== undefined && knownApplications.test(what) ? { hand: "open", given: { name: what } } : undefined;
   },
   openFolder: (slots) => {
     const folder = text(slots, "text");

@@ -92,6 +92,7 @@ export const portuguese: Phrasing = {
     free:
       "(livre|livres|disponivel|disponiveis|sobrando|restando|restante|de sobra|vago|usada|usado|em uso|ocupado|ocupada|" +
       "sendo usada|sendo usado|usando|de folga|sobrou)",
+    year: "(este ano|esse ano|deste ano|desse ano|neste ano|nesse ano|ano que vem)",
     network: "(rede do wifi|rede de internet|rede|wifi|wi fi|rede wifi|rede wi fi|rede sem fio|internet|conexao|conexao de " +
       "rede)",
   },

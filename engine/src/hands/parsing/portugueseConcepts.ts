@@ -9,7 +9,7 @@ export const portugueseConcepts: Lexicon = {
     "a gente|por favor|agora|ja|me|para mim|aqui|ai|la|so|entao|tambem|de novo|novamente|outra vez|rapidinho|hoje|atual|favor|logo|" +
     "agora mesmo|neste momento|no momento|mesmo|pelo|pela|hein",
   /** Nor do these in a question. */
-  asking: "bonita|linda|boa|legal|bacana|massa|bonito|e|esta|estao|tem|tenho|temos|ha|existe|existem|eu|voce|nos|algum|alguma|alguns|" +
+  asking: "quase|bonita|linda|boa|legal|bacana|massa|bonito|e|esta|estao|tem|tenho|temos|ha|existe|existem|eu|voce|nos|algum|alguma|alguns|" +
     "algumas|o que|que|qual|quais|quanto|quanta|quantos|quantas|quando|como|ainda|quero ver|quero ouvir|" +
     "ver|ouvir|saber|diz|fala|conta|mostra|sao|fica|ficou|vai|vou|estou|estamos|anda|e que|sera que|sabe|quero saber|ter|sera|ser|deixa " +
     "eu ver|marcado|ate|para|ao todo|mais|alguma coisa",
@@ -30,12 +30,12 @@ export const portugueseConcepts: Lexicon = {
   noted: "anotado|escrito|guardado|anotada|anotadas|salvo|salvas|feito|guardadas|feitas",
   all: "todos|todas|tudo|todos os|todas as|os dois|as duas|ambos|cada um|todo|todos eles|qualquer",
   running: "ativo|ativos|rodando|correndo|ligado|ligados|marcado|marcados|programado|programados|em andamento|funcionando|contando|que " +
-    "esta rodando|que estao rodando|que esta ligado|que estao ligados|" +
+    "esta rodando|que estao rodando|que esta ligado|que estao ligados|que estiverem rodando|que estiver rodando|que estiverem ligados|" +
     "que esta correndo|que estao correndo|que eu marquei|que marquei|que eu coloquei|que coloquei|que eu tenho|que tenho|que eu pus|que " +
     "eu botei|que esta ativo|que estao ativos|que eu criei|que esta marcado|que estao marcados|que tiver|que houver|" +
     "que pedi|que eu pedi|que programei|que esta contando|que existe|que existem|que tem|agendado|agendados|pendente|pendentes|no ar|em " +
     "curso|aberto|abertos|eu tenho|configurado|configurados",
-  pending: "pendente|esta pendente|que esta pendente|pendentes|agendado|agendados|programado|programados|proximos|por vir|vindo|a " +
+  pending: "marcada|marcadas|agendada|programada|combinado|pendente|esta pendente|que esta pendente|pendentes|agendado|agendados|programado|programados|proximos|por vir|vindo|a " +
     "caminho|marcado|marcados|para hoje|para amanha",
   goes: "toca|vai tocar|acaba|vai acabar|termina|vai terminar|tocar|acabar|terminar|acabou|terminou|apita|desperta|vai despertar|" +
     "disparar|dispara|vai disparar|acabando|terminando",
@@ -155,7 +155,7 @@ export const portugueseConcepts: Lexicon = {
     "ligado na energia|pela bateria",
   disk: "disco|hd|ssd|armazenamento|disco rigido|disco duro|hard disk",
   space: "espaco|espaco em disco|armazenamento|espaco no disco|memoria interna|lugar",
-  full: "cheio|quase cheio|lotado|ficando cheio|acabando|sem espaco|entupido|cheinho|estourando|no limite|vazio|cheia|lotada|acabou",
+  full: "enchendo|encheu|cheio|quase cheio|lotado|ficando cheio|acabando|sem espaco|entupido|cheinho|estourando|no limite|vazio|cheia|lotada|acabou",
   free: "livre|livres|disponivel|disponiveis|sobrando|restante|restando|de sobra|vago|usado|usada|em uso|ocupado|ocupada|sendo usada|" +
     "sobra|sobrou|resta|restou|usando|gasta|consumida|sendo usado|usa|ocupando|folga|folgada|de folga|desocupado|" +
     "consumindo|utilizado|gastando|utilizada|cabe|comendo|sobraram|livre ainda",

@@ -45,7 +45,15 @@ export const portugueseDesktop: readonly Request[] = [
   [
     "openKnownFolder",
     [
-      "(abre|abra|abrir|mostra|mostre|me mostra|vai para) [o|a|os|as|meu|minha|meus|minhas|os meus|as minhas] {few:text}",
+      "(abre|abra|abrir|mostra|mostre|me mostra|vai para|quero ver|queria ver|deixa eu ver|posso ver|ver) [o|a|os|as|meu|minha|meus|minhas|os " +
+        "meus|as minhas] {few:text}",
+    ],
+  ],
+  [
+    "openKnownApplication",
+    [
+      "(preciso de|preciso do|preciso da|quero|queria|liga|ligue|mostra|mostre|me mostra|me da|me de|me arruma|quero usar|preciso usar|usar|" +
+        "bota|coloca|poe|chama|vai para|me leva para|traz|quero ver|preciso) [<the>] {few:text} [na tela|ai|aqui]",
     ],
   ],
   [

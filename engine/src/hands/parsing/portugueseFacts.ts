@@ -147,7 +147,8 @@ export const portugueseFacts: readonly Request[] = [
       "(em que|que|qual|em qual) (dia|data|dia da semana) [e que] (cai|vai cair|sera|vai ser|foi|caiu|e) [o|a|no|na] {day}",
       "[o|a] {day} (cai|sera|e|vai ser|vai cair|foi|caiu) (em|num|no|) [um|uma] (que|qual) (dia|data|dia da semana)",
       "{day} (e|foi|sera|vai ser) (que dia|que data|qual dia|dia de que)", "[<the>] (data|dia da semana) [de|do|da] {day}",
-      "quando (e|sera|cai|vai ser) [o|a] {day}",
+      "quando (e|sera|cai|vai ser) [o|a] {day}", "[o|a] {day} (cai|e|vai ser|vai cair|sera) (em|no|) [que|qual] dia [da semana] [<year>]",
+      "que dia do mes (e|sera|vai ser|cai) [o|a|no|na] {day} [agora|que vem]",
     ],
   ],
   // After the days: "quanto falta para o Natal" asks for those.

@@ -83,6 +83,8 @@ export const portugueseNotes: readonly Request[] = [
   [
     "note",
     [
+      "(anota|anote|escreve|escreva|registra|registre|guarda|guarde|toma nota|tome nota) (uma coisa|isso|isto|o seguinte|de uma coisa|disso) " +
+        "[ai|para mim|aqui] : {text}",
       "(anota|anote|anotar|toma nota|tome nota|tomar nota|escreve|escreva|registra|registre|registrar|faz uma nota|faca " +
         "uma nota|faz uma anotacao|faca uma anotacao|cria uma nota|crie uma nota|cria uma anotacao|crie uma anotacao|criar " +
         "uma nota|nova nota|nova anotacao|nota|guarda|guarde|adiciona uma nota|adicione uma nota|salva uma nota|salve uma " +

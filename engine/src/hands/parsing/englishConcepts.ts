@@ -9,7 +9,7 @@ export const englishConcepts: Lexicon = {
     "kindly|quickly|maybe|perhaps|also|currently|at the moment|at present|for me|for us|go ahead and|today|exactly|actually|from|which|" +
     "be|go|going|get",
   /** Nor do these in a question. */
-  asking: "nearly|almost|about|soon|already|yet|they|nice|great|good|lovely|beautiful|is|are|do|does|i|we|have|got|has|it|there|any|some|what|which|how|much|many|when|tell|" +
+  asking: "nearly|almost|soon|already|yet|they|nice|great|good|lovely|beautiful|is|are|do|does|i|we|have|got|has|it|there|any|some|what|which|how|much|many|when|tell|" +
     "show|give|know|still|me|if|whether|will|" +
     "am|been|like|look|looking|doing|my|see|hear|let|check|find out|got to|until|till|before|can i see|that|currently",
   ask: "what|which|how is|how are|am i|are we|do i have|do we have|have i got|have we got|have you got|do you have|is there|are there|" +
@@ -92,6 +92,8 @@ export const englishConcepts: Lexicon = {
   most: "max|maximum|full|all the way|all the way up|to the max|full blast|as loud as it goes|as loud as possible|as high as it goes|" +
     "full volume|the max|the loudest|full whack|highest|" +
     "to maximum|as high as possible|as far as it goes|to the top|as loud as it will go|as high as it will go|as far up as it goes|flat out",
+  least: "minimum|the minimum|to the minimum|all the way down|to zero|zero|the lowest|lowest|as low as it goes|as low as possible|as quiet as " +
+    "possible|down all the way|as far down as it goes|nothing",
   half: "half|halfway|half way|the middle|medium|midway|mid|in half|to half|middle",
   loud: "loud|high|level|turned up|set",
   next: "next|another|the next|different|a different|following|forward",

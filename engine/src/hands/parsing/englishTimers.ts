@@ -68,6 +68,7 @@ export const englishTimers: readonly Request[] = [
   [
     "remind",
     [
+      "(i must not|i can not|i should not|we must not) forget [<about>] {text} ({moment}|in {duration}) [so] (remind me|remind us)",
       "(i have to|i have got to|i need to|i must|i should|i am supposed to|i have) {text} ({moment}|in {duration}) [so|and] (remind me|remind us|" +
         "do not let me " +
         "forget|give me a reminder|make sure i remember|set a reminder|remind me of it|remind me about it|remind me about that)",
@@ -82,7 +83,6 @@ export const englishTimers: readonly Request[] = [
       "(reminder|new reminder|set a reminder|create a reminder|add a reminder|i need a reminder) [for] {moment} [<about>] " +
         "{text}",
       "<remind> : [<about>] {text} {moment}", "<remind> : [<about>] {text} in {duration}",
-      "(i must not|i can not|i should not|we must not) forget [<about>] {text} ({moment}|in {duration}) [so] (remind me|remind us)",
       "(reminder|new reminder) in {duration} [<about>] {text}", "(ping|nudge|alert|notify) me {moment} (to|that) {text}",
       "(ping|nudge|alert|notify) me in {duration} (to|that) {text}", "(ping|nudge|alert|notify) me to {text} {moment}",
       "(ping|nudge|alert|notify) me to {text} in {duration}", "{moment} (ping|nudge|alert|notify) me (to|that) {text}",

@@ -7,7 +7,7 @@ import { day, type Day } from "./days.ts";
 import { duration } from "./durations.ts";
 import { englishConcepts } from "./englishConcepts.ts";
 import { rules, type Rule } from "./gistRules.ts";
-import type { Sentence, Slots } from "./grammar.ts";
+import { isQuestion, type Sentence, type Slots } from "./grammar.ts";
 import { meanings, type Meant } from "./meanings.ts";
 import { moment, type Moment } from "./moments.ts";
 import { number } from "./numbers.ts";
@@ -53,13 +53,14 @@ export function gistOf(sentence: Sentence, parts: Iterable<readonly [number, num
 }
 
 function gistOfPart(sentence: Sentence, readings: readonly Piece[][], start: number, stop: number): Meant | undefined {
+  const asks = isQuestion(sentence.text) && !forAdvice.test(sentence.tokens[0]!.plain);
   for (const [at, reading] of readings.entries()) {
     const isMeasure = at === 1;
     const within = reading.filter(({ from, to }) => from >= start && to <= stop);
     // What stands around it has taken a word of it.
     if (within[0]?.from !== start || within.at(-1)?.to !== stop) continue;
-    const pieces = asked(within);
-    const isTold = isToldOf(pieces, sentence);
+    const pieces = asked(within, asks);
+    const isTold = !asks && isToldOf(pieces, sentence);
     for (const rule of rules) {
       if ((rule.needs.includes("measure")) !== isMeasure) continue;
       if (!rule.isAsked && isTold) continue;
@@ -71,9 +72,12 @@ function gistOfPart(sentence: Sentence, readings: readonly Piece[][], start: num
   return undefined;
 }
 
+/** "Should I set an alarm?" wants advice. */
+const forAdvice = /^(should|shall|must|may|devo|deveria|posso|convem)$/;
+
 /** "Is my alarm set?" asks, and "my alarm is set" tells. */
-function asked([first, ...others]: readonly Piece[]): Piece[] {
-  if (!first?.concepts.has("inverted")) return first ? [first, ...others] : [];
+function asked([first, ...others]: readonly Piece[], asks: boolean): Piece[] {
+  if (!first || !(asks || first.concepts.has("inverted"))) return first ? [first, ...others] : [];
   return [{ ...first, concepts: new Set([...first.concepts, "ask", "yesno"]) }, ...others];
 }
 

@@ -49,6 +49,7 @@ export const rules: readonly Rule[] = [
   doing("voiceLouder", ["voice|speak", "up|louder"], ["change", "turn", "bit", "number", "percent", "volume", "speak", "voice", "up"]),
   doing("voiceQuieter", ["voice|speak", "down|quieter"], ["change", "turn", "bit", "number", "percent", "volume", "speak", "voice", "down"]),
   doing("loudest", ["volume|it|sound|music", "most"], ["change", "turn", "up", "louder", "set"]),
+  doing("softest", ["volume|it|sound|music", "least"], ["change", "turn", "down", "quieter", "set"]),
   doing("half", ["volume|sound|music", "half"], ["change", "turn", "up", "down", "louder", "quieter", "set"]),
   doing("setVolume", ["volume|sound|music", "level"], ["change", "turn", "set", "up", "down", "louder", "quieter", "percent", "computer"]),
   doing("setVolume", ["it", "level", "percent|turn"], ["change", "turn", "up", "down", "louder", "quieter", "percent"]),

@@ -1,5 +1,6 @@
 // A grammar of requests. A phrase is a sequence of words, "[optional]" ones, "(one|of several)", "<part>"s that stand elsewhere,
-// "{slots}" for numbers, times and free words, and ":" where one is written. A sentence is a request only when a phrase takes all of it.
+// "{slots}" for numbers, times and free words, ":" where one is written, and "?" in what is written as a question. A sentence
+// is a request only when a phrase takes all of it.
 
 import type { Language } from "../../base/language.ts";
 import { day, type Day } from "./days.ts";
@@ -56,7 +57,7 @@ export function phrase(source: string, parts: Readonly<Record<string, string>>):
 function begin(node: Node, words: Set<string>): "word" | "nothing" | "anything" {
   switch (node.kind) {
     case "word":
-      if (node.word === ":") return "nothing";
+      if (/^[:?]$/.test(node.word)) return "nothing";
       words.add(node.word).add(lemmaOf(node.word, "pt"));
       return "word";
     case "slot":
@@ -149,6 +150,7 @@ function walk(node: Node, at: number, sentence: Sentence, slots: Record<string, 
   switch (node.kind) {
     case "word":
       if (node.word === ":") return hasColon(sentence, at) && goOn(at);
+      if (node.word === "?") return isQuestion(sentence.text) && goOn(at);
       return isWord(sentence.tokens[at], node.word, sentence.language) && goOn(at + 1);
     case "sequence": {
       const from = (index: number, place: number): boolean => {
@@ -178,6 +180,11 @@ function walk(node: Node, at: number, sentence: Sentence, slots: Record<string, 
 function isWord(token: Token | undefined, word: string, language: Language): boolean {
   if (token === undefined) return false;
   return token.plain === word || (token.lemma !== token.plain && token.lemma === lemmaOf(word, language));
+}
+
+/** It is written as a question. */
+export function isQuestion(text: string): boolean {
+  return /\?["'”’»)\s]*$/u.test(text);
 }
 
 /** A colon stands before this token. */

@@ -186,6 +186,7 @@ export const meanings = {
   louder: volumeBy("system", 1),
   quieter: volumeBy("system", -1),
   loudest: fixed("volume", { of: "system", to: 100 }),
+  softest: fixed("volume", { of: "system", to: 0 }),
   half: fixed("volume", { of: "system", to: 50 }),
   muteSound: fixed("volume", { of: "system", mute: true }),
   unmuteSound: fixed("volume", { of: "system", mute: false }),

@@ -102,6 +102,7 @@ export const portugueseConcepts: Lexicon = {
   most: "no maximo|ao maximo|o maximo|maximo|no talo|no ultimo|ate o maximo|para o maximo|ate o talo|no ultimo volume|todo|tudo|o mais " +
     "alto possivel|mais alto possivel|ate o fim|ate o topo|com tudo|no cem|total|o mais alto que der|ao talo|" +
     "volume maximo|no topo|o quanto der|ate o limite|no limite|na maxima",
+  least: "no minimo|ao minimo|o minimo|minimo|para o minimo|ate o minimo|no zero|a zero|para zero|ate zero|o mais baixo possivel|mais baixo possivel",
   half: "metade|pela metade|na metade|meio|no meio|medio|a metade|para a metade|ate a metade|em metade",
   loud: "alto|nivel|altura|quao alto|a quanto|em quanto|em que nivel|em que|quantos por cento|por cento|ajustado",
   next: "proxima|proximo|seguinte|outra|outro|diferente|da frente|adiante|que vem",

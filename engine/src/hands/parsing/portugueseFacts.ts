@@ -30,7 +30,8 @@ export const portugueseFacts: readonly Request[] = [
       "[<the>] bateria (esta|ta) (em quanto|com quanto|como|acabando|no fim|boa|ok|baixa|cheia)",
       "(preciso|tenho que|precisa) [de] (carregar|por para carregar|botar para carregar|colocar na tomada) [<the>] " +
         "(notebook|computador|laptop|bateria)",
-      "bateria", "[<the>] bateria [ainda] (dura|aguenta|vai durar|vai aguentar) (quanto tempo|quanto|ate quando|muito)",
+      "[e] [<the>] bateria", "(preciso|precisa|tenho que|devo) [ja] (ligar|por|botar|colocar|plugar) [<the>] [notebook|computador|laptop] na tomada",
+      "[<the>] bateria [ainda] (dura|aguenta|vai durar|vai aguentar) (quanto tempo|quanto|ate quando|muito)",
       "(esta|ta) (carregando|na tomada) [<the>] [notebook|computador]",
     ],
   ],
@@ -196,7 +197,7 @@ export const portugueseFacts: readonly Request[] = [
   [
     "divide",
     [
-      "(divide|divida|dividir) {number:a} (por|em) {number:b}",
+      "(divide|divida|dividir|reparte|racha) {number:a} [reais|dolares|euros] (por|em|entre|para) {number:b} [pessoas|amigos|partes|gente]",
     ],
   ],
   [

@@ -74,7 +74,7 @@ export const portugueseNotes: readonly Request[] = [
       "(como esta|como ficou|qual e|qual) <whose> lista <listname>", "(o|a) {few:text} (esta|ta) <ofwhose> lista <listname>",
       "tem {few:text} <ofwhose> lista <listname>",
       "[minha|nossa|a minha|a nossa] lista (de|da|do|das|dos|para|para o|para a) {word:list}",
-      "o que (falta comprar|tem para comprar|a gente tem que comprar)",
+      "voce (le|mostra|confere|abre) <whose> lista <listname> ?", "o que (falta comprar|tem para comprar|a gente tem que comprar)",
       "(tem|ha|existe|falta) (algo|alguma coisa|mais alguma coisa) <ofwhose> lista <listname>",
       "(quero|queria|gostaria de) (ver|ouvir|ler) <whose> lista <listname>",
       "que (itens|coisas) estao <ofwhose> lista <listname>",

@@ -32,6 +32,7 @@ export const english: Phrasing = {
       "i would like to be reminded|i want reminding|" +
       "i need reminding|give me a nudge|give me a shout|remember to remind me|drop me a reminder|ping me|prompt me|do not allow me to " +
       "forget|let me not forget|reminder for me|reminding me|reminding us)",
+    alertme: "(ping|nudge|alert|notify|tell|warn|prompt|poke|call|text|message|bug) (me|us)",
     about:
       "(to|about|that|of|for|that i need to|that i have to|i need to|i have to|that i should|saying|it is time to|it is " +
       "time for|to remember to)",
@@ -61,7 +62,8 @@ export const english: Phrasing = {
     measure: "(convert|change|turn|transform|translate)",
   },
   before: [
-    "please", "kindly", "(like|you know|basically)", "(can|could|would|will) you [please|kindly|just|quickly]", "can i (get|have) you to",
+    "please", "kindly", "(like|you know|basically|anyway|anyways|wow|oops|whoa|gosh|man|guess what|look|nice|perfect|cool|sure|fine|one sec|" +
+      "one second)", "(can|could|would|will) you [please|kindly|just|quickly]", "can i (get|have) you to",
     "(hey|hi|hello|ok|okay|so|well|alright|all right|right|now|um|uh|oh|yo|then|and|also|great|thanks|yes|yeah|listen|" +
       "excuse me|go ahead and|just|quickly|quick|actually|sorry|good morning|good evening)",
     "(i would like|i want|i need) you to", "would you mind", "do me a favor and", "do me a favour and", "be so kind as to",

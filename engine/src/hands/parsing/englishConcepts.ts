@@ -14,8 +14,11 @@ export const englishConcepts: Lexicon = {
     "am|been|like|look|looking|doing|my|see|hear|let|check|find out|got to|until|till|before|can i see|that|currently",
   ask: "what|which|how is|how are|am i|are we|do i have|do we have|have i got|have we got|have you got|do you have|is there|are there|" +
     "any|when|tell me|let me know|give me|how long|" +
-    "how much time|how many|what time|what have i got|got any|do i still have",
-  list: "list|show|read|check|tell me|let me hear|let me see|show me|read out|go over|go through|run through|give me|run me through|" +
+    "how much time|how many|what have i got|got any|do i still have",
+  /** It asks for a time. */
+  clock: "what time|at what time|which time",
+  must: "i have to|i have got to|i need to|i must|i want to|i should|i am supposed to|i got to|i had better|we have to|we need to|i will have to",
+  list: "have a look at|take a look at|list|show|read|check|tell me|let me hear|let me see|show me|read out|go over|go through|run through|give me|run me through|" +
     "talk me through",
   /** It asks what something is, not which one there is. */
   definition: "what is a|what is an|what does|how to|how do i|how do you|how can i",

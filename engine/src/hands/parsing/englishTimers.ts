@@ -83,9 +83,8 @@ export const englishTimers: readonly Request[] = [
       "(reminder|new reminder|set a reminder|create a reminder|add a reminder|i need a reminder) [for] {moment} [<about>] " +
         "{text}",
       "<remind> : [<about>] {text} {moment}", "<remind> : [<about>] {text} in {duration}",
-      "(reminder|new reminder) in {duration} [<about>] {text}", "(ping|nudge|alert|notify) me {moment} (to|that) {text}",
-      "(ping|nudge|alert|notify) me in {duration} (to|that) {text}", "(ping|nudge|alert|notify) me to {text} {moment}",
-      "(ping|nudge|alert|notify) me to {text} in {duration}", "{moment} (ping|nudge|alert|notify) me (to|that) {text}",
+      "(reminder|new reminder) in {duration} [<about>] {text}", "<alertme> {moment} (to|that) {text}", "<alertme> in {duration} (to|that) {text}", "<alertme> to {text} {moment}",
+      "<alertme> to {text} in {duration}", "{moment} <alertme> (to|that) {text}", "in {duration} <alertme> (to|that) {text}",
     ],
   ],
   [

@@ -2,7 +2,7 @@
 // the request is about, or be one that changes nothing: of a sentence with a word that is neither nothing is understood.
 
 import type { Language } from "../../base/language.ts";
-import { conceptsOf, expressionAt, type Concepts } from "./concepts.ts";
+import { conceptsOf, expressionAt, type Concepts, type Expression } from "./concepts.ts";
 import { day, type Day } from "./days.ts";
 import { duration } from "./durations.ts";
 import { englishConcepts } from "./englishConcepts.ts";
@@ -20,6 +20,8 @@ interface Piece {
   from: number;
   to: number;
   concepts: ReadonlySet<string>;
+  /** What its words stand for one by one, where they are several. */
+  words?: readonly ReadonlySet<string>[] | undefined;
   value?: number | Moment | Day | string;
 }
 
@@ -59,12 +61,15 @@ function gistOfPart(sentence: Sentence, readings: readonly Piece[][], start: num
     const within = reading.filter(({ from, to }) => from >= start && to <= stop);
     // What stands around it has taken a word of it.
     if (within[0]?.from !== start || within.at(-1)?.to !== stop) continue;
-    const pieces = asked(within, asks);
+    // "Marca esse tempo?" asks for it to be done.
+    const first = sentence.tokens[start]!;
+    const isOrder = sentence.language === "pt" && first.lemma !== first.plain;
+    const pieces = asked(within);
     const isTold = !asks && isToldOf(pieces, sentence);
     for (const rule of rules) {
       if ((rule.needs.includes("measure")) !== isMeasure) continue;
       if (!rule.isAsked && isTold) continue;
-      const slots = slotsFor(rule, pieces, sentence);
+      const slots = slotsFor(rule, pieces, sentence, asks && !isOrder);
       const meant = slots && meanings[rule.meaning](slots, sentence.now);
       if (meant) return meant;
     }
@@ -76,8 +81,8 @@ function gistOfPart(sentence: Sentence, readings: readonly Piece[][], start: num
 const forAdvice = /^(should|shall|must|may|devo|deveria|posso|convem)$/;
 
 /** "Is my alarm set?" asks, and "my alarm is set" tells. */
-function asked([first, ...others]: readonly Piece[], asks: boolean): Piece[] {
-  if (!first || !(asks || first.concepts.has("inverted"))) return first ? [first, ...others] : [];
+function asked([first, ...others]: readonly Piece[]): Piece[] {
+  if (!first?.concepts.has("inverted")) return first ? [first, ...others] : [];
   return [{ ...first, concepts: new Set([...first.concepts, "ask", "yesno"]) }, ...others];
 }
 
@@ -97,11 +102,18 @@ function piecesOf(sentence: Sentence, isMeasure: boolean): Piece[] {
     const piece = value && (!word || value.to - at >= word.words.length) ? value : undefined;
     if (piece && word && value!.to - at === word.words.length) pieces.push({ ...piece, concepts: new Set([...piece.concepts, ...word.concepts]) });
     else if (piece) pieces.push(piece);
-    else if (word) pieces.push({ from: at, to: at + word.words.length, concepts: word.concepts });
+    else if (word) pieces.push({ from: at, to: at + word.words.length, concepts: word.concepts, words: apart(sentence, at, word) });
     else pieces.push({ from: at, to: at + 1, concepts: new Set(["unknown"]) });
     at = pieces.at(-1)!.to;
   }
   return pieces;
+}
+
+/** "Is this" is one expression in "who is this", and two words in "is this laptop online". */
+function apart({ tokens, language }: Sentence, at: number, { words, concepts }: Expression): Piece["words"] {
+  if (words.length === 1 || concepts.has("definition")) return undefined;
+  const none = new Set<string>();
+  return words.map((_, offset) => expressionAt(conceptsFor(language), tokens.slice(at + offset, at + offset + 1), 0)?.concepts ?? none);
 }
 
 function measured({ tokens, language }: Sentence, at: number): Piece | undefined {
@@ -131,13 +143,17 @@ function timed({ tokens, language }: Sentence, at: number, now: Date): Piece | u
 }
 
 /** What the rule's meaning is given, when the sentence is all of what the rule speaks of. */
-function slotsFor(rule: Rule, pieces: readonly Piece[], sentence: Sentence): Slots | undefined {
+function slotsFor(rule: Rule, pieces: readonly Piece[], sentence: Sentence, asks: boolean): Slots | undefined {
   const has = (piece: Piece, concepts: readonly string[]): boolean => concepts.some((concept) => piece.concepts.has(concept));
   const needs = rule.needs.map((need) => need.split("|"));
-  if (!needs.every((need) => pieces.some((piece) => has(piece, need)))) return undefined;
+  // What is written as a question needs no word that asks.
+  const isThere = (need: readonly string[]): boolean => (asks && /\b(ask|yesno)\b/.test(need.join(" "))) || pieces.some((piece) => has(piece, need));
+  if (!needs.every(isThere)) return undefined;
   const taken = [...needs.flat(), ...rule.may, rule.isAsked ? "asking" : "", "light"];
-  const unknown = pieces.filter((piece) => !has(piece, taken));
-  const slots = valuesOf(pieces.filter((piece) => has(piece, taken)), taken);
+  const isTaken = (piece: Piece): boolean =>
+    has(piece, taken) || (piece.words?.every((concepts) => taken.some((each) => concepts.has(each))) ?? false);
+  const unknown = pieces.filter((piece) => !isTaken(piece));
+  const slots = valuesOf(pieces.filter(isTaken), taken);
   if (slots === undefined || unknown.length === 0) return slots;
   if (rule.name === undefined) return undefined;
   const called = nameIn(rule, unknown, pieces, sentence);

@@ -66,7 +66,12 @@ function joinedIn(sentence: string, start: number, around: Around, isRest = fals
     const words = text.split(/\s+/).slice(0, longestVerb);
     const rest = joinedIn(sentence.slice(next), start + next, around, true, meant ? { ...meant, words, text } : before);
     // "You are too loud, speak softly" asks for one thing.
-    if (rest) return meant && rest[0]!.meant && repeats(meant, rest[0]!.meant) ? rest : [part, ...rest];
+    const [following, ...others] = rest ?? [];
+    if (!following) continue;
+    if (!meant || !following.meant) return [part, following, ...others];
+    if (repeats(meant, following.meant)) return [following, ...others];
+    const both = isAlso(following.text, language) ? listedTogether(meant, following.meant) : undefined;
+    return both ? [{ text: `${text}, ${following.text}`, start, meant: both }, ...others] : [part, following, ...others];
   }
   return undefined;
 }
@@ -146,26 +151,75 @@ function withObject(text: string, before: Before, language: Language, now: Date)
   return understood(isSaid ? text.replace(standIns[language], object) : `${verb} ${object}${rest}`, language, now);
 }
 
+/** "Add apples to the shopping list and take off the pears": off the same list. */
+function ofSameList(text: string, before: Before, language: Language, now: Date): Meant | undefined {
+  const { hand, given } = before;
+  const object = hand === "note" && given.do !== "note" ? objectOf(before, language) : undefined;
+  if (object === undefined) return undefined;
+  const bare = text.replace(/[\s.!?]+$/u, "");
+  for (const list of language === "pt" ? [`d${object}`, `n${object}`] : [`from ${object}`, `to ${object}`]) {
+    const meant = understood(`${bare} ${list}`, language, now);
+    if (meant?.hand === "note" && meant.given.list === given.list) return meant;
+  }
+  return undefined;
+}
+
 const alsoBefore: Record<Language, RegExp> = { en: /^(?:also|maybe|perhaps|some|oh|oh and)\s+(?=\S)/iu, pt: /^(?:também|tambem|mais|talvez)\s+(?=\S)/iu };
 const alsoAfter: Record<Language, RegExp> = { en: /,?\s+(?:too|as well|also)(?:,? please)?[.!?]*$/iu, pt: /,?\s+(?:também|tambem)(?:,? por favor)?[.!?]*$/iu };
 const mostItemWords = 4;
+
+function isAlso(text: string, language: Language): boolean {
+  return alsoBefore[language].test(text) || alsoAfter[language].test(text);
+}
+
+/** Things of one list that are added together, or removed. */
+function listedTogether(one: Meant, other: Meant): Meant | undefined {
+  const key = one.given.do === "add" ? "items" : "item";
+  const isSame = one.hand === "note" && other.hand === "note" && one.given.do === other.given.do && one.given.list === other.given.list;
+  return isSame && one.given.do !== "note" ? { ...other, given: { ...other.given, [key]: `${one.given[key]}, ${other.given[key]}` } } : undefined;
+}
 
 /** "Put pegs on the camping list and also matches": another thing of the same list. */
 function alsoOf(text: string, { hand, given }: Before, language: Language): Meant | undefined {
   if (hand !== "note" || (given.do !== "add" && given.do !== "remove")) return undefined;
   const item = text.replace(alsoBefore[language], "").replace(alsoAfter[language], "").replace(/[.!?]+$/, "");
-  if (item === text.replace(/[.!?]+$/, "") || item.split(/\s+/).length > mostItemWords || !isItem(item)) return undefined;
+  if (!isAlso(text, language) || item.split(/\s+/).length > mostItemWords || !isItem(item)) return undefined;
   return { hand, given: { ...given, [given.do === "add" ? "items" : "item"]: item } };
 }
 
 function afterOther(text: string, before: Before, language: Language, now: Date): Meant | undefined {
   return elided(text, before, language, now) ?? anotherOf(text, before, language, now) ?? withObject(text, before, language, now) ??
-    alsoOf(text, before, language);
+    alsoOf(text, before, language) ?? ofSameList(text, before, language, now);
 }
+
+/** "Remind me at two to call Ana and at four to call Bob": where a time stands again another reminder begins. */
+export function remindersIn({ text, start, meant }: JoinedPart, language: Language, now: Date): JoinedPart[] | undefined {
+  if (!meant || keptIn(meant) !== "about") return undefined;
+  const verb = text.split(/\s+/).slice(0, 2).join(" ");
+  for (const { index, 0: joint } of [...text.matchAll(joints[language])].slice(0, mostJoints)) {
+    const next = index + joint.length;
+    const rest = text.slice(next);
+    const [first, second] = [understood(text.slice(0, index), language, now), timeFirst[language].test(rest) ? understood(`${verb} ${rest}`, language, now) : undefined];
+    if (first && keptIn(first) === "about" && second && keptIn(second) === "about") {
+      const others = remindersIn({ text: `${verb} ${rest}`, start: start + next, meant: second }, language, now);
+      return [{ text: text.slice(0, index), start, meant: first }, ...(others ?? [{ text: rest, start: start + next, meant: second }])];
+    }
+  }
+  return undefined;
+}
+
+const timeFirst: Record<Language, RegExp> = {
+  en: /^(?:then )?(?:at|in|on|tomorrow|tonight|next|this|the day after)\s/iu,
+  pt: /^(?:depois )?(?:às|as|à|ao|em|daqui|amanhã|amanha|hoje|na|no|depois de)\s/iu,
+};
 
 const several: Record<Language, RegExp> = {
   en: /^(.*\b)(two|three|four|five|[2-5])\s+(?:(?:new|more|different)\s+)?(timers|alarms)((?:\s+(?:for |on )?(?:today|tonight|tomorrow|\p{L}+day))?)(?:,?\s+please)?[\s,:]+(.+)$/iu,
   pt: /^(.*\b)(dois|duas|três|tres|quatro|cinco|[2-5])\s+(?:novos\s+)?(timers|temporizadores|alarmes|despertadores)((?:\s+(?:para |pra |na |no )?(?:hoje|amanhã|amanha|segunda|terça|quarta|quinta|sexta|sábado|domingo))?)[\s,:]+(.+)$/iu,
+};
+/** "Um às 6 e outro às 6 e 15": what joins an hour to its minutes parts nothing. */
+const eachOther: Record<Language, RegExp> = {
+  en: /,?\s+(?:and\s+)?(?=(?:one|another|the (?:other|second|third))\s)/iu, pt: /,?\s+(?:e\s+)?(?=(?:uma?|(?:[oa] )?(?:outr[oa]|segund[oa]))\s)/iu,
 };
 const counts = ["two dois duas 2", "three três tres 3", "four quatro 4", "five cinco 5"];
 /** What stands before each length or time, and is said for the timer itself. */
@@ -175,7 +229,8 @@ const each = /^(?:(?:one|another|the other|the first|the second|um|outro|o outro
 function timersIn(sentence: string, start: number, language: Language, now: Date): JoinedPart[] | undefined {
   const [, verb = "", count = "", noun = "", shared = "", rest = ""] = several[language].exec(sentence) ?? [];
   const wanted = counts.findIndex((words) => words.split(" ").includes(count.toLowerCase())) + 2;
-  const items = rest.split(joints[language]).map((item) => item.replace(each, "").replace(/[.!?]+$/, "").trim());
+  const parted = rest.split(joints[language]);
+  const items = (parted.length === wanted ? parted : rest.split(eachOther[language])).map((item) => item.replace(each, "").replace(/[.!?]+$/, "").trim());
   if (count === "" || items.length !== wanted) return undefined;
   // "Ten minutes and fifteen", "5, 10 and 15 minutes": the unit is said once.
   const unit = items.map((item) => /\s(\p{L}+)$/u.exec(item)?.[1]).findLast((word) => word !== undefined) ?? "";

@@ -1,5 +1,6 @@
 // What requests mean: the hand that a sentence asks for, and what the hand is given. Both languages have phrases for each.
 
+import { correctedItems } from "./corrections.ts";
 import type { Day } from "./days.ts";
 import type { Slots } from "./grammar.ts";
 import { localText, timeOf, timesOf, type Moment, type Purpose } from "./moments.ts";
@@ -170,13 +171,15 @@ export const meanings = {
     return said === undefined || /^(of|from|off)\b/i.test(said) ? undefined : { hand: "note", given: { do: "note", text: said } };
   },
   addToList: (slots) => {
-    const items = text(slots, "text");
+    const said = text(slots, "text");
+    const items = said === undefined ? undefined : correctedItems(said);
     // "Write a poem about the shopping list" adds nothing to it.
     const isWhole = items !== undefined && isItem(items) && !/\s(about|of|for|with|from|sobre|de|para|com|do|da)$/i.test(` ${items}`);
     return isWhole ? withList(slots, "note", { do: "add", items }) : undefined;
   },
   removeFromList: (slots) => {
-    const item = text(slots, "text");
+    const said = text(slots, "text");
+    const item = said === undefined ? undefined : correctedItems(said);
     return item === undefined || !isItem(item) ? undefined : withList(slots, "note", { do: "remove", item });
   },
   readNotes: fixed("notes"),

@@ -41,7 +41,7 @@ export const portuguese: Phrasing = {
       "lembre|preciso que me lembre|quero que me lembre|me faz lembrar|me faca lembrar|me lembra ai|me relembra|me " +
       "relembre|me alerta|me alerte|me recordar|lembra eu|lembra a gente|nao me deixa perder|avisa eu|voce me lembra|voce me lembre|" +
       "voce me avisa|que voce me lembre|que voce me avise|que me lembre|que me avise|" +
-      "me lembrar ai|me ajuda a lembrar|me ajude a lembrar|me cutuca|me da um toque|me cobra|me cobre|me lembrasse|me avisasse|faz um " +
+      "me lembrar ai|ser lembrado|ser lembrada|me ajuda a lembrar|me ajude a lembrar|me cutuca|me da um toque|me cobra|me cobre|me lembrasse|me avisasse|faz um " +
       "lembrete|lembra me ai|me manda um lembrete|" +
       "quero lembrar|preciso lembrar|nao posso esquecer|me notifica|me notifique)",
     about:
@@ -97,7 +97,8 @@ export const portuguese: Phrasing = {
       "rede)",
   },
   before: [
-    "por favor", "por gentileza", "por obsequio",
+    "por favor", "por gentileza", "por obsequio", "(voce|ce) ?",
+    "(nossa|caramba|puxa|eita|poxa|ih|vixe|desculpa|desculpe|espera|espera ai|perai|pera|um momento|so um momento|enfim|pois e)",
     "(voce|tu) (pode|poderia|consegue|podia|pode por favor|poderia por favor|conseguiria)",
     "(pode|poderia|consegue|podia|podes|da para|daria para|sera que voce pode|sera que voce poderia|sera que pode|sera que " +
       "da para) [voce] [por favor|por gentileza|me fazer o favor de]",

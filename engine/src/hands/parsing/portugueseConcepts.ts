@@ -14,9 +14,12 @@ export const portugueseConcepts: Lexicon = {
     "ver|ouvir|saber|diz|fala|conta|mostra|sao|fica|ficou|vai|vou|estou|estamos|anda|e que|sera que|sabe|quero saber|ter|sera|ser|deixa " +
     "eu ver|marcado|ate|para|ao todo|mais|alguma coisa",
   definition: "o que e um|o que e uma|para que serve|como faco|como eu faco|como se|como que eu",
-  ask: "o que|que|qual|quais|quantos|quantas|quanto|quando|como esta|como anda|como vai|a que horas|que horas|para que horas|cade",
+  ask: "o que|que|qual|quais|quantos|quantas|quanto|quando|como esta|como anda|como vai|cade",
+  /** It asks for a time. */
+  clock: "a que horas|que horas|para que horas|em que hora",
+  must: "preciso|eu preciso|tenho que|eu tenho que|quero|eu quero|vou ter que|preciso estar|tenho de",
   inverted: "tem|tenho|temos|ha|esta|estao|estou|estamos|existe|existem|eu tenho|ainda tem|ainda tenho|sera que tem|eu estou|a gente tem",
-  list: "listar|lista|mostra|me mostra|le|diz|fala|me fala|me diz|conta|me conta|confere|verifica|checa|exibe|ve|deixa eu ver|deixa eu " +
+  list: "da uma lida|dar uma lida|da uma olhada|da uma passada|listar|lista|mostra|me mostra|le|diz|fala|me fala|me diz|conta|me conta|confere|verifica|checa|exibe|ve|deixa eu ver|deixa eu " +
     "ouvir|quero ver|quero ouvir|repassa|quero saber|passa|me passa|me da|abre",
   article: "o|a|os|as|meu|minha|um|uma",
   names: "do|da|de|dos|das|para|para o|para a|no|na|chamado|chamada|com nome de|para os|para as",

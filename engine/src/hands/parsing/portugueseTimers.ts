@@ -14,7 +14,7 @@ export const portugueseTimers: readonly Request[] = [
       "<timer> <called> {few:name} {duration}", "<timer> {word:name} [de|por|com] {duration}",
       "<timer> (do|da|de|dos|das|para|para o|para a) {few:name} [de|por|com|sao|e|uns|de uns] {duration}",
       "(o|a|os|as) {few:name} (leva|levam|precisa de|precisam de|demora|demoram) {duration} (<set> [<a>] <timer>|marca|cronometra|conta) " +
-        "[para mim|ai|o tempo|isso]", "{duration} (para|para o|para a|no|na) {few:name} (vai|ja|valendo|a partir de agora|contando)",
+        "[para mim|ai|o tempo|isso|esse tempo] [para mim]", "{duration} (para|para o|para a|no|na) {few:name} (vai|ja|valendo|a partir de agora|contando)",
       "[<set>] {duration} [de|no|em um|como] <timer> [<called> {few:name}]",
       "<set> [<a>] (tempo|tempinho|contagem) de {duration} [<called> {few:name}]",
       "<set> {duration} (no relogio|no cronometro|de contagem|de tempo) [<called> {few:name}]",

@@ -22,11 +22,12 @@ const begins: Record<Language, RegExp> = {
     "^((e|mas|entao) )?((eu |nos |a gente |ja )?(estou|estamos|esta|vou|vamos|vai|tenho|temos|tem|preciso|precisamos|quero|queremos|nao|" +
       "ja|acabei|acabamos|so|comprei|compramos|mal|acho|sou|fiquei|cheguei|perdi|mudei|esqueci|fico|detesto|odeio|gosto|desisti|" +
       "terminei|costumo)|" +
-      "(isso|isto|ela|ele|voce|eles|elas|todo mundo|alguem|ninguem|aqui) (ja |nao |so |mal )?(esta|estao|e|sao|tem|vai|vao|fica|ficou|" +
+      "(isso|isto|ela|ele|voce|eles|elas|todo mundo|alguem|ninguem|aqui) (ja |nao |so |mal )?(esta|estao|tao|é|sao|tem|vai|vao|fica|ficou|" +
       "ficaram|precisa|incomoda|quer|comeca|comecou|acabou|chegou)|" +
-      "(o|a|os|as|meu|minha|meus|minhas|nosso|nossa|esse|essa|este|esta|tudo) (\\S+ ){1,3}?(ja |nao |so |mal )?(esta|estao|e|sao|tem|" +
+      "(o|a|os|as|meu|minha|meus|minhas|nosso|nossa|esse|essa|este|esta|tudo) (\\S+ ){1,3}?(ja |nao |so |mal )?(esta|estao|tao|é|sao|tem|" +
       "vai|vao|fica|ficou|ficaram|precisa|precisam|comeca|comecou|chegou|acabou|quer|querem|demora|leva|doi)|" +
-      "(ja )?(e|esta|ficou|acabou|tem|ha|muito|alto|baixo|barulho|gente) |nao (precisa|preciso|quero|consigo|estou|da|e|te|aguento|ouco|" +
+      "(ja )?(é|esta|estao|ficou|acabou|tem|ha|muito|alto|baixo|barulho|gente) |tao (me|te|no|na|em|la|aqui|ai|\\S+ndo) |" +
+      "nao (precisa|preciso|quero|consigo|estou|da|é|te|aguento|ouco|" +
       "escuto)|ninguem |(muito|tao) (alto|baixo))",
   ),
 };
@@ -53,13 +54,13 @@ export function withoutRemarks(text: string, tokens: readonly Token[], language:
   const ways: (readonly Token[])[] = [];
   for (let at = 1; at < tokens.length; at++) {
     const isMarked = between.test(text.slice(tokens[at - 1]!.end, tokens[at]!.start));
-    if (isMarked && isRemark(tokens.slice(0, at), language)) ways.push(tokens.slice(isSo(tokens[at]!) ? at + 1 : at));
+    if (isMarked && isRemark(text, tokens.slice(0, at), language)) ways.push(tokens.slice(isSo(tokens[at]!) ? at + 1 : at));
     const isReason = because[language].test(tokens[at]!.plain);
     if (!isMarked && !isReason) continue;
     const rest = tokens.slice(at);
     const said = isReason ? [rest, rest.slice(1), rest[1]?.plain === "que" ? rest.slice(2) : rest] : [rest];
     const isTold = language === "pt" && tokens[at]!.plain === "que" && isReasonOf(rest.slice(1));
-    if (isTold || said.some((each) => isRemark(each, language))) ways.push(tokens.slice(0, at));
+    if (isTold || said.some((each) => isRemark(text, each, language))) ways.push(tokens.slice(0, at));
   }
   return ways;
 }
@@ -79,9 +80,10 @@ const chose = wordsOf(
     "anotei|acabei|fizemos|marcamos",
 );
 
-function isRemark(tokens: readonly Token[], language: Language): boolean {
+function isRemark(text: string, tokens: readonly Token[], language: Language): boolean {
   if (tokens.length < 2 || tokens.length > longest) return false;
-  const said = `${tokens.map(({ plain }) => plain).join(" ")} `;
+  // "É", which says what is, and "e", which goes on.
+  const said = `${tokens.map(({ plain, start, end }) => (text.slice(start, end).toLowerCase() === "é" ? "é" : plain)).join(" ")} `;
   return begins[language].test(said) && !tells[language].test(said);
 }
 

@@ -4,7 +4,7 @@
 import type { Language } from "../../base/language.ts";
 import { cut } from "../../base/text.ts";
 import { plainWords } from "../../base/words.ts";
-import { severalIn, type IsAnswered } from "./joined.ts";
+import { remindersIn, severalIn, type IsAnswered } from "./joined.ts";
 import { changes, keptIn, type Meant } from "./meanings.ts";
 import { corrected, takesBack } from "./revisions.ts";
 import { isThanks, understood, understoodTogether, wordsOf } from "./sentence.ts";
@@ -32,7 +32,9 @@ export function partsOf(request: string, language: Language, now: Date, isAnswer
   const isShort = request.length <= longestJoined;
   const read = sentencesOf(cut(request, longestRequest)).flatMap(({ text, start }, at): RequestPart[] => {
     const meant = at < mostSentences && !isTakenBack(text, language, now) ? understood(text, language, now) : undefined;
-    return (!meant && isShort && severalIn(text, start, language, now, isAnswered)) || [{ text, start, meant }];
+    if (!isShort) return [{ text, start, meant }];
+    const several = meant ? remindersIn({ text, start, meant }, language, now) : severalIn(text, start, language, now, isAnswered);
+    return several ?? [{ text, start, meant }];
   });
   const sentences = revised(read, language, now);
   const reading = sentences.map(({ meant }) => meant);

@@ -55,7 +55,8 @@ export function understood(text: string, language: Language, now: Date): Meant |
   if (meant) return meant;
   const referred = understoodOf(text, tokens, language, now);
   if (referred) return referred;
-  for (const rest of withoutRemarks(text, tokens, language)) {
+  const starts = ends(tokens.toReversed(), compiledFor(language).before, { text, language, now }, true).map((length) => tokens.length - length);
+  for (const rest of [...new Set([0, ...starts])].flatMap((start) => withoutRemarks(text, tokens.slice(start), language))) {
     const isBefore = rest.at(-1) === tokens.at(-1);
     const bare = withoutAsides(rest, language);
     const request = asked(text, bare, language, now) ?? gist(text, bare, language, now);

@@ -64,6 +64,9 @@ const saysIs = /^\s+(too|so|very|really|way|not|still|getting|asleep|sleeping|aw
 function plainOf(word: string, rest: string, language: Language): string[] {
   if (/^[ap]\.\s?m\.?$/i.test(word)) return [word.replace(/[^a-z]/gi, "").toLowerCase()];
   if (!/^\p{L}/u.test(word)) return [word];
+  // Without their marks these are other words.
+  if (language === "pt" && /^hã+$/i.test(word)) return ["ahn"];
+  if (language === "pt" && /^[óô]$/i.test(word)) return ["olha"];
   const whose = /^(.+)['’]s$/u.exec(word);
   if (language === "en") {
     if (whose?.[1] !== undefined && saysIs.test(rest)) return [plainWords(whose[1]).join(""), "is"];
@@ -116,9 +119,10 @@ export function withoutAsides(tokens: readonly Token[], language: Language): rea
   const isQuestion = isLed || questionWords[language].test(plain(0));
   const isCleft = (at: number): boolean =>
     language === "pt" && isQuestion && at > 0 && at < 3 && (isPair(at, ["e", "que"]) || isPair(at, ["foi", "que"]));
+  const isTwice = (at: number): boolean => language === "pt" && isQuestion && at > 0 && isPair(at - 1, ["que", "que"]);
   return tokens.filter((_, at) => {
     if (isLed && at === 0) return false;
-    if (isForMe(at) || isForMe(at - 1) || isCleft(at) || isCleft(at - 1)) return false;
+    if (isForMe(at) || isForMe(at - 1) || isCleft(at) || isCleft(at - 1) || isTwice(at)) return false;
     return !(isQuestion && adverbs[language].test(plain(at)));
   });
 }

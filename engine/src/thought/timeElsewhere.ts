@@ -14,6 +14,7 @@ const questions: Record<Language, RegExp[]> = {
     /^(?:and )?(in\s[^,]+?),?\s+what(?:'s| is)?(?: the)? time(?: is it| it is)?(?: (?:right )?now)?$/iu,
   ],
   pt: [
+    /^(?:e )?(?:a )?hora(?: certa| atual| local)?\s((?:em|no|na|nos|nas)\s.+)$/iu,
     /\b(?:que|quantas|as|a|o|sao|são) (?:horas?|hor[áa]rio)(?: (?:s[ãa]o|é|tem|atual|local|certa|(?:est[áa] |t[áa] )?marcando|est[áa]|ser[áa]|ser[ãa]o))?(?: (?:agora|neste momento|nesse momento|l[áa]))?(?: (?:pra|para) (?:quem (?:est[áa]|mora|vive)|o pessoal))?,?\s((?:em|no|na|nos|nas|de|do|da)\s.+)$/iu,
     /^(?:e )?((?:em|no|na|nos|nas)\s[^,]+?),?\s+(?:agora )?(?:s[ãa]o )?que horas?(?: s[ãa]o)?(?: agora)?$/iu,
   ],

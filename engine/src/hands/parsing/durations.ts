@@ -19,7 +19,7 @@ const half: Record<Language, RegExp> = { en: /^half$/, pt: /^mei[ao]$/ };
 
 /** What is said before a length that need not be exact. */
 const about: Record<Language, string[][]> = {
-  en: [["about"], ["around"], ["roughly"], ["approximately"], ["like"], ["say"], ["some"], ["exactly"], ["just"], ["only"], ["maybe"], ["a", "good"], ["just", "about"], ["something", "like"]],
+  en: [["about"], ["around"], ["roughly"], ["approximately"], ["like"], ["say"], ["some"], ["exactly"], ["just"], ["only"], ["maybe"], ["a", "good"], ["just", "about"], ["something", "like"], ["the", "next"]],
   pt: [["uns"], ["umas"], ["cerca", "de"], ["mais", "ou", "menos"], ["aproximadamente"], ["tipo"], ["exatamente"], ["exatos"], ["por", "volta", "de"], ["quase"]],
 };
 

@@ -9,7 +9,7 @@ export const englishConcepts: Lexicon = {
     "kindly|quickly|maybe|perhaps|also|currently|at the moment|at present|for me|for us|go ahead and|today|exactly|actually|from|which|" +
     "be|go|going|get",
   /** Nor do these in a question. */
-  asking: "nearly|almost|soon|already|yet|they|nice|great|good|lovely|beautiful|is|are|do|does|i|we|have|got|has|it|there|any|some|what|which|how|much|many|when|tell|" +
+  asking: "holding up|hold up|holding|anything|something|nearly|almost|soon|already|yet|they|nice|great|good|lovely|beautiful|is|are|do|does|i|we|have|got|has|it|there|any|some|what|which|how|much|many|when|tell|" +
     "show|give|know|still|me|if|whether|will|" +
     "am|been|like|look|looking|doing|my|see|hear|let|check|find out|got to|until|till|before|can i see|that|currently",
   ask: "what|which|how is|how are|am i|are we|do i have|do we have|have i got|have we got|have you got|do you have|is there|are there|" +
@@ -21,12 +21,12 @@ export const englishConcepts: Lexicon = {
   list: "have a look at|take a look at|list|show|read|check|tell me|let me hear|let me see|show me|read out|go over|go through|run through|give me|run me through|" +
     "talk me through",
   /** It asks what something is, not which one there is. */
-  definition: "what is a|what is an|what does|how to|how do i|how do you|how can i",
+  definition: "what time is it|what is a|what is an|what does|how to|how do i|how do you|how can i",
   inverted: "is|are",
   yesno: "am i|are we|do i have|do we have|have i got|have we got|is there|have i|have we",
   article: "the|my|our|a|an|some|that|this",
   names: "for|called|named|labelled|labeled|on|of|has|does|with",
-  timer: "timer|countdown|count down|egg timer|kitchen timer|timers|countdowns",
+  timer: "timer|countdown|count down|kitchen timer|timers|countdowns",
   timers: "timers|timer|countdowns",
   alarm: "alarm|alarms|alarm clock|wake up call|alarm call|buzzer",
   alarms: "alarms|alarm",
@@ -77,7 +77,7 @@ export const englishConcepts: Lexicon = {
   change: "i would like|i want|i need|i could use|we need|i would love|put|set|make|bring|adjust|change|move|push|get|have|take|go|" +
     "switch|want|need|could use|give|would like|let us have|play|use|run|a setting of|sit|sits",
   turn: "turn|crank|pump|bump|jack|whack|nudge|dial|knock|notch|ramp|tone",
-  bit: "a bit|a little|a little bit|a tad|a touch|slightly|a notch|some|a lot|a smidge|a fraction|a good bit|quite a bit|a bit more|a " +
+  bit: "bit|little|a bit|a little|a little bit|a tad|a touch|slightly|a notch|some|a lot|a smidge|a fraction|a good bit|quite a bit|a bit more|a " +
     "little more|somewhat|much|way|a hair|a few notches|" +
     "just a bit|just a little|a wee bit|a tiny bit|more|a couple of notches|a step|a good deal|considerably|significantly|one notch|two " +
     "notches|even|a whole lot",

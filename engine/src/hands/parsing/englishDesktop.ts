@@ -37,6 +37,7 @@ export const englishDesktop: readonly Request[] = [
   [
     "openFolder",
     [
+      "(show me|see|let me see|tell me|can i see) what is in [<whose>] {text} (folder|directory)", "(can|could|may) i see [<whose>] {text} (folder|directory)",
       "(open|show|open up|bring up|go to|pull up|launch|view|display|browse|take me to|see) [me] [<whose>] {text} (folder|" +
         "directory)",
       "(open|show|go to) [me] [<whose>] (folder|directory) [called|named] {text}",

@@ -124,7 +124,7 @@ export const englishFacts: readonly Request[] = [
       "how (many days|long|many weeks|many more days|much longer|many days left|many sleeps|many more sleeps|many more " +
         "weeks) [is it|are there|are left|is there|do we have|do i have|have i got|left|remain|remaining|are we] (until|till|" +
         "to|before|from now until|away from) {day}",
-      "how (many days|far|many weeks) (away is|off is|away from) {day}", "(days|weeks) (until|till|to|before) {day}",
+      "how (many days|long) [is it|are there|is there] (between|from) now (and|to|until|till) {day}", "how (many days|far|many weeks) (away is|off is|away from) {day}", "(days|weeks) (until|till|to|before) {day}",
       "how (far|many days) [away] is {day} [away]", "in how many days is {day}",
       "(how long|how many days|how much time|how much longer|how far) [is it|is there|to go|left|do we have|do i have|have " +
         "we got|do i have to wait] [still] (until|till|to|before) {day} [comes|arrives|is here]",
@@ -193,7 +193,7 @@ export const englishFacts: readonly Request[] = [
   [
     "multiply",
     [
-      "multiply {number:a} (by|with|and|times) {number:b}", "[what is] the product of {number:a} and {number:b}",
+      "[what do you get|what do i get|what is it|what happens] (if|when) (you|i|we) multiply {number:a} (by|and|times) {number:b}", "multiply {number:a} (by|with|and|times) {number:b}", "[what is] the product of {number:a} and {number:b}",
     ],
   ],
   [

@@ -22,6 +22,7 @@ export const englishNotes: readonly Request[] = [
       "(add|put|write) {text} <onto> (the|my|our) (groceries|shopping|to do|todo)",
     ],
   ],
+  ["listThese", ["[on|for|to] [<whose>] {few:list} list , {text}"]],
   [
     "removeFromList",
     [
@@ -80,13 +81,14 @@ export const englishNotes: readonly Request[] = [
       "how many (items|things|entries) (are|do i have|are there) on <whose> {few:list} list",
       "what does <whose> {few:list} list (say|contain|have on it|look like)",
       "what (are|are the things|are the items|items are|things are) (on|in) <whose> {few:list} list",
-      "is {text} on <whose> {few:list} list", "what should i (buy|get) [from the store|at the store|at the supermarket]",
+      "is {text} on <whose> {few:list} list", "what (am i|are we) supposed to (buy|get) [from the store|at the store]", "what should i (buy|get) [from the store|at the store|at the supermarket]",
       "<whose> {few:list} list", "what do i need from the (store|shop|supermarket)", "what is <whose> {few:list} list",
     ],
   ],
   [
     "note",
     [
+      "[a|one] (quick|short|new|little) note , {text}",
       "(note|make note|make a note|take note|take a note|write a note|write down|jot down|note down|take down|put down|" +
         "create a note|create a new note|make a new note|add a note|leave a note|leave me a note|save a note|new note|a note|" +
         "save the note|take a quick note|make a quick note|write me a note|make me a note|take a memo|write|write this down|" +

@@ -7,7 +7,7 @@ export const englishTimers: readonly Request[] = [
     "setTimer",
     [
       "[<set>] [<a>] {duration} timer [<called> [<whose>] {few:name}]",
-      "[<set>] [<a>] (timer|countdown|countdown timer|kitchen timer|egg timer|clock timer) [of|for|with|at|to|lasting|that " +
+      "[<set>] [<a>] (timer|countdown|countdown timer|kitchen timer|clock timer) [of|for|with|at|to|lasting|that " +
         "lasts|set for|set to|running for|that goes off in|which ends in|that rings in|to go off in|for about|to ring in|in] " +
         "{duration} [<called> [<whose>] {few:name}]",
       "<set> [<a>] {few:name} timer [for|of|at|to|with|lasting|in] {duration}", "{word:name} timer [for|of|at|to] {duration}",
@@ -18,7 +18,7 @@ export const englishTimers: readonly Request[] = [
       "[<set>] {duration} on the clock", "[<set>] [<a>] {duration} on (a|the) timer [<called> [<whose>] {few:name}]",
       "{few:name} timer [for|of|at|to] {duration}",
       "time [<whose>] {few:name} for {duration}", "<set> [<a>] timer it is {duration}",
-      "[<whose>] {few:name} (need|needs|take|takes) {duration} (<set> [<a>] timer|time (it|them|that|this))",
+      "[<whose>] {few:name} (need|needs|take|takes) {duration} (<set> [<a>] timer [for (it|them|that|this)]|time (it|them|that|this))",
       "{duration} (for|on) [<whose>] {few:name} (go|starting now|start now|starts now|from now)",
       "<set> [<a>] timer [<called> [<whose>] {few:name}] (to go off|to ring|ringing|so it rings) in {duration}",
       "<set> [<a>] {duration} {few:name} timer", "<set> [<a>] {duration} (countdown|count down)",
@@ -153,8 +153,8 @@ export const englishTimers: readonly Request[] = [
       "(let me sleep|let me snooze|let me rest) [a bit|a little] (more|longer)", "snooze [<the>] (alarm|timer|reminder|it)",
       "snooze [it|the alarm|the timer|that|this] for [another|an extra|an additional|about|just] {duration}",
       "(postpone|delay|put off|push back) [it|<the> alarm|<the> timer|this] [for|by] {duration}",
-      "(give me|let me have|i want|i need|just) another {duration}",
-      "(give me|let me have|just|i want|i need) {duration} (more|longer)",
+      "(give me|let me have|i want|i need|just) another {duration} [of sleep]", "(not yet|no not yet|no) [just] {duration} [more]",
+      "(give me|let me have|just|i want|i need) {duration} (more|longer) [sleep|of sleep]",
       "let me sleep [for] [another] {duration} [more|longer]", "another {duration}", "{duration} more",
       "give me {duration} more", "snooze [another] {duration}", "(ring|try|wake me|wake me up) again in [another] {duration}",
       "(ring|remind me|wake me|wake me up) again in {duration}",
@@ -192,7 +192,7 @@ export const englishTimers: readonly Request[] = [
       "when (are|is|will) [<the>] {few:name} (timer up|timer done|timer ready|timer over)",
       "(is|are) [<the>] {few:name} timer (up|nearly up|almost up|nearly done|almost done) [yet]",
       "how many (minutes|seconds) (to go|more)", "how long has [<the>] [{few:name}] timer (got|left|got left)",
-      "(is|are) there (any|much) time <left> [on [<the>] [{few:name}] timer]",
+      "(is|are) there (any|much) time <left> [on [<the>] [{few:name}] timer]", "is there [any|much] time [<left>] on [<the>] [{few:name}] timer",
       "when (does|will|is) [<the>] [{few:name}] timer (go off|end|finish|ring|be done|be over|done|up|over|run out|going " +
         "to ring|going off|due|be up|expire)",
       "(what|which) timers (do i have|do we have|are running|are set|are there|are active|are on|have i set|have i got|i " +
@@ -204,7 +204,7 @@ export const englishTimers: readonly Request[] = [
       "(is|are) [<the>] [{few:name}] (timer|timers) (running|set|on|active|going|still running|still going|still on|done|over)",
       "how many timers (do i have|are running|are set|are there|are active|have i set) [running|set]",
       "check [on] [<the>] [{few:name}] timer", "what about [<the>] [{few:name}] timer", "how (long|much) is <left>",
-      "how (much|long) (do i|have i) [have|got] <left>", "my timers",
+      "how (much|long) (do i|have i) [have|got] <left>", "how long (have i|do i) [still] (got|have)", "my timers",
       "(any|which|what) timers [on|running|going|set|active|left]",
     ],
   ],
@@ -222,7 +222,7 @@ export const englishTimers: readonly Request[] = [
       "(is|are) [<the>] (alarm|alarms) (set|on|active)",
       "how (long|much time|many hours) [is left|is it|do i have|is there] (until|till|before|on|to) [<the>] [next] alarm " +
         "[goes off|rings]",
-      "when (will|are) you (wake|waking|going to wake) me [up]", "(what|which) time (did i|have i) set [<the>] alarm [for|to]",
+      "(what time|when) did i (ask|tell) you to wake me [up]", "when (will|are) you (wake|waking|going to wake) me [up]", "(what|which) time (did i|have i) set [<the>] alarm [for|to]",
       "(did i|have i) (set|got) [an|my|any|the] (alarm|alarms) [for tomorrow|tomorrow|set]",
       "am i (getting up|waking up) tomorrow", "how many alarms (do i have|are set|are there) [set]",
     ],

@@ -47,7 +47,7 @@ export function gistOf(sentence: Sentence, parts: Iterable<readonly [number, num
   const readings = [false, true].map((isMeasure) => piecesOf(sentence, isMeasure));
   for (const [start, stop] of parts) {
     // "I am going to lock the screen" only tells of it.
-    if (start > 0 && tokens[start]!.plain === "to") continue;
+    if (start > 0 && (tokens[start]!.plain === "to" || tokens[start - 1]!.plain === "voce")) continue;
     const meant = gistOfPart(sentence, readings, start, stop);
     if (meant) return meant;
   }
@@ -61,10 +61,9 @@ function gistOfPart(sentence: Sentence, readings: readonly Piece[][], start: num
     const within = reading.filter(({ from, to }) => from >= start && to <= stop);
     // What stands around it has taken a word of it.
     if (within[0]?.from !== start || within.at(-1)?.to !== stop) continue;
-    // "Marca esse tempo?" asks for it to be done.
-    const first = sentence.tokens[start]!;
-    const isOrder = sentence.language === "pt" && first.lemma !== first.plain;
     const pieces = asked(within);
+    // "Can you set a reminder?" asks for it to be done.
+    const isOrder = orders.some((concept) => pieces[0]!.concepts.has(concept));
     const isTold = !asks && isToldOf(pieces, sentence);
     for (const rule of rules) {
       if ((rule.needs.includes("measure")) !== isMeasure) continue;
@@ -78,6 +77,7 @@ function gistOfPart(sentence: Sentence, readings: readonly Piece[][], start: num
 }
 
 /** "Should I set an alarm?" wants advice. */
+const orders: readonly string[] = ["set", "off", "alerts", "change", "turn", "take", "lock", "mute", "pause", "play"];
 const forAdvice = /^(should|shall|must|may|devo|deveria|posso|convem)$/;
 
 /** "Is my alarm set?" asks, and "my alarm is set" tells. */

@@ -1,5 +1,5 @@
 // A grammar of requests. A phrase is a sequence of words, "[optional]" ones, "(one|of several)", "<part>"s that stand elsewhere,
-// "{slots}" for numbers, times and free words, ":" where one is written, and "?" in what is written as a question. A sentence
+// "{slots}" for numbers, times and free words, ":" and "," where one is written, and "?" in what is written as a question. A sentence
 // is a request only when a phrase takes all of it.
 
 import type { Language } from "../../base/language.ts";
@@ -57,7 +57,7 @@ export function phrase(source: string, parts: Readonly<Record<string, string>>):
 function begin(node: Node, words: Set<string>): "word" | "nothing" | "anything" {
   switch (node.kind) {
     case "word":
-      if (/^[:?]$/.test(node.word)) return "nothing";
+      if (/^[:,?]$/.test(node.word)) return "nothing";
       words.add(node.word).add(lemmaOf(node.word, "pt"));
       return "word";
     case "slot":
@@ -149,7 +149,7 @@ export function matched<T>(what: Phrase, sentence: Sentence, accept: (slots: Slo
 function walk(node: Node, at: number, sentence: Sentence, slots: Record<string, Slots[string]>, goOn: (end: number) => boolean): boolean {
   switch (node.kind) {
     case "word":
-      if (node.word === ":") return hasColon(sentence, at) && goOn(at);
+      if (/^[:,]$/.test(node.word)) return hasMark(sentence, at, node.word) && goOn(at);
       if (node.word === "?") return isQuestion(sentence.text) && goOn(at);
       return isWord(sentence.tokens[at], node.word, sentence.language) && goOn(at + 1);
     case "sequence": {
@@ -187,10 +187,10 @@ export function isQuestion(text: string): boolean {
   return /\?["'”’»)\s]*$/u.test(text);
 }
 
-/** A colon stands before this token. */
-function hasColon({ text, tokens }: Sentence, at: number): boolean {
+/** The mark stands before this token; a comma or another one that parts words. */
+function hasMark({ text, tokens }: Sentence, at: number, mark: string): boolean {
   const [before, after] = [tokens[at - 1], tokens[at]];
-  return before !== undefined && after !== undefined && text.slice(before.end, after.start).includes(":");
+  return before !== undefined && after !== undefined && (mark === ":" ? /:/ : /[,:;–—-]/).test(text.slice(before.end, after.start));
 }
 
 function fillings(type: SlotType, at: number, { text, tokens, language, now }: Sentence): Iterable<Found<Slots[string]>> {

@@ -1,10 +1,12 @@
 // What requests mean: the hand that a sentence asks for, and what the hand is given. Both languages have phrases for each.
 
 import { correctedItems } from "./corrections.ts";
-import type { Day } from "./days.ts";
+import { dayOf, type Day } from "./days.ts";
 import type { Slots } from "./grammar.ts";
 import { localText, timeOf, timesOf, type Moment, type Purpose } from "./moments.ts";
-import { isApplicationName, isItem, isTimerName, isUnsaid, listName } from "./names.ts";
+import {
+  areThings, isApplicationName, isItem, isKnownApplication, isKnownFolder, isTimerName, isUnsaid, listName,
+} from "./names.ts";
 import { bare } from "./tokens.ts";
 
 /** A hand and what it is to do. */
@@ -14,17 +16,6 @@ export interface Meant {
 }
 
 type Meaning = (slots: Slots, now: Date) => Meant | undefined;
-
-/** These are folders without the word. */
-const knownFolders = /^(downloads|documents|pictures|photos|videos|documentos|imagens|fotos|vídeos|videos)$/i;
-
-/** These are applications whatever is said of them: "I need the calculator". */
-const knownApplications = new RegExp(
-  "^(calculator|(web |internet )?browser|terminal|text editor|file manager|(system )?settings|calendar|(e-?mail|mail)( client)?|music player|" +
-    "video player|camera|spreadsheets?|word processor|task manager|image viewer|calculadora|navegador( de internet)?|editor de textos?|" +
-    "gerenciador de (arquivos|tarefas)|configurações|configuracoes|calendário|calendario|player de música|tocador de música|câmera|camera|planilhas?)$",
-  "i",
-);
 
 const longestTimer = 7 * 86_400;
 /** "One more day" is said of something else. */
@@ -177,6 +168,11 @@ export const meanings = {
     const isWhole = items !== undefined && isItem(items) && !/\s(about|of|for|with|from|sobre|de|para|com|do|da)$/i.test(` ${items}`);
     return isWhole ? withList(slots, "note", { do: "add", items }) : undefined;
   },
+  /** "Shopping list, ketchup and mustard" has no verb: it adds what is nothing but the names of things. */
+  listThese: (slots) => {
+    const items = text(slots, "text");
+    return items !== undefined && areThings(items) ? withList(slots, "note", { do: "add", items }) : undefined;
+  },
   removeFromList: (slots) => {
     const said = text(slots, "text");
     const item = said === undefined ? undefined : correctedItems(said);
@@ -208,16 +204,16 @@ export const meanings = {
   },
   openKnownApplication: (slots) => {
     const what = text(slots, "text");
-    return what !== undefined && knownApplications.test(what) ? { hand: "open", given: { name: what } } : undefined;
+    return what !== undefined && isKnownApplication(what) ? { hand: "open", given: { name: what } } : undefined;
   },
   openFolder: (slots) => {
     const folder = text(slots, "text");
     // Of "the folder with my videos" only the last words are its name.
-    return folder === undefined || /^(with|of|for|where|containing|com|onde)\b/i.test(folder) ? undefined : { hand: "open", given: { folder } };
+    return folder === undefined || /^(with|of|for|where|what|containing|com|onde|o que)\b/i.test(folder) ? undefined : { hand: "open", given: { folder } };
   },
   openKnownFolder: (slots) => {
     const folder = text(slots, "text");
-    return folder !== undefined && knownFolders.test(folder) ? { hand: "open", given: { folder } } : undefined;
+    return folder !== undefined && isKnownFolder(folder) ? { hand: "open", given: { folder } } : undefined;
   },
   openAddress: (slots) => {
     const address = text(slots, "text")?.replace(/\s+(dot|ponto)\s+/gi, ".");
@@ -229,8 +225,9 @@ export const meanings = {
   weekday: (slots) => (slots.day ? { hand: "date", given: { do: "weekday", day: dayText(slots.day as Day) } } : undefined),
   daysUntil: (slots) => (slots.day ? { hand: "date", given: { do: "until", day: dayText(slots.day as Day) } } : undefined),
   daysSince: (slots) => (slots.day ? { hand: "date", given: { do: "since", day: dayText(slots.day as Day) } } : undefined),
-  daysBetween: (slots) => {
+  daysBetween: (slots, now) => {
     if (!slots.from || !slots.to) return undefined;
+    if (dayText(slots.from as Day) === dayText(dayOf(now))) return { hand: "date", given: { do: "until", day: dayText(slots.to as Day) } };
     return { hand: "date", given: { do: "between", day: dayText(slots.from as Day), other: dayText(slots.to as Day) } };
   },
   battery: fixed("machine", { what: "battery" }),
@@ -267,7 +264,7 @@ export const meanings = {
 export type MeaningName = keyof typeof meanings;
 
 /** What these note down is kept to the word: "note that I have to go now". */
-export const verbatim: readonly MeaningName[] = ["note", "addToList", "removeFromList", "remind"];
+export const verbatim: readonly MeaningName[] = ["note", "addToList", "listThese", "removeFromList", "remind"];
 
 /** Where free words are kept to the letter; undefined where nothing is. */
 export function keptIn({ hand, given }: Meant): "text" | "about" | undefined {

@@ -97,7 +97,7 @@ export const portuguese: Phrasing = {
       "rede)",
   },
   before: [
-    "por favor", "por gentileza", "por obsequio", "(voce|ce) ?",
+    "por favor", "por gentileza", "por obsequio", "(na verdade|alias|pensando bem|melhor)", "(voce|ce) ?",
     "(nossa|caramba|puxa|eita|poxa|ih|vixe|desculpa|desculpe|espera|espera ai|perai|pera|um momento|so um momento|enfim|pois e)",
     "(voce|tu) (pode|poderia|consegue|podia|pode por favor|poderia por favor|conseguiria)",
     "(pode|poderia|consegue|podia|podes|da para|daria para|sera que voce pode|sera que voce poderia|sera que pode|sera que " +
@@ -148,7 +148,7 @@ export const portuguese: Phrasing = {
       "querido|amigo|amiga|mano|cara)",
   ],
   after: [
-    "para mim", "para nos", "(agora|agora mesmo|ja|imediatamente|rapidinho|rapido|logo)",
+    "para mim", "para nos", "(esta|esta bom|esta certo|pode ser) ?", "(agora|agora mesmo|ja|imediatamente|rapidinho|rapido|logo)",
     "(vai|anda|voce pode|pode ser|ta|ta bom|ok|tudo bem|viu|ne|beleza|pode|sim|entao|ai|la)", "se possivel",
     "se nao for incomodo", "de novo", "tambem", "para (eu|a gente) (ver|ouvir|usar|ler)",
     "(que|porque|pois|que eu|porque eu) (estou|eu estou|estamos|vou|eu vou|preciso|tenho que) (saindo|indo|no telefone|em " +

@@ -13,7 +13,8 @@ export const portugueseConcepts: Lexicon = {
     "algumas|o que|que|qual|quais|quanto|quanta|quantos|quantas|quando|como|ainda|quero ver|quero ouvir|" +
     "ver|ouvir|saber|diz|fala|conta|mostra|sao|fica|ficou|vai|vou|estou|estamos|anda|e que|sera que|sabe|quero saber|ter|sera|ser|deixa " +
     "eu ver|marcado|ate|para|ao todo|mais|alguma coisa",
-  definition: "o que e um|o que e uma|para que serve|como faco|como eu faco|como se|como que eu",
+  /** It asks for something else. */
+  definition: "que horas sao|que horas e|o que e um|o que e uma|para que serve|como faco|como eu faco|como se|como que eu",
   ask: "o que|que|qual|quais|quantos|quantas|quanto|quando|como esta|como anda|como vai|cade",
   /** It asks for a time. */
   clock: "a que horas|que horas|para que horas|em que hora",
@@ -46,7 +47,7 @@ export const portugueseConcepts: Lexicon = {
     "descarta|termina|mata|derruba|zera|corta|acaba com|para|pare|parar|para com|" +
     "pode parar|da fim|da um fim|joga fora|dispensa|nao quero mais|nao preciso mais|nao precisa mais|some com|para de tocar|dispense|" +
     "suspende|suspenda|mate|corte|desarma|desarme|cala|larga|retira|remova",
-  set: "coloca|bota|poe|cria|faz|inicia|comeca|programa|marca|marque|ativa|liga|define|defina|ajusta|configura|aciona|quero|preciso|" +
+  set: "pronto|preparado|deixa pronto|coloca|bota|poe|cria|faz|inicia|comeca|programa|marca|marque|ativa|liga|define|defina|ajusta|configura|aciona|quero|preciso|" +
     "queria|da|dispara|abre|adiciona|agenda|arma|roda|manda|solta|deixa|arruma|ve|" +
     "novo|nova|outro|outra|mais um|mais uma|gostaria|ponha|me ve|me arruma|me arranja|arranja|monta|prepara|registra|precisava|mete|" +
     "soltar|rola|deixar|joga|taca|pede|mais|preciso que|vou querer|vou precisar",

@@ -190,7 +190,7 @@ export const portugueseFacts: readonly Request[] = [
   [
     "multiply",
     [
-      "(multiplica|multiplique|multiplicar) {number:a} (por|com|e|vezes) {number:b}",
+      "se (eu|voce|) multiplicar {number:a} (por|com|e|vezes) {number:b} (da quanto|quanto da|fica quanto)", "(multiplica|multiplique|multiplicar) {number:a} (por|com|e|vezes) {number:b}",
       "[qual e] o produto de {number:a} (e|por) {number:b}",
     ],
   ],

@@ -13,9 +13,11 @@ export const portugueseNotes: readonly Request[] = [
       "<addverb> [ai] {text} <onto> [minha|nossa] lista", "<addverb> <onto> [minha|nossa] lista <listname> {text}",
       "<onto> [minha|nossa] lista <listname> <addverb> {text}",
       "(quero|preciso de|precisamos de) {text} <onto> [minha|nossa] lista <listname>",
+      "(precisa entrar|tem que entrar|tem que ir|precisa ir|entra) {text} <onto> [minha|nossa] lista <listname>",
       "<addverb> {text} (nas compras|aos afazeres|nas tarefas|nos afazeres)",
     ],
   ],
+  ["listThese", ["[na|a|para a|minha|nossa|na minha|na nossa] lista <listname> , {text}"]],
   [
     "removeFromList",
     [
@@ -74,7 +76,8 @@ export const portugueseNotes: readonly Request[] = [
       "(como esta|como ficou|qual e|qual) <whose> lista <listname>", "(o|a) {few:text} (esta|ta) <ofwhose> lista <listname>",
       "tem {few:text} <ofwhose> lista <listname>",
       "[minha|nossa|a minha|a nossa] lista (de|da|do|das|dos|para|para o|para a) {word:list}",
-      "voce (le|mostra|confere|abre) <whose> lista <listname> ?", "o que (falta comprar|tem para comprar|a gente tem que comprar)",
+      "voce (le|mostra|confere|abre) <whose> lista <listname> ?",
+      "[eu|a gente] [ja] (coloquei|botei|pus|adicionei|colocou|botou|pos) {few:text} <onto> [minha|nossa] lista <listname> ?", "o que (falta comprar|tem para comprar|a gente tem que comprar)",
       "(tem|ha|existe|falta) (algo|alguma coisa|mais alguma coisa) <ofwhose> lista <listname>",
       "(quero|queria|gostaria de) (ver|ouvir|ler) <whose> lista <listname>",
       "que (itens|coisas) estao <ofwhose> lista <listname>",
@@ -83,6 +86,7 @@ export const portugueseNotes: readonly Request[] = [
   [
     "note",
     [
+      "[uma] (nota|anotacao) (rapida|rapidinha|nova) , {text}",
       "(anota|anote|escreve|escreva|registra|registre|guarda|guarde|toma nota|tome nota) (uma coisa|isso|isto|o seguinte|de uma coisa|disso) " +
         "[ai|para mim|aqui] : {text}",
       "(anota|anote|anotar|toma nota|tome nota|tomar nota|escreve|escreva|registra|registre|registrar|faz uma nota|faca " +

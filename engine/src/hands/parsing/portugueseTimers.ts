@@ -14,7 +14,7 @@ export const portugueseTimers: readonly Request[] = [
       "<timer> <called> {few:name} {duration}", "<timer> {word:name} [de|por|com] {duration}",
       "<timer> (do|da|de|dos|das|para|para o|para a) {few:name} [de|por|com|sao|e|uns|de uns] {duration}",
       "(o|a|os|as) {few:name} (leva|levam|precisa de|precisam de|demora|demoram) {duration} (<set> [<a>] <timer>|marca|cronometra|conta) " +
-        "[para mim|ai|o tempo|isso|esse tempo] [para mim]", "{duration} (para|para o|para a|no|na) {few:name} (vai|ja|valendo|a partir de agora|contando)",
+        "[para mim|ai|o tempo|isso|esse tempo|para ele|para ela|para isso] [para mim]", "{duration} (valendo|ja valendo|comecando agora|a partir de agora)", "{duration} (para|para o|para a|no|na) {few:name} (vai|ja|valendo|a partir de agora|contando)",
       "[<set>] {duration} [de|no|em um|como] <timer> [<called> {few:name}]",
       "<set> [<a>] (tempo|tempinho|contagem) de {duration} [<called> {few:name}]",
       "<set> {duration} (no relogio|no cronometro|de contagem|de tempo) [<called> {few:name}]",
@@ -54,7 +54,7 @@ export const portugueseTimers: readonly Request[] = [
       "(preciso|eu preciso|tenho que|eu tenho que|quero|eu quero|tenho de|vou|devo|gostaria de) (acordar|levantar|estar de " +
         "pe|estar acordado|estar acordada|me levantar|despertar) {moment}",
       "(quero|preciso) que (voce) me acorde {moment}", "nao (me deixa|me deixe|deixa eu|deixe eu) dormir depois {moment}",
-      "acordar {moment}", "nao esquece de me acordar {moment}", "nao esqueca de me acordar {moment}",
+      "nao esquece de me acordar {moment}", "nao esqueca de me acordar {moment}",
     ],
   ],
   [
@@ -155,8 +155,8 @@ export const portugueseTimers: readonly Request[] = [
       "(soneca|sonequinha) (de|por) [mais|outros] {duration}", "{duration} (a mais|de soneca)",
       "(ativa|ative|modo|aperta|faz|coloca|poe) [a|o|o modo] soneca",
       "(adia|adie|adiar) [<the>] [alarme|timer|despertador|lembrete] [por|em|para daqui a] {duration}",
-      "(adia|adie|adiar) [<the>] (alarme|timer|despertador|lembrete)", "mais {duration}",
-      "(me da|me de|da|quero|so) mais {duration}", "soneca de {duration}",
+      "(adia|adie|adiar) [<the>] (alarme|timer|despertador|lembrete)", "mais {duration}", "(ainda nao|nao|ah nao) [so] mais {duration}",
+      "(me da|me de|da|quero|so) mais {duration} [de sono|de soneca|de cama]", "soneca de {duration}",
       "(me lembra|me lembre|me avisa|toca|me acorda|me acorde) (de novo|novamente|outra vez) (em|daqui a) {duration}",
       "(adia|adie)", "deixa eu dormir mais {duration}", "(me deixa|me deixe) dormir mais {duration}",
     ],
@@ -220,7 +220,7 @@ export const portugueseTimers: readonly Request[] = [
       "quantos alarmes (eu tenho|tenho|ha|tem|estao marcados)",
       "(a que horas|que horas|quando) (voce vai|vai|vou|eu vou) (me acordar|acordar)",
       "quanto tempo <restam> (para|ate) [<the>] <alarm> [tocar]", "quando (e|toca) [<the>] [proximo|meu proximo] <alarm>",
-      "qual [e] [<the>] [proximo|meu proximo] <alarm>", "a que horas eu acordo",
+      "qual [e] [<the>] [proximo|meu proximo] <alarm>", "a que horas eu acordo", "(que horas|para que horas|quando) (eu|) (pedi|mandei|falei) para voce me (acordar|chamar)",
       "(tem|tenho|existe|botei|coloquei|marquei|eu marquei|eu coloquei) [algum] <alarm> (para amanha|amanha|marcado|hoje|" +
         "para hoje)",
       "(que|quais) horas (eu|) (coloquei|marquei|botei) [<the>] <alarm>", "[<the>] meus alarmes",

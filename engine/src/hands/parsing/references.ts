@@ -21,6 +21,7 @@ const tellings: Record<Language, readonly string[]> = {
       "out|running out|running low|running short|low|bought|sorted|sorted out|ready|cooked|taken care of|off|cancelled|canceled|" +
       "called off|not needed|no longer needed|here|{word:how}) [<lately>]",
     "[oh] (never mind|forget|forget about|about|as for|regarding|you know) <some> {text}",
+    "(that|this|those|these|the|my|our) {text}",
     "(no|out of|no more|not enough|enough) {text} [left|at home|in the house]",
   ],
   pt: [
@@ -34,6 +35,7 @@ const tellings: Record<Language, readonly string[]> = {
     "<o> {text} [<ja>] (acabou|acabaram|terminou|esta acabando|estao acabando|esta no fim|ja era|esta pronto|esta pronta|estao prontos|" +
       "ficou pronto|ficou pronta|ficaram prontos|tem em casa|tem aqui|tem|eu tenho|comprei|eu comprei|foi comprado|chegou|assou|cozinhou|" +
       "esta comprado|esta resolvido|saiu do forno|esta bom|esta boa|foi cancelado|foi cancelada|esta faltando|esta em falta) [<ja>]",
+    "(o|a|os|as|esse|essa|aquele|aquela|meu|minha) {text}",
     "(esquece|deixa para la|quanto a|sobre) <o> {text}",
   ],
 };
@@ -85,7 +87,8 @@ export function withReferences(sentence: Sentence): string[] {
     const thing = thingOf({ ...sentence, tokens: tokens.slice(0, at) }, phrases);
     if (thing === undefined) continue;
     const rest = tokens.slice(isJoin ? at + 1 : at);
-    requests.push(...requestsAbout(thing.replace(again[language], "$1"), text, rest, language));
+    // "The basil's sorted": the ending is a word of the sentence.
+    requests.push(...requestsAbout(thing.replace(again[language], "$1").replace(/['’]s$/u, ""), text, rest, language));
   }
   return requests;
 }

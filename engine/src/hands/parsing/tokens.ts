@@ -59,7 +59,7 @@ const endings: readonly [RegExp, string][] = [
   [/^(.+)['’]re$/i, "are"], [/^(.+)['’]ll$/i, "will"], [/^(.+)['’]ve$/i, "have"], [/^(.+)['’]d$/i, "would"], [/^(.+)n['’]t$/i, "not"],
 ];
 /** Before these "'s" is "is", whatever it stands after: "the music's too loud". */
-const saysIs = /^\s+(too|so|very|really|way|not|still|getting|asleep|sleeping|awake|ready|done|playing|running|over|coming|due|here|home|calling|ringing|(?:in|on|at) (?:the|my))\b/i;
+const saysIs = /^\s+(too|so|very|really|way|not|still|getting|asleep|sleeping|awake|ready|done|playing|running|over|coming|due|here|home|calling|ringing|sorted|gone|finished|bought|packed|empty|low|cooked|out|off|dead|annoying|(?:in|on|at) (?:the|my))\b/i;
 
 function plainOf(word: string, rest: string, language: Language): string[] {
   if (/^[ap]\.\s?m\.?$/i.test(word)) return [word.replace(/[^a-z]/gi, "").toLowerCase()];

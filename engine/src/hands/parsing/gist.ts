@@ -13,7 +13,8 @@ import { moment, type Moment } from "./moments.ts";
 import { number } from "./numbers.ts";
 import { portugueseConcepts } from "./portugueseConcepts.ts";
 import { measure, unit } from "./sums.ts";
-import { said } from "./tokens.ts";
+import { said, type Token } from "./tokens.ts";
+import { isInfinitive } from "./verbs.ts";
 
 /** Some words of a sentence, and all that they may stand for. */
 interface Piece {
@@ -46,12 +47,17 @@ export function gistOf(sentence: Sentence, parts: Iterable<readonly [number, num
   if (tokens.length === 0 || tokens.length > longest) return undefined;
   const readings = [false, true].map((isMeasure) => piecesOf(sentence, isMeasure));
   for (const [start, stop] of parts) {
-    // "I am going to lock the screen" only tells of it.
-    if (start > 0 && (tokens[start]!.plain === "to" || tokens[start - 1]!.plain === "voce")) continue;
+    if (isSomebodys(tokens, start)) continue;
     const meant = gistOfPart(sentence, readings, start, stop);
     if (meant) return meant;
   }
   return undefined;
+}
+
+/** "I am going to lock the screen", "eu bloqueio a tela" and "você acorda às sete?" only tell, or ask, what somebody does. */
+function isSomebodys(tokens: readonly Token[], start: number): boolean {
+  const said = tokens.slice(Math.max(0, start - 2), start).map(({ plain }) => plain).join(" ");
+  return (start > 0 && tokens[start]!.plain === "to") || /(^| )(voce|eu|voce vai)$/.test(said);
 }
 
 function gistOfPart(sentence: Sentence, readings: readonly Piece[][], start: number, stop: number): Meant | undefined {
@@ -183,11 +189,14 @@ function valuesOf(pieces: readonly Piece[], taken: readonly string[]): Slots | u
 }
 
 /** The words that stand for nothing else, where they can be a name: together, and beside what has one. */
-function nameIn(rule: Rule, unknown: readonly Piece[], pieces: readonly Piece[], { text, tokens }: Sentence): string | undefined {
+function nameIn(rule: Rule, unknown: readonly Piece[], pieces: readonly Piece[], sentence: Sentence): string | undefined {
+  const { text, tokens } = sentence;
   const [from, to] = [unknown[0]!.from, unknown.at(-1)!.to];
   const isWhole = unknown.every((piece, at) => piece.concepts.has("unknown") && (at === 0 || piece.from === unknown[at - 1]!.to));
   const isBroken = /[,;:.!?…]/.test(text.slice(tokens[from]!.start, tokens[to - 1]!.end));
-  if (!isWhole || isBroken || to - from > longestName) return undefined;
+  // "Fala para a Ana colocar um timer" wants somebody else to do it.
+  const isDoer = sentence.language === "pt" && isInfinitive(tokens[to]?.plain ?? "");
+  if (!isWhole || isBroken || isDoer || to - from > longestName) return undefined;
   const before = pieces.find((piece) => piece.to === from);
   const after = pieces.find((piece) => piece.from === to);
   const isCalled = before?.concepts.has("names") === true || (after !== undefined && rule.named !== undefined && after.concepts.has(rule.named));

@@ -159,7 +159,7 @@ export const meanings = {
   note: (slots) => {
     const said = wording(slots);
     // "Take a note of caution" is said of something else.
-    return said === undefined || /^(of|from|off)\b/i.test(said) ? undefined : { hand: "note", given: { do: "note", text: said } };
+    return said === undefined || /^((of|from|off)\b|(everything|tudo|all|tudo isso)$)/i.test(said) ? undefined : { hand: "note", given: { do: "note", text: said } };
   },
   addToList: (slots) => {
     const said = text(slots, "text");

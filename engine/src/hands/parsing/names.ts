@@ -34,7 +34,7 @@ const neverFirstItem = set(
 const theList = set("a an the my our your this that it o os um uma meu meus minha nossa este esse esta essa ela ele");
 /** What an application's name does not begin with: "start over", "open your mind". */
 const neverFirst = set(
-  "the a an new your his her their our its over for to with again from about up me it that this these those him them us at on in off of by as and " +
+  "aos ao nas no na the a an new your his her their our its over for to with again from about up me it that this these those him them us at on in off of by as and " +
     "i you we he she they who what why how when where if so too not no fire late early wide another some any every all both each mao de em " +
     "para isso isto aquilo com que se eu ele ela nos eles seu sua um uma outro outra cedo tarde logo quem quando como onde por muito mais menos more less",
 );

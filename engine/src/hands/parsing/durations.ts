@@ -68,6 +68,7 @@ function restAfter(tokens: readonly Token[], at: number, language: Language, uni
     return isBare ? { value: (bare.value * unit) / 60, next: bare.next } : undefined;
   }
   if (language === "en") {
+    if (isJoined && /^(three|3)$/.test(plainAt(tokens, at)) && plainAt(tokens, at + 1) === "quarters") return { value: (unit * 3) / 4, next: at + 2 };
     if (!isJoined || !/^(a|one)$/.test(plainAt(tokens, at))) return undefined;
     if (plainAt(tokens, at + 1) === "half") return { value: unit / 2, next: at + 2 };
     return plainAt(tokens, at + 1) === "quarter" ? { value: unit / 4, next: at + 2 } : undefined;

@@ -83,7 +83,7 @@ function gistOfPart(sentence: Sentence, readings: readonly Piece[][], start: num
 }
 
 /** "Should I set an alarm?" wants advice. */
-const orders: readonly string[] = ["set", "off", "alerts", "change", "turn", "take", "lock", "mute", "pause", "play"];
+const orders: readonly string[] = ["set", "wake", "off", "alerts", "change", "turn", "take", "lock", "mute", "pause", "play"];
 const forAdvice = /^(should|shall|must|may|devo|deveria|posso|convem)$/;
 
 /** "Is my alarm set?" asks, and "my alarm is set" tells. */
@@ -98,12 +98,17 @@ function isToldOf(pieces: readonly Piece[], { tokens, language }: Sentence): boo
   return pieces.slice(1).some(({ from }) => tokens[from]!.lemma !== tokens[from]!.plain);
 }
 
+const forIt: ReadonlySet<string> = new Set(["light", "names", "conversion"]);
+
 /** `isMeasure`: numbers are read with their units. */
 function piecesOf(sentence: Sentence, isMeasure: boolean): Piece[] {
   const { tokens, language, now } = sentence;
   const pieces: Piece[] = [];
   for (let at = 0; at < tokens.length; ) {
-    const word = expressionAt(conceptsFor(language), tokens, at);
+    const found = expressionAt(conceptsFor(language), tokens, at);
+    // "Para" stops what stands after it; after a timer it tells what that is for.
+    const isFor = found?.words.join(" ") === "para" && pieces.some(({ concepts }) => concepts.has("timer") || concepts.has("alarm"));
+    const word = isFor ? { words: found.words, concepts: forIt } : found;
     const value = isMeasure ? measured(sentence, at) : timed(sentence, at, now);
     const piece = value && (!word || value.to - at >= word.words.length) ? value : undefined;
     if (piece && word && value!.to - at === word.words.length) pieces.push({ ...piece, concepts: new Set([...piece.concepts, ...word.concepts]) });

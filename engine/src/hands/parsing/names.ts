@@ -17,7 +17,7 @@ const neverInNames = set(
 const neverInTimers = set(
   "a an any the my your this that these those what which another new first second last next other all every me us him her them it please is " +
     "are was were i you he she we they and or when while if dia dias natal ano mim nos o os um uma meu meus este esse isso nenhum outro novo todos de do ao " +
-    "ja ficou esta acabou already its their his her your our mine yours ours dele dela deles delas " +
+    "timer timers alarm alarms alarme temporizador lembrete ja ficou esta acabou already its their his her your our mine yours ours dele dela deles delas " +
     "like about around roughly approximately some uns umas went goes is was off exploded per que se quando eu voce ele ela pensar minus menos zero",
 );
 /** A list is not called so: "my shopping list is too long" tells something of it. */
@@ -40,7 +40,7 @@ const neverFirst = set(
 );
 /** Nor are these anywhere in one. */
 const neverInApplications = set(
-  "is are was were takes take has have makes make does can could will would hurts costs helps faz fazem fez esta sao tem vai vao pode doi custa leva ajuda foi era please thanks favor obrigado obrigada with com me my him her them us who whom whose because while until before esse essa esses essas aquele aquela dele dela comigo contigo porque " +
+  "up again back going is are was were takes take has have makes make does can could will would hurts costs helps faz fazem fez esta sao tem vai vao pode doi custa leva ajuda foi era please thanks favor obrigado obrigada with com me my him her them us who whom whose because while until before esse essa esses essas aquele aquela dele dela comigo contigo porque " +
     "enquanto sempre nunca que eu since so everybody everyone somebody someone nobody alguem ninguem it ela ele isso isto open launch abre abra abrir",
 );
 /** "Five minutes, then ten" is no name, and "start the clock for twenty minutes" opens nothing. */

@@ -96,7 +96,7 @@ function isTakenBack(text: string, language: Language, now: Date): boolean {
 
 /** "Never mind the timer, cancel it" says twice that it is to be cancelled. */
 function canBeTakenBack(meant: Meant, by: string): boolean {
-  return changes(meant) && keptIn(meant) !== "text" && !(meant.given.do === "cancel" && /cancel/i.test(by));
+  return changes(meant) && keptIn(meant) !== "text" && !(meant.given.do === "cancel" && /cancel|precis/i.test(by));
 }
 
 function sentencesOf(request: string): { text: string; start: number }[] {

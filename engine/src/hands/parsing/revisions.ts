@@ -14,8 +14,8 @@ const takenBack: Record<Language, string> = {
     "not now|i take that back|undo that) [please|then|thanks|thank you]",
   pt:
     "[ah|nao|espera|perai|hum|bom|desculpa|alias|na verdade|pensando bem|quer saber|mas|e] [nao|espera|desculpa] " +
-    "[por favor] (deixa para la|deixa|esquece|esquece isso|deixa isso|cancela|cancela isso|nao precisa|nao precisa mais|nao faz isso|nao faca isso|" +
-    "mudei de ideia|ignora|ignora isso|desfaz isso|desiste|agora nao|nao quero mais|deixa quieto) [por favor|entao|obrigado|obrigada|nao]",
+    "[por favor] (deixa para la|deixa|esquece|esquece isso|deixa isso|cancela|cancela isso|nao precisa|nao faz isso|nao faca isso|" +
+    "mudei de ideia|ignora|ignora isso|desfaz isso|desiste|agora nao|deixa quieto) [por favor|entao|obrigado|obrigada|nao]",
 };
 const changed: Record<Language, string> = {
   en: "[let us say|change it to|change that to|set it to|it should be|it is|for|at|to|better] ({duration}|{moment}|{number} [percent|instead])",

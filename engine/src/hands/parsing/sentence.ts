@@ -1,6 +1,7 @@
 // Finds out which hand a sentence asks for. What it is not sure of is no request: a sentence counts only as a whole.
 
 import type { Language } from "../../base/language.ts";
+import { day } from "./days.ts";
 import { english } from "./english.ts";
 import { gistOf, prepareGist } from "./gist.ts";
 import { matched, phrase, type Phrase, type Sentence } from "./grammar.ts";
@@ -61,9 +62,22 @@ export function understood(text: string, language: Language, now: Date): Meant |
     const bare = withoutAsides(rest, language);
     const request = asked(text, bare, language, now) ?? gist(text, bare, language, now);
     // What is to be written down may be told like a remark.
-    if (request && (isBefore || keptIn(request) === undefined)) return request;
+    if (request && (isBefore || keptIn(request) === undefined)) return onDayTold(request, text, tokens, rest, language, now);
   }
   return undefined;
+}
+
+/** "I have a train to catch on Tuesday, wake me at five": on Tuesday, or not at all. */
+function onDayTold(request: Meant, text: string, tokens: readonly Token[], rest: readonly Token[], language: Language, now: Date): Meant | undefined {
+  if (request.hand !== "timer" || request.given.at === undefined) return request;
+  const daysIn = (words: readonly Token[]): (readonly Token[])[] =>
+    words.flatMap((_, at) => {
+      const found = day(words, at, language, now);
+      return found ? [words.slice(at, found.next)] : [];
+    });
+  const [told] = daysIn(tokens.filter((token) => !rest.includes(token)));
+  if (!told || daysIn(rest).length > 0) return request;
+  return request.given.do === "alarm" ? asked(text, [...rest, ...told], language, now) : undefined;
 }
 
 /** What is asked for of a thing that the text speaks of first, as two sentences or as one: "We are out of milk. Put it on the list." */

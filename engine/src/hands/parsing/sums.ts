@@ -29,7 +29,7 @@ const units: Record<Language, Record<string, string>> = {
 
 const operators: Record<Language, [string[], string][]> = {
   en: [
-    [["plus"], "+"], [["+"], "+"], [["minus"], "-"], [["−"], "-"], [["times"], "*"], [["multiplied", "by"], "*"], [["x"], "*"], [["×"], "*"],
+    [["plus"], "+"], [["+"], "+"], [["minus"], "-"], [["take", "away"], "-"], [["−"], "-"], [["times"], "*"], [["multiplied", "by"], "*"], [["x"], "*"], [["×"], "*"],
     [["*"], "*"], [["divided", "by"], "/"], [["over"], "/"], [["÷"], "/"], [["/"], "/"], [["to", "the", "power", "of"], "^"],
     [["to", "the", "power"], "^"], [["^"], "^"], [["modulo"], "%"],
   ],

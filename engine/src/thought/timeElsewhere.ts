@@ -8,7 +8,7 @@ import { timeZoneOf } from "./timeZones.ts";
 /** "What time is it in Lisbon right now?", and "In Lisbon, what time is it?". The place, with the word before it, is the group. */
 const questions: Record<Language, RegExp[]> = {
   en: [
-    /\b(?:what|the) (?:current |exact |local )?(?:time|hour)(?: is it| it is| is)?(?: (?:right |just )?now| currently| at the moment)?(?: over there| there| over)?(?: for (?:people|everyone|everybody|someone|those|folks))?,?\s(in\s.+)$/iu,
+    /\b(?:what|the) (?:current |exact |local )?(?:time|hour)(?: is it| it is| is| (?:would|will) it be)?(?: (?:right |just )?now| currently| at the moment)?(?: over there| there| over)?(?: for (?:people|everyone|everybody|someone|those|folks))?,?\s(in\s.+)$/iu,
     /^(?:current |local )?time\s(in\s.+)$/iu,
     /\bhow late is it(?: (?:right )?now)?\s(in\s.+)$/iu,
     /^(?:and )?(in\s[^,]+?),?\s+what(?:'s| is)?(?: the)? time(?: is it| it is)?(?: (?:right )?now)?$/iu,

@@ -74,6 +74,9 @@ export function day(tokens: readonly Token[], at: number, language: Language, no
     if (isSaid(at, "semana", "que", "vem") || isSaid(at, "proxima", "semana")) return later(7, at + (plain(at) === "semana" ? 3 : 2));
   }
   const reckoned = inSomeDays(tokens, at, language, today) ?? weekday(tokens, at, language, now, isOfPast);
+  // "Thursday the 26th" is that day.
+  const named = reckoned && date(tokens, reckoned.next, language, today);
+  if (named && /^(the|dia)$/.test(plain(reckoned.next))) return named;
   const found = reckoned ?? feast(tokens, at, language, today) ?? date(tokens, at, language, today);
   const isLast = isOfPast && found !== reckoned && found !== undefined && daysBetween(today, found.value) > 0;
   return isLast ? { value: { ...found.value, year: found.value.year - 1 }, next: found.next } : found;

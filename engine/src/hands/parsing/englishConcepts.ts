@@ -17,6 +17,7 @@ export const englishConcepts: Lexicon = {
     "how much time|how many|what have i got|got any|do i still have",
   /** It asks for a time. */
   clock: "what time|at what time|which time",
+  when: "when",
   must: "i have to|i have got to|i need to|i must|i want to|i should|i am supposed to|i got to|i had better|we have to|we need to|i will have to",
   list: "have a look at|take a look at|list|show|read|check|tell me|let me hear|let me see|show me|read out|go over|go through|run through|give me|run me through|" +
     "talk me through",
@@ -36,7 +37,7 @@ export const englishConcepts: Lexicon = {
   noted: "noted|written down|jotted down|noted down|take|taken|made|wrote down|left",
   all: "all|all of|every|each|each of|every single|both|both of|any|every last|all the|every one of",
   running: "running|active|set|going|ticking|on|still running|that is running|that is set|that are running|that are set|that are on|i " +
-    "set|i have set|i have|i made|going on|i have on|i have got|" +
+    "set|i have set|i have|i made|you have got|you have|that you have|i have got|on the go|going on|i have on|i have got|" +
     "i have running|currently running|that i set|that i have set|counting|up|in progress",
   pending: "set up|planned|pending|coming up|upcoming|outstanding|scheduled|lined up|due|waiting|in store",
   goes: "go off|goes off|going off|ring|rings|end|ends|finish|finishes|be up|be done|done|over|run out|up",
@@ -53,7 +54,7 @@ export const englishConcepts: Lexicon = {
     "time me|to ring|to go off|that goes off|that rings|sound|" +
     "give me an alert|give me a signal|give me a warning|say something|to sound|that sounds|nudge me",
   after: "in|after|when|is up|are up|have passed|has passed|have gone by|from now|once|are over|is over|elapse|have elapsed|up|over|passed",
-  wake: "wake me|wake me up|wake us|wake us up|wake|wake up|get me up|get me out of bed|rouse me|to wake me up|to wake me|to wake up|to " +
+  wake: "woken up|woken|being woken|being woken up|be woken|be woken up|wake me|wake me up|wake us|wake us up|wake|wake up|get me up|get me out of bed|rouse me|to wake me up|to wake me|to wake up|to " +
     "get up|get us up|wakes me|wakes me up|waking me|waking me up|get me awake",
   early: "early|bright and early|nice and early|sharp",
   so: "so|and|then|that",
@@ -73,7 +74,7 @@ export const englishConcepts: Lexicon = {
   unmute: "unmute|unmuted|un mute|off mute|out of mute|unsilence",
   out: "out of|off",
   on: "on|turn on|switch on|back on|put on|enable|reenable|re enable|restore|on again",
-  back: "back|back on|again|return|bring back|give back|give me back|restore|let me hear",
+  back: "let me have|again|back|back on|again|return|bring back|give back|give me back|restore|let me hear",
   change: "i would like|i want|i need|i could use|we need|i would love|put|set|make|bring|adjust|change|move|push|get|have|take|go|" +
     "switch|want|need|could use|give|would like|let us have|play|use|run|a setting of|sit|sits",
   turn: "turn|crank|pump|bump|jack|whack|nudge|dial|knock|notch|ramp|tone",
@@ -107,9 +108,10 @@ export const englishConcepts: Lexicon = {
     "track playing|show",
   pause: "pause|stop|halt|freeze|hold|pause playing|stop playing|cut|kill|put on hold|put on pause|on hold|on pause|interrupt|suspend|" +
     "turn off|switch off|shut off|off|quiet",
+  wireless: "wireless|radio",
   pausing: "pause|pause playing|hit pause|press pause|stop playing|put on pause|on pause",
   awhile: "for a second|for a sec|for a minute|for a moment|for a bit|for a while|for now|a second|a sec|a moment|a minute|briefly",
-  play: "play|resume|continue|unpause|restart|start playing|resume playing|keep playing|put on|carry on|carry on with|go on with|keep " +
+  play: "let us hear|hear|play|resume|continue|unpause|restart|start playing|resume playing|keep playing|put on|carry on|carry on with|go on with|keep " +
     "going|hit play|press play|start|put|get|pick up|continue with",
   again: "again|once more|one more time|where i left off|where we left off|where it left off",
   some: "some|any",

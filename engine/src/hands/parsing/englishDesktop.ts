@@ -37,7 +37,7 @@ export const englishDesktop: readonly Request[] = [
   [
     "openFolder",
     [
-      "(show me|see|let me see|tell me|can i see) what is in [<whose>] {text} (folder|directory)", "(can|could|may) i see [<whose>] {text} (folder|directory)",
+      "(look|have a look) in [<whose>] {text} (folder|directory) [open it]", "(show me|see|let me see|tell me|can i see) what is in [<whose>] {text} (folder|directory)", "(can|could|may) i see [<whose>] {text} (folder|directory)",
       "(open|show|open up|bring up|go to|pull up|launch|view|display|browse|take me to|see) [me] [<whose>] {text} (folder|" +
         "directory)",
       "(open|show|go to) [me] [<whose>] (folder|directory) [called|named] {text}",
@@ -61,7 +61,7 @@ export const englishDesktop: readonly Request[] = [
   [
     "openKnownApplication",
     [
-      "(i need|i want|i would like|i could use|we need|get|get me|give me|show|show me|bring|bring me|put up|let me use|let me have|let us " +
+      "(i need|i want|i would like|i could use|we need|get|get me|fetch|fetch me|give me|show|show me|bring|bring me|put up|let me use|let me have|let us " +
         "see|turn on|switch on|use|can i have|could i have|could i get|can i get|take me to|go to|switch to) [<whose>|a] {few:text} [up|app]",
     ],
   ],

@@ -150,7 +150,7 @@ export const englishFacts: readonly Request[] = [
       "(on what|what) (day|weekday|day of the week) (does|will|did) {day} (fall|fall on|be|be on|land on)",
       "what is the (date|day) [on|of] {day}", "(which|what) (day|weekday|date) is {day}", "what will the date be {day}",
       "what date (is|will it be|was it|was) {day}", "what day {day} (is|was|will be)",
-      "(what|which) day (does|will|is|did) {day} (fall on|fall|be on|be|land on) [this year|next year]", "is {day} a (monday|tuesday|wednesday|thursday|friday|saturday|sunday|weekday|workday)",
+      "(what|which) day (does|will|is|did) {day} [{day:same}] (fall on|fall|be on|be|land on) [this year|next year]", "is {day} a (monday|tuesday|wednesday|thursday|friday|saturday|sunday|weekday|workday)",
       "{day} is what (day|day of the week)", "when is {day}",
       "(what|which) (was|is|will be) the (date|day|weekday|day of the week) {day}", "what is [the] {day} [date|weekday]",
       "(what|which) (weekday|day|day of the week|date) (is|was|will) [it] [on|be] [on] {day} [be]",

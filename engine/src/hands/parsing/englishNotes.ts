@@ -9,6 +9,7 @@ export const englishNotes: readonly Request[] = [
       "<addverb> {text} [down] <onto> [<whose>] <listname>", "[<whose>] {few:list} list [please] <addverb> {text}",
       "<addverb> [also] {text} [down] as well <onto> [<whose>] <listname>",
       "(i would like|i want|i need|we need|let us have|let us put|let us get|let us add|we could use|we want) {text} " +
+        "[added|put|written|noted] [down] " +
         "<onto> [<whose>] <listname>",
       "(get|have) {text} (added|put|written) [down] <onto> [<whose>] <listname>",
       "(can|could|should|may) {text} (go|be put|be added|be) [please] <onto> [<whose>] <listname>",
@@ -48,7 +49,7 @@ export const englishNotes: readonly Request[] = [
       "do i have (any|some) notes",
       "(are there|is there|have i got|have you got|do you have|got) (any|some|a) (notes|note) [for me|from me]",
       "(any|some) notes [for me|today|from me]", "(take me|go|run) (through|over) [<the>] notes",
-      "(what|which) (is|was) [<the>] (last|latest|newest) note", "(let me|can i|could i|may i) (hear|see|have|read) [<the>] notes",
+      "(what|which) (is|was) [<the>] (last|latest|newest) note", "(let me|can i|could i|may i) (hear|see|have|read) [<the>] notes [i made|i took|i wrote|i have made|again]",
       "i (want|would like) to (hear|see|read) [<the>] notes", "notes please",
       "what have i (noted|written down|noted down|jotted down)", "are there (any|some) notes", "my notes", "(read|tell|show) [me] [back] what i (noted|wrote|jotted|wrote down|noted down|jotted down)",
       "read me what i (wrote down|noted|noted down)", "how many notes (do i have|are there)", "what is in my (notebook|notes)",
@@ -88,7 +89,7 @@ export const englishNotes: readonly Request[] = [
   [
     "note",
     [
-      "[a|one] (quick|short|new|little) note , {text}",
+      "[a|one] (quick|short|new|little) note , {text}", "[a|one] [quick] (note|memo) [please] : {text}", "(for|in|to|into) my notes : {text}",
       "(note|make note|make a note|take note|take a note|write a note|write down|jot down|note down|take down|put down|" +
         "create a note|create a new note|make a new note|add a note|leave a note|leave me a note|save a note|new note|a note|" +
         "save the note|take a quick note|make a quick note|write me a note|make me a note|take a memo|write|write this down|" +

@@ -31,7 +31,7 @@ export const englishTimers: readonly Request[] = [
       "(tell|alert|notify|ping|warn|let) me [know] when {duration} (are up|is up|have passed|has passed|are over|is over|" +
         "have gone by|have elapsed|has elapsed|are done)",
       "{duration} (on the clock|on the timer|timer start|starting now)", "(set|start|run) (the|a|my) clock for {duration}",
-      "(ring|beep|go off) in {duration}", "set {duration} on the (timer|clock)", "put {duration} on the (timer|clock)",
+      "(ring|beep|go off) in {duration}", "set {duration} on the (timer|clock)", "<set> [<a>] timer {duration} (will do|should do|should do it|is fine|would be fine|will do nicely)", "put {duration} on the (timer|clock)",
       "start counting [down] [from] {duration}", "(put|set|stick) [<a>] {few:name} on a timer for {duration}",
     ],
   ],
@@ -41,7 +41,7 @@ export const englishTimers: readonly Request[] = [
       "(wake me up|wake me|get me up|get me out of bed|get me going|rouse me|wake us up|wake us) [please|then] {moment}",
       "{moment} (wake me up|wake me)", "wake up call {moment}", "(wake me up|wake me) {duration} from now",
       "<set> [<a>] (wake up call|wake up alarm|morning alarm) [for] {moment}", "(wake me up|wake me) in {duration}",
-      "in {duration} (wake me up|wake me)",
+      "in {duration} (wake me up|wake me)", "[(i would like|i want|i need|i should like|i have) to] be (woken|woken up|roused) {moment}",
       "i (need|have|want|would like|got) to (wake up|get up|be up|be awake|be woken up|be woken) {moment}",
       "make sure i (wake up|get up|am up|am awake) {moment}", "(make sure to|do not forget to) wake me [up] {moment}",
       "wake us [up] {moment}", "(wake|get) me [up] [early|nice and early] {moment}", "{moment} (wake|get) (me|us) [up]",
@@ -68,6 +68,7 @@ export const englishTimers: readonly Request[] = [
   [
     "remind",
     [
+      "(i must|i have to|i need to|i should) (remember|not forget) [<about>] {text} ({moment}|in {duration}) [so] (remind me|remind us)",
       "(i must not|i can not|i should not|we must not) forget [<about>] {text} ({moment}|in {duration}) [so] (remind me|remind us)",
       "(i have to|i have got to|i need to|i must|i should|i am supposed to|i have) {text} ({moment}|in {duration}) [so|and] (remind me|remind us|" +
         "do not let me " +
@@ -80,7 +81,7 @@ export const englishTimers: readonly Request[] = [
       "<remind> for {moment} <about> {text}", "<remind> after {duration} <about> {text}",
       "<remind> <about> {text} after {duration}", "<set> [<a>] {duration} reminder <about> {text}",
       "<set> [<a>] {moment} reminder <about> {text}",
-      "(reminder|new reminder|set a reminder|create a reminder|add a reminder|i need a reminder) [for] {moment} [<about>] " +
+      "(reminder|new reminder|<set> [<a>] reminder) [for] {moment} [<about>] " +
         "{text}",
       "<remind> : [<about>] {text} {moment}", "<remind> : [<about>] {text} in {duration}",
       "(reminder|new reminder) in {duration} [<about>] {text}", "<alertme> {moment} (to|that) {text}", "<alertme> in {duration} (to|that) {text}", "<alertme> to {text} {moment}",
@@ -153,7 +154,7 @@ export const englishTimers: readonly Request[] = [
       "(let me sleep|let me snooze|let me rest) [a bit|a little] (more|longer)", "snooze [<the>] (alarm|timer|reminder|it)",
       "snooze [it|the alarm|the timer|that|this] for [another|an extra|an additional|about|just] {duration}",
       "(postpone|delay|put off|push back) [it|<the> alarm|<the> timer|this] [for|by] {duration}",
-      "(give me|let me have|i want|i need|just) another {duration} [of sleep]", "(not yet|no not yet|no) [just] {duration} [more]",
+      "(give me|let me have|i want|i need|just) another {duration} [of sleep] [snooze]", "(not yet|no not yet|no) [just] {duration} [more]",
       "(give me|let me have|just|i want|i need) {duration} (more|longer) [sleep|of sleep]",
       "let me sleep [for] [another] {duration} [more|longer]", "another {duration}", "{duration} more",
       "give me {duration} more", "snooze [another] {duration}", "(ring|try|wake me|wake me up) again in [another] {duration}",
@@ -192,7 +193,7 @@ export const englishTimers: readonly Request[] = [
       "when (are|is|will) [<the>] {few:name} (timer up|timer done|timer ready|timer over)",
       "(is|are) [<the>] {few:name} timer (up|nearly up|almost up|nearly done|almost done) [yet]",
       "how many (minutes|seconds) (to go|more)", "how long has [<the>] [{few:name}] timer (got|left|got left)",
-      "(is|are) there (any|much) time <left> [on [<the>] [{few:name}] timer]", "is there [any|much] time [<left>] on [<the>] [{few:name}] timer",
+      "(is|are) there (any|much) time <left> [on [<the>] [{few:name}] timer]", "(has|have) [<the>] [{few:name}] timer [still] (got long|long|much longer|got much longer) [left|to run|to go]", "is there [any|much] time [<left>] on [<the>] [{few:name}] timer",
       "when (does|will|is) [<the>] [{few:name}] timer (go off|end|finish|ring|be done|be over|done|up|over|run out|going " +
         "to ring|going off|due|be up|expire)",
       "(what|which) timers (do i have|do we have|are running|are set|are there|are active|are on|have i set|have i got|i " +
@@ -236,7 +237,7 @@ export const englishTimers: readonly Request[] = [
       "(do i have|are there|have i got|is there|have i set) (any|a|some) (reminders|reminder) [set|today|left]",
       "when is [<the>] [next] reminder", "what (did|do) i (want|need|ask|have) to be reminded (of|about)",
       "(do i have|is there|have i got|was there) (anything|something) [i have|i need|i am supposed] to (remember|be reminded of) [today|tomorrow]", "what (did i ask|have i asked) you to remind me (of|about)",
-      "what do you have to remind me (of|about)", "what am i [supposed] to (remember|be reminded of) [today]",
+      "what (do you have|have you got|have you) to remind me (of|about)", "what am i [supposed] to (remember|be reminded of) [today]",
       "(any|my) reminders [for today|today|for me]", "(what|which) reminders (are coming up|are pending|are next|are open)",
       "what is my next reminder", "how many reminders (do i have|are there) [set]",
     ],

@@ -34,7 +34,7 @@ const neverFirstItem = set(
 const theList = set("a an the my our your this that it o os um uma meu meus minha nossa este esse esta essa ela ele");
 /** What an application's name does not begin with: "start over", "open your mind". */
 const neverFirst = set(
-  "aos ao nas no na the a an new your his her their our its over for to with again from about up me it that this these those him them us at on in off of by as and " +
+  "ver ouvir ler aos ao nas no na the a an new your his her their our its over for to with again from about up me it that this these those him them us at on in off of by as and " +
     "i you we he she they who what why how when where if so too not no fire late early wide another some any every all both each mao de em " +
     "para isso isto aquilo com que se eu ele ela nos eles seu sua um uma outro outra cedo tarde logo quem quando como onde por muito mais menos more less",
 );
@@ -115,9 +115,9 @@ const mostThingWords = 3;
 
 /** Nothing but the names of things: "ketchup and mustard". */
 export function areThings(said: string): boolean {
-  const things = said.split(/\s*,\s*|\s+(?:and|e)\s+/iu).map(plainWords);
-  const isThing = (words: readonly string[]): boolean =>
-    words.length > 0 && words.length <= mostThingWords && words.every((word) => !neverInApplications.has(word) && !neverInNames.has(word) && !smallWords.has(word));
+  const things = said.split(/\s*,\s*|\s+(?:and|e)\s+/iu).map((thing) => plainWords(thing.replace(/^(an?|some|the|uns?|umas?|[oa]s?)\s/iu, "")));
+  const isPart = (word: string): boolean => !neverInApplications.has(word) && !neverInNames.has(word) && (word === "of" || word === "de" || !smallWords.has(word));
+  const isThing = (words: readonly string[]): boolean => words.length > 0 && words.length <= mostThingWords && words.every(isPart);
   return isItem(said) && things.every(isThing);
 }
 

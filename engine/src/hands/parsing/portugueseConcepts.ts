@@ -18,6 +18,7 @@ export const portugueseConcepts: Lexicon = {
   ask: "o que|que|qual|quais|quantos|quantas|quanto|quando|como esta|como anda|como vai|cade",
   /** It asks for a time. */
   clock: "a que horas|que horas|para que horas|em que hora",
+  when: "quando",
   must: "preciso|eu preciso|tenho que|eu tenho que|quero|eu quero|vou ter que|preciso estar|tenho de",
   inverted: "tem|tenho|temos|ha|esta|estao|estou|estamos|existe|existem|eu tenho|ainda tem|ainda tenho|sera que tem|eu estou|a gente tem",
   list: "da uma lida|dar uma lida|da uma olhada|da uma passada|listar|lista|mostra|me mostra|le|diz|fala|me fala|me diz|conta|me conta|confere|verifica|checa|exibe|ve|deixa eu ver|deixa eu " +
@@ -32,8 +33,8 @@ export const portugueseConcepts: Lexicon = {
   reminders: "lembretes|avisos|lembrete",
   notes: "notas|anotacoes|ultima nota|ultima anotacao|bloco de notas|caderno",
   noted: "anotado|escrito|guardado|anotada|anotadas|salvo|salvas|feito|guardadas|feitas",
-  all: "todos|todas|tudo|todos os|todas as|os dois|as duas|ambos|cada um|todo|todos eles|qualquer",
-  running: "ativo|ativos|rodando|correndo|ligado|ligados|marcado|marcados|programado|programados|em andamento|funcionando|contando|que " +
+  all: "tudo que e|tudo o que e|todos|todas|tudo|todos os|todas as|os dois|as duas|ambos|cada um|todo|todos eles|qualquer",
+  running: "eu deixei|deixei|que deixei|ativo|ativos|rodando|correndo|ligado|ligados|marcado|marcados|programado|programados|em andamento|funcionando|contando|que " +
     "esta rodando|que estao rodando|que esta ligado|que estao ligados|que estiverem rodando|que estiver rodando|que estiverem ligados|" +
     "que esta correndo|que estao correndo|que eu marquei|que marquei|que eu coloquei|que coloquei|que eu tenho|que tenho|que eu pus|que " +
     "eu botei|que esta ativo|que estao ativos|que eu criei|que esta marcado|que estao marcados|que tiver|que houver|" +
@@ -63,7 +64,7 @@ export const portugueseConcepts: Lexicon = {
     "que me desperte|para me despertar|que me acorda|estar de pe|ficar de pe|estar acordado|estar acordada|me levantar|me poe de pe|me " +
     "bota de pe|me tira do sono|me faz acordar|me ajuda a acordar|pular da cama|sair da cama",
   early: "cedo|cedinho|bem cedo|em ponto|sem falta",
-  snooze: "soneca|sonequinha|adia|adiar|me acorda de novo|toca de novo|posterga|prorroga|empurra o alarme|atrasa o alarme|funcao soneca|" +
+  snooze: "soneca|sonequinha|adia|adiar|me acorda de novo|posterga|prorroga|empurra o alarme|atrasa o alarme|funcao soneca|" +
     "modo soneca|botao de soneca|botao soneca|botao da soneca",
   sleep: "deixa eu dormir|me deixa dormir|deixa eu ficar na cama|me deixa ficar na cama|me deixa cochilar|deixa eu cochilar",
   more: "mais|mais um pouco|mais um pouquinho|mais um tempo|mais um tempinho|um pouco mais|um pouquinho mais|outros|outras|um pouco|so " +

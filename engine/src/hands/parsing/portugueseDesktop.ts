@@ -34,7 +34,7 @@ export const portugueseDesktop: readonly Request[] = [
     [
       "(abre|abra|abrir|mostra|mostre|mostrar|me mostra|me mostre|exibe|vai para|ver|va para|me leva para) [a|minha|o|meu|" +
         "na|a minha] (pasta|diretorio) [de|do|da|dos|das|chamada] {text}",
-      "[me mostra|mostra|me diz|ver|quero ver] (o que|que) (tem|esta|ha) na [minha] pasta [de|do|da|dos|das] {text}",
+      "(quero ver|quero abrir|preciso de|preciso ver) [a|minha] (pasta|diretorio) [de|do|da|dos|das] {text} [pode] (abre|abrir|abre ai|abra)", "[me mostra|mostra|me diz|ver|quero ver] (o que|que) (tem|esta|ha) na [minha] pasta [de|do|da|dos|das] {text}",
       "(me mostra|me mostre|me abre|me abra|quero ver|posso ver|posso abrir|quero abrir|deixa eu ver|entra|entre|acessa|acesse|visualiza|navega) " +
         "[a|na|minha|o|meu|no|a minha|na minha|ate a] (pasta|diretorio) [de|do|da|dos|das|chamada|com|onde ficam|dos meus|" +
         "das minhas|com os|com as|com meus|com minhas] {text}",

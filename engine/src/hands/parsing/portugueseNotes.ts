@@ -105,7 +105,7 @@ export const portugueseNotes: readonly Request[] = [
         "{text}",
       "(adiciona|adicione|coloca|coloque|bota|bote|poe|ponha|escreve|escreva|salva|salve|guarda|guarde|inclui|inclua) " +
         "{text} (nas|em|as|nas minhas|em minhas|as minhas) (notas|anotacoes)",
-      "(adiciona|adicione|coloca|coloque|escreve|escreva|poe|ponha) (nas|em) [minhas] (notas|anotacoes) [que] {text}",
+      "(adiciona|adicione|coloca|coloque|escreve|escreva|poe|ponha|bota|bote|salva|salve|guarda|guarde|registra|registre) [ai] (nas|em) [minhas] (notas|anotacoes) [que] {text}",
       "nas minhas (notas|anotacoes) (escreve|escreva|coloca|coloque|anota) [que] {text}", "nao (esquece|esqueca) que {text}",
       "(guarda|guarde|grava|grave|registra|registre|salva|salve|anota|anote) (essa|esta|a seguinte|essa aqui) (informacao|" +
         "nota|anotacao|observacao|frase|ideia) [que|ai|:] {text}",

@@ -11,7 +11,7 @@ export const portugueseTimers: readonly Request[] = [
       "<set> {duration} (no|de) <timer> [<called> {few:name}]", "{duration} (no|de) <timer>",
       "<set> [<a>] <timer> <called> {few:name} (de|com|por|em|para) {duration}",
       "<set> [<a>] <timer> <called> {few:name} {duration}", "<timer> <called> {few:name} (de|com|por) {duration}",
-      "<timer> <called> {few:name} {duration}", "<timer> {word:name} [de|por|com] {duration}",
+      "[<a>] <timer> <called> {few:name} {duration}", "<timer> {word:name} [de|por|com] {duration}", "<timer> {duration} {word:name}",
       "<timer> (do|da|de|dos|das|para|para o|para a) {few:name} [de|por|com|sao|e|uns|de uns] {duration}",
       "(o|a|os|as) {few:name} (leva|levam|precisa de|precisam de|demora|demoram) {duration} (<set> [<a>] <timer>|marca|cronometra|conta) " +
         "[para mim|ai|o tempo|isso|esse tempo|para ele|para ela|para isso] [para mim]", "{duration} (valendo|ja valendo|comecando agora|a partir de agora)", "{duration} (para|para o|para a|no|na) {few:name} (vai|ja|valendo|a partir de agora|contando)",
@@ -180,6 +180,7 @@ export const portugueseTimers: readonly Request[] = [
       "<readverb> [todos] [<the>] (timers|temporizadores|cronometros|timer|temporizador|cronometro) [ativos|todos]",
       "(tem|tenho|ha|existe|eu tenho|temos) [algum|alguns|um] (timer|timers|temporizador|temporizadores|cronometro) [ativo|" +
         "ligado|rodando|correndo|marcado|ativos|funcionando]",
+      "[e] [<the>] <timer> [<called> {few:name}] (falta quanto|faltam quantos minutos|esta em quanto|esta quanto|em que pe esta)",
       "[<the>] <timer> [<called> {few:name}] (esta|ainda esta) (ligado|rodando|ativo|correndo|funcionando)",
       "quantos (timers|temporizadores|cronometros) (eu tenho|tenho|estao rodando|estao ativos|ha|tem|existem)",
       "tempo restante [(do|no) [meu] <timer> [<called> {few:name}]]",

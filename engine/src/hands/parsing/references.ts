@@ -14,7 +14,7 @@ const tellings: Record<Language, readonly string[]> = {
     "<we> [<just>] (need|needs|want|could use|would like|require|forgot|used up|finished|finished off|ate|drank) <some> {text} [<lately>]",
     "<we> (have to|need to|should|must|want to) (buy|get|pick up|order|find) <some> {text} [<lately>]",
     "<we> [have|has] [<just>] (got|bought|have|has|picked up|found|get|ordered|grabbed|done|did|finished|packed|made|took) <some> {text} [<lately>]",
-    "<we> (do not|does not|no longer|did not) (need|want|have) <some> {text} [<lately>]",
+    "<we> (do not|does not|no longer|did not|will not|shall not) (need|want|have) <some> {text} [<lately>]",
     "there (is|are) (no|no more|not any|not any more|hardly any|plenty of|enough) {text} [left] [<lately>]",
     "<we> have (no|no more|enough|plenty of) {text} [left] [<lately>]",
     "<some> {text} (is|are|has|have|has been|have been|got|just|was|were) [<just>] (gone|finished|empty|out|all out|over|done|used up|run " +

@@ -6,6 +6,7 @@ import { english } from "./english.ts";
 import { gistOf, prepareGist } from "./gist.ts";
 import { matched, phrase, type Phrase, type Sentence } from "./grammar.ts";
 import { keptIn, meanings, verbatim, type MeaningName, type Meant, type Phrasing } from "./meanings.ts";
+import { moment } from "./moments.ts";
 import { portuguese } from "./portuguese.ts";
 import { withReferences } from "./references.ts";
 import { withoutRemarks } from "./remarks.ts";
@@ -57,6 +58,8 @@ export function understood(text: string, language: Language, now: Date): Meant |
   const referred = understoodOf(text, tokens, language, now);
   if (referred) return referred;
   const starts = ends(tokens.toReversed(), compiledFor(language).before, { text, language, now }, true).map((length) => tokens.length - length);
+  const timed = atTimeTold(text, tokens, language, now);
+  if (timed) return timed;
   for (const rest of [...new Set([0, ...starts])].flatMap((start) => withoutRemarks(text, tokens.slice(start), language))) {
     const isBefore = rest.at(-1) === tokens.at(-1);
     const bare = withoutAsides(rest, language);
@@ -67,16 +70,39 @@ export function understood(text: string, language: Language, now: Date): Meant |
   return undefined;
 }
 
+/** The words of each day that is named. */
+function daysIn(tokens: readonly Token[], language: Language, now: Date): (readonly Token[])[] {
+  return tokens.flatMap((_, at) => {
+    const found = day(tokens, at, language, now);
+    return found ? [tokens.slice(at, found.next)] : [];
+  });
+}
+
+/** Somebody tells that he is to get up. */
+const getsUp: Record<Language, RegExp> = {
+  en: /\b(to (be|get|wake) up|to (be|stay) (awake|out of bed)|up and about|to rise)\b/, pt: /\b(acordar|levantar|estar (de pe|acordad[oa])|sair da cama)\b/,
+};
+
+/** "I need to be up at four for the fishing, wake me": the request has no time, which was told before it. */
+function atTimeTold(text: string, tokens: readonly Token[], language: Language, now: Date): Meant | undefined {
+  const from = tokens.findIndex(({ start }, at) => at > 0 && /[,;.]/.test(text.slice(tokens[at - 1]!.end, start)));
+  const told = tokens.slice(0, Math.max(from, 0));
+  if (from < 0 || !getsUp[language].test(told.map(({ plain }) => plain).join(" "))) return undefined;
+  for (let at = 0; at < told.length; at++) {
+    const time = moment(told, at, language, now);
+    if (!time?.value.clock) continue;
+    const [on] = time.value.day ? [] : daysIn(told, language, now);
+    const meant = asked(text, [...tokens.slice(from), ...told.slice(at, time.next), ...(on ?? [])], language, now);
+    return meant?.given.do === "alarm" ? meant : undefined;
+  }
+  return undefined;
+}
+
 /** "I have a train to catch on Tuesday, wake me at five": on Tuesday, or not at all. */
 function onDayTold(request: Meant, text: string, tokens: readonly Token[], rest: readonly Token[], language: Language, now: Date): Meant | undefined {
   if (request.hand !== "timer" || request.given.at === undefined) return request;
-  const daysIn = (words: readonly Token[]): (readonly Token[])[] =>
-    words.flatMap((_, at) => {
-      const found = day(words, at, language, now);
-      return found ? [words.slice(at, found.next)] : [];
-    });
-  const [told] = daysIn(tokens.filter((token) => !rest.includes(token)));
-  if (!told || daysIn(rest).length > 0) return request;
+  const [told] = daysIn(tokens.filter((token) => !rest.includes(token)), language, now);
+  if (!told || daysIn(rest, language, now).length > 0) return request;
   return request.given.do === "alarm" ? asked(text, [...rest, ...told], language, now) : undefined;
 }
 

@@ -22,7 +22,7 @@ const shortened: Record<Language, Record<string, string[]>> = {
     whats: ["what", "is"], hows: ["how", "is"], wheres: ["where", "is"], thats: ["that", "is"], its: ["it", "is"], whens: ["when", "is"],
     theres: ["there", "is"], whos: ["who", "is"], heres: ["here", "is"], id: ["i", "would"], ill: ["i", "will"], im: ["i", "am"], ive: ["i", "have"],
     youre: ["you", "are"], youd: ["you", "would"], lets: ["let", "us"], dont: ["do", "not"], didnt: ["did", "not"], doesnt: ["does", "not"],
-    isnt: ["is", "not"], wasnt: ["was", "not"], cant: ["can", "not"], cannot: ["can", "not"], wont: ["will", "not"],
+    isnt: ["is", "not"], wasnt: ["was", "not"], cant: ["can", "not"], cannot: ["can", "not"], wont: ["will", "not"], shant: ["will", "not"], shan: ["will"],
     whatre: ["what", "are"], gimme: ["give", "me"], wanna: ["want", "to"], gonna: ["going", "to"], hes: ["he", "is"], shes: ["she", "is"],
     pls: ["please"], plz: ["please"], til: ["until"],
   },
@@ -59,7 +59,7 @@ const endings: readonly [RegExp, string][] = [
   [/^(.+)['’]re$/i, "are"], [/^(.+)['’]ll$/i, "will"], [/^(.+)['’]ve$/i, "have"], [/^(.+)['’]d$/i, "would"], [/^(.+)n['’]t$/i, "not"],
 ];
 /** Before these "'s" is "is", whatever it stands after: "the music's too loud". */
-const saysIs = /^\s+(too|so|very|really|way|not|still|getting|asleep|sleeping|awake|ready|done|playing|running|over|coming|due|here|home|calling|ringing|sorted|gone|finished|bought|packed|empty|low|cooked|out|off|dead|annoying|(?:in|on|at) (?:the|my))\b/i;
+const saysIs = /^\s+(too|so|very|really|way|not|still|getting|asleep|sleeping|awake|ready|done|playing|running|over|coming|due|here|home|calling|ringing|going|on|sorted|gone|finished|bought|packed|empty|low|cooked|out|off|dead|annoying|(?:in|on|at) (?:the|my))\b/i;
 
 function plainOf(word: string, rest: string, language: Language): string[] {
   if (/^[ap]\.\s?m\.?$/i.test(word)) return [word.replace(/[^a-z]/gi, "").toLowerCase()];

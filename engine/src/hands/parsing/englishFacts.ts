@@ -127,7 +127,7 @@ export const englishFacts: readonly Request[] = [
       "how (many days|long) [is it|are there|is there] (between|from) now (and|to|until|till) {day}", "how (many days|far|many weeks) (away is|off is|away from) {day}", "(days|weeks) (until|till|to|before) {day}",
       "how (far|many days) [away] is {day} [away]", "in how many days is {day}",
       "(how long|how many days|how much time|how much longer|how far) [is it|is there|to go|left|do we have|do i have|have " +
-        "we got|do i have to wait] [still] (until|till|to|before) {day} [comes|arrives|is here]",
+        "we got|do i have to wait] [still] (until|till|to|before) {day} [comes|arrives|is here|in days]",
       "(is it|are we) (long|far) (until|till|to|from) {day}", "count [down] [the] days (until|till|to) {day}",
       "(number of|the number of) days (until|till|to|before) {day}", "(when|how soon) is {day} (coming|coming up)",
       "how soon is {day}", "{day} is in how many days", "{day} is how (far|many days|long) (away|off|from now)",

@@ -119,7 +119,7 @@ export const portugueseFacts: readonly Request[] = [
       "quantos dias (faltam|restam|tem|sao|ainda faltam|falta|ha|) [ainda] (para|ate) [o|a] {day}",
       "quantas semanas (faltam|restam|tem|) (para|ate) [o|a] {day}", "[daqui] (ate|para) [o|a] {day} (sao|faltam|falta|tem|da|dao|ha) " +
         "(quantos dias|quanto tempo|quanto)", "quantos dias (para|ate) [o|a] {day}",
-      "(quanto tempo|quanto|quanto tempo ainda) (falta|resta|tem|faltam|ainda falta) (para|ate) [o|a] {day}",
+      "(quanto tempo|quanto|quanto tempo ainda) (falta|resta|tem|faltam|ainda falta) (para|ate) [o|a] {day} [em dias]",
       "(daqui a|em) quantos dias (e|sera|vai ser|cai) {day}",
       "(faltam|falta) (quantos dias|quanto|quanto tempo|muito) (para|ate) [o|a|chegar o|chegar] {day}",
       "(quanto|quanto tempo|quantos dias|quantos dias mais|quantas semanas) [ainda] (falta|faltam|resta|restam|ainda " +

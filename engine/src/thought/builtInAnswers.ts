@@ -124,6 +124,16 @@ export function knownPhrases(language: Language): string[] {
   return questions.flatMap((question) => question.phrases[language]);
 }
 
+/** It asks for the time, here or elsewhere, or for the date, and for nothing else. */
+export function asksForTime(sentence: string, language: Language, now: Date): boolean {
+  return timelyQuestion(sentence, language, now) !== undefined || timeElsewhere(sentence, now, language, language) !== undefined;
+}
+
+function timelyQuestion(sentence: string, language: Language, now: Date): Question | undefined {
+  const bare = [sentence, ...withoutManners(sentence, language, now)].map((text) => plainWords(text).join(" "));
+  return questions.slice(0, 2).find(({ pattern }) => bare.some((each) => pattern.test(each)));
+}
+
 /** Answers a request of one sentence; gives undefined when it is none of the questions. */
 export function knownAnswer(request: string, context: AnswerContext): string | undefined {
   if (request.length > longestQuestion) return undefined;
@@ -132,8 +142,7 @@ export function knownAnswer(request: string, context: AnswerContext): string | u
   if (elsewhere !== undefined) return elsewhere;
   const plain = plainWords(request).join(" ");
   // "Good morning dear, could you tell me what time it is?" wants the time and not the greeting.
-  const bare = withoutManners(request, locale.language, now).map((text) => plainWords(text).join(" "));
-  const timely = questions.slice(0, 2).find(({ pattern }) => bare.some((each) => pattern.test(each)));
+  const timely = timelyQuestion(request, locale.language, now);
   if (timely) return timely.answer[locale.language](context);
   return questions.find((question) => question.pattern.test(plain))?.answer[locale.language](context);
 }

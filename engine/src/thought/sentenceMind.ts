@@ -5,6 +5,7 @@ import type { Hand } from "../hands/hand.ts";
 import type { Meant } from "../hands/parsing/meanings.ts";
 import { longestRequest, mostSentences, partsOf } from "../hands/parsing/request.ts";
 import { isPolite } from "../hands/parsing/sentence.ts";
+import { asksForTime } from "./builtInAnswers.ts";
 import type { Answer, Answering, Request } from "./answer.ts";
 import { apart, watch } from "./answering.ts";
 import { Asking } from "./asking.ts";
@@ -68,7 +69,8 @@ export class SentenceMind {
     const sure = isForModel || isPasted(request.text) ? this.#surely(request.text, all, isMeant) : all;
     const sentences = all.map((one) => (sure.includes(one) ? one : { ...one, deed: undefined }));
     // A request of plain sentences is answered as a whole.
-    if (sentences.every(({ deed }) => deed === undefined)) {
+    const isJoined = sentences.length > 1 && sentences.every(({ text }) => this.#isForTime(text));
+    if (!isJoined && sentences.every(({ deed }) => deed === undefined)) {
       const text = known(request.text);
       if (text === undefined) return undefined;
       answering.text(text);
@@ -112,7 +114,13 @@ export class SentenceMind {
 
   #read(request: string): Sentence[] {
     const now = new Date(this.parts.clock.now());
-    return partsOf(request, this.parts.language, now).map(({ text, start, meant }) => ({ text, start, deed: meant && this.#deed(meant) }));
+    const parts = partsOf(request, this.parts.language, now, (text) => this.#isForTime(text));
+    return parts.map(({ text, start, meant }) => ({ text, start, deed: meant && this.#deed(meant) }));
+  }
+
+  /** No hand tells the time. */
+  #isForTime(text: string): boolean {
+    return asksForTime(text, this.parts.language, new Date(this.parts.clock.now()));
   }
 
   /**

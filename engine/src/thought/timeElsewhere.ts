@@ -8,12 +8,13 @@ import { timeZoneOf } from "./timeZones.ts";
 /** "What time is it in Lisbon right now?", and "In Lisbon, what time is it?". The place, with the word before it, is the group. */
 const questions: Record<Language, RegExp[]> = {
   en: [
-    /\b(?:what|the) (?:current |exact |local )?(?:time|hour)(?: is it| it is| is)?(?: (?:right |just )?now| currently| at the moment)?(?: over there| there| over)?(?: for (?:people|everyone|everybody|someone|those|folks))?,?\s(in\s.+)$/iu,
+    /\b(?:what|the) (?:current |exact |local )?(?:time|hour)(?: is it| it is| is| (?:would|will) it be)?(?: (?:right |just )?now| currently| at the moment)?(?: over there| there| over)?(?: for (?:people|everyone|everybody|someone|those|folks))?,?\s(in\s.+)$/iu,
     /^(?:current |local )?time\s(in\s.+)$/iu,
     /\bhow late is it(?: (?:right )?now)?\s(in\s.+)$/iu,
     /^(?:and )?(in\s[^,]+?),?\s+what(?:'s| is)?(?: the)? time(?: is it| it is)?(?: (?:right )?now)?$/iu,
   ],
   pt: [
+    /^(?:e )?(?:a )?hora(?: certa| atual| local)?\s((?:em|no|na|nos|nas)\s.+)$/iu,
     /\b(?:que|quantas|as|a|o|sao|são) (?:horas?|hor[áa]rio)(?: (?:s[ãa]o|é|tem|atual|local|certa|(?:est[áa] |t[áa] )?marcando|est[áa]|ser[áa]|ser[ãa]o))?(?: (?:agora|neste momento|nesse momento|l[áa]))?(?: (?:pra|para) (?:quem (?:est[áa]|mora|vive)|o pessoal))?,?\s((?:em|no|na|nos|nas|de|do|da)\s.+)$/iu,
     /^(?:e )?((?:em|no|na|nos|nas)\s[^,]+?),?\s+(?:agora )?(?:s[ãa]o )?que horas?(?: s[ãa]o)?(?: agora)?$/iu,
   ],

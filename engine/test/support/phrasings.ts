@@ -54,26 +54,27 @@ export function phrasingsOf(set: string, language: Language): Phrasing[] {
 
 /** Says the sentence to the engine without a model, with hands that write down what they are to do. */
 export async function judged({ sentence, expected }: Phrasing, language: Language): Promise<Judged> {
-  const given: [string, Record<string, unknown>][] = [];
+  /** In the order in which it was done or answered. */
+  const doneInOrder: (string | Promise<string>)[] = [];
+  const used: string[] = [];
   const hands = ids.map((id): Hand => ({
     id,
     description: "",
     parameters: { type: "object", properties: {} },
     changes: true,
     intent: () => id,
-    act: async (what) => (given.push([id, what as Record<string, unknown>]), ""),
+    act: async (what) => (used.push(id), doneInOrder.push(written(id, what as Record<string, unknown>, language)), ""),
   }));
   const clock = new ManualClock();
   clock.time = now.getTime();
   const mind = new SentenceMind({ clock, language, phrases: phrases[language], log: () => {}, hands });
   const settings = { ...request("").settings, confirmActions: [] };
-  const answers: string[] = [];
-  const other = (text: string): string => (answers.push(toldTime(text, language)), "");
+  const other = (text: string): string => (doneInOrder.push(toldTime(text, language)), "");
   await mind.answer({ ...request(sentence), settings }, other, { text: () => {}, tool: () => {} }, going);
-  const parts = [...(await Promise.all(given.map(([id, what]) => written(id, what, language)))), ...answers.filter((answer) => answer !== "")];
+  const parts = (await Promise.all(doneInOrder)).filter((part) => part !== "");
   const done = parts.join(" + ") || "nothing";
   const isRight = expected.split(" | ").some((each) => isSame(each, parts, language));
-  const isDoing = given.some(([id]) => doing.has(id));
+  const isDoing = used.some((id) => doing.has(id));
   return { language, sentence, expected, done, verdict: isRight ? "right" : isDoing ? "wrongly done" : done === "nothing" ? "missed" : "wrongly answered" };
 }
 

@@ -1,12 +1,12 @@
 // Where somebody corrects what was just said: "five, no, wait, ten minutes".
 
 import type { Language } from "../../base/language.ts";
-import type { Token } from "./tokens.ts";
+import { tokensOf, type Token } from "./tokens.ts";
 
 /** Each alone or after another one. */
 const marks: Record<Language, string[][]> = {
-  en: ["no", "wait", "sorry", "actually", "i mean", "i meant", "i meant to say", "make it", "make that", "rather", "or rather", "correction", "scratch that", "better"].map(words),
-  pt: ["nao", "espera", "perai", "desculpa", "quer dizer", "quero dizer", "digo", "alias", "melhor", "ou melhor", "na verdade", "corrigindo"].map(words),
+  en: ["no", "wait", "sorry", "actually", "i mean", "i meant", "i meant to say", "make that", "rather", "or rather", "hang on", "hold on", "oops", "make it", "correction", "scratch that", "better"].map(words),
+  pt: ["nao", "espera", "perai", "desculpa", "quer dizer", "quero dizer", "digo", "alias", "melhor", "ou melhor", "na verdade", "corrigindo", "ops", "opa", "pera", "eu quis dizer", "pensando bem"].map(words),
 };
 const mostMarks = 4;
 
@@ -23,4 +23,36 @@ export function correctedFrom(tokens: readonly Token[], at: number, language: La
     next += mark.length;
   }
   return next > at ? next : undefined;
+}
+
+/** One of them alone begins the names of things: "no sugar cookies", "melhor amigo". */
+const ambiguous = /^(no|better|rather|wait|nao|melhor|espera|na|digo)$/;
+
+/** What is listed, each thing as it was said last: of "milk, rice, no sorry, pasta" milk and pasta. */
+export function correctedItems(said: string): string {
+  return languages.reduce((items, language) => correctedIn(items, language), said);
+}
+
+const languages: readonly Language[] = ["en", "pt"];
+
+function correctedIn(said: string, language: Language): string {
+  const items: string[] = [];
+  let isAgain = false;
+  for (const item of said.split(/\s*[,–—]\s*/)) {
+    const tokens = tokensOf(item, language);
+    const at = tokens.findIndex((_, place) => isCorrection(tokens, place, language));
+    const from = at < 0 ? undefined : correctedFrom(tokens, at, language)!;
+    const rest = from === undefined || from === tokens.length ? undefined : item.slice(tokens[from]!.start);
+    if (isAgain || (at === 0 && rest !== undefined)) items.pop();
+    isAgain = from === tokens.length;
+    if (rest !== undefined) items.push(rest);
+    else if (!isAgain || at > 0) items.push(at > 0 ? item.slice(0, tokens[at]!.start).trim() : item);
+  }
+  return items.join(", ");
+}
+
+function isCorrection(tokens: readonly Token[], at: number, language: Language): boolean {
+  const next = correctedFrom(tokens, at, language);
+  if (next === undefined) return false;
+  return next - at > 1 || (at === 0 && (next === tokens.length || !ambiguous.test(tokens[0]!.plain)));
 }

@@ -29,7 +29,7 @@ const ordinals = [
 ];
 
 const feasts: Record<Language, [string, number, number][]> = {
-  en: [["christmas eve", 12, 24], ["christmas day", 12, 25], ["christmas", 12, 25], ["new years eve", 12, 31], ["new year eve", 12, 31], ["new years day", 1, 1], ["new year day", 1, 1], ["new years", 1, 1], ["new year", 1, 1], ["the new year", 1, 1], ["the end of the year", 12, 31], ["end of the year", 12, 31], ["end of year", 12, 31], ["the year is over", 12, 31], ["the year ends", 12, 31], ["halloween", 10, 31]],
+  en: [["christmas eve", 12, 24], ["christmas day", 12, 25], ["christmas", 12, 25], ["new years eve", 12, 31], ["new year eve", 12, 31], ["new years day", 1, 1], ["new year day", 1, 1], ["new years", 1, 1], ["new year", 1, 1], ["the new year", 1, 1], ["the end of the year", 12, 31], ["end of the year", 12, 31], ["end of year", 12, 31], ["the year is over", 12, 31], ["the year ends", 12, 31], ["boxing day", 12, 26], ["halloween", 10, 31]],
   pt: [["natal", 12, 25], ["ano novo", 1, 1], ["reveillon", 12, 31], ["fim do ano", 12, 31], ["fim de ano", 12, 31], ["final do ano", 12, 31], ["acabar o ano", 12, 31], ["o ano acabar", 12, 31]],
 };
 
@@ -74,6 +74,9 @@ export function day(tokens: readonly Token[], at: number, language: Language, no
     if (isSaid(at, "semana", "que", "vem") || isSaid(at, "proxima", "semana")) return later(7, at + (plain(at) === "semana" ? 3 : 2));
   }
   const reckoned = inSomeDays(tokens, at, language, today) ?? weekday(tokens, at, language, now, isOfPast);
+  // "Thursday the 26th" is that day.
+  const named = reckoned && date(tokens, reckoned.next, language, today);
+  if (named && /^(the|dia)$/.test(plain(reckoned.next))) return named;
   const found = reckoned ?? feast(tokens, at, language, today) ?? date(tokens, at, language, today);
   const isLast = isOfPast && found !== reckoned && found !== undefined && daysBetween(today, found.value) > 0;
   return isLast ? { value: { ...found.value, year: found.value.year - 1 }, next: found.next } : found;
@@ -159,6 +162,12 @@ function weekday(tokens: readonly Token[], at: number, language: Language, now: 
   if (language === "pt" && /^feiras?$/.test(plain(next))) next++;
   if (language === "pt" && plain(next) === "que" && plain(next + 1) === "vem") next += 2;
   if (language === "pt" && plain(next) === "passad" + (index === 0 || index === 6 ? "o" : "a")) [next, isPast] = [next + 1, true];
+  const after = tokens.slice(next, next + 4).map(({ plain }) => plain).join(" ");
+  const ofNextWeek = (language === "pt" ? /^da (semana que vem|proxima semana)/ : /^(of )?next week/).exec(after)?.[0];
+  if (ofNextWeek !== undefined) {
+    const monday = 7 - ((now.getDay() + 6) % 7);
+    return { value: daysLater(dayOf(now), monday + ((index + 6) % 7)), next: next + ofNextWeek.split(" ").length };
+  }
   const ahead = (index - now.getDay() + 7) % 7;
   const days = isPast ? (ahead || 7) - 7 || -7 : ahead || 7;
   return { value: daysLater(dayOf(now), isPast && ahead !== 0 ? ahead - 7 : days), next };

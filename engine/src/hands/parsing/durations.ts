@@ -19,7 +19,7 @@ const half: Record<Language, RegExp> = { en: /^half$/, pt: /^mei[ao]$/ };
 
 /** What is said before a length that need not be exact. */
 const about: Record<Language, string[][]> = {
-  en: [["about"], ["around"], ["roughly"], ["approximately"], ["like"], ["say"], ["some"], ["exactly"], ["just"], ["only"], ["maybe"], ["a", "good"], ["just", "about"], ["something", "like"]],
+  en: [["about"], ["around"], ["roughly"], ["approximately"], ["like"], ["say"], ["some"], ["exactly"], ["just"], ["only"], ["maybe"], ["a", "good"], ["just", "about"], ["something", "like"], ["the", "next"]],
   pt: [["uns"], ["umas"], ["cerca", "de"], ["mais", "ou", "menos"], ["aproximadamente"], ["tipo"], ["exatamente"], ["exatos"], ["por", "volta", "de"], ["quase"]],
 };
 
@@ -68,6 +68,7 @@ function restAfter(tokens: readonly Token[], at: number, language: Language, uni
     return isBare ? { value: (bare.value * unit) / 60, next: bare.next } : undefined;
   }
   if (language === "en") {
+    if (isJoined && /^(three|3)$/.test(plainAt(tokens, at)) && plainAt(tokens, at + 1) === "quarters") return { value: (unit * 3) / 4, next: at + 2 };
     if (!isJoined || !/^(a|one)$/.test(plainAt(tokens, at))) return undefined;
     if (plainAt(tokens, at + 1) === "half") return { value: unit / 2, next: at + 2 };
     return plainAt(tokens, at + 1) === "quarter" ? { value: unit / 4, next: at + 2 } : undefined;

@@ -11,27 +11,28 @@ import type { Phrasing } from "./meanings.ts";
 export const english: Phrasing = {
   parts: {
     set:
-      "(set|start|create|make|begin|add|run|put on|put|set up|set me|start me|make me|make us|set us|start us|do me|run me|" +
+      "(set|start|create|make|begin|add|run|put in|put on|put|set up|set me|start me|make me|make us|set us|start us|do me|run me|" +
       "setup|give me|get me|i need|i want|i would like|we need|let us have|let us set|let us do|let us start|launch|" +
       "schedule|program|do|kick off|fire up|have|can i have|could i have|can i get|could i get|may i have|let me have|can " +
       "we have|could we have|could we get|pop on|get|make it|make that|how about|what about|i could use|i will have|i will take|" +
       "let us go with)",
-    a: "(a|an|another|one|one more|a new|the|my|another new|a quick)",
+    a: "(a wee|a little|a short|a small|a new little|a|an|another|one|one more|a new|the|my|another new|a quick)",
     called: "(called|named|labelled|labeled|titled|with the name|with the label|for|name it|call it|to)",
     the: "(the|my|our|this|that|the current|my current)",
     off:
       "(cancel|stop|delete|remove|clear|kill|end|dismiss|disable|turn off|switch off|shut off|get rid of|scrap|drop|abort|" +
       "silence|erase|scratch|ditch|skip|discard|never mind|forget|forget about|call off|unset|deactivate|wipe|take off|lose|quit)",
     remind:
-      "(remind me|give me a reminder|set a reminder|set me a reminder|create a reminder|make a reminder|add a reminder|set " +
+      "(remind me|remind us|do remind me|give me a reminder|set a reminder|set me a reminder|create a reminder|make a reminder|add a reminder|set " +
       "up a reminder|i need a reminder|i want a reminder|put a reminder|i need you to remind me|make sure to remind me|" +
       "schedule a reminder|do not let me forget|send me a reminder|reminder|new reminder|set a reminder for me|create a " +
       "reminder for me|please remind me|jog my memory|nudge me|i want you to remind me|i would like you to remind me|can you remind me|" +
       "leave me a reminder|set reminder|add reminder|" +
-      "do not forget to remind me|see that i remember|make sure i remember|help me remember|i want to be reminded|i need to be reminded|" +
+      "do not forget to remind me|see that i remember|make sure i remember|help me remember|make sure i do not forget|see that i do not forget|i want to be reminded|i need to be reminded|" +
       "i would like to be reminded|i want reminding|" +
       "i need reminding|give me a nudge|give me a shout|remember to remind me|drop me a reminder|ping me|prompt me|do not allow me to " +
-      "forget|let me not forget|reminder for me|reminding me)",
+      "forget|let me not forget|reminder for me|reminding me|reminding us)",
+    alertme: "(ping|nudge|alert|notify|tell|warn|prompt|poke|call|text|message|bug) (me|us)",
     about:
       "(to|about|that|of|for|that i need to|that i have to|i need to|i have to|that i should|saying|it is time to|it is " +
       "time for|to remember to)",
@@ -61,10 +62,12 @@ export const english: Phrasing = {
     measure: "(convert|change|turn|transform|translate)",
   },
   before: [
-    "please", "kindly", "(can|could|would|will) you [please|kindly|just|quickly]", "can i (get|have) you to",
+    "please", "kindly", "(like|you know|basically|anyway|anyways|wow|oh do|i mean|i meant|good heavens|goodness|goodness me|good grief|good lord|dear me|oh dear|bless you|blimey|crikey|right then|now then|oops|whoa|gosh|man|guess what|look|nice|perfect|cool|sure|fine|one sec|" +
+      "one second)", "(can|could|would|will) you [please|kindly|just|quickly]", "can i (get|have) you to",
     "(hey|hi|hello|ok|okay|so|well|alright|all right|right|now|um|uh|oh|yo|then|and|also|great|thanks|yes|yeah|listen|" +
       "excuse me|go ahead and|just|quickly|quick|actually|sorry|good morning|good evening)",
-    "(i would like|i want|i need) you to", "would you mind", "do me a favor and", "do me a favour and", "be so kind as to",
+    "(i would like|i want|i need|i should like) you to", "i would (rather|prefer it if) you", "(no|oh no) (hang on|hold on|wait|sorry)",
+    "(see|check|find out) (if|whether)", "i should (like|love) to", "would you mind", "do me a favor and", "do me a favour and", "be so kind as to",
     "i was wondering if you could", "(could|can|would) you (tell me|let me know)", "(tell me|let me know)", "do you know",
     "do you think you could", "(are you able|would it be possible) to", "is it possible to", "if you could",
     "i would appreciate it if you could", "why do not you", "how about you", "you can", "you should", "let us", "it is time to",
@@ -102,7 +105,7 @@ export const english: Phrasing = {
       "forget|i forgot)", "your (job|task) is to", "you (may|might|could)", "(may|can|could) i (ask you to|ask)", "help me", "try to",
   ],
   polite: [
-    "please", "(thanks|thank you) [so much|very much|a lot]", "(would|will|could|can) you",
+    "please", "(thanks|thank you) [so much|very much|a lot]", "(if you please|there is a dear|if you will|if you would be so kind)", "(would|will|could|can) you",
     "if you (can|could|would|do not mind)",
   ],
   after: [

@@ -9,21 +9,25 @@ export const englishConcepts: Lexicon = {
     "kindly|quickly|maybe|perhaps|also|currently|at the moment|at present|for me|for us|go ahead and|today|exactly|actually|from|which|" +
     "be|go|going|get",
   /** Nor do these in a question. */
-  asking: "they|nice|great|good|lovely|beautiful|is|are|do|does|i|we|have|got|has|it|there|any|some|what|which|how|much|many|when|tell|" +
+  asking: "holding up|hold up|holding|anything|something|nearly|almost|soon|already|yet|they|nice|great|good|lovely|beautiful|is|are|do|does|i|we|have|got|has|it|there|any|some|what|which|how|much|many|when|tell|" +
     "show|give|know|still|me|if|whether|will|" +
     "am|been|like|look|looking|doing|my|see|hear|let|check|find out|got to|until|till|before|can i see|that|currently",
   ask: "what|which|how is|how are|am i|are we|do i have|do we have|have i got|have we got|have you got|do you have|is there|are there|" +
     "any|when|tell me|let me know|give me|how long|" +
-    "how much time|how many|what time|what have i got|got any|do i still have",
-  list: "list|show|read|check|tell me|let me hear|let me see|show me|read out|go over|go through|run through|give me|run me through|" +
+    "how much time|how many|what have i got|got any|do i still have",
+  /** It asks for a time. */
+  clock: "what time|at what time|which time",
+  when: "when",
+  must: "i have to|i have got to|i need to|i must|i want to|i should|i am supposed to|i got to|i had better|we have to|we need to|i will have to",
+  list: "have a look at|take a look at|list|show|read|check|tell me|let me hear|let me see|show me|read out|go over|go through|run through|give me|run me through|" +
     "talk me through",
   /** It asks what something is, not which one there is. */
-  definition: "what is a|what is an|what does|how to|how do i|how do you|how can i",
+  definition: "what time is it|what is a|what is an|what does|how to|how do i|how do you|how can i",
   inverted: "is|are",
   yesno: "am i|are we|do i have|do we have|have i got|have we got|is there|have i|have we",
   article: "the|my|our|a|an|some|that|this",
   names: "for|called|named|labelled|labeled|on|of|has|does|with",
-  timer: "timer|countdown|count down|egg timer|kitchen timer|timers|countdowns",
+  timer: "timer|countdown|count down|kitchen timer|timers|countdowns",
   timers: "timers|timer|countdowns",
   alarm: "alarm|alarms|alarm clock|wake up call|alarm call|buzzer",
   alarms: "alarms|alarm",
@@ -33,9 +37,9 @@ export const englishConcepts: Lexicon = {
   noted: "noted|written down|jotted down|noted down|take|taken|made|wrote down|left",
   all: "all|all of|every|each|each of|every single|both|both of|any|every last|all the|every one of",
   running: "running|active|set|going|ticking|on|still running|that is running|that is set|that are running|that are set|that are on|i " +
-    "set|i have set|i have|i made|going on|i have on|i have got|" +
+    "set|i have set|i have|i made|you have got|you have|that you have|i have got|on the go|going on|i have on|i have got|" +
     "i have running|currently running|that i set|that i have set|counting|up|in progress",
-  pending: "pending|coming up|upcoming|outstanding|scheduled|lined up|due|waiting|in store",
+  pending: "set up|planned|pending|coming up|upcoming|outstanding|scheduled|lined up|due|waiting|in store",
   goes: "go off|goes off|going off|ring|rings|end|ends|finish|finishes|be up|be done|done|over|run out|up",
   off: "cancel|stop|delete|remove|clear|kill|end|dismiss|disable|turn off|switch off|shut off|off|get rid of|scrap|drop|abort|silence|" +
     "erase|ditch|call off|unset|" +
@@ -50,7 +54,7 @@ export const englishConcepts: Lexicon = {
     "time me|to ring|to go off|that goes off|that rings|sound|" +
     "give me an alert|give me a signal|give me a warning|say something|to sound|that sounds|nudge me",
   after: "in|after|when|is up|are up|have passed|has passed|have gone by|from now|once|are over|is over|elapse|have elapsed|up|over|passed",
-  wake: "wake me|wake me up|wake us|wake us up|wake|wake up|get me up|get me out of bed|rouse me|to wake me up|to wake me|to wake up|to " +
+  wake: "woken up|woken|being woken|being woken up|be woken|be woken up|wake me|wake me up|wake us|wake us up|wake|wake up|get me up|get me out of bed|rouse me|to wake me up|to wake me|to wake up|to " +
     "get up|get us up|wakes me|wakes me up|waking me|waking me up|get me awake",
   early: "early|bright and early|nice and early|sharp",
   so: "so|and|then|that",
@@ -70,11 +74,11 @@ export const englishConcepts: Lexicon = {
   unmute: "unmute|unmuted|un mute|off mute|out of mute|unsilence",
   out: "out of|off",
   on: "on|turn on|switch on|back on|put on|enable|reenable|re enable|restore|on again",
-  back: "back|back on|again|return|bring back|give back|give me back|restore|let me hear",
+  back: "let me have|again|back|back on|again|return|bring back|give back|give me back|restore|let me hear",
   change: "i would like|i want|i need|i could use|we need|i would love|put|set|make|bring|adjust|change|move|push|get|have|take|go|" +
     "switch|want|need|could use|give|would like|let us have|play|use|run|a setting of|sit|sits",
   turn: "turn|crank|pump|bump|jack|whack|nudge|dial|knock|notch|ramp|tone",
-  bit: "a bit|a little|a little bit|a tad|a touch|slightly|a notch|some|a lot|a smidge|a fraction|a good bit|quite a bit|a bit more|a " +
+  bit: "bit|little|a bit|a little|a little bit|a tad|a touch|slightly|a notch|some|a lot|a smidge|a fraction|a good bit|quite a bit|a bit more|a " +
     "little more|somewhat|much|way|a hair|a few notches|" +
     "just a bit|just a little|a wee bit|a tiny bit|more|a couple of notches|a step|a good deal|considerably|significantly|one notch|two " +
     "notches|even|a whole lot",
@@ -92,6 +96,8 @@ export const englishConcepts: Lexicon = {
   most: "max|maximum|full|all the way|all the way up|to the max|full blast|as loud as it goes|as loud as possible|as high as it goes|" +
     "full volume|the max|the loudest|full whack|highest|" +
     "to maximum|as high as possible|as far as it goes|to the top|as loud as it will go|as high as it will go|as far up as it goes|flat out",
+  least: "minimum|the minimum|to the minimum|all the way down|to zero|zero|the lowest|lowest|as low as it goes|as low as possible|as quiet as " +
+    "possible|down all the way|as far down as it goes|nothing",
   half: "half|halfway|half way|the middle|medium|midway|mid|in half|to half|middle",
   loud: "loud|high|level|turned up|set",
   next: "next|another|the next|different|a different|following|forward",
@@ -102,9 +108,10 @@ export const englishConcepts: Lexicon = {
     "track playing|show",
   pause: "pause|stop|halt|freeze|hold|pause playing|stop playing|cut|kill|put on hold|put on pause|on hold|on pause|interrupt|suspend|" +
     "turn off|switch off|shut off|off|quiet",
+  wireless: "wireless|radio",
   pausing: "pause|pause playing|hit pause|press pause|stop playing|put on pause|on pause",
   awhile: "for a second|for a sec|for a minute|for a moment|for a bit|for a while|for now|a second|a sec|a moment|a minute|briefly",
-  play: "play|resume|continue|unpause|restart|start playing|resume playing|keep playing|put on|carry on|carry on with|go on with|keep " +
+  play: "let us hear|hear|play|resume|continue|unpause|restart|start playing|resume playing|keep playing|put on|carry on|carry on with|go on with|keep " +
     "going|hit play|press play|start|put|get|pick up|continue with",
   again: "again|once more|one more time|where i left off|where we left off|where it left off",
   some: "some|any",

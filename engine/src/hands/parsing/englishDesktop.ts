@@ -37,6 +37,7 @@ export const englishDesktop: readonly Request[] = [
   [
     "openFolder",
     [
+      "(look|have a look) in [<whose>] {text} (folder|directory) [open it]", "(show me|see|let me see|tell me|can i see) what is in [<whose>] {text} (folder|directory)", "(can|could|may) i see [<whose>] {text} (folder|directory)",
       "(open|show|open up|bring up|go to|pull up|launch|view|display|browse|take me to|see) [me] [<whose>] {text} (folder|" +
         "directory)",
       "(open|show|go to) [me] [<whose>] (folder|directory) [called|named] {text}",
@@ -53,7 +54,15 @@ export const englishDesktop: readonly Request[] = [
   [
     "openKnownFolder",
     [
-      "(open|open up|show|show me|go to|take me to|bring up|let me see|view|browse|pull up|find) [all] [of] [<whose>] {few:text}",
+      "(open|open up|show|show me|go to|take me to|bring up|let me see|view|browse|pull up|find|see|look at|i want to see|i would like to " +
+        "see|can i see|could i see) [all] [of] [<whose>] {few:text}",
+    ],
+  ],
+  [
+    "openKnownApplication",
+    [
+      "(i need|i want|i would like|i could use|we need|get|get me|fetch|fetch me|give me|show|show me|bring|bring me|put up|let me use|let me have|let us " +
+        "see|turn on|switch on|use|can i have|could i have|could i get|can i get|take me to|go to|switch to) [<whose>|a] {few:text} [up|app]",
     ],
   ],
   [

@@ -124,10 +124,10 @@ export const englishFacts: readonly Request[] = [
       "how (many days|long|many weeks|many more days|much longer|many days left|many sleeps|many more sleeps|many more " +
         "weeks) [is it|are there|are left|is there|do we have|do i have|have i got|left|remain|remaining|are we] (until|till|" +
         "to|before|from now until|away from) {day}",
-      "how (many days|far|many weeks) (away is|off is|away from) {day}", "(days|weeks) (until|till|to|before) {day}",
+      "how (many days|long) [is it|are there|is there] (between|from) now (and|to|until|till) {day}", "how (many days|far|many weeks) (away is|off is|away from) {day}", "(days|weeks) (until|till|to|before) {day}",
       "how (far|many days) [away] is {day} [away]", "in how many days is {day}",
       "(how long|how many days|how much time|how much longer|how far) [is it|is there|to go|left|do we have|do i have|have " +
-        "we got|do i have to wait] [still] (until|till|to|before) {day} [comes|arrives|is here]",
+        "we got|do i have to wait] [still] (until|till|to|before) {day} [comes|arrives|is here|in days]",
       "(is it|are we) (long|far) (until|till|to|from) {day}", "count [down] [the] days (until|till|to) {day}",
       "(number of|the number of) days (until|till|to|before) {day}", "(when|how soon) is {day} (coming|coming up)",
       "how soon is {day}", "{day} is in how many days", "{day} is how (far|many days|long) (away|off|from now)",
@@ -150,7 +150,7 @@ export const englishFacts: readonly Request[] = [
       "(on what|what) (day|weekday|day of the week) (does|will|did) {day} (fall|fall on|be|be on|land on)",
       "what is the (date|day) [on|of] {day}", "(which|what) (day|weekday|date) is {day}", "what will the date be {day}",
       "what date (is|will it be|was it|was) {day}", "what day {day} (is|was|will be)",
-      "is {day} a (monday|tuesday|wednesday|thursday|friday|saturday|sunday|weekday|workday)",
+      "(what|which) day (does|will|is|did) {day} [{day:same}] (fall on|fall|be on|be|land on) [this year|next year]", "is {day} a (monday|tuesday|wednesday|thursday|friday|saturday|sunday|weekday|workday)",
       "{day} is what (day|day of the week)", "when is {day}",
       "(what|which) (was|is|will be) the (date|day|weekday|day of the week) {day}", "what is [the] {day} [date|weekday]",
       "(what|which) (weekday|day|day of the week|date) (is|was|will) [it] [on|be] [on] {day} [be]",
@@ -193,13 +193,14 @@ export const englishFacts: readonly Request[] = [
   [
     "multiply",
     [
-      "multiply {number:a} (by|with|and|times) {number:b}", "[what is] the product of {number:a} and {number:b}",
+      "[what do you get|what do i get|what is it|what happens] (if|when) (you|i|we) multiply {number:a} (by|and|times) {number:b}", "multiply {number:a} (by|with|and|times) {number:b}", "[what is] the product of {number:a} and {number:b}",
     ],
   ],
   [
     "divide",
     [
-      "(divide|split) {number:a} (by|into) {number:b}",
+      "(divide|split|share) {number:a} [dollars|pounds|euros|bucks] (by|into|between|among|across|by the) {number:b} [people|persons|friends|ways|parts|" +
+        "of us|guests]",
     ],
   ],
   [

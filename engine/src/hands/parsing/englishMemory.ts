@@ -11,7 +11,7 @@ export const englishMemory: readonly Request[] = [
   [
     "recall",
     onADay([
-      "(do you remember|remember) what (we|i) (talked about|said|spoke about|discussed|asked|asked you) {past:day}",
+      "(do you remember|remember|do you recall|recall) what (we|i) (talked about|said|spoke about|discussed|asked|asked you) [on] {past:day}",
       "what (did|have|do|were) (we|i|you and i) (talk|talked|speak|chat|discuss|spoken|discussed|talking|chatting|speaking|" +
         "speak about|chatted) [about] [on] {past:day}",
       "what did (we|i|you and i) (talk|speak|chat) about {past:day}",
@@ -62,7 +62,7 @@ export const englishMemory: readonly Request[] = [
         "you|asked) (just now|today|now|earlier|so far|before)",
       "(delete|erase|wipe) (this|our|the) (conversation|chat) history",
       "do not (keep|remember|save|store) this (conversation|chat)", "forget that we (talked|spoke|had this conversation)",
-      "forget that conversation", "forget this whole thing we talked about", "erase this from [your] memory",
+      "forget that conversation", "(forgot|forgot about) (this|our|the) (conversation|chat)", "forget this whole thing we talked about", "erase this from [your] memory",
       "(forget|delete|erase|remove|wipe|discard|clear) (everything|all) [that] (we|i|we have|i have) [just] (said|talked " +
         "about|discussed|told you|talked) [today|just now|so far|here|in this conversation|right now]",
       "(forget|delete|erase|remove|wipe|discard|clear) all of (this|our|the) (conversation|chat)",

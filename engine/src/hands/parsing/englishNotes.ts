@@ -6,18 +6,15 @@ export const englishNotes: readonly Request[] = [
   [
     "addToList",
     [
-      "(we need|i need|we are out of|we are running out of|we ran out of|i ran out of|i want|we want|we are low on|buy|get) {text} [so|" +
-        "please|and] (add|put|stick|" +
-        "throw|write|pop) (it|them|that|those|some) [down] <onto> [<whose>] <listname>",
       "<addverb> {text} [down] <onto> [<whose>] <listname>", "[<whose>] {few:list} list [please] <addverb> {text}",
       "<addverb> [also] {text} [down] as well <onto> [<whose>] <listname>",
       "(i would like|i want|i need|we need|let us have|let us put|let us get|let us add|we could use|we want) {text} " +
+        "[added|put|written|noted] [down] " +
         "<onto> [<whose>] <listname>",
       "(get|have) {text} (added|put|written) [down] <onto> [<whose>] <listname>",
+      "(can|could|should|may) {text} (go|be put|be added|be) [please] <onto> [<whose>] <listname>",
       "{text} (goes|go|needs to go|should go|has to go|belongs|belong) <onto> [<whose>] <listname>",
       "make sure {text} (is|are) on [<whose>] <listname>",
-      "(we are|i am) [almost|nearly|all] out of {text} (add|put|stick|throw|write) (it|them|that|some) <onto> [<whose>] " +
-        "<listname>",
       "(add|put|write|append|include|stick|throw|place|pop) {text} [down] <onto> (the|my|our) list",
       "(add|write|put) <onto> <whose> {few:list} list [that i need|the following|these] {text}",
       "(on|to|onto) <whose> {few:list} list (add|put|write) {text}",
@@ -26,19 +23,14 @@ export const englishNotes: readonly Request[] = [
       "(add|put|write) {text} <onto> (the|my|our) (groceries|shopping|to do|todo)",
     ],
   ],
+  ["listThese", ["[on|for|to] [<whose>] {few:list} list , {text}"]],
   [
     "removeFromList",
     [
-      "[<whose>] {text} (is|are|was|were|has been|have been) {word:how} [so] <removeverb> (it|them|that|those) [off] (from|off|off of|" +
-        "out of) <whose> <listname>",
       "<removeverb> {text} [off] (from|off|off of|out of|on) <whose> <listname>",
       "(get|have) {text} (off|removed from|taken off) <whose> <listname>",
       "[<whose>] {few:list} list [please] <removeverb> {text}",
-      "(i got|i bought|i have|i have got|i have bought|i already have|i already bought|we have|we got|we bought) [the|" +
-        "some] {text} [so] (remove|cross|take|tick|strike|scratch|check) (it|them|that|those) [off] (off|from) <whose> " +
-        "<listname>",
       "(remove|delete|take|cross|scratch|strike|erase|drop|cross off) {text} [off] (from|off|off of|out of) (the|my|our) list",
-      "(i got|i bought|i have|we have|we got) the {text} (cross|take|tick|strike) it off <whose> {few:list} list",
       "(cross|tick|strike|check|scratch) {text} off", "i do not need {text} on <whose> {few:list} list (anymore|any more)",
     ],
   ],
@@ -57,9 +49,9 @@ export const englishNotes: readonly Request[] = [
       "do i have (any|some) notes",
       "(are there|is there|have i got|have you got|do you have|got) (any|some|a) (notes|note) [for me|from me]",
       "(any|some) notes [for me|today|from me]", "(take me|go|run) (through|over) [<the>] notes",
-      "(what|which) (is|was) [<the>] (last|latest|newest) note", "let me (hear|see) [<the>] notes",
+      "(what|which) (is|was) [<the>] (last|latest|newest) note", "(let me|can i|could i|may i) (hear|see|have|read) [<the>] notes [i made|i took|i wrote|i have made|again]",
       "i (want|would like) to (hear|see|read) [<the>] notes", "notes please",
-      "what have i (noted|written down|noted down|jotted down)", "are there (any|some) notes", "my notes",
+      "what have i (noted|written down|noted down|jotted down)", "are there (any|some) notes", "my notes", "(read|tell|show) [me] [back] what i (noted|wrote|jotted|wrote down|noted down|jotted down)",
       "read me what i (wrote down|noted|noted down)", "how many notes (do i have|are there)", "what is in my (notebook|notes)",
     ],
   ],
@@ -85,18 +77,19 @@ export const englishNotes: readonly Request[] = [
       "what (do i|do we|does my list say i) [still] (need|have) to (buy|get) [from the store|at the store|at the " +
         "supermarket|at the shop]",
       "(is there|have i got|do we have|have we got) (anything|something) [left|still|else|yet] (on|in) <whose> {few:list} list",
-      "let me (hear|see) <whose> {few:list} list", "i (want|would like) to (hear|see) <whose> {few:list} list",
+      "(let me|can i|could i|may i) (hear|see|have) <whose> {few:list} list", "i (want|would like) to (hear|see) <whose> {few:list} list",
       "(take me|go|run) (through|over) <whose> {few:list} list", "do i have anything (on|in) <whose> {few:list} list",
       "how many (items|things|entries) (are|do i have|are there) on <whose> {few:list} list",
       "what does <whose> {few:list} list (say|contain|have on it|look like)",
       "what (are|are the things|are the items|items are|things are) (on|in) <whose> {few:list} list",
-      "is {text} on <whose> {few:list} list", "what should i (buy|get) [from the store|at the store|at the supermarket]",
+      "is {text} on <whose> {few:list} list", "what (am i|are we) supposed to (buy|get) [from the store|at the store]", "what should i (buy|get) [from the store|at the store|at the supermarket]",
       "<whose> {few:list} list", "what do i need from the (store|shop|supermarket)", "what is <whose> {few:list} list",
     ],
   ],
   [
     "note",
     [
+      "[a|one] (quick|short|new|little) note , {text}", "[a|one] [quick] (note|memo) [please] : {text}", "(for|in|to|into) my notes : {text}",
       "(note|make note|make a note|take note|take a note|write a note|write down|jot down|note down|take down|put down|" +
         "create a note|create a new note|make a new note|add a note|leave a note|leave me a note|save a note|new note|a note|" +
         "save the note|take a quick note|make a quick note|write me a note|make me a note|take a memo|write|write this down|" +
@@ -112,6 +105,7 @@ export const englishNotes: readonly Request[] = [
         "jot this down|take a memo|make note|save this note) {text}",
       "remember this : {text}", "note to self [that] {text}",
       "(put|get|write|jot|take|note) this down [somewhere] [for me] [please] {text}",
+      "(write|jot|note|take) something down [for me] [please] {text}", "(write|jot|note|take) (this|something) [down] [for me] : {text}",
       "(write|jot|take) down [for me] [please] [that] {text}", "for the record : {text}",
       "i (want|need|would like) to (make|take|write|leave) a note [that|saying|about] {text}",
       "(could|can) i (make|leave|get|have) a note [that|saying] {text}",

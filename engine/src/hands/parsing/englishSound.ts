@@ -149,7 +149,7 @@ export const englishSound: readonly Request[] = [
   [
     "next",
     [
-      "next", "next one", "not (this|that) [one|song] [play|give me] [the] next [one|song]",
+      "next", "next one", "(hear|let us hear|give me|put on) the next one", "not (this|that) [one|song] [play|give me] [the] next [one|song]",
       "[play|go to|skip to|jump to|move to|put on|switch to|give me] [the] next <song> [in the playlist|on the list]",
       "skip [this|the|it|that] [<song>|to the next <song>|ahead]", "skip [to] [the] next",
       "(play|hear) (another|a different) <song>", "next (song|track|video|episode)", "skip forward", "play the next",
@@ -217,7 +217,7 @@ export const englishSound: readonly Request[] = [
       "(play|start|resume) my (music|songs|tunes|playlist)",
       "(play|put on) (a song|some songs|some tunes|some music|something|anything|tunes)", "end the pause",
       "(music|sound|playback) (on|again) [please]", "(turn|switch) [<the>] music [back] on", "play (some|my) music",
-      "play music", "carry on playing",
+      "play music", "carry on playing", "play on", "(start|set|get|turn) [<the>] <music> (up|going|off|playing) [again]",
     ],
   ],
 ];

@@ -7,7 +7,7 @@ export const englishTimers: readonly Request[] = [
     "setTimer",
     [
       "[<set>] [<a>] {duration} timer [<called> [<whose>] {few:name}]",
-      "[<set>] [<a>] (timer|countdown|countdown timer|kitchen timer|egg timer|clock timer) [of|for|with|at|to|lasting|that " +
+      "[<set>] [<a>] (timer|countdown|countdown timer|kitchen timer|clock timer) [of|for|with|at|to|lasting|that " +
         "lasts|set for|set to|running for|that goes off in|which ends in|that rings in|to go off in|for about|to ring in|in] " +
         "{duration} [<called> [<whose>] {few:name}]",
       "<set> [<a>] {few:name} timer [for|of|at|to|with|lasting|in] {duration}", "{word:name} timer [for|of|at|to] {duration}",
@@ -18,7 +18,8 @@ export const englishTimers: readonly Request[] = [
       "[<set>] {duration} on the clock", "[<set>] [<a>] {duration} on (a|the) timer [<called> [<whose>] {few:name}]",
       "{few:name} timer [for|of|at|to] {duration}",
       "time [<whose>] {few:name} for {duration}", "<set> [<a>] timer it is {duration}",
-      "[<whose>] {few:name} (need|needs|take|takes) {duration} <set> [<a>] timer",
+      "[<whose>] {few:name} (need|needs|take|takes) {duration} (<set> [<a>] timer [for (it|them|that|this)]|time (it|them|that|this))",
+      "{duration} (for|on) [<whose>] {few:name} (go|starting now|start now|starts now|from now)",
       "<set> [<a>] timer [<called> [<whose>] {few:name}] (to go off|to ring|ringing|so it rings) in {duration}",
       "<set> [<a>] {duration} {few:name} timer", "<set> [<a>] {duration} (countdown|count down)",
       "{duration} (countdown|count down)", "(time|count down|countdown|count) [me] [from|for|down from|down] {duration}",
@@ -30,7 +31,7 @@ export const englishTimers: readonly Request[] = [
       "(tell|alert|notify|ping|warn|let) me [know] when {duration} (are up|is up|have passed|has passed|are over|is over|" +
         "have gone by|have elapsed|has elapsed|are done)",
       "{duration} (on the clock|on the timer|timer start|starting now)", "(set|start|run) (the|a|my) clock for {duration}",
-      "(ring|beep|go off) in {duration}", "set {duration} on the (timer|clock)", "put {duration} on the (timer|clock)",
+      "(ring|beep|go off) in {duration}", "set {duration} on the (timer|clock)", "<set> [<a>] timer {duration} (will do|should do|should do it|is fine|would be fine|will do nicely)", "put {duration} on the (timer|clock)",
       "start counting [down] [from] {duration}", "(put|set|stick) [<a>] {few:name} on a timer for {duration}",
     ],
   ],
@@ -40,7 +41,7 @@ export const englishTimers: readonly Request[] = [
       "(wake me up|wake me|get me up|get me out of bed|get me going|rouse me|wake us up|wake us) [please|then] {moment}",
       "{moment} (wake me up|wake me)", "wake up call {moment}", "(wake me up|wake me) {duration} from now",
       "<set> [<a>] (wake up call|wake up alarm|morning alarm) [for] {moment}", "(wake me up|wake me) in {duration}",
-      "in {duration} (wake me up|wake me)",
+      "in {duration} (wake me up|wake me)", "[(i would like|i want|i need|i should like|i have) to] be (woken|woken up|roused) {moment}",
       "i (need|have|want|would like|got) to (wake up|get up|be up|be awake|be woken up|be woken) {moment}",
       "make sure i (wake up|get up|am up|am awake) {moment}", "(make sure to|do not forget to) wake me [up] {moment}",
       "wake us [up] {moment}", "(wake|get) me [up] [early|nice and early] {moment}", "{moment} (wake|get) (me|us) [up]",
@@ -67,7 +68,9 @@ export const englishTimers: readonly Request[] = [
   [
     "remind",
     [
-      "(i have to|i have got to|i need to|i must|i should|i am supposed to|i have) {text} ({moment}|in {duration}) [so|and] (remind me|" +
+      "(i must|i have to|i need to|i should) (remember|not forget) [<about>] {text} ({moment}|in {duration}) [so] (remind me|remind us)",
+      "(i must not|i can not|i should not|we must not) forget [<about>] {text} ({moment}|in {duration}) [so] (remind me|remind us)",
+      "(i have to|i have got to|i need to|i must|i should|i am supposed to|i have) {text} ({moment}|in {duration}) [so|and] (remind me|remind us|" +
         "do not let me " +
         "forget|give me a reminder|make sure i remember|set a reminder|remind me of it|remind me about it|remind me about that)",
       "<remind> in {duration} <about> {text}", "<remind> {moment} <about> {text}",
@@ -78,11 +81,11 @@ export const englishTimers: readonly Request[] = [
       "<remind> for {moment} <about> {text}", "<remind> after {duration} <about> {text}",
       "<remind> <about> {text} after {duration}", "<set> [<a>] {duration} reminder <about> {text}",
       "<set> [<a>] {moment} reminder <about> {text}",
-      "(reminder|new reminder|set a reminder|create a reminder|add a reminder|i need a reminder) [for] {moment} [<about>] " +
+      "(reminder|new reminder|<set> [<a>] reminder) [for] {moment} [<about>] " +
         "{text}",
-      "(reminder|new reminder) in {duration} [<about>] {text}", "(ping|nudge|alert|notify) me {moment} (to|that) {text}",
-      "(ping|nudge|alert|notify) me in {duration} (to|that) {text}", "(ping|nudge|alert|notify) me to {text} {moment}",
-      "(ping|nudge|alert|notify) me to {text} in {duration}", "{moment} (ping|nudge|alert|notify) me (to|that) {text}",
+      "<remind> : [<about>] {text} {moment}", "<remind> : [<about>] {text} in {duration}",
+      "(reminder|new reminder) in {duration} [<about>] {text}", "<alertme> {moment} (to|that) {text}", "<alertme> in {duration} (to|that) {text}", "<alertme> to {text} {moment}",
+      "<alertme> to {text} in {duration}", "{moment} <alertme> (to|that) {text}", "in {duration} <alertme> (to|that) {text}",
     ],
   ],
   [
@@ -111,8 +114,9 @@ export const englishTimers: readonly Request[] = [
       "<off> [<the>] [running] (timer|countdown)", "[<the>] timer off", "<off> [<the>] {duration} timer",
       "<off> [<the>] timer (of|for|with) {duration}", "<off> [<the>] {few:name} timer",
       "<off> [<the>] timer (for|called|named|labelled) [<whose>] {few:name}",
-      "(turn|switch|shut) [<the>] [{few:name}] timer off", "i do not need [<the>] [{few:name}] timer anymore",
-      "i do not need [<the>] [{few:name}] timer any more", "[never mind|forget|forget about|about|as for] [<the>] [{few:name}] timer " +
+      "(turn|switch|shut) [<the>] [{few:name}] timer off",
+      "(i|we) (do not|no longer) (need|want) [<the>] [{few:name}] timer (anymore|any more|any longer|now|after all)",
+      "(i|we) no longer (need|want) [<the>] [{few:name}] timer", "[never mind|forget|forget about|about|as for] [<the>] [{few:name}] timer " +
         "<off> it",
     ],
   ],
@@ -125,7 +129,8 @@ export const englishTimers: readonly Request[] = [
       "(turn|switch|shut) [<the>] alarm off (for|on) {day}",
       "<off> [<the>] alarm [for|at|set for|set at|of] {moment}", "<off> [<the>] alarm (for|on|of) {day}",
       "<off> [<the>] {few:name} alarm", "<off> [<the>] alarm (called|named|for) {few:name}",
-      "(turn|switch|shut) [<the>] alarm [for|at] [{moment}] off", "i do not need [<the>] alarm (anymore|any more)",
+      "(turn|switch|shut) [<the>] alarm [for|at] [{moment}] off", "(i|we) (do not|no longer) (need|want) [<the>] alarm (anymore|any more|any longer|now|after all)",
+      "(i|we) (do not|no longer) (need|want) [<the>] alarm (for|on|) {day} [anymore] [cancel it|turn it off|switch it off|delete it]",
     ],
   ],
   [
@@ -149,8 +154,8 @@ export const englishTimers: readonly Request[] = [
       "(let me sleep|let me snooze|let me rest) [a bit|a little] (more|longer)", "snooze [<the>] (alarm|timer|reminder|it)",
       "snooze [it|the alarm|the timer|that|this] for [another|an extra|an additional|about|just] {duration}",
       "(postpone|delay|put off|push back) [it|<the> alarm|<the> timer|this] [for|by] {duration}",
-      "(give me|let me have|i want|i need|just) another {duration}",
-      "(give me|let me have|just|i want|i need) {duration} (more|longer)",
+      "(give me|let me have|i want|i need|just) another {duration} [of sleep] [snooze]", "(not yet|no not yet|no) [just] {duration} [more]",
+      "(give me|let me have|just|i want|i need) {duration} (more|longer) [sleep|of sleep]",
       "let me sleep [for] [another] {duration} [more|longer]", "another {duration}", "{duration} more",
       "give me {duration} more", "snooze [another] {duration}", "(ring|try|wake me|wake me up) again in [another] {duration}",
       "(ring|remind me|wake me|wake me up) again in {duration}",
@@ -188,7 +193,7 @@ export const englishTimers: readonly Request[] = [
       "when (are|is|will) [<the>] {few:name} (timer up|timer done|timer ready|timer over)",
       "(is|are) [<the>] {few:name} timer (up|nearly up|almost up|nearly done|almost done) [yet]",
       "how many (minutes|seconds) (to go|more)", "how long has [<the>] [{few:name}] timer (got|left|got left)",
-      "(is|are) there (any|much) time <left> [on [<the>] [{few:name}] timer]",
+      "(is|are) there (any|much) time <left> [on [<the>] [{few:name}] timer]", "(has|have) [<the>] [{few:name}] timer [still] (got long|long|much longer|got much longer) [left|to run|to go]", "is there [any|much] time [<left>] on [<the>] [{few:name}] timer",
       "when (does|will|is) [<the>] [{few:name}] timer (go off|end|finish|ring|be done|be over|done|up|over|run out|going " +
         "to ring|going off|due|be up|expire)",
       "(what|which) timers (do i have|do we have|are running|are set|are there|are active|are on|have i set|have i got|i " +
@@ -200,7 +205,7 @@ export const englishTimers: readonly Request[] = [
       "(is|are) [<the>] [{few:name}] (timer|timers) (running|set|on|active|going|still running|still going|still on|done|over)",
       "how many timers (do i have|are running|are set|are there|are active|have i set) [running|set]",
       "check [on] [<the>] [{few:name}] timer", "what about [<the>] [{few:name}] timer", "how (long|much) is <left>",
-      "how (much|long) (do i|have i) [have|got] <left>", "my timers",
+      "how (much|long) (do i|have i) [have|got] <left>", "how long (have i|do i) [still] (got|have)", "my timers",
       "(any|which|what) timers [on|running|going|set|active|left]",
     ],
   ],
@@ -218,7 +223,7 @@ export const englishTimers: readonly Request[] = [
       "(is|are) [<the>] (alarm|alarms) (set|on|active)",
       "how (long|much time|many hours) [is left|is it|do i have|is there] (until|till|before|on|to) [<the>] [next] alarm " +
         "[goes off|rings]",
-      "when (will|are) you (wake|waking|going to wake) me [up]", "(what|which) time (did i|have i) set [<the>] alarm [for|to]",
+      "(what time|when) did i (ask|tell) you to wake me [up]", "when (will|are) you (wake|waking|going to wake) me [up]", "(what|which) time (did i|have i) set [<the>] alarm [for|to]",
       "(did i|have i) (set|got) [an|my|any|the] (alarm|alarms) [for tomorrow|tomorrow|set]",
       "am i (getting up|waking up) tomorrow", "how many alarms (do i have|are set|are there) [set]",
     ],
@@ -230,8 +235,9 @@ export const englishTimers: readonly Request[] = [
       "(list|show|read|read out|tell me|give me|check|what are) [me] [all|all of] [<the>] (reminders|upcoming reminders) " +
         "[(for|on) {day}]", "[what are] {day} reminders",
       "(do i have|are there|have i got|is there|have i set) (any|a|some) (reminders|reminder) [set|today|left]",
-      "when is [<the>] [next] reminder", "what (did i ask|have i asked) you to remind me (of|about)",
-      "what do you have to remind me (of|about)", "what am i [supposed] to (remember|be reminded of) [today]",
+      "when is [<the>] [next] reminder", "what (did|do) i (want|need|ask|have) to be reminded (of|about)",
+      "(do i have|is there|have i got|was there) (anything|something) [i have|i need|i am supposed] to (remember|be reminded of) [today|tomorrow]", "what (did i ask|have i asked) you to remind me (of|about)",
+      "what (do you have|have you got|have you) to remind me (of|about)", "what am i [supposed] to (remember|be reminded of) [today]",
       "(any|my) reminders [for today|today|for me]", "(what|which) reminders (are coming up|are pending|are next|are open)",
       "what is my next reminder", "how many reminders (do i have|are there) [set]",
     ],

@@ -2,24 +2,27 @@
 // the request is about, or be one that changes nothing: of a sentence with a word that is neither nothing is understood.
 
 import type { Language } from "../../base/language.ts";
-import { conceptsOf, expressionAt, type Concepts } from "./concepts.ts";
+import { conceptsOf, expressionAt, type Concepts, type Expression } from "./concepts.ts";
 import { day, type Day } from "./days.ts";
 import { duration } from "./durations.ts";
 import { englishConcepts } from "./englishConcepts.ts";
 import { rules, type Rule } from "./gistRules.ts";
-import type { Sentence, Slots } from "./grammar.ts";
+import { isQuestion, type Sentence, type Slots } from "./grammar.ts";
 import { meanings, type Meant } from "./meanings.ts";
 import { moment, type Moment } from "./moments.ts";
 import { number } from "./numbers.ts";
 import { portugueseConcepts } from "./portugueseConcepts.ts";
 import { measure, unit } from "./sums.ts";
-import { said } from "./tokens.ts";
+import { said, type Token } from "./tokens.ts";
+import { isInfinitive } from "./verbs.ts";
 
 /** Some words of a sentence, and all that they may stand for. */
 interface Piece {
   from: number;
   to: number;
   concepts: ReadonlySet<string>;
+  /** What its words stand for one by one, where they are several. */
+  words?: readonly ReadonlySet<string>[] | undefined;
   value?: number | Moment | Day | string;
 }
 
@@ -44,32 +47,44 @@ export function gistOf(sentence: Sentence, parts: Iterable<readonly [number, num
   if (tokens.length === 0 || tokens.length > longest) return undefined;
   const readings = [false, true].map((isMeasure) => piecesOf(sentence, isMeasure));
   for (const [start, stop] of parts) {
-    // "I am going to lock the screen" only tells of it.
-    if (start > 0 && tokens[start]!.plain === "to") continue;
+    if (isSomebodys(tokens, start)) continue;
     const meant = gistOfPart(sentence, readings, start, stop);
     if (meant) return meant;
   }
   return undefined;
 }
 
+/** "I am going to lock the screen", "eu bloqueio a tela" and "você acorda às sete?" only tell, or ask, what somebody does. */
+function isSomebodys(tokens: readonly Token[], start: number): boolean {
+  const said = tokens.slice(Math.max(0, start - 2), start).map(({ plain }) => plain).join(" ");
+  return (start > 0 && tokens[start]!.plain === "to") || /(^| )(voce|eu|voce vai)$/.test(said);
+}
+
 function gistOfPart(sentence: Sentence, readings: readonly Piece[][], start: number, stop: number): Meant | undefined {
+  const asks = isQuestion(sentence.text) && !forAdvice.test(sentence.tokens[0]!.plain);
   for (const [at, reading] of readings.entries()) {
     const isMeasure = at === 1;
     const within = reading.filter(({ from, to }) => from >= start && to <= stop);
     // What stands around it has taken a word of it.
     if (within[0]?.from !== start || within.at(-1)?.to !== stop) continue;
     const pieces = asked(within);
-    const isTold = isToldOf(pieces, sentence);
+    // "Can you set a reminder?" asks for it to be done.
+    const isOrder = orders.some((concept) => pieces[0]!.concepts.has(concept));
+    const isTold = !asks && isToldOf(pieces, sentence);
     for (const rule of rules) {
       if ((rule.needs.includes("measure")) !== isMeasure) continue;
       if (!rule.isAsked && isTold) continue;
-      const slots = slotsFor(rule, pieces, sentence);
+      const slots = slotsFor(rule, pieces, sentence, asks && !isOrder);
       const meant = slots && meanings[rule.meaning](slots, sentence.now);
       if (meant) return meant;
     }
   }
   return undefined;
 }
+
+/** "Should I set an alarm?" wants advice. */
+const orders: readonly string[] = ["set", "wake", "off", "alerts", "change", "turn", "take", "lock", "mute", "pause", "play"];
+const forAdvice = /^(should|shall|must|may|devo|deveria|posso|convem)$/;
 
 /** "Is my alarm set?" asks, and "my alarm is set" tells. */
 function asked([first, ...others]: readonly Piece[]): Piece[] {
@@ -83,21 +98,33 @@ function isToldOf(pieces: readonly Piece[], { tokens, language }: Sentence): boo
   return pieces.slice(1).some(({ from }) => tokens[from]!.lemma !== tokens[from]!.plain);
 }
 
+const forIt: ReadonlySet<string> = new Set(["light", "names", "conversion"]);
+
 /** `isMeasure`: numbers are read with their units. */
 function piecesOf(sentence: Sentence, isMeasure: boolean): Piece[] {
   const { tokens, language, now } = sentence;
   const pieces: Piece[] = [];
   for (let at = 0; at < tokens.length; ) {
-    const word = expressionAt(conceptsFor(language), tokens, at);
+    const found = expressionAt(conceptsFor(language), tokens, at);
+    // "Para" stops what stands after it; after a timer it tells what that is for.
+    const isFor = found?.words.join(" ") === "para" && pieces.some(({ concepts }) => concepts.has("timer") || concepts.has("alarm"));
+    const word = isFor ? { words: found.words, concepts: forIt } : found;
     const value = isMeasure ? measured(sentence, at) : timed(sentence, at, now);
     const piece = value && (!word || value.to - at >= word.words.length) ? value : undefined;
     if (piece && word && value!.to - at === word.words.length) pieces.push({ ...piece, concepts: new Set([...piece.concepts, ...word.concepts]) });
     else if (piece) pieces.push(piece);
-    else if (word) pieces.push({ from: at, to: at + word.words.length, concepts: word.concepts });
+    else if (word) pieces.push({ from: at, to: at + word.words.length, concepts: word.concepts, words: apart(sentence, at, word) });
     else pieces.push({ from: at, to: at + 1, concepts: new Set(["unknown"]) });
     at = pieces.at(-1)!.to;
   }
   return pieces;
+}
+
+/** "Is this" is one expression in "who is this", and two words in "is this laptop online". */
+function apart({ tokens, language }: Sentence, at: number, { words, concepts }: Expression): Piece["words"] {
+  if (words.length === 1 || concepts.has("definition")) return undefined;
+  const none = new Set<string>();
+  return words.map((_, offset) => expressionAt(conceptsFor(language), tokens.slice(at + offset, at + offset + 1), 0)?.concepts ?? none);
 }
 
 function measured({ tokens, language }: Sentence, at: number): Piece | undefined {
@@ -127,13 +154,17 @@ function timed({ tokens, language }: Sentence, at: number, now: Date): Piece | u
 }
 
 /** What the rule's meaning is given, when the sentence is all of what the rule speaks of. */
-function slotsFor(rule: Rule, pieces: readonly Piece[], sentence: Sentence): Slots | undefined {
+function slotsFor(rule: Rule, pieces: readonly Piece[], sentence: Sentence, asks: boolean): Slots | undefined {
   const has = (piece: Piece, concepts: readonly string[]): boolean => concepts.some((concept) => piece.concepts.has(concept));
   const needs = rule.needs.map((need) => need.split("|"));
-  if (!needs.every((need) => pieces.some((piece) => has(piece, need)))) return undefined;
+  // What is written as a question needs no word that asks.
+  const isThere = (need: readonly string[]): boolean => (asks && /\b(ask|yesno)\b/.test(need.join(" "))) || pieces.some((piece) => has(piece, need));
+  if (!needs.every(isThere)) return undefined;
   const taken = [...needs.flat(), ...rule.may, rule.isAsked ? "asking" : "", "light"];
-  const unknown = pieces.filter((piece) => !has(piece, taken));
-  const slots = valuesOf(pieces.filter((piece) => has(piece, taken)), taken);
+  const isTaken = (piece: Piece): boolean =>
+    has(piece, taken) || (piece.words?.every((concepts) => taken.some((each) => concepts.has(each))) ?? false);
+  const unknown = pieces.filter((piece) => !isTaken(piece));
+  const slots = valuesOf(pieces.filter(isTaken), taken);
   if (slots === undefined || unknown.length === 0) return slots;
   if (rule.name === undefined) return undefined;
   const called = nameIn(rule, unknown, pieces, sentence);
@@ -163,10 +194,14 @@ function valuesOf(pieces: readonly Piece[], taken: readonly string[]): Slots | u
 }
 
 /** The words that stand for nothing else, where they can be a name: together, and beside what has one. */
-function nameIn(rule: Rule, unknown: readonly Piece[], pieces: readonly Piece[], { text, tokens }: Sentence): string | undefined {
+function nameIn(rule: Rule, unknown: readonly Piece[], pieces: readonly Piece[], sentence: Sentence): string | undefined {
+  const { text, tokens } = sentence;
   const [from, to] = [unknown[0]!.from, unknown.at(-1)!.to];
   const isWhole = unknown.every((piece, at) => piece.concepts.has("unknown") && (at === 0 || piece.from === unknown[at - 1]!.to));
-  if (!isWhole || to - from > longestName) return undefined;
+  const isBroken = /[,;:.!?…]/.test(text.slice(tokens[from]!.start, tokens[to - 1]!.end));
+  // "Fala para a Ana colocar um timer" wants somebody else to do it.
+  const isDoer = sentence.language === "pt" && isInfinitive(tokens[to]?.plain ?? "");
+  if (!isWhole || isBroken || isDoer || to - from > longestName) return undefined;
   const before = pieces.find((piece) => piece.to === from);
   const after = pieces.find((piece) => piece.from === to);
   const isCalled = before?.concepts.has("names") === true || (after !== undefined && rule.named !== undefined && after.concepts.has(rule.named));

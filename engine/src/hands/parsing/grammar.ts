@@ -1,5 +1,6 @@
 // A grammar of requests. A phrase is a sequence of words, "[optional]" ones, "(one|of several)", "<part>"s that stand elsewhere,
-// "{slots}" for numbers, times and free words, and ":" where one is written. A sentence is a request only when a phrase takes all of it.
+// "{slots}" for numbers, times and free words, ":" and "," where one is written, and "?" in what is written as a question. A sentence
+// is a request only when a phrase takes all of it.
 
 import type { Language } from "../../base/language.ts";
 import { day, type Day } from "./days.ts";
@@ -26,6 +27,8 @@ type Node =
 type SlotType = "duration" | "moment" | "day" | "past" | "number" | "numbers" | "sum" | "measure" | "unit" | "text" | "few" | "word";
 
 const slotTypes: readonly string[] = ["duration", "moment", "day", "past", "number", "numbers", "sum", "measure", "unit", "text", "few", "word"];
+/** May stand between a correction and what it says: "de cinco, não, de dez". */
+const isSmall = /^(for|at|to|de|para|em|as)$/;
 /** A name is no longer than so many words. */
 const fewWords = 4;
 
@@ -54,7 +57,7 @@ export function phrase(source: string, parts: Readonly<Record<string, string>>):
 function begin(node: Node, words: Set<string>): "word" | "nothing" | "anything" {
   switch (node.kind) {
     case "word":
-      if (node.word === ":") return "nothing";
+      if (/^[:,?]$/.test(node.word)) return "nothing";
       words.add(node.word).add(lemmaOf(node.word, "pt"));
       return "word";
     case "slot":
@@ -146,7 +149,8 @@ export function matched<T>(what: Phrase, sentence: Sentence, accept: (slots: Slo
 function walk(node: Node, at: number, sentence: Sentence, slots: Record<string, Slots[string]>, goOn: (end: number) => boolean): boolean {
   switch (node.kind) {
     case "word":
-      if (node.word === ":") return hasColon(sentence, at) && goOn(at);
+      if (/^[:,]$/.test(node.word)) return hasMark(sentence, at, node.word) && goOn(at);
+      if (node.word === "?") return isQuestion(sentence.text) && goOn(at);
       return isWord(sentence.tokens[at], node.word, sentence.language) && goOn(at + 1);
     case "sequence": {
       const from = (index: number, place: number): boolean => {
@@ -178,10 +182,15 @@ function isWord(token: Token | undefined, word: string, language: Language): boo
   return token.plain === word || (token.lemma !== token.plain && token.lemma === lemmaOf(word, language));
 }
 
-/** A colon stands before this token. */
-function hasColon({ text, tokens }: Sentence, at: number): boolean {
+/** It is written as a question. */
+export function isQuestion(text: string): boolean {
+  return /\?["'”’»)\s]*$/u.test(text);
+}
+
+/** The mark stands before this token; a comma or another one that parts words. */
+function hasMark({ text, tokens }: Sentence, at: number, mark: string): boolean {
   const [before, after] = [tokens[at - 1], tokens[at]];
-  return before !== undefined && after !== undefined && text.slice(before.end, after.start).includes(":");
+  return before !== undefined && after !== undefined && (mark === ":" ? /:/ : /[,:;–—-]/).test(text.slice(before.end, after.start));
 }
 
 function fillings(type: SlotType, at: number, { text, tokens, language, now }: Sentence): Iterable<Found<Slots[string]>> {
@@ -192,7 +201,7 @@ function fillings(type: SlotType, at: number, { text, tokens, language, now }: S
     const first = read(at, false);
     const from = first ?? number(tokens, at, language);
     const again = from && correctedFrom(tokens, from.next, language);
-    const second = again === undefined ? undefined : read(again, true);
+    const second = again === undefined ? undefined : (read(again, true) ?? (isSmall.test(tokens[again]?.plain ?? "") ? read(again + 1, true) : undefined));
     return one(first && second ? { value: joined(first.value, second.value), next: second.next } : (second ?? first));
   };
   switch (type) {

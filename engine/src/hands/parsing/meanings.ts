@@ -1,9 +1,12 @@
 // What requests mean: the hand that a sentence asks for, and what the hand is given. Both languages have phrases for each.
 
-import type { Day } from "./days.ts";
+import { correctedItems } from "./corrections.ts";
+import { dayOf, type Day } from "./days.ts";
 import type { Slots } from "./grammar.ts";
 import { localText, timeOf, timesOf, type Moment, type Purpose } from "./moments.ts";
-import { isApplicationName, isItem, isTimerName, isUnsaid, listName } from "./names.ts";
+import {
+  areThings, isApplicationName, isItem, isKnownApplication, isKnownFolder, isTimerName, isUnsaid, listName,
+} from "./names.ts";
 import { bare } from "./tokens.ts";
 
 /** A hand and what it is to do. */
@@ -13,9 +16,6 @@ export interface Meant {
 }
 
 type Meaning = (slots: Slots, now: Date) => Meant | undefined;
-
-/** These are folders without the word. */
-const knownFolders = /^(downloads|documents|pictures|photos|videos|documentos|imagens|fotos|vídeos|videos)$/i;
 
 const longestTimer = 7 * 86_400;
 /** "One more day" is said of something else. */
@@ -159,16 +159,23 @@ export const meanings = {
   note: (slots) => {
     const said = wording(slots);
     // "Take a note of caution" is said of something else.
-    return said === undefined || /^(of|from|off)\b/i.test(said) ? undefined : { hand: "note", given: { do: "note", text: said } };
+    return said === undefined || /^((of|from|off)\b|(everything|tudo|all|tudo isso)$)/i.test(said) ? undefined : { hand: "note", given: { do: "note", text: said } };
   },
   addToList: (slots) => {
-    const items = text(slots, "text");
+    const said = text(slots, "text");
+    const items = said === undefined ? undefined : correctedItems(said);
     // "Write a poem about the shopping list" adds nothing to it.
     const isWhole = items !== undefined && isItem(items) && !/\s(about|of|for|with|from|sobre|de|para|com|do|da)$/i.test(` ${items}`);
     return isWhole ? withList(slots, "note", { do: "add", items }) : undefined;
   },
+  /** "Shopping list, ketchup and mustard" has no verb: it adds what is nothing but the names of things. */
+  listThese: (slots) => {
+    const items = text(slots, "text");
+    return items !== undefined && areThings(items) ? withList(slots, "note", { do: "add", items }) : undefined;
+  },
   removeFromList: (slots) => {
-    const item = text(slots, "text");
+    const said = text(slots, "text");
+    const item = said === undefined ? undefined : correctedItems(said);
     return item === undefined || !isItem(item) ? undefined : withList(slots, "note", { do: "remove", item });
   },
   readNotes: fixed("notes"),
@@ -178,6 +185,7 @@ export const meanings = {
   louder: volumeBy("system", 1),
   quieter: volumeBy("system", -1),
   loudest: fixed("volume", { of: "system", to: 100 }),
+  softest: fixed("volume", { of: "system", to: 0 }),
   half: fixed("volume", { of: "system", to: 50 }),
   muteSound: fixed("volume", { of: "system", mute: true }),
   unmuteSound: fixed("volume", { of: "system", mute: false }),
@@ -194,14 +202,18 @@ export const meanings = {
     const what = text(slots, "text");
     return what !== undefined && isApplicationName(what) ? { hand: "open", given: { name: what } } : undefined;
   },
+  openKnownApplication: (slots) => {
+    const what = text(slots, "text");
+    return what !== undefined && isKnownApplication(what) ? { hand: "open", given: { name: what } } : undefined;
+  },
   openFolder: (slots) => {
     const folder = text(slots, "text");
     // Of "the folder with my videos" only the last words are its name.
-    return folder === undefined || /^(with|of|for|where|containing|com|onde)\b/i.test(folder) ? undefined : { hand: "open", given: { folder } };
+    return folder === undefined || /[,;:]\s/.test(folder) || /^(with|of|for|where|what|containing|com|onde|o que)\b/i.test(folder) ? undefined : { hand: "open", given: { folder } };
   },
   openKnownFolder: (slots) => {
     const folder = text(slots, "text");
-    return folder !== undefined && knownFolders.test(folder) ? { hand: "open", given: { folder } } : undefined;
+    return folder !== undefined && isKnownFolder(folder) ? { hand: "open", given: { folder } } : undefined;
   },
   openAddress: (slots) => {
     const address = text(slots, "text")?.replace(/\s+(dot|ponto)\s+/gi, ".");
@@ -213,8 +225,9 @@ export const meanings = {
   weekday: (slots) => (slots.day ? { hand: "date", given: { do: "weekday", day: dayText(slots.day as Day) } } : undefined),
   daysUntil: (slots) => (slots.day ? { hand: "date", given: { do: "until", day: dayText(slots.day as Day) } } : undefined),
   daysSince: (slots) => (slots.day ? { hand: "date", given: { do: "since", day: dayText(slots.day as Day) } } : undefined),
-  daysBetween: (slots) => {
+  daysBetween: (slots, now) => {
     if (!slots.from || !slots.to) return undefined;
+    if (dayText(slots.from as Day) === dayText(dayOf(now))) return { hand: "date", given: { do: "until", day: dayText(slots.to as Day) } };
     return { hand: "date", given: { do: "between", day: dayText(slots.from as Day), other: dayText(slots.to as Day) } };
   },
   battery: fixed("machine", { what: "battery" }),
@@ -251,12 +264,19 @@ export const meanings = {
 export type MeaningName = keyof typeof meanings;
 
 /** What these note down is kept to the word: "note that I have to go now". */
-export const verbatim: readonly MeaningName[] = ["note", "addToList", "removeFromList", "remind"];
+export const verbatim: readonly MeaningName[] = ["note", "addToList", "listThese", "removeFromList", "remind"];
 
 /** Where free words are kept to the letter; undefined where nothing is. */
 export function keptIn({ hand, given }: Meant): "text" | "about" | undefined {
   if (hand === "note" && given.do === "note") return "text";
   return hand === "timer" && given.do === "reminder" ? "about" : undefined;
+}
+
+const tellers: readonly string[] = ["timers", "notes", "playing", "date", "machine", "calculate", "recall"];
+
+/** It does something, and does not only tell. */
+export function changes({ hand }: Meant): boolean {
+  return !tellers.includes(hand);
 }
 
 /** A meaning, and the phrases that have it. */

@@ -41,6 +41,8 @@ export function moment(tokens: readonly Token[], at: number, language: Language,
     // A preposition or two stand before each part: "on Friday in the morning", "para as sete".
     for (let from = next; from <= next + 3 && !found; from++) {
       if (from > next && !prepositions[language].test(tokens[from - 1]?.plain ?? "")) break;
+      // "Bring it in at three", "put it on at three": of two, the first belongs to the verb.
+      if (language === "en" && from - next === 2 && /^(in|on|by)$/.test(tokens[next]!.plain) && tokens[from - 1]!.plain !== "the") break;
       const dayFound = value.day ? undefined : day(tokens, from, language, now);
       const partFound = value.part ? undefined : part(tokens, from, language);
       const isAnnounced = isHour || announces[language].test(tokens[from - 1]?.plain ?? "") || value.part !== undefined || value.day !== undefined;

@@ -17,6 +17,7 @@ const neverInNames = set(
 const neverInTimers = set(
   "a an any the my your this that these those what which another new first second last next other all every me us him her them it please is " +
     "are was were i you he she we they and or when while if dia dias natal ano mim nos o os um uma meu meus este esse isso nenhum outro novo todos de do ao " +
+    "timer timers alarm alarms alarme temporizador lembrete ja ficou esta acabou already its their his her your our mine yours ours dele dela deles delas " +
     "like about around roughly approximately some uns umas went goes is was off exploded per que se quando eu voce ele ela pensar minus menos zero",
 );
 /** A list is not called so: "my shopping list is too long" tells something of it. */
@@ -26,20 +27,20 @@ const neverInLists = set(
 );
 /** What is added does not begin so: "what goes on the shopping list" asks, and "it" is not said. */
 const neverFirstItem = set(
-  "what who which how why when where nothing anything something everything it that this them those i you we he she they que quem qual quais " +
+  "rid what who which how why when where nothing anything something everything it that this them those i you we he she they que quem qual quais " +
     "hear see read know ouvir ver ler saber escutar quanto quantos como quando onde nada algo tudo isso isto aquilo ele ela eles elas eu voce",
 );
 /** These are "the list", which needs no name. */
 const theList = set("a an the my our your this that it o os um uma meu meus minha nossa este esse esta essa ela ele");
 /** What an application's name does not begin with: "start over", "open your mind". */
 const neverFirst = set(
-  "the a an new your his her their our its over for to with again from about up me it that this these those him them us at on in off of by as and " +
+  "ver ouvir ler aos ao nas no na the a an new your his her their our its over for to with again from about up me it that this these those him them us at on in off of by as and " +
     "i you we he she they who what why how when where if so too not no fire late early wide another some any every all both each mao de em " +
     "para isso isto aquilo com que se eu ele ela nos eles seu sua um uma outro outra cedo tarde logo quem quando como onde por muito mais menos more less",
 );
 /** Nor are these anywhere in one. */
 const neverInApplications = set(
-  "is are was were takes take has have makes make does can could will would hurts costs helps faz fazem fez esta sao tem vai vao pode doi custa leva ajuda foi era please thanks favor obrigado obrigada with com me my him her them us who whom whose because while until before esse essa esses essas aquele aquela dele dela comigo contigo porque " +
+  "up again back going is are was were takes take has have makes make does can could will would hurts costs helps faz fazem fez esta sao tem vai vao pode doi custa leva ajuda foi era please thanks favor obrigado obrigada with com me my him her them us who whom whose because while until before esse essa esses essas aquele aquela dele dela comigo contigo porque " +
     "enquanto sempre nunca que eu since so everybody everyone somebody someone nobody alguem ninguem it ela ele isso isto open launch abre abra abrir",
 );
 /** "Five minutes, then ten" is no name, and "start the clock for twenty minutes" opens nothing. */
@@ -97,13 +98,27 @@ export function isUnsaid(said: string): boolean {
   return unsaid.test(plainWords(said).join(" ").replace(/ (at|on|in|by|a|as|ao|no|na|em|para|daqui)( .*)?$/, ""));
 }
 
+/** "Milk, add it": what follows asks again. */
+const asksAgain = /^(add|put|write|remove|take|cross|adiciona|coloca|coloque|bota|bote|poe|ponha|inclui|inclua|anota|tira|tire|risca|entao|so)$/;
+
 export function isItem(said: string): boolean {
   const words = plainWords(said).join(" ");
   const items = said.split(",").map(plainWords).filter((item) => item.length > 0);
   if (items.some((item) => item.every((word) => smallWords.has(word)))) return false;
+  if (items.slice(1).some(([first = ""]) => asksAgain.test(first)) || /. (add|adiciona|acrescenta) /.test(words)) return false;
   // "Balloons on the party list and milk" speaks of two lists, and "candles, add them" asks twice.
   if (unsaid.test(words) || otherLists.test(words)) return false;
   return !neverFirstItem.has(plainWords(said)[0] ?? "it");
+}
+
+const mostThingWords = 3;
+
+/** Nothing but the names of things: "ketchup and mustard". */
+export function areThings(said: string): boolean {
+  const things = said.split(/\s*,\s*|\s+(?:and|e)\s+/iu).map((thing) => plainWords(thing.replace(/^(an?|some|the|uns?|umas?|[oa]s?)\s/iu, "")));
+  const isPart = (word: string): boolean => !neverInApplications.has(word) && !neverInNames.has(word) && (word === "of" || word === "de" || !smallWords.has(word));
+  const isThing = (words: readonly string[]): boolean => words.length > 0 && words.length <= mostThingWords && words.every(isPart);
+  return isItem(said) && things.every(isThing);
 }
 
 export function isApplicationName(said: string): boolean {
@@ -112,4 +127,23 @@ export function isApplicationName(said: string): boolean {
   // "Passwords and Keys" is one, "Firefox and then the calculator" is more.
   if (words.length > 3 && words.some((word) => /^(and|e)$/.test(word))) return false;
   return words.every((word) => !neverInNames.has(word) && !neverInApplications.has(word) && !lengths.test(word));
+}
+
+/** These are folders without the word. */
+const knownFolders = /^(downloads|documents|pictures|photos|videos|documentos|imagens|fotos|vídeos|videos)$/i;
+
+/** These are applications whatever is said of them: "I need the calculator". */
+const knownApplications = new RegExp(
+  "^(calculator|(web |internet )?browser|terminal|text editor|file manager|(system )?settings|calendar|(e-?mail|mail)( client)?|music player|" +
+    "video player|camera|spreadsheets?|word processor|task manager|image viewer|calculadora|navegador( de internet)?|editor de textos?|" +
+    "gerenciador de (arquivos|tarefas)|configurações|configuracoes|calendário|calendario|player de música|tocador de música|câmera|camera|planilhas?)$",
+  "i",
+);
+
+export function isKnownFolder(said: string): boolean {
+  return knownFolders.test(said);
+}
+
+export function isKnownApplication(said: string): boolean {
+  return knownApplications.test(said);
 }

@@ -41,7 +41,7 @@ export const portuguese: Phrasing = {
       "lembre|preciso que me lembre|quero que me lembre|me faz lembrar|me faca lembrar|me lembra ai|me relembra|me " +
       "relembre|me alerta|me alerte|me recordar|lembra eu|lembra a gente|nao me deixa perder|avisa eu|voce me lembra|voce me lembre|" +
       "voce me avisa|que voce me lembre|que voce me avise|que me lembre|que me avise|" +
-      "me lembrar ai|me ajuda a lembrar|me ajude a lembrar|me cutuca|me da um toque|me cobra|me cobre|me lembrasse|me avisasse|faz um " +
+      "me lembrar ai|ser lembrado|ser lembrada|me lembrar|me ajuda a lembrar|me ajude a lembrar|me cutuca|me da um toque|me cobra|me cobre|me lembrasse|me avisasse|faz um " +
       "lembrete|lembra me ai|me manda um lembrete|" +
       "quero lembrar|preciso lembrar|nao posso esquecer|me notifica|me notifique)",
     about:
@@ -92,11 +92,13 @@ export const portuguese: Phrasing = {
     free:
       "(livre|livres|disponivel|disponiveis|sobrando|restando|restante|de sobra|vago|usada|usado|em uso|ocupado|ocupada|" +
       "sendo usada|sendo usado|usando|de folga|sobrou)",
+    year: "(este ano|esse ano|deste ano|desse ano|neste ano|nesse ano|ano que vem)",
     network: "(rede do wifi|rede de internet|rede|wifi|wi fi|rede wifi|rede wi fi|rede sem fio|internet|conexao|conexao de " +
       "rede)",
   },
   before: [
-    "por favor", "por gentileza", "por obsequio",
+    "por favor", "por gentileza", "por obsequio", "(ve|veja|olha|confere|checa) [ai] se", "(na verdade|alias|pensando bem|melhor)", "(voce|ce) ?",
+    "(nossa|caramba|puxa|eita|poxa|ih|vixe|desculpa|desculpe|espera|espera ai|perai|pera|um momento|so um momento|enfim|pois e)",
     "(voce|tu) (pode|poderia|consegue|podia|pode por favor|poderia por favor|conseguiria)",
     "(pode|poderia|consegue|podia|podes|da para|daria para|sera que voce pode|sera que voce poderia|sera que pode|sera que " +
       "da para) [voce] [por favor|por gentileza|me fazer o favor de]",
@@ -113,7 +115,7 @@ export const portuguese: Phrasing = {
       "embora|de saida|no telefone|em reuniao|cozinhando|ocupado|ocupada|dormir|indo dormir|me deitar|almocar)",
     "nao (estou|consigo|da para) (ouvindo|ouvir|escutar|escutando) [nada|direito|voce|a musica|o som]",
     "(o|a) telefone (esta tocando|tocou)", "(voce|se) (pode|puder|poderia)", "(gostaria|eu gostaria) de",
-    "(sera que|que tal) [voce] [me]", "(teria|tem) como [voce] [me]",
+    "(sera que|que tal) [voce] [me]", "(teria|tem) como [voce]",
     "(eu quero|eu queria|quero|queria|gostaria|eu gostaria|preciso|eu preciso) que (voce|tu)",
     "(eu quero|eu queria|quero|queria|gostaria de|eu gostaria de|preciso|eu preciso|eu gostaria|preciso de)",
     "(faz|faca|me faz|me faca) (o|um|esse|aquele) favor [de|e]",
@@ -146,7 +148,7 @@ export const portuguese: Phrasing = {
       "querido|amigo|amiga|mano|cara)",
   ],
   after: [
-    "para mim", "para nos", "(agora|agora mesmo|ja|imediatamente|rapidinho|rapido|logo)",
+    "para mim", "para nos", "(esta|esta bom|esta certo|pode ser) ?", "(agora|agora mesmo|ja|imediatamente|rapidinho|rapido|logo)",
     "(vai|anda|voce pode|pode ser|ta|ta bom|ok|tudo bem|viu|ne|beleza|pode|sim|entao|ai|la)", "se possivel",
     "se nao for incomodo", "de novo", "tambem", "para (eu|a gente) (ver|ouvir|usar|ler)",
     "(que|porque|pois|que eu|porque eu) (estou|eu estou|estamos|vou|eu vou|preciso|tenho que) (saindo|indo|no telefone|em " +

@@ -9,14 +9,19 @@ export const portugueseConcepts: Lexicon = {
     "a gente|por favor|agora|ja|me|para mim|aqui|ai|la|so|entao|tambem|de novo|novamente|outra vez|rapidinho|hoje|atual|favor|logo|" +
     "agora mesmo|neste momento|no momento|mesmo|pelo|pela|hein",
   /** Nor do these in a question. */
-  asking: "bonita|linda|boa|legal|bacana|massa|bonito|e|esta|estao|tem|tenho|temos|ha|existe|existem|eu|voce|nos|algum|alguma|alguns|" +
+  asking: "quase|bonita|linda|boa|legal|bacana|massa|bonito|e|esta|estao|tem|tenho|temos|ha|existe|existem|eu|voce|nos|algum|alguma|alguns|" +
     "algumas|o que|que|qual|quais|quanto|quanta|quantos|quantas|quando|como|ainda|quero ver|quero ouvir|" +
     "ver|ouvir|saber|diz|fala|conta|mostra|sao|fica|ficou|vai|vou|estou|estamos|anda|e que|sera que|sabe|quero saber|ter|sera|ser|deixa " +
     "eu ver|marcado|ate|para|ao todo|mais|alguma coisa",
-  definition: "o que e um|o que e uma|para que serve|como faco|como eu faco|como se|como que eu",
-  ask: "o que|que|qual|quais|quantos|quantas|quanto|quando|como esta|como anda|como vai|a que horas|que horas|para que horas|cade",
+  /** It asks for something else. */
+  definition: "que horas sao|que horas e|o que e um|o que e uma|para que serve|como faco|como eu faco|como se|como que eu",
+  ask: "o que|que|qual|quais|quantos|quantas|quanto|quando|como esta|como anda|como vai|cade",
+  /** It asks for a time. */
+  clock: "a que horas|que horas|para que horas|em que hora",
+  when: "quando",
+  must: "preciso|eu preciso|tenho que|eu tenho que|quero|eu quero|vou ter que|preciso estar|tenho de",
   inverted: "tem|tenho|temos|ha|esta|estao|estou|estamos|existe|existem|eu tenho|ainda tem|ainda tenho|sera que tem|eu estou|a gente tem",
-  list: "listar|lista|mostra|me mostra|le|diz|fala|me fala|me diz|conta|me conta|confere|verifica|checa|exibe|ve|deixa eu ver|deixa eu " +
+  list: "da uma lida|dar uma lida|da uma olhada|da uma passada|listar|lista|mostra|me mostra|le|diz|fala|me fala|me diz|conta|me conta|confere|verifica|checa|exibe|ve|deixa eu ver|deixa eu " +
     "ouvir|quero ver|quero ouvir|repassa|quero saber|passa|me passa|me da|abre",
   article: "o|a|os|as|meu|minha|um|uma",
   names: "do|da|de|dos|das|para|para o|para a|no|na|chamado|chamada|com nome de|para os|para as",
@@ -28,14 +33,14 @@ export const portugueseConcepts: Lexicon = {
   reminders: "lembretes|avisos|lembrete",
   notes: "notas|anotacoes|ultima nota|ultima anotacao|bloco de notas|caderno",
   noted: "anotado|escrito|guardado|anotada|anotadas|salvo|salvas|feito|guardadas|feitas",
-  all: "todos|todas|tudo|todos os|todas as|os dois|as duas|ambos|cada um|todo|todos eles|qualquer",
-  running: "ativo|ativos|rodando|correndo|ligado|ligados|marcado|marcados|programado|programados|em andamento|funcionando|contando|que " +
-    "esta rodando|que estao rodando|que esta ligado|que estao ligados|" +
+  all: "tudo que e|tudo o que e|todos|todas|tudo|todos os|todas as|os dois|as duas|ambos|cada um|todo|todos eles|qualquer",
+  running: "eu deixei|deixei|que deixei|ativo|ativos|rodando|correndo|ligado|ligados|marcado|marcados|programado|programados|em andamento|funcionando|contando|que " +
+    "esta rodando|que estao rodando|que esta ligado|que estao ligados|que estiverem rodando|que estiver rodando|que estiverem ligados|" +
     "que esta correndo|que estao correndo|que eu marquei|que marquei|que eu coloquei|que coloquei|que eu tenho|que tenho|que eu pus|que " +
     "eu botei|que esta ativo|que estao ativos|que eu criei|que esta marcado|que estao marcados|que tiver|que houver|" +
     "que pedi|que eu pedi|que programei|que esta contando|que existe|que existem|que tem|agendado|agendados|pendente|pendentes|no ar|em " +
     "curso|aberto|abertos|eu tenho|configurado|configurados",
-  pending: "pendente|esta pendente|que esta pendente|pendentes|agendado|agendados|programado|programados|proximos|por vir|vindo|a " +
+  pending: "marcada|marcadas|agendada|programada|combinado|pendente|esta pendente|que esta pendente|pendentes|agendado|agendados|programado|programados|proximos|por vir|vindo|a " +
     "caminho|marcado|marcados|para hoje|para amanha",
   goes: "toca|vai tocar|acaba|vai acabar|termina|vai terminar|tocar|acabar|terminar|acabou|terminou|apita|desperta|vai despertar|" +
     "disparar|dispara|vai disparar|acabando|terminando",
@@ -43,7 +48,7 @@ export const portugueseConcepts: Lexicon = {
     "descarta|termina|mata|derruba|zera|corta|acaba com|para|pare|parar|para com|" +
     "pode parar|da fim|da um fim|joga fora|dispensa|nao quero mais|nao preciso mais|nao precisa mais|some com|para de tocar|dispense|" +
     "suspende|suspenda|mate|corte|desarma|desarme|cala|larga|retira|remova",
-  set: "coloca|bota|poe|cria|faz|inicia|comeca|programa|marca|marque|ativa|liga|define|defina|ajusta|configura|aciona|quero|preciso|" +
+  set: "pronto|preparado|deixa pronto|coloca|bota|poe|cria|faz|inicia|comeca|programa|marca|marque|ativa|liga|define|defina|ajusta|configura|aciona|quero|preciso|" +
     "queria|da|dispara|abre|adiciona|agenda|arma|roda|manda|solta|deixa|arruma|ve|" +
     "novo|nova|outro|outra|mais um|mais uma|gostaria|ponha|me ve|me arruma|me arranja|arranja|monta|prepara|registra|precisava|mete|" +
     "soltar|rola|deixar|joga|taca|pede|mais|preciso que|vou querer|vou precisar",
@@ -59,7 +64,7 @@ export const portugueseConcepts: Lexicon = {
     "que me desperte|para me despertar|que me acorda|estar de pe|ficar de pe|estar acordado|estar acordada|me levantar|me poe de pe|me " +
     "bota de pe|me tira do sono|me faz acordar|me ajuda a acordar|pular da cama|sair da cama",
   early: "cedo|cedinho|bem cedo|em ponto|sem falta",
-  snooze: "soneca|sonequinha|adia|adiar|me acorda de novo|toca de novo|posterga|prorroga|empurra o alarme|atrasa o alarme|funcao soneca|" +
+  snooze: "soneca|sonequinha|adia|adiar|me acorda de novo|posterga|prorroga|empurra o alarme|atrasa o alarme|funcao soneca|" +
     "modo soneca|botao de soneca|botao soneca|botao da soneca",
   sleep: "deixa eu dormir|me deixa dormir|deixa eu ficar na cama|me deixa ficar na cama|me deixa cochilar|deixa eu cochilar",
   more: "mais|mais um pouco|mais um pouquinho|mais um tempo|mais um tempinho|um pouco mais|um pouquinho mais|outros|outras|um pouco|so " +
@@ -102,6 +107,7 @@ export const portugueseConcepts: Lexicon = {
   most: "no maximo|ao maximo|o maximo|maximo|no talo|no ultimo|ate o maximo|para o maximo|ate o talo|no ultimo volume|todo|tudo|o mais " +
     "alto possivel|mais alto possivel|ate o fim|ate o topo|com tudo|no cem|total|o mais alto que der|ao talo|" +
     "volume maximo|no topo|o quanto der|ate o limite|no limite|na maxima",
+  least: "no minimo|ao minimo|o minimo|minimo|para o minimo|ate o minimo|no zero|a zero|para zero|ate zero|o mais baixo possivel|mais baixo possivel",
   half: "metade|pela metade|na metade|meio|no meio|medio|a metade|para a metade|ate a metade|em metade",
   loud: "alto|nivel|altura|quao alto|a quanto|em quanto|em que nivel|em que|quantos por cento|por cento|ajustado",
   next: "proxima|proximo|seguinte|outra|outro|diferente|da frente|adiante|que vem",
@@ -155,7 +161,7 @@ export const portugueseConcepts: Lexicon = {
     "ligado na energia|pela bateria",
   disk: "disco|hd|ssd|armazenamento|disco rigido|disco duro|hard disk",
   space: "espaco|espaco em disco|armazenamento|espaco no disco|memoria interna|lugar",
-  full: "cheio|quase cheio|lotado|ficando cheio|acabando|sem espaco|entupido|cheinho|estourando|no limite|vazio|cheia|lotada|acabou",
+  full: "enchendo|encheu|cheio|quase cheio|lotado|ficando cheio|acabando|sem espaco|entupido|cheinho|estourando|no limite|vazio|cheia|lotada|acabou",
   free: "livre|livres|disponivel|disponiveis|sobrando|restante|restando|de sobra|vago|usado|usada|em uso|ocupado|ocupada|sendo usada|" +
     "sobra|sobrou|resta|restou|usando|gasta|consumida|sendo usado|usa|ocupando|folga|folgada|de folga|desocupado|" +
     "consumindo|utilizado|gastando|utilizada|cabe|comendo|sobraram|livre ainda",

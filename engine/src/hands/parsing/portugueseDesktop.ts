@@ -9,7 +9,7 @@ export const portugueseDesktop: readonly Request[] = [
       "(bloqueia|bloqueie|bloquear|tranca|tranque|trancar|trava|trave|travar) [<the>] <screen>", "(bloqueio|bloquear) de tela",
       "(bloqueia|bloqueie|tranca|tranque|trava|trave|protege) [ai] [<the>] [meu|minha] <screen> [ai]",
       "(deixa|deixe) [<the>] <screen> (bloqueado|bloqueada|trancado|trancada)", "(ativa|ative) [o] bloqueio [de|da] tela",
-      "tela de bloqueio",
+      "tela de bloqueio", "(bloqueia|tranca|trava) tudo",
     ],
   ],
   [
@@ -34,8 +34,8 @@ export const portugueseDesktop: readonly Request[] = [
     [
       "(abre|abra|abrir|mostra|mostre|mostrar|me mostra|me mostre|exibe|vai para|ver|va para|me leva para) [a|minha|o|meu|" +
         "na|a minha] (pasta|diretorio) [de|do|da|dos|das|chamada] {text}",
-      "(o que|que) tem na [minha] pasta [de|do|da|dos|das] {text}",
-      "(me mostra|me mostre|me abre|me abra|quero ver|quero abrir|deixa eu ver|entra|entre|acessa|acesse|visualiza|navega) " +
+      "(quero ver|quero abrir|preciso de|preciso ver) [a|minha] (pasta|diretorio) [de|do|da|dos|das] {text} [pode] (abre|abrir|abre ai|abra)", "[me mostra|mostra|me diz|ver|quero ver] (o que|que) (tem|esta|ha) na [minha] pasta [de|do|da|dos|das] {text}",
+      "(me mostra|me mostre|me abre|me abra|quero ver|posso ver|posso abrir|quero abrir|deixa eu ver|entra|entre|acessa|acesse|visualiza|navega) " +
         "[a|na|minha|o|meu|no|a minha|na minha|ate a] (pasta|diretorio) [de|do|da|dos|das|chamada|com|onde ficam|dos meus|" +
         "das minhas|com os|com as|com meus|com minhas] {text}",
       "(abre|abra|abrir|mostra|mostre) [a|minha|o] pasta (com|onde ficam|onde estao|com os|com as|com meus|com minhas|dos " +
@@ -45,13 +45,21 @@ export const portugueseDesktop: readonly Request[] = [
   [
     "openKnownFolder",
     [
-      "(abre|abra|abrir|mostra|mostre|me mostra|vai para) [o|a|os|as|meu|minha|meus|minhas|os meus|as minhas] {few:text}",
+      "(abre|abra|abrir|mostra|mostre|me mostra|vai para|quero ver|queria ver|deixa eu ver|posso ver|ver) [o|a|os|as|meu|minha|meus|minhas|os " +
+        "meus|as minhas] {few:text}",
+    ],
+  ],
+  [
+    "openKnownApplication",
+    [
+      "(preciso de|preciso do|preciso da|quero|queria|liga|ligue|mostra|mostre|me mostra|me da|me de|me arruma|quero usar|preciso usar|usar|" +
+        "bota|coloca|poe|chama|vai para|me leva para|traz|quero ver|preciso) [<the>] {few:text} [na tela|ai|aqui]",
     ],
   ],
   [
     "openAddress",
     [
-      "(abre|abra|abrir|entra|entre|entrar|vai|va|acessa|acesse|acessar|visita|visite|navega|navegue|mostra|me leva|" +
+      "(quero ir|me leva|abre|abra|abrir|entra|entre|entrar|vai|va|acessa|acesse|acessar|visita|visite|navega|navegue|mostra|me leva|" +
         "carrega) [o|a|no|na|em|para|para o|ate] [site|pagina|endereco|pagina web|portal] [da|do|de] {text} [no navegador]",
       "<open> [o|meu] navegador (em|no|na|com) [o] [site|pagina|endereco] {text}",
     ],

@@ -30,7 +30,8 @@ export const portugueseFacts: readonly Request[] = [
       "[<the>] bateria (esta|ta) (em quanto|com quanto|como|acabando|no fim|boa|ok|baixa|cheia)",
       "(preciso|tenho que|precisa) [de] (carregar|por para carregar|botar para carregar|colocar na tomada) [<the>] " +
         "(notebook|computador|laptop|bateria)",
-      "bateria", "[<the>] bateria [ainda] (dura|aguenta|vai durar|vai aguentar) (quanto tempo|quanto|ate quando|muito)",
+      "[e] [<the>] bateria", "(preciso|precisa|tenho que|devo) [ja] (ligar|por|botar|colocar|plugar) [<the>] [notebook|computador|laptop] na tomada",
+      "[<the>] bateria [ainda] (dura|aguenta|vai durar|vai aguentar) (quanto tempo|quanto|ate quando|muito)",
       "(esta|ta) (carregando|na tomada) [<the>] [notebook|computador]",
     ],
   ],
@@ -118,7 +119,7 @@ export const portugueseFacts: readonly Request[] = [
       "quantos dias (faltam|restam|tem|sao|ainda faltam|falta|ha|) [ainda] (para|ate) [o|a] {day}",
       "quantas semanas (faltam|restam|tem|) (para|ate) [o|a] {day}", "[daqui] (ate|para) [o|a] {day} (sao|faltam|falta|tem|da|dao|ha) " +
         "(quantos dias|quanto tempo|quanto)", "quantos dias (para|ate) [o|a] {day}",
-      "(quanto tempo|quanto|quanto tempo ainda) (falta|resta|tem|faltam|ainda falta) (para|ate) [o|a] {day}",
+      "(quanto tempo|quanto|quanto tempo ainda) (falta|resta|tem|faltam|ainda falta) (para|ate) [o|a] {day} [em dias]",
       "(daqui a|em) quantos dias (e|sera|vai ser|cai) {day}",
       "(faltam|falta) (quantos dias|quanto|quanto tempo|muito) (para|ate) [o|a|chegar o|chegar] {day}",
       "(quanto|quanto tempo|quantos dias|quantos dias mais|quantas semanas) [ainda] (falta|faltam|resta|restam|ainda " +
@@ -147,7 +148,8 @@ export const portugueseFacts: readonly Request[] = [
       "(em que|que|qual|em qual) (dia|data|dia da semana) [e que] (cai|vai cair|sera|vai ser|foi|caiu|e) [o|a|no|na] {day}",
       "[o|a] {day} (cai|sera|e|vai ser|vai cair|foi|caiu) (em|num|no|) [um|uma] (que|qual) (dia|data|dia da semana)",
       "{day} (e|foi|sera|vai ser) (que dia|que data|qual dia|dia de que)", "[<the>] (data|dia da semana) [de|do|da] {day}",
-      "quando (e|sera|cai|vai ser) [o|a] {day}",
+      "quando (e|sera|cai|vai ser) [o|a] {day}", "[o|a] {day} (cai|e|vai ser|vai cair|sera) (em|no|) [que|qual] dia [da semana] [<year>]",
+      "que dia do mes (e|sera|vai ser|cai) [o|a|no|na] {day} [agora|que vem]",
     ],
   ],
   // After the days: "quanto falta para o Natal" asks for those.
@@ -188,14 +190,14 @@ export const portugueseFacts: readonly Request[] = [
   [
     "multiply",
     [
-      "(multiplica|multiplique|multiplicar) {number:a} (por|com|e|vezes) {number:b}",
+      "se (eu|voce|) multiplicar {number:a} (por|com|e|vezes) {number:b} (da quanto|quanto da|fica quanto)", "(multiplica|multiplique|multiplicar) {number:a} (por|com|e|vezes) {number:b}",
       "[qual e] o produto de {number:a} (e|por) {number:b}",
     ],
   ],
   [
     "divide",
     [
-      "(divide|divida|dividir) {number:a} (por|em) {number:b}",
+      "(divide|divida|dividir|reparte|racha) {number:a} [reais|dolares|euros] (por|em|entre|para) {number:b} [pessoas|amigos|partes|gente]",
     ],
   ],
   [

@@ -6,28 +6,23 @@ export const portugueseNotes: readonly Request[] = [
   [
     "addToList",
     [
-      "(precisamos de|preciso de|acabou|acabaram|estamos sem|estou sem|falta|faltam|faltou) [o|a|os|as] {text} [entao] <addverb> (isso|" +
-        "ele|ela|eles|elas|ai) <onto> [minha|nossa] lista <listname>",
       "<addverb> [ai] {text} [tambem|ai] <onto> [minha|nossa|meu|nosso] lista <listname>",
       "[na|a|minha|nossa|na minha] lista <listname> <addverb> {text}",
       "(quero|queria|eu quero|preciso de|precisamos de|gostaria de|falta|faltou|vai) [por|colocar|botar|adicionar|incluir] " +
         "{text} <onto> [minha|nossa] lista <listname>",
-      "(acabou|acabaram|estamos sem|estou sem|faltou|esta faltando) [o|a|os|as] {text} (coloca|poe|bota|adiciona|anota|" +
-        "inclui|acrescenta) <onto> [minha|nossa] lista <listname>",
       "<addverb> [ai] {text} <onto> [minha|nossa] lista", "<addverb> <onto> [minha|nossa] lista <listname> {text}",
       "<onto> [minha|nossa] lista <listname> <addverb> {text}",
       "(quero|preciso de|precisamos de) {text} <onto> [minha|nossa] lista <listname>",
+      "(precisa entrar|tem que entrar|tem que ir|precisa ir|entra) {text} <onto> [minha|nossa] lista <listname>",
       "<addverb> {text} (nas compras|aos afazeres|nas tarefas|nos afazeres)",
     ],
   ],
+  ["listThese", ["[na|a|para a|minha|nossa|na minha|na nossa] lista <listname> , {text}"]],
   [
     "removeFromList",
     [
       "<removeverb> {text} <ofwhose> lista <listname>", "<removeverb> {text} <ofwhose> lista",
       "<removeverb> <ofwhose> lista <listname> {text}",
-      "(ja comprei|comprei|ja tenho|ja tem) [o|a|os|as] {text} [entao] [pode] (tira|tirar|risca|riscar|remove|remover|" +
-        "apaga|apagar|exclui) [ele|ela|eles|elas|isso] <ofwhose> lista <listname>",
-      "(ja comprei|comprei) [o|a|os|as] {text} (tira|risca|pode tirar|pode riscar) <ofwhose> lista <listname>",
       "nao preciso mais de {text} na [minha] lista <listname>",
     ],
   ],
@@ -36,6 +31,8 @@ export const portugueseNotes: readonly Request[] = [
     [
       "<readverb> [todas] [<the>] [ultimas|ultima] (notas|anotacoes|nota|anotacao) [para mim|comigo|em voz alta]",
       "(o que|que) (tem|esta|ha|esta escrito|eu tenho|tenho) (nas|em) [minhas] (notas|anotacoes)",
+      "(o que|que) (dizem|diz) [<the>] (notas|anotacoes)", "(posso|da para|pode me deixar) (ouvir|ver|ler) [<the>] (notas|anotacoes)",
+      "<readverb> [de volta|para mim] o que (eu|) (anotei|escrevi|ditei)",
       "[<readverb>] [para mim] (o que|que) (eu|) (mandei|pedi para|te pedi para|falei para|disse para) [voce|tu] (anotar|escrever|" +
         "guardar|registrar)",
       "(o que|que) (eu anotei|anotei|eu escrevi|eu pedi para anotar|pedi para voce anotar|eu pedi para voce anotar|ficou " +
@@ -79,7 +76,8 @@ export const portugueseNotes: readonly Request[] = [
       "(como esta|como ficou|qual e|qual) <whose> lista <listname>", "(o|a) {few:text} (esta|ta) <ofwhose> lista <listname>",
       "tem {few:text} <ofwhose> lista <listname>",
       "[minha|nossa|a minha|a nossa] lista (de|da|do|das|dos|para|para o|para a) {word:list}",
-      "o que (falta comprar|tem para comprar|a gente tem que comprar)",
+      "voce (le|mostra|confere|abre) <whose> lista <listname> ?",
+      "[eu|a gente] [ja] (coloquei|botei|pus|adicionei|colocou|botou|pos) {few:text} <onto> [minha|nossa] lista <listname> ?", "o que (falta comprar|tem para comprar|a gente tem que comprar)",
       "(tem|ha|existe|falta) (algo|alguma coisa|mais alguma coisa) <ofwhose> lista <listname>",
       "(quero|queria|gostaria de) (ver|ouvir|ler) <whose> lista <listname>",
       "que (itens|coisas) estao <ofwhose> lista <listname>",
@@ -88,6 +86,9 @@ export const portugueseNotes: readonly Request[] = [
   [
     "note",
     [
+      "[uma] (nota|anotacao) (rapida|rapidinha|nova) , {text}",
+      "(anota|anote|escreve|escreva|registra|registre|guarda|guarde|toma nota|tome nota) (uma coisa|isso|isto|o seguinte|de uma coisa|disso) " +
+        "[ai|para mim|aqui] : {text}",
       "(anota|anote|anotar|toma nota|tome nota|tomar nota|escreve|escreva|registra|registre|registrar|faz uma nota|faca " +
         "uma nota|faz uma anotacao|faca uma anotacao|cria uma nota|crie uma nota|cria uma anotacao|crie uma anotacao|criar " +
         "uma nota|nova nota|nova anotacao|nota|guarda|guarde|adiciona uma nota|adicione uma nota|salva uma nota|salve uma " +
@@ -104,7 +105,7 @@ export const portugueseNotes: readonly Request[] = [
         "{text}",
       "(adiciona|adicione|coloca|coloque|bota|bote|poe|ponha|escreve|escreva|salva|salve|guarda|guarde|inclui|inclua) " +
         "{text} (nas|em|as|nas minhas|em minhas|as minhas) (notas|anotacoes)",
-      "(adiciona|adicione|coloca|coloque|escreve|escreva|poe|ponha) (nas|em) [minhas] (notas|anotacoes) [que] {text}",
+      "(adiciona|adicione|coloca|coloque|escreve|escreva|poe|ponha|bota|bote|salva|salve|guarda|guarde|registra|registre) [ai] (nas|em) [minhas] (notas|anotacoes) [que] {text}",
       "nas minhas (notas|anotacoes) (escreve|escreva|coloca|coloque|anota) [que] {text}", "nao (esquece|esqueca) que {text}",
       "(guarda|guarde|grava|grave|registra|registre|salva|salve|anota|anote) (essa|esta|a seguinte|essa aqui) (informacao|" +
         "nota|anotacao|observacao|frase|ideia) [que|ai|:] {text}",

@@ -193,7 +193,7 @@ export const portugueseSound: readonly Request[] = [
         "da play na|de play na|solta|solte|liga|ligue|recomeca|reproduz|reproduza|voltar a tocar|continua tocando|continue " +
         "tocando) [<the>|uma] <music> [de novo|novamente|outra vez|ai]",
       "(toca|toque|play|despausa|despause|reproduzir|tira da pausa|tira do pause|sai da pausa)",
-      "(tira|tire) [<the>] [<music>] (da pausa|do pause)",
+      "(toca|toque|tocar|continua|volta a tocar) (de novo|novamente)", "(tira|tire) [<the>] [<music>] (da pausa|do pause)",
       "(segue|siga|volta|volte|solta|solte|manda|bota|coloca|poe) [com|<the>|ai] (o som|a musica|musica|o video|o filme) " +
         "[de novo|de volta|para tocar|ai|para rodar]",
       "(continua|continue|retoma|retome|segue|siga) (de onde parou|de onde paramos|tocando)",

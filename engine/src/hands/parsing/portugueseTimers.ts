@@ -11,9 +11,10 @@ export const portugueseTimers: readonly Request[] = [
       "<set> {duration} (no|de) <timer> [<called> {few:name}]", "{duration} (no|de) <timer>",
       "<set> [<a>] <timer> <called> {few:name} (de|com|por|em|para) {duration}",
       "<set> [<a>] <timer> <called> {few:name} {duration}", "<timer> <called> {few:name} (de|com|por) {duration}",
-      "<timer> <called> {few:name} {duration}", "<timer> {word:name} [de|por|com] {duration}",
+      "[<a>] <timer> <called> {few:name} {duration}", "<timer> {word:name} [de|por|com] {duration}", "<timer> {duration} {word:name}",
       "<timer> (do|da|de|dos|das|para|para o|para a) {few:name} [de|por|com|sao|e|uns|de uns] {duration}",
-      "(o|a|os|as) {few:name} (leva|levam|precisa de|precisam de|demora|demoram) {duration} <set> [<a>] <timer>",
+      "(o|a|os|as) {few:name} (leva|levam|precisa de|precisam de|demora|demoram) {duration} (<set> [<a>] <timer>|marca|cronometra|conta) " +
+        "[para mim|ai|o tempo|isso|esse tempo|para ele|para ela|para isso] [para mim]", "{duration} (valendo|ja valendo|comecando agora|a partir de agora)", "{duration} (para|para o|para a|no|na) {few:name} (vai|ja|valendo|a partir de agora|contando)",
       "[<set>] {duration} [de|no|em um|como] <timer> [<called> {few:name}]",
       "<set> [<a>] (tempo|tempinho|contagem) de {duration} [<called> {few:name}]",
       "<set> {duration} (no relogio|no cronometro|de contagem|de tempo) [<called> {few:name}]",
@@ -53,7 +54,7 @@ export const portugueseTimers: readonly Request[] = [
       "(preciso|eu preciso|tenho que|eu tenho que|quero|eu quero|tenho de|vou|devo|gostaria de) (acordar|levantar|estar de " +
         "pe|estar acordado|estar acordada|me levantar|despertar) {moment}",
       "(quero|preciso) que (voce) me acorde {moment}", "nao (me deixa|me deixe|deixa eu|deixe eu) dormir depois {moment}",
-      "acordar {moment}", "nao esquece de me acordar {moment}", "nao esqueca de me acordar {moment}",
+      "nao esquece de me acordar {moment}", "nao esqueca de me acordar {moment}",
     ],
   ],
   [
@@ -84,7 +85,9 @@ export const portugueseTimers: readonly Request[] = [
       "(lembrete|novo lembrete|<set> [<a>] lembrete|<set> [<a>] aviso|cria um lembrete|preciso de um lembrete|quero um " +
         "lembrete) [para|de] {moment} [<about>|:] {text}",
       "(lembrete|novo lembrete|<set> [<a>] lembrete) (em|daqui a|para daqui a) {duration} [<about>] {text}",
-      "{moment} [<about>] {text} [e] (me lembra|me lembre)",
+      "{moment} [<about>] {text} [e] (me lembra|me lembre)", "<remind> : [<about>] {text} {moment}",
+      "<remind> : [<about>] {text} (em|daqui a|dentro de) {duration}",
+      "nao (posso|devo|quero) esquecer [<about>] {text} ({moment}|(em|daqui a) {duration}) [entao|e] (me lembra|me lembre|me avisa)",
     ],
   ],
   [
@@ -114,7 +117,7 @@ export const portugueseTimers: readonly Request[] = [
     [
       "<off> [<the>] <timer>", "<off> [<the>] <timer> [de|com|dos|das] {duration}",
       "<off> [<the>] <timer> (chamado|do|da|de|dos|das|para|para o|para a) {few:name}", "<off> [<the>] <timer> {word:name}",
-      "nao (preciso|quero) mais [do|o] <timer> [<called> {few:name}]",
+      "nao (preciso|quero|precisa|precisamos|vou precisar) mais [do|o|de] <timer> [<called> {few:name}]", "desiste (do|desse) <timer>",
     ],
   ],
   [
@@ -122,7 +125,8 @@ export const portugueseTimers: readonly Request[] = [
     [
       "<off> [<the>] <alarm>", "<off> [<the>] <alarm> [das|para|de|do|da|para as|marcado para] {moment}",
       "<off> [<the>] <alarm> (de|para|da|do) {day}", "<off> [<the>] <alarm> (chamado|do|da|de|para|para o|para a) {few:name}",
-      "nao (preciso|quero) mais (do|o|ser) <alarm>", "nao (precisa|precisa mais) me acordar [mais]",
+      "nao (preciso|quero|precisa|vou precisar) mais (do|o|ser) <alarm>",
+      "nao (preciso|quero|precisa|vou precisar) (do|o|de) <alarm> [de|para] {day} [pode] [<off>]", "nao (precisa|precisa mais) me acordar [mais]",
     ],
   ],
   [
@@ -151,8 +155,8 @@ export const portugueseTimers: readonly Request[] = [
       "(soneca|sonequinha) (de|por) [mais|outros] {duration}", "{duration} (a mais|de soneca)",
       "(ativa|ative|modo|aperta|faz|coloca|poe) [a|o|o modo] soneca",
       "(adia|adie|adiar) [<the>] [alarme|timer|despertador|lembrete] [por|em|para daqui a] {duration}",
-      "(adia|adie|adiar) [<the>] (alarme|timer|despertador|lembrete)", "mais {duration}",
-      "(me da|me de|da|quero|so) mais {duration}", "soneca de {duration}",
+      "(adia|adie|adiar) [<the>] (alarme|timer|despertador|lembrete)", "mais {duration}", "(ainda nao|nao|ah nao) [so] mais {duration}",
+      "(me da|me de|da|quero|so) mais {duration} [de sono|de soneca|de cama]", "soneca de {duration}",
       "(me lembra|me lembre|me avisa|toca|me acorda|me acorde) (de novo|novamente|outra vez) (em|daqui a) {duration}",
       "(adia|adie)", "deixa eu dormir mais {duration}", "(me deixa|me deixe) dormir mais {duration}",
     ],
@@ -176,7 +180,8 @@ export const portugueseTimers: readonly Request[] = [
       "<readverb> [todos] [<the>] (timers|temporizadores|cronometros|timer|temporizador|cronometro) [ativos|todos]",
       "(tem|tenho|ha|existe|eu tenho|temos) [algum|alguns|um] (timer|timers|temporizador|temporizadores|cronometro) [ativo|" +
         "ligado|rodando|correndo|marcado|ativos|funcionando]",
-      "[<the>] <timer> (esta|ainda esta) (ligado|rodando|ativo|correndo|funcionando)",
+      "[e] [<the>] <timer> [<called> {few:name}] (falta quanto|faltam quantos minutos|esta em quanto|esta quanto|em que pe esta)",
+      "[<the>] <timer> [<called> {few:name}] (esta|ainda esta) (ligado|rodando|ativo|correndo|funcionando)",
       "quantos (timers|temporizadores|cronometros) (eu tenho|tenho|estao rodando|estao ativos|ha|tem|existem)",
       "tempo restante [(do|no) [meu] <timer> [<called> {few:name}]]",
       "qual [e] o tempo restante [(do|no) [meu] <timer> [<called> {few:name}]]",
@@ -189,6 +194,7 @@ export const portugueseTimers: readonly Request[] = [
         "apitar|desperta)",
       "(o|meu) <timer> [(do|da|de|dos|das) {few:name}] (toca|acaba|termina) (quando|em quanto tempo|daqui a quanto)",
       "(ja|esta) (acabou|acabando|terminou|terminando|tocou) [o|meu] <timer> [(do|da|de|dos|das) {few:name}]",
+      "(quantos minutos|quantos segundos|quanto tempo) [ainda] (falta|faltam) [ainda] (para|no|na) [o|a|os|as] {few:name}",
       "(quantos minutos|quantos segundos|quanto tempo) (ainda|mais|ainda tem|ainda faltam) [faltam|falta|no <timer>|para " +
         "acabar]",
       "quanto falta (no|na) {few:name}", "(falta|faltam) (muito|quanto|quantos minutos|quanto tempo) [tempo] [ainda] (para|no|na) [o|a|" +
@@ -215,7 +221,7 @@ export const portugueseTimers: readonly Request[] = [
       "quantos alarmes (eu tenho|tenho|ha|tem|estao marcados)",
       "(a que horas|que horas|quando) (voce vai|vai|vou|eu vou) (me acordar|acordar)",
       "quanto tempo <restam> (para|ate) [<the>] <alarm> [tocar]", "quando (e|toca) [<the>] [proximo|meu proximo] <alarm>",
-      "qual [e] [<the>] [proximo|meu proximo] <alarm>", "a que horas eu acordo",
+      "qual [e] [<the>] [proximo|meu proximo] <alarm>", "a que horas eu acordo", "(que horas|para que horas|quando) (eu|) (pedi|mandei|falei) para voce me (acordar|chamar)",
       "(tem|tenho|existe|botei|coloquei|marquei|eu marquei|eu coloquei) [algum] <alarm> (para amanha|amanha|marcado|hoje|" +
         "para hoje)",
       "(que|quais) horas (eu|) (coloquei|marquei|botei) [<the>] <alarm>", "[<the>] meus alarmes",

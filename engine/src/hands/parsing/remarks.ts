@@ -7,7 +7,7 @@ import type { Token } from "./tokens.ts";
 /** How a remark begins: with who is in which state. What somebody says, asks or writes is none. */
 const begins: Record<Language, RegExp> = {
   en: new RegExp(
-    "^((and|so|but) )?((i|we) (am|are|have|will|need|want|would|can|do|could|did|just|already|really|think|no longer|must|was|ca|got|" +
+    "^((and|so|but) )?(on )?((today|tonight|tomorrow|monday|tuesday|wednesday|thursday|friday|saturday|sunday) )?((i|we) (\\w+ed|am|are|have|will|need|want|would|can|do|could|did|just|already|really|think|no longer|must|was|ca|got|" +
       "had|should|cannot|hate|love|like|only|bought|finished|never|forgot|keep|left|missed|barely|feel|changed|get|usually|found|made|" +
       "took|put|gave|saw|went|ended|decided|do|know|like|prefer|see|overslept)|" +
       "\\S+ (is|are) (in|on|at|too|so|very|not|asleep|done|ready|over|here|out|coming|calling|packed|off|gone|away|about|really|back|" +
@@ -19,28 +19,35 @@ const begins: Record<Language, RegExp> = {
       "no (need|longer)|not (needed|necessary|now)|too (loud|quiet|noisy|low)|much (too|better))\\b",
   ),
   pt: new RegExp(
-    "^((e|mas|entao) )?((eu |nos |a gente |ja )?(estou|estamos|esta|vou|vamos|vai|tenho|temos|tem|preciso|precisamos|quero|queremos|nao|" +
+    "^((e|mas|entao) )?((hoje|amanha|(na |no )?(segunda|terca|quarta|quinta|sexta|sabado|domingo)( feira)?) )?(" +
+      "(?!(pedi|falei|perguntei|disse|tentei|sonhei|ouvi|sei|lei|rei|li) )(ja |eu |a gente |nos )*\\S{2,}(ei|ou|imos|amos|emos) |" +
+      "(eu |nos |a gente |ja )*(estou|estamos|esta|vou|vamos|vai|tenho|temos|tem|preciso|precisamos|quero|queremos|nao|" +
       "ja|acabei|acabamos|so|comprei|compramos|mal|acho|sou|fiquei|cheguei|perdi|mudei|esqueci|fico|detesto|odeio|gosto|desisti|" +
       "terminei|costumo)|" +
-      "(isso|isto|ela|ele|voce|eles|elas|todo mundo|alguem|ninguem|aqui) (ja |nao |so |mal )?(esta|estao|e|sao|tem|vai|vao|fica|ficou|" +
+      "(isso|isto|essa|esse|essas|esses|esta|ela|ele|voce|eles|elas|todo mundo|alguem|ninguem|aqui) (ja |nao |so |mal )?(esta|estao|tao|é|sao|tem|vai|vao|fica|ficou|" +
       "ficaram|precisa|incomoda|quer|comeca|comecou|acabou|chegou)|" +
-      "(o|a|os|as|meu|minha|meus|minhas|nosso|nossa|esse|essa|este|esta|tudo) (\\S+ ){1,3}?(ja |nao |so |mal )?(esta|estao|e|sao|tem|" +
-      "vai|vao|fica|ficou|ficaram|precisa|precisam|comeca|comecou|chegou|acabou|quer|querem|demora|leva|doi)|" +
-      "(ja )?(e|esta|ficou|acabou|tem|ha|muito|alto|baixo|barulho|gente) |nao (precisa|preciso|quero|consigo|estou|da|e|te|aguento|ouco|" +
+      "(o|a|os|as|meu|minha|meus|minhas|nosso|nossa|esse|essa|este|esta|tudo) (\\S+ ){1,3}?(ja |nao |so |mal )?(esta|estao|tao|é|sao|tem|" +
+      "vai|vao|fica|ficou|ficaram|precisa|precisam|comeca|chegou|quer|querem|demora|leva|doi|foi|foram|veio|vem|deu|fez|caiu|abriu|subiu|saiu|\\S{3,}ou|\\S{3,}aram)|" +
+      "(ja )?(é|esta|estao|ficou|acabou|tem|ha|muito|alto|baixo|barulho|gente) |tao (me|te|no|na|em|la|aqui|ai|\\S+ndo) |" +
+      "nao (precisa|preciso|quero|consigo|estou|da|é|te|aguento|ouco|" +
       "escuto)|ninguem |(muito|tao) (alto|baixo))",
   ),
 };
 /** What is told of, asked or thought may stand after it, and is not asked for. */
 const tells: Record<Language, RegExp> = {
   en: wordsOf(
-    "say|says|said|tell|tells|told|ask|asks|asked|if|when|unless|until|whether|hear that|heard|read|wrote|write|sing|" +
+    "say|says|said|tell|tells|told|ask|asks|asked|if|when|unless|until|whether|hear that|heard (that|him|her|you|them|someone|somebody|people)|read|wrote|sing|" +
       "song called|mean|means|remember|remembered|try|tried|used to|supposed to|why|how|what|who|yesterday|wish|hope|dream|" +
       "dreamed|learn|learned|reminder|remind|timer|alarm",
   ),
   pt: wordsOf(
-    "disse|diz|dizer|dizem|falou|fala|falei|pediu|pedi|perguntou|perguntei|se|quando|caso|ouvi|leu|li|escreveu|escrever|" +
+    "disse|diz|dizer|dizem|falou|fala|falei|pediu|pedi|perguntou|perguntei|se|quando|caso|ouvi|leu|li|escreveu|" +
       "lembro|lembrei|tentei|tentar|porque|como|ontem|queria|sonhei|aprender|lembrete|lembra|timer|alarme",
   ),
+};
+/** What somebody is going to do with what is asked for. */
+const purpose: Record<Language, RegExp> = {
+  en: /^so (that )?(i|we|you|he|she|they) (can|could|may|will|do not|am|have) /, pt: /^(que|porque|para) (eu )?(vou|preciso|tenho que|quero|possa|consiga) /,
 };
 const because: Record<Language, RegExp> = { en: /^(because|since|cause|cos|coz)$/, pt: /^(porque|pois|que|ja)$/ };
 /** After "que" a reason is told of somebody or something. */
@@ -53,13 +60,14 @@ export function withoutRemarks(text: string, tokens: readonly Token[], language:
   const ways: (readonly Token[])[] = [];
   for (let at = 1; at < tokens.length; at++) {
     const isMarked = between.test(text.slice(tokens[at - 1]!.end, tokens[at]!.start));
-    if (isMarked && isRemark(tokens.slice(0, at), language)) ways.push(tokens.slice(isSo(tokens[at]!) ? at + 1 : at));
+    if (isMarked && isRemark(text, tokens.slice(0, at), language)) ways.push(tokens.slice(isSo(tokens[at]!) ? at + 1 : at));
     const isReason = because[language].test(tokens[at]!.plain);
-    if (!isMarked && !isReason) continue;
     const rest = tokens.slice(at);
+    if (purpose[language].test(`${rest.slice(0, longest).map(({ plain }) => plain).join(" ")} `)) ways.push(tokens.slice(0, at));
+    if (!isMarked && !isReason) continue;
     const said = isReason ? [rest, rest.slice(1), rest[1]?.plain === "que" ? rest.slice(2) : rest] : [rest];
     const isTold = language === "pt" && tokens[at]!.plain === "que" && isReasonOf(rest.slice(1));
-    if (isTold || said.some((each) => isRemark(each, language))) ways.push(tokens.slice(0, at));
+    if (isTold || said.some((each) => isRemark(text, each, language))) ways.push(tokens.slice(0, at));
   }
   return ways;
 }
@@ -79,9 +87,10 @@ const chose = wordsOf(
     "anotei|acabei|fizemos|marcamos",
 );
 
-function isRemark(tokens: readonly Token[], language: Language): boolean {
+function isRemark(text: string, tokens: readonly Token[], language: Language): boolean {
   if (tokens.length < 2 || tokens.length > longest) return false;
-  const said = `${tokens.map(({ plain }) => plain).join(" ")} `;
+  // "É", which says what is, and "e", which goes on.
+  const said = `${tokens.map(({ plain, start, end }) => (text.slice(start, end).toLowerCase() === "é" ? "é" : plain)).join(" ")} `;
   return begins[language].test(said) && !tells[language].test(said);
 }
 

@@ -4,9 +4,10 @@
 import type { Language } from "../../base/language.ts";
 import { cut } from "../../base/text.ts";
 import { plainWords } from "../../base/words.ts";
-import { severalIn } from "./joined.ts";
-import { keptIn, type Meant } from "./meanings.ts";
-import { isThanks, understood } from "./sentence.ts";
+import { remindersIn, severalIn, type IsAnswered } from "./joined.ts";
+import { changes, keptIn, type Meant } from "./meanings.ts";
+import { corrected, takesBack } from "./revisions.ts";
+import { isThanks, understood, understoodTogether, wordsOf } from "./sentence.ts";
 
 export interface RequestPart {
   /** As it was said. */
@@ -26,13 +27,16 @@ const shortened = String.raw`\b(?:[Dd]ra?|[Mm]rs?|[Mm]s|[Ss]ra?|[Ss]t|(?<![AaPp]
 const hour = String.raw`(?<=\b[AaPp]\.\s?[Mm]\.)(?!\s+\p{Lu})`;
 const sentenceEnd = new RegExp(String.raw`(?<=[.!?;])(?<!${shortened})(?!${hour})\s+|\n+`, "gu");
 
-/** The sentences in which a word is said. */
-export function partsOf(request: string, language: Language, now: Date): RequestPart[] {
+/** The sentences in which a word is said. `isAnswered` knows the questions that no hand answers. */
+export function partsOf(request: string, language: Language, now: Date, isAnswered: IsAnswered = () => false): RequestPart[] {
   const isShort = request.length <= longestJoined;
-  const sentences = sentencesOf(cut(request, longestRequest)).flatMap(({ text, start }, at): RequestPart[] => {
-    const meant = at < mostSentences ? understood(text, language, now) : undefined;
-    return (!meant && isShort && severalIn(text, start, language, now)) || [{ text, start, meant }];
+  const read = sentencesOf(cut(request, longestRequest)).flatMap(({ text, start }, at): RequestPart[] => {
+    const meant = at < mostSentences && !isTakenBack(text, language, now) ? understood(text, language, now) : undefined;
+    if (!isShort) return [{ text, start, meant }];
+    const several = meant ? remindersIn({ text, start, meant }, language, now) : severalIn(text, start, language, now, isAnswered);
+    return several ?? [{ text, start, meant }];
   });
+  const sentences = revised(read, language, now);
   const reading = sentences.map(({ meant }) => meant);
   const parts: RequestPart[] = [];
   for (let at = 0; at < sentences.length; ) {
@@ -44,7 +48,9 @@ export function partsOf(request: string, language: Language, now: Date): Request
       // "Take a note. Anna is allergic to nuts."
       const both = request.slice(first.start, second.start + second.text.length);
       const note = understood(both, language, now);
-      if (note && keptIn(note) === "text") [text, meant, next] = [both, note, next + 1];
+      // "We are out of milk. Put it on the list."
+      const together = note && keptIn(note) === "text" ? note : after ? undefined : understoodTogether(both, language, now);
+      if (together) [text, meant, next] = [both, together, next + 1];
     }
     if (meant && keptIn(meant) !== undefined) {
       const more = reading.findIndex((each, index) => index >= next && addsMore(each));
@@ -61,6 +67,36 @@ export function partsOf(request: string, language: Language, now: Date): Request
     at = next;
   }
   return parts;
+}
+
+/** Without what is taken back, and with what is changed, by the sentence after it. */
+function revised(read: readonly RequestPart[], language: Language, now: Date): RequestPart[] {
+  const parts: RequestPart[] = [];
+  for (const part of read) {
+    const before = parts.at(-1);
+    const sentence = { text: part.text, tokens: wordsOf(part.text, language), language, now };
+    const isOpen = before?.meant !== undefined && canBeTakenBack(before.meant, part.text);
+    const other = isOpen ? corrected(before.meant!, sentence) : undefined;
+    if (other) parts[parts.length - 1] = { ...before!, meant: other };
+    else if (isOpen && takesBack(sentence)) parts[parts.length - 1] = { ...before, meant: undefined };
+    else parts.push(part);
+  }
+  return parts;
+}
+
+/** "Set a timer for ten minutes, actually, never mind." */
+function isTakenBack(text: string, language: Language, now: Date): boolean {
+  return [...text.matchAll(/[,;–—-]\s+/gu)].some(({ index }) => {
+    const rest = text.slice(index);
+    if (!takesBack({ text: rest, tokens: wordsOf(rest, language), language, now })) return false;
+    const meant = understood(text.slice(0, index), language, now);
+    return meant !== undefined && canBeTakenBack(meant, rest);
+  });
+}
+
+/** "Never mind the timer, cancel it" says twice that it is to be cancelled. */
+function canBeTakenBack(meant: Meant, by: string): boolean {
+  return changes(meant) && keptIn(meant) !== "text" && !(meant.given.do === "cancel" && /cancel|precis/i.test(by));
 }
 
 function sentencesOf(request: string): { text: string; start: number }[] {

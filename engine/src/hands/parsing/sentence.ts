@@ -1,11 +1,14 @@
 // Finds out which hand a sentence asks for. What it is not sure of is no request: a sentence counts only as a whole.
 
 import type { Language } from "../../base/language.ts";
+import { day } from "./days.ts";
 import { english } from "./english.ts";
 import { gistOf, prepareGist } from "./gist.ts";
 import { matched, phrase, type Phrase, type Sentence } from "./grammar.ts";
 import { keptIn, meanings, verbatim, type MeaningName, type Meant, type Phrasing } from "./meanings.ts";
+import { moment } from "./moments.ts";
 import { portuguese } from "./portuguese.ts";
+import { withReferences } from "./references.ts";
 import { withoutRemarks } from "./remarks.ts";
 import { isFiller, isPause, said, tokensOf, withoutAsides, type Token } from "./tokens.ts";
 
@@ -49,17 +52,77 @@ export function understood(text: string, language: Language, now: Date): Meant |
   if (tokens.length === 0 || tokens.length > mostTokens) return undefined;
   const found = asked(text, tokens, language, now);
   if (found) return found;
-  const fewer = withoutAsides(tokens, language);
+  const fewer = withoutAsides(withoutInnerManners(text, tokens, language, now), language);
   const meant = (fewer.length < tokens.length ? asked(text, fewer, language, now) : undefined) ?? gist(text, fewer, language, now);
   if (meant) return meant;
-  for (const rest of withoutRemarks(text, tokens, language)) {
+  const referred = understoodOf(text, tokens, language, now);
+  if (referred) return referred;
+  const starts = ends(tokens.toReversed(), compiledFor(language).before, { text, language, now }, true).map((length) => tokens.length - length);
+  const timed = atTimeTold(text, tokens, language, now);
+  if (timed) return timed;
+  for (const rest of [...new Set([0, ...starts])].flatMap((start) => withoutRemarks(text, tokens.slice(start), language))) {
     const isBefore = rest.at(-1) === tokens.at(-1);
     const bare = withoutAsides(rest, language);
     const request = asked(text, bare, language, now) ?? gist(text, bare, language, now);
     // What is to be written down may be told like a remark.
-    if (request && (isBefore || keptIn(request) === undefined)) return request;
+    if (request && (isBefore || keptIn(request) === undefined)) return onDayTold(request, text, tokens, rest, language, now);
   }
   return undefined;
+}
+
+/** The words of each day that is named. */
+function daysIn(tokens: readonly Token[], language: Language, now: Date): (readonly Token[])[] {
+  return tokens.flatMap((_, at) => {
+    const found = day(tokens, at, language, now);
+    return found ? [tokens.slice(at, found.next)] : [];
+  });
+}
+
+/** Somebody tells that he is to get up. */
+const getsUp: Record<Language, RegExp> = {
+  en: /\b(to (be|get|wake) up|to (be|stay) (awake|out of bed)|up and about|to rise)\b/, pt: /\b(acordar|levantar|estar (de pe|acordad[oa])|sair da cama)\b/,
+};
+
+/** "I need to be up at four for the fishing, wake me": the request has no time, which was told before it. */
+function atTimeTold(text: string, tokens: readonly Token[], language: Language, now: Date): Meant | undefined {
+  const from = tokens.findIndex(({ start }, at) => at > 0 && /[,;.]/.test(text.slice(tokens[at - 1]!.end, start)));
+  const told = tokens.slice(0, Math.max(from, 0));
+  if (from < 0 || !getsUp[language].test(told.map(({ plain }) => plain).join(" "))) return undefined;
+  for (let at = 0; at < told.length; at++) {
+    const time = moment(told, at, language, now);
+    if (!time?.value.clock) continue;
+    const [on] = time.value.day ? [] : daysIn(told, language, now);
+    const meant = asked(text, [...tokens.slice(from), ...told.slice(at, time.next), ...(on ?? [])], language, now);
+    return meant?.given.do === "alarm" ? meant : undefined;
+  }
+  return undefined;
+}
+
+/** "I have a train to catch on Tuesday, wake me at five": on Tuesday, or not at all. */
+function onDayTold(request: Meant, text: string, tokens: readonly Token[], rest: readonly Token[], language: Language, now: Date): Meant | undefined {
+  if (request.hand !== "timer" || request.given.at === undefined) return request;
+  const [told] = daysIn(tokens.filter((token) => !rest.includes(token)), language, now);
+  if (!told || daysIn(rest, language, now).length > 0) return request;
+  return request.given.do === "alarm" ? asked(text, [...rest, ...told], language, now) : undefined;
+}
+
+/** What is asked for of a thing that the text speaks of first, as two sentences or as one: "We are out of milk. Put it on the list." */
+export function understoodTogether(text: string, language: Language, now: Date): Meant | undefined {
+  return understoodOf(text, wordsOf(text, language), language, now);
+}
+
+function understoodOf(text: string, tokens: readonly Token[], language: Language, now: Date): Meant | undefined {
+  for (const request of withReferences({ text, tokens, language, now })) {
+    const words = wordsOf(request, language);
+    const meant = asked(request, words, language, now) ?? gist(request, words, language, now);
+    if (meant && isOfThing(meant)) return meant;
+  }
+  return undefined;
+}
+
+/** It is done with a thing that somebody names: it goes on a list or off it, or its timer is stopped. */
+function isOfThing({ hand, given }: Meant): boolean {
+  return hand === "note" ? given.do !== "note" : hand === "timer" && given.do === "cancel";
 }
 
 /** What it asks for by its words, with the polite ones around it or without. */
@@ -116,6 +179,21 @@ export function withoutManners(text: string, language: Language, now: Date): str
   return starts.flatMap((start) => stops.filter((stop) => isPart(start, stop)).map((stop) => said(text, tokens, start, stop)));
 }
 
+/** Without what is polite at the beginning of each of its parts: "I have to be up by seven, so could you please set an alarm". */
+function withoutInnerManners(text: string, tokens: readonly Token[], language: Language, now: Date): readonly Token[] {
+  const kept: Token[] = [];
+  for (let at = 0; at < tokens.length; at++) {
+    const isMarked = at > 0 && /[,;:.!?–—]/.test(text.slice(tokens[at - 1]!.end, tokens[at]!.start));
+    if (isMarked) {
+      const rest = tokens.slice(at);
+      const [left = rest.length] = ends(rest.toReversed(), compiledFor(language).before, { text, language, now }, true);
+      at = tokens.length - left;
+    }
+    kept.push(tokens[at]!);
+  }
+  return kept;
+}
+
 function isMade(text: string, of: readonly Phrase[], language: Language, now: Date): boolean {
   let tokens: readonly Token[] = wordsOf(text, language);
   if (tokens.length === 0) return false;
@@ -127,7 +205,8 @@ function isMade(text: string, of: readonly Phrase[], language: Language, now: Da
   return tokens.length === 0;
 }
 
-function wordsOf(text: string, language: Language): Token[] {
+/** The words of a text that count. */
+export function wordsOf(text: string, language: Language): Token[] {
   return tokensOf(text, language).filter((token) => !isPause(token) && !isFiller(token, language));
 }
 

@@ -29,7 +29,7 @@ const units: Record<Language, Record<string, string>> = {
 
 const operators: Record<Language, [string[], string][]> = {
   en: [
-    [["plus"], "+"], [["+"], "+"], [["minus"], "-"], [["−"], "-"], [["times"], "*"], [["multiplied", "by"], "*"], [["x"], "*"], [["×"], "*"],
+    [["plus"], "+"], [["+"], "+"], [["minus"], "-"], [["take", "away"], "-"], [["−"], "-"], [["times"], "*"], [["multiplied", "by"], "*"], [["x"], "*"], [["×"], "*"],
     [["*"], "*"], [["divided", "by"], "/"], [["over"], "/"], [["÷"], "/"], [["/"], "/"], [["to", "the", "power", "of"], "^"],
     [["to", "the", "power"], "^"], [["^"], "^"], [["modulo"], "%"],
   ],
@@ -160,6 +160,13 @@ function operand(tokens: readonly Token[], at: number, language: Language): Part
     const under = startsWith(tokens, start, words) ? operand(tokens, start + words.length, language) : undefined;
     if (under) return { value: degree === 2 ? `sqrt(${under.value})` : `(${under.value})^(1/3)`, next: under.next, isSum: true };
   }
+  const [square, cube] = isPortuguese ? ["quadrado", "cubo"] : ["square", "cube"];
+  const base = isPortuguese && tokens[at]?.plain === "o" ? at + 1 : start;
+  const degree = { [square!]: 2, [cube!]: 3 }[tokens[base]?.plain ?? ""];
+  if (degree !== undefined && /^(of|de)$/.test(tokens[base + 1]?.plain ?? "")) {
+    const under = operand(tokens, base + 2, language);
+    if (under) return { value: `(${under.value})^${degree}`, next: under.next, isSum: true };
+  }
   if (tokens[at]?.plain === "(") {
     const inside = expression(tokens, at + 1, language);
     return inside && tokens[inside.next]?.plain === ")" ? { value: `(${inside.value})`, next: inside.next + 1, isSum: inside.isSum } : undefined;
@@ -194,12 +201,20 @@ function fractionOf(tokens: readonly Token[], at: number, language: Language): P
   return undefined;
 }
 
+/** "A 15 percent tip on 84 dollars" is that share of it. */
+const tips: Record<Language, string[][]> = {
+  en: ["tip on", "tip for", "tip of", "tip on a bill of", "tax on"].map((words) => words.split(" ")),
+  pt: ["de gorjeta em", "de gorjeta de", "de gorjeta sobre", "de gorjeta para", "sobre", "em cima de"].map((words) => words.split(" ")),
+};
+
 /** "Fifteen percent of 80", "15% de 80". */
 function percentOf(tokens: readonly Token[], value: string, at: number, language: Language): Part | undefined {
   const isApart = startsWith(tokens, at, ["por", "cento"]) || startsWith(tokens, at, ["per", "cent"]);
   if (!isApart && !/^(percent|%)$/.test(tokens[at]?.plain ?? "")) return undefined;
-  const of = isApart ? at + 2 : at + 1;
-  if (!(language === "pt" ? /^(de|do|da)$/ : /^of$/).test(tokens[of]?.plain ?? "")) return undefined;
+  const after = isApart ? at + 2 : at + 1;
+  const tip = tips[language].find((words) => startsWith(tokens, after, words));
+  const of = tip ? after + tip.length - 1 : after;
+  if (!tip && !(language === "pt" ? /^(de|do|da)$/ : /^of$/).test(tokens[of]?.plain ?? "")) return undefined;
   const whole = operand(tokens, of + 1, language);
   return whole && { value: `${value} / 100 * ${whole.value}`, next: whole.next, isSum: true };
 }

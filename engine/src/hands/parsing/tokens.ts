@@ -22,7 +22,7 @@ const shortened: Record<Language, Record<string, string[]>> = {
     whats: ["what", "is"], hows: ["how", "is"], wheres: ["where", "is"], thats: ["that", "is"], its: ["it", "is"], whens: ["when", "is"],
     theres: ["there", "is"], whos: ["who", "is"], heres: ["here", "is"], id: ["i", "would"], ill: ["i", "will"], im: ["i", "am"], ive: ["i", "have"],
     youre: ["you", "are"], youd: ["you", "would"], lets: ["let", "us"], dont: ["do", "not"], didnt: ["did", "not"], doesnt: ["does", "not"],
-    isnt: ["is", "not"], wasnt: ["was", "not"], cant: ["can", "not"], cannot: ["can", "not"], wont: ["will", "not"],
+    isnt: ["is", "not"], wasnt: ["was", "not"], cant: ["can", "not"], cannot: ["can", "not"], wont: ["will", "not"], shant: ["will", "not"], shan: ["will"],
     whatre: ["what", "are"], gimme: ["give", "me"], wanna: ["want", "to"], gonna: ["going", "to"], hes: ["he", "is"], shes: ["she", "is"],
     pls: ["please"], plz: ["please"], til: ["until"],
   },
@@ -59,11 +59,14 @@ const endings: readonly [RegExp, string][] = [
   [/^(.+)['’]re$/i, "are"], [/^(.+)['’]ll$/i, "will"], [/^(.+)['’]ve$/i, "have"], [/^(.+)['’]d$/i, "would"], [/^(.+)n['’]t$/i, "not"],
 ];
 /** Before these "'s" is "is", whatever it stands after: "the music's too loud". */
-const saysIs = /^\s+(too|so|very|really|way|not|still|getting|asleep|sleeping|awake|ready|done|playing|running|over|coming|due|here|home|calling|ringing|(?:in|on|at) (?:the|my))\b/i;
+const saysIs = /^\s+(too|so|very|really|way|not|still|getting|asleep|sleeping|awake|ready|done|playing|running|over|coming|due|here|home|calling|ringing|going|on|sorted|gone|finished|bought|packed|empty|low|cooked|out|off|dead|annoying|(?:in|on|at) (?:the|my))\b/i;
 
 function plainOf(word: string, rest: string, language: Language): string[] {
   if (/^[ap]\.\s?m\.?$/i.test(word)) return [word.replace(/[^a-z]/gi, "").toLowerCase()];
   if (!/^\p{L}/u.test(word)) return [word];
+  // Without their marks these are other words.
+  if (language === "pt" && /^hã+$/i.test(word)) return ["ahn"];
+  if (language === "pt" && /^[óô]$/i.test(word)) return ["olha"];
   const whose = /^(.+)['’]s$/u.exec(word);
   if (language === "en") {
     if (whose?.[1] !== undefined && saysIs.test(rest)) return [plainWords(whose[1]).join(""), "is"];
@@ -99,6 +102,9 @@ const questionWords: Record<Language, RegExp> = {
   en: /^(what|which|how|when|where|who|is|are|do|does|am|have|has|any)$/,
   pt: /^(o|que|quais|qual|quant[oa]s?|como|quando|onde|quem|do|tem|tenho|ha|esta)$/,
 };
+/** "At what time", "on which day": the question begins with what is asked. */
+const beforeQuestion: Record<Language, RegExp> = { en: /^(at|on|in|for|to|by)$/, pt: /^(em|a|para|de|do)$/ };
+const asksWhat: Record<Language, RegExp> = { en: /^(what|which)$/, pt: /^(que|qual|quais)$/ };
 const adverbs: Record<Language, RegExp> = { en: /^(still|currently|actually|exactly|already)$/, pt: /^(ainda|ja|atualmente|exatamente|mesmo|eu)$/ };
 
 /**
@@ -109,11 +115,14 @@ export function withoutAsides(tokens: readonly Token[], language: Language): rea
   const plain = (at: number): string => tokens[at]?.plain ?? "";
   const isPair = (at: number, [one, other]: readonly [string, string]): boolean => plain(at) === one && plain(at + 1) === other;
   const isForMe = (at: number): boolean => at > 0 && at <= latestForMe && at + 2 < tokens.length && isPair(at, forMe[language]);
-  const isQuestion = questionWords[language].test(plain(0));
+  const isLed = beforeQuestion[language].test(plain(0)) && asksWhat[language].test(plain(1));
+  const isQuestion = isLed || questionWords[language].test(plain(0));
   const isCleft = (at: number): boolean =>
     language === "pt" && isQuestion && at > 0 && at < 3 && (isPair(at, ["e", "que"]) || isPair(at, ["foi", "que"]));
+  const isTwice = (at: number): boolean => language === "pt" && isQuestion && at > 0 && isPair(at - 1, ["que", "que"]);
   return tokens.filter((_, at) => {
-    if (isForMe(at) || isForMe(at - 1) || isCleft(at) || isCleft(at - 1)) return false;
+    if (isLed && at === 0) return false;
+    if (isForMe(at) || isForMe(at - 1) || isCleft(at) || isCleft(at - 1) || isTwice(at)) return false;
     return !(isQuestion && adverbs[language].test(plain(at)));
   });
 }

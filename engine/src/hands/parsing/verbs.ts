@@ -63,6 +63,11 @@ export function lemmaOf(plain: string, language: Language): string {
   return language === "pt" ? (lemmas.pt.get(plain) ?? plain) : plain;
 }
 
+/** One of the Portuguese verbs, as it follows the one who is to do it. */
+export function isInfinitive(plain: string): boolean {
+  return lemmas.pt.get(plain) === plain;
+}
+
 /** After these an English verb has the ending that phrases have not: "would you mind turning it down". */
 const beforeGerund = /^(mind|about|appreciate|start|try|of)$/;
 

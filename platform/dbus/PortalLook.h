@@ -34,6 +34,7 @@ private:
     const PortalSetting m_motion;
     const PortalSetting m_animations;
     const PortalSetting m_contrast;
+    const PortalSetting m_highContrast; ///< What says it on a desktop whose portal does not know the other yet.
     Look m_look;
 };
 

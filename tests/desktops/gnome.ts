@@ -5,7 +5,7 @@ import { join } from "node:path";
 import { homeOf } from "../rehearsal/desktop";
 import { run, until } from "../rehearsal/process";
 import type { Rectangle } from "../rehearsal/screen";
-import type { Desktop } from "./desktop";
+import type { Desktop, Notice } from "./desktop";
 import type { Session } from "./session";
 import { x11Terminal, x11Windows } from "./x11";
 
@@ -53,7 +53,9 @@ const gnomeX11: Omit<Desktop, "hasTray" | "setUp"> = {
     logout: ["gnome-session-quit", "--logout", "--no-prompt"],
     closeKey: "alt+F4",
     keys: "x11",
-    // The window menu has Alt+Space on each window alone, and whoever asks for it on the whole screen gets it.
+    hasOnAltSpace: "the window menu",
+    // What runs a command.
+    ofScreen: { keyCode: 120, flags: 0x80000, text: "⌥F2" },
     hasAutostart: true,
     // One click opens the menu.
     opensTrayByTwoClicks: true,
@@ -71,6 +73,15 @@ const gnomeX11: Omit<Desktop, "hasTray" | "setUp"> = {
     async trayItem(session: Session): Promise<Rectangle | undefined> {
         const items = "Object.entries(Main.panel.statusArea).filter(([name, item]) => /^appindicator-/i.test(name) && item.visible).map(([, item]) => [...item.get_transformed_position(), ...item.get_transformed_size()].map(Math.round))";
         return ((await ask(session, items)) as Rectangle[])[0];
+    },
+
+    async notice(session: Session, title: string): Promise<Notice | undefined> {
+        const tray = "Main.messageTray";
+        const place = `[...${tray}._banner.get_transformed_position(), ...${tray}._banner.get_transformed_size()].map(Math.round)`;
+        // It slides in from above.
+        const isThere = `${tray}._notification?.title === ${JSON.stringify(title)} && ${tray}._notificationState === 2`;
+        const itself = (await ask(session, `${isThere} ? ${place} : null`)) as Rectangle | null;
+        return itself ? { itself } : undefined;
     },
 
     /** It shows the overview first. */

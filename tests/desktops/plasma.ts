@@ -3,7 +3,7 @@
 import type { Rectangle } from "../rehearsal/screen";
 import type { Desktop } from "./desktop";
 import type { Session } from "./session";
-import { x11Terminal, x11Windows } from "./x11";
+import { noticeBy, x11Terminal, x11Windows } from "./x11";
 
 /** The windows stand left of it, the tray right. */
 const middle = 640;
@@ -44,4 +44,6 @@ export const plasmaX11: Desktop = {
     async trayItem(session: Session): Promise<Rectangle | undefined> {
         return (await inPanel(session)).find(({ name, place }) => /^palomet$/i.test(name) && place[0] > middle)?.place;
     },
+
+    notice: (session, title, button) => noticeBy(session, /^plasmashell$/, title, button),
 };

@@ -4,7 +4,7 @@ import { mkdirSync, readFileSync, writeFileSync } from "node:fs";
 import { join } from "node:path";
 import { run } from "../rehearsal/process";
 import type { Rectangle } from "../rehearsal/screen";
-import type { Desktop } from "./desktop";
+import type { Desktop, Notice } from "./desktop";
 import type { Session } from "./session";
 
 interface Node {
@@ -75,6 +75,12 @@ export const sway: Desktop = {
             if (last) return last;
         }
         return undefined;
+    },
+
+    /** The notifications stand in the corner below the panel, the newest above; only what they say can be asked. */
+    async notice({ environment }: Session, title: string): Promise<Notice | undefined> {
+        const { data } = JSON.parse(await run(["makoctl", "list"], environment)) as { data: { summary: { data: string } }[][] };
+        return data[0]?.[0]?.summary.data === title ? { itself: [970, 40, 300, 60] } : undefined;
     },
 
     setUp(home: string): void {

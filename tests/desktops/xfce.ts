@@ -4,7 +4,7 @@ import { run } from "../rehearsal/process";
 import type { Rectangle } from "../rehearsal/screen";
 import type { Desktop } from "./desktop";
 import { processesOf, type Session } from "./session";
-import { x11Terminal, x11Windows } from "./x11";
+import { noticeBy, x11Terminal, x11Windows } from "./x11";
 
 /** The part of a window's number that the X server gave to the program. */
 const clientOf = (id: string) => Number(id) >> 21;
@@ -38,6 +38,8 @@ export const xfce: Desktop = {
         }
         return undefined;
     },
+
+    notice: (session, title, button) => noticeBy(session, /^xfce4-notifyd$/, title, button),
 };
 
 /** The names on the buttons of the panel's list of windows, among those of other buttons. */

@@ -29,9 +29,13 @@ async function isThere(place: Place): Promise<void> {
     await until("it to wait", async () => (await status(place).catch(() => undefined))?.state === "waiting");
 }
 
+export function startAlone({ session: { environment } }: Place): void {
+    Bun.spawn([process.env.PALOMET_PROGRAM!], { env: environment, stdin: "ignore", stdout: "ignore", stderr: "ignore" });
+}
+
 /** Started from a terminal, it is there. */
 export async function start(place: Place): Promise<string> {
-    Bun.spawn([process.env.PALOMET_PROGRAM!], { env: place.session.environment, stdin: "ignore", stdout: "ignore", stderr: "ignore" });
+    startAlone(place);
     await isThere(place);
     return place.desktop.hasTray ? "it is in the tray, and waits" : "it waits";
 }

@@ -66,8 +66,16 @@ export interface Desktop {
     setUp?(home: string): void | Promise<void>;
     /** What the user does first after each login. */
     settle?(session: Session): Promise<void>;
+    /** The program of its dialog for folders, where that takes a path only in its field, and its button alone accepts it. */
+    readonly folderDialog?: RegExp;
     /** Lays the windows out beside each other, or behind each other as before, where the desktop does that at all. */
     tile?(session: Session, isBeside: boolean): Promise<void>;
+    /** How large its programs are to be that start from now on, where that can be said in a running session. */
+    setScale?(session: Session, scale: number): Promise<void>;
+    /** The dark or the light look, as the user chooses it there. */
+    setDark?(session: Session, isDark: boolean): Promise<void>;
+    /** More contrast, where the desktop has that. */
+    setContrast?(session: Session, isMore: boolean): Promise<void>;
     /** Binds commands to keys, as its documentation says. */
     bind?(session: Session, keys: Record<string, string>): Promise<void>;
 }

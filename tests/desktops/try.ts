@@ -10,9 +10,13 @@ import { step } from "../rehearsal/stage";
 import type { Desktop } from "./desktop";
 import { type Place, tidy } from "./place";
 import { Session } from "./session";
+import * as folders from "./steps/folders";
 import * as keys from "./steps/keys";
 import * as life from "./steps/session";
+import * as look from "./steps/look";
 import * as notices from "./steps/notices";
+import * as screens from "./steps/screens";
+import * as sleep from "./steps/sleep";
 import * as strip from "./steps/strip";
 import * as tray from "./steps/tray";
 import * as window from "./steps/window";
@@ -53,6 +57,13 @@ const steps: Step[] = [
     ["key of the whole screen", keys.ofScreen, ({ ofScreen }) => ofScreen !== undefined],
     ["another listen key, Escape", keys.another, ({ keys }) => keys === "x11"],
     ["keys by commands", keys.byCommand, ({ keys }) => keys === "nobody"],
+    ["dark and light", look.darkAndLight, ({ hasTray, setDark }) => hasTray && setDark !== undefined],
+    ["more contrast", look.contrast, ({ setContrast }) => setContrast !== undefined],
+    ["two screens", screens.two, ({ type }) => type === "x11"],
+    ["scales", screens.scaled, ({ setScale }) => setScale !== undefined],
+    ["turned screen", screens.turned, ({ type }) => type === "x11"],
+    ["folders", folders.choose],
+    ["sleep", sleep.sleep],
     ["notice of the port", notices.portTaken],
     ["notice of the microphone", notices.microphoneLost],
     ["logout, login", life.again],

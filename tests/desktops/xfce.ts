@@ -3,6 +3,7 @@
 import { run } from "../rehearsal/process";
 import type { Rectangle } from "../rehearsal/screen";
 import type { Desktop } from "./desktop";
+import { setOfGnome } from "./gnome";
 import { processesOf, type Session } from "./session";
 import { noticeBy, x11Terminal, x11Windows } from "./x11";
 
@@ -38,6 +39,16 @@ export const xfce: Desktop = {
         }
         return undefined;
     },
+
+    async setScale({ environment }: Session, scale: number): Promise<void> {
+        await run(["xfconf-query", "-n", "-c", "xsettings", "-p", "/Xft/DPI", "-t", "int", "-s", String(96 * scale)], environment);
+    },
+
+    async setDark({ environment }: Session, isDark: boolean): Promise<void> {
+        await run(["xfconf-query", "-n", "-c", "xfce4-panel", "-p", "/panels/dark-mode", "-t", "bool", "-s", String(isDark)], environment);
+    },
+
+    setContrast: ({ environment }, isMore) => setOfGnome(environment, "a11y.interface", "high-contrast", String(isMore)),
 
     notice: (session, title, button) => noticeBy(session, /^xfce4-notifyd$/, title, button),
 };

@@ -6,7 +6,7 @@ import { run, until } from "../../rehearsal/process";
 import { OtherProgram } from "../../rehearsal/screen";
 import { check, words } from "../../rehearsal/stage";
 import { differenceOf, stillPicture } from "../pictures";
-import { closeWindow, palomet, type Place, status, Terminal, windowInFront } from "../place";
+import { closeWindow, inSight, palomet, type Place, status, Terminal, windowInFront } from "../place";
 import { quit, start } from "./session";
 
 const layouts = ["us", "de", "us"];
@@ -167,7 +167,7 @@ export async function byCommand(place: Place): Promise<string> {
 
 /** The button that records the listen key, scrolled to where it can be seen. */
 async function recorder(place: Place): Promise<Node> {
-    const { session: { screen, tree } } = place;
+    const { session: { tree } } = place;
     await windowInFront(place);
     const button = await until("the listen key in the window", async () => {
         for (const window of await tree.windows()) {
@@ -179,13 +179,5 @@ async function recorder(place: Place): Promise<Node> {
         }
         return undefined;
     });
-    const [left] = await tree.place(button);
-    await screen.hand("mousemove", String(left), "500");
-    await until("the listen key in sight", async () => {
-        const [, top] = await tree.place(button);
-        if (top > 220 && top < 700) return true;
-        await screen.hand("click", "5");
-        return false;
-    });
-    return button;
+    return inSight(place, button);
 }

@@ -53,7 +53,7 @@ export async function again(place: Place): Promise<string> {
     await until("Palomet, by itself", () => processesOf(/^palomet$/).length === 1);
     await isThere(place);
     await place.session.screen.whole("after-login");
-    const lines = ended.split("\n").filter((line) => line.startsWith("saindo: "));
+    const lines = ended.slice(ended.lastIndexOf("iniciando ---")).split("\n").filter((line) => line.startsWith("saindo: "));
     check(lines.length === 3 && lines[2] === "saindo: pronto", `the log's last lines were not those of an orderly end: ${lines.join(" | ")}`);
     return `logging out ends it in order (${lines[0]}), and after the next login it is there${hasAutostart ? " by itself" : " when started"}`;
 }

@@ -33,6 +33,7 @@ bool says(const PortalSetting &setting, uint wish) {
 
 PortalLook::PortalLook(const QDBusConnection &bus, const QString &desktop)
     : m_isPanelAlwaysDark(desktop.split(u':').contains("GNOME"_L1))
+    , m_isPanelOfItsOwn(desktop.split(u':').contains("XFCE"_L1))
     , m_usualPanelScheme(hasPanelsOfEitherScheme(desktop.split(u':')) ? Scheme::Unknown : Scheme::Light)
     , m_scheme(bus, appearance, u"color-scheme"_s)
     , m_motion(bus, appearance, u"reduced-motion"_s)
@@ -49,6 +50,8 @@ PortalLook::PortalLook(const QDBusConnection &bus, const QString &desktop)
 }
 
 DesktopLook::Scheme PortalLook::panelSchemeNow() const {
+    if (m_isPanelOfItsOwn)
+        return Scheme::Unknown;
     if (m_isPanelAlwaysDark || says(m_scheme, preferDark))
         return Scheme::Dark;
     return says(m_scheme, preferLight) ? Scheme::Light : m_usualPanelScheme;

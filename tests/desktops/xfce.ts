@@ -45,7 +45,7 @@ export const xfce: Desktop = {
     },
 
     async setDark({ environment }: Session, isDark: boolean): Promise<void> {
-        await run(["xfconf-query", "-n", "-c", "xfce4-panel", "-p", "/panels/dark-mode", "-t", "bool", "-s", String(isDark)], environment);
+        await run(["xfconf-query", "-n", "-c", "xsettings", "-p", "/Net/ThemeName", "-t", "string", "-s", isDark ? "Adwaita-dark" : "Adwaita"], environment);
     },
 
     setContrast: ({ environment }, isMore) => setOfGnome(environment, "a11y.interface", "high-contrast", String(isMore)),

@@ -28,7 +28,7 @@ class PortalLookTest : public ::testing::Test {
 protected:
     PortalLookTest() { desktop.appear(); }
 
-    void create(const QString &name = u"XFCE"_s) {
+    void create(const QString &name = u"KDE"_s) {
         look.emplace(bus.connect(), name);
         look->onChange = [this] { ++changes; };
     }
@@ -61,6 +61,17 @@ TEST_F(PortalLookTest, PanelsOfSomeCompositorsMayBeEitherUntilThePortalSaysWhich
         create(name);
         EXPECT_EQ(look->panelScheme(), Scheme::Unknown);
     }
+}
+
+TEST_F(PortalLookTest, PanelsMayBeEitherOnTheDesktopWhosePreferenceIsNotTheirs) {
+    desktop.settings[appearance][colorScheme] = 1U;
+    create(u"XFCE"_s);
+    ASSERT_TRUE(isAsked());
+    desktop.changeSetting(appearance, colorScheme, 2U);
+    desktop.changeSetting(appearance, contrast, 1U);
+    EXPECT_TRUE(becomes(&DesktopLook::isContrastRaised, true));
+    EXPECT_EQ(look->panelScheme(), Scheme::Unknown);
+    EXPECT_EQ(changes, 1) << "of the contrast alone";
 }
 
 TEST_F(PortalLookTest, PanelsFollowThePreference) {

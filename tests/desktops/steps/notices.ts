@@ -16,6 +16,8 @@ export async function portTaken(place: Place): Promise<string> {
     const other = Bun.serve({ port, hostname: "127.0.0.1", fetch: () => new Response(null, { status: 404 }) });
     try {
         startAlone(place);
+        // Without a tray its window opens by itself.
+        if (!place.desktop.hasTray) await closeWindow(place);
         return await said(place, "port", "brain");
     } finally {
         await other.stop(true);

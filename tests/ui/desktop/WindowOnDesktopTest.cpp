@@ -17,6 +17,15 @@ protected:
             << rectangle(*m_window).x() << ',' << rectangle(*m_window).y() << ' ' << rectangle(*m_window).width() << 'x'
             << rectangle(*m_window).height();
     }
+
+    void openOnTheSecondOfTwoScreens() {
+        run("xrandr --setmonitor first 1280/300x1024/240+0+0 screen");
+        run("xrandr --setmonitor second 1280/300x1024/240+1280+0 none");
+        EXPECT_TRUE(eventually([] { return hasScreens({QRect(0, 0, 1280, 1024), QRect(1280, 0, 1280, 1024)}); }));
+        open();
+        run("xdotool windowmove %1 1400 120", m_window->winId());
+        EXPECT_TRUE(eventually([this] { return m_window->geometry().x() >= 1280; }));
+    }
 };
 
 } // namespace
@@ -72,12 +81,7 @@ TEST_F(WindowOnDesktopTest, OpensOnTheScreenThatIsThereNow) {
 }
 
 TEST_F(WindowOnDesktopTest, ComesToAScreenThatIsThereWhenItsOwnGoes) {
-    run("xrandr --setmonitor first 1280/300x1024/240+0+0 screen");
-    run("xrandr --setmonitor second 1280/300x1024/240+1280+0 none");
-    EXPECT_TRUE(eventually([] { return hasScreens({QRect(0, 0, 1280, 1024), QRect(1280, 0, 1280, 1024)}); }));
-    open();
-    run("xdotool windowmove %1 1400 120", m_window->winId());
-    EXPECT_TRUE(eventually([this] { return m_window->geometry().x() >= 1280; }));
+    openOnTheSecondOfTwoScreens();
     run("xrandr --delmonitor second");
     EXPECT_TRUE(eventually([this] { return QRect(0, 0, 1280, 1024).contains(rectangle(*m_window)); }));
     EXPECT_EQ(rectangle(*m_window).size(), QSize(1120, 760));
@@ -86,12 +90,7 @@ TEST_F(WindowOnDesktopTest, ComesToAScreenThatIsThereWhenItsOwnGoes) {
 }
 
 TEST_F(WindowOnDesktopTest, ComesToAScreenThatIsThereWhenItsOwnWentWhileItWasClosed) {
-    run("xrandr --setmonitor first 1280/300x1024/240+0+0 screen");
-    run("xrandr --setmonitor second 1280/300x1024/240+1280+0 none");
-    EXPECT_TRUE(eventually([] { return hasScreens({QRect(0, 0, 1280, 1024), QRect(1280, 0, 1280, 1024)}); }));
-    open();
-    run("xdotool windowmove %1 1400 120", m_window->winId());
-    EXPECT_TRUE(eventually([this] { return m_window->geometry().x() >= 1280; }));
+    openOnTheSecondOfTwoScreens();
     m_window->close();
     run("xrandr --delmonitor second");
     EXPECT_TRUE(eventually([] { return hasScreens({QRect(0, 0, 1280, 1024)}); }));

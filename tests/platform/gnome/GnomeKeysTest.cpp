@@ -55,7 +55,14 @@ protected:
         file = folder.filePath(u"glib-2.0/settings/keyfile"_s);
         set("");
     }
-    void TearDown() override { set(""); }
+    void SetUp() override {
+        // The library hears of the file from the event loop.
+        set("");
+        const auto isAsEver = [this] {
+            return keys.actionOn(Key::J, command).isEmpty() && !keys.actionOn(Key::Space, option).isEmpty();
+        };
+        ASSERT_TRUE(eventually(isAsEver));
+    }
 
     static void write(const QString &path, const QByteArray &text) {
         QFile file(path);

@@ -40,7 +40,7 @@ AppDelegate::AppDelegate(Parts parts)
           .url = m_parts.audio,
           .admit = admitPeer(),
       })
-    , m_hotKeys(std::move(m_parts.hotKeyGrabber))
+    , m_hotKeys(std::move(m_parts.hotKeyGrabber), std::move(m_parts.desktopKeys))
     , m_shortcuts(*m_parts.settings)
     , m_statusMenu(m_model)
     , m_keyBindings({

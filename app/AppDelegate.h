@@ -56,6 +56,7 @@ public:
         std::unique_ptr<FolderChooser> folderChooser;       ///< Null: the toolkit's own dialog is taken.
         std::unique_ptr<KeyboardLayout> keyboardLayout;
         std::unique_ptr<HotKeyGrabber> hotKeyGrabber;
+        std::unique_ptr<DesktopKeys> desktopKeys; ///< Null: the grabber alone knows who has a key.
         std::unique_ptr<RemoteService> remote;
         std::unique_ptr<Notifier> notifier;
         std::unique_ptr<QSettings> settings;

@@ -1,5 +1,6 @@
 #include "app/Session.h"
 
+#include "platform/gnome/GnomeKeys.h"
 #include "platform/x11/X11KeyboardLayout.h"
 
 namespace palomet {
@@ -26,6 +27,13 @@ std::unique_ptr<KeyboardLayout> Session::makeKeyboardLayout() const {
     if (m_x11 == nullptr)
         return std::make_unique<NoKeyboardLayout>();
     return std::make_unique<X11KeyboardLayout>(*m_x11);
+}
+
+std::unique_ptr<DesktopKeys> Session::makeDesktopKeys(const KeyboardLayout &layout) {
+    // On Wayland nobody takes a key, but asks for it.
+    if (isWayland() || !GnomeKeys::isFor(qEnvironmentVariable("XDG_CURRENT_DESKTOP")))
+        return nullptr;
+    return std::make_unique<GnomeKeys>(layout);
 }
 
 std::unique_ptr<QSettings> Session::makeSettings() {

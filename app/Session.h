@@ -4,6 +4,7 @@
 #include "platform/dbus/DesktopMicrophonePermission.h"
 #include "platform/pulse/PulseSoundServer.h"
 #include "platform/x11/X11Connection.h"
+#include "shortcuts/DesktopKeys.h"
 #include "shortcuts/KeyboardLayout.h"
 
 #include <QDBusConnection>
@@ -30,6 +31,8 @@ public:
     [[nodiscard]] X11Connection *x11() const { return m_x11.get(); }
 
     [[nodiscard]] std::unique_ptr<KeyboardLayout> makeKeyboardLayout() const;
+    /// Null where nothing but the attempt tells who has a key. `layout` outlives it.
+    [[nodiscard]] static std::unique_ptr<DesktopKeys> makeDesktopKeys(const KeyboardLayout &layout);
     [[nodiscard]] static std::unique_ptr<QSettings> makeSettings();
 
     /// The sound server, which tells the permission when it refuses the microphone.

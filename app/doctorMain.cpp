@@ -95,7 +95,8 @@ void lookAtFiles(Examination &found) {
 /// Tries the listen key only where no running instance can hold it.
 void lookAtKeys(Examination &found, const Session &session) {
     const auto listen = Shortcuts::storedListen(*Session::makeSettings());
-    found.listenKey = KeyBindings::keySequence(listen, *session.makeKeyboardLayout()).toString();
+    const auto layout = session.makeKeyboardLayout();
+    found.listenKey = KeyBindings::keySequence(listen, *layout).toString();
 
     auto *const x11 = session.x11();
     if (Session::isWayland()) {
@@ -103,7 +104,11 @@ void lookAtKeys(Examination &found, const Session &session) {
         found.doesPortalGrant = grantsGlobalShortcuts(session.bus());
     } else if (x11 != nullptr) {
         found.hotKeyRoute = Examination::HotKeyRoute::X11;
-        if (found.instance == Examination::Instance::Absent) {
+        if (const auto desktopKeys = Session::makeDesktopKeys(*layout))
+            found.listenKeyHolder = desktopKeys->actionOn(listen.keyCode, listen.carbonModifiers());
+        if (!found.listenKeyHolder.isEmpty()) {
+            found.key = Examination::Key::Taken;
+        } else if (found.instance == Examination::Instance::Absent) {
             X11HotKeyGrabber grabber(*x11);
             found.key = grabber.grab(1, listen.keyCode, listen.carbonModifiers()) ? Examination::Key::Free
                                                                                   : Examination::Key::Taken;

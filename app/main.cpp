@@ -109,6 +109,7 @@ AppDelegate::Parts makeParts(std::unique_ptr<RemoteService> remote, const Sessio
     const auto desktop = qEnvironmentVariable("XDG_CURRENT_DESKTOP");
     auto layout = session.makeKeyboardLayout();
     auto grabber = hotKeyGrabber(session, *layout);
+    auto desktopKeys = Session::makeDesktopKeys(*layout);
     auto scheduler = std::make_unique<QtScheduler>();
     auto sound = session.makeSound(*scheduler);
     return {
@@ -131,6 +132,7 @@ AppDelegate::Parts makeParts(std::unique_ptr<RemoteService> remote, const Sessio
         .folderChooser = std::make_unique<PortalFolderChooser>(bus, QGuiApplication::platformName() == "xcb"_L1),
         .keyboardLayout = std::move(layout),
         .hotKeyGrabber = std::move(grabber),
+        .desktopKeys = std::move(desktopKeys),
         .remote = std::move(remote),
         .notifier = std::make_unique<DesktopNotifier>(bus, Session::applicationId()),
         .settings = Session::makeSettings(),

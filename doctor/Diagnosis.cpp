@@ -139,10 +139,13 @@ Finding keysOfPortal(const Examination &found, const QString &byCommand) {
 Finding keysOfX11(const Examination &found, const QString &byCommand) {
     const auto subject = u"hot keys"_s;
     const bool isRunning = found.instance == Instance::Running;
-    if (isRunning ? !found.status.hotKeyProblem.isEmpty() : found.key == Examination::Key::Taken)
-        return fails(subject,
-                     u"%1 is refused by X11: another program holds it; choose another key in the window, under "
-                     "Listening, or %2"_s.arg(found.listenKey, byCommand));
+    if (isRunning ? !found.status.hotKeyProblem.isEmpty() : found.key == Examination::Key::Taken) {
+        const auto why = found.listenKeyHolder.isEmpty()
+                             ? u"refused by X11: another program holds it"_s
+                             : u"the desktop's own, for \"%1\""_s.arg(found.listenKeyHolder);
+        return fails(subject, u"%1 is %2; choose another key in the window, under Listening, or %3"_s.arg(
+                                  found.listenKey, why, byCommand));
+    }
     if (isRunning)
         return works(subject, u"held by the Palomet that runs, through X11"_s);
     return works(subject, found.key == Examination::Key::Free ? u"through X11; %1 is free"_s.arg(found.listenKey)

@@ -71,6 +71,7 @@ struct Examination {
     bool doesPortalGrant = false; ///< The desktop's portal takes requests for keys.
     QString listenKey;
     Key key = Key::NotTried;
+    QString listenKeyHolder; ///< What the desktop does on it, where that can be known; else empty.
     StripRoute stripRoute = StripRoute::None;
 };
 

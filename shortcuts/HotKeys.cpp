@@ -4,8 +4,9 @@
 
 namespace palomet {
 
-HotKeys::HotKeys(std::unique_ptr<HotKeyGrabber> grabber)
-    : m_grabber(std::move(grabber)) {
+HotKeys::HotKeys(std::unique_ptr<HotKeyGrabber> grabber, std::unique_ptr<DesktopKeys> desktopKeys)
+    : m_grabber(std::move(grabber))
+    , m_desktopKeys(std::move(desktopKeys)) {
     m_grabber->onPressed = [this](quint32 id) { pressed(id); };
     m_grabber->onRefused = [this](quint32 id) {
         if (m_actions.erase(id) != 0)
@@ -24,7 +25,11 @@ bool HotKeys::registerHotKey(quint32 id, qint64 keyCode, qint64 modifiers, std::
     constexpr qint64 limit = std::numeric_limits<quint32>::max();
     if (keyCode < 0 || keyCode > limit || modifiers < 0 || modifiers > limit)
         qFatal("a hot key's code and modifiers must fit in 32 bits");
-    if (!m_grabber->grab(id, static_cast<quint32>(keyCode), static_cast<quint32>(modifiers)))
+    const auto code = static_cast<quint32>(keyCode);
+    const auto bits = static_cast<quint32>(modifiers);
+    if (m_desktopKeys && !m_desktopKeys->actionOn(code, bits).isEmpty())
+        return false;
+    if (!m_grabber->grab(id, code, bits))
         return false;
     m_actions.emplace(id, std::move(action));
     return true;

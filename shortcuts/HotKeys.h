@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/OnThread.h"
+#include "shortcuts/DesktopKeys.h"
 #include "shortcuts/HotKeyGrabber.h"
 
 #include <QObject>
@@ -18,7 +19,8 @@ class HotKeys final : public QObject {
     Q_OBJECT
 
 public:
-    explicit HotKeys(std::unique_ptr<HotKeyGrabber> grabber);
+    /// `desktopKeys` is null where the grabber alone knows who has a key.
+    explicit HotKeys(std::unique_ptr<HotKeyGrabber> grabber, std::unique_ptr<DesktopKeys> desktopKeys = nullptr);
     ~HotKeys() override;
 
     /// Names every hot key that may be registered; see `HotKeyGrabber::offer`.
@@ -35,9 +37,9 @@ public:
     /// What the desktop calls the keys that its user chose; empty where the combination is what was asked for.
     [[nodiscard]] QString trigger(quint32 id) const { return m_grabber->trigger(id); }
 
-    /// Registers a hot key; false when the desktop refuses it. An id that is registered already stays as it is, and the
-    /// answer is true: unregister it first to replace it. A key code or modifiers outside 32 bits end the process: they
-    /// are never user input.
+    /// Registers a hot key; false when the desktop refuses it or has it for itself. An id that is registered already
+    /// stays as it is, and the answer is true: unregister it first to replace it. A key code or modifiers outside 32
+    /// bits end the process: they are never user input.
     bool registerHotKey(quint32 id, qint64 keyCode, qint64 modifiers, std::function<void()> action);
 
     /// An unknown id is ignored. A press that is already on its way no longer runs the action.
@@ -58,6 +60,7 @@ private:
 
     [[no_unique_address]] OnThread m_mainThread;
     std::unique_ptr<HotKeyGrabber> m_grabber;
+    std::unique_ptr<DesktopKeys> m_desktopKeys;
     std::map<quint32, std::function<void()>> m_actions;
 };
 

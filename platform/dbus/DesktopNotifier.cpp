@@ -47,8 +47,9 @@ void DesktopNotifier::show(quint32 id, const Notice &notice) {
     const auto message =
         call(u"Notify"_s, {u"Palomet"_s, shown.number, m_desktopFile, notice.title,
                            // It is read as markup.
-                           notice.text.toHtmlEscaped(), QStringList{itself, notice.button, button, notice.button},
-                           hints, asLongAsUsual});
+                           notice.text.toHtmlEscaped(),
+                           // A click on the notice needs no name; with one, some show a button for it, too.
+                           QStringList{itself, QString(), button, notice.button}, hints, asLongAsUsual});
     auto *watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(message), this);
     connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher, id, question = m_questions] {
         watcher->deleteLater();

@@ -58,6 +58,8 @@ const std::map<std::string, std::set<std::string>> ports{
      {"app/DesktopLook.h", "app/Notifier.h", "base/TrayHost.h", "command/RemoteClient.h", "command/RemoteService.h",
       "command/RemoteStatusJson.h", "model/MicrophonePermission.h", "shortcuts/HotKeyGrabber.h", "shortcuts/Keys.h",
       "shortcuts/KeyboardLayout.h", "ui/shell/FolderChooser.h"}},
+    {"gnome",
+     {"shortcuts/DesktopKeys.h", "shortcuts/HotKeyGrabber.h", "shortcuts/KeyboardLayout.h", "shortcuts/Keys.h"}},
     {"linux", {"app/ChildProcess.h", "doctor/PortHolder.h"}},
     {"pulse", {"audio/SoundServer.h"}},
     {"sway", {"ui/shell/WindowManagement.h"}},
@@ -113,7 +115,7 @@ TEST(Arrows, ASystemIsToldOfNothingButThePortsThatItImplements) {
 
 TEST(Arrows, OnlyPlatformFoldersIncludeTheHeadersOfASystem) {
     static const std::regex system(
-        R"(^(linux/|sys/|unistd\.h|fcntl\.h|signal\.h|poll\.h|spawn\.h|pulse/|xcb/|X11/|xkbcommon/)"
+        R"(^(linux/|sys/|unistd\.h|fcntl\.h|signal\.h|poll\.h|spawn\.h|pulse/|xcb/|X11/|gio/|xkbcommon/)"
         R"(|wayland|dbus/|QDBus|QtDBus|qpa/))");
     // The one place that puts the program together knows which bus it speaks on.
     const std::set<std::string> composition{"app/Session.h"};

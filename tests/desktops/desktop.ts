@@ -17,6 +17,13 @@ export interface Windows {
     list(session: Session): Promise<string[]>;
 }
 
+export interface Notice {
+    /** A part of it that a click opens it by. */
+    itself: Rectangle;
+    /** Its button, where it shows at once. */
+    button?: Rectangle | undefined;
+}
+
 export interface Desktop {
     /** As it calls itself in XDG_CURRENT_DESKTOP. */
     readonly name: string;
@@ -43,6 +50,8 @@ export interface Desktop {
     readonly keys: "x11" | "nobody";
     /** What the desktop itself opens on Alt+Space, if anything. */
     readonly hasOnAltSpace?: string;
+    /** A key that it has for the whole screen, which X11 does not tell: as the settings have it, and as texts write it. */
+    readonly ofScreen?: { keyCode: number; flags: number; text: string };
     /** Whether it starts at the login what the user's autostart folder names. */
     readonly hasAutostart: boolean;
     readonly windows: Windows;
@@ -51,12 +60,22 @@ export interface Desktop {
     terminal(title: string, isFullScreen: boolean): string[];
     /** Where the only item of the tray is shown. */
     trayItem(session: Session): Promise<Rectangle | undefined>;
+    /** Where the notification of that title is to be seen, with its button of that name. */
+    notice(session: Session, title: string, button: string): Promise<Notice | undefined>;
     /** What the user has set up there before the first login. */
     setUp?(home: string): void | Promise<void>;
     /** What the user does first after each login. */
     settle?(session: Session): Promise<void>;
+    /** The program of its dialog for folders, where that takes a path only in its field, and its button alone accepts it. */
+    readonly folderDialog?: RegExp;
     /** Lays the windows out beside each other, or behind each other as before, where the desktop does that at all. */
     tile?(session: Session, isBeside: boolean): Promise<void>;
+    /** How large its programs are to be that start from now on, where that can be said in a running session. */
+    setScale?(session: Session, scale: number): Promise<void>;
+    /** The dark or the light look, as the user chooses it there. */
+    setDark?(session: Session, isDark: boolean): Promise<void>;
+    /** More contrast, where the desktop has that. */
+    setContrast?(session: Session, isMore: boolean): Promise<void>;
     /** Binds commands to keys, as its documentation says. */
     bind?(session: Session, keys: Record<string, string>): Promise<void>;
 }

@@ -3,9 +3,9 @@
 import { mkdirSync, readFileSync, writeFileSync } from "node:fs";
 import { join } from "node:path";
 import { homeOf } from "../rehearsal/desktop";
-import { run, until } from "../rehearsal/process";
+import { type Environment, run, until } from "../rehearsal/process";
 import type { Rectangle } from "../rehearsal/screen";
-import type { Desktop } from "./desktop";
+import type { Desktop, Notice } from "./desktop";
 import type { Session } from "./session";
 import { x11Terminal, x11Windows } from "./x11";
 
@@ -29,6 +29,9 @@ async function setUp(home: string, extensions: string[]): Promise<void> {
     mkdirSync(folder, { recursive: true });
     writeFileSync(join(folder, "metadata.json"), JSON.stringify({ uuid: lookingGlass, name: "Looking glass", description: "Says what is where", "shell-version": ["43"] }));
     writeFileSync(join(folder, "extension.js"), "function init() {}\nfunction enable() { global.context.unsafe_mode = true; }\nfunction disable() {}\n");
+    // Or else it says that there is nobody to lock the screen, above whatever is there.
+    const shell = join(home, ".local/share/gnome-shell");
+    writeFileSync(join(shell, "lock-warning-shown"), "");
     // Where nobody guards what is plugged in, its guard falls over, and the session with it.
     const sessions = join(home, ".config/gnome-session/sessions");
     mkdirSync(sessions, { recursive: true });
@@ -42,6 +45,11 @@ async function setUp(home: string, extensions: string[]): Promise<void> {
     for (const setting of settings) await run(["dbus-run-session", "--", "gsettings", "set", ...setting], homeOf(home));
 }
 
+/** A setting of GNOME's, which other desktops' portals read, too. */
+export async function setOfGnome(environment: Environment, group: string, name: string, value: string): Promise<void> {
+    await run(["gsettings", "set", `org.gnome.desktop.${group}`, name, value], environment);
+}
+
 const gnomeX11: Omit<Desktop, "hasTray" | "setUp"> = {
     name: "GNOME",
     type: "x11",
@@ -53,7 +61,9 @@ const gnomeX11: Omit<Desktop, "hasTray" | "setUp"> = {
     logout: ["gnome-session-quit", "--logout", "--no-prompt"],
     closeKey: "alt+F4",
     keys: "x11",
-    // The window menu has Alt+Space on each window alone, and whoever asks for it on the whole screen gets it.
+    hasOnAltSpace: "the window menu",
+    // What runs a command.
+    ofScreen: { keyCode: 120, flags: 0x80000, text: "⌥F2" },
     hasAutostart: true,
     // One click opens the menu.
     opensTrayByTwoClicks: true,
@@ -71,6 +81,27 @@ const gnomeX11: Omit<Desktop, "hasTray" | "setUp"> = {
     async trayItem(session: Session): Promise<Rectangle | undefined> {
         const items = "Object.entries(Main.panel.statusArea).filter(([name, item]) => /^appindicator-/i.test(name) && item.visible).map(([, item]) => [...item.get_transformed_position(), ...item.get_transformed_size()].map(Math.round))";
         return ((await ask(session, items)) as Rectangle[])[0];
+    },
+
+    async notice(session: Session, title: string): Promise<Notice | undefined> {
+        const tray = "Main.messageTray";
+        const place = `[...${tray}._banner.get_transformed_position(), ...${tray}._banner.get_transformed_size()].map(Math.round)`;
+        // It slides in from above.
+        const isThere = `${tray}._notification?.title === ${JSON.stringify(title)} && ${tray}._notificationState === 2`;
+        const itself = (await ask(session, `${isThere} ? ${place} : null`)) as Rectangle | null;
+        return itself ? { itself } : undefined;
+    },
+
+    async setScale({ environment }: Session, scale: number): Promise<void> {
+        await setOfGnome(environment, "interface", "text-scaling-factor", String(scale));
+    },
+
+    async setDark({ environment }: Session, isDark: boolean): Promise<void> {
+        await setOfGnome(environment, "interface", "color-scheme", isDark ? "prefer-dark" : "default");
+    },
+
+    async setContrast({ environment }: Session, isMore: boolean): Promise<void> {
+        await setOfGnome(environment, "a11y.interface", "high-contrast", String(isMore));
     },
 
     /** It shows the overview first. */

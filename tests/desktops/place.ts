@@ -1,6 +1,7 @@
 // Where the steps happen: the desktop, its session of the moment, and what a person has there besides.
 
 import { join } from "node:path";
+import type { Node } from "../rehearsal/accessible";
 import type { Watcher } from "../rehearsal/backend";
 import { type Program, run, start, until } from "../rehearsal/process";
 import type { XWindow } from "../rehearsal/screen";
@@ -71,6 +72,19 @@ export async function windowInFront(place: Place): Promise<XWindow> {
         const window = await place.session.screen.window();
         return window && (await place.desktop.windows.isInFront(place.session, window.id)) && window;
     });
+}
+
+/** Scrolls the page until that can be seen, and gives it. */
+export async function inSight({ session: { screen, tree } }: Place, node: Node): Promise<Node> {
+    const [left] = await tree.place(node);
+    await screen.hand("mousemove", String(left), "500");
+    await until("it to be in sight", async () => {
+        const [, top] = await tree.place(node);
+        if (top > 220 && top < 700) return true;
+        await screen.hand("click", "5");
+        return false;
+    });
+    return node;
 }
 
 /** Closes the window that is in front by the desktop's own key. */

@@ -1,9 +1,12 @@
 // Plasma on X11. A screen reader sees its panel as one tree, with what is in the tray by name.
 
+import { mkdirSync, writeFileSync } from "node:fs";
+import { join } from "node:path";
+import { run } from "../rehearsal/process";
 import type { Rectangle } from "../rehearsal/screen";
 import type { Desktop } from "./desktop";
 import type { Session } from "./session";
-import { x11Terminal, x11Windows } from "./x11";
+import { noticeBy, x11Terminal, x11Windows } from "./x11";
 
 /** The windows stand left of it, the tray right. */
 const middle = 640;
@@ -32,6 +35,7 @@ export const plasmaX11: Desktop = {
     keys: "x11",
     hasOnAltSpace: "KRunner",
     hasAutostart: true,
+    folderDialog: /portal/i,
     terminal: x11Terminal,
 
     windows: {
@@ -44,4 +48,22 @@ export const plasmaX11: Desktop = {
     async trayItem(session: Session): Promise<Rectangle | undefined> {
         return (await inPanel(session)).find(({ name, place }) => /^palomet$/i.test(name) && place[0] > middle)?.place;
     },
+
+    /** What it says stays for longer than five seconds, as a screen reader needs some of them to find it. */
+    setUp(home: string): void {
+        mkdirSync(join(home, ".config"), { recursive: true });
+        writeFileSync(join(home, ".config/plasmanotifyrc"), "[Notifications]\nPopupTimeout=30000\n");
+    },
+
+    /** As its login does where the user has set another density of the fonts. */
+    async setScale({ environment }: Session, scale: number): Promise<void> {
+        await run(["sh", "-c", `echo "Xft.dpi: ${96 * scale}" | xrdb -nocpp -merge`], environment);
+    },
+
+    /** The panel follows the colours of the programs. */
+    async setDark({ environment }: Session, isDark: boolean): Promise<void> {
+        await run(["plasma-apply-colorscheme", isDark ? "BreezeDark" : "BreezeLight"], environment);
+    },
+
+    notice: (session, title, button) => noticeBy(session, /^plasmashell$/, title, button),
 };

@@ -4,8 +4,8 @@ import { mkdirSync, readFileSync, writeFileSync } from "node:fs";
 import { join } from "node:path";
 import { run } from "../rehearsal/process";
 import type { Rectangle } from "../rehearsal/screen";
-import type { Desktop } from "./desktop";
-import type { Session } from "./session";
+import type { Desktop, Notice } from "./desktop";
+import { processesOf, type Session } from "./session";
 
 interface Node {
     name: string | null;
@@ -75,6 +75,22 @@ export const sway: Desktop = {
             if (last) return last;
         }
         return undefined;
+    },
+
+    /** The notifications stand in the corner below the panel, the newest above; only what they say can be asked. */
+    async notice({ environment }: Session, title: string): Promise<Notice | undefined> {
+        const { data } = JSON.parse(await run(["makoctl", "list"], environment)) as { data: { summary: { data: string } }[][] };
+        return data[0]?.[0]?.summary.data === title ? { itself: [970, 40, 300, 60] } : undefined;
+    },
+
+    /** waybar has its colours from the user's file. */
+    async setDark({ environment }: Session, isDark: boolean): Promise<void> {
+        const folder = join(environment.HOME!, ".config/waybar");
+        mkdirSync(folder, { recursive: true });
+        const own = readFileSync("/etc/xdg/waybar/style.css", "utf8");
+        const [ground, text] = isDark ? ["#202020", "#f0f0f0"] : ["#f0f0f0", "#202020"];
+        writeFileSync(join(folder, "style.css"), `${own}\nwindow#waybar, #tray { background: ${ground}; color: ${text}; }\n`);
+        for (const bar of processesOf(/^waybar$/)) process.kill(bar, "SIGUSR2");
     },
 
     setUp(home: string): void {

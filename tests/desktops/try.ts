@@ -10,8 +10,13 @@ import { step } from "../rehearsal/stage";
 import type { Desktop } from "./desktop";
 import { type Place, tidy } from "./place";
 import { Session } from "./session";
+import * as folders from "./steps/folders";
 import * as keys from "./steps/keys";
 import * as life from "./steps/session";
+import * as look from "./steps/look";
+import * as notices from "./steps/notices";
+import * as screens from "./steps/screens";
+import * as sleep from "./steps/sleep";
 import * as strip from "./steps/strip";
 import * as tray from "./steps/tray";
 import * as window from "./steps/window";
@@ -49,8 +54,18 @@ const steps: Step[] = [
     ["strip above full screen", strip.aboveFullScreen],
     ["Alt+Space that is refused", keys.refused, ({ hasOnAltSpace }) => hasOnAltSpace !== undefined],
     ["keys of others", keys.others, ({ hasOnAltSpace }) => hasOnAltSpace !== undefined],
+    ["key of the whole screen", keys.ofScreen, ({ ofScreen }) => ofScreen !== undefined],
     ["another listen key, Escape", keys.another, ({ keys }) => keys === "x11"],
     ["keys by commands", keys.byCommand, ({ keys }) => keys === "nobody"],
+    ["dark and light", look.darkAndLight, ({ hasTray, setDark }) => hasTray && setDark !== undefined],
+    ["more contrast", look.contrast, ({ setContrast }) => setContrast !== undefined],
+    ["two screens", screens.two, ({ type }) => type === "x11"],
+    ["scales", screens.scaled, ({ setScale }) => setScale !== undefined],
+    ["turned screen", screens.turned, ({ type }) => type === "x11"],
+    ["folders", folders.choose],
+    ["sleep", sleep.sleep],
+    ["notice of the port", notices.portTaken],
+    ["notice of the microphone", notices.microphoneLost],
     ["logout, login", life.again],
     ["--doctor after the login", life.doctor],
     ["quit", life.quit],
@@ -78,7 +93,7 @@ const seen: Record<string, string> = {};
 let failures = 0;
 for (const [title, take, isFor] of steps) {
     if (isFor && !isFor(desktop)) continue;
-    if (only.length > 0 && !only.some((word) => title.includes(word))) continue;
+    if (only.length > 0 && !only.some((words) => new RegExp(words).test(title))) continue;
     try {
         seen[title] = `ok: ${await take(place)}`;
     } catch (problem) {

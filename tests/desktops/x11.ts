@@ -1,7 +1,8 @@
 // The windows of a desktop on X11, as its window manager tells of them.
 
 import { run } from "../rehearsal/process";
-import type { Windows } from "./desktop";
+import type { Rectangle } from "../rehearsal/screen";
+import type { Notice, Windows } from "./desktop";
 import type { Session } from "./session";
 
 export const x11Windows: Omit<Windows, "list"> = {
@@ -30,6 +31,21 @@ export const x11Windows: Omit<Windows, "list"> = {
         await screen.do("windowactivate", "--sync", window);
     },
 };
+
+/** Where a program's notification of that title shows it, and its button of that name, as a screen reader has them. */
+export async function noticeBy({ tree }: Session, program: RegExp, title: string, button: string): Promise<Notice | undefined> {
+    for (const window of await tree.windows(program)) {
+        const places = new Map<string, Rectangle>();
+        for (const node of await tree.all(window, /^(label|static|text|heading|push button)$/)) {
+            // What goes away meanwhile has neither.
+            const [name, place] = await Promise.all([tree.name(node), tree.place(node)]).catch(() => [""] as const);
+            if (name && place) places.set(name, place);
+        }
+        const itself = places.get(title);
+        if (itself) return { itself, button: places.get(button) };
+    }
+    return undefined;
+}
 
 function properties({ environment }: Session, window: string[], ...names: string[]): Promise<string> {
     return run(["xprop", ...window, ...names], environment);

@@ -3,8 +3,9 @@
 import { run } from "../rehearsal/process";
 import type { Rectangle } from "../rehearsal/screen";
 import type { Desktop } from "./desktop";
+import { setOfGnome } from "./gnome";
 import { processesOf, type Session } from "./session";
-import { x11Terminal, x11Windows } from "./x11";
+import { noticeBy, x11Terminal, x11Windows } from "./x11";
 
 /** The part of a window's number that the X server gave to the program. */
 const clientOf = (id: string) => Number(id) >> 21;
@@ -38,6 +39,18 @@ export const xfce: Desktop = {
         }
         return undefined;
     },
+
+    async setScale({ environment }: Session, scale: number): Promise<void> {
+        await run(["xfconf-query", "-n", "-c", "xsettings", "-p", "/Xft/DPI", "-t", "int", "-s", String(96 * scale)], environment);
+    },
+
+    async setDark({ environment }: Session, isDark: boolean): Promise<void> {
+        await run(["xfconf-query", "-n", "-c", "xsettings", "-p", "/Net/ThemeName", "-t", "string", "-s", isDark ? "Adwaita-dark" : "Adwaita"], environment);
+    },
+
+    setContrast: ({ environment }, isMore) => setOfGnome(environment, "a11y.interface", "high-contrast", String(isMore)),
+
+    notice: (session, title, button) => noticeBy(session, /^xfce4-notifyd$/, title, button),
 };
 
 /** The names on the buttons of the panel's list of windows, among those of other buttons. */

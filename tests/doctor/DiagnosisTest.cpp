@@ -177,6 +177,8 @@ TEST(Diagnosis, TellsAKeyThatIsRefusedAndADesktopWithoutHotKeys) {
     found.instance = Examination::Instance::Absent;
     found.key = Examination::Key::Taken;
     expectFailure(found, u"hot keys"_s, u"palomet --listen"_s);
+    found.listenKeyHolder = u"activate window menu"_s;
+    expectFailure(found, u"hot keys"_s, u"Alt+Space is the desktop's own, for \"activate window menu\"; choose"_s);
     found = allIsWell();
     found.hotKeyRoute = Examination::HotKeyRoute::None;
     expectFailure(found, u"hot keys"_s, u"no display"_s);

@@ -15,10 +15,12 @@ export interface XWindow {
 export type Rectangle = [number, number, number, number];
 
 /** Nothing else of the program's has the strip's size. */
-export const isStrip = ({ width, height }: { width: number; height: number }) => width === 440 && height === 40;
+export const isStrip = ({ width, height }: { width: number; height: number }, scale = 1) => width === 440 * scale && height === 40 * scale;
 
 export class Screen {
     readonly #folder: string;
+    /** How large the program draws itself there. */
+    scale = 1;
 
     /** `outside` is where the screen itself is, if it is not that of the windows: a desktop may be shown inside a window. */
     constructor(
@@ -32,12 +34,12 @@ export class Screen {
 
     /** The program's window, if it can be seen. */
     async window(): Promise<XWindow | undefined> {
-        return (await this.#windows()).find((window) => !isStrip(window));
+        return (await this.#windows()).find((window) => !isStrip(window, this.scale));
     }
 
     /** The program's strip, if it can be seen. */
     async strip(): Promise<XWindow | undefined> {
-        return (await this.#windows()).find(isStrip);
+        return (await this.#windows()).find((window) => isStrip(window, this.scale));
     }
 
     /** The window whose keys it gets. */

@@ -56,6 +56,19 @@ TEST_F(HotKeysTest, UnregisteredWhileAPressIsQueuedDoNotRun) {
     EXPECT_TRUE(grabber->held.empty());
 }
 
+TEST(HotKeysOfTheDesktop, AreLeftToIt) {
+    struct WindowMenu final : DesktopKeys {
+        QString actionOn(quint32 keyCode, quint32 modifiers) override {
+            return keyCode == 49 && modifiers == 0x800 ? QStringLiteral("window menu") : QString();
+        }
+    };
+    auto *grabber = new test::FakeHotKeyGrabber;
+    HotKeys hotKeys(std::unique_ptr<HotKeyGrabber>(grabber), std::make_unique<WindowMenu>());
+    EXPECT_FALSE(hotKeys.registerHotKey(1, 49, 0x800, [] {}));
+    EXPECT_EQ(grabber->grabs, 0);
+    EXPECT_TRUE(hotKeys.registerHotKey(1, 49, 0x1800, [] {}));
+}
+
 TEST_F(HotKeysTest, RefusedAreNotStored) {
     grabber->refuses = true;
     EXPECT_FALSE(hotKeys.registerHotKey(1, 49, 0x800, [&] { ++first; }));

@@ -45,9 +45,13 @@ SettingsWindow::SettingsWindow(QQmlEngine &engine, AppView &app, Scheduler &sche
     , m_management(management) {
     setTitle(u"Palomet"_s);
     setColor(Qt::white);
-    setMinimumSize(minimumContentSize);
     setResizeMode(SizeRootObjectToView);
     restoreFrame();
+    // Queued: at the signal the screen is still among the others.
+    connect(qGuiApp, &QGuiApplication::screenRemoved, this, &SettingsWindow::followScreens, Qt::QueuedConnection);
+    connect(qGuiApp, &QGuiApplication::screenAdded, this, &SettingsWindow::follow);
+    for (const auto *screen : QGuiApplication::screens())
+        follow(screen);
     connect(this, &QWindow::visibilityChanged, this, &SettingsWindow::updateShown);
     // The screen is up to date before its page is made.
     m_app.setShown(true);
@@ -109,7 +113,7 @@ bool SettingsWindow::event(QEvent *event) {
         saveSoon();
         break;
     case QEvent::Expose:
-        if (isExposed() && !std::exchange(m_wasExposed, true))
+        if (isExposed() && !std::exchange(m_isFrameOnScreen, true))
             keepFrameOnScreen();
         takeFocus();
         break;
@@ -162,7 +166,9 @@ bool SettingsWindow::handleKey(const QKeyEvent &event) {
 void SettingsWindow::restoreFrame() {
     const auto stored = m_settings ? m_settings->value(frameKey) : QVariant();
     const auto saved = stored.canConvert<QRect>() ? std::optional(stored.toRect()) : std::nullopt;
-    const auto frame = openingFrame(saved, usableScreens(), openingSize, minimumContentSize);
+    const auto screens = usableScreens();
+    setMinimumSize(screens.empty() ? minimumContentSize : leastSize(screens.front().size()));
+    const auto frame = openingFrame(saved, screens, openingSize, minimumSize());
     // A window that remembers nothing has the same size on every screen.
     resize(m_settings ? frame.size() : openingSize);
     // The content is centred, because the width of the frame is not known before the window shows.
@@ -175,16 +181,33 @@ void SettingsWindow::restoreFrame() {
         setWindowStates(Qt::WindowMaximized);
 }
 
+QSize SettingsWindow::leastSize(QSize room) const {
+    // Where nobody manages windows, no screen is seen.
+    return m_management ? minimumContentSize.boundedTo(room) : minimumContentSize;
+}
+
 void SettingsWindow::keepFrameOnScreen() {
     // A window that remembers nothing has the same size on every screen.
     if (!m_settings || visibility() != Windowed)
         return;
     const auto around = frameMargins();
+    setMinimumSize(leastSize(screen()->availableSize().shrunkBy(around)));
     const auto frame = openingFrame(frameGeometry(), usableScreens(), openingSize, minimumSize().grownBy(around));
     if (frame == frameGeometry())
         return;
     resize(frame.size().shrunkBy(around));
     setFramePosition(frame.topLeft());
+}
+
+void SettingsWindow::follow(const QScreen *screen) {
+    // Queued, because a change of the screens comes in several signals.
+    connect(screen, &QScreen::availableGeometryChanged, this, &SettingsWindow::followScreens, Qt::QueuedConnection);
+}
+
+void SettingsWindow::followScreens() {
+    m_isFrameOnScreen = isExposed();
+    if (m_isFrameOnScreen)
+        keepFrameOnScreen();
 }
 
 void SettingsWindow::saveSoon() {

@@ -20,6 +20,7 @@ class SettingsWindow final : public QQuickView {
 
 public:
     static constexpr QSize openingSize{1120, 760};
+    /// On a desktop's screen that has no room for it, the screen's size is the least.
     static constexpr QSize minimumContentSize{960, 640};
 
     /// `engine` has both QML modules. All arguments outlive the window. Without `settings` it remembers nothing,
@@ -38,8 +39,13 @@ protected:
 
 private:
     void restoreFrame();
+    /// Of a window that has so much room on its screen.
+    [[nodiscard]] QSize leastSize(QSize room) const;
     /// Counts in the window manager's frame, which is not known before the window shows.
     void keepFrameOnScreen();
+    void follow(const QScreen *screen);
+    /// Comes to where it can be seen when its screen goes or becomes another; at the next showing where it is hidden.
+    void followScreens();
     void saveFrame();
     void saveSoon();
     void updateShown();
@@ -52,7 +58,7 @@ private:
     WindowManagement *m_management;
     std::optional<QString> m_wantedActivation; ///< Set while it is to come to the front, and does not show yet.
     Scheduler::Handle m_saving;
-    bool m_wasExposed = false;
+    bool m_isFrameOnScreen = false; ///< Not before it has been exposed on the screens that are there.
 };
 
 } // namespace palomet

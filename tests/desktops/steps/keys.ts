@@ -6,7 +6,8 @@ import { run, until } from "../../rehearsal/process";
 import { OtherProgram } from "../../rehearsal/screen";
 import { check, words } from "../../rehearsal/stage";
 import { differenceOf, stillPicture } from "../pictures";
-import { closeWindow, palomet, type Place, status, Terminal, windowInFront } from "../place";
+import { closeWindow, inSight, palomet, type Place, status, Terminal, windowInFront } from "../place";
+import { quit, start } from "./session";
 
 const layouts = ["us", "de", "us"];
 /** What it says takes longer than this. */
@@ -27,8 +28,26 @@ export async function refused(place: Place): Promise<string> {
     await place.session.screen.whole("key-refused");
     await closeWindow(place);
     const doctor = await run(["sh", "-c", '"$0" --doctor || true', process.env.PALOMET_PROGRAM!], place.session.environment);
-    check(/^!! {2}hot keys: Alt\+Space is refused/m.test(doctor), "the doctor has no word about Alt+Space");
+    check(/^!! {2}hot keys: Alt\+Space is (refused by X11|the desktop's own, for "activate window menu");?/m.test(doctor), "the doctor has no word about Alt+Space");
     return `Alt+Space is the desktop's, and the window says: ${hotKeyProblem}`;
+}
+
+/** A wish for a key that the desktop has for the whole screen is refused, and the desktop keeps it. */
+export async function ofScreen(place: Place): Promise<string> {
+    const { session: { environment }, desktop } = place;
+    const { text, ...key } = desktop.ofScreen!;
+    const settings = join(environment.XDG_CONFIG_HOME!, "palomet/palomet.conf");
+    await quit(place);
+    const before = await Bun.file(settings).text().catch(() => "[General]\n");
+    const wish = `listenShortcut=${JSON.stringify(JSON.stringify(key))}`;
+    await Bun.write(settings, /^listenShortcut=/m.test(before) ? before.replace(/^listenShortcut=.*$/m, wish) : `${before}${wish}\n`);
+    await start(place);
+    const { hotKeyProblem } = await status(place);
+    await quit(place);
+    await Bun.write(settings, before);
+    await start(place);
+    check(hotKeyProblem === words["shortcut.taken"]!.replace("%@", text), `of ${text} it says "${hotKeyProblem}"`);
+    return `of a key that the desktop has it says: ${hotKeyProblem}`;
 }
 
 /** Alt+Space goes on to open what the desktop has there, after the keyboard's layout has changed, too. */
@@ -148,7 +167,7 @@ export async function byCommand(place: Place): Promise<string> {
 
 /** The button that records the listen key, scrolled to where it can be seen. */
 async function recorder(place: Place): Promise<Node> {
-    const { session: { screen, tree } } = place;
+    const { session: { tree } } = place;
     await windowInFront(place);
     const button = await until("the listen key in the window", async () => {
         for (const window of await tree.windows()) {
@@ -160,13 +179,5 @@ async function recorder(place: Place): Promise<Node> {
         }
         return undefined;
     });
-    const [left] = await tree.place(button);
-    await screen.hand("mousemove", String(left), "500");
-    await until("the listen key in sight", async () => {
-        const [, top] = await tree.place(button);
-        if (top > 220 && top < 700) return true;
-        await screen.hand("click", "5");
-        return false;
-    });
-    return button;
+    return inSight(place, button);
 }

@@ -29,9 +29,13 @@ async function isThere(place: Place): Promise<void> {
     await until("it to wait", async () => (await status(place).catch(() => undefined))?.state === "waiting");
 }
 
+export function startAlone({ session: { environment } }: Place): void {
+    Bun.spawn([process.env.PALOMET_PROGRAM!], { env: environment, stdin: "ignore", stdout: "ignore", stderr: "ignore" });
+}
+
 /** Started from a terminal, it is there. */
 export async function start(place: Place): Promise<string> {
-    Bun.spawn([process.env.PALOMET_PROGRAM!], { env: place.session.environment, stdin: "ignore", stdout: "ignore", stderr: "ignore" });
+    startAlone(place);
     await isThere(place);
     return place.desktop.hasTray ? "it is in the tray, and waits" : "it waits";
 }
@@ -49,7 +53,7 @@ export async function again(place: Place): Promise<string> {
     await until("Palomet, by itself", () => processesOf(/^palomet$/).length === 1);
     await isThere(place);
     await place.session.screen.whole("after-login");
-    const lines = ended.split("\n").filter((line) => line.startsWith("saindo: "));
+    const lines = ended.slice(ended.lastIndexOf("iniciando ---")).split("\n").filter((line) => line.startsWith("saindo: "));
     check(lines.length === 3 && lines[2] === "saindo: pronto", `the log's last lines were not those of an orderly end: ${lines.join(" | ")}`);
     return `logging out ends it in order (${lines[0]}), and after the next login it is there${hasAutostart ? " by itself" : " when started"}`;
 }

@@ -1,7 +1,7 @@
 // The window: opened from a terminal, in front of others, and known by its own name and icon.
 
 import type { Node } from "../../rehearsal/accessible";
-import { until } from "../../rehearsal/process";
+import { run, until } from "../../rehearsal/process";
 import { check, words } from "../../rehearsal/stage";
 import { closeWindow, palomet, type Place, property, Terminal, windowInFront } from "../place";
 
@@ -9,6 +9,7 @@ const screenWidth = 1280;
 const screenHeight = 800;
 /** The window's least width where it is asked. */
 const leastWidth = 960;
+const iconSizes = [16, 22, 24, 32, 48, 64, 128, 256];
 
 /** Asked for in a terminal, it comes to the front with the focus. */
 export async function open(place: Place): Promise<string> {
@@ -60,6 +61,11 @@ export async function identity(place: Place): Promise<string> {
     }
     const sizes = [...text.matchAll(/Icon \((\d+) x \d+\)/g)].map(([, size]) => Number(size));
     check([16, 32, 48].every((size) => sizes.includes(size)), `it has icons of ${sizes.join(", ")} only`);
+    for (const size of iconSizes) {
+        const file = `/usr/share/icons/hicolor/${size}x${size}/apps/org.palomet.Palomet.png`;
+        const found = await run(["identify", "-format", "%wx%h", file], session.environment).catch(() => "missing");
+        check(found === `${size}x${size}`, `the icon of ${size} for desktops that draw no SVG is ${found}`);
+    }
     await until("its name in the list of windows", async () => (await desktop.windows.list(session)).filter((name) => name === "Palomet").length === 1);
     await session.screen.whole("window-list");
     await closeWindow(place);

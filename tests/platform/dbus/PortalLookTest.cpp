@@ -19,6 +19,8 @@ const auto appearance = u"org.freedesktop.appearance"_s;
 const auto colorScheme = u"color-scheme"_s;
 const auto contrast = u"contrast"_s;
 const auto reduced = u"reduced-motion"_s;
+const auto accessibility = u"org.gnome.desktop.a11y.interface"_s;
+const auto highContrast = u"high-contrast"_s;
 const auto gnome = u"org.gnome.desktop.interface"_s;
 const auto animations = u"enable-animations"_s;
 
@@ -26,7 +28,7 @@ class PortalLookTest : public ::testing::Test {
 protected:
     PortalLookTest() { desktop.appear(); }
 
-    void create(const QString &name = u"XFCE"_s) {
+    void create(const QString &name = u"KDE"_s) {
         look.emplace(bus.connect(), name);
         look->onChange = [this] { ++changes; };
     }
@@ -35,7 +37,7 @@ protected:
     }
     /// Whether each of its settings was asked for.
     [[nodiscard]] bool isAsked() {
-        return eventually([this] { return desktop.calls.size() >= 4; });
+        return eventually([this] { return desktop.calls.size() >= 5; });
     }
 
     test::PrivateBus bus;
@@ -59,6 +61,17 @@ TEST_F(PortalLookTest, PanelsOfSomeCompositorsMayBeEitherUntilThePortalSaysWhich
         create(name);
         EXPECT_EQ(look->panelScheme(), Scheme::Unknown);
     }
+}
+
+TEST_F(PortalLookTest, PanelsMayBeEitherOnTheDesktopWhosePreferenceIsNotTheirs) {
+    desktop.settings[appearance][colorScheme] = 1U;
+    create(u"XFCE"_s);
+    ASSERT_TRUE(isAsked());
+    desktop.changeSetting(appearance, colorScheme, 2U);
+    desktop.changeSetting(appearance, contrast, 1U);
+    EXPECT_TRUE(becomes(&DesktopLook::isContrastRaised, true));
+    EXPECT_EQ(look->panelScheme(), Scheme::Unknown);
+    EXPECT_EQ(changes, 1) << "of the contrast alone";
 }
 
 TEST_F(PortalLookTest, PanelsFollowThePreference) {
@@ -127,6 +140,18 @@ TEST_F(PortalLookTest, ContrastIsNotRaisedWhenThePortalTalksNonsense) {
     desktop.changeSetting(appearance, contrast, 1U);
     EXPECT_TRUE(becomes(&DesktopLook::isContrastRaised, true));
     EXPECT_EQ(changes, 1) << "nothing before it counted";
+}
+
+TEST_F(PortalLookTest, ContrastFollowsTheOlderSettingWhereThereIsNoPreference) {
+    desktop.settings[accessibility][highContrast] = true;
+    create();
+    EXPECT_TRUE(becomes(&DesktopLook::isContrastRaised, true));
+    desktop.changeSetting(accessibility, highContrast, u"very"_s);
+    EXPECT_TRUE(becomes(&DesktopLook::isContrastRaised, false));
+    desktop.changeSetting(accessibility, highContrast, true);
+    EXPECT_TRUE(becomes(&DesktopLook::isContrastRaised, true));
+    desktop.changeSetting(appearance, contrast, 0U);
+    EXPECT_TRUE(becomes(&DesktopLook::isContrastRaised, false));
 }
 
 TEST_F(PortalLookTest, MotionIsNotReducedUntilThePortalSaysSo) {

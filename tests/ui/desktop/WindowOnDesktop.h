@@ -14,9 +14,9 @@ using namespace Qt::StringLiterals;
 class WindowOnDesktop : public DesktopTest {
 protected:
     /// A window as a new run of the program would make it.
-    void open() {
+    void open(WindowManagement *management = nullptr) {
         m_window.reset();
-        m_window = std::make_unique<SettingsWindow>(m_ui.get(), m_app, scheduler(), &m_settings);
+        m_window = std::make_unique<SettingsWindow>(m_ui.get(), m_app, scheduler(), &m_settings, management);
         m_window->bringToFront();
         EXPECT_TRUE(eventually([this] { return focusedWindow() == m_window->winId(); }));
     }

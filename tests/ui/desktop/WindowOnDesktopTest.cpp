@@ -1,5 +1,7 @@
 #include "tests/ui/desktop/WindowOnDesktop.h"
 
+#include "platform/x11/X11WindowManagement.h"
+
 using namespace palomet;
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
@@ -14,6 +16,15 @@ protected:
         EXPECT_TRUE(eventually([&] { return rectangle(*m_window) == wanted; }))
             << rectangle(*m_window).x() << ',' << rectangle(*m_window).y() << ' ' << rectangle(*m_window).width() << 'x'
             << rectangle(*m_window).height();
+    }
+
+    void openOnTheSecondOfTwoScreens() {
+        run("xrandr --setmonitor first 1280/300x1024/240+0+0 screen");
+        run("xrandr --setmonitor second 1280/300x1024/240+1280+0 none");
+        EXPECT_TRUE(eventually([] { return hasScreens({QRect(0, 0, 1280, 1024), QRect(1280, 0, 1280, 1024)}); }));
+        open();
+        run("xdotool windowmove %1 1400 120", m_window->winId());
+        EXPECT_TRUE(eventually([this] { return m_window->geometry().x() >= 1280; }));
     }
 };
 
@@ -67,6 +78,44 @@ TEST_F(WindowOnDesktopTest, OpensOnTheScreenThatIsThereNow) {
     open();
     EXPECT_TRUE(eventually([this] { return QRect(0, 0, 2560, 1024).contains(rectangle(*m_window)); }));
     EXPECT_EQ(rectangle(*m_window).size(), QSize(1000, 700));
+}
+
+TEST_F(WindowOnDesktopTest, ComesToAScreenThatIsThereWhenItsOwnGoes) {
+    openOnTheSecondOfTwoScreens();
+    run("xrandr --delmonitor second");
+    EXPECT_TRUE(eventually([this] { return QRect(0, 0, 1280, 1024).contains(rectangle(*m_window)); }));
+    EXPECT_EQ(rectangle(*m_window).size(), QSize(1120, 760));
+    run("xrandr --delmonitor first");
+    EXPECT_TRUE(eventually([] { return hasScreens({QRect(0, 0, 2560, 1024)}); }));
+}
+
+TEST_F(WindowOnDesktopTest, ComesToAScreenThatIsThereWhenItsOwnWentWhileItWasClosed) {
+    openOnTheSecondOfTwoScreens();
+    m_window->close();
+    run("xrandr --delmonitor second");
+    EXPECT_TRUE(eventually([] { return hasScreens({QRect(0, 0, 1280, 1024)}); }));
+    m_window->bringToFront();
+    EXPECT_TRUE(eventually([this] { return QRect(0, 0, 1280, 1024).contains(rectangle(*m_window)); }));
+    run("xrandr --delmonitor first");
+    EXPECT_TRUE(eventually([] { return hasScreens({QRect(0, 0, 2560, 1024)}); }));
+}
+
+TEST_F(WindowOnDesktopTest, IsNoLargerThanAScreenThatIsSmallerThanItsLeastSize) {
+    X11WindowManagement management(*m_x11, u"org.palomet.Palomet"_s);
+    run("xrandr --newmode tiny 60 800 824 904 1008 500 503 513 520");
+    run("xrandr --addmode screen tiny");
+    open(&management);
+    run("xrandr --output screen --mode tiny");
+    EXPECT_TRUE(eventually([this] { return QRect(0, 0, 800, 500).contains(rectangle(*m_window)); }));
+    open(&management);
+    EXPECT_TRUE(eventually([this] { return QRect(0, 0, 800, 500).contains(rectangle(*m_window)); }));
+    run("xrandr --output screen --mode 2560x1024");
+    EXPECT_TRUE(eventually([] { return hasScreens({QRect(0, 0, 2560, 1024)}); }));
+    run("xdotool windowsize %1 500 300", m_window->winId());
+    EXPECT_TRUE(eventually([this] { return rectangle(*m_window).size() == SettingsWindow::minimumContentSize; }));
+    run("xrandr --delmode screen tiny");
+    run("xrandr --rmmode tiny");
+    m_window.reset();
 }
 
 TEST_F(WindowOnDesktopTest, OpensMaximizedWhenItWasLeftSoAndComesBackToItsFrame) {

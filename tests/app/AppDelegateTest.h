@@ -122,6 +122,7 @@ protected:
             .folderChooser = std::move(ownedChooser),
             .keyboardLayout = std::make_unique<NoKeyboardLayout>(),
             .hotKeyGrabber = std::move(ownedGrabber),
+            .desktopKeys = nullptr,
             .remote = std::move(ownedRemote),
             .notifier = std::move(ownedNotifier),
             .settings = std::make_unique<QSettings>(folder.filePath(u"palomet.conf"_s), QSettings::IniFormat),

@@ -27,7 +27,7 @@ const evidenceScale = 6;
 const mostEvidence = 1.5;
 const enoughEvidence = 10;
 /** Less is enough where a speech detector has to agree: what only sounds loud is none of its speech. */
-const enoughToAsk = 8;
+const enoughToAsk = 7;
 
 export class InterruptionDetector {
   #residue = firstResidue;

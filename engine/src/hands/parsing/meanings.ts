@@ -209,7 +209,7 @@ export const meanings = {
   openFolder: (slots) => {
     const folder = text(slots, "text");
     // Of "the folder with my videos" only the last words are its name.
-    return folder === undefined || /[,;:]\s/.test(folder) || /^(with|of|for|where|what|containing|com|onde|o que)\b/i.test(folder) ? undefined : { hand: "open", given: { folder } };
+    return folder === undefined || /[,;:]\s|\sque\s/.test(folder) || /^(with|of|for|where|what|containing|com|onde|o que)\b/i.test(folder) ? undefined : { hand: "open", given: { folder } };
   },
   openKnownFolder: (slots) => {
     const folder = text(slots, "text");

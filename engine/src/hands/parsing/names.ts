@@ -40,7 +40,7 @@ const neverFirst = set(
 );
 /** Nor are these anywhere in one. */
 const neverInApplications = set(
-  "up again back going is are was were takes take has have makes make does can could will would hurts costs helps faz fazem fez esta sao tem vai vao pode doi custa leva ajuda foi era please thanks favor obrigado obrigada with com me my him her them us who whom whose because while until before esse essa esses essas aquele aquela dele dela comigo contigo porque " +
+  "should what which how when up again back going is are was were takes take has have makes make does can could will would hurts costs helps faz fazem fez esta sao tem vai vao pode doi custa leva ajuda foi era please thanks favor obrigado obrigada with com me my him her them us who whom whose because while until before esse essa esses essas aquele aquela dele dela comigo contigo porque " +
     "enquanto sempre nunca que eu since so everybody everyone somebody someone nobody alguem ninguem it ela ele isso isto open launch abre abra abrir",
 );
 /** "Five minutes, then ten" is no name, and "start the clock for twenty minutes" opens nothing. */
@@ -78,7 +78,7 @@ const smallWords = set("you i we can could may please of from so then now de da 
 
 /** The name of a list as it was said, "" for the usual one, or undefined where it can be none. */
 export function listName(said: string): string | undefined {
-  const name = said.replace(/-/g, " ");
+  const name = said.replace(/-/g, " ").replace(/\s+(?:for me|(?:pra|para) mim)$/iu, "");
   const words = plainWords(name);
   if (words.length > 0 && words.every((word) => theList.has(word))) return "";
   if (words.length > 0 && words.every((word) => smallWords.has(word))) return undefined;

@@ -35,7 +35,7 @@ export function partsOf(request: string, language: Language, now: Date, isAnswer
     const isRead = at < mostSentences && !isTakenBack(text, language, now);
     const other = isRead ? correctedWithin(text, language, now) : undefined;
     if (other) return [{ text, start, meant: other === "none" ? undefined : other }];
-    const meant = isRead ? understood(text, language, now) : undefined;
+    const meant = isRead ? understood(text, language, now) ?? understoodNext(text, language, now) : undefined;
     if (!isShort) return [{ text, start, meant }];
     const several = meant ? remindersIn({ text, start, meant }, language, now) : severalIn(text, start, language, now, isAnswered);
     return several ?? [{ text, start, meant }];
@@ -97,6 +97,12 @@ function isTakenBack(text: string, language: Language, now: Date): boolean {
     const meant = understood(text.slice(0, index), language, now);
     return meant !== undefined && canBeTakenBack(meant, rest);
   });
+}
+
+/** "Depois lê a lista": after the sentence before, and not "depois de amanhã". */
+function understoodNext(text: string, language: Language, now: Date): Meant | undefined {
+  const rest = language === "pt" ? text.replace(/^(?:depois|em seguida),?\s+(?!d[aeo]s?\s|que\s)/iu, "") : text;
+  return rest === text ? undefined : understood(rest, language, now);
 }
 
 /** "A timer for twenty minutes, I mean thirty." */

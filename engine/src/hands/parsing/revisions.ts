@@ -54,7 +54,7 @@ interface Asked {
  */
 export function corrected({ text, meant: before }: Asked, sentence: Sentence): Meant | "none" | undefined {
   const { tokens, language, now } = sentence;
-  const from = correctedFrom(tokens, 0, language);
+  const from = correctedFrom(tokens, tokens[0]?.plain === "oh" ? 1 : 0, language);
   if (from === undefined || from === tokens.length) return undefined;
   const rest = tokens.slice(from);
   const changed = (words: typeof tokens): Meant | undefined =>

@@ -244,7 +244,7 @@ test("a request that is stopped does no more", async () => {
 });
 
 describe("what people say", () => {
-  for (const set of ["first", "second", "third", "fourth", "fifth", "sixth", "seventh", "eighth", "ninth", "tenth"]) {
+  for (const set of ["first", "second", "third", "fourth", "fifth", "sixth", "seventh", "eighth", "ninth", "tenth", "eleventh", "twelfth"]) {
     for (const language of ["en", "pt"] as const) {
       test(`is understood in ${language}, the ${set} set of phrasings`, async () => {
         const all = await Promise.all(phrasingsOf(set, language).map((phrasing) => judged(phrasing, language)));

@@ -27,7 +27,7 @@ export const english: Phrasing = {
       "up a reminder|i need a reminder|i want a reminder|put a reminder|i need you to remind me|make sure to remind me|" +
       "schedule a reminder|do not let me forget|send me a reminder|reminder|new reminder|set a reminder for me|create a " +
       "reminder for me|please remind me|jog my memory|nudge me|i want you to remind me|i would like you to remind me|can you remind me|" +
-      "leave me a reminder|set reminder|add reminder|" +
+      "i would appreciate a reminder|i would love a reminder|i could use a reminder|leave me a reminder|set reminder|add reminder|" +
       "do not forget to remind me|see that i remember|make sure i remember|help me remember|make sure i do not forget|see that i do not forget|i want to be reminded|i need to be reminded|" +
       "i would like to be reminded|i want reminding|" +
       "i need reminding|give me a nudge|give me a shout|remember to remind me|drop me a reminder|ping me|prompt me|do not allow me to " +

@@ -42,7 +42,7 @@ export const englishNotes: readonly Request[] = [
       "what (are|is in|is on|do i have in|have i got in|did i write in|have i written in|is written in|do) [<the>] [latest|last|recent|" +
         "current] (notes|note) [say]",
       "what did i (note|note down|write down|jot down|take down|ask you to note|ask you to write down|tell you to remember|" +
-        "ask you to remember)",
+        "ask you to remember)", "what did i (note|note down|write down|jot down|put|write|jot|put down|save) (in|into) [<the>] (notes|notebook)",
       "what (did|have) i (ask|asked|tell|told|had|have|get) you [to] (note|write|jot|take|put|remember|write this|noted|written) " +
         "[down]", "what (did|have) i (noted|written|jotted|put|write|note|jot) [down]",
       "(what|which) notes (do i have|have i made|have i taken|did i take|did i make|are there|have i got|have i written)",

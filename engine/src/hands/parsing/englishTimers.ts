@@ -16,7 +16,7 @@ export const englishTimers: readonly Request[] = [
       "[<a>] timer (for|called|named) [<whose>] {few:name} [for|of|with] {duration}",
       "<set> [<a>] timer [going|running|on] (for|of) {duration} [(for|on) [<whose>] {few:name}]",
       "[<set>] {duration} on the clock", "[<set>] [<a>] {duration} on (a|the) timer [<called> [<whose>] {few:name}]",
-      "{few:name} timer [for|of|at|to] {duration}",
+      "{few:name} timer [for|of|at|to] {duration}", "timer {duration} {word:name}",
       "time [<whose>] {few:name} for {duration}", "<set> [<a>] timer it is {duration}",
       "[<whose>] {few:name} (need|needs|take|takes) {duration} (<set> [<a>] timer [for (it|them|that|this)]|time (it|them|that|this))",
       "{duration} (for|on) [<whose>] {few:name} (go|starting now|start now|starts now|from now)",

@@ -14,7 +14,7 @@ export interface Before extends Meant {
 const another = /^(?:one|another(?: one)?|um|uma|outro|outra)\s+(?=(?:of|for|at|de|do|da|para|pra|pro|às|as)\s)/iu;
 
 /** What it asks for with the verb of the request before it, of which it has to be another one. */
-function elided(text: string, verb: Before, language: Language, now: Date): Meant | undefined {
+export function elided(text: string, verb: Before, language: Language, now: Date): Meant | undefined {
   // "Put a timer of ten minutes and one of half an hour": "one" is another timer.
   const bare = text.replace(another, "");
   const unit = /\b(seconds?|minutes?|hours?|segundos?|minutos?|horas?)\b/iu.exec(verb.text)?.[1];

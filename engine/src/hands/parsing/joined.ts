@@ -64,6 +64,10 @@ function joinedIn(sentence: string, start: number, around: Around, isRest = fals
     if (!following) continue;
     if (!meant || !following.meant) return [part, following, ...others];
     if (repeats(meant, following.meant)) return [following, ...others];
+    if (/^,\s+$/.test(places[at]![0])) {
+      const once = saidAgain(meant, following.meant);
+      if (once) return [{ text: `${text}, ${following.text}`, start, meant: once }, ...others];
+    }
     const both = isAlso(following.text, language) ? listedTogether(meant, following.meant) : undefined;
     return both ? [{ text: `${text}, ${following.text}`, start, meant: both }, ...others] : [part, following, ...others];
   }
@@ -73,6 +77,16 @@ function joinedIn(sentence: string, start: number, around: Around, isRest = fals
 /** Said in two ways, a thing is asked for once: but two songs may be skipped, and two timers set. */
 function repeats(one: Meant, other: Meant): boolean {
   return !/^(timer|media|note)$/.test(one.hand) && one.hand === other.hand && JSON.stringify(one.given) === JSON.stringify(other.given);
+}
+
+/** "Give me five more minutes, snooze": what says the same after a comma is no second one, with what either says more. */
+function saidAgain(one: Meant, other: Meant): Meant | undefined {
+  const [a, b] = [one.given, other.given];
+  if (one.hand !== other.hand || a.do !== b.do || !/^(timer|media)$/.test(one.hand) || /^(next|previous|cancel|reminder)$/.test(`${a.do}`)) return undefined;
+  // "Wake me at seven, set an alarm for seven": an hour of which the half of the day is said once.
+  const isHalf = a.at !== undefined && b.at !== undefined && Math.abs(Date.parse(`${a.at}`) - Date.parse(`${b.at}`)) === 12 * 3_600_000;
+  const isSame = Object.keys(b).every((key) => a[key] === undefined || a[key] === b[key] || (key === "at" && isHalf));
+  return isSame && (a.do === "snooze" || Object.keys(a).length >= Object.keys(b).length) ? { ...one, given: { ...b, ...a } } : undefined;
 }
 
 /** "Remind me at two to call Ana and at four to call Bob": where a time stands again another reminder begins. */

@@ -5,7 +5,7 @@ import { dayOf, type Day } from "./days.ts";
 import type { Slots } from "./grammar.ts";
 import { localText, timeOf, timesOf, type Moment, type Purpose } from "./moments.ts";
 import {
-  areThings, isApplicationName, isItem, isKnownApplication, isKnownFolder, isTimerName, isUnsaid, listName,
+  areThings, isApplicationName, isEmptyNote, isItem, isKnownApplication, isKnownFolder, isTimerName, isUnsaid, listName,
 } from "./names.ts";
 import { bare } from "./tokens.ts";
 
@@ -159,7 +159,7 @@ export const meanings = {
   note: (slots) => {
     const said = wording(slots);
     // "Take a note of caution" is said of something else.
-    return said === undefined || /^((of|from|off)\b|(everything|tudo|all|tudo isso)$)/i.test(said) ? undefined : { hand: "note", given: { do: "note", text: said } };
+    return said === undefined || isEmptyNote(said) || /^((of|from|off)\b|(everything|tudo|all|tudo isso)$)/i.test(said) ? undefined : { hand: "note", given: { do: "note", text: said } };
   },
   addToList: (slots) => {
     const said = text(slots, "text");
@@ -209,7 +209,7 @@ export const meanings = {
   openFolder: (slots) => {
     const folder = text(slots, "text");
     // Of "the folder with my videos" only the last words are its name.
-    return folder === undefined || /[,;:]\s/.test(folder) || /^(with|of|for|where|what|containing|com|onde|o que)\b/i.test(folder) ? undefined : { hand: "open", given: { folder } };
+    return folder === undefined || /[,;:]\s|\sque\s/.test(folder) || /^(with|of|for|where|what|containing|com|onde|o que)\b/i.test(folder) ? undefined : { hand: "open", given: { folder } };
   },
   openKnownFolder: (slots) => {
     const folder = text(slots, "text");

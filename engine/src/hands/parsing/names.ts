@@ -18,7 +18,7 @@ const neverInTimers = set(
   "a an any the my your this that these those what which another new first second last next other all every me us him her them it please is " +
     "are was were i you he she we they and or when while if dia dias natal ano mim nos o os um uma meu meus este esse isso nenhum outro novo todos de do ao " +
     "timer timers alarm alarms alarme temporizador lembrete ja ficou esta acabou already its their his her your our mine yours ours dele dela deles delas " +
-    "like about around roughly approximately some uns umas went goes is was off exploded per que se quando eu voce ele ela pensar minus menos zero",
+    "like about around roughly approximately some uns umas went goes is was off exploded per ago left over remaining later longer more early late que se quando eu voce ele ela pensar minus menos zero",
 );
 /** A list is not called so: "my shopping list is too long" tells something of it. */
 const neverInLists = set(
@@ -40,7 +40,7 @@ const neverFirst = set(
 );
 /** Nor are these anywhere in one. */
 const neverInApplications = set(
-  "up again back going is are was were takes take has have makes make does can could will would hurts costs helps faz fazem fez esta sao tem vai vao pode doi custa leva ajuda foi era please thanks favor obrigado obrigada with com me my him her them us who whom whose because while until before esse essa esses essas aquele aquela dele dela comigo contigo porque " +
+  "should what which how when up again back going is are was were takes take has have makes make does can could will would hurts costs helps faz fazem fez esta sao tem vai vao pode doi custa leva ajuda foi era please thanks favor obrigado obrigada with com me my him her them us who whom whose because while until before esse essa esses essas aquele aquela dele dela comigo contigo porque " +
     "enquanto sempre nunca que eu since so everybody everyone somebody someone nobody alguem ninguem it ela ele isso isto open launch abre abra abrir",
 );
 /** "Five minutes, then ten" is no name, and "start the clock for twenty minutes" opens nothing. */
@@ -78,7 +78,7 @@ const smallWords = set("you i we can could may please of from so then now de da 
 
 /** The name of a list as it was said, "" for the usual one, or undefined where it can be none. */
 export function listName(said: string): string | undefined {
-  const name = said.replace(/-/g, " ");
+  const name = said.replace(/-/g, " ").replace(/\s+(?:for me|(?:pra|para) mim)$/iu, "");
   const words = plainWords(name);
   if (words.length > 0 && words.every((word) => theList.has(word))) return "";
   if (words.length > 0 && words.every((word) => smallWords.has(word))) return undefined;
@@ -91,6 +91,23 @@ const unsaid = new RegExp(
     "^((uma|umas|alguma|algumas|outra|mais uma|um|uns|mais um|outro) )?(coisa|coisas|item|itens|negocio|trem|troco)$",
 );
 const otherLists = /\b(list|lista|listas|lists|(add|put) (it|them|that)|(coloca|poe|bota) (ele|ela|isso))\b|^(for me|(para|pra) mim)\b/;
+
+const around = / (for me|for us|please|down|here|now|para mim|para a gente|por favor|aqui|ai|agora)$/;
+const wholly = new RegExp(
+  "^((for|about|of|to|that|de|sobre|que) )?((to )?(do|buy|say|tell|fazer|comprar|dizer|falar|anotar|lembrar( de)?) )?(X)$".replace(
+    "X",
+    "for me|para mim|(to )?(self|myself)|something|anything|algo|(a|one|another|some|this|that|uma?|umas|uns|alguma|mais uma|mais um|outra|outro|essa|esse) " +
+      "((quick|new|little) )?(things?|thing or two|notes?|memo|reminder|message|coisas?|coisinha|negocio|trem|nota|anotacao|lembrete|recado)|" +
+      "(isso|isto|this|that)|nota|anotacao|lembrete|note|memo|reminder",
+  ),
+);
+
+/** Nothing is said yet of what is to be written down: "note something for me", "anota uma coisa". */
+export function isEmptyNote(said: string): boolean {
+  let words = plainWords(said).join(" ").replace(/\bpra\b/g, "para");
+  for (let count = 0; count < 3; count++) words = words.replace(around, "");
+  return wholly.test(words);
+}
 
 /** Nothing is named yet: "remind me of something". */
 export function isUnsaid(said: string): boolean {

@@ -17,7 +17,7 @@ export const portugueseMemory: readonly Request[] = [
         "conversei com voce|eu te falei|pedi|voce e eu conversamos|foi que conversamos|foi que falamos|e que conversamos|e " +
         "que falamos) [na|no|em] {past:day}",
       "(o que|que) (conversamos|falamos|dissemos|discutimos|a gente falou|a gente conversou|eu disse|eu falei|eu te disse|" +
-        "eu perguntei|nos falamos|eu te falei|eu te perguntei|voce disse) (sobre|de|do|da|a respeito de|a respeito do|a " +
+        "eu perguntei|nos falamos|nos dissemos|nos discutimos|nos conversamos|eu te falei|eu te perguntei|voce disse) (sobre|de|do|da|a respeito de|a respeito do|a " +
         "respeito da) [o|a|os|as] {text}",
       "quando [foi] [que] [nos|a gente|eu] [ja] (falamos|conversamos|falou|conversou|falei|discutimos|discutiu|tocamos no " +
         "assunto) [com voce] (sobre|de|do|da|dos|das|a respeito de) [o|a|os|as] {text}",

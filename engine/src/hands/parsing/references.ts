@@ -15,6 +15,7 @@ const tellings: Record<Language, readonly string[]> = {
     "<we> (have to|need to|should|must|want to) (buy|get|pick up|order|find) <some> {text} [<lately>]",
     "<we> [have|has] [<just>] (got|bought|have|has|picked up|found|get|ordered|grabbed|done|did|finished|packed|made|took) <some> {text} [<lately>]",
     "<we> (do not|does not|no longer|did not|will not|shall not) (need|want|have) <some> {text} [<lately>]",
+    "{word:who} [have|has] [<just>] (brought|bought|picked up) <some> {text} [<lately>]",
     "there (is|are) (no|no more|not any|not any more|hardly any|plenty of|enough) {text} [left] [<lately>]",
     "<we> have (no|no more|enough|plenty of) {text} [left] [<lately>]",
     "<some> {text} (is|are|has|have|has been|have been|got|just|was|were) [<just>] (gone|finished|empty|out|all out|over|done|used up|run " +
@@ -35,6 +36,7 @@ const tellings: Record<Language, readonly string[]> = {
     "<o> {text} [<ja>] (acabou|acabaram|terminou|esta acabando|estao acabando|esta no fim|ja era|esta pronto|esta pronta|estao prontos|" +
       "ficou pronto|ficou pronta|ficaram prontos|tem em casa|tem aqui|tem|eu tenho|comprei|eu comprei|foi comprado|chegou|assou|cozinhou|" +
       "esta comprado|esta resolvido|saiu do forno|esta bom|esta boa|foi cancelado|foi cancelada|esta faltando|esta em falta) [<ja>]",
+    "(o|a|meu|minha) {word:who} [<ja>] (trouxe|comprou|pegou|buscou) <o> {text} [<ja>]",
     "(o|a|os|as|esse|essa|aquele|aquela|meu|minha) {text}",
     "(esquece|deixa para la|quanto a|sobre) <o> {text}",
   ],

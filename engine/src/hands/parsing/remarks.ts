@@ -15,7 +15,7 @@ const begins: Record<Language, RegExp> = {
       "(it|this|that|there|you|they|he|she|everyone|everybody|someone|somebody|nobody|people) (is|are|has|have|will|needs|does|do|can|" +
       "did|was|were|hurts|wants|sounds|gets|keeps|should|starts|takes)|" +
       "(the|my|our|his|her|all the|this|these|those) \\S+( \\S+){0,2} (is|are|has|have|will|needs|need|does|do|can|did|starts|takes|" +
-      "keeps|hurts|was|were|wants|want|ran|just)|" +
+      "keeps|hurts|was|were|wants|want|ran|just|should|must|might)|" +
       "no (need|longer)|not (needed|necessary|now)|too (loud|quiet|noisy|low)|much (too|better))\\b",
   ),
   pt: new RegExp(

@@ -4,6 +4,7 @@
 import type { Language } from "../../base/language.ts";
 import { cut } from "../../base/text.ts";
 import { plainWords } from "../../base/words.ts";
+import { correctedFrom } from "./corrections.ts";
 import { remindersIn, severalIn, type IsAnswered } from "./joined.ts";
 import { changes, keptIn, type Meant } from "./meanings.ts";
 import { corrected, takesBack } from "./revisions.ts";
@@ -31,7 +32,10 @@ const sentenceEnd = new RegExp(String.raw`(?<=[.!?;])(?<!${shortened})(?!${hour}
 export function partsOf(request: string, language: Language, now: Date, isAnswered: IsAnswered = () => false): RequestPart[] {
   const isShort = request.length <= longestJoined;
   const read = sentencesOf(cut(request, longestRequest)).flatMap(({ text, start }, at): RequestPart[] => {
-    const meant = at < mostSentences && !isTakenBack(text, language, now) ? understood(text, language, now) : undefined;
+    const isRead = at < mostSentences && !isTakenBack(text, language, now);
+    const other = isRead ? correctedWithin(text, language, now) : undefined;
+    if (other) return [{ text, start, meant: other === "none" ? undefined : other }];
+    const meant = isRead ? understood(text, language, now) ?? understoodNext(text, language, now) : undefined;
     if (!isShort) return [{ text, start, meant }];
     const several = meant ? remindersIn({ text, start, meant }, language, now) : severalIn(text, start, language, now, isAnswered);
     return several ?? [{ text, start, meant }];
@@ -76,8 +80,9 @@ function revised(read: readonly RequestPart[], language: Language, now: Date): R
     const before = parts.at(-1);
     const sentence = { text: part.text, tokens: wordsOf(part.text, language), language, now };
     const isOpen = before?.meant !== undefined && canBeTakenBack(before.meant, part.text);
-    const other = isOpen ? corrected(before.meant!, sentence) : undefined;
-    if (other) parts[parts.length - 1] = { ...before!, meant: other };
+    const other = isOpen ? corrected({ text: before.text, meant: before.meant! }, sentence) : undefined;
+    if (other === "none") parts[parts.length - 1] = { ...before!, meant: undefined };
+    else if (other) parts[parts.length - 1] = { ...before!, meant: other };
     else if (isOpen && takesBack(sentence)) parts[parts.length - 1] = { ...before, meant: undefined };
     else parts.push(part);
   }
@@ -92,6 +97,26 @@ function isTakenBack(text: string, language: Language, now: Date): boolean {
     const meant = understood(text.slice(0, index), language, now);
     return meant !== undefined && canBeTakenBack(meant, rest);
   });
+}
+
+/** "Depois lê a lista": after the sentence before, and not "depois de amanhã". */
+function understoodNext(text: string, language: Language, now: Date): Meant | undefined {
+  const rest = language === "pt" ? text.replace(/^(?:depois|em seguida),?\s+(?!d[aeo]s?\s|que\s)/iu, "") : text;
+  return rest === text ? undefined : understood(rest, language, now);
+}
+
+/** "A timer for twenty minutes, I mean thirty." */
+function correctedWithin(text: string, language: Language, now: Date): Meant | "none" | undefined {
+  for (const { index } of text.matchAll(/[,;–—-]\s+/gu)) {
+    const rest = text.slice(index);
+    const tokens = wordsOf(rest, language);
+    if (correctedFrom(tokens, 0, language) === undefined) continue;
+    const before = text.slice(0, index);
+    const meant = understood(before, language, now);
+    const other = meant && canBeTakenBack(meant, rest) ? corrected({ text: before, meant }, { text: rest, tokens, language, now }) : undefined;
+    if (other) return other;
+  }
+  return undefined;
 }
 
 /** "Never mind the timer, cancel it" says twice that it is to be cancelled. */

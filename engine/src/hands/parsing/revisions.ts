@@ -2,9 +2,13 @@
 
 import type { Language } from "../../base/language.ts";
 import { correctedFrom } from "./corrections.ts";
+import { elided } from "./followed.ts";
 import { matched, phrase, type Phrase, type Sentence, type Slots } from "./grammar.ts";
-import type { Meant } from "./meanings.ts";
+import { changes, keptIn, type Meant } from "./meanings.ts";
 import { localText, timeOf, type Moment } from "./moments.ts";
+import { areThings } from "./names.ts";
+import { isPolite, understood, wordsOf } from "./sentence.ts";
+import { said } from "./tokens.ts";
 
 const takenBack: Record<Language, string> = {
   en:
@@ -29,12 +33,56 @@ export function takesBack(sentence: Sentence): boolean {
   return matched(phrasesFor(sentence.language).takenBack, sentence, () => true) === true;
 }
 
-/** The request before with what the sentence changes of it; undefined when it corrects nothing of it. */
-export function corrected(before: Meant, sentence: Sentence): Meant | undefined {
+/** Words of which one alone may only call for attention: "wait, add eggs". */
+const attention = /^(wait|hang|hold|on|oops|sorry|espera|perai|pera|desculpa|ops|opa)$/;
+/** After these stands what was meant, whatever it is. */
+const decisive = /\b(mean|meant|or rather|actually|quer dizer|quero dizer|quis dizer|digo|alias|ou melhor|na verdade|corrigindo)\b/;
+const adds = /^(also|and|too|another|plus|tambem|e|mais|outro|outra)$/;
+const approves = /^(really|fine|good|great|perfect|all|nothing|right|true|beleza|otimo|bom|certo|verdade|nada|serio|mesmo)$/;
+const mostMeantWords = 4;
+const mostVerbWords = 6;
+
+/** A request, as it was said. */
+interface Asked {
+  text: string;
+  meant: Meant;
+}
+
+/**
+ * The request before with what the sentence changes of it; undefined when it corrects nothing of it. "None": what is meant instead is not
+ * understood, and what was asked for is not meant.
+ */
+export function corrected({ text, meant: before }: Asked, sentence: Sentence): Meant | "none" | undefined {
   const { tokens, language, now } = sentence;
-  const from = correctedFrom(tokens, 0, language);
-  if (from === undefined) return undefined;
-  return matched(phrasesFor(language).changed, { ...sentence, tokens: tokens.slice(from) }, (slots) => withOther(before, slots, now));
+  const from = correctedFrom(tokens, tokens[0]?.plain === "oh" ? 1 : 0, language);
+  if (from === undefined || from === tokens.length) return undefined;
+  const rest = tokens.slice(from);
+  const changed = (words: typeof tokens): Meant | undefined =>
+    matched(phrasesFor(language).changed, { ...sentence, tokens: words }, (slots) => withOther(before, slots, now));
+  // "Wake me at seven. Actually, seven fifteen": at that time.
+  const other = changed(rest) ?? changed([...wordsOf(language === "pt" ? "às" : "at", language), ...rest]);
+  if (other) return other;
+  const mark = tokens.slice(0, from);
+  if (mark.every(({ plain }) => attention.test(plain)) || rest.some(({ plain }) => adds.test(plain))) return undefined;
+  const instead = said(sentence.text, tokens, from, tokens.length);
+  const meant = understood(instead, language, now);
+  if (meant && isInsteadOf(meant, before)) return meant;
+  if (keptIn(before) !== undefined || rest.length > mostMeantWords || approves.test(rest[0]!.plain)) return undefined;
+  if (before.hand === "note" && areThings(instead)) {
+    return { ...before, given: { ...before.given, [before.given.do === "add" ? "items" : "item"]: instead } };
+  }
+  const words = text.split(/\s+/).slice(0, mostVerbWords);
+  const same = meant ? undefined : elided(instead, { ...before, text, words }, language, now);
+  if (same || meant || isPolite(instead, language, now)) return same;
+  return changes(before) && decisive.test(mark.map(({ plain }) => plain).join(" ")) ? "none" : undefined;
+}
+
+/** It is of the same kind, and not one more: timers of two names may both be meant, and so may two reminders. */
+function isInsteadOf(one: Meant, other: Meant): boolean {
+  if (one.hand !== other.hand || one.hand === "note") return false;
+  if (one.hand === "media") return true;
+  const isSame = (key: string): boolean => one.given[key] === other.given[key];
+  return isSame("do") && isSame("about") && (one.given.do === "cancel" || one.hand !== "timer" || isSame("name"));
 }
 
 function phrasesFor(language: Language): { takenBack: Phrase; changed: Phrase } {

@@ -199,7 +199,7 @@ void SettingsWindow::keepFrameOnScreen() {
     setFramePosition(frame.topLeft());
 }
 
-void SettingsWindow::follow(const QScreen *screen) {
+void SettingsWindow::follow(const QScreen *screen) const {
     // Queued, because a change of the screens comes in several signals.
     connect(screen, &QScreen::availableGeometryChanged, this, &SettingsWindow::followScreens, Qt::QueuedConnection);
 }

@@ -43,7 +43,7 @@ private:
     [[nodiscard]] QSize leastSize(QSize room) const;
     /// Counts in the window manager's frame, which is not known before the window shows.
     void keepFrameOnScreen();
-    void follow(const QScreen *screen);
+    void follow(const QScreen *screen) const;
     /// Comes to where it can be seen when its screen goes or becomes another; at the next showing where it is hidden.
     void followScreens();
     void saveFrame();

@@ -13,12 +13,15 @@ export interface Before extends Meant {
 
 const another = /^(?:one|another(?: one)?|um|uma|outro|outra)\s+(?=(?:of|for|at|de|do|da|para|pra|pro|às|as)\s)/iu;
 
+/** "I mean the blue one", and not "twenty one": it counts nothing. */
+const someOne = /(?<!\b(?:twenty|thirty|forty|fifty|e))[\s-]+(?:one|uma?)[\s.!?]*$/iu;
+
 /** What it asks for with the verb of the request before it, of which it has to be another one. */
 export function elided(text: string, verb: Before, language: Language, now: Date): Meant | undefined {
   // "Put a timer of ten minutes and one of half an hour": "one" is another timer.
   const bare = text.replace(another, "");
   const unit = /\b(seconds?|minutes?|hours?|segundos?|minutos?|horas?)\b/iu.exec(verb.text)?.[1];
-  const wholes = [text, ...(unit === undefined ? [] : [`${text} ${unit}`]), ...(bare === text ? [] : [bare])];
+  const wholes = [text, ...(unit === undefined || someOne.test(text) ? [] : [`${text} ${unit}`]), ...(bare === text ? [] : [bare])];
   for (const [count, whole] of verb.words.flatMap((_, at) => wholes.map((each) => [at + 1, each] as const))) {
     const asked = `${verb.words.slice(0, count).join(" ")} ${whole}`;
     const meant = understood(asked, language, now);

@@ -24,3 +24,8 @@ test("an item is corrected", () => {
 test("one more request beside another is no correction", () => {
   expect(given("Set a timer for ten minutes. Actually, also set a timer for five minutes.")).toHaveLength(2);
 });
+
+test("a correction that only points at something counts nothing", () => {
+  expect(given("Set a timer for ten minutes. I mean the blue one.")).toEqual([]);
+  expect(given("Set a timer for ten minutes. I mean twenty one.")).toEqual([{ do: "timer", seconds: 1_260 }]);
+});

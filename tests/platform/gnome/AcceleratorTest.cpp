@@ -2,7 +2,7 @@
 
 #include "shortcuts/HotKeyGrabber.h"
 #include "shortcuts/Keys.h"
-#include "tests/platform/gnome/Layout.h"
+#include "tests/shortcuts/FixedKeyboardLayout.h"
 
 #include <gtest/gtest.h>
 
@@ -16,7 +16,8 @@ constexpr quint32 command = HotKeyGrabber::Command;
 constexpr quint32 control = HotKeyGrabber::Control;
 constexpr quint32 shift = HotKeyGrabber::Shift;
 
-const test::Layout us({{Key::A, u"a"_s}, {Key::Digit1, u"1"_s}, {Key::Minus, u"-"_s}, {Key::KeypadMinus, u"-"_s}});
+const test::FixedKeyboardLayout
+    us({{Key::A, u"a"_s}, {Key::Digit1, u"1"_s}, {Key::Minus, u"-"_s}, {Key::KeypadMinus, u"-"_s}});
 
 bool isIt(const QString &text, quint32 keyCode, quint32 modifiers, const KeyboardLayout &layout = us) {
     return Accelerator(text).is(keyCode, modifiers, layout);
@@ -41,7 +42,7 @@ TEST(Accelerator, IsTheKeyThatTypesItsCharacterInAnyCase) {
 }
 
 TEST(Accelerator, FollowsTheLayout) {
-    const test::Layout french({{Key::A, u"q"_s}, {Key::Q, u"a"_s}, {Key::Digit1, u"&"_s}});
+    const test::FixedKeyboardLayout french({{Key::A, u"q"_s}, {Key::Q, u"a"_s}, {Key::Digit1, u"&"_s}});
     EXPECT_TRUE(isIt(u"<Super>a"_s, Key::Q, command, french));
     EXPECT_FALSE(isIt(u"<Super>a"_s, Key::A, command, french));
     // Digits are typed with Shift there.
@@ -49,7 +50,7 @@ TEST(Accelerator, FollowsTheLayout) {
 }
 
 TEST(Accelerator, IsWhereTheUsLayoutHasItWhenTheLayoutHasOtherLetters) {
-    const test::Layout russian({{Key::A, u"ф"_s}});
+    const test::FixedKeyboardLayout russian({{Key::A, u"ф"_s}});
     EXPECT_TRUE(isIt(u"<Super>a"_s, Key::A, command, russian));
     EXPECT_TRUE(isIt(u"<Super>Cyrillic_ef"_s, Key::A, command, russian));
 }

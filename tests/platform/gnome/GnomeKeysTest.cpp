@@ -2,7 +2,7 @@
 
 #include "shortcuts/HotKeyGrabber.h"
 #include "shortcuts/Keys.h"
-#include "tests/platform/gnome/Layout.h"
+#include "tests/shortcuts/FixedKeyboardLayout.h"
 #include "tests/support/Eventually.h"
 
 #include <QDir>
@@ -72,7 +72,7 @@ protected:
     static void set(const QByteArray &text) { write(file, text); }
 
     static QString file;
-    test::Layout layout{{{Key::N, u"n"_s}, {Key::L, u"l"_s}, {Key::J, u"j"_s}}};
+    test::FixedKeyboardLayout layout{{{Key::N, u"n"_s}, {Key::L, u"l"_s}, {Key::J, u"j"_s}}};
     GnomeKeys keys{layout};
 };
 

@@ -16,6 +16,11 @@ void SoundEngine::heard(std::int64_t frames) noexcept {
     m_mixer.heard(frames);
 }
 
+void SoundEngine::turned(float factor) noexcept {
+    if (m_capture)
+        m_capture->turned(factor);
+}
+
 void SoundEngine::playbackOpened() noexcept {
     m_mixer.playbackOpened();
     m_reference.clear();

@@ -40,6 +40,10 @@ public:
     /// left the speakers. Called often enough to report an end within a few milliseconds.
     virtual void heard(std::int64_t frames) noexcept = 0;
 
+    /// The server tells that the speakers, the microphone or either stream were turned: from about now on an echo is so
+    /// many times as loud. Not told of what was turned while a stream was closed.
+    virtual void turned(float factor) noexcept = 0;
+
     /// A playback stream was opened anew: `fill` and `heard` count from nothing again.
     virtual void playbackOpened() noexcept = 0;
 

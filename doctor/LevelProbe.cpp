@@ -36,6 +36,8 @@ void LevelProbe::fill(std::span<float> samples) noexcept {
 
 void LevelProbe::heard(std::int64_t) noexcept {}
 
+void LevelProbe::turned(float) noexcept {}
+
 void LevelProbe::playbackOpened() noexcept {}
 
 std::optional<SoundLevel> LevelProbe::level() const {

@@ -13,6 +13,7 @@ public:
     void captured(std::span<const float> samples, std::chrono::microseconds delay) noexcept override;
     void fill(std::span<float> samples) noexcept override;
     void heard(std::int64_t frames) noexcept override;
+    void turned(float factor) noexcept override;
     void playbackOpened() noexcept override;
 
     // Main thread.

@@ -37,6 +37,9 @@ public:
     /// The server delivered `samples`; `delay` as `SoundStreams::captured` has it.
     void captured(std::span<const float> samples, std::chrono::microseconds delay, EchoReference &reference) noexcept;
 
+    /// As `SoundStreams::turned` has it.
+    void turned(float factor) noexcept { m_canceller->turned(factor); }
+
 private:
     void cancelEcho(EchoCanceller::Frame &frame, int delayHintMs, EchoReference &reference) noexcept;
     void appendToTap(std::span<const float> samples) noexcept;

@@ -35,6 +35,8 @@ public:
         m_canceller->render(reference);
     }
 
+    void turned(float factor) noexcept override { level.turned(factor); }
+
 protected:
     /// What the filter is given of the microphone. `outputs` is then what comes of it.
     Frame filter(echo::FrameView in, int delayHintMs) noexcept {
@@ -100,7 +102,7 @@ public:
             m_tripleRate.read(linear);
             echo::crossFade(frame, linear, from, m_linearShare);
         }
-        finish(frame, gate.isEcho(), out);
+        finish(frame, gate.isEcho() || (isPlaying() && level.isUnsettled()), out);
     }
 
 private:
@@ -125,7 +127,7 @@ public:
         Frame frame;
         m_tripleRate.read(frame);
         judge(signals.microphone, signals.linear, signals.suppressed);
-        finish(frame, hasEcho && gate.isEcho(), out);
+        finish(frame, hasEcho && (gate.isEcho() || level.isUnsettled()), out);
     }
 
 private:

@@ -27,6 +27,7 @@ public:
     RestingCanceller(std::unique_ptr<EchoCanceller> canceller, int delay);
 
     void render(std::span<const float, frameSize> reference) noexcept override;
+    void turned(float factor) noexcept override { m_canceller->turned(factor); }
     void capture(std::span<const float, frameSize> in, int delayHintMs,
                  std::span<float, frameSize> out) noexcept override;
 

@@ -27,6 +27,7 @@ PulseCapture::PulseCapture(PulseConnection &connection, const QString &device, S
     , m_speakers(speakers)
     , m_events(std::move(events)) {
     const PulseMainloop::Lock lock(connection.mainloop());
+    m_volume.emplace(connection, PA_STREAM_RECORD, streams);
     m_stream = connection.newStream();
     if (!m_stream) {
         end(Ending::Failed, pa_context_errno(connection.context()));
@@ -48,6 +49,7 @@ PulseCapture::PulseCapture(PulseConnection &connection, const QString &device, S
 PulseCapture::~PulseCapture() {
     const PulseMainloop::Lock lock(m_connection.mainloop());
     m_asking.reset();
+    m_volume.reset();
     m_stream.reset();
 }
 
@@ -97,6 +99,7 @@ void PulseCapture::onSource(pa_context *, const pa_source_info *source, int, voi
     auto &capture = *static_cast<PulseCapture *>(self);
     if (source) {
         capture.m_isMicrophone = source->monitor_of_sink == PA_INVALID_INDEX;
+        capture.m_volume->follow(capture.m_stream.get());
         return;
     }
     if (!capture.m_isMicrophone)

@@ -5,12 +5,14 @@
 #include "platform/pulse/PulseConnection.h"
 #include "platform/pulse/PulseHandles.h"
 #include "platform/pulse/PulseSpeakers.h"
+#include "platform/pulse/PulseVolume.h"
 
 #include <QObject>
 #include <QString>
 
 #include <chrono>
 #include <functional>
+#include <optional>
 
 namespace palomet {
 
@@ -54,6 +56,7 @@ private:
     PulseOperation m_asking;
     PulseStream m_stream;
     PulseClock m_clock;
+    std::optional<PulseVolume> m_volume; ///< Ends before its stream does.
 };
 
 } // namespace palomet

@@ -87,14 +87,10 @@ void PulseConnection::onState(pa_context *context, void *self) {
     case PA_CONTEXT_SETTING_NAME:
         break;
     case PA_CONTEXT_READY: {
-        pa_context_set_subscribe_callback(
-            context,
-            [](pa_context *, pa_subscription_event_type_t, std::uint32_t, void *subscriber) {
-                static_cast<PulseConnection *>(subscriber)->change();
-            },
-            self);
-        const auto mask =
-            static_cast<pa_subscription_mask_t>(PA_SUBSCRIPTION_MASK_SOURCE | PA_SUBSCRIPTION_MASK_SERVER);
+        pa_context_set_subscribe_callback(context, &PulseConnection::onChange, self);
+        constexpr auto mask = static_cast<pa_subscription_mask_t>(
+            PA_SUBSCRIPTION_MASK_SOURCE | PA_SUBSCRIPTION_MASK_SERVER | PA_SUBSCRIPTION_MASK_SINK |
+            PA_SUBSCRIPTION_MASK_SINK_INPUT | PA_SUBSCRIPTION_MASK_SOURCE_OUTPUT);
         // Nobody waits for the answer; without events the devices stay as they are asked for now.
         if (auto *operation = pa_context_subscribe(context, mask, nullptr, nullptr))
             pa_operation_unref(operation);
@@ -106,6 +102,15 @@ void PulseConnection::onState(pa_context *context, void *self) {
         connection.end(pa_context_errno(context));
         break;
     }
+}
+
+void PulseConnection::onChange(pa_context *, pa_subscription_event_type_t event, std::uint32_t index, void *self) {
+    auto &connection = *static_cast<PulseConnection *>(self);
+    const auto facility = event & PA_SUBSCRIPTION_EVENT_FACILITY_MASK;
+    if (facility == PA_SUBSCRIPTION_EVENT_SOURCE || facility == PA_SUBSCRIPTION_EVENT_SERVER)
+        connection.change();
+    for (auto *watcher : connection.m_watchers)
+        watcher->changed(event, index);
 }
 
 void PulseConnection::askForDevices() {

@@ -11,6 +11,7 @@
 #include <pulse/subscribe.h>
 
 #include <atomic>
+#include <cstdint>
 #include <functional>
 #include <optional>
 #include <string>
@@ -24,6 +25,15 @@ struct PulseDevices {
     std::optional<QString> defaultInput; ///< None when the default is no input device.
 
     bool operator==(const PulseDevices &) const = default;
+};
+
+/// Hears of everything that changes on the server and can be turned or moved: on the main loop's thread.
+class PulseWatcher {
+public:
+    virtual void changed(pa_subscription_event_type_t event, std::uint32_t index) = 0;
+
+protected:
+    ~PulseWatcher() = default;
 };
 
 /// One attempt to reach the sound server, and the connection that came of it. It is not used again once it has ended.
@@ -56,6 +66,9 @@ public:
     [[nodiscard]] PulseStream newStream() const;
 
     [[nodiscard]] const PulseMainloop &mainloop() const { return m_mainloop; }
+    /// From `add` to `remove` it is told of changes. Under the lock.
+    void add(PulseWatcher &watcher) { m_watchers.push_back(&watcher); }
+    void remove(PulseWatcher &watcher) { std::erase(m_watchers, &watcher); }
     /// Under the lock.
     [[nodiscard]] pa_context *context() const { return m_context.get(); }
 
@@ -63,6 +76,7 @@ private:
     static void onState(pa_context *context, void *self);
     static void onServer(pa_context *context, const pa_server_info *server, void *self);
     static void onSource(pa_context *context, const pa_source_info *source, int end, void *self);
+    static void onChange(pa_context *context, pa_subscription_event_type_t event, std::uint32_t index, void *self);
     void end(int error);
     void change();
     void answer(std::optional<PulseDevices> devices);
@@ -75,6 +89,7 @@ private:
 
     // Under the main loop's lock:
     PulseContext m_context;
+    std::vector<PulseWatcher *> m_watchers;
     bool m_hasEnded = false;
     PulseOperation m_askingServer;
     PulseOperation m_askingSources;

@@ -35,6 +35,7 @@ PulsePlayback::PulsePlayback(PulseConnection &connection, SoundStreams &streams,
     , m_speakers(speakers)
     , m_events(std::move(events)) {
     const PulseMainloop::Lock lock(connection.mainloop());
+    m_volume.emplace(connection, PA_STREAM_PLAYBACK, streams);
     m_ticks = PulseTimer(pa_context_rttime_new(connection.context(), PA_USEC_INVALID, &PulsePlayback::onTick, this),
                          EndPulseTimer{connection.mainloop().api()});
     m_stream = connection.newStream();
@@ -60,6 +61,7 @@ PulsePlayback::~PulsePlayback() {
     m_ticks.reset();
     if (m_speakers.stream == m_stream.get())
         m_speakers.stream = nullptr;
+    m_volume.reset();
     m_stream.reset();
 }
 
@@ -93,6 +95,7 @@ void PulsePlayback::onOutput(pa_stream *stream, void *self) {
     const auto output = pa_stream_get_device_index(stream);
     if (output == PA_INVALID_INDEX)
         return;
+    playback.m_volume->follow(stream);
     QMetaObject::invokeMethod(
         &playback.m_receiver, [playsOn = playback.m_events.playsOn, output] { playsOn(output); }, Qt::QueuedConnection);
 }

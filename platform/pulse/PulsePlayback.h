@@ -5,6 +5,7 @@
 #include "platform/pulse/PulseConnection.h"
 #include "platform/pulse/PulseHandles.h"
 #include "platform/pulse/PulseSpeakers.h"
+#include "platform/pulse/PulseVolume.h"
 
 #include <QObject>
 
@@ -12,6 +13,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <optional>
 
 namespace palomet {
 
@@ -53,9 +55,10 @@ private:
     bool m_hasEnded = false;
     PulseStream m_stream;
     PulseClock m_clock;
-    std::int64_t m_written = 0;      ///< Frames that `fill` gave.
-    std::int64_t m_heard = 0;        ///< Of these, told as heard.
-    std::int64_t m_closelyUntil = 0; ///< `heard` is told often up to this frame.
+    std::optional<PulseVolume> m_volume; ///< Ends before its stream does.
+    std::int64_t m_written = 0;          ///< Frames that `fill` gave.
+    std::int64_t m_heard = 0;            ///< Of these, told as heard.
+    std::int64_t m_closelyUntil = 0;     ///< `heard` is told often up to this frame.
     PulseTimer m_ticks;
 };
 

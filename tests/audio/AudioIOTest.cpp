@@ -215,3 +215,13 @@ TEST_F(AudioIOTest, AMicrophoneThatWasReleasedMeetsACancellerAndAReferenceThatKn
     expectNewCanceller();
     expectSilentReference();
 }
+
+TEST_F(AudioIOTest, TellsTheEchoCancellerByHowMuchTheEchoWasTurnedWhileThereIsOne) {
+    server.turn(3);
+    io.start({});
+    server.turn(0.5F);
+    server.turn(2);
+    io.shutdown();
+    server.turn(4);
+    EXPECT_THAT(calls.turned, testing::ElementsAre(0.5F, 2));
+}

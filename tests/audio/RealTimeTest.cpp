@@ -74,6 +74,8 @@ TEST(RealTime, CaptureAndPlaybackNeitherAllocateNorFreeNorLock) {
             engine.heard(position - 100);
             if (round == 50)
                 engine.mixer().silenceBefore(1);
+            if (round % 100 == 0)
+                engine.turned(1.5F);
         }
         engine.playbackOpened();
         offences = test::RealTimeWatch::offences();

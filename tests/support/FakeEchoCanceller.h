@@ -21,6 +21,7 @@ struct EchoCancellerCalls {
     std::vector<std::vector<float>> references;
     std::vector<std::vector<float>> microphones;
     std::vector<int> delayHints;
+    std::vector<float> turned;
     int created = 0;
     int alive = 0;
 };
@@ -44,6 +45,7 @@ public:
         m_calls.delayHints.push_back(delayHintMs);
         PassingEchoCanceller::capture(in, delayHintMs, out);
     }
+    void turned(float factor) noexcept override { m_calls.turned.push_back(factor); }
 
 private:
     EchoCancellerCalls &m_calls;

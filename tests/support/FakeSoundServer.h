@@ -96,6 +96,9 @@ public:
         return samples;
     }
 
+    /// Somebody turns a volume.
+    void turn(float factor) { m_streams->turned(factor); }
+
     void hear(std::int64_t frames) {
         if (m_isPlaybackOpen)
             m_streams->heard(frames);

@@ -119,7 +119,7 @@ void writeTable(const std::vector<Column> &columns, std::optional<double> nearEn
         meanAlone, "130");
 }
 
-void writeKinds(const std::vector<Column> &columns) {
+void writeKinds(const std::vector<Column> &columns, bool hasWords) {
     std::printf("| |");
     for (const auto &column : columns)
         std::printf(" %s |", column.name.c_str());
@@ -141,8 +141,12 @@ void writeKinds(const std::vector<Column> &columns) {
                 return values;
             };
             const auto loudest = figures([](const Outcome &outcome) { return outcome.measures.ownVoiceDb; }).back();
-            std::printf(" %s; %s; %s |", meanAndLeast(figures(erle)).c_str(), medianAndMost(figures(lost)).c_str(),
+            std::printf(" %s; %s; %s", meanAndLeast(figures(erle)).c_str(), medianAndMost(figures(lost)).c_str(),
                         number(loudest, 0).c_str());
+            if (hasWords)
+                std::printf("; %s",
+                            meanAlone(figures([](const Outcome &outcome) { return outcome.wordErrors; })).c_str());
+            std::printf(" |");
         }
         std::printf("\n");
     };

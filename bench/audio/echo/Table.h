@@ -29,8 +29,9 @@ struct Column {
 void writeTable(const std::vector<Column> &columns, std::optional<double> nearEndWordErrors);
 
 /// Writes one row for each kind of hardship, in the order in which they come: ERLE in dB, mean and least, the near end
-/// lost in per cent, median and most, and the level of what is left of the program's voice at its loudest, in dBFS.
-void writeKinds(const std::vector<Column> &columns);
+/// lost in per cent, median and most, the level of what is left of the program's voice at its loudest, in dBFS, and, if
+/// they were counted, the words misheard, in per cent.
+void writeKinds(const std::vector<Column> &columns, bool hasWords);
 
 /// Every scenario's own figures.
 void writeDetails(const std::vector<Column> &columns);

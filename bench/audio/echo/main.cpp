@@ -186,9 +186,10 @@ int main(int argc, char **argv) {
     const QCommandLineOption keepOption(u"keep"_s, u"Keeps what is heard in this folder."_s, u"folder"_s);
     const QCommandLineOption maskOption(u"mask"_s, u"The mask of this folder, instead of the program's."_s, u"folder"_s,
                                         QStringLiteral(PALOMET_SOURCE_DIR "/resources"));
+    const QCommandLineOption wordsOption(u"words"_s, u"Counts the words misheard of what is hard, too."_s);
     const QCommandLineOption wayOption(u"way"_s, u"The columns of these names alone."_s, u"name"_s);
-    arguments.addOptions(
-        {setOption, detailsOption, hardOption, onlyOption, aloneOption, keepOption, maskOption, wayOption});
+    arguments.addOptions({setOption, detailsOption, hardOption, onlyOption, aloneOption, keepOption, maskOption,
+                          wordsOption, wayOption});
     arguments.process(application);
     const auto set = arguments.value(setOption).toUInt();
     if (set == 0)
@@ -217,7 +218,8 @@ int main(int argc, char **argv) {
             run(chosen, all, arguments.isSet(aloneOption), arguments.value(keepOption), columns, nearEnd))
         return fail(failure->reason);
     std::optional<double> nearEndWordErrors;
-    if (isRecogniserInstalled() && !isHard) {
+    const bool areWordsCounted = isRecogniserInstalled() && (!isHard || arguments.isSet(wordsOption));
+    if (areWordsCounted) {
         if (const auto failure = countWordErrors(columns))
             return fail(failure->reason);
         const auto errors = wordErrors(nearEnd);
@@ -226,7 +228,7 @@ int main(int argc, char **argv) {
         nearEndWordErrors = *errors;
     }
     if (isHard)
-        writeKinds(columns);
+        writeKinds(columns, areWordsCounted);
     else
         writeTable(columns, nearEndWordErrors);
     if (arguments.isSet(detailsOption))

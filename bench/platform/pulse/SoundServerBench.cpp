@@ -33,6 +33,7 @@ public:
     void captured(std::span<const float>, std::chrono::microseconds) noexcept override {}
     void fill(std::span<float> samples) noexcept override { std::fill(samples.begin(), samples.end(), 0.0F); }
     void heard(std::int64_t) noexcept override {}
+    void turned(float) noexcept override {}
     void playbackOpened() noexcept override {}
 };
 

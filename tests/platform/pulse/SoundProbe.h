@@ -81,6 +81,13 @@ public:
             m_toneHeardAt = static_cast<std::int64_t>(pa_rtclock_now());
         m_heard = frames;
     }
+    /// How many times as loud an echo has become since the streams were opened, as far as that was told.
+    [[nodiscard]] float loudness() const { return m_loudness; }
+
+    void turned(float factor) noexcept override {
+        checkThread();
+        m_loudness = m_loudness * factor;
+    }
     void playbackOpened() noexcept override {
         checkThread();
         m_filled = 0;
@@ -102,7 +109,7 @@ private:
     std::atomic<std::int64_t> m_toneToStart = 0, m_captured = 0, m_filled = 0, m_heard = 0, m_delay = 0, m_toneEnd = -1;
     std::atomic<std::int64_t> m_toneWrittenAt = 0, m_toneHeardAt = 0;
     std::atomic<int> m_openings = 0;
-    std::atomic<float> m_peak = 0;
+    std::atomic<float> m_peak = 0, m_loudness = 1;
     std::int64_t m_toneLeft = 0;
     std::int64_t m_toneStart = 0;
     std::atomic<std::int64_t> m_toneLateness = 0;

@@ -1,15 +1,18 @@
 #include "app/Session.h"
 
 #include "platform/gnome/GnomeKeys.h"
+#include "platform/wayland/Compositor.h"
+#include "platform/wayland/WaylandKeyboardLayout.h"
 #include "platform/x11/X11KeyboardLayout.h"
 
 namespace palomet {
 
 using namespace Qt::StringLiterals;
 
-Session::Session()
-    : m_bus(QDBusConnection::sessionBus())
-    , m_x11(X11Connection::open()) {}
+Session::Session(DisplayRoute::Way way)
+    : m_way(way)
+    , m_bus(QDBusConnection::sessionBus())
+    , m_x11(way == DisplayRoute::Way::Wayland ? nullptr : X11Connection::open()) {}
 
 QString Session::applicationId() {
     return u"org.palomet.Palomet"_s;
@@ -23,7 +26,25 @@ bool Session::isWayland() {
     return qEnvironmentVariable("XDG_SESSION_TYPE") == "wayland"_L1;
 }
 
+DisplayRoute Session::displayRoute() {
+    const auto compositor = [] {
+        const auto answer = askCompositor();
+        if (!answer)
+            return Displays::Compositor::None;
+        return answer->hasLayerShell ? Displays::Compositor::WithLayers : Displays::Compositor::WithoutLayers;
+    };
+    return chooseDisplayRoute({
+        .chosen = qEnvironmentVariable("QT_QPA_PLATFORM"),
+        .isWaylandSession = isWayland(),
+        .hasPlugin = canToolkitSpeakWayland(),
+        .hasX11 = [] { return !qEnvironmentVariableIsEmpty("DISPLAY") && X11Connection::isPossible(); },
+        .compositor = compositor,
+    });
+}
+
 std::unique_ptr<KeyboardLayout> Session::makeKeyboardLayout() const {
+    if (m_way == DisplayRoute::Way::Wayland)
+        return std::make_unique<WaylandKeyboardLayout>();
     if (m_x11 == nullptr)
         return std::make_unique<NoKeyboardLayout>();
     return std::make_unique<X11KeyboardLayout>(*m_x11);

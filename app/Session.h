@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/DisplayRoute.h"
 #include "base/Scheduler.h"
 #include "platform/dbus/DesktopMicrophonePermission.h"
 #include "platform/pulse/PulseSoundServer.h"
@@ -18,16 +19,18 @@ namespace palomet {
 /// only.
 class Session {
 public:
-    Session();
+    explicit Session(DisplayRoute::Way way);
 
     /// The name of the desktop file, by which portals and panels know the program.
     [[nodiscard]] static QString applicationId();
     [[nodiscard]] static QString version();
 
     [[nodiscard]] static bool isWayland();
+    /// The way to the screen that this session has. Needs no application object.
+    [[nodiscard]] static DisplayRoute displayRoute();
 
     [[nodiscard]] const QDBusConnection &bus() const { return m_bus; }
-    /// Null without an X server. What is made of it does not outlive this.
+    /// Null without an X server, or where the windows do without one. What is made of it does not outlive this.
     [[nodiscard]] X11Connection *x11() const { return m_x11.get(); }
 
     [[nodiscard]] std::unique_ptr<KeyboardLayout> makeKeyboardLayout() const;
@@ -44,6 +47,7 @@ public:
     [[nodiscard]] Sound makeSound(Scheduler &scheduler) const;
 
 private:
+    const DisplayRoute::Way m_way;
     QDBusConnection m_bus;
     std::unique_ptr<X11Connection> m_x11;
 };

@@ -114,17 +114,16 @@ void lookAtKeys(Examination &found, const Session &session) {
                                                                                   : Examination::Key::Taken;
         }
     }
-    if (x11 != nullptr)
-        found.stripRoute = found.hotKeyRoute == Examination::HotKeyRoute::Portal ? Examination::StripRoute::XWayland
-                                                                                 : Examination::StripRoute::X11;
 }
 
 } // namespace
 
 int runDoctor(int argumentCount, char **arguments) {
     const QCoreApplication application(argumentCount, arguments);
-    const Session session;
+    const auto route = Session::displayRoute();
+    const Session session(route.way);
     Examination found;
+    found.display = route;
     lookAtFiles(found);
 
     // It tells its version while the rest is looked at.

@@ -4,6 +4,7 @@
 #include "app/PreviewMode.h"
 #include "app/Resources.h"
 #include "app/Session.h"
+#include "app/ToolkitPlatform.h"
 #include "app/doctorMain.h"
 #include "app/historyMain.h"
 #include "base/QtScheduler.h"
@@ -27,9 +28,11 @@
 #include "platform/linux/SpareMemory.h"
 #include "platform/linux/TerminationSignals.h"
 #include "platform/linux/ThreadTrial.h"
-#include "platform/linux/WaylandSocket.h"
 #include "platform/linux/startChildProcess.h"
 #include "platform/sway/SwayWindowManagement.h"
+#include "platform/wayland/CompositorLoss.h"
+#include "platform/wayland/LayerShell.h"
+#include "platform/wayland/WaylandWindowManagement.h"
 #include "platform/x11/X11HotKeyGrabber.h"
 #include "platform/x11/X11WindowManagement.h"
 #include "platform/x11/X11WorkArea.h"
@@ -55,28 +58,6 @@ constexpr auto busAnswersWithin = 2s;
 /// More than ever run at a time.
 constexpr int threadsNeeded = 16;
 
-bool hasXDisplay() {
-    static const bool isThere = !qEnvironmentVariableIsEmpty("DISPLAY") && X11Connection::isPossible();
-    return isThere;
-}
-
-/// The toolkit ends the program as if it had crashed when there is no display, or none any more.
-bool hasDisplay() {
-    const auto platform = qEnvironmentVariable("QT_QPA_PLATFORM");
-    // The user has chosen: leave it to the toolkit.
-    if (!platform.isEmpty() && !platform.startsWith("xcb"_L1))
-        return true;
-    return hasXDisplay() || (platform.isEmpty() && hasWaylandDisplay());
-}
-
-/// On a Wayland session the whole program goes through XWayland, unless the user wants it otherwise: the strip is then
-/// the same everywhere. Whether this has set the toolkit's platform.
-bool preferXWayland() {
-    if (!Session::isWayland() || !qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM") || !hasXDisplay())
-        return false;
-    return qputenv("QT_QPA_PLATFORM", "xcb");
-}
-
 /// The desktop's way to global hot keys. The session decides, not the toolkit: under XWayland a grab would miss the
 /// windows that are native.
 std::unique_ptr<HotKeyGrabber> hotKeyGrabber(const Session &session, const KeyboardLayout &layout) {
@@ -87,15 +68,20 @@ std::unique_ptr<HotKeyGrabber> hotKeyGrabber(const Session &session, const Keybo
     return std::make_unique<NoHotKeyGrabber>();
 }
 
-/// Null where the toolkit's windows are not those of the X server. `x11` outlives it.
+/// Null where nobody manages the toolkit's windows. `x11` outlives it.
 std::unique_ptr<WindowManagement> windowManagement(X11Connection *x11) {
-    if (x11 == nullptr || QGuiApplication::platformName() != "xcb"_L1)
-        return nullptr;
-    auto management = std::make_unique<X11WindowManagement>(*x11, Session::applicationId());
+    const auto platform = QGuiApplication::platformName();
+    const bool isWayland = platform.startsWith("wayland"_L1);
+    std::unique_ptr<WindowManagement> management;
+    if (isWayland)
+        management = std::make_unique<WaylandWindowManagement>();
+    else if (platform == "xcb"_L1 && x11 != nullptr)
+        management = std::make_unique<X11WindowManagement>(*x11, Session::applicationId());
     const auto sway = qEnvironmentVariable("SWAYSOCK");
-    if (sway.isEmpty())
+    if (!management || sway.isEmpty())
         return management;
-    return std::make_unique<SwayWindowManagement>(sway, std::move(management));
+    const auto kind = isWayland ? SwayWindowManagement::Kind::Wayland : SwayWindowManagement::Kind::XWayland;
+    return std::make_unique<SwayWindowManagement>(sway, kind, std::move(management));
 }
 
 /// What the desktop gave to this start of the program, so that a window may come to the front.
@@ -148,11 +134,11 @@ int print(const QString &text) {
     return 0;
 }
 
-int run(int argumentCount, char **arguments) {
+int run(const DisplayRoute &route, int argumentCount, char **arguments) {
     // Threads that cannot be started later would leave a program that is there and does nothing.
     if (const auto problem = trialOfThreads(threadsNeeded))
         return fail(problem->reason, 1);
-    const bool isPlatformOurs = preferXWayland();
+    const ToolkitPlatform platform(route);
     // The toolkit takes some of it out of the environment.
     const auto activation = givenActivation();
     QCoreApplication::setApplicationName(u"Palomet"_s);
@@ -161,9 +147,7 @@ int run(int argumentCount, char **arguments) {
     UiEngine::chooseRenderer();
     Application application(argumentCount, arguments);
     const SpareMemory spareMemory;
-    // Programs that are started from here decide for themselves.
-    if (isPlatformOurs)
-        qunsetenv("QT_QPA_PLATFORM");
+    platform.settle();
     // It was for this start alone.
     qunsetenv("XDG_ACTIVATION_TOKEN");
 
@@ -172,7 +156,8 @@ int run(int argumentCount, char **arguments) {
         return 0;
     // Until the very end: a second request must not interrupt what the first has begun.
     const TerminationSignals signals([&application] { Q_EMIT application.quitRequested(); });
-    const Session session;
+    const Session session(route.way);
+    const auto layers = LayerShell::bind();
     auto parts = makeParts(std::move(remote), session);
     localization::load(parts.resources.value_or(QString()), localization::preferredLanguages());
     translateToolkit(application, localization::language());
@@ -182,6 +167,8 @@ int run(int argumentCount, char **arguments) {
         // What else an exit does takes the globals away from threads that still run.
         std::_Exit(0);
     });
+    if (route.way == DisplayRoute::Way::Wayland)
+        onCompositorLoss([] { std::exit(0); });
     QObject::connect(&application, &Application::quitRequested, &delegate, &AppDelegate::applicationShouldTerminate);
     // From the event loop: it may be asked before that has begun.
     QObject::connect(
@@ -191,22 +178,20 @@ int run(int argumentCount, char **arguments) {
 }
 
 /// `arguments` are those that follow the program's name.
-int runPreview(const QStringList &arguments, int argumentCount, char **rawArguments) {
-    // A picture needs no display, and is the same on every one.
-    if (preview::capturePath(arguments) && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    preferXWayland();
+int runPreview(const DisplayRoute &route, const QStringList &arguments, int argumentCount, char **rawArguments) {
+    const ToolkitPlatform platform(route);
     QCoreApplication::setApplicationName(u"Palomet"_s);
     QGuiApplication::setApplicationDisplayName(u"Palomet"_s);
     QGuiApplication::setDesktopFileName(Session::applicationId());
     UiEngine::chooseRenderer();
     Application application(argumentCount, rawArguments);
+    platform.settle();
     const auto resources = resourceFolder(QCoreApplication::applicationDirPath()).value_or(QString());
     localization::load(resources, localization::preferredLanguages());
     translateToolkit(application, localization::language());
     QtScheduler scheduler;
-    const auto x11 = X11Connection::open();
-    const auto management = windowManagement(x11.get());
+    const Session session(route.way);
+    const auto management = windowManagement(session.x11());
     PreviewMode mode({scheduler, resources, QDir::homePath(), Session::version(), management.get()}, arguments);
     const auto end = [](int exitCode) { QCoreApplication::exit(exitCode); };
     QObject::connect(&mode, &PreviewMode::finished, &application, end, Qt::QueuedConnection);
@@ -244,6 +229,22 @@ int runWithoutDisplay(int argumentCount, char **arguments) {
     return client.send({u"open"_s, std::nullopt, givenActivation()}) ? failWithoutDisplay() : 0;
 }
 
+int start(int argumentCount, char **arguments) {
+    // Without a display, or with one that has gone, the toolkit ends the program as if it had crashed.
+    const auto route = Session::displayRoute();
+    return route.way == DisplayRoute::Way::None ? runWithoutDisplay(argumentCount, arguments)
+                                                : run(route, argumentCount, arguments);
+}
+
+int startPreview(const QStringList &arguments, int argumentCount, char **rawArguments) {
+    // A picture needs no display, and is the same on every one.
+    if (preview::capturePath(arguments) && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    const auto route = Session::displayRoute();
+    return route.way == DisplayRoute::Way::None ? failWithoutDisplay()
+                                                : runPreview(route, arguments, argumentCount, rawArguments);
+}
+
 } // namespace
 
 int main(int argc, char **argv) {
@@ -255,7 +256,7 @@ int main(int argc, char **argv) {
         forgetSessionBus();
     switch (line.mode) {
     case CommandLine::Mode::Run:
-        return hasDisplay() ? run(argc, argv) : runWithoutDisplay(argc, argv);
+        return start(argc, argv);
     case CommandLine::Mode::Version:
         return print(u"palomet %1\n"_s.arg(Session::version()));
     case CommandLine::Mode::Help:
@@ -270,8 +271,7 @@ int main(int argc, char **argv) {
     case CommandLine::Mode::Doctor:
         return runDoctor(argc, argv);
     case CommandLine::Mode::Preview:
-        return hasDisplay() || preview::capturePath(arguments) ? runPreview(arguments, argc, argv)
-                                                               : failWithoutDisplay();
+        return startPreview(arguments, argc, argv);
     case CommandLine::Mode::Invalid:
         break;
     }

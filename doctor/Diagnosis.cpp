@@ -165,17 +165,55 @@ Finding hotKeys(const Examination &found) {
     return fails(u"hot keys"_s, u"there is no display to take them from"_s);
 }
 
-Finding strip(const Examination &found) {
-    const auto subject = u"strip"_s;
-    switch (found.stripRoute) {
-    case Examination::StripRoute::X11:
-        return works(subject, u"a window of X11, above all others"_s);
-    case Examination::StripRoute::XWayland:
-        return works(subject, u"through XWayland, above all others"_s);
-    case Examination::StripRoute::None:
+/// Why that way, as it goes on after it.
+QString reason(const DisplayRoute &route) {
+    switch (route.reason) {
+    case DisplayRoute::Reason::Session:
+        return {};
+    case DisplayRoute::Reason::User:
+        return u", as QT_QPA_PLATFORM says"_s;
+    case DisplayRoute::Reason::NoPlugin:
+        return u", for Qt's part for Wayland is not installed; the package qt6-wayland has it"_s;
+    case DisplayRoute::Reason::NoLayers:
+        return u", for the compositor has no layer shell to place the strip by"_s;
+    }
+    return {};
+}
+
+Finding window(const Examination &found) {
+    const auto subject = u"window"_s;
+    switch (found.display.way) {
+    case DisplayRoute::Way::X11:
+        return works(subject, u"through X11"_s + reason(found.display));
+    case DisplayRoute::Way::XWayland:
+        return works(subject, u"through XWayland"_s + reason(found.display));
+    case DisplayRoute::Way::Wayland:
+        return works(subject, u"through Wayland"_s + reason(found.display));
+    case DisplayRoute::Way::Other:
+        return works(subject, u"through Qt's own choice"_s + reason(found.display));
+    case DisplayRoute::Way::None:
         break;
     }
-    return fails(subject, u"there is no X server to show it; on Wayland install XWayland"_s);
+    return fails(subject, u"there is no display to show it; on Wayland install qt6-wayland or XWayland"_s);
+}
+
+Finding strip(const Examination &found) {
+    const auto subject = u"strip"_s;
+    switch (found.display.way) {
+    case DisplayRoute::Way::X11:
+        return works(subject, u"a window of X11, above all others"_s);
+    case DisplayRoute::Way::XWayland:
+        return works(subject, u"through XWayland, above all others"_s);
+    case DisplayRoute::Way::Wayland:
+        if (found.display.hasLayers)
+            return works(subject, u"through the compositor's layer shell, above all others"_s);
+        return fails(subject, u"a window among the others, for the compositor has no layer shell; install XWayland"_s);
+    case DisplayRoute::Way::Other:
+        return works(subject, u"a window as Qt makes it"_s);
+    case DisplayRoute::Way::None:
+        break;
+    }
+    return fails(subject, u"there is no display to show it"_s);
 }
 
 Finding languages(const Examination &found) {
@@ -205,7 +243,9 @@ std::vector<Finding> diagnose(const Examination &found) {
     findings.push_back(port(found));
     findings.push_back(tray(found));
     findings.push_back(hotKeys(found));
-    findings.push_back(strip(found));
+    findings.push_back(window(found));
+    if (found.display.way != DisplayRoute::Way::None)
+        findings.push_back(strip(found));
     findings.push_back(soundServer(found));
     findings.push_back(microphone(found));
     findings.push_back(found.echoCanceller.isEmpty()

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "audio/SoundServer.h"
+#include "base/DisplayRoute.h"
 #include "base/SocketOwner.h"
 #include "base/TrayHost.h"
 #include "command/RemoteStatus.h"
@@ -34,7 +35,6 @@ struct Examination {
         Free,
         Taken,
     };
-    enum class StripRoute { X11, XWayland, None };
 
     /// What the engine says that it understands here, and what would make it understand more.
     struct Hearing {
@@ -72,7 +72,7 @@ struct Examination {
     QString listenKey;
     Key key = Key::NotTried;
     QString listenKeyHolder; ///< What the desktop does on it, where that can be known; else empty.
-    StripRoute stripRoute = StripRoute::None;
+    DisplayRoute display;
 };
 
 } // namespace palomet

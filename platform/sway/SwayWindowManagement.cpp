@@ -1,5 +1,6 @@
 #include "platform/sway/SwayWindowManagement.h"
 
+#include <QCoreApplication>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -41,8 +42,9 @@ bool isSuccess(const QByteArray &answer) {
 
 } // namespace
 
-SwayWindowManagement::SwayWindowManagement(QString socket, std::unique_ptr<WindowManagement> otherwise)
+SwayWindowManagement::SwayWindowManagement(QString socket, Kind kind, std::unique_ptr<WindowManagement> otherwise)
     : m_path(std::move(socket))
+    , m_kind(kind)
     , m_otherwise(std::move(otherwise)) {}
 
 SwayWindowManagement::~SwayWindowManagement() {
@@ -61,10 +63,17 @@ bool SwayWindowManagement::activate(quintptr window) {
     return true;
 }
 
+QByteArray SwayWindowManagement::criteria(quintptr window) const {
+    if (m_kind == Kind::XWayland)
+        return "[id=" + QByteArray::number(window) + ']';
+    // Such a window has no number that both know. Its title is the program's name, and no dialog's.
+    return "[pid=" + QByteArray::number(QCoreApplication::applicationPid()) + " title=\"^Palomet$\"]";
+}
+
 void SwayWindowManagement::ask(quintptr window) {
     m_socket = new QLocalSocket(this);
     connect(m_socket, &QLocalSocket::connected, this,
-            [this, window] { m_socket->write(command("[id=" + QByteArray::number(window) + "] focus")); });
+            [this, window] { m_socket->write(command(criteria(window) + " focus")); });
     connect(m_socket, &QLocalSocket::readyRead, this, [this, window] { read(window); });
     // Its end is an error too.
     connect(m_socket, &QLocalSocket::errorOccurred, this, [this, window] { settle(window, false); });

@@ -4,9 +4,20 @@
 #include "platform/x11/XcbKeyboard.h"
 #include "platform/x11/XcbReply.h"
 
+#include <xkbcommon/xkbcommon-x11.h>
+
 namespace palomet {
 
 namespace {
+
+XkbKeymap keymap(const X11Connection &connection) {
+    return XkbKeymap([&](xkb_context *context) -> xkb_keymap * {
+        const auto device = xkb_x11_get_core_keyboard_device_id(connection.get());
+        if (device == -1)
+            return nullptr;
+        return xkb_x11_keymap_new_from_device(context, connection.get(), device, XKB_KEYMAP_COMPILE_NO_FLAGS);
+    });
+}
 
 quint32 activeGroup(const X11Connection &connection) {
     const XcbReply<xcb_xkb_get_state_reply_t> state(xcb_xkb_get_state_reply(
@@ -66,7 +77,7 @@ void X11KeyboardLayout::readLater() {
 }
 
 void X11KeyboardLayout::readAgain() {
-    m_keymap = XkbKeymap::of(m_connection);
+    m_keymap = keymap(m_connection);
     m_group = activeGroup(m_connection);
     m_connection.deliverLater();
 }

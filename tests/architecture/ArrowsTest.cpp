@@ -63,10 +63,14 @@ const std::map<std::string, std::set<std::string>> ports{
     {"linux", {"app/ChildProcess.h", "doctor/PortHolder.h"}},
     {"pulse", {"audio/SoundServer.h"}},
     {"sway", {"ui/shell/WindowManagement.h"}},
+    {"wayland",
+     {"platform/xkb/XkbKeymap.h", "shortcuts/KeyboardLayout.h", "ui/shell/WindowManagement.h",
+      "ui/strip/StripPanel.h"}},
     {"x11",
-     {"shortcuts/HotKeyGrabber.h", "shortcuts/Keys.h", "shortcuts/KeyboardLayout.h", "ui/shell/WindowManagement.h",
-      "ui/strip/WorkArea.h"}},
+     {"platform/xkb/XkbKeymap.h", "shortcuts/HotKeyGrabber.h", "shortcuts/Keys.h", "shortcuts/KeyboardLayout.h",
+      "ui/shell/WindowManagement.h", "ui/strip/WorkArea.h"}},
     {"xdg", {"command/Autostart.h"}},
+    {"xkb", {"shortcuts/Keys.h"}},
 };
 
 std::string folderOf(const test::fs::path &path) {

@@ -33,7 +33,7 @@ Examination allIsWell() {
     found.tray = TrayHost::Status::Present;
     found.hotKeyRoute = Examination::HotKeyRoute::X11;
     found.listenKey = u"Alt+Space"_s;
-    found.stripRoute = Examination::StripRoute::X11;
+    found.display.way = DisplayRoute::Way::X11;
     return found;
 }
 
@@ -73,8 +73,8 @@ TEST(Diagnosis, FindsEverythingWorkingWhereItDoes) {
         subjects.append(finding.subject);
     }
     EXPECT_EQ(subjects, (QStringList{u"Palomet"_s, u"resources"_s, u"engine"_s, u"hearing"_s, u"languages"_s, u"log"_s,
-                                     u"port 4780"_s, u"tray"_s, u"hot keys"_s, u"strip"_s, u"sound server"_s,
-                                     u"microphone"_s, u"echo canceller"_s}));
+                                     u"port 4780"_s, u"tray"_s, u"hot keys"_s, u"window"_s, u"strip"_s,
+                                     u"sound server"_s, u"microphone"_s, u"echo canceller"_s}));
 }
 
 TEST(Diagnosis, SaysHowThingsAreInALine) {
@@ -165,7 +165,24 @@ TEST(Diagnosis, TellsWhatTheDesktopLacks) {
     found.hasSessionBus = false;
     expectFailure(found, u"session bus"_s, u"dbus-user-session"_s);
     found = allIsWell();
-    found.stripRoute = Examination::StripRoute::None;
+    found.display = {};
+    expectFailure(found, u"window"_s, u"XWayland"_s);
+}
+
+TEST(Diagnosis, TellsWhichWayTheWindowsGoAndWhy) {
+    auto found = allIsWell();
+    EXPECT_EQ(text(found, u"window"_s), u"through X11"_s);
+    found.display = {DisplayRoute::Way::Wayland, DisplayRoute::Reason::Session, true};
+    EXPECT_EQ(text(found, u"window"_s), u"through Wayland"_s);
+    EXPECT_EQ(text(found, u"strip"_s), u"through the compositor's layer shell, above all others"_s);
+    found.display = {DisplayRoute::Way::XWayland, DisplayRoute::Reason::NoLayers, false};
+    EXPECT_TRUE(text(found, u"window"_s).startsWith(u"through XWayland, for the compositor has no layer shell"_s));
+    EXPECT_EQ(text(found, u"strip"_s), u"through XWayland, above all others"_s);
+    found.display.reason = DisplayRoute::Reason::NoPlugin;
+    EXPECT_TRUE(text(found, u"window"_s).contains(u"qt6-wayland"_s));
+    found.display.reason = DisplayRoute::Reason::User;
+    EXPECT_TRUE(text(found, u"window"_s).contains(u"QT_QPA_PLATFORM"_s));
+    found.display = {DisplayRoute::Way::Wayland, DisplayRoute::Reason::NoLayers, false};
     expectFailure(found, u"strip"_s, u"XWayland"_s);
 }
 

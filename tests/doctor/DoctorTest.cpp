@@ -27,7 +27,7 @@ protected:
         known.isLogWritable = true;
         known.echoCanceller = u"AEC3"_s;
         known.hotKeyRoute = Examination::HotKeyRoute::X11;
-        known.stripRoute = Examination::StripRoute::X11;
+        known.display.way = DisplayRoute::Way::X11;
     }
 
     void start() {

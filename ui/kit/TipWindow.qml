@@ -11,7 +11,8 @@ Window {
     y: host.Window.window.y - height - Zen.space1
     width: box.width
     height: box.height
-    flags: Qt.ToolTip | Qt.WindowDoesNotAcceptFocus
+    // Where the compositor places windows above all others, it does so with this one, too.
+    flags: Qt.ToolTip | Qt.WindowDoesNotAcceptFocus | Qt.BypassWindowManagerHint
     // Not the program's name, which is the title of its other windows.
     title: text
     color: Zen.gray0

@@ -21,6 +21,8 @@ namespace {
 const QString frameKey = u"PalometWindow"_s;
 const QString maximizedKey = u"PalometWindowMaximized"_s;
 constexpr std::chrono::milliseconds saveDelay{500};
+/// Where the toolkit finds what the desktop gave for a window, also what the tray gives with a click.
+constexpr auto *activationVariable = "XDG_ACTIVATION_TOKEN";
 
 std::vector<QRect> usableScreens() {
     std::vector<QRect> usable;
@@ -71,8 +73,13 @@ SettingsWindow::~SettingsWindow() {
 
 void SettingsWindow::bringToFront(const QString &activation) {
     m_app.setShown(true);
-    if (windowStates().testFlag(Qt::WindowMinimized))
+    if (windowStates().testFlag(Qt::WindowMinimized)) {
+        m_isKnown = false;
         setWindowStates(windowStates() & ~Qt::WindowMinimized);
+    }
+    const bool isGivenNothing = activation.isEmpty() && qEnvironmentVariableIsEmpty(activationVariable);
+    if (isGivenNothing && !isActive() && m_management && m_management->raisesNewWindowsOnly())
+        setVisible(false);
     // show() would end the maximised state.
     setVisible(true);
     raise();
@@ -82,7 +89,8 @@ void SettingsWindow::bringToFront(const QString &activation) {
 
 void SettingsWindow::takeFocus() {
     // The desktop knows no window before it shows.
-    if (!isExposed() || !m_wantedActivation)
+    const bool isKnown = isExposed() || (m_isKnown && !m_management->exposesCoveredWindows());
+    if (!isKnown || !m_wantedActivation)
         return;
     const auto activation = *std::exchange(m_wantedActivation, std::nullopt);
     if (m_management && m_management->activate(winId()))
@@ -90,10 +98,9 @@ void SettingsWindow::takeFocus() {
     if (activation.isEmpty())
         return requestActivate();
     // On Wayland the toolkit takes it from there. Nobody else is to find it.
-    constexpr auto *variable = "XDG_ACTIVATION_TOKEN";
-    qputenv(variable, activation.toUtf8());
+    qputenv(activationVariable, activation.toUtf8());
     requestActivate();
-    qunsetenv(variable);
+    qunsetenv(activationVariable);
 }
 
 void SettingsWindow::updateShown() {
@@ -115,7 +122,11 @@ bool SettingsWindow::event(QEvent *event) {
     case QEvent::Expose:
         if (isExposed() && !std::exchange(m_isFrameOnScreen, true))
             keepFrameOnScreen();
+        m_isKnown = m_management && (m_isKnown || isExposed());
         takeFocus();
+        break;
+    case QEvent::Hide:
+        m_isKnown = false;
         break;
     case QEvent::Close:
         // The window is hidden rather than closed, and keeps everything in it.

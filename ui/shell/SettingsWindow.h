@@ -56,7 +56,9 @@ private:
     Scheduler &m_scheduler;
     QSettings *m_settings;
     WindowManagement *m_management;
-    std::optional<QString> m_wantedActivation; ///< Set while it is to come to the front, and does not show yet.
+    std::optional<QString> m_wantedActivation; ///< Set while it is to come to the front, and is not known yet.
+    /// Whether a desktop that manages windows has shown it since it was hidden or minimised.
+    bool m_isKnown = false;
     Scheduler::Handle m_saving;
     bool m_isFrameOnScreen = false; ///< Not before it has been exposed on the screens that are there.
 };

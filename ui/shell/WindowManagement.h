@@ -20,6 +20,13 @@ public:
     /// asked for it: by a click on the tray item, a command, a second start. False where the desktop cannot be asked,
     /// and the toolkit's own way is left.
     [[nodiscard]] virtual bool activate(quintptr window) = 0;
+
+    /// Whether the toolkit takes a window for exposed that shows, but lies wholly behind others.
+    [[nodiscard]] virtual bool exposesCoveredWindows() const { return true; }
+
+    /// Whether a window that lies behind others comes to the front only as a new one, unless the desktop gave something
+    /// for it.
+    [[nodiscard]] virtual bool raisesNewWindowsOnly() const { return false; }
 };
 
 } // namespace palomet

@@ -4,10 +4,6 @@
 
 namespace palomet {
 
-namespace {
-constexpr int distance = 48;
-} // namespace
-
 std::optional<QPoint> stripOrigin(const std::vector<ScreenArea> &screens, std::optional<QPoint> pointer) {
     auto chosen = std::find_if(screens.begin(), screens.end(),
                                [&](const auto &screen) { return pointer && screen.frame.contains(*pointer); });
@@ -17,7 +13,7 @@ std::optional<QPoint> stripOrigin(const std::vector<ScreenArea> &screens, std::o
         return std::nullopt;
     const auto &area = chosen->visible;
     return QPoint(area.x() + (area.width() - StripPanel::size.width()) / 2,
-                  area.y() + area.height() - distance - StripPanel::size.height());
+                  area.y() + area.height() - StripPanel::distance - StripPanel::size.height());
 }
 
 } // namespace palomet

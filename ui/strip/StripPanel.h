@@ -20,6 +20,8 @@ struct ScreenArea {
 class StripPanel {
 public:
     static constexpr QSize size{440, 40};
+    /// To what is below it: the end of the screen, or a panel there.
+    static constexpr int distance = 48;
 
     StripPanel() = default;
     StripPanel(const StripPanel &) = delete;

@@ -73,7 +73,8 @@ protected:
     QLocalServer server;
     QLocalSocket *client = nullptr;
     OtherManagement::Calls other;
-    SwayWindowManagement management{folder.filePath(u"sway.sock"_s), std::make_unique<OtherManagement>(other)};
+    SwayWindowManagement management{folder.filePath(u"sway.sock"_s), SwayWindowManagement::Kind::XWayland,
+                                    std::make_unique<OtherManagement>(other)};
     const QByteArray question = message("[id=4194311] focus");
 };
 
@@ -85,6 +86,17 @@ TEST_F(SwayWindowManagementTest, TurnsToTheWindowByItsNumber) {
     answer(done);
     EXPECT_TRUE(hasHungUp());
     EXPECT_TRUE(other.activated.empty());
+}
+
+TEST_F(SwayWindowManagementTest, TurnsToAWindowOfWaylandByItsProcessAndTitle) {
+    SwayWindowManagement native(folder.filePath(u"sway.sock"_s), SwayWindowManagement::Kind::Wayland,
+                                std::make_unique<OtherManagement>(other));
+    EXPECT_TRUE(native.activate(1));
+    const auto expected =
+        message("[pid=" + QByteArray::number(QCoreApplication::applicationPid()) + " title=\"^Palomet$\"] focus");
+    EXPECT_EQ(said(expected.size()), expected);
+    answer(done);
+    EXPECT_TRUE(hasHungUp());
 }
 
 TEST_F(SwayWindowManagementTest, TakesAnAnswerThatComesInPieces) {

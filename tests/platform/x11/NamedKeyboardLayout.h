@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/x11/XkbKeymap.h"
+#include "platform/xkb/XkbKeymap.h"
 #include "shortcuts/KeyboardLayout.h"
 
 #include <xkbcommon/xkbcommon.h>

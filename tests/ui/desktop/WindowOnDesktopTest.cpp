@@ -9,6 +9,14 @@ using test::eventually;
 
 namespace {
 
+/// A desktop whose windows come to the front when they are new.
+class NewWindowsOnly final : public WindowManagement {
+public:
+    void introduce(quintptr /*window*/) override {}
+    [[nodiscard]] bool activate(quintptr /*window*/) override { return false; }
+    [[nodiscard]] bool raisesNewWindowsOnly() const override { return true; }
+};
+
 class WindowOnDesktopTest : public test::WindowOnDesktop {
 protected:
     /// Where its content is on the display, once the window manager has come to rest.
@@ -170,4 +178,27 @@ TEST_F(WindowOnDesktopTest, HasTheProgramsIconInEverySizeThatPanelsAskFor) {
         EXPECT_EQ(words[at + 2 + words[at] * (words[at] / 2) + words[at] / 2] >> 24, 0xFFU) << words[at];
     }
     EXPECT_EQ(sizes, (std::vector<quint32>{16, 22, 24, 32, 48, 64, 128}));
+}
+
+TEST_F(WindowOnDesktopTest, ShowsAnewWhereOnlyNewWindowsComeToTheFrontAndNothingWasGivenForIt) {
+    NewWindowsOnly management;
+    open(&management);
+    int hidings = 0;
+    QObject::connect(m_window.get(), &QWindow::visibleChanged, m_window.get(),
+                     [&](bool isVisible) { hidings += isVisible ? 0 : 1; });
+    test::PlainWindow other(Qt::green);
+    other.resize(300, 200);
+    show(other);
+    ASSERT_TRUE(eventually([this] { return !m_window->isActive(); }));
+    m_window->bringToFront(u"given"_s);
+    EXPECT_TRUE(eventually([this] { return m_window->isActive(); }));
+    EXPECT_EQ(hidings, 0);
+    other.requestActivate();
+    ASSERT_TRUE(eventually([this] { return !m_window->isActive(); }));
+    m_window->bringToFront();
+    EXPECT_TRUE(eventually([this] { return m_window->isActive() && focusedWindow() == m_window->winId(); }));
+    EXPECT_EQ(hidings, 1);
+    m_window->bringToFront();
+    EXPECT_EQ(hidings, 1) << "it is in front";
+    m_window.reset();
 }

@@ -1,9 +1,7 @@
-#include "platform/x11/XkbKeymap.h"
+#include "platform/xkb/XkbKeymap.h"
 
-#include "platform/x11/X11Connection.h"
 #include "shortcuts/Keys.h"
 
-#include <xkbcommon/xkbcommon-x11.h>
 #include <xkbcommon/xkbcommon.h>
 
 #include <algorithm>
@@ -53,15 +51,6 @@ XkbKeymap::XkbKeymap(const std::function<xkb_keymap *(xkb_context *)> &make) {
         return;
     xkb_context_set_log_level(context.get(), XKB_LOG_LEVEL_CRITICAL);
     m_keymap.reset(make(context.get()));
-}
-
-XkbKeymap XkbKeymap::of(const X11Connection &connection) {
-    return XkbKeymap([&](xkb_context *context) -> xkb_keymap * {
-        const auto device = xkb_x11_get_core_keyboard_device_id(connection.get());
-        if (device == -1)
-            return nullptr;
-        return xkb_x11_keymap_new_from_device(context, connection.get(), device, XKB_KEYMAP_COMPILE_NO_FLAGS);
-    });
 }
 
 std::optional<QString> XkbKeymap::character(quint32 keyCode, quint32 group) const {

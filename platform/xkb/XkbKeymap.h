@@ -11,8 +11,6 @@ struct xkb_keymap;
 
 namespace palomet {
 
-class X11Connection;
-
 /// A keyboard's keymap, and what its keys type.
 class XkbKeymap {
 public:
@@ -20,8 +18,6 @@ public:
     XkbKeymap() = default;
     /// The keymap that `make` makes in the context that it is given; null will do, and types nothing.
     explicit XkbKeymap(const std::function<xkb_keymap *(xkb_context *)> &make);
-    /// That of the X server's keyboard.
-    static XkbKeymap of(const X11Connection &connection);
 
     /// The text that a virtual key code types with no modifier in one of the keymap's layouts (groups). A dead key
     /// types its accent, standing alone; a keypad key its digit, whatever Num Lock says.

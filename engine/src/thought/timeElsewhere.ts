@@ -19,10 +19,10 @@ const questions: Record<Language, RegExp[]> = {
     /^(?:e )?((?:em|no|na|nos|nas)\s[^,]+?),?\s+(?:agora )?(?:s[ãa]o )?que horas?(?: s[ãa]o)?(?: agora)?$/iu,
   ],
 };
-/** What ends such a question, and is none of the place. */
+/** What ends such a question, and is none of the place: "right now", "I want to call Mum". */
 const endings: Record<Language, RegExp> = {
-  en: /[\s,]+(?:(?:right |just )?now|at the moment|at present|today|please)$/iu,
-  pt: /[\s,]+(?:(?:bem )?agora(?: mesmo)?|(?:n[eo]ste|no) (?:exato )?(?:momento|instante)|hoje|por (?:favor|gentileza))$/iu,
+  en: /[\s,]+(?:(?:right |just )?now|at the moment|at present|today|please)$|,\s+(?:(?:because|since|so) )?(?:i|we|my|he|she|they)\b[^,]*$/iu,
+  pt: /[\s,]+(?:(?:bem )?agora(?: mesmo)?|(?:n[eo]ste|no) (?:exato )?(?:momento|instante)|hoje|por (?:favor|gentileza))$|,\s+(?:(?:porque|que|pois) )?(?:eu|a gente|quero|preciso|vou|tenho|meu|minha|ele|ela)\s[^,]*$/iu,
 };
 /** Words that only look like a place: it is the time here that is asked for. */
 const here: Record<Language, RegExp> = {

@@ -5,8 +5,8 @@ import { tokensOf, type Token } from "./tokens.ts";
 
 /** Each alone or after another one. */
 const marks: Record<Language, string[][]> = {
-  en: ["no", "wait", "sorry", "actually", "i mean", "i meant", "i meant to say", "make that", "rather", "or rather", "hang on", "hold on", "oops", "make it", "correction", "scratch that", "better"].map(words),
-  pt: ["nao", "espera", "perai", "desculpa", "quer dizer", "quero dizer", "digo", "alias", "melhor", "ou melhor", "na verdade", "corrigindo", "ops", "opa", "pera", "eu quis dizer", "pensando bem"].map(words),
+  en: ["no", "wait", "sorry", "actually", "i mean", "i meant", "i meant to say", "make that", "rather", "or rather", "hang on", "hold on", "oops", "make it", "correction", "scratch that", "better", "or no", "oh no", "on reflection", "i beg your pardon", "beg your pardon", "let me see"].map(words),
+  pt: ["nao", "espera", "perai", "desculpa", "quer dizer", "quero dizer", "digo", "alias", "melhor", "ou melhor", "na verdade", "corrigindo", "ops", "opa", "pera", "eu quis dizer", "pensando bem", "nao pera", "ou nao"].map(words),
 };
 const mostMarks = 4;
 
@@ -30,8 +30,13 @@ const ambiguous = /^(no|better|rather|wait|nao|melhor|espera|na|digo)$/;
 
 /** What is listed, each thing as it was said last: of "milk, rice, no sorry, pasta" milk and pasta. */
 export function correctedItems(said: string): string {
-  return languages.reduce((items, language) => correctedIn(items, language), said);
+  return languages.reduce((items, language) => correctedIn(items, language), said).replace(aside, "").replace(fillers, "$1");
 }
+
+const aside = /,\s*(?:oh|ah|uh|um|hmm)(?=,)/giu;
+
+/** What is said before one more thing and is no part of it: "paper towels and also bananas". */
+const fillers = /((?:^|,|\s(?:and|e))\s*)(?:(?:oh|ah|uh|um|hmm|also|também|tambem)(?:,\s*|\s+))+(?=\S)/giu;
 
 const languages: readonly Language[] = ["en", "pt"];
 

@@ -21,6 +21,8 @@ export const englishDesktop: readonly Request[] = [
         "of the screen|screenshot of my screen|shot of the screen|snapshot of my screen|screenshot of this|capture of the " +
         "screen|capture of my screen|photo of the screen|image of the screen|screenshot of the desktop|screenshot of my " +
         "desktop|print screen)",
+      "(take|make|grab|get|do|snap|save) [me] [a|another|one] (screenshot|screen shot|screengrab|screen grab) of (this|that|my|the) (page|" +
+        "recipe|window|map|photo|picture|video|email|message|chat|article|ticket|receipt|error|site|website|map|chart|table|slide)",
       "(screenshot|screen shot|print screen|screen capture) [this|the screen|my screen|it]",
       "capture (what is on|all of|the whole|the entire|everything on) [<the>] (screen|display|desktop)",
       "capture [<the>] (screen|display|desktop)",

@@ -21,7 +21,9 @@ export function elided(text: string, verb: Before, language: Language, now: Date
   // "Put a timer of ten minutes and one of half an hour": "one" is another timer.
   const bare = text.replace(another, "");
   const unit = /\b(seconds?|minutes?|hours?|segundos?|minutos?|horas?)\b/iu.exec(verb.text)?.[1];
-  const wholes = [text, ...(unit === undefined || someOne.test(text) ? [] : [`${text} ${unit}`]), ...(bare === text ? [] : [bare])];
+  // "Twelve minutes for the eggs and thirty for the cake": minutes again, behind the number or at the end.
+  const withUnit = unit === undefined || someOne.test(text) ? [] : [`${text} ${unit}`, text.replace(/^(\S+)\s/u, `$1 ${unit} `)];
+  const wholes = [text, ...withUnit, ...(bare === text ? [] : [bare])];
   for (const [count, whole] of verb.words.flatMap((_, at) => wholes.map((each) => [at + 1, each] as const))) {
     const asked = `${verb.words.slice(0, count).join(" ")} ${whole}`;
     const meant = understood(asked, language, now);
@@ -108,7 +110,7 @@ function ofSameList(text: string, before: Before, language: Language, now: Date)
   return undefined;
 }
 
-const alsoBefore: Record<Language, RegExp> = { en: /^(?:also|maybe|perhaps|some|oh|oh and)\s+(?=\S)/iu, pt: /^(?:também|tambem|mais|talvez)\s+(?=\S)/iu };
+const alsoBefore: Record<Language, RegExp> = { en: /^(?:also|maybe|perhaps|some|oh|oh and)\s+(?=\S)/iu, pt: /^(?:(?:ah|oh),?\s+(?:e\s+)?|(?:também|tambem|mais|talvez)\s+)(?=\S)/iu };
 const alsoAfter: Record<Language, RegExp> = { en: /,?\s+(?:too|as well|also)(?:,? please)?[.!?]*$/iu, pt: /,?\s+(?:também|tambem)(?:,? por favor)?[.!?]*$/iu };
 const mostItemWords = 4;
 

@@ -51,7 +51,9 @@ function joinedIn(sentence: string, start: number, around: Around, isRest = fals
   for (const [at, end] of [...places.map(({ index }) => index), sentence.length].entries()) {
     const text = sentence.slice(0, end);
     const alone = understood(text, language, now);
-    const meant = alone && before ? onThatList(alone, text, before, language) : (alone ?? (before && afterOther(text, before, language, now)));
+    // "Cancel the timer and tell me what time it is": not what time the timer is.
+    const isOther = before !== undefined && !isAnswered(text);
+    const meant = alone && before ? onThatList(alone, text, before, language) : (alone ?? (isOther ? afterOther(text, before, language, now) : undefined));
     // What is written down would go on.
     if (meant ? keptIn(meant) !== undefined && end < sentence.length : !isAnswered(text)) continue;
     const part = { text, start, meant };

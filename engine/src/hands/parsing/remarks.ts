@@ -12,6 +12,9 @@ const begins: Record<Language, RegExp> = {
       "took|put|gave|saw|went|ended|decided|do|know|like|prefer|see|overslept)|" +
       "\\S+ (is|are) (in|on|at|too|so|very|not|asleep|done|ready|over|here|out|coming|calling|packed|off|gone|away|about|really|back|" +
       "getting)|you (talk|speak|sound|are)|" +
+      "\\S+ (is|are) (closed|open|full|empty|broken|cancelled|late|early|cold|hot|sick|ill|tired|hungry|awake|waiting)|" +
+      "((my|our|his|her|the|this|that|these|those) \\S+|he|she|it|they|somebody|someone|everybody|everyone|nobody) ((finally|just|already|" +
+      "still|really|always|all) )?(fell|got|went|hates?|likes?|loves?|took|bought|ate|drank|came|left|broke|ran|woke|slept|\\w{3,}ed)|" +
       "(it|this|that|there|you|they|he|she|everyone|everybody|someone|somebody|nobody|people) (is|are|has|have|will|needs|does|do|can|" +
       "did|was|were|hurts|wants|sounds|gets|keeps|should|starts|takes)|" +
       "(the|my|our|his|her|all the|this|these|those) \\S+( \\S+){0,2} (is|are|has|have|will|needs|need|does|do|can|did|starts|takes|" +

@@ -7,6 +7,7 @@ import { matched, phrase, type Phrase, type Sentence, type Slots } from "./gramm
 import { changes, keptIn, type Meant } from "./meanings.ts";
 import { localText, timeOf, type Moment } from "./moments.ts";
 import { areThings } from "./names.ts";
+import { withoutRemarks } from "./remarks.ts";
 import { isPolite, understood, wordsOf } from "./sentence.ts";
 import { said } from "./tokens.ts";
 
@@ -15,11 +16,13 @@ const takenBack: Record<Language, string> = {
     "[oh|no|wait|hmm|well|ok|okay|sorry|actually|on second thought|on second thoughts|you know what|but|and] [no|wait|sorry|actually] " +
     "[please] (never mind|nevermind|never mind that|forget it|forget that|forget about it|forget about that|cancel that|cancel it|scratch that|" +
     "strike that|do not|do not do it|do not do that|do not bother|i changed my mind|i have changed my mind|ignore that|" +
-    "not now|i take that back|undo that) [please|then|thanks|thank you]",
+    "not now|i take that back|undo that) " +
+    "[please|then|thanks|thank you] [never mind|nevermind|forget it|do not bother]",
   pt:
     "[ah|nao|espera|perai|hum|bom|desculpa|alias|na verdade|pensando bem|quer saber|mas|e] [nao|espera|desculpa] " +
     "[por favor] (deixa para la|deixa|esquece|esquece isso|deixa isso|cancela|cancela isso|nao precisa|nao faz isso|nao faca isso|" +
-    "mudei de ideia|ignora|ignora isso|desfaz isso|desiste|agora nao|deixa quieto) [por favor|entao|obrigado|obrigada|nao]",
+    "mudei de ideia|ignora|ignora isso|desfaz isso|desiste|agora nao|deixa quieto) " +
+    "[por favor|entao|obrigado|obrigada|nao] [nao precisa|nao precisa mais|deixa para la|deixa|esquece]",
 };
 const changed: Record<Language, string> = {
   en: "[let us say|change it to|change that to|set it to|it should be|it is|for|at|to|better] ({duration}|{moment}|{number} [percent|instead])",
@@ -30,7 +33,11 @@ const compiled: { [language in Language]?: { takenBack: Phrase; changed: Phrase 
 
 /** It takes back what was asked for before it, and says nothing else. */
 export function takesBack(sentence: Sentence): boolean {
-  return matched(phrasesFor(sentence.language).takenBack, sentence, () => true) === true;
+  const { text, tokens, language } = sentence;
+  // "Actually, forget it, I'll watch it": with or without its reason.
+  return [tokens, ...withoutRemarks(text, tokens, language)].some(
+    (each) => matched(phrasesFor(language).takenBack, { ...sentence, tokens: each }, () => true) === true,
+  );
 }
 
 /** Words of which one alone may only call for attention: "wait, add eggs". */

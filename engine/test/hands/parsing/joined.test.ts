@@ -68,3 +68,15 @@ test("a text of nothing but joints is looked through in no time", () => {
     expect(partsOf(word.repeat(400 / word.length), "en", now).every(({ meant }) => meant === undefined)).toBe(true);
   }
 });
+
+test("the unit is said once, before what each timer is for", () => {
+  expect(asked("Marca doze minutos pros salgados e trinta pro bolo.", "pt")).toEqual([
+    { hand: "timer", do: "timer", seconds: 720, name: "salgados" }, { hand: "timer", do: "timer", seconds: 1_800, name: "bolo" },
+  ]);
+});
+
+test("a question after a request is not about what was asked for", () => {
+  const isTime = (text: string): boolean => /what time it is/.test(text);
+  const parts = partsOf("Please cancel the glue timer and tell me what time it is.", "en", now, isTime);
+  expect(parts.map(({ meant }) => meant?.given.do)).toEqual(["cancel", undefined]);
+});

@@ -29,3 +29,18 @@ test("a correction that only points at something counts nothing", () => {
   expect(given("Set a timer for ten minutes. I mean the blue one.")).toEqual([]);
   expect(given("Set a timer for ten minutes. I mean twenty one.")).toEqual([{ do: "timer", seconds: 1_260 }]);
 });
+
+test("a request is taken back with a reason, and twice over", () => {
+  expect(given("Set a timer for ten minutes, actually forget it, I'll watch it.")).toEqual([]);
+  expect(given("Coloca um alarme pras quatro. Não, esquece, não precisa.", "pt")).toEqual([]);
+});
+
+test("a time is corrected on reflection", () => {
+  const atHalfPast = [{ do: "alarm", at: "2026-11-19T07:30" }];
+  expect(given("Please wake me at seven. Or no, on reflection, make that half past seven.")).toEqual(atHalfPast);
+});
+
+test("what is said before one more item is no part of it", () => {
+  const towels = [{ do: "add", items: "paper towels, and bananas", list: "shopping" }];
+  expect(given("Add paper towels, oh, and bananas to the shopping list.")).toEqual(towels);
+});

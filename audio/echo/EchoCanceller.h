@@ -45,8 +45,8 @@ public:
     /// skipped silent frame costs 20 to 30 dB.
     virtual void render(std::span<const float, frameSize> reference) noexcept = 0;
 
-    /// By what the sound server tells, the speakers or the microphone were turned: the echo is from about now on `factor`
-    /// times as loud. Above 0.
+    /// By what the sound server tells, the speakers or the microphone were turned: the echo is from about now on
+    /// `factor` times as loud. Above 0.
     virtual void turned(float factor) noexcept { static_cast<void>(factor); }
 
     /// The next 10 ms of the microphone; `delayHintMs` is the expected time from `render` to the echo's arrival here.

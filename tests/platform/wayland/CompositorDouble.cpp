@@ -132,11 +132,12 @@ CompositorDouble::CompositorDouble(Abilities abilities)
     wl_global_create(m_display, &wl_seat_interface, 5, this, &Dispatch::bind<&wl_seat_interface>);
     if (m_abilities.hasLayerShell)
         wl_global_create(m_display, &layershell::shellInterface, 1, this, &Dispatch::bind<&layershell::shellInterface>);
-    wl_event_loop_add_fd(wl_display_get_event_loop(m_display), m_tasks[0], WL_EVENT_READABLE, &Dispatch::perform,
-                         m_display);
-    m_thread = std::thread([this] {
+    auto *const tasks = wl_event_loop_add_fd(wl_display_get_event_loop(m_display), m_tasks[0], WL_EVENT_READABLE,
+                                             &Dispatch::perform, m_display);
+    m_thread = std::thread([this, tasks] {
         wl_display_run(m_display);
         wl_display_destroy_clients(m_display);
+        wl_event_source_remove(tasks);
         wl_display_destroy(m_display);
     });
 }

@@ -143,6 +143,8 @@ TEST_F(WindowOnDesktopTest, ComesToTheFrontOfTheOthers) {
     test::PlainWindow other(Qt::green);
     other.resize(300, 200);
     show(other);
+    // A window manager turns to a new window only some time after it shows.
+    ASSERT_TRUE(eventually([&] { return focusedWindow() == other.winId(); }));
     m_window->bringToFront();
     EXPECT_TRUE(eventually([this] { return focusedWindow() == m_window->winId(); }));
 }

@@ -7,16 +7,16 @@ namespace palomet::layershell {
 namespace {
 
 /// Their places in the tables below are what they are sent by.
-enum ShellRequest : uint32_t { getLayerSurface };
+enum ShellRequest : uint32_t { GetLayerSurface };
 enum SurfaceRequest : uint32_t {
-    setSizeRequest,
-    setAnchorRequest,
-    setExclusiveZoneRequest,
-    setMarginRequest,
-    setKeyboardInteractivityRequest,
-    getPopupRequest,
-    ackConfigureRequest,
-    destroyRequest,
+    SetSizeRequest,
+    SetAnchorRequest,
+    SetExclusiveZoneRequest,
+    SetMarginRequest,
+    SetKeyboardInteractivityRequest,
+    GetPopupRequest,
+    AckConfigureRequest,
+    DestroyRequest,
 };
 
 // Not constant because the library declares them so. It changes none.
@@ -54,7 +54,7 @@ const wl_interface surfaceInterface{"zwlr_layer_surface_v1", version,
                                     surfaceEvents.size(),    surfaceEvents.data()};
 
 wl_proxy *makeSurface(wl_proxy *shell, wl_surface *surface, wl_output *output, Layer layer, const char *title) {
-    return wl_proxy_marshal_flags(shell, getLayerSurface, &surfaceInterface, wl_proxy_get_version(shell), 0, nullptr,
+    return wl_proxy_marshal_flags(shell, GetLayerSurface, &surfaceInterface, wl_proxy_get_version(shell), 0, nullptr,
                                   surface, output, layer, title);
 }
 
@@ -65,27 +65,27 @@ void listen(wl_proxy *surface, const SurfaceListener &listener, void *data) {
 }
 
 void setSize(wl_proxy *surface, uint32_t width, uint32_t height) {
-    request(surface, setSizeRequest, width, height);
+    request(surface, SetSizeRequest, width, height);
 }
 
 void setAnchor(wl_proxy *surface, uint32_t edges) {
-    request(surface, setAnchorRequest, edges);
+    request(surface, SetAnchorRequest, edges);
 }
 
 void setMargin(wl_proxy *surface, const Margin &margin) {
-    request(surface, setMarginRequest, margin.top, margin.right, margin.bottom, margin.left);
+    request(surface, SetMarginRequest, margin.top, margin.right, margin.bottom, margin.left);
 }
 
 void setTakesKeys(wl_proxy *surface, bool takesKeys) {
-    request(surface, setKeyboardInteractivityRequest, takesKeys ? 1U : 0U);
+    request(surface, SetKeyboardInteractivityRequest, takesKeys ? 1U : 0U);
 }
 
 void acknowledge(wl_proxy *surface, uint32_t serial) {
-    request(surface, ackConfigureRequest, serial);
+    request(surface, AckConfigureRequest, serial);
 }
 
 void destroy(wl_proxy *surface) {
-    wl_proxy_marshal_flags(surface, destroyRequest, nullptr, wl_proxy_get_version(surface), WL_MARSHAL_FLAG_DESTROY);
+    wl_proxy_marshal_flags(surface, DestroyRequest, nullptr, wl_proxy_get_version(surface), WL_MARSHAL_FLAG_DESTROY);
 }
 
 } // namespace palomet::layershell

@@ -17,7 +17,7 @@ constexpr uint32_t version = 1;
 
 enum class Layer : uint32_t { Background, Bottom, Top, Overlay };
 /// Of a screen.
-enum Edge : uint32_t { topEdge = 1, bottomEdge = 2, leftEdge = 4, rightEdge = 8 };
+enum Edge : uint32_t { TopEdge = 1, BottomEdge = 2, LeftEdge = 4, RightEdge = 8 };
 
 /// What the compositor tells of such a surface.
 struct SurfaceListener {

@@ -15,7 +15,7 @@ LayerSurface::LayerSurface(wl_display *display, wl_proxy *shell, wl_surface *sur
     m_surface = layershell::makeSurface(maker.get(), surface, place.screen, layershell::Layer::Overlay, "palomet");
     static constexpr layershell::SurfaceListener listener{.configure = &configured, .closed = &closed};
     layershell::listen(m_surface, listener, this);
-    layershell::setAnchor(m_surface, layershell::bottomEdge);
+    layershell::setAnchor(m_surface, layershell::BottomEdge);
     change(place);
     layershell::setTakesKeys(m_surface, false);
     // Without content: it asks for a place.

@@ -28,13 +28,27 @@ Item {
         size: 12
         color: Zen.noteInk
     }
-    Column {
-        id: groups
+    // A window that is lower than the groups shows as much of them as has room, and the rest by the wheel and the keys.
+    Flickable {
+        id: view
 
-        x: Zen.space4
         y: Zen.titleLine - Zen.baseline(10, 16)
-        width: root.width - 1 - 2 * Zen.space4
-        spacing: Zen.space5
+        width: root.width - 1
+        height: Math.max(0, Math.min(contentHeight, foot.y - Zen.space2 - y))
+        contentHeight: groups.height
+        clip: height < contentHeight
+        interactive: false
+
+        Column {
+            id: groups
+
+            x: Zen.space4
+            width: view.width - 2 * Zen.space4
+            spacing: Zen.space5
+        }
+    }
+    Scroller {
+        flickable: view
     }
     Item {
         id: foot

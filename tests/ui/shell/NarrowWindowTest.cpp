@@ -14,7 +14,7 @@ protected:
         open();
         m_window->setMinimumSize({1, 1});
         m_window->resize(size);
-        ASSERT_TRUE(test::eventually([&] { return m_window->rootObject()->width() == size.width(); }));
+        ASSERT_TRUE(test::eventually([&] { return m_window->rootObject()->size() == size; }));
     }
 
     [[nodiscard]] QRectF place(QQuickItem *item) const { return item->mapRectToScene(item->boundingRect()); }
@@ -94,4 +94,28 @@ TEST_F(NarrowWindowTest, StandsAtItsPlaceAgainOnceThereIsRoom) {
     goSideways(-1200);
     m_window->resize(SettingsWindow::openingSize);
     EXPECT_TRUE(test::eventually([this] { return place(now()).left() > 0 && isInView(listen()); }));
+}
+
+TEST_F(NarrowWindowTest, ShowsEveryPaneByTheWheelWhereItIsLow) {
+    openIn({960, 370});
+    auto *brain = titled("SidebarItem", u"Brain"_s);
+    auto *foot = all("MicrophoneLine").value(0);
+    const auto isInSight = [&] { return place(brain).bottom() <= place(foot).top(); };
+    EXPECT_FALSE(isInSight());
+    QWheelEvent event({100, 200}, m_window->mapToGlobal(QPointF(100, 200)), {}, {0, -1200}, Qt::NoButton,
+                      Qt::NoModifier, Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(m_window.get(), &event);
+    EXPECT_TRUE(isInSight());
+    press(brain);
+    EXPECT_EQ(m_navigation.pane(), Pane::Brain);
+}
+
+TEST_F(NarrowWindowTest, ShowsThePaneThatTheKeyboardReachesWhereItIsLow) {
+    openIn({960, 370});
+    now()->forceActiveFocus(Qt::TabFocusReason);
+    for (int i = 0; i < 4; ++i)
+        key(Qt::Key_Down);
+    EXPECT_EQ(m_navigation.pane(), Pane::Brain);
+    auto *brain = titled("SidebarItem", u"Brain"_s);
+    EXPECT_TRUE(test::eventually([&] { return place(brain).bottom() <= place(all("MicrophoneLine").value(0)).top(); }));
 }

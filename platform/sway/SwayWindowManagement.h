@@ -29,6 +29,7 @@ public:
     /// True: what sway makes of it comes later.
     [[nodiscard]] bool activate(quintptr window) override;
     [[nodiscard]] bool exposesCoveredWindows() const override { return m_kind == Kind::XWayland; }
+    [[nodiscard]] bool holdsLeastSize() const override { return m_otherwise->holdsLeastSize(); }
 
 private:
     /// The window as sway's commands select it.

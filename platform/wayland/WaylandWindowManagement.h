@@ -11,6 +11,7 @@ public:
     void introduce(quintptr /*window*/) override {}
     [[nodiscard]] bool activate(quintptr /*window*/) override { return false; }
     [[nodiscard]] bool exposesCoveredWindows() const override { return false; }
+    [[nodiscard]] bool holdsLeastSize() const override { return true; }
     [[nodiscard]] bool raisesNewWindowsOnly() const override { return true; }
 };
 

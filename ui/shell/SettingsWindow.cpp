@@ -21,6 +21,8 @@ namespace {
 const QString frameKey = u"PalometWindow"_s;
 const QString maximizedKey = u"PalometWindowMaximized"_s;
 constexpr std::chrono::milliseconds saveDelay{500};
+/// Its content goes sideways and scrolls from minimumContentSize on down.
+constexpr QSize smallestTile{320, 240};
 /// Where the toolkit finds what the desktop gave for a window, also what the tray gives with a click.
 constexpr auto *activationVariable = "XDG_ACTIVATION_TOKEN";
 
@@ -193,6 +195,8 @@ void SettingsWindow::restoreFrame() {
 }
 
 QSize SettingsWindow::leastSize(QSize room) const {
+    if (m_management && m_management->holdsLeastSize())
+        return smallestTile.boundedTo(room);
     // Where nobody manages windows, no screen is seen.
     return m_management ? minimumContentSize.boundedTo(room) : minimumContentSize;
 }

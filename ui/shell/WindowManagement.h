@@ -24,6 +24,10 @@ public:
     /// Whether the toolkit takes a window for exposed that shows, but lies wholly behind others.
     [[nodiscard]] virtual bool exposesCoveredWindows() const { return true; }
 
+    /// Whether the toolkit holds a window at its least size where the desktop gives it less, as in a tile: the desktop
+    /// then cuts off what is over.
+    [[nodiscard]] virtual bool holdsLeastSize() const { return false; }
+
     /// Whether a window that lies behind others comes to the front only as a new one, unless the desktop gave something
     /// for it.
     [[nodiscard]] virtual bool raisesNewWindowsOnly() const { return false; }

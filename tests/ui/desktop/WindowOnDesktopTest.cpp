@@ -9,11 +9,12 @@ using test::eventually;
 
 namespace {
 
-/// A desktop whose windows come to the front when they are new.
-class NewWindowsOnly final : public WindowManagement {
+/// A desktop whose windows come to the front when they are new, and have the size that it gives them.
+class AsOnWayland final : public WindowManagement {
 public:
     void introduce(quintptr /*window*/) override {}
     [[nodiscard]] bool activate(quintptr /*window*/) override { return false; }
+    [[nodiscard]] bool holdsLeastSize() const override { return true; }
     [[nodiscard]] bool raisesNewWindowsOnly() const override { return true; }
 };
 
@@ -51,6 +52,14 @@ TEST_F(WindowOnDesktopTest, CannotBeMadeTooSmall) {
     open();
     run("xdotool windowsize --sync %1 500 300", m_window->winId());
     EXPECT_TRUE(eventually([this] { return rectangle(*m_window).size() == QSize(960, 640); }));
+}
+
+TEST_F(WindowOnDesktopTest, FitsANarrowTileWhereTheToolkitWouldHoldItLarger) {
+    AsOnWayland management;
+    open(&management);
+    awaitRectangle(QRect((2560 - 1120) / 2, (1024 - 760) / 2, 1120, 760));
+    run("xdotool windowsize --sync %1 636 500", m_window->winId());
+    EXPECT_TRUE(eventually([this] { return rectangle(*m_window).size() == QSize(636, 500); }));
 }
 
 TEST_F(WindowOnDesktopTest, ReopensWhereItWasLeftAfterARestart) {
@@ -183,7 +192,7 @@ TEST_F(WindowOnDesktopTest, HasTheProgramsIconInEverySizeThatPanelsAskFor) {
 }
 
 TEST_F(WindowOnDesktopTest, ShowsAnewWhereOnlyNewWindowsComeToTheFrontAndNothingWasGivenForIt) {
-    NewWindowsOnly management;
+    AsOnWayland management;
     open(&management);
     int hidings = 0;
     QObject::connect(m_window.get(), &QWindow::visibleChanged, m_window.get(),

@@ -4,17 +4,44 @@ import type { Environment } from "../rehearsal/process";
 import type { Rectangle } from "../rehearsal/screen";
 import type { Session } from "./session";
 
+/** The program's window. */
+export interface OwnWindow {
+    id: string;
+    /** On the whole display, in its pixels. */
+    place: Rectangle;
+}
+
 /** The windows of a desktop, as it has them itself. One is named by its title, or by its number if it is of X11. */
 export interface Windows {
+    /** The program's own, if it can be seen. */
+    own(session: Session): Promise<OwnWindow | undefined>;
+    /** Where the program's strip can be seen, which was not there in the picture of that name. */
+    strip(session: Session, before: string): Promise<Rectangle | undefined>;
+    /** What tells that the program's window is the program's, in words; throws what tells otherwise. */
+    identity(session: Session, own: OwnWindow): Promise<string>;
+    /** Where that is on the display, where a screen reader has it by the corner of the program's window. */
+    onDisplay?(session: Session, place: Rectangle): Promise<Rectangle>;
     /** The window of that title, if it is there. */
     find(session: Session, title: string): Promise<string | undefined>;
     /** Whether nothing lies above it, and it gets the keys. */
     isInFront(session: Session, window: string): Promise<boolean>;
     isFullScreen(session: Session, window: string): Promise<boolean>;
+    /** Moves its corner there, where the user can. */
+    move?(session: Session, window: string, left: number, top: number): Promise<void>;
     /** Turns to it, as a click in the list of windows does. */
     activate(session: Session, window: string): Promise<void>;
     /** The names of all in the panel's list of windows, or what the desktop has instead of one. */
     list(session: Session): Promise<string[]>;
+}
+
+/** The screens, as the user plugs them in and turns them. */
+export interface Screens {
+    /** Two beside each other, each of half the width. */
+    two(session: Session): Promise<void>;
+    /** One of half the width, and so higher than wide. */
+    turned(session: Session): Promise<void>;
+    /** The one that was there at the login. */
+    one(session: Session): Promise<void>;
 }
 
 export interface Notice {
@@ -55,6 +82,7 @@ export interface Desktop {
     /** Whether it starts at the login what the user's autostart folder names. */
     readonly hasAutostart: boolean;
     readonly windows: Windows;
+    readonly screens: Screens;
 
     /** A terminal of that title with a shell. */
     terminal(title: string, isFullScreen: boolean): string[];

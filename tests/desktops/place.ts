@@ -4,10 +4,10 @@ import { join } from "node:path";
 import type { Node } from "../rehearsal/accessible";
 import type { Watcher } from "../rehearsal/backend";
 import { type Program, run, start, until } from "../rehearsal/process";
-import type { XWindow } from "../rehearsal/screen";
+import type { Rectangle } from "../rehearsal/screen";
 import type { SoundDesk } from "../rehearsal/sound";
 import { program } from "../rehearsal/stage";
-import type { Desktop } from "./desktop";
+import type { Desktop, OwnWindow } from "./desktop";
 import type { Session } from "./session";
 
 export interface Place {
@@ -60,26 +60,33 @@ export async function tidy(place: Place): Promise<void> {
     const { desktop: { windows }, session } = place;
     await session.screen.key("Escape");
     await Terminal.closeAll();
-    const window = await session.screen.window();
+    const window = await windows.own(session);
     if (!window) return;
     await windows.activate(session, (await windows.find(session, "Palomet")) ?? window.id);
     await closeWindow(place);
 }
 
 /** The program's window, once it is in front and has the focus. */
-export async function windowInFront(place: Place): Promise<XWindow> {
+export async function windowInFront({ session, desktop: { windows } }: Place): Promise<OwnWindow> {
     return until("the window in front, with the focus", async () => {
-        const window = await place.session.screen.window();
-        return window && (await place.desktop.windows.isInFront(place.session, window.id)) && window;
+        const window = await windows.own(session);
+        return window && (await windows.isInFront(session, window.id)) && window;
     });
 }
 
+/** Where something of the program's window is on the whole display. */
+export async function placeOf({ session, desktop: { windows } }: Place, node: Node): Promise<Rectangle> {
+    const found = await session.tree.place(node);
+    return (await windows.onDisplay?.(session, found)) ?? found;
+}
+
 /** Scrolls the page until that can be seen, and gives it. */
-export async function inSight({ session: { screen, tree } }: Place, node: Node): Promise<Node> {
-    const [left] = await tree.place(node);
+export async function inSight(place: Place, node: Node): Promise<Node> {
+    const { screen } = place.session;
+    const [left] = await placeOf(place, node);
     await screen.hand("mousemove", String(left), "500");
     await until("it to be in sight", async () => {
-        const [, top] = await tree.place(node);
+        const [, top] = await placeOf(place, node);
         if (top > 220 && top < 700) return true;
         await screen.hand("click", "5");
         return false;
@@ -89,12 +96,12 @@ export async function inSight({ session: { screen, tree } }: Place, node: Node):
 
 /** Closes the window that is in front by the desktop's own key. */
 export async function closeWindow(place: Place): Promise<void> {
-    const { screen } = place.session;
+    const { session, desktop: { windows, closeKey } } = place;
     await windowInFront(place);
     await until("the window to close", async () => {
-        await screen.key(place.desktop.closeKey);
+        await session.screen.key(closeKey);
         // A menu that is still closing takes the key.
-        return until("it", async () => (await screen.window()) === undefined, 3000).catch(() => false);
+        return until("it", async () => (await windows.own(session)) === undefined, 3000).catch(() => false);
     });
 }
 
@@ -105,9 +112,4 @@ export async function status(place: Place): Promise<{ state: string; hotKeyProbl
 /** What the program says to that. */
 export function palomet({ session }: Place, ...options: string[]): Promise<string> {
     return run([program, ...options], session.environment);
-}
-
-/** A property of that window, as xprop has it. */
-export async function property({ session }: Place, id: string, ...names: string[]): Promise<string> {
-    return run(["xprop", "-id", id, ...names], session.environment);
 }

@@ -2,15 +2,33 @@
 
 import { mkdirSync, readFileSync, writeFileSync } from "node:fs";
 import { join } from "node:path";
-import { run } from "../rehearsal/process";
-import type { Rectangle } from "../rehearsal/screen";
-import type { Desktop, Notice } from "./desktop";
-import { processesOf, type Session } from "./session";
+import { run, until } from "../rehearsal/process";
+import { isStrip, type Rectangle } from "../rehearsal/screen";
+import { check } from "../rehearsal/stage";
+import type { Desktop, Notice, OwnWindow } from "./desktop";
+import { changeIn } from "./pictures";
+import { half, height, width } from "./screens";
+import type { Session } from "./session";
+
+/** A pixel at each edge may look as before. */
+const rounding = 4;
+
+interface Box {
+    x: number;
+    y: number;
+    width: number;
+    height: number;
+}
 
 interface Node {
+    id: number;
     name: string | null;
     pid?: number;
-    window?: number | null;
+    /** A client of X11 has none. */
+    app_id?: string | null;
+    rect: Box;
+    /** Within that. */
+    window_rect: Box;
     focused: boolean;
     visible?: boolean;
     fullscreen_mode?: number;
@@ -25,12 +43,40 @@ async function views({ environment }: Session): Promise<Node[]> {
     return below(root).filter(({ pid }) => pid !== undefined);
 }
 
-const isIt = (node: Node, window: string) => node.name === window || String(node.window) === window;
+const isIt = (node: Node, window: string) => node.name === window || String(node.id) === window;
+
+/** A place in sway's own points, in the display's pixels. */
+const inPixels = ({ screen: { scale } }: Session, [left, top, width, height]: Rectangle): Rectangle => [left * scale, top * scale, width * scale, height * scale];
+
+/** The content of a window, without what sway draws around it. */
+const contentOf = ({ rect, window_rect }: Node): Rectangle => [rect.x + window_rect.x, rect.y + window_rect.y, window_rect.width, window_rect.height];
+
+/** The program's window, if it can be seen. */
+async function ownView(session: Session): Promise<Node | undefined> {
+    return (await views(session)).find(({ name, app_id, visible }) => name === "Palomet" && app_id && visible === true);
+}
+
+/** The output that is there from the start. */
+const first = "X11-1";
+const second = "X11-2";
+
+async function outputs({ environment }: Session): Promise<string[]> {
+    return (JSON.parse(await run(["swaymsg", "-t", "get_outputs"], environment)) as { name: string }[]).map(({ name }) => name);
+}
+
+/** Of the windows in which sway shows its outputs, which have no names, the second is the later one. */
+async function moveSecond({ screen }: Session, left: number): Promise<void> {
+    const window = await until("the second screen", async () => {
+        const all = [...(await screen.ask("xwininfo", "-root", "-children")).matchAll(/^ +(0x\w+) /gm)].map(([, id]) => id!);
+        return all.length > 1 && all.sort((one, other) => Number(one) - Number(other)).at(-1);
+    });
+    await screen.hand("windowmove", window, String(left), "0");
+}
 
 /** What the user adds to the configuration that sway brings. */
 const additions = `
 workspace_layout tabbed
-output X11-1 mode 1280x800
+output ${first} mode ${width}x${height}
 `;
 const configuration = (home: string) => join(home, ".config/sway/config");
 
@@ -48,8 +94,29 @@ export const sway: Desktop = {
     hasAutostart: false,
 
     windows: {
+        async own(session: Session): Promise<OwnWindow | undefined> {
+            const window = await ownView(session);
+            return window && { id: String(window.id), place: inPixels(session, contentOf(window)) };
+        },
+        /** sway lists no surfaces of layers. The strip is what changed, of its size, in the lower half of the screen. */
+        async strip(session: Session, before: string): Promise<Rectangle | undefined> {
+            const found = await changeIn(session, before, "strip", [0, height / 2, width, height / 2]);
+            return found && isStrip({ width: found[2], height: found[3] }, session.screen.scale, rounding) ? found : undefined;
+        },
+        async identity(session: Session): Promise<string> {
+            const window = await ownView(session);
+            check(window?.app_id === "org.palomet.Palomet", `it is of the program ${window?.app_id}`);
+            check(window?.name === "Palomet", `its title is ${window?.name}`);
+            return "its program and its title";
+        },
+        async onDisplay(session: Session, [left, top, width, height]: Rectangle): Promise<Rectangle> {
+            const window = await ownView(session);
+            const [x, y] = window ? contentOf(window) : [0, 0];
+            return inPixels(session, [left + x, top + y, width, height]);
+        },
         async find(session: Session, title: string) {
-            return (await views(session)).find((node) => isIt(node, title))?.name ?? undefined;
+            const found = (await views(session)).find((node) => isIt(node, title));
+            return found && String(found.id);
         },
         async isInFront(session: Session, window: string) {
             return (await views(session)).some((node) => isIt(node, window) && node.focused && node.visible === true);
@@ -58,20 +125,46 @@ export const sway: Desktop = {
             return (await views(session)).some((node) => isIt(node, window) && node.fullscreen_mode === 1);
         },
         async activate({ environment }: Session, window: string) {
-            await run(["swaymsg", `[title="^${window}$"] focus`], environment);
+            await run(["swaymsg", `[con_id=${window}] focus`], environment);
         },
         async list(session: Session) {
             return (await views(session)).map(({ name }) => name ?? "");
         },
     },
 
-    terminal: (title, isFullScreen) => ["foot", "-T", title, "--override=locked-title=yes", ...(isFullScreen ? ["--fullscreen"] : []), "bash", "--norc"],
+    screens: {
+        /** The second is a window of its own in the X server, which nobody manages. sway cannot unplug it, nor disable it there:
+         * what is one screen again has another beside it on which nobody is. */
+        async two(session: Session): Promise<void> {
+            await run(["swaymsg", "output", first, "mode", `${half}x${height}`], session.environment);
+            if ((await outputs(session)).length === 1) await run(["swaymsg", "create_output"], session.environment);
+            await run(["swaymsg", "output", second, "mode", `${half}x${height}`, "position", String(half), "0"], session.environment);
+            await moveSecond(session, half);
+        },
+        async turned({ environment }: Session): Promise<void> {
+            await run(["swaymsg", "output", first, "mode", `${half}x${height}`], environment);
+        },
+        async one(session: Session): Promise<void> {
+            await run(["swaymsg", "output", first, "mode", `${width}x${height}`, "position", "0", "0"], session.environment);
+            if ((await outputs(session)).length === 1) return;
+            await moveSecond(session, width);
+            await run(["swaymsg", "output", second, "position", String(width), "0"], session.environment);
+            await run(["swaymsg", "focus", "output", first], session.environment);
+        },
+    },
 
-    async trayItem({ tree }: Session): Promise<Rectangle | undefined> {
+    async setScale({ environment }: Session, scale: number): Promise<void> {
+        await run(["swaymsg", "output", first, "scale", String(scale)], environment);
+    },
+
+    terminal: (title, isFullScreen) => ["foot", "-T", title, "--override=locked-title=yes", "--override=colors.background=b0c4de", "--override=colors.foreground=202020", ...(isFullScreen ? ["--fullscreen"] : []), "bash", "--norc"],
+
+    async trayItem(session: Session): Promise<Rectangle | undefined> {
+        const { tree } = session;
         for (const bar of await tree.windows(/^waybar$/)) {
-            const places = await Promise.all((await tree.all(bar, /^icon$/)).map((node) => tree.place(node)));
+            const places = await Promise.all((await tree.all(bar, /^icon$/)).map(async (node) => inPixels(session, await tree.place(node))));
             // What is hidden has a place nevertheless.
-            const [last] = places.filter(([left]) => left > 640).slice(-1);
+            const [last] = places.filter(([left]) => left > half).slice(-1);
             if (last) return last;
         }
         return undefined;
@@ -90,7 +183,7 @@ export const sway: Desktop = {
         const own = readFileSync("/etc/xdg/waybar/style.css", "utf8");
         const [ground, text] = isDark ? ["#202020", "#f0f0f0"] : ["#f0f0f0", "#202020"];
         writeFileSync(join(folder, "style.css"), `${own}\nwindow#waybar, #tray { background: ${ground}; color: ${text}; }\n`);
-        for (const bar of processesOf(/^waybar$/)) process.kill(bar, "SIGUSR2");
+        await run(["swaymsg", "reload"], environment);
     },
 
     setUp(home: string): void {

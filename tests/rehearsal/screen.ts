@@ -15,7 +15,8 @@ export interface XWindow {
 export type Rectangle = [number, number, number, number];
 
 /** Nothing else of the program's has the strip's size. */
-export const isStrip = ({ width, height }: { width: number; height: number }, scale = 1) => width === 440 * scale && height === 40 * scale;
+export const isStrip = ({ width, height }: { width: number; height: number }, scale = 1, rounding = 0) =>
+    Math.abs(width - 440 * scale) <= rounding && Math.abs(height - 40 * scale) <= rounding;
 
 export class Screen {
     readonly #folder: string;
@@ -81,6 +82,11 @@ export class Screen {
     /** What the hands do, at the keyboard and the pointer. */
     hand(...parameters: string[]): Promise<string> {
         return run(["xdotool", ...parameters], this.outside);
+    }
+
+    /** What another tool says of the screen itself. */
+    ask(...command: string[]): Promise<string> {
+        return run(command, this.outside);
     }
 
     do(...parameters: string[]): Promise<string> {

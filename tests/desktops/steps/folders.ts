@@ -6,7 +6,7 @@ import { until } from "../../rehearsal/process";
 import type { Rectangle } from "../../rehearsal/screen";
 import { words } from "../../rehearsal/stage";
 import { stillPicture } from "../pictures";
-import { closeWindow, inSight, palomet, type Place, windowInFront } from "../place";
+import { closeWindow, inSight, palomet, type Place, placeOf, windowInFront } from "../place";
 
 /** It opens from the window, and what is chosen there is added. */
 export async function choose(place: Place): Promise<string> {
@@ -21,7 +21,7 @@ export async function choose(place: Place): Promise<string> {
         }
         return undefined;
     });
-    await screen.click(await tree.place(await inSight(place, button)));
+    await screen.click(await placeOf(place, await inSight(place, button)));
     const title = words["brain.addFolder.title"]!;
     const dialog = await until("the dialog", () => desktop.windows.find(session, title));
     await until("the dialog's focus", () => desktop.windows.isInFront(session, dialog));

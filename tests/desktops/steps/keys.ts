@@ -6,7 +6,7 @@ import { run, until } from "../../rehearsal/process";
 import { OtherProgram } from "../../rehearsal/screen";
 import { check, words } from "../../rehearsal/stage";
 import { differenceOf, stillPicture } from "../pictures";
-import { closeWindow, inSight, palomet, type Place, status, Terminal, windowInFront } from "../place";
+import { closeWindow, inSight, palomet, type Place, placeOf, status, Terminal, windowInFront } from "../place";
 import { quit, start } from "./session";
 
 const layouts = ["us", "de", "us"];
@@ -79,7 +79,7 @@ export async function another(place: Place): Promise<string> {
     const { session: { screen, environment, tree }, watcher, folder } = place;
     await palomet(place, "--open", "listening");
     const button = await recorder(place);
-    await screen.click(await tree.place(button));
+    await screen.click(await placeOf(place, button));
     await until("the recording", async () => (await tree.description(button)).includes(words["recorder.type"]!));
     await screen.key(freeKey);
     await until("the key to be granted", async () => (await status(place)).hotKeyProblem === "");
@@ -108,18 +108,21 @@ export async function another(place: Place): Promise<string> {
 
 /** Makes it speak, until it says so itself, and the strip does. */
 async function speak(place: Place): Promise<number> {
-    const { session: { screen }, watcher } = place;
+    const { session, desktop: { windows }, watcher } = place;
+    await stillPicture(place, "before-speaking");
     const since = watcher.states.length;
     await watcher.post("say", { text: "What can you do?" });
-    await until("it to speak", async () => (await status(place)).state === "speaking" && (await screen.strip()));
+    await until("it to speak", async () => (await status(place)).state === "speaking" && (await windows.strip(session, "before-speaking")));
     return since;
 }
 
 async function pictureOfSpeech(place: Place): Promise<void> {
     await speak(place);
-    await place.session.screen.whole("speaking");
-    await place.watcher.post("stop");
-    await place.watcher.settle();
+    const { session, desktop: { windows }, watcher } = place;
+    await session.screen.whole("speaking");
+    await watcher.post("stop");
+    await watcher.settle();
+    await until("the strip to go", async () => (await windows.strip(session, "before-speaking")) === undefined);
 }
 
 /** That key stops it while it speaks, long before it would end by itself. */

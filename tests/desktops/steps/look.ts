@@ -28,10 +28,10 @@ export async function contrast(place: Place): Promise<string> {
     const { session, session: { screen, environment }, desktop, folder } = place;
     const picture = (name: string) => join(folder, "pictures", `contrast-${name}.png`);
     await palomet(place, "--open", "listening");
-    const { id } = await windowInFront(place);
+    await windowInFront(place);
     const changed = async (name: string) => {
         const window = await screen.window();
-        if (window) await screen.picture(`contrast-${name}`, { ...window, id });
+        if (window) await screen.picture(`contrast-${name}`, window);
         const both = [picture("usual"), picture(name)];
         return Number(await run(["sh", "-c", 'compare -metric AE -fuzz 3% "$1" "$2" null: 2>&1 || true', "sh", ...both], environment));
     };

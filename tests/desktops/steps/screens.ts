@@ -1,61 +1,57 @@
 // The screens: two beside each other, another size, and scales other than 1.
 
-import { run, until } from "../../rehearsal/process";
-import type { Rectangle, XWindow } from "../../rehearsal/screen";
+import { until } from "../../rehearsal/process";
+import type { Rectangle } from "../../rehearsal/screen";
 import { stillPicture } from "../pictures";
 import { closeWindow, palomet, type Place, windowInFront } from "../place";
+import { half, height, width } from "../screens";
 import { quit, start } from "./session";
 import { icon } from "./tray";
 
-const width = 1280;
-const height = 800;
-const half = width / 2;
 const scales = [1.5, 2];
 /** A point is two pixels at most. */
 const rounding = 2;
 /** So much of a window has to be on a screen to be taken hold of. */
 const hold = 100;
 
-const randr = (place: Place, ...parameters: string[]) => run(["xrandr", ...parameters], place.session.environment);
-
 /** The strip stands on the screen on which the pointer is, also on one that was added. */
 export async function two(place: Place): Promise<string> {
-    const { session: { screen } } = place;
-    await randr(place, "--setmonitor", "left", `${half}/169x${height}/211+0+0`, "screen");
-    await randr(place, "--setmonitor", "right", `${half}/169x${height}/211+${half}+0`, "none");
+    const { session, session: { screen }, desktop: { screens } } = place;
     const places: Rectangle[] = [];
-    for (const [index, middle] of [half / 2, half + half / 2].entries()) {
-        await screen.hand("mousemove", String(middle), "300");
-        places.push(await stripIn(place, `screens-${index + 1}`, [index * half, 0, half, height]));
+    try {
+        await screens.two(session);
+        for (const [index, middle] of [half / 2, half + half / 2].entries()) {
+            await screen.hand("mousemove", String(middle), "300");
+            places.push(await stripIn(place, `screens-${index + 1}`, [index * half, 0, half, height]));
+        }
+    } finally {
+        await screens.one(session);
     }
-    await randr(place, "--delmonitor", "right");
-    await randr(place, "--delmonitor", "left");
     places.push(await stripIn(place, "screens-one-again", [0, 0, width, height]));
     return `on two screens the strip is on the pointer's, at ${places.slice(0, 2).map(([left]) => left).join(" and ")}, and on one again at ${places[2]![0]}`;
 }
 
 /** On a screen that becomes higher than wide, window and strip come to where they can be seen. */
 export async function turned(place: Place): Promise<string> {
-    const { session: { screen } } = place;
+    const { session, desktop: { screens, windows } } = place;
     await palomet(place, "--open");
     const { id } = await windowInFront(place);
-    await screen.do("windowmove", id, String(half + hold), "100");
-    await randr(place, "--newmode", "portrait", "0", String(half), "0", "0", String(half), String(height), "0", "0", String(height));
-    await randr(place, "--addmode", "screen", "portrait");
+    await windows.move?.(session, id, half + hold, 100);
     try {
-        await randr(place, "--output", "screen", "--mode", "portrait");
+        await screens.turned(session);
         const place1 = await until("the window on the screen that is there", async () => {
-            const found = await placeOf(place, id);
+            const found = (await windows.own(session))?.place;
+            if (!found) return undefined;
             const [left, top, wide] = found;
             return left <= half - hold && left + wide >= hold && top >= 0 && top <= height - hold && found;
         });
         await stripIn(place, "screen-turned", [0, 0, half, height]);
-        await randr(place, "--output", "screen", "--mode", `${width}x${height}`);
+        await screens.one(session);
         await stripIn(place, "screen-turned-back", [0, 0, width, height]);
         await closeWindow(place);
         return `on a screen of ${half}×${height} the window comes to ${place1.slice(0, 2).join(", ")}, and the strip to its middle`;
     } finally {
-        await randr(place, "--output", "screen", "--mode", `${width}x${height}`);
+        await screens.one(session);
     }
 }
 
@@ -69,10 +65,10 @@ export async function scaled(place: Place): Promise<string> {
             await begin(place, scale);
             await stripIn(place, `scale-${scale}-strip`, [0, 0, width, height]);
             await palomet(place, "--open", "listening");
-            const { id } = await windowInFront(place);
+            await windowInFront(place);
             let window: Rectangle = [0, 0, 0, 0];
             await until(() => `the window on the screen at scale ${scale}, which is at ${window.join(", ")}`, async () => {
-                const [left, top, wide, high] = (window = await placeOf(place, id));
+                const [left, top, wide, high] = (window = (await desktop.windows.own(session))?.place ?? window);
                 return left >= 0 && top >= 0 && left + wide <= width + rounding && top + high <= height + rounding;
             });
             await stillPicture(place, `scale-${scale}`);
@@ -95,27 +91,21 @@ export async function scaled(place: Place): Promise<string> {
 
 /** Shows the strip, which has to stand in the middle of that screen, above its bottom; gives its place. */
 async function stripIn(place: Place, picture: string, [left, top, wide, high]: Rectangle): Promise<Rectangle> {
-    const { session: { screen }, watcher } = place;
+    const { session, desktop: { windows }, watcher } = place;
+    const before = `${picture}-before`;
+    await stillPicture(place, before);
     const since = watcher.states.length;
     await palomet(place, "--listen");
     await watcher.reach("listening", since);
     const found = await until(`the strip in the middle of the screen at ${left}`, async () => {
-        const strip = await screen.strip();
-        const at = strip && (await placeOf(place, strip.id));
+        const at = await windows.strip(session, before);
         if (!at) return undefined;
         const isInMiddle = Math.abs(at[0] + at[2] / 2 - left - wide / 2) <= 2;
         return isInMiddle && at[1] > top + high / 2 && at[1] + at[3] < top + high && at;
     });
-    await screen.whole(picture);
+    await session.screen.whole(picture);
     await palomet(place, "--stop");
     await watcher.reach("waiting", watcher.after("listening", since));
-    await until("the strip to go", async () => (await screen.strip()) === undefined);
+    await until("the strip to go", async () => (await windows.strip(session, before)) === undefined);
     return found;
-}
-
-/** Where that window is on the whole display. */
-async function placeOf({ session: { environment } }: Place, id: XWindow["id"]): Promise<Rectangle> {
-    const text = await run(["xwininfo", "-id", id], environment);
-    const number = (name: string) => Number(new RegExp(`^ *${name}: +(-?\\d+)$`, "m").exec(text)?.[1]);
-    return [number("Absolute upper-left X"), number("Absolute upper-left Y"), number("Width"), number("Height")];
 }

@@ -3,7 +3,7 @@
 import { until, run } from "../../rehearsal/process";
 import type { Rectangle } from "../../rehearsal/screen";
 import { words } from "../../rehearsal/stage";
-import { stillPicture } from "../pictures";
+import { changeIn, stillPicture } from "../pictures";
 import { closeWindow, palomet, type Place, Terminal, windowInFront } from "../place";
 
 /** A sign can be made out from this contrast on. */
@@ -11,7 +11,7 @@ const leastContrast = 3;
 
 /** Where there is no tray its window comes by itself, or nothing of it would be seen. */
 export async function none(place: Place): Promise<string> {
-    const { width, height } = await windowInFront(place);
+    const { place: [, , width, height] } = await windowInFront(place);
     await place.session.screen.whole("no-tray");
     await closeWindow(place);
     return `its window (${width}×${height}) opens by itself`;
@@ -44,7 +44,7 @@ export async function menu(place: Place): Promise<string> {
     const terminal = await Terminal.open(place);
     const area = await openMenu(place);
     await screen.click(row(area, 4));
-    const window = await windowInFront(place);
+    const { place: [, , wide, high] } = await windowInFront(place);
     await closeWindow(place);
     const since = watcher.states.length;
     await screen.click(row(await openMenu(place), 1));
@@ -52,7 +52,7 @@ export async function menu(place: Place): Promise<string> {
     await watcher.post("stop");
     await watcher.settle();
     await terminal.close();
-    return `its menu (${area[2]}×${area[3]}) opens; "${words["menu.open"]}" opens the window (${window.width}×${window.height}) in front, "${words["menu.listen"]}" listens`;
+    return `its menu (${area[2]}×${area[3]}) opens; "${words["menu.open"]}" opens the window (${wide}×${high}) in front, "${words["menu.listen"]}" listens`;
 }
 
 const screenHeight = 800;
@@ -64,23 +64,18 @@ const row = ([left, top, width, height]: Rectangle, index: number): Rectangle =>
 
 /** Opens it, and gives where it is to be seen. */
 async function openMenu(place: Place): Promise<Rectangle> {
-    const { session: { screen, environment }, session, desktop } = place;
+    const { session, desktop } = place;
     const where = await until("the icon in the tray", () => desktop.trayItem(session));
     await stillPicture(place, "menu-before");
-    await screen.click(where, 3);
+    await session.screen.click(where, 3);
     // Without the panel, in which the icon changes, and without what is far away: another panel may come or go meanwhile.
     const isBelow = where[1] < screenHeight / 2;
     const from = isBelow ? where[1] + where[3] + 2 : 0;
     const height = isBelow ? screenHeight - from : where[1] - 10;
     const side = Math.max(0, where[0] - widestMenu);
-    const area = `${2 * widestMenu}x${height}+${side}+${from}`;
     return until("the menu", async () => {
-        const picture = await screen.whole("menu");
-        const changed = ["-compose", "difference", "-composite", "-crop", area, "+repage", "-threshold", "4%", "-trim"];
-        const before = picture.replace("menu.png", "menu-before.png");
-        const found = await run(["convert", before, picture, ...changed, "-format", "%w %h %X %Y", "info:"], environment).catch(() => "");
-        const [width, height, left, top] = found.split(" ").map(Number);
-        return width! > 80 && height! > 100 && ([side + left!, from + top!, width, height] as Rectangle);
+        const found = await changeIn(session, "menu-before", "menu", [side, from, 2 * widestMenu, height]);
+        return found && found[2] > 80 && found[3] > 100 && found;
     });
 }
 
@@ -93,7 +88,7 @@ export async function click(place: Place): Promise<string> {
 /** A click on it brings the window to the front that lies behind another. */
 export async function clickBehind(place: Place): Promise<string> {
     await palomet(place, "--open");
-    await until("the window", () => place.session.screen.window());
+    await until("the window", () => place.desktop.windows.own(place.session));
     await clickIt(place, await Terminal.open(place));
     return "a click on the icon brings the window to the front";
 }

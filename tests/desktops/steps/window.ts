@@ -3,7 +3,7 @@
 import type { Node } from "../../rehearsal/accessible";
 import { run, until } from "../../rehearsal/process";
 import { check, words } from "../../rehearsal/stage";
-import { closeWindow, palomet, type Place, property, Terminal, windowInFront } from "../place";
+import { closeWindow, palomet, type Place, placeOf, Terminal, windowInFront } from "../place";
 
 const screenWidth = 1280;
 const screenHeight = 800;
@@ -36,7 +36,7 @@ export async function launch(place: Place): Promise<string> {
 
 async function terminalBefore(place: Place): Promise<Terminal> {
     await palomet(place, "--open");
-    await until("the window", () => place.session.screen.window());
+    await until("the window", () => place.desktop.windows.own(place.session));
     return Terminal.open(place);
 }
 
@@ -52,15 +52,7 @@ export async function identity(place: Place): Promise<string> {
     const { session, desktop } = place;
     const terminal = await Terminal.open(place);
     await terminal.type("palomet --open");
-    const { id } = await windowInFront(place);
-    const text = await property(place, id, "WM_CLASS", "_NET_WM_NAME", "_KDE_NET_WM_DESKTOP_FILE", "_GTK_APPLICATION_ID", "_NET_WM_ICON");
-    check(/^WM_CLASS\(STRING\) = "palomet", "Palomet"$/m.test(text), `its class is not Palomet: ${text}`);
-    check(/^_NET_WM_NAME\(UTF8_STRING\) = "Palomet"$/m.test(text), "its title is not Palomet");
-    for (const name of ["_KDE_NET_WM_DESKTOP_FILE", "_GTK_APPLICATION_ID"]) {
-        check(text.includes(`${name}(UTF8_STRING) = "org.palomet.Palomet"`), `${name} is not that of its desktop file`);
-    }
-    const sizes = [...text.matchAll(/Icon \((\d+) x \d+\)/g)].map(([, size]) => Number(size));
-    check([16, 32, 48].every((size) => sizes.includes(size)), `it has icons of ${sizes.join(", ")} only`);
+    const told = await desktop.windows.identity(session, await windowInFront(place));
     for (const size of iconSizes) {
         const file = `/usr/share/icons/hicolor/${size}x${size}/apps/org.palomet.Palomet.png`;
         const found = await run(["identify", "-format", "%wx%h", file], session.environment).catch(() => "missing");
@@ -71,23 +63,23 @@ export async function identity(place: Place): Promise<string> {
     await closeWindow(place);
     await until("its name to leave the list of windows", async () => !(await desktop.windows.list(session)).includes("Palomet"));
     await terminal.close();
-    return `its class, desktop file and icons (${sizes.join(", ")}) are its own, and the panel lists it as "Palomet", once`;
+    return `${told} are its own, and the panel lists it as "Palomet", once`;
 }
 
 /** In a tile that is too narrow for it, it goes sideways to what does not show. */
 export async function inTile(place: Place): Promise<string> {
-    const { session: { screen, tree }, session, desktop, watcher } = place;
+    const { session: { screen }, session, desktop, watcher } = place;
     const terminal = await Terminal.open(place);
     await terminal.type("palomet --open now");
     await windowInFront(place);
     await desktop.tile!(session, true);
     const tile = await until("the tile", async () => {
-        const window = await screen.window();
-        return window && window.width < leastWidth && window;
+        const window = await desktop.windows.own(session);
+        return window && window.place[2] < leastWidth && window.place;
     });
     const button = await headerButton(place, words["menu.listen"]!);
     const rightOf = async () => {
-        const [left, , width] = await tree.place(button);
+        const [left, , width] = await placeOf(place, button);
         return left + width;
     };
     check((await rightOf()) > screenWidth, "the button shows before the window was moved sideways");
@@ -96,14 +88,14 @@ export async function inTile(place: Place): Promise<string> {
     await until("the button to show", async () => (await rightOf()) <= screenWidth);
     await screen.whole("narrow-tile");
     const since = watcher.states.length;
-    await screen.click(await tree.place(button));
+    await screen.click(await placeOf(place, button));
     await watcher.reach("listening", since);
     await watcher.post("stop");
     await watcher.settle();
     await desktop.tile!(session, false);
     await closeWindow(place);
     await terminal.close();
-    return `in a tile of ${tile.width} it goes sideways, and its buttons can be clicked`;
+    return `in a tile of ${tile[2]} it goes sideways, and its buttons can be clicked`;
 }
 
 /** The button of that name at the top of the page. */

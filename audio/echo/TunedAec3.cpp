@@ -26,7 +26,7 @@ constexpr float fullScale = 32768;
 EchoCanceller3Config tunedConfig() {
     EchoCanceller3Config config;
     auto &filter = config.filter;
-    filter.refined.length_blocks = 27;
+    filter.refined.length_blocks = 40;
     filter.coarse.length_blocks = 13;
     filter.refined_initial.length_blocks = 12;
     filter.coarse_initial.length_blocks = 12;

@@ -12,8 +12,12 @@ namespace {
 constexpr std::int64_t momentLength = SoundStreams::sampleRate / 2;
 
 /// In standard deviations. Errors of one moment and the next are not independent: a stream's clock is asked for every
-/// second at most.
-constexpr double confidence = 4;
+/// second at most. In the first seconds less will do, for until clocks that are apart are known the echo is left loud
+/// enough to be taken for somebody, and a few parts per million too many harm nothing.
+double confidence(std::size_t count) {
+    constexpr std::size_t beginning = 24;
+    return count < beginning ? 3 : 4;
+}
 
 } // namespace
 
@@ -45,7 +49,7 @@ void ClockDrift::look() noexcept {
     // The deviation of Kendall's score, under no drift at all.
     const auto n = static_cast<double>(m_count);
     const double deviation = std::sqrt(n * (n - 1) * (2 * n + 5) / 18);
-    const double rank = (static_cast<double>(pairs) - confidence * deviation) / 2;
+    const double rank = (static_cast<double>(pairs) - confidence(m_count) * deviation) / 2;
     if (rank < 0)
         return;
     const auto slope = [&](std::size_t place) {

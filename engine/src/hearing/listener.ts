@@ -21,6 +21,10 @@ const lateMs = 1_000;
 /** It has hung when it has not read so many bytes of samples, ten seconds. */
 const mostUnread = 320_000;
 
+/** The C library raises this by itself when something large is freed, and keeps what is smaller: 5 MB of what loading the
+ * model took, for as long as the listener runs. */
+const allocation = { MALLOC_MMAP_THRESHOLD_: "65536" };
+
 export class Listener implements SpeechDetector {
   readonly #companion: Companion;
   #taker: (verdict: Verdict) => void = () => {};
@@ -47,6 +51,7 @@ export class Listener implements SpeechDetector {
       name: "o detector de fala",
       script,
       arguments: [files.runtime, files.model],
+      environment: allocation,
       startMs,
       idleMs,
       mostWaiting: mostUnread,

@@ -17,6 +17,8 @@ export interface CompanionOptions {
   /** The path of the script, and what it is started with. */
   script: string;
   arguments?: string[];
+  /** What it has in its environment besides the engine's. */
+  environment?: Record<string, string>;
   /** The time from its start until it says that it is ready; it may load its model in that time. */
   startMs: number;
   /** It ends when nothing was wanted of it for this time. It is there for good without it. */
@@ -162,6 +164,7 @@ export class Companion {
       signal: life.stop.signal,
       // The runtime obeys the settings that it finds in its working folder.
       cwd: dirname(options.script),
+      ...(options.environment === undefined ? {} : { environment: options.environment }),
       onOutput: (piece) => reader.take(piece),
     });
     void run.then((outcome) => {

@@ -21,6 +21,7 @@ const honest = `
     if (head.do === "garble") process.stdout.write("Segmentation fault?\\n");
     if (head.do === "flood") for (;;) say({ told: "more" });
     if (head.do === "drone") for (;;) process.stdout.write("x".repeat(65536));
+    if (head.do === "environment") return { found: process.env[String(head.name)] };
     if (head.do === "hang") for (;;);
     if (head.do === "wait") await new Promise((resolve) => signal.addEventListener("abort", resolve));
     return { pid: process.pid, sum: body.reduce((sum, byte) => sum + byte, 0) };
@@ -83,6 +84,16 @@ describe("a companion", () => {
     const { companion } = await bench();
     const replies = await Promise.all([1, 2, 3].map((byte) => ask(companion, {}, new Uint8Array(300_000).fill(byte))));
     expect(replies.map((reply) => reply.kind === "answer" && reply.answer.sum)).toEqual([300_000, 600_000, 900_000]);
+    companion.stop();
+  });
+
+  test("has what it is to have in its environment, and the engine's besides", async () => {
+    const { companion } = await bench(honest, { environment: { ALLOCATION: "small" } });
+    const found = async (name: string): Promise<unknown> => {
+      const reply = await ask(companion, { do: "environment", name });
+      return reply.kind === "answer" ? reply.answer.found : reply;
+    };
+    expect([await found("ALLOCATION"), await found("PATH")]).toEqual(["small", "/usr/bin:/bin"]);
     companion.stop();
   });
 

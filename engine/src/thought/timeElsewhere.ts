@@ -34,6 +34,9 @@ const unknown: Record<Language, (place: string) => string> = {
   pt: (place) => `Não sei que horas são ${place}.`,
 };
 
+/** "In New York, I mean in Chicago": what was said first. */
+const corrected = /^.+?[\s,]+(?:no,?\s+|não,?\s+)?(?:i mean|i meant|or rather|quer dizer|quero dizer|ou melhor|digo),?\s+(?=(?:in|em|no|na|nos|nas)\s)/iu;
+
 /** Gives undefined when the request does not ask for the time at a place. */
 export function timeElsewhere(request: string, now: Date, language: Language, tag: string): string | undefined {
   const place = askedPlace(request, language);
@@ -55,7 +58,7 @@ function askedPlace(request: string, language: Language): string | undefined {
     text = text.replace(endings[language], "");
   }
   for (const question of questions[language]) {
-    const place = question.exec(text)?.[1];
+    const place = question.exec(text)?.[1]?.replace(corrected, "");
     if (place !== undefined && !here[language].test(place) && plainWords(place).length > 1) return `${place.charAt(0).toLowerCase()}${place.slice(1)}`;
   }
   return undefined;

@@ -23,6 +23,11 @@ describe("the time elsewhere", () => {
     expect(timeElsewhere("What time is it in Lisbon?", new Date("2026-01-05T11:30:00Z"), "en", "en-US")).toBe("It is 11:30 AM in Lisbon.");
   });
 
+  test("is that of the place that was said last, when the first was a slip", () => {
+    expect(inEnglish("what time is it in new york i mean in Tokyo")).toBe("It is 8:30 PM in Tokyo.");
+    expect(inPortuguese("que horas são em Tóquio, quer dizer, em Lisboa")).toBe("São 12 horas e 30 minutos em Lisboa.");
+  });
+
   test("is told in Portuguese, by the Portuguese names", () => {
     expect(inPortuguese("Que horas são em Lisboa?")).toBe("São 12 horas e 30 minutos em Lisboa.");
     expect(inPortuguese("que horas são agora no Rio de Janeiro")).toBe("São 8 horas e 30 minutos no Rio de Janeiro.");

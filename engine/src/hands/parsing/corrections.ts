@@ -33,10 +33,13 @@ export function correctedItems(said: string): string {
   return languages.reduce((items, language) => correctedIn(items, language), said).replace(aside, "").replace(fillers, "$1");
 }
 
-const aside = /,\s*(?:oh|ah|uh|um|hmm)(?=,)/giu;
+const aside = /,\s*(?:(?:and|e)\s+)?(?:oh|ah|uh|um|hmm|let me (?:see|think)|let's see|deixa eu (?:ver|pensar)|deixa ver)(?=,)/giu;
 
 /** What is said before one more thing and is no part of it: "paper towels and also bananas". */
 const fillers = /((?:^|,|\s(?:and|e))\s*)(?:(?:oh|ah|uh|um|hmm|also|também|tambem)(?:,\s*|\s+))+(?=\S)/giu;
+
+/** "Add eggs, no, sorry, add butter": the verb is no part of the thing. */
+const addsAgain = /^(?:add|put|coloca|coloque|adiciona|adicione|põe|poe|bota|bote)\s+(?=\S)/iu;
 
 const languages: readonly Language[] = ["en", "pt"];
 
@@ -47,11 +50,12 @@ function correctedIn(said: string, language: Language): string {
     const tokens = tokensOf(item, language);
     const at = tokens.findIndex((_, place) => isCorrection(tokens, place, language));
     const from = at < 0 ? undefined : correctedFrom(tokens, at, language)!;
-    const rest = from === undefined || from === tokens.length ? undefined : item.slice(tokens[from]!.start);
+    const rest = from === undefined || from === tokens.length ? undefined : item.slice(tokens[from]!.start).replace(addsAgain, "");
+    const bare = isAgain ? item.replace(addsAgain, "") : item;
     if (isAgain || (at === 0 && rest !== undefined)) items.pop();
     isAgain = from === tokens.length;
     if (rest !== undefined) items.push(rest);
-    else if (!isAgain || at > 0) items.push(at > 0 ? item.slice(0, tokens[at]!.start).trim() : item);
+    else if (!isAgain || at > 0) items.push(at > 0 ? item.slice(0, tokens[at]!.start).trim() : bare);
   }
   return items.join(", ");
 }

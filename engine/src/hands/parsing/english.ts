@@ -97,7 +97,7 @@ export const english: Phrasing = {
       "thing)", "one more thing", "before i forget",
     "(i think|i guess|i suppose) (you|we|i) (could|should|can)", "(i wonder|wonder) if you (could|can)", "go on [and]",
     "could use you to", "i want to", "i need to", "i have to",
-    "(pray|do|perhaps)", "(if it is not|if that is not) too much (bother|trouble)", "(might|may|could) i (ask you|trouble you|ask|have you) to",
+    "(pray|do|perhaps|possibly)", "sorry to (bother|trouble|disturb) you [but]", "i hate to (ask|bother you|trouble you) but", "(ugh|ah well|oh well|let me see)", "(if it is not|if that is not) too much (bother|trouble)", "(might|may|could) i (ask you|trouble you|ask|have you) to",
     "(i would be|i should be|i would be most) (obliged|grateful|glad|much obliged|very grateful) if you (would|could)",
     "i (wonder|was wondering) (whether|if) you (might|could|would) [be so kind as to]", "i would ask you to", "i find that",
     "i (would|should) (be most grateful for|be grateful for|appreciate|like)", "(would|might) you happen to (know|have)",
@@ -111,10 +111,10 @@ export const english: Phrasing = {
   ],
   polite: [
     "please", "(thanks|thank you) [so much|very much|a lot]", "(if you please|there is a dear|if you will|if you would be so kind)", "(would|will|could|can) you",
-    "if you (can|could|would|do not mind)",
+    "if you (can|could|would|do not mind)", "(that|it|this) would be (lovely|great|nice|wonderful|kind|grand|perfect|helpful)",
   ],
   after: [
-    "for me", "(now|right now|right away|immediately|at once|quickly|asap|for us)", "if possible", "ok", "okay", "then", "mate",
+    "for me", "at the moment", "(now|right now|right away|immediately|at once|quickly|asap|for us)", "if possible", "ok", "okay", "then", "mate",
     "buddy", "again", "when you can", "real quick", "quick", "instead", "cheers", "(will|would) you please",
     "(i am|we are) (on the phone|in a meeting|leaving|going out|trying to sleep|trying to work|on a call|busy|cooking|sleeping)",
     "i (can not|can hardly|can barely) (hear|hear it|hear you|hear this|hear anything|hear the music)",

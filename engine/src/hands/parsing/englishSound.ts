@@ -70,7 +70,7 @@ export const englishSound: readonly Request[] = [
       "(speak|talk|say it|say that) [<bit>] (louder|up|more loudly|loudly)",
       "(louder|a bit louder|a little louder) when you (speak|talk)",
       "(use|speak with|speak in|talk in|talk with) a louder voice", "you (need|have) to (speak|talk) [<bit>] (up|louder)",
-      "you are (speaking|talking) [<bit>] too (quietly|softly|low)", "your voice is [<bit>] too (quiet|soft|low)",
+      "you are (speaking|talking) [<bit>] too (quietly|softly|low)", "your voice is [<bit>] too (quiet|soft|low) [(raise it|turn it up|bring it up)]",
       "(raise|up) the voice", "(raise|turn up|increase|bring up) your (voice|volume) [<bit>] [by {number} [<percent>]]",
       "turn your (voice|volume) up [<bit>] [by {number} [<percent>]]", "you are [<bit>] too (quiet|soft)",
       "i can (not|hardly|barely) hear you", "make your (voice|volume) [<bit>] louder", "say it louder",
@@ -81,7 +81,7 @@ export const englishSound: readonly Request[] = [
     [
       "(speak|talk) [in] [a] (whisper|low voice|whispers|soft voice|quiet voice|quieter voice|softer voice|lower voice)",
       "whisper", "(pipe|tone) down", "(use|speak with|talk with) a (softer|quieter|lower) voice", "not so loud",
-      "you are (speaking|talking|shouting) [<bit>] too loud", "your voice is [<bit>] too loud", "stop (shouting|yelling)",
+      "you are (speaking|talking|shouting) [<bit>] too loud", "(your voice is|you are) [<bit>] too loud [(lower it|turn it down|bring it down)]", "stop (shouting|yelling)",
       "stop (talking|speaking) so (loud|loudly)",
       "do not (shout|yell) [at me]",
       "(speak|talk) [<bit>] (less loud|less loudly|lower|softer|quieter|more quietly|more softly|quietly|softly|down)",

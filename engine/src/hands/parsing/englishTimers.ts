@@ -173,6 +173,7 @@ export const englishTimers: readonly Request[] = [
       "how (long|much longer|much time) (does|has|have|is|do) [<the>] [{few:name}] (timer|timers|countdown) (have|got|has|" +
         "left|still have|still got) [<left>] [to run]",
       "how (long|much longer|much time) is [still] <left> (on|for|in) {few:name}",
+      "how (long|much longer|much time) (<the> {few:name} has [got]|has <the> {few:name} got) [<left>]",
       "how (long|much time) does [<the>] [{few:name}] (timer|countdown) [still] have <left>",
       "how (long|much longer|much time) (until|till|before) <the> {few:name} (is|are) (over|done|ready|finished|up|cooked)",
       "how (long|much longer|much time) (has|have) <the> {few:name} [still] (got|left) [left|to go|still]",

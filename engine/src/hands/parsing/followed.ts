@@ -3,7 +3,7 @@
 import type { Language } from "../../base/language.ts";
 import type { Meant } from "./meanings.ts";
 import { isItem } from "./names.ts";
-import { understood } from "./sentence.ts";
+import { isPolite, understood } from "./sentence.ts";
 
 /** The request that stands before, with the words that it begins with. */
 export interface Before extends Meant {
@@ -16,8 +16,15 @@ const another = /^(?:one|another(?: one)?|um|uma|outro|outra)\s+(?=(?:of|for|at|
 /** "I mean the blue one", and not "twenty one": it counts nothing. */
 const someOne = /(?<!\b(?:twenty|thirty|forty|fifty|e))[\s-]+(?:one|uma?)[\s.!?]*$/iu;
 
+const sets: Record<Language, RegExp> = {
+  en: /^(?:please )?(?:set|start|make|put|add|create|begin|give)\s/iu,
+  pt: /^(?:(?:já|ja|aí|ai) )?(?:põe|poe|ponha|coloca|coloque|bota|bote|cria|crie|marca|marque|inicia|inicie|começa|liga|ligue)\s/iu,
+};
+
 /** What it asks for with the verb of the request before it, of which it has to be another one. */
 export function elided(text: string, verb: Before, language: Language, now: Date): Meant | undefined {
+  // What has a verb of its own, or none, is not cancelled: "cancel the egg timer, please, and set one of four minutes".
+  if (verb.given.do === "cancel" && (sets[language].test(text) || isPolite(text, language, now))) return undefined;
   // "Put a timer of ten minutes and one of half an hour": "one" is another timer.
   const bare = text.replace(another, "");
   const unit = /\b(seconds?|minutes?|hours?|segundos?|minutos?|horas?)\b/iu.exec(verb.text)?.[1];

@@ -64,6 +64,8 @@ function joinedIn(sentence: string, start: number, around: Around, isRest = fals
     // "You are too loud, speak softly" asks for one thing.
     const [following, ...others] = rest ?? [];
     if (!following) continue;
+    const onDay = meant && following.meant ? onDayOf(text, meant, following, language, now) : undefined;
+    if (onDay) return [{ ...part, meant: onDay }, following, ...others];
     if (!meant || !following.meant) return [part, following, ...others];
     if (repeats(meant, following.meant)) return [following, ...others];
     if (/^,\s+$/.test(places[at]![0])) {
@@ -76,9 +78,28 @@ function joinedIn(sentence: string, start: number, around: Around, isRest = fals
   return undefined;
 }
 
-/** Said in two ways, a thing is asked for once: but two songs may be skipped, and two timers set. */
+/** "Alarms for six and six fifteen tomorrow morning": both of them. */
+function onDayOf(text: string, meant: Meant, following: JoinedPart, language: Language, now: Date): Meant | undefined {
+  const [day] = lastDay[language].exec(following.text) ?? [];
+  const areAlarms = [meant, following.meant].every((each) => each?.hand === "timer" && each.given.do === "alarm");
+  if (day === undefined || !areAlarms || anyDay[language].test(text)) return undefined;
+  const other = understood(`${text}${day}`, language, now);
+  return other?.given.do === "alarm" ? other : undefined;
+}
+
+const lastDay: Record<Language, RegExp> = {
+  en: /\s+(?:(?:tomorrow|on \p{L}+day)(?: (?:morning|afternoon|evening|night))?|tonight|in the (?:morning|afternoon|evening))(?=[\s.!?]*(?:please)?[.!?]*$)/iu,
+  pt: /\s+(?:(?:da|de) (?:manhã|manha|tarde|noite)(?: de (?:amanhã|amanha|hoje))?|(?:de )?(?:amanhã|amanha)(?: (?:de|à) (?:manhã|manha|tarde|noite))?)(?=[\s.!?]*$)/iu,
+};
+const anyDay: Record<Language, RegExp> = {
+  en: /\b(?:today|tonight|tomorrow|morning|afternoon|evening|night|noon|midnight|[ap]\.?m\b|\p{L}+day\b)/iu,
+  pt: /(?<!\p{L})(?:hoje|amanhã|amanha|manhã|manha|tarde|noite|meio-dia|meia-noite|segunda|terça|quarta|quinta|sexta|sábado|domingo)/iu,
+};
+
+/** Said in two ways, a thing is asked for once: but two songs may be skipped, and two timers set, though none cancelled twice. */
 function repeats(one: Meant, other: Meant): boolean {
-  return !/^(timer|media|note)$/.test(one.hand) && one.hand === other.hand && JSON.stringify(one.given) === JSON.stringify(other.given);
+  const isOnce = !/^(timer|media|note)$/.test(one.hand) || (one.hand === "timer" && one.given.do === "cancel");
+  return isOnce && one.hand === other.hand && JSON.stringify(one.given) === JSON.stringify(other.given);
 }
 
 /** "Give me five more minutes, snooze": what says the same after a comma is no second one, with what either says more. */
@@ -98,14 +119,23 @@ export function remindersIn({ text, start, meant }: JoinedPart, language: Langua
   for (const { index, 0: joint } of [...text.matchAll(joints[language])].slice(0, mostJoints)) {
     const next = index + joint.length;
     const rest = text.slice(next);
-    const [first, second] = [understood(text.slice(0, index), language, now), timeFirst[language].test(rest) ? understood(`${verb} ${rest}`, language, now) : undefined];
-    if (first && keptIn(first) === "about" && second && keptIn(second) === "about") {
-      const others = remindersIn({ text: `${verb} ${rest}`, start: start + next, meant: second }, language, now);
+    const isAgain = asksAgain[language].test(rest);
+    const whole = isAgain ? rest : `${verb} ${rest}`;
+    const first = understood(text.slice(0, index), language, now);
+    const second = isAgain || timeFirst[language].test(rest) ? understood(whole, language, now) : undefined;
+    const areTimed = !isAgain || (first?.given.at !== undefined && second?.given.at !== undefined);
+    if (first && keptIn(first) === "about" && second && keptIn(second) === "about" && areTimed) {
+      const others = remindersIn({ text: whole, start: start + next, meant: second }, language, now);
       return [{ text: text.slice(0, index), start, meant: first }, ...(others ?? [{ text: rest, start: start + next, meant: second }])];
     }
   }
   return undefined;
 }
+
+/** What one is to be reminded of may hold these words too: unless each has its own time, it is one. */
+const asksAgain: Record<Language, RegExp> = {
+  en: /^(?:then )?remind (?:me|us)\s/iu, pt: /^(?:depois )?(?:me (?:lembr[ae]|avis[ae])|lembre?-me)\s/iu,
+};
 
 const timeFirst: Record<Language, RegExp> = {
   en: /^(?:then )?(?:at|in|on|tomorrow|tonight|next|this|the day after)\s/iu,

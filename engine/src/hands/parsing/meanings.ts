@@ -41,7 +41,7 @@ function count(slots: Slots, name: string): number | undefined {
 }
 
 function name(slots: Slots): { name?: string } | undefined {
-  const said = text(slots, "name");
+  const said = text(slots, "name")?.replace(/^(?:pr[oa]s?|para [oa]s?)\s+(?=\S)/iu, "");
   if (said === undefined) return {};
   return isTimerName(said) ? { name: said } : undefined;
 }

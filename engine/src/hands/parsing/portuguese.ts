@@ -97,7 +97,10 @@ export const portuguese: Phrasing = {
       "rede)",
   },
   before: [
-    "por favor", "por gentileza", "por obsequio", "(ve|veja|olha|confere|checa) [ai] se", "(na verdade|alias|pensando bem|melhor)", "(voce|ce) ?",
+    "por favor", "por gentileza", "por obsequio", "com licenca", "(desculpa|desculpe) (incomodar|o incomodo) [mas]", "tipo assim",
+    "(o senhor|a senhora) (pode|poderia|consegue|podia|saberia)", "(voce|o senhor|a senhora) (saberia|sabe|pode|poderia) me (dizer|informar|falar)",
+    "(voce|o senhor|a senhora) (faria|me faria|pode fazer|poderia fazer) (a gentileza|o favor|um favor|o obsequio) (de|e)",
+    "[eu] (preferia|preferiria|agradeceria se) [que] voce", "(se nao der|se nao for dar) muito trabalho", "[ah] antes que eu me esqueca", "deixa eu ver", "(ve|veja|olha|confere|checa) [ai] se", "(na verdade|alias|pensando bem|melhor)", "(voce|ce) ?",
     "(nossa|caramba|puxa|eita|poxa|ih|vixe|desculpa|desculpe|espera|espera ai|perai|pera|um momento|so um momento|enfim|pois e)",
     "(voce|tu) (pode|poderia|consegue|podia|pode por favor|poderia por favor|conseguiria)",
     "(pode|poderia|consegue|podia|podes|da para|daria para|sera que voce pode|sera que voce poderia|sera que pode|sera que " +
@@ -142,6 +145,7 @@ export const portuguese: Phrasing = {
     "me (tira|tire) uma duvida", "seria (possivel|bom|otimo) [voce]", "(acho que|entao|bom) (voce|) (pode|podia|poderia)",
   ],
   polite: [
+    "[eu] (fico|ficaria) [muito] (grato|grata|agradecido|agradecida)",
     "por favor", "por gentileza", "(obrigado|obrigada|valeu|muito obrigado|muito obrigada)", "se puder", "se der", "faz favor",
     "se voce puder",
     "(por favorzinho|faz favor|fazendo favor|se nao se importar|brigado|brigada|agradeco|grato|grata|meu bem|querida|" +

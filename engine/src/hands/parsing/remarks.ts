@@ -55,6 +55,10 @@ const purpose: Record<Language, RegExp> = {
 const because: Record<Language, RegExp> = { en: /^(because|since|cause|cos|coz)$/, pt: /^(porque|pois|que|ja)$/ };
 /** After "que" a reason is told of somebody or something. */
 const reason = /^(o|a|os|as|meu|minha|meus|minhas|eu|a gente|aqui|ele|ela|ja|hoje|ainda|la) \S+ /;
+/** What begins a request after what was told, also where no mark stands between them. */
+const asks: Record<Language, RegExp> = {
+  en: /^(please (?!and\b|then\b)\S|(can|could|will|would) you\b)/, pt: /^((voce|o senhor|a senhora) (pode|poderia)\b|(pode|poderia) me\b)/,
+};
 const between = /[,;:.!?–—-]/;
 const longest = 12;
 
@@ -63,21 +67,38 @@ export function withoutRemarks(text: string, tokens: readonly Token[], language:
   const ways: (readonly Token[])[] = [];
   for (let at = 1; at < tokens.length; at++) {
     const isMarked = between.test(text.slice(tokens[at - 1]!.end, tokens[at]!.start));
-    if (isMarked && isRemark(text, tokens.slice(0, at), language)) ways.push(tokens.slice(isSo(tokens[at]!) ? at + 1 : at));
+    const from = isSo(tokens[at]!) ? at + 1 : at;
+    const isAsked = asks[language].test(tokens.slice(from, from + 3).map(({ plain }) => plain).join(" "));
+    const told = tokens.slice(0, at);
+    if ((isMarked && isAsked && isTold(told, language)) || ((isMarked || isAsked) && isRemark(text, told, language))) ways.push(tokens.slice(from));
     const isReason = because[language].test(tokens[at]!.plain);
     const rest = tokens.slice(at);
     if (purpose[language].test(`${rest.slice(0, longest).map(({ plain }) => plain).join(" ")} `)) ways.push(tokens.slice(0, at));
     if (!isMarked && !isReason) continue;
     const said = isReason ? [rest, rest.slice(1), rest[1]?.plain === "que" ? rest.slice(2) : rest] : [rest];
-    const isTold = language === "pt" && tokens[at]!.plain === "que" && isReasonOf(rest.slice(1));
-    if (isTold || said.some((each) => isRemark(text, each, language))) ways.push(tokens.slice(0, at));
+    const isWhy = language === "pt" && tokens[at]!.plain === "que" && isReasonOf(rest.slice(1));
+    if (isWhy || said.some((each) => isRemark(text, each, language))) ways.push(tokens.slice(0, at));
   }
   return ways;
 }
 
-function isSo({ plain }: Token): boolean {
-  return /^(so|then|entao|e|and)$/.test(plain);
+/** It tells something, and nothing of what somebody says, or when. */
+function isTold(tokens: readonly Token[], language: Language): boolean {
+  return tokens.length > 1 && tokens.length <= longest && !tells[language].test(tokens.map(({ plain }) => plain).join(" "));
 }
+
+function isSo({ plain }: Token): boolean {
+  return /^(so|then|but|entao|mas|e|and)$/.test(plain);
+}
+
+/** The question that ends the sentence, after something that is told; none where somebody else asks it. */
+export function questionAtEnd(text: string, tokens: readonly Token[], language: Language): readonly Token[] | undefined {
+  const at = tokens.findLastIndex(({ start }, place) => place > 0 && /[,;.–—-]/.test(text.slice(tokens[place - 1]!.end, start)));
+  const isQuestion = at > 0 && questions[language].test(tokens[at]!.plain);
+  return isQuestion && isTold(tokens.slice(0, at), language) ? tokens.slice(at) : undefined;
+}
+
+const questions: Record<Language, RegExp> = { en: /^(what|how|which|have|is|are)$/, pt: /^(quant[oa]s?|qual|quais|que)$/ };
 
 function isReasonOf(tokens: readonly Token[]): boolean {
   const said = `${tokens.map(({ plain }) => plain).join(" ")} `;
@@ -90,7 +111,8 @@ const chose = wordsOf(
     "anotei|acabei|fizemos|marcamos",
 );
 
-function isRemark(text: string, tokens: readonly Token[], language: Language): boolean {
+/** It says who is in which state, or does what, and asks for nothing by the way it begins. */
+export function isRemark(text: string, tokens: readonly Token[], language: Language): boolean {
   if (tokens.length < 2 || tokens.length > longest) return false;
   // "É", which says what is, and "e", which goes on.
   const said = `${tokens.map(({ plain, start, end }) => (text.slice(start, end).toLowerCase() === "é" ? "é" : plain)).join(" ")} `;

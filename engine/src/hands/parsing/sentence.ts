@@ -5,11 +5,11 @@ import { day } from "./days.ts";
 import { english } from "./english.ts";
 import { gistOf, prepareGist } from "./gist.ts";
 import { matched, phrase, type Phrase, type Sentence } from "./grammar.ts";
-import { keptIn, meanings, verbatim, type MeaningName, type Meant, type Phrasing } from "./meanings.ts";
+import { changes, keptIn, meanings, verbatim, type MeaningName, type Meant, type Phrasing } from "./meanings.ts";
 import { moment } from "./moments.ts";
 import { portuguese } from "./portuguese.ts";
 import { withReferences } from "./references.ts";
-import { withoutRemarks } from "./remarks.ts";
+import { isRemark, questionAtEnd, withoutRemarks } from "./remarks.ts";
 import { isFiller, isPause, said, tokensOf, withoutAsides, type Token } from "./tokens.ts";
 
 interface Compiled {
@@ -62,12 +62,18 @@ export function understood(text: string, language: Language, now: Date): Meant |
   if (timed) return timed;
   for (const rest of [...new Set([0, ...starts])].flatMap((start) => withoutRemarks(text, tokens.slice(start), language))) {
     const isBefore = rest.at(-1) === tokens.at(-1);
+    // "Lock the screen, please pause the music": nothing is only told there.
+    const told = isBefore ? tokens.slice(0, tokens.length - rest.length) : [];
+    if (!isRemark(text, told, language) && (asked(text, told, language, now) ?? gist(text, told, language, now))) continue;
     const bare = withoutAsides(rest, language);
     const request = asked(text, bare, language, now) ?? gist(text, bare, language, now);
     // What is to be written down may be told like a remark.
     if (request && (isBefore || keptIn(request) === undefined)) return onDayTold(request, text, tokens, rest, language, now);
   }
-  return undefined;
+  const question = questionAtEnd(text, tokens, language);
+  const answer = question && (asked(text, question, language, now) ?? gist(text, question, language, now));
+  // An answer too many harms nobody.
+  return answer && !changes(answer) ? answer : undefined;
 }
 
 /** The words of each day that is named. */
@@ -207,7 +213,19 @@ function isMade(text: string, of: readonly Phrase[], language: Language, now: Da
 
 /** The words of a text that count. */
 export function wordsOf(text: string, language: Language): Token[] {
-  return tokensOf(text, language).filter((token) => !isPause(token) && !isFiller(token, language));
+  const words = tokensOf(withoutHesitations(text), language).filter((token) => !isPause(token) && !isFiller(token, language));
+  return words.filter(({ plain }, at) => plain !== words[at + 1]?.plain || !smallWord.test(plain));
+}
+
+/** Who looks for his words says these twice. */
+const smallWord = /^(the|an?|my|to|is|for|of|o|os?|as?|um|uma|de|do|da|meu|minha|para)$/;
+/** Where marks stand before and after it, it only gains time. */
+const hesitations =
+  /,\s*(?:let['’]s say|let me see|let me think|you know|how do you say|like|hmm|deixa eu (?:ver|pensar)|deixa ver|sei lá|tipo(?: assim)?|digamos)\s*(?=,)/giu;
+
+/** Of the same length, so that places in it are places in the text. */
+function withoutHesitations(text: string): string {
+  return text.replace(hesitations, (found) => " ".repeat(found.length));
 }
 
 /** Where the sentence may end when polite words are taken off it, the shortest first; its beginning for reversed tokens. */

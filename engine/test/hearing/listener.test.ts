@@ -15,16 +15,19 @@ const { runtime, speechDetector } = shipped;
 const children = new Children({ PATH: process.env.PATH });
 afterAll(() => children.endAll());
 
-/** The processes of listeners that this one runs. */
+/** The processes of listeners that this one runs, the newest last: numbers of processes begin anew now and then. */
 function listeners(): number[] {
-  return readdirSync("/proc").map(Number).filter((id) => {
+  const started = readdirSync("/proc").map(Number).flatMap((id) => {
     try {
-      const isOurs = readFileSync(`/proc/${id}/stat`, "latin1").split(") ")[1]?.split(" ")[1] === String(process.pid);
-      return isOurs && readFileSync(`/proc/${id}/cmdline`, "latin1").includes("listenerChild");
+      // After the name: the state, the parent, and as the twentieth when it was started.
+      const fields = readFileSync(`/proc/${id}/stat`, "latin1").split(") ")[1]?.split(" ") ?? [];
+      const isOurs = fields[1] === String(process.pid) && readFileSync(`/proc/${id}/cmdline`, "latin1").includes("listenerChild");
+      return isOurs ? [{ id, start: Number(fields[19]) }] : [];
     } catch {
-      return false;
+      return [];
     }
   });
+  return started.sort((one, other) => one.start - other.start).map(({ id }) => id);
 }
 
 function bench(clock: Clock = systemClock, files = { runtime: runtime ?? "", model: speechDetector ?? "" }) {

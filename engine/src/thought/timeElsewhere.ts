@@ -2,6 +2,8 @@
 
 import type { Language } from "../base/language.ts";
 import { plainWords } from "../base/words.ts";
+import { correctedFrom } from "../hands/parsing/corrections.ts";
+import { isPause, tokensOf } from "../hands/parsing/tokens.ts";
 import { saidTime } from "./timeOfDay.ts";
 import { timeZoneOf } from "./timeZones.ts";
 
@@ -34,8 +36,15 @@ const unknown: Record<Language, (place: string) => string> = {
   pt: (place) => `Não sei que horas são ${place}.`,
 };
 
-/** "In New York, I mean in Chicago": what was said first. */
-const corrected = /^.+?[\s,]+(?:no,?\s+|não,?\s+)?(?:i mean|i meant|or rather|quer dizer|quero dizer|ou melhor|digo),?\s+(?=(?:in|em|no|na|nos|nas)\s)/iu;
+const beforePlace: Record<Language, RegExp> = { en: /^in$/, pt: /^(em|no|na|nos|nas)$/ };
+
+/** "In New York, I mean in Chicago": what was said last. */
+function asCorrected(place: string, language: Language): string {
+  const tokens = tokensOf(place, language).filter((token) => !isPause(token));
+  const slips = tokens.map((_, at) => correctedFrom(tokens, at, language) ?? tokens.length);
+  const from = slips.findLast((next, at) => at > 0 && beforePlace[language].test(tokens[next]?.plain ?? ""));
+  return from === undefined ? place : place.slice(tokens[from]!.start);
+}
 
 /** Gives undefined when the request does not ask for the time at a place. */
 export function timeElsewhere(request: string, now: Date, language: Language, tag: string): string | undefined {
@@ -58,7 +67,8 @@ function askedPlace(request: string, language: Language): string | undefined {
     text = text.replace(endings[language], "");
   }
   for (const question of questions[language]) {
-    const place = question.exec(text)?.[1]?.replace(corrected, "");
+    const said = question.exec(text)?.[1];
+    const place = said && asCorrected(said, language);
     if (place !== undefined && !here[language].test(place) && plainWords(place).length > 1) return `${place.charAt(0).toLowerCase()}${place.slice(1)}`;
   }
   return undefined;

@@ -246,7 +246,8 @@ test("a request that is stopped does no more", async () => {
 describe("what people say", () => {
   const mendedBy = ["first", "second", "third", "fourth", "fifth", "sixth", "seventh", "eighth", "ninth", "tenth", "eleventh", "twelfth"];
   /** Of the last four only what was done wrong was mended, and a few classes. */
-  const sets = [...mendedBy.map((set) => [set, 0.95] as const), ["thirteenth", 0.92] as const, ["fourteenth", 0.84] as const, ["fifteenth", 0.95] as const, ["sixteenth", 0.8] as const];
+  const others = [["thirteenth", 0.92], ["fourteenth", 0.84], ["fifteenth", 0.95], ["sixteenth", 0.8]] as const;
+  const sets = [...mendedBy.map((set) => [set, 0.95] as const), ...others];
   for (const [set, least] of sets) {
     for (const language of ["en", "pt"] as const) {
       test(`is understood in ${language}, the ${set} set of phrasings`, async () => {

@@ -1,7 +1,7 @@
 // Where somebody corrects what was just said: "five, no, wait, ten minutes".
 
 import type { Language } from "../../base/language.ts";
-import { tokensOf, type Token } from "./tokens.ts";
+import { thinking, tokensOf, type Token } from "./tokens.ts";
 
 /** Each alone or after another one. */
 const marks: Record<Language, string[][]> = {
@@ -33,7 +33,7 @@ export function correctedItems(said: string): string {
   return languages.reduce((items, language) => correctedIn(items, language), said).replace(aside, "").replace(fillers, "$1");
 }
 
-const aside = /,\s*(?:(?:and|e)\s+)?(?:oh|ah|uh|um|hmm|let me (?:see|think)|let's see|deixa eu (?:ver|pensar)|deixa ver)(?=,)/giu;
+const aside = new RegExp(`,\\s*(?:(?:and|e)\\s+)?(?:oh|ah|uh|um|hmm|${thinking})(?=,)`, "giu");
 
 /** What is said before one more thing and is no part of it: "paper towels and also bananas". */
 const fillers = /((?:^|,|\s(?:and|e))\s*)(?:(?:oh|ah|uh|um|hmm|also|também|tambem)(?:,\s*|\s+))+(?=\S)/giu;
@@ -50,7 +50,8 @@ function correctedIn(said: string, language: Language): string {
     const tokens = tokensOf(item, language);
     const at = tokens.findIndex((_, place) => isCorrection(tokens, place, language));
     const from = at < 0 ? undefined : correctedFrom(tokens, at, language)!;
-    const rest = from === undefined || from === tokens.length ? undefined : item.slice(tokens[from]!.start).replace(addsAgain, "");
+    const isOver = from === undefined || from === tokens.length;
+    const rest = isOver ? undefined : item.slice(tokens[from]!.start).replace(addsAgain, "");
     const bare = isAgain ? item.replace(addsAgain, "") : item;
     if (isAgain || (at === 0 && rest !== undefined)) items.pop();
     isAgain = from === tokens.length;

@@ -16,6 +16,7 @@ const another = /^(?:one|another(?: one)?|um|uma|outro|outra)\s+(?=(?:of|for|at|
 /** "I mean the blue one", and not "twenty one": it counts nothing. */
 const someOne = /(?<!\b(?:twenty|thirty|forty|fifty|e))[\s-]+(?:one|uma?)[\s.!?]*$/iu;
 
+/** It begins with a verb that sets something. */
 const sets: Record<Language, RegExp> = {
   en: /^(?:please )?(?:set|start|make|put|add|create|begin|give)\s/iu,
   pt: /^(?:(?:já|ja|aí|ai) )?(?:põe|poe|ponha|coloca|coloque|bota|bote|cria|crie|marca|marque|inicia|inicie|começa|liga|ligue)\s/iu,

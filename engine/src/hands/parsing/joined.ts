@@ -88,6 +88,7 @@ function onDayOf(text: string, meant: Meant, following: JoinedPart, language: La
 }
 
 const lastDay: Record<Language, RegExp> = {
+  // The day, or a part of it, and nothing after that.
   en: /\s+(?:(?:tomorrow|on \p{L}+day)(?: (?:morning|afternoon|evening|night))?|tonight|in the (?:morning|afternoon|evening))(?=[\s.!?]*(?:please)?[.!?]*$)/iu,
   pt: /\s+(?:(?:da|de) (?:manhã|manha|tarde|noite)(?: de (?:amanhã|amanha|hoje))?|(?:de )?(?:amanhã|amanha)(?: (?:de|à) (?:manhã|manha|tarde|noite))?)(?=[\s.!?]*$)/iu,
 };

@@ -18,7 +18,8 @@ const neverInTimers = set(
   "a an any the my your this that these those what which another new first second last next other all every me us him her them it please is " +
     "are was were i you he she we they and or when while if dia dias natal ano mim nos o os um uma meu meus este esse isso nenhum outro novo todos de do ao " +
     "timer timers alarm alarms alarme temporizador lembrete ja ficou esta acabou already its their his her your our mine yours ours dele dela deles delas " +
-    "well possibly let would like about around roughly approximately some uns umas went goes is was off exploded per ago left over remaining later longer more early late que se quando eu voce ele ela pensar minus menos zero",
+    "well possibly let would " +
+    "like about around roughly approximately some uns umas went goes is was off exploded per ago left over remaining later longer more early late que se quando eu voce ele ela pensar minus menos zero",
 );
 /** A list is not called so: "my shopping list is too long" tells something of it. */
 const neverInLists = set(

@@ -98,9 +98,12 @@ export const portuguese: Phrasing = {
   },
   before: [
     "por favor", "por gentileza", "por obsequio", "com licenca", "(desculpa|desculpe) (incomodar|o incomodo) [mas]", "tipo assim",
-    "(o senhor|a senhora) (pode|poderia|consegue|podia|saberia)", "(voce|o senhor|a senhora) (saberia|sabe|pode|poderia) me (dizer|informar|falar)",
+    "(o senhor|a senhora) (pode|poderia|consegue|podia|saberia)",
+    "(voce|o senhor|a senhora) (saberia|sabe|pode|poderia) me (dizer|informar|falar)",
     "(voce|o senhor|a senhora) (faria|me faria|pode fazer|poderia fazer) (a gentileza|o favor|um favor|o obsequio) (de|e)",
-    "[eu] (preferia|preferiria|agradeceria se) [que] voce", "(se nao der|se nao for dar) muito trabalho", "[ah] antes que eu me esqueca", "deixa eu ver", "(ve|veja|olha|confere|checa) [ai] se", "(na verdade|alias|pensando bem|melhor)", "(voce|ce) ?",
+    "[eu] (preferia|preferiria|agradeceria se) [que] voce",
+    "(se nao der|se nao for dar) muito trabalho", "[ah] antes que eu me esqueca", "deixa eu ver",
+    "(ve|veja|olha|confere|checa) [ai] se", "(na verdade|alias|pensando bem|melhor)", "(voce|ce) ?",
     "(nossa|caramba|puxa|eita|poxa|ih|vixe|desculpa|desculpe|espera|espera ai|perai|pera|um momento|so um momento|enfim|pois e)",
     "(voce|tu) (pode|poderia|consegue|podia|pode por favor|poderia por favor|conseguiria)",
     "(pode|poderia|consegue|podia|podes|da para|daria para|sera que voce pode|sera que voce poderia|sera que pode|sera que " +

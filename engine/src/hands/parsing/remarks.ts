@@ -70,7 +70,8 @@ export function withoutRemarks(text: string, tokens: readonly Token[], language:
     const from = isSo(tokens[at]!) ? at + 1 : at;
     const isAsked = asks[language].test(tokens.slice(from, from + 3).map(({ plain }) => plain).join(" "));
     const told = tokens.slice(0, at);
-    if ((isMarked && isAsked && isTold(told, language)) || ((isMarked || isAsked) && isRemark(text, told, language))) ways.push(tokens.slice(from));
+    const isBeside = isRemark(text, told, language) ? isMarked || isAsked : isMarked && isAsked && isTold(told, language);
+    if (isBeside) ways.push(tokens.slice(from));
     const isReason = because[language].test(tokens[at]!.plain);
     const rest = tokens.slice(at);
     if (purpose[language].test(`${rest.slice(0, longest).map(({ plain }) => plain).join(" ")} `)) ways.push(tokens.slice(0, at));

@@ -10,7 +10,7 @@ import { moment } from "./moments.ts";
 import { portuguese } from "./portuguese.ts";
 import { withReferences } from "./references.ts";
 import { isRemark, questionAtEnd, withoutRemarks } from "./remarks.ts";
-import { isFiller, isPause, said, tokensOf, withoutAsides, type Token } from "./tokens.ts";
+import { isFiller, isPause, said, thinking, tokensOf, withoutAsides, type Token } from "./tokens.ts";
 
 interface Compiled {
   before: Phrase[];
@@ -220,8 +220,7 @@ export function wordsOf(text: string, language: Language): Token[] {
 /** Who looks for his words says these twice. */
 const smallWord = /^(the|an?|my|to|is|for|of|o|os?|as?|um|uma|de|do|da|meu|minha|para)$/;
 /** Where marks stand before and after it, it only gains time. */
-const hesitations =
-  /,\s*(?:let['’]s say|let me see|let me think|you know|how do you say|like|hmm|deixa eu (?:ver|pensar)|deixa ver|sei lá|tipo(?: assim)?|digamos)\s*(?=,)/giu;
+const hesitations = new RegExp(`,\\s*(?:${thinking}|you know|how do you say|like|hmm|sei lá|tipo(?: assim)?|digamos)\\s*(?=,)`, "giu");
 
 /** Of the same length, so that places in it are places in the text. */
 function withoutHesitations(text: string): string {

@@ -89,6 +89,9 @@ export function isPause({ plain }: Token): boolean {
   return /^[.,;:!?…–—-]$/.test(plain);
 }
 
+/** What somebody says while thinking; a part of a pattern. */
+export const thinking = "let me (?:see|think)|let['’]s (?:see|say)|deixa eu (?:ver|pensar)|deixa ver";
+
 const fillers: Record<Language, RegExp> = { en: /^(uh+|u[hm]m*|er+m?|hm+|ah+|eh|mm+)$/, pt: /^(ah+|eh+|ahn|hm+|hum+|uh+|ai|ne|hein|hem)$/ };
 
 /** A sound or a word that somebody makes while thinking. */

@@ -7,7 +7,7 @@ import { type Environment, run, until } from "../rehearsal/process";
 import type { Rectangle } from "../rehearsal/screen";
 import type { Desktop, Notice } from "./desktop";
 import type { Session } from "./session";
-import { x11Terminal, x11Screens, x11Windows } from "./x11";
+import { x11Screens, x11Terminal, x11Windows } from "./x11";
 
 const appIndicators = "ubuntu-appindicators@ubuntu.com";
 /** Lets the shell answer what its looking glass would, for it tells nobody where it shows what. */

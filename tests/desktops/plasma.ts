@@ -6,7 +6,7 @@ import { run } from "../rehearsal/process";
 import type { Rectangle } from "../rehearsal/screen";
 import type { Desktop } from "./desktop";
 import type { Session } from "./session";
-import { noticeBy, x11Terminal, x11Screens, x11Windows } from "./x11";
+import { noticeBy, x11Screens, x11Terminal, x11Windows } from "./x11";
 
 /** The windows stand left of it, the tray right. */
 const middle = 640;

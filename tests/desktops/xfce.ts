@@ -5,7 +5,7 @@ import type { Rectangle } from "../rehearsal/screen";
 import type { Desktop } from "./desktop";
 import { setOfGnome } from "./gnome";
 import { processesOf, type Session } from "./session";
-import { noticeBy, x11Terminal, x11Screens, x11Windows } from "./x11";
+import { noticeBy, x11Screens, x11Terminal, x11Windows } from "./x11";
 
 /** The part of a window's number that the X server gave to the program. */
 const clientOf = (id: string) => Number(id) >> 21;

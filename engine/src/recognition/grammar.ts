@@ -46,19 +46,21 @@ export async function buildGrammar(vocabulary: Vocabulary, pronouncer: Pronounce
   const request = sayable(requests);
   if (request.length === 0) return undefined;
   const call = sayable(own.calls);
+  const name = sayable(wakeWords);
   const rules: [string, string[]][] = [
-    ["name", sayable(wakeWords).flatMap((name) => [name, ...call.map((word) => `${word} ${name}`)])],
+    ["name", name],
+    ["call", name.flatMap((each) => [each, ...call.map((word) => `${word} ${each}`)])],
     ["act", sayable(actionPhrases)],
     ["command", sayable(commands)],
     ["request", request],
   ];
   const filled = rules.filter(([, choices]) => choices.length > 0);
-  const has = (name: string): boolean => filled.some(([rule]) => rule === name);
-  const [before, after] = has("name") ? ["[<name>] ", " [<name>]"] : ["", ""];
+  const has = (wanted: string): boolean => filled.some(([rule]) => rule === wanted);
+  // Nobody calls twice in one breath, nor says "hey" after what they want.
+  const before = has("name") ? "[<call>] " : "";
   const known = [
-    `${before}<request>${after}`,
-    `${before}<command>${after}`,
-    ...(has("name") ? ["<name>"] : []),
+    ...["<request>", "<command>"].flatMap((wanted) => [`${before}${wanted}`, ...(has("name") ? [`${wanted} <name>`] : [])]),
+    ...(has("name") ? ["<call>"] : []),
     ...(has("act") ? [`${before}<act>`, `${before}<request> <act>`] : []),
   ];
   const grammar = (name: string, lines: string[]): string =>

@@ -15,6 +15,17 @@ describe("the grammar", () => {
     expect(grammar?.read("")).toBeUndefined();
   });
 
+  test.skipIf(!hasSphinx)("has a call before what is wanted, or the name after it, and not both", async () => {
+    const grammar = await buildGrammar(
+      { language: "pt", voice: "pt-br", wakeWords: ["Palomet"], actionPhrases: [], requests: ["que horas são"] },
+      new Pronouncer(installed, undefined),
+    );
+    const rule = /^public <utterance> = (.*);$/m.exec(grammar?.known ?? "")?.[1];
+    expect(rule?.split(" | ")).toEqual(["[<call>] <request>", "<request> <name>", "[<call>] <command>", "<command> <name>", "<call>"]);
+    expect(grammar?.known).toContain("<name> = palomet;");
+    expect(grammar?.known).toContain("<call> = palomet | ei palomet");
+  });
+
   test("is none when no word can be pronounced", async () => {
     const vocabulary = { language: "pt" as const, voice: "pt-br", wakeWords: [], actionPhrases: [], requests: ["ajuda"] };
     expect(await buildGrammar(vocabulary, new Pronouncer(new Children({ PATH: "" }), undefined))).toBeUndefined();

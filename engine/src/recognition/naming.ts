@@ -51,7 +51,7 @@ const commonRarity = 3;
 const lossARarity = 2 / 3;
 /** A rarer name is looked for with other vowels as well, and may lose so much at least. */
 const leastRarity = 6;
-const rareLoss = 9.2;
+const rareLoss = 10.3;
 /**
  * A name that no pause sets off may lose this share of it: what ends a sentence without one is mostly a part of it. So may one
  * in whose place words of fewer syllables were heard: a decoder that does not know a name writes down all of its sound.

@@ -55,3 +55,9 @@ export function dayIn(given: unknown, key: string): Date | undefined {
   const date = new Date(year, month - 1, day, 12);
   return date.getMonth() === month - 1 && date.getDate() === day ? date : undefined;
 }
+
+/** The texts of a list, at most so many. */
+export function textsIn(given: unknown, key: string, most: number): string[] {
+  const value = isRecord(given) ? given[key] : undefined;
+  return Array.isArray(value) ? value.slice(0, most).filter((text) => typeof text === "string") : [];
+}

@@ -3,6 +3,21 @@
 import type { Requests } from "./requests.ts";
 
 export const englishRequests: Requests = [
+  ["timer", { do: "change", kind: "timer", by: 300 }, [
+    "add five minutes to my timer", "make that timer five minutes longer", "extend the timer by five minutes", "put another five minutes on the timer",
+    "could you give the timer five more minutes", "the timer needs five more minutes", "tack an extra five minutes onto the timer",
+  ]],
+  ["timer", { do: "change", kind: "timer", name: "pasta", by: -120 }, ["take two minutes off the pasta timer", "shorten the pasta timer by two minutes"]],
+  ["timer", { do: "change", kind: "timer", name: "pizza", length: 1_200 }, ["change the pizza timer to twenty minutes", "could you switch my pizza timer to 20 minutes, please?"]],
+  ["timer", { do: "change", kind: "timer", seconds: 600, length: 900 }, ["change the ten minute timer to fifteen minutes", "change the timer from ten minutes to fifteen minutes"]],
+  ["timer", { do: "change", kind: "alarm", to: "2026-11-18T20:00", toTimes: ["08:00", "20:00"] }, ["change my alarm to eight", "move the alarm to eight o'clock", "reschedule my alarm for eight"]],
+  ["timer", { do: "change", kind: "alarm", times: ["07:00", "19:00"], to: "2026-11-18T20:00", toTimes: ["08:00", "20:00"] }, [
+    "move my seven o'clock alarm to eight", "change my alarm from seven to eight", "change the alarm for seven o'clock to eight",
+  ]],
+  ["timer", { do: "change", kind: "alarm", to: "2026-11-20T06:30" }, ["push my alarm to 6:30 am on Friday", "change the alarm to half past six on Friday morning"]],
+  ["timer", { do: "change", kind: "alarm", by: 1_800 }, ["push my alarm back by half an hour", "push back the alarm thirty minutes", "make my alarm half an hour later"]],
+  ["timer", { do: "change", kind: "alarm", by: -1_800 }, ["make my alarm half an hour earlier", "bring the alarm forward by thirty minutes"]],
+  ["timer", { do: "change", kind: "reminder", name: "call Ana", to: "2026-11-18T18:00", toTimes: ["06:00", "18:00"] }, ["move the reminder to call Ana to six", "reschedule the reminder about call Ana for six"]],
   ["timer", { do: "timer", seconds: 300 }, [
     "set a timer for five minutes", "Set a timer for 5 minutes.", "please set a five minute timer", "start a 5 minute timer", "five minute timer please",
     "timer for 5 minutes", "timer five minutes", "can you set a timer for five minutes?", "could you please start a timer for 5 mins", "set me a five-minute timer",
@@ -121,6 +136,9 @@ export const englishRequests: Requests = [
 
 /** None of these asks for anything that a hand does. */
 export const englishTalk: readonly string[] = [
+  "I added five minutes to my timer", "don't change my alarm to eight", "she asked me, could you wake me at seven", "if I asked you nicely, would you wake me at seven?",
+  "I saw my brother pause the music", "my sister is going to pause the music", "what is playing turn it up", "my brother is the one who locks the screen",
+  "the thing I am looking at is lock the screen", "if she is late, so set a timer for five minutes",
   "I set a timer yesterday, how did that go?", "I set a timer for five minutes yesterday", "did you set a timer for five minutes?", "don't set a timer for five minutes", "how do I set a timer for five minutes", "why did you set a timer for five minutes",
   "my grandmother had a timer for five minutes", "do not cancel the timer", "don't wake me up at seven", "he said wake me up at seven", "what happens if I cancel the timer", "should I set an alarm for seven?", "I already set an alarm for seven", "what is a timer",
   "set a timer", "set an alarm", "remind me", "remind me to buy milk", "who invented the alarm clock", "the alarm woke me up at seven", "you didn't remind me to buy milk", "she reminded me to buy milk at seven", "I was going to add milk to the shopping list",

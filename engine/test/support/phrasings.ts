@@ -55,7 +55,7 @@ export function phrasingsOf(set: string, language: Language): Phrasing[] {
 /** Says the sentence to the engine without a model, with hands that write down what they are to do. */
 export async function judged({ sentence, expected }: Phrasing, language: Language): Promise<Judged> {
   /** In the order in which it was done or answered. */
-  const doneInOrder: (string | Promise<string>)[] = [];
+  const doneInOrder: (string | Promise<string | string[]>)[] = [];
   const used: string[] = [];
   const hands = ids.map((id): Hand => ({
     id,
@@ -71,7 +71,7 @@ export async function judged({ sentence, expected }: Phrasing, language: Languag
   const settings = { ...request("").settings, confirmActions: [] };
   const other = (text: string): string => (doneInOrder.push(toldTime(text, language)), "");
   await mind.answer({ ...request(sentence), settings }, other, { text: () => {}, tool: () => {} }, going);
-  const parts = (await Promise.all(doneInOrder)).filter((part) => part !== "");
+  const parts = (await Promise.all(doneInOrder)).flat().filter((part) => part !== "");
   const done = parts.join(" + ") || "nothing";
   const isRight = expected.split(" | ").some((each) => isSame(each, parts, language));
   const isDoing = used.some((id) => doing.has(id));
@@ -92,6 +92,15 @@ function plain(text: string): string {
   return plainWords(text).join(" ");
 }
 
+function changedTo({ kind, by, length, to }: Record<string, unknown>, called: string): string | string[] {
+  const which = `${kind} ${called}`.trim();
+  if (typeof by === "number") {
+    const word = kind === "timer" ? (by > 0 ? "longer" : "shorter") : by > 0 ? "later" : "earlier";
+    return `${word} ${kind} ${Math.abs(by)} ${called}`.trim();
+  }
+  return [`cancel ${which}`, `${kind} ${to === undefined ? length : monthAndDay(to)} ${called}`.trim()];
+}
+
 function monthAndDay(day: unknown): string {
   return String(day).slice(5).replace("T", " ");
 }
@@ -106,8 +115,8 @@ function item(text: string): string {
   return plain(text.replace(/^(the|some|a|an|o|a|os|as|um|uma)\s+/i, ""));
 }
 
-/** What a hand was given, in the notation of the phrasings. */
-async function written(id: string, given: Record<string, unknown>, language: Language): Promise<string> {
+/** What a hand was given, in the notation of the phrasings. To set something to another time is to cancel it and to set it. */
+async function written(id: string, given: Record<string, unknown>, language: Language): Promise<string | string[]> {
   const usualList = language === "pt" ? "compras" : "shopping";
   const called = plain(`${given["name"] ?? ""}`);
   switch (id) {
@@ -116,6 +125,7 @@ async function written(id: string, given: Record<string, unknown>, language: Lan
       const seconds = given["seconds"];
       if (what === "timer") return `timer ${seconds} ${called}`.trim();
       if (what === "snooze") return `snooze ${seconds ?? ""}`.trim();
+      if (what === "change") return changedTo(given, called);
       if (what === "cancel") return `cancel ${given["all"] === true ? "all " : ""}${given["kind"]} ${called}`.trim();
       const at = given["at"] ?? local(new Date(now.getTime() + Number(seconds) * 1_000));
       return `${what} ${monthAndDay(at)} ${plain(`${given["about"] ?? ""}`)}${called}`.trim();
@@ -171,6 +181,11 @@ function isPart(expected: string, done: string, language: Language): boolean {
     case "timer":
     case "snooze":
       return done === `${word} ${rest[0] === undefined ? "" : seconds(rest[0])} ${plain(rest.slice(1).join(" "))}`.trim();
+    case "longer":
+    case "shorter":
+    case "later":
+    case "earlier":
+      return done === `${word} ${rest[0]} ${seconds(rest[1] ?? "")} ${plain(rest.slice(2).join(" "))}`.trim();
     case "alarm":
     case "reminder":
       return done === `${word} ${rest.slice(0, 2).join(" ")} ${plain(rest.slice(2).join(" "))}`.trim();

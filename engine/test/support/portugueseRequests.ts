@@ -3,6 +3,15 @@
 import type { Requests } from "./requests.ts";
 
 export const portugueseRequests: Requests = [
+  ["timer", { do: "change", kind: "timer", by: 300 }, [
+    "coloca mais cinco minutos no timer", "aumenta o timer em cinco minutos", "acrescenta cinco minutos no meu timer", "põe mais cinco minutos nesse timer, por favor",
+  ]],
+  ["timer", { do: "change", kind: "timer", name: "pizza", by: -120 }, ["tira dois minutos do timer da pizza", "diminui o timer da pizza em dois minutos"]],
+  ["timer", { do: "change", kind: "timer", name: "feijão", length: 2_400 }, ["muda o timer do feijão pra quarenta minutos", "você pode trocar o timer do feijão para 40 minutos?"]],
+  ["timer", { do: "change", kind: "alarm", to: "2026-11-18T20:00", toTimes: ["08:00", "20:00"] }, ["muda o alarme para as oito", "passa o despertador pras oito"]],
+  ["timer", { do: "change", kind: "alarm", times: ["07:00", "19:00"], to: "2026-11-18T20:00", toTimes: ["08:00", "20:00"] }, ["passa o alarme das sete para as oito", "muda o meu alarme das sete pras oito"]],
+  ["timer", { do: "change", kind: "alarm", by: 1_800 }, ["coloca o alarme meia hora mais tarde"]],
+  ["timer", { do: "change", kind: "alarm", by: -1_800 }, ["adianta o alarme em meia hora", "antecipa o despertador meia hora"]],
   ["timer", { do: "timer", seconds: 300 }, [
     "coloca um timer de cinco minutos", "Coloque um timer de 5 minutos.", "põe um timer de cinco minutos por favor", "bota um timer de 5 minutos aí", "cria um temporizador de cinco minutos", "timer de cinco minutos", "timer de 5 min",
     "por favor, inicia um timer de cinco minutos", "você pode colocar um timer de cinco minutos?", "me avisa em cinco minutos", "me avise daqui a cinco minutos", "marca cinco minutos no timer", "conta cinco minutos", "quero um timer de cinco minutos",
@@ -99,6 +108,7 @@ export const portugueseRequests: Requests = [
 
 /** None of these asks for anything that a hand does. */
 export const portugueseTalk: readonly string[] = [
+  "coloquei mais cinco minutos no timer", "não muda o alarme para as oito", "meu irmão vai pausar a música", "ela perguntou, você pode me acordar às sete", "Mãe, já vou, só mais cinco minutos!",
   "coloquei um timer ontem, como foi?", "eu coloquei um timer de cinco minutos", "você colocou um timer de cinco minutos?", "não coloca um timer de cinco minutos", "como eu coloco um timer de cinco minutos", "por que você colocou um timer", "minha avó tinha um timer de cinco minutos", "não cancela o timer", "não me acorda às sete",
   "ele disse me acorda às sete", "o que acontece se eu cancelar o timer", "devo colocar um alarme para as sete?", "já coloquei um alarme para as sete", "o que é um timer", "coloca um timer", "me lembra", "me lembra de comprar leite", "quem inventou o despertador", "o alarme me acordou às sete", "você não me lembrou de comprar leite",
   "ela me lembrou de comprar leite às sete", "eu ia colocar leite na lista de compras", "não coloca leite na lista de compras", "a lista de compras está grande", "não quero ler minhas notas", "apaga minhas notas", "apaga tudo", "apaga todos os meus arquivos", "apaga a lista de compras", "que nota é dó", "ele deixou uma nota", "anotei tudo ontem",

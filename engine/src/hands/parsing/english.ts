@@ -1,5 +1,6 @@
 // How English asks for a hand: what its phrases share, and what is only polite.
 
+import { englishChanges } from "./englishChanges.ts";
 import { englishDesktop } from "./englishDesktop.ts";
 import { englishFacts } from "./englishFacts.ts";
 import { englishMemory } from "./englishMemory.ts";
@@ -10,6 +11,10 @@ import type { Phrasing } from "./meanings.ts";
 
 export const english: Phrasing = {
   parts: {
+    ones: "(the|my|our|the current|my current|that one)",
+    extra: "((another|an extra|an additional|a further) {duration} [more|longer]|{duration} (more|extra|longer)|{number:minutes} (more|extra|additional) (minute|minutes))",
+    retime: "(change|move|shift|switch|reschedule|adjust|update|modify|alter|correct|push|push back|postpone|put off|bring|bring forward|reset|pull|pull forward|put back)",
+    push: "(push|move|put|shift|bring|pull|set)",
     set:
       "(set|start|create|make|begin|add|run|put in|put on|put|set up|set me|start me|make me|make us|set us|start us|do me|run me|" +
       "setup|give me|get me|i need|i want|i would like|we need|let us have|let us set|let us do|let us start|launch|" +
@@ -100,7 +105,8 @@ export const english: Phrasing = {
     "(pray|do|perhaps|possibly)", "sorry to (bother|trouble|disturb) you [but]",
     "i hate to (ask|bother you|trouble you) but", "(ugh|ah well|oh well|let me see)",
     "(if it is not|if that is not) too much (bother|trouble)", "(might|may|could) i (ask you|trouble you|ask|have you) to",
-    "(i would be|i should be|i would be most) (obliged|grateful|glad|much obliged|very grateful) if you (would|could)",
+    "(i would|i should|i will|it would|that would) be [most|very|so|really|ever so] (obliged|grateful|glad|much obliged|happy|pleased|thankful|great|lovely|good|nice|kind|wonderful|helpful) " +
+      "if you [would|could|can]", "i would (love|like|appreciate|prefer) it if you [would|could]",
     "i (wonder|was wondering) (whether|if) you (might|could|would) [be so kind as to]", "i would ask you to", "i find that",
     "i (would|should) (be most grateful for|be grateful for|appreciate|like)", "(would|might) you happen to (know|have)",
     "(could|might|may) i trouble you for", "might you", "would you kindly",
@@ -133,5 +139,5 @@ export const english: Phrasing = {
     "(i do not|i will not|we do not|i no longer) need (it|that|them) [anymore|any more|any longer|now]",
     "(for a bit|for a while|for a second|for a sec|for a moment|for a minute|for now)",
   ],
-  requests: [...englishTimers, ...englishNotes, ...englishSound, ...englishDesktop, ...englishFacts, ...englishMemory],
+  requests: [...englishChanges, ...englishTimers, ...englishNotes, ...englishSound, ...englishDesktop, ...englishFacts, ...englishMemory],
 };

@@ -1,13 +1,12 @@
 // What requests mean: the hand that a sentence asks for, and what the hand is given. Both languages have phrases for each.
 
+import { changeMeanings } from "./changeMeanings.ts";
 import { correctedItems } from "./corrections.ts";
 import { dayOf, type Day } from "./days.ts";
 import type { Slots } from "./grammar.ts";
 import { localText, timeOf, timesOf, type Moment, type Purpose } from "./moments.ts";
-import {
-  areThings, isApplicationName, isEmptyNote, isItem, isKnownApplication, isKnownFolder, isTimerName, isUnsaid, listName,
-} from "./names.ts";
-import { bare } from "./tokens.ts";
+import { areThings, isApplicationName, isEmptyNote, isItem, isKnownApplication, isKnownFolder, isUnsaid, listName } from "./names.ts";
+import { count, dayText, name, text } from "./slotValues.ts";
 
 /** A hand and what it is to do. */
 export interface Meant {
@@ -15,7 +14,7 @@ export interface Meant {
   given: Record<string, unknown>;
 }
 
-type Meaning = (slots: Slots, now: Date) => Meant | undefined;
+export type Meaning = (slots: Slots, now: Date) => Meant | undefined;
 
 const longestTimer = 7 * 86_400;
 /** "One more day" is said of something else. */
@@ -28,26 +27,6 @@ const manners = /^[\s,]*(?:please|por favor|por gentileza)\b[\s,]*(?:(?:that|que
 function wording(slots: Slots): string | undefined {
   const value = slots.text;
   return typeof value === "string" ? value.replace(manners, "") || undefined : undefined;
-}
-
-function text(slots: Slots, name: string): string | undefined {
-  const value = slots[name];
-  return typeof value === "string" ? bare(value) || undefined : undefined;
-}
-
-function count(slots: Slots, name: string): number | undefined {
-  const value = slots[name];
-  return typeof value === "number" ? value : undefined;
-}
-
-function name(slots: Slots): { name?: string } | undefined {
-  const said = text(slots, "name")?.replace(/^(?:pr[oa]s?|para [oa]s?)\s+(?=\S)/iu, "");
-  if (said === undefined) return {};
-  return isTimerName(said) ? { name: said } : undefined;
-}
-
-function dayText({ year, month, day }: Day): string {
-  return `${year}-${String(month).padStart(2, "0")}-${String(day).padStart(2, "0")}`;
 }
 
 /** When it is to ring: after so many seconds, or at a time. */
@@ -137,6 +116,7 @@ export const meanings = {
     const about = wording(slots);
     return at && about !== undefined && !isUnsaid(about) ? { hand: "timer", given: { do: "reminder", ...at, about } } : undefined;
   },
+  ...changeMeanings,
   cancelTimer: cancel("timer"),
   cancelAlarm: cancel("alarm"),
   cancelReminder: cancel("reminder"),

@@ -1,5 +1,6 @@
 // How Portuguese asks for a hand: what its phrases share, and what is only polite.
 
+import { portugueseChanges } from "./portugueseChanges.ts";
 import { portugueseDesktop } from "./portugueseDesktop.ts";
 import { portugueseFacts } from "./portugueseFacts.ts";
 import { portugueseMemory } from "./portugueseMemory.ts";
@@ -10,6 +11,9 @@ import type { Phrasing } from "./meanings.ts";
 
 export const portuguese: Phrasing = {
   parts: {
+    of: "(do|da|de|dos|das|para o|para a|para)",
+    extra: "((mais|outros|outras) {duration}|{duration} (a mais|mais))",
+    retime: "(muda|mude|mudar|altera|altere|alterar|troca|troque|trocar|passa|passe|passar|ajusta|atualiza|remarca|remarque|reagenda|reagende|transfere|transfira|corrige|joga|reprograma)",
     set:
       "(coloca|coloque|colocar|bota|bote|botar|poe|ponha|por|cria|crie|criar|faz|faca|fazer|inicia|inicie|iniciar|comeca|" +
       "comece|comecar|programa|programe|programar|marca|marque|marcar|ativa|ative|ativar|liga|ligue|ligar|define|defina|" +
@@ -174,5 +178,5 @@ export const portuguese: Phrasing = {
       "pode me dizer|ta bem|esta bem|esta bom|combinado)",
     "(eu|) nao (preciso|vou precisar|quero) mais [dele|dela|disso|deles|delas]",
   ],
-  requests: [...portugueseTimers, ...portugueseNotes, ...portugueseSound, ...portugueseDesktop, ...portugueseFacts, ...portugueseMemory],
+  requests: [...portugueseChanges, ...portugueseTimers, ...portugueseNotes, ...portugueseSound, ...portugueseDesktop, ...portugueseFacts, ...portugueseMemory],
 };

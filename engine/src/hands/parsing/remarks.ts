@@ -25,7 +25,7 @@ const begins: Record<Language, RegExp> = {
     "^((e|mas|entao) )?((hoje|amanha|(na |no )?(segunda|terca|quarta|quinta|sexta|sabado|domingo)( feira)?) )?(" +
       "(?!(pedi|falei|perguntei|disse|tentei|sonhei|ouvi|sei|lei|rei|li) )(ja |eu |a gente |nos )*\\S{2,}(ei|ou|imos|amos|emos) |" +
       "(eu |nos |a gente |ja )*(estou|estamos|esta|vou|vamos|vai|tenho|temos|tem|preciso|precisamos|quero|queremos|nao|" +
-      "ja|acabei|acabamos|so|comprei|compramos|mal|acho|sou|fiquei|cheguei|perdi|mudei|esqueci|fico|detesto|odeio|gosto|desisti|" +
+      "ja|acabei|acabamos|so|comprei|compramos|mal|acho|sou|fiquei|cheguei|perdi|mudei|esqueci|fico|detesto|odeio|gosto|adoro|prefiro|ando|andamos|sinto|sempre|nunca|desisti|" +
       "terminei|costumo)|" +
       "(isso|isto|essa|esse|essas|esses|esta|ela|ele|voce|eles|elas|todo mundo|alguem|ninguem|aqui) (ja |nao |so |mal )?(esta|estao|tao|é|sao|tem|vai|vao|fica|ficou|" +
       "ficaram|precisa|incomoda|quer|comeca|comecou|acabou|chegou)|" +
@@ -54,7 +54,7 @@ const purpose: Record<Language, RegExp> = {
 };
 const because: Record<Language, RegExp> = { en: /^(because|since|cause|cos|coz)$/, pt: /^(porque|pois|que|ja)$/ };
 /** After "que" a reason is told of somebody or something. */
-const reason = /^(o|a|os|as|meu|minha|meus|minhas|eu|a gente|aqui|ele|ela|ja|hoje|ainda|la) \S+ /;
+const reason = /^(\S+(ou|aram|eram|iram|iu) (o|a|os|as|no|na) |(o|a|os|as|meu|minha|meus|minhas|eu|a gente|aqui|ele|ela|ja|hoje|ainda|la) \S+ )/;
 /** What begins a request after what was told, also where no mark stands between them. */
 const asks: Record<Language, RegExp> = {
   en: /^(please (?!and\b|then\b)\S|(can|could|will|would) you\b)/, pt: /^((voce|o senhor|a senhora) (pode|poderia)\b|(pode|poderia) me\b)/,
@@ -70,22 +70,46 @@ export function withoutRemarks(text: string, tokens: readonly Token[], language:
     const from = isSo(tokens[at]!) ? at + 1 : at;
     const isAsked = asks[language].test(tokens.slice(from, from + 3).map(({ plain }) => plain).join(" "));
     const told = tokens.slice(0, at);
-    const isBeside = isRemark(text, told, language) ? isMarked || isAsked : isMarked && isAsked && isTold(told, language);
-    if (isBeside) ways.push(tokens.slice(from));
+    const isTherefore = tokens[at]!.plain === therefore[language];
+    const isBeside = isRemark(text, told, language) ? isMarked || isAsked || isTherefore : isMarked && isAsked && !isOther(told, language);
+    // Whatever was said before it, "so" and a request after it is theirs who speaks.
+    const isWhy = isTherefore && isMarked && !isConditional(told, language);
+    if (isBeside || isWhy) ways.push(tokens.slice(from));
     const isReason = because[language].test(tokens[at]!.plain);
     const rest = tokens.slice(at);
     if (purpose[language].test(`${rest.slice(0, longest).map(({ plain }) => plain).join(" ")} `)) ways.push(tokens.slice(0, at));
     if (!isMarked && !isReason) continue;
     const said = isReason ? [rest, rest.slice(1), rest[1]?.plain === "que" ? rest.slice(2) : rest] : [rest];
-    const isWhy = language === "pt" && tokens[at]!.plain === "que" && isReasonOf(rest.slice(1));
-    if (isWhy || said.some((each) => isRemark(text, each, language))) ways.push(tokens.slice(0, at));
+    const isThat = language === "pt" && tokens[at]!.plain === "que" && isReasonOf(rest.slice(1));
+    if (isThat || said.some((each) => isRemark(text, each, language))) ways.push(tokens.slice(0, at));
   }
   return ways;
 }
 
-/** It tells something, and nothing of what somebody says, or when. */
-function isTold(tokens: readonly Token[], language: Language): boolean {
-  return tokens.length > 1 && tokens.length <= longest && !tells[language].test(tokens.map(({ plain }) => plain).join(" "));
+const therefore: Record<Language, string> = { en: "so", pt: "entao" };
+const conditions: Record<Language, RegExp> = { en: wordsOf("if|when|whenever|unless|until|whether|should i|had i"), pt: wordsOf("se|quando|caso|ate que") };
+const quotes: Record<Language, RegExp> = {
+  en: wordsOf("says?|said|tells?|told|asks?|asked|hear|heard|read|reads|wrote|writes|sings?|sang|song called|shouts?|shouted"),
+  pt: wordsOf("diz|disse|dizem|dizer|fala|falou|falei|pede|pediu|pedi|pergunta|perguntou|perguntei|ouvi|ouviu|leu|li|escreveu|canta|cantou|gritou"),
+};
+
+/** It says on what something depends. */
+function isConditional(tokens: readonly Token[], language: Language): boolean {
+  return tokens.length < 2 || tokens.length > longest || conditions[language].test(tokens.map(({ plain }) => plain).join(" "));
+}
+
+/** Somebody else may say what stands after it. */
+function isOther(tokens: readonly Token[], language: Language): boolean {
+  return isConditional(tokens, language) || quotes[language].test(tokens.map(({ plain }) => plain).join(" "));
+}
+
+/** The place of the first mark, or of what begins a request; -1 where there is neither. */
+export function requestAt(text: string, tokens: readonly Token[], language: Language): number {
+  return tokens.findIndex(({ start }, at) => {
+    if (at === 0) return false;
+    const said = tokens.slice(at, at + 3).map(({ plain }) => plain).join(" ");
+    return /[,;.]/.test(text.slice(tokens[at - 1]!.end, start)) || asks[language].test(said);
+  });
 }
 
 function isSo({ plain }: Token): boolean {
@@ -96,10 +120,53 @@ function isSo({ plain }: Token): boolean {
 export function questionAtEnd(text: string, tokens: readonly Token[], language: Language): readonly Token[] | undefined {
   const at = tokens.findLastIndex(({ start }, place) => place > 0 && /[,;.–—-]/.test(text.slice(tokens[place - 1]!.end, start)));
   const isQuestion = at > 0 && questions[language].test(tokens[at]!.plain);
-  return isQuestion && isTold(tokens.slice(0, at), language) ? tokens.slice(at) : undefined;
+  return isQuestion && !isOther(tokens.slice(0, at), language) ? tokens.slice(at) : undefined;
 }
 
 const questions: Record<Language, RegExp> = { en: /^(what|how|which|have|is|are)$/, pt: /^(quant[oa]s?|qual|quais|que)$/ };
+
+/** Who or what is how, or does what at the moment, to the end. */
+const states: Record<Language, RegExp> = {
+  en: new RegExp(
+    "^(((the|my|our|his|her|this) )?(\\S+ )?\\S+ (am|is|are) (not )?|(i|we) (can not|can hardly|can barely|could not|need to|have to|must) )\\S+( \\S+){0,5}$",
+  ),
+  pt: new RegExp(
+    "^(((o|a|os|as|meu|minha|meus|minhas|nosso|nossa) )?(\\S+ )?\\S+ (esta|estao|vai|vao|vem|chegou|acabou) |" +
+      "(eu )?(estou|vou|preciso|tenho que|nao consigo|nao estou) )\\S+( \\S+){0,5}$",
+  ),
+};
+/** No clause ends with one of these. */
+const unended: Record<Language, RegExp> = {
+  en: wordsOf("to|not|you|me|i|we|he|she|they|it|that|who|and|or|the|a|an|my|our|of|can|will|would|could|should|is|are|am|do|please|in|at|on|for|as|like"),
+  pt: wordsOf("que|nao|voce|me|eu|ele|ela|e|ou|o|a|os|as|um|uma|meu|minha|de|do|da|pode|por|favor|em|no|na|para|como|quem"),
+};
+function isOpen(tokens: readonly Token[], language: Language): boolean {
+  return unended[language].test(tokens.at(-1)?.plain ?? "");
+}
+
+const asksOf: Record<Language, RegExp> = { en: /^(what|where|who|how|when|why|which|whose|is|are)$/, pt: /^(que|onde|quem|como|quando|qual|quais|quanto|quanta)$/ };
+
+/** Which of all is told of. */
+const told: Record<Language, RegExp> = {
+  en: /^(i|we|he|she|it|they|someone|somebody|everybody|everyone|the|my|our|his|her|this) /, pt: /^(eu|a gente|ele|ela|o|a|os|as|meu|minha|meus|minhas|estou|vou|preciso|tenho|nao) /,
+};
+
+function isState(tokens: readonly Token[], language: Language): boolean {
+  const said = tokens.map(({ plain }) => plain).join(" ");
+  return !isOpen(tokens, language) && !asksOf[language].test(tokens[0]?.plain ?? "") && states[language].test(said) && !tells[language].test(said) && !isOther(tokens, language);
+}
+
+/**
+ * The tokens without a state that is told before or after them where no mark stands between: "my brother is coming lock the screen". It may
+ * be a part of what is asked for as well, "stop what is playing": so for what harms nobody.
+ */
+export function withoutStates(tokens: readonly Token[], language: Language): (readonly Token[])[] {
+  return tokens.flatMap((_, at) => {
+    const [before, rest] = [tokens.slice(0, at), tokens.slice(at)];
+    const isTold = told[language].test(rest.map(({ plain }) => plain).join(" ")) && !isOpen(before, language);
+    return [...(isState(before, language) ? [rest] : []), ...(isTold && isState(rest, language) ? [before] : [])];
+  });
+}
 
 function isReasonOf(tokens: readonly Token[]): boolean {
   const said = `${tokens.map(({ plain }) => plain).join(" ")} `;

@@ -9,7 +9,7 @@ import { changes, keptIn, meanings, verbatim, type MeaningName, type Meant, type
 import { moment } from "./moments.ts";
 import { portuguese } from "./portuguese.ts";
 import { withReferences } from "./references.ts";
-import { isRemark, questionAtEnd, withoutRemarks } from "./remarks.ts";
+import { isRemark, questionAtEnd, requestAt, withoutRemarks, withoutStates } from "./remarks.ts";
 import { isFiller, isPause, said, thinking, tokensOf, withoutAsides, type Token } from "./tokens.ts";
 
 interface Compiled {
@@ -23,6 +23,8 @@ interface Compiled {
 const mostPolite = 6;
 const mostTokens = 200;
 const longestManners = 8;
+/** In a longer sentence somebody who dictates says where its parts end. */
+const longestUnmarked = 20;
 
 const compiled: { [language in Language]?: Compiled } = {};
 
@@ -73,7 +75,13 @@ export function understood(text: string, language: Language, now: Date): Meant |
   const question = questionAtEnd(text, tokens, language);
   const answer = question && (asked(text, question, language, now) ?? gist(text, question, language, now));
   // An answer too many harms nobody.
-  return answer && !changes(answer) ? answer : undefined;
+  if (answer && !changes(answer)) return answer;
+  return tokens.length > longestUnmarked ? undefined : withoutStates(tokens, language).map((rest) => asked(text, rest, language, now)).find((meant) => meant && isHarmless(meant));
+}
+
+/** Undone by a word. */
+function isHarmless({ hand }: Meant): boolean {
+  return /^(volume|media|lock|open)$/.test(hand);
 }
 
 /** The words of each day that is named. */
@@ -91,7 +99,7 @@ const getsUp: Record<Language, RegExp> = {
 
 /** "I need to be up at four for the fishing, wake me": the request has no time, which was told before it. */
 function atTimeTold(text: string, tokens: readonly Token[], language: Language, now: Date): Meant | undefined {
-  const from = tokens.findIndex(({ start }, at) => at > 0 && /[,;.]/.test(text.slice(tokens[at - 1]!.end, start)));
+  const from = requestAt(text, tokens, language);
   const told = tokens.slice(0, Math.max(from, 0));
   if (from < 0 || !getsUp[language].test(told.map(({ plain }) => plain).join(" "))) return undefined;
   for (let at = 0; at < told.length; at++) {
@@ -109,7 +117,11 @@ function onDayTold(request: Meant, text: string, tokens: readonly Token[], rest:
   if (request.hand !== "timer" || request.given.at === undefined) return request;
   const [told] = daysIn(tokens.filter((token) => !rest.includes(token)), language, now);
   if (!told || daysIn(rest, language, now).length > 0) return request;
-  return request.given.do === "alarm" ? asked(text, [...rest, ...told], language, now) : undefined;
+  if (request.given.do !== "alarm") return undefined;
+  const { polite, after } = compiledFor(language);
+  // "Could you set an alarm for five, please" ends before the thanks.
+  return ends(rest, [...polite, ...after], { text, language, now })
+    .map((end) => asked(text, [...rest.slice(0, end), ...told], language, now)).findLast((meant) => meant !== undefined);
 }
 
 /** What is asked for of a thing that the text speaks of first, as two sentences or as one: "We are out of milk. Put it on the list." */

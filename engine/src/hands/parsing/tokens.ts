@@ -23,7 +23,7 @@ const shortened: Record<Language, Record<string, string[]>> = {
     theres: ["there", "is"], whos: ["who", "is"], heres: ["here", "is"], id: ["i", "would"], ill: ["i", "will"], im: ["i", "am"], ive: ["i", "have"],
     youre: ["you", "are"], youd: ["you", "would"], lets: ["let", "us"], dont: ["do", "not"], didnt: ["did", "not"], doesnt: ["does", "not"],
     isnt: ["is", "not"], wasnt: ["was", "not"], cant: ["can", "not"], cannot: ["can", "not"], wont: ["will", "not"], shant: ["will", "not"], shan: ["will"],
-    whatre: ["what", "are"], gimme: ["give", "me"], wanna: ["want", "to"], gonna: ["going", "to"], hes: ["he", "is"], shes: ["she", "is"],
+    whatre: ["what", "are"], gimme: ["give", "me"], wanna: ["want", "to"], gonna: ["going", "to"], gotta: ["have", "to"], hes: ["he", "is"], shes: ["she", "is"],
     pls: ["please"], plz: ["please"], til: ["until"],
   },
   pt: {
@@ -47,7 +47,7 @@ export function tokensOf(text: string, language: Language): Token[] {
     const [start, end] = [found.index, found.index + word.length];
     const isMinus = word === "-" && /^\s?\d/.test(text.slice(end));
     for (const said of isMinus ? ["−"] : plainOf(word, text.slice(end), language)) {
-      const plain = language === "en" ? baseOf(said, tokens.at(-1)?.plain) : said;
+      const plain = language === "en" ? baseOf(said, [tokens.at(-1)?.plain, tokens.at(-2)?.plain]) : said;
       tokens.push({ plain, lemma: lemmaOf(plain, language), start, end });
     }
   }

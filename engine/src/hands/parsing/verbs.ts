@@ -71,7 +71,22 @@ export function isInfinitive(plain: string): boolean {
 /** After these an English verb has the ending that phrases have not: "would you mind turning it down". */
 const beforeGerund = /^(mind|about|appreciate|start|try|of)$/;
 
-/** "Turning" is "turn" where `before` asks for it. */
-export function baseOf(plain: string, before: string | undefined): string {
-  return before !== undefined && beforeGerund.test(before) ? (lemmas.en.get(plain) ?? plain) : plain;
+const irregularPast: Record<string, string> = {
+  woke: "wake", told: "tell", gave: "give", took: "take", read: "read", wrote: "write", made: "make", got: "get", ran: "run", spoke: "speak",
+  brought: "bring", let: "let", kept: "keep", did: "do", found: "find", forgot: "forget", shut: "shut", put: "put", set: "set",
+};
+const pasts: ReadonlyMap<string, string> = new Map([
+  ...words(english).map((verb) => [pastOf(verb), verb] as const), ["cancelled", "cancel"], ...Object.entries(irregularPast),
+]);
+
+function pastOf(verb: string): string {
+  if (/^(stop|skip|grab|drop|jot|jog|snap|scrap)$/.test(verb)) return `${verb}${verb.at(-1)}ed`;
+  return verb.endsWith("e") ? `${verb}d` : `${verb}ed`;
+}
+
+/** "Turning" is "turn" where `before`, the words before it, asks for it, and "woke" is "wake" in "if you woke me". */
+export function baseOf(plain: string, before: readonly (string | undefined)[]): string {
+  const [last, other] = before;
+  if (last === "you" && other === "if") return pasts.get(plain) ?? plain;
+  return last !== undefined && beforeGerund.test(last) ? (lemmas.en.get(plain) ?? plain) : plain;
 }

@@ -1,11 +1,11 @@
 // The hands for timers, alarms and reminders: one that sets and cancels them, one that tells of them.
 
 import type { Clock } from "../../base/clock.ts";
-import { isRecord } from "../../base/json.ts";
 import type { Language } from "../../base/language.ts";
-import { choiceIn, dayIn, flagIn, isGiven, numberIn, textIn, timeIn } from "../given.ts";
+import { choiceIn, dayIn, flagIn, isGiven, numberIn, textIn, textsIn, timeIn } from "../given.ts";
 import type { Hand } from "../hand.ts";
 import { bareDay, clockTime, dayAndTime, duration, joined } from "../saying.ts";
+import { changed, changeIn, type Change } from "./changing.ts";
 import { mostTimers, type Kind, type Timer, type Timers, type Which } from "./timers.ts";
 
 const kinds: readonly Kind[] = ["timer", "alarm", "reminder"];
@@ -13,16 +13,21 @@ const longestSeconds = 366 * 86_400;
 const snoozeSeconds = 300;
 const mostTold = 5;
 
-interface Cancelling {
+/** One that is set. */
+interface Sought {
   which: Which;
-  /** What else may be meant where there is none at that time. */
+  /** The times of a day at which it may ring, where there is none at that time. */
   times: readonly string[];
+}
+
+interface Cancelling extends Sought {
   isAll: boolean;
 }
 
 type Wanted =
   | { do: "set"; kind: Kind; at: number | undefined; seconds: number | undefined; name: string | undefined }
   | ({ do: "cancel" } & Cancelling)
+  | ({ do: "change"; change: Change } & Sought)
   | { do: "snooze"; seconds: number };
 
 export function timerHands(timers: Timers, clock: Clock): Hand[] {
@@ -46,17 +51,20 @@ export function described({ kind, name, seconds, at }: Timer, now: Date, languag
 class TimerHand implements Hand {
   readonly id = "timer";
   readonly description =
-    "Sets, cancels and snoozes timers, alarms and reminders. A timer or a reminder that is due after a while takes seconds; what is due at a time of day takes at.";
+    "Sets, changes, cancels and snoozes timers, alarms and reminders. A timer or a reminder that is due after a while takes seconds; what is due at a time of day takes at.";
   readonly parameters = {
     type: "object",
     properties: {
-      do: { type: "string", enum: ["timer", "alarm", "reminder", "cancel", "snooze"] },
-      seconds: { type: "number", description: "Length in seconds; for cancel, the length of the one to cancel" },
-      at: { type: "string", description: "Local time, YYYY-MM-DDTHH:MM" },
-      name: { type: "string", description: "The name of the timer or alarm, or a part of what to cancel is called" },
+      do: { type: "string", enum: ["timer", "alarm", "reminder", "change", "cancel", "snooze"] },
+      seconds: { type: "number", description: "Length in seconds; for change and cancel, the length of the one that is meant" },
+      at: { type: "string", description: "Local time, YYYY-MM-DDTHH:MM; for change and cancel, of the one that is meant" },
+      name: { type: "string", description: "The name of the timer or alarm, or a part of what the one to change or cancel is called" },
       about: { type: "string", description: "What a reminder is about" },
-      kind: { type: "string", enum: kinds, description: "For cancel" },
-      day: { type: "string", description: "For cancel: the day on which it would ring, YYYY-MM-DD" },
+      kind: { type: "string", enum: kinds, description: "For change and cancel" },
+      day: { type: "string", description: "For change and cancel: the day on which it would ring, YYYY-MM-DD" },
+      to: { type: "string", description: "For change: the new local time, YYYY-MM-DDTHH:MM" },
+      length: { type: "number", description: "For change: ring so many seconds from now" },
+      by: { type: "number", description: "For change: so many seconds later, or earlier where negative" },
       all: { type: "boolean", description: "Cancel all of the kind" },
     },
     required: ["do"],
@@ -80,11 +88,12 @@ class TimerHand implements Hand {
     }
     if (wanted.do === "cancel") {
       const { chosen, isClear } = this.#chosen(wanted);
-      const names = joined(chosen.map((timer) => described(timer, now, language)), language);
+      const names = this.#named(chosen, language);
       if (chosen.length === 0) return isPortuguese ? "cancelar, se houver" : "cancel it, if there is one";
       if (!isClear) return isPortuguese ? `perguntar qual cancelar: ${names}` : `ask which one to cancel: ${names}`;
       return isPortuguese ? `cancelar ${names}` : `cancel ${names}`;
     }
+    if (wanted.do === "change") return this.#changeText(wanted, language);
     const { kind, seconds, at, name } = wanted;
     const [noun] = nouns[language][kind];
     const called = name === undefined ? "" : ` “${name}”`;
@@ -101,6 +110,7 @@ class TimerHand implements Hand {
     const isPortuguese = language === "pt";
     if (!wanted) return isPortuguese ? "Não entendi para quando." : "I did not understand when.";
     if (wanted.do === "cancel") return this.#cancel(wanted, language);
+    if (wanted.do === "change") return this.#change(wanted, language);
     if (wanted.do === "snooze") return this.#snooze(wanted.seconds, language);
     const { kind, seconds, name } = wanted;
     const now = this.clock.now();
@@ -112,7 +122,7 @@ class TimerHand implements Hand {
   }
 
   #read(given: unknown): Wanted | undefined {
-    const what = choiceIn(given, "do", [...kinds, "cancel", "snooze"]);
+    const what = choiceIn(given, "do", [...kinds, "change", "cancel", "snooze"]);
     const seconds = numberIn(given, "seconds", 1, longestSeconds);
     if (isGiven(given, "seconds") && seconds === undefined) return undefined;
     const at = timeIn(given, "at")?.getTime();
@@ -125,10 +135,13 @@ class TimerHand implements Hand {
         return undefined;
       case "snooze":
         return { do: "snooze", seconds: seconds ?? snoozeSeconds };
+      case "change":
       case "cancel": {
         const kind = choiceIn(given, "kind", kinds);
-        const isAll = flagIn(given, "all") ?? false;
-        return { do: "cancel", which: { kind, name, seconds, at, day }, times: timesIn(given), isAll };
+        const sought = { which: { kind, name, seconds, at, day }, times: textsIn(given, "times", 2) };
+        if (what === "cancel") return { do: "cancel", ...sought, isAll: flagIn(given, "all") ?? false };
+        const change = changeIn(given, longestSeconds);
+        return change && { do: "change", ...sought, change };
       }
       default:
         if ((seconds === undefined) === (at === undefined)) return undefined;
@@ -138,26 +151,62 @@ class TimerHand implements Hand {
   }
 
   /** What is to be cancelled: what rings before what is still to ring. It is not clear when it is several of which one is meant. */
-  #chosen({ which, times, isAll }: Cancelling): { chosen: Timer[]; isClear: boolean } {
-    const ringing = this.timers.find(which, this.timers.ringing);
-    const exact = this.timers.find(which);
-    const found = exact.length > 0 || times.length === 0 ? exact : this.timers.find({ ...which, at: undefined, times });
+  #chosen({ isAll, ...sought }: Cancelling): { chosen: Timer[]; isClear: boolean } {
+    const ringing = this.timers.find(sought.which, this.timers.ringing);
+    const found = this.#found(sought);
     if (isAll) return { chosen: [...ringing, ...found], isClear: true };
     return ringing.length > 0 ? { chosen: ringing, isClear: true } : { chosen: found, isClear: found.length <= 1 };
   }
 
+  #found({ which, times }: Sought): Timer[] {
+    const exact = times.length > 0 && which.at === undefined ? [] : this.timers.find(which);
+    return exact.length > 0 || times.length === 0 ? exact : this.timers.find({ ...which, at: undefined, times });
+  }
+
   #cancel(wanted: Cancelling, language: Language): string {
-    const isPortuguese = language === "pt";
     const { chosen, isClear } = this.#chosen(wanted);
-    const now = new Date(this.clock.now());
-    const [noun] = nouns[language][wanted.which.kind ?? "timer"];
-    if (chosen.length === 0) return isPortuguese ? `Não há ${noun} assim.` : `There is no such ${noun}.`;
-    const names = joined(chosen.slice(0, mostTold).map((timer) => described(timer, now, language)), language);
-    if (!isClear) {
-      return isPortuguese ? `Há ${chosen.length}: ${names}. Qual?` : `There are ${chosen.length}: ${names}. Which one?`;
-    }
+    if (chosen.length === 0 || !isClear) return this.#notOne(wanted, chosen, language);
+    const names = this.#named(chosen.slice(0, mostTold), language);
     this.timers.remove(chosen);
-    return isPortuguese ? `Cancelei ${names}.` : `I cancelled ${names}.`;
+    return language === "pt" ? `Cancelei ${names}.` : `I cancelled ${names}.`;
+  }
+
+  #change(wanted: Sought & { change: Change }, language: Language): string {
+    const found = this.#found(wanted);
+    const [timer] = found;
+    if (!timer || found.length > 1) return this.#notOne(wanted, found, language);
+    const now = this.clock.now();
+    const to = changed(timer, wanted.change, now);
+    if (to.at <= now) return language === "pt" ? "Essa hora já passou." : "That time has passed.";
+    if (to.at > now + longestSeconds * 1_000) return language === "pt" ? "Não entendi para quando." : "I did not understand when.";
+    const moved = this.timers.move(timer, to);
+    return moved.seconds === undefined ? set(moved, new Date(now), language) : left(moved, new Date(now), language);
+  }
+
+  #changeText(wanted: Sought & { change: Change }, language: Language): string {
+    const found = this.#found(wanted);
+    const [timer] = found;
+    const isPortuguese = language === "pt";
+    if (!timer) return isPortuguese ? "mudar, se houver" : "change it, if there is one";
+    const names = this.#named(found, language);
+    if (found.length > 1) return isPortuguese ? `perguntar qual mudar: ${names}` : `ask which one to change: ${names}`;
+    const now = this.clock.now();
+    const when = bareDay(dayAndTime(new Date(changed(timer, wanted.change, now).at), new Date(now), language));
+    return isPortuguese ? `mudar ${names} para ${when}` : `change ${names} to ${when}`;
+  }
+
+  /** There is none, or which one? */
+  #notOne({ which }: Sought, found: readonly Timer[], language: Language): string {
+    const isPortuguese = language === "pt";
+    const [noun] = nouns[language][which.kind ?? "timer"];
+    if (found.length === 0) return isPortuguese ? `Não há ${noun} assim.` : `There is no such ${noun}.`;
+    const names = this.#named(found.slice(0, mostTold), language);
+    return isPortuguese ? `Há ${found.length}: ${names}. Qual?` : `There are ${found.length}: ${names}. Which one?`;
+  }
+
+  #named(timers: readonly Timer[], language: Language): string {
+    const now = new Date(this.clock.now());
+    return joined(timers.map((timer) => described(timer, now, language)), language);
   }
 
   #snooze(seconds: number, language: Language): string {
@@ -167,12 +216,6 @@ class TimerHand implements Hand {
     const length = duration(seconds, language);
     return isPortuguese ? `Toca de novo em ${length}.` : `It rings again in ${length}.`;
   }
-}
-
-/** Sentences give these. */
-function timesIn(given: unknown): string[] {
-  const times = isRecord(given) && Array.isArray(given.times) ? given.times : [];
-  return times.slice(0, 2).filter((time) => typeof time === "string");
 }
 
 function set({ kind, seconds, at, name }: Timer, now: Date, language: Language): string {

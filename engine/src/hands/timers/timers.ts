@@ -89,6 +89,15 @@ export class Timers {
     return this.#add({ kind, at, ...more, isElapsing: more.seconds !== undefined });
   }
 
+  /** Sets one that is still to ring to another time; by the clock, unless it has a length. */
+  move(timer: Timer, to: { at: number; seconds?: number }): Timer {
+    this.#followClock();
+    const { id, kind, name } = timer;
+    const moved: Timer = { id, kind, ...to, isElapsing: to.seconds !== undefined, ...(name === undefined ? {} : { name }) };
+    this.#keep([...this.#all.filter((each) => each.id !== id), moved]);
+    return moved;
+  }
+
   find(which: Which, among: readonly Timer[] = this.#all): Timer[] {
     const words = which.name === undefined ? [] : plainWords(which.name);
     return among.filter(

@@ -62,8 +62,32 @@ test("what is told beside a request is left out, and asks for nothing by itself"
   expect(meant("I'm off to a meeting, lock the screen")).toBe("lock");
   expect(meant("Lock the screen because I have to see somebody")).toBe("lock");
   expect(meant("Bloqueia a tela que eu vou almoçar fora", "pt")).toBe("lock");
+  expect(meant("My doctor says I should rest, so set a timer for forty minutes, dear")).toBe("timer");
+  expect(meant("Eu sempre esqueço o ovo no fogo, então me coloca um timer de sete minutos", "pt")).toBe("timer");
+  expect(meant("I never learned my tables properly, what is seven times eight?")).toBe("calculate");
   expect(meant("If I am off to a meeting, lock the screen")).toBeUndefined();
   expect(meant("She said that it is late, lock the screen")).toBeUndefined();
+});
+
+test("a state that is told without a mark beside what harms nobody is left out", () => {
+  const meant = (sentence: string, language: Language = "en"): unknown => understood(sentence, language, now)?.hand;
+  expect(meant("my brother is coming quick lock the screen")).toBe("lock");
+  expect(meant("please pause the music for a second someone is at the door")).toBe("media");
+  expect(meant("meu irmão tá vindo bloqueia a tela rápido", "pt")).toBe("lock");
+  expect(meant("my brother is coming cancel the timer")).toBeUndefined();
+});
+
+test("what would be good if somebody did it is asked for", () => {
+  const given = (sentence: string): unknown => understood(sentence, "en", now)?.given;
+  expect(given("I'd be glad if you woke me at a quarter past six tomorrow")).toEqual({ do: "alarm", at: "2026-11-19T06:15" });
+  expect(given("It would be lovely if you turned the volume down")).toEqual({ of: "system", by: -10 });
+});
+
+test("the day on which somebody has to get up is the alarm's", () => {
+  const at = (sentence: string, language: Language = "en"): unknown => understood(sentence, language, now)?.given.at;
+  expect(at("I have an early train on Friday, so could you set an alarm for ten to five in the morning, please?")).toBe("2026-11-20T04:50");
+  expect(at("i gotta get up at five fifteen tomorrow can you wake me up")).toBe("2026-11-19T05:15");
+  expect(at("Tenho que pegar o ônibus cedo na sexta, então põe um alarme para as dez para as cinco da manhã, por favor.", "pt")).toBe("2026-11-20T04:50");
 });
 
 test("a request in another order, and in another form of its verb, is the same", () => {

@@ -95,6 +95,66 @@ describe("the hand for timers", () => {
     expect(timers.pending).toHaveLength(1);
   });
 
+  test("moves an alarm to another hour of its own day, on which it rings then and not before", async () => {
+    const { timers, act } = handsOf();
+    await act({ do: "alarm", at: "2026-01-08T07:00", name: "gym" });
+    const toEight = { do: "change", kind: "alarm", to: "2026-01-05T20:00", toTimes: ["08:00", "20:00"] };
+    expect(await act(toEight)).toBe("The gym alarm is set for Thursday at 8:00 AM.");
+    expect(timers.pending).toHaveLength(1);
+    expect(await act({ do: "change", kind: "alarm", to: "2026-01-09T06:30" })).toBe("The gym alarm is set for Friday at 6:30 AM.");
+    expect(await act({ do: "change", kind: "alarm", times: ["06:30", "18:30"], by: -900 })).toBe("The gym alarm is set for Friday at 6:15 AM.");
+    expect(await act({ do: "change", kind: "alarm", times: ["07:00", "19:00"], by: -900 })).toBe("There is no such alarm.");
+    expect(timers.pending.map(({ at }) => new Date(at).toTimeString().slice(0, 5))).toEqual(["06:15"]);
+  });
+
+  test("makes a timer longer and shorter, and rings after what is left of it", async () => {
+    const { clock, timers, act } = handsOf();
+    timers.start();
+    const rung: string[] = [];
+    timers.onRing = ({ name }) => rung.push(name ?? "");
+    await act({ do: "timer", seconds: 600, name: "pasta" });
+    await clock.advance(240_000);
+    expect(await act({ do: "change", kind: "timer", by: 300 })).toBe("The pasta timer rings in 11 minutes.");
+    expect(await act({ do: "change", kind: "timer", name: "pasta", by: -60 })).toBe("The pasta timer rings in 10 minutes.");
+    expect(await act({ do: "change", kind: "timer", length: 120 })).toBe("The pasta timer rings in 2 minutes.");
+    expect(await act({ do: "change", kind: "timer", by: -120 })).toBe("That time has passed.");
+    await clock.advance(119_000);
+    expect(rung).toEqual([]);
+    await clock.advance(1_000);
+    expect(rung).toEqual(["pasta"]);
+    expect(await act({ do: "change", kind: "timer", by: 60 })).toBe("There is no such timer.");
+  });
+
+  test("asks which one to change when several are meant, and says before what it would change", async () => {
+    const { act, intent } = handsOf();
+    const longer = { do: "change", kind: "timer", by: 300 };
+    expect(intent(longer)).toBe("change it, if there is one");
+    await act({ do: "timer", seconds: 300, name: "tea" });
+    expect(intent(longer)).toBe("change the tea timer to today at 3:30 PM");
+    await act({ do: "timer", seconds: 600, name: "pasta" });
+    expect(intent(longer)).toBe("ask which one to change: the tea timer and the pasta timer");
+    expect(await act(longer)).toBe("There are 2: the tea timer and the pasta timer. Which one?");
+    expect(await act({ do: "change", kind: "reminder", name: "Ana", to: "2026-01-05T18:00" })).toBe("There is no such reminder.");
+  });
+
+  test("changes in Portuguese, too", async () => {
+    const { act, intent } = handsOf("pt");
+    await act({ do: "reminder", at: "2026-01-05T17:00", about: "ligar para a Ana" });
+    const toSix = { do: "change", kind: "reminder", name: "Ana", to: "2026-01-05T18:00" };
+    expect(intent(toSix)).toBe("mudar o lembrete “ligar para a Ana” para hoje às 18 horas");
+    expect(await act(toSix)).toBe("Lembro você hoje às 18 horas: ligar para a Ana.");
+    expect(await act({ do: "change", kind: "timer", by: 60 })).toBe("Não há timer assim.");
+  });
+
+  test("refuses a change that says no time, two of them, or one that is years away", async () => {
+    const { timers, act } = handsOf();
+    await act({ do: "alarm", at: "2026-01-08T07:00" });
+    for (const change of [{}, { by: 0 }, { by: "5" }, { to: "tomorrow" }, { length: -1 }, { length: 60, by: 60 }, { to: "2030-01-01T07:00" }]) {
+      expect(await act({ do: "change", kind: "alarm", ...change })).toBe("I did not understand when.");
+    }
+    expect(timers.pending.map(({ at }) => new Date(at).getHours())).toEqual([7]);
+  });
+
   test("says before exactly what it would do", async () => {
     const { act, intent } = handsOf();
     expect(intent({ do: "timer", seconds: 300, name: "pasta" })).toBe("set a timer “pasta” that rings in 5 minutes");

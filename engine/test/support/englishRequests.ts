@@ -136,6 +136,7 @@ export const englishRequests: Requests = [
 
 /** None of these asks for anything that a hand does. */
 export const englishTalk: readonly string[] = [
+  "wake me at seven for the next five days", "if you woke me at seven I would be angry",
   "I added five minutes to my timer", "don't change my alarm to eight", "she asked me, could you wake me at seven", "if I asked you nicely, would you wake me at seven?",
   "I saw my brother pause the music", "my sister is going to pause the music", "what is playing turn it up", "my brother is the one who locks the screen",
   "the thing I am looking at is lock the screen", "if she is late, so set a timer for five minutes",

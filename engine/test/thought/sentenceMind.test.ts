@@ -244,11 +244,11 @@ test("a request that is stopped does no more", async () => {
 });
 
 describe("what people say", () => {
-  const mendedBy = ["first", "second", "third", "fourth", "fifth", "sixth", "seventh", "eighth", "ninth", "tenth", "eleventh", "twelfth"];
-  /** Of the last four only what was done wrong was mended, and a few classes. */
-  const others = [["thirteenth", 0.92], ["fourteenth", 0.84], ["fifteenth", 0.95], ["sixteenth", 0.8]] as const;
-  const sets = [...mendedBy.map((set) => [set, 0.95] as const), ...others];
-  for (const [set, least] of sets) {
+  const sets = [
+    "first", "second", "third", "fourth", "fifth", "sixth", "seventh", "eighth",
+    "ninth", "tenth", "eleventh", "twelfth", "thirteenth", "fourteenth", "fifteenth", "sixteenth",
+  ];
+  for (const set of sets) {
     for (const language of ["en", "pt"] as const) {
       test(`is understood in ${language}, the ${set} set of phrasings`, async () => {
         const all = await Promise.all(phrasingsOf(set, language).map((phrasing) => judged(phrasing, language)));
@@ -257,7 +257,7 @@ describe("what people say", () => {
         console.log(`${set} set, ${language}: ${all.length - others.length} of ${all.length} right (${(100 * share).toFixed(1)} %)`);
         for (const { verdict, sentence, expected, done } of others) console.log(`  ${verdict}: "${sentence}": ${expected}; did ${done}`);
         expect(others.filter(({ verdict }) => verdict !== "missed")).toEqual([]);
-        expect(share).toBeGreaterThan(least);
+        expect(share).toBeGreaterThan(0.95);
       }, 60_000);
     }
   }

@@ -153,6 +153,8 @@ function weekday(tokens: readonly Token[], at: number, language: Language, now: 
   const plain = (index: number): string => tokens[index]?.plain ?? "";
   let start = at;
   let isPast = isOfPast;
+  // "This coming Sunday".
+  if (language === "en" && plain(start) === "this" && plain(start + 1) === "coming") start++;
   if (language === "en" && /^(next|this|coming)$/.test(plain(start))) start++;
   else if (language === "en" && plain(start) === "last") [start, isPast] = [start + 1, true];
   else if (language === "pt" && /^(proxim[ao]|est[ae]|nest[ae])$/.test(plain(start))) start++;

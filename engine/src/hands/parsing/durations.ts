@@ -68,6 +68,10 @@ function restAfter(tokens: readonly Token[], at: number, language: Language, uni
     return isBare ? { value: (bare.value * unit) / 60, next: bare.next } : undefined;
   }
   if (language === "en") {
+    const minutes = isJoined && unit === 3600 ? number(tokens, at, language) : undefined;
+    // "An hour and ten", where no unit of its own follows.
+    const areMinutes = minutes && Number.isInteger(minutes.value) && minutes.value >= 5 && minutes.value < 60;
+    if (areMinutes && tokens.length === minutes.next) return { value: minutes.value * 60, next: minutes.next };
     if (isJoined && /^(three|3)$/.test(plainAt(tokens, at)) && plainAt(tokens, at + 1) === "quarters") return { value: (unit * 3) / 4, next: at + 2 };
     if (!isJoined || !/^(a|one)$/.test(plainAt(tokens, at))) return undefined;
     if (plainAt(tokens, at + 1) === "half") return { value: unit / 2, next: at + 2 };

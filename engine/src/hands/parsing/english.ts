@@ -22,7 +22,7 @@ export const english: Phrasing = {
       "we have|could we have|could we get|pop on|get|make it|make that|how about|what about|i could use|i will have|i will take|" +
       "let us go with)",
     a: "(a wee|a little|a short|a small|a new little|a|an|another|one|one more|a new|the|my|another new|a quick)",
-    called: "(called|named|labelled|labeled|titled|with the name|with the label|for|name it|call it|to)",
+    called: "(and call it|and name it|called|named|labelled|labeled|titled|with the name|with the label|for|name it|call it|to)",
     the: "(the|my|our|this|that|the current|my current)",
     off:
       "(cancel|stop|delete|remove|clear|kill|end|dismiss|disable|turn off|switch off|shut off|get rid of|scrap|drop|abort|" +
@@ -35,7 +35,7 @@ export const english: Phrasing = {
       "i would appreciate a reminder|i would love a reminder|i could use a reminder|leave me a reminder|set reminder|add reminder|" +
       "do not forget to remind me|see that i remember|make sure i remember|help me remember|make sure i do not forget|see that i do not forget|i want to be reminded|i need to be reminded|" +
       "i would like to be reminded|i want reminding|" +
-      "i need reminding|give me a nudge|give me a shout|remember to remind me|drop me a reminder|ping me|prompt me|do not allow me to " +
+      "i need reminding|give me a nudge|give me a shout|remember to remind me|drop me a reminder|ping me|prompt me|(see to it|see|make sure) [that] i am reminded|do not allow me to " +
       "forget|let me not forget|reminder for me|reminding me|reminding us)",
     alertme: "(ping|nudge|alert|notify|tell|warn|prompt|poke|call|text|message|bug) (me|us)",
     about:
@@ -122,7 +122,7 @@ export const english: Phrasing = {
     "if you (can|could|would|do not mind)", "(that|it|this) would be (lovely|great|nice|wonderful|kind|grand|perfect|helpful)",
   ],
   after: [
-    "for me", "at the moment",
+    "for me", "at the moment", "or (not|did not i|do not i|have not i|is it not)", "(roughly|approximately|exactly)", "not before",
     "(now|right now|right away|immediately|at once|quickly|asap|for us)", "if possible", "ok", "okay", "then", "mate",
     "buddy", "again", "when you can", "real quick", "quick", "instead", "cheers", "(will|would) you please",
     "(i am|we are) (on the phone|in a meeting|leaving|going out|trying to sleep|trying to work|on a call|busy|cooking|sleeping)",

@@ -124,7 +124,7 @@ export const englishFacts: readonly Request[] = [
       "how (many days|long|many weeks|many more days|much longer|many days left|many sleeps|many more sleeps|many more " +
         "weeks) [is it|are there|are left|is there|do we have|do i have|have i got|left|remain|remaining|are we] (until|till|" +
         "to|before|from now until|away from) {day}",
-      "how (many days|long) [is it|are there|is there] (between|from) now (and|to|until|till) {day}", "how (many days|far|many weeks) (away is|off is|away from) {day}", "(days|weeks) (until|till|to|before) {day}",
+      "how many (days|weeks) there are [left] (until|till|to|before) {day}", "how (many days|long) [is it|are there|is there] (between|from) now (and|to|until|till) {day}", "how (many days|far|many weeks) (away is|off is|away from) {day}", "(days|weeks) (until|till|to|before) {day}",
       "how (far|many days) [away] is {day} [away]", "in how many days is {day}",
       "(how long|how many days|how much time|how much longer|how far) [is it|is there|to go|left|do we have|do i have|have " +
         "we got|do i have to wait] [still] (until|till|to|before) {day} [comes|arrives|is here|in days]",
@@ -147,8 +147,8 @@ export const englishFacts: readonly Request[] = [
     [
       "what (day|day of the week|weekday|date|day of the month) (is|was|will be|will it be|is it|was it|will|falls on|does " +
         "it fall on|is it on|will it be on|was it on) [on] {day} [be|on|fall on]",
-      "(on what|what) (day|weekday|day of the week) (does|will|did) {day} (fall|fall on|be|be on|land on)",
-      "what is the (date|day) [on|of] {day}", "(which|what) (day|weekday|date) is {day}", "what will the date be {day}",
+      "[on] (what|which) (day|weekday|day of the week) (does|will|did) {day} (fall|fall on|be|be on|land|land on)",
+      "what is the (date|day) [on|of] {day}", "what (will the date be|the date will be|the date is|date it is|day it is|date is it|day is it) [on] {day}", "(which|what) (day|weekday|date) is {day}", "what will the date be {day}",
       "what date (is|will it be|was it|was) {day}", "what day {day} (is|was|will be)",
       "(what|which) day (does|will|is|did) {day} [{day:same}] (fall on|fall|be on|be|land on) [this year|next year]", "is {day} a (monday|tuesday|wednesday|thursday|friday|saturday|sunday|weekday|workday)",
       "{day} is what (day|day of the week)", "when is {day}",

@@ -22,7 +22,7 @@ export const englishMemory: readonly Request[] = [
         "talk to you|say to you) about <the> {text}",
       "(what|when) did (we|i|you and i) [ever|last] (talk|speak|say|chat|discuss|tell you|ask you|ask|discuss with you|" +
         "talk to you|say to you) about {text}",
-      "(what was it|what is it|what was) (we|i) (talked|spoke|chatted|discussed|said|asked) [about] [on] {past:day}",
+      "(what was it|what is it|what was) [that] (we|i) (talked|spoke|chatted|discussed|said|asked) [about] [on] {past:day}",
       "(what|remind me what|tell me what|tell me again what) (we|i) (talked|said|spoke|discussed|told you|asked you|" +
         "decided|agreed) [about] [on] {past:day}",
       "(remind me what|tell me what|tell me again what|remind me of what|what was it) (we|i) (talked|said|spoke|discussed|" +

@@ -11,7 +11,7 @@ export const englishNotes: readonly Request[] = [
       "(i would like|i want|i need|we need|let us have|let us put|let us get|let us add|we could use|we want) {text} " +
         "[added|put|written|noted] [down] " +
         "<onto> [<whose>] <listname>",
-      "(get|have) {text} (added|put|written) [down] <onto> [<whose>] <listname>",
+      "[might i|may i|could i|can i] (get|have) {text} (added|put|written) [down] <onto> [<whose>] <listname>",
       "(can|could|should|may) {text} (go|be put|be added|be) [please] <onto> [<whose>] <listname>",
       "{text} (goes|go|needs to go|should go|has to go|belongs|belong) <onto> [<whose>] <listname>",
       "make sure {text} (is|are) on [<whose>] <listname>",

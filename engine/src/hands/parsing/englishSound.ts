@@ -135,7 +135,7 @@ export const englishSound: readonly Request[] = [
     [
       "what is [<the>] (volume|sound level|volume level|current volume|system volume) [at|level|set to|right now]",
       "how loud (is|are) (it|the volume|the sound|the computer|the music|the speakers) [set|set to|right now]",
-      "(what|how high) is [<the>] volume [level]",
+      "(what|how high|how loud) is [<the>] volume [level]", "(what|how high|how loud) [<the>] volume [level] is [set to]",
       "(tell me|check) [<the>] volume [level]", "what volume (is it|are we) [at|on]",
     ],
   ],
@@ -180,7 +180,7 @@ export const englishSound: readonly Request[] = [
       "what (song|track|music|tune|album|video|artist|band) is (this|that|playing|on|it) [now|playing|called]",
       "what is (this|that|the) [current] (song|track|tune|music) [called|playing|now]",
       "who (sings|is singing|sang|made|plays|is playing|wrote|performs|is) (this|that|it) [song|track]",
-      "(which|what) (song|track) (are we|am i) (listening|hearing) [to]", "what am i (listening|hearing) to",
+      "what (song|track|piece of music|music|tune) (this|that|it) is", "what piece of music is (this|that|playing)", "(which|what) (song|track) (are we|am i) (listening|hearing) [to]", "what am i (listening|hearing) to",
       "what is the (name|title) of (this|the|that) (song|track|tune)", "name (this|that) (song|tune)",
       "(do you know|can you tell) (this|that) <song>",
       "(which|what) (<song>|track|tune|piece|music) (is|are) (this|that|playing|on|it|we hearing|we listening to) [now|" +

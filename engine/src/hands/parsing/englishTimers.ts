@@ -6,6 +6,8 @@ export const englishTimers: readonly Request[] = [
   [
     "setTimer",
     [
+      "(put|stick|pop) {duration} on [the clock|the timer] for [<whose>] {few:name}", "[<set>] [<a>] timer for {duration} (call|name) it {few:name}",
+      "(give me|i need) {duration} for [<whose>] {word:name}",
       "[<set>] [<a>] {duration} timer [<called> [<whose>] {few:name}]",
       "[<set>] [<a>] (timer|countdown|countdown timer|kitchen timer|clock timer) [of|for|with|at|to|lasting|that " +
         "lasts|set for|set to|running for|that goes off in|which ends in|that rings in|to go off in|for about|to ring in|in] " +
@@ -38,7 +40,7 @@ export const englishTimers: readonly Request[] = [
   [
     "wake",
     [
-      "(wake me up|wake me|get me up|get me out of bed|get me going|rouse me|wake us up|wake us) [please|then] {moment}",
+      "(wake me up|wake me|get me up|get me out of bed|get me going|rouse me|wake us up|wake us) [please|then] {moment} [(for|to get to|in time for|to make) [<whose>] {few:why}]",
       "{moment} (wake me up|wake me)", "wake up call {moment}", "(wake me up|wake me) {duration} from now",
       "<set> [<a>] (wake up call|wake up alarm|morning alarm) [for] {moment}", "(wake me up|wake me) in {duration}",
       "in {duration} (wake me up|wake me)", "[(i would like|i want|i need|i should like|i have) to] be (woken|woken up|roused) {moment}",
@@ -70,6 +72,7 @@ export const englishTimers: readonly Request[] = [
     [
       "(i must|i have to|i need to|i should) (remember|not forget) [<about>] {text} ({moment}|in {duration}) [so] (remind me|remind us)",
       "(i must not|i can not|i should not|we must not) forget [<about>] {text} ({moment}|in {duration}) [so] (remind me|remind us)",
+      "(i must|i have to|i need to|i should|do not let me|i must not forget to|i can not forget to|i should not forget to) {text} [so|and|then] (remind me|remind us) {moment}",
       "(i have to|i have got to|i need to|i must|i should|i am supposed to|i have) {text} ({moment}|in {duration}) [so|and] (remind me|remind us|" +
         "do not let me " +
         "forget|give me a reminder|make sure i remember|set a reminder|remind me of it|remind me about it|remind me about that)",
@@ -83,11 +86,13 @@ export const englishTimers: readonly Request[] = [
       "<set> [<a>] {moment} reminder <about> {text}",
       "(reminder|new reminder|<set> [<a>] reminder) [for] {moment} [<about>] " +
         "{text}",
+      "{moment} (be so kind as to|would you|could you|can you|i would like you to) <remind> <about> {text}",
       "<remind> : [<about>] {text} {moment}", "<remind> : [<about>] {text} in {duration}",
       "(reminder|new reminder) in {duration} [<about>] {text}", "<alertme> {moment} (to|that) {text}", "<alertme> in {duration} (to|that) {text}", "<alertme> to {text} {moment}",
       "<alertme> to {text} in {duration}", "{moment} <alertme> (to|that) {text}", "in {duration} <alertme> (to|that) {text}",
     ],
   ],
+  ["tellPending", ["(everything|all) [that] (is|i have|i have got|we have|there is) set [up]", "what (is|do i have) set [up]"]],
   [
     "cancelTimers",
     [

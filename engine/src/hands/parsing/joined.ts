@@ -144,8 +144,8 @@ const timeFirst: Record<Language, RegExp> = {
 };
 
 const several: Record<Language, RegExp> = {
-  en: /^(.*\b)(two|three|four|five|[2-5])\s+(?:(?:new|more|different)\s+)?(timers|alarms)((?:\s+(?:for |on )?(?:today|tonight|tomorrow|\p{L}+day))?)(?:,?\s+please)?[\s,:]+(.+)$/iu,
-  pt: /^(.*\b)(dois|duas|três|tres|quatro|cinco|[2-5])\s+(?:novos\s+)?(timers|temporizadores|alarmes|despertadores)((?:\s+(?:para |pra |na |no )?(?:hoje|amanhã|amanha|segunda|terça|quarta|quinta|sexta|sábado|domingo))?)[\s,:]+(.+)$/iu,
+  en: /^(.*\b)(two|three|four|five|[2-5])\s+(?:(?:new|more|different)\s+)?(timers|alarms)((?:\s+(?:for |on )?(?:today|tonight|tomorrow|\p{L}+day)(?: (?:morning|afternoon|evening|night))?)?)(?:,?\s+please)?[\s,:]+(.+)$/iu,
+  pt: /^(.*\b)(dois|duas|três|tres|quatro|cinco|[2-5])\s+(?:novos\s+)?(timers|temporizadores|alarmes|despertadores)(?:\s+aí)?((?:\s+(?:para |pra |na |no )?(?:hoje|amanhã|amanha|segunda|terça|quarta|quinta|sexta|sábado|domingo)(?: (?:de|à) (?:manhã|manha|tarde|noite))?)?)[\s,:]+(.+)$/iu,
 };
 /** "Um às 6 e outro às 6 e 15": what joins an hour to its minutes parts nothing. */
 const eachOther: Record<Language, RegExp> = {

@@ -5,7 +5,7 @@ import { correctedItems } from "./corrections.ts";
 import { dayOf, type Day } from "./days.ts";
 import type { Slots } from "./grammar.ts";
 import { localText, timeOf, timesOf, type Moment, type Purpose } from "./moments.ts";
-import { areThings, isApplicationName, isEmptyNote, isItem, isKnownApplication, isKnownFolder, isUnsaid, listName } from "./names.ts";
+import { areThings, isApplicationName, isEmptyNote, isItem, isKnownApplication, isKnownFolder, isTimerName, isUnsaid, listName } from "./names.ts";
 import { count, dayText, name, text } from "./slotValues.ts";
 
 /** A hand and what it is to do. */
@@ -41,6 +41,9 @@ function alarm(purpose: Purpose): Meaning {
   return (slots, now) => {
     const at = when(slots, now, purpose);
     const called = name(slots);
+    // "Wake me at seven for the next five days" is more than once.
+    const why = text(slots, "why");
+    if (why !== undefined && !isTimerName(why)) return undefined;
     return at && called ? { hand: "timer", given: { do: "alarm", ...at, ...called } } : undefined;
   };
 }

@@ -30,7 +30,7 @@ const prepositions: Record<Language, RegExp> = {
 };
 
 /** A time that is followed by its bare hour: "at seven", "às sete". */
-const announces: Record<Language, RegExp> = { en: /^(at|for|by|around|to)$/, pt: /^(as|a|das|pelas|pela)$/ };
+const announces: Record<Language, RegExp> = { en: /^(at|for|by|around|to)$/, pt: /^(as|a|das|pelas|pela|acorda|acorde|desperta|desperte)$/ };
 
 /** Gives a moment with its clock, its day or both, in any order. A bare hour is one where `isHour` says that a time stood before it. */
 export function moment(tokens: readonly Token[], at: number, language: Language, now: Date, isHour = false): Found<Moment> | undefined {

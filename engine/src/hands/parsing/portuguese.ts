@@ -107,7 +107,7 @@ export const portuguese: Phrasing = {
     "(voce|o senhor|a senhora) (faria|me faria|pode fazer|poderia fazer) (a gentileza|o favor|um favor|o obsequio) (de|e)",
     "[eu] (preferia|preferiria|agradeceria se) [que] voce",
     "(se nao der|se nao for dar) muito trabalho", "[ah] antes que eu me esqueca", "deixa eu ver",
-    "(ve|veja|olha|confere|checa) [ai] se", "(na verdade|alias|pensando bem|melhor)", "(voce|ce) ?",
+    "(ve|veja|olha|confere|checa) [ai] se", "(na verdade|alias|pensando bem|melhor)", "(voce|ce) ?", "deixa para la",
     "(nossa|caramba|puxa|eita|poxa|ih|vixe|desculpa|desculpe|espera|espera ai|perai|pera|um momento|so um momento|enfim|pois e)",
     "(voce|tu) (pode|poderia|consegue|podia|pode por favor|poderia por favor|conseguiria)",
     "(pode|poderia|consegue|podia|podes|da para|daria para|sera que voce pode|sera que voce poderia|sera que pode|sera que " +
@@ -159,7 +159,7 @@ export const portuguese: Phrasing = {
       "querido|amigo|amiga|mano|cara)",
   ],
   after: [
-    "para mim", "para nos", "(esta|esta bom|esta certo|pode ser) ?", "(agora|agora mesmo|ja|imediatamente|rapidinho|rapido|logo)",
+    "para mim", "para nos", "(esta|esta bom|esta certo|pode ser) ?", "ou nao [coloquei|botei|marquei|tenho|esta]", "(agora|agora mesmo|ja|imediatamente|rapidinho|rapido|logo)",
     "(vai|anda|voce pode|pode ser|ta|ta bom|ok|tudo bem|viu|ne|beleza|pode|sim|entao|ai|la)", "se possivel",
     "se nao for incomodo", "de novo", "tambem", "para (eu|a gente) (ver|ouvir|usar|ler)",
     "(que|porque|pois|que eu|porque eu) (estou|eu estou|estamos|vou|eu vou|preciso|tenho que) (saindo|indo|no telefone|em " +

@@ -59,6 +59,7 @@ export const portugueseDesktop: readonly Request[] = [
   [
     "openAddress",
     [
+      "(me leva|me leve|leva) (para|ate) [o|a] [site|pagina|endereco] {text}",
       "(quero ir|me leva|abre|abra|abrir|entra|entre|entrar|vai|va|acessa|acesse|acessar|visita|visite|navega|navegue|mostra|me leva|" +
         "carrega) [o|a|no|na|em|para|para o|ate] [site|pagina|endereco|pagina web|portal] [da|do|de] {text} [no navegador]",
       "<open> [o|meu] navegador (em|no|na|com) [o] [site|pagina|endereco] {text}",

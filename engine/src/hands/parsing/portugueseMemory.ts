@@ -19,6 +19,7 @@ export const portugueseMemory: readonly Request[] = [
       "(o que|que) (conversamos|falamos|dissemos|discutimos|a gente falou|a gente conversou|eu disse|eu falei|eu te disse|" +
         "eu perguntei|nos falamos|nos dissemos|nos discutimos|nos conversamos|eu te falei|eu te perguntei|voce disse) (sobre|de|do|da|a respeito de|a respeito do|a " +
         "respeito da) [o|a|os|as] {text}",
+      "(a gente|nos|eu) (falou|conversou|falamos|conversamos|falei|disse) o que (sobre|de|do|da) [o|a|os|as] {text}",
       "quando [foi] [que] [nos|a gente|eu] [ja] (falamos|conversamos|falou|conversou|falei|discutimos|discutiu|tocamos no " +
         "assunto) [com voce] (sobre|de|do|da|dos|das|a respeito de) [o|a|os|as] {text}",
       "(o que|que) [foi] [que] (a gente|nos|eu|) [ja] (conversou|falou|discutiu|conversamos|falamos|discutimos|te disse|te " +
@@ -61,6 +62,7 @@ export const portugueseMemory: readonly Request[] = [
       "(esquece|esqueca|apaga|apague|esquecer) (tudo o que|tudo que|o que) (conversamos|falamos|eu disse|eu falei|a gente " +
         "conversou|a gente falou|eu te disse|dissemos|eu acabei de dizer|acabamos de falar|acabei de falar|eu acabei de " +
         "falar|acabamos de conversar|discutimos) [nesta conversa|nessa conversa|agora|aqui|ate agora]",
+      "(esquece|apaga) tudo [o] que (a gente|nos) (falou|conversou|falamos|conversamos|disse) [agora|hoje|aqui]",
       "nao (guarda|guarde|salva|salve|lembra|armazene) (esta|essa) conversa",
       "(esquece|esqueca|apaga|apague|exclui|exclua|deleta|delete|limpa|limpe|elimina|elimine) (tudo|tudo isso|tudo o que|" +
         "tudo que|o que|isso que|aquilo que) [que] (a gente|nos|eu|voce e eu|) [acabou de|acabamos de|acabei de|ja] " +

@@ -8,7 +8,7 @@ export const portugueseNotes: readonly Request[] = [
     [
       "<addverb> [ai] {text} [tambem|ai] <onto> [minha|nossa|meu|nosso] lista <listname>",
       "[na|a|minha|nossa|na minha] lista <listname> <addverb> {text}",
-      "(quero|queria|eu quero|preciso de|precisamos de|gostaria de|falta|faltou|vai) [por|colocar|botar|adicionar|incluir] " +
+      "(quero|queria|eu quero|preciso de|precisamos de|gostaria de|falta|faltou|vai) [por|colocar|botar|adicionar|incluir|acrescentar] " +
         "{text} <onto> [minha|nossa] lista <listname>",
       "<addverb> [ai] {text} <onto> [minha|nossa] lista", "<addverb> <onto> [minha|nossa] lista <listname> {text}",
       "<onto> [minha|nossa] lista <listname> <addverb> {text}",
@@ -31,7 +31,7 @@ export const portugueseNotes: readonly Request[] = [
     [
       "<readverb> [todas] [<the>] [ultimas|ultima] (notas|anotacoes|nota|anotacao) [para mim|comigo|em voz alta]",
       "(o que|que) (tem|esta|ha|esta escrito|eu tenho|tenho) (nas|em) [minhas] (notas|anotacoes)",
-      "(o que|que) (dizem|diz) [<the>] (notas|anotacoes)", "(posso|da para|pode me deixar) (ouvir|ver|ler) [<the>] (notas|anotacoes)",
+      "(o que|que) [que] (eu|) (tinha anotado|anotei|tenho anotado) [mesmo]", "(o que|que) (dizem|diz) [<the>] (notas|anotacoes)", "(posso|da para|pode me deixar) (ouvir|ver|ler) [<the>] (notas|anotacoes)",
       "<readverb> [de volta|para mim] o que (eu|) (anotei|escrevi|ditei)",
       "[<readverb>] [para mim] (o que|que) (eu|) (mandei|pedi para|te pedi para|falei para|disse para) [voce|tu] (anotar|escrever|" +
         "guardar|registrar)",

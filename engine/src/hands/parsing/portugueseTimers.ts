@@ -6,6 +6,7 @@ export const portugueseTimers: readonly Request[] = [
   [
     "setTimer",
     [
+      "(coloca|poe|bota|conta|marca) [ai] {duration} [ai]",
       "[<set>] [<a>] <timer> [de|para|com|em|por|durante|para daqui a|daqui a|para tocar em|que toque em|que dure|para " +
         "daqui] {duration} [<called> {few:name}]",
       "<set> {duration} (no|de) <timer> [<called> {few:name}]", "{duration} (no|de) <timer>",
@@ -42,7 +43,7 @@ export const portugueseTimers: readonly Request[] = [
   [
     "wake",
     [
-      "(me acorda|me acorde|acorda me|acorde me|me acordar|me desperta|me desperte|me chama|me chame|acorda eu) {moment}",
+      "(me acorda|me acorde|acorda me|acorde me|me acordar|me desperta|me desperte|me chama|me chame|acorda eu) {moment} [(para|para o|para a|a tempo de|a tempo do|a tempo da) {few:why}]",
       "{moment} (me acorda|me acorde|me desperta|me chama|me levanta|me acordar)",
       "(me levanta|me levante|me tira da cama|me acorda ai|acorda a gente|nos acorda|nos acorde|me da um bom dia) {moment}",
       "{moment} (eu|) (preciso|tenho que|quero|vou) (acordar|levantar|estar de pe)",
@@ -63,7 +64,7 @@ export const portugueseTimers: readonly Request[] = [
       "[<set>] [<a>] <alarm> [para|de|das|em|la para|para tocar|tocando|para despertar|marcado para|que toque] {moment} " +
         "[<called> {few:name}]",
       "[<set>] [<a>] <alarm> (para daqui a|daqui a|em|de|para) {duration} [<called> {few:name}]",
-      "{moment} [<set>] [<a>] <alarm>", "<set> [<a>] <alarm> <called> {few:name} (para|em|de) {moment}", "<alarm> {moment}",
+      "<set> [<a>] <alarm> [para|de|das|em] {moment} , hora (de|da|do) {few:why}", "{moment} [<set>] [<a>] <alarm>", "<set> [<a>] <alarm> <called> {few:name} (para|em|de) {moment}", "<alarm> {moment}",
       "(desperta|desperte|toca|toque) [o alarme|o despertador] {moment}", "<set> (para|) despertar {moment}",
       "<set> {moment} [no|como|de] <alarm>", "<set> (o|meu) relogio para despertar {moment}",
       "<set> [<a>] <alarm> (que|para) (me acorde|me acordar|me desperte|me despertar|toque|tocar) {moment}",
@@ -77,6 +78,7 @@ export const portugueseTimers: readonly Request[] = [
       "(tenho que|tenho de|preciso|devo|vou ter que|eu tenho que|eu preciso|tenho) {text} ({moment}|(em|daqui a|dentro de) {duration}) " +
         "[entao|e] " +
         "(me lembra|me lembre|me avisa|me avise|nao me deixa esquecer|me lembra disso|me cria um lembrete|cria um lembrete)",
+      "{moment} [eu] (queria|quero|gostaria|preciso) que voce <remind> <about> {text}",
       "<remind> (em|daqui a|dentro de|depois de|para daqui a) {duration} <about> {text}", "<remind> {moment} <about> {text}",
       "<remind> <about> {text} (em|daqui a|dentro de|depois de) {duration}", "<remind> <about> {text} {moment}",
       "(em|daqui a|dentro de|depois de) {duration} <remind> <about> {text}", "{moment} <remind> <about> {text}",
@@ -152,7 +154,7 @@ export const portugueseTimers: readonly Request[] = [
       "(adia|adie|adiar|atrasa|atrase|prorroga|prorrogue|empurra|segura|posterga) [isso|ai|<the>] [alarme|timer|" +
         "despertador|lembrete] [por|em|para daqui a|mais|por mais|uns|para] {duration}",
       "(so|apenas|me da|me de|quero|preciso de|deixa|da) [so] (mais|outros|outras) {duration}",
-      "(soneca|sonequinha) (de|por) [mais|outros] {duration}", "{duration} (a mais|de soneca)",
+      "(soneca|sonequinha) (de|por) [mais|outros] {duration} [mais|a mais]", "{duration} (a mais|de soneca)",
       "(ativa|ative|modo|aperta|faz|coloca|poe) [a|o|o modo] soneca",
       "(adia|adie|adiar) [<the>] [alarme|timer|despertador|lembrete] [por|em|para daqui a] {duration}",
       "(adia|adie|adiar) [<the>] (alarme|timer|despertador|lembrete)", "mais {duration}", "(ainda nao|nao|ah nao) [so] mais {duration}",
@@ -174,12 +176,12 @@ export const portugueseTimers: readonly Request[] = [
       "quando (acaba|termina|toca|vai tocar|vai acabar|vai terminar|termina o tempo) [<the>] <timer> [<called> {few:name}]",
       "(como esta|como anda|como vai|em quanto esta|em que pe esta|cade|a quantas anda) [<the>] <timer> [<called> {few:name}]",
       "quanto [tempo] (marca|mostra|diz) [<the>] <timer>",
-      "(quais|que) (timers|temporizadores|cronometros) (eu tenho|tenho|estao ativos|estao rodando|estao ligados|existem|ha|" +
+      "(quais|que) (timers|temporizadores|cronometros) (eu tenho|tenho|estao ativos|estao rodando|estao rolando|tao rodando|tao rolando|tao ligados|estao ligados|existem|ha|" +
         "tem|estao marcados|estao correndo|eu marquei|estao tocando|estao contando)",
       "quais sao [<the>] (timers|temporizadores|cronometros) [ativos|atuais|que tenho]",
       "<readverb> [todos] [<the>] (timers|temporizadores|cronometros|timer|temporizador|cronometro) [ativos|todos]",
       "(tem|tenho|ha|existe|eu tenho|temos) [algum|alguns|um] (timer|timers|temporizador|temporizadores|cronometro) [ativo|" +
-        "ligado|rodando|correndo|marcado|ativos|funcionando]",
+        "ligado|rodando|rolando|correndo|marcado|ativos|funcionando]",
       "[e] [<the>] <timer> [<called> {few:name}] (falta quanto|faltam quantos minutos|esta em quanto|esta quanto|em que pe esta)",
       "[<the>] <timer> [<called> {few:name}] (esta|ainda esta) (ligado|rodando|ativo|correndo|funcionando)",
       "quantos (timers|temporizadores|cronometros) (eu tenho|tenho|estao rodando|estao ativos|ha|tem|existem)",

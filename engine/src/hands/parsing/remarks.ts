@@ -17,8 +17,8 @@ const begins: Record<Language, RegExp> = {
       "still|really|always|all) )?(fell|got|went|hates?|likes?|loves?|took|bought|ate|drank|came|left|broke|ran|woke|slept|\\w{3,}ed)|" +
       "(it|this|that|there|you|they|he|she|everyone|everybody|someone|somebody|nobody|people) (is|are|has|have|will|needs|does|do|can|" +
       "did|was|were|hurts|wants|sounds|gets|keeps|should|starts|takes)|" +
-      "(the|my|our|his|her|all the|this|these|those) \\S+( \\S+){0,2} (is|are|has|have|will|needs|need|does|do|can|did|starts|takes|" +
-      "keeps|hurts|was|were|wants|want|ran|just|should|must|might)|" +
+      "(the|my|our|his|her|all the|this|these|those) \\S+( \\S+){0,2} (is|are|has|have|will|needs|need|does|do|can|did|starts|takes|goes|go|comes|" +
+      "keeps|hurts|was|were|wants|want|ran|just|should|must|might|would|could)|" +
       "no (need|longer)|not (needed|necessary|now)|too (loud|quiet|noisy|low)|much (too|better))\\b",
   ),
   pt: new RegExp(
@@ -75,7 +75,7 @@ export function withoutRemarks(text: string, tokens: readonly Token[], language:
     // Whatever was said before it, "so" and a request after it is theirs who speaks.
     const isWhy = isTherefore && isMarked && !isConditional(told, language);
     if (isBeside || isWhy) ways.push(tokens.slice(from));
-    const isReason = because[language].test(tokens[at]!.plain);
+    const isReason = because[language].test(tokens[at]!.plain) || (isMarked && language === "en" && tokens[at]!.plain === "as");
     const rest = tokens.slice(at);
     if (purpose[language].test(`${rest.slice(0, longest).map(({ plain }) => plain).join(" ")} `)) ways.push(tokens.slice(0, at));
     if (!isMarked && !isReason) continue;
@@ -151,6 +151,11 @@ const told: Record<Language, RegExp> = {
   en: /^(i|we|he|she|it|they|someone|somebody|everybody|everyone|the|my|our|his|her|this) /, pt: /^(eu|a gente|ele|ela|o|a|os|as|meu|minha|meus|minhas|estou|vou|preciso|tenho|nao) /,
 };
 
+/** "Mute the sound while I answer the door", "lock the screen before the kids get at it": now, that is. */
+const meanwhile: Record<Language, RegExp> = {
+  en: /^(while|before) (i|we|he|she|they|it|somebody|someone|the|my|our) \S+/, pt: /^(enquanto|antes que) (eu|a gente|ele|ela|alguem|o|a|os|as|meu|minha|atendo|vou) \S+/,
+};
+
 function isState(tokens: readonly Token[], language: Language): boolean {
   const said = tokens.map(({ plain }) => plain).join(" ");
   return !isOpen(tokens, language) && !asksOf[language].test(tokens[0]?.plain ?? "") && states[language].test(said) && !tells[language].test(said) && !isOther(tokens, language);
@@ -164,7 +169,8 @@ export function withoutStates(tokens: readonly Token[], language: Language): (re
   return tokens.flatMap((_, at) => {
     const [before, rest] = [tokens.slice(0, at), tokens.slice(at)];
     const isTold = told[language].test(rest.map(({ plain }) => plain).join(" ")) && !isOpen(before, language);
-    return [...(isState(before, language) ? [rest] : []), ...(isTold && isState(rest, language) ? [before] : [])];
+    const isMeanwhile = meanwhile[language].test(rest.map(({ plain }) => plain).join(" "));
+    return [...(isState(before, language) ? [rest] : []), ...((isTold && isState(rest, language)) || isMeanwhile ? [before] : [])];
   });
 }
 

@@ -101,6 +101,7 @@ export function isFiller({ plain }: Token, language: Language): boolean {
 
 const forMe: Record<Language, readonly [string, string]> = { en: ["for", "me"], pt: ["para", "mim"] };
 const latestForMe = 4;
+const manners: Record<Language, readonly string[]> = { en: ["please"], pt: ["por", "favor"] };
 const questionWords: Record<Language, RegExp> = {
   en: /^(what|which|how|when|where|who|is|are|do|does|am|have|has|any)$/,
   pt: /^(o|que|quais|qual|quant[oa]s?|como|quando|onde|quem|do|tem|tenho|ha|esta)$/,
@@ -111,7 +112,7 @@ const asksWhat: Record<Language, RegExp> = { en: /^(what|which)$/, pt: /^(que|qu
 const adverbs: Record<Language, RegExp> = { en: /^(still|currently|actually|exactly|already)$/, pt: /^(ainda|ja|atualmente|exatamente|mesmo|eu)$/ };
 
 /**
- * Leaves out what changes nothing: "for me" near the beginning of "open for me the calculator", in a question such words as "still", and
+ * Leaves out what changes nothing: "for me" or "please" near the beginning of "open please the calculator", in a question such words as "still", and
  * "é que" after a question word.
  */
 export function withoutAsides(tokens: readonly Token[], language: Language): readonly Token[] {
@@ -122,10 +123,15 @@ export function withoutAsides(tokens: readonly Token[], language: Language): rea
   const isQuestion = isLed || questionWords[language].test(plain(0));
   const isCleft = (at: number): boolean =>
     language === "pt" && isQuestion && at > 0 && at < 3 && (isPair(at, ["e", "que"]) || isPair(at, ["foi", "que"]));
-  const isTwice = (at: number): boolean => language === "pt" && isQuestion && at > 0 && isPair(at - 1, ["que", "que"]);
+  // "Que dia que é hoje", "qual que é a raiz": the same with its words changed over.
+  const isTurned = (at: number): boolean => language === "pt" && isQuestion && at > 0 && at < 3 && asksWhat.pt.test(plain(0)) && isPair(at, ["que", "e"]);
+  const isTwice = (at: number): boolean => language === "pt" && at > 0 && isPair(at - 1, ["que", "que"]);
+  const please = manners[language];
+  const isPlease = (at: number): boolean => at > 0 && at <= latestForMe && please.every((word, offset) => plain(at + offset) === word);
+  const isOfPlease = (at: number): boolean => please.some((_, offset) => isPlease(at - offset));
   return tokens.filter((_, at) => {
     if (isLed && at === 0) return false;
-    if (isForMe(at) || isForMe(at - 1) || isCleft(at) || isCleft(at - 1) || isTwice(at)) return false;
+    if (isForMe(at) || isForMe(at - 1) || isCleft(at) || isCleft(at - 1) || isTurned(at) || isTwice(at) || isOfPlease(at)) return false;
     return !(isQuestion && adverbs[language].test(plain(at)));
   });
 }

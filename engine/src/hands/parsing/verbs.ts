@@ -25,8 +25,8 @@ const otherWords = new Set(["por", "para", "de", "da", "marca", "regular", "toma
 
 function portugueseForms(infinitive: string): string[] {
   const stem = infinitive.slice(0, -2);
-  if (irregular[infinitive]) return [infinitive, ...irregular[infinitive].split(" ")];
-  if (!infinitive.endsWith("ar")) return [infinitive, `${stem}e`, `${stem}a`];
+  if (irregular[infinitive]) return [infinitive, ...irregular[infinitive].split(" "), `${infinitive.slice(0, -1)}sse`];
+  if (!infinitive.endsWith("ar")) return [infinitive, `${stem}e`, `${stem}a`, `${infinitive.slice(0, -1)}sse`];
   const soft = stem.endsWith("c") && !softened.has(infinitive) ? `${stem.slice(0, -1)}qu` : stem.endsWith("g") ? `${stem}u` : stem;
   return [infinitive, `${stem}a`, `${soft}e`, `${stem}asse`];
 }

@@ -74,13 +74,30 @@ test("a state that is told without a mark beside what harms nobody is left out",
   expect(meant("my brother is coming quick lock the screen")).toBe("lock");
   expect(meant("please pause the music for a second someone is at the door")).toBe("media");
   expect(meant("meu irmão tá vindo bloqueia a tela rápido", "pt")).toBe("lock");
+  expect(meant("Would you mute the sound while I answer the door, please?")).toBe("volume");
+  expect(meant("Lock the screen before the kids get at it")).toBe("lock");
   expect(meant("my brother is coming cancel the timer")).toBeUndefined();
+  expect(meant("wake me at seven before the kids get up")).toBeUndefined();
 });
 
 test("what would be good if somebody did it is asked for", () => {
   const given = (sentence: string): unknown => understood(sentence, "en", now)?.given;
   expect(given("I'd be glad if you woke me at a quarter past six tomorrow")).toEqual({ do: "alarm", at: "2026-11-19T06:15" });
   expect(given("It would be lovely if you turned the volume down")).toEqual({ of: "system", by: -10 });
+});
+
+test("what Portuguese says twice or turned over is said once", () => {
+  const meant = (sentence: string): unknown => understood(sentence, "pt", now)?.hand;
+  expect(meant("Qual que é a raiz quadrada de oitenta e um?")).toBe("calculate");
+  expect(meant("então o que que tem na minha lista de tarefas")).toBe("notes");
+  expect(meant("abre por favor a minha pasta de downloads")).toBe("open");
+  expect(meant("me acorda seis e meia amanhã")).toBe("timer");
+});
+
+test("an hour and ten is seventy minutes", () => {
+  const seconds = (sentence: string): unknown => understood(sentence, "en", now)?.given.seconds;
+  expect(seconds("set a timer for an hour and ten")).toBe(4_200);
+  expect(seconds("set a timer for an hour and ten seconds")).toBe(3_610);
 });
 
 test("the day on which somebody has to get up is the alarm's", () => {

@@ -137,7 +137,10 @@ function withoutName(words: Word[], { wakeWords, phrases }: Pick<Circumstances, 
   for (const name of names) {
     const isAt = (at: number): boolean => name.length > 0 && name.every((part, index) => words[at + index]?.plain === part);
     const from = calls.includes(words[0]?.plain ?? "") && !isAt(0) ? 1 : 0;
-    if (isAt(from)) return words.slice(from + name.length);
+    if (isAt(from)) {
+      const rest = words.slice(from + name.length);
+      return from === 0 && isToldOf(rest) ? undefined : rest;
+    }
     const tail = words.length - name.length;
     if (tail > 0 && isAt(tail)) return endedLike(words.slice(0, tail), words.at(-1)!);
     for (let at = 1; at < tail; at++) {
@@ -146,6 +149,17 @@ function withoutName(words: Word[], { wakeWords, phrases }: Pick<Circumstances, 
     }
   }
   return undefined;
+}
+
+/** So an English sentence goes on that tells of whom it names, and asks nothing: "Palomet is on the phone". */
+const tellsOf = new RegExp(
+  "^(is|was|isnt|wasnt) (on|in|at|off|out|up|down|over|not|never|always|really|very|so|too|quite|just|still|already|also|now|going|coming|" +
+    "being|gone|home|away|asleep|busy|late|ready|broken|good|great|nice|wrong|right|slow|fast|called)( |$)|" +
+    "^(has|hasnt|had) (been|gone|got|done|become|had|left|come)( |$)",
+);
+
+function isToldOf(words: Word[]): boolean {
+  return !/\?$/.test(words.at(-1)?.original ?? "") && tellsOf.test(words.map(({ plain }) => plain).join(" "));
 }
 
 function hasPause({ original }: Word): boolean {

@@ -52,11 +52,13 @@ const lossARarity = 2 / 3;
 /** A rarer name is looked for with other vowels as well, and may lose so much at least. */
 const leastRarity = 6;
 const rareLoss = 10.3;
+/** A name that no pause sets off may lose this share of it: what ends a sentence without one is mostly a part of it. */
+const joinedShare = 0.5;
 /**
- * A name that no pause sets off may lose this share of it: what ends a sentence without one is mostly a part of it. So may one
- * in whose place words of fewer syllables were heard: a decoder that does not know a name writes down all of its sound.
+ * So much may one in whose place words of fewer syllables were heard: a decoder that does not know a name writes down all of its
+ * sound.
  */
-const doubtfulShare = 0.6;
+const shorterShare = 0.6;
 /**
  * A name is heard as at most so many words more than it has, and so many letters for each of its own, and some more: "Palomet"
  * as "Pearl omelette", half of whose letters are silent.
@@ -114,8 +116,8 @@ export class NameFinder {
           const short = place.ends.filter((end) => lettersOf(this.#textOf(heard, place.start, end)) <= spelling.mostLetters);
           const found = short.length > 0 ? await this.#tryAt(features, heard, { ...place, ends: short }, spelling) : undefined;
           if (!found || found.loss >= (best?.loss ?? Infinity)) continue;
-          const isDoubtful = !place.isSetOff || isShorter(this.#textOf(heard, place.start, found.naming.end), spelling.text);
-          if (found.loss <= (isDoubtful ? doubtfulShare : 1) * spelling.allowed) best = found;
+          const shorter = isShorter(this.#textOf(heard, place.start, found.naming.end), spelling.text) ? shorterShare : 1;
+          if (found.loss <= Math.min(shorter, place.isSetOff ? 1 : joinedShare) * spelling.allowed) best = found;
         }
       }
     }

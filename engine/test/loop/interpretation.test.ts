@@ -42,6 +42,15 @@ describe("the name", () => {
     }
   });
 
+  test("of whom something is told is not called, and who is asked whether it is so is", () => {
+    for (const text of ["Palomet is on the phone.", "palomet, is on the phone", "Palomet was really slow yesterday", "Palomet has gone mad"]) {
+      expect(decide(text)).toMatchObject({ action: "ignored", reason: "the name was not said" });
+    }
+    for (const text of ["Palomet, is it going to rain?", "palomet is the shop open", "Palomet, is now a good time?", "Palomet, is my sister at home", "hey Palomet, was on time"]) {
+      expect(decide(text)).toMatchObject({ action: "accepted" });
+    }
+  });
+
   test("that is not set cannot be said", () => {
     expect(decide("palomet, help", { wakeWords: [] })).toMatchObject({ action: "ignored" });
   });

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # try-desktop.sh NAME…: builds the packages in a fresh Debian, installs them in another beside a real desktop, starts that without
-# a screen, and does there with Palomet what a person does. NAME is xfce, sway, plasma-x11, gnome-x11, or gnome-x11-icons with the
-# extension that shows the icons of programs; "all" takes one after the other.
+# a screen, and does there with Palomet what a person does. NAME is xfce, sway, plasma-x11, gnome-x11, gnome-wayland, or one of
+# these two with "-icons", with the extension that shows the icons of programs; "all" takes one after the other.
 #
 #   --base FOLDER       a root made by debootstrap earlier, to be copied instead of making one; it is not changed
 #   --packages FOLDER   try the packages that lie there instead of building any
@@ -15,7 +15,7 @@ cd "$(dirname "$0")/.."
 . tools/roots.sh
 
 suite=bookworm
-desktops=(xfce sway plasma-x11 gnome-x11 gnome-x11-icons)
+desktops=(xfce sway plasma-x11 gnome-x11 gnome-x11-icons gnome-wayland gnome-wayland-icons)
 
 installDesktop() {
     local root=$roots/run
@@ -37,6 +37,9 @@ liveThere() {
     mkdir -p "$root/dev/pts"
     mount -t devpts -o newinstance,ptmxmode=0666,mode=0620 devpts "$root/dev/pts"
     ln -sf pts/ptmx "$root/dev/ptmx"
+    # GNOME asks the control groups whether a service manager has started it, and starts no X server where there are none.
+    mkdir -p "$root/sys/fs/cgroup"
+    mount -t cgroup2 cgroup2 "$root/sys/fs/cgroup"
     mkdir "$root/tmp/.X11-unix" "$root/tmp/.ICE-unix"
     chmod 1777 "$root/tmp/.X11-unix" "$root/tmp/.ICE-unix"
     local result=0

@@ -36,8 +36,8 @@ export interface Windows {
 
 /** The screens, as the user plugs them in and turns them. */
 export interface Screens {
-    /** Two beside each other, each of half the width. */
-    two(session: Session): Promise<void>;
+    /** Two beside each other, each of half the width, where the program can know on which of them the pointer is. */
+    two?(session: Session): Promise<void>;
     /** One of half the width, and so higher than wide. */
     turned(session: Session): Promise<void>;
     /** The one that was there at the login. */

@@ -9,12 +9,12 @@ import type { Desktop, Notice } from "./desktop";
 import type { Session } from "./session";
 import { x11Screens, x11Terminal, x11Windows } from "./x11";
 
-const appIndicators = "ubuntu-appindicators@ubuntu.com";
+export const appIndicators = "ubuntu-appindicators@ubuntu.com";
 /** Lets the shell answer what its looking glass would, for it tells nobody where it shows what. */
 const lookingGlass = "looking-glass@palomet.org";
 
 /** What the shell says to that expression. */
-async function ask({ environment }: Pick<Session, "environment">, expression: string): Promise<unknown> {
+export async function ask({ environment }: Pick<Session, "environment">, expression: string): Promise<unknown> {
     const shell = ["--dest", "org.gnome.Shell", "--object-path", "/org/gnome/Shell", "--method", "org.gnome.Shell.Eval"];
     // Without quotes in the answer there is nothing to be escaped.
     const code = `Array.from(JSON.stringify(${expression}) ?? "null", (sign) => sign.charCodeAt(0)).join(" ")`;
@@ -24,7 +24,7 @@ async function ask({ environment }: Pick<Session, "environment">, expression: st
     return JSON.parse(String.fromCharCode(...signs.split(" ").map(Number)));
 }
 
-async function setUp(home: string, extensions: string[]): Promise<void> {
+export async function setUp(home: string, extensions: string[]): Promise<void> {
     const folder = join(home, ".local/share/gnome-shell/extensions", lookingGlass);
     mkdirSync(folder, { recursive: true });
     writeFileSync(join(folder, "metadata.json"), JSON.stringify({ uuid: lookingGlass, name: "Looking glass", description: "Says what is where", "shell-version": ["43"] }));
@@ -50,7 +50,7 @@ export async function setOfGnome(environment: Environment, group: string, name: 
     await run(["gsettings", "set", `org.gnome.desktop.${group}`, name, value], environment);
 }
 
-const gnomeX11: Omit<Desktop, "hasTray" | "setUp"> = {
+export const gnomeX11: Omit<Desktop, "hasTray" | "setUp"> = {
     name: "GNOME",
     type: "x11",
     session: ["gnome-session", "--builtin"],

@@ -9,7 +9,7 @@ import { Screen } from "../rehearsal/screen";
 import type { Desktop } from "./desktop";
 
 /** What a session tells its programs besides what the login told it. */
-const told = ["SESSION_MANAGER", "DISPLAY", "WAYLAND_DISPLAY", "SWAYSOCK"];
+const told = ["SESSION_MANAGER", "DISPLAY", "XAUTHORITY", "WAYLAND_DISPLAY", "SWAYSOCK"];
 
 export class Session {
     private constructor(

@@ -21,11 +21,14 @@ import * as strip from "./steps/strip";
 import * as tray from "./steps/tray";
 import * as window from "./steps/window";
 import { gnomeX11Bare, gnomeX11WithIcons } from "./gnome";
+import { gnomeWaylandBare, gnomeWaylandWithIcons } from "./gnomeWayland";
 import { plasmaX11 } from "./plasma";
 import { sway } from "./sway";
 import { xfce } from "./xfce";
 
 const desktops: Record<string, Desktop> = {
+    "gnome-wayland": gnomeWaylandBare,
+    "gnome-wayland-icons": gnomeWaylandWithIcons,
     "gnome-x11": gnomeX11Bare,
     "gnome-x11-icons": gnomeX11WithIcons,
     "plasma-x11": plasmaX11,
@@ -59,7 +62,7 @@ const steps: Step[] = [
     ["keys by commands", keys.byCommand, ({ keys }) => keys === "nobody"],
     ["dark and light", look.darkAndLight, ({ hasTray, setDark }) => hasTray && setDark !== undefined],
     ["more contrast", look.contrast, ({ setContrast }) => setContrast !== undefined],
-    ["two screens", screens.two],
+    ["two screens", screens.two, (desktop) => desktop.screens.two !== undefined],
     ["scales", screens.scaled, ({ setScale }) => setScale !== undefined],
     ["turned screen", screens.turned],
     ["folders", folders.choose],

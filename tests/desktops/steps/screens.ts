@@ -19,7 +19,7 @@ export async function two(place: Place): Promise<string> {
     const { session, session: { screen }, desktop: { screens } } = place;
     const places: Rectangle[] = [];
     try {
-        await screens.two(session);
+        await screens.two!(session);
         for (const [index, middle] of [half / 2, half + half / 2].entries()) {
             await screen.hand("mousemove", String(middle), "300");
             places.push(await stripIn(place, `screens-${index + 1}`, [index * half, 0, half, height]));

@@ -5,6 +5,9 @@ import { check } from "../../rehearsal/stage";
 import { differenceOf, stillPicture } from "../pictures";
 import { palomet, type Place, Terminal } from "../place";
 
+/** A desktop may draw a shadow around it. */
+const withShadow = 1.7;
+
 export async function aboveFullScreen(place: Place): Promise<string> {
     const { session, desktop, watcher } = place;
     const terminal = await Terminal.open(place, { isFullScreen: true });
@@ -17,7 +20,7 @@ export async function aboveFullScreen(place: Place): Promise<string> {
     // Nothing else changes on a screen that is filled.
     const area = await until("the strip to be seen", async () => {
         const found = await differenceOf(place, "full-screen", "strip-above-full-screen");
-        return found > 5000 && found < 440 * 40 * 1.5 && found;
+        return found > 5000 && found < 440 * 40 * withShadow && found;
     });
     check(await desktop.windows.isInFront(session, terminal.id), "the strip took the focus");
     const names = await desktop.windows.list(session);

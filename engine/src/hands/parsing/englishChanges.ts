@@ -37,7 +37,8 @@ export const englishChanges: readonly Request[] = [
     "alarmLater",
     [
       "<push> (<ones>|that|this) [{few:name}] alarm (back|later|forward an extra) [by] {duration}",
-      "<push> back (<ones>|that|this) [{few:name}] alarm [by] {duration}", "<push> (<ones>|that|this) [{moment:from}] alarm (back|on) [by] {duration}",
+      "<push> back (<ones>|that|this) [{few:name}] alarm [by] {duration}",
+      "<push> (<ones>|that|this) [{moment:from}] alarm (back|on) [by] {duration}",
       "(<push>|make) (<ones>|that|this) [{moment:from}] alarm {duration} (later|back)",
     ],
   ],
@@ -51,7 +52,8 @@ export const englishChanges: readonly Request[] = [
   [
     "changeAlarm",
     [
-      "<retime> (<ones>|that|this) alarm [(for|at|of|from) {moment:from}] [to|until|till|back to|forward to] {moment} [instead [of {moment:from}]]",
+      "<retime> (<ones>|that|this) alarm [(for|at|of|from) {moment:from}] [to|until|till|back to|forward to] {moment} " +
+        "[instead [of {moment:from}]]",
       "<retime> (<ones>|that|this) alarm from {number:hour} to {moment}", "<retime> (<ones>|that|this) alarm for {day:on} to {moment}",
       "<retime> (<ones>|that|this) {moment:from} alarm [to|until|till|back to|forward to] {moment}",
       "<retime> (<ones>|that|this) {day:on} alarm to {moment}",

@@ -2,6 +2,7 @@
 // no part of the request, and asks for nothing.
 
 import type { Language } from "../../base/language.ts";
+import { isConditional, isOther, longestClause, plainText, tells, wordsOf } from "./clauses.ts";
 import type { Token } from "./tokens.ts";
 
 /** How a remark begins: with who is in which state. What somebody says, asks or writes is none. */
@@ -36,18 +37,6 @@ const begins: Record<Language, RegExp> = {
       "escuto)|ninguem |(muito|tao) (alto|baixo))",
   ),
 };
-/** What is told of, asked or thought may stand after it, and is not asked for. */
-const tells: Record<Language, RegExp> = {
-  en: wordsOf(
-    "say|says|said|tell|tells|told|ask|asks|asked|if|when|unless|until|whether|hear that|heard (that|him|her|you|them|someone|somebody|people)|read|wrote|sing|" +
-      "song called|mean|means|remember|remembered|try|tried|used to|supposed to|why|how|what|who|yesterday|wish|hope|dream|" +
-      "dreamed|learn|learned|reminder|remind|timer|alarm",
-  ),
-  pt: wordsOf(
-    "disse|diz|dizer|dizem|falou|fala|falei|pediu|pedi|perguntou|perguntei|se|quando|caso|ouvi|leu|li|escreveu|" +
-      "lembro|lembrei|tentei|tentar|porque|como|ontem|queria|sonhei|aprender|lembrete|lembra|timer|alarme",
-  ),
-};
 /** What somebody is going to do with what is asked for. */
 const purpose: Record<Language, RegExp> = {
   en: /^so (that )?(i|we|you|he|she|they) (can|could|may|will|do not|am|have) /, pt: /^(que|porque|para) (eu )?(vou|preciso|tenho que|quero|possa|consiga) /,
@@ -60,7 +49,6 @@ const asks: Record<Language, RegExp> = {
   en: /^(please (?!and\b|then\b)\S|(can|could|will|would) you\b)/, pt: /^((voce|o senhor|a senhora) (pode|poderia)\b|(pode|poderia) me\b)/,
 };
 const between = /[,;:.!?–—-]/;
-const longest = 12;
 
 /** The tokens without what is only told beside them, in each way that leaves a request; none where nothing is told. */
 export function withoutRemarks(text: string, tokens: readonly Token[], language: Language): (readonly Token[])[] {
@@ -68,7 +56,7 @@ export function withoutRemarks(text: string, tokens: readonly Token[], language:
   for (let at = 1; at < tokens.length; at++) {
     const isMarked = between.test(text.slice(tokens[at - 1]!.end, tokens[at]!.start));
     const from = isSo(tokens[at]!) ? at + 1 : at;
-    const isAsked = asks[language].test(tokens.slice(from, from + 3).map(({ plain }) => plain).join(" "));
+    const isAsked = asks[language].test(plainText(tokens.slice(from, from + 3)));
     const told = tokens.slice(0, at);
     const isTherefore = tokens[at]!.plain === therefore[language];
     const isBeside = isRemark(text, told, language) ? isMarked || isAsked || isTherefore : isMarked && isAsked && !isOther(told, language);
@@ -77,7 +65,7 @@ export function withoutRemarks(text: string, tokens: readonly Token[], language:
     if (isBeside || isWhy) ways.push(tokens.slice(from));
     const isReason = because[language].test(tokens[at]!.plain) || (isMarked && language === "en" && tokens[at]!.plain === "as");
     const rest = tokens.slice(at);
-    if (purpose[language].test(`${rest.slice(0, longest).map(({ plain }) => plain).join(" ")} `)) ways.push(tokens.slice(0, at));
+    if (purpose[language].test(`${plainText(rest.slice(0, longestClause))} `)) ways.push(tokens.slice(0, at));
     if (!isMarked && !isReason) continue;
     const said = isReason ? [rest, rest.slice(1), rest[1]?.plain === "que" ? rest.slice(2) : rest] : [rest];
     const isThat = language === "pt" && tokens[at]!.plain === "que" && isReasonOf(rest.slice(1));
@@ -87,27 +75,11 @@ export function withoutRemarks(text: string, tokens: readonly Token[], language:
 }
 
 const therefore: Record<Language, string> = { en: "so", pt: "entao" };
-const conditions: Record<Language, RegExp> = { en: wordsOf("if|when|whenever|unless|until|whether|should i|had i"), pt: wordsOf("se|quando|caso|ate que") };
-const quotes: Record<Language, RegExp> = {
-  en: wordsOf("says?|said|tells?|told|asks?|asked|hear|heard|read|reads|wrote|writes|sings?|sang|song called|shouts?|shouted"),
-  pt: wordsOf("diz|disse|dizem|dizer|fala|falou|falei|pede|pediu|pedi|pergunta|perguntou|perguntei|ouvi|ouviu|leu|li|escreveu|canta|cantou|gritou"),
-};
-
-/** It says on what something depends. */
-function isConditional(tokens: readonly Token[], language: Language): boolean {
-  return tokens.length < 2 || tokens.length > longest || conditions[language].test(tokens.map(({ plain }) => plain).join(" "));
-}
-
-/** Somebody else may say what stands after it. */
-function isOther(tokens: readonly Token[], language: Language): boolean {
-  return isConditional(tokens, language) || quotes[language].test(tokens.map(({ plain }) => plain).join(" "));
-}
-
 /** The place of the first mark, or of what begins a request; -1 where there is neither. */
 export function requestAt(text: string, tokens: readonly Token[], language: Language): number {
   return tokens.findIndex(({ start }, at) => {
     if (at === 0) return false;
-    const said = tokens.slice(at, at + 3).map(({ plain }) => plain).join(" ");
+    const said = plainText(tokens.slice(at, at + 3));
     return /[,;.]/.test(text.slice(tokens[at - 1]!.end, start)) || asks[language].test(said);
   });
 }
@@ -125,58 +97,9 @@ export function questionAtEnd(text: string, tokens: readonly Token[], language: 
 
 const questions: Record<Language, RegExp> = { en: /^(what|how|which|have|is|are)$/, pt: /^(quant[oa]s?|qual|quais|que)$/ };
 
-/** Who or what is how, or does what at the moment, to the end. */
-const states: Record<Language, RegExp> = {
-  en: new RegExp(
-    "^(((the|my|our|his|her|this) )?(\\S+ )?\\S+ (am|is|are) (not )?|(i|we) (can not|can hardly|can barely|could not|need to|have to|must) )\\S+( \\S+){0,5}$",
-  ),
-  pt: new RegExp(
-    "^(((o|a|os|as|meu|minha|meus|minhas|nosso|nossa) )?(\\S+ )?\\S+ (esta|estao|vai|vao|vem|chegou|acabou) |" +
-      "(eu )?(estou|vou|preciso|tenho que|nao consigo|nao estou) )\\S+( \\S+){0,5}$",
-  ),
-};
-/** No clause ends with one of these. */
-const unended: Record<Language, RegExp> = {
-  en: wordsOf("to|not|you|me|i|we|he|she|they|it|that|who|and|or|the|a|an|my|our|of|can|will|would|could|should|is|are|am|do|please|in|at|on|for|as|like"),
-  pt: wordsOf("que|nao|voce|me|eu|ele|ela|e|ou|o|a|os|as|um|uma|meu|minha|de|do|da|pode|por|favor|em|no|na|para|como|quem"),
-};
-function isOpen(tokens: readonly Token[], language: Language): boolean {
-  return unended[language].test(tokens.at(-1)?.plain ?? "");
-}
-
-const asksOf: Record<Language, RegExp> = { en: /^(what|where|who|how|when|why|which|whose|is|are)$/, pt: /^(que|onde|quem|como|quando|qual|quais|quanto|quanta)$/ };
-
-/** Which of all is told of. */
-const told: Record<Language, RegExp> = {
-  en: /^(i|we|he|she|it|they|someone|somebody|everybody|everyone|the|my|our|his|her|this) /, pt: /^(eu|a gente|ele|ela|o|a|os|as|meu|minha|meus|minhas|estou|vou|preciso|tenho|nao) /,
-};
-
-/** "Mute the sound while I answer the door", "lock the screen before the kids get at it": now, that is. */
-const meanwhile: Record<Language, RegExp> = {
-  en: /^(while|before) (i|we|he|she|they|it|somebody|someone|the|my|our) \S+/, pt: /^(enquanto|antes que) (eu|a gente|ele|ela|alguem|o|a|os|as|meu|minha|atendo|vou) \S+/,
-};
-
-function isState(tokens: readonly Token[], language: Language): boolean {
-  const said = tokens.map(({ plain }) => plain).join(" ");
-  return !isOpen(tokens, language) && !asksOf[language].test(tokens[0]?.plain ?? "") && states[language].test(said) && !tells[language].test(said) && !isOther(tokens, language);
-}
-
-/**
- * The tokens without a state that is told before or after them where no mark stands between: "my brother is coming lock the screen". It may
- * be a part of what is asked for as well, "stop what is playing": so for what harms nobody.
- */
-export function withoutStates(tokens: readonly Token[], language: Language): (readonly Token[])[] {
-  return tokens.flatMap((_, at) => {
-    const [before, rest] = [tokens.slice(0, at), tokens.slice(at)];
-    const isTold = told[language].test(rest.map(({ plain }) => plain).join(" ")) && !isOpen(before, language);
-    const isMeanwhile = meanwhile[language].test(rest.map(({ plain }) => plain).join(" "));
-    return [...(isState(before, language) ? [rest] : []), ...((isTold && isState(rest, language)) || isMeanwhile ? [before] : [])];
-  });
-}
-
 function isReasonOf(tokens: readonly Token[]): boolean {
-  const said = `${tokens.map(({ plain }) => plain).join(" ")} `;
-  return tokens.length > 1 && tokens.length <= longest && reason.test(said) && !tells.pt.test(said) && !chose.test(said);
+  const said = `${plainText(tokens)} `;
+  return tokens.length > 1 && tokens.length <= longestClause && reason.test(said) && !tells.pt.test(said) && !chose.test(said);
 }
 
 /** What follows says which of several is meant, and is no reason. */
@@ -187,12 +110,8 @@ const chose = wordsOf(
 
 /** It says who is in which state, or does what, and asks for nothing by the way it begins. */
 export function isRemark(text: string, tokens: readonly Token[], language: Language): boolean {
-  if (tokens.length < 2 || tokens.length > longest) return false;
+  if (tokens.length < 2 || tokens.length > longestClause) return false;
   // "É", which says what is, and "e", which goes on.
   const said = `${tokens.map(({ plain, start, end }) => (text.slice(start, end).toLowerCase() === "é" ? "é" : plain)).join(" ")} `;
   return begins[language].test(said) && !tells[language].test(said);
-}
-
-function wordsOf(words: string): RegExp {
-  return new RegExp(`\\b(${words})\\b`);
 }

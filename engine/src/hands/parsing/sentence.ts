@@ -9,7 +9,8 @@ import { changes, keptIn, meanings, verbatim, type MeaningName, type Meant, type
 import { moment } from "./moments.ts";
 import { portuguese } from "./portuguese.ts";
 import { withReferences } from "./references.ts";
-import { isRemark, questionAtEnd, requestAt, withoutRemarks, withoutStates } from "./remarks.ts";
+import { isRemark, questionAtEnd, requestAt, withoutRemarks } from "./remarks.ts";
+import { withoutStates } from "./states.ts";
 import { isFiller, isPause, said, thinking, tokensOf, withoutAsides, type Token } from "./tokens.ts";
 
 interface Compiled {
@@ -76,7 +77,8 @@ export function understood(text: string, language: Language, now: Date): Meant |
   const answer = question && (asked(text, question, language, now) ?? gist(text, question, language, now));
   // An answer too many harms nobody.
   if (answer && !changes(answer)) return answer;
-  return tokens.length > longestUnmarked ? undefined : withoutStates(tokens, language).map((rest) => asked(text, rest, language, now)).find((meant) => meant && isHarmless(meant));
+  if (tokens.length > longestUnmarked) return undefined;
+  return withoutStates(tokens, language).map((rest) => asked(text, rest, language, now)).find((meant) => meant && isHarmless(meant));
 }
 
 /** Undone by a word. */

@@ -2,7 +2,7 @@
 // asked about first as the settings say. What was asked is what a yes does.
 
 import type { Hand } from "../hands/hand.ts";
-import type { Meant } from "../hands/parsing/meanings.ts";
+import type { Meant } from "../hands/parsing/meaning.ts";
 import { longestRequest, mostSentences, partsOf } from "../hands/parsing/request.ts";
 import { isPolite } from "../hands/parsing/sentence.ts";
 import { asksForTime } from "./builtInAnswers.ts";

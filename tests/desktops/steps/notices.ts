@@ -23,6 +23,7 @@ export async function portTaken(place: Place): Promise<string> {
         await other.stop(true);
         await quit(place);
         await start(place);
+        if (!place.desktop.hasTray) await closeWindow(place);
     }
 }
 

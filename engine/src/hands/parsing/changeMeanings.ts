@@ -2,11 +2,10 @@
 
 import type { Day } from "./days.ts";
 import type { Slots } from "./grammar.ts";
-import type { Meaning, Meant } from "./meanings.ts";
+import { count, dayText, name, text, type Meaning, type Meant } from "./meaning.ts";
 import { localText, timeOf, timesOf, type Moment } from "./moments.ts";
-import { count, dayText, name, text } from "./slotValues.ts";
 
-/** The one that is meant: by its name, its time "from", its hour of a clock "hour", its day "on", or its length "was". */
+/** The one that is meant: by its name, or by the slot for its time, its hour of a clock, its day, or its length. */
 function meant(kind: string, slots: Slots, called: { name?: string }, to: Record<string, unknown>): Meant {
   const from = (slots.from as Moment | undefined) ?? clockAt(count(slots, "hour"));
   const on = (slots.on as Day | undefined) ?? from?.day;
@@ -55,8 +54,11 @@ export const changeMeanings = {
   alarmEarlier: by("alarm", -1),
   changeTimer: (slots) => {
     const length = count(slots, "duration");
+    // "From ten to fifteen minutes": the unit is said once.
+    const before = count(slots, "number");
+    const was = before !== undefined && length !== undefined ? { was: before * (length % 3_600 === 0 ? 3_600 : 60) } : {};
     const called = name(slots);
-    return length !== undefined && length >= 1 && called ? meant("timer", slots, called, { length: Math.round(length) }) : undefined;
+    return length !== undefined && length >= 1 && called ? meant("timer", { ...slots, ...was }, called, { length: Math.round(length) }) : undefined;
   },
   changeAlarm: toTime("alarm"),
   changeReminder: (slots, now) => {

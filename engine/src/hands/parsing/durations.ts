@@ -25,6 +25,8 @@ const about: Record<Language, string[][]> = {
 
 /** A length of time in seconds, more than none. */
 export function duration(tokens: readonly Token[], start: number, language: Language): Found<number> | undefined {
+  // "Meio-dia" is a time of day.
+  if (language === "pt" && plainAt(tokens, start) === "meio" && plainAt(tokens, start + 1) === "dia") return undefined;
   const at = start + (about[language].find((words) => words.every((word, offset) => plainAt(tokens, start + offset) === word))?.length ?? 0);
   let total = 0;
   let next = at;

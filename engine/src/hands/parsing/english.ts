@@ -21,7 +21,7 @@ export const english: Phrasing = {
       "schedule|program|do|kick off|fire up|have|can i have|could i have|can i get|could i get|may i have|let me have|can " +
       "we have|could we have|could we get|pop on|get|make it|make that|how about|what about|i could use|i will have|i will take|" +
       "let us go with)",
-    a: "(a wee|a little|a short|a small|a new little|a|an|another|one|one more|a new|the|my|another new|a quick)",
+    a: "(a wee|wee|a little|a short|a small|a new little|a|an|another|one|one more|a new|the|my|another new|a quick)",
     called: "(and call it|and name it|called|named|labelled|labeled|titled|with the name|with the label|for|name it|call it|to)",
     the: "(the|my|our|this|that|the current|my current)",
     off:
@@ -122,7 +122,7 @@ export const english: Phrasing = {
     "if you (can|could|would|do not mind)", "(that|it|this) would be (lovely|great|nice|wonderful|kind|grand|perfect|helpful)",
   ],
   after: [
-    "for me", "at the moment", "or (not|did not i|do not i|have not i|is it not)", "(roughly|approximately|exactly)", "not before",
+    "for me", "at the moment", "or (not|did not i|do not i|have not i|is it not)", "(roughly|approximately|exactly)", "not before", "just now",
     "(now|right now|right away|immediately|at once|quickly|asap|for us)", "if possible", "ok", "okay", "then", "mate",
     "buddy", "again", "when you can", "real quick", "quick", "instead", "cheers", "(will|would) you please",
     "(i am|we are) (on the phone|in a meeting|leaving|going out|trying to sleep|trying to work|on a call|busy|cooking|sleeping)",

@@ -28,6 +28,7 @@ export const englishChanges: readonly Request[] = [
   [
     "changeTimer",
     [
+      "<retime> (<ones>|that|this) [{few:name}] timer from {number} (to|into) {duration} [instead]",
       "<retime> (<ones>|that|this) [{few:name}] timer [from {duration:was}] (to|into|for) {duration} [instead]",
       "make (<ones>|that|this) [{few:name}] timer {duration} instead [of {duration:was}]",
       "<retime> (<ones>|that|this) {duration:was} timer (to|into) {duration} [instead]",

@@ -1,7 +1,7 @@
 // What a part of a sentence asks for after another request, from which it takes what it does not say: the verb, the thing, or the list.
 
 import type { Language } from "../../base/language.ts";
-import type { Meant } from "./meanings.ts";
+import type { Meant } from "./meaning.ts";
 import { isItem } from "./names.ts";
 import { isPolite, understood } from "./sentence.ts";
 

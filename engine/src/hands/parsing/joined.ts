@@ -3,7 +3,8 @@
 
 import type { Language } from "../../base/language.ts";
 import { afterOther, isAlso, listedTogether, onThatList, type Before } from "./followed.ts";
-import { keptIn, type Meant } from "./meanings.ts";
+import type { Meant } from "./meaning.ts";
+import { keptIn } from "./meanings.ts";
 import { understood } from "./sentence.ts";
 
 export interface JoinedPart {
@@ -121,10 +122,11 @@ export function remindersIn({ text, start, meant }: JoinedPart, language: Langua
     const next = index + joint.length;
     const rest = text.slice(next);
     const isAgain = asksAgain[language].test(rest);
+    const isMore = too[language].test(rest);
     const whole = isAgain ? rest : `${verb} ${rest}`;
     const first = understood(text.slice(0, index), language, now);
-    const second = isAgain || timeFirst[language].test(rest) ? understood(whole, language, now) : undefined;
-    const areTimed = !isAgain || (first?.given.at !== undefined && second?.given.at !== undefined);
+    const second = isAgain || isMore || timeFirst[language].test(rest) ? understood(whole, language, now) : undefined;
+    const areTimed = !(isAgain || isMore) || (first?.given.at !== undefined && second?.given.at !== undefined);
     if (first && keptIn(first) === "about" && second && keptIn(second) === "about" && areTimed) {
       const others = remindersIn({ text: whole, start: start + next, meant: second }, language, now);
       return [{ text: text.slice(0, index), start, meant: first }, ...(others ?? [{ text: rest, start: start + next, meant: second }])];
@@ -137,6 +139,9 @@ export function remindersIn({ text, start, meant }: JoinedPart, language: Langua
 const asksAgain: Record<Language, RegExp> = {
   en: /^(?:then )?remind (?:me|us)\s/iu, pt: /^(?:depois )?(?:me (?:lembr[ae]|avis[ae])|lembre?-me)\s/iu,
 };
+
+/** "To collect the parcel at one and to call the vet at two". */
+const too: Record<Language, RegExp> = { en: /^to\s/iu, pt: /^de\s/iu };
 
 const timeFirst: Record<Language, RegExp> = {
   en: /^(?:then )?(?:at|in|on|tomorrow|tonight|next|this|the day after)\s/iu,

@@ -4,21 +4,16 @@ import { changeMeanings } from "./changeMeanings.ts";
 import { correctedItems } from "./corrections.ts";
 import { dayOf, type Day } from "./days.ts";
 import type { Slots } from "./grammar.ts";
+import { count, dayText, name, text, type Meaning, type Meant } from "./meaning.ts";
 import { localText, timeOf, timesOf, type Moment, type Purpose } from "./moments.ts";
 import { areThings, isApplicationName, isEmptyNote, isItem, isKnownApplication, isKnownFolder, isTimerName, isUnsaid, listName } from "./names.ts";
-import { count, dayText, name, text } from "./slotValues.ts";
-
-/** A hand and what it is to do. */
-export interface Meant {
-  hand: string;
-  given: Record<string, unknown>;
-}
-
-export type Meaning = (slots: Slots, now: Date) => Meant | undefined;
 
 const longestTimer = 7 * 86_400;
 /** "One more day" is said of something else. */
 const longestSnooze = 12 * 3_600;
+
+/** What may be left of the time behind what one is to be reminded of. */
+const lastDay = /\s+(?:today|tonight|tomorrow|hoje|amanhã|amanha)$/iu;
 
 /** "Note, please, that …": so much of it belongs to the request. */
 const manners = /^[\s,]*(?:please|por favor|por gentileza)\b[\s,]*(?:(?:that|que)\s+)?/iu;
@@ -117,7 +112,7 @@ export const meanings = {
   remind: (slots, now) => {
     const at = when(slots, now, "remind");
     const about = wording(slots);
-    return at && about !== undefined && !isUnsaid(about) ? { hand: "timer", given: { do: "reminder", ...at, about } } : undefined;
+    return at && about !== undefined && !isUnsaid(about.replace(lastDay, "")) ? { hand: "timer", given: { do: "reminder", ...at, about } } : undefined;
   },
   ...changeMeanings,
   cancelTimer: cancel("timer"),
@@ -146,7 +141,7 @@ export const meanings = {
   },
   addToList: (slots) => {
     const said = text(slots, "text");
-    const items = said === undefined ? undefined : correctedItems(said);
+    const items = said === undefined ? undefined : correctedItems(said.replace(/\s+(?:instead|no lugar)$/iu, ""));
     // "Write a poem about the shopping list" adds nothing to it.
     const isWhole = items !== undefined && isItem(items) && !/\s(about|of|for|with|from|sobre|de|para|com|do|da)$/i.test(` ${items}`);
     return isWhole ? withList(slots, "note", { do: "add", items }) : undefined;

@@ -92,9 +92,11 @@ function clock(tokens: readonly Token[], at: number, language: Language, isAnnou
 
 /** Takes "am" or "pm" along. */
 function withHalf(tokens: readonly Token[], value: Clock, next: number, language: Language): Found<Clock> {
-  const word = tokens[next]?.plain ?? "";
+  // "Ten a m", as some recognisers write it.
+  const isApart = /^[ap]$/.test(tokens[next]?.plain ?? "") && tokens[next + 1]?.plain === "m";
+  const word = isApart ? `${tokens[next]!.plain}m` : (tokens[next]?.plain ?? "");
   if (language !== "en" || !/^[ap]m$/.test(word) || value.hour > 12) return { value, next };
-  return { value: { hour: (value.hour % 12) + (word === "pm" ? 12 : 0), minute: value.minute, isExact: true }, next: next + 1 };
+  return { value: { hour: (value.hour % 12) + (word === "pm" ? 12 : 0), minute: value.minute, isExact: true }, next: next + (isApart ? 2 : 1) };
 }
 
 function named(hour: number, minute: number, next: number): Found<Clock> {

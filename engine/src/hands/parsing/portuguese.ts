@@ -153,7 +153,7 @@ export const portuguese: Phrasing = {
   ],
   polite: [
     "[eu] (fico|ficaria) [muito] (grato|grata|agradecido|agradecida)",
-    "por favor", "por gentileza", "(obrigado|obrigada|valeu|muito obrigado|muito obrigada)", "se puder", "se der", "faz favor",
+    "por favor", "por gentileza", "(obrigado|obrigada|valeu|muito obrigado|muito obrigada|uai|guria|guri|tche|visse)", "se puder", "se der", "faz favor",
     "se voce puder",
     "(por favorzinho|faz favor|fazendo favor|se nao se importar|brigado|brigada|agradeco|grato|grata|meu bem|querida|" +
       "querido|amigo|amiga|mano|cara)",

@@ -24,6 +24,7 @@ export const portugueseChanges: readonly Request[] = [
   [
     "changeTimer",
     [
+      "<retime> [<the>] <timer> de {number} (para|por) {duration}",
       "<retime> [<the>] <timer> [<of> {few:name}] [de {duration:was}] (para|por) {duration}",
       "<retime> [<the>] <timer> de {duration:was} (para|por) {duration}",
     ],

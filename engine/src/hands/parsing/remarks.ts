@@ -48,7 +48,8 @@ const reason = /^(\S+(ou|aram|eram|iram|iu) (o|a|os|as|no|na) |(o|a|os|as|meu|mi
 const asks: Record<Language, RegExp> = {
   en: /^(please (?!and\b|then\b)\S|(can|could|will|would) you\b)/, pt: /^((voce|o senhor|a senhora) (pode|poderia)\b|(pode|poderia) me\b)/,
 };
-const between = /[,;:.!?–—-]/;
+/** A hyphen inside "thirty-five" is none. */
+const between = /[,;:.!?–—]|\s-|-\s/;
 
 /** The tokens without what is only told beside them, in each way that leaves a request; none where nothing is told. */
 export function withoutRemarks(text: string, tokens: readonly Token[], language: Language): (readonly Token[])[] {
@@ -90,7 +91,7 @@ function isSo({ plain }: Token): boolean {
 
 /** The question that ends the sentence, after something that is told; none where somebody else asks it. */
 export function questionAtEnd(text: string, tokens: readonly Token[], language: Language): readonly Token[] | undefined {
-  const at = tokens.findLastIndex(({ start }, place) => place > 0 && /[,;.–—-]/.test(text.slice(tokens[place - 1]!.end, start)));
+  const at = tokens.findLastIndex(({ start }, place) => place > 0 && between.test(text.slice(tokens[place - 1]!.end, start)));
   const isQuestion = at > 0 && questions[language].test(tokens[at]!.plain);
   return isQuestion && !isOther(tokens.slice(0, at), language) ? tokens.slice(at) : undefined;
 }

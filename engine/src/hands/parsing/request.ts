@@ -6,7 +6,8 @@ import { cut } from "../../base/text.ts";
 import { plainWords } from "../../base/words.ts";
 import { correctedFrom } from "./corrections.ts";
 import { remindersIn, severalIn, type IsAnswered } from "./joined.ts";
-import { changes, keptIn, type Meant } from "./meanings.ts";
+import type { Meant } from "./meaning.ts";
+import { changes, keptIn } from "./meanings.ts";
 import { corrected, takesBack } from "./revisions.ts";
 import { isThanks, understood, understoodTogether, wordsOf } from "./sentence.ts";
 

@@ -1,4 +1,4 @@
-// The hands for timers, alarms and reminders: one that sets and cancels them, one that tells of them.
+// The hands for timers, alarms and reminders: one that sets, changes and cancels them, one that tells of them.
 
 import type { Clock } from "../../base/clock.ts";
 import type { Language } from "../../base/language.ts";

@@ -1,9 +1,18 @@
-// What the slots of a phrase hold, as the hands are given it.
+// What a request means, and what the slots of its phrase hold, as the hands are given it.
 
 import type { Day } from "./days.ts";
 import type { Slots } from "./grammar.ts";
 import { isTimerName } from "./names.ts";
 import { bare } from "./tokens.ts";
+
+/** A hand and what it is to do. */
+export interface Meant {
+  hand: string;
+  given: Record<string, unknown>;
+}
+
+/** Undefined where the slots hold what cannot be meant. */
+export type Meaning = (slots: Slots, now: Date) => Meant | undefined;
 
 export function text(slots: Slots, name: string): string | undefined {
   const value = slots[name];

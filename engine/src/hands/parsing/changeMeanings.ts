@@ -3,11 +3,11 @@
 import type { Day } from "./days.ts";
 import type { Slots } from "./grammar.ts";
 import { count, dayText, name, text, type Meaning, type Meant } from "./meaning.ts";
-import { localText, timeOf, timesOf, type Moment } from "./moments.ts";
+import { bareHour, localText, timeOf, timesOf, type Moment } from "./moments.ts";
 
 /** The one that is meant: by its name, or by the slot for its time, its hour of a clock, its day, or its length. */
 function meant(kind: string, slots: Slots, called: { name?: string }, to: Record<string, unknown>): Meant {
-  const from = (slots.from as Moment | undefined) ?? clockAt(count(slots, "hour"));
+  const from = (slots.from as Moment | undefined) ?? bareHour(count(slots, "hour"));
   const on = (slots.on as Day | undefined) ?? from?.day;
   const was = count(slots, "was");
   return {
@@ -22,17 +22,13 @@ function meant(kind: string, slots: Slots, called: { name?: string }, to: Record
   };
 }
 
-function clockAt(hour: number | undefined): Moment | undefined {
-  return hour !== undefined && Number.isInteger(hour) && hour <= 24 ? { clock: { hour, minute: 0, isExact: hour > 12 } } : undefined;
-}
-
 /** To another time of day. */
 function toTime(kind: "alarm" | "reminder"): Meaning {
   return (slots, now) => {
     const to = slots.moment as Moment | undefined;
     const at = to && timeOf(to, now, kind === "alarm" ? "alarm" : "remind");
     const called = name(slots);
-    if (!at || !called || !to.clock || (slots.hour !== undefined && !clockAt(count(slots, "hour")))) return undefined;
+    if (!at || !called || !to.clock || (slots.hour !== undefined && !bareHour(count(slots, "hour")))) return undefined;
     return meant(kind, slots, called, { to: localText(at), ...(to.day ? {} : { toTimes: timesOf(to) }) });
   };
 }

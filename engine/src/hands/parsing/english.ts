@@ -11,7 +11,7 @@ import type { Phrasing } from "./meanings.ts";
 
 export const english: Phrasing = {
   parts: {
-    ones: "(the|my|our|the current|my current|that one)",
+    ones: "(the|my|our|that|this|the current|my current|the running)",
     extra: "((another|an extra|an additional|a further) {duration} [more|longer]|{duration} (more|extra|longer)|{number:minutes} (more|extra|additional) (minute|minutes))",
     retime: "(change|move|shift|switch|reschedule|adjust|update|modify|alter|correct|push|push back|postpone|put off|bring|bring forward|reset|pull|pull forward|put back)",
     push: "(push|move|put|shift|bring|pull|set)",

@@ -263,6 +263,11 @@ export function timeOf(said: Moment, now: Date, purpose: Purpose): Date | undefi
   return both ?? (said.day ? undefined : on(daysLater(today, 1), early, minute));
 }
 
+/** An hour that is said without its half of the day; undefined for a number that is none. */
+export function bareHour(hour: number | undefined): Moment | undefined {
+  return hour !== undefined && Number.isInteger(hour) && hour <= 24 ? { clock: { hour, minute: 0, isExact: hour > 12 } } : undefined;
+}
+
 /** The times of a day that are meant, "07:00": two where the half of the day is open. */
 export function timesOf(said: Moment): string[] {
   if (!said.clock) return [];

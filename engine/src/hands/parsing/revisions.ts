@@ -6,7 +6,7 @@ import { elided } from "./followed.ts";
 import { matched, phrase, type Phrase, type Sentence, type Slots } from "./grammar.ts";
 import type { Meant } from "./meaning.ts";
 import { changes, keptIn } from "./meanings.ts";
-import { localText, timeOf, type Moment } from "./moments.ts";
+import { bareHour, localText, timeOf, type Moment } from "./moments.ts";
 import { areThings } from "./names.ts";
 import { withoutRemarks } from "./remarks.ts";
 import { isPolite, understood, wordsOf } from "./sentence.ts";
@@ -107,9 +107,8 @@ function withOther({ hand, given }: Meant, { duration, moment, number }: Slots, 
   }
   if (typeof given.at !== "string") return undefined;
   if (typeof moment === "object") return changedTime(moment as Moment, given.at, other, now);
-  return typeof number === "number" && Number.isInteger(number) && number <= 24
-    ? changedTime({ clock: { hour: number, minute: 0, isExact: number > 12 } }, given.at, other, now)
-    : undefined;
+  const hour = bareHour(typeof number === "number" ? number : undefined);
+  return hour && changedTime(hour, given.at, other, now);
 }
 
 /** "Ten minutes. No, fifteen": minutes again. */

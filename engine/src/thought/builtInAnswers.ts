@@ -59,7 +59,7 @@ const questions: Question[] = [
       pt: ["que dia é hoje", "qual é a data", "qual é a data de hoje", "em que dia estamos", "me diga a data"],
     },
     pattern: whole(
-      "(what|which) (day|date|weekday|day of the week|day of the month)( (is it|is today|it is|are we|do we have|we have))?|(what( i?s)? |check )?(the|today ?s|the current) date( is)?|what s (the|today ?s) date|date",
+      "(what|which) (day|date|weekday|day of the week|day of the month)( (is it|is today|it is|are we|do we have|we have|(are )?we on))?|(what( i?s)? |check )?(the|today ?s|the current) date( is)?|what s (the|today ?s) date|date",
       "(hoje )?(e |estamos )?(em )?(que|qual) (dia|data)( (da semana|do mes))?( (e|estamos|temos|e hoje|hoje))?|(qual e? ?)?(a data|o dia( da semana)?)( de hoje| atual)?|hoje e (dia quanto|(que|qual) (dia|data)( da semana| do mes)?)|data( de hoje)?",
     ),
     answer: {

@@ -36,6 +36,17 @@ const unknown: Record<Language, (place: string) => string> = {
   pt: (place) => `Não sei que horas são ${place}.`,
 };
 
+/** "I am calling my cousin in Sydney, what's the time over there?": the place was told before. It is the group. */
+const told: Record<Language, RegExp> = {
+  en: /\b(?:in|to|at)\s(\p{Lu}[\p{L}'’-]+(?:\s\p{Lu}[\p{L}'’-]+)*)[^?]*[,.;]\s+(?:so |and )?(?:do you know )?what(?:['’]s| is)?(?: the)? time(?: is it| it is)?(?: (?:over|out|up|down))? there$/u,
+  pt: /(?:^|\s)(?:em|no|na|para|pra|pro)\s(\p{Lu}[\p{L}'’-]+(?:\s\p{Lu}[\p{L}'’-]+)*)[^?]*[,.;]\s+(?:e |então |aí )?(?:sabe )?que horas?(?: s[ãa]o| é)?(?: por)? l[áa]$/u,
+};
+/** "Paris what time there", "Lisboa que horas": a place that is known, and no more words than it takes. It is the group. */
+const shorthand: Record<Language, RegExp> = {
+  en: /^((?:\p{L}[\p{L}'’-]*\s){1,3})(?:what )?time(?: is it| it is)?(?: (?:over )?there)?$/iu, pt: /^((?:\p{L}[\p{L}'’-]*\s){1,3})(?:(?:t[áa]|est[áa]|agora|s[ãa]o)\s)?que horas?(?: s[ãa]o| tem| é)?$/iu,
+};
+const there: Record<Language, string> = { en: "in", pt: "em" };
+
 const beforePlace: Record<Language, RegExp> = { en: /^in$/, pt: /^(em|no|na|nos|nas)$/ };
 
 /** "In New York, I mean in Chicago": what was said last. */
@@ -48,7 +59,7 @@ function asCorrected(place: string, language: Language): string {
 
 /** Gives undefined when the request does not ask for the time at a place. */
 export function timeElsewhere(request: string, now: Date, language: Language, tag: string): string | undefined {
-  const place = askedPlace(request, language);
+  const place = askedPlace(request, language) ?? placeBefore(request, language);
   if (place === undefined) return undefined;
   const zone = timeZoneOf(place.replace(/^\S+\s+/u, ""), language);
   // "A hora de Brasília" asks for the time there, "a hora do almoço" does not.
@@ -59,13 +70,26 @@ export function timeElsewhere(request: string, now: Date, language: Language, ta
   return `${saidTime(there, language, day)} ${place}.`;
 }
 
-/** The place as it was said, with the word before it: "in Lisbon". */
-function askedPlace(request: string, language: Language): string | undefined {
-  let text = request.trim().replace(/[\s.?!…]+$/u, "");
+/** What asks, without what says that now is meant; what follows the question is another sentence. */
+function questionOf(request: string, language: Language): string {
+  let text = request.trim().replace(/\?\s.*$/su, "").replace(/[\s.?!…]+$/u, "");
   for (let before = ""; before !== text; ) {
     before = text;
     text = text.replace(endings[language], "");
   }
+  return text;
+}
+
+/** The place before the question, if there is one of that name. */
+function placeBefore(request: string, language: Language): string | undefined {
+  const text = questionOf(request, language);
+  const place = (told[language].exec(text) ?? shorthand[language].exec(text))?.[1]?.trim();
+  return place !== undefined && timeZoneOf(place, language) !== undefined ? `${there[language]} ${place}` : undefined;
+}
+
+/** The place as it was said, with the word before it: "in Lisbon". */
+function askedPlace(request: string, language: Language): string | undefined {
+  const text = questionOf(request, language);
   for (const question of questions[language]) {
     const said = question.exec(text)?.[1];
     const place = said && asCorrected(said, language);

@@ -249,7 +249,7 @@ describe("what people say", () => {
     "ninth", "tenth", "eleventh", "twelfth", "thirteenth", "fourteenth", "fifteenth", "sixteenth",
   ];
   /** Of the last two only some of what was done wrong was mended. */
-  const sets = [...mended.map((set) => [set, 0.95, 0] as const), ["seventeenth", 0.75, 2] as const, ["eighteenth", 0.6, 4] as const];
+  const sets = [...mended.map((set) => [set, 0.95, 0] as const), ["seventeenth", 0.92, 1] as const, ["eighteenth", 0.85, 2] as const];
   for (const [set, least, mostWrong] of sets) {
     for (const language of ["en", "pt"] as const) {
       test(`is understood in ${language}, the ${set} set of phrasings`, async () => {

@@ -5,7 +5,7 @@ import { thinking, tokensOf, type Token } from "./tokens.ts";
 
 /** Each alone or after another one. */
 const marks: Record<Language, string[][]> = {
-  en: ["no", "wait", "sorry", "actually", "i mean", "i meant", "i meant to say", "make that", "rather", "or rather", "hang on", "hold on", "oops", "make it", "correction", "scratch that", "better", "or no", "oh no", "on reflection", "i beg your pardon", "beg your pardon", "let me see"].map(words),
+  en: ["no", "nah", "wait", "sorry", "actually", "i mean", "i meant", "i meant to say", "make that", "rather", "or rather", "hang on", "hold on", "oops", "make it", "correction", "scratch that", "better", "or no", "oh no", "on reflection", "i beg your pardon", "beg your pardon", "let me see"].map(words),
   pt: ["nao", "espera", "perai", "desculpa", "quer dizer", "quero dizer", "digo", "alias", "melhor", "ou melhor", "na verdade", "corrigindo", "ops", "opa", "pera", "eu quis dizer", "pensando bem", "nao pera", "ou nao"].map(words),
 };
 const mostMarks = 4;

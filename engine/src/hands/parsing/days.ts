@@ -73,7 +73,7 @@ export function day(tokens: readonly Token[], at: number, language: Language, no
     if (isSaid(at, "antes", "de", "ontem")) return later(-2, at + 3);
     if (isSaid(at, "semana", "que", "vem") || isSaid(at, "proxima", "semana")) return later(7, at + (plain(at) === "semana" ? 3 : 2));
   }
-  const reckoned = inSomeDays(tokens, at, language, today) ?? weekday(tokens, at, language, now, isOfPast);
+  const reckoned = aWeekFrom(tokens, at, language, now) ?? inSomeDays(tokens, at, language, today) ?? weekday(tokens, at, language, now, isOfPast);
   // "Thursday the 26th" is that day.
   const named = reckoned && date(tokens, reckoned.next, language, today);
   if (named && /^(the|dia)$/.test(plain(reckoned.next))) return named;
@@ -134,7 +134,7 @@ function inSomeDays(tokens: readonly Token[], at: number, language: Language, to
   let from = at;
   let sign = 0;
   if (language === "en" && plain(at) === "in") [from, sign] = [at + 1, 1];
-  if (language === "pt" && plain(at) === "daqui" && plain(at + 1) === "a") [from, sign] = [at + 2, 1];
+  if (language === "pt" && plain(at) === "daqui") [from, sign] = [plain(at + 1) === "a" ? at + 2 : at + 1, 1];
   if (language === "pt" && plain(at) === "em") [from, sign] = [at + 1, 1];
   if (language === "pt" && plain(at) === "ha") [from, sign] = [at + 1, -1];
   const isOne = language === "en" && plain(from) === "a";
@@ -147,6 +147,20 @@ function inSomeDays(tokens: readonly Token[], at: number, language: Language, to
   else if (language === "en" && /^from$/.test(plain(next)) && /^(now|today)$/.test(plain(next + 1))) [sign, next] = [1, next + 2];
   else if (language === "pt" && plain(next) === "atras") [sign, next] = [-1, next + 1];
   return sign === 0 ? undefined : { value: daysLater(today, sign * unit * count.value), next };
+}
+
+/** "A week on Friday", "a week today", "Thursday week". */
+function aWeekFrom(tokens: readonly Token[], at: number, language: Language, now: Date): Found<Day> | undefined {
+  if (language !== "en") return undefined;
+  const plain = (index: number): string => tokens[index]?.plain ?? "";
+  const isWeek = plain(at) === "a" && plain(at + 1) === "week";
+  const from = !isWeek ? at : /^(on|from)$/.test(plain(at + 2)) ? at + 3 : at + 2;
+  const near = { today: 0, tomorrow: 1 }[plain(from)];
+  const named = near === undefined ? weekday(tokens, from, language, now, false) : { value: daysLater(dayOf(now), near), next: from + 1 };
+  // "Is there a bus on Thursday, week after week?" has another word behind it.
+  const isAfter = !isWeek && near === undefined && plain(at) !== "next" && plain(named?.next ?? at) === "week" && plain((named?.next ?? at) + 1) !== "after";
+  if (!named || (!isWeek && !isAfter)) return undefined;
+  return { value: daysLater(named.value, 7), next: isWeek ? named.next : named.next + 1 };
 }
 
 function weekday(tokens: readonly Token[], at: number, language: Language, now: Date, isOfPast: boolean): Found<Day> | undefined {
@@ -165,7 +179,7 @@ function weekday(tokens: readonly Token[], at: number, language: Language, now: 
   if (language === "pt" && plain(next) === "que" && plain(next + 1) === "vem") next += 2;
   if (language === "pt" && plain(next) === "passad" + (index === 0 || index === 6 ? "o" : "a")) [next, isPast] = [next + 1, true];
   const after = tokens.slice(next, next + 4).map(({ plain }) => plain).join(" ");
-  const ofNextWeek = (language === "pt" ? /^da (semana que vem|proxima semana)/ : /^(of )?next week/).exec(after)?.[0];
+  const ofNextWeek = (language === "pt" ? /^da (semana que vem|proxima semana|outra semana)/ : /^(of )?next week/).exec(after)?.[0];
   if (ofNextWeek !== undefined) {
     const monday = 7 - ((now.getDay() + 6) % 7);
     return { value: daysLater(dayOf(now), monday + ((index + 6) % 7)), next: next + ofNextWeek.split(" ").length };

@@ -10,7 +10,7 @@ const units: Record<Language, Record<string, number>> = {
     hrs: 3600, h: 3600, day: 86_400, days: 86_400, week: 604_800, weeks: 604_800,
   },
   pt: {
-    segundo: 1, segundos: 1, segundinhos: 1, seg: 1, s: 1, minuto: 60, minutos: 60, minutinho: 60, minutinhos: 60, min: 60, m: 60,
+    segundo: 1, segundos: 1, segundinhos: 1, seg: 1, s: 1, minuto: 60, minutos: 60, minutinho: 60, minutinhos: 60, minutin: 60, min: 60, m: 60,
     hora: 3600, horas: 3600, horinha: 3600, h: 3600, dia: 86_400, dias: 86_400, semana: 604_800, semanas: 604_800,
   },
 };
@@ -28,6 +28,9 @@ export function duration(tokens: readonly Token[], start: number, language: Lang
   // "Meio-dia" is a time of day.
   if (language === "pt" && plainAt(tokens, start) === "meio" && plainAt(tokens, start + 1) === "dia") return undefined;
   const at = start + (about[language].find((words) => words.every((word, offset) => plainAt(tokens, start + offset) === word))?.length ?? 0);
+  // "Hour and a half on the brisket".
+  const isBare = language === "en" && ["hour", "and", "a", "half"].every((word, offset) => plainAt(tokens, at + offset) === word);
+  if (isBare) return { value: 5400, next: at + 4 };
   let total = 0;
   let next = at;
   let smallest = Infinity;

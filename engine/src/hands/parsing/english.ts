@@ -5,6 +5,7 @@ import { englishDesktop } from "./englishDesktop.ts";
 import { englishFacts } from "./englishFacts.ts";
 import { englishMemory } from "./englishMemory.ts";
 import { englishNotes } from "./englishNotes.ts";
+import { englishShorthand } from "./englishShorthand.ts";
 import { englishSound } from "./englishSound.ts";
 import { englishTimers } from "./englishTimers.ts";
 import type { Phrasing } from "./meanings.ts";
@@ -73,7 +74,7 @@ export const english: Phrasing = {
       "excuse me|go ahead and|just|quickly|quick|actually|sorry|good morning|good evening)",
     "(i would like|i want|i need|i should like) you to", "i would (rather|prefer it if) you", "(no|oh no) (hang on|hold on|wait|sorry)",
     "(see|check|find out) (if|whether)", "i should (like|love) to", "would you mind", "do me a favor and", "do me a favour and", "be so kind as to",
-    "i was wondering if you could", "(could|can|would) you (tell me|let me know)", "(tell me|let me know)", "do you know",
+    "i was wondering if you could", "(yall|you all)", "(could|can|would) you (tell me|let me know)", "(tell me|let me know)", "do you know",
     "do you think you could", "(are you able|would it be possible) to", "is it possible to", "if you could",
     "i would appreciate it if you could", "why do not you", "how about you", "you can", "you should", "let us", "it is time to",
     "i would love it if you could", "(can|could) you (also|quickly|maybe)", "i would like to",
@@ -99,7 +100,7 @@ export const english: Phrasing = {
     "(be so good|be so kind) as to", "would you be (so kind|kind enough|so good) [as] to",
     "i (would|will|am going to) [also|just] need you to", "any chance you (could|can)",
     "(is there any way|is there a way) (you could|you can|to)", "(oh|ok|okay|right|alright|hey|so) (yeah|yes|and|hey|then|one more " +
-      "thing)", "one more thing", "before i forget",
+      "thing)", "one more thing", "before i forget [it]",
     "(i think|i guess|i suppose) (you|we|i) (could|should|can)", "(i wonder|wonder) if you (could|can)", "go on [and]",
     "could use you to", "i want to", "i need to", "i have to",
     "(pray|do|perhaps|possibly)", "sorry to (bother|trouble|disturb) you [but]",
@@ -118,19 +119,19 @@ export const english: Phrasing = {
       "forget|i forgot)", "your (job|task) is to", "you (may|might|could)", "(may|can|could) i (ask you to|ask)", "help me", "try to",
   ],
   polite: [
-    "please", "(thanks|thank you) [so much|very much|a lot]", "(if you please|there is a dear|if you will|if you would be so kind)", "(would|will|could|can) you",
+    "please", "(ta|ta very much|cheers|love|duck|mate)", "(thanks|thank you) [so much|very much|a lot]", "(if you please|there is a dear|if you will|if you would be so kind)", "(would|will|could|can) you",
     "if you (can|could|would|do not mind)", "(that|it|this) would be (lovely|great|nice|wonderful|kind|grand|perfect|helpful)",
   ],
   after: [
     "for me", "at the moment", "or (not|did not i|do not i|have not i|is it not)", "(roughly|approximately|exactly)", "not before", "just now",
-    "(now|right now|right away|immediately|at once|quickly|asap|for us)", "if possible", "ok", "okay", "then", "mate",
+    "(now|right now|right away|immediately|at once|quickly|asap|for us)", "if possible", "(not needed|no longer needed) [anymore|any more|now]", "(instead of|rather than) ({duration}|{number})", "or (not|has it dropped|is it down|did it drop)", "ok", "okay", "then", "mate",
     "buddy", "again", "when you can", "real quick", "quick", "instead", "cheers", "(will|would) you please",
     "(i am|we are) (on the phone|in a meeting|leaving|going out|trying to sleep|trying to work|on a call|busy|cooking|sleeping)",
     "i (can not|can hardly|can barely) (hear|hear it|hear you|hear this|hear anything|hear the music)",
     "(it is|this is|that is) [way|much|far|a bit|really] too (loud|quiet)", "(dear|darling|love|sweetie|honey)",
     "if you do not mind", "as well", "too", "if i may ask", "so far", "at present", "as it were", "i think",
     "(the|my) (baby|kids|children|neighbors|neighbours) (is|are) (sleeping|asleep|complaining)", "will you",
-    "(alright|all right|yeah|right|go|my dear|man|pal|friend|computer|assistant)",
+    "(alright|all right|yeah|right|my dear|pal|computer|assistant)",
     "when you (get a chance|have a moment|have a second|have a sec|are ready)", "thanks in advance",
     "if (that is|it is) (ok|okay|possible|not too much trouble|no trouble|alright|all right)", "if you (would|could) be so kind",
     "(whenever you are ready|whenever you can|before i forget)",
@@ -139,5 +140,6 @@ export const english: Phrasing = {
     "(i do not|i will not|we do not|i no longer) need (it|that|them) [anymore|any more|any longer|now]",
     "(for a bit|for a while|for a second|for a sec|for a moment|for a minute|for now)",
   ],
+  shorthand: englishShorthand,
   requests: [...englishChanges, ...englishTimers, ...englishNotes, ...englishSound, ...englishDesktop, ...englishFacts, ...englishMemory],
 };

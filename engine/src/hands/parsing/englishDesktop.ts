@@ -64,7 +64,7 @@ export const englishDesktop: readonly Request[] = [
     "openKnownApplication",
     [
       "(i need|i want|i would like|i could use|we need|get|get me|fetch|fetch me|give me|show|show me|bring|bring me|put up|let me use|let me have|let us " +
-        "see|turn on|switch on|use|can i have|could i have|could i get|can i get|take me to|go to|switch to) [<whose>|a] {few:text} [up|app]",
+        "see|fetch up|turn on|switch on|use|can i have|could i have|could i get|can i get|take me to|go to|switch to) [<whose>|a] {few:text} [up|app]",
     ],
   ],
   [

@@ -96,7 +96,7 @@ export const englishFacts: readonly Request[] = [
         "to a network|on the internet|offline|connected to wifi|connected to the wifi|connected to wi fi|on wifi|on the wifi)",
       "(is there|do i have|do we have|have i got) [an|a|any] (internet|internet connection|network|network connection|wifi|" +
         "connection)",
-      "is [<the>] (internet|wifi|network|wi fi|connection) (working|up|on|connected|down|there)", "<network> (name|status)",
+      "is [<the>] (internet|wifi|network|wi fi|connection) (working|up|on|connected|down|there)", "<network> (name|status)", "[the] <network> (up|down|working|ok)",
       "which <network>",
       "(what|which) <network> (is it|is that|are you on|are you using|is my laptop on|is this laptop on|is the laptop " +
         "using|is the computer using|is the laptop connected to)",
@@ -149,6 +149,7 @@ export const englishFacts: readonly Request[] = [
         "it fall on|is it on|will it be on|was it on) [on] {day} [be|on|fall on]",
       "[on] (what|which) (day|weekday|day of the week) (does|will|did) {day} (fall|fall on|be|be on|land|land on)",
       "what is the (date|day) [on|of] {day}", "what (will the date be|the date will be|the date is|date it is|day it is|date is it|day is it) [on] {day}", "(which|what) (day|weekday|date) is {day}", "what will the date be {day}",
+      "{day} is a (monday|tuesday|wednesday|thursday|friday|saturday|sunday) [this year|next year] (is it not|right|correct)", "(date|day) {day}",
       "what date (is|will it be|was it|was) {day}", "what day {day} (is|was|will be)",
       "(what|which) day (does|will|is|did) {day} [{day:same}] (fall on|fall|be on|be|land on) [this year|next year]", "is {day} a (monday|tuesday|wednesday|thursday|friday|saturday|sunday|weekday|workday)",
       "{day} is what (day|day of the week)", "when is {day}",

@@ -34,6 +34,7 @@ export const englishMemory: readonly Request[] = [
       "(what|what all|did|have|when|where) [did|were|have|was] (we|i|you and i) [ever|last|just] (say|saying|said|talking|discussing|" +
         "discussed|talk|telling you|mention|decide|decided|chat|chatting|speak|speaking) [you] [something|anything|much] (about|on|" +
         "regarding|concerning) [<the>] {text}",
+      "did not (we|i|you and i) (talk|speak|chat) about [<the>] {text} (at some point|the other day|once|before|) ?",
       "(what|anything) did i (mention|want to know) (about|on) [<the>] {text}",
       "(search|go through|look through) (our|my|the|past|old) [past|old|previous] (conversations|chats) (about|for) " +
         "[<the>] {text}",

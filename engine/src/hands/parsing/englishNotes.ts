@@ -23,6 +23,7 @@ export const englishNotes: readonly Request[] = [
       "(add|put|write) {text} <onto> (the|my|our) (groceries|shopping|to do|todo)",
     ],
   ],
+  ["readList", ["(i am|we are) (standing in|at|in) the (shop|store|supermarket|market) what (was it|is it|did|do) (i|we) [have|had|need|needed|want|wanted] [to] (buy|get)", "what was it [that] (i|we) (had to|have to|needed to|need to|wanted to) (buy|get)"]],
   ["listThese", ["[on|for|to] [<whose>] {few:list} list , {text}"]],
   [
     "removeFromList",

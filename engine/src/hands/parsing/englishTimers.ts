@@ -34,12 +34,17 @@ export const englishTimers: readonly Request[] = [
         "have gone by|have elapsed|has elapsed|are done)",
       "{duration} (on the clock|on the timer|timer start|starting now)", "(set|start|run) (the|a|my) clock for {duration}",
       "(ring|beep|go off) in {duration}", "set {duration} on the (timer|clock)", "<set> [<a>] timer {duration} (will do|should do|should do it|is fine|would be fine|will do nicely)", "put {duration} on the (timer|clock)",
+      "(give|gie|bung|lend|allow) (me|us) {duration} and (shout|holler|call|call me|tell me|let me know|ping me|beep|give me a shout) (when|once) (they are|it is|that is|time is) (up|over|done|ready)",
+      "(give me a shout|gie us a shout|shout|holler|tell us|let us know|let me know) (in|after) {duration}", 
+      "(bung|stick|pop|put|give|gie) (me|us) [on] <a> timer [on] [for] {duration}", "(bung|give|gie) (me|us) [on] {duration} timer", 
+      "(put|stick|pop|set|switch) <a> timer on for {duration}",
       "start counting [down] [from] {duration}", "(put|set|stick) [<a>] {few:name} on a timer for {duration}",
     ],
   ],
   [
     "wake",
     [
+      "(make sure|see to it|see) [that] (i am|we are) up {moment}", "up {moment}", "(nap|power nap|kip) [of] {duration} (wake me|wake us|then wake me)",
       "(wake me up|wake me|get me up|get me out of bed|get me going|rouse me|wake us up|wake us) [please|then] {moment} [(for|to get to|in time for|to make) [<whose>] {few:why}]",
       "{moment} (wake me up|wake me)", "wake up call {moment}", "(wake me up|wake me) {duration} from now",
       "<set> [<a>] (wake up call|wake up alarm|morning alarm) [for] {moment}", "(wake me up|wake me) in {duration}",
@@ -92,6 +97,14 @@ export const englishTimers: readonly Request[] = [
       "<alertme> to {text} in {duration}", "{moment} <alertme> (to|that) {text}", "in {duration} <alertme> (to|that) {text}",
     ],
   ],
+  [
+    "remindTask",
+    [
+      "(in {duration}|{moment}) [that] (i have to|i have got to|i need to|i must|i should|i am supposed to) {text} [so|and] [can you|could you|will you|would you|please] (remind me|remind us|give me a reminder|give me a nudge|do not let me forget)",
+      
+      "(when|once) it is {moment} (tell|remind|nudge|ping) (me|us) to {text}",
+    ],
+  ],
   ["tellPending", ["(everything|all) [that] (is|i have|i have got|we have|there is) set [up]", "what (is|do i have) set [up]"]],
   [
     "cancelTimers",
@@ -134,6 +147,7 @@ export const englishTimers: readonly Request[] = [
       "(turn|switch|shut) [<the>] alarm off (for|on) {day}",
       "<off> [<the>] alarm [for|at|set for|set at|of] {moment}", "<off> [<the>] alarm (for|on|of) {day}",
       "<off> [<the>] {few:name} alarm", "<off> [<the>] alarm (called|named|for) {few:name}",
+      "(i|we) will (no longer|not) (need|be needing) [<the>] alarm <off> it",
       "(turn|switch|shut) [<the>] alarm [for|at] [{moment}] off", "(i|we) (do not|no longer) (need|want) [<the>] alarm (anymore|any more|any longer|now|after all)",
       "(i|we) (do not|no longer) (need|want) [<the>] alarm (for|on|) {day} [anymore] [cancel it|turn it off|switch it off|delete it]",
     ],
@@ -230,7 +244,8 @@ export const englishTimers: readonly Request[] = [
       "how (long|much time|many hours) [is left|is it|do i have|is there] (until|till|before|on|to) [<the>] [next] alarm " +
         "[goes off|rings]",
       "(what time|when) did i (ask|tell) you to wake me [up]", "when (will|are) you (wake|waking|going to wake) me [up]", "(what|which) time (did i|have i) set [<the>] alarm [for|to]",
-      "(did i|have i) (set|got) [an|my|any|the] (alarm|alarms) [for tomorrow|tomorrow|set]",
+      "(did i|have i) [already] (set|got|put on) [up] [an|my|any|the] (alarm|alarms) [set] [for|on] [{day}]",
+      "[<the>] alarm is {moment} (is it not|right|correct|was it not)", "[<the>] {moment} alarm (is it not|was it not|right)",
       "am i (getting up|waking up) tomorrow", "how many alarms (do i have|are set|are there) [set]",
     ],
   ],

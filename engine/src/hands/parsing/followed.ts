@@ -118,7 +118,7 @@ function ofSameList(text: string, before: Before, language: Language, now: Date)
   return undefined;
 }
 
-const alsoBefore: Record<Language, RegExp> = { en: /^(?:also|maybe|perhaps|some|oh|oh and)\s+(?=\S)/iu, pt: /^(?:(?:ah|oh),?\s+(?:e\s+)?|(?:também|tambem|mais|talvez)\s+)(?=\S)/iu };
+const alsoBefore: Record<Language, RegExp> = { en: /^(?:also|maybe|perhaps|some|oh,?(?:\s+and)?)\s+(?=\S)/iu, pt: /^(?:(?:ah|oh),?\s+(?:e\s+)?|(?:também|tambem|mais|talvez)\s+)(?=\S)/iu };
 const alsoAfter: Record<Language, RegExp> = { en: /,?\s+(?:too|as well|also)(?:,? please)?[.!?]*$/iu, pt: /,?\s+(?:também|tambem)(?:,? por favor)?[.!?]*$/iu };
 const mostItemWords = 4;
 

@@ -206,7 +206,7 @@ function fillings(type: SlotType, at: number, { text, tokens, language, now }: S
   };
   switch (type) {
     case "duration":
-      return last((place) => duration(tokens, place, language));
+      return last((place, isAgain) => duration(tokens, place, language) ?? (isAgain ? inSameUnit(tokens, at, place, language) : undefined));
     case "moment":
       // "On Friday at six, no, at seven" is still on Friday.
       return last<Moment>((place, isAgain) => moment(tokens, place, language, now, isAgain), (before, after) => ({ ...before, ...after }));
@@ -231,6 +231,14 @@ function fillings(type: SlotType, at: number, { text, tokens, language, now }: S
     case "text":
       return words(text, tokens, at, tokens.length);
   }
+}
+
+/** "Ten minutes, no, twelve" is twelve minutes. */
+function inSameUnit(tokens: readonly Token[], at: number, place: number, language: Language): Found<number> | undefined {
+  const first = number(tokens, at, language);
+  const length = duration(tokens, at, language);
+  const again = number(tokens, place, language);
+  return first && length && again && first.value > 0 ? { value: (length.value / first.value) * again.value, next: again.next } : undefined;
 }
 
 /** How many of the next words stand without a mark between them, and so may be one name. */

@@ -5,6 +5,7 @@ import type { Language } from "../../base/language.ts";
 import { afterOther, isAlso, listedTogether, onThatList, type Before } from "./followed.ts";
 import type { Meant } from "./meaning.ts";
 import { keptIn } from "./meanings.ts";
+import { areBareThings } from "./names.ts";
 import { understood } from "./sentence.ts";
 
 export interface JoinedPart {
@@ -73,7 +74,8 @@ function joinedIn(sentence: string, start: number, around: Around, isRest = fals
       const once = saidAgain(meant, following.meant);
       if (once) return [{ text: `${text}, ${following.text}`, start, meant: once }, ...others];
     }
-    const both = isAlso(following.text, language) ? listedTogether(meant, following.meant) : undefined;
+    const isMore = isAlso(following.text, language) || areBareThings(following.text.replace(/[.!?]+$/, ""));
+    const both = isMore ? listedTogether(meant, following.meant) : undefined;
     return both ? [{ text: `${text}, ${following.text}`, start, meant: both }, ...others] : [part, following, ...others];
   }
   return undefined;

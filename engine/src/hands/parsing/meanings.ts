@@ -3,34 +3,16 @@
 import { changeMeanings } from "./changeMeanings.ts";
 import { correctedItems } from "./corrections.ts";
 import { dayOf, type Day } from "./days.ts";
-import type { Slots } from "./grammar.ts";
-import { count, dayText, name, text, type Meaning, type Meant } from "./meaning.ts";
+import { count, dayText, longestTimer, name, text, when, withList, wording, type Meaning, type Meant } from "./meaning.ts";
 import { localText, timeOf, timesOf, type Moment, type Purpose } from "./moments.ts";
-import { areThings, isApplicationName, isEmptyNote, isItem, isKnownApplication, isKnownFolder, isTimerName, isUnsaid, listName } from "./names.ts";
+import { areThings, isApplicationName, isEmptyNote, isItem, isKnownApplication, isKnownFolder, isTimerName, isUnsaid } from "./names.ts";
+import { shorthandMeanings } from "./shorthandMeanings.ts";
 
-const longestTimer = 7 * 86_400;
 /** "One more day" is said of something else. */
 const longestSnooze = 12 * 3_600;
 
 /** What may be left of the time behind what one is to be reminded of. */
 const lastDay = /\s+(?:today|tonight|tomorrow|hoje|amanhã|amanha)$/iu;
-
-/** "Note, please, that …": so much of it belongs to the request. */
-const manners = /^[\s,]*(?:please|por favor|por gentileza)\b[\s,]*(?:(?:that|que)\s+)?/iu;
-
-/** Free words with their marks. */
-function wording(slots: Slots): string | undefined {
-  const value = slots.text;
-  return typeof value === "string" ? value.replace(manners, "") || undefined : undefined;
-}
-
-/** When it is to ring: after so many seconds, or at a time. */
-function when(slots: Slots, now: Date, purpose: Purpose): { seconds: number } | { at: string } | undefined {
-  const seconds = count(slots, "duration");
-  if (seconds !== undefined) return seconds <= 366 * 86_400 ? { seconds: Math.round(seconds) } : undefined;
-  const at = slots.moment === undefined ? undefined : timeOf(slots.moment as Moment, now, purpose);
-  return at && { at: localText(at) };
-}
 
 function alarm(purpose: Purpose): Meaning {
   return (slots, now) => {
@@ -86,12 +68,6 @@ function volumeBy(of: "system" | "voice", sign: 1 | -1): Meaning {
   };
 }
 
-/** The list that is meant, with what is done with it; undefined where its name can be none. */
-function withList(slots: Slots, hand: string, given: Record<string, unknown> = {}): Meant | undefined {
-  const list = listName(text(slots, "list") ?? "");
-  return list === undefined ? undefined : { hand, given: { ...given, list } };
-}
-
 /** "Add three to five": a sum of the numbers "a" and "b". */
 function operation(sign: string): Meaning {
   return (slots) => {
@@ -115,6 +91,7 @@ export const meanings = {
     return at && about !== undefined && !isUnsaid(about.replace(lastDay, "")) ? { hand: "timer", given: { do: "reminder", ...at, about } } : undefined;
   },
   ...changeMeanings,
+  ...shorthandMeanings,
   cancelTimer: cancel("timer"),
   cancelAlarm: cancel("alarm"),
   cancelReminder: cancel("reminder"),
@@ -242,7 +219,7 @@ export const meanings = {
 export type MeaningName = keyof typeof meanings;
 
 /** What these note down is kept to the word: "note that I have to go now". */
-export const verbatim: readonly MeaningName[] = ["note", "addToList", "listThese", "removeFromList", "remind"];
+export const verbatim: readonly MeaningName[] = ["note", "addToList", "listThese", "addThese", "removeFromList", "takeThese", "remind", "remindTask"];
 
 /** Where free words are kept to the letter; undefined where nothing is. */
 export function keptIn({ hand, given }: Meant): "text" | "about" | undefined {
@@ -272,4 +249,6 @@ export interface Phrasing {
   after: readonly string[];
   /** The first meaning of which a phrase takes the sentence is meant. */
   requests: readonly Request[];
+  /** Taken only where nothing else is understood, and for the whole sentence. */
+  shorthand: readonly Request[];
 }

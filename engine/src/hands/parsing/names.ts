@@ -41,7 +41,7 @@ const neverFirst = set(
 );
 /** Nor are these anywhere in one. */
 const neverInApplications = set(
-  "should what which how when up again back going is are was were takes take has have makes make does can could will would hurts costs helps faz fazem fez esta sao tem vai vao pode doi custa leva ajuda foi era please thanks favor obrigado obrigada with com me my him her them us who whom whose because while until before esse essa esses essas aquele aquela dele dela comigo contigo porque " +
+  "ta tava timers alarms reminders timer reminder alarmes lembretes lembrete temporizador should what which how when up again back going is are was were takes take has have makes make does can could will would hurts costs helps faz fazem fez esta sao tem vai vao pode doi custa leva ajuda foi era please thanks favor obrigado obrigada with com me my him her them us who whom whose because while until before esse essa esses essas aquele aquela dele dela comigo contigo porque " +
     "enquanto sempre nunca que eu since so everybody everyone somebody someone nobody alguem ninguem it ela ele isso isto open launch abre abra abrir",
 );
 /** "Five minutes, then ten" is no name, and "start the clock for twenty minutes" opens nothing. */
@@ -75,7 +75,7 @@ export function isTimerName(said: string): boolean {
 }
 
 /** Words that are no thing, however many of them stand together: "remove the bread, you can", "tira da lista". */
-const smallWords = set("you i we can could may please of from so then now de da do das dos pode podes voce ja ai agora por favor");
+const smallWords = set("oh ah uh um hmm you i we can could may please of from so then now de da do das dos pode podes voce ja ai agora por favor");
 
 /** The name of a list as it was said, "" for the usual one, or undefined where it can be none. */
 export function listName(said: string): string | undefined {
@@ -131,6 +131,15 @@ export function isItem(said: string): boolean {
 
 const mostThingWords = 3;
 
+/** They begin with what is done with a thing, or with who does it: "put something", "I was to add milk". */
+const neverFirstThing =
+  /^(add|put|write|get|set|read|delete|remove|clear|open|show|take|cross|strike|stick|pop|chuck|throw|place|note|jot|make|create|do|is|are|was|were|eu|a gente|voce|adicion\w+|coloc\w+|bot[aoe]\w*|po[ernm]\w*|inclu\w+|anot\w+|tir\w+|apag\w+|limp\w+|le|leia|ler|mostr\w+|abr\w+|marc\w+|joga\w*|ja|tem|algum\w*|chega|tudo|ia|iria|vou|ai|something|someone|nothing)$/;
+
+/** Nothing but the names of things, without what is done with them. */
+export function areBareThings(said: string): boolean {
+  return areThings(said) && said.split(/\s*,\s*|\s+(?:and|e)\s+/iu).every((thing) => !neverFirstThing.test(plainWords(thing)[0] ?? ""));
+}
+
 /** Nothing but the names of things: "ketchup and mustard". */
 export function areThings(said: string): boolean {
   const things = said.split(/\s*,\s*|\s+(?:and|e)\s+/iu).map((thing) => plainWords(thing.replace(/^(an?|some|the|uns?|umas?|[oa]s?)\s/iu, "")));
@@ -139,9 +148,52 @@ export function areThings(said: string): boolean {
   return isItem(said) && things.every(isThing);
 }
 
+/** What people time by naming it: what is cooked, and a few chores. The plain forms, without their plural. */
+const timed = new RegExp(
+  "^(egg|pasta|spaghetti|noodle|ramen|rice|pizza|tea|coffee|brew|cuppa|bread|toast|cake|cookie|biscuit|scone|muffin|pie|quiche|lasagne|lasagna|potato|tatty|tattie|" +
+    "spud|chip|frie|carrot|broccoli|bean|lentil|veg|vegetable|chicken|turkey|beef|brisket|steak|roast|rib|pork|bacon|sausage|lamb|stew|soup|curry|chili|sauce|fish|salmon|" +
+    "cod|prawn|shrimp|dough|oven|pan|pot|grill|barbecue|laundry|washing|dryer|wash|bath|nap|workout|plank|stretch|meditation|homework|piano|reading|shower|mask|dye|" +
+    "ovo|macarrao|massa|miojo|arroz|feijao|lentilha|cha|cafe|chimarrao|mate|pao|torrada|bolo|biscoito|torta|quiche|lasanha|batata|mandioca|macaxeira|aipim|cenoura|legume|" +
+    "frango|carne|costela|bife|churrasco|linguica|porco|peixe|bacalhau|camarao|sopa|caldo|canja|canjica|pamonha|pinhao|milho|pipoca|polenta|molho|brigadeiro|pudim|gelatina|" +
+    "forno|panela|grelha|roupa|maquina|banho|cochilo|soneca|treino|prancha|alongamento|meditacao|licao|dever|piano|leitura|mascara|tintura)$",
+);
+
+const howTimed = /^(soft|hard|boiled|fried|baked|roast|sweet|green|black|white|brown|frozen|fresh|of|in|de|do|da|no|na|cozid[oa]s?|frit[oa]s?|assad[oa]s?|doces?|verdes?|pret[oa]s?|branc[oa]s?|cabelo|hair)$/;
+
+/** What somebody names to have it timed: "eggs", "the rice", "pinhão na panela". */
+export function isTimed(said: string): boolean {
+  const words = plainWords(said);
+  if (words.length === 0 || words.length > mostThingWords) return false;
+  const isOne = (word: string): boolean => timed.test(word) || timed.test(word.replace(/s$/, "")) || timed.test(word.replace(/(?:es|oes)$/, "")) || timed.test(word.replace(/oes$/, "ao"));
+  return words.some(isOne) && isTimerName(said) && words.every((word) => isOne(word) || howTimed.test(word));
+}
+
+/** Lists that people have; a "wish list" may be talk. */
+export function isUsualList(said: string): boolean {
+  return /^(shopping|grocer(y|ies)|to do|todo|packing|errands?|christmas|party|gifts?|presents?|(de )?(compras?|mercado|supermercado|feira|tarefas|afazeres|viagem|festa|presentes?))$/.test(plainWords(said).join(" "));
+}
+
+/** What nothing that is to be done begins with: who does it, what is asked, or what is said around a request. */
+const neverFirstInTasks = set(
+  "i you he she it we they who what which whose when where why how if whether that this there can could would will do does did am is are was were be " +
+    "have has may might shall should please and or but so because again later not never just maybe also too of about eu tu voce ele ela nos eles elas quem que " +
+    "qual quando onde como quanto ia iria as ao aos na no em de da do das dos at on in by for to with from se isso isto la aqui pode poderia por favor e ou mas entao porque de novo outra mais tarde depois nao nunca so talvez tambem sobre",
+);
+const mostTaskWords = 6;
+
+/** Something to be done, or a thing: "ring the council", "tablets". */
+export function isTask(said: string): boolean {
+  const words = plainWords(said);
+  if (words.length === 0 || words.length > mostTaskWords || neverFirstInTasks.has(words[0]!) || isUnsaid(said)) return false;
+  return !words.some((word) => neverInNames.has(word) || /^(me|us|eu|you|voce|remind|reminder|lembra|lembre|lembrete|timer|alarm|alarme)$/.test(word));
+}
+
 export function isApplicationName(said: string): boolean {
   const words = plainWords(said);
   if (words.length === 0 || words.length > mostApplicationWords || neverFirst.has(words[0]!) || words.some((word) => things.has(word))) return false;
+  // "Calculator and calendar" are two.
+  const parts = said.split(/\s+(?:and|e)\s+/iu);
+  if (parts.length > 1 && parts.every((part) => isKnownApplication(part.replace(/^(?:the|my|an?|[oa]s?)\s+/iu, "")))) return false;
   // "Passwords and Keys" is one, "Firefox and then the calculator" is more.
   if (words.length > 3 && words.some((word) => /^(and|e)$/.test(word))) return false;
   return words.every((word) => !neverInNames.has(word) && !neverInApplications.has(word) && !lengths.test(word));

@@ -84,12 +84,15 @@ function inWords(tokens: readonly Token[], at: number, language: Language): Foun
     const from = next > at && tokens[next]?.plain === and ? next + 1 : next;
     const isHundredAlone = language === "en" && /^(a|one)$/.test(tokens[from]?.plain ?? "") && tokens[from + 1]?.plain === "hundred";
     const plain = tokens[from]?.plain ?? "";
+    // "Hundred and forty", as people say it in a hurry.
+    const isBareHundred = language === "en" && next === at && plain === "hundred";
     const isScaleAlone = (language === "pt" && plain === "mil") || (language === "en" && plain === "a" && isScale(tokens[from + 1], language));
     let part: Found<number> | undefined;
     if (isScaleAlone) part = { value: 1, next: language === "pt" ? from : from + 1 };
-    else if (isHundredAlone && plain === "a") {
-      const rest = hundreds(tokens, tokens[from + 2]?.plain === "and" ? from + 3 : from + 2, language);
-      part = rest && rest.value < 100 ? { value: 100 + rest.value, next: rest.next } : { value: 100, next: from + 2 };
+    else if (isBareHundred || (isHundredAlone && plain === "a")) {
+      const after = isBareHundred ? from + 1 : from + 2;
+      const rest = hundreds(tokens, tokens[after]?.plain === "and" ? after + 1 : after, language);
+      part = rest && rest.value < 100 ? { value: 100 + rest.value, next: rest.next } : { value: 100, next: after };
     } else part = hundreds(tokens, from, language);
     if (!part) break;
     const word = tokens[part.next]?.plain ?? "";

@@ -5,6 +5,7 @@ import { portugueseDesktop } from "./portugueseDesktop.ts";
 import { portugueseFacts } from "./portugueseFacts.ts";
 import { portugueseMemory } from "./portugueseMemory.ts";
 import { portugueseNotes } from "./portugueseNotes.ts";
+import { portugueseShorthand } from "./portugueseShorthand.ts";
 import { portugueseSound } from "./portugueseSound.ts";
 import { portugueseTimers } from "./portugueseTimers.ts";
 import type { Phrasing } from "./meanings.ts";
@@ -133,7 +134,7 @@ export const portuguese: Phrasing = {
     "(voce sabe|sabe|sabe me dizer|voce sabe me dizer|saberia me dizer|pode me dizer|poderia me dizer|consegue me dizer|" +
       "gostaria de saber|quero saber|queria saber|eu quero saber|eu queria saber|preciso saber)",
     "(tem como|teria como|e possivel|seria possivel|da pra|tem jeito de) [voce]", "me ajuda a", "vamos", "se puder", "se der",
-    "nao se importa de", "(eu) queria", "estou querendo", "se voce puder", "se nao for incomodo", "eu", "me faz um favor",
+    "nao se importa de", "(eu) queria", "estou querendo", "[eu] (ia adorar|ia gostar|ia amar|adoraria|amaria|seria otimo|seria bom) se (voce|tu|)", "se voce puder", "se nao for incomodo", "eu", "me faz um favor",
     "(voce|tu) (pode|poderia|consegue|podia|conseguiria|nao pode|nao poderia) [por favor|por gentileza|so|rapidinho|tambem|ai]",
     "(sera que|por acaso) (voce|tu|da|daria|tem como) [pode|poderia|consegue|conseguiria|podia|para]",
     "(tem|teria|tinha|da|daria|dava) (como|jeito de|para|jeito) [voce] [so]", "(nao|) (se importa|se importaria|te importa) (de|em)",
@@ -161,7 +162,7 @@ export const portuguese: Phrasing = {
   after: [
     "para mim", "para nos", "(esta|esta bom|esta certo|pode ser) ?", "ou nao [coloquei|botei|marquei|tenho|esta]", "(agora|agora mesmo|ja|imediatamente|rapidinho|rapido|logo)",
     "(vai|anda|voce pode|pode ser|ta|ta bom|ok|tudo bem|viu|ne|beleza|pode|sim|entao|ai|la)", "se possivel",
-    "se nao for incomodo", "de novo", "tambem", "para (eu|a gente) (ver|ouvir|usar|ler)",
+    "se nao for incomodo", "(precisa mais nao|nao precisa mais|nao preciso mais)", "ou (caiu|parou|esta fora|nao)", "de novo", "tambem", "para (eu|a gente) (ver|ouvir|usar|ler)",
     "(que|porque|pois|que eu|porque eu) (estou|eu estou|estamos|vou|eu vou|preciso|tenho que) (saindo|indo|no telefone|em " +
       "reuniao|sair|ir|dormir|cozinhando|ocupado|ocupada|de saida|trabalhando|estudando|atender o telefone|falando no " +
       "telefone)",
@@ -178,5 +179,6 @@ export const portuguese: Phrasing = {
       "pode me dizer|ta bem|esta bem|esta bom|combinado)",
     "(eu|) nao (preciso|vou precisar|quero) mais [dele|dela|disso|deles|delas]",
   ],
+  shorthand: portugueseShorthand,
   requests: [...portugueseChanges, ...portugueseTimers, ...portugueseNotes, ...portugueseSound, ...portugueseDesktop, ...portugueseFacts, ...portugueseMemory],
 };

@@ -141,7 +141,8 @@ export const portugueseFacts: readonly Request[] = [
     [
       "(que|qual|em que|em qual) (dia|dia da semana|data) (e|era|foi|sera|vai ser|cai|caiu|vai cair|e que e|esta) [o|a|no|em] {day}",
       "(que|qual) (dia da semana|dia|data) [e|sera] [o|a|no|em] {day} (e|foi|sera|cai|caiu|vai cair|vai ser)",
-      "{day} (e|vai ser|sera|cai) [no] dia (quanto|quantos|qual)", "{day} (e|cai|foi|sera|vai ser|vai cair) (que|em que|em qual|qual|" +
+      "[o|a] {day} (e|cai|vai ser) (em|num|numa|uma|um) (segunda|terca|quarta|quinta|sexta|sabado|domingo) [feira] [<year>] [ne]",
+      "{day} [agora] (e|vai ser|sera|cai) [no] dia (quanto|quantos|qual)", "{day} (e|cai|foi|sera|vai ser|vai cair) (que|em que|em qual|qual|" +
         "num) (dia|dia da semana)",
       "(em que|que|qual) dia (da semana|) (cai|sera|foi|vai cair) [o|a] {day}",
       "qual [e|sera|foi|vai ser] [a] data [de|da|do|em] {day}", "que data (e|sera|vai ser) {day}",
@@ -169,7 +170,7 @@ export const portugueseFacts: readonly Request[] = [
         "dao quantos|em quantos) {unit}",
       "(quantos|quantas) {unit} (sao|e|tem|ha|tem em|ha em|existem em|em|cabem em|da|dao|sao em|equivalem a|tem um|tem uma|" +
         "equivale a|valem|fazem) {measure}",
-      "(quantos|quantas) {unit} {measure} (tem|sao|da|dao|e)", "{measure} (em|para) {unit}",
+      "(quantos|quantas) {unit} (tem|mede) (um|uma|o|a) {word:thing} de {measure}", "(quantos|quantas) {unit} {measure} (tem|sao|da|dao|e)", "{measure} (em|para) {unit}",
       "{measure} (sao|e|da|dao|equivale a|equivalem a) (quantos|quantas) {unit}",
     ],
   ],

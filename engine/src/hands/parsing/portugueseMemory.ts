@@ -50,6 +50,7 @@ export const portugueseMemory: readonly Request[] = [
       "qual foi [o assunto da|o assunto de|o tema da] [nossa] conversa [de] {past:day}",
       "(conversamos|falamos|a gente conversou|a gente falou) (sobre o que|de que|o que|do que) [na|no|em|nessa|nesta] {past:day}",
       "{past:day} (conversamos|falamos|a gente conversou) sobre o que",
+      "(a gente|nos|) nao (falou|falamos|conversou|conversamos) (sobre|de|do|da|dos|das) [o|a|os|as] {text} [um dia desses|outro dia|esses dias] ?",
       "(a gente|nos|) (falou|falamos|conversou|conversamos) [alguma coisa|algo] (sobre|de|do|da|dos|das) [o|a|os|as] {text} ?",
     ]),
   ],

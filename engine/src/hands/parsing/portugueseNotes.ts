@@ -77,7 +77,7 @@ export const portugueseNotes: readonly Request[] = [
       "tem {few:text} <ofwhose> lista <listname>",
       "[minha|nossa|a minha|a nossa] lista (de|da|do|das|dos|para|para o|para a) {word:list}",
       "voce (le|mostra|confere|abre) <whose> lista <listname> ?",
-      "[eu|a gente] [ja] (coloquei|botei|pus|adicionei|colocou|botou|pos) {few:text} <onto> [minha|nossa] lista <listname> ?", "o que (falta comprar|tem para comprar|a gente tem que comprar)",
+      "[eu|a gente] [ja] (coloquei|botei|pus|adicionei|colocou|botou|pos) {few:text} <onto> [minha|nossa] lista <listname> ?", "o que [e que] (eu|a gente) (tinha que|tinha de|precisava|queria|era para) comprar [mesmo]", "o que (falta comprar|tem para comprar|a gente tem que comprar)",
       "(tem|ha|existe|falta) (algo|alguma coisa|mais alguma coisa) <ofwhose> lista <listname>",
       "(quero|queria|gostaria de) (ver|ouvir|ler) <whose> lista <listname>",
       "que (itens|coisas) estao <ofwhose> lista <listname>",

@@ -79,7 +79,8 @@ export const portugueseTimers: readonly Request[] = [
         "[entao|e] " +
         "(me lembra|me lembre|me avisa|me avise|nao me deixa esquecer|me lembra disso|me cria um lembrete|cria um lembrete)",
       "{moment} [eu] (queria|quero|gostaria|preciso) que voce <remind> <about> {text}",
-      "<remind> (em|daqui a|dentro de|depois de|para daqui a) {duration} <about> {text}", "<remind> {moment} <about> {text}",
+      "quando (for|forem|der|derem|bater) {moment} <remind> <about> {text}",
+      "<remind> (em|daqui|daqui a|dentro de|depois de|para daqui a) {duration} <about> {text}", "<remind> {moment} <about> {text}",
       "<remind> <about> {text} (em|daqui a|dentro de|depois de) {duration}", "<remind> <about> {text} {moment}",
       "(em|daqui a|dentro de|depois de) {duration} <remind> <about> {text}", "{moment} <remind> <about> {text}",
       "<remind> para {moment} <about> {text}", "<remind> <about> {text} para {moment}",
@@ -90,6 +91,13 @@ export const portugueseTimers: readonly Request[] = [
       "{moment} [<about>] {text} [e] (me lembra|me lembre)", "<remind> : [<about>] {text} {moment}",
       "<remind> : [<about>] {text} (em|daqui a|dentro de) {duration}",
       "nao (posso|devo|quero) esquecer [<about>] {text} ({moment}|(em|daqui a) {duration}) [entao|e] (me lembra|me lembre|me avisa)",
+    ],
+  ],
+  [
+    "remindTask",
+    [
+      "((em|daqui|daqui a|dentro de) {duration}|{moment}) [eu|a gente] (preciso|precisa|tenho que|tenho de|tem que|devo|vou ter que) {text} [e|entao] [voce|pode|voce pode|tu] " +
+        "(me lembra|me lembre|me lembrar|me avisa|me avise|me avisar)",
     ],
   ],
   [
@@ -157,7 +165,7 @@ export const portugueseTimers: readonly Request[] = [
       "(soneca|sonequinha) (de|por) [mais|outros] {duration} [mais|a mais]", "{duration} (a mais|de soneca)",
       "(ativa|ative|modo|aperta|faz|coloca|poe) [a|o|o modo] soneca",
       "(adia|adie|adiar) [<the>] [alarme|timer|despertador|lembrete] [por|em|para daqui a] {duration}",
-      "(adia|adie|adiar) [<the>] (alarme|timer|despertador|lembrete)", "mais {duration}", "(ainda nao|nao|ah nao) [so] mais {duration}",
+      "(adia|adie|adiar) [<the>] (alarme|timer|despertador|lembrete)", "mais {duration} [de sono|de soneca|de cama|dormindo]", "(ainda nao|nao|ah nao) [so] mais {duration}",
       "(me da|me de|da|quero|so) mais {duration} [de sono|de soneca|de cama]", "soneca de {duration}",
       "(me lembra|me lembre|me avisa|toca|me acorda|me acorde) (de novo|novamente|outra vez) (em|daqui a) {duration}",
       "(adia|adie)", "deixa eu dormir mais {duration}", "(me deixa|me deixe) dormir mais {duration}",

@@ -11,7 +11,7 @@ const begins: Record<Language, RegExp> = {
     "^((and|so|but) )?(on )?((today|tonight|tomorrow|monday|tuesday|wednesday|thursday|friday|saturday|sunday) )?((i|we) (\\w+ed|am|are|have|will|need|want|would|can|do|could|did|just|already|really|think|no longer|must|was|ca|got|" +
       "had|should|cannot|hate|love|like|only|bought|finished|never|forgot|keep|left|missed|barely|feel|changed|get|usually|found|made|" +
       "took|put|gave|saw|went|ended|decided|do|know|like|prefer|see|overslept)|" +
-      "\\S+ (is|are) (in|on|at|too|so|very|not|asleep|done|ready|over|here|out|coming|calling|packed|off|gone|away|about|really|back|" +
+      "\\S+ (is|are) (already|nearly|almost|finally|just|in|on|at|too|so|very|not|asleep|done|ready|over|here|out|coming|calling|packed|off|gone|away|about|really|back|" +
       "getting)|you (talk|speak|sound|are)|" +
       "\\S+ (is|are) (closed|open|full|empty|broken|cancelled|late|early|cold|hot|sick|ill|tired|hungry|awake|waiting)|" +
       "((my|our|his|her|the|this|that|these|those) \\S+|he|she|it|they|somebody|someone|everybody|everyone|nobody) ((finally|just|already|" +
@@ -25,13 +25,14 @@ const begins: Record<Language, RegExp> = {
   pt: new RegExp(
     "^((e|mas|entao) )?((hoje|amanha|(na |no )?(segunda|terca|quarta|quinta|sexta|sabado|domingo)( feira)?) )?(" +
       "(?!(pedi|falei|perguntei|disse|tentei|sonhei|ouvi|sei|lei|rei|li) )(ja |eu |a gente |nos )*\\S{2,}(ei|ou|imos|amos|emos) |" +
+      "(?!(pediram|falaram|disseram|perguntaram) )(ja )?\\S{3,}(aram|eram|iram) |eu (?!quero |peco |preciso |gosto )\\S{3,}o |(a gente|tu|voce) (viaja|sai|entra|volta|chega|mora|come|dorme|trabalha|fala|tem|vai|precisa|quer) |senao |" +
       "(eu |nos |a gente |ja )*(estou|estamos|esta|vou|vamos|vai|tenho|temos|tem|preciso|precisamos|quero|queremos|nao|" +
       "ja|acabei|acabamos|so|comprei|compramos|mal|acho|sou|fiquei|cheguei|perdi|mudei|esqueci|fico|detesto|odeio|gosto|adoro|prefiro|ando|andamos|sinto|sempre|nunca|desisti|" +
       "terminei|costumo)|" +
       "(isso|isto|essa|esse|essas|esses|esta|ela|ele|voce|eles|elas|todo mundo|alguem|ninguem|aqui) (ja |nao |so |mal )?(esta|estao|tao|é|sao|tem|vai|vao|fica|ficou|" +
       "ficaram|precisa|incomoda|quer|comeca|comecou|acabou|chegou)|" +
       "(o|a|os|as|meu|minha|meus|minhas|nosso|nossa|esse|essa|este|esta|tudo) (\\S+ ){1,3}?(ja |nao |so |mal )?(esta|estao|tao|é|sao|tem|" +
-      "vai|vao|fica|ficou|ficaram|precisa|precisam|comeca|chegou|quer|querem|demora|leva|doi|foi|foram|veio|vem|deu|fez|caiu|abriu|subiu|saiu|\\S{3,}ou|\\S{3,}aram)|" +
+      "vai|vao|fica|ficou|ficaram|precisa|precisam|comeca|chegou|quer|querem|demora|leva|doi|foi|foram|veio|vem|deu|fez|caiu|abriu|subiu|saiu|\\S{3,}(ou|iu|eu)|\\S{3,}(aram|eram|iram))|aquel[ae]s? (era|e|é|foi|esta) |" +
       "(ja )?(é|esta|estao|ficou|acabou|tem|ha|muito|alto|baixo|barulho|gente) |tao (me|te|no|na|em|la|aqui|ai|\\S+ndo) |" +
       "nao (precisa|preciso|quero|consigo|estou|da|é|te|aguento|ouco|" +
       "escuto)|ninguem |(muito|tao) (alto|baixo))",
@@ -64,6 +65,9 @@ export function withoutRemarks(text: string, tokens: readonly Token[], language:
     // Whatever was said before it, "so" and a request after it is theirs who speaks.
     const isWhy = isTherefore && isMarked && !isConditional(told, language);
     if (isBeside || isWhy) ways.push(tokens.slice(from));
+    // "Otherwise I miss the bus".
+    const isElse = otherwise[language].test(plainText(tokens.slice(at, at + 2))) && tokens.length - at <= longestClause;
+    if (isMarked && isElse) ways.push(tokens.slice(0, at));
     const isReason = because[language].test(tokens[at]!.plain) || (isMarked && language === "en" && tokens[at]!.plain === "as");
     const rest = tokens.slice(at);
     if (purpose[language].test(`${plainText(rest.slice(0, longestClause))} `)) ways.push(tokens.slice(0, at));
@@ -75,6 +79,7 @@ export function withoutRemarks(text: string, tokens: readonly Token[], language:
   return ways;
 }
 
+const otherwise: Record<Language, RegExp> = { en: /^(otherwise|or else)\b/, pt: /^(senao|se nao|caso contrario)\b/ };
 const therefore: Record<Language, string> = { en: "so", pt: "entao" };
 /** The place of the first mark, or of what begins a request; -1 where there is neither. */
 export function requestAt(text: string, tokens: readonly Token[], language: Language): number {
@@ -92,8 +97,10 @@ function isSo({ plain }: Token): boolean {
 /** The question that ends the sentence, after something that is told; none where somebody else asks it. */
 export function questionAtEnd(text: string, tokens: readonly Token[], language: Language): readonly Token[] | undefined {
   const at = tokens.findLastIndex(({ start }, place) => place > 0 && between.test(text.slice(tokens[place - 1]!.end, start)));
-  const isQuestion = at > 0 && questions[language].test(tokens[at]!.plain);
-  return isQuestion && !isOther(tokens.slice(0, at), language) ? tokens.slice(at) : undefined;
+  const from = tokens[at]?.plain === therefore[language] ? at + 1 : at;
+  const isWhat = tokens[from]?.plain === "o" && tokens[from + 1]?.plain === "que";
+  const isQuestion = at > 0 && (isWhat || questions[language].test(tokens[from]?.plain ?? ""));
+  return isQuestion && !isOther(tokens.slice(0, at), language) ? tokens.slice(from) : undefined;
 }
 
 const questions: Record<Language, RegExp> = { en: /^(what|how|which|have|is|are)$/, pt: /^(quant[oa]s?|qual|quais|que)$/ };

@@ -6,19 +6,27 @@ import { english } from "./english.ts";
 import { gistOf, prepareGist } from "./gist.ts";
 import { matched, phrase, type Phrase, type Sentence } from "./grammar.ts";
 import type { Meant } from "./meaning.ts";
-import { changes, keptIn, meanings, verbatim, type MeaningName, type Phrasing } from "./meanings.ts";
+import { changes, keptIn, meanings, verbatim, type MeaningName, type Phrasing, type Request } from "./meanings.ts";
 import { moment } from "./moments.ts";
 import { portuguese } from "./portuguese.ts";
 import { withReferences } from "./references.ts";
 import { isRemark, questionAtEnd, requestAt, withoutRemarks } from "./remarks.ts";
 import { withoutStates } from "./states.ts";
+import { withTold } from "./told.ts";
 import { isFiller, isPause, said, thinking, tokensOf, withoutAsides, type Token } from "./tokens.ts";
 
 interface Compiled {
   before: Phrase[];
   polite: Phrase[];
   after: Phrase[];
-  requests: { meaning: (typeof meanings)[MeaningName]; isVerbatim: boolean; phrases: Phrase[] }[];
+  requests: CompiledRequest[];
+  shorthand: CompiledRequest[];
+}
+
+interface CompiledRequest {
+  meaning: (typeof meanings)[MeaningName];
+  isVerbatim: boolean;
+  phrases: Phrase[];
 }
 
 /** No more than so many polite words are taken off each end of a sentence, and so many of its tokens looked at. */
@@ -27,6 +35,8 @@ const mostTokens = 200;
 const longestManners = 8;
 /** In a longer sentence somebody who dictates says where its parts end. */
 const longestUnmarked = 20;
+/** Nobody is short in more words than these. */
+const longestShorthand = 14;
 
 const compiled: { [language in Language]?: Compiled } = {};
 
@@ -40,13 +50,15 @@ export function prepare(language: Language): void {
   prepareGist(language);
 }
 
-function compile({ parts, before, polite, after, requests }: Phrasing): Compiled {
+function compile({ parts, before, polite, after, requests, shorthand }: Phrasing): Compiled {
   const all = (sources: readonly string[]): Phrase[] => sources.map((source) => phrase(source, parts));
+  const made = ([name, sources]: Request): CompiledRequest => ({ meaning: meanings[name], isVerbatim: verbatim.includes(name), phrases: all(sources) });
   return {
     before: all(before),
     polite: all(polite),
     after: all(after),
-    requests: requests.map(([name, sources]) => ({ meaning: meanings[name], isVerbatim: verbatim.includes(name), phrases: all(sources) })),
+    requests: requests.map(made),
+    shorthand: shorthand.map(made),
   };
 }
 
@@ -59,7 +71,7 @@ export function understood(text: string, language: Language, now: Date): Meant |
   const fewer = withoutAsides(withoutInnerManners(text, tokens, language, now), language);
   const meant = (fewer.length < tokens.length ? asked(text, fewer, language, now) : undefined) ?? gist(text, fewer, language, now);
   if (meant) return meant;
-  const referred = understoodOf(text, tokens, language, now);
+  const referred = understoodOf(text, tokens, language, now) ?? understoodAfter(text, tokens, language, now);
   if (referred) return referred;
   const starts = ends(tokens.toReversed(), compiledFor(language).before, { text, language, now }, true).map((length) => tokens.length - length);
   const timed = atTimeTold(text, tokens, language, now);
@@ -79,12 +91,13 @@ export function understood(text: string, language: Language, now: Date): Meant |
   // An answer too many harms nobody.
   if (answer && !changes(answer)) return answer;
   if (tokens.length > longestUnmarked) return undefined;
-  return withoutStates(tokens, language).map((rest) => asked(text, rest, language, now)).find((meant) => meant && isHarmless(meant));
+  const unstated = withoutStates(tokens, language).map((rest) => asked(text, rest, language, now)).find((meant) => meant && isHarmless(meant));
+  return unstated ?? (tokens.length <= longestShorthand ? asked(text, tokens, language, now, compiledFor(language).shorthand) : undefined);
 }
 
 /** Undone by a word. */
 function isHarmless({ hand }: Meant): boolean {
-  return /^(volume|media|lock|open)$/.test(hand);
+  return /^(volume|media|lock|open|screenshot)$/.test(hand);
 }
 
 /** The words of each day that is named. */
@@ -141,6 +154,16 @@ function understoodOf(text: string, tokens: readonly Token[], language: Language
   return undefined;
 }
 
+/** What is asked for of a day, a length or a measure that was told before it. */
+function understoodAfter(text: string, tokens: readonly Token[], language: Language, now: Date): Meant | undefined {
+  for (const told of withTold({ text, tokens, language, now })) {
+    const words = wordsOf(told.text, language);
+    const meant = asked(told.text, words, language, now) ?? gist(told.text, words, language, now);
+    if (meant && !(told.isOther && changes(meant))) return meant;
+  }
+  return undefined;
+}
+
 /** It is done with a thing that somebody names: it goes on a list or off it, or its timer is stopped. */
 function isOfThing({ hand, given }: Meant): boolean {
   return hand === "note" ? given.do !== "note" : hand === "timer" && given.do === "cancel";
@@ -156,8 +179,8 @@ function gist(text: string, tokens: readonly Token[], language: Language, now: D
   return gistOf({ ...around, tokens }, parts.filter(([start, stop]) => start < stop));
 }
 
-function asked(text: string, tokens: readonly Token[], language: Language, now: Date): Meant | undefined {
-  const { before, polite, after, requests } = compiledFor(language);
+function asked(text: string, tokens: readonly Token[], language: Language, now: Date, requests = compiledFor(language).requests): Meant | undefined {
+  const { before, polite, after } = compiledFor(language);
   const around = { text, language, now };
   const starts = [...ends(tokens.toReversed(), before, around, true)].map((length) => tokens.length - length);
   const [whole = tokens.length] = ends(tokens, polite, around);

@@ -40,7 +40,7 @@ const told: Record<Language, RegExp> = {
 /** "Mute the sound while I answer the door", "lock the screen before the kids get at it": now, that is. */
 const meanwhile: Record<Language, RegExp> = {
   en: /^(while|before) (i|we|he|she|they|it|somebody|someone|the|my|our) \S+/,
-  pt: /^(enquanto|antes que) (eu|a gente|ele|ela|alguem|o|a|os|as|meu|minha|atendo|vou) \S+/,
+  pt: /^(enquanto|antes que) (eu|a gente|isso|isto|ele|ela|alguem|o|a|os|as|meu|minha|atendo|vou) \S+/,
 };
 
 function isState(tokens: readonly Token[], language: Language): boolean {

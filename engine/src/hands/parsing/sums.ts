@@ -99,7 +99,8 @@ export function added(tokens: readonly Token[], at: number, language: Language):
 
 /** A number with its unit. */
 export function measure(tokens: readonly Token[], at: number, language: Language): Found<string> | undefined {
-  const isOne = language === "en" && /^(a|an)$/.test(tokens[at]?.plain ?? "");
+  // "A mile", and not "a hundred miles".
+  const isOne = language === "en" && /^(a|an)$/.test(tokens[at]?.plain ?? "") && !number(tokens, at, language);
   const half = halfOf(tokens, at, language);
   if (half) return half;
   const minus = /^(minus|menos|−)$/.test(tokens[at]?.plain ?? "") ? at + 1 : at;

@@ -24,7 +24,7 @@ const shortened: Record<Language, Record<string, string[]>> = {
     youre: ["you", "are"], youd: ["you", "would"], lets: ["let", "us"], dont: ["do", "not"], didnt: ["did", "not"], doesnt: ["does", "not"],
     isnt: ["is", "not"], wasnt: ["was", "not"], cant: ["can", "not"], cannot: ["can", "not"], wont: ["will", "not"], shant: ["will", "not"], shan: ["will"],
     whatre: ["what", "are"], gimme: ["give", "me"], wanna: ["want", "to"], gonna: ["going", "to"], gotta: ["have", "to"], hes: ["he", "is"], shes: ["she", "is"],
-    pls: ["please"], plz: ["please"], til: ["until"],
+    whatd: ["what", "did"], pls: ["please"], plz: ["please"], til: ["until"],
   },
   pt: {
     pra: ["para"], pro: ["para", "o"], pros: ["para", "os"], pras: ["para", "as"], vc: ["voce"], ta: ["esta"], to: ["estou"], tava: ["estava"],
@@ -46,7 +46,7 @@ export function tokensOf(text: string, language: Language): Token[] {
     const [word] = found;
     const [start, end] = [found.index, found.index + word.length];
     const isMinus = word === "-" && /^\s?\d/.test(text.slice(end));
-    for (const said of isMinus ? ["−"] : plainOf(word, text.slice(end), language)) {
+    for (const said of isMinus ? ["−"] : plainOf(word, text.slice(end), language, tokens.at(-1)?.plain)) {
       const plain = language === "en" ? baseOf(said, [tokens.at(-1)?.plain, tokens.at(-2)?.plain]) : said;
       tokens.push({ plain, lemma: lemmaOf(plain, language), start, end });
     }
@@ -59,9 +59,9 @@ const endings: readonly [RegExp, string][] = [
   [/^(.+)['’]re$/i, "are"], [/^(.+)['’]ll$/i, "will"], [/^(.+)['’]ve$/i, "have"], [/^(.+)['’]d$/i, "would"], [/^(.+)n['’]t$/i, "not"],
 ];
 /** Before these "'s" is "is", whatever it stands after: "the music's too loud". */
-const saysIs = /^\s+(too|so|very|really|way|not|still|getting|asleep|sleeping|awake|ready|done|playing|running|over|coming|due|here|home|calling|ringing|going|on|sorted|gone|finished|bought|packed|empty|low|cooked|out|off|dead|annoying|(?:in|on|at) (?:the|my))\b/i;
+const saysIs = /^\s+(too|so|very|really|way|not|it|at|in|on|an?|the|my|your|our|his|her|their|already|nearly|almost|finally|just|about|still|getting|asleep|sleeping|awake|ready|done|playing|running|over|coming|due|here|home|calling|ringing|going|on|sorted|gone|finished|bought|packed|empty|low|cooked|out|off|dead|annoying|(?:in|on|at) (?:the|my))\b/i;
 
-function plainOf(word: string, rest: string, language: Language): string[] {
+function plainOf(word: string, rest: string, language: Language, before?: string): string[] {
   if (/^[ap]\.\s?m\.?$/i.test(word)) return [word.replace(/[^a-z]/gi, "").toLowerCase()];
   if (!/^\p{L}/u.test(word)) return [word];
   // Without their marks these are other words.
@@ -69,7 +69,8 @@ function plainOf(word: string, rest: string, language: Language): string[] {
   if (language === "pt" && /^[óô]$/i.test(word)) return ["olha"];
   const whose = /^(.+)['’]s$/u.exec(word);
   if (language === "en") {
-    if (whose?.[1] !== undefined && saysIs.test(rest)) return [plainWords(whose[1]).join(""), "is"];
+    const isAsked = whose?.[1] !== undefined && /^(what|which)$/.test(before ?? "") && !/^\s+\p{L}+['’]s\b/u.test(rest);
+    if (whose?.[1] !== undefined && (isAsked || saysIs.test(rest))) return [plainWords(whose[1]).join(""), "is"];
     const [, stem, long] = endings.map(([ending, full]) => [...(ending.exec(word) ?? []), full]).find(({ length }) => length === 3) ?? [];
     const isOwn = Object.hasOwn(shortened.en, plainWords(word.replace(/['’]/g, "")).join(""));
     if (stem !== undefined && long !== undefined && !isOwn) return [plainWords(stem).join(""), long];

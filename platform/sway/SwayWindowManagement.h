@@ -30,6 +30,7 @@ public:
     [[nodiscard]] bool activate(quintptr window) override;
     [[nodiscard]] bool exposesCoveredWindows() const override { return m_kind == Kind::XWayland; }
     [[nodiscard]] bool holdsLeastSize() const override { return m_otherwise->holdsLeastSize(); }
+    [[nodiscard]] QSize untoldRoom() const override { return m_otherwise->untoldRoom(); }
 
 private:
     /// The window as sway's commands select it.

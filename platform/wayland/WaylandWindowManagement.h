@@ -12,6 +12,7 @@ public:
     [[nodiscard]] bool activate(quintptr /*window*/) override { return false; }
     [[nodiscard]] bool exposesCoveredWindows() const override { return false; }
     [[nodiscard]] bool holdsLeastSize() const override { return true; }
+    [[nodiscard]] QSize untoldRoom() const override { return {0, 76}; }
     [[nodiscard]] bool raisesNewWindowsOnly() const override { return true; }
 };
 

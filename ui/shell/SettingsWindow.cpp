@@ -179,7 +179,10 @@ bool SettingsWindow::handleKey(const QKeyEvent &event) {
 void SettingsWindow::restoreFrame() {
     const auto stored = m_settings ? m_settings->value(frameKey) : QVariant();
     const auto saved = stored.canConvert<QRect>() ? std::optional(stored.toRect()) : std::nullopt;
-    const auto screens = usableScreens();
+    auto screens = usableScreens();
+    const auto untold = m_management ? m_management->untoldRoom() : QSize(0, 0);
+    for (auto &screen : screens)
+        screen.setSize(screen.size() - untold);
     setMinimumSize(screens.empty() ? minimumContentSize : leastSize(screens.front().size()));
     const auto frame = openingFrame(saved, screens, openingSize, minimumSize());
     // A window that remembers nothing has the same size on every screen.

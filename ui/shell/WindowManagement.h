@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QtGlobal>
+#include <QSize>
 
 namespace palomet {
 
@@ -27,6 +27,10 @@ public:
     /// Whether the toolkit holds a window at its least size where the desktop gives it less, as in a tile: the desktop
     /// then cuts off what is over.
     [[nodiscard]] virtual bool holdsLeastSize() const { return false; }
+
+    /// What a panel and a title bar may take of a screen's size, where the toolkit is told of neither: a new window is
+    /// smaller by so much than its screen.
+    [[nodiscard]] virtual QSize untoldRoom() const { return {0, 0}; }
 
     /// Whether a window that lies behind others comes to the front only as a new one, unless the desktop gave something
     /// for it.

@@ -12,10 +12,16 @@ namespace {
 /// A desktop whose windows come to the front when they are new, and have the size that it gives them.
 class AsOnWayland final : public WindowManagement {
 public:
+    explicit AsOnWayland(QSize untoldRoom = {0, 0})
+        : m_untoldRoom(untoldRoom) {}
     void introduce(quintptr /*window*/) override {}
     [[nodiscard]] bool activate(quintptr /*window*/) override { return false; }
     [[nodiscard]] bool holdsLeastSize() const override { return true; }
+    [[nodiscard]] QSize untoldRoom() const override { return m_untoldRoom; }
     [[nodiscard]] bool raisesNewWindowsOnly() const override { return true; }
+
+private:
+    QSize m_untoldRoom;
 };
 
 class WindowOnDesktopTest : public test::WindowOnDesktop {
@@ -60,6 +66,13 @@ TEST_F(WindowOnDesktopTest, FitsANarrowTileWhereTheToolkitWouldHoldItLarger) {
     awaitRectangle(QRect((2560 - 1120) / 2, (1024 - 760) / 2, 1120, 760));
     run("xdotool windowsize --sync %1 636 500", m_window->winId());
     EXPECT_TRUE(eventually([this] { return rectangle(*m_window).size() == QSize(636, 500); }));
+}
+
+TEST_F(WindowOnDesktopTest, LeavesRoomForWhatTheToolkitIsNotToldOf) {
+    AsOnWayland management({0, 304});
+    open(&management);
+    // The screen is 1024 high.
+    EXPECT_TRUE(eventually([this] { return rectangle(*m_window).size() == QSize(1120, 720); }));
 }
 
 TEST_F(WindowOnDesktopTest, ReopensWhereItWasLeftAfterARestart) {

@@ -187,6 +187,8 @@ void SettingsWindow::restoreFrame() {
     const auto frame = openingFrame(saved, screens, openingSize, minimumSize());
     // A window that remembers nothing has the same size on every screen.
     resize(m_settings ? frame.size() : openingSize);
+    m_wanted = saved && saved->isValid() ? saved->size() : openingSize;
+    m_fitted = size();
     // The content is centred, because the width of the frame is not known before the window shows.
     if (saved)
         setFramePosition(frame.topLeft());
@@ -213,7 +215,10 @@ void SettingsWindow::keepFrameOnScreen() {
     const auto frame = openingFrame(frameGeometry(), usableScreens(), openingSize, minimumSize().grownBy(around));
     if (frame == frameGeometry())
         return;
+    if (size() != m_fitted)
+        m_wanted = size();
     resize(frame.size().shrunkBy(around));
+    m_fitted = size();
     setFramePosition(frame.topLeft());
 }
 
@@ -240,7 +245,7 @@ void SettingsWindow::saveFrame() {
     // The frame to come back to is the one before it was maximised.
     if (isMaximized)
         return;
-    const QRect frame(framePosition(), size());
+    const QRect frame(framePosition(), size() == m_fitted ? m_wanted : size());
     // At a fractional scale a frame moves by a point when it is restored, which would add up from run to run.
     const auto saved = m_settings->value(frameKey).toRect();
     if (frame.size() != saved.size() || (frame.topLeft() - saved.topLeft()).manhattanLength() > 2)

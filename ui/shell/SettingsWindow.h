@@ -60,6 +60,8 @@ private:
     /// Whether a desktop that manages windows has shown it since it was hidden or minimised.
     bool m_isKnown = false;
     Scheduler::Handle m_saving;
+    QSize m_wanted;                 ///< The size that the window would have, were the screen not too small for it.
+    QSize m_fitted;                 ///< What it was made instead: while it has this, nobody has chosen another.
     bool m_isFrameOnScreen = false; ///< Not before it has been exposed on the screens that are there.
 };
 

@@ -75,6 +75,24 @@ TEST_F(WindowOnDesktopTest, LeavesRoomForWhatTheToolkitIsNotToldOf) {
     EXPECT_TRUE(eventually([this] { return rectangle(*m_window).size() == QSize(1120, 720); }));
 }
 
+TEST_F(WindowOnDesktopTest, HasItsSizeAgainAfterAScreenThatWasTooSmallForIt) {
+    AsOnWayland small({0, 304});
+    open(&small);
+    EXPECT_TRUE(eventually([this] { return rectangle(*m_window).size() == QSize(1120, 720); }));
+    run("xdotool windowmove %1 300 120", m_window->winId());
+    EXPECT_TRUE(eventually([this] { return m_window->geometry().x() < 320; }));
+    m_window->close();
+    AsOnWayland large;
+    open(&large);
+    EXPECT_TRUE(eventually([this] { return rectangle(*m_window).size() == QSize(1120, 760); }));
+    // What the user chooses there is kept.
+    run("xdotool windowsize %1 1000 700", m_window->winId());
+    EXPECT_TRUE(eventually([this] { return m_window->size() == QSize(1000, 700); }));
+    m_window->close();
+    open(&large);
+    EXPECT_TRUE(eventually([this] { return rectangle(*m_window).size() == QSize(1000, 700); }));
+}
+
 TEST_F(WindowOnDesktopTest, ReopensWhereItWasLeftAfterARestart) {
     open();
     run("xdotool windowmove %1 300 120", m_window->winId());

@@ -149,7 +149,10 @@ export function knownAnswer(request: string, context: AnswerContext): string | u
 
 /** Answers the sentences of a request that are questions, and leaves out the others; undefined when none is. */
 export function knownAnswers(request: string, context: AnswerContext): string | undefined {
-  const answers = sentencesOf(request).flatMap((sentence) => knownAnswer(sentence, context) ?? []);
+  // "My sister lives in Sydney. What time is it there?"
+  const both = (sentence: string, before: string | undefined): string | undefined =>
+    before === undefined ? undefined : timeElsewhere(`${before} ${sentence}`, context.now, context.locale.language, context.locale.tag);
+  const answers = sentencesOf(request).flatMap((sentence, at, all) => knownAnswer(sentence, context) ?? both(sentence, all[at - 1]) ?? []);
   return answers.length > 0 ? inOne(answers) : undefined;
 }
 

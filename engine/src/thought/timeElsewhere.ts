@@ -38,8 +38,8 @@ const unknown: Record<Language, (place: string) => string> = {
 
 /** "I am calling my cousin in Sydney, what's the time over there?": the place was told before. It is the group. */
 const told: Record<Language, RegExp> = {
-  en: /\b(?:in|to|at)\s(\p{Lu}[\p{L}'’-]+(?:\s\p{Lu}[\p{L}'’-]+)*)[^?]*[,.;]\s+(?:so |and )?(?:do you know )?what(?:['’]s| is)?(?: the)? time(?: is it| it is)?(?: (?:over|out|up|down))? there$/u,
-  pt: /(?:^|\s)(?:em|no|na|para|pra|pro)\s(\p{Lu}[\p{L}'’-]+(?:\s\p{Lu}[\p{L}'’-]+)*)[^?]*[,.;]\s+(?:e |então |aí )?(?:sabe )?que horas?(?: s[ãa]o| é)?(?: por)? l[áa]$/u,
+  en: /\b(?:in|to|at)\s(\p{Lu}[\p{L}'’-]+(?:\s\p{Lu}[\p{L}'’-]+)*)[^?]*[,.;]\s+(?:[Ss]o |[Aa]nd )?(?:[Dd]o you know )?[Ww]hat(?:['’]s| is)?(?: the)? time(?: is it| it is)?(?: (?:over|out|up|down))? there$/u,
+  pt: /(?:^|\s)(?:em|no|na|para|pra|pro)\s(\p{Lu}[\p{L}'’-]+(?:\s\p{Lu}[\p{L}'’-]+)*)[^?]*[,.;]\s+(?:[Ee] |[Ee]ntão |[Aa]í )?(?:[Ss]abe )?[Qq]ue horas?(?: s[ãa]o| é)?(?: por)? l[áa]$/u,
 };
 /** "Paris what time there", "Lisboa que horas": a place that is known, and no more words than it takes. It is the group. */
 const shorthand: Record<Language, RegExp> = {

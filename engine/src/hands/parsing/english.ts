@@ -74,7 +74,7 @@ export const english: Phrasing = {
       "excuse me|go ahead and|just|quickly|quick|actually|sorry|good morning|good evening)",
     "(i would like|i want|i need|i should like) you to", "i would (rather|prefer it if) you", "(no|oh no) (hang on|hold on|wait|sorry)",
     "(see|check|find out) (if|whether)", "i should (like|love) to", "would you mind", "do me a favor and", "do me a favour and", "be so kind as to",
-    "i was wondering if you could", "(yall|you all)", "(could|can|would) you (tell me|let me know)", "(tell me|let me know)", "do you know",
+    "i was wondering if you could", "let me (sleep|rest|snooze)", "(yall|you all)", "(could|can|would) you (tell me|let me know)", "(tell me|let me know)", "do you know",
     "do you think you could", "(are you able|would it be possible) to", "is it possible to", "if you could",
     "i would appreciate it if you could", "why do not you", "how about you", "you can", "you should", "let us", "it is time to",
     "i would love it if you could", "(can|could) you (also|quickly|maybe)", "i would like to",

@@ -5,8 +5,10 @@ import type { Language } from "../../base/language.ts";
 import { afterOther, isAlso, listedTogether, onThatList, type Before } from "./followed.ts";
 import type { Meant } from "./meaning.ts";
 import { keptIn } from "./meanings.ts";
+import { moment } from "./moments.ts";
 import { areBareThings } from "./names.ts";
 import { understood } from "./sentence.ts";
+import { tokensOf } from "./tokens.ts";
 
 export interface JoinedPart {
   /** As it was said. */
@@ -52,6 +54,7 @@ function joinedIn(sentence: string, start: number, around: Around, isRest = fals
   if (places.length > mostJoints) return undefined;
   for (const [at, end] of [...places.map(({ index }) => index), sentence.length].entries()) {
     const text = sentence.slice(0, end);
+    if (isWithinTime(text, sentence.slice(end), language, now)) continue;
     const alone = understood(text, language, now);
     // "Cancel the timer and tell me what time it is": not what time the timer is.
     const isOther = before !== undefined && !isAnswered(text);
@@ -79,6 +82,16 @@ function joinedIn(sentence: string, start: number, around: Around, isRest = fals
     return both ? [{ text: `${text}, ${following.text}`, start, meant: both }, ...others] : [part, following, ...others];
   }
   return undefined;
+}
+
+/** "Às seis e vinte" is one time. */
+function isWithinTime(before: string, after: string, language: Language, now: Date): boolean {
+  const hour = language === "pt" ? /(?<!\p{L})(?:às|as|pras|das)\s+\S+$/iu.exec(before)?.[0] : undefined;
+  const [minutes] = /^\s+e\s+\S+/u.exec(after) ?? [];
+  if (hour === undefined || minutes === undefined) return false;
+  const tokens = tokensOf(`${hour}${minutes}`, language);
+  const time = moment(tokens, 0, language, now);
+  return time?.next === tokens.length && (time.value.clock?.minute ?? 0) >= 10;
 }
 
 /** "Alarms for six and six fifteen tomorrow morning": both of them. */

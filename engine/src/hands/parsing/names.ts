@@ -110,8 +110,15 @@ export function isEmptyNote(said: string): boolean {
   return wholly.test(words);
 }
 
+/** A reminder "for tomorrow at nine" is of nothing yet. */
+const whenWords = new RegExp(
+  "^(on|at|for|in|the|para|na|no|de|as|a|ao|pelas|today|tomorrow|tonight|monday|tuesday|wednesday|thursday|friday|saturday|sunday|hoje|amanha|segunda|terca|quarta|quinta|" +
+    "sexta|sabado|domingo|feira|morning|afternoon|evening|night|manha|tarde|noite)$",
+);
+
 /** Nothing is named yet: "remind me of something". */
 export function isUnsaid(said: string): boolean {
+  if (plainWords(said).every((word) => whenWords.test(word))) return true;
   // "Of something at three": a part of the time may stand there.
   return unsaid.test(plainWords(said).join(" ").replace(/ (at|on|in|by|a|as|ao|no|na|em|para|daqui)( .*)?$/, ""));
 }
@@ -185,6 +192,7 @@ const mostTaskWords = 6;
 export function isTask(said: string): boolean {
   const words = plainWords(said);
   if (words.length === 0 || words.length > mostTaskWords || neverFirstInTasks.has(words[0]!) || isUnsaid(said)) return false;
+  if (/^(set|create|make|add|put|cria|crie|coloca|coloque|bota|poe|marca|faz)$/.test(words[0]!) || /^(a|an|the|um|uma)$/.test(words.at(-1)!)) return false;
   return !words.some((word) => neverInNames.has(word) || /^(me|us|eu|you|voce|remind|reminder|lembra|lembre|lembrete|timer|alarm|alarme)$/.test(word));
 }
 

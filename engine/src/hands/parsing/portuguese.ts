@@ -134,7 +134,7 @@ export const portuguese: Phrasing = {
     "(voce sabe|sabe|sabe me dizer|voce sabe me dizer|saberia me dizer|pode me dizer|poderia me dizer|consegue me dizer|" +
       "gostaria de saber|quero saber|queria saber|eu quero saber|eu queria saber|preciso saber)",
     "(tem como|teria como|e possivel|seria possivel|da pra|tem jeito de) [voce]", "me ajuda a", "vamos", "se puder", "se der",
-    "nao se importa de", "(eu) queria", "estou querendo", "[eu] (ia adorar|ia gostar|ia amar|adoraria|amaria|seria otimo|seria bom) se (voce|tu|)", "se voce puder", "se nao for incomodo", "eu", "me faz um favor",
+    "nao se importa de", "(eu) queria", "estou querendo", "(me deixa|deixa eu) (dormir|descansar)", "[eu] (ia adorar|ia gostar|ia amar|adoraria|amaria|seria otimo|seria bom) se (voce|tu|)", "se voce puder", "se nao for incomodo", "eu", "me faz um favor",
     "(voce|tu) (pode|poderia|consegue|podia|conseguiria|nao pode|nao poderia) [por favor|por gentileza|so|rapidinho|tambem|ai]",
     "(sera que|por acaso) (voce|tu|da|daria|tem como) [pode|poderia|consegue|conseguiria|podia|para]",
     "(tem|teria|tinha|da|daria|dava) (como|jeito de|para|jeito) [voce] [so]", "(nao|) (se importa|se importaria|te importa) (de|em)",

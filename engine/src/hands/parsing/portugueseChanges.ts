@@ -32,7 +32,7 @@ export const portugueseChanges: readonly Request[] = [
   [
     "alarmLater",
     [
-      "(empurra|joga|passa|muda) [<the>] <alarm> [(das|da|de) {moment:from}] [em|por] {duration} [para (frente|mais tarde|depois)]",
+      "(empurra|joga|passa|muda|atrasa) [<the>] <alarm> [(das|da|de) {moment:from}] [em|por] {duration} [para (frente|mais tarde|depois)]",
       "(coloca|bota|poe|deixa) [<the>] <alarm> {duration} (mais tarde|depois|para frente)",
     ],
   ],

@@ -22,7 +22,7 @@ export const portugueseConcepts: Lexicon = {
   must: "preciso|eu preciso|tenho que|eu tenho que|quero|eu quero|vou ter que|preciso estar|tenho de",
   inverted: "tem|tenho|temos|ha|esta|estao|estou|estamos|existe|existem|eu tenho|ainda tem|ainda tenho|sera que tem|eu estou|a gente tem",
   list: "da uma lida|dar uma lida|da uma olhada|da uma passada|listar|lista|mostra|me mostra|le|diz|fala|me fala|me diz|conta|me conta|confere|verifica|checa|exibe|ve|deixa eu ver|deixa eu " +
-    "ouvir|quero ver|quero ouvir|repassa|quero saber|passa|me passa|me da|abre",
+    "ouvir|quero ver|quero ouvir|repassa|quero saber|me passa|me da|abre",
   article: "o|a|os|as|meu|minha|um|uma",
   names: "do|da|de|dos|das|para|para o|para a|no|na|chamado|chamada|com nome de|para os|para as",
   timer: "timer|temporizador|cronometro|contagem|contagem regressiva|contador|timers|temporizadores|cronometros|contagens|tempo",

@@ -80,13 +80,14 @@ export const portugueseNotes: readonly Request[] = [
       "[eu|a gente] [ja] (coloquei|botei|pus|adicionei|colocou|botou|pos) {few:text} <onto> [minha|nossa] lista <listname> ?", "o que [e que] (eu|a gente) (tinha que|tinha de|precisava|queria|era para) comprar [mesmo]", "o que (falta comprar|tem para comprar|a gente tem que comprar)",
       "(tem|ha|existe|falta) (algo|alguma coisa|mais alguma coisa) <ofwhose> lista <listname>",
       "(quero|queria|gostaria de) (ver|ouvir|ler) <whose> lista <listname>",
+      "(o que|que) [e que] (eu|a gente|nos|voce) [ja] (coloquei|colocou|colocamos|botei|botou|botamos|pus|pos) (<onto> [minha|nossa]|<ofwhose>) lista <listname>",
       "que (itens|coisas) estao <ofwhose> lista <listname>",
     ],
   ],
   [
     "note",
     [
-      "[uma] (nota|anotacao) (rapida|rapidinha|nova) , {text}",
+      "[uma] (nota|anotacao) (rapida|rapidinha|nova) , {text}", "(escreve|escreva|anota|anote|registra|registre) [para mim|aqui] , {text}",
       "(anota|anote|escreve|escreva|registra|registre|guarda|guarde|toma nota|tome nota) (uma coisa|isso|isto|o seguinte|de uma coisa|disso) " +
         "[ai|para mim|aqui] : {text}",
       "(anota|anote|anotar|toma nota|tome nota|tomar nota|escreve|escreva|registra|registre|registrar|faz uma nota|faca " +

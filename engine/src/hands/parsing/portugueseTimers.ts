@@ -6,7 +6,7 @@ export const portugueseTimers: readonly Request[] = [
   [
     "setTimer",
     [
-      "(coloca|poe|bota|conta|marca) [ai] {duration} [ai]",
+      "(coloca|poe|bota|conta|marca) [ai] {duration} [ai]", "<set> [<a>] <timer> [de|para] {duration} para (eu|a gente) {word:why}",
       "[<set>] [<a>] <timer> [de|para|com|em|por|durante|para daqui a|daqui a|para tocar em|que toque em|que dure|para " +
         "daqui] {duration} [<called> {few:name}]",
       "<set> {duration} (no|de) <timer> [<called> {few:name}]", "{duration} (no|de) <timer>",
@@ -127,7 +127,7 @@ export const portugueseTimers: readonly Request[] = [
     [
       "<off> [<the>] <timer>", "<off> [<the>] <timer> [de|com|dos|das] {duration}",
       "<off> [<the>] <timer> (chamado|do|da|de|dos|das|para|para o|para a) {few:name}", "<off> [<the>] <timer> {word:name}",
-      "nao (preciso|quero|precisa|precisamos|vou precisar) mais [do|o|de] <timer> [<called> {few:name}]", "desiste (do|desse) <timer>",
+      "nao (preciso|quero|precisa|precisamos|vou precisar) mais [do|o|de] <timer> [<called> {few:name}] [(pode|voce pode) <off>|<off>]", "desiste (do|desse) <timer>",
     ],
   ],
   [

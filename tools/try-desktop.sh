@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # try-desktop.sh NAME…: builds the packages in a fresh Debian, installs them in another beside a real desktop, starts that without
-# a screen, and does there with Palomet what a person does. NAME is xfce, sway, plasma-x11, gnome-x11, gnome-wayland, or one of
-# these two with "-icons", with the extension that shows the icons of programs; "all" takes one after the other.
+# a screen, and does there with Palomet what a person does. NAME is xfce, sway, plasma-x11, plasma-wayland, gnome-x11,
+# gnome-wayland, or one of these two with "-icons", with the extension that shows the icons of programs; "all" takes one after
+# the other.
 #
 #   --base FOLDER       a root made by debootstrap earlier, to be copied instead of making one; it is not changed
 #   --packages FOLDER   try the packages that lie there instead of building any
@@ -15,7 +16,7 @@ cd "$(dirname "$0")/.."
 . tools/roots.sh
 
 suite=bookworm
-desktops=(xfce sway plasma-x11 gnome-x11 gnome-x11-icons gnome-wayland gnome-wayland-icons)
+desktops=(xfce sway plasma-x11 plasma-wayland gnome-x11 gnome-x11-icons gnome-wayland gnome-wayland-icons)
 
 installDesktop() {
     local root=$roots/run
@@ -42,6 +43,10 @@ liveThere() {
     mount -t cgroup2 cgroup2 "$root/sys/fs/cgroup"
     mkdir "$root/tmp/.X11-unix" "$root/tmp/.ICE-unix"
     chmod 1777 "$root/tmp/.X11-unix" "$root/tmp/.ICE-unix"
+    # What its file gives KWin, the root may not have to give, and then nobody could start it. It does without.
+    local granted
+    granted=$(within "$root" sh -c 'getcap -r /usr/bin /usr/lib 2>/dev/null' | cut -d' ' -f1 || true)
+    for file in $granted; do within "$root" setcap -r "$file"; done
     local result=0
     within "$root" unshare --net sh -c 'ip link set lo up && exec "$@"' sh \
         setpriv --reuid 1000 --regid 1000 --clear-groups env HOME=/home/somebody USER=somebody \

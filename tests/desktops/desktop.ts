@@ -19,8 +19,8 @@ export interface Windows {
     strip(session: Session, before: string): Promise<Rectangle | undefined>;
     /** What tells that the program's window is the program's, in words; throws what tells otherwise. */
     identity(session: Session, own: OwnWindow): Promise<string>;
-    /** Where that is on the display, where a screen reader has it by the corner of the program's window. */
-    onDisplay?(session: Session, place: Rectangle): Promise<Rectangle>;
+    /** Where that is on the display, where a screen reader has it by the corner of its window: of the program's, or of another. */
+    onDisplay?(session: Session, place: Rectangle, other?: string): Promise<Rectangle>;
     /** The window of that title, if it is there. */
     find(session: Session, title: string): Promise<string | undefined>;
     /** Whether nothing lies above it, and it gets the keys. */
@@ -73,12 +73,14 @@ export interface Desktop {
     readonly logout: string[];
     /** The key that closes the window in front. */
     readonly closeKey: string;
-    /** Who gives keys to programs: X11, unless somebody has them already, or nobody. */
-    readonly keys: "x11" | "nobody";
+    /** Who gives keys to programs: X11, unless somebody has them already, the desktop's portal, or nobody. */
+    readonly keys: "x11" | "portal" | "nobody";
+    /** How the user gives a key by the portal's page of that title: to the action of that name. */
+    readonly portal?: { page: string; give(session: Session, action: string, key: string): Promise<void> };
     /** What the desktop itself opens on Alt+Space, if anything. */
-    readonly hasOnAltSpace?: string;
+    readonly hasOnAltSpace?: string | undefined;
     /** A key that it has for the whole screen, which X11 does not tell: as the settings have it, and as texts write it. */
-    readonly ofScreen?: { keyCode: number; flags: number; text: string };
+    readonly ofScreen?: { keyCode: number; flags: number; text: string } | undefined;
     /** Whether it starts at the login what the user's autostart folder names. */
     readonly hasAutostart: boolean;
     readonly windows: Windows;
@@ -99,7 +101,7 @@ export interface Desktop {
     /** Lays the windows out beside each other, or behind each other as before, where the desktop does that at all. */
     tile?(session: Session, isBeside: boolean): Promise<void>;
     /** How large its programs are to be that start from now on, where that can be said in a running session. */
-    setScale?(session: Session, scale: number): Promise<void>;
+    setScale?: ((session: Session, scale: number) => Promise<void>) | undefined;
     /** The dark or the light look, as the user chooses it there. */
     setDark?(session: Session, isDark: boolean): Promise<void>;
     /** More contrast, where the desktop has that. */

@@ -8,6 +8,7 @@ import type { Rectangle } from "../rehearsal/screen";
 import type { SoundDesk } from "../rehearsal/sound";
 import { program } from "../rehearsal/stage";
 import type { Desktop, OwnWindow } from "./desktop";
+import { stillPicture } from "./pictures";
 import type { Session } from "./session";
 
 export interface Place {
@@ -88,9 +89,11 @@ export async function inSight(place: Place, node: Node): Promise<Node> {
     await until("it to be in sight", async () => {
         const [, top] = await placeOf(place, node);
         if (top > 220 && top < 700) return true;
-        await screen.hand("click", "5");
+        // A compositor inside a window hands the turn of a wheel on with what the pointer does next.
+        await screen.hand("click", "5", "mousemove_relative", "1", "0");
         return false;
     });
+    await stillPicture(place, "in-sight");
     return node;
 }
 

@@ -12,7 +12,7 @@ import { noticeBy, x11Screens, x11Terminal, x11Windows } from "./x11";
 const middle = 640;
 
 /** What stands in the panel, by name and place. */
-async function inPanel({ tree }: Session): Promise<{ name: string; place: Rectangle }[]> {
+export async function inPanel({ tree }: Session): Promise<{ name: string; place: Rectangle }[]> {
     const found: { name: string; place: Rectangle }[] = [];
     for (const window of await tree.windows(/^plasmashell$/)) {
         // The desktop itself is a window too.

@@ -9,6 +9,7 @@ import type { Desktop, Notice, OwnWindow } from "./desktop";
 import { changeIn } from "./pictures";
 import { half, height, width } from "./screens";
 import type { Session } from "./session";
+import { inPixels } from "./wayland";
 
 /** A pixel at each edge may look as before. */
 const rounding = 4;
@@ -44,9 +45,6 @@ async function views({ environment }: Session): Promise<Node[]> {
 }
 
 const isIt = (node: Node, window: string) => node.name === window || String(node.id) === window;
-
-/** A place in sway's own points, in the display's pixels. */
-const inPixels = ({ screen: { scale } }: Session, [left, top, width, height]: Rectangle): Rectangle => [left * scale, top * scale, width * scale, height * scale];
 
 /** The content of a window, without what sway draws around it. */
 const contentOf = ({ rect, window_rect }: Node): Rectangle => [rect.x + window_rect.x, rect.y + window_rect.y, window_rect.width, window_rect.height];

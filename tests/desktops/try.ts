@@ -23,6 +23,7 @@ import * as window from "./steps/window";
 import { gnomeX11Bare, gnomeX11WithIcons } from "./gnome";
 import { gnomeWaylandBare, gnomeWaylandWithIcons } from "./gnomeWayland";
 import { plasmaX11 } from "./plasma";
+import { plasmaWayland } from "./plasmaWayland";
 import { sway } from "./sway";
 import { xfce } from "./xfce";
 
@@ -31,6 +32,7 @@ const desktops: Record<string, Desktop> = {
     "gnome-wayland-icons": gnomeWaylandWithIcons,
     "gnome-x11": gnomeX11Bare,
     "gnome-x11-icons": gnomeX11WithIcons,
+    "plasma-wayland": plasmaWayland,
     "plasma-x11": plasmaX11,
     sway,
     xfce,
@@ -59,6 +61,7 @@ const steps: Step[] = [
     ["keys of others", keys.others, ({ hasOnAltSpace }) => hasOnAltSpace !== undefined],
     ["key of the whole screen", keys.ofScreen, ({ ofScreen }) => ofScreen !== undefined],
     ["another listen key, Escape", keys.another, ({ keys }) => keys === "x11"],
+    ["keys by the portal", keys.byPortal, ({ keys }) => keys === "portal"],
     ["keys by commands", keys.byCommand, ({ keys }) => keys === "nobody"],
     ["dark and light", look.darkAndLight, ({ hasTray, setDark }) => hasTray && setDark !== undefined],
     ["more contrast", look.contrast, ({ setContrast }) => setContrast !== undefined],

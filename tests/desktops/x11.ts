@@ -110,4 +110,4 @@ function properties({ environment }: Session, window: string[], ...names: string
 
 /** A terminal of X11, large enough to lie above others, and of a colour that no menu has. */
 export const x11Terminal = (title: string, isFullScreen: boolean) =>
-    ["xterm", "-T", title, "-bg", "lightsteelblue", ...(isFullScreen ? ["-fullscreen"] : ["-geometry", "150x40+60+60"]), "-e", "bash", "--norc"];
+    ["xterm", "-T", title, "-bg", "lightsteelblue", ...(isFullScreen ? ["-fullscreen"] : ["-geometry", "120x40+60+60"]), "-e", "bash", "--norc"];

@@ -27,13 +27,13 @@ export async function choose(place: Place): Promise<string> {
     await until("the dialog's focus", () => desktop.windows.isInFront(session, dialog));
     await stillPicture(place, "folders");
     const program = desktop.folderDialog;
-    if (program) await screen.click(await part(place, program, /^(combo box|text)$/));
+    if (program) await screen.click(await part(place, dialog, program, /^(combo box|text)$/));
     // The first sign opens the field, or is in it.
     await screen.type(chosen.slice(0, 1));
     await stillPicture(place, "folders-begun");
     await screen.type(chosen.slice(1));
     await stillPicture(place, "folders-typed");
-    if (program) await screen.click(await part(place, program, /^push button$/, words["brain.addFolder.prompt"]!));
+    if (program) await screen.click(await part(place, dialog, program, /^push button$/, words["brain.addFolder.prompt"]!));
     else await screen.key("Return");
     await until("the folder among the settings", async () => {
         const { folders } = ((await watcher.state())?.settings ?? {}) as { folders?: string[] };
@@ -46,13 +46,15 @@ export async function choose(place: Place): Promise<string> {
 }
 
 /** Where the last of such parts of a program's windows is. */
-function part({ session: { tree } }: Place, program: RegExp, role: RegExp, name?: string): Promise<Rectangle> {
+function part({ session, session: { tree }, desktop: { windows } }: Place, dialog: string, program: RegExp, role: RegExp, name?: string): Promise<Rectangle> {
     return until(`the ${name ?? "field"} of the dialog`, async () => {
         for (const window of await tree.windows(program)) {
             const parts = await tree.all(window, role);
             const names = await Promise.all(parts.map((one) => tree.name(one)));
             const found = parts.findLast((_, index) => name === undefined || names[index] === name);
-            if (found) return tree.place(found);
+            if (!found) continue;
+            const within = await tree.place(found);
+            return (await windows.onDisplay?.(session, within, dialog)) ?? within;
         }
         return undefined;
     });

@@ -16,6 +16,7 @@ const longestStopMs = 1500;
 const leastArea = 25_000;
 /** What nobody has. */
 const freeKey = "ctrl+alt+j";
+const freeStopKey = "ctrl+alt+k";
 
 /** The desktop has Alt+Space: it is refused, the window says so and what to do, and the doctor too. */
 export async function refused(place: Place): Promise<string> {
@@ -28,7 +29,7 @@ export async function refused(place: Place): Promise<string> {
     await place.session.screen.whole("key-refused");
     await closeWindow(place);
     const doctor = await run(["sh", "-c", '"$0" --doctor || true', process.env.PALOMET_PROGRAM!], place.session.environment);
-    check(/^!! {2}hot keys: Alt\+Space is (refused by X11|the desktop's own, for "activate window menu");?/m.test(doctor), "the doctor has no word about Alt+Space");
+    check(/^!! {2}hot keys: Alt\+Space is (refused by X11|the desktop's own, for "activate window menu");?|^!! {2}hot keys: the desktop's portal granted none for Alt\+Space;/m.test(doctor), "the doctor has no word about Alt+Space");
     return `Alt+Space is the desktop's, and the window says: ${hotKeyProblem}`;
 }
 
@@ -76,15 +77,63 @@ export async function others(place: Place): Promise<string> {
 
 /** Another key, pressed in the window, works from another program's window at once, which gets nothing of it. */
 export async function another(place: Place): Promise<string> {
-    const { session: { screen, environment, tree }, watcher, folder } = place;
+    const { session: { screen } } = place;
+    await record(place);
+    await until("the key to be granted", async () => (await status(place)).hotKeyProblem === "");
+    await screen.whole("key-granted");
+    await closeWindow(place);
+    const other = await listensElsewhere(place);
+    await pictureOfSpeech(place);
+    const before = count(other, "Escape");
+    await stopBy(place, "Escape");
+    check(count(other, "Escape") === before, "the Escape that stopped it went to the other program too");
+    await until("Escape in the other program", async () => {
+        await screen.key("Escape");
+        return count(other, "Escape") > before;
+    });
+    await screen.key(place.desktop.closeKey);
+    return `${freeKey}, pressed in the window, listens from another program; Escape stops it while it speaks, and is the other's again`;
+}
+
+/** Where the desktop's portal gives keys, its own page appears for another key; what the user sets there works at once. */
+export async function byPortal(place: Place): Promise<string> {
+    const { session, session: { screen }, desktop } = place;
+    const { page, give } = desktop.portal!;
+    await record(place);
+    await until("the desktop's own page", () => desktop.windows.find(session, page));
+    await stillPicture(place, "page-of-keys");
+    await until("the page to go", async () => {
+        await screen.key(desktop.closeKey);
+        return until("it", async () => !(await desktop.windows.find(session, page)), 3000).catch(() => false);
+    });
+    await give(session, "Listen", freeKey);
+    await give(session, "Stop", freeStopKey);
+    await until("the key to be granted", async () => (await status(place)).hotKeyProblem === "");
+    await palomet(place, "--open", "listening");
+    await recorder(place);
+    await stillPicture(place, "key-granted");
+    await closeWindow(place);
+    const other = await listensElsewhere(place);
+    await pictureOfSpeech(place);
+    await stopBy(place, freeStopKey);
+    check(!other.keys.includes("k"), "the key that stopped it went to the other program too");
+    await screen.key(desktop.closeKey);
+    return `for ${freeKey} the page "${page}" appears; set there, it listens from another program, and ${freeStopKey} stops it while it speaks`;
+}
+
+/** Presses the free key in the window, as the one to listen by. */
+async function record(place: Place): Promise<void> {
+    const { session: { screen, tree } } = place;
     await palomet(place, "--open", "listening");
     const button = await recorder(place);
     await screen.click(await placeOf(place, button));
     await until("the recording", async () => (await tree.description(button)).includes(words["recorder.type"]!));
     await screen.key(freeKey);
-    await until("the key to be granted", async () => (await status(place)).hotKeyProblem === "");
-    await screen.whole("key-granted");
-    await closeWindow(place);
+}
+
+/** The free key listens from another program's window, which gets nothing of it, and the doctor says that it is held. */
+async function listensElsewhere(place: Place): Promise<OtherProgram> {
+    const { session: { screen, environment }, watcher, folder } = place;
     const other = await OtherProgram.start(environment, screen, join(folder, "other-program.log"));
     const since = watcher.states.length;
     await screen.key(freeKey);
@@ -94,16 +143,7 @@ export async function another(place: Place): Promise<string> {
     await watcher.settle();
     const doctor = await run(["sh", "-c", '"$0" --doctor || true', process.env.PALOMET_PROGRAM!], environment);
     check(/^ok {2}hot keys: /m.test(doctor), `the doctor says of the key: ${/^.*hot keys.*$/m.exec(doctor)?.[0]}`);
-    await pictureOfSpeech(place);
-    const before = count(other);
-    await stopBy(place, "Escape");
-    check(count(other) === before, "the Escape that stopped it went to the other program too");
-    await until("Escape in the other program", async () => {
-        await screen.key("Escape");
-        return count(other) > before;
-    });
-    await screen.key(place.desktop.closeKey);
-    return `${freeKey}, pressed in the window, listens from another program; Escape stops it while it speaks, and is the other's again`;
+    return other;
 }
 
 /** Makes it speak, until it says so itself, and the strip does. */
@@ -134,7 +174,7 @@ async function stopBy(place: Place, key: string): Promise<void> {
     await watcher.reach("waiting", watcher.after("speaking", since), longestStopMs);
 }
 
-const count = ({ keys }: OtherProgram) => keys.filter((key) => key === "Escape").length;
+const count = ({ keys }: OtherProgram, name: string) => keys.filter((key) => key === name).length;
 
 /** Where nobody gives keys to programs, the window and the doctor say what to bind instead, and that works. */
 export async function byCommand(place: Place): Promise<string> {

@@ -21,6 +21,7 @@ namespace {
 const QString frameKey = u"PalometWindow"_s;
 const QString maximizedKey = u"PalometWindowMaximized"_s;
 constexpr std::chrono::milliseconds saveDelay{500};
+constexpr QSize likelyTitleBar{0, 40};
 /// Its content goes sideways and scrolls from minimumContentSize on down.
 constexpr QSize smallestTile{320, 240};
 /// Where the toolkit finds what the desktop gave for a window, also what the tray gives with a click.
@@ -183,7 +184,8 @@ void SettingsWindow::restoreFrame() {
     const auto untold = m_management ? m_management->untoldRoom() : QSize(0, 0);
     for (auto &screen : screens)
         screen.setSize(screen.size() - untold);
-    setMinimumSize(screens.empty() ? minimumContentSize : leastSize(screens.front().size()));
+    // Around it stands a title bar, of a height that is not known yet.
+    setMinimumSize(screens.empty() ? minimumContentSize : leastSize(screens.front().size() - likelyTitleBar));
     const auto frame = openingFrame(saved, screens, openingSize, minimumSize());
     // A window that remembers nothing has the same size on every screen.
     resize(m_settings ? frame.size() : openingSize);
@@ -208,10 +210,12 @@ QSize SettingsWindow::leastSize(QSize room) const {
 
 void SettingsWindow::keepFrameOnScreen() {
     // A window that remembers nothing has the same size on every screen.
-    if (!m_settings || visibility() != Windowed)
+    if (!m_settings)
         return;
     const auto around = frameMargins();
     setMinimumSize(leastSize(screen()->availableSize().shrunkBy(around)));
+    if (visibility() != Windowed)
+        return;
     const auto frame = openingFrame(frameGeometry(), usableScreens(), openingSize, minimumSize().grownBy(around));
     if (frame == frameGeometry())
         return;

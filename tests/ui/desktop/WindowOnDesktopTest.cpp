@@ -166,6 +166,25 @@ TEST_F(WindowOnDesktopTest, IsNoLargerThanAScreenThatIsSmallerThanItsLeastSize) 
     m_window.reset();
 }
 
+TEST_F(WindowOnDesktopTest, IsMaximizedWithinAScreenThatIsSmallerThanItsLeastSize) {
+    X11WindowManagement management(*m_x11, u"org.palomet.Palomet"_s);
+    run("xrandr --newmode tiny 60 800 824 904 1008 500 503 513 520");
+    run("xrandr --addmode screen tiny");
+    run("xrandr --output screen --mode tiny");
+    EXPECT_TRUE(eventually([] { return hasScreens({QRect(0, 0, 800, 500)}); }));
+    m_settings.setValue(u"PalometWindowMaximized"_s, true);
+    open(&management);
+    EXPECT_TRUE(eventually([this] {
+        const auto shown = rectangle(*m_window);
+        return shown.width() == 800 && QRect(0, 0, 800, 500).contains(shown);
+    }));
+    run("xrandr --output screen --mode 2560x1024");
+    EXPECT_TRUE(eventually([] { return hasScreens({QRect(0, 0, 2560, 1024)}); }));
+    run("xrandr --delmode screen tiny");
+    run("xrandr --rmmode tiny");
+    m_window.reset();
+}
+
 TEST_F(WindowOnDesktopTest, OpensMaximizedWhenItWasLeftSoAndComesBackToItsFrame) {
     open();
     const auto before = rectangle(*m_window);

@@ -159,7 +159,7 @@ function understoodAfter(text: string, tokens: readonly Token[], language: Langu
   for (const told of withTold({ text, tokens, language, now })) {
     const words = wordsOf(told.text, language);
     const meant = asked(told.text, words, language, now) ?? gist(told.text, words, language, now);
-    if (meant && !(told.isOther && changes(meant))) return meant;
+    if (meant && !(told.isToAnswer && changes(meant))) return meant;
   }
   return undefined;
 }

@@ -13,8 +13,8 @@ import { said, type Token } from "./tokens.ts";
 /** A request with what it refers to in its place. */
 export interface Told {
   text: string;
-  /** Somebody else may have said it, or it depends on something: it is good for an answer alone. */
-  isOther: boolean;
+  /** It is good for an answer alone: somebody else may have said it, it depends on something, or it is a measure. */
+  isToAnswer: boolean;
 }
 
 type Kind = "day" | "duration" | "measure";
@@ -58,12 +58,15 @@ export function withTold({ text, tokens, language, now }: Sentence): Told[] {
     if (!standIn) continue;
     const [kind, words, instead] = standIn;
     const what = found(kind, text, before, language, now)!;
-    requests.push({ text: request.replace(words, instead.replace("$1", "$$1").replace(/\$(?!\d)/, () => what)), isOther: isOther(before.slice(plansIn(before, language)), language) });
+    const whole = request.replace(words, instead.replace(/\$(?!\d)/, () => what));
+    requests.push({ text: whole, isToAnswer: kind === "measure" || isOther(before.slice(plansIn(before, language)), language) });
   }
   return requests;
 }
 
-const plans: Record<Language, RegExp> = { en: /^(i|we) (want|need|have|am going|are going) to \S+ /, pt: /^(eu |a gente )?(quero|preciso|tenho que|vou|vamos|quer|precisa) \S+ / };
+const plans: Record<Language, RegExp> = {
+  en: /^(i|we) (want|need|have|am going|are going) to \S+ /, pt: /^(eu |a gente )?(quero|preciso|tenho que|vou|vamos|quer|precisa) \S+ /,
+};
 
 /** How many of the words only say what is planned: "I want to read for an hour" says that nobody reads anything out. */
 function plansIn(tokens: readonly Token[], language: Language): number {

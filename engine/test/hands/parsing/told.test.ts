@@ -33,6 +33,10 @@ test("what somebody else says, or what depends on something, sets nothing that r
   expect(understood("Se chover na sexta, me acorda às sete nesse dia.", "pt", now)).toBeUndefined();
 });
 
+test("a measure is put on no list", () => {
+  expect(understood("The bag weighs two kilos, add that to the shopping list.", "en", now)?.given.items).not.toBe("two kilos");
+});
+
 test("what may be one of several is referred to by nothing", () => {
   expect(understood("It takes ten minutes or twenty minutes, set a timer for that.", "en", now)).toBeUndefined();
 });

@@ -69,4 +69,18 @@ describe("the time elsewhere", () => {
     const context = { now, locale: chooseLocale({ PALOMET_LANGUAGES: "en-US" }), name: "Ana", lastAnswer: undefined };
     expect(builtInAnswer("Could you tell me what time it is in Lisbon right now?", context)).toBe("It is 12:30 PM in Lisbon.");
   });
+
+  test("may be that of a place that was told before the question", () => {
+    expect(inEnglish("I'm calling my cousin in Sydney, what's the time over there?")).toBe("It is 9:30 PM in Sydney.");
+    expect(inPortuguese("Minha filha mora em Lisboa, que horas são lá agora?")).toBe("São 12 horas e 30 minutos em Lisboa.");
+    const context = { now, locale: chooseLocale({ PALOMET_LANGUAGES: "en-US" }), name: "Palomet", lastAnswer: undefined };
+    expect(builtInAnswer("My sister lives in Tokyo. What time is it there?", context)).toContain("It is 8:30 PM in Tokyo.");
+  });
+
+  test("is told where a known place and the question are all, and another word there is no place", () => {
+    expect(inEnglish("Paris what time there")).toBe("It is 1:30 PM in Paris.");
+    expect(inPortuguese("Nova York tá que horas")).toBe("São 7 horas e 30 minutos em Nova York.");
+    expect(inEnglish("lunch time")).toBeUndefined();
+    expect(inEnglish("it's about what time")).toBeUndefined();
+  });
 });

@@ -43,7 +43,8 @@ const told: Record<Language, RegExp> = {
 };
 /** "Paris what time there", "Lisboa que horas": a place that is known, and no more words than it takes. It is the group. */
 const shorthand: Record<Language, RegExp> = {
-  en: /^((?:\p{L}[\p{L}'’-]*\s){1,3})(?:what )?time(?: is it| it is)?(?: (?:over )?there)?$/iu, pt: /^((?:\p{L}[\p{L}'’-]*\s){1,3})(?:(?:t[áa]|est[áa]|agora|s[ãa]o)\s)?que horas?(?: s[ãa]o| tem| é)?$/iu,
+  en: /^((?:\p{L}[\p{L}'’-]*\s){1,3}?)(?:what )?time(?: is it| it is)?(?: (?:over )?there)?$/iu,
+  pt: /^((?:\p{L}[\p{L}'’-]*\s){1,3}?)(?:(?:t[áa]|est[áa]|agora|s[ãa]o)\s)?que horas?(?: s[ãa]o| tem| é)?$/iu,
 };
 const there: Record<Language, string> = { en: "in", pt: "em" };
 

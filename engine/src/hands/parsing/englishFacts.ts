@@ -149,7 +149,7 @@ export const englishFacts: readonly Request[] = [
         "it fall on|is it on|will it be on|was it on) [on] {day} [be|on|fall on]",
       "[on] (what|which) (day|weekday|day of the week) (does|will|did) {day} (fall|fall on|be|be on|land|land on)",
       "what is the (date|day) [on|of] {day}", "what (will the date be|the date will be|the date is|date it is|day it is|date is it|day is it) [on] {day}", "(which|what) (day|weekday|date) is {day}", "what will the date be {day}",
-      "{day} is a (monday|tuesday|wednesday|thursday|friday|saturday|sunday) [this year|next year] (is it not|right|correct)", "(date|day) {day}",
+      "{day} is a (monday|tuesday|wednesday|thursday|friday|saturday|sunday) [this year|next year] (is not it|right|correct)", "(date|day) {day}",
       "what date (is|will it be|was it|was) {day}", "what day {day} (is|was|will be)",
       "(what|which) day (does|will|is|did) {day} [{day:same}] (fall on|fall|be on|be|land on) [this year|next year]", "is {day} a (monday|tuesday|wednesday|thursday|friday|saturday|sunday|weekday|workday)",
       "{day} is what (day|day of the week)", "when is {day}",

@@ -245,7 +245,7 @@ export const englishTimers: readonly Request[] = [
         "[goes off|rings]",
       "(what time|when) did i (ask|tell) you to wake me [up]", "when (will|are) you (wake|waking|going to wake) me [up]", "(what|which) time (did i|have i) set [<the>] alarm [for|to]",
       "(did i|have i) [already] (set|got|put on) [up] [an|my|any|the] (alarm|alarms) [set] [for|on] [{day}]",
-      "[<the>] alarm is {moment} (is it not|right|correct|was it not)", "[<the>] {moment} alarm (is it not|was it not|right)",
+      "[<the>] alarm is {moment} (is not it|right|correct|was not it)", "[<the>] {moment} alarm (is not it|was not it|right)",
       "am i (getting up|waking up) tomorrow", "how many alarms (do i have|are set|are there) [set]",
     ],
   ],

@@ -70,7 +70,7 @@ function plainOf(word: string, rest: string, language: Language, before?: string
   const whose = /^(.+)['’]s$/u.exec(word);
   if (language === "en") {
     const isAsked = whose?.[1] !== undefined && /^(what|which)$/.test(before ?? "") && !/^\s+\p{L}+['’]s\b/u.test(rest);
-    if (whose?.[1] !== undefined && (isAsked || saysIs.test(rest))) return [plainWords(whose[1]).join(""), "is"];
+    if (whose?.[1] !== undefined && !isShortened.test(word) && (isAsked || saysIs.test(rest))) return [plainWords(whose[1]).join(""), "is"];
     const [, stem, long] = endings.map(([ending, full]) => [...(ending.exec(word) ?? []), full]).find(({ length }) => length === 3) ?? [];
     const isOwn = Object.hasOwn(shortened.en, plainWords(word.replace(/['’]/g, "")).join(""));
     if (stem !== undefined && long !== undefined && !isOwn) return [plainWords(stem).join(""), long];

@@ -150,3 +150,9 @@ test("a sentence of any length and any characters is answered at once", () => {
     for (const sentence of odd) expect(understood(sentence, language, now)).toBeUndefined();
   }
 });
+
+test("\"let's\" asks for something, and \"'s\" before an article says what is", () => {
+  expect(understood("let's just set a timer for five minutes", "en", now)?.given).toEqual({ do: "timer", seconds: 300 });
+  expect(understood("my alarm's at nine tomorrow, isn't it?", "en", now)?.given).toEqual({ kind: "alarm" });
+  expect(understood("Cancel the timer, dinner's already on the table.", "en", now)?.given).toEqual({ do: "cancel", kind: "timer" });
+});

@@ -31,7 +31,8 @@ void FakeKeyboard::strike(std::initializer_list<quint8> keycodes) {
 
 void FakeKeyboard::send(quint8 type, quint8 keycode) {
     xcb_test_fake_input(m_connection, type, keycode, XCB_CURRENT_TIME, XCB_NONE, 0, 0, 0);
-    xcb_flush(m_connection);
+    // On a busy machine the server leaves what it has read for later, and forgets it until more comes from here.
+    static_cast<void>(activeGroup());
 }
 
 void FakeKeyboard::activateGroup(quint8 group) {

@@ -6,9 +6,24 @@
 using namespace palomet;
 using namespace palomet::test;
 
-// What a server does in time is seen where nothing keeps it from it: these tests run alone.
+// What a server does in time is seen where nothing keeps it from it: these tests run alone, and not where the program
+// is slowed down several times.
 
-TEST_P(SoundServerTest, DeliversFortyEightThousandSamplesASecond) {
+namespace {
+
+class SoundTimingTest : public SoundServerTest {
+protected:
+    void SetUp() override {
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+        GTEST_SKIP() << "what is measured would be the sanitizer";
+#endif
+        SoundServerTest::SetUp();
+    }
+};
+
+} // namespace
+
+TEST_P(SoundTimingTest, DeliversFortyEightThousandSamplesASecond) {
     start();
     openCapture();
     ASSERT_TRUE(eventually([&] { return m_probe.captured() > SoundStreams::sampleRate / 2; }));
@@ -24,7 +39,7 @@ TEST_P(SoundServerTest, DeliversFortyEightThousandSamplesASecond) {
     EXPECT_TRUE(m_probe.isOneThread());
 }
 
-TEST_P(SoundServerTest, PlaysWhatItIsGivenAndTellsWhenItWasHeard) {
+TEST_P(SoundTimingTest, PlaysWhatItIsGivenAndTellsWhenItWasHeard) {
     start();
     openCapture();
     openPlayback();
@@ -60,7 +75,7 @@ TEST_P(SoundServerTest, PlaysWhatItIsGivenAndTellsWhenItWasHeard) {
     EXPECT_EQ(m_probe.openings(), 1);
 }
 
-TEST_P(SoundServerTest, TheDelayThatItTellsFitsWhatWasPlayedWhateverTheServersPeriod) {
+TEST_P(SoundTimingTest, TheDelayThatItTellsFitsWhatWasPlayedWhateverTheServersPeriod) {
     start();
     // How much later than told the least disturbed of nine tones came back.
     const auto lateness = [this](const QString &source) {
@@ -87,8 +102,9 @@ TEST_P(SoundServerTest, TheDelayThatItTellsFitsWhatWasPlayedWhateverTheServersPe
     int sources = 0;
     for (const int frames : {1024, 480, 2048, 240}) {
         const auto period = m_server->setPeriod(u"speakers"_s, frames);
-        // PipeWire tells a stream's position once in a period, and what it tells may be as old as that.
-        const auto limit = std::max<std::chrono::microseconds>(30ms, frames * 1'000'000us / SoundStreams::sampleRate);
+        // PipeWire tells a stream's position once in a period, and what it tells may be as old as that and a little
+        // more. A delay that was taken a write too early is out by two periods.
+        const auto limit = std::max<std::chrono::microseconds>(30ms, frames * 1'500'000us / SoundStreams::sampleRate);
         // On a busy machine a server that was late keeps what it has missed in the way from speakers to microphone, for
         // good and untold: another way is made.
         auto least = std::chrono::microseconds::max();
@@ -98,6 +114,6 @@ TEST_P(SoundServerTest, TheDelayThatItTellsFitsWhatWasPlayedWhateverTheServersPe
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Servers, SoundServerTest,
+INSTANTIATE_TEST_SUITE_P(Servers, SoundTimingTest,
                          testing::Values(PrivateSoundServer::Kind::PulseAudio, PrivateSoundServer::Kind::PipeWire),
                          [](const auto &kind) { return nameOf(kind.param); });

@@ -12,7 +12,7 @@ using namespace Qt::StringLiterals;
 Session::Session(DisplayRoute::Way way)
     : m_way(way)
     , m_bus(QDBusConnection::sessionBus())
-    , m_x11(way == DisplayRoute::Way::Wayland ? nullptr : X11Connection::open()) {}
+    , m_x11(way == DisplayRoute::Way::Wayland || way == DisplayRoute::Way::None ? nullptr : X11Connection::open()) {}
 
 QString Session::applicationId() {
     return u"org.palomet.Palomet"_s;
@@ -26,7 +26,7 @@ bool Session::isWayland() {
     return qEnvironmentVariable("XDG_SESSION_TYPE") == "wayland"_L1;
 }
 
-DisplayRoute Session::displayRoute() {
+DisplayRoute Session::displayRoute(std::optional<std::chrono::milliseconds> patience) {
     const auto compositor = [] {
         const auto answer = askCompositor();
         if (!answer)
@@ -37,7 +37,7 @@ DisplayRoute Session::displayRoute() {
         .chosen = qEnvironmentVariable("QT_QPA_PLATFORM"),
         .isWaylandSession = isWayland(),
         .hasPlugin = canToolkitSpeakWayland(),
-        .hasX11 = [] { return !qEnvironmentVariableIsEmpty("DISPLAY") && X11Connection::isPossible(); },
+        .hasX11 = [&] { return !qEnvironmentVariableIsEmpty("DISPLAY") && X11Connection::isPossible(patience); },
         .compositor = compositor,
     });
 }

@@ -11,7 +11,9 @@
 #include <QDBusConnection>
 #include <QSettings>
 
+#include <chrono>
 #include <memory>
+#include <optional>
 
 namespace palomet {
 
@@ -26,8 +28,9 @@ public:
     [[nodiscard]] static QString version();
 
     [[nodiscard]] static bool isWayland();
-    /// The way to the screen that this session has. Needs no application object.
-    [[nodiscard]] static DisplayRoute displayRoute();
+    /// The way to the screen that this session has. An X server that does not answer is waited for as long as that, or
+    /// for ever. Needs no application object.
+    [[nodiscard]] static DisplayRoute displayRoute(std::optional<std::chrono::milliseconds> patience = {});
 
     [[nodiscard]] const QDBusConnection &bus() const { return m_bus; }
     /// Null without an X server, or where the windows do without one. What is made of it does not outlive this.

@@ -25,6 +25,7 @@
 #include <QProcessEnvironment>
 
 #include <algorithm>
+#include <chrono>
 #include <cstdio>
 
 namespace palomet {
@@ -32,6 +33,9 @@ namespace palomet {
 using namespace Qt::StringLiterals;
 
 namespace {
+
+/// The doctor always comes to an end, also beside an X server that answers nobody.
+constexpr std::chrono::seconds displayPatience{5};
 
 void print(const QString &line) {
     std::puts(line.toLocal8Bit().constData());
@@ -120,7 +124,7 @@ void lookAtKeys(Examination &found, const Session &session) {
 
 int runDoctor(int argumentCount, char **arguments) {
     const QCoreApplication application(argumentCount, arguments);
-    const auto route = Session::displayRoute();
+    const auto route = Session::displayRoute(displayPatience);
     const Session session(route.way);
     Examination found;
     found.display = route;

@@ -8,6 +8,9 @@
 #include <xcb/xcb.h>
 #include <xkbcommon/xkbcommon-x11.h>
 
+#include <future>
+#include <thread>
+
 namespace palomet {
 
 std::unique_ptr<X11Connection> X11Connection::open(const QByteArray &display) {
@@ -35,9 +38,18 @@ std::unique_ptr<X11Connection> X11Connection::open(const QByteArray &display) {
     return std::unique_ptr<X11Connection>(new X11Connection(std::move(owned), screen.data->root, keyboardEvent));
 }
 
-bool X11Connection::isPossible() {
-    const Connection connection(xcb_connect(nullptr, nullptr));
-    return xcb_connection_has_error(connection.get()) == 0;
+bool X11Connection::isPossible(std::optional<std::chrono::milliseconds> patience) {
+    const auto connect = [] {
+        const Connection connection(xcb_connect(nullptr, nullptr));
+        return xcb_connection_has_error(connection.get()) == 0;
+    };
+    if (!patience)
+        return connect();
+    // Nothing calls the library off while it waits for the server's first answer.
+    std::packaged_task<bool()> attempt(connect);
+    auto answer = attempt.get_future();
+    std::thread(std::move(attempt)).detach();
+    return answer.wait_for(*patience) == std::future_status::ready && answer.get();
 }
 
 X11Connection::X11Connection(Connection connection, quint32 root, quint8 keyboardEvent)

@@ -5,7 +5,9 @@
 
 #include <xcb/xcb.h>
 
+#include <chrono>
 #include <memory>
+#include <optional>
 
 class QSocketNotifier;
 
@@ -22,8 +24,10 @@ public:
     static std::unique_ptr<X11Connection> open(const QByteArray &display = {});
     ~X11Connection() override;
 
-    /// Whether the server of the display that the environment names can be connected to. Needs no application object.
-    [[nodiscard]] static bool isPossible();
+    /// Whether the server of the display that the environment names can be connected to. One that takes a connection
+    /// and never answers is waited for as long as that, or for ever; a thread may stay behind with it until the program
+    /// ends. Needs no application object.
+    [[nodiscard]] static bool isPossible(std::optional<std::chrono::milliseconds> patience = {});
 
     [[nodiscard]] xcb_connection_t *get() const { return m_connection.get(); }
     [[nodiscard]] quint32 root() const { return m_root; }

@@ -118,6 +118,16 @@ TEST_F(PalometDoctorTest, AsksThePortalWhatItGrantsRatherThanWhetherItIsThere) {
     EXPECT_TRUE(says(u"!!  hot keys: this desktop's portal grants keys to no program; bind "_s)) << qPrintable(output);
 }
 
+TEST_F(PalometDoctorTest, ComesToAnEndBesideAnXServerThatTakesConnectionsAndNeverAnswers) {
+    // A display's number is its port's, less 6000.
+    QTcpServer server;
+    ASSERT_TRUE(server.listen(QHostAddress::LocalHost));
+    environment.insert(u"DISPLAY"_s, u"127.0.0.1:%1"_s.arg(server.serverPort() - 6000));
+    EXPECT_EQ(examine(), 1);
+    EXPECT_TRUE(says(u"!!  window: there is no display to show it"_s)) << qPrintable(output);
+    EXPECT_TRUE(says(u"ok  engine: "_s)) << qPrintable(output);
+}
+
 TEST_F(PalometDoctorTest, NamesWhoHoldsThePort) {
     QTcpServer stranger;
     ASSERT_TRUE(stranger.listen(QHostAddress::LocalHost, 4780));

@@ -16,6 +16,7 @@ cd "$(dirname "$0")/.."
 . tools/roots.sh
 
 suite=bookworm
+password=sesame
 desktops=(xfce sway plasma-x11 plasma-wayland gnome-x11 gnome-x11-icons gnome-wayland gnome-wayland-icons)
 
 installDesktop() {
@@ -25,6 +26,7 @@ installDesktop() {
     cp "$output"/*.deb "$root/packages/"
     within "$root" apt-get update -qq
     within "$root" id somebody >/dev/null 2>&1 || within "$root" useradd --create-home --uid 1000 somebody
+    echo "somebody:$password" | within "$root" chpasswd
     local packages
     mapfile -t packages < <(cd "$root" && printf '/%s\n' packages/palomet*.deb)
     # shellcheck disable=SC2046
@@ -50,7 +52,7 @@ liveThere() {
     local result=0
     within "$root" unshare --net sh -c 'ip link set lo up && exec "$@"' sh \
         setpriv --reuid 1000 --regid 1000 --clear-groups env HOME=/home/somebody USER=somebody \
-        PALOMET_PROGRAM=/usr/bin/palomet PALOMET_DESKTOP=/tmp/desktop \
+        PALOMET_PROGRAM=/usr/bin/palomet PALOMET_PASSWORD=$password PALOMET_DESKTOP=/tmp/desktop \
         /usr/share/palomet/bun /source/tests/desktops/try.ts "$name" || result=$?
     rm -rf "$kept"
     mkdir -p "$(dirname "$kept")"

@@ -106,6 +106,8 @@ export interface Desktop {
     setDark?(session: Session, isDark: boolean): Promise<void>;
     /** More contrast, where the desktop has that. */
     setContrast?(session: Session, isMore: boolean): Promise<void>;
+    /** What locks the screen, and whether it is locked; the user's password unlocks it. */
+    readonly locker?: { command: string[]; isLocked(session: Session): Promise<boolean> };
     /** Binds commands to keys, as its documentation says. */
     bind?(session: Session, keys: Record<string, string>): Promise<void>;
 }

@@ -89,8 +89,9 @@ export async function inSight(place: Place, node: Node): Promise<Node> {
     await until("it to be in sight", async () => {
         const [, top] = await placeOf(place, node);
         if (top > 220 && top < 700) return true;
-        // A compositor inside a window hands the turn of a wheel on with what the pointer does next.
-        await screen.hand("click", "5", "mousemove_relative", "1", "0");
+        // A compositor inside a window hands the turn of a wheel on with what the pointer does next; of what is turned after
+        // the pointer was moved, XWayland's first step is lost.
+        await screen.hand("click", "--repeat", "3", "5", "mousemove_relative", "1", "0");
         return false;
     });
     await stillPicture(place, "in-sight");

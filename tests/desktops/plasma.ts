@@ -22,6 +22,8 @@ export async function inPanel({ tree }: Session): Promise<{ name: string; place:
     return found;
 }
 
+const screenSaver = (method: string) => ["--dest", "org.freedesktop.ScreenSaver", "--object-path", "/ScreenSaver", "--method", `org.freedesktop.ScreenSaver.${method}`];
+
 export const plasmaX11: Desktop = {
     name: "KDE",
     type: "x11",
@@ -59,6 +61,11 @@ export const plasmaX11: Desktop = {
     /** As its login does where the user has set another density of the fonts. */
     async setScale({ environment }: Session, scale: number): Promise<void> {
         await run(["sh", "-c", `echo "Xft.dpi: ${96 * scale}" | xrdb -nocpp -merge`], environment);
+    },
+
+    locker: {
+        command: ["gdbus", "call", "--session", ...screenSaver("Lock")],
+        isLocked: async ({ environment }: Session) => (await run(["gdbus", "call", "--session", ...screenSaver("GetActive")], environment)).includes("true"),
     },
 
     /** The panel follows the colours of the programs. */

@@ -8,7 +8,7 @@ import { check } from "../rehearsal/stage";
 import type { Desktop, Notice, OwnWindow } from "./desktop";
 import { changeIn } from "./pictures";
 import { half, height, width } from "./screens";
-import type { Session } from "./session";
+import { processesOf, type Session } from "./session";
 import { inPixels } from "./wayland";
 
 /** A pixel at each edge may look as before. */
@@ -58,9 +58,18 @@ async function ownView(session: Session): Promise<Node | undefined> {
 const first = "X11-1";
 const second = "X11-2";
 
-async function outputs({ environment }: Session): Promise<string[]> {
-    return (JSON.parse(await run(["swaymsg", "-t", "get_outputs"], environment)) as { name: string }[]).map(({ name }) => name);
+interface Output {
+    name: string;
+    /** "normal", or by how many degrees it is turned. */
+    transform: string;
 }
+
+async function outputs({ environment }: Session): Promise<Output[]> {
+    return JSON.parse(await run(["swaymsg", "-t", "get_outputs"], environment)) as Output[];
+}
+
+/** A screen that was turned by a quarter stands in the picture as it hangs on the wall: what is right of it is up. */
+const upright = ([left, top, wide, high]: Rectangle): Rectangle => [top, height - left - wide, high, wide];
 
 /** Of the windows in which sway shows its outputs, which have no names, the second is the later one. */
 async function moveSecond({ screen }: Session, left: number): Promise<void> {
@@ -98,7 +107,10 @@ export const sway: Desktop = {
         },
         /** sway lists no surfaces of layers. The strip is what changed, of its size, in the lower half of the screen. */
         async strip(session: Session, before: string): Promise<Rectangle | undefined> {
-            const found = await changeIn(session, before, "strip", [0, height / 2, width, height / 2]);
+            const isTurned = (await outputs(session)).some(({ name, transform }) => name === first && transform === "90");
+            const lowerHalf: Rectangle = isTurned ? [0, 0, height / 2, half] : [0, height / 2, width, height / 2];
+            const change = await changeIn(session, before, "strip", lowerHalf);
+            const found = change && isTurned ? upright(change) : change;
             return found && isStrip({ width: found[2], height: found[3] }, session.screen.scale, rounding) ? found : undefined;
         },
         async identity(session: Session): Promise<string> {
@@ -140,10 +152,10 @@ export const sway: Desktop = {
             await moveSecond(session, half);
         },
         async turned({ environment }: Session): Promise<void> {
-            await run(["swaymsg", "output", first, "mode", `${half}x${height}`], environment);
+            await run(["swaymsg", "output", first, "mode", `${height}x${half}`, "transform", "90"], environment);
         },
         async one(session: Session): Promise<void> {
-            await run(["swaymsg", "output", first, "mode", `${width}x${height}`, "position", "0", "0"], session.environment);
+            await run(["swaymsg", "output", first, "mode", `${width}x${height}`, "transform", "0", "position", "0", "0"], session.environment);
             if ((await outputs(session)).length === 1) return;
             await moveSecond(session, width);
             await run(["swaymsg", "output", second, "position", String(width), "0"], session.environment);
@@ -195,6 +207,11 @@ export const sway: Desktop = {
 
     async tile({ environment }: Session, isBeside: boolean): Promise<void> {
         await run(["swaymsg", "layout", isBeside ? "splith" : "tabbed"], environment);
+    },
+
+    locker: {
+        command: ["swaylock", "--color", "203040"],
+        isLocked: async () => processesOf(/^swaylock$/).length > 0,
     },
 
     async bind({ environment }: Session, keys: Record<string, string>): Promise<void> {

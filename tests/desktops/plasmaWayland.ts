@@ -92,16 +92,36 @@ async function give({ environment }: Session, action: string, key: string): Prom
     await run(["gdbus", "call", "--session", ...daemon, `['palomet', '${actions[action]}', 'palomet', '${action}']`, `[${code}]`], environment);
 }
 
-/** The output is as large as the window of the X server that shows it. */
-async function resize({ screen }: Session, wide: number): Promise<void> {
-    const [, window] = /^ +(0x\w+) "KDE Wayland Compositor/m.exec(await screen.ask("xwininfo", "-root", "-children")) ?? [];
-    check(window !== undefined, "the compositor shows no window");
-    await screen.hand("windowsize", window!, String(wide), String(height));
+/** An output is a window of the X server, and as large as that. The second is the later one. */
+async function show({ screen }: Session, output: 1 | 2, left: number, wide: number): Promise<void> {
+    const found = [...(await screen.ask("xwininfo", "-root", "-children")).matchAll(/^ +(0x\w+) "KDE Wayland Compositor/gm)];
+    const window = found.map(([, id]) => id!).sort((one, other) => Number(one) - Number(other))[output - 1];
+    check(window !== undefined, "the compositor shows no such window");
+    await screen.hand("windowsize", window!, String(wide), String(height), "windowmove", window!, String(left), "0");
+}
+
+/** As the settings' page does. */
+async function arrange({ environment }: Session, ...wishes: string[]): Promise<void> {
+    await run(["kscreen-doctor", ...wishes], environment);
+}
+
+/** The window of a screen that is unplugged stays, beyond the edge. */
+async function unplugSecond(session: Session): Promise<void> {
+    await arrange(session, "output.2.disable");
+    await show(session, 2, width, half);
 }
 
 const screens: Screens = {
-    turned: (session) => resize(session, half),
-    one: (session) => resize(session, width),
+    async two(session: Session): Promise<void> {
+        await show(session, 1, 0, half);
+        await show(session, 2, half, half);
+        await arrange(session, "output.2.enable", `output.2.position.${half},0`);
+    },
+    turned: (session) => show(session, 1, 0, half),
+    async one(session: Session): Promise<void> {
+        await unplugSecond(session);
+        await show(session, 1, 0, width);
+    },
 };
 
 export const plasmaWayland: Desktop = {
@@ -114,6 +134,7 @@ export const plasmaWayland: Desktop = {
     keys: "portal",
     portal: { page: "Shortcuts — System Settings Module", give },
     screens,
+    settle: unplugSecond,
     terminal: x11Terminal,
 
     windows: {
@@ -157,17 +178,14 @@ export const plasmaWayland: Desktop = {
         return (await inPanel(session)).filter(({ name }) => /^palomet$/i.test(name)).map(({ place }) => inPixels(session, place)).find(([left]) => left > width / 2);
     },
 
-    /** As the settings' page does. */
-    async setScale({ environment }: Session, scale: number): Promise<void> {
-        await run(["kscreen-doctor", `output.1.scale.${scale}`], environment);
-    },
+    setScale: (session, scale) => arrange(session, `output.1.scale.${scale}`),
 
     async setUp(home: string): Promise<void> {
         await plasmaX11.setUp?.(home);
         const folder = join(home, ".local/bin");
         mkdirSync(folder, { recursive: true });
         const wrapper = join(folder, "kwin_wayland_wrapper");
-        writeFileSync(wrapper, `#!/bin/sh\nexec /usr/bin/kwin_wayland_wrapper --width ${width} --height ${height} "$@"\n`);
+        writeFileSync(wrapper, `#!/bin/sh\nexec /usr/bin/kwin_wayland_wrapper --width ${width} --height ${height} --output-count 2 "$@"\n`);
         chmodSync(wrapper, 0o755);
     },
 };

@@ -139,7 +139,7 @@ if (names.length === 0 && failed.length === 0) {
 What \`bench/run\` measured ${machine}, load average ${load} before it began (above 1 the figures of the wall clock are too high, the last of a hundred
 first). Each figure stands beside its floor, the least that does the same work, taken in the same run; read the one against the other, for the machine is
 in both. The figures of the resampler, the canceller, the decoding and the formats are processor time, the least of nine rounds, as are their floors; all
-others are the wall clock's.
+others are the wall clock's. desktops.md has start and memory on whole desktops, on X11 and on Wayland.
 
 | what | floor in the same run | here | to reach | met |
 |---|---|---|---|---|

@@ -1,5 +1,6 @@
 // Where the steps happen: the desktop, its session of the moment, and what a person has there besides.
 
+import { existsSync, statSync } from "node:fs";
 import { join } from "node:path";
 import type { Node } from "../rehearsal/accessible";
 import type { Watcher } from "../rehearsal/backend";
@@ -33,9 +34,18 @@ export class Terminal {
     static async open(place: Place, { isFullScreen = false } = {}): Promise<Terminal> {
         const { session, desktop, folder } = place;
         const title = `terminal ${Math.round(performance.now())}`;
-        const process = start(desktop.terminal(title, isFullScreen), session.environment, join(folder, "terminal.log"));
+        const prompts = join(folder, `${title.replace(" ", "-")}.prompts`);
+        const environment = { ...session.environment, PROMPT_COMMAND: `echo >> ${prompts}` };
+        const process = start(desktop.terminal(title, isFullScreen), environment, join(folder, "terminal.log"));
         const id = await until("the terminal", () => desktop.windows.find(session, title));
         await until("the terminal's focus", () => desktop.windows.isInFront(session, id));
+        // The first keys may be lost on a busy machine, although it has the focus.
+        await until("the terminal to take keys", async () => {
+            if (!existsSync(prompts)) return false;
+            const { size } = statSync(prompts);
+            await session.screen.key("Return");
+            return until("a prompt", () => statSync(prompts).size > size, 2000).catch(() => false);
+        });
         const terminal = new Terminal(place, id, process);
         Terminal.#open.add(terminal);
         return terminal;

@@ -134,6 +134,7 @@ async function written(id: string, given: Record<string, unknown>, language: Lan
       return `pending ${given["kind"] ?? ""} ${called}`.replace(/ +/g, " ").trim();
     case "note":
       if (given["do"] === "note") return `note ${plain(String(given["text"]))}`;
+      if (given["do"] === "clear") return `clear ${plain(String(given["list"])) || usualList}`;
       return `${given["do"]} ${plain(String(given["list"])) || usualList}: ${items(String(given["items"] ?? given["item"]))}`;
     case "notes":
       return given["list"] === undefined ? "notes" : `list ${plain(String(given["list"])) || usualList}`;
@@ -200,6 +201,8 @@ function isPart(expected: string, done: string, language: Language): boolean {
       const [list = "", what = ""] = detail.split(": ");
       return done === `${word} ${plain(list)}: ${items(what)}`;
     }
+    case "clear":
+      return done === `clear ${plain(detail)}`;
     case "list":
       return done === `list ${plain(detail)}`;
     case "app":

@@ -16,7 +16,10 @@ const mostTold = 20;
 type Wanted =
   | { do: "note"; text: string }
   | { do: "add"; list: string; items: string[] }
-  | { do: "remove"; list: string; item: string };
+  | { do: "remove"; list: string; item: string }
+  | { do: "clear"; list: string };
+
+const kinds = ["note", "add", "remove", "clear"] as const;
 
 export function noteHands(notebook: Notebook, clock: Clock): Hand[] {
   return [new NoteHand(notebook, clock), new NotesHand(notebook)];
@@ -24,11 +27,11 @@ export function noteHands(notebook: Notebook, clock: Clock): Hand[] {
 
 class NoteHand implements Hand {
   readonly id = "note";
-  readonly description = "Writes a note, adds items to a list of the user's (shopping, to do), or takes one off.";
+  readonly description = "Writes a note, adds items to a list of the user's (shopping, to do), takes one off, or takes all off.";
   readonly parameters = {
     type: "object",
     properties: {
-      do: { type: "string", enum: ["note", "add", "remove"] },
+      do: { type: "string", enum: kinds },
       text: { type: "string", description: "The note" },
       items: { type: "string", description: "What to add, separated by commas" },
       item: { type: "string", description: "What to take off" },
@@ -57,6 +60,8 @@ class NoteHand implements Hand {
       }
       case "remove":
         return isPortuguese ? `tirar da lista “${wanted.list}”: ${wanted.item}` : `take off the list “${wanted.list}”: ${wanted.item}`;
+      case "clear":
+        return isPortuguese ? `tirar tudo da lista “${wanted.list}”` : `take everything off the list “${wanted.list}”`;
     }
   }
 
@@ -83,13 +88,18 @@ class NoteHand implements Hand {
           if (removed !== undefined) return isPortuguese ? `Tirei da lista “${wanted.list}”: ${removed}.` : `Taken off the list “${wanted.list}”: ${removed}.`;
           return isPortuguese ? `Isso não está na lista “${wanted.list}”.` : `That is not on the list “${wanted.list}”.`;
         }
+        case "clear": {
+          const count = this.notebook.clear(wanted.list);
+          if (count === undefined) return noList(wanted.list, language);
+          return isPortuguese ? `A lista “${wanted.list}” está vazia.` : `The list “${wanted.list}” is empty.`;
+        }
       }
     });
   }
 
   #read(given: unknown, language: Language): Wanted | undefined {
     const list = this.notebook.listName(textIn(given, "list") ?? "");
-    switch (choiceIn(given, "do", ["note", "add", "remove"])) {
+    switch (choiceIn(given, "do", kinds)) {
       case undefined:
         return undefined;
       case "note": {
@@ -105,8 +115,14 @@ class NoteHand implements Hand {
         const item = textIn(given, "item", longestItem);
         return item === undefined ? undefined : { do: "remove", list, item };
       }
+      case "clear":
+        return { do: "clear", list };
     }
   }
+}
+
+function noList(list: string, language: Language): string {
+  return language === "pt" ? `Não há uma lista “${list}”.` : `There is no list “${list}”.`;
 }
 
 /**
@@ -161,7 +177,7 @@ class NotesHand implements Hand {
       }
       const list = this.notebook.listName(textIn(given, "list") ?? "");
       const items = this.notebook.items(list);
-      if (items === undefined) return isPortuguese ? `Não há uma lista “${list}”.` : `There is no list “${list}”.`;
+      if (items === undefined) return noList(list, language);
       if (items.length === 0) return isPortuguese ? `A lista “${list}” está vazia.` : `The list “${list}” is empty.`;
       const more = items.length - mostTold;
       const rest = more <= 0 ? "" : isPortuguese ? ` E mais ${more}.` : ` And ${more} more.`;

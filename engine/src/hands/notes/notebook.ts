@@ -111,6 +111,16 @@ export class Notebook {
     return itemIn(removed);
   }
 
+  /** Takes all items off the list, and leaves whatever else the user wrote there. Gives how many; undefined when there is no such list. */
+  clear(list: string): number | undefined {
+    const file = this.#listFile(list);
+    const lines = this.#read(file)?.split("\n");
+    if (!lines) return undefined;
+    const kept = lines.filter((line) => itemIn(line) === undefined);
+    if (kept.length < lines.length) this.#write(this.#listsFolder, file, kept.join("\n"));
+    return lines.length - kept.length;
+  }
+
   get #listsFolder(): string {
     return join(this.folder, names[this.language].lists);
   }

@@ -36,6 +36,19 @@ export const englishNotes: readonly Request[] = [
     ],
   ],
   [
+    "clearList",
+    [
+      "(clear|empty|wipe|reset|clear out|clear off|wipe out) [all of|the whole of] <whose> [whole|entire] {few:list} list " +
+        "[out|off|clean|please]",
+      "(clear|empty|wipe|reset|clear out|clear off) (the|my|our) [whole|entire] list [out|off|clean|please]",
+      "(take|remove|delete|clear|cross|wipe|strike|erase|scratch) (everything|all [of] the items|all the things|the lot|all) [off] " +
+        "(off|from|on|out of) <whose> {few:list} list",
+      "(take|remove|delete|clear|cross|wipe|strike|erase|scratch) (everything|all [of] the items|all the things|the lot|all) [off] " +
+        "(off|from|on|out of) (the|my|our) list",
+      "start <whose> {few:list} list (over|afresh|from scratch|over again)",
+    ],
+  ],
+  [
     "readNotes",
     [
       "(read|read out|read back|show|tell|give|list|open|check|play|go over|go through|review) [me] [out] [<the>] [latest|" +

@@ -25,7 +25,8 @@ const sets: Record<Language, RegExp> = {
 /** What it asks for with the verb of the request before it, of which it has to be another one. */
 export function elided(text: string, verb: Before, language: Language, now: Date): Meant | undefined {
   // What has a verb of its own, or none, is not cancelled: "cancel the egg timer, please, and set one of four minutes".
-  if (verb.given.do === "cancel" && (sets[language].test(text) || isPolite(text, language, now))) return undefined;
+  const takesAway = verb.given.do === "cancel" || verb.given.do === "clear";
+  if (takesAway && (sets[language].test(text) || isPolite(text, language, now))) return undefined;
   // "Put a timer of ten minutes and one of half an hour": "one" is another timer.
   const bare = text.replace(another, "");
   const unit = /\b(seconds?|minutes?|hours?|segundos?|minutos?|horas?)\b/iu.exec(verb.text)?.[1];
@@ -131,7 +132,8 @@ export function isAlso(text: string, language: Language): boolean {
 export function listedTogether(one: Meant, other: Meant): Meant | undefined {
   const key = one.given.do === "add" ? "items" : "item";
   const isSame = one.hand === "note" && other.hand === "note" && one.given.do === other.given.do && one.given.list === other.given.list;
-  return isSame && one.given.do !== "note" ? { ...other, given: { ...other.given, [key]: `${one.given[key]}, ${other.given[key]}` } } : undefined;
+  const areItems = one.given.do === "add" || one.given.do === "remove";
+  return isSame && areItems ? { ...other, given: { ...other.given, [key]: `${one.given[key]}, ${other.given[key]}` } } : undefined;
 }
 
 /** "Put pegs on the camping list and also matches": another thing of the same list. */

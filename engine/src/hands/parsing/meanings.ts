@@ -14,6 +14,14 @@ const longestSnooze = 12 * 3_600;
 /** What may be left of the time behind what one is to be reminded of. */
 const lastDay = /\s+(?:today|tonight|tomorrow|hoje|amanhã|amanha)$/iu;
 
+/** "Every", "every morning", "todo dia" behind what one is to be reminded of. */
+const again = new RegExp(
+  "\\s(?:every|each|todos?|todas?|cada)(?:\\s+[oa]s?)?" +
+    "(?:\\s+(?:day|morning|afternoon|evening|night|week|weekday|month|hour|\\p{L}+day|dias?|manhãs?|tardes?|noites?|semana|mês|hora))?" +
+    "(?:\\s+(?:at|on|by|in|from|às|as|de|no|na))?$",
+  "iu",
+);
+
 function alarm(purpose: Purpose): Meaning {
   return (slots, now) => {
     const at = when(slots, now, purpose);
@@ -48,6 +56,9 @@ function tell(kind: string | undefined): Meaning {
     return called && { hand: "timers", given: { ...(kind === undefined ? {} : { kind }), ...called, ...on } };
   };
 }
+
+/** "The lemons, we've loads". */
+const because = /,\s*(?:i|we|you|they|there)(?:['’](?:ve|re|s|m|d)|\s+(?:have|are|is|got|had))\s.*$/iu;
 
 function fixed(hand: string, given: Record<string, unknown> = {}): Meaning {
   return () => ({ hand, given });
@@ -88,6 +99,8 @@ export const meanings = {
   remind: (slots, now) => {
     const at = when(slots, now, "remind");
     const about = wording(slots);
+    // "Every morning at eight" is more than once.
+    if (about !== undefined && again.test(about)) return undefined;
     return at && about !== undefined && !isUnsaid(about.replace(lastDay, "")) ? { hand: "timer", given: { do: "reminder", ...at, about } } : undefined;
   },
   ...changeMeanings,
@@ -120,8 +133,11 @@ export const meanings = {
     const said = text(slots, "text");
     const items = said === undefined ? undefined : correctedItems(said.replace(/\s+(?:instead|no lugar)$/iu, ""));
     // "Write a poem about the shopping list" adds nothing to it.
-    const isWhole = items !== undefined && isItem(items) && !/\s(about|of|for|with|from|sobre|de|para|com|do|da)$/i.test(` ${items}`);
-    return isWhole ? withList(slots, "note", { do: "add", items }) : undefined;
+    const isPart = /\s(about|of|for|with|from|sobre|de|para|com|do|da)$|^ (de|d[ao]s?) /i.test(` ${items}`);
+    const isWhole = items !== undefined && isItem(items) && !isPart;
+    // Of "let's have it rising, and while you're at it put yeast on the list" the first part asks for something else.
+    const isOne = items !== undefined && !/\s(?:and|e)\s(?:.*\s)?(?:add|put|stick|pop|adiciona|coloca|põe|poe|bota)\s/iu.test(items);
+    return isWhole && isOne ? withList(slots, "note", { do: "add", items }) : undefined;
   },
   /** "Shopping list, ketchup and mustard" has no verb: it adds what is nothing but the names of things. */
   listThese: (slots) => {
@@ -130,9 +146,10 @@ export const meanings = {
   },
   removeFromList: (slots) => {
     const said = text(slots, "text");
-    const item = said === undefined ? undefined : correctedItems(said);
+    const item = said === undefined ? undefined : correctedItems(said.replace(/^off\s+(?=the\s)/iu, "").replace(because, ""));
     return item === undefined || !isItem(item) ? undefined : withList(slots, "note", { do: "remove", item });
   },
+  clearList: (slots) => withList(slots, "note", { do: "clear" }),
   readNotes: fixed("notes"),
   readList: (slots) => withList(slots, "notes"),
   tellLists: fixed("notes", { do: "lists" }),

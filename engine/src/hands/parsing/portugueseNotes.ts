@@ -27,6 +27,16 @@ export const portugueseNotes: readonly Request[] = [
     ],
   ],
   [
+    "clearList",
+    [
+      "(limpa|limpe|esvazia|esvazie|zera|zere|limpar|esvaziar|zerar) [toda|inteira] " +
+        "[<whose>] lista [toda|inteira] <listname> [toda|inteira]",
+      "(limpa|limpe|esvazia|esvazie|zera|zere|limpar|esvaziar|zerar) [toda] [<whose>] lista [toda|inteira]",
+      "(tira|tire|apaga|apague|remove|remova|risca|risque|limpa|limpe) (tudo|todos os itens|todas as coisas) <ofwhose> lista <listname>",
+      "(tira|tire|apaga|apague|remove|remova|risca|risque|limpa|limpe) (tudo|todos os itens|todas as coisas) <ofwhose> lista",
+    ],
+  ],
+  [
     "readNotes",
     [
       "<readverb> [todas] [<the>] [ultimas|ultima] (notas|anotacoes|nota|anotacao) [para mim|comigo|em voz alta]",

@@ -62,8 +62,12 @@ test("a list is added to, read, and taken from", async () => {
   expect(await write({ do: "remove", item: "eggs", list: "shopping" })).toBe("Taken off the list “shopping”: eggs.");
   expect(await write({ do: "remove", item: "eggs", list: "shopping" })).toBe("That is not on the list “shopping”.");
   expect(await read({ list: "shopping" })).toBe("On the list “shopping”: milk and bread.");
+  expect(intent({ do: "clear", list: "shopping" })).toBe("take everything off the list “shopping”");
   expect(await read({ list: "tools" })).toBe("There is no list “tools”.");
   expect(await read({ do: "lists" })).toBe("The lists are: shopping.");
+  expect(await write({ do: "clear", list: "tools" })).toBe("There is no list “tools”.");
+  expect(await write({ do: "clear", list: "shopping" })).toBe("The list “shopping” is empty.");
+  expect(await read({ list: "shopping" })).toBe("The list “shopping” is empty.");
 });
 
 test("Portuguese has its own words and names", async () => {

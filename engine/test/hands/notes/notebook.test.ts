@@ -28,6 +28,11 @@ describe("a notebook", () => {
     expect(it.remove("shopping", "the bread")).toBe("bread");
     expect(readFileSync(file, "utf8")).toBe("My list\n\n1. not an item\n- [x] Milk\n- [ ] tea\n");
     expect(it.remove("shopping", "sugar")).toBeUndefined();
+    expect(it.clear("shopping")).toBe(2);
+    expect(readFileSync(file, "utf8")).toBe("My list\n\n1. not an item\n");
+    expect(it.clear("shopping")).toBe(0);
+    expect(it.clear("tools")).toBeUndefined();
+    expect(it.lists()).toEqual(["shopping"]);
   });
 
   test("keeps the mode that its user has given a file", () => {

@@ -5,8 +5,8 @@ import { thinking, tokensOf, type Token } from "./tokens.ts";
 
 /** Each alone or after another one. */
 const marks: Record<Language, string[][]> = {
-  en: ["no", "nah", "wait", "sorry", "actually", "i mean", "i meant", "i meant to say", "make that", "rather", "or rather", "hang on", "hold on", "oops", "make it", "correction", "scratch that", "better", "or no", "oh no", "on reflection", "i beg your pardon", "beg your pardon", "let me see"].map(words),
-  pt: ["nao", "espera", "perai", "desculpa", "quer dizer", "quero dizer", "digo", "alias", "melhor", "ou melhor", "na verdade", "corrigindo", "ops", "opa", "pera", "eu quis dizer", "pensando bem", "nao pera", "ou nao"].map(words),
+  en: ["no", "nah", "wait", "sorry", "actually", "i mean", "i meant", "i meant to say", "make that", "rather", "or rather", "hang on", "hold on", "oops", "make it", "correction", "scratch that", "better", "or no", "oh no", "on reflection", "i beg your pardon", "beg your pardon", "let me see", "you know what"].map(words),
+  pt: ["nao", "espera", "perai", "desculpa", "quer dizer", "quero dizer", "digo", "alias", "melhor", "ou melhor", "na verdade", "corrigindo", "ops", "opa", "pera", "eu quis dizer", "pensando bem", "nao pera", "ou nao", "quer saber"].map(words),
 };
 const mostMarks = 4;
 
@@ -30,10 +30,17 @@ const ambiguous = /^(no|better|rather|wait|nao|melhor|espera|na|digo)$/;
 
 /** What is listed, each thing as it was said last: of "milk, rice, no sorry, pasta" milk and pasta. */
 export function correctedItems(said: string): string {
-  return languages.reduce((items, language) => correctedIn(items, language), said).replace(aside, "").replace(fillers, "$1");
+  const items = languages.reduce((each, language) => correctedIn(each, language), said);
+  return [aside, loose, denied].reduce((each, other) => each.replace(other, ""), items).replace(fillers, "$1");
 }
 
 const aside = new RegExp(`,\\s*(?:(?:and|e)\\s+)?(?:oh|ah|uh|um|hmm|${thinking})(?=,)`, "giu");
+
+/** "Milk and, er, eggs". */
+const loose = /\s+(?:and|e)(?=\s*,)/giu;
+
+/** "Oat milk, not the normal one". */
+const denied = /,\s*(?:not|não|nao)\s+(?:the|that|those|o|a|os|as|aquel\p{L}+)\s[^,]*/giu;
 
 /** What is said before one more thing and is no part of it: "paper towels and also bananas". */
 const fillers = /((?:^|,|\s(?:and|e))\s*)(?:(?:oh|ah|uh|um|hmm|also|também|tambem)(?:,\s*|\s+))+(?=\S)/giu;

@@ -118,6 +118,8 @@ function counted(tokens: readonly Token[], at: number, language: Language): Amou
   // "Ten more minutes", "two whole hours".
   if (/^(more|extra|additional|whole|full|further)$/.test(plainAt(tokens, next)) && language === "en") next++;
   const unit = unitAt(tokens, next, language);
+  // "Hold on a sec" counts nothing.
+  if (isOne && unit === 1) return undefined;
   return unit === undefined ? undefined : { value: value * unit, next: next + 1, unit };
 }
 

@@ -72,7 +72,7 @@ function joinedIn(sentence: string, start: number, around: Around, isRest = fals
     const onDay = meant && following.meant ? onDayOf(text, meant, following, language, now) : undefined;
     if (onDay) return [{ ...part, meant: onDay }, following, ...others];
     if (!meant || !following.meant) return [part, following, ...others];
-    if (repeats(meant, following.meant)) return [following, ...others];
+    if (repeats(meant, following.meant) || isMeantInstead.test(following.text)) return [following, ...others];
     if (/^,\s+$/.test(places[at]![0])) {
       const once = saidAgain(meant, following.meant);
       if (once) return [{ text: `${text}, ${following.text}`, start, meant: once }, ...others];
@@ -83,6 +83,9 @@ function joinedIn(sentence: string, start: number, around: Around, isRest = fals
   }
   return undefined;
 }
+
+/** "Start the meditation, I mean a timer of twenty minutes". */
+const isMeantInstead = /^(?:no,?\s+|não,?\s+)?(?:i mean|i meant|or rather|quer dizer|quero dizer|digo|ou melhor)\s/iu;
 
 /** "Às seis e vinte" is one time. */
 function isWithinTime(before: string, after: string, language: Language, now: Date): boolean {
@@ -132,7 +135,7 @@ function saidAgain(one: Meant, other: Meant): Meant | undefined {
 /** "Remind me at two to call Ana and at four to call Bob": where a time stands again another reminder begins. */
 export function remindersIn({ text, start, meant }: JoinedPart, language: Language, now: Date): JoinedPart[] | undefined {
   if (!meant || keptIn(meant) !== "about") return undefined;
-  const verb = text.split(/\s+/).slice(0, 2).join(" ");
+  const [verb = ""] = asksFirst[language].exec(text) ?? [text.split(/\s+/).slice(0, 2).join(" ")];
   for (const { index, 0: joint } of [...text.matchAll(joints[language])].slice(0, mostJoints)) {
     const next = index + joint.length;
     const rest = text.slice(next);
@@ -149,6 +152,11 @@ export function remindersIn({ text, start, meant }: JoinedPart, language: Langua
   }
   return undefined;
 }
+
+/** Behind its time: "at noon remind me to call Ana and at two to call Bob". */
+const asksFirst: Record<Language, RegExp> = {
+  en: /(?<=\s)remind (?:me|us)(?=\s)/iu, pt: /(?<=\s)(?:me (?:lembr[ae]|avis[ae])|lembre?-me)(?=\s)/iu,
+};
 
 /** What one is to be reminded of may hold these words too: unless each has its own time, it is one. */
 const asksAgain: Record<Language, RegExp> = {

@@ -24,7 +24,7 @@ const neverInTimers = set(
 /** A list is not called so: "my shopping list is too long" tells something of it. */
 const neverInLists = set(
   "on in onto off from add adds put also is are was were be being been has have had gets getting got needs need will would should can could does did esta estao era foi e sao " +
-    "fica ficou ficando tem tinha vai precisa deve pode que too also well please tambem favor",
+    "fica ficou ficando tem tinha vai precisa deve pode que too also well please tambem favor there ta",
 );
 /** What is added does not begin so: "what goes on the shopping list" asks, and "it" is not said. */
 const neverFirstItem = set(
@@ -83,6 +83,8 @@ export function listName(said: string): string | undefined {
   const words = plainWords(name);
   if (words.length > 0 && words.every((word) => theList.has(word))) return "";
   if (words.length > 0 && words.every((word) => smallWords.has(word))) return undefined;
+  // "Põe peito de peru" names no list "peito de".
+  if (/(?:^|\s)(?:de|da|dos|das|of|(?<!to )do)$/.test(words.join(" "))) return undefined;
   return words.some((word) => neverInNames.has(word) || neverInLists.has(word)) ? undefined : name;
 }
 
@@ -193,6 +195,8 @@ export function isTask(said: string): boolean {
   const words = plainWords(said);
   if (words.length === 0 || words.length > mostTaskWords || neverFirstInTasks.has(words[0]!) || isUnsaid(said)) return false;
   if (/^(set|create|make|add|put|cria|crie|coloca|coloque|bota|poe|marca|faz)$/.test(words[0]!) || /^(a|an|the|um|uma)$/.test(words.at(-1)!)) return false;
+  // "Move the plumber reminder to Thursday" is said of one that is set.
+  if (/^(move|shift|push|change|switch|reschedule|postpone|delay) (the|my|our|that|this) /.test(words.join(" "))) return false;
   return !words.some((word) => neverInNames.has(word) || /^(me|us|eu|you|voce|remind|reminder|lembra|lembre|lembrete|timer|alarm|alarme)$/.test(word));
 }
 

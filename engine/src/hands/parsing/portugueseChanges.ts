@@ -33,14 +33,14 @@ export const portugueseChanges: readonly Request[] = [
     "alarmLater",
     [
       "(empurra|joga|passa|muda|atrasa) [<the>] <alarm> [(das|da|de) {moment:from}] [em|por] {duration} [para (frente|mais tarde|depois)]",
-      "(coloca|bota|poe|deixa) [<the>] <alarm> {duration} (mais tarde|depois|para frente)",
+      "(coloca|bota|poe|deixa|quero|queria) [<the>] <alarm> [(de|das|da) {day:on}] {duration} (mais tarde|depois|para frente)",
     ],
   ],
   [
     "alarmEarlier",
     [
       "(adianta|antecipa) [<the>] <alarm> [(das|da|de) {moment:from}] [em|por] {duration}",
-      "(coloca|bota|poe|deixa|passa|muda) [<the>] <alarm> {duration} (mais cedo|antes|para tras)",
+      "(coloca|bota|poe|deixa|passa|muda|quero|queria) [<the>] <alarm> [(de|das|da) {day:on}] {duration} (mais cedo|antes|para tras)",
     ],
   ],
   [

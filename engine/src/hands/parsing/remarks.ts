@@ -3,6 +3,7 @@
 
 import type { Language } from "../../base/language.ts";
 import { isConditional, isOther, longestClause, plainText, tells, wordsOf } from "./clauses.ts";
+import { correctedFrom } from "./corrections.ts";
 import type { Token } from "./tokens.ts";
 
 /** How a remark begins: with who is in which state. What somebody says, asks or writes is none. */
@@ -70,6 +71,8 @@ export function withoutRemarks(text: string, tokens: readonly Token[], language:
     if (isMarked && isElse) ways.push(tokens.slice(0, at));
     const isReason = because[language].test(tokens[at]!.plain) || (isMarked && language === "en" && tokens[at]!.plain === "as");
     const rest = tokens.slice(at);
+    // "Alarm for six, no, you know what, six twenty" tells nothing: it is meant otherwise.
+    if ((correctedFrom(rest, 0, language) ?? 0) > 1 && isMarked && language === "pt") continue;
     if (purpose[language].test(`${plainText(rest.slice(0, longestClause))} `)) ways.push(tokens.slice(0, at));
     if (!isMarked && !isReason) continue;
     const said = isReason ? [rest, rest.slice(1), rest[1]?.plain === "que" ? rest.slice(2) : rest] : [rest];

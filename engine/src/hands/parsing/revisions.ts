@@ -60,7 +60,18 @@ interface Asked {
  * The request before with what the sentence changes of it; undefined when it corrects nothing of it. "None": what is meant instead is not
  * understood, and what was asked for is not meant.
  */
-export function corrected({ text, meant: before }: Asked, sentence: Sentence): Meant | "none" | undefined {
+export function corrected(asked: Asked, sentence: Sentence): Meant | "none" | undefined {
+  const { text, tokens, language } = sentence;
+  // "Actually two, I'm out of shape".
+  const ways = correctedFrom(tokens, 0, language) === undefined ? [] : withoutRemarks(text, tokens, language);
+  for (const way of [tokens, ...ways]) {
+    const found = correctedBy(asked, { ...sentence, tokens: way });
+    if (found) return found;
+  }
+  return undefined;
+}
+
+function correctedBy({ text, meant: before }: Asked, sentence: Sentence): Meant | "none" | undefined {
   const { tokens, language, now } = sentence;
   const from = correctedFrom(tokens, tokens[0]?.plain === "oh" ? 1 : 0, language);
   if (from === undefined || from === tokens.length) return undefined;

@@ -258,11 +258,15 @@ export function wordsOf(text: string, language: Language): Token[] {
 /** Who looks for his words says these twice. */
 const smallWord = /^(the|an?|my|to|is|for|of|o|os?|as?|um|uma|de|do|da|meu|minha|para)$/;
 /** Where marks stand before and after it, it only gains time. */
-const hesitations = new RegExp(`,\\s*(?:${thinking}|you know|how do you say|like|hmm|sei lá|tipo(?: assim)?|digamos)\\s*(?=,)`, "giu");
+const hesitations = new RegExp(`,\\s*(?:${thinking}|you know|how do you say|like|hmm|sei lá|tipo(?: assim)?|digamos)\\s*(?=,|$)`, "giu");
+
+/** "Quarter, pras, pras oito". */
+const stutters = /(?<!\p{L})(to|at|for|of|in|on|the|an?|pras?|pros?|de|d[ao]s?|às|as?|os?)[,…]\s+(?=\1(?!\p{L}))/giu;
+const blank = (found: string): string => " ".repeat(found.length);
 
 /** Of the same length, so that places in it are places in the text. */
 function withoutHesitations(text: string): string {
-  return text.replace(hesitations, (found) => " ".repeat(found.length));
+  return text.replace(hesitations, blank).replace(stutters, blank);
 }
 
 /** Where the sentence may end when polite words are taken off it, the shortest first; its beginning for reversed tokens. */

@@ -91,9 +91,14 @@ export function isPause({ plain }: Token): boolean {
 }
 
 /** What somebody says while thinking; a part of a pattern. */
-export const thinking = "let me (?:see|think)|let['’]s (?:see|say)|deixa eu (?:ver|pensar)|deixa ver";
+export const thinking =
+  "let me (?:see|think)|let['’]s (?:see|say)|what (?:is|was) it|er+m?|oh yeah|however|" +
+  "deixa eu (?:ver|pensar)|deixa ver|como (?:é|e) (?:que (?:é|e)|mesmo)|" +
+  "o que (?:é|era) mesmo|ah sim|ah";
 
-const fillers: Record<Language, RegExp> = { en: /^(uh+|u[hm]m*|er+m?|hm+|ah+|eh|mm+)$/, pt: /^(ah+|eh+|ahn|hm+|hum+|uh+|ai|ne|hein|hem)$/ };
+const fillers: Record<Language, RegExp> = {
+  en: /^(uh+|u[hm]m*|er+m?|hm+|ah+|eh|mm+)$/, pt: /^(ah+|eh+|e{2,}|ahn|hm+|hum+|uh+|ai|ne|hein|hem)$/,
+};
 
 /** A sound or a word that somebody makes while thinking. */
 export function isFiller({ plain }: Token, language: Language): boolean {

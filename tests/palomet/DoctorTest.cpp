@@ -11,6 +11,7 @@
 
 using namespace palomet;
 using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
 using test::eventually;
 using test::PrivateSoundServer;
 
@@ -44,7 +45,8 @@ protected:
         QProcess doctor;
         doctor.setProcessEnvironment(environment);
         doctor.start(u"" PALOMET_EXECUTABLE ""_s, {u"--doctor"_s});
-        EXPECT_TRUE(eventually([&] { return doctor.state() == QProcess::NotRunning; }));
+        // It listens for some seconds, and waits for whoever does not answer.
+        EXPECT_TRUE(eventually([&] { return doctor.state() == QProcess::NotRunning; }, 60s));
         output = QString::fromUtf8(doctor.readAllStandardOutput());
         EXPECT_EQ(doctor.readAllStandardError(), "");
         return doctor.exitCode();

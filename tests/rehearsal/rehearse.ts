@@ -164,9 +164,12 @@ async function storm({ watcher, sound }: Stage): Promise<void> {
 
 async function quit({ palomet, tray, log }: Stage): Promise<void> {
     await tray.click(words["menu.quit"]!);
-    const code = await Promise.race([palomet.exited, Bun.sleep(6000).then(() => "none")]);
+    const said = () => readFileSync(log, "utf8").split("\n").filter((line) => line.startsWith("saindo: "));
+    await until("the log's last line", () => said().includes("saindo: pronto"), 6000);
+    // A sanitizer looks through all the memory before it lets the process go.
+    const code = await Promise.race([palomet.exited, Bun.sleep(60_000).then(() => "none")]);
     check(code === 0, `quit ended with exit code ${code}`);
-    const lines = readFileSync(log, "utf8").split("\n").filter((line) => line.startsWith("saindo: "));
+    const lines = said();
     const expected = [/^saindo: pedido de saída recebido$/, /^saindo: parando o processo de voz \(pid \d+\)$/, /^saindo: pronto$/];
     check(lines.length === expected.length && expected.every((pattern, index) => pattern.test(lines[index]!)),
         `the log's last lines are not those of an orderly end: ${lines.join(" | ")}`);

@@ -71,7 +71,7 @@ export function withoutRemarks(text: string, tokens: readonly Token[], language:
     if (isMarked && isElse) ways.push(tokens.slice(0, at));
     const isReason = because[language].test(tokens[at]!.plain) || (isMarked && language === "en" && tokens[at]!.plain === "as");
     const rest = tokens.slice(at);
-    // "Alarm for six, no, you know what, six twenty" tells nothing: it is meant otherwise.
+    // "Alarme pras seis, não, quer saber, seis e vinte" tells nothing: it is meant otherwise. English begins no remark with a "no".
     if ((correctedFrom(rest, 0, language) ?? 0) > 1 && isMarked && language === "pt") continue;
     if (purpose[language].test(`${plainText(rest.slice(0, longestClause))} `)) ways.push(tokens.slice(0, at));
     if (!isMarked && !isReason) continue;
